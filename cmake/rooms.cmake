@@ -1,0 +1,25 @@
+# One room of the house: a static library of every source file in src/<name>.
+
+set(ORVENT_ROOT ${CMAKE_CURRENT_LIST_DIR}/..)
+
+function(orvent_options target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+  if(ORVENT_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(ORVENT_SANITIZE)
+    target_compile_options(${target} PUBLIC -fsanitize=address,undefined -fno-sanitize-recover=all)
+    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+function(orvent_room name)
+  file(GLOB sources CONFIGURE_DEPENDS ${ORVENT_ROOT}/src/${name}/*.cpp)
+  add_library(orvent_${name} STATIC ${sources})
+  add_library(orvent::${name} ALIAS orvent_${name})
+  target_include_directories(orvent_${name} PUBLIC ${ORVENT_ROOT}/src)
+  list(TRANSFORM ARGN PREPEND orvent_)
+  target_link_libraries(orvent_${name} PUBLIC ${ARGN})
+  orvent_options(orvent_${name})
+endfunction()

@@ -1,0 +1,174 @@
+// The tour: plays the program through its real windows on a real embedded repository in a throw-away folder, and leaves
+// pictures of each step and the files written. Usage: orvent_tour FOLDER. Exits with 1 when a step fails.
+
+#include <QListWidget>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "app/program.h"
+#include "qt/platform/application.h"
+#include "qt/shell/frame_window.h"
+#include "qt/theme/theme.h"
+#include "shell/mdi_form.h"
+#include "tour_player.h"
+
+namespace orvent::tour {
+
+namespace fs = std::filesystem;
+using shell::Command;
+
+namespace {
+
+constexpr const char* kName = "Publishing Warehouse";
+
+std::string fileText(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+class Tour {
+  public:
+    Tour(const fs::path& folder, const fs::path& home, qt::Theme& theme)
+        : folder_(folder), home_(home), theme_(theme), player_(folder), program_(app::Places::in(home), theme) {}
+
+    int play() {
+        login();
+        openSample();
+        save();
+        closeAndLoad();
+        writeFiles();
+        darkPicture();
+        closeAll();
+        std::printf("tour: %s\n", player_.failures() == 0 ? "every step went well" : "FAILED");
+        return player_.failures() == 0 ? 0 : 1;
+    }
+
+  private:
+    qt::FrameWindow& window() { return program_.window(); }
+    shell::MDIForm1& frame() { return program_.frame(); }
+
+    /// An answer that takes a picture and presses a button.
+    Player::Answer pressing(const char* button, const char* name = nullptr) {
+        return [this, button, name](QWidget& box) {
+            if (name) {
+                player_.picture(box, name);
+            }
+            Player::press(box, button);
+        };
+    }
+
+    void login() {
+        player_.during("start and log in", [this] { player_.expect(program_.start(), "the login was not taken"); },
+                       {[this](QWidget& dialog) {
+                            Player::press(dialog, "ChangeRepos");
+                            player_.picture(dialog, "login");
+                            Player::press(dialog, "Login");
+                        },
+                        [this](QWidget& dialog) {
+                            player_.picture(dialog, "repository");
+                            Player::press(dialog, "TestConn");
+                            Player::press(dialog, "cmdOK");
+                        },
+                        pressing("OK", "connection-tested")});
+        window().showNormal();
+        window().resize(1280, 800);
+        player_.picture(window(), "empty-frame");
+    }
+
+    void openSample() {
+        player_.during("load the sample scenario", [this] { frame().run(Command::loadTestGraph); });
+        player_.expect(window().activeScenario() != nullptr, "the sample has no window");
+        player_.picture(window(), "sample");
+    }
+
+    void save() {
+        player_.during("save it", [this] { frame().run(Command::saveScenario); },
+                       {[this](QWidget& dialog) {
+                            Player::type(Player::child(dialog, "txtScenarioName"), QLatin1String(kName));
+                            player_.picture(dialog, "save-dialog");
+                            Player::press(dialog, "OKButton");
+                        },
+                        pressing("OK", "saved")});
+        player_.expect(window().activeScenario()->ScenarioID != 0, "the scenario has no identifier");
+        unsavedLdl_ = writeLdl("write the LDL program of the saved scenario");
+    }
+
+    std::string writeLdl(const char* what) {
+        player_.during(what, [this] { frame().run(Command::createLdl); }, {pressing("OK", "ldl-written")});
+        return fileText(home_ / "LDLS" / (std::string(kName) + ".ldl"));
+    }
+
+    void closeAndLoad() {
+        player_.during("close it", [this] { frame().run(Command::closeScenario); }, {pressing("OK", "close-question")});
+        player_.expect(window().activeScenario() == nullptr, "the scenario did not close");
+        player_.during("load it again", [this] { frame().run(Command::loadScenario); }, {[this](QWidget& dialog) {
+                           auto& list = static_cast<QListWidget&>(Player::child(dialog, "ScenarioView"));
+                           list.setCurrentRow(0);
+                           player_.picture(dialog, "load-dialog");
+                           Player::press(dialog, "OKButton");
+                       }});
+        player_.expect(window().activeScenario() && window().activeScenario()->Labels.Count() == 9,
+                       "the scenario did not come back whole");
+        player_.picture(window(), "loaded");
+    }
+
+    void writeFiles() {
+        const std::string ldl = writeLdl("write the LDL program");
+        player_.expect(!ldl.empty() && ldl == unsavedLdl_, "the LDL program changed with loading");
+        player_.during("write the text export", [this] { frame().run(Command::exportText); },
+                       {pressing("OK", "export-written")});
+        for (const fs::path& file : {fs::path("LDLS") / (std::string(kName) + ".ldl"), fs::path(kName) += ".txt"}) {
+            player_.expect(fs::exists(home_ / file), file.string() + " was not written");
+            fs::copy_file(home_ / file, folder_ / file.filename(), fs::copy_options::overwrite_existing);
+        }
+    }
+
+    void darkPicture() {
+        theme_.setMode(qt::ThemeMode::dark);
+        player_.picture(window(), "dark");
+        player_.during("about", [this] { frame().run(Command::about); }, {[this](QWidget& dialog) {
+                           player_.picture(dialog, "about");
+                           dialog.close();
+                       }});
+        theme_.setMode(qt::ThemeMode::light);
+    }
+
+    void closeAll() {
+        player_.during("end", [this] { window().close(); }, {pressing("OK")});
+        player_.expect(!window().isVisible(), "the frame did not close");
+    }
+
+    fs::path folder_;
+    fs::path home_;
+    qt::Theme& theme_;
+    Player player_;
+    app::Program program_;
+    std::string unsavedLdl_;
+};
+
+}  // namespace
+}  // namespace orvent::tour
+
+int main(int argc, char* argv[]) {
+    using namespace orvent;
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s FOLDER\n", argv[0]);
+        return 2;
+    }
+    const tour::fs::path folder = argv[1];
+    tour::fs::remove_all(folder);
+    tour::fs::create_directories(folder);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qt::Application application(argc, argv);
+    qt::Theme theme(qt::ThemeMode::light);
+    theme.apply(application);
+    const QTemporaryDir home;
+    try {
+        return tour::Tour(folder, home.path().toStdString(), theme).play();
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "tour: FAILED: %s\n", fault.what());
+        return 1;
+    }
+}

@@ -1,0 +1,159 @@
+#include "analysis/text_export.h"
+
+#include <cstddef>
+#include <initializer_list>
+#include <string_view>
+
+#include "analysis/flow_order.h"
+#include "platform/fault.h"
+#include "platform/steps.h"
+#include "platform/text.h"
+
+namespace orvent::analysis {
+
+namespace {
+
+using entities::ActivityProperties;
+using entities::AttributeCollection;
+using entities::AttributeProperties;
+using entities::ProviderProperties;
+using entities::RecordSetProperties;
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+void append(std::string& text, std::initializer_list<std::string_view> parts) {
+    for (const std::string_view part : parts) {
+        text += part;
+    }
+}
+
+/// The name of the attribute under that key, empty when there is none.
+std::string_view nameOf(const AttributeCollection* attributes, const std::string& key) {
+    const AttributeProperties* attribute = attributes ? attributes->Item(key) : nullptr;
+    return attribute ? std::string_view(attribute->Attribute_Name) : std::string_view();
+}
+
+/// Gathers the lines of the nodes, and the counts for the first line.
+class Lines {
+  public:
+    Lines(canvas::DrawForm& form, const entities::CatalogueTables& catalogue) : form_(form), catalogue_(catalogue) {}
+
+    void addActivity(const ActivityProperties& activity, std::int32_t flowId);
+    void addRecordSet(const RecordSetProperties& recordSet, std::int32_t flowId);
+
+    std::string text() const {
+        std::string result = std::to_string(nodes_) + ";" + std::to_string(linksAndAttributes_);
+        append(result, {kLineEnd, nodeTexts_, flowTexts_});
+        return result;
+    }
+
+  private:
+    /// "name,name};{" of a list; the place of the last comma, or of a "{" when there is no name, goes to the bracket.
+    void addNames(const AttributeCollection* attributes, std::string_view bracket);
+    void addOuterFlows(const std::string& owner, const AttributeProperties& attribute);
+    void addFlow(const std::string& owner, const AttributeProperties& attribute, const std::string& farOwner,
+                 std::string_view farName);
+    std::string_view farName(const std::string& key) const;
+    void endNode(std::int32_t flowId, std::string_view typeName);
+
+    canvas::DrawForm& form_;
+    const entities::CatalogueTables& catalogue_;
+    std::size_t nodes_ = 0;
+    std::size_t linksAndAttributes_ = 0;
+    std::string nodeTexts_;
+    std::string flowTexts_;
+};
+
+void Lines::addNames(const AttributeCollection* attributes, std::string_view bracket) {
+    if (attributes) {
+        for (const AttributeProperties& attribute : *attributes) {
+            append(nodeTexts_, {attribute.Attribute_Name, ","});
+            ++linksAndAttributes_;
+        }
+    }
+    nodeTexts_.pop_back();
+    nodeTexts_ += bracket;
+}
+
+void Lines::addFlow(const std::string& owner, const AttributeProperties& attribute, const std::string& farOwner,
+                    std::string_view farName) {
+    ++linksAndAttributes_;
+    append(flowTexts_, {owner, ".", attribute.Attribute_Name, ":", farOwner, ".", farName, kLineEnd});
+}
+
+std::string_view Lines::farName(const std::string& key) const {
+    const std::string owner = entities::BeforeFirstDot(key);
+    const canvas::LabelsD* node = form_.nodeNamed(owner);
+    if (const ActivityProperties* activity = node ? node->activity() : nullptr) {
+        return nameOf(activity->Act_Inputs.peek(), entities::AfterSecondDot(key));
+    }
+    if (const RecordSetProperties* recordSet = node ? node->recordSet() : nullptr) {
+        return nameOf(recordSet->RecordSet_Outputs.peek(), entities::AfterFirstDot(key));
+    }
+    throw platform::Fault("There is no activity or record set \"" + owner + "\"");
+}
+
+void Lines::addOuterFlows(const std::string& owner, const AttributeProperties& attribute) {
+    for (const ProviderProperties& link : attribute.ProviderFor) {
+        addFlow(owner, attribute, link.Provider_Name, farName(link.Provider_Key));
+    }
+}
+
+void Lines::endNode(std::int32_t flowId, std::string_view typeName) {
+    append(nodeTexts_, {std::to_string(flowId), ";", typeName, kLineEnd, kLineEnd});
+    flowTexts_ += kLineEnd;
+    ++nodes_;
+}
+
+void Lines::addActivity(const ActivityProperties& activity, std::int32_t flowId) {
+    const std::string& name = activity.Act_Name;
+    append(nodeTexts_, {"A;", name, ";{"});
+    addNames(activity.Act_Inputs.peek(), "};{");
+    addNames(activity.Act_Outputs.peek(), "};");
+    for (const AttributeProperties& input : activity.Act_Inputs) {
+        for (const ProviderProperties& link : input.ProviderFor) {
+            addFlow(name, input, name,
+                    nameOf(activity.Act_Outputs.peek(), entities::AfterSecondDot(link.Provider_Key)));
+        }
+    }
+    for (const AttributeProperties& output : activity.Act_Outputs) {
+        addOuterFlows(name, output);
+    }
+    endNode(flowId, catalogue_.activityTypes.name(activity.Act_Type));
+}
+
+void Lines::addRecordSet(const RecordSetProperties& recordSet, std::int32_t flowId) {
+    const std::string& name = recordSet.RecordSet_Name;
+    append(nodeTexts_, {"RS;", name, ";{};{"});
+    addNames(recordSet.RecordSet_Outputs.peek(), "};");
+    for (const AttributeProperties& attribute : recordSet.RecordSet_Outputs) {
+        addOuterFlows(name, attribute);
+    }
+    endNode(flowId, "db_table");
+}
+
+}  // namespace
+
+std::string TextExport::text(canvas::DrawForm& Window) {
+    const NodesColl flow = FlowOrder(progress_).ComputeFlowIDs(Window);
+    Lines lines(Window, catalogue_);
+    platform::Steps steps(progress_, static_cast<std::size_t>(flow.Count()));
+    for (const NodesData& entry : flow) {
+        steps.next();
+        const canvas::LabelsD* node = Window.Labels.byIndex(entry.Index);
+        if (const ActivityProperties* activity = node->activity()) {
+            lines.addActivity(*activity, entry.FlowID);
+        } else if (const RecordSetProperties* recordSet = node->recordSet()) {
+            lines.addRecordSet(*recordSet, entry.FlowID);
+        }
+    }
+    return lines.text();
+}
+
+void TextExport::ExportText(canvas::DrawForm& Window) {
+    const std::string lines = text(Window);
+    platform::writeFile(folder_.file("\\", Window.Caption(), ".txt"), lines);
+    messages_.tell(folder_.path("\\") + Window.Caption() + ".txt Created");
+}
+
+}  // namespace orvent::analysis

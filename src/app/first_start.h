@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/places.h"
+#include "platform/database.h"
+#include "platform/dialogs.h"
+#include "platform/settings_store.h"
+
+namespace orvent::app {
+
+/// Makes the user's folder and the embedded repository. All faults are told, and the program goes on to the login.
+class FirstStart {
+  public:
+    FirstStart(const Places& places, platform::Database& database, platform::SettingsStore& store,
+               platform::MessageBox& messages);
+
+    /// At the very first start (there is no settings file yet) provisions everything. Later it looks whether the
+    /// embedded repository, when it is the stored one, still answers, and offers to make a missing one anew.
+    void run();
+
+  private:
+    void provision();
+    void makeRepository();
+    void lookAtRepository();
+
+    Places places_;
+    platform::Database& database_;
+    platform::SettingsStore& store_;
+    platform::MessageBox& messages_;
+};
+
+}  // namespace orvent::app

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+
+namespace orvent::app {
+
+/// Where this user's files lie.
+struct Places {
+    std::filesystem::path data;      ///< the program's folder: repository, script, help, LDLS and Logs
+    std::filesystem::path settings;  ///< the file of stored settings
+
+    std::filesystem::path repository() const { return data / "repository.db"; }
+
+    /// The usual folders of the system. The environment variable ORVENT_HOME puts everything into one folder, for
+    /// portable use.
+    static Places ofUser();
+    static Places in(const std::filesystem::path& folder) { return {folder, folder / "Mapflow.conf"}; }
+};
+
+}  // namespace orvent::app

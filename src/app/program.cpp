@@ -1,0 +1,73 @@
+#include "app/program.h"
+
+#include <QStatusBar>
+
+#include "app/first_start.h"
+#include "odbc/database.h"
+#include "qt/platform/adapters.h"
+#include "qt/platform/settings_file.h"
+#include "qt/shell/frame_window.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::app {
+
+namespace {
+
+odbc::OwnSources sources(const Places& places) {
+    odbc::OwnSources own;
+    own.embedded = odbc::EmbeddedRepository{.file = places.repository()};
+    return own;
+}
+
+}  // namespace
+
+struct Program::Parts {
+    Parts(const Places& places, const qt::Theme& theme)
+        : folder(places.data),
+          database(sources(places)),
+          dataSources(sources(places)),
+          store(QString::fromStdString(places.settings.string())),
+          window(theme),
+          firstStart(places, database, store, messages),
+          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder}, window) {
+        progress.attach(window.statusBar());
+        window.attach(frame);
+    }
+    ~Parts() {
+        window.detach();
+        progress.attach(nullptr);
+    }
+
+    platform::ProgramFolder folder;
+    odbc::OdbcDatabase database;
+    odbc::OdbcDataSources dataSources;
+    qt::QtSettingsStore store;
+    qt::QtMessageBox messages;
+    qt::QtInputBox input;
+    qt::QtFileDialog files;
+    qt::QtColourDialog colours;
+    qt::QtProgress progress;
+    qt::QtHelpViewer help;
+    qt::FrameWindow window;
+    FirstStart firstStart;
+    shell::MDIForm1 frame;
+};
+
+Program::Program(const Places& places, const qt::Theme& theme) : parts_(std::make_unique<Parts>(places, theme)) {}
+
+Program::~Program() = default;
+
+bool Program::start() {
+    parts_->firstStart.run();
+    return parts_->frame.start();
+}
+
+qt::FrameWindow& Program::window() {
+    return parts_->window;
+}
+
+shell::MDIForm1& Program::frame() {
+    return parts_->frame;
+}
+
+}  // namespace orvent::app

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "canvas/canvas_settings.h"
+#include "canvas/deleted_nodes.h"
+#include "canvas/labels.h"
+#include "canvas/lines.h"
+#include "canvas/markers.h"
+#include "canvas/names2index.h"
+#include "canvas/picture_area.h"
+#include "canvas/selection.h"
+#include "entities/nodes.h"
+#include "platform/dialogs.h"
+
+namespace orvent::canvas {
+
+/// What a canvas tells the view that paints it. The view reads all else from the canvas.
+class CanvasView {
+  public:
+    virtual ~CanvasView() = default;
+    virtual void nodeChanged(const LabelsD& node) = 0;  ///< added, or something visible of it changed
+    virtual void nodeRemoved(const LabelsD& node) = 0;
+    virtual void edgeChanged(const LinesD& edge) = 0;
+    virtual void edgeRemoved(const LinesD& edge) = 0;
+    virtual void markersChanged() = 0;  ///< the `Grabber`, another marker or the picture area changed
+};
+
+/// Who has to know of nodes and edges that are about to go.
+class CanvasWatcher {
+  public:
+    virtual ~CanvasWatcher() = default;
+    virtual void nodeGoes(std::int32_t index) = 0;
+    virtual void edgeGoes(std::int32_t index) = 0;
+};
+
+/// What all canvases of a run share.
+struct CanvasServices {
+    platform::MessageBox& messages;
+    const CanvasSettings& settings;
+};
+
+/// A graph on screen: nodes, edges, names, selection and the rows to delete at the next save. Both the design window
+/// and the zoom window are canvases.
+class Canvas : public entities::NameOwner, public entities::FunctionContainer {
+  public:
+    explicit Canvas(const CanvasServices& services);
+    ~Canvas() override;
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+
+    Names2IndexColl NamesColl;
+    LabelsCollection Labels;
+    LinesCollection Lines;
+    SelectedLabelsCollection SelectedLabels;
+    SelectedLinesCollection SelectedLines;
+    DeletedNodesCollection DeletedNodes;
+
+    std::int32_t LabelsNo = 0;         ///< the last node number given; only grows
+    std::int32_t LinesNo = 0;          ///< the last edge number given; only grows
+    std::int32_t ActivityCounter = 0;  ///< for default names
+    std::int32_t RecordSetCounter = 0;
+    std::int32_t ActiveLabel = -1;  ///< the node last pressed, -1 for none
+    std::int32_t ActiveEdge = -1;
+    std::int32_t CurrentNode = -1;  ///< the node under the pointer
+    std::int32_t CurrentEdge = -1;
+    float BiggestHeight = 0;  ///< zoom canvas: how far down nodes reach
+    PictureArea PicForm;
+
+    // The gesture under way, and what is shown of it.
+    std::int32_t ConnectFromLabel = -1;  ///< source of the edge being drawn
+    bool RubberBand = false;             ///< an edge is being drawn
+    bool ConnectPending = false;         ///< the button was released; the first move decides the target
+    bool OverLabel = false;              ///< the pointer is over a node
+    bool OverLine = false;               ///< the pointer is over a handle of a selected edge
+    int GrabbingPoint = 0;
+    Point GrabMark;  ///< place of the grab point under the pointer
+    Point Grabber;   ///< marker of the grab point meant by the pointer
+    bool GrabberVisible = false;
+    float DragStartX = 0, DragStartY = 0;  ///< pointer inside the node as its move began
+    float CropStartX = 0, CropStartY = 0;
+    MarkerBox CroppingRect;
+    MarkerBox ResizeLabel;            ///< outline of the node that is being resized
+    MarkerBox DragOutline;            ///< where a dragged node or handle would go
+    std::int32_t EditedComment = -1;  ///< the comment whose text is being edited
+
+    virtual bool isZoom() const { return false; }
+
+    /// Removes all nodes, edges, names, selections and rows to delete.
+    void clear();
+
+    /// Makes the picture large enough for the rightmost and the lowest node.
+    void growPicture();
+
+    /// Hides the crop rectangle and clears the selection of nodes.
+    void ClearCrop();
+
+    const CanvasSettings& settings() const { return services_.settings; }
+    platform::MessageBox& messages() override { return services_.messages; }
+
+    /// The node of that name, or nothing.
+    LabelsD* nodeNamed(const std::string& name) const { return Labels.byIndex(NamesColl.Item(name)); }
+    bool isNameTaken(const std::string& name) const override { return NamesColl.Item(name) != -1; }
+    const entities::FunctionProperties* functionNamed(const std::string& name) const override;
+
+    /// The view that is told of changes; nothing while none is attached.
+    void setView(CanvasView* view) { view_ = view; }
+    CanvasView* view() const { return view_; }
+
+    /// Is told of nodes and edges before they go; nothing while none is attached.
+    void setWatcher(CanvasWatcher* watcher) { watcher_ = watcher; }
+
+    /// True while a refused duplicate name is not to be told.
+    bool quietNames = false;
+
+    /// Forgets a node or an edge that goes, in the selections and in all fields that name it.
+    void forgetNode(std::int32_t index);
+    void forgetEdge(std::int32_t index);
+
+  private:
+    CanvasServices services_;
+    CanvasView* view_ = nullptr;
+    CanvasWatcher* watcher_ = nullptr;
+};
+
+}  // namespace orvent::canvas

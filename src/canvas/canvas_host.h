@@ -1,0 +1,46 @@
+#pragma once
+
+#include <string>
+
+#include "canvas/context_menus.h"
+#include "canvas/labels.h"
+#include "canvas/point.h"
+
+namespace orvent::canvas {
+
+/// The pressed tool, and what the tool bars have to know of a canvas.
+class ToolState {
+  public:
+    virtual ~ToolState() = default;
+
+    /// Key of the tool that is pressed ("Move", "Provider", "RecordSet", ...), empty while none ever was.
+    virtual const std::string& DrawMode() const = 0;
+
+    /// A part of this canvas took the focus: the tools of its kind are switched on. Called at every press, so it costs
+    /// nothing when they are on already.
+    virtual void canvasFocused(const Canvas& canvas) = 0;
+
+    /// The pointer moves over the picture: a palette that was torn off a moment ago is placed at the pointer, once.
+    virtual void pictureReached() = 0;
+};
+
+/// What a canvas asks to be shown on its behalf. A dialog may be modal or not; the canvas does nothing after the call.
+class CanvasWindows {
+  public:
+    virtual ~CanvasWindows() = default;
+
+    /// The dialog of the node's kind: `RecordSetProp`, `SetActProp`, ...
+    virtual void openProperties(LabelsD& node) = 0;
+
+    /// The zoom view of an activity that has a type.
+    virtual void openZoom(LabelsD& activity) = 0;
+
+    /// The template wizard on an activity.
+    virtual void openTemplateWizard(LabelsD& activity) = 0;
+
+    /// Pops a menu up at a place of the picture. It comes back at once; the chosen item's name goes to
+    /// `CanvasPointer::choose`.
+    virtual void showMenu(const ContextMenu& menu, Point at) = 0;
+};
+
+}  // namespace orvent::canvas

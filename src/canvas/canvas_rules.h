@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "canvas/canvas.h"
+#include "canvas/context_menus.h"
+
+namespace orvent::canvas {
+
+/// What a gesture means on one kind of canvas. The gestures themselves are the same on the design and the zoom window;
+/// these answers are what differs.
+class CanvasRules {
+  public:
+    virtual ~CanvasRules() = default;
+
+    /// A press with a tool at a place that was snapped to the grid: makes the node that the tool stands for. Gives the
+    /// node when its dialog is to be opened, and nothing otherwise.
+    virtual LabelsD* placeNode(Canvas& canvas, std::string_view tool, Point at) = 0;
+
+    /// The `EdgeType` that the tool draws, or nothing when it is no edge tool of this canvas.
+    virtual std::optional<std::int32_t> edgeTypeOf(std::string_view tool) const = 0;
+
+    /// Whether an edge of that kind may start at the node.
+    virtual bool mayStart(std::int32_t edgeType, const LabelsD& source) const = 0;
+
+    /// An end of the edge (`atStart`: its source) was dropped on a node that is neither of its ends. False: the edge
+    /// stays as it is. Where it may move, what stands behind it is given up here; `edgeCompleted` follows.
+    virtual bool mayRedirect(Canvas& canvas, LinesD& edge, bool atStart, const LabelsD& target) = 0;
+
+    /// An edge was drawn, or one of its ends was moved to another node. It goes with a message when its two ends do not
+    /// suit; the reference is dead then.
+    virtual void edgeCompleted(Canvas& canvas, LinesD& edge) = 0;
+
+    /// The middle handle was dropped on one of the edge's own end nodes.
+    virtual void middleOnOwnEnd(LinesD& edge) = 0;
+
+    /// Whether a selected edge may be deleted; what stands behind the edge is given up here.
+    virtual bool releaseEdge(Canvas& canvas, LinesD& edge) = 0;
+
+    /// The context menus of this canvas, `EdgesM` among them.
+    virtual std::span<const ContextMenu> menus() const = 0;
+};
+
+/// The rules of the design window.
+class DesignRules : public CanvasRules {
+  public:
+    LabelsD* placeNode(Canvas& canvas, std::string_view tool, Point at) override;
+    std::optional<std::int32_t> edgeTypeOf(std::string_view tool) const override;
+    bool mayStart(std::int32_t edgeType, const LabelsD& source) const override;
+    bool mayRedirect(Canvas& canvas, LinesD& edge, bool atStart, const LabelsD& target) override;
+    void edgeCompleted(Canvas& canvas, LinesD& edge) override { CheckRelationship(canvas, edge); }
+    void middleOnOwnEnd(LinesD& edge) override;
+    bool releaseEdge(Canvas& canvas, LinesD& edge) override;
+    std::span<const ContextMenu> menus() const override { return designMenus(); }
+
+    /// Removes the edge, with a message, when nodes of these kinds may not be joined by it. True when it is valid.
+    static bool CheckRelationship(Canvas& canvas, LinesD& edge);
+};
+
+/// `v` on the grid of 100 twips on which tools place nodes; ties go to the even multiple.
+float SnapToGrid(float v);
+
+}  // namespace orvent::canvas

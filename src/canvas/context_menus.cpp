@@ -1,0 +1,90 @@
+#include "canvas/context_menus.h"
+
+#include <array>
+
+#include "canvas/labels.h"
+#include "canvas/lines.h"
+
+namespace orvent::canvas {
+
+namespace {
+
+using enum MenuAction;
+
+constexpr std::array kRecordSet = {
+    ContextItem{"RecordSetPropertiesM", "Properties", properties, 0, true, {}},
+    ContextItem{"RecordSetNotReadyM", "Mark As Not Ready", notReady},
+    ContextItem{"RecordSetDeleteM", "Delete", deleteNodes, NodeTypeRecordSet},
+};
+
+constexpr std::array kActivity = {
+    ContextItem{"ActivityPropertiesM", "Properties", properties, 0, true, {}},
+    ContextItem{"ActivityZoomM", "Zoom", zoom},
+    ContextItem{"ActivityNotReadyM", "Mark As Not Ready", notReady},
+    ContextItem{"CreateFromLDLM", "Generate From LDL", templateWizard},
+    ContextItem{"ActivityDeleteM", "Delete", deleteNodes, NodeTypeActivity},
+};
+
+constexpr std::array kComment = {
+    ContextItem{"CommentDeleteM", "Delete", deleteNodes, NodeTypeComment},
+};
+
+constexpr std::array kLog = {
+    ContextItem{"LogDeleteM", "Delete", deleteNodes, NodeTypeLog},
+};
+
+constexpr std::array kAngles = {
+    ContextItem{"EdgeAngleNoneM", "None", setAngle, AngleNone},
+    ContextItem{"EdgeAngleStraightM", "Straight", setAngle, AngleStraight},
+    ContextItem{"EdgeAngleVerticalDownM", "Vertical Down", setAngle, AngleVerticalDown},
+    ContextItem{"EdgeAngleVerticalUpM", "Vertical Up", setAngle, AngleVerticalUp},
+};
+
+constexpr std::array kEdges = {
+    ContextItem{"EdgeDeleteM", "Delete", deleteEdges},
+    ContextItem{"EdgeAngleM", "Angle", submenu, 0, false, kAngles},
+};
+
+constexpr std::array kDesignMenus = {
+    ContextMenu{"RecordSetM", kRecordSet}, ContextMenu{"ActivityM", kActivity},
+    ContextMenu{"CommentM", kComment},     ContextMenu{"LogM", kLog},
+    ContextMenu{"EdgesM", kEdges},
+};
+
+const ContextItem* findIn(std::span<const ContextItem> items, std::string_view name) {
+    for (const ContextItem& item : items) {
+        if (item.name == name) {
+            return &item;
+        }
+        if (const ContextItem* inner = findIn(item.items, name)) {
+            return inner;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+std::span<const ContextMenu> designMenus() {
+    return kDesignMenus;
+}
+
+const ContextMenu* findMenu(std::span<const ContextMenu> menus, std::string_view name) {
+    for (const ContextMenu& menu : menus) {
+        if (menu.name == name) {
+            return &menu;
+        }
+    }
+    return nullptr;
+}
+
+const ContextItem* findItem(std::span<const ContextMenu> menus, std::string_view name) {
+    for (const ContextMenu& menu : menus) {
+        if (const ContextItem* item = findIn(menu.items, name)) {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace orvent::canvas

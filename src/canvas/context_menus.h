@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace orvent::canvas {
+
+/// What a menu item does. Node commands act on `ActiveLabel`, edge angles on `ActiveEdge`, deletions on the selection.
+enum class MenuAction { submenu, properties, zoom, notReady, templateWizard, deleteNodes, deleteEdges, setAngle };
+
+/// One item of a context menu.
+struct ContextItem {
+    std::string_view name;  ///< the item's own name, such as `ActivityDeleteM`
+    std::string_view caption;
+    MenuAction action;
+    std::int32_t value = 0;                   ///< the `NodeType` to delete, or the `Angle` to set
+    bool isDefault = false;                   ///< shown in bold
+    std::span<const ContextItem> items = {};  ///< of a submenu
+};
+
+/// One context menu.
+struct ContextMenu {
+    std::string_view name;  ///< such as `ActivityM`
+    std::span<const ContextItem> items;
+};
+
+/// The menus of a design window: `RecordSetM`, `ActivityM`, `CommentM`, `LogM` and `EdgesM`.
+std::span<const ContextMenu> designMenus();
+
+/// The menu of that name, or nothing.
+const ContextMenu* findMenu(std::span<const ContextMenu> menus, std::string_view name);
+
+/// The item of that name in any of the menus, submenus included, or nothing.
+const ContextItem* findItem(std::span<const ContextMenu> menus, std::string_view name);
+
+}  // namespace orvent::canvas

@@ -1,0 +1,147 @@
+#include "canvas/deletion.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "canvas/canvas_rules.h"
+#include "entities/key_grammar.h"
+
+namespace orvent::canvas {
+
+using namespace entities;
+
+namespace {
+
+/// The collection of its owner in which an attribute stands, or nothing when the owner is not on the canvas.
+AttributeCollection* listOf(const Canvas& canvas, const AttributeProperties& attribute) {
+    const LabelsD* owner = canvas.nodeNamed(attribute.ParentKeyName);
+    if (!owner) {
+        return nullptr;
+    }
+    if (RecordSetProperties* recordSet = owner->recordSet()) {
+        return attribute.NodeKind == KindRecordSetAttribute ? recordSet->RecordSet_Outputs.peek() : nullptr;
+    }
+    ActivityProperties* activity = owner->activity();
+    if (!activity) {
+        return nullptr;
+    }
+    switch (attribute.NodeKind) {
+        case KindInput:
+            return activity->Act_Inputs.peek();
+        case KindOutput:
+            return activity->Act_Outputs.peek();
+        default:
+            return nullptr;
+    }
+}
+
+ParameterCollection* listOf(const Canvas& canvas, const ParameterProperties& parameter) {
+    const LabelsD* owner = canvas.nodeNamed(parameter.ParentKeyName);
+    ActivityProperties* activity = owner ? owner->activity() : nullptr;
+    return activity ? activity->Act_Parameters.peek() : nullptr;
+}
+
+/// Notes the row of an entity and takes it out of its owner's list.
+template <class Entity>
+void leaveOwner(Canvas& canvas, const Entity& entity) {
+    auto* list = listOf(canvas, entity);
+    const Entity* listed = list ? list->Item(entity.Key) : nullptr;
+    canvas.DeletedNodes.Add(listed ? listed->SubNode_ID : entity.SubNode_ID, entity.NodeKind);
+    if (listed) {
+        list->Remove(entity.Key);
+    }
+}
+
+bool listed(std::int16_t nodeKind) {
+    return nodeKind == KindInput || nodeKind == KindOutput || nodeKind == KindRecordSetAttribute;
+}
+
+// Each of these gives up what stands behind a node. False: the node stays.
+
+bool releaseAttribute(Canvas& canvas, LabelsD& node, EntityLinks& links) {
+    const auto* attribute = node.entity<AttributeProperties>();
+    if (attribute && listed(attribute->NodeKind)) {
+        links.unsynchronise(canvas, node);
+        leaveOwner(canvas, *attribute);
+    }
+    return true;
+}
+
+bool releaseParameter(Canvas& canvas, LabelsD& node, EntityLinks& links) {
+    const auto* parameter = node.entity<ParameterProperties>();
+    if (!parameter || parameter->NodeKind == KindFree) {
+        return true;
+    }
+    if (parameter->NodeKind != KindParameter) {
+        return false;  // inputs and outputs belong to their function, deliberately
+    }
+    leaveOwner(canvas, *parameter);
+    links.unsynchronise(canvas, node);
+    return true;
+}
+
+template <class Entity>
+bool releaseWhole(Canvas& canvas, LabelsD& node, DeletedKind kind, EntityLinks& links) {
+    const auto* entity = node.entity<Entity>();
+    if (canvas.isZoom() || !entity) {
+        return false;  // a zoom view only shows what belongs to the design window
+    }
+    canvas.DeletedNodes.Add(entity->NodeID, kind);
+    links.unsynchronise(canvas, node);
+    return true;
+}
+
+bool release(Canvas& canvas, LabelsD& node, EntityLinks& links) {
+    switch (node.NodeType()) {
+        case NodeTypeConstant:
+            links.unsynchronise(canvas, node);
+            return true;
+        case NodeTypeAttribute:
+            return releaseAttribute(canvas, node, links);
+        case NodeTypeParameter:
+            return releaseParameter(canvas, node, links);
+        case NodeTypeActivity:
+            return releaseWhole<ActivityProperties>(canvas, node, DeletedActivity, links);
+        case NodeTypeRecordSet:
+            return releaseWhole<RecordSetProperties>(canvas, node, DeletedRecordSet, links);
+        case NodeTypeLog: {
+            const auto* row = std::get_if<std::int16_t>(&node.Properties);
+            canvas.DeletedNodes.Add(row ? *row : std::int16_t{0}, DeletedLog);
+            return true;
+        }
+        case NodeTypeComment: {
+            const auto* comment = node.entity<CommentProperties>();
+            canvas.DeletedNodes.Add(comment ? comment->NodeID : std::int16_t{0}, DeletedComment);
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+void DeleteSelectedNodes(Canvas& canvas, std::int32_t OnlyType, EntityLinks& links) {
+    canvas.ActiveLabel = -1;
+    for (const std::int32_t index : canvas.SelectedLabels.members()) {
+        LabelsD* node = canvas.Labels.byIndex(index);
+        if (!node || (OnlyType != 0 && node->NodeType() != OnlyType) || !release(canvas, *node, links)) {
+            continue;
+        }
+        canvas.Labels.Remove(index);
+    }
+    canvas.ClearCrop();
+}
+
+void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules) {
+    canvas.ActiveEdge = -1;
+    for (const std::int32_t index : std::views::reverse(canvas.SelectedLines.members())) {
+        LinesD* edge = canvas.Lines.byIndex(index);
+        if (edge && !rules.releaseEdge(canvas, *edge)) {
+            continue;
+        }
+        canvas.Lines.RemoveFull(index);
+    }
+}
+
+}  // namespace orvent::canvas

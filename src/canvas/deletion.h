@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+#include "canvas/canvas.h"
+
+namespace orvent::canvas {
+
+class CanvasRules;
+
+/// What deleting a node asks of the links that entities have with each other.
+class EntityLinks {
+  public:
+    virtual ~EntityLinks() = default;
+
+    /// Takes the node's entity out of all links: those of others that name it, and its own.
+    virtual void unsynchronise(Canvas& canvas, LabelsD& node) = 0;
+};
+
+/// Deletes the selected nodes with their edges and notes in `DeletedNodes` the rows that the next save has to delete.
+/// `OnlyType` is the `NodeType` to delete, 0 for every kind. Some nodes cannot be deleted and stay: on a zoom canvas
+/// activities, record sets and functions, and everywhere inputs and outputs of a function. The selection is empty
+/// afterwards.
+void DeleteSelectedNodes(Canvas& canvas, std::int32_t OnlyType, EntityLinks& links);
+
+/// Deletes the selected edges, the last selected one first.
+void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules);
+
+}  // namespace orvent::canvas

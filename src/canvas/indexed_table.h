@@ -1,0 +1,125 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/text.h"
+
+namespace orvent::canvas {
+
+/// The nodes or edges of a canvas in order of insertion, addressed by `Index`. The canvas' counter only grows, so the
+/// order of insertion is the order of `Index`, and a lookup is a binary search over small integers.
+///
+/// An item that goes leaves a hole, so that removing thousands costs no more than walking them, and a walk may remove.
+/// Holes are closed when an item is added or asked for by position, which a walk therefore must not do.
+template <class T>
+class IndexedTable {
+    using Items = std::vector<std::unique_ptr<T>>;
+
+    template <class Value>
+    class Iterator {
+      public:
+        explicit Iterator(const Items& items) : items_(&items) { skipHoles(); }
+        Value& operator*() const { return *(*items_)[at_]; }
+        Iterator& operator++() {
+            ++at_;
+            skipHoles();
+            return *this;
+        }
+        bool operator!=(std::default_sentinel_t) const { return at_ < items_->size(); }
+
+      private:
+        void skipHoles() {
+            while (at_ < items_->size() && !(*items_)[at_]) {
+                ++at_;
+            }
+        }
+
+        const Items* items_;
+        std::size_t at_ = 0;
+    };
+
+  public:
+    int Count() const { return static_cast<int>(items_.size() - holes_); }
+
+    /// The item of that `Index`, or nothing.
+    T* byIndex(std::int32_t index) const {
+        const std::size_t at = find(index);
+        return at < items_.size() ? items_[at].get() : nullptr;
+    }
+
+    /// The item whose key, the decimal text of its `Index`, equals `key`, or nothing.
+    T* Item(const std::string& key) const {
+        const auto index = platform::parseInteger(key);
+        return index ? byIndex(static_cast<std::int32_t>(*index)) : nullptr;
+    }
+
+    /// The item at a 1-based position, or nothing.
+    T* at(int position) const {
+        closeHoles();
+        return position >= 1 && position <= Count() ? items_[static_cast<std::size_t>(position - 1)].get() : nullptr;
+    }
+
+    auto begin() { return Iterator<T>(items_); }
+    auto begin() const { return Iterator<const T>(items_); }
+    std::default_sentinel_t end() const { return {}; }
+
+  protected:
+    T& append(std::int32_t index, std::unique_ptr<T> item) {
+        closeHoles();
+        indices_.push_back(index);
+        items_.push_back(std::move(item));
+        return *items_.back();
+    }
+
+    std::unique_ptr<T> take(std::int32_t index) {
+        const std::size_t at = find(index);
+        if (at >= items_.size() || !items_[at]) {
+            return nullptr;
+        }
+        std::unique_ptr<T> item = std::move(items_[at]);
+        ++holes_;
+        while (!items_.empty() && !items_.back()) {
+            items_.pop_back();
+            indices_.pop_back();
+            --holes_;
+        }
+        return item;
+    }
+
+  private:
+    std::size_t find(std::int32_t index) const {
+        const auto place = std::lower_bound(indices_.begin(), indices_.end(), index);
+        return place != indices_.end() && *place == index ? static_cast<std::size_t>(place - indices_.begin())
+                                                          : items_.size();
+    }
+
+    void closeHoles() const {
+        if (holes_ == 0) {
+            return;
+        }
+        std::size_t kept = 0;
+        for (std::size_t at = 0; at < items_.size(); ++at) {
+            if (items_[at]) {
+                indices_[kept] = indices_[at];
+                std::swap(items_[kept++], items_[at]);
+            }
+        }
+        items_.resize(kept);
+        indices_.resize(kept);
+        holes_ = 0;
+    }
+
+    // Closing holes changes nothing that can be seen.
+    mutable std::vector<std::int32_t> indices_;
+    mutable Items items_;
+    mutable std::size_t holes_ = 0;
+};
+
+}  // namespace orvent::canvas

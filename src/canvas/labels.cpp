@@ -1,0 +1,194 @@
+#include "canvas/labels.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "canvas/canvas.h"
+
+namespace orvent::canvas {
+
+namespace {
+
+constexpr float kLeastWidth = 201;
+constexpr float kLeastHeight = 152;
+const std::string kNoText;
+
+/// The number that follows the first `skipped` characters of a name; 0 when there are no digits.
+long long numberBehind(const std::string& name, std::size_t skipped) {
+    long long number = 0;
+    if (name.size() > skipped) {
+        std::from_chars(name.data() + skipped, name.data() + name.size(), number);
+    }
+    return number;
+}
+
+}  // namespace
+
+void LineNumbers::Remove(std::int32_t line) {
+    const auto found = std::find(numbers_.begin(), numbers_.end(), line);
+    if (found != numbers_.end()) {
+        numbers_.erase(found);
+    }
+}
+
+void LabelsD::setLeft(float value) {
+    setBox(value, top_, width_, height_);
+}
+void LabelsD::setTop(float value) {
+    setBox(left_, value, width_, height_);
+}
+void LabelsD::setWidth(float value) {
+    setBox(left_, top_, value, height_);
+}
+void LabelsD::setHeight(float value) {
+    setBox(left_, top_, width_, value);
+}
+
+void LabelsD::setBox(float left, float top, float width, float height) {
+    left_ = left;
+    top_ = top;
+    width_ = std::max(width, kLeastWidth);
+    height_ = std::max(height, kLeastHeight);
+    moved();
+}
+
+void LabelsD::moved() {
+    if (CanvasView* view = canvas_.view()) {
+        view->nodeChanged(*this);
+    }
+    std::visit(
+        [](auto& held) {
+            if constexpr (requires { held->Changed = true; }) {
+                if (held) {
+                    held->Changed = true;
+                }
+            }
+        },
+        Properties);
+    for (const std::int32_t number : StartingLines) {
+        if (LinesD* line = canvas_.Lines.byIndex(number)) {
+            line->setStart(GrabPoint(line->FromGrabbingPoint));
+        }
+    }
+    for (const std::int32_t number : EndingLines) {
+        if (LinesD* line = canvas_.Lines.byIndex(number)) {
+            line->setEnd(GrabPoint(line->ToGrabbingPoint()));
+        }
+    }
+}
+
+void LabelsD::setNodeType(std::int32_t value) {
+    nodeType_ = value;
+}
+
+void LabelsD::setKeyName(const std::string& value) {
+    if (!keyName_.empty() && canvas_.NamesColl.Item(keyName_) == index_) {
+        canvas_.NamesColl.Remove(keyName_);
+    }
+    if (canvas_.NamesColl.Add(index_, value) != -1) {
+        keyName_ = value;
+        return;
+    }
+    if (nodeType_ == NodeTypeComment) {
+        takeNumberedName("Comment", value);
+        return;
+    }
+    if (nodeType_ == NodeTypeLog) {
+        takeNumberedName("Log", value);
+        return;
+    }
+    keyName_ = kErrorName;
+    caption_ = kErrorName;
+    if (!canvas_.quietNames) {
+        canvas_.messages().tell("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
+                                "DUPLICATE NAME!", platform::Icon::critical);
+    }
+}
+
+// The node's own KeyName keeps its old value, deliberately; the caption takes the fresh name, so that the edges of two
+// comments can be told apart in the repository.
+void LabelsD::takeNumberedName(std::string_view word, const std::string& taken) {
+    long long number = numberBehind(taken, word.size());
+    std::string fresh;
+    do {
+        fresh = std::string(word) + std::to_string(++number);
+    } while (canvas_.NamesColl.Add(index_, fresh) == -1);
+    caption_ = fresh;
+}
+
+void LabelsD::releaseNames() {
+    for (const std::string* name : {&keyName_, &caption_}) {
+        if (canvas_.NamesColl.Item(*name) == index_) {
+            canvas_.NamesColl.Remove(*name);
+        }
+    }
+}
+
+void LabelsD::setCaption(const std::string& value) {
+    const std::string former = caption_;
+    caption_ = value;
+    if (nodeType_ != NodeTypeAttribute && nodeType_ != NodeTypeParameter) {
+        if (former != keyName_ && canvas_.NamesColl.Item(former) == index_) {
+            canvas_.NamesColl.Remove(former);  // a numbered name that only the caption held
+        }
+        setKeyName(value);
+    }
+    if (CanvasView* view = canvas_.view()) {
+        view->nodeChanged(*this);
+    }
+}
+
+std::string_view LabelsD::shownText() const {
+    switch (nodeType_) {
+        case NodeTypeLog:
+            return "LOG";
+        case NodeTypeComment:
+            return Comment();
+        default:
+            return caption_;
+    }
+}
+
+const std::string& LabelsD::Comment() const {
+    const auto* comment = entity<entities::CommentProperties>();
+    return comment ? comment->Comment : kNoText;
+}
+
+void LabelsD::setComment(const std::string& value) {
+    if (auto* comment = entity<entities::CommentProperties>()) {
+        comment->Comment = value;
+        if (CanvasView* view = canvas_.view()) {
+            view->nodeChanged(*this);
+        }
+    }
+}
+
+void LabelsD::setReady(bool value) {
+    ready_ = value;
+    if (nodeType_ == NodeTypeLog || nodeType_ == NodeTypeComment) {
+        return;  // these have no colours of readiness
+    }
+    const std::int32_t plain = value ? ReadyColor : NotReadyColor;
+    const bool selected = canvas_.SelectedLabels.Item(index_) != nullptr;
+    setColor((selected ? plain ^ canvas_.settings().SelColor : plain) & 0xFFFFFF);
+}
+
+void LabelsD::setColor(std::int32_t value) {
+    color_ = value;
+    if (CanvasView* view = canvas_.view()) {
+        view->nodeChanged(*this);
+    }
+}
+
+void LabelsD::setVisible(bool value) {
+    visible_ = value;
+    if (CanvasView* view = canvas_.view()) {
+        view->nodeChanged(*this);
+    }
+}
+
+void LabelsD::setToolTipText(const std::string& value) {
+    toolTipText_ = value;
+}
+
+}  // namespace orvent::canvas

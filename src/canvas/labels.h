@@ -1,0 +1,186 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "canvas/indexed_table.h"
+#include "canvas/point.h"
+#include "entities/nodes.h"
+
+namespace orvent::canvas {
+
+class Canvas;
+
+/// `NodeType` codes. 1 and 2 stand for type records.
+enum NodeTypeCode : std::int32_t {
+    NodeTypeDataType = 1,
+    NodeTypeFunctionType = 2,
+    NodeTypeConstant = 3,
+    NodeTypeAttribute = 4,
+    NodeTypeRecordSet = 5,
+    NodeTypeFunction = 6,
+    NodeTypeParameter = 7,
+    NodeTypeActivity = 8,
+    NodeTypeLog = 9,
+    NodeTypeComment = 10,
+};
+
+/// The name that a node bears whose name was refused as a duplicate.
+inline constexpr const char* kErrorName = "Error_myCode";
+
+/// What a node stands for: an entity, or a plain number (a log's repository identifier).
+using NodeProperties =
+    std::variant<std::int16_t, std::shared_ptr<entities::ActivityProperties>,
+                 std::shared_ptr<entities::RecordSetProperties>, std::shared_ptr<entities::CommentProperties>,
+                 std::shared_ptr<entities::AttributeProperties>, std::shared_ptr<entities::ParameterProperties>,
+                 std::shared_ptr<entities::FunctionProperties>, std::shared_ptr<entities::FunctionTypeProperties>>;
+
+/// The numbers of the edges that start or end at a node, in order of addition.
+class LineNumbers {
+  public:
+    int Count() const { return static_cast<int>(numbers_.size()); }
+    void Add(std::int32_t line) { numbers_.push_back(line); }
+    void Remove(std::int32_t line);
+    void Clear() { numbers_.clear(); }
+    std::int32_t at(int position) const { return numbers_[static_cast<std::size_t>(position - 1)]; }
+
+    auto begin() const { return numbers_.begin(); }
+    auto end() const { return numbers_.end(); }
+
+  private:
+    std::vector<std::int32_t> numbers_;
+};
+
+/// A node of a canvas: its box (twips, colours with blue in the high byte), its edges and its entity. Every setter of
+/// something visible tells the canvas' view at once.
+class LabelsD {
+  public:
+    LabelsD(Canvas& canvas, std::int32_t index) : canvas_(canvas), index_(index) {}
+
+    std::int32_t Index() const { return index_; }
+    Canvas& canvas() const { return canvas_; }
+
+    float Left() const { return left_; }
+    float Top() const { return top_; }
+    float Width() const { return width_; }
+    float Height() const { return height_; }
+    void setLeft(float value);
+    void setTop(float value);
+    void setWidth(float value);   ///< raised to 201
+    void setHeight(float value);  ///< raised to 152
+
+    /// A place of the picture, relative to the box.
+    Point inside(Point at) const { return {at.x - left_, at.y - top_}; }
+    /// Whether a place of the picture lies on a comment's text; the right end of its box is a strip for scrolling.
+    bool onText(Point at) const { return at.x - left_ <= width_ - 200; }
+
+    /// Places the box by its four values at once, with one update of its edges.
+    void setBox(float left, float top, float width, float height);
+
+    std::int32_t NodeType() const { return nodeType_; }
+    void setNodeType(std::int32_t value);
+
+    const std::string& KeyName() const { return keyName_; }
+    /// Takes the name in `NamesColl`. A taken name is told, and then reads `kErrorName`; a comment or a log takes the
+    /// next free number instead, in its caption.
+    void setKeyName(const std::string& value);
+
+    const std::string& Caption() const { return caption_; }
+    void setCaption(const std::string& value);
+    /// The text that the box shows.
+    std::string_view shownText() const;
+
+    const std::string& Comment() const;
+    void setComment(const std::string& value);
+
+    bool Ready() const { return ready_; }
+    void setReady(bool value);
+
+    std::int32_t Color() const { return color_; }
+    void setColor(std::int32_t value);
+
+    bool Visible() const { return visible_; }
+    void setVisible(bool value);
+
+    const std::string& ToolTipText() const { return toolTipText_; }
+    void setToolTipText(const std::string& value);
+
+    std::int16_t MousePointer() const { return mousePointer_; }
+    void setMousePointer(std::int16_t value) { mousePointer_ = value; }
+
+    bool Expanded = false;  ///< zoom view: the node shows its children
+    std::int32_t ReadyColor = 0;
+    std::int32_t NotReadyColor = 0;
+    NodeProperties Properties = std::int16_t{0};
+    LineNumbers StartingLines;
+    LineNumbers EndingLines;
+
+    /// The entity of that kind, or nothing.
+    template <class Entity>
+    Entity* entity() const {
+        const auto* held = std::get_if<std::shared_ptr<Entity>>(&Properties);
+        return held ? held->get() : nullptr;
+    }
+    entities::ActivityProperties* activity() const { return entity<entities::ActivityProperties>(); }
+    entities::RecordSetProperties* recordSet() const { return entity<entities::RecordSetProperties>(); }
+
+    /// Where an edge attaches: a place 50 twips outside the box. Four points in the middle of the sides from the left
+    /// clockwise; an activity has two inputs on the left (1, 2), the right end (4) and two points above and below.
+    Point GrabPoint(int GrabbingPoint) const;
+
+    /// The image of the arrow head at a grab point ("ArrowR", ...), empty for an unknown number.
+    std::string_view LineArrowDirection(int GrabbingPoint) const;
+
+    /// The grab point meant by a pointer at `x`, `y` inside the box. Stores it in the canvas' `GrabbingPoint`, places
+    /// the `Grabber` marker there and gives the place.
+    Point DrawRect(float x, float y);
+
+  private:
+    friend class LabelsCollection;
+
+    void moved();
+    void takeNumberedName(std::string_view word, const std::string& taken);
+    void releaseNames();
+
+    Canvas& canvas_;
+    std::int32_t index_;
+    std::int32_t nodeType_ = 0;
+    float left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+    std::int32_t color_ = 0;
+    std::int16_t mousePointer_ = 0;
+    bool ready_ = false;
+    bool visible_ = false;
+    std::string keyName_;
+    std::string caption_;
+    std::string toolTipText_;
+};
+
+/// The nodes of one canvas, in order of creation.
+class LabelsCollection : public IndexedTable<LabelsD> {
+  public:
+    explicit LabelsCollection(Canvas& canvas) : canvas_(canvas) {}
+
+    /// A new node with an empty entity of its kind. An empty `KeyName` takes the caption as name.
+    LabelsD& Add(float Left, float Width, float Top, float Height, const std::string& Caption, std::int32_t NodeType,
+                 const std::string& KeyName = {});
+
+    /// A copy of a node of another canvas; its entity is a clone.
+    LabelsD& addLabel(const LabelsD& Label);
+
+    /// Removes the node with all its edges, and drops it from the selection.
+    void Remove(std::int32_t index);
+
+    /// Removes all nodes, the last one first.
+    void Clear();
+
+  private:
+    void raisePicture(const LabelsD& node);
+
+    Canvas& canvas_;
+};
+
+}  // namespace orvent::canvas

@@ -1,0 +1,173 @@
+// Making and removing the nodes of a canvas.
+
+#include <array>
+#include <utility>
+
+#include "canvas/canvas.h"
+
+namespace orvent::canvas {
+
+namespace {
+
+constexpr std::int32_t kWhite = 0xFFFFFF;
+constexpr std::int32_t kLightYellow = 0xCCFFFF;
+constexpr std::int32_t kLightGrey = 0xDDDDDD;
+constexpr std::int32_t kRed = 255;
+constexpr std::int32_t kBlue = 0xFF0000;
+constexpr std::int32_t kBlack = 0;
+
+/// What is settled for each kind of node: the fill of a new box, and the colours of readiness.
+struct KindRow {
+    std::int32_t backColor;
+    std::int32_t readyColor;
+    std::int32_t notReadyColor;
+};
+
+constexpr std::array<KindRow, 11> kKinds = {{
+    {kWhite, kBlack, kBlack},
+    {kWhite, kBlack, kRed},         // data type
+    {kWhite, kBlack, kRed},         // function type
+    {kWhite, kBlack, kRed},         // constant
+    {kWhite, kWhite, kRed},         // attribute
+    {kWhite, kWhite, kRed},         // record set
+    {kWhite, kBlue, kRed},          // function
+    {kWhite, kWhite, kRed},         // parameter
+    {kWhite, kBlack, kRed},         // activity
+    {kLightGrey, kBlack, kBlack},   // log
+    {kLightYellow, kBlack, kBlack}  // comment
+}};
+
+const KindRow& kindRow(std::int32_t nodeType) {
+    return nodeType >= 1 && nodeType <= 10 ? kKinds[static_cast<std::size_t>(nodeType)] : kKinds[0];
+}
+
+NodeProperties newEntity(std::int32_t nodeType, const std::string& name, const std::string& caption,
+                         std::int32_t index) {
+    using namespace entities;
+    switch (nodeType) {
+        case NodeTypeFunctionType:
+            return std::make_shared<FunctionTypeProperties>();
+        case NodeTypeConstant: {
+            auto constant = std::make_shared<ParameterProperties>();
+            constant->Parameter_Name = name;
+            constant->Key = name;
+            constant->NodeKind = KindConstant;
+            constant->ParentKeyName = caption;
+            constant->LabelIndex = index;
+            return constant;
+        }
+        case NodeTypeAttribute: {
+            auto attribute = std::make_shared<AttributeProperties>();
+            attribute->Attribute_Name = name;
+            attribute->Key = name;
+            return attribute;
+        }
+        case NodeTypeRecordSet: {
+            auto recordSet = std::make_shared<RecordSetProperties>();
+            recordSet->RecordSet_Name = name;
+            return recordSet;
+        }
+        case NodeTypeFunction: {
+            auto function = std::make_shared<FunctionProperties>();
+            function->Function_Name = name;
+            function->Function_Key = name;
+            return function;
+        }
+        case NodeTypeParameter: {
+            auto parameter = std::make_shared<ParameterProperties>();
+            parameter->Parameter_Name = name;
+            parameter->Key = name;
+            return parameter;
+        }
+        case NodeTypeActivity: {
+            auto activity = std::make_shared<ActivityProperties>();
+            activity->Act_Name = name;
+            return activity;
+        }
+        case NodeTypeComment:
+            return std::make_shared<CommentProperties>();
+        default:
+            return std::int16_t{0};
+    }
+}
+
+NodeProperties cloned(const NodeProperties& properties) {
+    return std::visit(
+        [](const auto& held) -> NodeProperties {
+            if constexpr (requires { held->Clone(); }) {
+                return held->Clone();
+            } else {
+                return held;
+            }
+        },
+        properties);
+}
+
+}  // namespace
+
+LabelsD& LabelsCollection::Add(float Left, float Width, float Top, float Height, const std::string& Caption,
+                               std::int32_t NodeType, const std::string& KeyName) {
+    const std::int32_t index = ++canvas_.LabelsNo;
+    canvas_.ActiveLabel = index;
+    LabelsD& node = append(index, std::make_unique<LabelsD>(canvas_, index));
+    node.setNodeType(NodeType);
+    node.setBox(Left, Top, Width, Height);
+    node.setCaption(Caption);
+    if (!KeyName.empty()) {
+        node.setKeyName(KeyName);
+    } else if (NodeType == NodeTypeAttribute || NodeType == NodeTypeParameter) {
+        node.setKeyName(Caption);
+    }
+    const KindRow& kind = kindRow(NodeType);
+    node.setColor(kind.backColor);
+    node.ReadyColor = kind.readyColor;
+    node.NotReadyColor = kind.notReadyColor;
+    node.Expanded = NodeType == NodeTypeConstant;
+    node.Properties = newEntity(NodeType, node.KeyName(), Caption, index);
+    node.setVisible(true);
+    raisePicture(node);
+    return node;
+}
+
+LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
+    LabelsD& node = Add(Label.Left(), Label.Width(), Label.Top(), Label.Height(), Label.Caption(), Label.NodeType());
+    node.setColor(Label.Color());
+    node.Properties = cloned(Label.Properties);
+    node.setReady(Label.Ready());
+    return node;
+}
+
+void LabelsCollection::raisePicture(const LabelsD& node) {
+    const float bottom = node.Top() + node.Height();
+    if (canvas_.isZoom() && bottom >= canvas_.BiggestHeight) {
+        canvas_.BiggestHeight = bottom + 3 * canvas_.settings().BigHeight;
+    }
+}
+
+void LabelsCollection::Remove(std::int32_t index) {
+    LabelsD* node = byIndex(index);
+    if (!node) {
+        return;
+    }
+    // The node's own lists are taken first, so that only the far ends are searched for each edge.
+    for (LineNumbers* list : {&node->StartingLines, &node->EndingLines}) {
+        const LineNumbers lines = std::exchange(*list, LineNumbers());
+        for (const std::int32_t line : lines) {
+            canvas_.Lines.RemoveFull(line);
+        }
+    }
+    node->releaseNames();
+    canvas_.forgetNode(index);
+    const std::unique_ptr<LabelsD> gone = take(index);
+    if (CanvasView* view = canvas_.view()) {
+        view->nodeRemoved(*gone);
+    }
+}
+
+void LabelsCollection::Clear() {
+    while (const LabelsD* last = at(Count())) {
+        Remove(last->Index());
+    }
+}
+
+}  // namespace orvent::canvas

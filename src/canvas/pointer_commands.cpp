@@ -1,0 +1,124 @@
+// The key and the context menus of a canvas.
+
+#include "canvas/canvas_pointer.h"
+
+namespace orvent::canvas {
+
+namespace {
+
+std::string_view menuOf(const LabelsD& node) {
+    switch (node.NodeType()) {
+        case NodeTypeRecordSet:
+            return "RecordSetM";
+        case NodeTypeActivity:
+            return "ActivityM";
+        case NodeTypeLog:
+            return "LogM";
+        case NodeTypeComment:
+            return "CommentM";
+        case NodeTypeConstant:
+            return "ConstantM";
+        case NodeTypeAttribute:
+            return "AttributeM";
+        case NodeTypeFunction:
+            return "FunctionM";
+        case NodeTypeParameter:
+            return "ParameterM";
+        default:
+            return "";
+    }
+}
+
+}  // namespace
+
+void CanvasPointer::pressNodeMenu(LabelsD& node, const PointerEvent& event) {
+    if (!canvas_.SelectedLabels.Item(node.Index())) {
+        canvas_.ClearCrop();
+        canvas_.SelectedLabels.Add(node.Index());
+    }
+    if (node.NodeType() == NodeTypeComment && !node.onText(event.at)) {
+        return;
+    }
+    showMenu(menuOf(node), event.at);
+}
+
+void CanvasPointer::showMenu(std::string_view name, Point at) {
+    if (const ContextMenu* menu = findMenu(ports_.rules.menus(), name)) {
+        menuNode_ = canvas_.ActiveLabel;
+        menuEdge_ = canvas_.ActiveEdge;
+        ports_.windows.showMenu(*menu, at);
+    }
+}
+
+bool CanvasPointer::keyDown(int keyCode) {
+    if (keyCode != kDeleteKey || captures_ || state_ == PointerState::editing) {
+        return false;
+    }
+    cancel();
+    DeleteSelectedNodes(canvas_, 0, ports_.links);
+    DeleteSelectedEdges(canvas_, ports_.rules);
+    return true;
+}
+
+void CanvasPointer::choose(std::string_view name) {
+    cancel();
+    if (const ContextItem* item = findItem(ports_.rules.menus(), name)) {
+        restoreMenuTargets();
+        runAction(*item);
+    }
+}
+
+// The pointer may have touched other elements on its way to the item.
+void CanvasPointer::restoreMenuTargets() {
+    if (canvas_.Labels.byIndex(menuNode_)) {
+        canvas_.ActiveLabel = menuNode_;
+    }
+    if (canvas_.Lines.byIndex(menuEdge_)) {
+        canvas_.ActiveEdge = menuEdge_;
+    }
+}
+
+void CanvasPointer::runAction(const ContextItem& item) {
+    LabelsD* node = canvas_.Labels.byIndex(canvas_.ActiveLabel);
+    LinesD* edge = canvas_.Lines.byIndex(canvas_.ActiveEdge);
+    const entities::ActivityProperties* activity = node ? node->activity() : nullptr;
+    switch (item.action) {
+        case MenuAction::submenu:
+            break;
+        case MenuAction::properties:
+            if (node) {
+                ports_.windows.openProperties(*node);
+            }
+            break;
+        case MenuAction::zoom:
+            if (activity && activity->Act_Type < 0) {
+                canvas_.messages().tell("Please set the activity's type!!");
+            } else if (activity) {
+                ports_.windows.openZoom(*node);
+            }
+            break;
+        case MenuAction::notReady:
+            if (node) {
+                node->setReady(false);
+            }
+            break;
+        case MenuAction::templateWizard:
+            if (activity) {
+                ports_.windows.openTemplateWizard(*node);
+            }
+            break;
+        case MenuAction::deleteNodes:
+            DeleteSelectedNodes(canvas_, item.value, ports_.links);
+            break;
+        case MenuAction::deleteEdges:
+            DeleteSelectedEdges(canvas_, ports_.rules);
+            break;
+        case MenuAction::setAngle:
+            if (edge) {
+                edge->setAngle(item.value);
+            }
+            break;
+    }
+}
+
+}  // namespace orvent::canvas

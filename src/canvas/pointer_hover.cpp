@@ -1,0 +1,103 @@
+// Moves without a button: the grab point and the handles under the pointer, and its shape.
+
+#include "canvas/canvas_pointer.h"
+#include "canvas/resize_zones.h"
+
+namespace orvent::canvas {
+
+namespace {
+
+constexpr std::int16_t kPointerDefault = 0;
+constexpr std::int16_t kPointerSizeAll = 5;
+
+}  // namespace
+
+void CanvasPointer::hover(const PointerEvent& event) {
+    LabelsD* node = nodeAt(event.hit);
+    if (node) {
+        hoverNode(*node, node->inside(event.at));
+    } else if (LinesD* edge = edgeAt(event.hit)) {
+        hoverHandle(*edge);
+    } else {
+        hoverPicture();
+    }
+    if (state_ == PointerState::pending && (node || event.hit.element == Element::picture)) {
+        decideEdge(node);
+    }
+}
+
+void CanvasPointer::hoverPicture() {
+    if (canvas_.OverLabel) {
+        hideGrabber();
+        leaveNode();
+    }
+    if (canvas_.OverLine) {
+        canvas_.ActiveEdge = -1;
+        leaveEdge();
+    }
+    ports_.tools.pictureReached();
+}
+
+void CanvasPointer::hoverNode(LabelsD& node, Point inside) {
+    leaveEdge();
+    if (canvas_.CurrentNode != node.Index()) {
+        leaveNode();
+    }
+    canvas_.OverLabel = true;
+    canvas_.CurrentNode = node.Index();
+    const std::string& tool = ports_.tools.DrawMode();
+    if (ports_.rules.edgeTypeOf(tool)) {
+        showGrabber(node, inside);
+        return;
+    }
+    hideGrabber();
+    if (tool == "Resize") {
+        const ResizeZone& zone = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height());
+        canvas_.ResizeLabel.Tag = zone.number;
+        node.setMousePointer(zone.MousePointer);
+    } else {
+        node.setMousePointer(tool == "Move" ? kPointerSizeAll : kPointerDefault);
+    }
+}
+
+void CanvasPointer::hoverHandle(LinesD& edge) {
+    hideGrabber();
+    if (canvas_.CurrentEdge != edge.Index()) {
+        leaveEdge();
+    }
+    canvas_.CurrentEdge = edge.Index();
+    canvas_.OverLine = edge.Selected();
+    if (edge.HighLighted() != edge.Selected()) {
+        edge.setHighLighted(edge.Selected());
+    }
+}
+
+void CanvasPointer::leaveNode() {
+    if (LabelsD* node = canvas_.OverLabel ? canvas_.Labels.byIndex(canvas_.CurrentNode) : nullptr) {
+        node->setMousePointer(kPointerDefault);
+    }
+    canvas_.OverLabel = false;
+}
+
+void CanvasPointer::leaveEdge() {
+    if (LinesD* edge = canvas_.OverLine ? canvas_.Lines.byIndex(canvas_.CurrentEdge) : nullptr) {
+        edge->setHighLighted(false);
+    }
+    canvas_.OverLine = false;
+}
+
+void CanvasPointer::showGrabber(LabelsD& node, Point inside) {
+    canvas_.GrabberVisible = true;
+    canvas_.GrabMark = node.DrawRect(inside.x, inside.y);
+    grabNode_ = node.Index();
+}
+
+void CanvasPointer::hideGrabber() {
+    grabNode_ = -1;
+    if (canvas_.GrabberVisible) {
+        canvas_.GrabberVisible = false;
+        markersChanged();
+    }
+}
+
+}  // namespace orvent::canvas

@@ -1,0 +1,195 @@
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/fault.h"
+
+namespace orvent::entities {
+
+/// A keyed collection: keeps insertion order, inserts at a position, finds by key and by 1-based position in constant
+/// time. A number is always a position and a text always a key. `Item` and `Remove` of what is not there yield
+/// nothing. Adding under a taken key throws a `Fault` and changes nothing. An item's address never changes.
+///
+/// `Holder` is a `unique_ptr`, or a `shared_ptr` where a node of a canvas holds the same item.
+template <class T, class Holder = std::unique_ptr<T>>
+class KeyedCollection {
+    struct Slot {
+        Holder item;
+        std::string key;
+        bool keyed;
+    };
+
+    template <class Value>
+    class Iterator {
+      public:
+        explicit Iterator(const Slot* slot) : slot_(slot) {}
+        Value& operator*() const { return *slot_->item; }
+        Iterator& operator++() {
+            ++slot_;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return slot_ != other.slot_; }
+
+      private:
+        const Slot* slot_;
+    };
+
+  public:
+    int Count() const { return static_cast<int>(slots_.size()); }
+
+    T* Item(int position) const { return holds(position) ? slots_[index(position)].item.get() : nullptr; }
+    T* Item(const std::string& key) const {
+        const std::size_t at = find(key);
+        return at < slots_.size() ? slots_[at].item.get() : nullptr;
+    }
+
+    /// The holder itself, for a second owner; empty when there is no such item.
+    Holder share(const std::string& key) const requires std::copy_constructible<Holder> {
+        const std::size_t at = find(key);
+        return at < slots_.size() ? slots_[at].item : Holder{};
+    }
+    Holder share(int position) const requires std::copy_constructible<Holder> {
+        return holds(position) ? slots_[index(position)].item : Holder{};
+    }
+
+    /// The collection key of the item at `position`, empty when it was added without one.
+    const std::string& keyAt(int position) const { return slots_.at(index(position)).key; }
+
+    /// The 1-based position of the key, 0 when there is none.
+    int positionOf(const std::string& key) const {
+        const std::size_t at = find(key);
+        return at < slots_.size() ? static_cast<int>(at) + 1 : 0;
+    }
+
+    /// Adds at the end, under `key`, or without a key when it is empty.
+    T& append(Holder item, const std::string& key) { return insert(Count() + 1, std::move(item), key); }
+
+    /// Adds before the item at `position`; `Count() + 1` adds at the end.
+    T& insert(int position, Holder item, const std::string& key) {
+        if (!key.empty() && find(key) < slots_.size()) {
+            throw platform::Fault("This key is already associated with an element of this collection: " + key);
+        }
+        T& result = *item;
+        slots_.insert(slots_.begin() + position - 1, Slot{std::move(item), key, !key.empty()});
+        if (!positions_.empty() && !key.empty()) {
+            positions_[key] = index(position);
+        }
+        return result;
+    }
+
+    Holder Remove(int position) { return holds(position) ? take(index(position)) : Holder{}; }
+    Holder Remove(const std::string& key) {
+        const std::size_t at = find(key);
+        return at < slots_.size() ? take(at) : Holder{};
+    }
+
+    void Clear() {
+        slots_.clear();
+        positions_.clear();
+    }
+
+    auto begin() { return Iterator<T>(slots_.data()); }
+    auto end() { return Iterator<T>(slots_.data() + slots_.size()); }
+    auto begin() const { return Iterator<const T>(slots_.data()); }
+    auto end() const { return Iterator<const T>(slots_.data() + slots_.size()); }
+
+  private:
+    // Below this many items a walk is as quick as a table and takes no room.
+    static constexpr std::size_t kWalk = 8;
+    // A remembered position may lag behind insertions and removals; past this distance all are renewed.
+    static constexpr std::size_t kDrift = 64;
+
+    static std::size_t index(int position) { return static_cast<std::size_t>(position - 1); }
+    bool holds(int position) const { return position >= 1 && position <= Count(); }
+    bool isAt(std::size_t at, const std::string& key) const {
+        return at < slots_.size() && slots_[at].keyed && slots_[at].key == key;
+    }
+
+    std::size_t find(const std::string& key) const {
+        if (slots_.size() <= kWalk) {
+            std::size_t at = 0;
+            while (at < slots_.size() && !isAt(at, key)) {
+                ++at;
+            }
+            return at;
+        }
+        if (positions_.empty()) {
+            renew();
+        }
+        const auto entry = positions_.find(key);
+        if (entry == positions_.end()) {
+            return slots_.size();
+        }
+        std::size_t& hint = entry->second;
+        for (std::size_t step = 0; step <= kDrift; ++step) {
+            if (step <= hint && isAt(hint - step, key)) {
+                return hint -= step;
+            }
+            if (isAt(hint + step, key)) {
+                return hint += step;
+            }
+        }
+        renew();
+        return positions_.find(key)->second;
+    }
+
+    void renew() const {
+        for (std::size_t at = 0; at < slots_.size(); ++at) {
+            if (slots_[at].keyed) {
+                positions_[slots_[at].key] = at;
+            }
+        }
+    }
+
+    Holder take(std::size_t at) {
+        Holder item = std::move(slots_[at].item);
+        if (slots_[at].keyed) {
+            positions_.erase(slots_[at].key);
+        }
+        slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(at));
+        return item;
+    }
+
+    std::vector<Slot> slots_;
+    mutable std::unordered_map<std::string, std::size_t> positions_;
+};
+
+/// A part of a record that is made when it is first read for writing. Reading through `peek`, `count` or a loop makes
+/// nothing.
+template <class T>
+class Lazy {
+  public:
+    T& operator*() {
+        if (!value_) {
+            value_ = std::make_unique<T>();
+        }
+        return *value_;
+    }
+    T* operator->() { return &**this; }
+
+    T* peek() const { return value_.get(); }
+    int count() const { return value_ ? value_->Count() : 0; }
+
+    auto begin() { return value_ ? value_->begin() : none<T>(); }
+    auto end() { return value_ ? value_->end() : none<T>(); }
+    auto begin() const { return value_ ? std::as_const(*value_).begin() : none<const T>(); }
+    auto end() const { return value_ ? std::as_const(*value_).end() : none<const T>(); }
+
+    void replace(std::unique_ptr<T> value) { value_ = std::move(value); }
+
+  private:
+    template <class Part>
+    static auto none() {
+        return decltype(std::declval<Part&>().begin())(nullptr);
+    }
+
+    std::unique_ptr<T> value_;
+};
+
+}  // namespace orvent::entities

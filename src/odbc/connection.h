@@ -1,0 +1,60 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "odbc/dialect.h"
+#include "odbc/handles.h"
+#include "platform/database.h"
+
+namespace orvent::odbc {
+
+/// What the statements of one connection share.
+class Session {
+  public:
+    /// `where` is the path of the database's file, or empty.
+    Session(const Environment& environment, const std::string& connectionString, const std::string& user,
+            std::string where);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    SQLHANDLE link() const { return link_.get(); }
+    const Dialect& dialect() const { return dialect_; }
+    const std::string& where() const { return where_; }
+
+    /// Runs a statement of the database's own.
+    void run(const std::string& sql);
+
+    /// The number for a place where a translated statement uses a sequence.
+    long long number(const SequenceUse& use);
+
+  private:
+    /// A sequence of a database that has none: the statement that draws, and this connection's last number.
+    struct Sequence {
+        std::unique_ptr<platform::Statement> draw;
+        long long last = 0;
+    };
+
+    Link link_;
+    Dialect dialect_;
+    std::string where_;
+    std::map<std::string, Sequence, std::less<>> sequences_;
+};
+
+/// A connection in auto-commit.
+class OdbcConnection : public platform::Connection {
+  public:
+    OdbcConnection(const Environment& environment, const std::string& connectionString, const std::string& user,
+                   std::string where)
+        : session_(environment, connectionString, user, std::move(where)) {}
+
+    std::unique_ptr<platform::Statement> prepare(std::string_view sql) override;
+
+  private:
+    Session session_;
+};
+
+}  // namespace orvent::odbc

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "odbc/sources.h"
+#include "platform/database.h"
+
+namespace orvent::odbc {
+
+class Environment;
+
+/// Connections through ODBC. The dialect is chosen by what the connected database calls itself; Oracle and unknown
+/// databases get every statement untouched. Text is UTF-8 throughout; in each dialect the empty text is null.
+/// Must outlive its connections.
+class OdbcDatabase : public platform::Database {
+  public:
+    explicit OdbcDatabase(OwnSources own);
+    ~OdbcDatabase() override;
+
+    /// An embedded repository whose file is missing or no database is refused; it is never created here.
+    std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
+                                               const std::string& password) override;
+
+  private:
+    std::unique_ptr<platform::Connection> openEmbedded(const std::filesystem::path& file, const std::string& user);
+
+    OwnSources own_;
+    std::unique_ptr<Environment> environment_;
+};
+
+/// Makes the file of an embedded repository, without tables; its folder must exist. A file that is there already stays
+/// as it is. Throws `platform::DatabaseError`.
+void createEmbedded(const std::filesystem::path& file);
+
+}  // namespace orvent::odbc

@@ -1,0 +1,36 @@
+#include "odbc/dialect.h"
+
+#include "odbc/dialect_rules.h"
+#include "odbc/translator.h"
+#include "platform/text.h"
+
+namespace orvent::odbc {
+
+int Translation::parameter(int sent) const {
+    int number = sent;
+    // The connection's own parameters stand between the sender's; they are in rising order.
+    for (const SequenceUse& use : sequences) {
+        number += use.parameter <= number ? 1 : 0;
+    }
+    return number;
+}
+
+Dialect::Dialect(const DialectRules* rules, std::string_view user) : rules_(rules), user_(platform::upperCase(user)) {}
+
+Translation Dialect::translate(std::string_view sql) const {
+    return rules_ != nullptr ? Translator(*rules_, user_, sql).run() : Translation{.sql = std::string(sql)};
+}
+
+std::string Dialect::nextNumber(std::string_view sequence) const {
+    return rules_ != nullptr ? filled(rules_->drawNumber, sequence) : std::string();
+}
+
+std::string Dialect::setUp() const {
+    return rules_ != nullptr ? std::string(rules_->setUp) : std::string();
+}
+
+bool Dialect::keepsWidths() const {
+    return rules_ == nullptr || rules_->keepsWidths;
+}
+
+}  // namespace orvent::odbc

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvent::odbc {
+
+/// A number of a sequence that the connection itself provides as a parameter, for a database that has no sequences.
+struct SequenceUse {
+    int parameter;  ///< the parameter's number in the translated statement, from 1
+    std::string sequence;
+    bool next;  ///< the next number, or else the last one that this connection drew
+};
+
+/// A statement as it goes to a database.
+struct Translation {
+    std::string sql;
+    std::vector<std::string> before{};  ///< statements to run ahead of it
+    std::vector<std::string> after{};   ///< statements to run behind it, also when it failed
+    std::vector<SequenceUse> sequences{};
+    bool definition = false;  ///< creates or drops something: sent once, never prepared
+
+    /// The number in the translated statement of the sender's parameter.
+    int parameter(int sent) const;
+};
+
+struct DialectRules;
+
+/// How the statements of the Oracle dialect are put to one database.
+class Dialect {
+  public:
+    /// `user` is the login's name. Without rules statements pass untouched.
+    Dialect(const DialectRules* rules, std::string_view user);
+
+    Translation translate(std::string_view sql) const;
+
+    /// A statement that draws the next number of a sequence and answers it in one row. Only for a database whose
+    /// translations hold `sequences`.
+    std::string nextNumber(std::string_view sequence) const;
+
+    /// A statement to run on every new connection, or empty.
+    std::string setUp() const;
+
+    /// True when a text column never holds more characters than it was declared for.
+    bool keepsWidths() const;
+
+  private:
+    const DialectRules* rules_;
+    std::string user_;
+};
+
+}  // namespace orvent::odbc

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "odbc/connection.h"
+#include "odbc/dialect.h"
+#include "odbc/handles.h"
+#include "odbc/rows.h"
+#include "platform/database.h"
+
+namespace orvent::odbc {
+
+/// A statement that is translated and prepared once.
+class OdbcStatement : public platform::Statement {
+  public:
+    OdbcStatement(Session& session, Translation translation);
+
+    void bind(int parameter, std::string_view text) override;
+    void bind(int parameter, long long number) override;
+    void bind(int parameter, float number) override;
+
+    void execute() override;
+    bool fetch() override;
+
+    bool isNull(int column) override { return rows_.isNull(column); }
+    std::string text(int column) override { return rows_.text(column); }
+    long long number(int column) override { return rows_.number(column); }
+    float realNumber(int column) override { return rows_.realNumber(column); }
+
+  private:
+    /// A parameter's value, which the driver reads at every execution, and what was last told the driver about it.
+    struct Parameter {
+        std::string text{};
+        long long number = 0;
+        double real = 0;
+        SQLLEN length = 0;
+        SQLSMALLINT toldType = 0;
+        const void* toldPlace = nullptr;
+        SQLULEN toldSize = 0;
+    };
+
+    Parameter& parameter(int number);
+    void bindNumber(int number, long long value);
+    void tell(int number, Parameter& value, SQLSMALLINT driverType, SQLSMALLINT type, SQLULEN size, void* place);
+    void executeDefinition();
+    void check(SQLRETURN outcome) const;
+
+    Session& session_;
+    Translation translation_;
+    StatementHandle handle_;
+    std::deque<Parameter> parameters_;  // a deque, since the driver holds the places of the values
+    Rows rows_;
+};
+
+}  // namespace orvent::odbc

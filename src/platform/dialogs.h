@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace orvent::platform {
+
+/// The picture of a message box.
+enum class Icon { none, information, question, warning, critical };
+
+/// The buttons of a message box.
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
+
+/// The button that was pressed. Closing the box counts as `cancel`, or `no` where there is no Cancel, or `ok`.
+enum class Answer { ok, cancel, yes, no };
+
+/// Modal message boxes.
+class MessageBox {
+  public:
+    virtual ~MessageBox() = default;
+
+    /// Shows the box and waits for the answer. An empty title shows the program's name.
+    virtual Answer show(const std::string& text, const std::string& title, Icon icon, Buttons buttons) = 0;
+
+    void tell(const std::string& text, const std::string& title = {}, Icon icon = Icon::none) {
+        show(text, title, icon, Buttons::ok);
+    }
+};
+
+/// A modal box that asks for one line of text.
+class InputBox {
+  public:
+    virtual ~InputBox() = default;
+
+    /// The text given; Cancel gives the empty text.
+    virtual std::string ask(const std::string& prompt, const std::string& title, const std::string& proposal) = 0;
+};
+
+/// Choosing a file.
+class FileDialog {
+  public:
+    virtual ~FileDialog() = default;
+
+    /// The path of an existing file, or empty when none was chosen. `filter` is "words|pattern", as in
+    /// "SQL Files (*.sql)|*.sql".
+    virtual std::string openFile(const std::string& filter) = 0;
+};
+
+/// Choosing a colour.
+class ColourDialog {
+  public:
+    virtual ~ColourDialog() = default;
+
+    /// 24-bit colours with blue in the high byte; empty when the dialog was cancelled.
+    virtual std::optional<std::int32_t> choose(std::int32_t present) = 0;
+};
+
+/// What the frame shows of a step under way.
+class Progress {
+  public:
+    virtual ~Progress() = default;
+
+    /// The pointer's shape over the program: 1 ordinary, 11 busy.
+    virtual void pointer(int shape) = 0;
+
+    /// The single text of the status bar.
+    virtual void status(const std::string& text) = 0;
+
+    /// How far a long step is, 0 to `total`; `total` 0 ends the display. May paint, but takes no user input.
+    virtual void step(std::size_t done, std::size_t total) = 0;
+};
+
+/// The help viewer.
+class HelpViewer {
+  public:
+    virtual ~HelpViewer() = default;
+
+    /// Opens the file of that path in the system's viewer; throws a `Fault` when it cannot.
+    virtual void open(const std::string& path) = 0;
+};
+
+/// Busy pointer while it lives.
+class Busy {
+  public:
+    explicit Busy(Progress& progress) : progress_(progress) { progress_.pointer(11); }
+    ~Busy() { progress_.pointer(1); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    Progress& progress_;
+};
+
+}  // namespace orvent::platform

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <optional>
+
+#include "canvas/canvas.h"
+#include "qt/canvas/grid_index.h"
+#include "qt/canvas/node_painter.h"
+#include "qt/canvas/paint_context.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+/// Shows a canvas: one painted viewport with scroll bars. It reads the canvas at each painting and keeps only an index
+/// of where the items lie; the canvas tells it of changes. The canvas and the theme must outlive it.
+class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
+    Q_OBJECT
+
+  public:
+    static constexpr double kLeastScale = 0.02;
+    static constexpr double kLargestScale = 8;
+
+    CanvasViewWidget(canvas::Canvas& canvas, const Theme& theme, QWidget* parent = nullptr);
+    ~CanvasViewWidget() override;
+
+    /// Pixels of the screen for 15 twips of the picture.
+    double scale() const { return scale_; }
+    /// Changes the scale, within the two limits; the picture stays where it is in the middle of the viewport.
+    void setScale(double scale);
+    /// The same, and the place under `anchor` (viewport pixels) stays.
+    void setScale(double scale, QPointF anchor);
+    /// Shows the whole picture, at most at twice its size.
+    void fit();
+
+    /// From pixels of the viewport to twips and back.
+    Transform transform() const;
+
+    /// The topmost node at a place, or nothing.
+    const canvas::LabelsD* nodeAt(canvas::Point place) const;
+    /// An edge that passes within `reach` pixels of a place, the topmost one, or nothing.
+    const canvas::LinesD* edgeAt(canvas::Point place, double reach) const;
+
+    /// What the view holds at the moment, for measurements: items in its index, captions laid out.
+    std::size_t indexedItems() const { return nodes_.count() + edges_.count(); }
+    std::size_t laidOutCaptions() const { return nodePainter_.captions(); }
+
+    void nodeChanged(const canvas::LabelsD& node) override;
+    void nodeRemoved(const canvas::LabelsD& node) override;
+    void edgeChanged(const canvas::LinesD& edge) override;
+    void edgeRemoved(const canvas::LinesD& edge) override;
+    void markersChanged() override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    template <class Item>
+    void itemChanged(ItemIndex<Item>& index, const Item& item);
+    template <class Item>
+    void itemRemoved(ItemIndex<Item>& index, const Item& item);
+    bool takesChange();
+    void markDirty(const Extent& extent);
+    void ensureIndex() const;
+    void settleSoon();
+    void settle();
+    void updateScrollBars();
+    std::optional<Extent> pictureBounds() const;
+    QRectF pictureArea() const;
+
+    void paintBackground(QPainter& painter, const QRect& area);
+    void paintPicture(const PaintContext& context, const QRegion& region);
+    void setPointedEdge(const canvas::LinesD* edge);
+    QString toolTipAt(QPoint place);
+
+    canvas::Canvas& canvas_;
+    const Theme& theme_;
+    double scale_ = 1;
+    mutable ItemIndex<canvas::LabelsD> nodes_;
+    mutable ItemIndex<canvas::LinesD> edges_;
+    mutable bool stale_ = true;  ///< the index has to be built anew before its next use
+    std::size_t changes_ = 0;    ///< since the last painting
+    int dirtyAreas_ = 0;         ///< asked for since the last painting
+    bool settling_ = false;
+    const canvas::LinesD* pointedEdge_ = nullptr;
+    canvas::Point shownGrabber_;
+    NodePainter nodePainter_;
+    QPixmap dots_;
+};
+
+}  // namespace orvent::qt

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QFont>
+#include <QStaticText>
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+
+namespace orvent::qt {
+
+/// How a caption is laid out in its box.
+enum class CaptionForm { line, strongLine, paragraph };
+
+/// Laid out captions of the nodes that were painted lately. A caption is laid out anew when its text, its room or the
+/// scale changed, so nobody has to tell the cache of changes.
+class CaptionCache {
+  public:
+    struct Caption {
+        QStaticText text;
+        QFont font;
+        bool elided = false;
+    };
+
+    explicit CaptionCache(const QFont& base) : base_(base) {}
+
+    void setFont(const QFont& base);
+
+    /// The caption of the node with that number for a room of that size in pixels.
+    const Caption& caption(std::int32_t index, std::string_view text, CaptionForm form, QSizeF room, double scale);
+
+    void forget(std::int32_t index) { entries_.erase(index); }
+    /// Drops everything once the cache holds more captions than a screen shows.
+    void trim();
+    std::size_t count() const { return entries_.size(); }
+
+  private:
+    struct Entry {
+        Caption caption;
+        std::size_t textHash = 0;
+        QSizeF room;
+        double scale = 0;
+    };
+
+    QFont base_;
+    std::unordered_map<std::int32_t, Entry> entries_;
+};
+
+}  // namespace orvent::qt

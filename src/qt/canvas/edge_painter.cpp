@@ -1,0 +1,244 @@
+#include "qt/canvas/edge_painter.h"
+
+#include <QVarLengthArray>
+#include <array>
+#include <string_view>
+
+#include "qt/canvas/node_shapes.h"
+#include "qt/theme/model_colour.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr double kClearance = 50;  // twips from a grab point to its box
+constexpr double kHaloWidth = 6;
+constexpr int kHalo = 0;  // no border style of the model
+
+struct DashRow {
+    std::int16_t style;
+    std::array<double, 4> pattern;  // in pen widths of 1 at scale 1
+    int parts;
+};
+
+constexpr std::array<DashRow, 3> kDashes = {{
+    {canvas::BorderDashed, {6, 4, 0, 0}, 2},
+    {canvas::BorderDotted, {1.5, 3.5, 0, 0}, 2},
+    {canvas::BorderDashDot, {7, 3, 1.5, 3}, 4},
+}};
+
+const DashRow* dashRow(int style) {
+    for (const DashRow& row : kDashes) {
+        if (row.style == style) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+struct ArrowRow {
+    std::string_view image;
+    QPointF direction;
+};
+
+const std::array<ArrowRow, 4> kArrows = {{
+    {"ArrowR", {1, 0}},
+    {"ArrowD", {0, 1}},
+    {"ArrowL", {-1, 0}},
+    {"ArrowU", {0, -1}},
+}};
+
+QPointF directionOf(std::string_view image) {
+    for (const ArrowRow& row : kArrows) {
+        if (row.image == image) {
+            return row.direction;
+        }
+    }
+    return {};
+}
+
+/// From a grab point towards its box, in twips, up to the outline. The upper and lower grab points of an activity lie
+/// inside its outline already.
+QPointF towardsBox(const canvas::LabelsD& node, int point) {
+    const QPointF direction = directionOf(node.LineArrowDirection(point));
+    if (node.NodeType() == canvas::NodeTypeActivity && direction.y() != 0) {
+        return direction * (kActivityWaist - 0.25) * static_cast<double>(node.Height());
+    }
+    return direction * kClearance;
+}
+
+canvas::Point moved(canvas::Point place, QPointF by) {
+    return {place.x + static_cast<float>(by.x()), place.y + static_cast<float>(by.y())};
+}
+
+}  // namespace
+
+bool cutTo(QLineF& line, const QRectF& area, double period) {
+    if (!std::isfinite(line.dx()) || !std::isfinite(line.dy())) {
+        return false;
+    }
+    double from = 0;
+    double to = 1;
+    const double dx = line.dx();
+    const double dy = line.dy();
+    const std::array<std::array<double, 2>, 4> sides = {{{-dx, line.x1() - area.left()},
+                                                         {dx, area.right() - line.x1()},
+                                                         {-dy, line.y1() - area.top()},
+                                                         {dy, area.bottom() - line.y1()}}};
+    for (const auto& [slope, room] : sides) {
+        if (slope == 0) {
+            if (room < 0) {
+                return false;
+            }
+        } else if (slope < 0) {
+            from = std::max(from, room / slope);
+        } else {
+            to = std::min(to, room / slope);
+        }
+    }
+    if (from > to) {
+        return false;
+    }
+    const double length = line.length();
+    if (period > 0 && length > 0) {
+        from = std::floor(from * length / period) * period / length;
+    }
+    line = QLineF(line.pointAt(from), line.pointAt(to));
+    return true;
+}
+
+std::vector<QLineF>& EdgePainter::run(QRgb colour, int style, double width) {
+    for (Run& run : runs_) {
+        if (run.colour == colour && run.style == style && run.width == width) {
+            return run.lines;
+        }
+    }
+    runs_.push_back({colour, style, width, {}});
+    return runs_.back().lines;
+}
+
+void EdgePainter::addSegment(QPointF from, QPointF to, QRgb colour, int style, double width) {
+    QLineF line(from, to);
+    const DashRow* dashes = context_.detail == Detail::coarse ? nullptr : dashRow(style);
+    double period = 0;
+    for (int i = 0; dashes && i < dashes->parts; ++i) {
+        period += context_.length(dashes->pattern[static_cast<std::size_t>(i)]);
+    }
+    if (from != to && cutTo(line, area_, period)) {
+        run(colour, dashes ? style : (style == kHalo ? kHalo : canvas::BorderSolid), width).push_back(line);
+    }
+}
+
+void EdgePainter::add(const canvas::LinesD& edge) {
+    const QColor plain = edge.Color() == 0 ? context_.colours.line : fromModel(edge.Color());
+    const QRgb colour = edge.Selected() ? context_.colours.accent.rgb() : plain.rgb();
+    const bool full = context_.detail == Detail::full;
+    const double width = context_.penWidth(full ? edge.BorderWidth : 0);
+    const auto place = [&](canvas::Point twips) { return context_.sharp(context_.transform.toPixels(twips), width); };
+    const canvas::LabelsD* from = full ? canvas_.Labels.byIndex(edge.FromLabel) : nullptr;
+    const canvas::LabelsD* to = full ? canvas_.Labels.byIndex(edge.ToLabel) : nullptr;
+    const bool partOf = edge.EdgeType() == canvas::EdgeTypePartOf;
+    // A grab point only stands near its box; the line runs on to the outline, unless a mark fills the gap.
+    const canvas::Point start{edge.X1(), edge.Y1()};
+    const canvas::Point middle{edge.Xm(), edge.Ym()};
+    const canvas::Point end{edge.X2(), edge.Y2()};
+    const bool reachesBack = from && !partOf;
+    const bool reachesOn = to && edge.arrowImage().empty();
+    QVarLengthArray<QPointF, 5> path;
+    path.push_back(place(reachesBack ? moved(start, towardsBox(*from, edge.FromGrabbingPoint)) : start));
+    if (start.x != middle.x || start.y != middle.y) {
+        if (reachesBack) {
+            path.push_back(place(start));
+        }
+        path.push_back(place(middle));
+    }
+    path.push_back(place(end));
+    if (reachesOn) {
+        path.push_back(place(moved(end, towardsBox(*to, edge.ToGrabbingPoint()))));
+    }
+    const QColor accent = context_.colours.accent;
+    for (qsizetype i = 0; i + 1 < path.size(); ++i) {
+        if (edge.Selected() && full) {
+            const QRgb halo = qRgba(accent.red(), accent.green(), accent.blue(), 70);
+            addSegment(path[i], path[i + 1], halo, kHalo, context_.length(kHaloWidth));
+        }
+        addSegment(path[i], path[i + 1], colour, edge.BorderStyle, width);
+    }
+    if (from && partOf) {
+        addPartOfMark(edge, *from, colour);
+    }
+    if (to && !edge.arrowImage().empty()) {
+        addArrow(edge, *to, colour);
+    }
+}
+
+void EdgePainter::addArrow(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour) {
+    const QPointF direction = directionOf(edge.arrowImage());
+    const canvas::Point reached = moved({edge.X2(), edge.Y2()}, towardsBox(target, edge.ToGrabbingPoint()));
+    const QPointF tip = context_.transform.toPixels(reached) - direction * context_.length(0.5);
+    const QPointF base = tip - direction * context_.length(8.5);
+    const QPointF side = QPointF(direction.y(), direction.x()) * context_.length(4);
+    marks_.push_back({colour, QPolygonF({tip, base + side, base - side})});
+}
+
+// A diamond whose inner tip touches the box.
+void EdgePainter::addPartOfMark(const canvas::LinesD& edge, const canvas::LabelsD& source, QRgb colour) {
+    const QPointF inwards = directionOf(source.LineArrowDirection(edge.FromGrabbingPoint));
+    const canvas::Point reached = moved({edge.X1(), edge.Y1()}, towardsBox(source, edge.FromGrabbingPoint));
+    const QPointF tip = context_.transform.toPixels(reached);
+    const QPointF along = (inwards.isNull() ? QPointF(-1, 0) : inwards) * -context_.length(4.5);
+    const QPointF side = QPointF(along.y(), along.x()) * 0.7;
+    marks_.push_back({colour, QPolygonF({tip, tip + along + side, tip + 2 * along, tip + along - side})});
+}
+
+void EdgePainter::paint() {
+    QPainter& painter = context_.painter;
+    const bool full = context_.detail == Detail::full;
+    for (const bool halo : {true, false}) {
+        for (const Run& run : runs_) {
+            if ((run.style == kHalo) != halo) {
+                continue;
+            }
+            QPen pen(QColor::fromRgba(run.colour), run.width);
+            // A round cap would cost the toolkit's fast way for wide lines; a square one joins right angles just as
+            // well.
+            pen.setCapStyle(full ? Qt::SquareCap : Qt::FlatCap);
+            if (const DashRow* dashes = dashRow(run.style)) {
+                QList<qreal> pattern;
+                for (int i = 0; i < dashes->parts; ++i) {
+                    pattern << context_.length(dashes->pattern[static_cast<std::size_t>(i)]) / run.width;
+                }
+                pen.setDashPattern(pattern);
+                pen.setCapStyle(Qt::FlatCap);
+            }
+            painter.setPen(pen);
+            painter.drawLines(run.lines.data(), static_cast<int>(run.lines.size()));
+        }
+    }
+    for (const Mark& mark : marks_) {
+        painter.setPen(
+            QPen(QColor::fromRgba(mark.colour), context_.penWidth(1), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(QColor::fromRgba(mark.colour));
+        painter.drawPolygon(mark.shape);
+    }
+}
+
+void paintHandles(const PaintContext& context, const canvas::LinesD& edge, bool strong) {
+    QPainter& painter = context.painter;
+    const double pen = context.penWidth(strong ? 1.5 : 1);
+    const double radius = std::max(2.0, context.length(3));
+    painter.setPen(QPen(strong ? context.colours.accent : context.colours.outline, pen));
+    painter.setBrush(context.colours.handleFill);
+    const auto handle = [&](float x, float y, bool round) {
+        const QPointF at = context.sharp(context.transform.toPixels(canvas::Point{x, y}), pen);
+        const QRectF box(at.x() - radius, at.y() - radius, 2 * radius, 2 * radius);
+        round ? painter.drawEllipse(box) : painter.drawRoundedRect(box, 1, 1);
+    };
+    handle(edge.X1(), edge.Y1(), false);
+    handle(edge.X2(), edge.Y2(), false);
+    if (edge.middleHandleVisible()) {
+        handle(edge.Xm(), edge.Ym(), true);
+    }
+}
+
+}  // namespace orvent::qt

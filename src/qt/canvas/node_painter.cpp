@@ -1,0 +1,186 @@
+#include "qt/canvas/node_painter.h"
+
+#include <cmath>
+
+#include "qt/canvas/node_shapes.h"
+#include "qt/theme/blend.h"
+#include "qt/theme/model_colour.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr std::int32_t kWhite = 0xFFFFFF;
+constexpr double kPictureMargin = 2;  // pixels around a kept picture
+constexpr int kLargestPicture = 512;  // device pixels; larger boxes are drawn each time
+constexpr std::size_t kMostPictures = 256;
+
+/// Relative luminance of a colour, 0 to 1 (WCAG 2).
+double luminance(const QColor& colour) {
+    const auto linear = [](double share) {
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const double x = luminance(a) + 0.05;
+    const double y = luminance(b) + 0.05;
+    return x > y ? x / y : y / x;
+}
+
+void paintSelection(const PaintContext& context, const QRectF& box) {
+    const double pen = context.penWidth(2);
+    const double gap = std::max(2.0, context.length(3));
+    context.painter.setPen(QPen(context.colours.accent, pen));
+    context.painter.setBrush(Qt::NoBrush);
+    const QRectF frame = context.sharp(box.adjusted(-gap, -gap, gap, gap), pen);
+    if (context.detail == Detail::full) {
+        context.painter.drawRoundedRect(frame, context.length(4), context.length(4));
+    } else {
+        context.painter.drawRect(frame);
+    }
+}
+
+/// The parts that tell the kinds apart at a glance.
+void paintMarks(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill,
+                const QPen& border) {
+    QPainter& painter = context.painter;
+    const double unit = context.transform.scale;
+    switch (kind) {
+        case canvas::NodeTypeActivity:
+            painter.fillPath(activityMouth(box, unit), context.colours.activity);
+            break;
+        case canvas::NodeTypeRecordSet:
+            painter.setPen(border);
+            painter.setBrush(context.colours.recordSet);
+            painter.drawPath(recordSetLid(box, unit));
+            break;
+        case canvas::NodeTypeComment:
+            painter.setPen(border);
+            painter.setBrush(blend(fill, QColor(Qt::black), 0.14));
+            painter.drawPath(commentFold(box, unit));
+            break;
+        case canvas::NodeTypeLog: {
+            painter.fillPath(logHeader(box, unit), context.colours.logHeader);
+            const double middle = logHeader(box, unit).boundingRect().center().y();
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(context.colours.lightText);
+            for (const double at : {6.0, 11.0, 16.0}) {
+                painter.drawEllipse(QPointF(box.left() + at * unit, middle), 1.3 * unit, 1.3 * unit);
+            }
+            break;
+        }
+        default:
+            break;
+    }
+}
+
+/// What is left of the marks at a small scale.
+void paintBand(const PaintContext& context, std::int32_t kind, const QRectF& box) {
+    const double pixel = context.penWidth(1) / 2;
+    const QRectF inside = box.adjusted(pixel, pixel, -pixel, -pixel);
+    if (kind == canvas::NodeTypeActivity) {
+        context.painter.fillRect(QRectF(inside.topLeft(), QSizeF(std::max(2.0, box.width() * 0.12), inside.height())),
+                                 context.colours.activity);
+    } else if (kind == canvas::NodeTypeRecordSet) {
+        context.painter.fillRect(QRectF(inside.topLeft(), QSizeF(inside.width(), std::max(2.0, box.height() * 0.25))),
+                                 context.colours.recordSet);
+    }
+}
+
+void drawBox(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill) {
+    const double pen = context.penWidth(1);
+    const QPen border(context.colours.outline, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    const QPainterPath outline = nodeShape(kind).outline(box, context.transform.scale);
+    context.painter.fillPath(outline, fill);
+    paintMarks(context, kind, box, fill, border);
+    context.painter.strokePath(outline, border);
+}
+
+}  // namespace
+
+QColor fillOf(const canvas::LabelsD& node, const CanvasColours& colours) {
+    return node.Color() == kWhite ? colours.paper : fromModel(node.Color());
+}
+
+QColor captionColour(const QColor& fill, const CanvasColours& colours) {
+    return contrast(fill, colours.lightText) > contrast(fill, colours.darkText) ? colours.lightText : colours.darkText;
+}
+
+void NodePainter::prepare(const PaintContext& context) {
+    captions_.trim();
+    if (context.transform.scale != scale_ || context.pixelRatio != pixelRatio_ || pictures_.size() > kMostPictures) {
+        scale_ = context.transform.scale;
+        pixelRatio_ = context.pixelRatio;
+        pictures_.clear();
+    }
+}
+
+void NodePainter::paintBox(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill) {
+    const int width = static_cast<int>(std::lround(box.width() * context.pixelRatio));
+    const int height = static_cast<int>(std::lround(box.height() * context.pixelRatio));
+    if (width > kLargestPicture || height > kLargestPicture) {
+        drawBox(context, kind, box, fill);
+        return;
+    }
+    // Boxes stand on whole device pixels, so the same picture fits all of them.
+    QPixmap& picture = pictures_[{kind, width, height, fill.rgb()}];
+    const double margin =
+        kPictureMargin + box.left() - std::floor(box.left() * context.pixelRatio) / context.pixelRatio;
+    if (picture.isNull()) {
+        const int around = static_cast<int>(std::ceil(2 * (kPictureMargin + 1) * context.pixelRatio));
+        picture = QPixmap(width + around, height + around);
+        picture.setDevicePixelRatio(context.pixelRatio);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const PaintContext inside{painter, context.transform, context.colours, context.pixelRatio, context.detail};
+        drawBox(inside, kind, QRectF(QPointF(margin, margin), box.size()), fill);
+    }
+    context.painter.drawPixmap(box.topLeft() - QPointF(margin, margin), picture);
+}
+
+void NodePainter::paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box,
+                               const QColor& fill) {
+    const NodeShape& shape = nodeShape(node.NodeType());
+    const QRectF room = shape.captionRoom(box, context.transform.scale);
+    if (room.width() < 4 || node.shownText().empty()) {
+        return;
+    }
+    const CaptionCache::Caption& caption =
+        captions_.caption(node.Index(), node.shownText(), shape.form, room.size(), context.transform.scale);
+    const QSizeF size = caption.text.size();
+    QPointF at(room.left(), room.top());
+    if (shape.form != CaptionForm::paragraph) {
+        at = QPointF(room.center().x() - size.width() / 2, room.center().y() - size.height() / 2);
+    }
+    context.painter.setFont(caption.font);
+    context.painter.setPen(captionColour(fill, context.colours));
+    context.painter.drawStaticText(context.sharp(at, 0), caption.text);
+}
+
+void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, bool selected) {
+    QPainter& painter = context.painter;
+    const QColor fill = fillOf(node, context.colours);
+    const QRectF place = context.transform.toPixels(boxOf(node));
+    const double pen = context.penWidth(1);
+    if (context.detail == Detail::coarse) {
+        painter.fillRect(place, fill == context.colours.paper ? context.colours.outline : fill);
+    } else if (context.detail == Detail::plain) {
+        const QRectF box = context.sharp(place, pen);
+        painter.setPen(QPen(context.colours.outline, pen));
+        painter.setBrush(fill);
+        painter.drawRect(box);
+        paintBand(context, node.NodeType(), box);
+    } else {
+        const QRectF box = context.sharp(place, pen);
+        paintBox(context, node.NodeType(), box, fill);
+        paintCaption(context, node, box, fill);
+    }
+    if (selected) {
+        paintSelection(context, place);
+    }
+}
+
+}  // namespace orvent::qt

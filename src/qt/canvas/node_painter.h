@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QPixmap>
+#include <map>
+#include <tuple>
+
+#include "canvas/labels.h"
+#include "qt/canvas/captions.h"
+#include "qt/canvas/paint_context.h"
+
+namespace orvent::qt {
+
+/// The colour that a node's box is filled with.
+QColor fillOf(const canvas::LabelsD& node, const CanvasColours& colours);
+
+/// The better readable of the two caption colours on a fill.
+QColor captionColour(const QColor& fill, const CanvasColours& colours);
+
+/// Paints nodes: shape by kind, fill by colour, caption, and an outline around a selected one. Boxes of one kind, size
+/// and colour look alike, so each such picture is drawn once and kept.
+class NodePainter {
+  public:
+    explicit NodePainter(const QFont& font) : captions_(font) {}
+
+    void paint(const PaintContext& context, const canvas::LabelsD& node, bool selected);
+
+    /// Call it before a round of painting; it drops what no longer fits the scale and what has grown too large.
+    void prepare(const PaintContext& context);
+    /// Drops the kept pictures, for other colours.
+    void forgetPictures() { pictures_.clear(); }
+    void forgetCaption(std::int32_t index) { captions_.forget(index); }
+    void setFont(const QFont& font) { captions_.setFont(font); }
+    std::size_t captions() const { return captions_.count(); }
+
+  private:
+    using PictureKey = std::tuple<std::int32_t, int, int, QRgb>;  // kind, width and height in device pixels, fill
+
+    void paintBox(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill);
+    void paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box, const QColor& fill);
+
+    CaptionCache captions_;
+    std::map<PictureKey, QPixmap> pictures_;
+    double scale_ = 0;
+    double pixelRatio_ = 0;
+};
+
+}  // namespace orvent::qt

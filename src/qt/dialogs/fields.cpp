@@ -1,0 +1,76 @@
+#include "qt/dialogs/fields.h"
+
+#include <QPainter>
+
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr int kFieldWidth = 240;
+constexpr int kFieldHeight = 28;  // as buttons
+constexpr int kRowHeight = 28;
+
+}  // namespace
+
+QFormLayout* newForm() {
+    auto* form = new QFormLayout;
+    form->setHorizontalSpacing(Spacing::margin);
+    form->setVerticalSpacing(Spacing::gap);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignTop);
+    return form;
+}
+
+QLabel* newCaption(const QString& caption, QWidget* parent) {
+    auto* label = new QLabel(caption, parent);
+    label->setMinimumHeight(kFieldHeight);
+    return label;
+}
+
+QComboBox* newChoice(const QString& name, QWidget* parent) {
+    auto* choice = new QComboBox(parent);
+    choice->setObjectName(name);
+    choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    choice->setMinimumSize(kFieldWidth, kFieldHeight);
+    return choice;
+}
+
+QLineEdit* newField(const QString& name, QWidget* parent) {
+    auto* field = new QLineEdit(parent);
+    field->setObjectName(name);
+    field->setMinimumSize(kFieldWidth, kFieldHeight);
+    return field;
+}
+
+HintList::HintList(QString hint, QWidget* parent) : QListWidget(parent), hint_(std::move(hint)) {
+    setIconSize({Spacing::icon, Spacing::icon});
+    setUniformItemSizes(true);
+}
+
+QListWidgetItem* HintList::addRow(const QIcon& icon) {
+    auto* row = new QListWidgetItem(icon, QString(), this);
+    row->setSizeHint({0, kRowHeight});
+    return row;
+}
+
+void HintList::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (count() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect().adjusted(Spacing::margin, 0, -Spacing::margin, 0),
+                         Qt::AlignCenter | Qt::TextWordWrap, hint_);
+    }
+}
+
+void HintList::focusInEvent(QFocusEvent* event) {
+    QListWidget::focusInEvent(event);
+    // The toolkit makes the first row current without selecting it, so that the first arrow key would skip it.
+    if (selectedItems().isEmpty()) {
+        setCurrentIndex(QModelIndex());
+    }
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+
+namespace orvent::qt {
+
+/// A form of labels and fields, spaced as in all dialogs.
+QFormLayout* newForm();
+
+/// The caption of a row of a form, on the line of the field beside it.
+QLabel* newCaption(const QString& caption, QWidget* parent);
+
+/// A text field of that object name.
+QLineEdit* newField(const QString& name, QWidget* parent);
+
+/// A choice of one of several.
+QComboBox* newChoice(const QString& name, QWidget* parent);
+
+/// A list that tells in its middle why it is empty.
+class HintList : public QListWidget {
+    Q_OBJECT
+
+  public:
+    HintList(QString hint, QWidget* parent);
+
+    /// A new last row.
+    QListWidgetItem* addRow(const QIcon& icon);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+  private:
+    QString hint_;
+};
+
+}  // namespace orvent::qt

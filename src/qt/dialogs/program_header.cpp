@@ -1,0 +1,63 @@
+#include "qt/dialogs/program_header.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+
+#include "qt/theme/icons.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr int kPicture = 56;
+
+/// Draws an icon at its label's own pixel ratio, whatever screen it is moved to.
+class Picture : public QWidget {
+  public:
+    Picture(const QIcon& icon, int size, QWidget* parent) : QWidget(parent), icon_(icon) { setFixedSize(size, size); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        icon_.paint(&painter, rect());
+    }
+
+  private:
+    QIcon icon_;
+};
+
+}  // namespace
+
+QWidget* newPicture(const QIcon& icon, int size, QWidget* parent) {
+    return new Picture(icon, size, parent);
+}
+
+QLabel* newHint(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(text, parent);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QWidget* newProgramHeader(const QString& line, QWidget* parent) {
+    auto* header = new QWidget(parent);
+    auto* name = new QLabel(QStringLiteral("ORVENT II"), header);
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.9);
+    large.setWeight(QFont::DemiBold);
+    name->setFont(large);
+
+    auto* grid = new QGridLayout(header);
+    grid->setContentsMargins({});
+    grid->setHorizontalSpacing(Spacing::margin);
+    grid->setVerticalSpacing(0);
+    grid->addWidget(new Picture(programIcon(), kPicture, header), 0, 0, 2, 1);
+    grid->addWidget(name, 0, 1, Qt::AlignBottom);
+    grid->addWidget(newHint(line, header), 1, 1, Qt::AlignTop);
+    grid->setColumnStretch(1, 1);
+    return header;
+}
+
+}  // namespace orvent::qt

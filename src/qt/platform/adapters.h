@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <functional>
+#include <optional>
+
+#include "platform/dialogs.h"
+
+class QLabel;
+class QProgressBar;
+class QStatusBar;
+class QUrl;
+
+namespace orvent::qt {
+
+/// The name that stands over boxes without a title of their own.
+inline constexpr const char* kProgramName = "ORVENT II";
+
+/// The modal boxes below belong to the window in front.
+class QtMessageBox : public platform::MessageBox {
+  public:
+    platform::Answer show(const std::string& text, const std::string& title, platform::Icon icon,
+                          platform::Buttons buttons) override;
+};
+
+class QtInputBox : public platform::InputBox {
+  public:
+    std::string ask(const std::string& prompt, const std::string& title, const std::string& proposal) override;
+};
+
+class QtFileDialog : public platform::FileDialog {
+  public:
+    std::string openFile(const std::string& filter) override;
+};
+
+/// "SQL Files (*.sql)|*.sql" in the form that the toolkit's file dialog wants; several pairs may follow each other.
+QString toolkitFilter(const std::string& filter);
+
+class QtColourDialog : public platform::ColourDialog {
+  public:
+    std::optional<std::int32_t> choose(std::int32_t present) override;
+};
+
+/// Pointer shape over the whole program, and text and progress in the status bar of the frame.
+class QtProgress : public platform::Progress {
+  public:
+    QtProgress() = default;
+    ~QtProgress() override;
+
+    /// The status bar to use; it must outlive this object or be taken away with null. Before that, texts go nowhere.
+    void attach(QStatusBar* bar);
+
+    void pointer(int shape) override;
+    void status(const std::string& text) override;
+    void step(std::size_t done, std::size_t total) override;
+
+  private:
+    QLabel* label_ = nullptr;
+    QProgressBar* bar_ = nullptr;
+    bool busy_ = false;
+    QElapsedTimer sincePaint_;
+};
+
+class QtHelpViewer : public platform::HelpViewer {
+  public:
+    using Opener = std::function<bool(const QUrl&)>;
+
+    QtHelpViewer();
+    explicit QtHelpViewer(Opener opener) : opener_(std::move(opener)) {}
+
+    void open(const std::string& path) override;
+
+  private:
+    Opener opener_;
+};
+
+}  // namespace orvent::qt

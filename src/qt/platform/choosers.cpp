@@ -1,0 +1,47 @@
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QStringList>
+
+#include "qt/platform/adapters.h"
+#include "qt/theme/model_colour.h"
+
+namespace orvent::qt {
+
+std::string QtInputBox::ask(const std::string& prompt, const std::string& title, const std::string& proposal) {
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(QString::fromStdString(title.empty() ? kProgramName : title));
+    dialog.setLabelText(QString::fromStdString(prompt));
+    dialog.setTextValue(QString::fromStdString(proposal));
+    dialog.resize(360, dialog.sizeHint().height());
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue().toStdString() : std::string();
+}
+
+QString toolkitFilter(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
+    QStringList pairs;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString words = parts[i];
+        const qsizetype bracket = words.lastIndexOf(QLatin1Char('('));
+        if (bracket >= 0 && words.endsWith(QLatin1Char(')'))) {
+            words.truncate(bracket);
+        }
+        QString pattern = parts[i + 1];
+        pairs << QStringLiteral("%1 (%2)").arg(words.trimmed(), pattern.replace(QLatin1Char(';'), QLatin1Char(' ')));
+    }
+    return pairs.join(QStringLiteral(";;"));
+}
+
+std::string QtFileDialog::openFile(const std::string& filter) {
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), toolkitFilter(filter))
+        .toStdString();
+}
+
+std::optional<std::int32_t> QtColourDialog::choose(std::int32_t present) {
+    const QColor chosen = QColorDialog::getColor(fromModel(present), QApplication::activeWindow());
+    return chosen.isValid() ? std::optional(toModel(chosen)) : std::nullopt;
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,25 @@
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
+#include "platform/fault.h"
+#include "qt/platform/adapters.h"
+
+namespace orvent::qt {
+
+QtHelpViewer::QtHelpViewer() : opener_([](const QUrl& url) { return QDesktopServices::openUrl(url); }) {}
+
+void QtHelpViewer::open(const std::string& path) {
+    const QFileInfo file(QString::fromStdString(path));
+    if (!file.isFile()) {
+        throw platform::Fault(path + "\nThe help file does not exist.");
+    }
+    if (!file.isReadable()) {
+        throw platform::Fault(path + "\nThe help file cannot be read.");
+    }
+    if (!opener_(QUrl::fromLocalFile(file.absoluteFilePath()))) {
+        throw platform::Fault(path + "\nNo program on this desktop opens this kind of file.");
+    }
+}
+
+}  // namespace orvent::qt

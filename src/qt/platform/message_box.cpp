@@ -1,0 +1,74 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <array>
+
+#include "qt/platform/adapters.h"
+
+namespace orvent::qt {
+
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+
+struct ButtonRow {
+    Buttons asked;
+    QMessageBox::StandardButtons shown;
+    QMessageBox::StandardButton standard;  ///< pressed by Return
+    QMessageBox::StandardButton escape;    ///< meant by closing the box
+};
+
+const std::array<ButtonRow, 4> kButtons = {{
+    {Buttons::ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
+    {Buttons::okCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
+    {Buttons::yesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
+    {Buttons::yesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+     QMessageBox::Cancel},
+}};
+
+QMessageBox::Icon pictureOf(platform::Icon icon) {
+    switch (icon) {
+        case platform::Icon::information:
+            return QMessageBox::Information;
+        case platform::Icon::question:
+            return QMessageBox::Question;
+        case platform::Icon::warning:
+            return QMessageBox::Warning;
+        case platform::Icon::critical:
+            return QMessageBox::Critical;
+        case platform::Icon::none:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::yes;
+        case QMessageBox::No:
+            return Answer::no;
+        case QMessageBox::Cancel:
+            return Answer::cancel;
+        default:
+            return Answer::ok;
+    }
+}
+
+}  // namespace
+
+Answer QtMessageBox::show(const std::string& text, const std::string& title, platform::Icon icon, Buttons buttons) {
+    const ButtonRow& row = kButtons[static_cast<std::size_t>(buttons)];
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(QString::fromStdString(title.empty() ? kProgramName : title));
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setText(QString::fromStdString(text));
+    box.setIcon(pictureOf(icon));
+    box.setStandardButtons(row.shown);
+    box.setDefaultButton(row.standard);
+    box.setEscapeButton(row.escape);
+    return answerOf(box.exec());
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "qt/dialogs/dialog_base.h"
+#include "repository/view_scenarios.h"
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QListWidgetItem;
+class QMenu;
+
+namespace orvent::qt {
+
+class HintList;
+
+/// The window of `ViewScenarios`, in the mode that was set up.
+class ViewScenariosWindow : public DialogBase {
+    Q_OBJECT
+
+  public:
+    explicit ViewScenariosWindow(repository::ViewScenarios& logic, QWidget* parent = nullptr);
+
+  private:
+    void buildList();
+    void buildMenu();
+    void showState();
+    void choose(int item);
+    void renameLater(QListWidgetItem* item);
+
+    repository::ViewScenarios& logic_;
+    QLabel* lblScenarios;
+    HintList* ScenarioView;
+    QLabel* lblScenarioName;
+    QLineEdit* txtScenarioName;
+    QPushButton* OKButton;
+    QMenu* ScenarioViewM;
+    QAction* ScenarioViewRenameM;
+    QAction* ScenarioViewDeleteM;
+};
+
+}  // namespace orvent::qt

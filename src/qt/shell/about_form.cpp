@@ -1,0 +1,26 @@
+#include "qt/shell/about_form.h"
+
+#include <QCoreApplication>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "qt/dialogs/program_header.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr int kWidth = 340;
+
+}  // namespace
+
+AboutForm::AboutForm(QWidget* parent) : DialogBase(tr("About ORVENT II"), parent) {
+    setObjectName(QStringLiteral("AboutForm"));
+    body().addWidget(newProgramHeader(tr("Version %1").arg(QCoreApplication::applicationVersion()), this));
+    body().addWidget(newHint(tr("Free software under the MIT licence."), this));
+    body().addStretch();
+    setMinimumWidth(kWidth);
+    addAccept(QStringLiteral("cmdOK"), tr("OK"), [] { return true; });
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,80 @@
+#include "qt/shell/command_actions.h"
+
+#include <QAction>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include "qt/theme/icons.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::qt {
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QAction* CommandActions::newAction(std::string_view name, std::string_view caption, std::string_view iconName,
+                                   shell::Command command, QObject* parent) {
+    auto* action = new QAction(text(caption), parent);
+    action->setObjectName(text(name));
+    action->setMenuRole(QAction::NoRole);
+    if (!iconName.empty()) {
+        action->setIcon(icon(text(iconName)));
+    }
+    connect(action, &QAction::triggered, this, [this, command] { run_(command); });
+    return action;
+}
+
+void CommandActions::addItem(QMenu& menu, const shell::MenuItem& item) {
+    if (item.caption.empty()) {
+        entries_.push_back({menu.addSeparator(), item.command, item.shown, true});
+        return;
+    }
+    QAction* action = newAction(item.name, item.caption, item.icon, item.command, &menu);
+    action->setShortcut(QKeySequence(text(item.shortcut), QKeySequence::PortableText));
+    menu.addAction(action);
+    entries_.push_back({action, item.command, item.shown, false});
+}
+
+void CommandActions::fill(QMenuBar& bar) {
+    for (const shell::Menu& menu : shell::menus()) {
+        QMenu* shown = bar.addMenu(QLatin1Char('&') + text(menu.caption));
+        shown->setObjectName(text(menu.name));
+        for (const shell::MenuItem& item : menu.items) {
+            addItem(*shown, item);
+        }
+    }
+}
+
+void CommandActions::fill(QToolBar& bar) {
+    for (const shell::Button& button : shell::menuBar()) {
+        QAction* action = newAction(button.key, button.key, button.icon, button.command, &bar);
+        action->setToolTip(text(button.text));
+        bar.addAction(action);
+        entries_.push_back({action, button.command, shell::Shown::always, false});
+    }
+}
+
+QAction* CommandActions::add(const shell::Button& button, QObject* parent) {
+    QAction* action = newAction(button.key, button.text, button.icon, button.command, parent);
+    entries_.push_back({action, button.command, shell::Shown::always, false});
+    return action;
+}
+
+QAction* CommandActions::menuAction(std::string_view name) const {
+    for (const Entry& entry : entries_) {
+        if (qobject_cast<QMenu*>(entry.action->parent()) && entry.action->objectName() == text(name)) {
+            return entry.action;
+        }
+    }
+    return nullptr;
+}
+
+void CommandActions::refresh(const shell::MDIForm1& logic) {
+    for (const Entry& entry : entries_) {
+        entry.action->setVisible(logic.isShown(entry.shown));
+        entry.action->setEnabled(!entry.separator && logic.isEnabled(entry.command));
+    }
+}
+
+}  // namespace orvent::qt

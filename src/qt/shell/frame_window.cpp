@@ -1,0 +1,209 @@
+#include "qt/shell/frame_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <cstdio>
+#include <cstdlib>
+
+#include "qt/repository/user_login_window.h"
+#include "qt/repository/view_scenarios_window.h"
+#include "qt/shell/about_form.h"
+#include "qt/shell/scenario_area.h"
+#include "qt/shell/scenario_window.h"
+#include "qt/shell/side_menu.h"
+#include "qt/shell/welcome_page.h"
+#include "qt/theme/theme.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+
+struct Choice {
+    std::string_view item;
+    const char* line;
+};
+
+constexpr Choice kFirstSteps[] = {
+    {"NewScenarioM", QT_TR_NOOP("Start with an empty canvas.")},
+    {"LoadScenarioM", QT_TR_NOOP("Open one of your scenarios from the repository.")},
+    {"LoadTestGraph", QT_TR_NOOP("Look around in a ready-made example.")},
+};
+
+}  // namespace
+
+FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
+    : theme_(theme),
+      endAtOnce_(std::move(endAtOnce)),
+      commands_([this](shell::Command command) { run(command); }, nullptr) {
+    setObjectName(QStringLiteral("MDIForm1"));
+    buildCommands();
+    buildCentre();
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->setSizeGripEnabled(false);
+    whoAndWhere_ = new QLabel(this);
+    whoAndWhere_->setObjectName(QStringLiteral("whoAndWhere"));
+    whoAndWhere_->setTextFormat(Qt::PlainText);
+    whoAndWhere_->setForegroundRole(QPalette::PlaceholderText);
+    whoAndWhere_->setContentsMargins(Spacing::gap, 2, Spacing::gap, 2);
+    showTitle();
+}
+
+FrameWindow::~FrameWindow() {
+    detach();
+}
+
+void FrameWindow::attach(shell::MDIForm1& logic) {
+    logic_ = &logic;
+    statusBar()->addPermanentWidget(whoAndWhere_);  // at the right of what a progress display has put there
+    commandsChanged();
+}
+
+void FrameWindow::detach() {
+    logic_ = nullptr;
+    area_->dropAll();
+}
+
+void FrameWindow::buildCommands() {
+    commands_.fill(*menuBar());
+    windowMenu_ = new QMenu(tr("&Window"), this);
+    windowMenu_->setObjectName(QStringLiteral("WindowM"));
+    menuBar()->insertMenu(menuBar()->actions().constLast(), windowMenu_);
+    connect(windowMenu_, &QMenu::aboutToShow, this, [this] { area_->fillMenu(*windowMenu_); });
+
+    toolBar_ = addToolBar(tr("General"));
+    toolBar_->setObjectName(QStringLiteral("MenuBar"));
+    toolBar_->setMovable(false);
+    toolBar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);
+    commands_.fill(*toolBar_);
+}
+
+void FrameWindow::buildCentre() {
+    auto* welcome = new WelcomePage(this);
+    for (const Choice& step : kFirstSteps) {
+        welcome->addChoice(*commands_.menuAction(step.item), tr(step.line));
+    }
+    area_ = new ScenarioArea(this);
+    connect(area_, &ScenarioArea::activeChanged, this, &FrameWindow::commandsChanged);
+    centre_ = new QStackedWidget(this);
+    centre_->addWidget(welcome);
+    centre_->addWidget(area_);
+
+    auto* row = new QWidget(this);
+    auto* columns = new QHBoxLayout(row);
+    columns->setContentsMargins({});
+    columns->setSpacing(0);
+    columns->addWidget(new SideMenu(commands_, row));
+    columns->addWidget(centre_, 1);
+    setCentralWidget(row);
+}
+
+void FrameWindow::run(shell::Command command) {
+    if (logic_ && takesInput_) {
+        logic_->run(command);
+    }
+}
+
+void FrameWindow::showScenario(canvas::DrawForm& form) {
+    centre_->setCurrentWidget(area_);
+    area_->add(new ScenarioWindow(form, theme_, [this](canvas::DrawForm& asked) { logic_->closeScenario(asked); }));
+}
+
+void FrameWindow::dropScenario(canvas::DrawForm& form) {
+    if (ScenarioWindow* window = area_->windowOf(form)) {
+        area_->drop(window);
+    }
+}
+
+canvas::DrawForm* FrameWindow::activeScenario() {
+    return area_->activeScenario();
+}
+
+QWidget* FrameWindow::dialogParent() {
+    return isVisible() ? this : nullptr;
+}
+
+void FrameWindow::runUserLogin(repository::UserLogin& login) {
+    UserLoginWindow(login, logic_->services(), dialogParent()).exec();
+}
+
+void FrameWindow::runViewScenarios(repository::ViewScenarios& dialog) {
+    ViewScenariosWindow(dialog, dialogParent()).exec();
+}
+
+void FrameWindow::runAbout() {
+    AboutForm(dialogParent()).exec();
+}
+
+void FrameWindow::placeFrame(int left, int top, int width, int height) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect place(left / kTwipsPerPixel, top / kTwipsPerPixel, width / kTwipsPerPixel, height / kTwipsPerPixel);
+    place.setSize(place.size().expandedTo(minimumSizeHint()).boundedTo(screen.size()));
+    place.translate(screen.topLeft());
+    place.moveRight(std::min(place.right(), screen.right()));
+    place.moveBottom(std::min(place.bottom(), screen.bottom()));
+    setGeometry(place);
+    showMaximized();
+}
+
+void FrameWindow::enableFrame(bool enabled) {
+    if (enabled == takesInput_) {
+        return;
+    }
+    takesInput_ = enabled;
+    if (!enabled) {
+        focusBefore_ = focusWidget();
+    }
+    // Not the frame itself: a message box of the step under way is its child and must be answered.
+    menuBar()->setEnabled(enabled);
+    toolBar_->setEnabled(enabled);
+    centralWidget()->setEnabled(enabled);
+    if (enabled && focusBefore_) {
+        focusBefore_->setFocus();
+    }
+}
+
+void FrameWindow::commandsChanged() {
+    if (!logic_) {
+        return;
+    }
+    commands_.refresh(*logic_);
+    windowMenu_->menuAction()->setVisible(logic_->isShown(shell::Shown::withScenario));
+    centre_->setCurrentIndex(logic_->anyScenario() ? 1 : 0);
+    const repository::LoginValues& login = logic_->options().repository.login;
+    whoAndWhere_->setText(login.User.empty() ? QString()
+                                             : tr("%1 @ %2").arg(text(login.User), text(login.ReposConnString)));
+    showTitle();
+}
+
+void FrameWindow::showTitle() {
+    const canvas::DrawForm* form = activeScenario();
+    const QString program = QStringLiteral("ORVENT II");
+    setWindowTitle(form ? tr("%1 — %2").arg(text(form->Caption()), program) : program);
+    area_->refresh();
+}
+
+void FrameWindow::closeEvent(QCloseEvent* event) {
+    // Refused first: a fault on the way leaves the frame open.
+    event->ignore();
+    if (takesInput_ && (!logic_ || logic_->unload())) {
+        event->accept();
+    }
+}
+
+void FrameWindow::leaveProcess() {
+    std::fflush(nullptr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+
+#include "qt/shell/command_actions.h"
+#include "shell/frame_host.h"
+
+class QLabel;
+class QStackedWidget;
+
+namespace orvent::qt {
+
+class ScenarioArea;
+class Theme;
+
+/// The window of `MDIForm1`: menus, tool bar, vertical menu, the scenarios' windows and the status bar. It shows the
+/// state of the frame's logic and hands every command to it.
+class FrameWindow : public QMainWindow, public shell::FrameHost {
+    Q_OBJECT
+
+  public:
+    /// `endAtOnce` ends the process; the standard one writes out all open files and leaves without any clean-up, since
+    /// dialogs may be open in nested event loops.
+    explicit FrameWindow(const Theme& theme, std::function<void()> endAtOnce = leaveProcess);
+    ~FrameWindow() override;
+
+    /// Gives the frame its logic, which needs the frame first. Commands do nothing before.
+    void attach(shell::MDIForm1& logic);
+    /// Takes the logic away before it goes; the windows of its scenarios go now.
+    void detach();
+
+    /// The scenarios' windows.
+    ScenarioArea& area() { return *area_; }
+
+    // FrameHost
+    void showScenario(canvas::DrawForm& form) override;
+    void dropScenario(canvas::DrawForm& form) override;
+    canvas::DrawForm* activeScenario() override;
+    void runUserLogin(repository::UserLogin& login) override;
+    void runViewScenarios(repository::ViewScenarios& dialog) override;
+    void runAbout() override;
+    void placeFrame(int left, int top, int width, int height) override;
+    void enableFrame(bool enabled) override;
+    void commandsChanged() override;
+    void unloadFrame() override { close(); }
+    void endProgram() override { endAtOnce_(); }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    static void leaveProcess();
+
+    void buildCommands();
+    void buildCentre();
+    void run(shell::Command command);
+    void showTitle();
+    QWidget* dialogParent();
+
+    const Theme& theme_;
+    std::function<void()> endAtOnce_;
+    shell::MDIForm1* logic_ = nullptr;
+    CommandActions commands_;
+    QMenu* windowMenu_ = nullptr;
+    QToolBar* toolBar_ = nullptr;
+    QStackedWidget* centre_ = nullptr;
+    ScenarioArea* area_ = nullptr;
+    QLabel* whoAndWhere_ = nullptr;
+    bool takesInput_ = true;
+    QPointer<QWidget> focusBefore_;  ///< where the focus was when the frame was disabled
+};
+
+}  // namespace orvent::qt

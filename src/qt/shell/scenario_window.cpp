@@ -1,0 +1,57 @@
+#include "qt/shell/scenario_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+
+#include "qt/canvas/canvas_view.h"
+#include "qt/theme/icons.h"
+
+namespace orvent::qt {
+
+ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, AskClose askClose)
+    : form_(&form), askClose_(std::move(askClose)) {
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    // Tabs take the place of a maximized window, for which the toolkit would rewrite the frame's title.
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    // The keys are those of the frame's menu; the same key in both places would do nothing.
+    for (QAction* action : systemMenu()->actions()) {
+        action->setShortcuts(QList<QKeySequence>());
+    }
+    setWindowIcon(icon(QStringLiteral("scenario")));
+    auto* view = new CanvasViewWidget(form, theme, this);
+    setWidget(view);
+    setFocusProxy(view);
+    form_->captionChanged = [this] { showCaption(); };
+    showCaption();
+}
+
+ScenarioWindow::~ScenarioWindow() {
+    release();
+}
+
+void ScenarioWindow::release() {
+    if (form_) {
+        form_->captionChanged = nullptr;
+        form_ = nullptr;
+        delete widget();
+    }
+}
+
+void ScenarioWindow::showEnabled() {
+    setEnabled(form_ && form_->Enabled);
+}
+
+void ScenarioWindow::showCaption() {
+    setWindowTitle(QString::fromStdString(form_->Caption()));
+    Q_EMIT captionChanged();
+}
+
+void ScenarioWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (form_) {
+        askClose_(*form_);
+    }
+}
+
+}  // namespace orvent::qt

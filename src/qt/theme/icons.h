@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+namespace orvent::qt {
+
+/// One of the program's own icons by its file name without ending ("save", "record-set"). It takes the colour of the
+/// text around it, so it follows a change of the theme, and is drawn anew for each size and pixel ratio.
+QIcon icon(const QString& name);
+
+/// The coloured picture that stands for the program.
+QIcon programIcon();
+
+}  // namespace orvent::qt

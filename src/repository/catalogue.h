@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "entities/name_tables.h"
+#include "entities/type_records.h"
+#include "repository/services.h"
+
+namespace orvent::repository {
+
+/// The type catalogue: its name tables, and the ways from and to the repository. Every operation opens a connection
+/// of its own, and nothing runs in a transaction. Save and update operations throw the first error and leave what was
+/// written before it; deletions tell theirs.
+class Catalogue : public entities::FunctionTypeSource {
+  public:
+    /// `endProgram` ends the program at once, without questions.
+    Catalogue(Services& services, std::function<void()> endProgram);
+
+    entities::CatalogueTables tables;
+
+    // Refill the name tables. A failure is told and ends the program.
+    void LoadDataTypes();
+    void LoadFunctionTypes();
+    void LoadActivityTypes();
+
+    // Read one whole type by its index. A failed read tells nothing and gives what was read before it; an index out of
+    // bounds is a fault.
+    entities::ActivityTypeProperties GetActivityType(std::int16_t index);
+    entities::FunctionTypeProperties GetFunctionType(std::int16_t index) override;
+
+    /// The index of a data type. An unknown one is offered to be added; 0 when the user declines.
+    std::int16_t DataTypeIndex(const std::string& name);
+    std::int16_t FunctionTypeIndex(const std::string& name) const;  ///< 0 when unknown
+    std::int16_t ActivityTypeIndex(const std::string& name) const;  ///< 0 when unknown
+
+    void SaveFunctionType(const entities::FunctionTypeProperties& type);
+    void UpdateFunctionType(const entities::FunctionTypeProperties& type);
+    void SaveActivityType(const entities::ActivityTypeProperties& type);
+    void UpdateActivityType(const entities::ActivityTypeProperties& type);
+
+    /// Adds a data type and gives its index. A failure is told and gives 0.
+    std::int16_t SaveDataType(const std::string& name);
+    void UpdateDataType(std::int16_t oldIndex, const std::string& newName);
+
+    // True when the type is gone. A type that the repository still refers to loses its parameter rows all the same.
+    bool DeleteFunctionType(std::int16_t index);
+    bool DeleteActivityType(std::int16_t index);
+    bool DeleteDataType(std::int16_t index);
+
+  private:
+    template <class Load>
+    void loadOrEnd(Load load);
+    template <class Read>
+    void readQuietly(Read read);
+    template <class Add>
+    void eachParam(StatementCache& repository, std::string_view sql, const std::string& type, std::string_view kind,
+                   Add add);
+
+    void writeParams(StatementCache& repository, const entities::FunctionTypeProperties& type) const;
+    void writeDependents(StatementCache& repository, const entities::ActivityTypeProperties& type) const;
+    bool removeType(const std::string& name, std::initializer_list<std::string_view> statements,
+                    const std::string& refusal);
+    void tell(const std::string& text);
+
+    Services& services_;
+    std::function<void()> endProgram_;
+};
+
+}  // namespace orvent::repository

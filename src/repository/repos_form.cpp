@@ -1,0 +1,92 @@
+#include "repository/repos_form.h"
+
+#include <algorithm>
+
+#include "platform/scramble.h"
+#include "repository/repository_check.h"
+
+namespace orvent::repository {
+
+using platform::Icon;
+
+void ReposForm::open() {
+    const LoginValues& login = services_.settings.login;
+    DSNNames = GetDSNsAndDrivers(services_.dataSources);
+    const auto stored = std::find(DSNNames.begin(), DSNNames.end(), login.ReposConnString);
+    DSNIndex = stored == DSNNames.end() ? 0 : static_cast<int>(stored - DSNNames.begin());
+    txtUserName = login.ReposLogin;
+    txtPassword = login.ReposPasw;
+    Tested = true;
+}
+
+std::string ReposForm::source() const {
+    const auto index = static_cast<std::size_t>(DSNIndex);
+    return index < DSNNames.size() ? DSNNames[index] : kNoDataSource;
+}
+
+void ReposForm::selectDSN(int index) {
+    if (index != DSNIndex && index >= 0 && index < static_cast<int>(DSNNames.size())) {
+        DSNIndex = index;
+        Tested = false;
+    }
+}
+
+void ReposForm::changeUserName(const std::string& text) {
+    if (text != txtUserName) {
+        txtUserName = text;
+        Tested = false;
+    }
+}
+
+void ReposForm::changePassword(const std::string& text) {
+    if (text != txtPassword) {
+        txtPassword = text;
+        Tested = false;
+    }
+}
+
+void ReposForm::TestConn() {
+    Tested = test(false);
+}
+
+bool ReposForm::test(bool Silent) {
+    try {
+        const std::string source = this->source();
+        if (source == kNoDataSource) {
+            throw platform::Fault("No data source is selected.");
+        }
+        const std::unique_ptr<platform::Connection> connection =
+            services_.database.open(source, txtUserName, txtPassword);
+        if (!checkRepository(services_, *connection)) {
+            return false;
+        }
+        if (!Silent) {
+            services_.messages.tell("Connection Suceeded", "Testing Connection", Icon::information);
+        }
+        return true;
+    } catch (const platform::Fault& fault) {
+        if (!Silent) {
+            showFault(services_, fault);
+        }
+        return false;
+    }
+}
+
+bool ReposForm::cmdOK() {
+    if (!Tested) {
+        Tested = test(true);
+    }
+    if (!Tested) {
+        return false;
+    }
+    LoginValues& login = services_.settings.login;
+    login.ReposConnString = source();
+    login.ReposLogin = txtUserName;
+    login.ReposPasw = txtPassword;
+    services_.store.setValue("DB", "ReposConnString", login.ReposConnString);
+    services_.store.setValue("DB", "ReposLogin", login.ReposLogin);
+    services_.store.setValue("DB", "ReposPasw", platform::ScramblePassword(login.ReposPasw));
+    return true;
+}
+
+}  // namespace orvent::repository

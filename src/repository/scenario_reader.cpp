@@ -1,0 +1,210 @@
+#include "repository/scenario_reader.h"
+
+#include "repository/scenario_statements.h"
+
+namespace orvent::repository {
+
+using entities::ActivityProperties;
+using entities::AttributeProperties;
+using entities::FunctionProperties;
+using entities::ParameterProperties;
+using entities::RecordSetProperties;
+using platform::Statement;
+
+namespace {
+
+/// A null or empty text leaves the field as it is.
+void copyFilled(Statement& row, int column, std::string& field) {
+    std::string text = row.text(column);
+    if (!text.empty()) {
+        field = std::move(text);
+    }
+}
+
+}  // namespace
+
+std::string ScenarioReader::commentText(std::int16_t NodeID) {
+    std::string text;
+    Statement& row = repository_.run(sql::kCommentText, NodeID);
+    while (row.fetch()) {
+        text = row.text(1);
+    }
+    return text;
+}
+
+void ScenarioReader::LoadActivity(ActivityProperties& activity) {
+    readActivityRow(activity);
+    for (const SubNodeRow& row : subNodeRows(sql::kActivitySubNodes, activity.NodeID, true)) {
+        switch (row.kind) {
+            case entities::KindInput:
+                addAttribute(*activity.Act_Inputs, row, entities::KindInput, activity.Act_Name);
+                break;
+            case entities::KindOutput:
+                addAttribute(*activity.Act_Outputs, row, entities::KindOutput, activity.Act_Name);
+                break;
+            case entities::KindParameter:
+                addParameter(activity, row);
+                break;
+            default:
+                break;
+        }
+    }
+    loadFunctions(activity);
+}
+
+void ScenarioReader::readActivityRow(ActivityProperties& activity) {
+    std::string type;
+    Statement& row = repository_.run(sql::kActivity, activity.NodeID);
+    while (row.fetch()) {
+        copyFilled(row, 1, activity.Act_Description);
+        type = row.text(2);
+        copyFilled(row, 3, activity.Act_Log);
+        copyFilled(row, 4, activity.Act_SQL);
+        copyFilled(row, 5, activity.Act_LDL);
+        if (!row.isNull(6)) {
+            activity.Act_SchemaNo = code(row, 6);
+        }
+    }
+    activity.Act_Type = catalogue_.ActivityTypeIndex(type);
+}
+
+std::vector<ScenarioReader::SubNodeRow> ScenarioReader::subNodeRows(std::string_view sql, std::int16_t owner,
+                                                                    bool tagged) {
+    std::vector<SubNodeRow> rows;
+    Statement& row = repository_.run(sql, owner);
+    while (row.fetch()) {
+        rows.push_back({identifier(row, 1), row.text(2), code(row, 3), row.text(4), row.text(5),
+                        tagged ? code(row, 6) : std::int16_t{0}});
+    }
+    return rows;
+}
+
+void ScenarioReader::addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row, std::int16_t kind,
+                                  const std::string& activity) {
+    const std::int16_t type = catalogue_.DataTypeIndex(row.type);
+    if (collection.Item(row.key)) {
+        return;
+    }
+    AttributeProperties& attribute = collection.Add(row.name, type, row.tag, row.key);
+    attribute.SubNode_ID = row.id;
+    attribute.ParentKeyName = activity;
+    attribute.NodeKind = kind;
+    readLinksByKind(attribute);
+}
+
+void ScenarioReader::addParameter(ActivityProperties& activity, const SubNodeRow& row) {
+    const std::int16_t type = catalogue_.DataTypeIndex(row.type);
+    if (activity.Act_Parameters->Item(row.key)) {
+        return;
+    }
+    ParameterProperties& parameter = activity.Act_Parameters->Add(row.name, type, row.tag, row.key);
+    parameter.SubNode_ID = row.id;
+    parameter.ParentKeyName = activity.Act_Name;
+    parameter.NodeKind = entities::KindParameter;
+    readRegulators(parameter);
+}
+
+void ScenarioReader::loadFunctions(ActivityProperties& activity) {
+    std::vector<FunctionRow> rows;
+    Statement& found = repository_.run(sql::kActivityFunctions, activity.NodeID);
+    while (found.fetch()) {
+        rows.push_back({identifier(found, 1), found.text(2), code(found, 3), found.text(4)});
+    }
+    for (const FunctionRow& row : rows) {
+        FunctionProperties function;
+        function.Function_Key = row.key;
+        function.Function_Name = row.key;
+        function.Function_Source = row.source;
+        function.Function_Type = catalogue_.FunctionTypeIndex(row.type);
+        function.FunctionID = row.id;
+        function.setParentKeyName(activity.Act_Name);
+        loadFunctionSubNodes(function);
+        if (!activity.Act_Functions->Item(row.key)) {
+            activity.Act_Functions->AddFunctionProps(function, "", 0);
+        }
+    }
+}
+
+void ScenarioReader::loadFunctionSubNodes(FunctionProperties& function) {
+    for (const SubNodeRow& row : subNodeRows(sql::kFunctionSubNodes, function.FunctionID, false)) {
+        const bool input = row.kind == entities::KindFunctionInput;
+        if (!input && row.kind != entities::KindFunctionOutput) {
+            continue;
+        }
+        const std::int16_t type = catalogue_.DataTypeIndex(row.type);
+        entities::FunctionParameters& collection = input ? *function.Function_Inputs : *function.Function_Outputs;
+        if (collection.Item(row.key)) {
+            continue;
+        }
+        ParameterProperties& parameter = collection.Add(row.name, type, row.key);
+        parameter.NodeKind = row.kind;
+        parameter.ParentKeyName = function.Function_Key;
+        parameter.ParentFunctionActivity = function.ParentKeyName();
+        parameter.SubNode_ID = row.id;
+        if (input) {
+            readRegulators(parameter);
+        }
+    }
+}
+
+void ScenarioReader::readLinksByKind(AttributeProperties& attribute) {
+    Statement& row = repository_.run(sql::kLinksByKind, attribute.SubNode_ID);
+    while (row.fetch()) {
+        switch (row.number(1)) {
+            case sql::kProvidedFrom:
+                attribute.ProvidedFrom->Add(row.text(4), code(row, 3), row.text(2));
+                break;
+            case sql::kRegulatedFrom:
+                attribute.RegulatedFrom->Add(row.text(4), code(row, 3), row.text(2));
+                break;
+            case sql::kProviderFor:
+                attribute.ProviderFor->Add(row.text(4), code(row, 3), row.text(2));
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+void ScenarioReader::readRegulators(ParameterProperties& parameter) {
+    Statement& row = repository_.run(sql::kLinks, parameter.SubNode_ID);
+    while (row.fetch()) {
+        parameter.RegulatedFrom->Add(row.text(3), code(row, 2), row.text(1));
+    }
+}
+
+void ScenarioReader::LoadRecordSet(RecordSetProperties& recordSet) {
+    Statement& row = repository_.run(sql::kRecordSet, recordSet.NodeID);
+    while (row.fetch()) {
+        copyFilled(row, 1, recordSet.RecordSet_SQL);
+    }
+    struct OutputRow {
+        std::int16_t id;
+        std::string key;
+        std::string dbKey;
+        std::string type;
+    };
+    std::vector<OutputRow> rows;
+    Statement& found = repository_.run(sql::kRecordSetOutputs, recordSet.NodeID);
+    while (found.fetch()) {
+        rows.push_back({identifier(found, 1), found.text(2), found.text(3), found.text(4)});
+    }
+    for (const OutputRow& output : rows) {
+        const std::int16_t type = catalogue_.DataTypeIndex(output.type);
+        if (recordSet.RecordSet_Outputs->Item(output.key)) {
+            continue;
+        }
+        // The name of a record set's attribute is not stored: it equals its key.
+        AttributeProperties& attribute = recordSet.RecordSet_Outputs->Add(output.key, type, output.key);
+        attribute.NodeKind = entities::KindRecordSetAttribute;
+        attribute.ParentKeyName = recordSet.RecordSet_Name;
+        attribute.SubNode_ID = output.id;
+        recordSet.addDbKey(output.key, output.dbKey);
+        Statement& links = repository_.run(sql::kLinks, attribute.SubNode_ID);
+        while (links.fetch()) {
+            attribute.ProviderFor->Add(links.text(3), code(links, 2), links.text(1));
+        }
+    }
+}
+
+}  // namespace orvent::repository

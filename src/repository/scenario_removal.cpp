@@ -1,0 +1,125 @@
+// Removing rows: of a whole scenario, and of what was deleted on its canvas.
+
+#include <array>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/steps.h"
+#include "repository/scenario_load_save.h"
+#include "repository/scenario_statements.h"
+#include "repository/stored_identity.h"
+
+namespace orvent::repository {
+
+namespace {
+
+/// The statements of one kind, each with the identifier as its only parameter.
+struct KindStatements {
+    std::int16_t kind;
+    std::array<std::string_view, 6> statements;  // up to the first empty one
+};
+
+/// How the rows of one node are removed, by `Node_Type`, when its whole scenario goes.
+constexpr std::array<KindStatements, 3> kWholeNodes = {{
+    {canvas::NodeTypeRecordSet, {sql::kDropRecordSetOutputs, sql::kDropRecordSet}},
+    {canvas::NodeTypeActivity,
+     {sql::kDropActivitySubNodes, sql::kDropActivityFunctionSubNodes, sql::kDropActivityFunctions, sql::kDropActivity}},
+    {canvas::NodeTypeComment, {sql::kDropComment}},
+}};
+
+/// How one deleted node or sub-node is removed, by the `NodeKind` of its entry.
+constexpr std::array<KindStatements, 11> kDeletions = {{
+    {canvas::DeletedActivity,
+     {sql::kDropNodeLinks, sql::kDropActivityFunctionSubNodes, sql::kDropActivityFunctions, sql::kDropActivitySubNodes,
+      sql::kDropActivity, sql::kDropNode}},
+    {entities::KindInput, {sql::kDropActivitySubNode}},
+    {entities::KindOutput, {sql::kDropActivitySubNode, sql::kDropSubNodeLinks}},
+    {entities::KindParameter, {sql::kDropActivitySubNode, sql::kDropSubNodeLinks}},
+    {entities::KindFunction, {sql::kDropFunctionSubNodes, sql::kDropFunction}},
+    {entities::KindFunctionOutput, {sql::kDropFunctionSubNode}},
+    {entities::KindFunctionInput, {sql::kDropFunctionSubNode, sql::kDropSubNodeLinks}},
+    {canvas::DeletedRecordSet, {sql::kDropNodeLinks, sql::kDropRecordSetOutputs, sql::kDropRecordSet, sql::kDropNode}},
+    {entities::KindRecordSetAttribute, {sql::kDropRecordSetOutput, sql::kDropSubNodeLinks}},
+    {canvas::DeletedComment, {sql::kDropComment, sql::kDropNode}},
+    {canvas::DeletedLog, {sql::kDropNode}},
+}};
+
+void runForKind(StatementCache& repository, std::span<const KindStatements> table, long long kind, std::int16_t id) {
+    for (const KindStatements& row : table) {
+        if (row.kind == kind) {
+            for (const std::string_view statement : row.statements) {
+                if (!statement.empty()) {
+                    repository.run(statement, id);
+                }
+            }
+            return;
+        }
+    }
+}
+
+struct NodeRow {
+    std::int16_t id;
+    long long type;
+};
+
+std::vector<NodeRow> nodeRows(StatementCache& repository, std::int16_t ScenarioID) {
+    std::vector<NodeRow> rows;
+    platform::Statement& row = repository.run(sql::kNodeTypes, ScenarioID);
+    while (row.fetch()) {
+        rows.push_back({platform::checkedI16(row.number(1), "Identifier"), row.number(2)});
+    }
+    return rows;
+}
+
+void removeNode(StatementCache& repository, const NodeRow& node) {
+    repository.run(sql::kDropRelationShips, node.id);
+    runForKind(repository, kWholeNodes, node.type, node.id);
+}
+
+}  // namespace
+
+void ScenarioLoadSave::RemoveScenario(std::int16_t ScenarioID, bool DeleteRow) {
+    removeRows(ScenarioID, DeleteRow, nullptr);
+    unfinished_.erase(ScenarioID);
+}
+
+void ScenarioLoadSave::removeRows(std::int16_t ScenarioID, bool DeleteRow, const canvas::DrawForm* except) {
+    const platform::Busy busy(services_.progress);
+    StatementCache repository = openRepository(services_);
+    const std::vector<NodeRow> nodes = nodeRows(repository, ScenarioID);
+    // Before the first row goes: an interrupted removal has broken the scenario for these windows, too.
+    windows_.scenarioGone(ScenarioID, except);
+    platform::Steps steps(services_.progress, nodes.size());
+    for (const NodeRow& node : nodes) {
+        removeNode(repository, node);
+        steps.next();
+    }
+    repository.run(sql::kDropLines, ScenarioID);
+    repository.run(sql::kDropNodes, ScenarioID);
+    if (DeleteRow) {
+        repository.run(sql::kDropScenario, ScenarioID);
+    }
+}
+
+/// After an interrupted save: removes the stored nodes that the window does not know as its own.
+void ScenarioLoadSave::removeUnknownNodes(const canvas::DrawForm& form, StatementCache& repository) {
+    const auto known = storedNodes(form);
+    for (const NodeRow& node : nodeRows(repository, form.ScenarioID)) {
+        if (!known.contains(node.id)) {
+            removeNode(repository, node);
+            repository.run(sql::kDropNode, node.id);
+        }
+    }
+}
+
+void ScenarioLoadSave::ApplyDeletions(const canvas::DrawForm& form, std::int16_t ScenarioID,
+                                      StatementCache& repository) {
+    for (const canvas::DeletedNode& deleted : form.DeletedNodes) {
+        runForKind(repository, kDeletions, deleted.NodeKind, deleted.NodeID);
+    }
+    repository.run(sql::kDropLines, ScenarioID);
+}
+
+}  // namespace orvent::repository

@@ -1,0 +1,167 @@
+// Reading the type catalogue.
+
+#include <utility>
+#include <vector>
+
+#include "platform/text.h"
+#include "repository/catalogue.h"
+#include "repository/catalogue_statements.h"
+
+namespace orvent::repository {
+
+using entities::ActivityTypeProperties;
+using entities::FunctionTypeProperties;
+using platform::Answer;
+using platform::Buttons;
+using platform::checkedI16;
+using platform::Icon;
+using platform::Statement;
+
+Catalogue::Catalogue(Services& services, std::function<void()> endProgram)
+    : services_(services), endProgram_(std::move(endProgram)) {}
+
+template <class Load>
+void Catalogue::loadOrEnd(Load load) {
+    try {
+        StatementCache repository = openRepository(services_);
+        load(repository);
+    } catch (const platform::Fault&) {
+        services_.messages.tell("Error Accessing DataBase\nTHE PROGRAM WILL EXIT!!", {}, Icon::critical);
+        endProgram_();
+    }
+}
+
+namespace {
+
+void loadNames(StatementCache& repository, std::string_view sql, entities::NameTable& table) {
+    Statement& names = repository.run(sql);
+    table.clear();
+    while (names.fetch()) {
+        table.add(names.text(1));
+    }
+}
+
+}  // namespace
+
+void Catalogue::LoadDataTypes() {
+    loadOrEnd([this](StatementCache& repository) { loadNames(repository, sql::kDataTypes, tables.dataTypes); });
+}
+
+void Catalogue::LoadFunctionTypes() {
+    loadOrEnd([this](StatementCache& repository) { loadNames(repository, sql::kFunctionTypes, tables.functionTypes); });
+}
+
+void Catalogue::LoadActivityTypes() {
+    loadOrEnd([this](StatementCache& repository) {
+        Statement& types = repository.run(sql::kActivityTypes);
+        tables.activityTypes.clear();
+        tables.activityTypeSql.clear();
+        tables.activityTypeLdl.clear();
+        while (types.fetch()) {
+            tables.activityTypes.add(types.text(1));
+            tables.activityTypeSql.push_back(types.text(2));
+            tables.activityTypeLdl.push_back(types.text(3));
+        }
+        // The texts stand parallel to the names, of which there is always one.
+        tables.activityTypeSql.resize(tables.activityTypes.size());
+        tables.activityTypeLdl.resize(tables.activityTypes.size());
+    });
+}
+
+template <class Read>
+void Catalogue::readQuietly(Read read) {
+    try {
+        StatementCache repository = openRepository(services_);
+        read(repository);
+    } catch (const platform::Fault&) {
+        // The caller gets what has been read so far, with no word to the user.
+    }
+}
+
+template <class Add>
+void Catalogue::eachParam(StatementCache& repository, std::string_view sql, const std::string& type,
+                          std::string_view kind, Add add) {
+    // All rows are read before the first type name may lead to a question and to writing.
+    std::vector<std::pair<std::string, std::string>> rows;
+    Statement& params = repository.run(sql, type, kind);
+    while (params.fetch()) {
+        rows.emplace_back(params.text(1), params.text(2));
+    }
+    for (const auto& [name, dataType] : rows) {
+        add(name, DataTypeIndex(dataType));
+    }
+}
+
+ActivityTypeProperties Catalogue::GetActivityType(std::int16_t index) {
+    ActivityTypeProperties type;
+    type.ActType_Name = tables.activityTypes.name(index);
+    type.ActType_NameIndex = index;
+    readQuietly([&](StatementCache& repository) {
+        Statement& row = repository.run(sql::kActivityType, type.ActType_Name);
+        while (row.fetch()) {
+            type.ActType_Description = row.text(1);
+            type.ActType_SQL = row.text(2);
+            type.ActType_LDL = row.text(3);
+            type.ActType_SchemaNo = checkedI16(row.number(4), "Schema number");
+            type.ActType_ProviderSemantics = checkedI16(row.number(5), "Provider semantics");
+            type.ActType_ConsumerSemantics = checkedI16(row.number(6), "Consumer semantics");
+        }
+        eachParam(repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindParam,
+                  [&](const std::string& name, std::int16_t dataType) {
+                      type.ActType_Parameters->Add(name, dataType, name);
+                  });
+        eachParam(
+            repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindOutput,
+            [&](const std::string& name, std::int16_t dataType) { type.ActType_OutPuts->Add(name, dataType, name); });
+        Statement& functions = repository.run(sql::kActivityTypeFunctions, type.ActType_Name);
+        while (functions.fetch()) {
+            const std::string name = functions.text(1);
+            type.ActType_Functions->Add(name, FunctionTypeIndex(functions.text(2)), name);
+        }
+    });
+    return type;
+}
+
+FunctionTypeProperties Catalogue::GetFunctionType(std::int16_t index) {
+    FunctionTypeProperties type;
+    type.FunctionType_Name = tables.functionTypes.name(index);
+    type.FunctionType_NameIndex = index;
+    readQuietly([&](StatementCache& repository) {
+        Statement& row = repository.run(sql::kFunctionType, type.FunctionType_Name);
+        while (row.fetch()) {
+            type.FunctionType_Description = row.text(1);
+        }
+        eachParam(repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindInput,
+                  [&](const std::string& name, std::int16_t dataType) {
+                      type.FunctionType_Inputs->Add(name, dataType, name);
+                  });
+        eachParam(repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindOutput,
+                  [&](const std::string& name, std::int16_t dataType) {
+                      type.FunctionType_Outputs->Add(name, dataType, name);
+                  });
+    });
+    return type;
+}
+
+std::int16_t Catalogue::DataTypeIndex(const std::string& name) {
+    if (const auto index = tables.dataTypes.indexOf(name)) {
+        return *index;
+    }
+    const std::string question =
+        "The Data Type " + platform::upperCase(name) + "  Does Not Exist Among The Defined Data Types" +
+        "\nWould You Like It To Be Added To The Existing Data Types?" +
+        "\n\n(if you choose CANCEL ,the object's datatype will be reset to" + tables.dataTypes.name(0) + ")";
+    const Answer answer =
+        services_.messages.show(question, "DATA TYPE NOT RPOPERLY SET", Icon::question, Buttons::okCancel);
+    return answer == Answer::ok ? SaveDataType(name) : std::int16_t{0};
+}
+
+std::int16_t Catalogue::FunctionTypeIndex(const std::string& name) const {
+    return tables.functionTypes.indexOf(name).value_or(0);
+}
+
+std::int16_t Catalogue::ActivityTypeIndex(const std::string& name) const {
+    return tables.activityTypes.indexOf(name).value_or(0);
+}
+
+}  // namespace orvent::repository

@@ -1,0 +1,127 @@
+#include "repository/view_scenarios.h"
+
+#include <array>
+
+#include "platform/text.h"
+#include "repository/scenario_statements.h"
+
+namespace orvent::repository {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+namespace {
+
+struct ModeWords {
+    const char* title;
+    const char* OKCaption;
+};
+
+/// By `ViewScenarios::Mode`.
+constexpr std::array<ModeWords, 3> kModes = {{
+    {"Save Scenario As", "SAVE"},
+    {"Load Scenario", "LOAD"},
+    {"Delete Scenario", "DELETE"},
+}};
+
+}  // namespace
+
+bool ViewScenarios::open(Mode mode, canvas::DrawForm* target) {
+    mode_ = mode;
+    target_ = target;
+    title = kModes[static_cast<std::size_t>(mode)].title;
+    OKCaption = kModes[static_cast<std::size_t>(mode)].OKCaption;
+    txtScenarioName = mode == Mode::Save && target ? target->Caption() : std::string();
+    selected = -1;
+    ScenarioView.clear();
+    try {
+        StatementCache repository = openRepository(services_);
+        platform::Statement& row = repository.run(sql::kScenariosOfUser, services_.settings.login.User);
+        while (row.fetch()) {
+            ScenarioView.push_back({row.text(1), platform::checkedI16(row.number(2), "Identifier")});
+        }
+        return true;
+    } catch (const platform::Fault& fault) {
+        showFault(services_, fault);
+        return false;
+    }
+}
+
+void ViewScenarios::clickItem(int item) {
+    if (holds(item)) {
+        selected = item;
+        txtScenarioName = ScenarioView[static_cast<std::size_t>(item)].name;
+    }
+}
+
+bool ViewScenarios::OKButton() {
+    if (!canOK()) {
+        return false;
+    }
+    switch (mode_) {
+        case Mode::Save:
+            saveTarget();
+            break;
+        case Mode::Load:
+            loadSelected();
+            break;
+        case Mode::Delete:
+            ScenarioViewDelete();
+            break;
+    }
+    return true;
+}
+
+void ViewScenarios::saveTarget() {
+    target_->KeptCaption = target_->Caption();
+    target_->setCaption(txtScenarioName);
+    loadSave_.SaveScenario(*target_, true);
+}
+
+void ViewScenarios::loadSelected() {
+    const Item item = ScenarioView[static_cast<std::size_t>(selected)];
+    std::string name = item.name;
+    const int slot = windows_.NewScenario(name);
+    canvas::DrawForm* form = slot == -1 ? nullptr : windows_.scenario(slot);
+    if (form && !loadSave_.LoadScenario(*form, item.Tag)) {
+        windows_.discardScenario(slot);
+    }
+}
+
+void ViewScenarios::ScenarioViewRename(int item, const std::string& text) {
+    if (!holds(item) || text.empty()) {
+        return;
+    }
+    Item& renamed = ScenarioView[static_cast<std::size_t>(item)];
+    renamed.name = text;
+    try {
+        openRepository(services_).run(sql::kRenameScenario, text, renamed.Tag);
+    } catch (const platform::Fault& fault) {
+        showFault(services_, fault);
+    }
+}
+
+bool ViewScenarios::ScenarioViewDelete() {
+    if (!holds(selected)) {
+        return false;
+    }
+    const Item item = ScenarioView[static_cast<std::size_t>(selected)];
+    const Answer answer =
+        services_.messages.show("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperCase(item.name) + " ?",
+                                "Deleting Scenario", Icon::question, Buttons::yesNo);
+    if (answer != Answer::yes) {
+        return false;
+    }
+    try {
+        loadSave_.RemoveScenario(item.Tag, true);
+    } catch (const platform::Fault& fault) {
+        showFault(services_, fault);
+        return false;
+    }
+    ScenarioView.erase(ScenarioView.begin() + selected);
+    selected = -1;
+    return true;
+}
+
+}  // namespace orvent::repository

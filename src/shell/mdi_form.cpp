@@ -1,0 +1,309 @@
+#include "shell/mdi_form.h"
+
+#include <algorithm>
+
+#include "repository/repos_form.h"
+#include "repository/user_login.h"
+#include "repository/view_scenarios.h"
+#include "shell/test_graph.h"
+
+namespace orvent::shell {
+
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+constexpr int kSampleSlot = 10;
+constexpr const char* kSampleName = "Sample";
+// Place of the frame in twips, with the step of 100 that the login adds in the normal state.
+constexpr int kLeft = 600, kTop = 600, kWidth = 10000, kHeight = 8000;
+
+}  // namespace
+
+MDIForm1::MDIForm1(const Ports& ports, FrameHost& host)
+    : ports_(ports),
+      host_(host),
+      services_{ports.database, ports.dataSources, ports.messages, ports.input,
+                ports.files,    ports.store,       ports.progress, options_.repository},
+      catalogue_(services_, [this] { host_.endProgram(); }),
+      loadSave_(services_, catalogue_, *this),
+      ldl_(ports.messages, ports.folder, ports.progress, nullptr),
+      textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables) {}
+
+MDIForm1::~MDIForm1() = default;
+
+bool MDIForm1::start() {
+    const std::string fault = LoadOptions(options_, ports_.store, ports_.folder);
+    if (!fault.empty()) {
+        ports_.messages.tell(fault, "", Icon::critical);
+    }
+    {
+        repository::ReposForm reposForm(services_);
+        reposForm.open();
+        if (!reposForm.test(true)) {
+            repository::LoginValues& values = options_.repository.login;
+            values.ReposConnString.clear();
+            values.ReposLogin.clear();
+            values.ReposPasw.clear();
+        }
+    }
+    repository::UserLogin userLogin(services_);
+    userLogin.open();
+    host_.runUserLogin(userLogin);
+    if (!userLogin.loggedIn) {
+        return false;
+    }
+    loadCatalogue();
+    host_.placeFrame(kLeft, kTop, kWidth, kHeight);
+    ports_.progress.status("Ready");
+    host_.commandsChanged();
+    return true;
+}
+
+void MDIForm1::loadCatalogue() {
+    catalogue_.LoadDataTypes();
+    catalogue_.LoadFunctionTypes();
+    catalogue_.LoadActivityTypes();
+}
+
+void MDIForm1::run(Command command) {
+    if (!isEnabled(command)) {
+        return;
+    }
+    std::string noName;
+    switch (command) {
+        case Command::newScenario:
+            NewScenario(noName);
+            break;
+        case Command::loadScenario:
+            showScenarios(repository::ViewScenarios::Mode::Load, nullptr);
+            break;
+        case Command::saveScenario:
+            save(false);
+            break;
+        case Command::saveScenarioAs:
+            save(true);
+            break;
+        case Command::deleteScenario:
+            showScenarios(repository::ViewScenarios::Mode::Delete, nullptr);
+            break;
+        case Command::exportText:
+            textExport_.ExportText(*activeEnabled());
+            break;
+        case Command::closeScenario:
+            closeScenario(*activeEnabled());
+            break;
+        case Command::login:
+            login();
+            break;
+        case Command::changeUser:
+            changeUser();
+            break;
+        case Command::loadTestGraph:
+            LoadTestGraph();
+            break;
+        case Command::createLdl:
+            ldl_.LDLScenario(*activeEnabled());
+            break;
+        case Command::help:
+            ports_.help.open(options_.HelpFile);
+            break;
+        case Command::about:
+            host_.runAbout();
+            break;
+        case Command::showDataTypes:
+        case Command::showFunctionTypes:
+        case Command::showActivityTypes:
+            break;  // never enabled: the type editors are not part of this version
+    }
+}
+
+bool MDIForm1::isEnabled(Command command) const {
+    switch (command) {
+        case Command::saveScenario:
+            return printAndSave_ && activeEnabled() != nullptr;
+        case Command::saveScenarioAs:
+        case Command::exportText:
+        case Command::closeScenario:
+        case Command::createLdl:
+            return activeEnabled() != nullptr;
+        case Command::login:
+            return !anyScenario();
+        case Command::showDataTypes:
+        case Command::showFunctionTypes:
+        case Command::showActivityTypes:
+            return false;
+        default:
+            return true;
+    }
+}
+
+bool MDIForm1::isShown(Shown shown) const {
+    switch (shown) {
+        case Shown::withScenario:
+            return host_.activeScenario() != nullptr;
+        case Shown::withoutScenario:
+            return !anyScenario();
+        default:
+            return true;
+    }
+}
+
+canvas::DrawForm* MDIForm1::activeEnabled() const {
+    canvas::DrawForm* active = host_.activeScenario();
+    return active && active->Enabled ? active : nullptr;
+}
+
+bool MDIForm1::anyScenario() const {
+    return std::any_of(ScenarioForms.begin(), ScenarioForms.end(), [](const auto& form) { return form != nullptr; });
+}
+
+canvas::DrawForm* MDIForm1::scenario(int slot) {
+    return slot >= 0 && slot < kSlots ? ScenarioForms[static_cast<std::size_t>(slot)].get() : nullptr;
+}
+
+int MDIForm1::NewScenario(std::string& name) {
+    int slot = 0;
+    while (slot < kSlots && scenario(slot)) {
+        ++slot;
+    }
+    if (slot == kSlots) {
+        ports_.messages.tell(
+            "Maximum Number Of Possible Concurrently Loaded Scenarios is Exceeded\n"
+            "You Will Have To Close One Of the Allready Open Scenarios Before Opening A New One");
+        return -1;
+    }
+    if (name.empty()) {
+        name = ports_.input.ask("Give The Name Of The New Scenario:", "Scenario Name",
+                                "Scenario" + std::to_string(slot + 1));
+        if (name.empty()) {
+            return -1;
+        }
+    }
+    OpenSlot(slot, name);
+    return slot;
+}
+
+canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
+    auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{ports_.messages, options_.canvas});
+    form->setCaption(name);
+    form->Tag = std::to_string(slot);
+    catalogue_.LoadDataTypes();
+    canvas::DrawForm& opened = *form;
+    ScenarioForms[static_cast<std::size_t>(slot)] = std::move(form);
+    printAndSave_ = true;
+    host_.showScenario(opened);
+    host_.commandsChanged();
+    return opened;
+}
+
+bool MDIForm1::closeScenario(canvas::DrawForm& form) {
+    if (!form.Enabled) {
+        return false;
+    }
+    const Answer answer = ports_.messages.show("ARE YOU SURE YOU WANT TO CLOSE " + form.Caption() + " ?",
+                                               "Closing Scenario", Icon::question, Buttons::okCancel);
+    if (answer != Answer::ok) {
+        return false;
+    }
+    freeSlot(form.slot());
+    return true;
+}
+
+void MDIForm1::discardScenario(int slot) {
+    freeSlot(slot);
+}
+
+void MDIForm1::freeSlot(int slot) {
+    const std::unique_ptr<canvas::DrawForm> form = std::move(ScenarioForms[static_cast<std::size_t>(slot)]);
+    if (form) {
+        host_.dropScenario(*form);
+        form->clear();
+    }
+    if (!host_.activeScenario()) {
+        printAndSave_ = false;
+    }
+    host_.commandsChanged();
+}
+
+bool MDIForm1::unload() {
+    for (int slot = 0; slot < kSlots; ++slot) {
+        canvas::DrawForm* form = scenario(slot);
+        if (form && !closeScenario(*form)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void MDIForm1::scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* except) {
+    for (const auto& form : ScenarioForms) {
+        if (form && form.get() != except && form->ScenarioID == ScenarioID) {
+            form->ScenarioID = 0;  // its next save goes through the dialog and writes everything
+        }
+    }
+}
+
+void MDIForm1::enableFrame(bool enabled) {
+    host_.enableFrame(enabled);
+}
+
+void MDIForm1::login() {
+    repository::UserLogin userLogin(services_);
+    userLogin.open();
+    host_.runUserLogin(userLogin);
+    if (userLogin.loggedIn) {
+        loadCatalogue();
+        host_.commandsChanged();
+    } else {
+        host_.unloadFrame();
+    }
+}
+
+void MDIForm1::changeUser() {
+    const bool dialogOpen = std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
+                                        [](const auto& form) { return form && !form->Enabled; });
+    if (dialogOpen) {
+        ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
+        return;
+    }
+    const Answer answer = ports_.messages.show(
+        "All active Scenarios must close in order to login as a different user!\nAre you sure you want to continue?",
+        "Login", Icon::none, Buttons::okCancel);
+    if (answer != Answer::ok || !unload()) {
+        return;
+    }
+    printAndSave_ = false;
+    login();
+}
+
+void MDIForm1::LoadTestGraph() {
+    if (canvas::DrawForm* former = scenario(kSampleSlot)) {
+        if (!closeScenario(*former)) {
+            return;
+        }
+    }
+    canvas::DrawForm& form = OpenSlot(kSampleSlot, kSampleName);
+    loadCatalogue();
+    buildTestGraph(form, catalogue_);
+}
+
+void MDIForm1::save(bool as) {
+    canvas::DrawForm& form = *activeEnabled();
+    if (as || form.ScenarioID == 0) {
+        showScenarios(repository::ViewScenarios::Mode::Save, &form);
+    } else {
+        loadSave_.SaveScenario(form, false);
+    }
+}
+
+void MDIForm1::showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target) {
+    repository::ViewScenarios dialog(services_, loadSave_, *this);
+    if (dialog.open(mode, target)) {
+        host_.runViewScenarios(dialog);
+    }
+}
+
+}  // namespace orvent::shell

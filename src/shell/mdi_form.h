@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "analysis/text_export.h"
+#include "canvas/draw_form.h"
+#include "repository/catalogue.h"
+#include "repository/scenario_load_save.h"
+#include "repository/scenario_windows.h"
+#include "repository/services.h"
+#include "shell/commands.h"
+#include "shell/frame_host.h"
+#include "shell/options_data.h"
+#include "shell/ports.h"
+#include "statements/ldl_scenario.h"
+
+namespace orvent::shell {
+
+/// The main frame: the values of the run, the table of open scenarios and the commands. It is made at start and lives
+/// until the program ends. A `Fault` that a command leaves is shown by the program's event loop.
+class MDIForm1 : public repository::ScenarioWindows {
+  public:
+    static constexpr int kSlots = 11;
+
+    MDIForm1(const Ports& ports, FrameHost& host);
+    ~MDIForm1() override;
+
+    /// Start-up: settings, silent test of the repository, login, catalogue, place of the frame. False when the user
+    /// cancelled the login: the program ends without a window.
+    bool start();
+
+    /// Does what the menu item or button stands for.
+    void run(Command command);
+    bool isEnabled(Command command) const;
+    /// Whether the window in front has the item in its menu.
+    bool isShown(Shown shown) const;
+
+    /// The close request of a scenario's window: asks, then frees the slot and drops the window. False on Cancel.
+    bool closeScenario(canvas::DrawForm& form);
+    /// The frame's close request: closes every scenario in slot order. False when one of them was kept.
+    bool unload();
+
+    // ScenarioWindows
+    int NewScenario(std::string& name) override;
+    canvas::DrawForm* scenario(int slot) override;
+    void discardScenario(int slot) override;
+    void scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* except) override;
+    void enableFrame(bool enabled) override;
+
+    bool anyScenario() const;
+    const OptionsData& options() const { return options_; }
+    repository::Services& services() { return services_; }
+    repository::Catalogue& catalogue() { return catalogue_; }
+
+  private:
+    canvas::DrawForm* activeEnabled() const;
+    canvas::DrawForm& OpenSlot(int slot, const std::string& name);
+    void freeSlot(int slot);
+    void login();
+    void changeUser();
+    void loadCatalogue();
+    void LoadTestGraph();
+    void save(bool as);
+    void showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target);
+
+    Ports ports_;
+    FrameHost& host_;
+    OptionsData options_;
+    repository::Services services_;
+    repository::Catalogue catalogue_;
+    repository::ScenarioLoadSave loadSave_;
+    statements::LDLScenarioWriter ldl_;
+    analysis::TextExport textExport_;
+
+    // A slot is used exactly while it holds a scenario.
+    std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;
+    // Follows the windows as told, and not the table: a close may leave them on.
+    bool printAndSave_ = false;
+};
+
+}  // namespace orvent::shell

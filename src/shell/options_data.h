@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "canvas/canvas_settings.h"
+#include "platform/program_folder.h"
+#include "platform/settings_store.h"
+#include "repository/login_values.h"
+
+namespace orvent::shell {
+
+/// The application values: what the stored settings were at start, and what has been changed since. All code reads
+/// these and never the store.
+struct OptionsData {
+    canvas::CanvasSettings canvas;
+    repository::RepositorySettings repository;  ///< login values and `SQLPath`
+    std::int16_t TransDepth = 10;
+    std::string LogPath;        ///< folder proposed for an activity's log
+    std::string HelpFile;       ///< program folder + "\ORVENTII.chm"
+    std::string DefaultScript;  ///< program folder + "\ORVENTII.sql"
+};
+
+/// Reads all keys of the store into `options`. Missing keys give the defaults. A stored number that is none leaves its
+/// default too; the first such fault is described in the result, which is empty otherwise.
+std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, const platform::ProgramFolder& folder);
+
+/// Sets the sizes, distances, the selection colour and `SQLPath` to their defaults, in the application values only.
+void DefaultOptions(OptionsData& options);
+
+}  // namespace orvent::shell

@@ -1,0 +1,160 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace orvent::shell::sample {
+
+/// The sample scenario as plain data: nodes, edges, members and links. `%O` in a key stands for the name that the first
+/// activity type gives its first output; `%1` and `%2` for the inputs and outputs of the sample's two functions, which
+/// are looked up by position (a digit follows: `%1i2` is the second input of MyFun, `%2o1` the first output of the
+/// type's function), and `%F` for the key of the type's function.
+struct Node {
+    std::string_view name;
+    std::int32_t nodeType;
+    float left, top;
+    std::int16_t activityType;
+};
+
+struct Edge {
+    std::string_view from, to;
+};
+
+struct RecordSet {
+    std::string_view name, attribute, dbKey, sql;
+};
+
+/// A member of an activity; `nodeKind` tells the collection.
+struct Member {
+    std::string_view activity;
+    std::int16_t nodeKind;
+    std::string_view name;
+    std::int16_t tag;
+};
+
+enum class List { providedFrom, providerFor, regulatedFrom, regulatorFor };
+
+/// One end of a link: the holder by its whole key, the far end by name, type code and key.
+struct Link {
+    std::string_view holder;
+    List list;
+    std::string_view name;
+    std::int16_t type;
+    std::string_view key;
+};
+
+inline constexpr std::array<Node, 9> kNodes = {{
+    {"RS1", 5, 200, 2000, -1},
+    {"RS2", 5, 12000, 100, -1},
+    {"RS3", 5, 5500, 6000, -1},
+    {"RS4", 5, 5000, 100, -1},
+    {"RS5", 5, 12000, 4500, -1},
+    {"Activity3", 8, 2000, 200, 2},
+    {"Activity1", 8, 3500, 3500, 0},
+    {"Activity2", 8, 9000, 100, 1},
+    {"Activity4", 8, 12000, 5500, 2},
+}};
+
+inline constexpr std::array<Edge, 9> kEdges = {{
+    {"RS1", "Activity1"},
+    {"RS1", "Activity3"},
+    {"Activity3", "Activity2"},
+    {"Activity1", "Activity2"},
+    {"Activity2", "Activity4"},
+    {"RS3", "Activity2"},
+    {"RS4", "Activity2"},
+    {"Activity2", "RS2"},
+    {"Activity2", "RS5"},
+}};
+
+inline constexpr std::array<RecordSet, 5> kRecordSets = {{
+    {"RS1", "AU_ID", "DEMO_ORCL.AUTHORS.AU_ID", "SELECT a.AU_ID FROM AUTHORS a;"},
+    {"RS2", "ED_ID", "DEMO_ORCL.EDITORS.ED_ID", "SELECT a.ED_ID FROM EDITORS a"},
+    {"RS3", "PUB_ID", "DEMO_ORCL.PUBLISHERS.PUB_ID", "SELECT a.PUB_ID FROM PUBLISHERS a"},
+    {"RS4", "SONUM", "DEMO_ORCL.SALES.SONUM", "SELECT a.SONUM FROM SALES a"},
+    {"RS5", "ED_ID", "DEMO_ORCL.EDITORS.ED_ID", "SELECT a.ED_ID FROM EDITORS a"},
+}};
+
+inline constexpr std::array<Member, 19> kMembers = {{
+    {"Activity3", 1, "AU_ID", 1},  {"Activity3", 2, "AU_ID", 3}, {"Activity1", 1, "AU_ID", 1},
+    {"Activity1", 2, "AU_ID", 3},  {"Activity2", 1, "SONUM", 1}, {"Activity2", 1, "AU_ID", 2},
+    {"Activity2", 1, "%O", 2},     {"Activity2", 2, "ED_ID", 1}, {"Activity2", 2, "SONUM", 3},
+    {"Activity2", 2, "AU_ID", 4},  {"Activity2", 2, "%O", 4},    {"Activity2", 3, "Constant1", 6},
+    {"Activity2", 3, "PUB_ID", 1}, {"Activity2", 3, "SONUM", 3}, {"Activity2", 3, "AU_ID", 4},
+    {"Activity4", 1, "AU_ID", 2},  {"Activity4", 1, "ED_ID", 2}, {"Activity4", 2, "AU_ID", 4},
+    {"Activity4", 2, "ED_ID", 4},
+}};
+
+inline constexpr std::array<Link, 47> kLinks = {{
+    {"RS1.AU_ID", List::providerFor, "Activity3", 1, "Activity3.IN.AU_ID"},
+    {"RS1.AU_ID", List::providerFor, "Activity1", 1, "Activity1.IN.AU_ID"},
+    {"RS2.ED_ID", List::providedFrom, "Activity2", 1, "Activity2.OUT.ED_ID"},
+    {"RS3.PUB_ID", List::regulatorFor, "Activity2", 1, "Activity2.PARAM.PUB_ID"},
+    {"RS3.PUB_ID", List::regulatorFor, "MyFun", 12, "MyFun.Activity2.%1i2"},
+    {"RS3.PUB_ID", List::regulatorFor, "%F", 12, "%F.IN.%2i2"},
+    {"RS4.SONUM", List::providerFor, "Activity2", 1, "Activity2.IN.SONUM"},
+    {"RS5.ED_ID", List::providedFrom, "Activity2", 1, "Activity2.OUT.ED_ID"},
+
+    {"Activity3.IN.AU_ID", List::providedFrom, "RS1", 1, "RS1.AU_ID"},
+    {"Activity3.IN.AU_ID", List::providerFor, "Activity3", 3, ".OUT.AU_ID"},
+    {"Activity3.OUT.AU_ID", List::providedFrom, "Activity3", 3, ".IN.AU_ID"},
+    {"Activity3.OUT.AU_ID", List::providerFor, "Activity2", 2, "Activity2.IN.AU_ID"},
+
+    {"Activity1.IN.AU_ID", List::providedFrom, "RS1", 1, "RS1.AU_ID"},
+    {"Activity1.IN.AU_ID", List::providerFor, "Activity1", 3, ".OUT.AU_ID"},
+    {"Activity1.OUT.AU_ID", List::providedFrom, "Activity1", 3, ".IN.AU_ID"},
+    {"Activity1.OUT.AU_ID", List::providerFor, "Activity2", 2, "Activity2.IN.AU_ID"},
+    {"Activity1.OUT.%O", List::providerFor, "Activity2", 2, "Activity2.IN.%O"},
+
+    {"Activity2.IN.SONUM", List::providedFrom, "RS4", 1, "RS4.SONUM"},
+    {"Activity2.IN.SONUM", List::providerFor, "Activity2", 3, ".OUT.SONUM"},
+    {"Activity2.IN.SONUM", List::regulatorFor, "Activity2", 3, ".PARAM.SONUM"},
+    {"Activity2.IN.AU_ID", List::providedFrom, "Activity1", 2, "Activity1.OUT.AU_ID"},
+    {"Activity2.IN.AU_ID", List::providedFrom, "Activity3", 2, "Activity3.OUT.AU_ID"},
+    {"Activity2.IN.AU_ID", List::providerFor, "Activity2", 4, ".OUT.AU_ID"},
+    {"Activity2.IN.%O", List::providedFrom, "Activity1", 2, "Activity1.OUT.%O"},
+    {"Activity2.IN.%O", List::providerFor, "Activity2", 4, ".OUT.%O"},
+    {"Activity2.IN.%O", List::regulatorFor, "MyFun", 13, "MyFun.IN.%1i1"},
+    {"Activity2.IN.%O", List::regulatorFor, "%F", 13, "%F.IN.%2i1"},
+    {"Activity2.OUT.ED_ID", List::providerFor, "RS2", 1, "RS2.ED_ID"},
+    {"Activity2.OUT.ED_ID", List::providerFor, "RS5", 1, "RS5.ED_ID"},
+    {"Activity2.OUT.ED_ID", List::providerFor, "Activity4", 2, "Activity4.IN.ED_ID"},
+    {"Activity2.OUT.ED_ID", List::regulatedFrom, "Activity2", 10, ".PARAM.Constant1"},
+    {"Activity2.OUT.SONUM", List::providedFrom, "Activity2", 3, ".IN.SONUM"},
+    {"Activity2.OUT.AU_ID", List::providedFrom, "Activity2", 4, ".IN.AU_ID"},
+    {"Activity2.OUT.AU_ID", List::providerFor, "Activity4", 2, "Activity4.IN.AU_ID"},
+    {"Activity2.OUT.AU_ID", List::regulatedFrom, "Activity2", 10, ".PARAM.AU_ID"},
+    {"Activity2.OUT.%O", List::providedFrom, "Activity2", 4, ".IN.%O"},
+    {"Activity2.OUT.%O", List::regulatedFrom, "MyFun", 11, "MyFun.OUT.%1o1"},
+    {"Activity2.OUT.%O", List::regulatedFrom, "%F", 11, "%F.OUT.%2o1"},
+    {"Activity2.PARAM.Constant1", List::regulatorFor, "Activity2", 10, ".OUT.ED_ID"},
+    {"Activity2.PARAM.PUB_ID", List::regulatedFrom, "RS3", 1, "RS3.PUB_ID"},
+    {"Activity2.PARAM.SONUM", List::regulatedFrom, "Activity2", 3, ".IN.SONUM"},
+    {"Activity2.PARAM.AU_ID", List::regulatedFrom, "Activity2", 4, ".IN.AU_ID"},
+    {"Activity2.PARAM.AU_ID", List::regulatorFor, "Activity2", 10, ".OUT.AU_ID"},
+
+    {"Activity4.IN.AU_ID", List::providedFrom, "Activity2", 2, "Activity2.OUT.AU_ID"},
+    {"Activity4.IN.ED_ID", List::providedFrom, "Activity2", 2, "Activity2.OUT.ED_ID"},
+    {"Activity4.OUT.AU_ID", List::providedFrom, "Activity4", 4, ".IN.AU_ID"},
+    {"Activity4.OUT.ED_ID", List::providedFrom, "Activity4", 4, ".IN.ED_ID"},
+}};
+
+/// The links of a function of the sample, the same for both: `position` among inputs or outputs, 1-based.
+struct FunctionLink {
+    bool output;
+    int position;
+    List list;
+    std::string_view name;
+    std::int16_t type;
+    std::string_view key;
+};
+
+inline constexpr std::array<FunctionLink, 4> kFunctionLinks = {{
+    {true, 1, List::regulatorFor, "Activity2", 11, ".OUT.%O"},
+    {false, 1, List::regulatedFrom, "Activity2", 13, ".IN.%O"},
+    {false, 2, List::regulatedFrom, "RS3", 12, "RS3.PUB_ID"},
+    {false, 3, List::regulatedFrom, "Constant1", 14, "Constant1"},
+}};
+
+}  // namespace orvent::shell::sample

@@ -1,0 +1,287 @@
+#include "statements/activity_builder.h"
+
+#include <vector>
+
+#include "entities/link_types.h"
+#include "platform/text.h"
+#include "statements/ldl_numbers.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::statements {
+
+using namespace entities;
+
+namespace {
+
+/// `Tag` of an output that this builder made.
+constexpr std::int16_t kTagGenerated = 15;
+
+constexpr const char* kNoFunctionForParameters = "You Have To Define A Function In Order To Use Function Parameters!";
+constexpr const char* kNoFunctionForOutput = "You Have To Define A Function In Order To Use A Function Output!";
+
+std::int16_t chosen(std::int16_t position, const char* what) {
+    if (position < 0) {
+        throw BuildFault(std::string("No ") + what + " was chosen.");
+    }
+    return position;
+}
+
+/// The keys of a collection, for a walk that removes as it goes.
+template <class Collection>
+std::vector<std::string> keysOf(const Collection& items) {
+    std::vector<std::string> keys;
+    for (int position = 1; position <= items.Count(); ++position) {
+        keys.push_back(items.keyAt(position));
+    }
+    return keys;
+}
+
+}  // namespace
+
+/// What the links of a parameter are called, by where its value comes from; they are its `Tag`, too.
+struct ActivityBuilder::LinkCodes {
+    std::int16_t input, field, constant;
+};
+
+void ActivityBuilder::CreateActivityFromVariables() {
+    removeFunctions();
+    removeGeneratedOutputs();
+    removeParameters();
+    createFunctions();
+    for (const LDLVariable& variable : Variables) {
+        createParameters(variable);
+    }
+    // The outputs come last, since they refer to the parameters and to the function's output.
+    for (const LDLVariable& variable : Variables) {
+        if (variable.VariableType == VarOutput) {
+            CreateOutputFromVariable(variable, variable.VariableName);
+        } else if (variable.VariableType == VarOutputArray && variable.SubVariables) {
+            for (const LDLVariable& element : *variable.SubVariables) {
+                CreateOutputFromVariable(element, variable.VariableName + "_" + std::to_string(element.Index));
+            }
+        }
+    }
+}
+
+void ActivityBuilder::removeFunctions() {
+    Act_FunctionsCollection& functions = *Activity.Act_Functions;
+    while (FunctionProperties* function = functions.Item(1)) {
+        zoom::UnSynchronizeFunction(form_, *function, true, InDialog_);
+        form_.DeletedNodes.Add(function->FunctionID, KindFunction);
+        functions.Remove(1);
+    }
+}
+
+void ActivityBuilder::removeOutput(AttributeProperties& output) {
+    zoom::UnSynchronizeAttribute(form_, output, true, InDialog_);
+    form_.DeletedNodes.Add(output.SubNode_ID, output.NodeKind);
+    Activity.Act_Outputs->Remove(std::string(output.Key));
+}
+
+void ActivityBuilder::removeGeneratedOutputs() {
+    for (const std::string& key : keysOf(*Activity.Act_Outputs)) {
+        AttributeProperties& output = *Activity.Act_Outputs->Item(key);
+        if (output.Tag == LinkTypeOutput || output.Tag == kTagGenerated) {
+            removeOutput(output);
+        }
+    }
+}
+
+void ActivityBuilder::removeParameters() {
+    Act_ParametersCollection& parameters = *Activity.Act_Parameters;
+    while (ParameterProperties* parameter = parameters.Item(1)) {
+        zoom::UnSynchronizeParameter(form_, *parameter, true, InDialog_);
+        form_.DeletedNodes.Add(parameter->SubNode_ID, parameter->NodeKind);
+        parameters.Remove(1);
+    }
+}
+
+void ActivityBuilder::createFunctions() {
+    for (const LDLVariable& variable : Variables) {
+        if (variable.VariableType != VarFunction) {
+            continue;
+        }
+        const auto noType = catalogue_.functionTypes.indexOf("[EMPTY]");
+        if (!noType) {
+            throw platform::Fault("The catalogue has no function type \"[EMPTY]\".");
+        }
+        FunctionProperties made;
+        made.Function_Name = variable.RegulatorName;
+        made.Function_Key = variable.RegulatorName;
+        made.Function_Source = kSourceOwn;
+        made.Function_Type = *noType;
+        made.setParentKeyName(Activity.Act_Name);
+        Activity.Act_Functions->AddFunctionProps(made, "", 0);
+    }
+}
+
+FunctionProperties* ActivityBuilder::function() const {
+    const Act_FunctionsCollection* functions = Activity.Act_Functions.peek();
+    return functions ? functions->Item(1) : nullptr;
+}
+
+bool ActivityBuilder::hasFunction(const char* message) {
+    if (function()) {
+        return true;
+    }
+    messages_.tell(message, {}, platform::Icon::warning);
+    return false;
+}
+
+void ActivityBuilder::createParameters(const LDLVariable& variable) {
+    switch (variable.VariableType) {
+        case VarParameter:
+            CreateParameterFromVariable(variable, variable.VariableName);
+            break;
+        case VarParameterArray:
+            if (variable.SubVariables) {
+                for (const LDLVariable& element : *variable.SubVariables) {
+                    CreateParameterFromVariable(element, variable.VariableName + "_" + std::to_string(element.Index));
+                }
+            }
+            break;
+        case VarFunctionParameter:
+            if (hasFunction(kNoFunctionForParameters)) {
+                CreateFunctionParameterFromVariable(variable, variable.VariableName);
+            }
+            break;
+        case VarFunctionParameterArray:
+            if (hasFunction(kNoFunctionForParameters) && variable.SubVariables) {
+                for (const LDLVariable& element : *variable.SubVariables) {
+                    CreateFunctionParameterFromVariable(element,
+                                                        variable.VariableName + "_" + std::to_string(element.Index));
+                }
+            }
+            break;
+        case VarFunctionOutput:
+            if (hasFunction(kNoFunctionForOutput)) {
+                createFunctionOutput(variable);
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+void ActivityBuilder::createFunctionOutput(const LDLVariable& variable) {
+    ParameterProperties output;
+    output.Parameter_Name = output.Key = variable.VariableName;
+    output.ParentFunctionActivity = Activity.Act_Name;
+    output.ParentKeyName = function()->Function_Name;
+    output.NodeKind = KindFunctionOutput;
+    output.Parameter_Type = chosen(variable.RegulatedFrom, "data type");
+    function()->Function_Outputs->AddFullParameter(output, "", false);
+}
+
+const AttributeProperties& ActivityBuilder::inputOf(const LDLVariable& variable) const {
+    const auto position = platform::parseInteger(variable.RegulatorName);
+    const bool inRange = position && *position >= 0 && *position < Sources.Count();
+    const LDLSource* source = inRange ? Sources.Source(static_cast<int>(*position) + 1) : nullptr;
+    const AttributeProperties* input = source ? source->Item(variable.RegulatedFrom + 1) : nullptr;
+    if (!input) {
+        throw BuildFault("\"" + variable.VariableName + "\" has no input.");
+    }
+    return *input;
+}
+
+const AttributeProperties& ActivityBuilder::fieldOf(const LDLVariable& variable) const {
+    const canvas::LabelsD* node = form_.nodeNamed(variable.RegulatorName);
+    const RecordSetProperties* recordSet = node ? node->recordSet() : nullptr;
+    const RecordSet_OutputsCollection* attributes = recordSet ? recordSet->RecordSet_Outputs.peek() : nullptr;
+    const AttributeProperties* field = attributes ? attributes->Item(variable.RegulatedFrom + 1) : nullptr;
+    if (!field) {
+        throw BuildFault("\"" + variable.VariableName + "\" has no record set attribute.");
+    }
+    return *field;
+}
+
+void ActivityBuilder::regulate(ParameterProperties& parameter, const LDLVariable& variable, const LinkCodes& codes) {
+    switch (variable.RegulatorType) {
+        case RegInput: {
+            const AttributeProperties& input = inputOf(variable);
+            parameter.RegulatedFrom->Add(Activity.Act_Name, codes.input, relativeKey(KindInput, input.Key));
+            parameter.Parameter_Type = input.Attribute_Type;
+            parameter.Tag = codes.input;
+            break;
+        }
+        case RegRecordSetField: {
+            const AttributeProperties& field = fieldOf(variable);
+            parameter.RegulatedFrom->Add(variable.RegulatorName, codes.field,
+                                         wholeKey(variable.RegulatorName, KindRecordSetAttribute, field.Key));
+            parameter.Parameter_Type = field.Attribute_Type;
+            parameter.Tag = codes.field;
+            break;
+        }
+        case RegConstant:
+            parameter.Parameter_Type = chosen(variable.RegulatedFrom, "data type");
+            parameter.RegulatedFrom->Add(variable.RegulatorName, codes.constant, variable.RegulatorName);
+            parameter.Tag = codes.constant;
+            break;
+        case RegUndefined:
+        case RegOutputVariable:
+            break;
+    }
+}
+
+void ActivityBuilder::CreateParameterFromVariable(const LDLVariable& variable, const std::string& name) {
+    ParameterProperties parameter;
+    parameter.Parameter_Name = parameter.Key = name;
+    parameter.ParentKeyName = Activity.Act_Name;
+    parameter.NodeKind = KindParameter;
+    regulate(parameter, variable, {LinkActivityInput, LinkRecordSet, LinkConstant});
+    Activity.Act_Parameters->AddFullParameter(parameter, "", false, 0);
+}
+
+void ActivityBuilder::CreateFunctionParameterFromVariable(const LDLVariable& variable, const std::string& name) {
+    static_cast<void>(name);
+    ParameterProperties input;
+    input.Parameter_Name = input.Key = variable.VariableName;
+    input.ParentFunctionActivity = Activity.Act_Name;
+    input.ParentKeyName = function()->Function_Name;
+    input.NodeKind = KindFunctionInput;
+    regulate(input, variable, {LinkInputFunction, LinkRecordSetFunction, LinkConstantFunction});
+    function()->Function_Inputs->AddFullParameter(input, "", false);
+}
+
+void ActivityBuilder::regulate(AttributeProperties& output, const LDLVariable& variable, const LDLVariable& regulator) {
+    if (regulator.VariableType == VarFunctionOutput) {
+        // Without a function the variable was skipped, and there is nothing to regulate by.
+        if (const FunctionProperties* made = function()) {
+            const ParameterProperties& result = *made->Function_Outputs.peek()->Item(1);
+            output.Attribute_Type = result.Parameter_Type;
+            output.RegulatedFrom->Add(made->Function_Name, LinkFunctionOutput,
+                                      wholeKey(made->Function_Name, KindOutput, result.Key));
+        }
+        return;
+    }
+    std::string name = regulator.VariableName;
+    if (regulator.VariableType == VarParameterArray) {
+        name += "_" + std::to_string(chosen(variable.RegulatedFrom, "element") + 1);
+    } else if (regulator.VariableType != VarParameter) {
+        return;
+    }
+    const ParameterProperties* parameter = Activity.Act_Parameters->Item(name);
+    if (!parameter) {
+        throw BuildFault("There is no parameter \"" + name + "\".");
+    }
+    output.Attribute_Type = parameter->Parameter_Type;
+    output.RegulatedFrom->Add(Activity.Act_Name, LinkParameterOutput, relativeKey(KindParameter, name));
+}
+
+void ActivityBuilder::CreateOutputFromVariable(const LDLVariable& variable, const std::string& name) {
+    AttributeProperties output;
+    output.Attribute_Name = output.Key = name;
+    output.NodeKind = KindOutput;
+    output.ParentKeyName = Activity.Act_Name;
+    output.Tag = kTagGenerated;
+    if (const LDLVariable* regulator = Variables.Item(variable.RegulatorName)) {
+        regulate(output, variable, *regulator);
+    }
+    // It takes the place of an output of that name that was drawn by hand.
+    if (AttributeProperties* old = Activity.Act_Outputs->Item(name)) {
+        removeOutput(*old);
+    }
+    Activity.Act_Outputs->AddFullAttribute(output, "", false, 0);
+}
+
+}  // namespace orvent::statements

@@ -1,0 +1,144 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "entities/name_tables.h"
+#include "platform/dialogs.h"
+#include "statements/activity_wizard.h"
+#include "statements/ldl_panel.h"
+#include "statements/ldl_sources.h"
+#include "statements/ldl_variables.h"
+
+namespace orvent::statements {
+
+class LDLForm;
+
+/// The wizard's window.
+class LDLFormWindow {
+  public:
+    virtual ~LDLFormWindow() = default;
+    /// Shows the window modally and returns when `form.isOpen()` has become false. A window that is closed in another
+    /// way calls `cmdCancel`.
+    virtual void run(LDLForm& form) = 0;
+};
+
+/// The buttons whose state the wizard explains.
+enum class LDLButton { cmdParseLDL, cmdGenerateLDL, cmdCreateAct, cmdNext, cmdPrev, cmdOK };
+
+/// The wizard that turns the LDL template of an activity's type into the activity: it finds the template's variables,
+/// asks of each what it stands for, generates the statement and builds the activity from the variables.
+///
+/// The window writes what the user types or selects by the handlers below, and after each of them shows the whole
+/// state again. All handlers are safe at any time while `isOpen()`.
+class LDLForm : public ActivityWizard {
+  public:
+    LDLForm(platform::MessageBox& messages, const entities::CatalogueTables& catalogue, LDLFormWindow& window)
+        : messages_(messages), catalogue_(catalogue), window_(window) {}
+
+    /// Takes the activity out of the attribute-level graph, runs the window and puts the activity back. An activity
+    /// without a type is told, and nothing opens.
+    void LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity,
+                   ActivityDialog* dialog = nullptr) override;
+
+    bool isOpen() const { return open_; }
+
+    // The state of the run; empty while the window is closed.
+
+    entities::ActivityProperties* Activity = nullptr;
+    LDLsourceColl Sources;                        ///< what provides the activity's inputs
+    entities::Act_OutputsCollection OutputsView;  ///< the outputs that were not generated; the activity's own objects
+    LDLVariableCollection Variables;
+    LDLVariable* CurrentVariable = nullptr;
+    std::int16_t ArrayPosition = 0;  ///< 1-based element on the panel, 0 when none
+    std::string OriginalTemplate;    ///< as it was at the first parse; empty before
+    bool ActivityCreated = false;
+    bool FromDialog = false;
+
+    // The controls. Kinds and values are option groups: one of each is chosen, or none.
+
+    LDLVisible Visible;
+    LDLEnabled Enabled;
+    std::string txtTemplate;                ///< the template, later the statement; the window writes edits through
+    std::vector<LDLMark> marks;             ///< occurrences of the current variable in `txtTemplate`
+    std::string lblVariable;                ///< name of the current variable, without "@"
+    LDLVariableType kind = VarUndefined;    ///< the chosen one of `kLDLKindOptions`
+    LDLRegulatorType value = RegUndefined;  ///< the chosen one of `kLDLValueOptions`
+    std::string frameValueCaption = "Value";
+    std::int16_t UpDownArity = 0;  ///< number of elements; `txtArity` shows it
+    LDLList listArrity, listInputs, listInputAttributes, listRS, listRSattributes, listDataTypes, listLDLvars,
+        listLDLSubVars;
+    std::string txtConst;         ///< the window writes edits through
+    std::string txtFunctionName;  ///< the window writes edits through
+
+    // The events.
+
+    void cmdParseLDL();
+    void cmdGenerateLDL();
+    void cmdCreateAct();
+    void cmdNext();
+    void cmdPrev();
+    void cmdOK();
+    void cmdCancel() { open_ = false; }
+    void chooseKind(LDLVariableType option);
+    void chooseValue(LDLRegulatorType option);
+    void UpDownArity_Up();
+    void UpDownArity_Down();
+    /// Selections by 0-based position; -1 takes the selection away.
+    void selectArrity(int position);
+    void selectInput(int position);
+    void selectInputAttribute(int position);
+    void selectRS(int position);
+    void selectRSattribute(int position);
+    void selectDataType(int position);
+    void selectLDLvar(int position);
+    void selectLDLSubVar(int position);
+
+    // What the window tells its user in plain words.
+
+    /// How far the walk is and which variable is meant: "Variable 2 of 5: @KEY, an array with 3 elements".
+    std::string progressText() const;
+    /// What to do next, or what is still missing on the panel.
+    std::string hint() const;
+    bool isEnabled(LDLButton button) const;
+    /// Why a button is grey; empty while it is not.
+    std::string whyDisabled(LDLButton button) const;
+
+    // The steps of the above.
+
+    /// Adds the template's variables to `Variables`. A fault is told, and ends the scan with what was found.
+    void ScanTemplateVariables(const std::string& text);
+    void StoreCurrentVariable();
+    void ShowCurrentVariable();
+    void StoreCurrentElement();
+
+  private:
+    struct Closing;
+
+    void buildOutputsView();
+    void layOutWithoutVariables();
+    void fillLists();
+    void showPanel(LDLVariableType option);
+    void resetPanel();
+    void clearValues();
+    void showValue(const LDLVariable& holder);
+    void showArray();
+    void fillRegulators();
+    void storeValue(LDLVariable& holder) const;
+    void storePanel();
+    bool allDefinedBeforeLast() const;
+    std::vector<LDLMark> occurrences(const std::string& name) const;
+    std::string missingValue() const;
+    std::string missingOnPanel() const;
+
+    platform::MessageBox& messages_;
+    const entities::CatalogueTables& catalogue_;
+    LDLFormWindow& window_;
+    canvas::DrawForm* form_ = nullptr;  ///< the design window
+    ActivityDialog* dialog_ = nullptr;
+    std::string trouble_;  ///< why the activity was built in part only
+    bool open_ = false;
+};
+
+}  // namespace orvent::statements

@@ -1,0 +1,48 @@
+#include "statements/ldl_scenario.h"
+
+#include "platform/fault.h"
+#include "platform/steps.h"
+#include "platform/text.h"
+#include "statements/scenario_link_rules.h"
+
+namespace orvent::statements {
+
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+}  // namespace
+
+void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
+    platform::Steps steps(progress_, static_cast<std::size_t>(form.Labels.Count()));
+    // By position: the wizard works on the canvas in the middle of this walk.
+    for (int position = 1; position <= form.Labels.Count(); ++position) {
+        steps.next();
+        canvas::LabelsD& node = *form.Labels.at(position);
+        entities::ActivityProperties* activity = node.activity();
+        if (!activity) {
+            continue;
+        }
+        // The wizard takes its template from the activity's type; without one there is nothing to ask.
+        if (wizard_ && activity->Act_LDL.empty() && activity->Act_Type != -1) {
+            wizard_->LDLCreate(form, *activity);
+        }
+        txtLDL.append(activity->Act_LDL).append(kLineEnd).append(kLineEnd);
+    }
+}
+
+void LDLScenarioWriter::LDLScenario(canvas::DrawForm& form) {
+    try {
+        gatherStatements(form);
+        txtLDL += ScenarioLinkRules(form);
+        platform::writeFile(folder_.file("\\LDLS\\", form.Caption(), ".ldl"), txtLDL + kLineEnd);
+        txtLDL.clear();
+    } catch (const platform::Fault& fault) {
+        messages_.tell(std::string("Could Not Write To The File!") + kLineEnd + fault.description(), {},
+                       platform::Icon::critical);
+        return;
+    }
+    messages_.tell("File \"" + folder_.path("\\LDLS\\") + form.Caption() + ".ldl\" Was Created.");
+}
+
+}  // namespace orvent::statements

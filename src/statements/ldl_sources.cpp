@@ -1,0 +1,40 @@
+#include "statements/ldl_sources.h"
+
+#include <utility>
+
+namespace orvent::statements {
+
+void LDLSource::Add(std::shared_ptr<entities::AttributeProperties> attribute) {
+    const std::string& key = attribute->Key;
+    if (!Item(key)) {
+        append(attribute, key);
+    }
+}
+
+LDLSource& LDLsourceColl::Add(const std::string& name) {
+    if (LDLSource* known = Item(name)) {
+        return *known;
+    }
+    auto source = std::make_unique<LDLSource>();
+    source->Source = name;
+    return append(std::move(source), name);
+}
+
+LDLsourceColl sourcesOf(const entities::ActivityProperties& activity) {
+    LDLsourceColl sources;
+    const entities::Act_InputsCollection* inputs = activity.Act_Inputs.peek();
+    for (int position = 1; position <= activity.Act_Inputs.count(); ++position) {
+        std::shared_ptr<entities::AttributeProperties> input = inputs->share(position);
+        for (const entities::ProviderProperties& link : input->ProvidedFrom) {
+            LDLSource* source = sources.Source(link.Provider_Name);
+            if (!source) {
+                source = &sources.Add(link.Provider_Name);
+                source->SourceType = link.Provider_Type;
+            }
+            source->Add(input);
+        }
+    }
+    return sources;
+}
+
+}  // namespace orvent::statements

@@ -1,0 +1,47 @@
+#include "statements/ldl_variables.h"
+
+#include "platform/fault.h"
+
+namespace orvent::statements {
+
+LDLVariable& LDLVariableCollection::Add(const std::string& name) {
+    if (LDLVariable* known = Item(name)) {
+        return *known;
+    }
+    auto variable = std::make_unique<LDLVariable>();
+    variable->VariableName = name;
+    variable->Index = platform::checkedI16(Count() + 1, "The number of variables");
+    return append(std::move(variable), keyOf(name));
+}
+
+bool isNameCharacter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+std::string_view nameAt(std::string_view text, std::size_t at) {
+    std::size_t end = at;
+    while (end < text.size() && isNameCharacter(text[end])) {
+        ++end;
+    }
+    return text.substr(at, end - at);
+}
+
+void scanTemplate(std::string_view text, LDLVariableCollection& Variables) {
+    std::size_t at = text.find('@');
+    while (at != std::string_view::npos) {
+        const std::string_view name = nameAt(text, at + 1);
+        LDLVariable& variable = Variables.Add(std::string(name));
+        at += 1 + name.size();
+        if (at < text.size() && text[at] == '[') {
+            variable.SubVariables = std::make_unique<LDLVariableCollection>();
+            // What stands between the brackets may hold "@", which is not looked at.
+            at = text.find(']', at + 1);
+            if (at == std::string_view::npos) {
+                throw platform::Fault("The bracket behind \"@" + std::string(name) + "\" is not closed.");
+            }
+        }
+        at = text.find('@', at);
+    }
+}
+
+}  // namespace orvent::statements

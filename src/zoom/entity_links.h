@@ -1,0 +1,13 @@
+#pragma once
+
+#include "canvas/deletion.h"
+
+namespace orvent::zoom {
+
+/// How a canvas takes the entity of a node that is deleted out of all links.
+class CanvasLinks : public canvas::EntityLinks {
+  public:
+    void unsynchronise(canvas::Canvas& canvas, canvas::LabelsD& node) override;
+};
+
+}  // namespace orvent::zoom

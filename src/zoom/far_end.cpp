@@ -1,0 +1,222 @@
+#include "zoom/far_end.h"
+
+#include <array>
+#include <type_traits>
+
+#include "entities/link_types.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+
+namespace {
+
+enum class Place { Inputs, Outputs, Parameters, RecordSet, Constant, FunctionInputs, FunctionOutputs };
+
+/// What a link of a dialog's working copy may reach.
+enum class Reach { Nothing, Dialog, Scenario };
+
+struct Row {
+    Direction direction;
+    LinkType type;
+    Place place;
+    bool orRecordSet;  ///< the far node may also be a record set
+    bool relative;     ///< the mirror names the near end by its relative key
+    Reach inDialog;
+};
+
+constexpr auto kProvidedFrom = Direction::ProvidedFrom;
+constexpr auto kProviderFor = Direction::ProviderFor;
+constexpr auto kRegulatedFrom = Direction::RegulatedFrom;
+constexpr auto kRegulatorFor = Direction::RegulatorFor;
+
+constexpr std::array<Row, 26> kRows = {{
+    {kProvidedFrom, LinkRecordSet, Place::Outputs, true, false, Reach::Nothing},
+    {kProvidedFrom, LinkActivity, Place::Outputs, false, false, Reach::Nothing},
+    {kProvidedFrom, LinkInput, Place::Inputs, false, true, Reach::Dialog},
+    {kProvidedFrom, LinkActivityInput, Place::Inputs, false, true, Reach::Dialog},
+
+    {kProviderFor, LinkRecordSet, Place::Inputs, true, false, Reach::Nothing},
+    {kProviderFor, LinkActivity, Place::Inputs, false, false, Reach::Nothing},
+    {kProviderFor, LinkInput, Place::Outputs, false, true, Reach::Dialog},
+    {kProviderFor, LinkActivityInput, Place::Outputs, false, true, Reach::Dialog},
+
+    {kRegulatedFrom, LinkRecordSet, Place::RecordSet, true, false, Reach::Nothing},
+    {kRegulatedFrom, LinkInput, Place::Inputs, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkActivityInput, Place::Inputs, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkConstant, Place::Constant, false, false, Reach::Nothing},
+    {kRegulatedFrom, LinkParameterOutput, Place::Parameters, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkFunctionOutput, Place::FunctionOutputs, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkRecordSetFunction, Place::RecordSet, true, false, Reach::Scenario},
+    {kRegulatedFrom, LinkInputFunction, Place::Inputs, false, false, Reach::Dialog},
+    {kRegulatedFrom, LinkConstantFunction, Place::Constant, true, false, Reach::Nothing},
+
+    {kRegulatorFor, LinkRecordSet, Place::Parameters, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkInput, Place::Parameters, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkActivityInput, Place::Parameters, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkConstant, Place::Parameters, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkParameterOutput, Place::Outputs, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkFunctionOutput, Place::Outputs, false, false, Reach::Dialog},
+    {kRegulatorFor, LinkRecordSetFunction, Place::FunctionInputs, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkInputFunction, Place::FunctionInputs, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkConstantFunction, Place::FunctionInputs, false, false, Reach::Nothing},
+}};
+
+const Row* rowOf(Direction direction, std::int16_t type) {
+    for (const Row& row : kRows) {
+        if (row.direction == direction && row.type == type) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+void setEntity(FarEnd& far, AttributeProperties* attribute) {
+    far.attribute = attribute;
+}
+void setEntity(FarEnd& far, ParameterProperties* parameter) {
+    far.parameter = parameter;
+}
+
+/// One search; it has the arguments at hand for the steps below.
+class Search {
+  public:
+    Search(const canvas::Canvas& form, const NearEnd& near, const LinkData& link, ActivityProperties* dialog)
+        : form_(form), near_(near), link_(link), dialog_(dialog) {}
+
+    FarEnd find(const Row& row) const {
+        FarEnd far;
+        const canvas::LabelsD* peer = form_.nodeNamed(link_.name);
+        RecordSetProperties* recordSet = row.orRecordSet && peer ? peer->recordSet() : nullptr;
+        if (recordSet) {
+            inList(far, recordSet->RecordSet_Outputs.peek(), AfterFirstDot(link_.key), peer->Expanded, farKey());
+        } else if (row.place == Place::Constant) {
+            constant(far, peer);
+        } else if (row.place == Place::FunctionInputs || row.place == Place::FunctionOutputs) {
+            functionParameter(far, peer, row.place);
+        } else {
+            activityMember(far, dialog_ ? dialog_ : peer ? peer->activity() : nullptr, row.place);
+        }
+        if (!far.attribute && !far.parameter) {
+            return {};
+        }
+        far.mirrorKey = row.relative ? near_.relativeKey() : recordSet ? near_.keyForRecordSet() : near_.wholeKey();
+        return far;
+    }
+
+  private:
+    std::string farKey() const { return link_.key.starts_with('.') ? link_.name + link_.key : link_.key; }
+
+    /// The item of a list, or the entity of its node while the list's items have nodes of their own.
+    template <class List>
+    void inList(FarEnd& far, List* list, const std::string& key, bool expanded, const std::string& nodeKey) const {
+        using Entity = std::remove_pointer_t<decltype(list->Item(key))>;
+        if (!expanded) {
+            setEntity(far, list ? list->Item(key) : nullptr);
+        } else if (const canvas::LabelsD* node = form_.nodeNamed(nodeKey)) {
+            setEntity(far, node->entity<Entity>());
+            far.node = node;
+        }
+    }
+
+    template <class List>
+    void activityList(FarEnd& far, List* list) const {
+        inList(far, list, AfterSecondDot(link_.key), list && list->Expanded && !dialog_, farKey());
+    }
+
+    void activityMember(FarEnd& far, ActivityProperties* activity, Place place) const {
+        if (!activity) {
+            return;
+        }
+        switch (place) {
+            case Place::Inputs:
+                return activityList(far, activity->Act_Inputs.peek());
+            case Place::Outputs:
+                return activityList(far, activity->Act_Outputs.peek());
+            case Place::Parameters:
+                return activityList(far, activity->Act_Parameters.peek());
+            default:
+                return;
+        }
+    }
+
+    void constant(FarEnd& far, const canvas::LabelsD* peer) const {
+        if (peer && peer->NodeType() == canvas::NodeTypeConstant) {
+            far.parameter = peer->entity<ParameterProperties>();
+            far.node = peer;
+        }
+    }
+
+    void functionParameter(FarEnd& far, const canvas::LabelsD* peer, Place place) const {
+        FunctionProperties* function = peer && !dialog_ ? peer->entity<FunctionProperties>() : nullptr;
+        const bool expanded = function && peer->Expanded;
+        if (!function) {
+            function = functionWithoutNode();
+        }
+        if (!function) {
+            return;
+        }
+        const bool inputs = place == Place::FunctionInputs;
+        const std::string key = AfterLastDot(link_.key);
+        inList(far, (inputs ? function->Function_Inputs : function->Function_Outputs).peek(), key, expanded,
+               wholeKey(function->Function_Key, inputs ? KindFunctionInput : KindFunctionOutput, key));
+    }
+
+    static FunctionProperties* functionOf(const ActivityProperties* activity, const std::string& key) {
+        const Act_FunctionsCollection* functions = activity ? activity->Act_Functions.peek() : nullptr;
+        return functions ? functions->Item(key) : nullptr;
+    }
+
+    const ActivityProperties* activityNamed(const std::string& name) const {
+        const canvas::LabelsD* node = form_.nodeNamed(name);
+        return node ? node->activity() : nullptr;
+    }
+
+    /// The function in its activity: the near end's own one, or else the one that the link's name or key begins with.
+    FunctionProperties* functionWithoutNode() const {
+        if (dialog_) {
+            return functionOf(dialog_, link_.name);
+        }
+        if (link_.type == LinkFunctionOutput || link_.type == LinkInputFunction) {
+            return functionOf(activityNamed(near_.owner()), link_.name);
+        }
+        if (const std::string owner = BeforeFirstDot(link_.name); !owner.empty()) {
+            return functionOf(activityNamed(owner), link_.name);
+        }
+        return functionOf(activityNamed(SecondSegment(link_.key)), BeforeFirstDot(link_.key));
+    }
+
+    const canvas::Canvas& form_;
+    const NearEnd& near_;
+    const LinkData& link_;
+    ActivityProperties* dialog_;
+};
+
+}  // namespace
+
+std::string NearEnd::keyForRecordSet() const {
+    const bool ownFunction = parameter_ && kind_ == KindFunctionInput && !HasDot(owner_);
+    if (!ownFunction || parameter_->ParentFunctionActivity.empty()) {
+        return wholeKey();
+    }
+    return owner_ + "." + parameter_->ParentFunctionActivity + "." + key_;
+}
+
+std::int32_t NearEnd::labelIn(const canvas::Canvas& Form) const {
+    const canvas::LabelsD* node = Form.Labels.byIndex(label_);
+    const bool shown = node && (attribute_ ? node->entity<AttributeProperties>() == attribute_
+                                           : node->entity<ParameterProperties>() == parameter_);
+    return shown ? label_ : 0;
+}
+
+FarEnd findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
+                  ActivityProperties* InDialog) {
+    const Row* row = rowOf(direction, link.type);
+    if (!row || (InDialog && row->inDialog == Reach::Nothing)) {
+        return {};
+    }
+    ActivityProperties* dialog = row->inDialog == Reach::Scenario ? nullptr : InDialog;
+    return Search(Form, near, link, dialog).find(*row);
+}
+
+}  // namespace orvent::zoom

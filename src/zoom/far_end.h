@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "canvas/canvas.h"
+#include "entities/attributes.h"
+#include "entities/nodes.h"
+
+namespace orvent::zoom {
+
+/// The four link collections that an entity may have. A link in one is mirrored at its far end in the opposite one.
+enum class Direction { ProvidedFrom, ProviderFor, RegulatedFrom, RegulatorFor };
+
+/// The entity whose links are walked, be it an attribute or a parameter. It refers to the entity and must not outlive
+/// it.
+class NearEnd {
+  public:
+    NearEnd(const entities::AttributeProperties& attribute)  // NOLINT: an entity is the near end
+        : attribute_(&attribute),
+          owner_(attribute.ParentKeyName),
+          key_(attribute.Key),
+          kind_(attribute.NodeKind),
+          label_(attribute.LabelIndex) {}
+    NearEnd(const entities::ParameterProperties& parameter)  // NOLINT
+        : parameter_(&parameter),
+          owner_(parameter.ParentKeyName),
+          key_(parameter.Key),
+          kind_(parameter.NodeKind),
+          label_(parameter.LabelIndex) {}
+
+    /// The name that a mirror gets: the owning record set or activity, or the key of the owning function.
+    const std::string& owner() const { return owner_; }
+    std::string relativeKey() const { return entities::relativeKey(kind_, key_); }
+    std::string wholeKey() const { return entities::wholeKey(owner_, kind_, key_); }
+
+    /// How a record set names an input of a function that was drawn by itself: `<function>.<activity>.<input>`. For
+    /// every other entity its whole key.
+    std::string keyForRecordSet() const;
+
+    /// The node of the canvas that shows this very entity, 0 when there is none.
+    std::int32_t labelIn(const canvas::Canvas& Form) const;
+
+  private:
+    const entities::AttributeProperties* attribute_ = nullptr;
+    const entities::ParameterProperties* parameter_ = nullptr;
+    const std::string& owner_;
+    const std::string& key_;
+    std::int16_t kind_;
+    std::int32_t label_;
+};
+
+/// Where a link leads. Neither attribute nor parameter: the far end is not within reach and is left alone.
+struct FarEnd {
+    entities::AttributeProperties* attribute = nullptr;
+    entities::ParameterProperties* parameter = nullptr;
+    const canvas::LabelsD* node = nullptr;  ///< the node of its own, when it has one; then the link is drawn
+    std::string mirrorKey;                  ///< what the mirror link calls the near end
+};
+
+/// A link as the search for its far end needs it.
+struct LinkData {
+    const std::string& name;
+    std::int16_t type;
+    const std::string& key;
+};
+
+/// Finds the far end of one of the near end's links, by table lookups only. `InDialog` is the working activity of the
+/// open dialog that the near end belongs to, or null: then far ends in the same activity are looked up in it, and
+/// those beyond it are out of reach.
+FarEnd findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
+                  entities::ActivityProperties* InDialog);
+
+}  // namespace orvent::zoom

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "zoom/far_end.h"
+
+namespace orvent::zoom {
+
+/// What is done to the mirrors of links at their far ends: synchronising writes them and draws edges, unsynchronising
+/// erases both. All else is the same for the two.
+enum class Work { Write, Erase };
+
+void mirrorLink(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near,
+                entities::ProviderProperties& link, entities::ActivityProperties* InDialog);
+void mirrorLink(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near,
+                entities::RegulatorProperties& link, entities::ActivityProperties* InDialog);
+
+/// All links of an entity in the fixed order: provided from, provider for, regulated from, regulator for.
+void mirrorLinks(Work work, canvas::Canvas& Form, entities::AttributeProperties& attribute,
+                 entities::ActivityProperties* InDialog);
+void mirrorLinks(Work work, canvas::Canvas& Form, entities::ParameterProperties& parameter,
+                 entities::ActivityProperties* InDialog);
+
+}  // namespace orvent::zoom

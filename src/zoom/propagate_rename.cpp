@@ -1,0 +1,264 @@
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "entities/link_types.h"
+#include "zoom/link_mirrors.h"
+#include "zoom/synchronize_functions.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+
+namespace {
+
+/// Which links carry a new key on, and to what of the activity that the link names.
+struct Row {
+    NodeKindCode from;
+    Direction links;
+    std::array<LinkType, 2> types;
+    NodeKindCode to;
+    bool relative;  ///< the link names its far end by the relative key
+    bool travelsOn;
+};
+
+constexpr std::array<LinkType, 2> kInner = {LinkInput, LinkActivityInput};
+constexpr std::array<LinkType, 2> kActivity = {LinkActivity, LinkActivity};
+constexpr std::array<LinkType, 2> kRecordSet = {LinkRecordSet, LinkRecordSet};
+
+constexpr std::array<Row, 6> kRows = {{
+    {KindInput, Direction::ProviderFor, kInner, KindOutput, true, true},
+    {KindInput, Direction::RegulatorFor, kInner, KindParameter, true, false},
+    {KindOutput, Direction::ProviderFor, kActivity, KindInput, false, true},
+    {KindRecordSetAttribute, Direction::ProvidedFrom, kRecordSet, KindOutput, false, false},
+    {KindRecordSetAttribute, Direction::ProviderFor, kRecordSet, KindInput, false, true},
+    {KindRecordSetAttribute, Direction::RegulatorFor, kRecordSet, KindParameter, false, false},
+}};
+
+struct Match {
+    const Row* row;
+    std::string name;
+    std::int16_t type;
+    std::string key;
+};
+
+/// An attribute that has its new key, and the links that are still to be followed.
+struct Step {
+    AttributeProperties* attribute;
+    std::vector<Match> matches;
+    std::size_t next = 0;
+};
+
+/// The key by which a link of that row names an entity of the activity `name`.
+std::string farKey(const Row& row, const std::string& name, const std::string& key) {
+    return row.relative ? relativeKey(row.to, key) : wholeKey(name, row.to, key);
+}
+
+/// A link follows when its far end bears the old key. Old keys with a dot, as brought members have them, are never
+/// followed.
+template <class Link>
+bool follows(const Row& row, const Link& link, const std::string& oldKey) {
+    return (link.type() == row.types[0] || link.type() == row.types[1]) && AfterLastDot(link.key()) == oldKey &&
+           link.key() == farKey(row, link.name(), oldKey);
+}
+
+template <class Links>
+void collect(const Row& row, const Lazy<Links>& links, const std::string& oldKey, std::vector<Match>& matches) {
+    const Links* present = links.peek();
+    for (int at = links.count(); at >= 1; --at) {
+        const auto& link = *present->Item(at);
+        if (follows(row, link, oldKey)) {
+            matches.push_back({&row, link.name(), link.type(), link.key()});
+        }
+    }
+}
+
+Step stepAt(AttributeProperties& attribute, const std::string& oldKey) {
+    Step step{&attribute, {}};
+    for (const Row& row : kRows) {
+        if (row.from != attribute.NodeKind) {
+            continue;
+        }
+        switch (row.links) {
+            case Direction::ProvidedFrom:
+                collect(row, attribute.ProvidedFrom, oldKey, step.matches);
+                break;
+            case Direction::ProviderFor:
+                collect(row, attribute.ProviderFor, oldKey, step.matches);
+                break;
+            default:
+                collect(row, attribute.RegulatorFor, oldKey, step.matches);
+                break;
+        }
+    }
+    return step;
+}
+
+template <class Links>
+void replaceLink(Lazy<Links>& links, const std::string& oldKey, const std::string& name, std::int16_t type,
+                 const std::string& newKey) {
+    links->Remove(oldKey);
+    links->Add(name, type, newKey);
+}
+
+void replaceMatch(AttributeProperties& attribute, const Match& match, const std::string& newKey) {
+    switch (match.row->links) {
+        case Direction::ProvidedFrom:
+            return replaceLink(attribute.ProvidedFrom, match.key, match.name, match.type, newKey);
+        case Direction::ProviderFor:
+            return replaceLink(attribute.ProviderFor, match.key, match.name, match.type, newKey);
+        default:
+            return replaceLink(attribute.RegulatorFor, match.key, match.name, match.type, newKey);
+    }
+}
+
+std::string& nameOf(AttributeProperties& attribute) {
+    return attribute.Attribute_Name;
+}
+std::string& nameOf(ParameterProperties& parameter) {
+    return parameter.Parameter_Name;
+}
+AttributeProperties& add(AttributeCollection& list, const AttributeProperties& attribute, int position) {
+    return list.AddFullAttribute(attribute, attribute.Key, false, position);
+}
+ParameterProperties& add(ParameterCollection& list, const ParameterProperties& parameter, int position) {
+    return list.AddFullParameter(parameter, parameter.Key, false, position);
+}
+
+/// Binds the node that showed the entity to its renamed clone.
+template <class List, class Entity>
+void rebindNode(canvas::Canvas& Form, const List& list, const Entity& former, const std::string& formerKey,
+                Entity& renamed) {
+    canvas::LabelsD* node = Form.nodeNamed(formerKey);
+    if (!node || node->entity<Entity>() != &former) {
+        return;
+    }
+    const std::string formerName = node->Caption();
+    const std::string& name = nameOf(renamed);
+    node->Properties = list.share(renamed.Key);
+    node->setKeyName(wholeKey(renamed.ParentKeyName, renamed.NodeKind, renamed.Key));
+    node->setCaption(name);
+    if (node->ToolTipText().starts_with(formerName + "(")) {
+        node->setToolTipText(name + node->ToolTipText().substr(formerName.size()));
+    }
+}
+
+/// Takes the entity under `oldKey` out of the links and of its list, and puts a clone under `newKey` at its place.
+template <class List>
+auto& rename(canvas::Canvas& Form, List& list, const std::string& oldKey, const std::string& newKey) {
+    const int position = list.positionOf(oldKey);
+    auto& present = *list.Item(position);
+    mirrorLinks(Work::Erase, Form, present, nullptr);
+    const std::string formerKey = wholeKey(present.ParentKeyName, present.NodeKind, oldKey);
+    const auto former = list.Remove(position);
+    if (nameOf(*former) == oldKey) {
+        nameOf(*former) = newKey;
+    }
+    former->Key = newKey;
+    former->Changed = true;
+    auto& renamed = add(list, *former, position);
+    rebindNode(Form, list, *former, formerKey, renamed);
+    return renamed;
+}
+
+class Propagation {
+  public:
+    Propagation(canvas::Canvas& form, const std::string& oldKey) : form_(form), oldKey_(oldKey) {}
+
+    // The chain may be as long as the scenario, so it is followed with a stack of its own.
+    void run(AttributeProperties& first) {
+        stack_.push_back(stepAt(first, oldKey_));
+        while (!stack_.empty()) {
+            Step& step = stack_.back();
+            if (step.next < step.matches.size()) {
+                follow(*step.attribute, Match(step.matches[step.next++]));
+                continue;
+            }
+            AttributeProperties& done = *step.attribute;
+            stack_.pop_back();
+            if (!stack_.empty()) {
+                SynchronizeAttribute(form_, done, nullptr);
+            }
+        }
+    }
+
+  private:
+    void follow(AttributeProperties& attribute, const Match& match) {
+        const canvas::LabelsD* node = form_.nodeNamed(match.name);
+        ActivityProperties* activity = node ? node->activity() : nullptr;
+        if (!activity) {
+            return;
+        }
+        switch (match.row->to) {
+            case KindInput:
+                if (AttributeProperties* input = rekey(attribute, match, activity->Act_Inputs.peek())) {
+                    activity->Act_Inputs->Changed = true;
+                    goOn(*match.row, *input);
+                }
+                return;
+            case KindOutput:
+                if (AttributeProperties* output = rekey(attribute, match, activity->Act_Outputs.peek())) {
+                    goOn(*match.row, *output);
+                }
+                return;
+            default:
+                if (ParameterProperties* parameter = regulated(attribute, match, activity->Act_Parameters.peek())) {
+                    SynchronizeParameter(form_, *parameter, nullptr);
+                }
+                return;
+        }
+    }
+
+    void goOn(const Row& row, AttributeProperties& renamed) {
+        if (row.travelsOn) {
+            stack_.push_back(stepAt(renamed, oldKey_));
+        } else {
+            SynchronizeAttribute(form_, renamed, nullptr);
+        }
+    }
+
+    /// The chain ends where the far end is missing or its owner has an entity of the new key.
+    template <class List>
+    bool canRename(const AttributeProperties& attribute, const List* list) const {
+        return list && list->Item(oldKey_) && !list->Item(attribute.Key);
+    }
+
+    template <class List>
+    AttributeProperties* rekey(AttributeProperties& attribute, const Match& match, List* list) {
+        if (!canRename(attribute, list)) {
+            return nullptr;
+        }
+        replaceMatch(attribute, match, farKey(*match.row, match.name, attribute.Key));
+        return &rename(form_, *list, oldKey_, attribute.Key);
+    }
+
+    ParameterProperties* regulated(AttributeProperties& attribute, const Match& match, Act_ParametersCollection* list) {
+        if (!canRename(attribute, list)) {
+            return nullptr;
+        }
+        replaceMatch(attribute, match, farKey(*match.row, match.name, attribute.Key));
+        replaceLink(list->Item(oldKey_)->RegulatedFrom, keyOf(attribute, match, oldKey_), attribute.ParentKeyName,
+                    match.type, keyOf(attribute, match, attribute.Key));
+        return &rename(form_, *list, oldKey_, attribute.Key);
+    }
+
+    static std::string keyOf(const AttributeProperties& attribute, const Match& match, const std::string& key) {
+        return match.row->relative ? relativeKey(attribute.NodeKind, key)
+                                   : wholeKey(attribute.ParentKeyName, attribute.NodeKind, key);
+    }
+
+    canvas::Canvas& form_;
+    const std::string& oldKey_;
+    std::vector<Step> stack_;
+};
+
+}  // namespace
+
+void PropagateRename(canvas::Canvas& Form, AttributeProperties& A, const std::string& OldKey) {
+    if (A.Key != OldKey) {
+        Propagation(Form, OldKey).run(A);
+    }
+}
+
+}  // namespace orvent::zoom

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "canvas/canvas.h"
+#include "entities/nodes.h"
+#include "zoom/far_end.h"
+
+namespace orvent::zoom {
+
+// To synchronise an entity is to write, for each link that it holds, the mirror link at the far end, and to draw the
+// edge where both ends have a node of their own. It is idempotent and touches only the immediate far ends; a far end
+// that does not exist is skipped. No `Changed` is set.
+//
+// `InDialog` is the working activity of the open activity dialog when the entity belongs to it, null otherwise.
+
+void SynchronizeAttribute(canvas::Canvas& Form, entities::AttributeProperties& attribute,
+                          entities::ActivityProperties* InDialog);
+void SynchronizeParameter(canvas::Canvas& Form, entities::ParameterProperties& parameter,
+                          entities::ActivityProperties* InDialog);
+void SynchronizeActivity(canvas::Canvas& Form, entities::ActivityProperties& activity,
+                         entities::ActivityProperties* InDialog);
+void SynchronizeRecordSet(canvas::Canvas& Form, entities::RecordSetProperties& recordSet);
+
+// One link of the entity `E` at a time.
+
+void SynchronizeProvidedFrom(canvas::Canvas& Form, const NearEnd& E, entities::ProviderProperties& Link,
+                             entities::ActivityProperties* InDialog);
+void SynchronizeProviderFor(canvas::Canvas& Form, const NearEnd& E, entities::ProviderProperties& Link,
+                            entities::ActivityProperties* InDialog);
+void SynchronizeRegulatedFrom(canvas::Canvas& Form, const NearEnd& E, entities::RegulatorProperties& Link,
+                              entities::ActivityProperties* InDialog);
+void SynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, entities::RegulatorProperties& Link,
+                             entities::ActivityProperties* InDialog);
+
+/// Draws a link between two nodes of the canvas and stores the edge's `Index` on both ends of the link, -1 when one of
+/// the nodes does not exist.
+void AddProviderEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
+                     entities::ProviderProperties& Link, entities::ProviderProperties& Mirror);
+void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
+                      entities::RegulatorProperties& Link, entities::RegulatorProperties& Mirror);
+
+/// Carries the new `Key` of an attribute down the data flow: to the inputs that read it, from an input to the outputs
+/// and parameters of its activity, from an output to the inputs downstream, as far as they bear `OldKey`. The caller
+/// has unsynchronised the attribute under its old key and synchronises it afterwards. An owner that has an entity of
+/// the new key already ends the chain. Every renamed entity is replaced by a clone at its place, with `Changed` set.
+void PropagateRename(canvas::Canvas& Form, entities::AttributeProperties& A, const std::string& OldKey);
+
+}  // namespace orvent::zoom

@@ -1,0 +1,200 @@
+#include <gtest/gtest.h>
+
+#include "entities/functions.h"
+#include "entities/nodes.h"
+#include "testkit/scripted_ports.h"
+
+using namespace orvent;
+using namespace orvent::entities;
+
+namespace {
+
+template <class Collection>
+std::string keysOf(const Collection& collection) {
+    std::string keys;
+    for (int at = 1; at <= collection.Count(); ++at) {
+        keys += collection.keyAt(at) + " ";
+    }
+    return keys;
+}
+
+TEST(Attributes, WhereAFullAddPutsTheClone) {
+    struct Row {
+        bool reversed;
+        int index;
+        const char* order;
+    };
+    const Row rows[] = {{false, 0, "a b new "},  {false, 1, "new a b "}, {false, 2, "a new b "}, {false, 3, "a b new "},
+                        {false, -1, "a b new "}, {true, 2, "new a b "},  {true, 0, "new a b "}};
+    for (const Row& row : rows) {
+        Act_InputsCollection inputs;
+        inputs.Add("a", 0, 0, "a");
+        inputs.Add("b", 0, 0, "b");
+        AttributeProperties record;
+        record.Key = "new";
+        inputs.AddFullAttribute(record, "", row.reversed, row.index);
+        EXPECT_EQ(keysOf(inputs), row.order) << row.reversed << row.index;
+        EXPECT_THROW(inputs.AddFullAttribute(record, "a", false, 0), platform::Fault);
+        EXPECT_EQ(record.Key, "new");
+        EXPECT_EQ(inputs.Count(), 3);
+        EXPECT_EQ(inputs.Key2Index("b") == 3, std::string(row.order).ends_with("b "));
+        EXPECT_EQ(inputs.Key2Index("nothing"), 0);
+    }
+}
+
+/// An activity with something in every field.
+ActivityProperties fullActivity() {
+    ActivityProperties activity;
+    activity.Act_Name = "A";
+    activity.Act_LDL = "ldl";
+    activity.Act_SQL = "sql";
+    activity.Act_Log = "log";
+    activity.Act_Description = "text";
+    activity.Act_Type = 3;
+    activity.Act_SchemaNo = 2;
+    activity.NodeID = 7;
+    activity.ZoomPosition = 1;
+    activity.Changed = true;
+    activity.Act_Inputs->Changed = false;
+    activity.Act_Inputs->Expanded = true;
+    AttributeProperties& input = activity.Act_Inputs->Add("in", 1, 2, "k");
+    input.SubNode_ID = 9;
+    input.ParentKeyName = "A";
+    input.ProvidedFrom->Add("RS1", 1, "RS1.k", 5);
+    input.RegulatorFor->Add("A", 3, ".PARAM.k");
+    activity.Act_Parameters->Add("p", 1, 8, "p").RegulatedFrom->Add("A", 3, ".IN.k");
+    FunctionProperties function;
+    function.FunctionID = 4;
+    function.Function_Inputs->Add("i", 0, "i").RegulatedFrom->Add("A", 13, ".IN.k");
+    function.setParentKeyName("A");
+    activity.Act_Functions->AddFunctionProps(function, "A.Fun", 0).Function_Name = "shown name";
+    return activity;
+}
+
+TEST(Activity, ACloneIsDeepAndKeepsTheIdentity) {
+    ActivityProperties activity = fullActivity();
+    const auto clone = activity.Clone();
+    EXPECT_EQ(clone->Act_Name + clone->Act_LDL + clone->Act_SQL + clone->Act_Log + clone->Act_Description,
+              "Aldlsqllogtext");
+    EXPECT_EQ(clone->Act_Type, 3);
+    EXPECT_EQ(clone->Act_SchemaNo, 2);
+    EXPECT_EQ(clone->NodeID, 7);
+    EXPECT_EQ(clone->ZoomPosition, 1);
+    EXPECT_TRUE(clone->Changed);
+    EXPECT_FALSE(clone->Act_Inputs->Changed);
+    EXPECT_FALSE(clone->Act_Inputs->Expanded);
+    EXPECT_FALSE(clone->Act_Outputs.peek()) << "a collection that was never read is made by the clone";
+
+    const AttributeProperties* input = clone->Act_Inputs->Item("k");
+    ASSERT_TRUE(input && input != activity.Act_Inputs->Item("k"));
+    EXPECT_EQ(input->SubNode_ID, 9);
+    EXPECT_EQ(input->Attribute_Name, "in");
+    EXPECT_EQ(input->Tag, 2);
+    EXPECT_EQ(input->NodeKind, KindInput);
+    EXPECT_EQ(input->ProvidedFrom.peek()->Item("RS1.k")->LineIndex, 5);
+    EXPECT_EQ(input->RegulatorFor.count(), 1);
+    EXPECT_FALSE(input->ProviderFor.peek());
+    activity.Act_Inputs->Item("k")->ProvidedFrom->Clear();
+    EXPECT_EQ(input->ProvidedFrom.count(), 1);
+
+    EXPECT_EQ(clone->Act_Parameters->Item("p")->RegulatedFrom.count(), 1);
+    const FunctionProperties* function = clone->Act_Functions->Item("A.Fun");
+    ASSERT_TRUE(function);
+    EXPECT_EQ(function->Function_Name, "A.Fun") << "a cloned function carries its key as its name";
+    EXPECT_EQ(function->FunctionID, 4);
+    EXPECT_EQ(function->ParentKeyName(), "A");
+    EXPECT_EQ(function->Function_Inputs.peek()->Item("i")->ParentFunctionActivity, "A");
+    EXPECT_EQ(function->Function_Inputs.peek()->Item("i")->RegulatedFrom.count(), 1);
+
+    EXPECT_TRUE(ActivityProperties().Clone()->Act_Inputs->Changed);
+    EXPECT_EQ(ActivityProperties().Act_Type, -1);
+}
+
+class OneFunctionType : public FunctionTypeSource {
+  public:
+    FunctionTypeProperties GetFunctionType(std::int16_t index) override {
+        FunctionTypeProperties type;
+        type.FunctionType_Inputs->Add("in", index, "in");
+        type.FunctionType_Outputs->Add("out", index, "out");
+        return type;
+    }
+};
+
+class OneShownFunction : public FunctionContainer {
+  public:
+    FunctionProperties function;
+    const FunctionProperties* functionNamed(const std::string& name) const override {
+        return name == "shown" ? &function : nullptr;
+    }
+};
+
+TEST(Functions, FromATypeAndFromTheCanvas) {
+    OneFunctionType catalogue;
+    OneShownFunction canvas;
+    canvas.function.Function_Inputs->Add("i", 0, "i");
+    Act_FunctionsCollection functions;
+    const FunctionProperties& brought = functions.AddActivityTypeFunction(catalogue, {5, "Fun"}, "A", "A.Fun");
+    EXPECT_EQ(brought.Function_Source, kSourceActivityType);
+    EXPECT_EQ(brought.Function_Name, "Fun");
+    EXPECT_EQ(brought.Function_Type, 5);
+    const ParameterProperties& input = *brought.Function_Inputs.peek()->Item("in");
+    EXPECT_EQ(input.NodeKind, KindFunctionInput);
+    EXPECT_EQ(input.Parameter_Type, 5);
+    EXPECT_EQ(input.ParentFunctionActivity, "A");
+    EXPECT_EQ(brought.Function_Outputs.peek()->Item("out")->NodeKind, KindFunctionOutput);
+
+    EXPECT_FALSE(functions.AddFunction(canvas, "hidden", "A", 5));
+    const FunctionProperties* own = functions.AddFunction(canvas, "shown", "A", 5);
+    ASSERT_TRUE(own && own != &canvas.function);
+    EXPECT_EQ(own->Function_Inputs.peek()->Item("i")->ParentFunctionActivity, "A");
+    EXPECT_EQ(keysOf(functions), "shown A.Fun ") << "an own function goes to the front";
+    functions.AddFunctionProps(*own, "second", 2);
+    functions.AddFunctionProps(FunctionProperties(), "last", 9);
+    EXPECT_EQ(keysOf(functions), "shown second A.Fun last ");
+    EXPECT_EQ(functions.Key2Index("A.Fun"), 3);
+}
+
+class TakenNames : public NameOwner {
+  public:
+    testkit::ScriptedMessageBox box;
+    bool isNameTaken(const std::string& name) const override { return name == "RS.node"; }
+    platform::MessageBox& messages() override { return box; }
+};
+
+TEST(RecordSet, RenamingAnAttribute) {
+    TakenNames owner;
+    RecordSetProperties recordSet;
+    recordSet.RecordSet_Name = "RS";
+    for (const char* key : {"a", "b", "c"}) {
+        recordSet.RecordSet_Outputs->Add(key, 0, key);
+    }
+    recordSet.RecordSet_Outputs->Item("a")->SubNode_ID = 3;
+    recordSet.addDbKey("a", "ORCL.T.A");
+    recordSet.addDbKey("b", "");
+
+    EXPECT_TRUE(recordSet.RenameRecordSetOutPut("b", "b", owner));
+    for (const char* taken : {"node", "c"}) {
+        owner.box.expect("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", platform::Icon::critical);
+        EXPECT_FALSE(recordSet.RenameRecordSetOutPut("a", taken, owner));
+    }
+    EXPECT_EQ(keysOf(*recordSet.RecordSet_Outputs), "a b c ");
+    EXPECT_FALSE(recordSet.RecordSet_Outputs->Item("a")->Changed);
+
+    EXPECT_TRUE(recordSet.RenameRecordSetOutPut("a", "z", owner));
+    EXPECT_TRUE(recordSet.RenameRecordSetOutPut("b", "y", owner)) << "no entry of the database is no failure";
+    EXPECT_EQ(keysOf(*recordSet.RecordSet_Outputs), "c z y ");
+    const AttributeProperties& renamed = *recordSet.RecordSet_Outputs->Item("z");
+    EXPECT_EQ(renamed.Key, "z");
+    EXPECT_EQ(renamed.Attribute_Name, "z");
+    EXPECT_EQ(renamed.SubNode_ID, 3);
+    EXPECT_TRUE(renamed.Changed);
+
+    const auto clone = recordSet.Clone();
+    EXPECT_EQ(keysOf(*clone->RecordSet_Outputs), "c z y ");
+    EXPECT_EQ(keysOf(*clone->DB2Key), "z ");
+    EXPECT_EQ(clone->dbKey("z"), "ORCL.T.A");
+    EXPECT_EQ(clone->dbKey("a"), "");
+    EXPECT_FALSE(recordSet.RenameRecordSetOutPut("nothing", "n", owner));
+}
+
+}  // namespace

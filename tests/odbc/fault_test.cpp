@@ -1,0 +1,156 @@
+#include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "databases.h"
+#include "odbc/connection.h"
+#include "odbc/connection_strings.h"
+
+namespace orvent::odbc {
+
+namespace {
+
+using platform::DatabaseError;
+
+/// Works without root's rights, to whom nothing is read-only, as long as it lives.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() : changed_(geteuid() == 0 && seteuid(65534) == 0) {}
+    ~OrdinaryUser() {
+        if (changed_ && seteuid(0) != 0) {
+            abort();
+        }
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  private:
+    bool changed_;
+};
+
+template <class Step>
+std::string wordsOf(Step step) {
+    try {
+        step();
+    } catch (const DatabaseError& fault) {
+        EXPECT_FALSE(fault.integrityViolation());
+        return fault.description();
+    }
+    return "no fault";
+}
+
+void expectWords(const std::string& words, const std::string& part, const std::filesystem::path& file) {
+    EXPECT_NE(words.find(part), std::string::npos) << words;
+    EXPECT_NE(words.find(file.string()), std::string::npos) << words;
+}
+
+class EmbeddedFile : public ::testing::Test {
+  protected:
+    std::string opening(const std::filesystem::path& path) {
+        return wordsOf(
+            [&] { OdbcDatabase({.embedded = EmbeddedRepository{.file = path}}).open("ORVENT Embedded", "", ""); });
+    }
+
+    testkit::TemporaryFolder folder_;
+    std::filesystem::path file_ = folder_.path() / "re po\xC3\xA9.db";
+};
+
+TEST_F(EmbeddedFile, ThatCannotBeUsedIsToldWithItsPath) {
+    expectWords(opening(file_), "does not exist", file_);
+    EXPECT_FALSE(std::filesystem::exists(file_));
+    expectWords(opening(folder_.path()), "is a folder", folder_.path());
+    std::ofstream(file_) << std::string(5000, 'x');
+    expectWords(opening(file_), "not a database", file_);
+    const auto nowhere = folder_.path() / "no" / "r.db";
+    expectWords(wordsOf([&] { createEmbedded(nowhere); }), "", nowhere);
+}
+
+TEST_F(EmbeddedFile, IsMadeOnceAndKept) {
+    createEmbedded(file_);
+    OdbcDatabase database({.embedded = EmbeddedRepository{.file = file_}});
+    run(*database.open("ORVENT Embedded", "", ""), "CREATE TABLE kept (a CLOB)");
+    createEmbedded(file_);
+    EXPECT_EQ(column(*database.open("ORVENT Embedded", "", ""), "SELECT table_name FROM user_tables"), "kept|");
+}
+
+TEST_F(EmbeddedFile, ReadOnlyIsTold) {
+    namespace fs = std::filesystem;
+    createEmbedded(file_);
+    fs::permissions(folder_.path(), fs::perms::all);
+    fs::permissions(file_, fs::perms::owner_read | fs::perms::others_read);
+    const OrdinaryUser user;
+    expectWords(opening(file_), "cannot be read and written", file_);
+}
+
+TEST_F(EmbeddedFile, ThatCannotGrowIsTold) {
+    createEmbedded(file_);
+    OdbcDatabase database({.embedded = EmbeddedRepository{.file = file_}});
+    const auto connection = database.open("ORVENT Embedded", "", "");
+    run(*connection, "CREATE TABLE Comments (Comment_Text CLOB)");
+    // A limit on the size of files stands in for a full disk.
+    rlimit old{};
+    getrlimit(RLIMIT_FSIZE, &old);
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{100000, old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const auto insert = connection->prepare("INSERT INTO Comments VALUES (?)");
+    insert->bind(1, std::string(1000000, 'x'));
+    const std::string words = wordsOf([&] { insert->execute(); });
+    setrlimit(RLIMIT_FSIZE, &old);
+    expectWords(words, "disk", file_);
+    EXPECT_EQ(column(*connection, "SELECT Comment_Text FROM Comments"), "");
+    insert->execute();
+    EXPECT_EQ(column(*connection, "SELECT Comment_Text FROM Comments").size(), 1000001U);
+}
+
+TEST_F(EmbeddedFile, LockedForLongFails) {
+    createEmbedded(file_);
+    OdbcDatabase database({.embedded = EmbeddedRepository{.file = file_}});
+    const auto connection = database.open("ORVENT Embedded", "", "");
+    run(*connection, "CREATE TABLE DataTypes (Datatype_name VARCHAR2(100))");
+    const Environment environment;
+    Session other(environment, embeddedString(file_, false), "", "");
+    other.run("BEGIN EXCLUSIVE");
+    expectWords(wordsOf([&] { run(*connection, "INSERT INTO DataTypes VALUES ('x')"); }), "locked", file_);
+    EXPECT_EQ(column(*connection, "SELECT Datatype_name FROM DataTypes"), "");
+    other.run("COMMIT");
+    run(*connection, "INSERT INTO DataTypes VALUES ('x')");
+}
+
+class EveryServer : public DatabaseTest, public ::testing::WithParamInterface<Kind> {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, EveryServer, ::testing::Values(Kind::postgres, Kind::mariaDb),
+                         [](const auto& kind) { return nameOf(kind.param); });
+
+TEST_P(EveryServer, GoneIsAFaultAndComesBack) {
+    use(GetParam());
+    {
+        const auto connection = open();
+        run(*connection, "CREATE SEQUENCE Node_ID_seq");
+        run(*connection, "CREATE TABLE DataTypes (Node_ID NUMBER(5), Datatype_name VARCHAR2(100))");
+        const auto insert = connection->prepare("INSERT INTO DataTypes VALUES (Node_ID_seq.NEXTVAL,?)");
+        insert->bind(1, "before");
+        insert->execute();
+        server(GetParam()).stop();
+        const std::string words = wordsOf([&] { insert->execute(); });
+        EXPECT_NE(words, "no fault");
+        EXPECT_NE(wordsOf([&] { connection->prepare("SELECT Datatype_name FROM DataTypes")->execute(); }), "no fault");
+        EXPECT_NE(wordsOf([&] { open(); }), "no fault");
+    }
+    server(GetParam()).start();
+    const auto connection = open();
+    run(*connection, "INSERT INTO DataTypes VALUES (Node_ID_seq.NEXTVAL,'after')");
+    EXPECT_EQ(column(*connection, "SELECT Datatype_name FROM DataTypes"), "before|after|");
+}
+
+TEST(OdbcDatabase, AnUnknownSourceAndAWrongPasswordAreFaults) {
+    OdbcDatabase database({.named = {{"server", server(Kind::mariaDb).createDatabase("wrong")}}});
+    EXPECT_NE(wordsOf([&] { database.open("(None)", "", ""); }), "no fault");
+    EXPECT_NE(wordsOf([&] { database.open("server", testkit::DatabaseServer::kUser, "x"); }), "no fault");
+}
+
+}  // namespace
+
+}  // namespace orvent::odbc

@@ -1,0 +1,316 @@
+// Whole scenarios through the whole program, without windows, on real databases.
+
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <set>
+
+#include "databases.h"
+#include "testkit/graph_builder.h"
+#include "testkit/model_text.h"
+#include "testkit/test_frame.h"
+
+namespace orvent::odbc {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+using shell::Command;
+
+std::unique_ptr<testkit::TestRepository> newRepository(Kind kind) {
+    if (kind == Kind::sqlite) {
+        return std::make_unique<testkit::TestRepository>();
+    }
+    static int count = 0;
+    const NamedSource source{"scenarios", server(kind).createDatabase("scenarios" + std::to_string(++count))};
+    return std::make_unique<testkit::TestRepository>(source, testkit::DatabaseServer::kUser,
+                                                     testkit::DatabaseServer::kPassword);
+}
+
+class EveryRepository : public ::testing::TestWithParam<Kind> {
+  protected:
+    void SetUp() override {
+        repository_ = newRepository(GetParam());
+        frame_ = std::make_unique<testkit::TestFrame>(*repository_);
+        ASSERT_TRUE(frame_->frame.start());
+    }
+
+    testkit::ScriptedMessageBox& messages() { return repository_->messages; }
+    canvas::DrawForm& form() { return frame_->active(); }
+
+    std::filesystem::path written(const std::string& name) { return repository_->folder.path() / name; }
+
+    /// The LDL program and the text export of the active scenario, as written to their files.
+    std::string outputs() {
+        const std::string name = form().Caption();
+        messages().expect("File \"" + written("LDLS/" + name).string() + ".ldl\" Was Created.");
+        frame_->frame.run(Command::createLdl);
+        messages().expect(written(name).string() + ".txt Created");
+        frame_->frame.run(Command::exportText);
+        return testkit::fileText(written("LDLS/" + name + ".ldl")) + "----\n" +
+               testkit::fileText(written(name + ".txt"));
+    }
+
+    void saveAs(const std::string& name) {
+        frame_->saved();
+        frame_->saveAs(name);
+    }
+
+    void saveAgain() {
+        frame_->saved();
+        frame_->frame.run(Command::saveScenario);
+    }
+
+    void closeAndLoad(const std::string& name) {
+        frame_->close();
+        frame_->load(name);
+        ASSERT_EQ(form().Caption(), name);
+    }
+
+    std::unique_ptr<testkit::TestRepository> repository_;
+    std::unique_ptr<testkit::TestFrame> frame_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Databases, EveryRepository, ::testing::Values(Kind::sqlite, Kind::postgres, Kind::mariaDb),
+                         [](const auto& kind) { return nameOf(kind.param); });
+
+TEST_P(EveryRepository, SampleComesBackEqualWithItsOutputs) {
+    frame_->frame.run(Command::loadTestGraph);
+    const std::string unsaved = testkit::modelText(form());
+    const std::string unsavedOutputs = outputs();
+    EXPECT_NE(unsavedOutputs.find("Activity2_IN1("), std::string::npos);
+    saveAs("Sample");
+    EXPECT_EQ(testkit::modelText(form()), unsaved);
+    closeAndLoad("Sample");
+    EXPECT_EQ(testkit::modelText(form()), unsaved);
+    EXPECT_EQ(outputs(), unsavedOutputs);
+    saveAgain();
+    closeAndLoad("Sample");
+    EXPECT_EQ(testkit::modelText(form()), unsaved);
+}
+
+TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {
+    std::string name = "odd";
+    frame_->frame.NewScenario(name);
+    testkit::GraphBuilder graph(form());
+    const std::string longName(1000, 'n');
+    const std::string foreign = "O'Hara \"100%\" \xC3\xA9\xCE\xA9\xF0\x9F\x98\x80 \\ ? _";
+    graph.recordSet(foreign, {"It's 5%"}).RecordSet_SQL = std::string(1000000, 's') + foreign;
+    graph.recordSet(longName, {"A"});
+    entities::ActivityProperties& activity = graph.activity("Act", {"IN"}, {"OUT"});
+    activity.Act_Description = "two\r\nlines; and a \t tab";
+    activity.Act_SQL = foreign;
+    activity.Act_Log = "C:\\Logs\\x.log";
+    activity.Act_LDL = std::string(500000, 'l');
+    activity.Act_SchemaNo = 2;
+    graph.node("Comment1", canvas::NodeTypeComment).setComment(foreign);
+    graph.node("Comment1", canvas::NodeTypeComment).setComment("");
+    graph.node("LOG1", canvas::NodeTypeLog).setBox(0.1F, -1234.567F, 16777217.0F, 1e-3F + 500);
+    graph.edge(foreign, "Act");
+    canvas::LinesCollection& lines = form().Lines;
+    lines.addFullLine(3, 4, 2, 2, canvas::EdgeTypeProvider, canvas::AngleVerticalUp, 0);
+    lines.addFullLine(5, 1, 3, 5, canvas::EdgeTypeDescription, canvas::AngleNone, 0);
+    lines.addFullLine(3, 5, 6, 1, canvas::EdgeTypeDescription, canvas::AngleVerticalDown, 0);
+    const std::string before = testkit::modelText(form());
+    saveAs(foreign);
+    closeAndLoad(foreign);
+    EXPECT_EQ(testkit::modelText(form()), before);
+}
+
+TEST_P(EveryRepository, ChangesAndDeletionsReachTheRepository) {
+    frame_->frame.run(Command::loadTestGraph);
+    saveAs("Sample");
+    closeAndLoad("Sample");
+    entities::ActivityProperties& activity = *form().nodeNamed("Activity1")->activity();
+    activity.Act_SQL = "SELECT 1";
+    activity.Changed = true;
+    canvas::LabelsD& comment = form().Labels.Add(10, 1500, 20, 750, "Comment1", canvas::NodeTypeComment);
+    comment.setComment("new");
+    form().nodeNamed("RS4")->setLeft(4321.5F);
+    canvas::LabelsD& gone = *form().nodeNamed("RS5");
+    form().DeletedNodes.Add(gone.recordSet()->NodeID, canvas::DeletedRecordSet);
+    form().nodeNamed("Activity2")->activity()->Act_Outputs->Item("ED_ID")->ProviderFor->Remove("RS5.ED_ID");
+    form().Labels.Remove(gone.Index());
+    const std::string changed = testkit::modelText(form());
+    saveAgain();
+    closeAndLoad("Sample");
+    EXPECT_EQ(testkit::modelText(form()), changed);
+}
+
+TEST_P(EveryRepository, AnotherScenarioOfThatNameIsReplacedOnlyOnYes) {
+    std::string name = "x";
+    frame_->frame.NewScenario(name);
+    saveAs("x");
+    frame_->close();
+    frame_->frame.run(Command::loadTestGraph);
+    const std::string sample = testkit::modelText(form());
+    const std::string question = "This Scenario Allready Exists.Would You Like To Replace It?";
+    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::yesNoCancel, Answer::cancel);
+    frame_->saveAs("x");
+    EXPECT_EQ(form().Caption(), "Sample");
+    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::yesNoCancel, Answer::yes);
+    saveAs("x");
+    closeAndLoad("x");
+    EXPECT_EQ(testkit::modelText(form()), sample);
+}
+
+/// Interrupts the first save before each of many statements, mends the repository, and saves again.
+void saveThroughFault(testkit::TestRepository& repository, testkit::TestFrame& frame, int statement,
+                      const std::function<void()>& breakIt, const std::function<void()>& mendIt) {
+    frame.frame.run(Command::loadTestGraph);
+    const std::string whole = testkit::modelText(frame.active());
+    const std::string name = "broken " + std::to_string(statement);
+    repository.hooked.after(statement, breakIt);
+    repository.messages.expect("*", "", Icon::critical);
+    repository.messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
+                               Icon::question, Buttons::yesNoCancel, Answer::cancel);
+    frame.saveAs(name);
+    ASSERT_TRUE(repository.hooked.happened());
+    mendIt();
+    EXPECT_EQ(testkit::modelText(frame.active()), whole);
+    if (frame.active().ScenarioID == 0) {
+        // The scenario's own row may stand already.
+        repository.messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
+                                   Icon::question, Buttons::yesNoCancel, Answer::yes);
+        frame.saved();
+        frame.saveAs(name);
+    } else {
+        frame.active().setCaption(name);
+        frame.saved();
+        frame.frame.run(Command::saveScenario);
+    }
+    frame.close();
+    frame.load(name);
+    EXPECT_EQ(testkit::modelText(frame.active()), whole) << "interrupted before statement " << statement;
+    frame.close();
+}
+
+class EveryServerRepository : public EveryRepository {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, EveryServerRepository, ::testing::Values(Kind::postgres, Kind::mariaDb),
+                         [](const auto& kind) { return nameOf(kind.param); });
+
+TEST_P(EveryServerRepository, AServerThatGoesInTheMiddleOfASaveLosesNothing) {
+    for (const int statement : {3, 4, 5, 40}) {
+        saveThroughFault(
+            *repository_, *frame_, statement, [] { server(GetParam()).stop(); }, [] { server(GetParam()).start(); });
+    }
+}
+
+TEST(EmbeddedRepositoryFaults, AFullDiskInTheMiddleOfASaveLosesNothing) {
+    testkit::TemporaryFolder small;
+    if (mount("none", small.path().c_str(), "tmpfs", 0, "size=3m") != 0) {
+        GTEST_SKIP() << "only root can mount a small disk";
+    }
+    {
+        testkit::TestRepository repository(small.path());
+        testkit::TestFrame frame(repository);
+        ASSERT_TRUE(frame.frame.start());
+        const auto ballast = small.path() / "ballast";
+        const auto fill = [&] {
+            std::ofstream file(ballast, std::ios::binary);
+            const std::string block(4096, 'x');
+            while (file.write(block.data(), static_cast<std::streamsize>(block.size())).flush()) {
+            }
+        };
+        saveThroughFault(repository, frame, 40, fill, [&] { std::filesystem::remove(ballast); });
+    }
+    umount(small.path().c_str());
+}
+
+TEST(EmbeddedRepositoryFaults, AFileMadeReadOnlyIsToldAndSavedLater) {
+    namespace fs = std::filesystem;
+    testkit::TestRepository repository;
+    testkit::TestFrame frame(repository);
+    ASSERT_TRUE(frame.frame.start());
+    frame.frame.run(Command::loadTestGraph);
+    frame.saved();
+    frame.saveAs("Sample");
+    const std::string whole = testkit::modelText(frame.active());
+    const std::int16_t identifier = frame.active().ScenarioID;
+
+    fs::permissions(repository.folder.path(), fs::perms::all);
+    fs::permissions(repository.file(), fs::perms::owner_read | fs::perms::others_read);
+    const bool root = geteuid() == 0 && seteuid(65534) == 0;  // nothing is read-only for root
+    repository.messages.expect("*", "", Icon::critical);
+    frame.frame.run(Command::saveScenario);
+    if (root) {
+        ASSERT_EQ(seteuid(0), 0);
+    }
+    EXPECT_EQ(testkit::modelText(frame.active()), whole);
+    EXPECT_EQ(frame.active().ScenarioID, identifier);
+
+    fs::permissions(repository.file(), fs::perms::owner_all);
+    frame.saved();
+    frame.frame.run(Command::saveScenario);
+    frame.close();
+    frame.load("Sample");
+    EXPECT_EQ(testkit::modelText(frame.active()), whole);
+}
+
+constexpr int kProcesses = 2;
+constexpr int kScenarios = 3;
+
+std::string nameOf(int process, int scenario) {
+    return "process " + std::to_string(process) + " scenario " + std::to_string(scenario);
+}
+
+/// Saves scenarios of its own, as one of several processes; ends with 0 when nothing went wrong.
+[[noreturn]] void saveAsProcess(const std::filesystem::path& place, int process) {
+    {
+        testkit::TestRepository repository(place);
+        testkit::TestFrame frame(repository);
+        frame.frame.start();
+        for (int scenario = 0; scenario < kScenarios; ++scenario) {
+            frame.frame.run(Command::loadTestGraph);
+            frame.saved();
+            frame.saveAs(nameOf(process, scenario));
+            frame.close();
+        }
+    }
+    _exit(::testing::Test::HasFailure() ? 1 : 0);
+}
+
+TEST(EmbeddedRepositoryFaults, TwoProcessesSaveIntoOneRepositoryAtOnce) {
+    testkit::TemporaryFolder place;
+    std::string whole;
+    {
+        testkit::TestRepository repository(place.path());
+        testkit::TestFrame frame(repository);
+        frame.frame.start();
+        frame.frame.run(Command::loadTestGraph);
+        whole = testkit::modelText(frame.active());
+        frame.close();
+    }
+    for (int process = 0; process < kProcesses; ++process) {
+        if (fork() == 0) {
+            saveAsProcess(place.path(), process);
+        }
+    }
+    for (int process = 0; process < kProcesses; ++process) {
+        int status = -1;
+        ASSERT_GT(wait(&status), 0);
+        EXPECT_EQ(status, 0);
+    }
+    testkit::TestRepository repository(place.path());
+    testkit::TestFrame frame(repository);
+    frame.frame.start();
+    std::set<std::int16_t> identifiers;
+    for (int process = 0; process < kProcesses; ++process) {
+        for (int scenario = 0; scenario < kScenarios; ++scenario) {
+            frame.load(nameOf(process, scenario));
+            EXPECT_EQ(testkit::modelText(frame.active()), whole);
+            for (const canvas::LabelsD& node : frame.active().Labels) {
+                const std::int16_t id = node.activity() ? node.activity()->NodeID : node.recordSet()->NodeID;
+                EXPECT_TRUE(identifiers.insert(id).second) << id;
+            }
+            frame.close();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace orvent::odbc

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+namespace orvent::qt {
+
+/// Plays the user of modal windows: acts on each of them by its object name, in the order in which they open. A window
+/// that opens beside the script is a failure and is dismissed; so is a step that is left over.
+class DialogScript {
+  public:
+    using Act = std::function<void(QDialog&)>;
+
+    DialogScript() { poll(); }
+    ~DialogScript() { verify(); }
+
+    void at(const QString& name, Act act) { steps_.push_back({name, std::move(act)}); }
+
+    void verify() {
+        for (const Step& step : steps_) {
+            QTest::qFail(qPrintable(step.name + QStringLiteral(" never opened")), __FILE__, __LINE__);
+        }
+        steps_.clear();
+    }
+
+  private:
+    struct Step {
+        QString name;
+        Act act;
+    };
+    static constexpr int kPause = 5;       // milliseconds
+    static constexpr int kPatience = 400;  // pauses before an unexpected window counts as a failure
+
+    void poll() {
+        // A new shot each time: a timer does not fire again within its own handler, where nested windows open.
+        QTimer::singleShot(kPause, &context_, [this] {
+            poll();
+            look();
+        });
+    }
+
+    void look() {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog || dialog == handled_) {
+            waited_ = 0;
+            return;
+        }
+        if (!steps_.empty() && steps_.front().name == dialog->objectName() && dialog->isActiveWindow()) {
+            const Act act = std::move(steps_.front().act);
+            steps_.pop_front();
+            handled_ = dialog;
+            act(*dialog);
+            handled_ = nullptr;
+        } else if (++waited_ > kPatience) {
+            QTest::qFail(qPrintable(QStringLiteral("unexpected window ") + dialog->objectName()), __FILE__, __LINE__);
+            dialog->reject();
+        }
+    }
+
+    QObject context_;
+    std::deque<Step> steps_;
+    QDialog* handled_ = nullptr;
+    int waited_ = 0;
+};
+
+}  // namespace orvent::qt

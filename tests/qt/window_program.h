@@ -1,0 +1,125 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <string>
+
+#include "dialog_script.h"
+#include "qt/platform/adapters.h"
+#include "qt/shell/frame_window.h"
+#include "qt/theme/theme.h"
+#include "shell/mdi_form.h"
+#include "testkit/embedded_repository.h"
+#include "testkit/test_frame.h"
+
+namespace orvent::qt {
+
+inline void failQt(const std::string& words) {
+    QTest::qFail(words.c_str(), __FILE__, __LINE__);
+}
+
+/// The control of that name in a window; the test fails when there is none.
+template <class Control>
+Control* control(const QWidget& window, const char* name) {
+    auto* found = window.findChild<Control*>(QLatin1String(name));
+    if (!found) {
+        failQt(std::string("no control ") + name);
+    }
+    return found;
+}
+
+inline void click(const QWidget& window, const char* name) {
+    QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
+}
+
+/// Replaces the text of a field as a user does, with any letters.
+inline void typeInto(const QWidget& window, const char* name, const QString& text) {
+    auto* field = control<QLineEdit>(window, name);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Backspace);
+    field->insert(text);
+}
+
+/// The program's windows over its real logic and a real repository in a folder of its own. Message and input boxes are
+/// scripted and strict; the product's own modal windows are real and driven by `dialogs`.
+class WindowProgram {
+  public:
+    WindowProgram()
+        : folder_(repository.folder.path()),
+          logic({repository.hooked, repository.dataSources, messages, input, repository.files, colours_,
+                 repository.store, progress, help_, folder_},
+                frame) {
+        progress.attach(frame.statusBar());
+        frame.attach(logic);
+        repository.store.setValue("DB", "ReposConnString", source());
+        repository.store.setValue("General", "SQLPath", std::string(ORVENT_SOURCE_DIR) + "/sql/ORVENTII.sql");
+    }
+    ~WindowProgram() {
+        frame.detach();
+        progress.attach(nullptr);
+    }
+
+    const std::string& source() const { return repository.settings.login.ReposConnString; }
+
+    /// Starts as "anna", through the login window.
+    void start() {
+        dialogs.at(QStringLiteral("UserLogin"), [](QDialog& window) {
+            typeInto(window, "txtUser", QStringLiteral("anna"));
+            click(window, "Login");
+        });
+        QVERIFY(logic.start());
+    }
+
+    /// Chooses an item of the menu bar.
+    void choose(const char* item) { menuItem(item)->trigger(); }
+    QAction* menuItem(const char* item) {
+        for (QMenu* menu : frame.menuBar()->findChildren<QMenu*>()) {
+            for (QAction* action : menu->actions()) {
+                if (action->objectName() == QLatin1String(item)) {
+                    return action;
+                }
+            }
+        }
+        failQt(std::string("no menu item ") + item);
+        return nullptr;
+    }
+
+    canvas::DrawForm* open(std::string name) { return logic.scenario(logic.NewScenario(name)); }
+
+    /// Saves the scenario in front under a name of its own.
+    void saveAs(const char* name) {
+        messages.expect("Saved");
+        dialogs.at(QStringLiteral("ViewScenarios"), [name](QDialog& window) {
+            typeInto(window, "txtScenarioName", QLatin1String(name));
+            click(window, "OKButton");
+        });
+        choose("SaveScenarioAsM");
+    }
+
+    void answerClose(const std::string& name, platform::Answer answer) {
+        messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + name + " ?", "Closing Scenario", platform::Icon::question,
+                        platform::Buttons::okCancel, answer);
+    }
+
+    testkit::TestRepository repository;
+    testkit::ScriptedMessageBox messages{failQt};
+    testkit::ScriptedInputBox input{failQt};
+    DialogScript dialogs;
+    QtProgress progress;
+    Theme theme{ThemeMode::light};
+    int ended = 0;
+    FrameWindow frame{theme, [this] { ++ended; }};
+
+  private:
+    testkit::NoColours colours_;
+    testkit::NoHelp help_;
+    platform::ProgramFolder folder_;
+
+  public:
+    shell::MDIForm1 logic;
+};
+
+}  // namespace orvent::qt

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QRegularExpression>
+#include <QTest>
+
+namespace orvent::qt {
+
+/// Base of the window tests: any warning of the toolkit fails the running test, but for a remark of the platform
+/// without a display about what such a platform lacks.
+class WindowTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support).*"))); }
+};
+
+}  // namespace orvent::qt

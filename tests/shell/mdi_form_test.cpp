@@ -1,0 +1,144 @@
+#include "shell/mdi_form.h"
+
+#include <gtest/gtest.h>
+
+#include "testkit/test_frame.h"
+
+namespace orvent::shell {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+class Frame : public ::testing::Test {
+  protected:
+    void expectClose(const std::string& name, Answer answer) {
+        repository.messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + name + " ?", "Closing Scenario", Icon::question,
+                                   Buttons::okCancel, answer);
+    }
+    int open(std::string name) { return frame.frame.NewScenario(name); }
+
+    testkit::TestRepository repository;
+    testkit::TestFrame frame{repository};
+};
+
+TEST_F(Frame, StartLogsInLoadsTheCatalogueAndPlacesTheFrame) {
+    EXPECT_TRUE(frame.frame.start());
+    EXPECT_TRUE(frame.host.placed);
+    EXPECT_GT(frame.frame.catalogue().tables.activityTypes.rows(), 12U);
+    EXPECT_EQ(repository.store.values.at({"DB", "User"}), "anna");
+    EXPECT_EQ(repository.progress.statuses.back(), "Ready");
+    EXPECT_FALSE(frame.frame.isEnabled(Command::saveScenario));
+    EXPECT_TRUE(frame.frame.isEnabled(Command::login));
+}
+
+TEST_F(Frame, ACancelledLoginEndsTheStart) {
+    frame.host.atLogin = [](repository::UserLogin&) {};
+    EXPECT_FALSE(frame.frame.start());
+    EXPECT_FALSE(frame.host.placed);
+}
+
+TEST_F(Frame, ARepositoryThatIsGoneIsBlankAtTheLoginAndStaysStored) {
+    std::filesystem::remove(repository.file());
+    frame.host.atLogin = [this](repository::UserLogin& dialog) {
+        EXPECT_EQ(dialog.txtRepos, "");
+        dialog.txtUser = "anna";
+        repository.messages.expect("UNABLE TO LOGIN!\nNO REPOSITORY SELECTED!!", "Unable To Login", Icon::warning);
+        EXPECT_FALSE(dialog.Login());
+    };
+    EXPECT_FALSE(frame.frame.start());
+    EXPECT_EQ(repository.store.values.at({"DB", "ReposConnString"}), repository.settings.login.ReposConnString);
+}
+
+TEST_F(Frame, ElevenScenariosAndTheTwelfthIsRefused) {
+    frame.frame.start();
+    for (int slot = 0; slot < 11; ++slot) {
+        const std::string name = "Scenario" + std::to_string(slot + 1);
+        repository.input.expect("Give The Name Of The New Scenario:", "Scenario Name", name, name);
+        frame.frame.run(Command::newScenario);
+    }
+    EXPECT_EQ(frame.host.windows.size(), 11U);
+    repository.messages.expect(
+        "Maximum Number Of Possible Concurrently Loaded Scenarios is Exceeded\n"
+        "You Will Have To Close One Of the Allready Open Scenarios Before Opening A New One");
+    EXPECT_EQ(open(""), -1);
+
+    expectClose("Scenario4", Answer::ok);
+    frame.frame.closeScenario(*frame.frame.scenario(3));
+    repository.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario4", "");
+    EXPECT_EQ(open(""), -1);
+    EXPECT_EQ(frame.frame.scenario(3), nullptr);
+    EXPECT_EQ(open("other"), 3);
+}
+
+TEST_F(Frame, CancelInTheClosingQuestionKeepsTheWindow) {
+    frame.frame.start();
+    open("a");
+    open("b");
+    expectClose("a", Answer::ok);
+    expectClose("b", Answer::cancel);
+    EXPECT_FALSE(frame.frame.unload());
+    EXPECT_EQ(frame.frame.scenario(0), nullptr);
+    ASSERT_NE(frame.frame.scenario(1), nullptr);
+    EXPECT_TRUE(frame.frame.isEnabled(Command::saveScenario));
+    EXPECT_FALSE(frame.frame.isEnabled(Command::login));
+    frame.close();
+    EXPECT_FALSE(frame.frame.isEnabled(Command::saveScenario));
+}
+
+TEST_F(Frame, CommandsPassADisabledWindowBy) {
+    frame.frame.start();
+    open("a");
+    frame.active().Enabled = false;
+    for (const Command command : {Command::saveScenario, Command::saveScenarioAs, Command::exportText,
+                                  Command::createLdl, Command::closeScenario}) {
+        EXPECT_FALSE(frame.frame.isEnabled(command));
+        frame.frame.run(command);
+    }
+    EXPECT_FALSE(frame.frame.closeScenario(frame.active()));
+    repository.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
+    frame.frame.run(Command::changeUser);
+}
+
+TEST_F(Frame, AnotherUserClosesAllScenariosFirst) {
+    frame.frame.start();
+    open("a");
+    open("b");
+    const std::string question =
+        "All active Scenarios must close in order to login as a different user!\nAre you sure you want to continue?";
+    int logins = 0;
+    frame.host.atLogin = [&](repository::UserLogin& dialog) {
+        ++logins;
+        dialog.txtUser = "berta";
+        dialog.Login();
+    };
+    repository.messages.expect(question, "Login", Icon::none, Buttons::okCancel, Answer::cancel);
+    frame.frame.run(Command::changeUser);
+    repository.messages.expect(question, "Login", Icon::none, Buttons::okCancel, Answer::ok);
+    expectClose("a", Answer::cancel);
+    frame.frame.run(Command::changeUser);
+    EXPECT_EQ(logins, 0);
+    repository.messages.expect(question, "Login", Icon::none, Buttons::okCancel, Answer::ok);
+    expectClose("a", Answer::ok);
+    expectClose("b", Answer::ok);
+    frame.frame.run(Command::changeUser);
+    EXPECT_EQ(logins, 1);
+    EXPECT_EQ(frame.frame.options().repository.login.User, "berta");
+}
+
+TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
+    std::string seen;
+    for (const Menu& menu : menus()) {
+        for (const MenuItem& item : menu.items) {
+            if (!item.name.empty()) {
+                EXPECT_EQ(seen.find("|" + std::string(item.name) + "|"), std::string::npos) << item.name;
+                seen += "|" + std::string(item.name) + "|";
+            }
+        }
+    }
+    EXPECT_FALSE(frame.frame.isEnabled(Command::showDataTypes));
+}
+
+}  // namespace
+}  // namespace orvent::shell

@@ -1,0 +1,228 @@
+#include "statements/ldl_scenario.h"
+
+#include <string>
+#include <vector>
+
+#include "platform/fault.h"
+#include "statements/ldl_sources.h"
+#include "statements/scenario_link_rules.h"
+#include "testkit/file_text.h"
+#include "testkit/graph_builder.h"
+#include "testkit/scripted_ports.h"
+#include "testkit/temporary_folder.h"
+
+namespace orvent::statements {
+namespace {
+
+using platform::Icon;
+
+/// "\n" as the line end of the files.
+std::string crlf(std::string_view text) {
+    std::string result;
+    for (const char c : text) {
+        result += c == '\n' ? "\r\n" : std::string(1, c);
+    }
+    return result;
+}
+
+class LDLScenarioTest : public testkit::CanvasTest {
+  protected:
+    LDLScenarioTest() { form.setCaption("Night load"); }
+
+    std::string file() const { return testkit::fileText(scratch.path() / "LDLS" / "Night load.ldl"); }
+    std::string filePath() const { return scratch.path().string() + "/LDLS/Night load.ldl"; }
+    void makeFolder() { std::filesystem::create_directory(scratch.path() / "LDLS"); }
+    void expectWritten() { ports.messages.expect("File \"" + filePath() + "\" Was Created."); }
+    void expectFault(const std::string& description) {
+        ports.messages.expect("Could Not Write To The File!\r\n" + description, "", Icon::critical);
+    }
+
+    testkit::TemporaryFolder scratch;
+    platform::ProgramFolder folder{scratch.path()};
+    testkit::QuietProgress progress;
+    canvas::DrawForm form{ports.services()};
+    testkit::GraphBuilder graph{form};
+    LDLScenarioWriter writer{ports.messages, folder, progress};
+};
+
+TEST_F(LDLScenarioTest, WritesStatementsThenRules) {
+    makeFolder();
+    graph.recordSet("AUTHORS", {"ID", "AGE", "NAME"});
+    graph.activity("Load", {"NAME", "ID", "SPARE"}, {"NAME", "ID", "Load.Mark"}).Act_LDL = "load(X)<-\r\n  y(X).";
+    graph.node("Remark", canvas::NodeTypeComment);
+    graph.activity("Clean", {"Load.Mark", "KEY"}, {"KEY"});
+    graph.activity("Extra", {}, {"FULL"}).Act_LDL = "extra(1).";
+    graph.recordSet("TARGET", {"KEY", "FULL"});
+    graph.recordSet("UNFED", {"A"});
+    graph.feed("AUTHORS.NAME", "Load.IN.NAME");
+    graph.feed("AUTHORS.ID", "Load.IN.ID");
+    graph.feed("Load.OUT.Load.Mark", "Clean.IN.Load.Mark");
+    graph.feed("AUTHORS.ID", "Clean.IN.KEY");
+    graph.feed("Clean.OUT.KEY", "TARGET.KEY");
+    graph.feed("Extra.OUT.FULL", "TARGET.FULL");
+    graph.feed("Load.OUT.NAME", "TARGET.FULL");
+
+    expectWritten();
+    writer.LDLScenario(form);
+
+    EXPECT_EQ(file(), crlf("load(X)<-\n  y(X).\n\n"
+                           "\n\n"
+                           "extra(1).\n\n"
+                           "Load_IN1(Load_IN1_NAME,Load_IN1_ID)<-\n"
+                           "AUTHORS(Load_IN1_ID,_,Load_IN1_NAME).\n"
+                           "\n"
+                           "Clean_IN1(Clean_IN1_Load.Mark)<-\n"
+                           "Load_OUT(_,_,Clean_IN1_Load.Mark).\n"
+                           "\n"
+                           "Clean_IN2(Clean_IN2_KEY)<-\n"
+                           "AUTHORS(Clean_IN2_KEY,_,_).\n"
+                           "\n"
+                           "TARGET(TARGET_KEY,TARGET_FULL)<-\n"
+                           "Clean(TARGET_KEY),\n"
+                           "Extra(TARGET_FULL),\n"
+                           "Load(TARGET_FULL,_,_).\n"
+                           "\n"));
+    EXPECT_EQ(writer.txtLDL, "");
+}
+
+TEST_F(LDLScenarioTest, ScenarioWithoutRulesIsOneLineEnd) {
+    makeFolder();
+    graph.recordSet("LONELY", {"A"});
+    graph.node("Remark", canvas::NodeTypeComment);
+    expectWritten();
+    writer.LDLScenario(form);
+    EXPECT_EQ(file(), "\r\n");
+}
+
+TEST_F(LDLScenarioTest, ReplacesAnOldFile) {
+    makeFolder();
+    platform::writeFile(filePath(), "much longer than what comes");
+    expectWritten();
+    writer.LDLScenario(form);
+    EXPECT_EQ(file(), "\r\n");
+}
+
+TEST_F(LDLScenarioTest, AfterAFaultTheTextStaysAndTheNextAttemptRepeatsIt) {
+    graph.activity("Load").Act_LDL = "load(1).";
+    expectFault(filePath() + ": No such file or directory");
+    writer.LDLScenario(form);
+    EXPECT_EQ(file(), "(no file)");
+
+    makeFolder();
+    expectWritten();
+    writer.LDLScenario(form);
+    EXPECT_EQ(file(), "load(1).\r\n\r\nload(1).\r\n\r\n\r\n");
+}
+
+TEST_F(LDLScenarioTest, CaptionThatLeadsOutOfTheFolderIsRefused) {
+    makeFolder();
+    form.setCaption("../stray");
+    expectFault(scratch.path().string() +
+                "/LDLS/../stray.ldl: the name holds a character that cannot stand in a file name");
+    writer.LDLScenario(form);
+    EXPECT_EQ(testkit::fileText(scratch.path() / "stray.ldl"), "(no file)");
+}
+
+TEST_F(LDLScenarioTest, LinkThatLeadsNowhereIsAFaultOfTheWholeOutput) {
+    struct Case {
+        const char* holder;
+        const char* name;
+        std::int16_t type;
+        const char* key;
+        bool forward;
+        const char* words;
+    };
+    const std::vector<Case> cases = {
+        {"Load.IN.ID", "GONE", 1, "GONE.ID", false, "There is no node \"GONE\""},
+        {"Load.IN.ID", "Other", 1, "Other.ID", false, "\"Other\" is no record set"},
+        {"Load.IN.ID", "SOURCE", 2, "SOURCE.ID", false, "\"SOURCE\" is no activity"},
+        {"SOURCE.ID", "TARGET", 1, "TARGET.ID", false, "\"TARGET\" is no activity"},
+        {"SOURCE.ID", "Load", 1, "Load.IN.MISSING", true, "\"Load\" has no attribute \"MISSING\""},
+        {"Other.OUT.ID", "TARGET", 1, "TARGET.MISSING", true, "\"TARGET\" has no attribute \"MISSING\""},
+    };
+    makeFolder();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.words);
+        canvas::DrawForm broken{ports.services()};
+        broken.setCaption("Night load");
+        testkit::GraphBuilder build(broken);
+        build.recordSet("SOURCE", {"ID"});
+        build.recordSet("TARGET", {"ID"});
+        build.activity("Load", {"ID"});
+        build.activity("Other", {}, {"ID"});
+        auto& holder = build.attribute(c.holder);
+        (c.forward ? holder.ProviderFor : holder.ProvidedFrom)->Add(c.name, c.type, c.key);
+        if (c.forward) {
+            build.feed("SOURCE.ID", "Load.IN.ID");
+            build.feed("Other.OUT.ID", "TARGET.ID");
+        }
+        expectFault(c.words);
+        writer.LDLScenario(broken);
+        EXPECT_EQ(file(), "(no file)");
+        writer.txtLDL.clear();
+    }
+}
+
+TEST_F(LDLScenarioTest, SourceOfManyConsumersUsesTheFirstLinkToEach) {
+    graph.recordSet("HUB", {"ID", "NAME"});
+    std::string expected;
+    for (int i = 1; i <= 20; ++i) {
+        const std::string name = "Act" + std::to_string(i);
+        graph.activity(name, {"A", "B"});
+        graph.feed("HUB.ID", name + ".IN.B");
+        graph.feed("HUB.ID", name + ".IN.A");
+        const std::string in = name + "_IN1_";
+        expected += name + "_IN1(" + in + "A," + in + "B)<-\nHUB(" + in + "B,_).\n\n";
+    }
+    EXPECT_EQ(ScenarioLinkRules(form), crlf(expected));
+}
+
+class RecordingWizard : public ActivityWizard {
+  public:
+    std::vector<std::string> opened;
+
+    void LDLCreate(canvas::DrawForm&, entities::ActivityProperties& activity, ActivityDialog*) override {
+        opened.push_back(activity.Act_Name);
+        if (activity.Act_Name == "Made") {
+            activity.Act_LDL = "made.";
+        }
+    }
+};
+
+TEST_F(LDLScenarioTest, WizardOpensForTypedActivitiesWithoutStatement) {
+    makeFolder();
+    graph.activity("Has").Act_LDL = "has.";
+    graph.activity("Made");
+    graph.activity("Cancelled");
+    graph.activity("Untyped").Act_Type = -1;
+    RecordingWizard wizard;
+    LDLScenarioWriter asking(ports.messages, folder, progress, &wizard);
+    expectWritten();
+    asking.LDLScenario(form);
+    EXPECT_EQ(wizard.opened, (std::vector<std::string>{"Made", "Cancelled"}));
+    EXPECT_EQ(file(), crlf("has.\n\nmade.\n\n\n\n\n\n\n"));
+}
+
+TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {
+    graph.recordSet("A", {"X"});
+    graph.activity("B", {}, {"Y", "Z"});
+    const auto& load = graph.activity("Load", {"I", "J", "K", "FREE"});
+    graph.feed("B.OUT.Y", "Load.IN.I");
+    graph.feed("A.X", "Load.IN.J");
+    graph.feed("B.OUT.Z", "Load.IN.J");
+    graph.feed("B.OUT.Y", "Load.IN.K");
+    graph.feed("B.OUT.Z", "Load.IN.K");
+
+    std::string seen;
+    for (const LDLSource& source : sourcesOf(load)) {
+        seen += source.Source + " " + std::to_string(source.SourceType) + ":";
+        for (const auto& input : source) {
+            seen += " " + input.Key;
+        }
+        seen += "\n";
+    }
+    EXPECT_EQ(seen, "B 2: I J K\nA 1: J\n");
+}
+
+}  // namespace
+}  // namespace orvent::statements

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/database.h"
+
+namespace orvent::testkit {
+
+/// A database passed through, in which something happens in the middle of the work: `hook` runs once, right before the
+/// `countdown`-th execution from now.
+class HookedDatabase : public platform::Database {
+  public:
+    explicit HookedDatabase(platform::Database& real) : real_(real) {}
+
+    void after(int executions, std::function<void()> hook) {
+        countdown_ = executions;
+        hook_ = std::move(hook);
+    }
+    bool happened() const { return !hook_; }
+
+    std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
+                                               const std::string& password) override {
+        return std::make_unique<HookedConnection>(*this, real_.open(source, user, password));
+    }
+
+  private:
+    class HookedStatement : public platform::Statement {
+      public:
+        HookedStatement(HookedDatabase& owner, std::unique_ptr<platform::Statement> real)
+            : owner_(owner), real_(std::move(real)) {}
+
+        void bind(int parameter, std::string_view text) override { real_->bind(parameter, text); }
+        void bind(int parameter, long long number) override { real_->bind(parameter, number); }
+        void bind(int parameter, float number) override { real_->bind(parameter, number); }
+        void execute() override {
+            owner_.tick();
+            real_->execute();
+        }
+        bool fetch() override { return real_->fetch(); }
+        bool isNull(int column) override { return real_->isNull(column); }
+        std::string text(int column) override { return real_->text(column); }
+        long long number(int column) override { return real_->number(column); }
+        float realNumber(int column) override { return real_->realNumber(column); }
+
+      private:
+        HookedDatabase& owner_;
+        std::unique_ptr<platform::Statement> real_;
+    };
+
+    class HookedConnection : public platform::Connection {
+      public:
+        HookedConnection(HookedDatabase& owner, std::unique_ptr<platform::Connection> real)
+            : owner_(owner), real_(std::move(real)) {}
+
+        std::unique_ptr<platform::Statement> prepare(std::string_view sql) override {
+            return std::make_unique<HookedStatement>(owner_, real_->prepare(sql));
+        }
+
+      private:
+        HookedDatabase& owner_;
+        std::unique_ptr<platform::Connection> real_;
+    };
+
+    void tick() {
+        if (hook_ && --countdown_ <= 0) {
+            std::exchange(hook_, nullptr)();
+        }
+    }
+
+    platform::Database& real_;
+    std::function<void()> hook_;
+    int countdown_ = 0;
+};
+
+}  // namespace orvent::testkit

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/scramble.h"
+#include "shell/mdi_form.h"
+#include "testkit/embedded_repository.h"
+#include "testkit/fake_frame_host.h"
+
+namespace orvent::testkit {
+
+class NoColours : public platform::ColourDialog {
+  public:
+    std::optional<std::int32_t> choose(std::int32_t) override { return std::nullopt; }
+};
+
+class NoHelp : public platform::HelpViewer {
+  public:
+    void open(const std::string& path) override { throw platform::Fault(path + ": no viewer"); }
+};
+
+/// The frame's logic over a real repository, with scripted questions and no windows.
+class TestFrame {
+  public:
+    explicit TestFrame(TestRepository& repository, const std::string& user = "anna")
+        : repository_(repository),
+          folder_(repository.folder.path()),
+          frame({repository.hooked, repository.dataSources, repository.messages, repository.input, repository.files,
+                 colours_, repository.store, repository.progress, help_, folder_},
+                host) {
+        const repository::LoginValues& login = repository.settings.login;
+        repository.store.setValue("DB", "ReposConnString", login.ReposConnString);
+        repository.store.setValue("DB", "ReposLogin", login.ReposLogin);
+        repository.store.setValue("DB", "ReposPasw", platform::ScramblePassword(login.ReposPasw));
+        repository.store.setValue("General", "SQLPath", std::string(ORVENT_SOURCE_DIR) + "/sql/ORVENTII.sql");
+        std::filesystem::create_directories(repository.folder.path() / "LDLS");
+        host.atLogin = [user](repository::UserLogin& dialog) {
+            dialog.txtUser = user;
+            dialog.Login();
+        };
+    }
+
+    canvas::DrawForm& active() { return *host.activeScenario(); }
+
+    /// Saves the active scenario under a name for the first time.
+    void saveAs(const std::string& name) {
+        host.atScenarios = [name](repository::ViewScenarios& dialog) {
+            dialog.changeName(name);
+            dialog.OKButton();
+        };
+        frame.run(shell::Command::saveScenarioAs);
+    }
+
+    void saved() { repository_.messages.expect("Saved"); }
+
+    /// Loads the scenario of that name into a new window.
+    void load(const std::string& name) {
+        host.atScenarios = [name](repository::ViewScenarios& dialog) {
+            for (std::size_t at = 0; at < dialog.ScenarioView.size(); ++at) {
+                if (dialog.ScenarioView[at].name == name) {
+                    dialog.clickItem(static_cast<int>(at));
+                }
+            }
+            dialog.OKButton();
+        };
+        frame.run(shell::Command::loadScenario);
+    }
+
+    void close() {
+        repository_.messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + active().Caption() + " ?", "Closing Scenario",
+                                    platform::Icon::question, platform::Buttons::okCancel, platform::Answer::ok);
+        frame.closeScenario(active());
+    }
+
+  private:
+    TestRepository& repository_;
+    platform::ProgramFolder folder_;
+    NoColours colours_;
+    NoHelp help_;
+
+  public:
+    FakeFrameHost host;
+    shell::MDIForm1 frame;
+};
+
+}  // namespace orvent::testkit

@@ -1,0 +1,45 @@
+# Sourced by ./run, ./test and bench/run: installs the packages that are missing and builds.
+# Each function says in one line what it does; a failing step stops the script with its own words.
+
+say() { printf '== %s\n' "$*"; }
+
+# need_packages KIND...: installs the packages of those kinds that packages.txt names and the machine lacks.
+need_packages() {
+    local missing=() package kind wanted
+    while read -r package kind _; do
+        case "$package" in '' | \#*) continue ;; esac
+        for wanted in "$@"; do
+            if [ "$kind" = "$wanted" ] && ! dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed'; then
+                missing+=("$package")
+            fi
+        done
+    done <packages.txt
+    [ ${#missing[@]} -eq 0 ] && return 0
+    say "installing ${missing[*]}"
+    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get)
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing and only root or a user with sudo can install them: ${missing[*]}" >&2
+            exit 1
+        }
+        apt=(sudo "${apt[@]}")
+    fi
+    "${apt[@]}" update -qq
+    "${apt[@]}" install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# build PRESET [TARGET...]: configures when needed and builds with all cores.
+build() {
+    local preset=$1
+    shift
+    say "building ($preset)"
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        cmake --preset "$preset" >"build-$preset.log" 2>&1 || {
+            cat "build-$preset.log"
+            rm -f "build-$preset.log"
+            exit 1
+        }
+        rm -f "build-$preset.log"
+    fi
+    cmake --build "build/$preset" --parallel "$(nproc)" ${1:+--target "$@"}
+}
