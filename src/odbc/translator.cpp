@@ -293,7 +293,8 @@ bool Translator::catalogueView(std::size_t at) {
     }
     view_ = &*view;
     const std::string user = replaced(user_, '\'', "''");
-    result_.sql += "(" + replaced(replaced(view_->query, '~', kOracleType), '$', user) + ") " + quoted(view_->name);
+    result_.sql.append("(").append(replaced(replaced(view_->query, '~', kOracleType), '$', user));
+    result_.sql.append(") ").append(quoted(view_->name));
     return true;
 }
 

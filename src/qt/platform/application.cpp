@@ -1,5 +1,6 @@
 #include "qt/platform/application.h"
 
+#include <clocale>
 #include <exception>
 
 #include "platform/settings_store.h"
@@ -8,6 +9,9 @@ namespace orvent::qt {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QLatin1String(platform::kApplicationKey));
+    // The base class has taken over the user's locale; numbers in files and statements stay in the C locale, also
+    // those that a database driver writes.
+    std::setlocale(LC_NUMERIC, "C");
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
