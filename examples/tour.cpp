@@ -12,7 +12,9 @@
 #include "qt/shell/frame_window.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
+#include "tour_drawing.h"
 #include "tour_player.h"
+#include "tour_wizard.h"
 
 namespace orvent::tour {
 
@@ -39,6 +41,8 @@ class Tour {
         save();
         closeAndLoad();
         writeFiles();
+        drawByHand(player_, window(), frame(), theme_);
+        playWizard(player_, window(), frame(), theme_);
         darkPicture();
         closeAll();
         std::printf("tour: %s\n", player_.failures() == 0 ? "every step went well" : "FAILED");
@@ -96,7 +100,10 @@ class Tour {
     }
 
     std::string writeLdl(const char* what) {
-        player_.during(what, [this] { frame().run(Command::createLdl); }, {pressing("OK", "ldl-written")});
+        std::deque<Player::Answer> answers = leaveWizards(*window().activeScenario());
+        answers.push_back(pressing("OK", "ldl-written"));
+        player_.during(
+            what, [this] { frame().run(Command::createLdl); }, std::move(answers));
         return fileText(home_ / "LDLS" / (std::string(kName) + ".ldl"));
     }
 

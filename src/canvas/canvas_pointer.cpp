@@ -72,15 +72,26 @@ void CanvasPointer::dropIfToolChanged() {
     }
 }
 
+bool CanvasPointer::gestureNeeds(std::int32_t node) const {
+    switch (state_) {
+        case PointerState::drawing:
+        case PointerState::pending:
+            return canvas_.ConnectFromLabel == node;
+        case PointerState::draggingNode:
+        case PointerState::resizing:
+            return captured_.number == node;
+        case PointerState::editing:
+            return canvas_.EditedComment == node;
+        default:
+            return false;
+    }
+}
+
 void CanvasPointer::nodeGoes(std::int32_t index) {
-    const bool ofGesture = state_ == PointerState::cropping ? false
-                           : drawnEdge_ != -1               ? canvas_.ConnectFromLabel == index
-                                                            : captured_ == Hit{Element::node, index};
-    if (ofGesture || canvas_.EditedComment == index) {
+    if (gestureNeeds(index)) {
         cancel();
     }
     if (grabNode_ == index) {
-        grabNode_ = -1;
         hideGrabber();
     }
 }

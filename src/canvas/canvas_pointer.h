@@ -100,6 +100,7 @@ class CanvasPointer : private CanvasWatcher {
   private:
     void nodeGoes(std::int32_t index) override;
     void edgeGoes(std::int32_t index) override;
+    bool gestureNeeds(std::int32_t node) const;
 
     // Presses, by the element.
     void pressPicture(const PointerEvent& event);

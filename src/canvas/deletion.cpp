@@ -1,7 +1,6 @@
 #include "canvas/deletion.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "canvas/canvas_rules.h"
 #include "entities/key_grammar.h"
@@ -135,7 +134,9 @@ void DeleteSelectedNodes(Canvas& canvas, std::int32_t OnlyType, EntityLinks& lin
 
 void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules) {
     canvas.ActiveEdge = -1;
-    for (const std::int32_t index : std::views::reverse(canvas.SelectedLines.members())) {
+    auto selected = canvas.SelectedLines.members();
+    std::reverse(selected.begin(), selected.end());
+    for (const std::int32_t index : selected) {
         LinesD* edge = canvas.Lines.byIndex(index);
         if (edge && !rules.releaseEdge(canvas, *edge)) {
             continue;

@@ -76,7 +76,7 @@ class KeyedCollection {
             throw platform::Fault("This key is already associated with an element of this collection: " + key);
         }
         T& result = *item;
-        slots_.insert(slots_.begin() + position - 1, Slot{std::move(item), key, !key.empty()});
+        slots_.insert(slots_.begin() + (position - 1), Slot{std::move(item), key, !key.empty()});
         if (!positions_.empty() && !key.empty()) {
             positions_[key] = index(position);
         }

@@ -12,16 +12,33 @@ enum class Command {
     saveScenario,
     saveScenarioAs,
     deleteScenario,
+    printScenario,
+    printPreview,
     exportText,
     closeScenario,
     login,
     changeUser,
+    undo,
+    toggleNodes,
+    toggleEdges,
+    options,
+    zoomIn,
+    zoomOut,
+    activityZoom,
+    checkConsistency,
+    metrics,
+    createLdl,
+    selectAll,
+    viewLarger,
+    viewSmaller,
+    viewActualSize,
+    viewFit,
     showDataTypes,
     showFunctionTypes,
     showActivityTypes,
     loadTestGraph,
-    createLdl,
     help,
+    shortcuts,
     about,
 };
 
@@ -35,20 +52,20 @@ struct MenuItem {
     Command command;
     Shown shown;
     std::string_view icon;      ///< empty for none
-    std::string_view shortcut;  ///< portable text, empty for none
+    std::string_view shortcut;  ///< portable text, several after "; ", empty for none
 };
 
-/// One menu of the menu bar.
+/// One menu of the menu bar. A menu without an item to show is not shown.
 struct Menu {
     std::string_view name;
     std::string_view caption;
     std::span<const MenuItem> items;
 };
 
-/// One button of `MenuBar` or item of `VerticalMenu`.
+/// One item of `VerticalMenu`.
 struct Button {
     std::string_view key;
-    std::string_view text;  ///< tool-tip or caption
+    std::string_view text;
     Command command;
     std::string_view icon;
 };
@@ -59,8 +76,16 @@ struct ButtonGroup {
     std::span<const Button> buttons;
 };
 
+/// A use of the keyboard or the mouse in a scenario's window that is no menu item.
+struct HandyKey {
+    std::string_view keys;
+    std::string_view meaning;
+};
+
 std::span<const Menu> menus();
-std::span<const Button> menuBar();
 std::span<const ButtonGroup> verticalMenu();
+/// The commands of the buttons of `MenuBar`, in their order.
+std::span<const Command> menuBarCommands();
+std::span<const HandyKey> handyKeys();
 
 }  // namespace orvent::shell

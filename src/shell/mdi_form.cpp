@@ -29,8 +29,15 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host)
                 ports.files,    ports.store,       ports.progress, options_.repository},
       catalogue_(services_, [this] { host_.endProgram(); }),
       loadSave_(services_, catalogue_, *this),
-      ldl_(ports.messages, ports.folder, ports.progress, nullptr),
-      textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables) {}
+      wizardWindow_(host),
+      wizard_(ports.messages, catalogue_.tables, wizardWindow_),
+      ldl_(ports.messages, ports.folder, ports.progress, &wizard_),
+      textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
+      dialogs_(host, wizard_) {
+    tools_.changed = [this] { host_.commandsChanged(); };
+    tools_.palettes.changed = tools_.changed;
+    tools_.palettes.atPointer = [this](Palette palette) { host_.placePalette(palette); };
+}
 
 MDIForm1::~MDIForm1() = default;
 
@@ -66,89 +73,6 @@ void MDIForm1::loadCatalogue() {
     catalogue_.LoadDataTypes();
     catalogue_.LoadFunctionTypes();
     catalogue_.LoadActivityTypes();
-}
-
-void MDIForm1::run(Command command) {
-    if (!isEnabled(command)) {
-        return;
-    }
-    std::string noName;
-    switch (command) {
-        case Command::newScenario:
-            NewScenario(noName);
-            break;
-        case Command::loadScenario:
-            showScenarios(repository::ViewScenarios::Mode::Load, nullptr);
-            break;
-        case Command::saveScenario:
-            save(false);
-            break;
-        case Command::saveScenarioAs:
-            save(true);
-            break;
-        case Command::deleteScenario:
-            showScenarios(repository::ViewScenarios::Mode::Delete, nullptr);
-            break;
-        case Command::exportText:
-            textExport_.ExportText(*activeEnabled());
-            break;
-        case Command::closeScenario:
-            closeScenario(*activeEnabled());
-            break;
-        case Command::login:
-            login();
-            break;
-        case Command::changeUser:
-            changeUser();
-            break;
-        case Command::loadTestGraph:
-            LoadTestGraph();
-            break;
-        case Command::createLdl:
-            ldl_.LDLScenario(*activeEnabled());
-            break;
-        case Command::help:
-            ports_.help.open(options_.HelpFile);
-            break;
-        case Command::about:
-            host_.runAbout();
-            break;
-        case Command::showDataTypes:
-        case Command::showFunctionTypes:
-        case Command::showActivityTypes:
-            break;  // never enabled: the type editors are not part of this version
-    }
-}
-
-bool MDIForm1::isEnabled(Command command) const {
-    switch (command) {
-        case Command::saveScenario:
-            return printAndSave_ && activeEnabled() != nullptr;
-        case Command::saveScenarioAs:
-        case Command::exportText:
-        case Command::closeScenario:
-        case Command::createLdl:
-            return activeEnabled() != nullptr;
-        case Command::login:
-            return !anyScenario();
-        case Command::showDataTypes:
-        case Command::showFunctionTypes:
-        case Command::showActivityTypes:
-            return false;
-        default:
-            return true;
-    }
-}
-
-bool MDIForm1::isShown(Shown shown) const {
-    switch (shown) {
-        case Shown::withScenario:
-            return host_.activeScenario() != nullptr;
-        case Shown::withoutScenario:
-            return !anyScenario();
-        default:
-            return true;
-    }
 }
 
 canvas::DrawForm* MDIForm1::activeEnabled() const {
@@ -193,9 +117,8 @@ canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
     catalogue_.LoadDataTypes();
     canvas::DrawForm& opened = *form;
     ScenarioForms[static_cast<std::size_t>(slot)] = std::move(form);
-    printAndSave_ = true;
     host_.showScenario(opened);
-    host_.commandsChanged();
+    tools_.enablePrintAndSave(true);
     return opened;
 }
 
@@ -223,7 +146,10 @@ void MDIForm1::freeSlot(int slot) {
         form->clear();
     }
     if (!host_.activeScenario()) {
-        printAndSave_ = false;
+        tools_.enablePrintAndSave(false);
+    }
+    if (!anyScenario()) {
+        tools_.setEmptyState();
     }
     host_.commandsChanged();
 }
@@ -250,35 +176,6 @@ void MDIForm1::enableFrame(bool enabled) {
     host_.enableFrame(enabled);
 }
 
-void MDIForm1::login() {
-    repository::UserLogin userLogin(services_);
-    userLogin.open();
-    host_.runUserLogin(userLogin);
-    if (userLogin.loggedIn) {
-        loadCatalogue();
-        host_.commandsChanged();
-    } else {
-        host_.unloadFrame();
-    }
-}
-
-void MDIForm1::changeUser() {
-    const bool dialogOpen = std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
-                                        [](const auto& form) { return form && !form->Enabled; });
-    if (dialogOpen) {
-        ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
-        return;
-    }
-    const Answer answer = ports_.messages.show(
-        "All active Scenarios must close in order to login as a different user!\nAre you sure you want to continue?",
-        "Login", Icon::none, Buttons::okCancel);
-    if (answer != Answer::ok || !unload()) {
-        return;
-    }
-    printAndSave_ = false;
-    login();
-}
-
 void MDIForm1::LoadTestGraph() {
     if (canvas::DrawForm* former = scenario(kSampleSlot)) {
         if (!closeScenario(*former)) {
@@ -288,15 +185,6 @@ void MDIForm1::LoadTestGraph() {
     canvas::DrawForm& form = OpenSlot(kSampleSlot, kSampleName);
     loadCatalogue();
     buildTestGraph(form, catalogue_);
-}
-
-void MDIForm1::save(bool as) {
-    canvas::DrawForm& form = *activeEnabled();
-    if (as || form.ScenarioID == 0) {
-        showScenarios(repository::ViewScenarios::Mode::Save, &form);
-    } else {
-        loadSave_.SaveScenario(form, false);
-    }
 }
 
 void MDIForm1::showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target) {

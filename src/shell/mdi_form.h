@@ -5,16 +5,22 @@
 #include <string>
 
 #include "analysis/text_export.h"
+#include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
 #include "repository/catalogue.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_windows.h"
 #include "repository/services.h"
+#include "shell/canvas_dialogs.h"
 #include "shell/commands.h"
 #include "shell/frame_host.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
+#include "shell/tool_bars.h"
+#include "shell/wizard_window.h"
+#include "statements/ldl_form.h"
 #include "statements/ldl_scenario.h"
+#include "zoom/entity_links.h"
 
 namespace orvent::shell {
 
@@ -36,6 +42,12 @@ class MDIForm1 : public repository::ScenarioWindows {
     bool isEnabled(Command command) const;
     /// Whether the window in front has the item in its menu.
     bool isShown(Shown shown) const;
+    /// The tool in use, the tool bars and the palettes.
+    ToolBars& tools() { return tools_; }
+    const ToolBars& tools() const { return tools_; }
+
+    /// What the gestures of a design window lean on.
+    canvas::PointerPorts designPorts() { return {tools_, dialogs_, links_, rules_}; }
 
     /// The close request of a scenario's window: asks, then frees the slot and drops the window. False on Cancel.
     bool closeScenario(canvas::DrawForm& form);
@@ -55,6 +67,9 @@ class MDIForm1 : public repository::ScenarioWindows {
     repository::Catalogue& catalogue() { return catalogue_; }
 
   private:
+    struct CommandRow;
+    static std::span<const CommandRow> commandRows();
+
     canvas::DrawForm* activeEnabled() const;
     canvas::DrawForm& OpenSlot(int slot, const std::string& name);
     void freeSlot(int slot);
@@ -62,6 +77,9 @@ class MDIForm1 : public repository::ScenarioWindows {
     void changeUser();
     void loadCatalogue();
     void LoadTestGraph();
+    void CloseActiveScenario();
+    void showOptions();
+    void zoom(bool in);
     void save(bool as);
     void showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target);
 
@@ -71,13 +89,17 @@ class MDIForm1 : public repository::ScenarioWindows {
     repository::Services services_;
     repository::Catalogue catalogue_;
     repository::ScenarioLoadSave loadSave_;
+    WizardWindow wizardWindow_;
+    statements::LDLForm wizard_;
     statements::LDLScenarioWriter ldl_;
     analysis::TextExport textExport_;
+    ToolBars tools_;
+    CanvasDialogs dialogs_;
+    zoom::CanvasLinks links_;
+    canvas::DesignRules rules_;
 
     // A slot is used exactly while it holds a scenario.
     std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;
-    // Follows the windows as told, and not the table: a close may leave them on.
-    bool printAndSave_ = false;
 };
 
 }  // namespace orvent::shell

@@ -13,9 +13,6 @@ using namespace entities;
 
 namespace {
 
-/// `Tag` of an output that this builder made.
-constexpr std::int16_t kTagGenerated = 15;
-
 constexpr const char* kNoFunctionForParameters = "You Have To Define A Function In Order To Use Function Parameters!";
 constexpr const char* kNoFunctionForOutput = "You Have To Define A Function In Order To Use A Function Output!";
 
@@ -26,17 +23,11 @@ std::int16_t chosen(std::int16_t position, const char* what) {
     return position;
 }
 
-/// The keys of a collection, for a walk that removes as it goes.
-template <class Collection>
-std::vector<std::string> keysOf(const Collection& items) {
-    std::vector<std::string> keys;
-    for (int position = 1; position <= items.Count(); ++position) {
-        keys.push_back(items.keyAt(position));
-    }
-    return keys;
-}
-
 }  // namespace
+
+bool isGenerated(const AttributeProperties& output) {
+    return output.Tag == LinkTypeOutput || output.Tag == kTagWizardOutput;
+}
 
 /// What the links of a parameter are called, by where its value comes from; they are its `Tag`, too.
 struct ActivityBuilder::LinkCodes {
@@ -75,15 +66,19 @@ void ActivityBuilder::removeFunctions() {
 void ActivityBuilder::removeOutput(AttributeProperties& output) {
     zoom::UnSynchronizeAttribute(form_, output, true, InDialog_);
     form_.DeletedNodes.Add(output.SubNode_ID, output.NodeKind);
-    Activity.Act_Outputs->Remove(std::string(output.Key));
+    Activity.Act_Outputs->Remove(output.Key);
 }
 
 void ActivityBuilder::removeGeneratedOutputs() {
-    for (const std::string& key : keysOf(*Activity.Act_Outputs)) {
-        AttributeProperties& output = *Activity.Act_Outputs->Item(key);
-        if (output.Tag == LinkTypeOutput || output.Tag == kTagGenerated) {
-            removeOutput(output);
+    Act_OutputsCollection& outputs = *Activity.Act_Outputs;
+    std::vector<std::shared_ptr<AttributeProperties>> generated;
+    for (int position = 1; position <= outputs.Count(); ++position) {
+        if (isGenerated(*outputs.Item(position))) {
+            generated.push_back(outputs.share(position));
         }
+    }
+    for (const auto& output : generated) {
+        removeOutput(*output);
     }
 }
 
@@ -232,8 +227,7 @@ void ActivityBuilder::CreateParameterFromVariable(const LDLVariable& variable, c
     Activity.Act_Parameters->AddFullParameter(parameter, "", false, 0);
 }
 
-void ActivityBuilder::CreateFunctionParameterFromVariable(const LDLVariable& variable, const std::string& name) {
-    static_cast<void>(name);
+void ActivityBuilder::CreateFunctionParameterFromVariable(const LDLVariable& variable, const std::string& /*name*/) {
     ParameterProperties input;
     input.Parameter_Name = input.Key = variable.VariableName;
     input.ParentFunctionActivity = Activity.Act_Name;
@@ -247,10 +241,14 @@ void ActivityBuilder::regulate(AttributeProperties& output, const LDLVariable& v
     if (regulator.VariableType == VarFunctionOutput) {
         // Without a function the variable was skipped, and there is nothing to regulate by.
         if (const FunctionProperties* made = function()) {
-            const ParameterProperties& result = *made->Function_Outputs.peek()->Item(1);
-            output.Attribute_Type = result.Parameter_Type;
+            const FunctionParameters* results = made->Function_Outputs.peek();
+            const ParameterProperties* result = results ? results->Item(1) : nullptr;
+            if (!result) {
+                throw BuildFault("The function \"" + made->Function_Name + "\" has no output.");
+            }
+            output.Attribute_Type = result->Parameter_Type;
             output.RegulatedFrom->Add(made->Function_Name, LinkFunctionOutput,
-                                      wholeKey(made->Function_Name, KindOutput, result.Key));
+                                      wholeKey(made->Function_Name, KindOutput, result->Key));
         }
         return;
     }
@@ -273,12 +271,12 @@ void ActivityBuilder::CreateOutputFromVariable(const LDLVariable& variable, cons
     output.Attribute_Name = output.Key = name;
     output.NodeKind = KindOutput;
     output.ParentKeyName = Activity.Act_Name;
-    output.Tag = kTagGenerated;
+    output.Tag = kTagWizardOutput;
     if (const LDLVariable* regulator = Variables.Item(variable.RegulatorName)) {
         regulate(output, variable, *regulator);
     }
     // It takes the place of an output of that name that was drawn by hand.
-    if (AttributeProperties* old = Activity.Act_Outputs->Item(name)) {
+    if (const auto old = Activity.Act_Outputs->share(name)) {
         removeOutput(*old);
     }
     Activity.Act_Outputs->AddFullAttribute(output, "", false, 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "canvas/draw_form.h"
@@ -10,6 +11,12 @@
 #include "statements/ldl_variables.h"
 
 namespace orvent::statements {
+
+/// `Tag` of an output that the wizard made.
+inline constexpr std::int16_t kTagWizardOutput = 15;
+
+/// Whether the output was made by the wizard or by the activity's type, and not drawn by hand.
+bool isGenerated(const entities::AttributeProperties& output);
 
 /// A choice that the designer left open, or a thing that is gone. It ends the building without a message.
 class BuildFault : public platform::Fault {
@@ -22,9 +29,10 @@ class BuildFault : public platform::Fault {
 class ActivityBuilder {
   public:
     /// `InDialog` is the activity when it is the working copy of its dialog, else null.
-    ActivityBuilder(canvas::DrawForm& form, entities::ActivityProperties& activity, entities::ActivityProperties* InDialog,
-                    const LDLVariableCollection& variables, const LDLsourceColl& sources,
-                    const entities::CatalogueTables& catalogue, platform::MessageBox& messages)
+    ActivityBuilder(canvas::DrawForm& form, entities::ActivityProperties& activity,
+                    entities::ActivityProperties* InDialog, const LDLVariableCollection& variables,
+                    const LDLsourceColl& sources, const entities::CatalogueTables& catalogue,
+                    platform::MessageBox& messages)
         : form_(form),
           Activity(activity),
           InDialog_(InDialog),

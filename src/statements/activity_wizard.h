@@ -11,6 +11,8 @@ class ActivityDialog {
   public:
     virtual ~ActivityDialog() = default;
     virtual void setEnabled(bool enabled) = 0;
+    /// The activity was built anew, in whole or in part: its lists are to be shown again.
+    virtual void activityBuilt() = 0;
     /// The statement that the wizard stored, for the text box `txtSQL`.
     virtual void setStatement(const std::string& text) = 0;
 };

@@ -116,8 +116,8 @@ LoopHeader LDLGenerator::ParseLoopHeader(std::string_view head) const {
             header.LoopVariable = ranged ? part(less + 1, second) : part(1, less);
             header.From =
                 ranged ? platform::checkedI16(EvalArityExpression(part(1, less)) + 1, "The bound") : std::int16_t{1};
-            header.To = platform::checkedI16(EvalArityExpression(part((ranged ? second : less) + 1, close)) - 1,
-                                             "The bound");
+            header.To =
+                platform::checkedI16(EvalArityExpression(part((ranged ? second : less) + 1, close)) - 1, "The bound");
         } else if (equal != std::string_view::npos) {
             header.Operator = "=";
             header.LoopVariable = part(1, equal);

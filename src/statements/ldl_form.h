@@ -104,6 +104,12 @@ class LDLForm : public ActivityWizard {
     bool isEnabled(LDLButton button) const;
     /// Why a button is grey; empty while it is not.
     std::string whyDisabled(LDLButton button) const;
+    /// The button that leads on; it may still be disabled.
+    LDLButton leadsOn() const;
+    /// Whether the variable has all that it needs; of the current one the panel is looked at.
+    bool isComplete(const LDLVariable& variable) const;
+    /// The same of an element of the current variable, which is an array.
+    bool isElementComplete(const LDLVariable& element) const;
 
     // The steps of the above.
 
@@ -114,15 +120,19 @@ class LDLForm : public ActivityWizard {
     void StoreCurrentElement();
 
   private:
-    struct Closing;
-
+    void close();
+    void enableCaller(bool enabled);
+    entities::ActivityProperties* inDialog() const { return FromDialog ? Activity : nullptr; }
     void buildOutputsView();
     void layOutWithoutVariables();
     void fillLists();
     void showPanel(LDLVariableType option);
+    void reset();
+    void clearPanel();
     void resetPanel();
     void clearValues();
     void showValue(const LDLVariable& holder);
+    void showRegulator(const LDLVariable& holder);
     void showArray();
     void fillRegulators();
     void storeValue(LDLVariable& holder) const;
@@ -131,6 +141,8 @@ class LDLForm : public ActivityWizard {
     std::vector<LDLMark> occurrences(const std::string& name) const;
     std::string missingValue() const;
     std::string missingOnPanel() const;
+    std::string missingInArray() const;
+    std::string missingRegulator() const;
 
     platform::MessageBox& messages_;
     const entities::CatalogueTables& catalogue_;

@@ -20,39 +20,31 @@ bool isArrayKind(LDLVariableType kind) {
     return kind == VarParameterArray || kind == VarFunctionParameterArray || kind == VarOutputArray;
 }
 
-/// Replaces without regard to case; keeps the lower case copy of the text in step.
-class CaselessText {
-  public:
-    explicit CaselessText(const std::string& text) : text_(text), lowered_(platform::lowerCase(text)) {}
-
-    void replace(const std::string& from, const std::string& to) {
-        const std::string sought = platform::lowerCase(from);
-        limit_.spendSearch(text_.size());
-        std::size_t hit = lowered_.find(sought);
-        if (hit == std::string::npos) {
-            return;
-        }
-        std::string result;
-        std::size_t done = 0;
-        for (; hit != std::string::npos; hit = lowered_.find(sought, done)) {
-            result.append(text_, done, hit - done).append(to);
-            done = hit + sought.size();
+/// Replaces "a_..." tokens without regard to case. It looks for the "_", which is rarer than the letter before it.
+void replaceToken(std::string& text, const std::string& token, const std::string& to, WorkLimit& limit) {
+    limit.spendSearch(text.size());
+    const std::string_view all(text);
+    std::string result;
+    std::size_t done = 0;
+    for (std::size_t line = text.find('_', 1); line != std::string::npos; line = text.find('_', line + 1)) {
+        const std::size_t hit = line - 1;
+        if (hit >= done && platform::equalIgnoringCase(all.substr(hit, token.size()), token)) {
+            if (result.empty()) {
+                result.reserve(text.size());
+            }
+            result.append(text, done, hit - done).append(to);
+            done = hit + token.size();
             checkSize(result.size());
         }
-        result.append(text_, done);
-        checkSize(result.size());
-        limit_.spend(result.size());
-        text_ = std::move(result);
-        lowered_ = platform::lowerCase(text_);
     }
-
-    const std::string& text() const { return text_; }
-
-  private:
-    std::string text_;
-    std::string lowered_;
-    WorkLimit limit_;
-};
+    if (done == 0) {
+        return;
+    }
+    result.append(text, done);
+    checkSize(result.size());
+    limit.spend(result.size());
+    text = std::move(result);
+}
 
 }  // namespace
 
@@ -134,15 +126,15 @@ LDLGenerator::Replacement LDLGenerator::replacementAt(std::string_view text, std
         case VarOutput:
             return {Activity.Act_Name + "_OUT_" + upperCase(variable->VariableName), length};
         case VarOutputArray:
-            return {Activity.Act_Name + "_OUT_" + upperCase(variable->VariableName) + "_" +
-                        std::to_string(element->Index),
-                    length};
+            return {
+                Activity.Act_Name + "_OUT_" + upperCase(variable->VariableName) + "_" + std::to_string(element->Index),
+                length};
     }
     throw Fault("\"" + name + "\" is of no kind.");
 }
 
-std::string LDLGenerator::ReplaceActivityNames(const std::string& text) const {
-    CaselessText result(text);
+std::string LDLGenerator::ReplaceActivityNames(std::string text) const {
+    WorkLimit limit;
     try {
         const std::string& N = Activity.Act_Name;
         const std::string n = FirstCapitalReplacer(N);
@@ -150,20 +142,20 @@ std::string LDLGenerator::ReplaceActivityNames(const std::string& text) const {
             const std::string number = std::to_string(k);
             int j = 0;
             for (const entities::AttributeProperties& input : *Sources.Source(k)) {
-                result.replace("A_IN" + number + "_" + std::to_string(++j),
-                               N + "_IN" + number + "_" + input.Attribute_Name);
+                replaceToken(text, "A_IN" + number + "_" + std::to_string(++j),
+                             N + "_IN" + number + "_" + input.Attribute_Name, limit);
             }
-            result.replace("A_IN" + number, n + "_in" + number);
+            replaceToken(text, "A_IN" + number, n + "_in" + number, limit);
         }
         int i = 0;
         for (const entities::AttributeProperties& output : OutputsView) {
-            result.replace("A_OUT_" + std::to_string(++i), N + "_OUT_" + output.Attribute_Name);
+            replaceToken(text, "A_OUT_" + std::to_string(++i), N + "_OUT_" + output.Attribute_Name, limit);
         }
-        result.replace("A_OUT", n + "_out");
+        replaceToken(text, "A_OUT", n + "_out", limit);
     } catch (const Fault&) {
         // The text as it stands is the answer.
     }
-    return result.text();
+    return text;
 }
 
 }  // namespace orvent::statements

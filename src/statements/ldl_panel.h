@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -17,9 +18,18 @@ struct LDLList {
     /// The selected entry, empty while nothing is selected.
     std::string Text() const { return ListIndex < 0 ? std::string() : items[static_cast<std::size_t>(ListIndex)]; }
     void clear() { *this = {}; }
+    /// The selection as a variable holds it.
+    std::int16_t position() const { return static_cast<std::int16_t>(ListIndex); }
+    /// Selects the entry at that position, or nothing when there is none.
+    void choose(int at);
     /// Selects the first entry that equals `text`, or nothing.
     void select(const std::string& text);
 };
+
+/// How the lists call an element of an array: "[3]".
+inline std::string elementName(int position) {
+    return "[" + std::to_string(position) + "]";
+}
 
 /// One of the options that give a variable its kind.
 struct LDLKindOption {
@@ -79,7 +89,7 @@ struct LDLVisible {
     bool arrayOptions = false;  ///< with `lblArray`
     bool valueOptions = true;   ///< `optValueInput`, `optValueRSField`, `optValueConstant`
     bool listInputs = true;     ///< with `listInputAttributes`
-    bool lblSelectRS = true;    ///< with `listRS`
+    bool listRS = true;         ///< with `lblSelectRS`
     bool listRSattributes = true;
     bool txtConst = true;
     bool listDataTypes = true;    ///< with `lblDatatype`

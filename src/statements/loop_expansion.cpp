@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <deque>
 #include <unordered_map>
 #include <unordered_set>
@@ -166,10 +167,12 @@ class QuickExpansion {
         limit_.spend(expansion.size() + length + 200);
         checkSize(result_.size() + expansion.size());
         piece.at += length;
-        if (expansion.find('[') == kNone) {
-            result_ += expansion;
-        } else {
+        if (expansion.find('[') != kNone) {
             pieces_.emplace_back(std::move(expansion), step);
+        } else if (result_.empty()) {
+            result_ = std::move(expansion);
+        } else {
+            result_ += expansion;
         }
     }
 
@@ -228,8 +231,12 @@ std::string LDLGenerator::ExpandLoop(std::string_view span) const {
         return {};
     }
     const std::size_t open = span.find('{') + 1;
-    const std::vector<std::string_view> parts = splitBody(span.substr(open, span.size() - 1 - open), header.LoopVariable);
+    const std::vector<std::string_view> parts =
+        splitBody(span.substr(open, span.size() - 1 - open), header.LoopVariable);
+    const auto times = static_cast<std::size_t>(std::max(0, header.To - header.From + 1));
+    constexpr std::size_t kDigits = 5;
     std::string result;
+    result.reserve(std::min(kMostCharacters, times * (span.size() - open + parts.size() * kDigits)));
     for (int i = header.From; i <= header.To; ++i) {
         const std::string value = std::to_string(i);
         result += parts.front();

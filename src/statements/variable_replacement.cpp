@@ -1,5 +1,8 @@
-#include <cstdint>
+#include <algorithm>
+#include <functional>
+#include <set>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/fault.h"
@@ -35,66 +38,57 @@ std::string replacePlainly(const LDLGenerator& generator, std::string text) {
 /// The tokens that were replaced so far, in order, for asking which of them was the first to hit a place.
 class Tokens {
   public:
-    int add(std::string_view token, std::string replacement) {
-        const int number = static_cast<int>(entries_.size());
-        std::uint32_t node = 0;
-        for (const char c : token) {
-            nodes_[node].beyond = nodes_[node].beyond < 0 ? number : nodes_[node].beyond;
-            const auto [child, fresh] =
-                children_.try_emplace(edge(node, c), static_cast<std::uint32_t>(nodes_.size()));
-            if (fresh) {
-                nodes_.emplace_back();
-            }
-            node = child->second;
+    void add(std::string_view token, std::string replacement) {
+        const auto [place, fresh] = numbers_.try_emplace(std::string(token), static_cast<int>(entries_.size()));
+        if (fresh && std::find(lengths_.begin(), lengths_.end(), token.size()) == lengths_.end()) {
+            lengths_.push_back(token.size());
+            longest_ = std::max(longest_, token.size());
         }
-        nodes_[node].ends = nodes_[node].ends < 0 ? number : nodes_[node].ends;
-        entries_.push_back({token.size(), std::move(replacement)});
-        return number;
+        entries_.push_back({place->first, std::move(replacement)});
     }
 
     struct Entry {
-        std::size_t length;  ///< without the "@"
+        std::string_view token;  ///< without the "@"
         std::string replacement;
     };
+
+    /// The first of the tokens at the beginning of `body`, -1 when there is none.
+    int first(std::string_view body) const {
+        int result = -1;
+        for (const std::size_t length : lengths_) {
+            if (length <= body.size()) {
+                const auto found = numbers_.find(body.substr(0, length));
+                if (found != numbers_.end() && (result < 0 || found->second < result)) {
+                    result = found->second;
+                }
+            }
+        }
+        return result;
+    }
+    std::size_t longest() const { return longest_; }
     const Entry& entry(int number) const { return entries_[static_cast<std::size_t>(number)]; }
 
-    struct Hit {
-        int number = -1;     ///< of the first token that hit, -1 for none
-        bool open = false;   ///< an earlier one might hit if more text followed
-    };
-    /// The tokens at the beginning of `body`.
-    Hit first(std::string_view body) const {
-        Hit hit;
-        std::uint32_t node = 0;
-        for (std::size_t i = 0;; ++i) {
-            const Node& at = nodes_[node];
-            if (at.ends >= 0 && (hit.number < 0 || at.ends < hit.number)) {
-                hit.number = at.ends;
-            }
-            if (i == body.size()) {
-                hit.open = at.beyond >= 0 && (hit.number < 0 || at.beyond < hit.number);
-                return hit;
-            }
-            const auto child = children_.find(edge(node, body[i]));
-            if (child == children_.end()) {
-                return hit;
-            }
-            node = child->second;
+    /// Whether a token is longer than `body` and begins with it.
+    bool goesBeyond(std::string_view body) {
+        for (; listed_ < entries_.size(); ++listed_) {
+            sorted_.insert(entries_[listed_].token);
         }
+        const auto next = sorted_.upper_bound(body);
+        return next != sorted_.end() && next->starts_with(body);
     }
 
   private:
-    struct Node {
-        int ends = -1;    ///< the first token that ends here
-        int beyond = -1;  ///< the first token that goes on
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
     };
-    static std::uint64_t edge(std::uint32_t node, char c) {
-        return std::uint64_t{node} << 8 | static_cast<unsigned char>(c);
-    }
 
     std::vector<Entry> entries_;
-    std::vector<Node> nodes_{1};
-    std::unordered_map<std::uint64_t, std::uint32_t> children_;
+    std::unordered_map<std::string, int, Hash, std::equal_to<>> numbers_;
+    std::vector<std::size_t> lengths_;
+    std::size_t longest_ = 0;
+    std::set<std::string_view> sorted_;  ///< the first `listed_` of the entries
+    std::size_t listed_ = 0;
 };
 
 /// The same pass in time that is linear in the result. The text is walked once; at each "@" the tokens that were
@@ -105,6 +99,7 @@ class QuickReplacement {
     QuickReplacement(const LDLGenerator& generator, const std::string& text) : generator_(generator), text_(text) {}
 
     std::string run() {
+        result_.reserve(text_.size());
         std::size_t done = 0;
         for (std::size_t at = text_.find('@'); at != kNone; at = text_.find('@', done)) {
             result_.append(text_, done, at - done);
@@ -123,7 +118,7 @@ class QuickReplacement {
         const int known = tokenAt(at, next, true);
         if (known >= 0) {
             result_ += tokens_.entry(known).replacement;
-            return 1 + tokens_.entry(known).length;
+            return 1 + tokens_.entry(known).token.size();
         }
         if (stopped_) {
             result_ += '@';
@@ -133,14 +128,18 @@ class QuickReplacement {
     }
 
     /// The token that has replaced the reference at `at` by now, -1 when it still stands. `next` is the following "@".
-    int tokenAt(std::size_t at, std::size_t next, bool lookOn) const {
-        const std::string_view text(text_);
-        const Tokens::Hit hit = tokens_.first(text.substr(at + 1, next == kNone ? next : next - at - 1));
-        // What the next reference has become may have grown into a longer token.
-        if (hit.open && next != kNone && (!lookOn || tokenAt(next, text.find('@', next + 1), false) >= 0)) {
-            throw NotSimple{};
+    int tokenAt(std::size_t at, std::size_t next, bool lookOn) {
+        const std::string_view body = std::string_view(text_).substr(at + 1, next == kNone ? next : next - at - 1);
+        const int number = tokens_.first(body);
+        // What the next reference has become may have grown with this one into a longer token. No token holds a "]" but
+        // as its end.
+        if (next != kNone && body.size() < tokens_.longest() && body.find(']') == kNone) {
+            const bool grows = !lookOn || tokenAt(next, text_.find('@', next + 1), false) >= 0;
+            if (grows && tokens_.goesBeyond(body)) {
+                throw NotSimple{};
+            }
         }
-        return hit.number;
+        return number;
     }
 
     std::size_t resolve(std::size_t at, std::size_t next) {
@@ -176,13 +175,16 @@ class QuickReplacement {
 
 }  // namespace
 
-std::string LDLGenerator::ReplaceVariables(const std::string& text) const {
+std::string LDLGenerator::ReplaceVariables(std::string text) const {
+    if (text.find('@') == kNone) {
+        return text;
+    }
     try {
         return QuickReplacement(*this, text).run();
     } catch (const NotSimple&) {
-        return replacePlainly(*this, text);
+        return replacePlainly(*this, std::move(text));
     } catch (const Fault&) {
-        return replacePlainly(*this, text);  // which keeps the text as it stands at the fault
+        return replacePlainly(*this, std::move(text));  // which keeps the text as it stands at the fault
     }
 }
 

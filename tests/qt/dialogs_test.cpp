@@ -240,6 +240,7 @@ class DialogsTest : public WindowTest {
             QTest::keyClick(editor, Qt::Key_Delete);  // belongs to the editor
             QTest::keyClick(editor, Qt::Key_Return);
             QTRY_VERIFY(!shown.list.viewport()->findChild<QLineEdit*>());
+            QCoreApplication::sendPostedEvents();  // the renaming follows the end of the editing
             QVERIFY2(window.isVisible(), "Enter ends the editing and nothing else");
 
             shown.clickRow(1);

@@ -138,6 +138,38 @@ TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
         }
     }
     EXPECT_FALSE(frame.frame.isEnabled(Command::showDataTypes));
+    EXPECT_TRUE(frame.frame.isEnabled(Command::about));  // the last row of the commands
+}
+
+TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
+    frame.frame.start();
+    for (const Command command : {Command::printScenario, Command::undo, Command::zoomIn, Command::viewFit}) {
+        EXPECT_FALSE(frame.frame.isEnabled(command));
+    }
+    open("a");
+    frame.frame.tools().canvasFocused(frame.active());
+    frame.frame.run(Command::printScenario);
+    frame.frame.run(Command::printPreview);
+    EXPECT_EQ(frame.host.prints, (std::vector<bool>{false, true}));
+    frame.frame.run(Command::viewFit);
+    EXPECT_EQ(frame.host.viewChanges, std::vector{ViewChange::fit});
+
+    frame.active().Labels.Add(100, 1000, 100, 500, "RS", canvas::NodeTypeRecordSet);
+    repository.input.expect("ZOOM IN RATIO :", "Zooming IN", "", "1,5");
+    frame.frame.run(Command::zoomIn);
+    EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
+    repository.input.expect("ZOOM OUT RATIO :", "Zooming OUT", "", "");
+    frame.frame.run(Command::zoomOut);
+    EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
+
+    frame.active().DeletedNodes.Add(1, canvas::DeletedRecordSet);
+    frame.frame.tools().setEmptyState();
+    frame.frame.tools().canvasFocused(frame.active());
+    repository.messages.expect("Undo");
+    frame.frame.run(Command::undo);
+    frame.close();
+    EXPECT_FALSE(frame.frame.tools().DesignToolsOn());
+    EXPECT_FALSE(frame.frame.isEnabled(Command::undo));
 }
 
 }  // namespace

@@ -1,23 +1,19 @@
 #include "qt/canvas/canvas_view.h"
 
-#include <QHelpEvent>
-#include <QMouseEvent>
-#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTimer>
-#include <QToolTip>
 
-#include "qt/canvas/edge_painter.h"
+#include "qt/canvas/corner_grip.h"
 
 namespace orvent::qt {
 
 namespace {
 
-constexpr float kMarkerReach = 90;        // twips from a marker to its rim
 constexpr double kMargin = 40;            // pixels around the picture
 constexpr double kFarthestPixel = 1e8;    // scroll bars count in whole pixels
 constexpr std::size_t kFewChanges = 256;  // below this the index is kept up to date change by change
 constexpr int kMostDirtyAreas = 48;       // more are cheaper to repaint as one
+constexpr double kScaleStep = 1.25;
 
 }  // namespace
 
@@ -25,12 +21,18 @@ CanvasViewWidget::CanvasViewWidget(canvas::Canvas& canvas, const Theme& theme, Q
     : QAbstractScrollArea(parent), canvas_(canvas), theme_(theme), nodePainter_(font()) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setCornerWidget(new CornerGrip([this](QPoint by) {
+        const float twips = static_cast<float>(kTwipsPerPixel / scale_);
+        canvas_.PicForm.dragCorner(static_cast<float>(by.x()) * twips, static_cast<float>(by.y()) * twips);
+        followPicForm();
+    }));
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
     connect(&theme_, &Theme::changed, this, [this] {
-        dots_ = QPixmap();
         nodePainter_.forgetPictures();
-        viewport()->update();
+        repaintAll();
     });
     canvas_.setView(this);
     settleSoon();
@@ -42,8 +44,7 @@ CanvasViewWidget::~CanvasViewWidget() {
     }
 }
 
-// ---- What the model tells
-// --------------------------------------------------------------------------------------------
+// What the model tells.
 
 // While a canvas is being filled, or all of it changes, keeping the index up to date item by item and asking for single
 // areas costs more than building it once at the next painting.
@@ -57,7 +58,7 @@ bool CanvasViewWidget::takesChange() {
     stale_ = true;
     nodes_.clear();
     edges_.clear();
-    viewport()->update();
+    repaintAll();
     settleSoon();
     return false;
 }
@@ -100,6 +101,15 @@ void CanvasViewWidget::nodeRemoved(const canvas::LabelsD& node) {
 }
 
 void CanvasViewWidget::edgeChanged(const canvas::LinesD& edge) {
+    if (edge.ToLabel == 0) {
+        drawnEdge_ = &edge;
+        showMarkers();
+        return;
+    }
+    if (drawnEdge_ == &edge) {
+        drawnEdge_ = nullptr;
+        showMarkers();
+    }
     itemChanged(edges_, edge);
 }
 
@@ -107,14 +117,16 @@ void CanvasViewWidget::edgeRemoved(const canvas::LinesD& edge) {
     if (pointedEdge_ == &edge) {
         pointedEdge_ = nullptr;
     }
+    if (drawnEdge_ == &edge) {
+        drawnEdge_ = nullptr;
+        showMarkers();
+    }
     itemRemoved(edges_, edge);
 }
 
 void CanvasViewWidget::markersChanged() {
-    for (const canvas::Point place : {shownGrabber_, canvas_.Grabber}) {
-        markDirty({place.x - kMarkerReach, place.y - kMarkerReach, place.x + kMarkerReach, place.y + kMarkerReach});
-    }
-    shownGrabber_ = canvas_.Grabber;
+    followPicForm();
+    showMarkers();
 }
 
 void CanvasViewWidget::markDirty(const Extent& extent) {
@@ -126,10 +138,16 @@ void CanvasViewWidget::markDirty(const Extent& extent) {
         return;
     }
     if (++dirtyAreas_ > kMostDirtyAreas) {
-        viewport()->update();
+        repaintAll();
     } else {
+        layerDirty_ += area.toAlignedRect();
         viewport()->update(area.toAlignedRect());
     }
+}
+
+void CanvasViewWidget::repaintAll() {
+    layerDirty_ = viewport()->rect();
+    viewport()->update();
 }
 
 void CanvasViewWidget::ensureIndex() const {
@@ -143,7 +161,9 @@ void CanvasViewWidget::ensureIndex() const {
         nodes_.put(node, extentOf(node));
     }
     for (const canvas::LinesD& edge : std::as_const(canvas_.Lines)) {
-        edges_.put(edge, extentOf(edge));
+        if (edge.ToLabel != 0) {
+            edges_.put(edge, extentOf(edge));
+        }
     }
 }
 
@@ -162,8 +182,7 @@ void CanvasViewWidget::settle() {
     updateScrollBars();
 }
 
-// ---- Scale and scrolling
-// ---------------------------------------------------------------------------------------------
+// Scale and scrolling.
 
 Transform CanvasViewWidget::transform() const {
     return {scale_, QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value())};
@@ -175,18 +194,20 @@ std::optional<Extent> CanvasViewWidget::pictureBounds() const {
     return nodes && edges ? nodes->united(*edges) : nodes ? nodes : edges;
 }
 
-/// The picture and its margin, in pixels from the picture's origin, which is always part of it.
+/// `PicForm` and what lies beyond it with a margin, in pixels from the picture's origin.
 QRectF CanvasViewWidget::pictureArea() const {
+    const Transform unscrolled{scale_, {}};
+    const QRectF form = unscrolled.toPixels(Extent{0, 0, canvas_.PicForm.Width(), canvas_.PicForm.Height()});
     const std::optional<Extent> bounds = pictureBounds();
     if (!bounds) {
-        return {};
+        return form;
     }
-    const Transform unscrolled{scale_, {}};
     const QRectF area = unscrolled.toPixels(*bounds).adjusted(-kMargin, -kMargin, kMargin, kMargin);
     const auto limited = [](double value) { return std::clamp(value, -kFarthestPixel, kFarthestPixel); };
     return QRectF(QPointF(std::min(0.0, limited(bounds->left < 0 ? area.left() : 0)),
                           std::min(0.0, limited(bounds->top < 0 ? area.top() : 0))),
-                  QPointF(limited(area.right()), limited(area.bottom())));
+                  QPointF(std::max(limited(form.right()), limited(area.right())),
+                          std::max(limited(form.bottom()), limited(area.bottom()))));
 }
 
 void CanvasViewWidget::updateScrollBars() {
@@ -202,6 +223,35 @@ void CanvasViewWidget::updateScrollBars() {
     set(verticalScrollBar(), area.top(), area.bottom(), room.height());
 }
 
+/// What is seen of the picture decides how far `PicForm` can be scrolled, and where dragging scrolls it.
+void CanvasViewWidget::measureWindow() {
+    const double twips = kTwipsPerPixel / scale_;
+    canvas_.PicForm.resizeWindow(static_cast<float>(viewport()->width() * twips),
+                                 static_cast<float>(viewport()->height() * twips));
+    shownSize_ = {};
+    followPicForm();
+}
+
+void CanvasViewWidget::followPicForm() {
+    const canvas::PictureArea& form = canvas_.PicForm;
+    if (shownSize_.x != form.Width() || shownSize_.y != form.Height()) {
+        shownSize_ = {form.Width(), form.Height()};
+        ensureIndex();
+        updateScrollBars();
+    }
+    const canvas::Point scroll{form.ScrollBarHor().Value, form.ScrollBarVer().Value};
+    const QPointF pixels = Transform{scale_, {}}.toPixels(scroll);
+    following_ = true;
+    if (scroll.x != shownScroll_.x) {
+        horizontalScrollBar()->setValue(static_cast<int>(std::lround(pixels.x())));
+    }
+    if (scroll.y != shownScroll_.y) {
+        verticalScrollBar()->setValue(static_cast<int>(std::lround(pixels.y())));
+    }
+    following_ = false;
+    shownScroll_ = scroll;
+}
+
 void CanvasViewWidget::setScale(double scale) {
     setScale(scale, QRectF(viewport()->rect()).center());
 }
@@ -214,11 +264,27 @@ void CanvasViewWidget::setScale(double scale, QPointF anchor) {
     ensureIndex();
     const QPointF place = (anchor + transform().origin) / scale_;
     scale_ = wanted;
-    updateScrollBars();
+    shownMarkers_ = QRegion();
+    measureWindow();
     const QPointF origin = place * scale_ - anchor;
     horizontalScrollBar()->setValue(static_cast<int>(std::lround(origin.x())));
     verticalScrollBar()->setValue(static_cast<int>(std::lround(origin.y())));
-    viewport()->update();
+    repaintAll();
+    shownMarkers_ = markerRegion();
+    Q_EMIT scaleChanged();
+}
+
+void CanvasViewWidget::stepScale(double steps) {
+    setScale(scale_ * std::pow(kScaleStep, steps));
+}
+
+void CanvasViewWidget::reveal(const canvas::LabelsD& node) {
+    const QRect box = transform().toPixels(extentOf(node)).toAlignedRect();
+    const auto shift = [](QScrollBar* bar, int from, int to, int room) {
+        bar->setValue(bar->value() + std::min(std::max(0, to - room), from) + std::min(0, from));
+    };
+    shift(horizontalScrollBar(), box.left(), box.right(), viewport()->width());
+    shift(verticalScrollBar(), box.top(), box.bottom(), viewport()->height());
 }
 
 void CanvasViewWidget::fit() {
@@ -239,89 +305,19 @@ void CanvasViewWidget::fit() {
 
 void CanvasViewWidget::resizeEvent(QResizeEvent*) {
     ensureIndex();
+    layer_ = QPixmap();
+    measureWindow();
     updateScrollBars();
 }
 
 void CanvasViewWidget::scrollContentsBy(int dx, int dy) {
     viewport()->scroll(dx, dy);
-}
-
-// ---- Pointer
-// ---------------------------------------------------------------------------------------------------------
-
-const canvas::LabelsD* CanvasViewWidget::nodeAt(canvas::Point place) const {
-    ensureIndex();
-    const canvas::LabelsD* topmost = nullptr;
-    for (const canvas::LabelsD* node : nodes_.at({place.x, place.y, place.x, place.y})) {
-        if (node->Visible() && boxOf(*node).contains(place)) {
-            topmost = node;
-        }
+    scrollLayer(dx, dy);
+    if (!following_) {
+        const QPointF twips = transform().origin * (kTwipsPerPixel / scale_);
+        canvas_.PicForm.scrollTo(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
+        shownScroll_ = {canvas_.PicForm.ScrollBarHor().Value, canvas_.PicForm.ScrollBarVer().Value};
     }
-    return topmost;
-}
-
-const canvas::LinesD* CanvasViewWidget::edgeAt(canvas::Point place, double reach) const {
-    ensureIndex();
-    const Transform now = transform();
-    const QPointF at = now.toPixels(place);
-    const QRectF square(at.x() - reach, at.y() - reach, 2 * reach, 2 * reach);
-    const canvas::LinesD* topmost = nullptr;
-    for (const canvas::LinesD* edge : edges_.at(now.toTwips(square))) {
-        QLineF first(now.toPixels(canvas::Point{edge->X1(), edge->Y1()}),
-                     now.toPixels(canvas::Point{edge->Xm(), edge->Ym()}));
-        QLineF second(first.p2(), now.toPixels(canvas::Point{edge->X2(), edge->Y2()}));
-        if (edge->Visible() && (cutTo(first, square, 0) || cutTo(second, square, 0))) {
-            topmost = edge;
-        }
-    }
-    return topmost;
-}
-
-void CanvasViewWidget::setPointedEdge(const canvas::LinesD* edge) {
-    if (edge == pointedEdge_) {
-        return;
-    }
-    for (const canvas::LinesD* changed : {pointedEdge_, edge}) {
-        if (changed) {
-            markDirty(extentOf(*changed));
-        }
-    }
-    pointedEdge_ = edge;
-}
-
-void CanvasViewWidget::mouseMoveEvent(QMouseEvent* event) {
-    const canvas::Point place = transform().toTwips(event->position());
-    setPointedEdge(nodeAt(place) ? nullptr : edgeAt(place, 5));
-    QAbstractScrollArea::mouseMoveEvent(event);
-}
-
-bool CanvasViewWidget::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::Leave) {
-        setPointedEdge(nullptr);
-    } else if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), viewport());
-        return true;
-    }
-    return QAbstractScrollArea::viewportEvent(event);
-}
-
-QString CanvasViewWidget::toolTipAt(QPoint place) {
-    const canvas::LabelsD* node = nodeAt(transform().toTwips(place));
-    if (!node) {
-        return {};
-    }
-    const std::string_view text = node->ToolTipText().empty() ? node->shownText() : node->ToolTipText();
-    // As plain text: a caption may hold characters that a tool tip would take for markup.
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).left(1000).toHtmlEscaped();
-}
-
-void CanvasViewWidget::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::FontChange) {
-        nodePainter_.setFont(font());
-        viewport()->update();
-    }
-    QAbstractScrollArea::changeEvent(event);
 }
 
 }  // namespace orvent::qt

@@ -3,7 +3,7 @@
 #include <QAbstractScrollArea>
 #include <optional>
 
-#include "canvas/canvas.h"
+#include "canvas/canvas_pointer.h"
 #include "qt/canvas/grid_index.h"
 #include "qt/canvas/node_painter.h"
 #include "qt/canvas/paint_context.h"
@@ -13,6 +13,9 @@ namespace orvent::qt {
 
 /// Shows a canvas: one painted viewport with scroll bars. It reads the canvas at each painting and keeps only an index
 /// of where the items lie; the canvas tells it of changes. The canvas and the theme must outlive it.
+///
+/// The scroll bars are those of `PicForm`, but reach on to whatever lies beyond it. Ctrl and the wheel change the scale
+/// at the pointer, the wheel scrolls, and the middle button drags the picture.
 class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     Q_OBJECT
 
@@ -29,8 +32,12 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     void setScale(double scale);
     /// The same, and the place under `anchor` (viewport pixels) stays.
     void setScale(double scale, QPointF anchor);
+    /// One step larger (1) or smaller (-1).
+    void stepScale(double steps);
     /// Shows the whole picture, at most at twice its size.
     void fit();
+    /// Scrolls so far that the node is seen.
+    void reveal(const canvas::LabelsD& node);
 
     /// From pixels of the viewport to twips and back.
     Transform transform() const;
@@ -39,6 +46,9 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     const canvas::LabelsD* nodeAt(canvas::Point place) const;
     /// An edge that passes within `reach` pixels of a place, the topmost one, or nothing.
     const canvas::LinesD* edgeAt(canvas::Point place, double reach) const;
+
+    /// What lies topmost at a place of the viewport. Handles can be hit also while they are not painted.
+    canvas::Hit hitAt(QPointF pixel) const;
 
     /// What the view holds at the moment, for measurements: items in its index, captions laid out.
     std::size_t indexedItems() const { return nodes_.count() + edges_.count(); }
@@ -50,13 +60,22 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     void edgeRemoved(const canvas::LinesD& edge) override;
     void markersChanged() override;
 
+  Q_SIGNALS:
+    void scaleChanged();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+
+    canvas::Canvas& shownCanvas() const { return canvas_; }
+    const Theme& theme() const { return theme_; }
 
   private:
     template <class Item>
@@ -69,11 +88,23 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     void settleSoon();
     void settle();
     void updateScrollBars();
+    void measureWindow();
+    void followPicForm();
     std::optional<Extent> pictureBounds() const;
     QRectF pictureArea() const;
 
-    void paintBackground(QPainter& painter, const QRect& area);
+    void paintDots(const PaintContext& context, const QRect& area);
     void paintPicture(const PaintContext& context, const QRegion& region);
+    PaintContext contextFor(QPainter& painter, const Transform& now) const;
+    void paintPart(QPainter& painter, const QRegion& region);
+    void paintMarkers(QPainter& painter);
+    bool needsLayer() const;
+    void refreshLayer();
+    void scrollLayer(int dx, int dy);
+    QRegion markerRegion() const;
+    void showMarkers();
+    void repaintAll();
+    std::int32_t handleAt(canvas::Point place, float reach) const;
     void setPointedEdge(const canvas::LinesD* edge);
     QString toolTipAt(QPoint place);
 
@@ -87,9 +118,15 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     int dirtyAreas_ = 0;         ///< asked for since the last painting
     bool settling_ = false;
     const canvas::LinesD* pointedEdge_ = nullptr;
-    canvas::Point shownGrabber_;
+    const canvas::LinesD* drawnEdge_ = nullptr;  ///< has no target yet; painted with the markers, not in the index
+    QRegion shownMarkers_;
+    QPixmap layer_;       ///< the picture without markers, while a gesture shows some that move
+    QRegion layerDirty_;  ///< what of the layer has to be painted again
+    canvas::Point shownScroll_;
+    canvas::Point shownSize_;
+    bool following_ = false;  ///< the bars follow `PicForm` and not the user
+    std::optional<QPoint> panFrom_;
     NodePainter nodePainter_;
-    QPixmap dots_;
 };
 
 }  // namespace orvent::qt

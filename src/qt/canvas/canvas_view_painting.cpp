@@ -12,48 +12,73 @@ namespace {
 constexpr double kDotDistance = 300;  // twips
 constexpr double kLeastDotDistance = 12;
 
-/// A tile with one dot, for the ground of the canvas.
-QPixmap dotTile(const CanvasColours& colours, double distance, double ratio) {
-    const int side = static_cast<int>(std::lround(distance * ratio));
-    QPixmap tile(side, side);
-    tile.fill(colours.background);
-    QPainter painter(&tile);
-    const int size = std::max(1, static_cast<int>(std::lround(ratio)));
-    painter.fillRect(0, 0, size, size, colours.dot);
-    painter.end();
-    tile.setDevicePixelRatio(ratio);
-    return tile;
-}
-
 }  // namespace
 
 void CanvasViewWidget::paintEvent(QPaintEvent* event) {
     ensureIndex();
     changes_ = 0;
     dirtyAreas_ = 0;
-    QPainter painter(viewport());
-    const Transform now = transform();
-    const PaintContext context{painter, now, theme_.canvas(), viewport()->devicePixelRatioF(), detailAt(scale_)};
-    nodePainter_.prepare(context);
-    paintBackground(painter, event->rect());
-    painter.setRenderHint(QPainter::Antialiasing, context.detail == Detail::full);
-    paintPicture(context, event->region());
+    QPainter painter;
+    if (needsLayer()) {
+        refreshLayer();
+        painter.begin(viewport());
+        for (const QRect& part : event->region()) {
+            const double ratio = layer_.devicePixelRatio();
+            painter.drawPixmap(QRectF(part), layer_,
+                               QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio));
+        }
+    } else {
+        layer_ = QPixmap();
+        layerDirty_ = QRegion();
+        painter.begin(viewport());
+        paintPart(painter, event->region());
+    }
+    paintMarkers(painter);
 }
 
-void CanvasViewWidget::paintBackground(QPainter& painter, const QRect& area) {
-    const CanvasColours& colours = theme_.canvas();
-    const double distance = transform().pixels(kDotDistance);
+PaintContext CanvasViewWidget::contextFor(QPainter& painter, const Transform& now) const {
+    return {painter, now, theme_.canvas(), viewport()->devicePixelRatioF(), detailAt(scale_)};
+}
+
+/// By way of an image that boxes and lines are written into.
+void CanvasViewWidget::paintPart(QPainter& painter, const QRegion& region) {
+    const QRect area = region.boundingRect();
+    const double ratio = viewport()->devicePixelRatioF();
+    const QRect device = QRectF(QPointF(area.topLeft()) * ratio, QSizeF(area.size()) * ratio).toAlignedRect();
+    const QPointF origin = QPointF(device.topLeft()) / ratio;
+    QImage image(device.size(), QImage::Format_RGB32);
+    image.fill(theme_.canvas().background);
+    image.setDevicePixelRatio(ratio);
+    Pixels pixels(image, origin, ratio);
+    QPainter inner(&image);
+    inner.translate(-origin);
+    inner.setRenderHint(QPainter::Antialiasing, detailAt(scale_) == Detail::full);
+    const Transform now = transform();
+    PaintContext context = contextFor(inner, now);
+    context.image = &pixels;
+    nodePainter_.prepare(context);
+    paintDots(context, area);
+    paintPicture(context, region);
+    inner.end();
+    painter.drawImage(origin, image);
+}
+
+void CanvasViewWidget::paintDots(const PaintContext& context, const QRect& area) {
+    const double distance = context.transform.pixels(kDotDistance);
     if (distance < kLeastDotDistance) {
-        painter.fillRect(area, colours.background);
         return;
     }
-    const double ratio = viewport()->devicePixelRatioF();
-    const int side = static_cast<int>(std::lround(distance * ratio));
-    if (dots_.width() != side || dots_.devicePixelRatio() != ratio) {
-        dots_ = dotTile(colours, distance, ratio);
+    // At whole device pixels from the picture's origin, so that they scroll with it.
+    const double step = std::round(distance * context.pixelRatio) / context.pixelRatio;
+    const double size = std::max(1.0, std::round(context.pixelRatio)) / context.pixelRatio;
+    const QRgb colour = context.colours.dot.rgb();
+    const QPointF origin = context.transform.origin;
+    const auto firstFrom = [&](double place) { return std::floor(place / step) * step; };
+    for (double y = firstFrom(area.top() + origin.y()); y <= area.bottom() + origin.y(); y += step) {
+        for (double x = firstFrom(area.left() + origin.x()); x <= area.right() + origin.x(); x += step) {
+            context.image->fill(QRectF(x - origin.x(), y - origin.y(), size, size), colour);
+        }
     }
-    // The tile starts at the picture's origin and so scrolls with it.
-    painter.drawTiledPixmap(QRectF(area), dots_, QPointF(area.topLeft()) + transform().origin);
 }
 
 void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& region) {
@@ -83,12 +108,6 @@ void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& 
     }
     for (const canvas::LinesD* edge : withHandles) {
         paintHandles(context, *edge, edge->Selected() || edge->HighLighted());
-    }
-    if (canvas_.GrabbingPoint != 0) {
-        const double pen = context.penWidth(2);
-        context.painter.setPen(QPen(context.colours.accent, pen));
-        context.painter.setBrush(context.colours.handleFill);
-        context.painter.drawEllipse(context.transform.toPixels(canvas_.Grabber), context.length(4), context.length(4));
     }
 }
 

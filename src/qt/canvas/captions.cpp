@@ -9,7 +9,6 @@ namespace orvent::qt {
 namespace {
 
 constexpr double kLinePixels = 11;
-constexpr double kParagraphPixels = 10;
 constexpr std::size_t kMostCaptions = 4096;
 constexpr qsizetype kMostLetters = 2000;  // more can never be seen in a box
 

@@ -8,6 +8,9 @@
 
 namespace orvent::qt {
 
+/// Height of the letters of a paragraph, in pixels at scale 1.
+inline constexpr double kParagraphPixels = 10;
+
 /// How a caption is laid out in its box.
 enum class CaptionForm { line, strongLine, paragraph };
 

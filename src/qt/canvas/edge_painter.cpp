@@ -71,6 +71,15 @@ canvas::Point moved(canvas::Point place, QPointF by) {
     return {place.x + static_cast<float>(by.x()), place.y + static_cast<float>(by.y())};
 }
 
+/// The line as it is drawn: as a whole, so that its pixels do not depend on what of it is seen, unless it is so long
+/// that the numbers would lose their precision.
+QLineF drawn(const QLineF& whole, const QLineF& seen) {
+    constexpr double kFar = 1e6;  // pixels
+    const bool far =
+        std::max({std::abs(whole.x1()), std::abs(whole.y1()), std::abs(whole.x2()), std::abs(whole.y2())}) > kFar;
+    return far ? seen : whole;
+}
+
 }  // namespace
 
 bool cutTo(QLineF& line, const QRectF& area, double period) {
@@ -99,8 +108,8 @@ bool cutTo(QLineF& line, const QRectF& area, double period) {
     if (from > to) {
         return false;
     }
-    const double length = line.length();
-    if (period > 0 && length > 0) {
+    const double length = period > 0 ? line.length() : 0;
+    if (length > 0) {
         from = std::floor(from * length / period) * period / length;
     }
     line = QLineF(line.pointAt(from), line.pointAt(to));
@@ -125,14 +134,35 @@ void EdgePainter::addSegment(QPointF from, QPointF to, QRgb colour, int style, d
         period += context_.length(dashes->pattern[static_cast<std::size_t>(i)]);
     }
     if (from != to && cutTo(line, area_, period)) {
-        run(colour, dashes ? style : (style == kHalo ? kHalo : canvas::BorderSolid), width).push_back(line);
+        run(colour, dashes ? style : (style == kHalo ? kHalo : canvas::BorderSolid), width)
+            .push_back(dashes ? line : drawn(QLineF(from, to), line));
     }
+}
+
+/// A solid line of one device pixel, written at once.
+void EdgePainter::addThin(const canvas::LinesD& edge, QRgb colour) {
+    const auto draw = [&](QPointF from, QPointF to) {
+        QLineF seen(from, to);
+        if (cutTo(seen, area_, 0)) {
+            context_.image->line(drawn(QLineF(from, to), seen), colour);
+        }
+    };
+    const QPointF start = context_.transform.toPixels(canvas::Point{edge.X1(), edge.Y1()});
+    const QPointF middle = context_.transform.toPixels(canvas::Point{edge.Xm(), edge.Ym()});
+    if (start != middle) {
+        draw(start, middle);
+    }
+    draw(middle, context_.transform.toPixels(canvas::Point{edge.X2(), edge.Y2()}));
 }
 
 void EdgePainter::add(const canvas::LinesD& edge) {
     const QColor plain = edge.Color() == 0 ? context_.colours.line : fromModel(edge.Color());
     const QRgb colour = edge.Selected() ? context_.colours.accent.rgb() : plain.rgb();
     const bool full = context_.detail == Detail::full;
+    if (context_.image && !full && (context_.detail == Detail::coarse || !dashRow(edge.BorderStyle))) {
+        addThin(edge, colour);
+        return;
+    }
     const double width = context_.penWidth(full ? edge.BorderWidth : 0);
     const auto place = [&](canvas::Point twips) { return context_.sharp(context_.transform.toPixels(twips), width); };
     const canvas::LabelsD* from = full ? canvas_.Labels.byIndex(edge.FromLabel) : nullptr;
@@ -175,9 +205,9 @@ void EdgePainter::add(const canvas::LinesD& edge) {
 void EdgePainter::addArrow(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour) {
     const QPointF direction = directionOf(edge.arrowImage());
     const canvas::Point reached = moved({edge.X2(), edge.Y2()}, towardsBox(target, edge.ToGrabbingPoint()));
-    const QPointF tip = context_.transform.toPixels(reached) - direction * context_.length(0.5);
-    const QPointF base = tip - direction * context_.length(8.5);
-    const QPointF side = QPointF(direction.y(), direction.x()) * context_.length(4);
+    const QPointF tip = context_.transform.toPixels(reached);
+    const QPointF base = tip - direction * context_.length(9.5);
+    const QPointF side = QPointF(direction.y(), direction.x()) * context_.length(4.6);
     marks_.push_back({colour, QPolygonF({tip, base + side, base - side})});
 }
 
@@ -199,6 +229,12 @@ void EdgePainter::paint() {
             if ((run.style == kHalo) != halo) {
                 continue;
             }
+            if (context_.image && run.style == canvas::BorderSolid) {
+                for (const QLineF& line : run.lines) {
+                    context_.image->smoothLine(line, run.width, run.colour);
+                }
+                continue;
+            }
             QPen pen(QColor::fromRgba(run.colour), run.width);
             // A round cap would cost the toolkit's fast way for wide lines; a square one joins right angles just as
             // well.
@@ -215,10 +251,11 @@ void EdgePainter::paint() {
             painter.drawLines(run.lines.data(), static_cast<int>(run.lines.size()));
         }
     }
+    painter.setPen(Qt::NoPen);
     for (const Mark& mark : marks_) {
-        painter.setPen(
-            QPen(QColor::fromRgba(mark.colour), context_.penWidth(1), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.setBrush(QColor::fromRgba(mark.colour));
+        if (painter.brush().color().rgba() != mark.colour || painter.brush().style() == Qt::NoBrush) {
+            painter.setBrush(QColor::fromRgba(mark.colour));
+        }
         painter.drawPolygon(mark.shape);
     }
 }

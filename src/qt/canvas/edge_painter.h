@@ -36,6 +36,7 @@ class EdgePainter {
 
     std::vector<QLineF>& run(QRgb colour, int style, double width);
     void addSegment(QPointF from, QPointF to, QRgb colour, int style, double width);
+    void addThin(const canvas::LinesD& edge, QRgb colour);
     void addArrow(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour);
     void addPartOfMark(const canvas::LinesD& edge, const canvas::LabelsD& source, QRgb colour);
 

@@ -32,14 +32,15 @@ double contrast(const QColor& a, const QColor& b) {
 void paintSelection(const PaintContext& context, const QRectF& box) {
     const double pen = context.penWidth(2);
     const double gap = std::max(2.0, context.length(3));
+    const QRectF frame = context.sharp(box.adjusted(-gap, -gap, gap, gap), pen);
+    if (context.detail != Detail::full) {
+        const double half = pen / 2;
+        context.image->frame(frame.adjusted(-half, -half, half, half), pen, context.colours.accent.rgb());
+        return;
+    }
     context.painter.setPen(QPen(context.colours.accent, pen));
     context.painter.setBrush(Qt::NoBrush);
-    const QRectF frame = context.sharp(box.adjusted(-gap, -gap, gap, gap), pen);
-    if (context.detail == Detail::full) {
-        context.painter.drawRoundedRect(frame, context.length(4), context.length(4));
-    } else {
-        context.painter.drawRect(frame);
-    }
+    context.painter.drawRoundedRect(frame, context.length(4), context.length(4));
 }
 
 /// The parts that tell the kinds apart at a glance.
@@ -76,16 +77,25 @@ void paintMarks(const PaintContext& context, std::int32_t kind, const QRectF& bo
     }
 }
 
-/// What is left of the marks at a small scale.
-void paintBand(const PaintContext& context, std::int32_t kind, const QRectF& box) {
-    const double pixel = context.penWidth(1) / 2;
-    const QRectF inside = box.adjusted(pixel, pixel, -pixel, -pixel);
+/// Below full detail: a plain box, and what is left of the marks; smaller still, only its colour.
+void paintThin(const PaintContext& context, std::int32_t kind, const QRectF& place, const QColor& fill) {
+    Pixels& pixels = *context.image;
+    if (context.detail == Detail::coarse) {
+        pixels.fill(place, fill == context.colours.paper ? context.colours.outline.rgb() : fill.rgb());
+        return;
+    }
+    const double pen = context.penWidth(1);
+    const double half = pen / 2;
+    const QRectF box = context.sharp(place, pen);
+    const QRectF inside = box.adjusted(half, half, -half, -half);
+    pixels.fill(box.adjusted(-half, -half, half, half), context.colours.outline.rgb());
+    pixels.fill(inside, fill.rgb());
     if (kind == canvas::NodeTypeActivity) {
-        context.painter.fillRect(QRectF(inside.topLeft(), QSizeF(std::max(2.0, box.width() * 0.12), inside.height())),
-                                 context.colours.activity);
+        pixels.fill(QRectF(inside.topLeft(), QSizeF(std::max(2.0, box.width() * 0.12), inside.height())),
+                    context.colours.activity.rgb());
     } else if (kind == canvas::NodeTypeRecordSet) {
-        context.painter.fillRect(QRectF(inside.topLeft(), QSizeF(inside.width(), std::max(2.0, box.height() * 0.25))),
-                                 context.colours.recordSet);
+        pixels.fill(QRectF(inside.topLeft(), QSizeF(inside.width(), std::max(2.0, box.height() * 0.25))),
+                    context.colours.recordSet.rgb());
     }
 }
 
@@ -161,20 +171,12 @@ void NodePainter::paintCaption(const PaintContext& context, const canvas::Labels
 }
 
 void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, bool selected) {
-    QPainter& painter = context.painter;
     const QColor fill = fillOf(node, context.colours);
     const QRectF place = context.transform.toPixels(boxOf(node));
-    const double pen = context.penWidth(1);
-    if (context.detail == Detail::coarse) {
-        painter.fillRect(place, fill == context.colours.paper ? context.colours.outline : fill);
-    } else if (context.detail == Detail::plain) {
-        const QRectF box = context.sharp(place, pen);
-        painter.setPen(QPen(context.colours.outline, pen));
-        painter.setBrush(fill);
-        painter.drawRect(box);
-        paintBand(context, node.NodeType(), box);
+    if (context.detail != Detail::full) {
+        paintThin(context, node.NodeType(), place, fill);
     } else {
-        const QRectF box = context.sharp(place, pen);
+        const QRectF box = context.sharp(place, context.penWidth(1));
         paintBox(context, node.NodeType(), box, fill);
         paintCaption(context, node, box, fill);
     }

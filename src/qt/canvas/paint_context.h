@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "qt/canvas/pixels.h"
 #include "qt/canvas/transform.h"
 #include "qt/theme/theme.h"
 
@@ -22,6 +23,7 @@ struct PaintContext {
     const CanvasColours& colours;
     double pixelRatio;  ///< device pixels per pixel
     Detail detail;
+    Pixels* image = nullptr;  ///< what the painter paints on, if it can be written into straight
 
     /// A length given for scale 1, in pixels.
     double length(double pixels) const { return pixels * transform.scale; }

@@ -1,6 +1,7 @@
 #include "qt/dialogs/dialog_base.h"
 
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -9,7 +10,7 @@
 namespace orvent::qt {
 
 DialogBase::DialogBase(const QString& title, QWidget* parent)
-    : QDialog(parent), body_(new QVBoxLayout), buttons_(new QDialogButtonBox(this)) {
+    : QDialog(parent), body_(new QVBoxLayout), lastRow_(new QHBoxLayout), buttons_(new QDialogButtonBox(this)) {
     setWindowTitle(title);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto* rows = new QVBoxLayout(this);
@@ -17,7 +18,9 @@ DialogBase::DialogBase(const QString& title, QWidget* parent)
     rows->setSpacing(Spacing::section);
     body_->setSpacing(Spacing::gap);
     rows->addLayout(body_, 1);
-    rows->addWidget(buttons_);
+    lastRow_->setSpacing(Spacing::section);
+    lastRow_->addWidget(buttons_, 1);
+    rows->addLayout(lastRow_);
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
@@ -46,6 +49,15 @@ QPushButton& DialogBase::addSideButton(const QString& name, const QString& text,
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, std::move(act));
     return *button;
+}
+
+QLabel& DialogBase::addNote(const QString& name) {
+    auto* note = new QLabel(this);
+    note->setObjectName(name);
+    note->setForegroundRole(QPalette::PlaceholderText);
+    lastRow_->insertWidget(0, note, 1);
+    lastRow_->setStretchFactor(buttons_, 0);
+    return *note;
 }
 
 void DialogBase::press() {

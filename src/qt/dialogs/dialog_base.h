@@ -4,6 +4,8 @@
 #include <functional>
 
 class QDialogButtonBox;
+class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
@@ -27,11 +29,15 @@ class DialogBase : public QDialog {
     /// A button at the other side, which leaves the dialog open.
     QPushButton& addSideButton(const QString& name, const QString& text, std::function<void()> act);
 
+    /// A quiet line at the other side of the row of buttons.
+    QLabel& addNote(const QString& name);
+
     /// Does what a press on the accept button does.
     void press();
 
   private:
     QVBoxLayout* body_;
+    QHBoxLayout* lastRow_;
     QDialogButtonBox* buttons_;
     QPushButton* accept_ = nullptr;
 };

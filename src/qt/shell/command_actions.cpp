@@ -13,6 +13,10 @@ QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
+QList<QKeySequence> shortcutsOf(const shell::MenuItem& item) {
+    return QKeySequence::listFromString(text(item.shortcut), QKeySequence::PortableText);
+}
+
 QAction* CommandActions::newAction(std::string_view name, std::string_view caption, std::string_view iconName,
                                    shell::Command command, QObject* parent) {
     auto* action = new QAction(text(caption), parent);
@@ -31,7 +35,7 @@ void CommandActions::addItem(QMenu& menu, const shell::MenuItem& item) {
         return;
     }
     QAction* action = newAction(item.name, item.caption, item.icon, item.command, &menu);
-    action->setShortcut(QKeySequence(text(item.shortcut), QKeySequence::PortableText));
+    action->setShortcuts(shortcutsOf(item));
     menu.addAction(action);
     entries_.push_back({action, item.command, item.shown, false});
 }
@@ -40,6 +44,7 @@ void CommandActions::fill(QMenuBar& bar) {
     for (const shell::Menu& menu : shell::menus()) {
         QMenu* shown = bar.addMenu(QLatin1Char('&') + text(menu.caption));
         shown->setObjectName(text(menu.name));
+        menus_.push_back(shown);
         for (const shell::MenuItem& item : menu.items) {
             addItem(*shown, item);
         }
@@ -47,11 +52,12 @@ void CommandActions::fill(QMenuBar& bar) {
 }
 
 void CommandActions::fill(QToolBar& bar) {
-    for (const shell::Button& button : shell::menuBar()) {
-        QAction* action = newAction(button.key, button.key, button.icon, button.command, &bar);
-        action->setToolTip(text(button.text));
+    std::size_t position = 0;
+    for (const shell::ToolButton& button : shell::toolButtons(shell::ToolBar::MenuBar)) {
+        const shell::Command command = shell::menuBarCommands()[position++];
+        QAction* action = newAction(button.key, button.toolTip, button.icon, command, &bar);
         bar.addAction(action);
-        entries_.push_back({action, button.command, shell::Shown::always, false});
+        entries_.push_back({action, command, shell::Shown::always, false});
     }
 }
 
@@ -74,6 +80,11 @@ void CommandActions::refresh(const shell::MDIForm1& logic) {
     for (const Entry& entry : entries_) {
         entry.action->setVisible(logic.isShown(entry.shown));
         entry.action->setEnabled(!entry.separator && logic.isEnabled(entry.command));
+    }
+    for (QMenu* menu : menus_) {
+        const QList<QAction*> items = menu->actions();
+        menu->menuAction()->setVisible(
+            std::any_of(items.begin(), items.end(), [](const QAction* item) { return item->isVisible(); }));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QObject>
 #include <functional>
 #include <string_view>
@@ -19,6 +20,7 @@ class MDIForm1;
 namespace orvent::qt {
 
 QString text(std::string_view utf8);
+QList<QKeySequence> shortcutsOf(const shell::MenuItem& item);
 
 /// The actions behind the frame's menus, tool bar and vertical menu. Each place has its own action for a command, named
 /// as its item; all of them show what the frame's logic tells.
@@ -54,6 +56,7 @@ class CommandActions : public QObject {
 
     Run run_;
     std::vector<Entry> entries_;
+    std::vector<QMenu*> menus_;
 };
 
 }  // namespace orvent::qt

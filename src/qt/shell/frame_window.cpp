@@ -7,26 +7,29 @@
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QVBoxLayout>
 #include <cstdio>
 #include <cstdlib>
 
+#include "qt/canvas/canvas_editor.h"
+#include "qt/canvas/canvas_print.h"
 #include "qt/repository/user_login_window.h"
 #include "qt/repository/view_scenarios_window.h"
 #include "qt/shell/about_form.h"
+#include "qt/shell/frame_tools.h"
+#include "qt/shell/options_window.h"
 #include "qt/shell/scenario_area.h"
 #include "qt/shell/scenario_window.h"
+#include "qt/shell/shortcuts_form.h"
 #include "qt/shell/side_menu.h"
 #include "qt/shell/welcome_page.h"
+#include "qt/statements/ldl_form_window.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::qt {
 
 namespace {
-
-constexpr int kTwipsPerPixel = 15;
 
 struct Choice {
     std::string_view item;
@@ -65,12 +68,14 @@ FrameWindow::~FrameWindow() {
 void FrameWindow::attach(shell::MDIForm1& logic) {
     logic_ = &logic;
     statusBar()->addPermanentWidget(whoAndWhere_);  // at the right of what a progress display has put there
+    tools_->attach(&logic.tools());
     commandsChanged();
 }
 
 void FrameWindow::detach() {
-    logic_ = nullptr;
     area_->dropAll();
+    tools_->attach(nullptr);
+    logic_ = nullptr;
 }
 
 void FrameWindow::buildCommands() {
@@ -80,12 +85,8 @@ void FrameWindow::buildCommands() {
     menuBar()->insertMenu(menuBar()->actions().constLast(), windowMenu_);
     connect(windowMenu_, &QMenu::aboutToShow, this, [this] { area_->fillMenu(*windowMenu_); });
 
-    toolBar_ = addToolBar(tr("General"));
-    toolBar_->setObjectName(QStringLiteral("MenuBar"));
-    toolBar_->setMovable(false);
-    toolBar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    toolBar_->setContextMenuPolicy(Qt::PreventContextMenu);
-    commands_.fill(*toolBar_);
+    tools_ = new FrameTools(*this, commands_);
+    tools_->setParent(this);
 }
 
 void FrameWindow::buildCentre() {
@@ -110,13 +111,17 @@ void FrameWindow::buildCentre() {
 
 void FrameWindow::run(shell::Command command) {
     if (logic_ && takesInput_) {
+        if (const ScenarioWindow* window = area_->activeWindow()) {
+            window->editor().cancelGesture();
+        }
         logic_->run(command);
     }
 }
 
 void FrameWindow::showScenario(canvas::DrawForm& form) {
     centre_->setCurrentWidget(area_);
-    area_->add(new ScenarioWindow(form, theme_, [this](canvas::DrawForm& asked) { logic_->closeScenario(asked); }));
+    area_->add(new ScenarioWindow(form, theme_, logic_->designPorts(),
+                                  [this](canvas::DrawForm& asked) { logic_->closeScenario(asked); }));
 }
 
 void FrameWindow::dropScenario(canvas::DrawForm& form) {
@@ -127,6 +132,32 @@ void FrameWindow::dropScenario(canvas::DrawForm& form) {
 
 canvas::DrawForm* FrameWindow::activeScenario() {
     return area_->activeScenario();
+}
+
+void FrameWindow::changeView(shell::ViewChange change) {
+    CanvasViewWidget& view = area_->activeWindow()->editor();
+    switch (change) {
+        case shell::ViewChange::larger:
+            view.stepScale(1);
+            break;
+        case shell::ViewChange::smaller:
+            view.stepScale(-1);
+            break;
+        case shell::ViewChange::actualSize:
+            view.setScale(1);
+            break;
+        case shell::ViewChange::fit:
+            view.fit();
+            break;
+    }
+}
+
+void FrameWindow::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
+    area_->activeWindow()->editor().showMenu(menu, at);
+}
+
+void FrameWindow::print(canvas::Canvas& canvas, bool preview) {
+    printCanvas(canvas, text(activeScenario()->Caption()), preview, dialogParent());
 }
 
 QWidget* FrameWindow::dialogParent() {
@@ -141,19 +172,36 @@ void FrameWindow::runViewScenarios(repository::ViewScenarios& dialog) {
     ViewScenariosWindow(dialog, dialogParent()).exec();
 }
 
+void FrameWindow::runOptions(shell::OptionsForm& dialog) {
+    OptionsWindow(dialog, dialogParent()).exec();
+}
+
+void FrameWindow::runLDLForm(statements::LDLForm& wizard) {
+    LDLFormWindow(wizard, dialogParent()).exec();
+}
+
+void FrameWindow::runShortcuts() {
+    ShortcutsForm(dialogParent()).exec();
+}
+
 void FrameWindow::runAbout() {
     AboutForm(dialogParent()).exec();
 }
 
 void FrameWindow::placeFrame(int left, int top, int width, int height) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    QRect place(left / kTwipsPerPixel, top / kTwipsPerPixel, width / kTwipsPerPixel, height / kTwipsPerPixel);
+    constexpr int twips = 15;  // of a pixel
+    QRect place(left / twips, top / twips, width / twips, height / twips);
     place.setSize(place.size().expandedTo(minimumSizeHint()).boundedTo(screen.size()));
     place.translate(screen.topLeft());
     place.moveRight(std::min(place.right(), screen.right()));
     place.moveBottom(std::min(place.bottom(), screen.bottom()));
     setGeometry(place);
     showMaximized();
+}
+
+void FrameWindow::placePalette(shell::Palette palette) {
+    tools_->placePalette(palette);
 }
 
 void FrameWindow::enableFrame(bool enabled) {
@@ -166,7 +214,7 @@ void FrameWindow::enableFrame(bool enabled) {
     }
     // Not the frame itself: a message box of the step under way is its child and must be answered.
     menuBar()->setEnabled(enabled);
-    toolBar_->setEnabled(enabled);
+    tools_->setEnabled(enabled);
     centralWidget()->setEnabled(enabled);
     if (enabled && focusBefore_) {
         focusBefore_->setFocus();
@@ -178,6 +226,7 @@ void FrameWindow::commandsChanged() {
         return;
     }
     commands_.refresh(*logic_);
+    tools_->refresh();
     windowMenu_->menuAction()->setVisible(logic_->isShown(shell::Shown::withScenario));
     centre_->setCurrentIndex(logic_->anyScenario() ? 1 : 0);
     const repository::LoginValues& login = logic_->options().repository.login;
@@ -199,6 +248,13 @@ void FrameWindow::closeEvent(QCloseEvent* event) {
     if (takesInput_ && (!logic_ || logic_->unload())) {
         event->accept();
     }
+}
+
+void FrameWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange && logic_) {
+        logic_->tools().palettes.minimize(isMinimized());
+    }
+    QMainWindow::changeEvent(event);
 }
 
 void FrameWindow::leaveProcess() {

@@ -12,6 +12,7 @@ class QStackedWidget;
 
 namespace orvent::qt {
 
+class FrameTools;
 class ScenarioArea;
 class Theme;
 
@@ -34,13 +35,22 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     /// The scenarios' windows.
     ScenarioArea& area() { return *area_; }
 
-    // FrameHost
+    // FrameHost, the windows of scenarios
     void showScenario(canvas::DrawForm& form) override;
     void dropScenario(canvas::DrawForm& form) override;
     canvas::DrawForm* activeScenario() override;
+    void changeView(shell::ViewChange change) override;
+    void showMenu(const canvas::ContextMenu& menu, canvas::Point at) override;
+    void print(canvas::Canvas& canvas, bool preview) override;
+    // FrameHost, modal windows
     void runUserLogin(repository::UserLogin& login) override;
     void runViewScenarios(repository::ViewScenarios& dialog) override;
+    void runOptions(shell::OptionsForm& dialog) override;
+    void runShortcuts() override;
+    void runLDLForm(statements::LDLForm& wizard) override;
     void runAbout() override;
+    // FrameHost, the frame itself
+    void placePalette(shell::Palette palette) override;
     void placeFrame(int left, int top, int width, int height) override;
     void enableFrame(bool enabled) override;
     void commandsChanged() override;
@@ -49,6 +59,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     static void leaveProcess();
@@ -64,7 +75,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     shell::MDIForm1* logic_ = nullptr;
     CommandActions commands_;
     QMenu* windowMenu_ = nullptr;
-    QToolBar* toolBar_ = nullptr;
+    FrameTools* tools_ = nullptr;
     QStackedWidget* centre_ = nullptr;
     ScenarioArea* area_ = nullptr;
     QLabel* whoAndWhere_ = nullptr;

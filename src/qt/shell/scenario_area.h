@@ -28,6 +28,7 @@ class ScenarioArea : public QMdiArea {
 
     ScenarioWindow* windowOf(const canvas::DrawForm& form) const;
     canvas::DrawForm* activeScenario() const;
+    ScenarioWindow* activeWindow() const { return active_; }
 
     /// Shows captions, and which windows take input.
     void refresh();

@@ -3,14 +3,16 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
+#include <utility>
 
-#include "qt/canvas/canvas_view.h"
+#include "qt/canvas/canvas_editor.h"
 #include "qt/theme/icons.h"
 
 namespace orvent::qt {
 
-ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, AskClose askClose)
-    : form_(&form), askClose_(std::move(askClose)) {
+ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, const canvas::PointerPorts& ports,
+                               AskClose askClose)
+    : form_(&form), askClose_(std::move(askClose)), editor_(new CanvasEditor(form, theme, ports, this)) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     // Tabs take the place of a maximized window, for which the toolkit would rewrite the frame's title.
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -19,9 +21,8 @@ ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, AskCl
         action->setShortcuts(QList<QKeySequence>());
     }
     setWindowIcon(icon(QStringLiteral("scenario")));
-    auto* view = new CanvasViewWidget(form, theme, this);
-    setWidget(view);
-    setFocusProxy(view);
+    setWidget(editor_);
+    setFocusProxy(editor_);
     form_->captionChanged = [this] { showCaption(); };
     showCaption();
 }
@@ -34,7 +35,7 @@ void ScenarioWindow::release() {
     if (form_) {
         form_->captionChanged = nullptr;
         form_ = nullptr;
-        delete widget();
+        delete std::exchange(editor_, nullptr);
     }
 }
 

@@ -3,11 +3,12 @@
 #include <QMdiSubWindow>
 #include <functional>
 
+#include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
 
 namespace orvent::qt {
 
-class CanvasViewWidget;
+class CanvasEditor;
 class Theme;
 
 /// The child window of one scenario. It never closes by itself: a close request goes to the frame's logic, which takes
@@ -18,11 +19,13 @@ class ScenarioWindow : public QMdiSubWindow {
   public:
     using AskClose = std::function<void(canvas::DrawForm&)>;
 
-    ScenarioWindow(canvas::DrawForm& form, const Theme& theme, AskClose askClose);
+    ScenarioWindow(canvas::DrawForm& form, const Theme& theme, const canvas::PointerPorts& ports, AskClose askClose);
     ~ScenarioWindow() override;
 
     /// The scenario shown, or nothing once it was released.
     canvas::DrawForm* form() const { return form_; }
+    /// Its canvas; only while it has a scenario.
+    CanvasEditor& editor() const { return *editor_; }
     /// Forgets the scenario, which is about to go; the window stays empty.
     void release();
 
@@ -43,6 +46,7 @@ class ScenarioWindow : public QMdiSubWindow {
 
     canvas::DrawForm* form_;
     AskClose askClose_;
+    CanvasEditor* editor_;
 };
 
 }  // namespace orvent::qt

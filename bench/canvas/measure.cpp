@@ -1,0 +1,180 @@
+#include "bench/canvas/measure.h"
+
+#include <malloc.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+namespace orvent::bench {
+
+namespace {
+
+constexpr int kRuns = 31;
+constexpr int kPanPixels = 60;  // one notch of the wheel
+constexpr QPoint kDropBy(40, 20);
+
+void mouse(Subject& subject, QEvent::Type type, QPoint at) {
+    QWidget* viewport = subject.area().viewport();
+    const bool moves = type == QEvent::MouseMove;
+    const bool released = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, viewport->mapToGlobal(at), moves ? Qt::NoButton : Qt::LeftButton,
+                      released ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &event);
+}
+
+}  // namespace
+
+double median(int runs, const std::function<void()>& work, const std::function<void()>& prepare) {
+    using Clock = std::chrono::steady_clock;
+    std::vector<double> times;
+    for (int run = 0; run < runs; ++run) {
+        prepare();
+        const Clock::time_point start = Clock::now();
+        work();
+        times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+void settle() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+double heapBytes() {
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+double openToPicture(const std::function<std::unique_ptr<Subject>()>& make) {
+    std::unique_ptr<Subject> subject;
+    return median(
+        7,
+        [&] {
+            subject = make();
+            settle();
+        },
+        [&] {
+            subject.reset();
+            settle();
+        });
+}
+
+double repaintAll(Subject& subject) {
+    subject.showAll();
+    settle();
+    return median(kRuns, [&] {
+        subject.area().viewport()->update();
+        settle();
+    });
+}
+
+double pan(Subject& subject, const Graph& graph) {
+    subject.showNode(graph.star);
+    settle();
+    QScrollBar* bar = subject.area().horizontalScrollBar();
+    return median(2 * kRuns, [&] {
+        bar->setValue(bar->value() + kPanPixels);
+        settle();
+    });
+}
+
+double dragStep(Subject& subject, std::int32_t number) {
+    subject.showNode(number);
+    settle();
+    const QPoint start = subject.pixelOf(number);
+    mouse(subject, QEvent::MouseButtonPress, start);
+    int step = 0;
+    const double time = median(2 * kRuns, [&] {
+        ++step;
+        mouse(subject, QEvent::MouseMove, start + QPoint(4 * step % 160, 3 * step % 90));
+        settle();
+    });
+    mouse(subject, QEvent::MouseMove, start);
+    mouse(subject, QEvent::MouseButtonRelease, start);
+    settle();
+    return time;
+}
+
+double drop(Subject& subject, std::int32_t number, int runs) {
+    subject.showNode(number);
+    settle();
+    QPoint at = subject.pixelOf(number);
+    QPoint by = kDropBy;
+    return median(
+        runs,
+        [&] {
+            at += by;
+            mouse(subject, QEvent::MouseMove, at);
+            mouse(subject, QEvent::MouseButtonRelease, at);
+            settle();
+            by = -by;
+        },
+        [&] {
+            mouse(subject, QEvent::MouseButtonPress, at);
+            settle();
+        });
+}
+
+double hitTest(Subject& subject) {
+    constexpr int kPlaces = 500;
+    int hits = 0;
+    const double time = median(kRuns, [&] {
+        for (int i = 0; i < kPlaces; ++i) {
+            hits += subject.hits(QPoint(37 * i % 1500, 91 * i % 800)) ? 1 : 0;
+        }
+    });
+    return hits > 0 ? time / kPlaces : 0;
+}
+
+double selectAll(Subject& subject) {
+    subject.showAll();
+    settle();
+    return median(9, [&] {
+        subject.selectAll();
+        settle();
+    });
+}
+
+double cropStep(Ours& ours, const Graph& graph) {
+    ours.useTool("Crop");
+    ours.showNode(graph.star);
+    settle();
+    mouse(ours, QEvent::MouseButtonPress, QPoint(100, 20));
+    int step = 0;
+    const double time = median(2 * kRuns, [&] {
+        ++step;
+        mouse(ours, QEvent::MouseMove, QPoint(200 + 20 * step, 100 + 11 * step));
+        settle();
+    });
+    mouse(ours, QEvent::MouseButtonRelease, QPoint(200, 100));
+    ours.useTool("Move");
+    settle();
+    return time;
+}
+
+double zoomStep(Ours& ours) {
+    constexpr double kStep = 1.25;
+    ours.showAll();
+    settle();
+    double slowest = 0;
+    for (double scale = ours.view().scale(); scale <= 1; scale *= kStep) {
+        const auto out = [&] {
+            ours.view().setScale(scale / kStep);
+            settle();
+        };
+        const auto in = [&] {
+            ours.view().setScale(scale);
+            settle();
+        };
+        slowest = std::max(slowest, median(9, in, out));
+    }
+    return slowest;
+}
+
+}  // namespace orvent::bench

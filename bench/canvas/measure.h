@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+
+#include "bench/canvas/subjects.h"
+
+namespace orvent::bench {
+
+/// Runs the work so many times, each time after `prepare`, and gives the median in milliseconds.
+double median(
+    int runs, const std::function<void()>& work, const std::function<void()>& prepare = [] {});
+
+/// Lets everything be painted that was asked for.
+void settle();
+
+/// Bytes of the heap in use.
+double heapBytes();
+
+// Each gives milliseconds.
+double openToPicture(const std::function<std::unique_ptr<Subject>()>& make);
+double repaintAll(Subject& subject);
+double pan(Subject& subject, const Graph& graph);
+double dragStep(Subject& subject, std::int32_t number);
+double drop(Subject& subject, std::int32_t number, int runs);
+/// One test, anywhere in what is seen now.
+double hitTest(Subject& subject);
+double selectAll(Subject& subject);
+double cropStep(Ours& ours, const Graph& graph);
+/// The slowest of the scales between the whole picture and 1:1.
+double zoomStep(Ours& ours);
+
+}  // namespace orvent::bench

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QGraphicsView>
+#include <unordered_map>
+
+#include "canvas/draw_form.h"
+
+namespace orvent::bench {
+
+/// What a Qt programmer would write first to show a graph: a scene with an item for each box and each edge.
+class ReferenceView : public QGraphicsView {
+  public:
+    ReferenceView(const canvas::DrawForm& form, QWidget* parent);
+
+    /// The item of the node with that number.
+    QGraphicsItem* box(std::int32_t number) const { return boxes_.at(number); }
+    void selectAll();
+
+  private:
+    QGraphicsScene scene_;
+    std::unordered_map<std::int32_t, QGraphicsItem*> boxes_;
+};
+
+}  // namespace orvent::bench

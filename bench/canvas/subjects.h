@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <memory>
+#include <string>
+
+#include "bench/canvas/graph.h"
+#include "bench/canvas/reference_view.h"
+#include "canvas/canvas_host.h"
+#include "canvas/canvas_rules.h"
+#include "qt/canvas/canvas_editor.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::bench {
+
+/// A view that is measured: opened in a window that is shown already, so that the window's own costs do not count.
+class Subject {
+  public:
+    virtual ~Subject() = default;
+    virtual QAbstractScrollArea& area() = 0;
+    virtual void showAll() = 0;
+    /// At 1:1, with that node in the middle.
+    virtual void showNode(std::int32_t number) = 0;
+    /// The middle of the node, in pixels of the viewport.
+    virtual QPoint pixelOf(std::int32_t number) = 0;
+    virtual bool hits(QPoint pixel) = 0;
+    virtual void selectAll() = 0;
+};
+
+class Reference : public Subject {
+  public:
+    Reference(Graph& graph, QWidget& window) : view_(*graph.form, &window) {}
+
+    QAbstractScrollArea& area() override { return view_; }
+    void showAll() override { view_.fitInView(view_.sceneRect(), Qt::KeepAspectRatio); }
+    void showNode(std::int32_t number) override;
+    QPoint pixelOf(std::int32_t number) override;
+    bool hits(QPoint pixel) override { return view_.itemAt(pixel) != nullptr; }
+    void selectAll() override { view_.selectAll(); }
+
+  private:
+    ReferenceView view_;
+};
+
+/// A host that lets the tool in use be chosen.
+struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
+    std::string tool = "Move";
+
+    const std::string& DrawMode() const override { return tool; }
+    void canvasFocused(const canvas::Canvas&) override {}
+    void pictureReached() override {}
+    void openProperties(canvas::LabelsD&) override {}
+    void openZoom(canvas::LabelsD&) override {}
+    void openTemplateWizard(canvas::LabelsD&) override {}
+    void showMenu(const canvas::ContextMenu&, canvas::Point) override {}
+    void unsynchronise(canvas::Canvas&, canvas::LabelsD&) override {}
+};
+
+class Ours : public Subject {
+  public:
+    Ours(Graph& graph, QWidget& window)
+        : form_(*graph.form), view_(form_, theme_, {host_, host_, host_, rules_}, &window) {}
+
+    QAbstractScrollArea& area() override { return view_; }
+    void showAll() override { view_.fit(); }
+    void showNode(std::int32_t number) override;
+    QPoint pixelOf(std::int32_t number) override;
+    bool hits(QPoint pixel) override;
+    void selectAll() override;
+
+    qt::CanvasEditor& view() { return view_; }
+    void useTool(const std::string& tool) { host_.tool = tool; }
+
+  private:
+    canvas::DrawForm& form_;
+    Host host_;
+    canvas::DesignRules rules_;
+    qt::Theme theme_{qt::ThemeMode::light};
+    qt::CanvasEditor view_;
+};
+
+}  // namespace orvent::bench

@@ -1,0 +1,127 @@
+#include "tour_drawing.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <string>
+
+#include "tour_hand.h"
+
+namespace orvent::tour {
+
+namespace {
+
+using canvas::Point;
+using shell::Command;
+
+struct NodeStep {
+    const char* tool;
+    Point at;
+};
+
+constexpr NodeStep kNodes[] = {
+    {"RecordSet", {1500, 1800}}, {"RecordSet", {1500, 5100}}, {"RecordSet", {12900, 3400}}, {"Activity", {4500, 1800}},
+    {"Activity", {4500, 5100}},  {"Activity", {8100, 3400}},  {"Comment", {8100, 6600}},    {"Log", {12900, 6600}},
+};
+
+struct EdgeStep {
+    const char* tool;
+    int from, to;  // rows of kNodes
+};
+
+constexpr EdgeStep kEdges[] = {{"Provider", 0, 3},    {"Provider", 1, 4}, {"Provider", 3, 5},   {"Provider", 4, 5},
+                               {"Description", 6, 5}, {"Provider", 5, 2}, {"Description", 5, 7}};
+
+void drawNodes(Hand& hand) {
+    for (const NodeStep& step : kNodes) {
+        hand.tool(step.tool);
+        hand.click(step.at);
+    }
+}
+
+void drawEdges(Player& player, qt::FrameWindow& window, Hand& hand) {
+    for (const EdgeStep& step : kEdges) {
+        hand.tool(step.tool);
+        const Point from = kNodes[step.from].at;
+        const Point to = kNodes[step.to].at;
+        hand.edge({from.x + 400, from.y}, {to.x - 400, to.y});
+    }
+    hand.tool("Provider");
+    hand.pull({kNodes[0].at.x + 400, kNodes[0].at.y}, {3600, 3600});
+    player.picture(window, "drawing-an-edge");
+    hand.key(Qt::Key_Escape);
+    hand.release({3600, 3600});
+    hand.move({6000, 9000});
+}
+
+void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
+    hand.doubleClick({7700, 6500});
+    hand.type(QStringLiteral("Rows that arrive late wait for the next day."));
+    player.picture(window, "editing-a-comment");
+    hand.key(Qt::Key_Escape);
+    hand.tool("Move");
+    hand.pull(kNodes[5].at, {8400, 4500});
+    player.picture(window, "moving-a-node");
+    hand.key(Qt::Key_Escape);
+    hand.tool("Crop");
+    hand.pull({600, 600}, {6000, 6000});
+    player.picture(window, "selecting");
+    hand.release({6000, 6000});
+    hand.tool("Arrow");
+    const canvas::LinesD* edge = window.activeScenario()->Lines.at(2);
+    hand.click({edge->X2(), edge->Y2()});
+    hand.press({edge->X2(), edge->Y2()}, Qt::RightButton);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    player.expect(menu != nullptr, "the edge has no menu");
+    if (menu) {
+        player.picture(*menu, "edge-menu");
+        menu->close();
+    }
+}
+
+void showDialogs(Player& player, shell::MDIForm1& frame, const std::string& suffix) {
+    player.during("options", [&frame] { frame.run(Command::options); }, {[&player, suffix](QWidget& dialog) {
+                      player.picture(dialog, "options" + suffix);
+                      dialog.close();
+                  }});
+    player.during("keyboard shortcuts", [&frame] { frame.run(Command::shortcuts); },
+                  {[&player, suffix](QWidget& dialog) {
+                      player.picture(dialog, "shortcuts" + suffix);
+                      dialog.close();
+                  }});
+}
+
+}  // namespace
+
+void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
+    Hand hand(window);
+    player.during("draw a scenario by hand", [&] {
+        std::string name = "Drawn by hand";
+        frame.NewScenario(name);
+        QApplication::processEvents();
+        drawNodes(hand);
+        drawEdges(player, window, hand);
+        showGestures(player, window, hand);
+    });
+    const canvas::DrawForm& form = *window.activeScenario();
+    player.expect(form.Labels.Count() == 8 && form.Lines.Count() == 7, "the scenario was not drawn whole");
+    player.expect(form.SelectedLines.Count() == 1, "no edge was selected");
+    player.picture(window, "drawn");
+    player.during("palettes", [&frame] {
+        frame.run(Command::toggleNodes);
+        frame.run(Command::toggleEdges);
+    });
+    player.picture(Player::child(window, "NodeForm"), "node-palette");
+    player.picture(Player::child(window, "EdgeForm"), "edge-palette");
+    player.during("dock a palette at the left", [&] { Player::press(Player::child(window, "NodeForm"), "DockL"); });
+    player.picture(window, "docked");
+    theme.setMode(qt::ThemeMode::dark);
+    player.picture(window, "drawn-dark");
+    showDialogs(player, frame, "-dark");
+    theme.setMode(qt::ThemeMode::light);
+    showDialogs(player, frame, "");
+    player.during("close the drawing", [&frame] { frame.run(Command::closeScenario); },
+                  {[](QWidget& box) { Player::press(box, "OK"); }});
+    player.expect(window.activeScenario() == nullptr || window.activeScenario() != &form, "the drawing did not close");
+}
+
+}  // namespace orvent::tour

@@ -1,0 +1,183 @@
+#include "tour_wizard.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QListWidget>
+#include <QMenu>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <string>
+
+#include "entities/link_types.h"
+#include "tour_hand.h"
+
+namespace orvent::tour {
+
+namespace {
+
+constexpr const char* kAttributes[] = {"ID", "REGION", "AMOUNT"};
+constexpr const char* kSource = "ORDERS";
+
+/// One variable of a template and what the tour makes of it.
+struct VariableStep {
+    const char* option;
+    const char* constant;               ///< or null
+    const char* function;               ///< or null
+    const char* regulator;              ///< or null
+    std::initializer_list<int> inputs;  ///< attributes by position; several for an array
+};
+
+const std::initializer_list<VariableStep> kSelection = {
+    {"optParam", nullptr, nullptr, nullptr, {2}},
+    {"optParam", ">", nullptr, nullptr, {}},
+    {"optParam", "100", nullptr, nullptr, {}},
+};
+
+const std::initializer_list<VariableStep> kAggregation = {
+    {"optParamArray", nullptr, nullptr, nullptr, {0, 1}}, {"optFunction", nullptr, "sum", nullptr, {}},
+    {"optFunctionParam", nullptr, nullptr, nullptr, {2}}, {"optFunctionOutput", nullptr, nullptr, nullptr, {}},
+    {"optOutput", nullptr, nullptr, "AGGRVALUE", {}},
+};
+
+entities::ActivityProperties& addActivity(canvas::DrawForm& form, const std::string& name, float top,
+                                          std::int16_t type) {
+    canvas::LabelsD& node = form.Labels.Add(6000, 7050, top, top + 450, name, canvas::NodeTypeActivity, name);
+    entities::ActivityProperties& activity = *node.activity();
+    activity.Act_Type = type;
+    entities::RecordSetProperties& source = *form.nodeNamed(kSource)->recordSet();
+    for (const std::string attribute : kAttributes) {
+        entities::AttributeProperties& input = activity.Act_Inputs->Add(attribute, 0, 0, attribute);
+        input.ParentKeyName = name;
+        input.ProvidedFrom->Add(kSource, entities::LinkRecordSet, kSource + ("." + attribute));
+        source.RecordSet_Outputs->Item(attribute)->ProviderFor->Add(name, entities::LinkRecordSet,
+                                                                    name + ".IN." + attribute);
+    }
+    for (const std::string output : {"ID", "REGION"}) {
+        activity.Act_Outputs->Add(output, 0, 0, output).ParentKeyName = name;
+    }
+    return activity;
+}
+
+class Wizard {
+  public:
+    Wizard(Player& player, QWidget& dialog, std::string name)
+        : player_(player), dialog_(dialog), name_(std::move(name)) {}
+
+    void play(const std::initializer_list<VariableStep>& steps) {
+        player_.picture(dialog_, name_ + "-opened");
+        Player::press(dialog_, "cmdParseLDL");
+        std::size_t number = 0;
+        for (const VariableStep& step : steps) {
+            define(step);
+            player_.picture(dialog_, name_ + "-variable-" + std::to_string(++number));
+            if (number < steps.size()) {
+                Player::press(dialog_, "cmdNext");
+            }
+        }
+        Player::press(dialog_, "cmdGenerateLDL");
+        player_.picture(dialog_, name_ + "-generated");
+        Player::press(dialog_, "cmdCreateAct");
+        player_.picture(dialog_, name_ + "-created");
+        Player::press(dialog_, "cmdOK");
+    }
+
+  private:
+    template <class Control>
+    Control& control(const char* name) {
+        return static_cast<Control&>(Player::child(dialog_, name));
+    }
+
+    void define(const VariableStep& step) {
+        control<QRadioButton>(step.option).click();
+        for (const int input : step.inputs) {
+            auto& elements = control<QListWidget>("listArrity");
+            if (elements.isVisible()) {
+                control<QSpinBox>("UpDownArity").stepUp();
+                elements.setCurrentRow(elements.count() - 1);
+            }
+            control<QComboBox>("listInputs").setCurrentIndex(0);
+            control<QComboBox>("listInputAttributes").setCurrentIndex(input);
+        }
+        if (step.constant) {
+            Player::type(control<QWidget>("txtConst"), QLatin1String(step.constant));
+        }
+        if (step.function) {
+            Player::type(control<QWidget>("txtFunctionName"), QLatin1String(step.function));
+        }
+        if (step.regulator) {
+            control<QComboBox>("listLDLvars").setCurrentText(QLatin1String(step.regulator));
+        }
+        auto& dataTypes = control<QComboBox>("listDataTypes");
+        if (dataTypes.isVisible() && step.inputs.size() == 0) {
+            dataTypes.setCurrentIndex(0);
+        }
+    }
+
+    Player& player_;
+    QWidget& dialog_;
+    std::string name_;
+};
+
+/// Chooses the wizard in the activity's menu.
+void openWizard(Player& player, qt::FrameWindow& window, canvas::LabelsD& node) {
+    Hand hand(window);
+    hand.tool("Arrow");
+    const canvas::Point at{node.Left() + 200, node.Top() + 200};
+    hand.move(at);
+    hand.press(at, Qt::RightButton);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    player.expect(menu != nullptr, "the activity has no menu");
+    if (!menu) {
+        return;
+    }
+    auto* item = menu->findChild<QAction*>(QStringLiteral("CreateFromLDLM"));
+    player.expect(item != nullptr, "the wizard is not in the activity's menu");
+    menu->close();
+    if (item) {
+        item->trigger();
+    }
+}
+
+void create(Player& player, qt::FrameWindow& window, const char* name,
+            const std::initializer_list<VariableStep>& steps) {
+    canvas::LabelsD& node = *window.activeScenario()->nodeNamed(name);
+    player.during(name, [&] { openWizard(player, window, node); },
+                  {[&](QWidget& dialog) { Wizard(player, dialog, std::string("wizard-") + name).play(steps); },
+                   [&](QWidget& box) { Player::press(box, "OK"); }});
+    player.expect(!node.activity()->Act_LDL.empty() && node.activity()->Act_LDL.find('@') == std::string::npos,
+                  std::string(name) + " has no whole statement");
+}
+
+}  // namespace
+
+std::deque<Player::Answer> leaveWizards(canvas::DrawForm& form) {
+    std::deque<Player::Answer> answers;
+    for (int node = 1; node <= form.Labels.Count(); ++node) {
+        const entities::ActivityProperties* activity = form.Labels.at(node)->activity();
+        if (activity && activity->Act_LDL.empty() && activity->Act_Type != -1) {
+            answers.emplace_back([](QWidget& dialog) { Player::press(dialog, "cmdCancel"); });
+        }
+    }
+    return answers;
+}
+
+void playWizard(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
+    std::string name = "Made by the wizard";
+    frame.NewScenario(name);
+    canvas::DrawForm& form = *window.activeScenario();
+    canvas::LabelsD& source = form.Labels.Add(1500, 2550, 2400, 2850, kSource, canvas::NodeTypeRecordSet, kSource);
+    for (const std::string attribute : kAttributes) {
+        source.recordSet()->RecordSet_Outputs->Add(attribute, 0, attribute).ParentKeyName = kSource;
+    }
+    addActivity(form, "Large", 1500, frame.catalogue().ActivityTypeIndex("Selection"));
+    addActivity(form, "Totals", 3300, frame.catalogue().ActivityTypeIndex("Aggregation"));
+    QApplication::processEvents();
+    create(player, window, "Large", kSelection);
+    theme.setMode(qt::ThemeMode::dark);
+    create(player, window, "Totals", kAggregation);
+    theme.setMode(qt::ThemeMode::light);
+    player.during("close what the wizard made", [&frame] { frame.run(shell::Command::closeScenario); },
+                  {[](QWidget& box) { Player::press(box, "OK"); }});
+}
+
+}  // namespace orvent::tour

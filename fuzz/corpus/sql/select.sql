@@ -1,0 +1,1 @@
+select a.x, b.y from a, b where a.x = b.y and not b.y in ( 1 ) [INPUTS] [ sources1 ] group by a.x

@@ -1,0 +1,234 @@
+#include "qt/canvas/canvas_editor.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include "shell/node_walk.h"
+
+namespace orvent::qt {
+
+namespace {
+
+struct PointerShape {
+    int MousePointer;
+    Qt::CursorShape shape;
+};
+
+constexpr PointerShape kShapes[] = {{5, Qt::SizeAllCursor},
+                                    {6, Qt::SizeBDiagCursor},
+                                    {7, Qt::SizeVerCursor},
+                                    {8, Qt::SizeFDiagCursor},
+                                    {9, Qt::SizeHorCursor}};
+
+struct WalkKey {
+    int key;
+    shell::Direction direction;
+};
+
+constexpr WalkKey kWalkKeys[] = {{Qt::Key_Left, shell::Direction::left},
+                                 {Qt::Key_Right, shell::Direction::right},
+                                 {Qt::Key_Up, shell::Direction::up},
+                                 {Qt::Key_Down, shell::Direction::down}};
+
+int buttonOf(Qt::MouseButtons buttons) {
+    return (buttons & Qt::LeftButton ? canvas::LeftButton : 0) | (buttons & Qt::RightButton ? canvas::RightButton : 0);
+}
+
+QString words(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+}  // namespace
+
+CanvasEditor::CanvasEditor(canvas::Canvas& canvas, const Theme& theme, const canvas::PointerPorts& ports,
+                           QWidget* parent)
+    : CanvasViewWidget(canvas, theme, parent), pointer_(canvas, ports) {
+    connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
+}
+
+CanvasEditor::~CanvasEditor() {
+    // The gesture under way ends with the window; nothing is left to show it.
+    shownCanvas().setView(nullptr);
+    if (comment_) {
+        comment_->removeEventFilter(this);
+    }
+}
+
+canvas::PointerEvent CanvasEditor::pointerEvent(const QMouseEvent& event, int button) const {
+    return {hitAt(event.position()), transform().toTwips(event.position()), button,
+            event.modifiers().testFlag(Qt::ControlModifier)};
+}
+
+void CanvasEditor::mousePressEvent(QMouseEvent* event) {
+    CanvasViewWidget::mousePressEvent(event);
+    if (const int button = buttonOf(event->button())) {
+        pointer_.press(pointerEvent(*event, button));
+    }
+}
+
+void CanvasEditor::mouseMoveEvent(QMouseEvent* event) {
+    CanvasViewWidget::mouseMoveEvent(event);
+    if (!event->buttons().testFlag(Qt::MiddleButton)) {
+        pointer_.move(pointerEvent(*event, buttonOf(event->buttons())));
+        showPointerShape();
+    }
+}
+
+void CanvasEditor::mouseReleaseEvent(QMouseEvent* event) {
+    CanvasViewWidget::mouseReleaseEvent(event);
+    if (const int button = buttonOf(event->button())) {
+        pointer_.release(pointerEvent(*event, button));
+    }
+}
+
+void CanvasEditor::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (const int button = buttonOf(event->button())) {
+        pointer_.doubleClick(pointerEvent(*event, button));
+    }
+}
+
+void CanvasEditor::keyPressEvent(QKeyEvent* event) {
+    for (const WalkKey& row : kWalkKeys) {
+        if (event->key() == row.key && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+            pointer_.cancel();
+            if (const canvas::LabelsD* node = shell::walk(shownCanvas(), row.direction)) {
+                reveal(*node);
+            }
+            return;
+        }
+    }
+    if (event->key() == Qt::Key_Escape) {
+        pointer_.cancel();
+    } else if (event->key() != Qt::Key_Delete || !pointer_.keyDown(canvas::kDeleteKey)) {
+        CanvasViewWidget::keyPressEvent(event);
+    }
+}
+
+void CanvasEditor::focusInEvent(QFocusEvent* event) {
+    CanvasViewWidget::focusInEvent(event);
+    pointer_.focused();
+}
+
+void CanvasEditor::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
+        pointer_.cancel();
+    }
+    CanvasViewWidget::changeEvent(event);
+}
+
+bool CanvasEditor::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave) {
+        pointer_.move({{canvas::Element::outside, 0}, {}, canvas::NoButton, false});
+    }
+    return CanvasViewWidget::viewportEvent(event);
+}
+
+void CanvasEditor::showPointerShape() {
+    const canvas::LabelsD* node =
+        shownCanvas().OverLabel ? shownCanvas().Labels.byIndex(shownCanvas().CurrentNode) : nullptr;
+    for (const PointerShape& row : kShapes) {
+        if (node && node->MousePointer() == row.MousePointer) {
+            viewport()->setCursor(row.shape);
+            return;
+        }
+    }
+    viewport()->unsetCursor();
+}
+
+// Context menus.
+
+void CanvasEditor::fillMenu(QMenu& menu, std::span<const canvas::ContextItem> items) {
+    for (const canvas::ContextItem& item : items) {
+        if (!item.items.empty()) {
+            QMenu* inner = menu.addMenu(words(item.caption));
+            inner->setObjectName(words(item.name));
+            fillMenu(*inner, item.items);
+            continue;
+        }
+        QAction* action =
+            menu.addAction(words(item.caption), this, [this, name = item.name] { pointer_.choose(name); });
+        action->setObjectName(words(item.name));
+        if (item.isDefault) {
+            menu.setDefaultAction(action);
+        }
+    }
+}
+
+void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
+    auto* shown = new QMenu(this);
+    shown->setObjectName(words(menu.name));
+    shown->setAttribute(Qt::WA_DeleteOnClose);
+    fillMenu(*shown, menu.items);
+    shown->popup(viewport()->mapToGlobal(transform().toPixels(at).toPoint()));
+}
+
+// The text of a comment.
+
+void CanvasEditor::markersChanged() {
+    CanvasViewWidget::markersChanged();
+    showCommentEditor();
+}
+
+void CanvasEditor::showCommentEditor() {
+    const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().EditedComment);
+    if (!node && comment_) {
+        QPlainTextEdit* former = comment_;
+        comment_ = nullptr;
+        former->removeEventFilter(this);
+        if (former->hasFocus()) {
+            setFocus();
+        }
+        former->hide();
+        former->deleteLater();  // it may be its own key or focus event that ends it
+    } else if (node && !comment_) {
+        comment_ = new QPlainTextEdit(viewport());
+        comment_->setObjectName(QStringLiteral("commentEditor"));
+        comment_->setFrameShape(QFrame::NoFrame);
+        comment_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        comment_->setTabChangesFocus(true);
+        comment_->setPlainText(QString::fromStdString(node->Comment()));
+        QPalette colours = comment_->palette();
+        const QColor fill = fillOf(*node, theme().canvas());
+        colours.setColor(QPalette::Base, fill);
+        colours.setColor(QPalette::Text, captionColour(fill, theme().canvas()));
+        comment_->setPalette(colours);
+        connect(comment_, &QPlainTextEdit::textChanged, this,
+                [this] { pointer_.editComment(comment_->toPlainText().toStdString()); });
+        comment_->installEventFilter(this);
+        placeCommentEditor();
+        comment_->selectAll();
+        comment_->show();
+        comment_->setFocus();
+    }
+}
+
+void CanvasEditor::placeCommentEditor() {
+    const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().EditedComment);
+    if (node && comment_) {
+        constexpr QSize leastRoom(90, 36);
+        constexpr int leastLetters = 9;
+        QFont letters = font();
+        letters.setPixelSize(std::max(leastLetters, static_cast<int>(std::lround(kParagraphPixels * scale()))));
+        comment_->setFont(letters);
+        const QRect box = transform().toPixels(boxOf(*node)).toAlignedRect().adjusted(2, 2, -2, -2);
+        comment_->setGeometry(QRect(box.topLeft(), box.size().expandedTo(leastRoom)));
+    }
+}
+
+bool CanvasEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == comment_) {
+        const bool escape =
+            event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+        // Its own context menu takes the focus for a moment only.
+        const bool left =
+            event->type() == QEvent::FocusOut && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+        if (escape || left) {
+            pointer_.endEditing();
+            return escape;
+        }
+    }
+    return CanvasViewWidget::eventFilter(watched, event);
+}
+
+}  // namespace orvent::qt

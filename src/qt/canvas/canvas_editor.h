@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QPointer>
+
+#include "canvas/canvas_pointer.h"
+#include "qt/canvas/canvas_view.h"
+
+class QPlainTextEdit;
+
+namespace orvent::qt {
+
+/// A canvas that is edited by hand: the view, whose events go to the canvas' gestures. Arrow keys walk from node to
+/// node, and Escape gives up the gesture under way.
+class CanvasEditor : public CanvasViewWidget {
+    Q_OBJECT
+
+  public:
+    CanvasEditor(canvas::Canvas& canvas, const Theme& theme, const canvas::PointerPorts& ports,
+                 QWidget* parent = nullptr);
+    ~CanvasEditor() override;
+
+    /// Pops up a context menu at a place of the picture; the item chosen goes to the gestures.
+    void showMenu(const canvas::ContextMenu& menu, canvas::Point at);
+    /// Gives up what the mouse is doing.
+    void cancelGesture() { pointer_.cancel(); }
+
+    void markersChanged() override;
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    canvas::PointerEvent pointerEvent(const QMouseEvent& event, int button) const;
+    void showPointerShape();
+    void showCommentEditor();
+    void placeCommentEditor();
+    void fillMenu(QMenu& menu, std::span<const canvas::ContextItem> items);
+
+    canvas::CanvasPointer pointer_;
+    QPointer<QPlainTextEdit> comment_;  ///< the editor of `EditedComment`, while there is one
+};
+
+}  // namespace orvent::qt

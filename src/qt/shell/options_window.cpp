@@ -1,0 +1,156 @@
+#include "qt/shell/options_window.h"
+
+#include <QGroupBox>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include "qt/dialogs/fields.h"
+#include "qt/shell/command_actions.h"
+#include "qt/theme/icons.h"
+#include "qt/theme/model_colour.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr double kLargest = 100000;  // pixels
+constexpr int kNumberWidth = 92;
+constexpr QSize kSwatch(34, 14);
+
+/// A number without needless zeros.
+class PixelBox : public QDoubleSpinBox {
+  public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+    QString textFromValue(double value) const override { return QString::number(value, 'g', 8); }
+};
+
+QIcon swatch(std::int32_t colour) {
+    QPixmap picture(kSwatch);
+    picture.fill(fromModel(colour));
+    return QIcon(picture);
+}
+
+}  // namespace
+
+OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
+    : DialogBase(tr("Options"), parent), logic_(logic) {
+    setObjectName(QStringLiteral("OptionsForm"));
+    buildSizes();
+    buildZoom();
+    buildRest();
+    addSideButton(QStringLiteral("butDefault"), tr("Default"), [this] {
+        logic_.butDefault();
+        showState();
+    });
+    addSideButton(QStringLiteral("butAplly"), tr("Apply"), [this] { logic_.butAplly(); });
+    addAccept(QStringLiteral("butOK"), tr("OK"), [this] {
+        logic_.butAplly();
+        return true;
+    });
+    addCancel(QStringLiteral("butCancel"));
+    showState();
+    numbers_[7]->setFocus();
+}
+
+QDoubleSpinBox* OptionsWindow::newNumber(std::size_t index) {
+    auto* number = new PixelBox(this);
+    number->setObjectName(text(shell::optionFields()[index].name));
+    number->setLocale(QLocale::c());
+    number->setRange(0, kLargest);
+    number->setDecimals(2);
+    number->setSuffix(tr(" px"));
+    number->setMinimumWidth(kNumberWidth);
+    number->setAlignment(Qt::AlignRight);
+    // Only what the user changes goes back: a stored size need not be a whole number of hundredths.
+    connect(number, &QDoubleSpinBox::valueChanged, this,
+            [this, index](double value) { logic_.Text[index] = QByteArray::number(value, 'f', 2).toStdString(); });
+    numbers_[index] = number;
+    return number;
+}
+
+void OptionsWindow::buildSizes() {
+    auto* group = new QGroupBox(tr("New nodes"), this);
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(Spacing::margin);
+    grid->addWidget(new QLabel(tr("Width"), group), 0, 1, Qt::AlignRight);
+    grid->addWidget(new QLabel(tr("Height"), group), 0, 2, Qt::AlignRight);
+    int row = 0;
+    const auto fields = shell::optionFields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].group != shell::OptionGroup::draw) {
+            continue;
+        }
+        if (fields[i].part == "Height") {
+            grid->addWidget(new QLabel(text(fields[i].caption), group), ++row, 0);
+        }
+        grid->addWidget(newNumber(i), row, fields[i].part == "Width" ? 1 : 2);
+    }
+    grid->setColumnStretch(0, 1);
+    // By row, from left to right: the fields stand with the heights first.
+    for (std::size_t i = 6; i < fields.size(); i += 2) {
+        setTabOrder(numbers_[i + 1], numbers_[i]);
+    }
+    body().addWidget(group);
+}
+
+void OptionsWindow::buildZoom() {
+    auto* group = new QGroupBox(tr("Zoom view"), this);
+    QFormLayout* form = newForm();
+    const auto fields = shell::optionFields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].group == shell::OptionGroup::zoom) {
+            QString caption = text(fields[i].caption);
+            caption += fields[i].part.empty() ? QString() : QStringLiteral(" %1:").arg(text(fields[i].part));
+            form->addRow(newCaption(caption, group), newNumber(i));
+        }
+    }
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    form->setFormAlignment(Qt::AlignLeft);
+    group->setLayout(form);
+    body().addWidget(group);
+}
+
+void OptionsWindow::buildRest() {
+    QFormLayout* form = newForm();
+    lblColor_ = new QPushButton(this);
+    lblColor_->setObjectName(QStringLiteral("lblColor"));
+    lblColor_->setIconSize(kSwatch);
+    lblColor_->setToolTip(tr("Choose another colour"));
+    lblColor_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(lblColor_, &QPushButton::clicked, this, [this] {
+        logic_.chooseColour();
+        showState();
+    });
+    form->addRow(newCaption(tr("Selected Node Applied Color:"), this), lblColor_);
+
+    auto* row = new QHBoxLayout;
+    txtSQL_ = newField(QStringLiteral("txtSQL"), this);
+    connect(txtSQL_, &QLineEdit::textEdited, this, [this](const QString& path) { logic_.txtSQL = path.toStdString(); });
+    auto* open = new QPushButton(icon(QStringLiteral("open")), QString(), this);
+    open->setObjectName(QStringLiteral("SqlOpen"));
+    open->setToolTip(tr("Choose a file"));
+    open->setAutoDefault(false);
+    connect(open, &QPushButton::clicked, this, [this] {
+        logic_.SqlOpen();
+        showState();
+    });
+    row->addWidget(txtSQL_, 1);
+    row->addWidget(open);
+    form->addRow(newCaption(tr("Repository's Creation SQL File:"), this), row);
+    body().addLayout(form);
+}
+
+void OptionsWindow::showState() {
+    for (std::size_t i = 0; i < numbers_.size(); ++i) {
+        const QSignalBlocker quiet(numbers_[i]);
+        numbers_[i]->setValue(QByteArray::fromStdString(logic_.Text[i]).toDouble());
+    }
+    lblColor_->setIcon(swatch(logic_.lblColor));
+    lblColor_->setText(fromModel(logic_.lblColor).name());
+    if (txtSQL_->text() != QString::fromStdString(logic_.txtSQL)) {
+        txtSQL_->setText(QString::fromStdString(logic_.txtSQL));
+    }
+}
+
+}  // namespace orvent::qt

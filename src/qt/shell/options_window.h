@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDoubleSpinBox>
+#include <array>
+
+#include "qt/dialogs/dialog_base.h"
+#include "shell/options_form.h"
+
+class QFormLayout;
+class QGridLayout;
+class QLineEdit;
+
+namespace orvent::qt {
+
+/// The window of `OptionsForm`.
+class OptionsWindow : public DialogBase {
+    Q_OBJECT
+
+  public:
+    explicit OptionsWindow(shell::OptionsForm& logic, QWidget* parent = nullptr);
+
+  private:
+    void buildSizes();
+    void buildZoom();
+    void buildRest();
+    QDoubleSpinBox* newNumber(std::size_t index);
+    void showState();
+
+    shell::OptionsForm& logic_;
+    std::array<QDoubleSpinBox*, 14> numbers_{};  ///< `Text1` to `Text14`
+    QPushButton* lblColor_ = nullptr;
+    QLineEdit* txtSQL_ = nullptr;
+};
+
+}  // namespace orvent::qt

@@ -1,0 +1,71 @@
+#include "qt/shell/shortcuts_form.h"
+
+#include <QGridLayout>
+#include <QKeySequence>
+#include <QLabel>
+
+#include "qt/shell/command_actions.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+namespace {
+
+/// A column of keys and what they do.
+class KeyList {
+  public:
+    KeyList(const QString& title, QWidget* parent) : parent_(parent) {
+        grid_->setHorizontalSpacing(Spacing::section);
+        grid_->setVerticalSpacing(Spacing::gap);
+        auto* label = new QLabel(title, parent);
+        QFont font = label->font();
+        font.setWeight(QFont::DemiBold);
+        label->setFont(font);
+        grid_->addWidget(label, 0, 0, 1, 2);
+    }
+
+    void add(const QString& keys, const QString& meaning) {
+        ++row_;
+        auto* shown = new QLabel(keys, parent_);
+        shown->setForegroundRole(QPalette::PlaceholderText);
+        grid_->addWidget(new QLabel(meaning, parent_), row_, 0);
+        grid_->addWidget(shown, row_, 1);
+    }
+
+    QGridLayout* layout() {
+        grid_->setRowStretch(row_ + 1, 1);
+        return grid_;
+    }
+
+  private:
+    QWidget* parent_;
+    QGridLayout* grid_ = new QGridLayout;
+    int row_ = 0;
+};
+
+}  // namespace
+
+ShortcutsForm::ShortcutsForm(QWidget* parent) : DialogBase(tr("Keyboard Shortcuts"), parent) {
+    setObjectName(QStringLiteral("ShortcutsForm"));
+    KeyList commands(tr("Commands"), this);
+    for (const shell::Menu& menu : shell::menus()) {
+        for (const shell::MenuItem& item : menu.items) {
+            if (!item.shortcut.empty()) {
+                const QKeySequence keys = shortcutsOf(item).constFirst();
+                commands.add(keys.toString(QKeySequence::NativeText), text(item.caption));
+            }
+        }
+    }
+    KeyList canvas(tr("In a scenario"), this);
+    for (const shell::HandyKey& key : shell::handyKeys()) {
+        canvas.add(text(key.keys), text(key.meaning));
+    }
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(3 * Spacing::section);
+    columns->addLayout(commands.layout());
+    columns->addLayout(canvas.layout());
+    body().addLayout(columns);
+    addAccept(QStringLiteral("cmdOK"), tr("OK"), [] { return true; });
+}
+
+}  // namespace orvent::qt

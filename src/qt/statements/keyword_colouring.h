@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+
+#include "statements/sql_keyword_checker.h"
+
+class QTextEdit;
+
+namespace orvent::qt {
+
+/// Colours the keywords of a text box while the user types. Each colouring is one undo step, and none when nothing
+/// changes; caret and selection stay. Colours alone send no signal; changed letters send `textChanged` once.
+class KeywordColouring : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Lives as long as the box, which owns it.
+    explicit KeywordColouring(QTextEdit& box, statements::Letters letters = statements::Letters::upper);
+
+    /// Whether keywords take their upper case form from now on.
+    void setLetters(statements::Letters letters) { letters_ = letters; }
+
+    /// Colours the whole text after it was loaded, without any signal.
+    void colourAll();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void examine(int key);
+
+    QTextEdit& box_;
+    statements::Letters letters_;
+    statements::SQL_KeywordChecker checker_;
+};
+
+}  // namespace orvent::qt

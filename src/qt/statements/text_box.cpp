@@ -1,0 +1,36 @@
+#include "qt/statements/text_box.h"
+
+#include <QSignalBlocker>
+#include <QTextDocument>
+#include <QTextEdit>
+
+#include "qt/theme/blend.h"
+#include "qt/theme/model_colour.h"
+
+namespace orvent::qt {
+
+std::string plainText(const QTextEdit& box) {
+    // Not toPlainText, which turns no-break spaces into spaces.
+    QString text = box.document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    text.replace(QChar::LineSeparator, QLatin1Char('\n'));
+    return text.toStdString();
+}
+
+void showPlainText(QTextEdit& box, const std::string& text) {
+    QString lines = QString::fromStdString(text);
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    if (plainText(box) != lines.toStdString()) {
+        const QSignalBlocker quiet(box);
+        box.setPlainText(lines);
+    }
+}
+
+QColor letterColour(std::int32_t modelColour, const QPalette& palette) {
+    const QColor plain = fromModel(modelColour);
+    const bool dark = palette.color(QPalette::Base).lightness() < 128;
+    return dark ? blend(plain, palette.color(QPalette::BrightText), 0.5) : plain;
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,182 @@
+#include "qt/statements/value_panel.h"
+
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "qt/dialogs/fields.h"
+#include "qt/statements/option_group.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+namespace {
+
+using statements::LDLForm;
+using statements::LDLList;
+using statements::LDLRegulatorType;
+using statements::LDLVisible;
+
+constexpr int kIndent = 24;  // the text of an option button
+
+/// A choice list of the panel. A choice in it means the option that it belongs to.
+struct ChoiceRow {
+    const char* name;
+    const char* captionName;
+    const char* caption;
+    LDLList LDLForm::*list;
+    void (LDLForm::*select)(int);
+    bool LDLVisible::*visible;
+    LDLRegulatorType implied;
+};
+
+enum List : std::size_t { Inputs, InputAttributes, RS, RSattributes, DataTypes, LDLvars, LDLSubVars };
+
+constexpr ChoiceRow kChoices[] = {
+    {"listInputs", "lblInputs", QT_TR_NOOP("Source"), &LDLForm::listInputs, &LDLForm::selectInput,
+     &LDLVisible::listInputs, statements::RegInput},
+    {"listInputAttributes", "lblInputAttributes", QT_TR_NOOP("Attribute"), &LDLForm::listInputAttributes,
+     &LDLForm::selectInputAttribute, &LDLVisible::listInputs, statements::RegInput},
+    {"listRS", "lblSelectRS", statements::kSelectRecordSetCaption, &LDLForm::listRS, &LDLForm::selectRS,
+     &LDLVisible::listRS, statements::RegRecordSetField},
+    {"listRSattributes", "lblRSattributes", QT_TR_NOOP("Attribute"), &LDLForm::listRSattributes,
+     &LDLForm::selectRSattribute, &LDLVisible::listRSattributes, statements::RegRecordSetField},
+    {"listDataTypes", "lblDatatype", statements::kSelectDatatypeCaption, &LDLForm::listDataTypes,
+     &LDLForm::selectDataType, &LDLVisible::listDataTypes, statements::RegConstant},
+    {"listLDLvars", "lblOutput", statements::kSelectRegulatorCaption, &LDLForm::listLDLvars, &LDLForm::selectLDLvar,
+     &LDLVisible::listLDLvars, statements::RegUndefined},
+    {"listLDLSubVars", "lblLDLSubVars", QT_TR_NOOP("Element"), &LDLForm::listLDLSubVars, &LDLForm::selectLDLSubVar,
+     &LDLVisible::listLDLSubVars, statements::RegUndefined},
+};
+
+void fill(QComboBox& box, const LDLList& list) {
+    const QSignalBlocker quiet(box);
+    QStringList items;
+    for (const std::string& item : list.items) {
+        items << QString::fromStdString(item);
+    }
+    QStringList present;
+    for (int row = 0; row < box.count(); ++row) {
+        present << box.itemText(row);
+    }
+    if (items != present) {
+        box.clear();
+        box.addItems(items);
+    }
+    box.setCurrentIndex(list.ListIndex);
+    box.setEnabled(!list.items.empty());
+}
+
+}  // namespace
+
+ValuePanel::ValuePanel(LDLForm& logic, std::function<void()> changed, QWidget* parent)
+    : QGroupBox(parent), logic_(logic), changed_(std::move(changed)) {
+    setObjectName(QStringLiteral("frameValue"));
+    options_ = new OptionGroup(this, [this](int number) {
+        logic_.chooseValue(static_cast<LDLRegulatorType>(number));
+        changed_();
+    });
+    const auto cell = [this](List list) { return newChoiceCell(list); };
+    QWidget* constant = newFieldCell("txtConst", "lblConst", QT_TR_NOOP("Text"), &LDLForm::txtConst,
+                                     &LDLVisible::txtConst, statements::RegConstant);
+    QWidget* functionName =
+        newFieldCell("txtFunctionName", "lblFunctionName", statements::kFunctionNameCaption, &LDLForm::txtFunctionName,
+                     &LDLVisible::txtFunctionName, statements::RegUndefined);
+    QWidget* const values[] = {newRow({cell(Inputs), cell(InputAttributes)}), newRow({cell(RS), cell(RSattributes)}),
+                               newRow({constant, cell(DataTypes)})};
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Spacing::margin, Spacing::gap, Spacing::margin, Spacing::gap);
+    layout->setSpacing(Spacing::gap / 2);
+    std::size_t next = 0;
+    for (const statements::LDLValueOption& option : statements::kLDLValueOptions) {
+        QRadioButton& button = options_->add(option.type, option.name, option.caption);
+        cells_.push_back({&button, &LDLVisible::valueOptions});
+        layout->addWidget(&button);
+        layout->addWidget(values[next++]);
+    }
+    layout->addWidget(newRow({functionName}));
+    layout->addWidget(newRow({cell(LDLvars), cell(LDLSubVars)}));
+    layout->addStretch();
+}
+
+/// Cells side by side; those that are hidden leave their room to the others.
+QWidget* ValuePanel::newRow(std::initializer_list<QWidget*> cells) {
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setSpacing(Spacing::gap);
+    for (QWidget* cell : cells) {
+        layout->addWidget(cell, 1);
+    }
+    rows_.push_back({row, cells});
+    return row;
+}
+
+QWidget* ValuePanel::newCell(const char* captionName, const char* caption, QWidget* control,
+                             bool LDLVisible::*visible) {
+    auto* whole = new QWidget;
+    auto* label = new QLabel(tr(caption), whole);
+    label->setObjectName(QLatin1String(captionName));
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setBuddy(control);
+    auto* layout = new QVBoxLayout(whole);
+    layout->setContentsMargins({});
+    layout->setSpacing(2);
+    layout->addWidget(label);
+    layout->addWidget(control);
+    cells_.push_back({whole, visible});
+    return whole;
+}
+
+QWidget* ValuePanel::newChoiceCell(std::size_t number) {
+    const ChoiceRow& row = kChoices[number];
+    QComboBox* box = newChoice(QLatin1String(row.name), this);
+    box->setMinimumWidth(0);
+    choices_.push_back({box, row.list});
+    connect(box, &QComboBox::currentIndexChanged, this, [this, &row](int at) {
+        logic_.chooseValue(row.implied);
+        (logic_.*row.select)(at);
+        changed_();
+    });
+    return newCell(row.captionName, row.caption, box, row.visible);
+}
+
+QWidget* ValuePanel::newFieldCell(const char* name, const char* captionName, const char* caption,
+                                  std::string LDLForm::*text, bool LDLVisible::*visible, LDLRegulatorType implied) {
+    QLineEdit* box = newField(QLatin1String(name), this);
+    box->setMinimumWidth(0);
+    fields_.push_back({box, text});
+    connect(box, &QLineEdit::textChanged, this, [this, text, implied](const QString& typed) {
+        logic_.chooseValue(implied);
+        logic_.*text = typed.toStdString();
+        changed_();
+    });
+    return newCell(captionName, caption, box, visible);
+}
+
+void ValuePanel::showState() {
+    setTitle(QString::fromStdString(logic_.frameValueCaption));
+    setVisible(logic_.Visible.frameValue);
+    options_->show(logic_.value);
+    for (const Cell& cell : cells_) {
+        cell.whole->setVisible(logic_.Visible.*cell.visible);
+    }
+    const int indent = logic_.Visible.valueOptions ? kIndent : 0;
+    for (const Row& row : rows_) {
+        row.whole->layout()->setContentsMargins(indent, 0, 0, indent == 0 ? 0 : Spacing::gap / 2);
+        row.whole->setVisible(
+            std::any_of(row.cells.begin(), row.cells.end(), [](const QWidget* cell) { return !cell->isHidden(); }));
+    }
+    for (const Choice& choice : choices_) {
+        fill(*choice.box, logic_.*choice.list);
+    }
+    for (const Field& field : fields_) {
+        const QString text = QString::fromStdString(logic_.*field.text);
+        if (field.box->text() != text) {
+            const QSignalBlocker quiet(field.box);
+            field.box->setText(text);
+        }
+    }
+}
+
+}  // namespace orvent::qt

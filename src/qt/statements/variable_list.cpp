@@ -1,0 +1,69 @@
+#include "qt/statements/variable_list.h"
+
+#include <QHeaderView>
+#include <algorithm>
+
+#include "qt/theme/icons.h"
+
+namespace orvent::qt {
+
+namespace {
+
+enum Column { NameColumn, KindColumn, Columns };
+constexpr int kIcon = 16;
+constexpr int kPadding = 40;
+constexpr statements::LDLVariableType kWidestKind = statements::VarFunctionParameterArray;
+
+QString kindCaption(statements::LDLVariableType kind) {
+    for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
+        if (option.kind == kind) {
+            return QLatin1String(option.caption);
+        }
+    }
+    return QStringLiteral("–");
+}
+
+}  // namespace
+
+VariableList::VariableList(QWidget* parent) : QTreeWidget(parent) {
+    setObjectName(QStringLiteral("listVariables"));
+    setColumnCount(Columns);
+    setHeaderHidden(true);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setFocusPolicy(Qt::NoFocus);
+    setIconSize({kIcon, kIcon});
+    header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+    header()->setSectionResizeMode(KindColumn, QHeaderView::Fixed);
+    header()->resizeSection(KindColumn, fontMetrics().horizontalAdvance(kindCaption(kWidestKind)) + kPadding);
+    header()->setStretchLastSection(false);
+}
+
+void VariableList::showState(const statements::LDLForm& logic) {
+    const int count = logic.Variables.Count();
+    while (topLevelItemCount() > count) {
+        delete takeTopLevelItem(count);
+    }
+    while (topLevelItemCount() < count) {
+        addTopLevelItem(new QTreeWidgetItem);
+    }
+    const QIcon complete = icon(QStringLiteral("complete"));
+    const QIcon missing = icon(QStringLiteral("missing"));
+    for (const statements::LDLVariable& variable : logic.Variables) {
+        QTreeWidgetItem& row = *topLevelItem(variable.Index - 1);
+        const bool current = &variable == logic.CurrentVariable;
+        const bool whole = logic.isComplete(variable);
+        const statements::LDLVariableType kind = current            ? logic.kind
+                                                 : variable.Defined ? variable.VariableType
+                                                                    : statements::VarUndefined;
+        row.setText(NameColumn, QLatin1Char('@') + QString::fromStdString(variable.VariableName));
+        row.setIcon(NameColumn, whole ? complete : missing);
+        row.setToolTip(NameColumn, whole ? tr("Complete") : tr("Something is missing"));
+        row.setText(KindColumn, kindCaption(kind));
+        if (current) {
+            setCurrentItem(&row);
+        }
+    }
+}
+
+}  // namespace orvent::qt

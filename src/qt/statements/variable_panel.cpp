@@ -1,0 +1,179 @@
+#include "qt/statements/variable_panel.h"
+
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+#include "qt/statements/option_group.h"
+#include "qt/statements/value_panel.h"
+#include "qt/theme/icons.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+namespace {
+
+using statements::LDLForm;
+
+constexpr int kArityWidth = 120;
+constexpr int kOptionColumns = 2;
+constexpr int kIcon = 16;
+
+/// A number field in which Enter takes the number over and presses no button.
+class NumberField : public QSpinBox {
+  public:
+    using QSpinBox::QSpinBox;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QSpinBox::keyPressEvent(event);
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+            event->accept();
+        }
+    }
+};
+
+}  // namespace
+
+VariablePanel::VariablePanel(LDLForm& logic, std::function<void()> changed, QWidget* parent)
+    : QWidget(parent), logic_(logic), changed_(std::move(changed)) {
+    frameVar_ = newKinds();
+    frameArrity_ = newArity();
+    value_ = new ValuePanel(logic_, changed_, this);
+    auto* values = new QHBoxLayout;
+    values->setSpacing(Spacing::margin);
+    values->addWidget(frameArrity_);
+    values->addWidget(value_, 1);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins({});
+    rows->setSpacing(Spacing::margin);
+    rows->addWidget(frameVar_);
+    rows->addLayout(values, 1);
+}
+
+QGroupBox* VariablePanel::newKinds() {
+    auto* frame = new QGroupBox(QLatin1String(statements::kFrameVarCaption), this);
+    frame->setObjectName(QStringLiteral("frameVar"));
+    lblVariable_ = new QLabel(frame);
+    lblVariable_->setObjectName(QStringLiteral("lblVariable"));
+    lblVariable_->setTextFormat(Qt::PlainText);
+    QFont large = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    large.setPointSizeF(font().pointSizeF() * 1.35);
+    large.setBold(true);
+    lblVariable_->setFont(large);
+
+    scalars_ = new QWidget(frame);
+    arrays_ = new QWidget(frame);
+    auto* arrayOf = new QLabel(QLatin1String(statements::kArrayCaption), arrays_);
+    arrayOf->setObjectName(QStringLiteral("lblArray"));
+    arrayOf->setForegroundRole(QPalette::PlaceholderText);
+    QGridLayout* const grids[] = {new QGridLayout(scalars_), new QGridLayout(arrays_)};
+    for (QGridLayout* grid : grids) {
+        grid->setContentsMargins({});
+        grid->setVerticalSpacing(Spacing::gap / 2);
+    }
+    kinds_ = new OptionGroup(frame, [this](int number) {
+        logic_.chooseKind(static_cast<statements::LDLVariableType>(number));
+        changed_();
+    });
+    int scalar = 0;
+    int array = 0;
+    for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
+        QRadioButton& button = kinds_->add(option.kind, option.name, option.caption);
+        int& place = option.array ? array : scalar;
+        // The first row of the array options is their common caption.
+        grids[option.array]->addWidget(&button, option.array + place / kOptionColumns, place % kOptionColumns);
+        ++place;
+    }
+    grids[1]->addWidget(arrayOf, 0, 0);
+
+    auto* rows = new QVBoxLayout(frame);
+    rows->setContentsMargins(Spacing::margin, Spacing::gap, Spacing::margin, Spacing::gap);
+    rows->setSpacing(Spacing::gap);
+    rows->addWidget(lblVariable_);
+    rows->addWidget(scalars_);
+    rows->addWidget(arrays_);
+    return frame;
+}
+
+QGroupBox* VariablePanel::newArity() {
+    auto* frame = new QGroupBox(QLatin1String(statements::kFrameArityCaption), this);
+    frame->setObjectName(QStringLiteral("frameArrity"));
+    frame->setFixedWidth(kArityWidth);
+    UpDownArity_ = new NumberField(frame);
+    UpDownArity_->setObjectName(QStringLiteral("UpDownArity"));
+    UpDownArity_->setRange(0, INT16_MAX);
+    UpDownArity_->setKeyboardTracking(false);  // "1" is not meant on the way to "12"
+    UpDownArity_->findChild<QLineEdit*>()->setObjectName(QStringLiteral("txtArity"));
+    listArrity_ = new QListWidget(frame);
+    listArrity_->setObjectName(QStringLiteral("listArrity"));
+    listArrity_->setUniformItemSizes(true);
+    listArrity_->setIconSize({kIcon, kIcon});
+    auto* rows = new QVBoxLayout(frame);
+    rows->setContentsMargins(Spacing::margin, Spacing::gap, Spacing::margin, Spacing::gap);
+    rows->setSpacing(Spacing::gap);
+    rows->addWidget(UpDownArity_);
+    rows->addWidget(listArrity_, 1);
+
+    connect(UpDownArity_, &QSpinBox::valueChanged, this, [this](int wanted) {
+        for (int missing = wanted - logic_.UpDownArity; missing > 0; --missing) {
+            logic_.UpDownArity_Up();
+        }
+        for (int surplus = logic_.UpDownArity - wanted; surplus > 0; --surplus) {
+            logic_.UpDownArity_Down();
+        }
+        changed_();
+    });
+    connect(listArrity_, &QListWidget::currentRowChanged, this, [this](int row) {
+        logic_.selectArrity(row);
+        changed_();
+    });
+    return frame;
+}
+
+void VariablePanel::showArity() {
+    frameArrity_->setVisible(logic_.Visible.frameArrity);
+    const QSignalBlocker quietNumber(UpDownArity_);
+    UpDownArity_->setValue(logic_.UpDownArity);
+    const QSignalBlocker quietList(listArrity_);
+    const int count = static_cast<int>(logic_.listArrity.items.size());
+    while (listArrity_->count() > count) {
+        delete listArrity_->takeItem(listArrity_->count() - 1);
+    }
+    while (listArrity_->count() < count) {
+        new QListWidgetItem(listArrity_);
+    }
+    const QIcon complete = icon(QStringLiteral("complete"));
+    const QIcon missing = icon(QStringLiteral("missing"));
+    for (int row = 0; row < count; ++row) {
+        QListWidgetItem& item = *listArrity_->item(row);
+        const statements::LDLVariable* element = logic_.CurrentVariable->SubVariables->Item(row + 1);
+        const bool whole = element && logic_.isElementComplete(*element);
+        item.setText(QString::fromStdString(logic_.listArrity.items[static_cast<std::size_t>(row)]));
+        item.setIcon(whole ? complete : missing);
+        item.setToolTip(whole ? tr("Complete") : tr("Something is missing"));
+    }
+    listArrity_->setCurrentRow(logic_.listArrity.ListIndex);
+}
+
+void VariablePanel::showState() {
+    frameVar_->setVisible(logic_.Visible.frameVar);
+    lblVariable_->setText(QString::fromStdString(logic_.lblVariable));
+    scalars_->setVisible(logic_.Visible.scalarOptions);
+    arrays_->setVisible(logic_.Visible.arrayOptions);
+    kinds_->show(logic_.kind);
+    showArity();
+    value_->showState();
+}
+
+void VariablePanel::focusKind() {
+    kinds_->focus();
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,177 @@
+// The frame's commands: what each of them does and when it can be chosen.
+
+#include <algorithm>
+
+#include "canvas/scaling.h"
+#include "repository/user_login.h"
+#include "shell/mdi_form.h"
+#include "shell/node_walk.h"
+
+namespace orvent::shell {
+
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+/// When a command can be chosen.
+enum class When {
+    always,
+    never,      ///< what it shows is not part of this version
+    inWindow,   ///< a scenario is in front, and no dialog of it is open
+    withSave,   ///< the same, and the button of `MenuBar` is on
+    withPrint,  ///< likewise
+    withUndo,   ///< the button of `MenuBar` is on
+    withoutWindows
+};
+using enum When;
+
+}  // namespace
+
+struct MDIForm1::CommandRow {
+    Command command;
+    When when;
+    void (*run)(MDIForm1&);
+};
+
+std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
+    using Mode = repository::ViewScenarios::Mode;
+    static constexpr auto nothing = [](MDIForm1&) {};
+    static constexpr CommandRow rows[] = {
+        {Command::newScenario, always,
+         [](MDIForm1& f) {
+             std::string name;
+             f.NewScenario(name);
+         }},
+        {Command::loadScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Load, nullptr); }},
+        {Command::saveScenario, withSave, [](MDIForm1& f) { f.save(false); }},
+        {Command::saveScenarioAs, inWindow, [](MDIForm1& f) { f.save(true); }},
+        {Command::deleteScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Delete, nullptr); }},
+        {Command::printScenario, withPrint, [](MDIForm1& f) { f.host_.print(*f.activeEnabled(), false); }},
+        {Command::printPreview, withPrint, [](MDIForm1& f) { f.host_.print(*f.activeEnabled(), true); }},
+        {Command::exportText, inWindow, [](MDIForm1& f) { f.textExport_.ExportText(*f.activeEnabled()); }},
+        {Command::closeScenario, inWindow, [](MDIForm1& f) { f.CloseActiveScenario(); }},
+        {Command::login, withoutWindows, [](MDIForm1& f) { f.login(); }},
+        {Command::changeUser, always, [](MDIForm1& f) { f.changeUser(); }},
+        {Command::undo, withUndo, [](MDIForm1& f) { f.ports_.messages.tell("Undo"); }},
+        {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
+        {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
+        {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
+        {Command::zoomIn, inWindow, [](MDIForm1& f) { f.zoom(true); }},
+        {Command::zoomOut, inWindow, [](MDIForm1& f) { f.zoom(false); }},
+        {Command::activityZoom, never, nothing},
+        {Command::checkConsistency, never, nothing},
+        {Command::metrics, never, nothing},
+        {Command::createLdl, inWindow,
+         [](MDIForm1& f) {
+             f.ldl_.LDLScenario(*f.activeEnabled());
+             f.host_.commandsChanged();  // the wizard may have disabled the window for a while
+         }},
+        {Command::selectAll, inWindow, [](MDIForm1& f) { selectAllNodes(*f.activeEnabled()); }},
+        {Command::viewLarger, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::larger); }},
+        {Command::viewSmaller, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::smaller); }},
+        {Command::viewActualSize, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::actualSize); }},
+        {Command::viewFit, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::fit); }},
+        {Command::showDataTypes, never, nothing},
+        {Command::showFunctionTypes, never, nothing},
+        {Command::showActivityTypes, never, nothing},
+        {Command::loadTestGraph, always, [](MDIForm1& f) { f.LoadTestGraph(); }},
+        {Command::help, always, [](MDIForm1& f) { f.ports_.help.open(f.options_.HelpFile); }},
+        {Command::shortcuts, always, [](MDIForm1& f) { f.host_.runShortcuts(); }},
+        {Command::about, always, [](MDIForm1& f) { f.host_.runAbout(); }},
+    };
+    return rows;
+}
+
+void MDIForm1::run(Command command) {
+    if (isEnabled(command)) {
+        commandRows()[static_cast<std::size_t>(command)].run(*this);
+    }
+}
+
+bool MDIForm1::isEnabled(Command command) const {
+    switch (commandRows()[static_cast<std::size_t>(command)].when) {
+        case always:
+            return true;
+        case never:
+            return false;
+        case inWindow:
+            return activeEnabled() != nullptr;
+        case withSave:
+            return activeEnabled() && tools_.isMenuEnabled("Save");
+        case withPrint:
+            return activeEnabled() && tools_.isMenuEnabled("Print");
+        case withUndo:
+            return tools_.isMenuEnabled("Undo");
+        case withoutWindows:
+            return !anyScenario();
+    }
+    return false;
+}
+
+bool MDIForm1::isShown(Shown shown) const {
+    switch (shown) {
+        case Shown::withScenario:
+            return host_.activeScenario() != nullptr;
+        case Shown::withoutScenario:
+            return !anyScenario();
+        default:
+            return true;
+    }
+}
+
+void MDIForm1::login() {
+    repository::UserLogin userLogin(services_);
+    userLogin.open();
+    host_.runUserLogin(userLogin);
+    if (userLogin.loggedIn) {
+        loadCatalogue();
+        host_.commandsChanged();
+    } else {
+        host_.unloadFrame();
+    }
+}
+
+void MDIForm1::changeUser() {
+    const bool dialogOpen = std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
+                                        [](const auto& form) { return form && !form->Enabled; });
+    if (dialogOpen) {
+        ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
+        return;
+    }
+    const Answer answer = ports_.messages.show(
+        "All active Scenarios must close in order to login as a different user!\nAre you sure you want to continue?",
+        "Login", Icon::none, Buttons::okCancel);
+    if (answer != Answer::ok || !unload()) {
+        return;
+    }
+    tools_.enablePrintAndSave(false);
+    login();
+}
+
+void MDIForm1::CloseActiveScenario() {
+    closeScenario(*activeEnabled());
+}
+
+void MDIForm1::showOptions() {
+    OptionsForm dialog(options_, ports_);
+    dialog.open();
+    host_.runOptions(dialog);
+}
+
+void MDIForm1::zoom(bool in) {
+    const double by = canvas::GetRatio(ports_.input, ports_.messages, in ? "IN" : "OUT");
+    canvas::Zoom(*activeEnabled(), in, by, ports_.progress);
+}
+
+void MDIForm1::save(bool as) {
+    canvas::DrawForm& form = *activeEnabled();
+    if (as || form.ScenarioID == 0) {
+        showScenarios(repository::ViewScenarios::Mode::Save, &form);
+    } else {
+        loadSave_.SaveScenario(form, false);
+    }
+}
+
+}  // namespace orvent::shell

@@ -1,0 +1,233 @@
+#include "statements/ldl_form.h"
+
+#include "platform/fault.h"
+#include "platform/text.h"
+#include "statements/activity_builder.h"
+#include "statements/ldl_generator.h"
+#include "zoom/synchronize_functions.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::statements {
+
+void LDLForm::reset() {
+    open_ = false;
+    form_ = nullptr;
+    dialog_ = nullptr;
+    trouble_.clear();
+    Activity = nullptr;
+    CurrentVariable = nullptr;
+    Sources.Clear();
+    OutputsView.Clear();
+    Variables.Clear();
+    ArrayPosition = 0;
+    OriginalTemplate.clear();
+    ActivityCreated = false;
+    FromDialog = false;
+    Visible = {};
+    Enabled = {};
+    txtTemplate.clear();
+    lblVariable.clear();
+    clearPanel();
+}
+
+void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity, ActivityDialog* dialog) {
+    if (open_) {
+        return;
+    }
+    if (activity.Act_Type == -1) {
+        messages_.tell("Please set the activity's type!!");
+        return;
+    }
+    const auto type = static_cast<std::size_t>(activity.Act_Type);
+    if (activity.Act_Type < 0 || type >= catalogue_.activityTypeLdl.size()) {
+        throw platform::Fault("The activity's type is not in the catalogue.");
+    }
+    reset();
+    form_ = &form;
+    dialog_ = dialog;
+    Activity = &activity;
+    FromDialog = dialog != nullptr;
+    txtTemplate = std::string(platform::trimmed(catalogue_.activityTypeLdl[type]));
+    enableCaller(false);
+    zoom::UnSynchronizeActivity(form, activity, false, inDialog());
+    Sources = sourcesOf(activity);
+    buildOutputsView();
+    open_ = true;
+    try {
+        window_.run(*this);
+    } catch (...) {
+        close();
+        throw;
+    }
+    close();
+}
+
+void LDLForm::close() {
+    enableCaller(true);
+    zoom::SynchronizeActivity(*form_, *Activity, inDialog());
+    reset();
+}
+
+void LDLForm::enableCaller(bool enabled) {
+    if (dialog_) {
+        dialog_->setEnabled(enabled);
+    } else {
+        form_->Enabled = enabled;
+    }
+}
+
+void LDLForm::buildOutputsView() {
+    for (int position = 1; position <= Activity->Act_Outputs.count(); ++position) {
+        std::shared_ptr<entities::AttributeProperties> output = Activity->Act_Outputs->share(position);
+        if (!isGenerated(*output)) {
+            OutputsView.append(output, output->Key);
+        }
+    }
+}
+
+void LDLForm::ScanTemplateVariables(const std::string& text) {
+    try {
+        scanTemplate(text, Variables);
+    } catch (const platform::Fault& fault) {
+        messages_.tell(fault.description());
+    }
+}
+
+void LDLForm::cmdParseLDL() {
+    if (!isEnabled(LDLButton::cmdParseLDL)) {
+        return;
+    }
+    CurrentVariable = nullptr;
+    Variables.Clear();
+    if (OriginalTemplate.empty()) {
+        OriginalTemplate = txtTemplate;
+    } else {
+        txtTemplate = OriginalTemplate;
+    }
+    Enabled = {};
+    Enabled.txtTemplate = false;
+    ScanTemplateVariables(txtTemplate);
+    Visible.frameVar = Visible.frameValue = true;
+    if (Variables.Count() == 0) {
+        layOutWithoutVariables();
+        return;
+    }
+    fillLists();
+    CurrentVariable = Variables.Item(1);
+    Enabled.cmdNext = Variables.Count() > 1;
+    Enabled.cmdGenerateLDL = Variables.Count() == 1;
+    ShowCurrentVariable();
+}
+
+void LDLForm::layOutWithoutVariables() {
+    Visible.frameVar = Visible.frameValue = Visible.frameArrity = Visible.steps = false;
+    Enabled.cmdOK = Enabled.cmdGenerateLDL = Enabled.cmdCreateAct = true;
+    marks.clear();
+}
+
+bool LDLForm::allDefinedBeforeLast() const {
+    for (int position = 1; position < Variables.Count(); ++position) {
+        if (!Variables.Item(position)->Defined) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void LDLForm::cmdNext() {
+    if (!isEnabled(LDLButton::cmdNext)) {
+        return;
+    }
+    storePanel();
+    const int count = Variables.Count();
+    if (CurrentVariable->Index < count) {
+        CurrentVariable = Variables.Item(CurrentVariable->Index + 1);
+        if (CurrentVariable->Index == count) {
+            Enabled.cmdNext = false;
+            // The last one does not count: it may be generated before it is defined.
+            Enabled.cmdGenerateLDL = allDefinedBeforeLast();
+        }
+        if (CurrentVariable->Index == 2) {
+            Enabled.cmdPrev = true;
+        }
+    }
+    ShowCurrentVariable();
+}
+
+void LDLForm::cmdPrev() {
+    if (!isEnabled(LDLButton::cmdPrev)) {
+        return;
+    }
+    storePanel();
+    if (CurrentVariable->Index > 1) {
+        CurrentVariable = Variables.Item(CurrentVariable->Index - 1);
+        if (CurrentVariable->Index == 1) {
+            Enabled.cmdPrev = false;
+        }
+        if (CurrentVariable->Index == Variables.Count() - 1) {
+            Enabled.cmdNext = true;
+        }
+    }
+    ShowCurrentVariable();
+}
+
+void LDLForm::cmdGenerateLDL() {
+    if (!isEnabled(LDLButton::cmdGenerateLDL)) {
+        return;
+    }
+    if (Variables.Count() > 0) {
+        storePanel();
+    }
+    txtTemplate = LDLGenerator(Variables, Sources, OutputsView, *Activity, *form_).GenerateLDL(OriginalTemplate);
+    Enabled.cmdCreateAct = true;
+    marks = CurrentVariable ? occurrences(lblVariable) : std::vector<LDLMark>();
+}
+
+void LDLForm::cmdCreateAct() {
+    if (!isEnabled(LDLButton::cmdCreateAct)) {
+        return;
+    }
+    ActivityCreated = true;
+    // What is built stays, also after a fault, and must be saved.
+    Activity->Changed = true;
+    trouble_.clear();
+    bool told = false;
+    try {
+        ActivityBuilder(*form_, *Activity, inDialog(), Variables, Sources, catalogue_, messages_)
+            .CreateActivityFromVariables();
+    } catch (const BuildFault& fault) {
+        trouble_ = fault.description();
+    } catch (const platform::Fault& fault) {
+        trouble_ = fault.description();
+        messages_.tell(fault.description());
+        told = true;
+    }
+    if (dialog_) {
+        dialog_->activityBuilt();
+    }
+    if (told) {
+        return;
+    }
+    messages_.tell("Activity Created", {}, platform::Icon::information);
+    Enabled.cmdOK = true;
+}
+
+void LDLForm::cmdOK() {
+    if (!isEnabled(LDLButton::cmdOK)) {
+        return;
+    }
+    if (!ActivityCreated &&
+        messages_.show("The Activity's Generation Has Not Been Completed.\r\n"
+                       "Are You Sure You Want To Close This Window?",
+                       {}, platform::Icon::warning, platform::Buttons::okCancel) != platform::Answer::ok) {
+        return;
+    }
+    Activity->Changed = Activity->Changed || Activity->Act_LDL != txtTemplate;
+    Activity->Act_LDL = txtTemplate;
+    if (dialog_) {
+        dialog_->setStatement(txtTemplate);
+    }
+    open_ = false;
+}
+
+}  // namespace orvent::statements

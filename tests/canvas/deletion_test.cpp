@@ -1,0 +1,117 @@
+#include <random>
+
+#include "canvas/pointer_fixture.h"
+
+using namespace orvent;
+using namespace orvent::canvas;
+using namespace orvent::entities;
+
+namespace {
+
+class ZoomCanvas : public Canvas {
+  public:
+    using Canvas::Canvas;
+    bool isZoom() const override { return true; }
+};
+
+std::string noted(const Canvas& form) {
+    std::string text;
+    for (const DeletedNode& row : form.DeletedNodes) {
+        text += std::to_string(row.NodeKind) + ":" + std::to_string(row.NodeID) + " ";
+    }
+    return text;
+}
+
+TEST(Deleting, DesignNodesAreNoted) {
+    testkit::PointerStage stage;
+    Canvas& form = stage.form;
+    form.Labels.byIndex(1)->recordSet()->NodeID = 11;
+    form.Labels.byIndex(2)->activity()->NodeID = 22;
+    form.Labels.byIndex(3)->entity<CommentProperties>()->NodeID = 33;
+    form.Labels.byIndex(4)->Properties = std::int16_t{44};
+    form.Labels.Add(0, 1, 0, 1, "Type", NodeTypeDataType);  // has no row of its own and stays
+    form.SelectedLines.Add(1);
+    form.CurrentEdge = form.ActiveEdge = 1;
+    for (const std::int32_t onlyType : {std::int32_t{NodeTypeActivity}, 0}) {
+        for (std::int32_t index = 1; index <= form.LabelsNo; ++index) {
+            form.SelectedLabels.Add(index);
+        }
+        DeleteSelectedNodes(form, onlyType, stage.host);
+        EXPECT_EQ(stage.seen(), onlyType ? "[/0] unlink Act" : "[/0] unlink RS unlink Target");
+        EXPECT_EQ(noted(form), onlyType ? "9:22 " : "9:22 10:11 11:33 12:44 10:0 ");
+        EXPECT_EQ(form.CurrentEdge + form.ActiveEdge + form.ActiveLabel, -3);
+    }
+    EXPECT_EQ(form.Labels.at(1)->Color(), 0xFFFFFF);
+    EXPECT_EQ(form.Labels.Count(), 1);
+}
+
+TEST(Deleting, ZoomNodesLeaveTheirOwner) {
+    testkit::LoggingHost host;
+    const CanvasSettings settings;
+    ZoomCanvas form({host, settings});
+    ActivityProperties& activity = *form.Labels.Add(0, 1, 0, 1, "A", NodeTypeActivity).activity();
+    RecordSetProperties& recordSet = *form.Labels.Add(0, 1, 0, 1, "R", NodeTypeRecordSet).recordSet();
+    form.SelectedLabels.Add(1);
+    form.SelectedLabels.Add(2);
+    const auto shown = [&](std::int32_t kind, const char* name, NodeProperties entity) {
+        form.Labels.Add(0, 1, 0, 1, name, kind, name).Properties = std::move(entity);
+        form.SelectedLabels.Add(form.LabelsNo);
+    };
+    const auto listed = [&](auto& list, const char* key, const char* owner, std::int16_t id) {
+        auto& item = list.Add(key, 0, 0, key);
+        item.ParentKeyName = owner;
+        item.SubNode_ID = id;
+        return list.share(key);
+    };
+    shown(NodeTypeAttribute, "i", listed(*activity.Act_Inputs, "i", "A", 1));
+    shown(NodeTypeAttribute, "o", listed(*activity.Act_Outputs, "o", "A", 2));
+    shown(NodeTypeParameter, "p", listed(*activity.Act_Parameters, "p", "A", 3));
+    AttributeCollection& columns = *recordSet.RecordSet_Outputs;
+    shown(NodeTypeAttribute, "c", listed(columns, "c", "R", 4));
+    shown(NodeTypeAttribute, "lost", listed(columns, "lost", "gone", 5));  // its owner is not on the canvas
+    shown(NodeTypeAttribute, "free", std::make_shared<AttributeProperties>());
+    shown(NodeTypeParameter, "freeP", std::make_shared<ParameterProperties>());
+    shown(NodeTypeConstant, "const", std::make_shared<ParameterProperties>());
+    auto input = std::make_shared<ParameterProperties>();
+    input->NodeKind = KindFunctionInput;
+    shown(NodeTypeParameter, "fixed", input);
+    DeleteSelectedNodes(form, 0, host);
+    EXPECT_EQ(noted(form), "1:1 2:2 3:3 4:4 4:5 ");
+    EXPECT_EQ(host.taken(), " unlink i unlink o unlink p unlink c unlink lost unlink const");
+    EXPECT_EQ(form.Labels.Count(), 3);
+    EXPECT_TRUE(form.nodeNamed("fixed"));
+    EXPECT_EQ(activity.Act_Inputs.count() + activity.Act_Outputs.count() + activity.Act_Parameters.count(), 0);
+    EXPECT_EQ(columns.Count(), 1);
+}
+
+// The tables keep their order and find every item while items go and come in any order.
+TEST(Deleting, HolesAreNotSeen) {
+    testkit::PointerStage stage;
+    Canvas& form = stage.form;
+    form.clear();
+    std::mt19937 random(7);
+    std::vector<std::int32_t> expected;
+    for (int round = 0; round < 400; ++round) {
+        if (expected.size() < 3 || random() % 2 == 0) {
+            expected.push_back(form.Labels.Add(0, 1000, 0, 400, "N" + std::to_string(round), NodeTypeLog).Index());
+            form.SelectedLabels.Add(expected.back());
+        } else {
+            const auto at = expected.begin() + static_cast<std::ptrdiff_t>(random() % expected.size());
+            form.Labels.Remove(*at);
+            EXPECT_FALSE(form.Labels.byIndex(*at));
+            expected.erase(at);
+        }
+        std::vector<std::int32_t> walked;
+        for (const LabelsD& node : form.Labels) {
+            walked.push_back(node.Index());
+        }
+        ASSERT_EQ(walked, expected);
+        ASSERT_EQ(form.SelectedLabels.members(), expected);
+        ASSERT_EQ(form.Labels.Count(), static_cast<int>(expected.size()));
+        if (round % 7 == 0) {
+            ASSERT_EQ(form.Labels.at(1)->Index(), expected[0]);
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,115 @@
+#include <cmath>
+#include <functional>
+
+#include "canvas/scaling.h"
+#include "testkit/scripted_ports.h"
+
+using namespace orvent;
+using namespace orvent::canvas;
+
+namespace {
+
+TEST(Picture, ScrollsAndGrowsByTheRules) {
+    PictureArea picture;
+    const auto drag = [](float x, float y, float width, float height) {
+        return [=](PictureArea& area) { area.dragOver({x, y}, width, height); };
+    };
+    const auto corner = [](float dx, float dy) { return [=](PictureArea& area) { area.dragCorner(dx, dy); }; };
+    const auto window = [](float x, float y) { return [=](PictureArea& area) { area.resizeWindow(x, y); }; };
+    const auto scroll = [](float x, float y) { return [=](PictureArea& area) { area.scrollTo(x, y); }; };
+    const struct {
+        std::function<void(PictureArea&)> step;
+        float left, top, width, height, maxHor, maxVer;
+    } rows[] = {
+        {drag(1e9F, 1e9F, 10, 10), 0, 0, 17000, 13000, 0, 0},  // there is no window yet
+        {window(8000, 12980), 0, 0, 17000, 13000, 9000, 20},
+        {drag(7000, 5000, 1000, 400), 0, 0, 17000, 13000, 9000, 20},  // not beyond the border
+        {drag(7001, 5000, 1000, 400), -25, 0, 17000, 13000, 9000, 20},
+        {drag(1024, 12600, 1000, 400), 0, -45, 17000, 13025, 9000, 45},
+        {scroll(8999, 7), -8999, -7, 17000, 13025, 9000, 45},
+        {drag(16900, 5000, 1000, 400), -9025, -7, 17025, 13025, 9025, 45},
+        {drag(9500, 100, 10, 400), -9025, 0, 17025, 13025, 9025, 45},
+        {scroll(-5, 1e9F), 0, -45, 17025, 13025, 9025, 45},
+        {corner(-9026, 75), 0, -120, 17025, 13100, 9025, 120},
+        {corner(-9025, -100), 0, -20, 8000, 13000, 0, 20},
+        {[](PictureArea& area) { area.setSize(1e6F, 20000); }, 0, -20, 1e6F, 20000, 32767, 7020},
+        {[](PictureArea& area) { area.setLargest(32000); }, 0, -20, 1e6F, 20000, 32767, 7020},
+        {corner(1, 50000), -24000, -19020, 32000, 32000, 24000, 19020},
+        {window(100, 1e6F), -24000, 0, 32000, 32000, 31900, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(&row - rows);
+        row.step(picture);
+        EXPECT_EQ(picture.Left(), row.left);
+        EXPECT_EQ(picture.Top(), row.top);
+        EXPECT_EQ(picture.Width(), row.width);
+        EXPECT_EQ(picture.Height(), row.height);
+        EXPECT_EQ(picture.ScrollBarHor().Max, row.maxHor);
+        EXPECT_EQ(picture.ScrollBarVer().Max, row.maxVer);
+    }
+    EXPECT_EQ(picture.ScrollBarHor().Length, 270);
+}
+
+TEST(Ratio, AsksUntilItIsOne) {
+    const char* const wrong = "WRONG NUMBER FORMAT!!";
+    const char* const small = "PLEASE GIVE A ZOOM RATIO MORE THAN ONE!!";
+    using Refused = std::vector<std::pair<const char*, const char*>>;
+    const std::tuple<Refused, const char*, double> rows[] = {
+        {{}, "1,5", 1.5},
+        {{}, " 2.5 ", 2.5},
+        {{}, "", 1},
+        {{{"0", wrong}, {"abc", wrong}, {"-3", small}}, "", 1},
+        {{{"1", small}, {"0x9", wrong}, {"inf", wrong}, {" ", wrong}, {"1,5 2", wrong}, {"1.000,5", wrong}},
+         "1e9",
+         1e9},
+    };
+    for (const auto& [refused, answer, ratio] : rows) {
+        testkit::ScriptedInputBox input;
+        testkit::ScriptedMessageBox messages;
+        for (const auto& [text, message] : refused) {
+            input.expect("ZOOM OUT RATIO :", "Zooming OUT", "", text);
+            messages.expect(message, "", platform::Icon::warning);
+        }
+        input.expect("ZOOM OUT RATIO :", "Zooming OUT", "", answer);
+        EXPECT_EQ(GetRatio(input, messages, "OUT"), ratio);
+    }
+}
+
+class Scaling : public testkit::CanvasTest {
+  protected:
+    Canvas form{ports.services()};
+    testkit::QuietProgress progress;
+    const LabelsD& node = form.Labels.Add(1000, 1000, 12000, 300, "A", NodeTypeRecordSet);
+    const LabelsD& other = form.Labels.Add(16500, 1000, 0, 300, "B", NodeTypeRecordSet);
+    const LinesD& edge = *form.Lines.addFullLine(1, 3, 2, 1, EdgeTypeProvider, AngleNone, 0);
+};
+
+TEST_F(Scaling, BoxesAndPictureAreMultiplied) {
+    const float middle = edge.Xm();
+    Zoom(form, true, 1, progress);
+    EXPECT_TRUE(progress.statuses.empty());
+    Zoom(form, true, 1.5, progress);
+    EXPECT_EQ(node.Left(), 1500);
+    EXPECT_EQ(node.Height(), 450);
+    EXPECT_EQ(edge.Y1(), 18225);
+    EXPECT_EQ(edge.Xm(), middle);
+    EXPECT_EQ(form.PicForm.Width(), 26250);  // the rightmost node reaches beyond 25500
+    EXPECT_EQ(form.PicForm.Height(), 19500);
+    Zoom(form, false, 3, progress);
+    EXPECT_EQ(node.Top(), 6000);
+    EXPECT_EQ(node.Height(), 152);
+    EXPECT_EQ(form.PicForm.Height(), 6500);
+    EXPECT_EQ(progress.statuses,
+              (std::vector<std::string>{"Zooming In By 1.5...", "Ready", "Zooming Out By3...", "Ready"}));
+    EXPECT_EQ(progress.pointerShape, 1);
+}
+
+TEST_F(Scaling, NoRatioMakesAPlaceThatIsNoNumber) {
+    for (int i = 0; i < 18; ++i) {
+        Zoom(form, i < 9, i == 5 ? 1e300 : 1e9, progress);
+        EXPECT_TRUE(std::isfinite(node.Left() + node.Width() + edge.X2() + edge.Xm() + form.PicForm.Width()));
+    }
+    EXPECT_EQ(node.Width(), 201);
+}
+
+}  // namespace

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "canvas/canvas_pointer.h"
+#include "testkit/scripted_ports.h"
+
+namespace orvent::testkit {
+
+/// A host that writes down what it is asked. What was not read at the end is a failure.
+class LoggingHost : public canvas::ToolState,
+                    public canvas::CanvasWindows,
+                    public canvas::EntityLinks,
+                    public platform::MessageBox {
+  public:
+    std::string tool;
+
+    ~LoggingHost() override { EXPECT_EQ(log_, "") << "asked without being expected"; }
+    std::string taken() { return std::exchange(log_, ""); }
+
+    const std::string& DrawMode() const override { return tool; }
+    void canvasFocused(const canvas::Canvas&) override {}
+    void pictureReached() override {}
+    void openProperties(canvas::LabelsD& node) override { log_ += " dialog " + node.Caption(); }
+    void openZoom(canvas::LabelsD& node) override { log_ += " zoom " + node.Caption(); }
+    void openTemplateWizard(canvas::LabelsD& node) override { log_ += " wizard " + node.Caption(); }
+    void showMenu(const canvas::ContextMenu& menu, canvas::Point) override { log_ += " " + std::string(menu.name); }
+    void unsynchronise(canvas::Canvas&, canvas::LabelsD& node) override { log_ += " unlink " + node.Caption(); }
+    platform::Answer show(const std::string& text, const std::string&, platform::Icon, platform::Buttons) override {
+        log_ += " says " + text;
+        return platform::Answer::ok;
+    }
+
+  private:
+    std::string log_;
+};
+
+/// A small scenario under the pointer, played by words.
+struct PointerStage {
+    LoggingHost host;
+    canvas::CanvasSettings settings;
+    canvas::Canvas form{{host, settings}};
+    canvas::DesignRules rules;
+    std::optional<canvas::CanvasPointer> pointer{std::in_place, form, canvas::PointerPorts{host, host, host, rules}};
+
+    explicit PointerStage(std::string tool = "Arrow") {
+        host.tool = std::move(tool);
+        form.Labels.Add(1000, 1000, 1000, 400, "RS", canvas::NodeTypeRecordSet);      // 1
+        form.Labels.Add(3000, 1000, 1000, 600, "Act", canvas::NodeTypeActivity);      // 2
+        form.Labels.Add(1000, 1500, 3000, 750, "Comment1", canvas::NodeTypeComment);  // 3
+        form.Labels.Add(3000, 1000, 3000, 400, "LOG1", canvas::NodeTypeLog);          // 4
+        form.Labels.Add(5000, 1000, 1000, 400, "Target", canvas::NodeTypeRecordSet);  // 5
+        form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0);
+    }
+
+    /// Plays events, divided by "|": a verb, an element (p picture, o outside, n2 node, h3 handle) or a word, a place,
+    /// and letters: R right button, C Ctrl, L left button held.
+    void play(const std::string& events) {
+        std::istringstream all(events);
+        for (std::string one; std::getline(all, one, '|');) {
+            std::istringstream words(one);
+            std::string verb, element, letters;
+            canvas::PointerEvent event;
+            words >> verb >> element >> event.at.x >> event.at.y >> letters;
+            const int number = element.size() > 1 ? std::atoi(element.c_str() + 1) : 0;
+            using enum canvas::Element;
+            event.hit.element = std::map<char, canvas::Element>{{'n', node}, {'h', handle}, {'o', outside}}[element[0]];
+            event.hit.number = number;
+            event.ctrl = letters == "C";
+            event.button = letters == "R" ? canvas::RightButton : canvas::LeftButton;
+            if (verb == "move") {
+                event.button = letters == "L" ? canvas::LeftButton : canvas::NoButton;
+                pointer->move(event);
+            } else if (verb == "delete") {
+                element[0] == 'n' ? form.Labels.Remove(number) : form.Lines.RemoveFull(number);
+            } else {
+                verb == "press"     ? pointer->press(event)
+                : verb == "release" ? pointer->release(event)
+                : verb == "double"  ? pointer->doubleClick(event)
+                : verb == "key"     ? void(pointer->keyDown(canvas::kDeleteKey))
+                : verb == "choose"  ? pointer->choose(element)
+                : verb == "tool"    ? void(host.tool = element)
+                : verb == "cancel"  ? pointer->cancel()
+                                    : void(ADD_FAILURE() << verb);
+            }
+        }
+    }
+
+    /// Edges with their ends and grab points, selected nodes, selected edges, and what the host was asked.
+    std::string seen() {
+        std::ostringstream out;
+        for (const canvas::LinesD& edge : form.Lines) {
+            out << edge.FromLabel << '.' << edge.FromGrabbingPoint << '-' << edge.ToLabel << '.'
+                << edge.ToGrabbingPoint() << ' ';
+        }
+        out << '[';
+        for (const std::int32_t index : form.SelectedLabels.members()) {
+            out << index;
+        }
+        out << '/' << form.SelectedLines.Count() << ']' << host.taken();
+        return out.str();
+    }
+
+    static std::string text(float left, float top, float width, float height) {
+        return (std::ostringstream() << left << ' ' << top << ' ' << width << ' ' << height).str();
+    }
+    std::string box(std::int32_t index) const {
+        const canvas::LabelsD& node = *form.Labels.byIndex(index);
+        return text(node.Left(), node.Top(), node.Width(), node.Height());
+    }
+    static std::string box(const canvas::MarkerBox& marker) {
+        return marker.Visible ? text(marker.Left, marker.Top, marker.Width, marker.Height) : "hidden";
+    }
+};
+
+}  // namespace orvent::testkit

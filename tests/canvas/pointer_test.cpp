@@ -1,0 +1,292 @@
+#include <chrono>
+#include <cmath>
+
+#include "canvas/pointer_fixture.h"
+
+using namespace orvent;
+using namespace orvent::canvas;
+using testkit::PointerStage;
+
+namespace {
+
+const std::string kDraw = "move n1 1900 1200|press n1 1900 1200|move n1 2500 1100 L|";
+
+TEST(Pointer, WhatAGestureLeaves) {
+    const std::string released = kDraw + "release n5 5000 1200|";
+    const std::string invalid = " says This Relationship Is Not Valid";
+    const struct {
+        const char* tool;
+        std::string events, seen;
+    } rows[] = {
+        // Drawing: the move after the release decides.
+        {"Provider", released + "move n5 5100 1200", "1.3-2.1 1.3-5.1 [1/0]"},
+        {"Provider", released + "move h3 1 1|move o 1 1|move n2 3500 1000", "1.3-2.1 1.3-2.3 [1/0]"},
+        {"Provider", released + "move n1 1100 1200", "1.3-2.1 [1/0]"},
+        {"Provider", released + "move p 4500 1200", "1.3-2.1 [1/0]"},
+        {"Provider", released + "move n3 1500 3100", "1.3-2.1 [1/0]" + invalid},
+        {"Provider", released + "press n5 5100 1200|release n5 1 1", "1.3-2.1 5.1-0.0 [5/0]"},
+        {"Provider", released + "key|", "[/0] unlink RS"},
+        {"Provider", kDraw + "key|cancel", "1.3-2.1 [1/0]"},
+        {"Provider", kDraw + "tool Arrow|move n1 1 1 L|release n1 1 1", "1.3-2.1 [1/0]"},
+        {"Provider", kDraw + "move n5 5100 1200|", "1.3-2.1 [1/0]"},
+        {"Provider", "press n1 1100 1200|release n1 1 1|move n2 3100 1500", "1.3-2.1 1.1-2.2 [1/0]"},
+        {"Description", "press n1 1100 1200|release n1 1 1|move n2 3100 1100", "1.3-2.1 [1/0]"},
+        {"Description", "press n3 1100 3300|release n1 1 1|move n2 3100 1100", "1.3-2.1 3.1-2.1 [3/0]"},
+        {"Description", "press n3 1100 3300|release n1 1 1|move n1 1100 1100", "1.3-2.1 [3/0]" + invalid},
+        {"Description", "press n2 3500 1500|release n1 1 1|move n4 3500 3010", "1.3-2.1 2.5-4.2 [2/0]"},
+        {"Regulator", "press n2 3500 1500|release n1 1 1|move n5 5500 1010", "1.3-2.1 [2/0]"},
+        // The end and the start of edge 1 are dragged.
+        {"Arrow", "press h3 0 0|move h3 1 1 L|release n5 5100 1200", "1.3-5.1 [/1]"},
+        {"Arrow", "press h3 0 0|move h3 1 1 L|release n2 3900 1300", "1.3-2.1 [/1]"},
+        {"Arrow", "press h3 0 0|move h3 1 1 L|release n4 3100 3100", "[/0]" + invalid},
+        {"Arrow", "press h1 0 0|move h1 1 1 L|release n5 5900 1200", "5.3-2.1 [/1]"},
+        {"Arrow", "press h1 0 0|move h1 1 1 L|release n3 1100 3100", "1.3-2.1 [/1]"},
+        // Selection, menus, double clicks.
+        {"Arrow", "press n1 1 1|press n2 1 1 C|press n1 1 1 C", "1.3-2.1 [2/0]"},
+        {"Arrow", "press n1 1 1|press h2 1 1|press h2 1 1 C|press h2 1 1 C|release h2 1 1|key", "[/0]"},
+        {"Arrow", "press h2 1 1|press n1 1 1|press p 1 1 C", "1.3-2.1 [1/0]"},
+        {"Arrow", "press n3 2300 3100 R|press n4 1 1 R|press n3 2400 3100 R", "1.3-2.1 [3/0] CommentM LogM"},
+        {"Arrow", "double n1 1 1|double n2 1 1|double n4 1 1|double p 1 1", "1.3-2.1 [/0] dialog RS dialog Act"},
+        {"Arrow", "key|press p 1 1 R|press n77 1 1|press h77 1 1|press o 1 1", "1.3-2.1 [/0]"},
+        // Things that go in the middle of a gesture.
+        {"Provider", kDraw + "delete n1|move n5 5100 1200 L|release n5 1 1|move n5 1 1", "[/0]"},
+        {"Provider", released + "delete n1|move n5 5100 1200", "[/0]"},
+        {"Provider", kDraw + "delete e2|move n1 1 1 L|release p 1 1|move n5 1 1", "1.3-2.1 [1/0]"},
+        {"Move", "press n1 1 1|move n1 2 2 L|delete n1|move p 3 3 L|release p 3 3", "[/0]"},
+        {"Resize", "press n1 1 1|delete n1|move p 3 3 L|release p 3 3", "[/0]"},
+        {"Arrow", "press h2 1 1|move h2 2 2 L|delete e1|move p 3 3 L|release p 3 3", "[/0]"},
+        {"Crop", "press p 0 0|move p 9000 2000 L|delete n1|move p 9000 2100 L|release p 1 1", "[25/0]"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.tool + (": " + row.events));
+        PointerStage stage(row.tool);
+        stage.play(row.events);
+        EXPECT_EQ(stage.seen(), row.seen);
+        stage.play("cancel");
+        EXPECT_EQ(stage.pointer->drawnEdge(), -1);
+        EXPECT_FALSE(stage.form.RubberBand || stage.form.ConnectPending || stage.form.CroppingRect.Visible ||
+                     stage.form.ResizeLabel.Visible || stage.form.DragOutline.Visible);
+        std::ptrdiff_t ends = 0;
+        for (const LabelsD& node : stage.form.Labels) {
+            ends += node.StartingLines.Count() + node.EndingLines.Count();
+        }
+        EXPECT_EQ(ends, 2 * stage.form.Lines.Count());
+    }
+}
+
+TEST(Pointer, AnEdgeFollowsThePointerAndKeepsItsCorner) {
+    PointerStage stage("Provider");
+    stage.play(kDraw);
+    const LinesD& edge = *stage.form.Lines.byIndex(stage.pointer->drawnEdge());
+    const auto places = [&] { return stage.text(edge.Xm(), edge.Ym(), edge.X2(), edge.Y2()); };
+    EXPECT_EQ(places(), "2050 1200 2500 1100");
+    stage.play("press n1 2600 1700 R|move n1 2700 9000 L");
+    EXPECT_EQ(places(), "2600 1700 2700 9000");
+    stage.play("release p 1 1|move n5 5100 1200");
+    EXPECT_EQ(places(), "2600 1700 4950 1200");
+    EXPECT_EQ(edge.arrowImage(), "ArrowR");
+}
+
+TEST(Pointer, WhereADragEnds) {
+    const std::string at = "press n1 1100 1200|";
+    const std::string still = "1000 1000 1000 400";
+    const struct {
+        const char* tool;
+        std::string events;
+        std::string shown;  ///< the outline before the last event
+        std::string left;   ///< the box of node 1 in the end
+    } rows[] = {
+        {"Move", at + "move n2 3300 1210 L|release n2 3300 1210", "3200 1010 1000 400", "3200 1010 1000 400"},
+        {"Move", at + "move p -9000 -50 L|release h1 -9000 -50", "-9100 -250 1000 400", "-9100 -250 1000 400"},
+        {"Move", at + "move p 3e30 1e12 L|release p 3e30 1e12", "3e+30 1e+12 1000 400", "3e+30 1e+12 1000 400"},
+        {"Move", at + "move o 1110 1210 L|release o 1110 1210", "1010 1010 1000 400", still},
+        {"Move", at + "move p 5000 5000 L|cancel", "4900 4800 1000 400", still},
+        {"Resize", "press n1 1990 1390|move p 2500 2000 L|release p 0 0", "1000 1000 1500 1000", "1000 1000 1500 1000"},
+        {"Resize", "press n1 1010 1010|move p 900 800 L|release p 0 0", "900 800 1100 600", "900 800 1100 600"},
+        {"Resize", "press n1 1010 1390|move p 1100 1500 L|release p 0 0", "1100 1000 900 500", "1100 1000 900 500"},
+        {"Resize", "press n1 1990 1010|move p 2100 900 L|release p 0 0", "1000 900 1100 500", "1000 900 1100 500"},
+        {"Resize", "press n1 1990 1200|move p 0 9000 L|release p 0 0", "1000 1000 10 400", "1000 1000 201 400"},
+        {"Resize", "press n1 1010 1200|move p 2500 9000 L|release p 0 0", "2500 1000 10 400", "2500 1000 201 400"},
+        {"Resize", "press n1 1500 1010|move p 0 1350 L|release p 0 0", "1000 1350 1000 50", "1000 1350 1000 152"},
+        {"Resize", "press n1 1500 1200|move p 0 0 L|release p 0 0", still, still},
+        {"Resize", "press n1 1990 1390|move p 2500 2000 L|cancel", "1000 1000 1500 1000", still},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.tool + (": " + row.events));
+        PointerStage stage(row.tool);
+        const LabelsD& node = *stage.form.Labels.byIndex(1);
+        node.recordSet()->Changed = false;
+        const std::size_t last = row.events.rfind('|');
+        stage.play(row.events.substr(0, last));
+        EXPECT_EQ(stage.box(stage.host.tool == "Resize" ? stage.form.ResizeLabel : stage.form.DragOutline), row.shown);
+        EXPECT_EQ(stage.box(1), still);
+        stage.play(row.events.substr(last + 1));
+        EXPECT_EQ(stage.box(1), row.left);
+        EXPECT_EQ(node.recordSet()->Changed, row.left != still);
+        EXPECT_EQ(stage.form.Lines.byIndex(1)->X1(), node.GrabPoint(3).x);
+    }
+}
+
+TEST(Pointer, TheCropRectangleSelects) {
+    PointerStage stage("Crop");
+    const struct {
+        const char *events, *rect, *seen;
+    } rows[] = {
+        {"press p 1049 851", "1000 900 15 15", "1.3-2.1 [/0]"},
+        {"move p 2001 1401 L", "1000 900 1001 501", "1.3-2.1 [/0]"},  // the node touches the left side
+        {"move p 990 700 L", "990 700 15 200", "1.3-2.1 [/0]"},
+        {"release p 0 0|press p 900 900|move p 2001 1401 L", "900 900 1101 501", "1.3-2.1 [1/0]"},
+        {"move p 9000 9000 L", "900 900 8100 8100", "1.3-2.1 [12345/0]"},
+        {"move p 4100 2000 L", "900 900 3200 1100", "1.3-2.1 [12/0]"},
+        {"release p 0 0", "hidden", "1.3-2.1 [12/0]"},
+        {"press p 9000 9000 C", "9000 9000 15 15", "1.3-2.1 [12/0]"},
+        {"move p 2900 2900 L", "2900 2900 6100 6100", "1.3-2.1 [4/0]"},
+        {"cancel", "hidden", "1.3-2.1 [12/0]"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.events);
+        stage.play(row.events);
+        EXPECT_EQ(stage.box(stage.form.CroppingRect), row.rect);
+        EXPECT_EQ(stage.seen(), row.seen);
+    }
+}
+
+TEST(Pointer, WhatAMoveShows) {
+    PointerStage stage("Provider");
+    Canvas& form = stage.form;
+    const LabelsD& node = *form.Labels.byIndex(1);
+    const LinesD& edge = *form.Lines.byIndex(1);
+    stage.play("move n1 1500 1390");
+    EXPECT_TRUE(form.GrabberVisible && form.OverLabel && form.CurrentNode == 1);
+    EXPECT_EQ(form.GrabMark.y, 1450);
+    stage.play("move p 0 0");
+    EXPECT_FALSE(form.GrabberVisible || form.OverLabel);
+    const struct {
+        const char* events;
+        int zone, pointer;
+    } rows[] = {{"tool Move|move n1 1 1", 0, 5},  {"move n2 3500 1300", 0, 0},
+                {"move n1 1 1|move p 1 1", 0, 0}, {"tool Resize|move n1 1999 1399", 7, 8},
+                {"move n1 1001 1001", 1, 8},      {"move n1 1001 1399", 3, 6},
+                {"move n1 1999 1001", 5, 6},      {"move n1 1901 1200", 4, 9},
+                {"move n1 1099 1200", 2, 9},      {"move n1 1500 1301", 6, 7},
+                {"move n1 1500 1099", 8, 7},      {"move n1 1900 1300", 0, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.events);
+        stage.play(row.events);
+        EXPECT_EQ(form.ResizeLabel.Tag, row.zone);
+        EXPECT_EQ(node.MousePointer(), row.pointer);
+    }
+    stage.play("move h1 0 0");
+    EXPECT_FALSE(edge.HighLighted() || form.OverLine);
+    stage.play("press h1 0 0|release h1 0 0|move h2 0 0");
+    EXPECT_TRUE(edge.HighLighted() && form.OverLine && form.ActiveEdge == 1);
+    stage.play("move p 0 0");
+    EXPECT_FALSE(edge.HighLighted() || form.OverLine || form.ActiveEdge == 1);
+    stage.play("press h2 0 0|move p 2400 1900 L");
+    EXPECT_EQ(stage.box(form.DragOutline), "2355 1855 90 90");
+    stage.play("release p 2400 1900|press h2 0 0|move p 1 1 L|release n1 1500 1200");  // at last on its own node
+    EXPECT_EQ(edge.Xm(), 2400);
+    stage.play("press h2 0 0|move p 1 1 L|release n4 3500 3100");
+    EXPECT_EQ(edge.Ym(), 3100);
+}
+
+TEST(Pointer, ToolsPlaceNodes) {
+    PointerStage stage;
+    stage.form.Labels.Add(0, 1, 0, 1, "RecordSet1", NodeTypeRecordSet);  // as after a load
+    const struct {
+        const char *events, *caption, *box, *asked;
+    } rows[] = {
+        {"tool RecordSet|press p 149 8151", "RecordSet2", "0 7975 1050 450", " dialog RecordSet2"},
+        {"tool Activity|press p 2150 2250", "Activity1", "1675 1975 1050 450", " dialog Activity1"},
+        {"tool Activity|press p 30 -90", "Activity2", "0 0 1050 450", " dialog Activity2"},
+        {"tool Comment|press p 2149 2150", "Comment9", "1350 1825 1500 750", ""},
+        {"tool Log|press p 2151 2151|release p 1 1", "LOG10", "1675 1975 1050 450", ""},
+        {"tool Arrow|press p 2151 2151", "LOG10", "1675 1975 1050 450", ""},
+    };
+    for (const auto& row : rows) {
+        stage.play(row.events);
+        const LabelsD& node = *stage.form.Labels.at(stage.form.Labels.Count());
+        EXPECT_EQ(node.Caption(), row.caption);
+        EXPECT_EQ(stage.box(node.Index()), row.box);
+        EXPECT_EQ(stage.host.taken(), row.asked);
+    }
+    EXPECT_FALSE(std::signbit(SnapToGrid(-40)));
+    EXPECT_EQ(SnapToGrid(250), 200);
+    EXPECT_EQ(SnapToGrid(350), 400);
+    EXPECT_EQ(SnapToGrid(-150), -200);
+}
+
+TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
+    PointerStage stage;
+    const LabelsD& activity = *stage.form.Labels.byIndex(2);
+    stage.play("press n2 1 1 R|move n1 1 1|choose ActivityPropertiesM|choose CreateFromLDLM|choose ActivityZoomM");
+    EXPECT_EQ(stage.host.taken(), " ActivityM dialog Act wizard Act says Please set the activity's type!!");
+    activity.activity()->Act_Type = 0;
+    stage.play("choose ActivityZoomM|choose NoSuchM|choose ActivityNotReadyM");
+    EXPECT_EQ(stage.host.taken(), " zoom Act");
+    EXPECT_EQ(activity.Color(), 255 ^ 16744448);
+    stage.play("press h2 1 1 R|move p 1 1");
+    for (const auto& [item, angle] : {std::pair{"EdgeAngleStraightM", 3}, std::pair{"EdgeAngleVerticalDownM", 2},
+                                      std::pair{"EdgeAngleVerticalUpM", 1}, std::pair{"EdgeAngleNoneM", 0}}) {
+        stage.play(std::string("choose ") + item);
+        EXPECT_EQ(stage.form.Lines.byIndex(1)->Angle(), angle);
+    }
+    stage.play("choose EdgeDeleteM");  // an edge that is not selected stays
+    EXPECT_EQ(stage.seen(), "1.3-2.1 [2/0] EdgesM");
+    stage.play("press n5 1 1|press n4 1 1 C|press n3 1 1 C|choose LogDeleteM|choose CommentDeleteM");
+    EXPECT_EQ(stage.form.Labels.Count(), 4);
+    stage.play("press h1 1 1|choose EdgeDeleteM|press n2 1 1|choose ActivityDeleteM");
+    EXPECT_EQ(stage.seen(), "[/0] unlink Act");
+    stage.play("choose ActivityPropertiesM|choose ActivityNotReadyM|choose EdgeAngleNoneM");  // both are gone
+}
+
+TEST(Pointer, ACommentIsEditedInItsBox) {
+    PointerStage stage;
+    const LabelsD& comment = *stage.form.Labels.byIndex(3);
+    stage.play("double n3 2400 3100");  // the strip for scrolling
+    stage.pointer->editComment("none");
+    stage.play("double n3 2300 3100");
+    stage.pointer->editComment("words");
+    EXPECT_FALSE(stage.pointer->keyDown(kDeleteKey));
+    EXPECT_TRUE(comment.entity<entities::CommentProperties>()->Changed);
+    for (const char* end : {"cancel", "press p 1 1", "delete n3"}) {
+        EXPECT_EQ(comment.Comment(), "words");
+        stage.play(std::string("double n3 2300 3100|") + end);
+        EXPECT_EQ(stage.form.EditedComment, -1);
+    }
+}
+
+TEST(Pointer, AWindowClosedInAGestureLeavesTheGraphAlone) {
+    for (const char* tool : {"Provider", "Move", "Resize", "Crop"}) {
+        PointerStage stage(tool);
+        stage.play("press n1 1990 1390|move p 9 9 L");
+        stage.pointer.reset();
+        EXPECT_EQ(stage.seen() + stage.box(1), "1.3-2.1 [1/0]1000 1000 1000 400");
+        stage.form.clear();
+    }
+}
+
+TEST(Pointer, StepsOnALargeGraphFitAFrame) {
+    PointerStage stage("Crop");
+    for (int i = 0; i < 40000; ++i) {
+        stage.form.Labels.Add(2000 * static_cast<float>(i % 200), 1050, 1000 * static_cast<float>(i / 200), 450,
+                              "N" + std::to_string(i), NodeTypeRecordSet);
+    }
+    // The least of a few tries, so that a busy machine does not count; a frame has 16 ms.
+    const auto fastest = [&](const char* there, const char* back) {
+        std::chrono::duration<double, std::milli> best(1e9);
+        for (int i = 0; i < 5; ++i) {
+            stage.play(back);
+            const auto start = std::chrono::steady_clock::now();
+            stage.play(there);
+            best = std::min<decltype(best)>(best, std::chrono::steady_clock::now() - start);
+        }
+        return best.count();
+    };
+    stage.play("press p -100 -100");
+    EXPECT_LT(fastest("move p 500000 500000 L", "move p 150000 150000 L"), 16);
+    stage.play("cancel|tool Move|press n1 1100 1100");
+    EXPECT_LT(fastest("move p 2000 2000 L", "move p 1 1 L"), 1);
+}
+
+}  // namespace

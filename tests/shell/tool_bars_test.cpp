@@ -1,0 +1,145 @@
+#include "shell/tool_bars.h"
+
+#include <gtest/gtest.h>
+
+#include "canvas/draw_form.h"
+#include "shell/node_walk.h"
+#include "testkit/scripted_ports.h"
+
+namespace orvent::shell {
+namespace {
+
+class Tools : public testkit::CanvasTest {
+  protected:
+    struct ZoomCanvas : canvas::Canvas {
+        using Canvas::Canvas;
+        bool isZoom() const override { return true; }
+    };
+
+    /// The buttons of a bar as letters: "." off, "o" on, upper case when pressed.
+    std::string shown(ToolBar bar) const {
+        std::string letters;
+        for (int position = 1; position <= static_cast<int>(toolButtons(bar).size()); ++position) {
+            const char letter = tools.isEnabled(bar, position) ? 'o' : '.';
+            letters += !tools.isPressed(bar, position) ? letter : letter == 'o' ? 'O' : ':';
+        }
+        return letters;
+    }
+    std::string all() const {
+        return shown(ToolBar::MenuBar) + " " + shown(ToolBar::ArrowBar) + " " + shown(ToolBar::NodeBar) + " " +
+               shown(ToolBar::EdgeBar);
+    }
+
+    ToolBars tools;
+    canvas::DrawForm design{ports.services()};
+    ZoomCanvas zoom{ports.services()};
+};
+
+TEST_F(Tools, StatesFollowTheFocus) {
+    EXPECT_EQ(all(), "oo... .... ........ ....");
+    tools.canvasFocused(design);
+    EXPECT_EQ(all(), "oooo. oooo oooo.... oo..");
+    EXPECT_TRUE(tools.DesignToolsOn() && !tools.ZoomToolsOn());
+    tools.press(ToolBar::EdgeBar, 2);
+    tools.canvasFocused(zoom);
+    EXPECT_EQ(all(), "oooo. oooo ....oooo o:oo");  // dimmed, but not released
+    EXPECT_TRUE(tools.ZoomToolsOn() && !tools.DesignToolsOn());
+    tools.press(ToolBar::NodeBar, 5);
+    tools.canvasFocused(design);
+    EXPECT_EQ(all(), "oooo. oooo oooo.... oo..");
+    EXPECT_EQ(tools.DrawMode(), "Function");  // survives the button
+    tools.enablePrintAndSave(false);
+    tools.canvasFocused(design);  // on already: nothing is set again
+    EXPECT_EQ(all(), "oo... oooo oooo.... oo..");
+    tools.setEmptyState();
+    EXPECT_EQ(all(), "oo... .... ........ ....");
+}
+
+TEST_F(Tools, UndoFollowsDeletionsOnlyAtAChangeOfState) {
+    tools.canvasFocused(design);
+    design.DeletedNodes.Add(1, canvas::DeletedActivity);
+    tools.canvasFocused(design);
+    EXPECT_FALSE(tools.isMenuEnabled("Undo"));
+    tools.canvasFocused(zoom);  // nothing deleted there: unchanged
+    tools.canvasFocused(design);
+    EXPECT_TRUE(tools.isMenuEnabled("Undo"));
+    tools.canvasFocused(zoom);
+    EXPECT_TRUE(tools.isMenuEnabled("Undo"));
+    zoom.DeletedNodes.Add(1, canvas::DeletedActivity);
+    tools.canvasFocused(design);
+    tools.canvasFocused(zoom);
+    EXPECT_FALSE(tools.isMenuEnabled("Undo"));
+}
+
+TEST_F(Tools, OneToolIsPressedInAllBars) {
+    tools.canvasFocused(design);
+    int told = 0;
+    tools.changed = [&told] { ++told; };
+    tools.press(ToolBar::EdgeBar, 1);
+    tools.press(ToolBar::ArrowBar, 4);
+    EXPECT_EQ(all(), "oooo. oooO oooo.... oo..");
+    EXPECT_EQ(tools.DrawMode(), "Crop");
+    tools.press(ToolBar::ArrowBar, 4);
+    EXPECT_EQ(all(), "oooo. oooO oooo.... oo..");
+    EXPECT_EQ(told, 3);
+}
+
+TEST_F(Tools, PalettesFloatDockAndHide) {
+    Palettes& palettes = tools.palettes;
+    std::vector<Palette> placed;
+    palettes.atPointer = [&](Palette palette) { placed.push_back(palette); };
+    EXPECT_FALSE(palettes.isBandShown(Palette::NodeForm));
+    tools.canvasFocused(design);
+    EXPECT_TRUE(palettes.isBandShown(Palette::NodeForm) && palettes.isBandShown(Palette::EdgeForm));
+
+    palettes.toggle(Palette::NodeForm);
+    EXPECT_TRUE(palettes.NodeFormActive() && !palettes.EdgeFormActive());
+    EXPECT_TRUE(palettes.isPaletteShown(Palette::NodeForm) && !palettes.isBandShown(Palette::NodeForm));
+    palettes.minimize(true);
+    EXPECT_FALSE(palettes.isPaletteShown(Palette::NodeForm));
+    EXPECT_TRUE(palettes.NodeFormActive());
+    palettes.minimize(false);
+    EXPECT_TRUE(palettes.isPaletteShown(Palette::NodeForm));
+    palettes.dock(Palette::NodeForm, DockSide::left);
+    EXPECT_TRUE(palettes.isBandShown(Palette::NodeForm));
+    palettes.dock(Palette::NodeForm, DockSide::none);
+    EXPECT_EQ(palettes.side(Palette::NodeForm), DockSide::left);
+    palettes.close(Palette::NodeForm);
+    EXPECT_TRUE(palettes.isBandShown(Palette::NodeForm));
+
+    // A band dragged out is placed once, by whoever sees the pointer first.
+    palettes.startDrag(Palette::EdgeForm);
+    tools.pictureReached();
+    EXPECT_FALSE(palettes.EdgeFormActive());
+    palettes.drop();
+    EXPECT_TRUE(palettes.ToolChange());
+    tools.pictureReached();
+    tools.pictureReached();
+    EXPECT_TRUE(palettes.EdgeFormActive() && !palettes.ToolChange() && !palettes.MoveBand());
+    EXPECT_EQ(placed, std::vector{Palette::EdgeForm});
+    tools.setEmptyState();
+    EXPECT_FALSE(palettes.isBandShown(Palette::NodeForm));
+}
+
+TEST_F(Tools, WalkFollowsRowsAndColumns) {
+    EXPECT_EQ(walk(design, Direction::right), nullptr);
+    struct Row {
+        const char* name;
+        float left, top;
+    };
+    for (const Row& row : {Row{"a", 0, 0}, Row{"b", 3000, 300}, Row{"c", 1500, 3000}, Row{"d", 9000, 0}}) {
+        design.Labels.Add(row.left, 1050, row.top, 450, row.name, canvas::NodeTypeRecordSet);
+    }
+    using enum Direction;
+    for (const auto& [direction, name] :
+         {std::pair{right, "a"}, {right, "b"}, {right, "d"}, {right, ""}, {left, "b"}, {down, "c"}, {up, "b"}}) {
+        const canvas::LabelsD* node = walk(design, direction);
+        EXPECT_EQ(node ? node->KeyName() : "", name);
+        EXPECT_EQ(design.SelectedLabels.Count(), 1);
+    }
+    selectAllNodes(design);
+    EXPECT_EQ(design.SelectedLabels.Count(), 4);
+}
+
+}  // namespace
+}  // namespace orvent::shell

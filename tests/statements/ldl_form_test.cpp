@@ -1,0 +1,220 @@
+#include "testkit/model_text.h"
+#include "wizard_fixture.h"
+
+namespace orvent::statements {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+class LDLFormTest : public WizardTest {};
+
+class Dialog : public ActivityDialog {
+  public:
+    void setEnabled(bool enabled) override { log += enabled ? "on " : "off "; }
+    void activityBuilt() override { log += "built "; }
+    void setStatement(const std::string& text) override { log += "\"" + text + "\" "; }
+    std::string log;
+};
+
+std::string buttons(const LDLForm& form) {
+    std::string enabled;
+    for (const auto& [button, name] : {std::pair{LDLButton::cmdPrev, "prev "},
+                                       {LDLButton::cmdNext, "next "},
+                                       {LDLButton::cmdGenerateLDL, "generate "},
+                                       {LDLButton::cmdCreateAct, "create "},
+                                       {LDLButton::cmdOK, "ok "}}) {
+        enabled += form.isEnabled(button) ? name : "";
+        EXPECT_EQ(form.whyDisabled(button).empty(), form.isEnabled(button)) << name;
+    }
+    return enabled;
+}
+
+TEST_F(LDLFormTest, OpensAndClosesAroundTheGraph) {
+    activity->Act_Outputs->Add("GENERATED", 0, 15, "GENERATED").ParentKeyName = "Act";
+    activity->Act_Outputs->Add("TYPES", 0, 7, "TYPES").ParentKeyName = "Act";
+    const std::string before = testkit::modelText(form);
+    Dialog dialog;
+    for (ActivityDialog* from : {static_cast<ActivityDialog*>(nullptr), static_cast<ActivityDialog*>(&dialog)}) {
+        run(
+            "  text\n",
+            [&](LDLForm& open) {
+                EXPECT_EQ(form.Enabled, from != nullptr);
+                EXPECT_EQ(open.txtTemplate, "text");
+                EXPECT_EQ(open.OutputsView.Count(), 1) << "generated outputs do not count";
+                EXPECT_EQ(open.Sources.Count(), 1);
+                EXPECT_EQ(graph.attribute("SRC.ID").ProviderFor.count(), from ? 1 : 0)
+                    << "out of the graph; beyond the copy of a dialog nothing is in reach";
+                EXPECT_EQ(buttons(open), "");
+                EXPECT_FALSE(open.Visible.frameVar);
+                open.cmdGenerateLDL();
+                open.cmdOK();
+                EXPECT_TRUE(open.isOpen()) << "a grey button does nothing";
+                open.cmdCancel();
+            },
+            from);
+        EXPECT_EQ(testkit::modelText(form), before);
+    }
+    EXPECT_EQ(dialog.log, "off on ");
+
+    activity->Act_Type = -1;
+    ports.messages.expect("Please set the activity's type!!");
+    run("@X", [](LDLForm&) { FAIL() << "opened without a type"; });
+}
+
+TEST_F(LDLFormTest, TemplateWithoutVariablesAsksBeforeItCloses) {
+    const std::string question =
+        "The Activity's Generation Has Not Been Completed.\r\nAre You Sure You Want To Close This Window?";
+    Dialog dialog;
+    run(
+        "a_out",
+        [&](LDLForm& open) {
+            open.txtTemplate = "a_out(A_OUT_1)";
+            open.cmdParseLDL();
+            EXPECT_EQ(buttons(open), "generate create ok ");
+            EXPECT_FALSE(open.Visible.steps || open.Visible.frameVar);
+            open.cmdGenerateLDL();
+            EXPECT_EQ(open.txtTemplate, "act_out(Act_OUT_OUT)");
+            ports.messages.expect(question, "", Icon::warning, Buttons::okCancel, Answer::cancel);
+            open.cmdOK();
+            EXPECT_TRUE(open.isOpen());
+            ports.messages.expect(question, "", Icon::warning, Buttons::okCancel, Answer::ok);
+            open.cmdOK();
+            EXPECT_FALSE(open.isOpen());
+        },
+        &dialog);
+    EXPECT_EQ(activity->Act_LDL, "act_out(Act_OUT_OUT)");
+    EXPECT_TRUE(activity->Changed);
+    EXPECT_EQ(dialog.log, "off \"act_out(Act_OUT_OUT)\" on ");
+
+    dialog.log.clear();
+    ports.messages.expect("Activity Created", "", Icon::information);
+    run(
+        "same",
+        [](LDLForm& open) {
+            open.cmdParseLDL();
+            open.cmdCreateAct();
+            open.cmdOK();
+        },
+        &dialog);
+    EXPECT_EQ(dialog.log, "off built \"same\" on ") << "nothing is asked once the activity is created";
+}
+
+TEST_F(LDLFormTest, StepsThroughTheVariables) {
+    run("@A @B[1] @A", [&](LDLForm& open) {
+        open.cmdParseLDL();
+        EXPECT_EQ(buttons(open), "next ");
+        EXPECT_EQ(open.progressText(), "Variable 1 of 2: @A");
+        EXPECT_EQ(open.hint(), "Choose what @A stands for.");
+        EXPECT_EQ(open.marks, (std::vector<LDLMark>{{0, 2}, {9, 2}}));
+        open.cmdNext();
+        EXPECT_EQ(buttons(open), "prev ") << "the first one is not defined";
+        EXPECT_EQ(open.whyDisabled(LDLButton::cmdGenerateLDL), "Not defined yet: @A.");
+        EXPECT_EQ(open.marks, (std::vector<LDLMark>{{3, 5}}));
+        EXPECT_EQ(open.frameValueCaption, "Value Of  ");
+        EXPECT_TRUE(open.Visible.arrayOptions && !open.Visible.scalarOptions);
+        open.cmdPrev();
+        EXPECT_EQ(buttons(open), "next ");
+        open.chooseKind(VarParameter);
+        EXPECT_EQ(open.hint(), "Choose where the value comes from: an input, a record set's attribute or a constant.");
+        open.chooseKind(VarParameterArray);
+        EXPECT_EQ(open.kind, VarParameter) << "a scalar has no array kind";
+        open.cmdNext();
+        EXPECT_EQ(buttons(open), "prev generate ") << "the last one need not be defined";
+        open.cmdGenerateLDL();
+        EXPECT_EQ(open.txtTemplate,
+                  "!! \"A\" Has Not Been Declared!! !! \"B\" Has Not Been Declared!![1] "
+                  "!! \"A\" Has Not Been Declared!!");
+        EXPECT_EQ(buttons(open), "prev generate create ");
+        open.cmdParseLDL();
+        EXPECT_EQ(buttons(open), "next ");
+        EXPECT_EQ(open.txtTemplate, "@A @B[1] @A") << "all is lost, and starts over";
+        EXPECT_EQ(open.kind, VarUndefined);
+        open.cmdCancel();
+    });
+    EXPECT_EQ(activity->Act_LDL, "");
+
+    run("@X @Y[", [&](LDLForm& open) {
+        ports.messages.expect("The bracket behind \"@Y\" is not closed.");
+        open.cmdParseLDL();
+        EXPECT_EQ(open.Variables.Count(), 2);
+        open.cmdCancel();
+    });
+}
+
+TEST_F(LDLFormTest, PanelKeepsWhatWasChosen) {
+    run("@In @Fld @Con @Rs @Fun @Res @Out @Arr[1] @Os[1]", [&](LDLForm& open) {
+        open.cmdParseLDL();
+        EXPECT_EQ(open.listInputs.items, (std::vector<std::string>{"a_in1"}));
+        EXPECT_EQ(open.listRS.items, (std::vector<std::string>{"SRC", "LOOKUP"}));
+        EXPECT_EQ(open.listDataTypes.items, (std::vector<std::string>{"NUMBER", "VARCHAR2"}));
+        const std::vector<std::pair<LDLVariableType, std::string>> kinds = {
+            {VarParameter, "in 0 1"},  {VarFunctionParameter, "rs LOOKUP 0"},
+            {VarParameter, "const k"}, {VarRecordSet, "SRC"},
+            {VarFunction, "Mult"},     {VarFunctionOutput, ""},
+            {VarOutput, "In"},         {VarParameterArray, ""},
+            {VarOutputArray, ""}};
+        for (const auto& [kind, answer] : kinds) {
+            defineCurrent(open, kind, answer,
+                          kind == VarParameterArray ? std::vector<std::string>{"in 0 0", "const z"}
+                          : kind == VarOutputArray  ? std::vector<std::string>{}
+                                                    : std::vector<std::string>{answer});
+            EXPECT_EQ(open.kind, kind);
+            if (kind != VarOutputArray) {
+                EXPECT_EQ(open.hint(), "Complete. Go on to the next variable.");
+                open.cmdNext();
+            }
+        }
+        EXPECT_EQ(open.listLDLvars.items, (std::vector<std::string>{"In", "Con", "Res", "Arr"}))
+            << "parameters and the function's output, no function parameter";
+        EXPECT_EQ(open.hint(), "Set the number of elements.");
+        open.UpDownArity_Down();
+        open.UpDownArity_Up();
+        open.selectArrity(0);
+        EXPECT_EQ(open.frameValueCaption, "Value Of  Os[1]");
+        open.selectLDLvar(0);
+        EXPECT_FALSE(open.Visible.listLDLSubVars) << "a scalar has no elements to choose from";
+        open.selectLDLvar(3);
+        EXPECT_EQ(open.listLDLSubVars.items, (std::vector<std::string>{"[1]", "[2]"}));
+        EXPECT_EQ(open.hint(), "Select the element of Arr that regulates it.");
+        open.selectLDLSubVar(1);
+        EXPECT_EQ(open.hint(), "Generate the statement.");
+
+        open.cmdPrev();
+        EXPECT_EQ(open.progressText(), "Variable 8 of 9: @Arr, an array of 2 elements");
+        open.selectArrity(0);
+        EXPECT_EQ(open.value, RegInput);
+        EXPECT_EQ(open.listInputAttributes.Text(), "1(ID)");
+        open.selectArrity(1);
+        EXPECT_EQ(open.txtConst, "z");
+        open.UpDownArity_Up();
+        EXPECT_EQ(open.hint(), "Select element 3 in the list and give its value.");
+        open.selectArrity(2);
+        open.UpDownArity_Down();
+        EXPECT_EQ(open.ArrayPosition, 0);
+        open.cmdPrev();
+        EXPECT_EQ(open.listLDLvars.Text(), "In");
+        open.cmdPrev();
+        EXPECT_EQ(open.listDataTypes.Text(), "NUMBER");
+        open.cmdPrev();
+        EXPECT_EQ(open.txtFunctionName, "Mult");
+        open.cmdPrev();
+        EXPECT_EQ(open.listRS.Text(), "SRC");
+        EXPECT_TRUE(open.Visible.listRS && !open.Visible.valueOptions && !open.Visible.txtConst);
+        open.cmdPrev();
+        EXPECT_EQ(open.txtConst, "k");
+        open.cmdPrev();
+        EXPECT_EQ(open.listRSattributes.Text(), "KEY");
+        open.selectRS(-1);
+        open.cmdNext();
+        EXPECT_EQ(open.Variables.Item("Fld")->RegulatedFrom, -1) << "an empty choice is stored as -1";
+        open.cmdPrev();
+        open.cmdPrev();
+        EXPECT_EQ(open.listInputAttributes.Text(), "2(AGE)");
+        open.cmdCancel();
+    });
+}
+
+}  // namespace
+}  // namespace orvent::statements

@@ -1,0 +1,178 @@
+#include "ldl_generator_fixture.h"
+#include "platform/fault.h"
+
+namespace orvent::statements {
+namespace {
+
+TEST_F(LDLGeneratorTest, WorkedExample) {
+    array("X", VarOutputArray, {"a"});
+    define("F", VarFunction, "Check");
+    EXPECT_EQ(
+        generator().GenerateLDL("a_out(@X[1],A_OUT_1)<-a_in1(A_IN1_1,A_IN1_2),[i<arityOf(a_in1)+1]{@F(A_IN1_$i$)}."),
+        "checkAge_out(CheckAge_OUT_X_1,CheckAge_OUT_ID)<-checkAge_in1(CheckAge_IN1_AU_ID,CheckAge_IN1_AGE),"
+        "check(CheckAge_IN1_AU_ID)check(CheckAge_IN1_AGE).");
+    EXPECT_EQ(generator().GenerateLDL("plain(text) <- stays, as. it {is}."), "plain(text) <- stays, as. it {is}.");
+}
+
+TEST_F(LDLGeneratorTest, Loops) {
+    constant("N", "3");
+    constant("BIG", "99999");
+    array("A", VarParameterArray, {"x", "y"});
+    struct Case {
+        const char* text;
+        const char* expected;
+        const char* why;
+    };
+    const std::vector<Case> cases = {
+        {"[i<3]{x$I$}", "x1x2", "the loop variable matches in any case"},
+        {"a[i<1]{x}b", "ab", "a loop that runs to 0 leaves nothing"},
+        {"[0<i<3]{x$i$}", "x1x2", "the lower bound is left out"},
+        {"[ 1 < i < 2 + 3 ]{$i$}", "234", "blanks around the parts are trimmed"},
+        {"[i=2]{x$i$}", "x2", "an equal sign runs once"},
+        {"[i=2<4]{$i$}", "$i$$i$$i$", "a less-than sign takes precedence: the variable is called \"i=2\""},
+        {"[=5]{x$$}", "x5", "the loop variable may have no name"},
+        {"[i<3]{[j<$i$+1]{$i$.$j$ }}", "1.1 2.1 2.2 ", "an inner header may use the outer variable"},
+        {"[i=1]{a}-[i=1]{a}", "a-a", "equal loops are replaced together"},
+        {"[i<$k$+1]{x}[k<3]{[i<$k$+1]{x}}", "", "so an inner one goes before its outer one was expanded"},
+        {"@A[1][2]", "@A[1][2]", "brackets without a sign are no loop"},
+        {"[i<3] words {x}", "xx", "what stands between header and body is lost"},
+        {"[i<3", "CRITICAL ERROR AT POSITION: 0A bracket is not closed.", "no bracket follows"},
+        {"{[i<3}]", "{[i<3}]", "no brace follows: no loop"},
+        {"[i<3{x}", "[i<3{x}", "a header that is not closed inside its loop is none"},
+        {"[i<3]{x", "[i<3]{x", "a body that is not closed is none"},
+        {"[i<arityOf(a_out)+1]{o}", "oo", "the activity's outputs"},
+        {"[i<arityof( A_OUT )+1]{o}", "oo", "in any case"},
+        {"[i<arityOf(a_in2)+1]{i}", "i", "the attributes of a source"},
+        {"[i<arityOf(a_in12)+1]{i}", "", "a source has one digit; this is taken for an array variable _in12"},
+        {"[i<arityOf(a_in9)+1]{i}", "", "there is no such source"},
+        {"[i<arityOf(@A)+1]{e}", "ee", "the elements of an array"},
+        {"[i<arityOf(*A)+1]{e}", "ee", "the first character of the argument is dropped whatever it is"},
+        {"[i<arityOf(@N)+1]{e}", "", "a scalar has no elements"},
+        {"[i<@N+1]{n}", "nnn", "a constant parameter as a number"},
+        {"[i<@BIG+1]{n}", "", "beyond 16 bits it is no number"},
+        {"[i<5-2+1]{n}", "nnn", "terms from left to right"},
+        {"[i<-5+9]{n}", "", "the empty term before a leading minus ends the bound at 0"},
+        {"[i<4+x+9]{n}", "nnn", "so does any term that is no number: the value reached so far counts"},
+        {"[i<1.5]{n}", "", "a fraction is no number"},
+        {"[32767<i<2]{n}", "", "a bound beyond 16 bits: the loop disappears"},
+        {"[i=$x$]{n}", "n", "no number is 0"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(generator().ExpandLoops(c.text), c.expected) << c.text << "\n" << c.why;
+    }
+    EXPECT_EQ(generator().ParseLoopHeader("[nothing]").Operator, "ERROR");
+    EXPECT_EQ(generator().ParseLoopHeader("[i<0-32767-1]").Operator, "ERROR");
+    EXPECT_EQ(LDLGenerator::SplitArityExpression("1-2+3"), (std::vector<std::size_t>{0, 2, 4, 6}));
+}
+
+TEST_F(LDLGeneratorTest, Variables) {
+    constant("X", "ab");
+    constant("X2", "never");
+    define("U", VarUndefined);
+    define("P", VarParameter);
+    define("IN", VarFunctionParameter, "1", 0, RegInput);
+    define("NOTHING", VarParameter, "-1", -1, RegInput);
+    define("WORDS", VarParameter, "one", 0, RegInput);
+    define("FIELD", VarParameter, "AUTHORS", 1, RegRecordSetField);
+    define("GONE", VarParameter, "AUTHORS", 2, RegRecordSetField);
+    define("RS", VarRecordSet, "AUTHORS");
+    define("F", VarFunction, "Mult");
+    define("NONAME", VarFunction, "");
+    define("Result", VarFunctionOutput, "", 0);
+    define("Out", VarOutput, "X");
+    array("A", VarParameterArray, {"x", "", "z"});
+    array("Os", VarOutputArray, {"", ""});
+    struct Case {
+        const char* text;
+        const char* expected;
+        const char* why;
+    };
+    const std::vector<Case> cases = {
+        {"@X,@X2.", "AB,AB2.", "a name that begins with another one is replaced with it"},
+        {"@U @UX", "!! \"U\" Has Not Been Declared!! !! \"U\" Has Not Been Declared!!X", "a kind is missing"},
+        {"@P", "!! \"P\" Has Not Been Declared!!", "a value is missing"},
+        {"@IN @NOTHING", "A_IN2_1 A_IN0_0", "an input is a token for the third pass; nothing chosen gives 0"},
+        {"@X@WORDS@X", "AB@WORDSAB", "a source that is no number stops the pass; what was found before holds"},
+        {"@FIELD @GONE", "AUTHORS_AGE @GONE", "a record set's attribute; one that is gone stops the pass"},
+        {"@RS @F @Result", "aUTHORS mult RESULT", "names begin in lower case, the function's output is in upper case"},
+        {"@NONAME @X", "@NONAME @X", "an empty name stops the pass"},
+        {"@Out @Os[2]", "CheckAge_OUT_OUT CheckAge_OUT_OS_2", "outputs"},
+        {"@A[1]@A[ 3 ]", "XZ", "the index is trimmed"},
+        {"@A[2]", "!! \"A[2]\" Has Not Been Declared!!", "the element is named by its token"},
+        {"@A[4] @X", "@A[4] @X", "beyond the array's size the pass stops"},
+        {"@A[$i$] @X", "@A[$i$] @X", "an index that is no number, too"},
+        {"@A, b[1] @A, b[1]", "X X", "without brackets behind it the next ones are taken"},
+        {"@A] [1]", "@A] [1]", "if they come in order"},
+        {"@Z @X", "@Z @X", "an unknown name stops the pass"},
+        {"mail@ @X", "mail@ @X", "so does an \"@\" that stands alone"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(generator().ReplaceVariables(c.text), c.expected) << c.text << "\n" << c.why;
+    }
+    constant("TWICE", "q@X");
+    EXPECT_EQ(generator().ReplaceVariables("@TWICE"), "Q@X") << "what a replacement brings is passed over";
+    EXPECT_EQ(generator().ReplaceVariables("@TWICE @TWICE"), "QAB QAB") << "but not where it came up further on";
+    constant("", "e");
+    EXPECT_EQ(generator().ReplaceVariables("@ @X"), "E EX") << "without a name it stands for every \"@\"";
+}
+
+TEST_F(LDLGeneratorTest, ActivityNames) {
+    EXPECT_EQ(generator().ReplaceActivityNames("a_OUT_2 A_out A_in2_1 a_IN1 A_IN3"),
+              "CheckAge_OUT_FULL checkAge_out CheckAge_IN2_CITY checkAge_in1 A_IN3");
+    activity->Act_Name = "Data";
+    EXPECT_EQ(generator().ReplaceActivityNames("A_IN1_1"), "Datdata_in1_AU_ID")
+        << "a name that ends in \"a\" makes a token of its own";
+    for (int i = 3; i <= 10; ++i) {
+        sources.Add("S" + std::to_string(i));
+    }
+    EXPECT_EQ(generator().ReplaceActivityNames("A_IN10"), "datdata_in10") << "number 1 hits the head of number 10";
+}
+
+TEST_F(LDLGeneratorTest, FirstCapital) {
+    EXPECT_EQ(FirstCapitalReplacer("CheckAge"), "checkAge");
+    EXPECT_THROW(FirstCapitalReplacer(""), platform::Fault);
+}
+
+TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
+    constant("X", "@X@X");
+    constant("SELF", "@OTHER");
+    constant("OTHER", "@SELF");
+    array("A", VarParameterArray, {"x"});
+    EXPECT_LE(generator().ReplaceVariables("@X@X").size(), kMostCharacters);
+    std::string swapping;
+    for (int i = 0; i < 100'000; ++i) {
+        swapping += "@SELF";
+    }
+    EXPECT_LE(generator().ReplaceVariables(swapping).size(), kMostCharacters);
+    const std::string full = "CRITICAL ERROR AT POSITION: ";
+    EXPECT_EQ(generator().ExpandLoops("[i<30000]{[j<30000]{x}$i$}").substr(0, full.size()), full);
+}
+
+TEST_F(LDLGeneratorTest, ScannerFindsVariables) {
+    struct Case {
+        const char* text;
+        const char* found;
+    };
+    const std::vector<Case> cases = {
+        {"@X @X", "X"},         {"@a@b", "a b"},    {"@X[1] @X[$i$]", "X[]"}, {"@X, @X[1]", "X[]"},
+        {"@A[@B] @C", "A[] C"}, {"a @ b @x", " x"}, {"@A[] ] @B", "A[] B"},   {"[i<arityOf(@K)+1]{@K[$i$]}", "K[]"},
+    };
+    for (const Case& c : cases) {
+        LDLVariableCollection found;
+        scanTemplate(c.text, found);
+        std::string names;
+        for (const LDLVariable& variable : found) {
+            names += (variable.Index > 1 ? " " : "") + variable.VariableName + (variable.SubVariables ? "[]" : "");
+        }
+        EXPECT_EQ(names, c.found) << c.text;
+    }
+    LDLVariableCollection found;
+    EXPECT_THROW(scanTemplate("@A @B[1", found), platform::Fault);
+    EXPECT_EQ(found.Count(), 2);
+    found.Remove("A");
+    found.Remove("Z");
+    EXPECT_EQ(found.Item(1)->VariableName, "B");
+}
+
+}  // namespace
+}  // namespace orvent::statements
