@@ -158,6 +158,14 @@ class Tour {
 }  // namespace
 }  // namespace orvent::tour
 
+// What the platform without a screen cannot do is no news.
+static void quietHandler(QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.startsWith(QLatin1String("This plugin does not support")) &&
+        !message.startsWith(QLatin1String("QStandardPaths:"))) {
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+    }
+}
+
 int main(int argc, char* argv[]) {
     using namespace orvent;
     if (argc != 2) {
@@ -167,6 +175,7 @@ int main(int argc, char* argv[]) {
     const tour::fs::path folder = argv[1];
     tour::fs::remove_all(folder);
     tour::fs::create_directories(folder);
+    qInstallMessageHandler(quietHandler);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qt::Application application(argc, argv);
     qt::Theme theme(qt::ThemeMode::light);

@@ -74,8 +74,8 @@ double repaintAll(Subject& subject) {
     });
 }
 
-double pan(Subject& subject, const Graph& graph) {
-    subject.showNode(graph.star);
+double pan(Subject& subject, std::int32_t number) {
+    subject.showNode(number);
     settle();
     QScrollBar* bar = subject.area().horizontalScrollBar();
     return median(2 * kRuns, [&] {
@@ -158,23 +158,28 @@ double cropStep(Ours& ours, const Graph& graph) {
     return time;
 }
 
-double zoomStep(Ours& ours) {
+double zoomStep(Ours& ours, std::int32_t number) {
     constexpr double kStep = 1.25;
     ours.showAll();
     settle();
     double slowest = 0;
     for (double scale = ours.view().scale(); scale <= 1; scale *= kStep) {
         const auto out = [&] {
-            ours.view().setScale(scale / kStep);
+            ours.view().setScale(scale / kStep, ours.pixelOf(number));
             settle();
         };
         const auto in = [&] {
-            ours.view().setScale(scale);
+            ours.view().setScale(scale, ours.pixelOf(number));
             settle();
         };
         slowest = std::max(slowest, median(9, in, out));
     }
     return slowest;
+}
+
+void hideBars(Subject& subject) {
+    subject.area().setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    subject.area().setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 }  // namespace orvent::bench

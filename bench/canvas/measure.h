@@ -19,14 +19,17 @@ double heapBytes();
 // Each gives milliseconds.
 double openToPicture(const std::function<std::unique_ptr<Subject>()>& make);
 double repaintAll(Subject& subject);
-double pan(Subject& subject, const Graph& graph);
+/// One notch of the wheel.
+double pan(Subject& subject, std::int32_t number);
 double dragStep(Subject& subject, std::int32_t number);
 double drop(Subject& subject, std::int32_t number, int runs);
 /// One test, anywhere in what is seen now.
 double hitTest(Subject& subject);
 double selectAll(Subject& subject);
 double cropStep(Ours& ours, const Graph& graph);
-/// The slowest of the scales between the whole picture and 1:1.
-double zoomStep(Ours& ours);
+/// One step nearer at that node, at the slowest of the scales between the whole picture and 1:1.
+double zoomStep(Ours& ours, std::int32_t number);
+/// Scroll bars cost more to paint than all else of a step, and the same on every view.
+void hideBars(Subject& subject);
 
 }  // namespace orvent::bench

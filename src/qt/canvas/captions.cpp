@@ -57,6 +57,7 @@ QString wrapped(const QString& words, const QFont& font, QSizeF room, bool& elid
 
 void CaptionCache::setFont(const QFont& base) {
     base_ = base;
+    fonts_.clear();
     entries_.clear();
 }
 
@@ -64,6 +65,19 @@ void CaptionCache::trim() {
     if (entries_.size() > kMostCaptions) {
         entries_.clear();
     }
+}
+
+const QFont& CaptionCache::fontFor(CaptionForm form, int pixels) {
+    const auto [found, isNew] = fonts_.try_emplace({form, pixels}, base_);
+    QFont& font = found->second;
+    if (isNew) {
+        font.setPixelSize(pixels);
+        if (form == CaptionForm::strongLine) {
+            font.setBold(true);
+            font.setLetterSpacing(QFont::PercentageSpacing, 108);
+        }
+    }
+    return font;
 }
 
 const CaptionCache::Caption& CaptionCache::caption(std::int32_t index, std::string_view text, CaptionForm form,
@@ -75,13 +89,8 @@ const CaptionCache::Caption& CaptionCache::caption(std::int32_t index, std::stri
     }
     entry = Entry{{}, hash, room, scale};
     Caption& caption = entry.caption;
-    caption.font = base_;
     const double pixels = form == CaptionForm::paragraph ? kParagraphPixels : kLinePixels;
-    caption.font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels * scale))));
-    if (form == CaptionForm::strongLine) {
-        caption.font.setBold(true);
-        caption.font.setLetterSpacing(QFont::PercentageSpacing, 108);
-    }
+    caption.font = fontFor(form, std::max(1, static_cast<int>(std::lround(pixels * scale))));
     const QString words = flattened(text);
     QString shown;
     if (form == CaptionForm::paragraph) {

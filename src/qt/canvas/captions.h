@@ -3,8 +3,10 @@
 #include <QFont>
 #include <QStaticText>
 #include <cstdint>
+#include <map>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace orvent::qt {
 
@@ -44,7 +46,11 @@ class CaptionCache {
         double scale = 0;
     };
 
+    /// The font of a form at that size. Captions share it, since the toolkit looks a font up once for all its copies.
+    const QFont& fontFor(CaptionForm form, int pixels);
+
     QFont base_;
+    std::map<std::pair<CaptionForm, int>, QFont> fonts_;
     std::unordered_map<std::int32_t, Entry> entries_;
 };
 

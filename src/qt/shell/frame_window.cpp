@@ -49,8 +49,6 @@ FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
       endAtOnce_(std::move(endAtOnce)),
       commands_([this](shell::Command command) { run(command); }, nullptr) {
     setObjectName(QStringLiteral("MDIForm1"));
-    buildCommands();
-    buildCentre();
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
     statusBar()->setSizeGripEnabled(false);
     whoAndWhere_ = new QLabel(this);
@@ -58,7 +56,6 @@ FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
     whoAndWhere_->setTextFormat(Qt::PlainText);
     whoAndWhere_->setForegroundRole(QPalette::PlaceholderText);
     whoAndWhere_->setContentsMargins(Spacing::gap, 2, Spacing::gap, 2);
-    showTitle();
 }
 
 FrameWindow::~FrameWindow() {
@@ -68,14 +65,25 @@ FrameWindow::~FrameWindow() {
 void FrameWindow::attach(shell::MDIForm1& logic) {
     logic_ = &logic;
     statusBar()->addPermanentWidget(whoAndWhere_);  // at the right of what a progress display has put there
-    tools_->attach(&logic.tools());
-    commandsChanged();
 }
 
 void FrameWindow::detach() {
-    area_->dropAll();
-    tools_->attach(nullptr);
+    if (area_) {
+        area_->dropAll();
+        tools_->attach(nullptr);
+    }
     logic_ = nullptr;
+}
+
+// Only when the frame is placed, behind the login: the login window is to appear at once.
+void FrameWindow::build() {
+    if (area_) {
+        return;
+    }
+    buildCommands();
+    buildCentre();
+    tools_->attach(&logic_->tools());
+    commandsChanged();
 }
 
 void FrameWindow::buildCommands() {
@@ -131,7 +139,7 @@ void FrameWindow::dropScenario(canvas::DrawForm& form) {
 }
 
 canvas::DrawForm* FrameWindow::activeScenario() {
-    return area_->activeScenario();
+    return area_ ? area_->activeScenario() : nullptr;
 }
 
 void FrameWindow::changeView(shell::ViewChange change) {
@@ -189,6 +197,7 @@ void FrameWindow::runAbout() {
 }
 
 void FrameWindow::placeFrame(int left, int top, int width, int height) {
+    build();
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     constexpr int twips = 15;  // of a pixel
     QRect place(left / twips, top / twips, width / twips, height / twips);
@@ -205,7 +214,7 @@ void FrameWindow::placePalette(shell::Palette palette) {
 }
 
 void FrameWindow::enableFrame(bool enabled) {
-    if (enabled == takesInput_) {
+    if (!area_ || enabled == takesInput_) {
         return;
     }
     takesInput_ = enabled;
@@ -222,7 +231,7 @@ void FrameWindow::enableFrame(bool enabled) {
 }
 
 void FrameWindow::commandsChanged() {
-    if (!logic_) {
+    if (!logic_ || !area_) {
         return;
     }
     commands_.refresh(*logic_);

@@ -64,6 +64,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
   private:
     static void leaveProcess();
 
+    void build();
     void buildCommands();
     void buildCentre();
     void run(shell::Command command);
