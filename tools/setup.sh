@@ -3,17 +3,25 @@
 
 say() { printf '== %s\n' "$*"; }
 
-# need_packages KIND...: installs the packages of those kinds that packages.txt names and the machine lacks.
-need_packages() {
-    local missing=() package kind wanted
+# missing_packages KIND...: the packages of those kinds that packages.txt names and the machine lacks.
+missing_packages() {
+    local package kind wanted
     while read -r package kind _; do
         case "$package" in '' | \#*) continue ;; esac
         for wanted in "$@"; do
             if [ "$kind" = "$wanted" ] && ! dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed'; then
-                missing+=("$package")
+                echo "$package"
             fi
         done
     done <packages.txt
+}
+
+have_packages() { [ -z "$(missing_packages "$@")" ]; }
+
+# need_packages KIND...: installs what is missing of those kinds.
+need_packages() {
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -eq 0 ] && return 0
     say "installing ${missing[*]}"
     local apt=(env DEBIAN_FRONTEND=noninteractive apt-get)
