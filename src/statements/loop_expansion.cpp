@@ -235,8 +235,12 @@ std::string LDLGenerator::ExpandLoop(std::string_view span) const {
         splitBody(span.substr(open, span.size() - 1 - open), header.LoopVariable);
     const auto times = static_cast<std::size_t>(std::max(0, header.To - header.From + 1));
     constexpr std::size_t kDigits = 5;
+    std::size_t round = (parts.size() - 1) * kDigits;
+    for (const std::string_view part : parts) {
+        round += part.size();
+    }
     std::string result;
-    result.reserve(std::min(kMostCharacters, times * (span.size() - open + parts.size() * kDigits)));
+    result.reserve(std::min(kMostCharacters, times * round));
     for (int i = header.From; i <= header.To; ++i) {
         const std::string value = std::to_string(i);
         result += parts.front();

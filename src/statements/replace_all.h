@@ -16,7 +16,7 @@ class WorkLimit {
     void spendSearch(std::size_t bytes) { spend(bytes / 16 + 500); }
 
   private:
-    std::size_t left_ = 500'000'000;
+    std::size_t left_ = 100'000'000;
 };
 
 /// Replaces every occurrence of `from`, which is not empty, from left to right. A result beyond `kMostCharacters` is a
