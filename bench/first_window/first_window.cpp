@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -37,7 +38,7 @@ int runBare(int argc, char* argv[]) {
     QMainWindow window;
     auto* area = new QMdiArea(&window);
     window.setCentralWidget(area);
-    area->addSubWindow(new QWidget);
+    area->addSubWindow(new QWidget)->setWindowTitle(QStringLiteral("Scenario1"));
     window.show();
     return QApplication::exec();
 }
@@ -71,6 +72,9 @@ double median(std::vector<double> values) {
 }
 
 int compare(int argc, char* argv[]) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     const QCoreApplication application(argc, argv);
     const QTemporaryDir home;
     const QStringList ours = {"program", home.path()};
