@@ -89,6 +89,11 @@ class LinesD {
     /// The image of the end handle, empty when the edge has no arrow head.
     std::string_view arrowImage() const { return arrow_; }
 
+    /// The image of the start handle: the mark of a part-of edge, else empty.
+    std::string_view startImage() const {
+        return edgeType_ == EdgeTypePartOf ? std::string_view("PartOfStart") : std::string_view();
+    }
+
     /// Numbers of the three handles.
     std::int32_t StartBox() const { return 3 * index_ - 2; }
     std::int32_t MidBox() const { return 3 * index_ - 1; }

@@ -67,20 +67,22 @@ class PlainExpansion {
             }
             return;
         }
-        const std::string span = text_.substr(at_, static_cast<std::size_t>(length));
-        const std::size_t close = span.find(']');
+        const std::string_view seen = std::string_view(text_).substr(at_, static_cast<std::size_t>(length));
+        const std::size_t close = seen.find(']');
         if (close == kNone) {
             ++at_;
             return;
         }
-        if (!isLoopHead(std::string_view(span).substr(0, close + 1))) {
+        if (!isLoopHead(seen.substr(0, close + 1))) {
             at_ += close + 1;
             return;
         }
+        const std::string span(seen);
         // The place stays, so that what came out is looked at again.
         const std::string expansion = generator_.ExpandLoop(span);
         limit_.spend(expansion.size() + span.size());
         replaceAll(text_, span, expansion, limit_);
+        limit_.spend(text_.size());  // its braces are looked for anew
         spans_ = SpanFinder(text_);
     }
 

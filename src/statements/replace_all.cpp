@@ -24,6 +24,12 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to, W
     if (hit == std::string::npos || from == to) {
         return;
     }
+    if (text.find(from, hit + from.size()) == std::string::npos) {
+        checkSize(text.size() - from.size() + to.size());
+        limit.spend(text.size() + to.size());
+        text.replace(hit, from.size(), to);
+        return;
+    }
     std::string result;
     std::size_t done = 0;
     for (; hit != std::string::npos; hit = text.find(from, done)) {

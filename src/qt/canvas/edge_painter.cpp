@@ -194,7 +194,7 @@ void EdgePainter::add(const canvas::LinesD& edge) {
         }
         addSegment(path[i], path[i + 1], colour, edge.BorderStyle, width);
     }
-    if (from && partOf) {
+    if (from && !edge.startImage().empty()) {
         addPartOfMark(edge, *from, colour);
     }
     if (to && !edge.arrowImage().empty()) {
