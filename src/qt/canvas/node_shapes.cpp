@@ -87,7 +87,7 @@ QPainterPath recordSetOutline(const QRectF& box, double) {
 
 QRectF recordSetRoom(const QRectF& box, double unit) {
     const double ry = lidRadius(box);
-    return box.adjusted(4 * unit, 2 * ry, -4 * unit, -ry * 0.4);
+    return box.adjusted(2 * unit, 2 * ry, -2 * unit, -ry * 0.4);
 }
 
 QPainterPath commentOutline(const QRectF& box, double unit) {
