@@ -29,8 +29,4 @@ std::string Dialect::setUp() const {
     return rules_ != nullptr ? std::string(rules_->setUp) : std::string();
 }
 
-bool Dialect::keepsWidths() const {
-    return rules_ == nullptr || rules_->keepsWidths;
-}
-
 }  // namespace orvent::odbc

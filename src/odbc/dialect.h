@@ -42,9 +42,6 @@ class Dialect {
     /// A statement to run on every new connection, or empty.
     std::string setUp() const;
 
-    /// True when a text column never holds more characters than it was declared for.
-    bool keepsWidths() const;
-
   private:
     const DialectRules* rules_;
     std::string user_;

@@ -119,7 +119,6 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "",
      .tableOptions = "",
      .keyWidth = 0,
-     .keepsWidths = false,
      // BIGINT and not INTEGER: an INTEGER key would take the place of the rowid, and with it the order of insertion.
      .types = {"VARCHAR", "TEXT", "BIGINT", "NUMERIC", "DOUBLE PRECISION", "TIMESTAMP"},
      .views = kSqliteViews},
@@ -139,7 +138,6 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "\"orvent_order\" BIGSERIAL",
      .tableOptions = "",
      .keyWidth = 0,
-     .keepsWidths = true,
      .types = {"VARCHAR", "TEXT", "BIGINT", "NUMERIC", "DOUBLE PRECISION", "TIMESTAMP"},
      .views = kPostgresViews},
     {.dbmsName = "MariaDB",
@@ -159,7 +157,6 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "`orvent_order` BIGINT NOT NULL AUTO_INCREMENT INVISIBLE UNIQUE",
      .tableOptions = " ENGINE=InnoDB ROW_FORMAT=DYNAMIC CHARACTER SET=utf8mb4 COLLATE=utf8mb4_nopad_bin",
      .keyWidth = 768,  // the 3072 bytes of a key, in characters of four bytes
-     .keepsWidths = true,
      .types = {"VARCHAR", "LONGTEXT", "BIGINT", "DECIMAL", "DOUBLE", "DATETIME"},
      .views = kMariaDbViews},
 };

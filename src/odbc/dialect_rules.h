@@ -44,8 +44,7 @@ struct DialectRules {
     std::string_view orderColumn;      ///< tells the order of insertion
     std::string_view orderDefinition;  ///< what a created table must get for it, or empty
     std::string_view tableOptions;
-    long keyWidth;     ///< the most characters of a text column in a key; 0 for no limit
-    bool keepsWidths;  ///< refuses a text longer than its column was declared for
+    long keyWidth;  ///< the most characters of a text column in a key; 0 for no limit
 
     TypeNames types;
     std::span<const CatalogueView> views;

@@ -1,6 +1,7 @@
 #include "odbc/rows.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -13,11 +14,11 @@ namespace {
 
 using platform::DatabaseError;
 
-constexpr SQLULEN kWidestBound = 4000;  // characters
-constexpr std::size_t kBytesOfCharacter = 4;
 constexpr std::size_t kMostRows = 64;
-constexpr std::size_t kBlockBytes = 512 * 1024;
-constexpr std::size_t kFirstAsk = 4096;  // bytes
+constexpr std::size_t kBlockBytes = 128 * 1024;
+constexpr std::size_t kFirstCell = 256;  // bytes
+constexpr std::size_t kWidestCell = 16 * 1024;
+constexpr std::size_t kFirstAsk = 4096;
 
 DatabaseError noNumber(std::string_view text) {
     return {"The value is not a number: " + std::string(text.substr(0, 100)), "22018", 0, false};
@@ -57,8 +58,14 @@ void Rows::open() {
 }
 
 void Rows::close() {
+    before_ = 0;
     fetched_ = 0;
     present_ = 0;
+    closeCursor();
+}
+
+/// As soon as all rows are fetched, since an open cursor may hold a lock.
+void Rows::closeCursor() {
     if (isOpen_) {
         isOpen_ = false;
         SQLFreeStmt(statement_, SQL_CLOSE);
@@ -68,20 +75,19 @@ void Rows::close() {
 void Rows::describe() {
     SQLSMALLINT count = 0;
     check(SQLNumResultCols(statement_, &count));
-    bool allBound = true;
-    std::size_t rowBytes = 1;
     for (SQLSMALLINT i = 1; i <= count; ++i) {
-        columns_.push_back(describeColumn(static_cast<SQLUSMALLINT>(i)));
-        allBound = allBound && columns_.back().width > 0;
-        rowBytes += columns_.back().width;
+        Column column;
+        column.number = static_cast<SQLUSMALLINT>(i);
+        column.type = typeOf(column.number);
+        column.width = column.type == SQL_C_CHAR ? kFirstCell : sizeof(SQLBIGINT);
+        columns_.push_back(std::move(column));
     }
     if (count > 0) {
-        block_ = allBound && keepsWidths_ ? std::clamp<std::size_t>(kBlockBytes / rowBytes, 1, kMostRows) : 1;
         bindColumns();
     }
 }
 
-Rows::Column Rows::describeColumn(SQLUSMALLINT number) {
+SQLSMALLINT Rows::typeOf(SQLUSMALLINT number) const {
     SQLCHAR name[2]{};
     SQLSMALLINT nameLength = 0;
     SQLSMALLINT type = 0;
@@ -89,37 +95,33 @@ Rows::Column Rows::describeColumn(SQLUSMALLINT number) {
     SQLSMALLINT digits = 0;
     SQLSMALLINT nullable = 0;
     check(SQLDescribeCol(statement_, number, name, sizeof name, &nameLength, &type, &size, &digits, &nullable));
-    Column column;
-    column.number = number;
-    column.type = boundType(type);
-    if (column.type != SQL_C_CHAR) {
-        column.width = sizeof(SQLBIGINT);
-    } else if (size > 0 && size <= kWidestBound) {
-        // Numbers that come as texts have a sign and a point besides their digits.
-        column.width = static_cast<std::size_t>(size) * kBytesOfCharacter + 3;
-    }
-    return column;
+    return boundType(type);
 }
 
 void Rows::bindColumns() {
+    std::size_t rowBytes = 0;
+    bool allBound = true;
+    for (const Column& column : columns_) {
+        rowBytes += column.width;
+        allBound = allBound && column.width > 0;
+    }
+    block_ = allBound ? std::clamp<std::size_t>(kBlockBytes / rowBytes, 1, kMostRows) : 1;
     SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(block_), 0);
     SQLSetStmtAttr(statement_, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0);
     for (Column& column : columns_) {
-        if (column.width == 0) {
-            continue;
+        if (column.width > 0) {
+            // Left without a value: of a cell only what is filled is ever touched.
+            column.cells = std::make_unique_for_overwrite<char[]>(column.width * block_);
+            column.lengths = std::make_unique<SQLLEN[]>(block_);
+        } else {
+            column.cells.reset();
         }
-        // Left without a value: of a wide cell only what is filled is ever touched.
-        column.cells = std::make_unique_for_overwrite<char[]>(column.width * block_);
-        column.lengths = std::make_unique<SQLLEN[]>(block_);
         check(SQLBindCol(statement_, column.number, column.type, column.cells.get(), static_cast<SQLLEN>(column.width),
-                         column.lengths.get()));
+                         column.cells ? column.lengths.get() : nullptr));
     }
 }
 
 bool Rows::fetch() {
-    if (!isOpen_) {
-        return false;
-    }
     for (Column& column : columns_) {
         column.asked = false;
     }
@@ -127,16 +129,41 @@ bool Rows::fetch() {
         ++present_;
         return true;
     }
+    before_ += fetched_;
     fetched_ = 0;
     present_ = 0;
+    if (!isOpen_) {
+        return false;
+    }
     const SQLRETURN outcome = SQLFetch(statement_);
     if (outcome == SQL_NO_DATA) {
-        close();  // at once, since an open cursor may hold a lock
+        fetched_ = 0;
+        closeCursor();
         return false;
     }
     check(outcome);
     fetched_ = std::max<SQLULEN>(fetched_, 1);
+    if (fetched_ < block_) {
+        closeCursor();
+    }
     return true;
+}
+
+/// Makes room for the present row's text, and reads up to that row again.
+void Rows::widen(Column& column) {
+    const SQLLEN needed = column.lengths[present_];
+    const std::size_t row = before_ + present_;
+    close();
+    const bool fits = needed >= 0 && static_cast<std::size_t>(needed) < kWidestCell;
+    column.width = fits ? std::bit_ceil(static_cast<std::size_t>(needed) + 1) : 0;
+    bindColumns();
+    check(SQLExecute(statement_));
+    isOpen_ = true;
+    for (std::size_t i = 0; i <= row; ++i) {
+        if (!fetch()) {
+            throw DatabaseError("A row was removed while it was read", "24000", 0, false);
+        }
+    }
 }
 
 Rows::Column& Rows::at(int column) {
@@ -155,23 +182,23 @@ SQLLEN Rows::length(Column& column) {
 }
 
 std::string_view Rows::characters(Column& column) {
-    const SQLLEN told = length(column);
-    if (told == SQL_NULL_DATA) {
-        return {};
+    while (column.width > 0) {
+        const SQLLEN told = column.lengths[present_];
+        if (told == SQL_NULL_DATA) {
+            return {};
+        }
+        if (told >= 0 && static_cast<std::size_t>(told) < column.width) {
+            return {column.cells.get() + present_ * column.width, static_cast<std::size_t>(told)};
+        }
+        widen(column);
     }
-    if (column.width > 0 && told >= 0 && static_cast<std::size_t>(told) < column.width) {
-        return {column.cells.get() + present_ * column.width, static_cast<std::size_t>(told)};
-    }
-    ask(column);  // cut off
+    ask(column);
     return column.whole;
 }
 
 void Rows::ask(Column& column) {
     if (column.asked) {
         return;
-    }
-    if (block_ > 1) {
-        throw DatabaseError("A text is longer than its column's declared width", "22001", 0, false);
     }
     column.whole.resize(kFirstAsk);
     std::size_t got = 0;

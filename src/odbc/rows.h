@@ -12,14 +12,16 @@ namespace orvent::odbc {
 
 /// The rows that an executed statement gives. Columns are numbered from 1.
 ///
-/// Numbers and texts of bounded width are bound to buffers that are described once and filled a block of rows at a
-/// time. Long texts, and texts beyond their declared width where a database lets them, are asked for cell by cell; then
-/// the block is one row.
+/// Columns are bound to buffers that are filled a block of rows at a time. What a column is declared for says little of
+/// its texts, and drivers fill a cell to its end; so cells begin narrow, and a text that does not fit makes its column
+/// wider: the statement is executed again and read up to the row at hand. Texts too long for any cell are asked for one
+/// by one; then the block is one row.
+///
+/// Until the last row is read the statement's parameters must stay as they were bound.
 class Rows {
   public:
-    /// `keepsWidths` tells that no text is longer than its column's declared width; `where` goes to faults.
-    Rows(SQLHANDLE statement, bool keepsWidths, const std::string& where)
-        : statement_(statement), keepsWidths_(keepsWidths), where_(where) {}
+    /// `where` goes to faults.
+    Rows(SQLHANDLE statement, const std::string& where) : statement_(statement), where_(where) {}
 
     /// Takes up the rows of the execution that just was.
     void open();
@@ -47,8 +49,10 @@ class Rows {
     };
 
     void describe();
-    Column describeColumn(SQLUSMALLINT number);
+    SQLSMALLINT typeOf(SQLUSMALLINT number) const;
     void bindColumns();
+    void closeCursor();
+    void widen(Column& column);
     Column& at(int column);
     SQLLEN length(Column& column);
     std::string_view characters(Column& column);
@@ -59,13 +63,13 @@ class Rows {
     Value cell(const Column& column) const;
 
     SQLHANDLE statement_;
-    bool keepsWidths_;
     const std::string& where_;
 
     bool described_ = false;
-    bool isOpen_ = false;
+    bool isOpen_ = false;  // there may be more rows than were fetched
     std::vector<Column> columns_;
     std::size_t block_ = 1;    // rows that one fetch may bring
+    std::size_t before_ = 0;   // rows that the fetches before the last one brought
     SQLULEN fetched_ = 0;      // rows that the last fetch brought
     std::size_t present_ = 0;  // the present row among them, from 0
 };

@@ -23,7 +23,7 @@ OdbcStatement::OdbcStatement(Session& session, Translation translation)
     : session_(session),
       translation_(std::move(translation)),
       handle_(session.link()),
-      rows_(handle_.get(), session.dialect().keepsWidths(), session.where()) {
+      rows_(handle_.get(), session.where()) {
     // Braces in a text are no business of the driver's. One that cannot leave them alone refuses, which does no harm.
     SQLSetStmtAttr(handle_.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
     if (!translation_.definition) {

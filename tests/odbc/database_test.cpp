@@ -107,6 +107,32 @@ TEST_P(EveryDatabase, TextsComeBackAsTheyWent) {
     }
 }
 
+TEST_P(EveryDatabase, AWideTextBehindManyNarrowOnesIsReadWhole) {
+    constexpr int kRows = 150;  // more than are fetched at once
+    const auto textOf = [](int row) {
+        return row == 100 ? repeated("a", 1000) : row == 130 ? repeated("b", 20000) : std::to_string(row);
+    };
+    const auto connection = open();
+    run(*connection, "CREATE TABLE Comments (Comment_ID NUMBER(5), Comment_Text CLOB)");
+    const auto insert = connection->prepare("INSERT INTO Comments VALUES (?,?)");
+    for (int row = 1; row <= kRows; ++row) {
+        insert->bind(1, static_cast<long long>(row));
+        insert->bind(2, textOf(row));
+        insert->execute();
+    }
+    const auto select = connection->prepare("SELECT Comment_Text,Comment_ID FROM Comments WHERE Comment_ID>?");
+    for (const long long first : {1, 120, 99}) {
+        select->bind(1, first - 1);
+        select->execute();
+        for (long long row = first; row <= kRows; ++row) {
+            ASSERT_TRUE(select->fetch());
+            EXPECT_EQ(select->text(1), textOf(static_cast<int>(row)));
+            EXPECT_EQ(select->number(2), row);
+        }
+        EXPECT_FALSE(select->fetch());
+    }
+}
+
 TEST_P(EveryDatabase, EmptyTextIsNull) {
     const auto connection = open();
     run(*connection, "CREATE TABLE Comments (Comment_ID NUMBER(5), Comment_Text CLOB, User_Name VARCHAR2(20))");
