@@ -36,14 +36,21 @@ std::string_view nameOf(const AttributeCollection* attributes, const std::string
 /// Gathers the lines of the nodes, and the counts for the first line.
 class Lines {
   public:
-    Lines(canvas::DrawForm& form, const entities::CatalogueTables& catalogue) : form_(form), catalogue_(catalogue) {}
+    Lines(canvas::DrawForm& form, const entities::CatalogueTables& catalogue) : form_(form), catalogue_(catalogue) {
+        // Room for ordinary nodes, so that the texts seldom move while they grow.
+        const auto nodes = static_cast<std::size_t>(form.Labels.Count());
+        nodeTexts_.reserve(128 * nodes);
+        flowTexts_.reserve(512 * nodes);
+    }
 
     void addActivity(const ActivityProperties& activity, std::int32_t flowId);
     void addRecordSet(const RecordSetProperties& recordSet, std::int32_t flowId);
 
     std::string text() const {
-        std::string result = std::to_string(nodes_) + ";" + std::to_string(linksAndAttributes_);
-        append(result, {kLineEnd, nodeTexts_, flowTexts_});
+        const std::string counts = std::to_string(nodes_) + ";" + std::to_string(linksAndAttributes_);
+        std::string result;
+        result.reserve(counts.size() + kLineEnd.size() + nodeTexts_.size() + flowTexts_.size());
+        append(result, {counts, kLineEnd, nodeTexts_, flowTexts_});
         return result;
     }
 

@@ -12,19 +12,32 @@
 
 namespace orvent::entities {
 
+/// A place in a collection whose key is kept beside the item.
+template <class Holder>
+struct KeyedSlot {
+    KeyedSlot(Holder held, const std::string& collectionKey) : item(std::move(held)), kept(collectionKey) {}
+    const std::string& key() const { return kept; }
+
+    Holder item;
+    std::string kept;
+};
+
+/// A place in a collection whose items know their key and never change it.
+template <class Holder>
+struct OwnKeySlot {
+    OwnKeySlot(Holder held, const std::string&) : item(std::move(held)) {}
+    const std::string& key() const { return item->key(); }
+
+    Holder item;
+};
+
 /// A keyed collection: keeps insertion order, inserts at a position, finds by key and by 1-based position in constant
 /// time. A number is always a position and a text always a key. `Item` and `Remove` of what is not there yield
 /// nothing. Adding under a taken key throws a `Fault` and changes nothing. An item's address never changes.
 ///
 /// `Holder` is a `unique_ptr`, or a `shared_ptr` where a node of a canvas holds the same item.
-template <class T, class Holder = std::unique_ptr<T>>
+template <class T, class Holder = std::unique_ptr<T>, class Slot = KeyedSlot<Holder>>
 class KeyedCollection {
-    struct Slot {
-        Holder item;
-        std::string key;
-        bool keyed;
-    };
-
     template <class Value>
     class Iterator {
       public:
@@ -59,7 +72,7 @@ class KeyedCollection {
     }
 
     /// The collection key of the item at `position`, empty when it was added without one.
-    const std::string& keyAt(int position) const { return slots_.at(index(position)).key; }
+    const std::string& keyAt(int position) const { return slots_.at(index(position)).key(); }
 
     /// The 1-based position of the key, 0 when there is none.
     int positionOf(const std::string& key) const {
@@ -72,13 +85,13 @@ class KeyedCollection {
 
     /// Adds before the item at `position`; `Count() + 1` adds at the end.
     T& insert(int position, Holder item, const std::string& key) {
-        if (!key.empty() && find(key) < slots_.size()) {
+        if (find(key) < slots_.size()) {
             throw platform::Fault("This key is already associated with an element of this collection: " + key);
         }
         T& result = *item;
-        slots_.insert(slots_.begin() + (position - 1), Slot{std::move(item), key, !key.empty()});
-        if (!positions_.empty() && !key.empty()) {
-            positions_[key] = index(position);
+        slots_.insert(slots_.begin() + (position - 1), Slot(std::move(item), key));
+        if (positions_ && !key.empty()) {
+            (*positions_)[key] = index(position);
         }
         return result;
     }
@@ -91,7 +104,7 @@ class KeyedCollection {
 
     void Clear() {
         slots_.clear();
-        positions_.clear();
+        positions_.reset();
     }
 
     auto begin() { return Iterator<T>(slots_.data()); }
@@ -107,11 +120,13 @@ class KeyedCollection {
 
     static std::size_t index(int position) { return static_cast<std::size_t>(position - 1); }
     bool holds(int position) const { return position >= 1 && position <= Count(); }
-    bool isAt(std::size_t at, const std::string& key) const {
-        return at < slots_.size() && slots_[at].keyed && slots_[at].key == key;
-    }
+    bool isAt(std::size_t at, const std::string& key) const { return at < slots_.size() && slots_[at].key() == key; }
 
+    /// The index of the key, `slots_.size()` when there is none. The empty key stands for none and is never found.
     std::size_t find(const std::string& key) const {
+        if (key.empty()) {
+            return slots_.size();
+        }
         if (slots_.size() <= kWalk) {
             std::size_t at = 0;
             while (at < slots_.size() && !isAt(at, key)) {
@@ -119,11 +134,11 @@ class KeyedCollection {
             }
             return at;
         }
-        if (positions_.empty()) {
+        if (!positions_) {
             renew();
         }
-        const auto entry = positions_.find(key);
-        if (entry == positions_.end()) {
+        const auto entry = positions_->find(key);
+        if (entry == positions_->end()) {
             return slots_.size();
         }
         std::size_t& hint = entry->second;
@@ -136,28 +151,33 @@ class KeyedCollection {
             }
         }
         renew();
-        return positions_.find(key)->second;
+        return positions_->find(key)->second;
     }
 
     void renew() const {
+        if (!positions_) {
+            positions_ = std::make_unique<Positions>();
+        }
         for (std::size_t at = 0; at < slots_.size(); ++at) {
-            if (slots_[at].keyed) {
-                positions_[slots_[at].key] = at;
+            if (!slots_[at].key().empty()) {
+                (*positions_)[slots_[at].key()] = at;
             }
         }
     }
 
     Holder take(std::size_t at) {
-        Holder item = std::move(slots_[at].item);
-        if (slots_[at].keyed) {
-            positions_.erase(slots_[at].key);
+        if (positions_) {
+            positions_->erase(slots_[at].key());
         }
+        Holder item = std::move(slots_[at].item);
         slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(at));
         return item;
     }
 
+    using Positions = std::unordered_map<std::string, std::size_t>;
+
     std::vector<Slot> slots_;
-    mutable std::unordered_map<std::string, std::size_t> positions_;
+    mutable std::unique_ptr<Positions> positions_;  // only of a collection that is too long to be walked
 };
 
 /// A part of a record that is made when it is first read for writing. Reading through `peek`, `count` or a loop makes

@@ -12,7 +12,7 @@ namespace orvent::entities {
 /// One end of a provider link: a value of one attribute flows into another.
 struct ProviderProperties {
     std::int32_t LineIndex = 0;      ///< edge that draws the link in the open zoom view; 0 none yet, -1 not drawable
-    std::string Provider_Key;        ///< key of the far end, whole or relative (key_grammar.h)
+    std::string Provider_Key;        ///< key of the far end, whole or relative (key_grammar.h); its collection's key
     std::int16_t Provider_Type = 0;  ///< link type code (link_types.h)
     std::string Provider_Name;       ///< the record set or activity that owns the far end
 
@@ -36,13 +36,11 @@ struct RegulatorProperties {
 /// The links of one holder in one direction. A second `Add` under a key that is there already changes nothing and
 /// gives the link that is there, which is what makes synchronising twice harmless.
 template <class Link>
-class LinkCollection : public KeyedCollection<Link> {
+class LinkCollection : public KeyedCollection<Link, std::unique_ptr<Link>, OwnKeySlot<std::unique_ptr<Link>>> {
   public:
     Link& Add(const std::string& name, std::int16_t type, const std::string& key, std::int32_t lineIndex = 0) {
-        if (!key.empty()) {
-            if (Link* known = this->Item(key)) {
-                return *known;
-            }
+        if (Link* known = this->Item(key)) {
+            return *known;
         }
         auto link = std::make_unique<Link>(Link{lineIndex, key, type, name});
         return this->append(std::move(link), key);

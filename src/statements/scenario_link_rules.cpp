@@ -62,7 +62,10 @@ class ConsumerLinks {
 
 class RuleWriter {
   public:
-    explicit RuleWriter(canvas::DrawForm& form) : form_(form) {}
+    explicit RuleWriter(canvas::DrawForm& form) : form_(form) {
+        // Room for ordinary rules, so that the text seldom moves while it grows.
+        text_.reserve(512 * static_cast<std::size_t>(form.Labels.Count()));
+    }
 
     void writeActivity(const entities::ActivityProperties& activity);
     void writeRecordSet(const entities::RecordSetProperties& recordSet);
