@@ -56,7 +56,17 @@ std::string FirstCapitalReplacer(const std::string& name) {
 }
 
 std::string LDLGenerator::GenerateLDL(const std::string& text) const {
-    return ReplaceActivityNames(ReplaceVariables(ExpandLoops(text)));
+    // A text may be long: a pass that has nothing to do makes no copy of it.
+    std::string expanded;
+    const bool hasLoops = text.find('[') != std::string::npos;
+    if (hasLoops) {
+        expanded = ExpandLoops(text);
+    }
+    const std::string& present = hasLoops ? expanded : text;
+    if (present.find('@') != std::string::npos) {
+        return ReplaceActivityNames(ReplaceVariables(present));
+    }
+    return ReplaceActivityNames(hasLoops ? std::move(expanded) : text);
 }
 
 std::string LDLGenerator::recordSetField(const LDLVariable& holder) const {

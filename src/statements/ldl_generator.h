@@ -44,7 +44,7 @@ class LDLGenerator {
 
     /// Second pass: every "@name" and "@name[index]" becomes what its variable says, at all its occurrences at once -
     /// also where it is the head of a longer name. A fault ends the pass at that place.
-    std::string ReplaceVariables(std::string text) const;
+    std::string ReplaceVariables(const std::string& text) const;
 
     /// Third pass: the names of the activity's predicates and attributes, in any mix of upper and lower case.
     std::string ReplaceActivityNames(std::string text) const;

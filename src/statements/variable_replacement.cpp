@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <functional>
 #include <set>
 #include <unordered_map>
 #include <utility>
@@ -35,16 +34,17 @@ std::string replacePlainly(const LDLGenerator& generator, std::string text) {
     return text;
 }
 
-/// The tokens that were replaced so far, in order, for asking which of them was the first to hit a place.
+/// The tokens that were replaced so far, in order, for asking which of them was the first to hit a place. They are
+/// parts of the text that is walked.
 class Tokens {
   public:
     void add(std::string_view token, std::string replacement) {
-        const auto [place, fresh] = numbers_.try_emplace(std::string(token), static_cast<int>(entries_.size()));
+        const bool fresh = numbers_.try_emplace(token, static_cast<int>(entries_.size())).second;
         if (fresh && std::find(lengths_.begin(), lengths_.end(), token.size()) == lengths_.end()) {
             lengths_.push_back(token.size());
             longest_ = std::max(longest_, token.size());
         }
-        entries_.push_back({place->first, std::move(replacement)});
+        entries_.push_back({token, std::move(replacement)});
     }
 
     struct Entry {
@@ -78,13 +78,8 @@ class Tokens {
     }
 
   private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-    };
-
     std::vector<Entry> entries_;
-    std::unordered_map<std::string, int, Hash, std::equal_to<>> numbers_;
+    std::unordered_map<std::string_view, int> numbers_;
     std::vector<std::size_t> lengths_;
     std::size_t longest_ = 0;
     std::set<std::string_view> sorted_;  ///< the first `listed_` of the entries
@@ -99,7 +94,7 @@ class QuickReplacement {
     QuickReplacement(const LDLGenerator& generator, const std::string& text) : generator_(generator), text_(text) {}
 
     std::string run() {
-        result_.reserve(text_.size());
+        result_.reserve(text_.size() + text_.size() / 4);  // replacements are often longer than their tokens
         std::size_t done = 0;
         for (std::size_t at = text_.find('@'); at != kNone; at = text_.find('@', done)) {
             result_.append(text_, done, at - done);
@@ -175,16 +170,13 @@ class QuickReplacement {
 
 }  // namespace
 
-std::string LDLGenerator::ReplaceVariables(std::string text) const {
-    if (text.find('@') == kNone) {
-        return text;
-    }
+std::string LDLGenerator::ReplaceVariables(const std::string& text) const {
     try {
         return QuickReplacement(*this, text).run();
     } catch (const NotSimple&) {
-        return replacePlainly(*this, std::move(text));
+        return replacePlainly(*this, text);
     } catch (const Fault&) {
-        return replacePlainly(*this, std::move(text));  // which keeps the text as it stands at the fault
+        return replacePlainly(*this, text);  // which keeps the text as it stands at the fault
     }
 }
 
