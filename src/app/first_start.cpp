@@ -38,16 +38,16 @@ FirstStart::FirstStart(const Places& places, platform::Database& database, platf
                        platform::MessageBox& messages)
     : places_(places), database_(database), store_(store), messages_(messages) {}
 
-void FirstStart::run() {
+std::unique_ptr<platform::Connection> FirstStart::run() {
     try {
-        if (!fs::exists(places_.settings)) {
-            provision();
-        } else {
-            lookAtRepository();
+        if (fs::exists(places_.settings)) {
+            return lookAtRepository();
         }
+        provision();
     } catch (const std::exception& fault) {
         messages_.tell(fault.what(), {}, platform::Icon::critical);
     }
+    return nullptr;
 }
 
 void FirstStart::provision() {
@@ -71,13 +71,12 @@ void FirstStart::makeRepository() {
     repository::runScript(*connection, builtIn("sql/ORVENTII.sql"));
 }
 
-void FirstStart::lookAtRepository() {
+std::unique_ptr<platform::Connection> FirstStart::lookAtRepository() {
     if (store_.value("DB", "ReposConnString", "") != odbc::EmbeddedRepository{}.name) {
-        return;
+        return nullptr;
     }
     if (fs::exists(places_.repository())) {
-        database_.open(odbc::EmbeddedRepository{}.name, "", "");
-        return;
+        return database_.open(odbc::EmbeddedRepository{}.name, "", "");
     }
     const platform::Answer answer =
         messages_.show("The embedded repository was not found:\n" + places_.repository().string() +
@@ -87,6 +86,7 @@ void FirstStart::lookAtRepository() {
         fs::create_directories(places_.data);
         makeRepository();
     }
+    return nullptr;
 }
 
 }  // namespace orvent::app

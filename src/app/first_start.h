@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "app/places.h"
 #include "platform/database.h"
 #include "platform/dialogs.h"
@@ -14,13 +16,15 @@ class FirstStart {
                platform::MessageBox& messages);
 
     /// At the very first start (there is no settings file yet) provisions everything. Later it looks whether the
-    /// embedded repository, when it is the stored one, still answers, and offers to make a missing one anew.
-    void run();
+    /// embedded repository, when it is the stored one, still answers, and offers to make a missing one anew. Gives the
+    /// connection through which it looked, if it did: as long as that lives, further ones to the same file open at
+    /// once.
+    std::unique_ptr<platform::Connection> run();
 
   private:
     void provision();
     void makeRepository();
-    void lookAtRepository();
+    std::unique_ptr<platform::Connection> lookAtRepository();
 
     Places places_;
     platform::Database& database_;
