@@ -204,7 +204,7 @@ void load(benchmark::State& state, MakeTarget makeTarget) {
 /// The shorter the work, the more a single run depends on chance.
 template <class Run>
 void registerSizes(const std::string& name, Run run, MakeTarget makeTarget) {
-    for (const auto& [nodes, runs] : {std::pair{100, 25}, {1000, 7}, {3000, 5}}) {
+    for (const auto& [nodes, runs] : {std::pair{100, 25}, {1000, 11}, {3000, 9}}) {
         benchmark::RegisterBenchmark(name.c_str(), run, makeTarget)
             ->Arg(nodes)
             ->Iterations(runs)

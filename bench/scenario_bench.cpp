@@ -3,7 +3,9 @@
 // into them, would be measured in another memory than the large one.
 
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <vector>
@@ -16,9 +18,9 @@
 namespace orvent::bench {
 namespace {
 
-/// Pushes everything else out of the processor's caches.
+/// Pushes everything else out of the processor's caches, whose last one tells how much that takes.
 void coolCaches() {
-    static std::vector<char> filler(128 * 1024 * 1024);
+    static std::vector<char> filler(std::max(2 * sysconf(_SC_LEVEL3_CACHE_SIZE), 128L * 1024 * 1024));
     constexpr std::size_t kCacheLine = 64;
     for (std::size_t at = 0; at < filler.size(); at += kCacheLine) {
         ++filler[at];

@@ -1,8 +1,6 @@
 // The LDL generator: time per character of the result at 10 kB and at 1 MB, for loops and for variables; and a loop of
 // 1 MB beside a well-known template engine, Jinja2, both as whole work of one render and as a whole process.
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -28,11 +26,24 @@ class NoMessages : public platform::MessageBox {
     }
 };
 
-/// A generator with one constant variable `X` and an activity without sources.
+constexpr std::size_t kLineLength = 50;
+
+/// The name of one of many variables; none is the head of another.
+std::string variableName(std::size_t number) {
+    return "V" + std::to_string(10'000'000 + number);
+}
+
+/// A generator with constant variables, and an activity without sources.
 struct Bench {
-    Bench() {
+    explicit Bench(std::size_t variableCount = 1) {
         activity.Act_Name = "Bench";
-        statements::LDLVariable& variable = variables.Add("X");
+        for (std::size_t number = 0; number < variableCount; ++number) {
+            addConstant(variableName(number));
+        }
+    }
+
+    void addConstant(const std::string& name) {
+        statements::LDLVariable& variable = variables.Add(name);
         variable.VariableType = statements::VarParameter;
         variable.RegulatorType = statements::RegConstant;
         variable.RegulatorName = "VALUE";
@@ -69,13 +80,24 @@ std::string loopTemplate(std::size_t size) {
 std::string variableTemplate(std::size_t size) {
     std::string text;
     while (text.size() < size) {
-        text += "head(@X, some_text_of_the_template) ";
+        text += "head(@" + variableName(0) + ", some_text_of_the_template) ";
     }
     return text;
 }
 
-void growth(const char* what, const std::function<std::string(std::size_t)>& makeTemplate) {
-    Bench bench;
+/// Each variable once.
+std::string distinctTemplate(std::size_t size) {
+    std::string text;
+    for (std::size_t number = 0; number < size / kLineLength; ++number) {
+        std::string line = "head(@" + variableName(number) + ",";
+        text += line.append(kLineLength - line.size() - 2, 'a') + ") ";
+    }
+    return text;
+}
+
+void growth(const char* what, const std::function<std::string(std::size_t)>& makeTemplate,
+            std::size_t variableCount = 1) {
+    Bench bench(variableCount);
     double perCharacter[2];
     const std::size_t sizes[2] = {kSmall, kLarge};
     for (int at = 0; at < 2; ++at) {
@@ -118,13 +140,9 @@ void besideJinja() {
 }  // namespace
 
 int main() {
-    // Freed pages stay with the process. Otherwise the system hands out fresh ones for each text of 1 MB, and their
-    // cost, which is not the generator's, is most of the time.
-    mallopt(M_MMAP_THRESHOLD, 1 << 30);
-    mallopt(M_TRIM_THRESHOLD, 1 << 30);
-    mallopt(M_TOP_PAD, 1 << 26);
     growth("loops", loopTemplate);
     growth("variables", variableTemplate);
+    growth("distinct", distinctTemplate, kLarge / kLineLength);
     besideJinja();
     return 0;
 }
