@@ -46,6 +46,10 @@ class Tokens {
         }
         entries_.push_back({token, std::move(replacement)});
     }
+    void reserve(std::size_t count) {
+        entries_.reserve(count);
+        numbers_.reserve(count);
+    }
 
     struct Entry {
         std::string_view token;  ///< without the "@"
@@ -95,6 +99,7 @@ class QuickReplacement {
 
     std::string run() {
         result_.reserve(text_.size() + text_.size() / 4);  // replacements are often longer than their tokens
+        tokens_.reserve(static_cast<std::size_t>(std::count(text_.begin(), text_.end(), '@')));
         std::size_t done = 0;
         for (std::size_t at = text_.find('@'); at != kNone; at = text_.find('@', done)) {
             result_.append(text_, done, at - done);
