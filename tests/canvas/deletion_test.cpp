@@ -8,12 +8,6 @@ using namespace orvent::entities;
 
 namespace {
 
-class ZoomCanvas : public Canvas {
-  public:
-    using Canvas::Canvas;
-    bool isZoom() const override { return true; }
-};
-
 std::string noted(const Canvas& form) {
     std::string text;
     for (const DeletedNode& row : form.DeletedNodes) {
@@ -48,7 +42,7 @@ TEST(Deleting, DesignNodesAreNoted) {
 TEST(Deleting, ZoomNodesLeaveTheirOwner) {
     testkit::LoggingHost host;
     const CanvasSettings settings;
-    ZoomCanvas form({host, settings});
+    testkit::ZoomCanvas form({host, settings});
     ActivityProperties& activity = *form.Labels.Add(0, 1, 0, 1, "A", NodeTypeActivity).activity();
     RecordSetProperties& recordSet = *form.Labels.Add(0, 1, 0, 1, "R", NodeTypeRecordSet).recordSet();
     form.SelectedLabels.Add(1);

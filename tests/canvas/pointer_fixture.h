@@ -37,6 +37,12 @@ class LoggingHost : public canvas::ToolState,
     std::string log_;
 };
 
+class ZoomCanvas : public canvas::Canvas {
+  public:
+    using Canvas::Canvas;
+    bool isZoom() const override { return true; }
+};
+
 /// A small scenario under the pointer, played by words.
 struct PointerStage {
     LoggingHost host;

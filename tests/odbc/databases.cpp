@@ -36,6 +36,16 @@ class Servers : public ::testing::Environment {
 
 Servers& servers = *static_cast<Servers*>(::testing::AddGlobalTestEnvironment(new Servers));
 
+std::unique_ptr<platform::Statement> executed(platform::Connection& connection, std::string_view sql, Texts bound) {
+    auto statement = connection.prepare(sql);
+    int place = 0;
+    for (const std::string_view text : bound) {
+        statement->bind(++place, text);
+    }
+    statement->execute();
+    return statement;
+}
+
 }  // namespace
 
 std::string nameOf(Kind kind) {
@@ -43,19 +53,15 @@ std::string nameOf(Kind kind) {
 }
 
 testkit::DatabaseServer& server(Kind kind) {
-    if (kind == Kind::postgres) {
-        return *servers.postgres;
-    }
-    return *servers.mariaDb;
+    return kind == Kind::postgres ? static_cast<testkit::DatabaseServer&>(*servers.postgres) : *servers.mariaDb;
 }
 
-void run(platform::Connection& connection, std::string_view sql) {
-    connection.prepare(sql)->execute();
+void run(platform::Connection& connection, std::string_view sql, Texts bound) {
+    executed(connection, sql, bound);
 }
 
-std::string column(platform::Connection& connection, std::string_view sql) {
-    const auto statement = connection.prepare(sql);
-    statement->execute();
+std::string column(platform::Connection& connection, std::string_view sql, Texts bound) {
+    const auto statement = executed(connection, sql, bound);
     std::string all;
     while (statement->fetch()) {
         all += statement->text(1) + "|";
@@ -63,18 +69,19 @@ std::string column(platform::Connection& connection, std::string_view sql) {
     return all;
 }
 
-void DatabaseTest::use(Kind kind) {
-    if (kind == Kind::sqlite) {
-        createEmbedded(file());
-        sources_.embedded = EmbeddedRepository{.name = "test", .file = file()};
+EveryDatabase::EveryDatabase() {
+    if (GetParam() == Kind::sqlite) {
+        const auto file = folder_.path() / "repository.db";
+        createEmbedded(file);
+        sources_.embedded = EmbeddedRepository{.name = "test", .file = file};
     } else {
         static int count = 0;
-        sources_.named = {{"test", server(kind).createDatabase("test" + std::to_string(++count))}};
+        sources_.named = {{"test", server(GetParam()).createDatabase("test" + std::to_string(++count))}};
     }
     database_ = std::make_unique<OdbcDatabase>(sources_);
 }
 
-std::unique_ptr<platform::Connection> DatabaseTest::open(platform::Database& database) const {
+std::unique_ptr<platform::Connection> EveryDatabase::open(platform::Database& database) {
     return database.open("test", testkit::DatabaseServer::kUser, testkit::DatabaseServer::kPassword);
 }
 

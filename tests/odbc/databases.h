@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,31 +20,26 @@ std::string nameOf(Kind kind);
 /// The servers that all tests of this program share. They start when first asked for.
 testkit::DatabaseServer& server(Kind kind);
 
-void run(platform::Connection& connection, std::string_view sql);
+using Texts = std::initializer_list<std::string_view>;
+
+void run(platform::Connection& connection, std::string_view sql, Texts bound = {});
 
 /// The texts of the first column, each followed by a bar.
-std::string column(platform::Connection& connection, std::string_view sql);
+std::string column(platform::Connection& connection, std::string_view sql, Texts bound = {});
 
-/// An empty database of a kind of its own, opened through the driver that users have.
-class DatabaseTest : public ::testing::Test {
-  public:
-    void use(Kind kind);
+/// An empty database of every kind in turn, opened through the driver that users have.
+class EveryDatabase : public ::testing::TestWithParam<Kind> {
+  protected:
+    EveryDatabase();
 
     std::unique_ptr<platform::Connection> open() { return open(*database_); }
-    std::unique_ptr<platform::Connection> open(platform::Database& database) const;
-    OwnSources sources() const { return sources_; }
-    std::filesystem::path file() const { return folder_.path() / "repository.db"; }
+    static std::unique_ptr<platform::Connection> open(platform::Database& database);
+
+    OwnSources sources_;
 
   private:
     testkit::TemporaryFolder folder_;
-    OwnSources sources_;
     std::unique_ptr<OdbcDatabase> database_;
-};
-
-/// The same over every kind.
-class EveryDatabase : public DatabaseTest, public ::testing::WithParamInterface<Kind> {
-  protected:
-    void SetUp() override { use(GetParam()); }
 };
 
 }  // namespace orvent::odbc

@@ -64,9 +64,7 @@ TEST(OdbcDatabase, OpensADataSourceOfTheUser) {
     for (const char* const name : {"My PostgreSQL Unicode", "My MariaDB Unicode"}) {
         const auto connection = database.open(name, testkit::DatabaseServer::kUser, testkit::DatabaseServer::kPassword);
         run(*connection, "CREATE TABLE DataTypes (Datatype_name VARCHAR2(10))");
-        const auto insert = connection->prepare("INSERT INTO DataTypes VALUES (?)");
-        insert->bind(1, "\xC3\xA9\xF0\x9F\x98\x80");
-        insert->execute();
+        run(*connection, "INSERT INTO DataTypes VALUES (?)", {"\xC3\xA9\xF0\x9F\x98\x80"});
         EXPECT_EQ(column(*connection, "SELECT datatype_name FROM datatypes"), "\xC3\xA9\xF0\x9F\x98\x80|");
     }
 }

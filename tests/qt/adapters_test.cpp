@@ -10,16 +10,16 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QUrl>
+#include <numeric>
 
+#include "dialog_script.h"
 #include "platform/fault.h"
 #include "platform/scramble.h"
 #include "qt/platform/application.h"
 #include "qt/platform/settings_file.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
-#include "window_test.h"
 
 namespace orvent::qt {
 
@@ -28,41 +28,14 @@ namespace {
 using platform::Answer;
 using platform::Buttons;
 
-/// Runs `act` on the modal window of that kind as soon as it is open; the test fails when none opens.
-template <class Window>
-class WhenOpen {
-  public:
-    explicit WhenOpen(std::function<void(Window&)> act) : act_(std::move(act)) {
-        QObject::connect(&timer_, &QTimer::timeout, [this] {
-            if (auto* window = qobject_cast<Window*>(QApplication::activeModalWidget())) {
-                timer_.stop();
-                met_ = true;
-                act_(*window);
-            }
-        });
-        timer_.start(5);
+std::string faultOf(const std::function<void()>& act) {
+    try {
+        act();
+    } catch (const platform::Fault& fault) {
+        return fault.description();
     }
-    bool met() const { return met_; }
-
-  private:
-    std::function<void(Window&)> act_;
-    QTimer timer_;
-    bool met_ = false;
-};
-
-class Thrower : public QObject {
-  public:
-    std::function<void()> act;
-
-  protected:
-    bool event(QEvent* event) override {
-        if (event->type() == QEvent::User) {
-            act();
-            return true;
-        }
-        return QObject::event(event);
-    }
-};
+    return {};
+}
 
 }  // namespace
 
@@ -70,123 +43,73 @@ class AdaptersTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void settingsKeepAnyText_data() {
-        QTest::addColumn<QByteArray>("value");
-        const auto row = [](const char* name, const QByteArray& value) { QTest::newRow(name) << value; };
-        row("empty", "");
-        row("blanks at both ends", "  a b \t");
-        row("line ends", "one\r\ntwo\nthree\r");
-        row("NUL", QByteArray("a\0b\0", 4));
-        row("marks of the format", "=;#[x]\\\"',%@Size(1 2)");
-        row("at", "@Variant(x)");
-        row("other scripts", "\xCE\xB1\xCE\xB2 \xE6\xBC\xA2 \xF0\x9F\x90\xA7");
-        row("number", "0.1");
-        QByteArray every;
-        for (int code = 0; code < 128; ++code) {
-            every.append(static_cast<char>(code));
-        }
-        row("every ASCII character", every);
-        row("scrambled password", QByteArray::fromStdString(platform::ScramblePassword("-it's a \xC3\xA9t\xC3\xA9-")));
-    }
     void settingsKeepAnyText() {
-        QFETCH(QByteArray, value);
-        QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("deep/er/settings.ini"));
-        QtSettingsStore first(path);
-        QVERIFY(!first.exists());
-        QCOMPARE(first.value("DB", "ReposPasw", "none"), std::string("none"));
-        first.setValue("DB", "ReposPasw", value.toStdString());
-        first.setValue("General", "ReposPasw", "other");
-        QVERIFY(first.exists());
-        // Read from a copy, so that nothing comes out of memory.
-        const QString copy = folder.filePath(QStringLiteral("copy.ini"));
-        QVERIFY(QFile::copy(path, copy));
-        QtSettingsStore second(copy);
-        QCOMPARE(second.value("DB", "ReposPasw", "none"), value.toStdString());
-        QCOMPARE(second.value("General", "ReposPasw", "none"), std::string("other"));
-        QCOMPARE(second.value("Draw", "ReposPasw", "none"), std::string("none"));
-    }
-
-    void settingsThatCannotBeWrittenAreAFault() {
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("file"));
-        QFile blocker(file);
-        QVERIFY(blocker.open(QIODevice::WriteOnly));
-        blocker.close();
-        QtSettingsStore store(file + QStringLiteral("/settings.ini"));
-        try {
-            store.setValue("DB", "User", "x");
-            QFAIL("no fault");
-        } catch (const platform::Fault& fault) {
-            QVERIFY(fault.description().find("settings.ini") != std::string::npos);
+        std::string ascii(128, '\0');
+        std::iota(ascii.begin(), ascii.end(), '\0');
+        for (const std::string& value :
+             {std::string(), std::string("  a b \t"), ascii, std::string("@Variant(x)"),
+              std::string("=;#[x]\\\"',%@Size(1 2)"), std::string("\xCE\xB1 \xF0\x9F\x90\xA7"),
+              platform::ScramblePassword("-it's a \xC3\xA9t\xC3\xA9-")}) {
+            const QTemporaryDir folder;
+            const QString path = folder.filePath(QStringLiteral("deep/er/settings.ini"));
+            QtSettingsStore first(path);
+            QVERIFY(!first.exists());
+            first.setValue("DB", "ReposPasw", value);
+            first.setValue("General", "ReposPasw", "other");
+            QVERIFY(first.exists());
+            // Read from a copy, so that nothing comes out of memory.
+            const QString copy = folder.filePath(QStringLiteral("copy.ini"));
+            QVERIFY(QFile::copy(path, copy));
+            QtSettingsStore second(copy);
+            QCOMPARE(second.value("DB", "ReposPasw", "none"), value);
+            QCOMPARE(second.value("Draw", "ReposPasw", "none"), std::string("none"));
         }
+        QtSettingsStore nowhere(QStringLiteral("/dev/null/settings.ini"));
+        QVERIFY(faultOf([&] { nowhere.setValue("DB", "User", "x"); }).find("settings.ini") != std::string::npos);
     }
 
-    void messageBoxButtons_data() {
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("answer");
-        const auto row = [](const char* name, Buttons buttons, Qt::Key key, Answer answer) {
-            QTest::newRow(name) << static_cast<int>(buttons) << static_cast<int>(key) << static_cast<int>(answer);
+    void messageBoxesTakeKeysAndWrap() {
+        struct Row {
+            Buttons buttons;
+            Answer atReturn, atEscape;
         };
-        row("ok, return", Buttons::ok, Qt::Key_Return, Answer::ok);
-        row("ok, escape", Buttons::ok, Qt::Key_Escape, Answer::ok);
-        row("ok cancel, return", Buttons::okCancel, Qt::Key_Return, Answer::ok);
-        row("ok cancel, escape", Buttons::okCancel, Qt::Key_Escape, Answer::cancel);
-        row("yes no, return", Buttons::yesNo, Qt::Key_Return, Answer::yes);
-        row("yes no, escape", Buttons::yesNo, Qt::Key_Escape, Answer::no);
-        row("yes no cancel, return", Buttons::yesNoCancel, Qt::Key_Return, Answer::yes);
-        row("yes no cancel, escape", Buttons::yesNoCancel, Qt::Key_Escape, Answer::cancel);
-    }
-    void messageBoxButtons() {
-        QFETCH(int, buttons);
-        QFETCH(int, key);
-        QFETCH(int, answer);
-        QString title;
-        QString text;
-        WhenOpen<QMessageBox> then([&](QMessageBox& box) {
-            title = box.windowTitle();
-            text = box.text();
-            QTest::keyClick(&box, static_cast<Qt::Key>(key));
-        });
-        QtMessageBox messages;
-        const Answer got = messages.show("<b>1 < 2</b>", "", platform::Icon::question, static_cast<Buttons>(buttons));
-        QVERIFY(then.met());
-        QCOMPARE(static_cast<int>(got), answer);
-        QCOMPARE(title, QStringLiteral("ORVENT II"));
-        QCOMPARE(text, QStringLiteral("<b>1 < 2</b>"));
-    }
-
-    void longMessagesWrap() {
-        int width = 0;
-        WhenOpen<QMessageBox> then([&](QMessageBox& box) {
-            width = box.width();
-            box.accept();
-        });
-        std::string words;
-        for (int i = 0; i < 200; ++i) {
-            words += "several words ";
+        DialogScript dialogs;
+        const QString text = QStringLiteral("<b>1 < 2</b>") + QStringLiteral(" several words").repeated(200);
+        for (const Row& row : {Row{Buttons::ok, Answer::ok, Answer::ok},
+                               {Buttons::okCancel, Answer::ok, Answer::cancel},
+                               {Buttons::yesNo, Answer::yes, Answer::no},
+                               {Buttons::yesNoCancel, Answer::yes, Answer::cancel}}) {
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+                dialogs.at({}, [&](QDialog& window) {
+                    const auto& box = static_cast<const QMessageBox&>(window);
+                    QCOMPARE(box.windowTitle(), QStringLiteral("ORVENT II"));
+                    QCOMPARE(box.text(), text);
+                    QCOMPARE(box.textFormat(), Qt::PlainText);
+                    QVERIFY2(box.width() < 900, qPrintable(QString::number(box.width())));
+                    QTest::keyClick(&window, key);
+                });
+                const Answer got = QtMessageBox().show(text.toStdString(), "", platform::Icon::question, row.buttons);
+                QVERIFY(got == (key == Qt::Key_Return ? row.atReturn : row.atEscape));
+            }
         }
-        QtMessageBox().tell(words, "T");
-        QVERIFY(then.met());
-        QVERIFY2(width < 900, qPrintable(QString::number(width)));
     }
 
     void inputBoxAnswers() {
-        QtInputBox input;
-        WhenOpen<QInputDialog> accept([](QInputDialog& dialog) {
-            QCOMPARE(dialog.textValue(), QStringLiteral("2"));
-            dialog.setTextValue(QStringLiteral("1,5"));
-            dialog.accept();
+        DialogScript dialogs;
+        dialogs.at({}, [](QDialog& window) {
+            auto& box = static_cast<QInputDialog&>(window);
+            QCOMPARE(box.textValue(), QStringLiteral("2"));
+            box.setTextValue(QStringLiteral("1,5"));
+            box.accept();
         });
-        QCOMPARE(input.ask("ZOOM IN RATIO :", "Zooming IN", "2"), std::string("1,5"));
-        WhenOpen<QInputDialog> cancel([](QInputDialog& dialog) { dialog.reject(); });
-        QCOMPARE(input.ask("p", "t", "2"), std::string());
+        QCOMPARE(QtInputBox().ask("ZOOM IN RATIO :", "Zooming IN", "2"), std::string("1,5"));
+        dialogs.at({}, [](QDialog& window) { window.reject(); });
+        QCOMPARE(QtInputBox().ask("p", "t", "2"), std::string());
     }
 
     void fileFilters() {
-        QCOMPARE(toolkitFilter("SQL Files (*.sql)|*.sql"), QStringLiteral("SQL Files (*.sql)"));
         QCOMPARE(toolkitFilter("Text|*.txt;*.log|All Files|*"), QStringLiteral("Text (*.txt *.log);;All Files (*)"));
+        QCOMPARE(toolkitFilter("SQL Files (*.sql)|*.sql"), QStringLiteral("SQL Files (*.sql)"));
         QCOMPARE(toolkitFilter(""), QString());
     }
 
@@ -197,10 +120,18 @@ class AdaptersTest : public WindowTest {
         progress.status("lost");  // no bar yet
         progress.attach(&bar);
         progress.status("Ready");
-        const auto* label = bar.findChild<QLabel*>();
+        QCOMPARE(bar.findChild<QLabel*>()->text(), QStringLiteral("Ready"));
         const auto* amount = bar.findChild<QProgressBar*>();
-        QCOMPARE(label->text(), QStringLiteral("Ready"));
+        int rounds = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&] { ++rounds; });
+        timer.start(0);
         progress.step(250, 1000);
+        QVERIFY2(rounds > 0, "windows are painted");
+        for (int step = 0; step < 500; ++step) {
+            progress.step(250, 1000);
+        }
+        QVERIFY2(rounds < 100, "the event loop ran at nearly every step");
         QVERIFY(amount->isVisible());
         QCOMPARE(amount->value() * 4, amount->maximum());
         progress.step(0, 0);
@@ -216,26 +147,8 @@ class AdaptersTest : public WindowTest {
         progress.status("gone");
     }
 
-    void stepsLetTheWindowsPaint() {
-        QStatusBar bar;
-        QtProgress progress;
-        progress.attach(&bar);
-        int rounds = 0;
-        QTimer timer;
-        connect(&timer, &QTimer::timeout, this, [&] { ++rounds; });
-        timer.start(0);
-        progress.step(1, 1000);
-        QVERIFY(rounds > 0);
-        rounds = 0;
-        for (std::size_t i = 2; i < 500; ++i) {
-            progress.step(i, 1000);
-        }
-        QVERIFY2(rounds < 100, "the event loop ran at nearly every step");
-        progress.attach(nullptr);
-    }
-
     void helpThatCannotBeShownIsAFault() {
-        QTemporaryDir folder;
+        const QTemporaryDir folder;
         const std::string path = folder.filePath(QStringLiteral("help file.html")).toStdString();
         QUrl opened;
         bool answers = true;
@@ -243,41 +156,30 @@ class AdaptersTest : public WindowTest {
             opened = url;
             return answers;
         });
-        const auto fault = [&]() -> std::string {
-            try {
-                help.open(path);
-            } catch (const platform::Fault& found) {
-                return found.description();
-            }
-            return {};
-        };
-        QVERIFY(fault().find(path) != std::string::npos);
+        const auto open = [&] { help.open(path); };
+        QVERIFY(faultOf(open).find(path) != std::string::npos);
         QVERIFY(opened.isEmpty());
-        QFile file(QString::fromStdString(path));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        QCOMPARE(fault(), std::string());
+        QVERIFY(QFile(QString::fromStdString(path)).open(QIODevice::WriteOnly));
+        QCOMPARE(faultOf(open), std::string());
         QCOMPARE(opened.toLocalFile().toStdString(), path);
         answers = false;
-        QVERIFY(fault().find(path) != std::string::npos);
+        QVERIFY(faultOf(open).find(path) != std::string::npos);
     }
 
     void faultsInHandlersAreShownAndTheLoopGoesOn() {
-        Thrower thrower;
+        DialogScript dialogs;
         QStringList shown;
-        const auto run = [&](std::function<void()> act) {
-            thrower.act = std::move(act);
-            WhenOpen<QMessageBox> then([&](QMessageBox& box) {
+        for (void (*fail)() : {+[] { throw platform::Fault("The key is taken."); },  //
+                               +[] { std::vector<int>().at(3) = 1; }}) {
+            dialogs.at({}, [&](QDialog& window) {
+                const auto& box = static_cast<const QMessageBox&>(window);
                 shown << box.text();
                 QCOMPARE(box.icon(), QMessageBox::Critical);
-                box.accept();
+                window.accept();
             });
-            QCoreApplication::postEvent(&thrower, new QEvent(QEvent::User));
+            QMetaObject::invokeMethod(this, fail, Qt::QueuedConnection);
             QApplication::processEvents();
-            QVERIFY(then.met());
-        };
-        run([] { throw platform::Fault("The key is taken."); });
-        run([] { std::vector<int>().at(3) = 1; });
+        }
         QCOMPARE(shown.value(0), QStringLiteral("The key is taken."));
         QVERIFY(!shown.value(1).isEmpty());
     }
@@ -285,25 +187,22 @@ class AdaptersTest : public WindowTest {
     void iconsFollowTheThemeAndTheScale() {
         Theme theme(ThemeMode::light);
         theme.apply(*qApp);
-        const auto darkest = [](const QImage& image) {
+        const auto darkest = [](const QString& name) {
+            const QImage image = icon(name).pixmap(QSize(24, 24), 1.0).toImage();
             int least = 255;
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x) {
-                    const QColor colour = image.pixelColor(x, y);
-                    least = colour.alpha() > 200 ? std::min(least, colour.lightness()) : least;
-                }
+            for (int pixel = 0; pixel < image.width() * image.height(); ++pixel) {
+                const QColor colour = image.pixelColor(pixel % image.width(), pixel / image.width());
+                least = colour.alpha() > 200 ? std::min(least, colour.lightness()) : least;
             }
             return least;
         };
-        const QIcon save = icon(QStringLiteral("save"));
-        QVERIFY(darkest(save.pixmap(QSize(24, 24), 1.0).toImage()) < 90);
-        QCOMPARE(save.pixmap(QSize(24, 24), 2.0).toImage().size(), QSize(48, 48));
-        theme.setMode(ThemeMode::dark);
-        QVERIFY(darkest(save.pixmap(QSize(24, 24), 1.0).toImage()) > 150);
+        QVERIFY(darkest(QStringLiteral("save")) < 90);
+        QCOMPARE(icon(QStringLiteral("save")).pixmap(QSize(24, 24), 2.0).toImage().size(), QSize(48, 48));
         QVERIFY(icon(QStringLiteral("there-is-none")).isNull());
+        theme.setMode(ThemeMode::dark);
         for (const QString& file : QDir(QStringLiteral(":/orvent/icons")).entryList()) {
-            const QImage image = icon(file.chopped(4)).pixmap(QSize(24, 24), 1.0).toImage();
-            QVERIFY2(darkest(image) > 150 && darkest(image) < 255, qPrintable(file));
+            const int least = darkest(file.chopped(4));
+            QVERIFY2(least > 150 && least < 255, qPrintable(file));
         }
         theme.setMode(ThemeMode::light);
     }

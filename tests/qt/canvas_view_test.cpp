@@ -4,26 +4,21 @@
 
 #include <QApplication>
 #include <QScrollBar>
-#include <array>
+#include <functional>
 #include <random>
 
 #include "canvas/draw_form.h"
 #include "qt/canvas/edge_painter.h"
 #include "qt/canvas/node_painter.h"
 #include "qt/canvas/node_shapes.h"
-#include "qt/theme/model_colour.h"
+#include "testkit/scripted_ports.h"
 #include "window_test.h"
 
 namespace orvent::qt {
 
 namespace {
 
-struct SilentMessages : platform::MessageBox {
-    platform::Answer show(const std::string& text, const std::string&, platform::Icon, platform::Buttons) override {
-        qWarning("unexpected message: %s", text.c_str());
-        return platform::Answer::ok;
-    }
-};
+using canvas::Point;
 
 /// A view that tells which areas it was asked to paint.
 class WatchedView : public CanvasViewWidget {
@@ -40,20 +35,20 @@ class WatchedView : public CanvasViewWidget {
 
 /// A canvas with a view that is shown.
 struct Scene {
-    SilentMessages messages;
+    testkit::ScriptedMessageBox messages{failQt};
     canvas::CanvasSettings settings;
     canvas::DrawForm form{canvas::CanvasServices{messages, settings}};
-    Theme theme;
-    WatchedView view;
+    Theme theme{ThemeMode::light};
+    WatchedView view{form, theme};
 
-    explicit Scene(ThemeMode mode = ThemeMode::light) : theme(mode), view(form, theme) {
+    Scene() {
         view.resize(800, 600);
         view.show();
         settle();
     }
 
-    canvas::LabelsD& add(const char* name, std::int32_t kind, float left, float top, float width = 1050,
-                         float height = 450) {
+    canvas::LabelsD& add(std::int32_t kind, float left, float top, float width = 1050, float height = 450) {
+        const std::string name = "n" + std::to_string(form.Labels.Count());
         return form.Labels.Add(left, width, top, height, name, kind);
     }
     canvas::LinesD& join(const canvas::LabelsD& from, const canvas::LabelsD& to) {
@@ -69,12 +64,24 @@ struct Scene {
         settle();
         return view.viewport()->grab().toImage();
     }
+    /// What is repainted after a change.
+    QRegion repainted(const std::function<void()>& change) {
+        settle();
+        view.painted = {};
+        change();
+        settle();
+        return view.painted;
+    }
     /// The colour of the picture at a place in twips.
     QColor at(const QImage& image, float x, float y) const {
-        const QPointF pixel = view.transform().toPixels(canvas::Point{x, y}) * image.devicePixelRatio();
+        const QPointF pixel = view.transform().toPixels(Point{x, y}) * image.devicePixelRatio();
         return image.pixelColor(pixel.toPoint());
     }
 };
+
+Point middleOf(const canvas::LinesD& edge) {
+    return {(edge.X1() + edge.X2()) / 2, (edge.Y1() + edge.Y2()) / 2};
+}
 
 double contrastOf(const QColor& a, const QColor& b) {
     return std::abs(a.lightnessF() - b.lightnessF());
@@ -86,45 +93,31 @@ class CanvasViewTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void paintsAnEmptyCanvas() {
-        Scene scene;
-        const QImage image = scene.picture();
-        QCOMPARE(image.pixelColor(5, 5), scene.theme.canvas().background);
-        // The bars are those of the empty picture area.
-        QCOMPARE(scene.view.horizontalScrollBar()->maximum(), 17000 / 15 + 1 - scene.view.viewport()->width());
-        scene.view.fit();
-        QCOMPARE(scene.view.scale(), 1.0);
-    }
-
     void eachKindHasItsOwnShape() {
-        const std::array<std::int32_t, 9> kinds = {
-            canvas::NodeTypeDataType, canvas::NodeTypeConstant,  canvas::NodeTypeRecordSet,
-            canvas::NodeTypeFunction, canvas::NodeTypeParameter, canvas::NodeTypeActivity,
-            canvas::NodeTypeLog,      canvas::NodeTypeComment,   canvas::NodeTypeAttribute};
         std::vector<QImage> seen;
-        for (const std::int32_t kind : kinds) {
+        for (const std::int32_t kind : {canvas::NodeTypeDataType, canvas::NodeTypeConstant, canvas::NodeTypeRecordSet,
+                                        canvas::NodeTypeFunction, canvas::NodeTypeParameter, canvas::NodeTypeActivity,
+                                        canvas::NodeTypeLog, canvas::NodeTypeComment, canvas::NodeTypeAttribute}) {
             Scene scene;
-            canvas::LabelsD& node = scene.add("x", kind, 300, 300);
-            node.setColor(0x00FFFF);  // the same fill for all; only the shape may tell them apart
+            scene.add(kind, 300, 300).setColor(0x00FFFF);  // only the shape may tell them apart
             seen.push_back(scene.picture());
         }
-        for (std::size_t i = 0; i + 1 < seen.size(); ++i) {
-            for (std::size_t j = i + 1; j + 1 < seen.size(); ++j) {
-                QVERIFY2(seen[i] != seen[j], qPrintable(QStringLiteral("kinds %1, %2").arg(kinds[i]).arg(kinds[j])));
+        QCOMPARE(seen.back(), seen.front());  // attribute and data type are both plain boxes
+        seen.pop_back();
+        for (std::size_t i = 0; i < seen.size(); ++i) {
+            for (std::size_t j = i + 1; j < seen.size(); ++j) {
+                QVERIFY2(seen[i] != seen[j], qPrintable(QStringLiteral("rows %1 and %2").arg(i).arg(j)));
             }
         }
-        QCOMPARE(seen.back(), seen.front());  // attribute and data type are both plain boxes
     }
 
     void grabPointsLieNearTheOutline() {
         Scene scene;
         for (std::int32_t kind = 1; kind <= 10; ++kind) {
-            const std::string name = "n" + std::to_string(kind);
-            canvas::LabelsD& node = scene.add(name.c_str(), kind, 0, 0, 3000, 1200);
-            const QRectF box(0, 0, 3000, 1200);
-            const QPainterPath outline = nodeShape(kind).outline(box, kTwipsPerPixel);
+            const canvas::LabelsD& node = scene.add(kind, 0, 0, 3000, 1200);
+            const QPainterPath outline = nodeShape(kind).outline(QRectF(0, 0, 3000, 1200), kTwipsPerPixel);
             for (int point = 1; point <= (kind == canvas::NodeTypeActivity ? 5 : 4); ++point) {
-                const canvas::Point at = node.GrabPoint(point);
+                const Point at = node.GrabPoint(point);
                 QPainterPath around;
                 around.addEllipse(QPointF(at.x, at.y), 110, 110);
                 QVERIFY2(around.intersects(outline) && !outline.contains(around),
@@ -133,116 +126,100 @@ class CanvasViewTest : public WindowTest {
         }
     }
 
-    void fillIsTheColourOfTheNode_data() {
-        QTest::addColumn<int>("colour");
-        QTest::addColumn<QColor>("light");
-        QTest::addColumn<QColor>("dark");
-        QTest::newRow("white") << 0xFFFFFF << QColor(255, 255, 255) << QColor(0x33373D);
-        QTest::newRow("red has the low byte") << 0x0000FF << QColor(255, 0, 0) << QColor(255, 0, 0);
-        QTest::newRow("blue has the high byte") << 0xFF0000 << QColor(0, 0, 255) << QColor(0, 0, 255);
-        QTest::newRow("black") << 0 << QColor(0, 0, 0) << QColor(0, 0, 0);
-        QTest::newRow("selected white") << (0xFFFFFF ^ 16744448) << QColor(255, 127, 0) << QColor(255, 127, 0);
-    }
-    void fillIsTheColourOfTheNode() {
-        QFETCH(int, colour);
-        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
-            QFETCH(QColor, light);
-            QFETCH(QColor, dark);
-            Scene scene(mode);
-            canvas::LabelsD& node = scene.add("", canvas::NodeTypeRecordSet, 300, 300);
-            node.setColor(colour);
-            const QColor fill = scene.at(scene.picture(), 360, 600);
-            QCOMPARE(fill, mode == ThemeMode::light ? light : dark);
-            const QColor ink = captionColour(fill, scene.theme.canvas());
-            QVERIFY2(contrastOf(ink, fill) > 0.35, qPrintable(ink.name() + fill.name()));
-        }
-    }
-
-    void themeChangesWhileOpen() {
-        Scene scene;
-        canvas::LabelsD& a = scene.add("a", canvas::NodeTypeRecordSet, 300, 300);
-        canvas::LabelsD& b = scene.add("b", canvas::NodeTypeRecordSet, 4500, 300);
-        scene.join(a, b);
-        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
-            scene.theme.setMode(mode);
-            const QImage image = scene.picture();
-            const QColor ground = scene.at(image, 3000, 1000);
-            const QColor line = scene.at(image, 3000, 525);
-            QCOMPARE(ground, scene.theme.canvas().background);
-            QVERIFY2(contrastOf(ground, line) > 0.4, qPrintable(ground.name() + line.name()));
+    void coloursFollowTheModelAndTheTheme() {
+        struct Row {
+            int colour;  // blue in the high byte
+            QColor light, dark;
+        };
+        for (const Row& row : {Row{0xFFFFFF, QColor(255, 255, 255), QColor(0x33373D)},
+                               {0x0000FF, QColor(255, 0, 0), QColor(255, 0, 0)},
+                               {0xFF0000, QColor(0, 0, 255), QColor(0, 0, 255)},
+                               {0, QColor(0, 0, 0), QColor(0, 0, 0)}}) {
+            Scene scene;
+            canvas::LabelsD& node = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+            scene.join(node, scene.add(canvas::NodeTypeRecordSet, 4500, 300));
+            node.setColor(row.colour);
+            for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
+                scene.theme.setMode(mode);
+                const QImage image = scene.picture();
+                const QColor fill = scene.at(image, 360, 600);
+                QCOMPARE(fill, mode == ThemeMode::light ? row.light : row.dark);
+                const QColor ink = captionColour(fill, scene.theme.canvas());
+                QVERIFY2(contrastOf(ink, fill) > 0.35, qPrintable(ink.name() + fill.name()));
+                const QColor ground = scene.at(image, 3000, 1000);
+                QCOMPARE(ground, scene.theme.canvas().background);
+                QVERIFY(contrastOf(ground, scene.at(image, 3000, 525)) > 0.4);  // the edge
+            }
         }
     }
 
     void captionsAreElidedToFit() {
         CaptionCache cache(QApplication::font());
         const QSizeF room(60, 14);
-        const auto& fits = cache.caption(1, "RS1", CaptionForm::line, room, 1);
-        QVERIFY(!fits.elided);
+        QVERIFY(!cache.caption(1, "RS1", CaptionForm::line, room, 1).elided);
         const auto& cut = cache.caption(2, "A caption that is much too long", CaptionForm::line, room, 1);
         QVERIFY(cut.elided && cut.text.size().width() <= room.width());
-        const QSizeF note(90, 40);
         const auto& text = cache.caption(3,
                                          "Three words here\nand then a second paragraph that goes on and on, "
                                          "wordwithoutanyblankthatisverylong",
-                                         CaptionForm::paragraph, note, 1);
-        QVERIFY(text.elided && text.text.size().height() <= note.height());
-        QVERIFY(text.text.size().height() > 2 * 10);
+                                         CaptionForm::paragraph, QSizeF(90, 40), 1);
+        QVERIFY(text.elided && text.text.size().height() <= 40 && text.text.size().height() > 20);
         QVERIFY(text.text.text().startsWith(QStringLiteral("Three words")));
-        const auto& renamed = cache.caption(1, "RS2", CaptionForm::line, room, 1);
-        QCOMPARE(renamed.text.text(), QStringLiteral("RS2"));
+        QCOMPARE(cache.caption(1, "RS2", CaptionForm::line, room, 1).text.text(), QStringLiteral("RS2"));
     }
 
-    void captionsAreLaidOutOnlyWhenSeen() {
+    void aLargeGraphIsIndexedAtOnceAndLaidOutWhereSeen() {
         Scene scene;
-        for (int i = 0; i < 500; ++i) {
-            scene.add(("n" + std::to_string(i)).c_str(), canvas::NodeTypeRecordSet, 0, static_cast<float>(i) * 600);
+        std::vector<canvas::LabelsD*> nodes;
+        for (int i = 0; i < 3000; ++i) {
+            nodes.push_back(&scene.add(5, static_cast<float>(i % 60) * 1300, static_cast<float>(i / 60) * 700));
         }
+        QCOMPARE(scene.view.indexedItems(), std::size_t{0});
         scene.picture();
-        QVERIFY(scene.view.laidOutCaptions() > 0 && scene.view.laidOutCaptions() < 40);
+        QCOMPARE(scene.view.indexedItems(), std::size_t{3000});
+        QCOMPARE(scene.view.nodeAt({1400, 800}), nodes[61]);
+        QVERIFY(scene.view.laidOutCaptions() > 0 && scene.view.laidOutCaptions() < 300);
     }
 
     void onlyTheChangedAreaIsRepainted() {
         Scene scene;
-        canvas::LabelsD& node = scene.add("a", canvas::NodeTypeRecordSet, 300, 300);
-        scene.add("b", canvas::NodeTypeRecordSet, 6000, 6000);
-        scene.settle();
-        scene.view.painted = {};
-        node.setColor(255);
-        scene.settle();
-        QVERIFY(!scene.view.painted.isEmpty());
-        QVERIFY(QRect(0, 0, 110, 70).contains(scene.view.painted.boundingRect()));
-
-        scene.view.painted = {};
-        node.setBox(7500, 300, 1050, 450);
-        scene.settle();
-        QVERIFY(scene.view.painted.contains(QPoint(30, 30)));   // where it was
-        QVERIFY(scene.view.painted.contains(QPoint(530, 30)));  // where it is
-        QVERIFY(!scene.view.painted.contains(QPoint(300, 30)));
-        QVERIFY(!scene.view.painted.contains(QPoint(430, 430)));
+        canvas::LabelsD& node = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+        scene.add(canvas::NodeTypeRecordSet, 6000, 6000);
+        QVERIFY(QRect(0, 0, 110, 70).contains(scene.repainted([&] { node.setColor(255); }).boundingRect()));
+        const QRegion moved = scene.repainted([&] { node.setBox(7500, 300, 1050, 450); });
+        QVERIFY(!moved.contains(QPoint(300, 30)) && !moved.contains(QPoint(430, 430)));
     }
 
     void aPartialRepaintEqualsAWholeOne() {
         Scene scene;
         std::vector<canvas::LabelsD*> nodes;
         for (int i = 0; i < 20; ++i) {
-            nodes.push_back(&scene.add(("n" + std::to_string(i)).c_str(), i % 2 ? 8 : 5,
-                                       static_cast<float>(i % 5) * 2200, static_cast<float>(i / 5) * 1700));
+            nodes.push_back(
+                &scene.add(i % 2 ? 8 : 5, static_cast<float>(i % 5) * 2200, static_cast<float>(i / 5) * 1700));
+            if (i > 0) {
+                scene.join(*nodes[nodes.size() - 2], *nodes.back());
+            }
         }
-        for (std::size_t i = 1; i < nodes.size(); ++i) {
-            scene.join(*nodes[i - 1], *nodes[i]);
+        canvas::LabelsD& node = *nodes[7];
+        const auto mark = [&](float x) {
+            scene.form.GrabberVisible = true;
+            node.DrawRect(x, 225);
+        };
+        for (const std::function<void()>& change : {std::function<void()>([&] { node.setColor(255); }),
+                                                    {[&] { node.setBox(3333, 2345, 1950, 450); }},
+                                                    {[&] { mark(10); }},    // at the left side
+                                                    {[&] { mark(1940); }},  // and at the right one
+                                                    {[&] { scene.form.SelectedLines.Add(3); }}}) {
+            QImage kept = scene.picture();
+            const QRegion region = scene.repainted(change);
+            const QImage whole = scene.picture();
+            QVERIFY(kept != whole);
+            QPainter painter(&kept);
+            painter.setClipRegion(region);
+            painter.drawImage(0, 0, whole);
+            painter.end();
+            QCOMPARE(kept, whole);  // nothing outside of the repainted region was meant to change
         }
-        scene.settle();
-        QImage kept = scene.picture();
-        scene.view.painted = {};
-        nodes[7]->setBox(3333, 2345, 1050, 450);
-        scene.settle();
-        const QRegion region = scene.view.painted;
-        const QImage whole = scene.picture();
-        QPainter painter(&kept);
-        painter.setClipRegion(region);
-        painter.drawImage(0, 0, whole);
-        painter.end();
-        QCOMPARE(kept, whole);  // nothing outside of the repainted region was meant to change
     }
 
     void findsItemsWhereTheyAre() {
@@ -251,9 +228,9 @@ class CanvasViewTest : public WindowTest {
         std::uniform_real_distribution<float> place(-40000, 90000);
         std::vector<canvas::LabelsD*> nodes;
         for (int i = 0; i < 300; ++i) {
-            nodes.push_back(&scene.add(("n" + std::to_string(i)).c_str(), 5, place(random), place(random)));
+            nodes.push_back(&scene.add(5, place(random), place(random)));
         }
-        canvas::LinesD& edge = scene.join(*nodes[0], *nodes[1]);
+        const canvas::LinesD& edge = scene.join(*nodes[0], *nodes[1]);
         scene.settle();
         for (int round = 0; round < 200; ++round) {  // few enough for the index to be kept up to date
             canvas::LabelsD& node = *nodes[static_cast<std::size_t>(round % 150)];
@@ -262,15 +239,14 @@ class CanvasViewTest : public WindowTest {
             const canvas::LabelsD* found = scene.view.nodeAt({node.Left() + 500, node.Top() + 200});
             QVERIFY(found != nullptr && found->Index() >= node.Index());
         }
-        const canvas::Point middle{(edge.X1() + edge.X2()) / 2, (edge.Y1() + edge.Y2()) / 2};
+        const Point middle = middleOf(edge);
         QCOMPARE(scene.view.edgeAt(middle, 4), &edge);
         QCOMPARE(scene.view.edgeAt({middle.x + 3000, middle.y + 3000}, 4), nullptr);
 
-        canvas::LabelsD& top = *nodes.back();
-        const canvas::Point inside{top.Left() + 10, top.Top() + 10};
-        scene.form.Labels.Remove(top.Index());
-        const canvas::LabelsD* below = scene.view.nodeAt(inside);
-        QVERIFY(below == nullptr || below != nodes.back());
+        const Point inside{nodes.back()->Left() + 10, nodes.back()->Top() + 10};
+        QCOMPARE(scene.view.nodeAt(inside), nodes.back());
+        scene.form.Labels.Remove(nodes.back()->Index());
+        QVERIFY(scene.view.nodeAt(inside) != nodes.back());
         scene.form.Labels.Remove(nodes[0]->Index());
         QCOMPARE(scene.view.edgeAt(middle, 4), nullptr);
         scene.picture();
@@ -278,18 +254,13 @@ class CanvasViewTest : public WindowTest {
 
     void extremeCoordinatesAreHarmless() {
         Scene scene;
-        canvas::LabelsD& a = scene.add("a", 5, -3e9F, 3e30F);
-        canvas::LabelsD& b = scene.add("b", 8, 300, 300);
-        canvas::LabelsD& c = scene.add("c", 5, 1e7F, 300, 1e9F, 1e9F);
-        for (canvas::LinesD* edge : {&scene.join(b, a), &scene.join(b, c)}) {
-            edge->setEdgeType(canvas::EdgeTypeDescription);
+        const canvas::LabelsD& node = scene.add(8, 300, 300);
+        for (const canvas::LabelsD* far : {&scene.add(5, -3e9F, 3e30F), &scene.add(5, 1e7F, 300, 1e9F, 1e9F)}) {
+            scene.join(node, *far).setEdgeType(canvas::EdgeTypeDescription);
         }
-        QElapsedTimer clock;
-        clock.start();
         scene.picture();
         scene.view.fit();
         scene.picture();
-        QVERIFY(clock.elapsed() < 3000);
         scene.form.clear();
         QCOMPARE(scene.view.nodeAt({400, 400}), nullptr);
         scene.picture();
@@ -309,35 +280,39 @@ class CanvasViewTest : public WindowTest {
 
     void scrollBarsCoverThePicture() {
         Scene scene;
-        scene.add("a", 5, 0, 0);
-        scene.add("b", 5, 30000, 15000);
-        scene.settle();
         QScrollBar* bar = scene.view.horizontalScrollBar();
-        QVERIFY(bar->maximum() + scene.view.viewport()->width() >= 31050 / 15);
+        const int width = scene.view.viewport()->width();
+        QCOMPARE(bar->maximum(), 17000 / 15 + 1 - width);  // the empty picture area
+        scene.view.fit();
+        QCOMPARE(scene.view.scale(), 1.0);
+        canvas::LabelsD& first = scene.add(5, 0, 0);
+        scene.add(5, 30000, 15000);
+        scene.settle();
+        QVERIFY(bar->maximum() + width >= 31050 / 15);
         bar->setValue(bar->maximum());
-        const QPointF right = scene.view.transform().toPixels(canvas::Point{31050, 15000});
-        QVERIFY(right.x() > 0 && right.x() < scene.view.viewport()->width());
-        scene.form.Labels.byIndex(1)->setLeft(-9000);
+        const QPointF right = scene.view.transform().toPixels(Point{31050, 15000});
+        QVERIFY(right.x() > 0 && right.x() < width);
+        first.setLeft(-9000);
         scene.settle();
         QVERIFY(bar->minimum() <= -600);
         scene.view.fit();
         const Transform now = scene.view.transform();
-        for (const canvas::Point corner : {canvas::Point{-9000, 0}, canvas::Point{31050, 15450}}) {
+        for (const Point corner : {Point{-9000, 0}, Point{31050, 15450}}) {
             QVERIFY(QRectF(scene.view.viewport()->rect()).contains(now.toPixels(corner)));
         }
     }
 
     void scaleKeepsThePlaceUnderTheAnchor() {
         Scene scene;
-        scene.add("a", 5, 0, 0);
-        scene.add("b", 5, 60000, 60000);
+        scene.add(5, 0, 0);
+        scene.add(5, 60000, 60000);
         scene.settle();
         scene.view.horizontalScrollBar()->setValue(1000);
         scene.view.verticalScrollBar()->setValue(1200);
         const QPointF anchor(200, 150);
-        const canvas::Point before = scene.view.transform().toTwips(anchor);
+        const Point before = scene.view.transform().toTwips(anchor);
         scene.view.setScale(2.5, anchor);
-        const canvas::Point after = scene.view.transform().toTwips(anchor);
+        const Point after = scene.view.transform().toTwips(anchor);
         QVERIFY(std::abs(before.x - after.x) < 15 && std::abs(before.y - after.y) < 15);
         scene.view.setScale(1e9);
         QCOMPARE(scene.view.scale(), CanvasViewWidget::kLargestScale);
@@ -345,56 +320,18 @@ class CanvasViewTest : public WindowTest {
         QCOMPARE(scene.view.scale(), CanvasViewWidget::kLeastScale);
     }
 
-    void fillingIsNotIndexedItemByItem() {
-        Scene scene;
-        scene.settle();
-        scene.view.painted = {};
-        std::vector<canvas::LabelsD*> nodes;
-        for (int i = 0; i < 3000; ++i) {
-            nodes.push_back(&scene.add(("n" + std::to_string(i)).c_str(), 5, static_cast<float>(i % 60) * 1300,
-                                       static_cast<float>(i / 60) * 700));
-        }
-        QCOMPARE(scene.view.indexedItems(), std::size_t{0});
-        scene.picture();
-        QCOMPARE(scene.view.indexedItems(), std::size_t{3000});
-        QCOMPARE(scene.view.nodeAt({1400, 800}), nodes[61]);
-    }
-
-    void theGrabMarkerMoves() {
-        Scene scene;
-        canvas::LabelsD& node = scene.add("a", 5, 3000, 3000, 3000, 3000);
-        const QImage plain = scene.picture();
-        scene.form.GrabberVisible = true;
-        node.DrawRect(100, 1500);
-        scene.settle();
-        const QPoint left = scene.view.transform().toPixels(node.GrabPoint(1)).toPoint();
-        QVERIFY(scene.picture() != plain);
-        scene.view.painted = {};
-        node.DrawRect(2900, 1500);
-        scene.settle();
-        QVERIFY(scene.view.painted.contains(left));  // the old marker goes
-        QVERIFY(scene.view.painted.contains(scene.view.transform().toPixels(node.GrabPoint(3)).toPoint()));
-    }
-
     void handlesShowForSelectedAndPointedEdges() {
         Scene scene;
-        canvas::LabelsD& a = scene.add("a", 5, 300, 300);
-        canvas::LabelsD& b = scene.add("b", 5, 6000, 3000);
-        canvas::LinesD& edge = scene.join(a, b);
+        const canvas::LabelsD& start = scene.add(5, 300, 300);
+        const canvas::LinesD& edge = scene.join(start, scene.add(5, 6000, 3000));
         const QImage plain = scene.picture();
-        const QPoint middle = scene.view.transform()
-                                  .toPixels(canvas::Point{(edge.X1() + edge.X2()) / 2, (edge.Y1() + edge.Y2()) / 2})
-                                  .toPoint();
-        QTest::mouseMove(scene.view.viewport(), middle);
+        QTest::mouseMove(scene.view.viewport(), scene.view.transform().toPixels(middleOf(edge)).toPoint());
         const QImage pointed = scene.picture();
         QVERIFY(pointed != plain);
         QTest::mouseMove(scene.view.viewport(), QPoint(700, 20));
         QCOMPARE(scene.picture(), plain);
         scene.form.SelectedLines.Add(edge.Index());
-        const QImage selected = scene.picture();
-        QVERIFY(selected != plain && selected != pointed);
-        scene.form.SelectedLines.Clear();
-        QCOMPARE(scene.picture(), plain);
+        QVERIFY(scene.picture() != plain && scene.picture() != pointed);
     }
 };
 

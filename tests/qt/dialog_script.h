@@ -2,10 +2,11 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QTest>
 #include <QTimer>
 #include <deque>
 #include <functional>
+
+#include "window_test.h"
 
 namespace orvent::qt {
 
@@ -22,7 +23,7 @@ class DialogScript {
 
     void verify() {
         for (const Step& step : steps_) {
-            QTest::qFail(qPrintable(step.name + QStringLiteral(" never opened")), __FILE__, __LINE__);
+            failQt(step.name.toStdString() + " never opened");
         }
         steps_.clear();
     }
@@ -56,7 +57,7 @@ class DialogScript {
             act(*dialog);
             handled_ = nullptr;
         } else if (++waited_ > kPatience) {
-            QTest::qFail(qPrintable(QStringLiteral("unexpected window ") + dialog->objectName()), __FILE__, __LINE__);
+            failQt("unexpected window " + dialog->objectName().toStdString());
             dialog->reject();
         }
     }

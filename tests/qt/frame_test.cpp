@@ -1,5 +1,7 @@
-// The frame over its real logic: start, commands by state, the scenarios' windows and their closing.
+// The frame over its real logic: start, commands by state, the scenarios' windows and their closing, tool bars,
+// palettes and options.
 
+#include <QDoubleSpinBox>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QTabBar>
@@ -9,7 +11,6 @@
 #include "qt/shell/scenario_area.h"
 #include "qt/shell/scenario_window.h"
 #include "window_program.h"
-#include "window_test.h"
 
 namespace orvent::qt {
 
@@ -17,51 +18,22 @@ namespace {
 
 using platform::Answer;
 
-struct ItemRow {
-    const char* item;
-    bool shownEmpty, enabledEmpty;  // without a scenario
-    bool shownOpen, enabledOpen;    // with one in front
-};
+/// The started program with what these tests look at.
+struct Frame : StartedProgram {
+    bool isShown(const char* name) const { return control<QWidget>(frame, name)->isVisible(); }
+    QString title() const { return frame.windowTitle(); }
+    qsizetype windows() { return frame.area().subWindowList().size(); }
+    void press(const char* button) { QTest::mouseClick(control<QToolButton>(frame, button), Qt::LeftButton); }
 
-constexpr ItemRow kItems[] = {
-    {"NewScenarioM", true, true, true, true},     {"LoadScenarioM", true, true, true, true},
-    {"SaveScenarioM", false, false, true, true},  {"SaveScenarioAsM", false, false, true, true},
-    {"DeleteScenarioM", true, true, true, true},  {"ExportTxtM", false, false, true, true},
-    {"CloseScenarioM", false, false, true, true}, {"LoginM", true, true, false, false},
-    {"PrintScenarioM", false, false, true, true}, {"PrintPreviewM", false, false, true, true},
-    {"ZoomInM", false, false, true, true},        {"ViewFitM", false, false, true, true},
-    {"SelectAllM", false, false, true, true},     {"HelpShortcutsM", true, true, true, true},
-    {"ShowDataTypesM", true, false, true, false}, {"LoadTestGraph", true, true, true, true},
-    {"HelpETLM", true, true, true, true},         {"HelpAboutM", true, true, true, true},
-};
-
-QStringList entriesOf(QMenu& menu) {
-    QStringList entries;
-    for (const QAction* action : menu.actions()) {
-        entries << (action->isSeparator() ? QStringLiteral("-")
-                                          : action->text() + (action->isChecked() ? QStringLiteral(" *") : QString()) +
-                                                (action->isEnabled() ? QString() : QStringLiteral(" off")));
+    /// `WindowM` as it is when a user opens it.
+    QMenu& windowMenu() {
+        auto* menu = control<QMenu>(frame, "WindowM");
+        menu->popup(QPoint());
+        menu->close();
+        return *menu;
     }
-    return entries;
-}
-
-/// `WindowM` as it is when a user opens it.
-QMenu& windowMenu(FrameWindow& frame) {
-    auto* menu = control<QMenu>(frame, "WindowM");
-    menu->popup(QPoint());
-    menu->close();
-    return *menu;
-}
-
-QAction* entry(QMenu& menu, const QString& text) {
-    for (QAction* action : menu.actions()) {
-        if (action->text() == text) {
-            return action;
-        }
-    }
-    failQt("no entry " + text.toStdString());
-    return nullptr;
-}
+    void arrange(const char* item) { control<QAction>(windowMenu(), item)->trigger(); }
+};
 
 }  // namespace
 
@@ -77,82 +49,63 @@ class FrameTest : public WindowTest {
             click(window, "Login");
         });
         QVERIFY(program.logic.start());
-        QVERIFY(program.frame.isVisible());
-        QVERIFY(program.frame.isMaximized());
+        QVERIFY(program.frame.isVisible() && program.frame.isMaximized());
         QCOMPARE(program.frame.normalGeometry().topLeft(), QPoint(40, 40));
         QCOMPARE(program.frame.windowTitle(), QStringLiteral("ORVENT II"));
         QVERIFY(control<QWidget>(program.frame, "WelcomePage")->isVisible());
-        const QString who = control<QLabel>(program.frame, "whoAndWhere")->text();
-        QCOMPARE(who, QStringLiteral("anna @ ") + QString::fromStdString(program.source()));
-        QStringList statusTexts;
-        for (const QLabel* label : program.frame.statusBar()->findChildren<QLabel*>()) {
-            statusTexts << label->text();
-        }
-        QVERIFY(statusTexts.contains(QStringLiteral("Ready")));
-    }
-
-    void cancelledLoginShowsNoFrame() {
-        WindowProgram program;
-        program.dialogs.at(QStringLiteral("UserLogin"), [](QDialog& window) { click(window, "cmdCancel"); });
-        QVERIFY(!program.logic.start());
-        QVERIFY(!program.frame.isVisible());
+        QCOMPARE(control<QLabel>(program.frame, "whoAndWhere")->text(),
+                 QStringLiteral("anna @ ") + QString::fromStdString(program.source()));
+        QCOMPARE(program.frame.statusBar()->findChild<QLabel*>()->text(), QStringLiteral("Ready"));
     }
 
     void commandsFollowTheState() {
-        WindowProgram program;
-        program.start();
-        auto* save = control<QToolBar>(program.frame, "MenuBar")->findChild<QAction*>(QStringLiteral("Save"));
-        auto* ldl = control<QToolButton>(program.frame, "LDL");
+        struct Row {
+            const char *item, *empty, *open;  // "on", "grey" or "gone" without a scenario and with one
+        };
+        Frame program;
         for (const bool open : {false, true}) {
             if (open) {
                 program.open("One");
             }
-            for (const ItemRow& row : kItems) {
+            for (const Row& row : {Row{"NewScenarioM", "on", "on"},
+                                   {"SaveScenarioM", "gone", "on"},
+                                   {"LoginM", "on", "gone"},
+                                   {"ViewFitM", "gone", "on"},
+                                   {"ShowDataTypesM", "grey", "grey"}}) {
                 const QAction* action = program.menuItem(row.item);
-                QVERIFY2(action->isVisible() == (open ? row.shownOpen : row.shownEmpty), row.item);
-                QVERIFY2(action->isEnabled() == (open ? row.enabledOpen : row.enabledEmpty), row.item);
+                const char* state = !action->isVisible() ? "gone" : action->isEnabled() ? "on" : "grey";
+                QVERIFY2(QLatin1String(state) == QLatin1String(open ? row.open : row.empty), row.item);
             }
-            QCOMPARE(save->isEnabled(), open);
-            QCOMPARE(ldl->isEnabled(), open);
+            QCOMPARE(control<QToolButton>(program.frame, "LDL")->isEnabled(), open);
             for (const char* menu : {"WindowM", "ViewM", "ZoomM"}) {
                 QCOMPARE(control<QMenu>(program.frame, menu)->menuAction()->isVisible(), open);
-            }
-            for (const char* key : {"ActivityZoom", "CheckCons", "Metrics"}) {
-                QVERIFY(!control<QToolButton>(program.frame, key)->isEnabled());
             }
         }
     }
 
     void newScenarioAndItsCaption() {
-        WindowProgram program;
-        program.start();
+        Frame program;
         program.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario1", "50 % & %1");
         click(program.frame, "WelcomeNewScenarioM");
         canvas::DrawForm* form = program.frame.activeScenario();
         QVERIFY(form);
-        QVERIFY(!control<QWidget>(program.frame, "WelcomePage")->isVisible());
-        QCOMPARE(program.frame.windowTitle(), QStringLiteral("50 % & %1 — ORVENT II"));
-        auto* tabs = program.frame.area().findChild<QTabBar*>();
+        QVERIFY(!program.isShown("WelcomePage"));
+        QCOMPARE(program.title(), QStringLiteral("50 % & %1 — ORVENT II"));
+        const auto* tabs = program.frame.area().findChild<QTabBar*>();
         QCOMPARE(tabs->tabText(0), QStringLiteral("50 % && %1"));
         QVERIFY(program.frame.area().windowOf(*form)->isMaximized());
         form->setCaption(std::string(300, 'x'));
-        QVERIFY(program.frame.windowTitle().startsWith(QString(300, u'x')));
+        QVERIFY(program.title().startsWith(QString(300, u'x')));
         QVERIFY2(tabs->tabText(0).size() < 100, "a long name is cut in the tab");
-
-        program.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario2", "");
-        program.choose("NewScenarioM");
-        QCOMPARE(program.frame.area().subWindowList().size(), 1);
     }
 
     void closeAsksAndCancelKeeps() {
-        WindowProgram program;
-        program.start();
-        canvas::DrawForm* form = program.open("One");
+        Frame program;
+        QPointer<QMdiSubWindow> window = program.frame.area().windowOf(*program.open("One"));
         program.open("Two");
-        QPointer<QMdiSubWindow> window = program.frame.area().windowOf(*form);
         program.answerClose("One", Answer::cancel);
         window->close();
-        QCOMPARE(program.frame.area().subWindowList().size(), 2);
+        QCOMPARE(program.windows(), 2);
 
         program.answerClose("One", Answer::ok);
         auto* tabs = program.frame.area().findChild<QTabBar*>();
@@ -162,8 +115,8 @@ class FrameTest : public WindowTest {
         QVERIFY(program.menuItem("SaveScenarioM")->isEnabled());
 
         // The child windows have a key of their own for this; it must not stand against the menu's.
-        for (const char* arrangement : {"Tile", "Tabs"}) {
-            entry(windowMenu(program.frame), QLatin1String(arrangement))->trigger();
+        for (const char* arrangement : {"TileM", "TabsM"}) {
+            program.arrange(arrangement);
             program.answerClose("Two", Answer::cancel);
             QTest::keyClick(program.frame.focusWidget(), Qt::Key_W, Qt::ControlModifier);
             program.messages.verify();
@@ -171,114 +124,74 @@ class FrameTest : public WindowTest {
         program.answerClose("Two", Answer::ok);
         program.choose("CloseScenarioM");
         QVERIFY(!program.frame.activeScenario());
-        QVERIFY(control<QWidget>(program.frame, "WelcomePage")->isVisible());
-        QCOMPARE(program.frame.windowTitle(), QStringLiteral("ORVENT II"));
-    }
-
-    void twelfthScenarioIsRefused() {
-        WindowProgram program;
-        program.start();
-        for (int number = 1; number <= shell::MDIForm1::kSlots; ++number) {
-            program.open("S" + std::to_string(number));
-        }
-        program.messages.expect(
-            "Maximum Number Of Possible Concurrently Loaded Scenarios is Exceeded\n"
-            "You Will Have To Close One Of the Allready Open Scenarios Before Opening A New One");
-        program.choose("NewScenarioM");
-        QCOMPARE(program.frame.area().subWindowList().size(), 11);
-
-        program.answerClose("S4", Answer::ok);
-        program.logic.closeScenario(*program.logic.scenario(3));
-        program.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario4", "Again");
-        program.choose("NewScenarioM");
-        QCOMPARE(program.logic.scenario(3)->Caption(), std::string("Again"));
+        QVERIFY(program.isShown("WelcomePage"));
+        QCOMPARE(program.title(), QStringLiteral("ORVENT II"));
     }
 
     void windowListMarksTheActiveAndGreysTheDisabled() {
-        WindowProgram program;
-        program.start();
+        Frame program;
         canvas::DrawForm* one = program.open("One & only");
         canvas::DrawForm* two = program.open("Two");
         two->Enabled = false;
         program.frame.commandsChanged();
-        QMenu& menu = windowMenu(program.frame);
-        QCOMPARE(entriesOf(menu).mid(3),
-                 QStringList({QStringLiteral("-"), QStringLiteral("One && only"), QStringLiteral("Two * off")}));
+        const QList<QAction*> entries = program.windowMenu().actions();
+        QCOMPARE(entries.size(), 6);  // three arrangements, a line and the windows
+        QCOMPARE(entries[4]->text(), QStringLiteral("One && only"));
+        QVERIFY(!entries[4]->isChecked() && entries[4]->isEnabled());
+        QVERIFY(entries[5]->isChecked() && !entries[5]->isEnabled());
         QVERIFY(!program.frame.area().windowOf(*two)->isEnabled());
         QVERIFY(!program.menuItem("SaveScenarioM")->isEnabled());
         program.frame.area().windowOf(*two)->close();  // asks nothing and does nothing
-        QCOMPARE(program.frame.area().subWindowList().size(), 2);
+        QCOMPARE(program.windows(), 2);
 
-        entry(menu, QStringLiteral("One && only"))->trigger();
+        entries[4]->trigger();
         QCOMPARE(program.frame.activeScenario(), one);
         QVERIFY(program.menuItem("SaveScenarioM")->isEnabled());
     }
 
     void windowsCanLieSideBySide() {
-        WindowProgram program;
-        program.start();
-        canvas::DrawForm* one = program.open("One");
-        program.open("Two");
-        entry(windowMenu(program.frame), QStringLiteral("Tile"))->trigger();
-        ScenarioWindow* window = program.frame.area().windowOf(*one);
-        QVERIFY(!window->isMaximized());
-        QVERIFY(!window->geometry().intersects(
-            program.frame.area().windowOf(*program.logic.scenario(1))->geometry().adjusted(2, 2, -2, -2)));
-        QVERIFY2(!(window->windowFlags() & Qt::WindowMaximizeButtonHint), "the toolkit would change the frame's title");
-        program.frame.area().setActiveSubWindow(window);
-        QCOMPARE(program.frame.windowTitle(), QStringLiteral("One — ORVENT II"));
-        entry(windowMenu(program.frame), QStringLiteral("Tabs"))->trigger();
-        QVERIFY(window->isMaximized());
-        QCOMPARE(program.frame.windowTitle(), QStringLiteral("One — ORVENT II"));
+        Frame program;
+        ScenarioWindow* one = program.frame.area().windowOf(*program.open("One"));
+        ScenarioWindow* two = program.frame.area().windowOf(*program.open("Two"));
+        program.arrange("TileM");
+        QVERIFY(!one->isMaximized());
+        QVERIFY(!one->geometry().intersects(two->geometry().adjusted(2, 2, -2, -2)));
+        QVERIFY2(!(one->windowFlags() & Qt::WindowMaximizeButtonHint), "the toolkit would change the frame's title");
+        program.frame.area().setActiveSubWindow(one);
+        QCOMPARE(program.title(), QStringLiteral("One — ORVENT II"));
+        program.arrange("TabsM");
+        QVERIFY(one->isMaximized());
+        QCOMPARE(program.title(), QStringLiteral("One — ORVENT II"));
     }
 
-    void closingTheFrameAsksInSlotOrder() {
-        WindowProgram program;
-        program.start();
-        for (const char* name : {"A", "B", "C"}) {
-            program.open(name);
-        }
-        program.answerClose("A", Answer::ok);
-        program.answerClose("B", Answer::cancel);
-        QVERIFY(!program.frame.close());
-        program.messages.verify();
-        QVERIFY(program.frame.isVisible());
-        QCOMPARE(program.frame.area().subWindowList().size(), 2);
-
-        program.answerClose("B", Answer::ok);
-        program.answerClose("C", Answer::ok);
-        QVERIFY(program.frame.close());
-    }
-
-    void disabledFrameTakesNothing() {
-        WindowProgram program;
-        program.start();
+    void theFrameClosesUnlessItIsDisabledOrTheUserCancels() {
+        Frame program;
         program.open("One");
         program.frame.enableFrame(false);
         QVERIFY(!control<QToolButton>(program.frame, "LDL")->isEnabled());
-        program.choose("NewScenarioM");
+        program.choose("NewScenarioM");  // does nothing
         QVERIFY(!program.frame.close());
         QVERIFY2(program.frame.isEnabled(), "its message boxes must stay usable");
         program.frame.enableFrame(true);
+        program.answerClose("One", Answer::cancel);
+        QVERIFY(!program.frame.close());
+        QVERIFY(program.frame.isVisible());
         program.answerClose("One", Answer::ok);
-        program.choose("CloseScenarioM");
+        QVERIFY(program.frame.close());
     }
 
     void anotherUserLogsIn() {
-        WindowProgram program;
-        program.start();
-        program.open("One");
+        Frame program;
         program.messages.expect(
             "All active Scenarios must close in order to login as a different user!\n"
             "Are you sure you want to continue?",
             "Login", platform::Icon::none, platform::Buttons::okCancel);
-        program.answerClose("One", Answer::ok);
         program.dialogs.at(QStringLiteral("UserLogin"), [](QDialog& window) {
             QCOMPARE(control<QLineEdit>(window, "txtUser")->text(), QStringLiteral("anna"));
             typeInto(window, "txtUser", QStringLiteral("bert"));
             QTest::keyClick(&window, Qt::Key_Return);
         });
-        QTest::mouseClick(control<QToolButton>(program.frame, "Login"), Qt::LeftButton);
+        program.press("Login");
         QVERIFY(control<QLabel>(program.frame, "whoAndWhere")->text().startsWith(QStringLiteral("bert @ ")));
 
         // A login that is given up ends the program.
@@ -287,22 +200,73 @@ class FrameTest : public WindowTest {
         QVERIFY(!program.frame.isVisible());
     }
 
-    void sampleGoesThroughTheRepository() {
-        WindowProgram program;
-        program.start();
-        program.choose("LoadTestGraph");
-        const int nodes = program.frame.activeScenario()->Labels.Count();
-        program.saveAs("Stored");
-        QCOMPARE(program.frame.windowTitle(), QStringLiteral("Stored — ORVENT II"));
-        program.answerClose("Stored", Answer::ok);
+    void toolsShowOneStateInBarsAndPalettes() {
+        Frame program;
+        auto* band = control<QToolBar>(program.frame, "NodeBar");
+        auto* palette = control<QWidget>(program.frame, "NodeForm");
+        QVERIFY(!band->isVisible());
+        program.open("One");
+        QTRY_VERIFY(band->isVisible() && !palette->isVisible());  // when the window becomes active
+        program.press("Nodes");
+        QVERIFY(!band->isVisible() && palette->isVisible());
+        auto* comment = control<QAction>(*band, "Comment");
+        auto* twin = control<QAction>(*palette, "Comment");
+        twin->trigger();
+        QVERIFY(twin->isChecked() && comment->isChecked());
+        control<QAction>(*control<QToolBar>(program.frame, "ArrowBar"), "Crop")->trigger();
+        QVERIFY(!twin->isChecked() && !comment->isChecked());
+        QVERIFY(!control<QAction>(*palette, "Function")->isEnabled());
+
+        program.frame.showMinimized();
+        QVERIFY(!palette->isVisible());
+        program.frame.showNormal();
+        QVERIFY(palette->isVisible());
+        for (const auto& [button, area] : {std::pair{"DockL", Qt::LeftToolBarArea},
+                                           {"DockR", Qt::RightToolBarArea},
+                                           {"DockD", Qt::BottomToolBarArea},
+                                           {"DockU", Qt::TopToolBarArea}}) {
+            QTest::mouseClick(control<QToolButton>(*palette, button), Qt::LeftButton);
+            QVERIFY(band->isVisible() && !palette->isVisible());
+            QCOMPARE(program.frame.toolBarArea(band), area);
+            program.press("Nodes");
+        }
+        QTest::mouseClick(control<QToolButton>(*palette, "DockNo"), Qt::LeftButton);
+        QVERIFY(palette->isVisible());
+        palette->close();
+        QVERIFY(band->isVisible() && !palette->isVisible());
+
+        // Dragged out of its bar, a band becomes a palette where it is dropped.
+        const QPoint centre = program.frame.centralWidget()->rect().center();
+        const QPoint drop = band->mapFromGlobal(program.frame.centralWidget()->mapToGlobal(centre));
+        QTest::mousePress(band, Qt::LeftButton, {}, QPoint(5, band->height() / 2));
+        QTest::mouseRelease(band, Qt::LeftButton, {}, drop);
+        QVERIFY(!band->isVisible() && palette->isVisible());
+        program.answerClose("One", Answer::ok);
         program.choose("CloseScenarioM");
-        program.dialogs.at(QStringLiteral("ViewScenarios"), [](QDialog& window) {
-            QTest::keyClick(window.focusWidget(), Qt::Key_Down);
-            click(window, "OKButton");
+        QVERIFY(!twin->isEnabled() && !program.isShown("EdgeBar"));
+    }
+
+    void optionsAreStoredAndCancelledDialogsDoNothing() {
+        Frame program;
+        program.repository.store.setValue("Draw", "ActW", "9000");
+        program.dialogs.at(QStringLiteral("OptionsForm"), [&](QDialog& window) {
+            auto* width = control<QDoubleSpinBox>(window, "Text8");
+            QCOMPARE(width->value(), 70.0);
+            width->setFocus();
+            width->selectAll();
+            QTest::keyClicks(width, QStringLiteral("100"));
+            click(window, "butOK");
         });
-        program.choose("LoadScenarioM");
-        QCOMPARE(program.frame.activeScenario()->Labels.Count(), nodes);
-        QCOMPARE(program.frame.windowTitle(), QStringLiteral("Stored — ORVENT II"));
+        program.press("Options");
+        QCOMPARE(program.repository.store.value("Draw", "ActW", ""), std::string("1500"));
+        QCOMPARE(program.logic.options().canvas.ActW, 1500.0F);
+        program.open("One");
+        for (const auto& [item, dialog] : {std::pair{"PrintScenarioM", "PrintDialog"},
+                                           {"PrintPreviewM", "PrintPreview"},
+                                           {"HelpShortcutsM", "ShortcutsForm"}}) {
+            program.dialogs.at(QLatin1String(dialog), [](QDialog& window) { window.reject(); });
+            program.choose(item);
+        }
     }
 };
 

@@ -1,27 +1,92 @@
 // The wizard's window over its real logic: what it shows at each step, and the way from a template to an activity with
 // mouse and keys.
 
+#include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTextEdit>
+#include <QToolButton>
 #include <QTreeWidget>
 
-#include "window_test.h"
-#include "wizard_player.h"
+#include "testkit/graph_builder.h"
+#include "window_program.h"
 
 namespace orvent::qt {
 
 namespace {
 
 using platform::Answer;
-using platform::Buttons;
-using platform::Icon;
+
+/// A small scenario with one activity, and the wizard opened on it.
+struct Wizard : StartedProgram {
+    Wizard() {
+        form = open("Wizardry");
+        testkit::GraphBuilder graph(*form);
+        graph.recordSet("ORDERS", {"ID", "NAME", "PRICE"});
+        activity = &graph.activity("Sel", {"ID", "NAME", "PRICE"}, {"ID", "NAME"});
+        for (const std::string attribute : {"ID", "NAME", "PRICE"}) {
+            graph.feed("ORDERS." + attribute, "Sel.IN." + attribute);
+        }
+    }
+
+    /// Opens the wizard on a type of the starter catalogue, as the menu of the activity does.
+    void run(const char* type, const std::function<void(QDialog&)>& act) {
+        activity->Act_Type = logic.catalogue().ActivityTypeIndex(type);
+        dialogs.at(QStringLiteral("LDLForm"), act);
+        logic.designPorts().windows.openTemplateWizard(*form->nodeNamed("Sel"));
+    }
+
+    canvas::DrawForm* form = nullptr;
+    entities::ActivityProperties* activity = nullptr;
+};
+
+/// Walks down a choice with the arrow key until it shows the text.
+void pick(QDialog& window, const char* name, const char* text) {
+    auto* box = control<QComboBox>(window, name);
+    QVERIFY(box->isVisible());
+    for (int step = 0; step < box->count() && box->currentText() != QLatin1String(text); ++step) {
+        QTest::keyClick(box, Qt::Key_Down);
+    }
+    QCOMPARE(box->currentText(), QLatin1String(text));
+}
+
+void option(QDialog& window, const char* name) {
+    auto* button = control<QRadioButton>(window, name);
+    QVERIFY(button->isVisible());
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    QVERIFY(button->isChecked());
+}
+
+void constant(QDialog& window, const char* text) {
+    typeInto(window, "txtConst", QLatin1String(text));
+    pick(window, "listDataTypes", "NUMBER");
+}
+
+void addElement(QDialog& window, const char* attribute) {
+    QTest::keyClick(control<QSpinBox>(window, "UpDownArity"), Qt::Key_Up);
+    auto* list = control<QListWidget>(window, "listArrity");
+    QListWidgetItem* last = list->item(list->count() - 1);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(last).center());
+    QCOMPARE(control<QComboBox>(window, "listInputAttributes")->currentText(), QString());
+    QCOMPARE(last->toolTip(), QStringLiteral("Something is missing"));
+    pick(window, "listInputs", "a_in1");
+    pick(window, "listInputAttributes", attribute);
+    QCOMPARE(last->toolTip(), QStringLiteral("Complete"));
+}
 
 QString lineOf(const QDialog& window, const char* name) {
     return control<QLabel>(window, name)->text();
 }
 
-/// The names of the buttons that are grey, and whether each tells why.
-QStringList greyButtons(const QDialog& window) {
+bool isShown(const QDialog& window, const char* name) {
+    return control<QWidget>(window, name)->isVisible();
+}
+
+/// The names of the buttons that are grey; each of them must tell why.
+QString greyButtons(const QDialog& window) {
     QStringList grey;
     for (const char* name : {"cmdParseLDL", "cmdGenerateLDL", "cmdCreateAct", "cmdPrev", "cmdNext", "cmdOK"}) {
         const auto* button = control<QPushButton>(window, name);
@@ -32,30 +97,7 @@ QStringList greyButtons(const QDialog& window) {
             failQt(std::string(name) + " should tell why it is grey, and only then");
         }
     }
-    return grey;
-}
-
-/// The stretches of the template that are marked.
-QStringList marked(const QTextEdit& box) {
-    QStringList result;
-    bool inside = false;
-    for (int at = 0; at < box.document()->characterCount() - 1; ++at) {
-        QTextCursor cursor(box.document());
-        cursor.setPosition(at + 1);
-        const bool bold = cursor.charFormat().fontWeight() == QFont::Bold;
-        if (bold && !inside) {
-            result << QString();
-        }
-        if (bold) {
-            result.last() += box.document()->characterAt(at);
-        }
-        inside = bold;
-    }
-    return result;
-}
-
-QString text(const QDialog& window) {
-    return control<QTextEdit>(window, "txtTemplate")->toPlainText();
+    return grey.join(u' ');
 }
 
 }  // namespace
@@ -65,33 +107,32 @@ class LdlWizardTest : public WindowTest {
 
   private Q_SLOTS:
     void scalarsAreDefinedOneByOne() {
-        WizardPlayer player;
-        player.run("Selection", [&](QDialog& window) {
-            QVERIFY(!control<QWidget>(window, "frameVar")->isVisible());
-            QCOMPARE(greyButtons(window).size(), 5);
+        Wizard wizard;
+        wizard.run("Selection", [&](QDialog& window) {
+            const auto* text = control<QTextEdit>(window, "txtTemplate");
+            QVERIFY(!isShown(window, "frameVar"));
+            QCOMPARE(greyButtons(window), QStringLiteral("cmdGenerateLDL cmdCreateAct cmdPrev cmdNext cmdOK"));
             QVERIFY(control<QPushButton>(window, "cmdParseLDL")->hasFocus());
             QTest::keyClick(&window, Qt::Key_Return);  // the button that leads on is the standard one
 
-            QCOMPARE(marked(*control<QTextEdit>(window, "txtTemplate")), QStringList{QStringLiteral("@FIELD")});
+            for (const auto& [name, weight] : {std::pair{"@FIELD", QFont::Bold}, {"@OPERATOR", QFont::Normal}}) {
+                QCOMPARE(text->document()->find(QLatin1String(name)).charFormat().fontWeight(), int{weight});
+            }
             QCOMPARE(lineOf(window, "progress"), QStringLiteral("Variable 1 of 3: @FIELD"));
-            QCOMPARE(lineOf(window, "hint"), QStringLiteral("Choose what @FIELD stands for."));
             QCOMPARE(lineOf(window, "step"), QStringLiteral("1 of 3"));
-            QCOMPARE(greyButtons(window), QStringList({QStringLiteral("cmdGenerateLDL"), QStringLiteral("cmdCreateAct"),
-                                                       QStringLiteral("cmdPrev"), QStringLiteral("cmdOK")}));
-            WizardPlayer::option(window, "optParam");
-            QVERIFY(!control<QWidget>(window, "frameArrity")->isVisible());
-            QVERIFY(!control<QWidget>(window, "txtFunctionName")->isVisible());
-            WizardPlayer::pick(window, "listInputs", "a_in1");
+            QCOMPARE(greyButtons(window), QStringLiteral("cmdGenerateLDL cmdCreateAct cmdPrev cmdOK"));
+            option(window, "optParam");
+            QVERIFY(!isShown(window, "frameArrity") && !isShown(window, "txtFunctionName"));
+            pick(window, "listInputs", "a_in1");
             QVERIFY(control<QRadioButton>(window, "optValueInput")->isChecked());
-            QCOMPARE(lineOf(window, "hint"), QStringLiteral("Select the attribute of a_in1."));
-            WizardPlayer::pick(window, "listInputAttributes", "3(PRICE)");
+            pick(window, "listInputAttributes", "3(PRICE)");
             QCOMPARE(lineOf(window, "hint"), QStringLiteral("Complete. Go on to the next variable."));
             QTest::keyClick(&window, Qt::Key_Return);
 
             QCOMPARE(lineOf(window, "lblVariable"), QStringLiteral("OPERATOR"));
             QVERIFY(control<QRadioButton>(window, "optParam")->hasFocus());
             QTest::keyClick(control<QRadioButton>(window, "optParam"), Qt::Key_Space);
-            WizardPlayer::constant(window, ">");
+            constant(window, ">");
             click(window, "cmdPrev");
             QCOMPARE(control<QComboBox>(window, "listInputAttributes")->currentText(), QStringLiteral("3(PRICE)"));
             click(window, "cmdNext");
@@ -101,123 +142,109 @@ class LdlWizardTest : public WindowTest {
             QCOMPARE(list->topLevelItem(1)->text(1), QStringLiteral("Parameter"));
             QCOMPARE(list->topLevelItem(1)->toolTip(0), QStringLiteral("Complete"));
             QCOMPARE(list->topLevelItem(2)->toolTip(0), QStringLiteral("Something is missing"));
-            WizardPlayer::option(window, "optParam");
-            WizardPlayer::constant(window, "10");
+            option(window, "optParam");
+            constant(window, "10");
             QTest::keyClick(&window, Qt::Key_Return);
-            QVERIFY(text(window).contains(QLatin1String("Sel_IN1_PRICE > 10,")));
-            QVERIFY(!text(window).contains(QLatin1Char('@')));
-            player.program.messages.expect("Activity Created", "", Icon::information);
+            QVERIFY(text->toPlainText().contains(QLatin1String("Sel_IN1_PRICE > 10,")));
+            wizard.messages.expect("Activity Created", "", platform::Icon::information);
             QTest::keyClick(&window, Qt::Key_Return);
-            QVERIFY(greyButtons(window).contains(QStringLiteral("cmdNext")));
             QTest::keyClick(&window, Qt::Key_Return);
             QVERIFY(!window.isVisible());
         });
-        QVERIFY(player.activity->Act_LDL.find("Sel_IN1_PRICE > 10,") != std::string::npos);
-        QCOMPARE(player.activity->Act_Parameters.count(), 3);
-        QVERIFY(player.form->Enabled);
+        QVERIFY(wizard.activity->Act_LDL.find("Sel_IN1_PRICE > 10,") != std::string::npos);
+        QCOMPARE(wizard.activity->Act_Parameters.count(), 3);
+        QVERIFY(wizard.form->Enabled);
     }
 
     void anArrayGetsItsElements() {
-        WizardPlayer player;
-        player.run("Aggregation", [&](QDialog& window) {
+        Wizard wizard;
+        wizard.run("Aggregation", [&](QDialog& window) {
             click(window, "cmdParseLDL");
-            QVERIFY(!control<QRadioButton>(window, "optParam")->isVisible());
-            WizardPlayer::option(window, "optParamArray");
-            QCOMPARE(lineOf(window, "hint"), QStringLiteral("Set the number of elements."));
-            WizardPlayer::addElement(window);
+            QVERIFY(!isShown(window, "optParam"));
+            option(window, "optParamArray");
+            addElement(window, "1(ID)");
             QCOMPARE(control<QGroupBox>(window, "frameValue")->title(), QStringLiteral("Value Of  GROUPATTR[1]"));
-            WizardPlayer::input(window, "1(ID)");
-            WizardPlayer::addElement(window);
-            QCOMPARE(control<QComboBox>(window, "listInputAttributes")->currentText(), QString());
-            const auto* elements = control<QListWidget>(window, "listArrity");
-            QCOMPARE(elements->item(0)->toolTip(), QStringLiteral("Complete"));
-            QCOMPARE(elements->item(1)->toolTip(), QStringLiteral("Something is missing"));
-            WizardPlayer::input(window, "2(NAME)");
+            addElement(window, "2(NAME)");
             click(window, "cmdNext");
-            WizardPlayer::option(window, "optFunction");
+            option(window, "optFunction");
             typeInto(window, "txtFunctionName", QStringLiteral("sum"));
             click(window, "cmdNext");
-            WizardPlayer::option(window, "optFunctionParam");
-            WizardPlayer::input(window, "3(PRICE)");
+            option(window, "optFunctionParam");
+            pick(window, "listInputs", "a_in1");
+            pick(window, "listInputAttributes", "3(PRICE)");
             click(window, "cmdNext");
-            WizardPlayer::option(window, "optFunctionOutput");
-            QVERIFY(!control<QWidget>(window, "txtConst")->isVisible());
-            WizardPlayer::pick(window, "listDataTypes", "NUMBER");
+            option(window, "optFunctionOutput");
+            QVERIFY(!isShown(window, "txtConst"));
+            pick(window, "listDataTypes", "NUMBER");
             click(window, "cmdNext");
-            WizardPlayer::option(window, "optOutput");
-            WizardPlayer::pick(window, "listLDLvars", "AGGRVALUE");
-            QVERIFY(!control<QWidget>(window, "listLDLSubVars")->isVisible());
+            option(window, "optOutput");
+            pick(window, "listLDLvars", "AGGRVALUE");
+            QVERIFY(!isShown(window, "listLDLSubVars"));
             click(window, "cmdGenerateLDL");
-            player.program.messages.expect("Activity Created", "", Icon::information);
+            wizard.messages.expect("Activity Created", "", platform::Icon::information);
             click(window, "cmdCreateAct");
             click(window, "cmdOK");
         });
-        QCOMPARE(player.activity->Act_LDL,
-                 std::string("sel_out_group(Sel_IN1_ID,Sel_IN1_NAME,sum<Sel_IN1_PRICE>)<-sel_in1(Sel_IN1_ID,Sel_IN1_"
-                             "NAME,Sel_IN1_PRICE). sel_out_result(Sel_OUT_ID,Sel_OUT_NAME,AGGRVALUE)<-sel_out_group("
-                             "Sel_OUT_ID,Sel_OUT_NAME,AGGRVALUE). sel_out(Sel_OUT_ID,Sel_OUT_NAME,Sel_OUT_TOTAL)<-sel_"
-                             "out_result(Sel_OUT_ID,Sel_OUT_NAME,Sel_OUT_TOTAL)."));
-        QVERIFY(player.activity->Act_Outputs->Item("TOTAL") != nullptr);
+        QVERIFY(wizard.activity->Act_LDL.starts_with("sel_out_group(Sel_IN1_ID,Sel_IN1_NAME,sum<Sel_IN1_PRICE>)<-"));
+        QVERIFY(wizard.activity->Act_Outputs->Item("TOTAL") != nullptr);
     }
 
     void aTypedNumberOfElementsIsTakenAtOnce() {
-        WizardPlayer player;
-        player.run("Aggregation", [](QDialog& window) {
+        Wizard wizard;
+        wizard.run("Aggregation", [](QDialog& window) {
             click(window, "cmdParseLDL");
-            WizardPlayer::option(window, "optParamArray");
+            option(window, "optParamArray");
             auto* number = control<QSpinBox>(window, "UpDownArity");
+            const auto* elements = control<QListWidget>(window, "listArrity");
             number->selectAll();
             QTest::keyClicks(number, QStringLiteral("12"));
             QTest::keyClick(number, Qt::Key_Return);
-            QCOMPARE(control<QListWidget>(window, "listArrity")->count(), 12);
-            QCOMPARE(lineOf(window, "step"), QStringLiteral("1 of 5"));
+            QCOMPARE(elements->count(), 12);
+            QCOMPARE(lineOf(window, "step"), QStringLiteral("1 of 5"));  // Return went no further
             QTest::keyClick(number, Qt::Key_Down);
-            QCOMPARE(control<QListWidget>(window, "listArrity")->count(), 11);
+            QCOMPARE(elements->count(), 11);
             QTest::keyClick(&window, Qt::Key_Escape);
         });
-        QCOMPARE(player.activity->Act_LDL, std::string());
-        QVERIFY(player.form->Enabled);
+        QCOMPARE(wizard.activity->Act_LDL, std::string());
+        QVERIFY(wizard.form->Enabled);
     }
 
     void createLdlOpensItForAnActivityWithoutText() {
-        WizardPlayer player;
-        WindowProgram& program = player.program;
-        player.activity->Act_Type = program.logic.catalogue().ActivityTypeIndex("Union");
-        std::filesystem::create_directories(program.repository.folder.path() / "LDLS");
-        program.dialogs.at(QStringLiteral("LDLForm"), [&](QDialog& window) {
+        Wizard wizard;
+        wizard.activity->Act_Type = wizard.logic.catalogue().ActivityTypeIndex("Union");
+        const std::filesystem::path folder = wizard.repository.folder.path();
+        std::filesystem::create_directories(folder / "LDLS");
+        wizard.dialogs.at(QStringLiteral("LDLForm"), [](QDialog& window) {
             QVERIFY(window.windowTitle().startsWith(QLatin1String("Sel ")));
             QTest::keyClick(&window, Qt::Key_Escape);
         });
-        const platform::ProgramFolder folder(program.repository.folder.path());
-        program.messages.expect("File \"" + folder.path("\\LDLS\\") + "Wizardry.ldl\" Was Created.");
-        program.logic.run(shell::Command::createLdl);
-        QVERIFY(program.logic.isEnabled(shell::Command::createLdl));
+        wizard.messages.expect("File \"" + platform::ProgramFolder(folder).path("\\LDLS\\") +
+                               "Wizardry.ldl\" Was Created.");
+        auto* button = control<QToolButton>(wizard.frame, "LDL");
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(button->isEnabled());
     }
 
     void aTemplateWithoutVariablesTakesTheWholeWindow() {
-        WizardPlayer player;
-        player.run("Loader Overwrite", [&](QDialog& window) {
+        Wizard wizard;
+        wizard.run("Loader Overwrite", [&](QDialog& window) {
             auto* box = control<QTextEdit>(window, "txtTemplate");
             box->moveCursor(QTextCursor::End);
             QTest::keyClicks(box, QStringLiteral("%"));
             click(window, "cmdParseLDL");
             QVERIFY(box->isReadOnly());
             for (const char* gone : {"frameVar", "frameValue", "cmdNext", "cmdPrev", "listVariables"}) {
-                QVERIFY2(!control<QWidget>(window, gone)->isVisible(), gone);
+                QVERIFY2(!isShown(window, gone), gone);
             }
             QVERIFY(control<QGroupBox>(window, "frameTemplate")->width() > window.width() * 9 / 10);
             click(window, "cmdGenerateLDL");
             for (const Answer answer : {Answer::cancel, Answer::ok}) {
-                player.program.messages.expect(
-                    "The Activity's Generation Has Not Been Completed.\r\n"
-                    "Are You Sure You Want To Close This Window?",
-                    "", Icon::warning, Buttons::okCancel, answer);
+                wizard.messages.expect("*", "", platform::Icon::warning, platform::Buttons::okCancel, answer);
                 click(window, "cmdOK");
                 QCOMPARE(window.isVisible(), answer == Answer::cancel);
             }
         });
-        QVERIFY(player.activity->Act_LDL.starts_with("sel_out("));
-        QVERIFY(player.activity->Act_LDL.ends_with(".%"));
+        QVERIFY(wizard.activity->Act_LDL.ends_with(".%"));
     }
 };
 

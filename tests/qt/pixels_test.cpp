@@ -2,6 +2,8 @@
 
 #include "qt/canvas/pixels.h"
 
+#include <QPainter>
+
 #include "window_test.h"
 
 namespace orvent::qt {
@@ -21,35 +23,30 @@ QImage drawn(const QRect& part, const Draw& draw, double ratio = 1) {
     return image;
 }
 
+void nothing(Pixels&) {}
+
 }  // namespace
 
 class PixelsTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void aPartLooksAsInTheWhole_data() {
-        QTest::addColumn<QLineF>("line");
-        QTest::newRow("level") << QLineF(-50, 40, 300, 40);
-        QTest::newRow("flat") << QLineF(-5.5, 10.5, 310.5, 71.5);
-        QTest::newRow("flat, backwards") << QLineF(310.5, 13, -700.5, 71);
-        QTest::newRow("steep") << QLineF(61.5, -900.5, 83, 400);
-        QTest::newRow("diagonal") << QLineF(3, 3, 97, 97);
-        QTest::newRow("point") << QLineF(45, 45, 45, 45);
-    }
     void aPartLooksAsInTheWhole() {
-        QFETCH(QLineF, line);
         const QRect all(0, 0, 120, 100);
         const QRect part(37, 21, 60, 50);
-        for (const double ratio : {1.0, 2.0}) {
-            for (const double width : {0.0, 2.0, 3.0}) {
-                const auto draw = [&](Pixels& pixels) {
-                    width > 0 ? pixels.smoothLine(line, width, kInk) : pixels.line(line, kInk);
-                };
-                const QImage whole = drawn(all, draw, ratio);
-                QVERIFY(whole != drawn(
-                                     all, [](Pixels&) {}, ratio));
-                const QRect device(part.topLeft() * ratio, part.size() * ratio);
-                QCOMPARE(drawn(part, draw, ratio), whole.copy(device));
+        for (const QLineF& line :
+             {QLineF(-50, 40, 300, 40), QLineF(-5.5, 10.5, 310.5, 71.5), QLineF(310.5, 13, -700.5, 71),
+              QLineF(61.5, -900.5, 83, 400), QLineF(3, 3, 97, 97), QLineF(45, 45, 45, 45)}) {
+            for (const double ratio : {1.0, 2.0}) {
+                for (const double width : {0.0, 2.0, 3.0}) {
+                    const auto draw = [&](Pixels& pixels) {
+                        width > 0 ? pixels.smoothLine(line, width, kInk) : pixels.line(line, kInk);
+                    };
+                    const QImage whole = drawn(all, draw, ratio);
+                    QVERIFY(whole != drawn(all, nothing, ratio));
+                    const QRect device(part.topLeft() * ratio, part.size() * ratio);
+                    QCOMPARE(drawn(part, draw, ratio), whole.copy(device));
+                }
             }
         }
     }
@@ -66,29 +63,22 @@ class PixelsTest : public WindowTest {
         QVERIFY(std::abs(qRed(between.pixel(10, 9)) - half) < 2 && std::abs(qRed(between.pixel(10, 11)) - half) < 2);
         QCOMPARE(between.pixel(10, 10), kInk);
         // A square end reaches as far as half the width.
-        QCOMPARE(sharp.pixel(4, 10), kInk);
-        QCOMPARE(sharp.pixel(3, 10), kGround);
-        QCOMPARE(sharp.pixel(15, 10), kInk);
-        QCOMPARE(sharp.pixel(16, 10), kGround);
+        for (const auto& [x, expected] : {std::pair{3, kGround}, {4, kInk}, {15, kInk}, {16, kGround}}) {
+            QCOMPARE(sharp.pixel(x, 10), expected);
+        }
     }
 
-    void boxesKeepWithinTheImage_data() {
-        QTest::addColumn<QRectF>("box");
-        QTest::addColumn<QRect>("filled");
-        QTest::newRow("inside") << QRectF(2, 3, 4, 2) << QRect(2, 3, 4, 2);
-        QTest::newRow("smaller than a pixel") << QRectF(5.1, 5.1, 0.2, 0.2) << QRect(5, 5, 1, 1);
-        QTest::newRow("across a corner") << QRectF(-3, -3, 5, 6) << QRect(0, 0, 2, 3);
-        QTest::newRow("all around") << QRectF(-1e12, -1e12, 2e12, 2e12) << QRect(0, 0, 10, 10);
-        QTest::newRow("outside") << QRectF(50, 2, 5, 5) << QRect();
-    }
     void boxesKeepWithinTheImage() {
-        QFETCH(QRectF, box);
-        QFETCH(QRect, filled);
-        const QImage image = drawn({0, 0, 10, 10}, [&](Pixels& pixels) { pixels.fill(box, kInk); });
-        for (int y = 0; y < 10; ++y) {
-            for (int x = 0; x < 10; ++x) {
-                QCOMPARE(image.pixel(x, y) == kInk, filled.contains(x, y));
-            }
+        const std::pair<QRectF, QRect> rows[] = {{{2.6, 3.4, 4, 2}, {3, 3, 4, 2}},
+                                                 {{5.1, 5.1, 0.2, 0.2}, {5, 5, 1, 1}},  // smaller than a pixel
+                                                 {{-3, -3, 5, 6}, {0, 0, 2, 3}},
+                                                 {{-1e12, -1e12, 2e12, 2e12}, {0, 0, 10, 10}},
+                                                 {{50, 2, 5, 5}, {}}};
+        for (const auto& [box, filled] : rows) {
+            QImage expected = drawn({0, 0, 10, 10}, nothing);
+            QPainter(&expected).fillRect(filled, QColor(kInk));
+            const QRectF& area = box;
+            QCOMPARE(drawn({0, 0, 10, 10}, [&area](Pixels& pixels) { pixels.fill(area, kInk); }), expected);
         }
     }
 };

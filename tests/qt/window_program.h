@@ -3,8 +3,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QTest>
-#include <string>
 
 #include "dialog_script.h"
 #include "qt/platform/adapters.h"
@@ -15,10 +13,6 @@
 #include "testkit/test_frame.h"
 
 namespace orvent::qt {
-
-inline void failQt(const std::string& words) {
-    QTest::qFail(words.c_str(), __FILE__, __LINE__);
-}
 
 /// The control of that name in a window; the test fails when there is none.
 template <class Control>
@@ -110,8 +104,7 @@ class WindowProgram {
     DialogScript dialogs;
     QtProgress progress;
     Theme theme{ThemeMode::light};
-    int ended = 0;
-    FrameWindow frame{theme, [this] { ++ended; }};
+    FrameWindow frame{theme, [] {}};
 
   private:
     testkit::NoColours colours_;
@@ -120,6 +113,10 @@ class WindowProgram {
 
   public:
     shell::MDIForm1 logic;
+};
+
+struct StartedProgram : WindowProgram {
+    StartedProgram() { start(); }
 };
 
 }  // namespace orvent::qt

@@ -75,61 +75,11 @@ TEST_F(CatalogueTest, FailedReadOfATypeGivesWhatWasRead) {
     EXPECT_THROW(catalogue.GetActivityType(7), platform::Fault);
 }
 
-TEST_F(CatalogueTest, SavesAndUpdatesTypesWithTheirRows) {
-    entities::FunctionTypeProperties function;
-    function.FunctionType_Name = "F";
-    function.FunctionType_Description = "d";
-    function.FunctionType_Inputs->Add("I", 1, "I");
-    function.FunctionType_Outputs->Add("O", 0, "O");
-    database.answer(sql::kFunctionTypes, {{"SK"}, {"F"}});
-    expectInformation("FUNCTION TYPE SAVED");
-    catalogue.SaveFunctionType(function);
-    EXPECT_EQ(database.takeLog(),
-              (std::vector<std::string>{"INSERT INTO FUNCTIONTYPES VALUES (?,?) [F,d]",
-                                        "INSERT INTO FUNCTIONTYPESPARAMS VALUES (?,?,?,?) [F,INPUT,I,STRING]",
-                                        "INSERT INTO FUNCTIONTYPESPARAMS VALUES (?,?,?,?) [F,OUTPUT,O,INTEGER]",
-                                        "SELECT FunctionType_name FROM FunctionTypes"}));
-
-    entities::ActivityTypeProperties activity;
-    activity.ActType_Name = "Merge";
-    activity.ActType_NameIndex = 1;
-    activity.ActType_SQL = "new sql";
-    activity.ActType_LDL = "new ldl";
-    activity.ActType_SchemaNo = 2;
-    activity.ActType_Parameters->Add("P", 1, "P");
-    activity.ActType_OutPuts->Add("O", 0, "O");
-    activity.ActType_Functions->Add("U", 1, "U");
-    catalogue.tables.activityTypeSql = {"", "old"};
-    catalogue.tables.activityTypeLdl = {"", "old"};
-    expectInformation("Activity TYPE UPDATED");
-    catalogue.UpdateActivityType(activity);
-    std::vector<std::string> log = database.takeLog();
-    log.erase(log.begin(), log.begin() + 4);  // the old record is read first
-    EXPECT_EQ(log,
-              (std::vector<std::string>{
-                  "DELETE FROM ActivityTypesParams WHERE ActivityType_name=? [Join]",
-                  "DELETE FROM ActivityTypesFunctions WHERE ActivityType_name=? [Join]",
-                  "UPDATE ActivityTypes SET ActivityType_name=? , ActivityType_descr=?,ActivityType_SQL=?,"
-                  "ActivityType_SchemaNo=?,ActivityType_ProviderSem=?,ActivityType_ConsumerSem=?,ActivityType_LDL=?  "
-                  "WHERE ActivityType_name=? [Merge,,new sql,2,0,0,new ldl,Join]",
-                  "INSERT INTO ActivityTYPESPARAMS VALUES (?,?,?,?) [Merge,PARAM,P,STRING]",
-                  "INSERT INTO ActivityTYPESPARAMS VALUES (?,?,?,?) [Merge,OUTPUT,O,INTEGER]",
-                  "INSERT INTO ActivityTYPESFUNCTIONS VALUES (?,?,?) [Merge,U,F]"}));
-    EXPECT_EQ(catalogue.tables.activityTypes.name(1), "Merge");
-    EXPECT_EQ(catalogue.tables.activityTypeSql[1] + catalogue.tables.activityTypeLdl[1], "new sqlnew ldl");
-
-    database.fail("UPDATE", kRefused);
-    EXPECT_THROW(catalogue.UpdateDataType(0, "X"), platform::DatabaseError);
-}
-
 TEST_F(CatalogueTest, TypesInUseAreNotDeleted) {
-    struct Case {
+    const struct {
         bool (repository::Catalogue::*remove)(std::int16_t);
-        const char* last;
-        const char* refusal;
-        const char* deleted;
-    };
-    const Case cases[] = {
+        const char *last, *refusal, *deleted;
+    } cases[] = {
         {&repository::Catalogue::DeleteFunctionType, "DELETE FROM FunctionTypes WHERE",
          "THIS FUNCTION IS USED BY OTHER SCENARIOS IN THE DATABASE AND CANNOT BE DELETED!", "FUNCTION TYPE DELETED"},
         {&repository::Catalogue::DeleteActivityType, "DELETE FROM ActivityTypes WHERE",
@@ -137,7 +87,7 @@ TEST_F(CatalogueTest, TypesInUseAreNotDeleted) {
          "Activity TYPE DELETED"},
         {&repository::Catalogue::DeleteDataType, "DELETE FROM Datatypes WHERE",
          "THIS DATATYPE IS USED BY OTHER SCENARIOS IN THE DATABASE AND CANNOT BE DELETED!", "DATA TYPE DELETED"}};
-    for (const Case& each : cases) {
+    for (const auto& each : cases) {
         database.fail(each.last, kRefused);
         messages.expect(each.refusal, "", Icon::critical);
         EXPECT_FALSE((catalogue.*each.remove)(0));

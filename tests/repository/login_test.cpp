@@ -1,4 +1,5 @@
 #include <fstream>
+#include <sstream>
 
 #include "platform/scramble.h"
 #include "repository/frm_db_login.h"
@@ -19,10 +20,11 @@ const char* const kOwnTables = "SELECT table_name FROM user_tables";
 
 Rows allTables() {
     Rows rows;
-    for (const char* name :
-         {"SCENARIOS", "LINES", "relationships", "ScenarioNodes", "Comments", "Activities", "ActivityFunctions",
-          "FunctionSubNodes", "ActivitySubNodes", "RecordSets", "RecordSetOutputs", "OTHER", "ActivityTypes",
-          "ActivityTypesFunctions", "ActivityTypesParams", "FunctionTypes", "FunctionTypesParams", "DATATYPES"}) {
+    std::istringstream names(
+        "SCENARIOS LINES relationships ScenarioNodes Comments Activities ActivityFunctions FunctionSubNodes "
+        "ActivitySubNodes RecordSets RecordSetOutputs OTHER ActivityTypes ActivityTypesFunctions ActivityTypesParams "
+        "FunctionTypes FunctionTypesParams DATATYPES");
+    for (std::string name; names >> name;) {
         rows.push_back({name});
     }
     return rows;
@@ -32,7 +34,10 @@ Rows allTables() {
 
 class LoginTest : public RepositoryTest {
   protected:
-    LoginTest() { sources.sources = {{"OTHER", "SQLite3"}, {"REPO", "Oracle 19"}, {"NEW", "My Oracle dialect"}}; }
+    LoginTest() {
+        sources.sources = {{"OTHER", "SQLite3"}, {"REPO", "Oracle 19"}, {"NEW", "My Oracle dialect"}};
+        form.open();
+    }
 
     void expectMissing(Answer answer) {
         messages.expect(
@@ -50,7 +55,6 @@ class LoginTest : public RepositoryTest {
 };
 
 TEST_F(LoginTest, OpensOnTheStoredSourceAmongTheOracleOnes) {
-    form.open();
     EXPECT_EQ(form.DSNNames, (std::vector<std::string>{"(None)", "REPO", "NEW"}));
     EXPECT_EQ(form.DSNIndex, 1);
     EXPECT_TRUE(form.Tested);
@@ -60,7 +64,6 @@ TEST_F(LoginTest, OpensOnTheStoredSourceAmongTheOracleOnes) {
 }
 
 TEST_F(LoginTest, OKTestsSilentlyAndStores) {
-    form.open();
     form.selectDSN(1);
     form.changeUserName("scott");
     EXPECT_TRUE(form.Tested) << "nothing has changed";
@@ -82,7 +85,6 @@ TEST_F(LoginTest, OKTestsSilentlyAndStores) {
 }
 
 TEST_F(LoginTest, TestTellsItsResultUnlessSilent) {
-    form.open();
     database.answer(kOwnTables, allTables());
     messages.expect("Connection Suceeded", "Testing Connection", Icon::information);
     form.TestConn();
@@ -102,7 +104,6 @@ TEST_F(LoginTest, ScriptRunsStatementByStatement) {
     Rows tables = allTables();
     tables.pop_back();
     database.answer(kOwnTables, tables);
-    form.open();
     expectMissing(Answer::cancel);
     EXPECT_FALSE(form.test(true)) << "one missing table is asked about, even silently";
     database.takeLog();
@@ -116,7 +117,6 @@ TEST_F(LoginTest, ScriptRunsStatementByStatement) {
 TEST_F(LoginTest, MissingScriptIsAskedFor) {
     settings.SQLPath = "/no/such/file.sql";
     const std::string lost = "THE SQL FILE NEEDED FOR THE CREATION OF THE REPOSITORY WAS NOT FOUND!";
-    form.open();
     expectMissing(Answer::ok);
     messages.expect(lost, "", Icon::warning);
     files.expect("SQL Files (*.sql)|*.sql", "");

@@ -26,32 +26,27 @@ class OptionsWindow : public ::testing::Test {
                                     repository.files, colours, repository.store, repository.progress, help, folder}};
 };
 
-TEST_F(OptionsWindow, EveryFieldGoesToItsKeyInTwips) {
-    struct Row {
-        const char *section, *key, *pixels;
-    };
-    constexpr Row rows[] = {
-        {"Zoom", "BigHeight", "30"}, {"Zoom", "Height", "15"}, {"Zoom", "Width", "70"}, {"Zoom", "BigDist", "230"},
-        {"Zoom", "WDist", "70"},     {"Zoom", "HDist", "10"},  {"Draw", "ActH", "30"},  {"Draw", "ActW", "70"},
-        {"Draw", "RecH", "30"},      {"Draw", "RecW", "70"},   {"Draw", "ComH", "50"},  {"Draw", "ComW", "100"},
-        {"Draw", "LogH", "30"},      {"Draw", "LogW", "70"},
-    };
+TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     form.open();
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        EXPECT_EQ(form.Text[i], rows[i].pixels) << rows[i].key;
+    const auto stored = repository.store.values.size();
+    for (std::size_t i = 0; i < form.Text.size(); ++i) {
         form.Text[i] = std::to_string(100 + i);
     }
     form.lblColor = 255;
     form.txtSQL = "/x.sql";
+    const auto texts = form.Text;
     form.butAplly();
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        EXPECT_EQ(repository.store.values.at({rows[i].section, rows[i].key}), std::to_string(1500 + 15 * i));
-    }
-    EXPECT_EQ(repository.store.values.at({"General", "SelColor"}), "255");
-    EXPECT_EQ(repository.store.values.at({"General", "SQLPath"}), "/x.sql");
     EXPECT_EQ(options.canvas.LogW, 1695);
-    EXPECT_EQ(options.canvas.SelColor, 255);
     EXPECT_EQ(options.repository.SQLPath, "/x.sql");
+    EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "1605");
+    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 2) << "each field has a key of its own";
+
+    options = {};
+    EXPECT_EQ(LoadOptions(options, repository.store, folder), "");
+    form.open();
+    EXPECT_EQ(form.Text, texts);
+    EXPECT_EQ(form.lblColor, 255);
+    EXPECT_EQ(form.txtSQL, "/x.sql");
 }
 
 TEST_F(OptionsWindow, ABadNumberStopsBeforeAnythingIsStored) {
@@ -84,12 +79,11 @@ TEST_F(OptionsWindow, ColourAndFileKeepTheirValuesOnCancel) {
     colours.answer = 1;
     form.chooseColour();
     EXPECT_EQ(form.lblColor, 1);
-    repository.files.expect("SQL Files (*.sql)|*.sql", "");
-    form.SqlOpen();
-    EXPECT_EQ(form.txtSQL, "/data/ORVENTII.sql");
-    repository.files.expect("SQL Files (*.sql)|*.sql", "/other.sql");
-    form.SqlOpen();
-    EXPECT_EQ(form.txtSQL, "/other.sql");
+    for (const auto& [answer, kept] : {std::pair{"", "/data/ORVENTII.sql"}, {"/other.sql", "/other.sql"}}) {
+        repository.files.expect("SQL Files (*.sql)|*.sql", answer);
+        form.SqlOpen();
+        EXPECT_EQ(form.txtSQL, kept);
+    }
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "canvas/draw_form.h"
 #include "shell/node_walk.h"
 #include "testkit/scripted_ports.h"
@@ -58,17 +60,17 @@ TEST_F(Tools, StatesFollowTheFocus) {
 TEST_F(Tools, UndoFollowsDeletionsOnlyAtAChangeOfState) {
     tools.canvasFocused(design);
     design.DeletedNodes.Add(1, canvas::DeletedActivity);
-    tools.canvasFocused(design);
-    EXPECT_FALSE(tools.isMenuEnabled("Undo"));
-    tools.canvasFocused(zoom);  // nothing deleted there: unchanged
-    tools.canvasFocused(design);
-    EXPECT_TRUE(tools.isMenuEnabled("Undo"));
-    tools.canvasFocused(zoom);
-    EXPECT_TRUE(tools.isMenuEnabled("Undo"));
+    const auto enabledAt = [this](const canvas::Canvas& canvas) {
+        tools.canvasFocused(canvas);
+        return tools.isMenuEnabled("Undo");
+    };
+    EXPECT_FALSE(enabledAt(design));
+    EXPECT_FALSE(enabledAt(zoom)) << "nothing deleted there: unchanged";
+    EXPECT_TRUE(enabledAt(design));
+    EXPECT_TRUE(enabledAt(zoom));
     zoom.DeletedNodes.Add(1, canvas::DeletedActivity);
     tools.canvasFocused(design);
-    tools.canvasFocused(zoom);
-    EXPECT_FALSE(tools.isMenuEnabled("Undo"));
+    EXPECT_FALSE(enabledAt(zoom));
 }
 
 TEST_F(Tools, OneToolIsPressedInAllBars) {
@@ -88,24 +90,24 @@ TEST_F(Tools, PalettesFloatDockAndHide) {
     Palettes& palettes = tools.palettes;
     std::vector<Palette> placed;
     palettes.atPointer = [&](Palette palette) { placed.push_back(palette); };
-    EXPECT_FALSE(palettes.isBandShown(Palette::NodeForm));
-    tools.canvasFocused(design);
-    EXPECT_TRUE(palettes.isBandShown(Palette::NodeForm) && palettes.isBandShown(Palette::EdgeForm));
-
-    palettes.toggle(Palette::NodeForm);
-    EXPECT_TRUE(palettes.NodeFormActive() && !palettes.EdgeFormActive());
-    EXPECT_TRUE(palettes.isPaletteShown(Palette::NodeForm) && !palettes.isBandShown(Palette::NodeForm));
-    palettes.minimize(true);
-    EXPECT_FALSE(palettes.isPaletteShown(Palette::NodeForm));
-    EXPECT_TRUE(palettes.NodeFormActive());
-    palettes.minimize(false);
-    EXPECT_TRUE(palettes.isPaletteShown(Palette::NodeForm));
-    palettes.dock(Palette::NodeForm, DockSide::left);
-    EXPECT_TRUE(palettes.isBandShown(Palette::NodeForm));
-    palettes.dock(Palette::NodeForm, DockSide::none);
-    EXPECT_EQ(palettes.side(Palette::NodeForm), DockSide::left);
-    palettes.close(Palette::NodeForm);
-    EXPECT_TRUE(palettes.isBandShown(Palette::NodeForm));
+    constexpr Palette node = Palette::NodeForm;
+    const std::pair<std::function<void()>, const char*> steps[] = {
+        {[] {}, ""},
+        {[&] { tools.canvasFocused(design); }, "band"},
+        {[&] { palettes.toggle(node); }, "palette floats"},
+        {[&] { palettes.minimize(true); }, " floats"},
+        {[&] { palettes.minimize(false); }, "palette floats"},
+        {[&] { palettes.dock(node, DockSide::left); }, "band"},
+        {[&] { palettes.dock(node, DockSide::none); }, "palette floats"},
+        {[&] { palettes.close(node); }, "band"},
+    };
+    for (const auto& [step, shown] : steps) {
+        step();
+        EXPECT_EQ(std::string(palettes.isBandShown(node) ? "band" : "") +
+                      (palettes.isPaletteShown(node) ? "palette" : "") + (palettes.NodeFormActive() ? " floats" : ""),
+                  shown);
+    }
+    EXPECT_EQ(palettes.side(node), DockSide::left);
 
     // A band dragged out is placed once, by whoever sees the pointer first.
     palettes.startDrag(Palette::EdgeForm);
@@ -118,17 +120,14 @@ TEST_F(Tools, PalettesFloatDockAndHide) {
     EXPECT_TRUE(palettes.EdgeFormActive() && !palettes.ToolChange() && !palettes.MoveBand());
     EXPECT_EQ(placed, std::vector{Palette::EdgeForm});
     tools.setEmptyState();
-    EXPECT_FALSE(palettes.isBandShown(Palette::NodeForm));
+    EXPECT_FALSE(palettes.isBandShown(node));
 }
 
 TEST_F(Tools, WalkFollowsRowsAndColumns) {
     EXPECT_EQ(walk(design, Direction::right), nullptr);
-    struct Row {
-        const char* name;
-        float left, top;
-    };
-    for (const Row& row : {Row{"a", 0, 0}, Row{"b", 3000, 300}, Row{"c", 1500, 3000}, Row{"d", 9000, 0}}) {
-        design.Labels.Add(row.left, 1050, row.top, 450, row.name, canvas::NodeTypeRecordSet);
+    for (const auto& [name, left, top] :
+         {std::tuple{"a", 0.0F, 0.0F}, {"b", 3000.0F, 300.0F}, {"c", 1500.0F, 3000.0F}, {"d", 9000.0F, 0.0F}}) {
+        design.Labels.Add(left, 1050, top, 450, name, canvas::NodeTypeRecordSet);
     }
     using enum Direction;
     for (const auto& [direction, name] :

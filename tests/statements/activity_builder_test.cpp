@@ -7,7 +7,7 @@ namespace {
 
 using platform::Icon;
 
-class ActivityBuilderTest : public WizardTest {};
+using ActivityBuilderTest = WizardTest;
 
 /// Takes the answers for the variables in order, to the last one, and generates and creates.
 void build(LDLForm& open, const std::vector<std::pair<LDLVariableType, std::vector<std::string>>>& answers) {
@@ -98,15 +98,14 @@ TEST_F(ActivityBuilderTest, BuildsTheActivity) {
 }
 
 TEST_F(ActivityBuilderTest, BuildingThatCannotBeCompletedKeepsWhatItHas) {
-    struct Case {
+    const std::pair<const char*, Icon> created{"Activity Created", Icon::information};
+    const struct {
         const char* text;
         std::vector<std::pair<LDLVariableType, std::vector<std::string>>> answers;
         std::vector<std::pair<const char*, Icon>> messages;
         const char* parameters;
         bool ok;
-    };
-    const std::pair<const char*, Icon> created{"Activity Created", Icon::information};
-    const std::vector<Case> cases = {
+    } cases[] = {
         {"@P @R @S",
          {{VarFunctionParameter, {"const x"}}, {VarFunctionOutput, {}}, {VarParameter, {"const s"}}},
          {{"You Have To Define A Function In Order To Use Function Parameters!", Icon::warning},
@@ -121,7 +120,7 @@ TEST_F(ActivityBuilderTest, BuildingThatCannotBeCompletedKeepsWhatItHas) {
          "A_1 ",
          false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
         run(c.text, [&](LDLForm& open) {
             for (const auto& [words, icon] : c.messages) {

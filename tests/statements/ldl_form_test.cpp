@@ -8,7 +8,7 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-class LDLFormTest : public WizardTest {};
+using LDLFormTest = WizardTest;
 
 class Dialog : public ActivityDialog {
   public:
@@ -36,24 +36,23 @@ TEST_F(LDLFormTest, OpensAndClosesAroundTheGraph) {
     activity->Act_Outputs->Add("TYPES", 0, 7, "TYPES").ParentKeyName = "Act";
     const std::string before = testkit::modelText(form);
     Dialog dialog;
-    for (ActivityDialog* from : {static_cast<ActivityDialog*>(nullptr), static_cast<ActivityDialog*>(&dialog)}) {
-        run(
-            "  text\n",
-            [&](LDLForm& open) {
-                EXPECT_EQ(form.Enabled, from != nullptr);
-                EXPECT_EQ(open.txtTemplate, "text");
-                EXPECT_EQ(open.OutputsView.Count(), 1) << "generated outputs do not count";
-                EXPECT_EQ(open.Sources.Count(), 1);
-                EXPECT_EQ(graph.attribute("SRC.ID").ProviderFor.count(), from ? 1 : 0)
-                    << "out of the graph; beyond the copy of a dialog nothing is in reach";
-                EXPECT_EQ(buttons(open), "");
-                EXPECT_FALSE(open.Visible.frameVar);
-                open.cmdGenerateLDL();
-                open.cmdOK();
-                EXPECT_TRUE(open.isOpen()) << "a grey button does nothing";
-                open.cmdCancel();
-            },
-            from);
+    ActivityDialog* const callers[] = {nullptr, &dialog};
+    for (ActivityDialog* from : callers) {
+        const auto play = [&](LDLForm& open) {
+            EXPECT_EQ(form.Enabled, from != nullptr);
+            EXPECT_EQ(open.txtTemplate, "text");
+            EXPECT_EQ(open.OutputsView.Count(), 1) << "generated outputs do not count";
+            EXPECT_EQ(open.Sources.Count(), 1);
+            EXPECT_EQ(graph.attribute("SRC.ID").ProviderFor.count(), from ? 1 : 0)
+                << "out of the graph; beyond the copy of a dialog nothing is in reach";
+            EXPECT_EQ(buttons(open), "");
+            EXPECT_FALSE(open.Visible.frameVar);
+            open.cmdGenerateLDL();
+            open.cmdOK();
+            EXPECT_TRUE(open.isOpen()) << "a grey button does nothing";
+            open.cmdCancel();
+        };
+        run("  text\n", play, from);
         EXPECT_EQ(testkit::modelText(form), before);
     }
     EXPECT_EQ(dialog.log, "off on ");
@@ -64,40 +63,33 @@ TEST_F(LDLFormTest, OpensAndClosesAroundTheGraph) {
 }
 
 TEST_F(LDLFormTest, TemplateWithoutVariablesAsksBeforeItCloses) {
-    const std::string question =
-        "The Activity's Generation Has Not Been Completed.\r\nAre You Sure You Want To Close This Window?";
     Dialog dialog;
-    run(
-        "a_out",
-        [&](LDLForm& open) {
-            open.txtTemplate = "a_out(A_OUT_1)";
-            open.cmdParseLDL();
-            EXPECT_EQ(buttons(open), "generate create ok ");
-            EXPECT_FALSE(open.Visible.steps || open.Visible.frameVar);
-            open.cmdGenerateLDL();
-            EXPECT_EQ(open.txtTemplate, "act_out(Act_OUT_OUT)");
-            ports.messages.expect(question, "", Icon::warning, Buttons::okCancel, Answer::cancel);
-            open.cmdOK();
+    const auto play = [&](LDLForm& open) {
+        open.txtTemplate = "a_out(A_OUT_1)";
+        open.cmdParseLDL();
+        EXPECT_EQ(buttons(open), "generate create ok ");
+        EXPECT_FALSE(open.Visible.steps || open.Visible.frameVar);
+        open.cmdGenerateLDL();
+        for (const Answer answer : {Answer::cancel, Answer::ok}) {
             EXPECT_TRUE(open.isOpen());
-            ports.messages.expect(question, "", Icon::warning, Buttons::okCancel, Answer::ok);
+            ports.messages.expect(
+                "The Activity's Generation Has Not Been Completed.\r\nAre You Sure You Want To Close This Window?", "",
+                Icon::warning, Buttons::okCancel, answer);
             open.cmdOK();
-            EXPECT_FALSE(open.isOpen());
-        },
-        &dialog);
+        }
+    };
+    run("a_out", play, &dialog);
     EXPECT_EQ(activity->Act_LDL, "act_out(Act_OUT_OUT)");
     EXPECT_TRUE(activity->Changed);
-    EXPECT_EQ(dialog.log, "off \"act_out(Act_OUT_OUT)\" on ");
+    EXPECT_EQ(std::exchange(dialog.log, ""), "off \"act_out(Act_OUT_OUT)\" on ");
 
-    dialog.log.clear();
     ports.messages.expect("Activity Created", "", Icon::information);
-    run(
-        "same",
-        [](LDLForm& open) {
-            open.cmdParseLDL();
-            open.cmdCreateAct();
-            open.cmdOK();
-        },
-        &dialog);
+    const auto create = [](LDLForm& open) {
+        open.cmdParseLDL();
+        open.cmdCreateAct();
+        open.cmdOK();
+    };
+    run("same", create, &dialog);
     EXPECT_EQ(dialog.log, "off built \"same\" on ") << "nothing is asked once the activity is created";
 }
 
@@ -143,29 +135,34 @@ TEST_F(LDLFormTest, StepsThroughTheVariables) {
     });
 }
 
+/// What is selected and typed on the panel.
+std::string panel(const LDLForm& form) {
+    std::string text;
+    for (const std::string& part :
+         {form.listInputAttributes.Text(), form.listRS.Text(), form.listRSattributes.Text(), form.txtConst,
+          form.txtFunctionName, form.listDataTypes.Text(), form.listLDLvars.Text(), form.listLDLSubVars.Text()}) {
+        text += (text.empty() || part.empty() ? "" : " ") + part;
+    }
+    return text;
+}
+
 TEST_F(LDLFormTest, PanelKeepsWhatWasChosen) {
     run("@In @Fld @Con @Rs @Fun @Res @Out @Arr[1] @Os[1]", [&](LDLForm& open) {
         open.cmdParseLDL();
         EXPECT_EQ(open.listInputs.items, (std::vector<std::string>{"a_in1"}));
-        EXPECT_EQ(open.listRS.items, (std::vector<std::string>{"SRC", "LOOKUP"}));
-        EXPECT_EQ(open.listDataTypes.items, (std::vector<std::string>{"NUMBER", "VARCHAR2"}));
-        const std::vector<std::pair<LDLVariableType, std::string>> kinds = {
-            {VarParameter, "in 0 1"},  {VarFunctionParameter, "rs LOOKUP 0"},
-            {VarParameter, "const k"}, {VarRecordSet, "SRC"},
-            {VarFunction, "Mult"},     {VarFunctionOutput, ""},
-            {VarOutput, "In"},         {VarParameterArray, ""},
-            {VarOutputArray, ""}};
-        for (const auto& [kind, answer] : kinds) {
-            defineCurrent(open, kind, answer,
-                          kind == VarParameterArray ? std::vector<std::string>{"in 0 0", "const z"}
-                          : kind == VarOutputArray  ? std::vector<std::string>{}
-                                                    : std::vector<std::string>{answer});
-            EXPECT_EQ(open.kind, kind);
-            if (kind != VarOutputArray) {
-                EXPECT_EQ(open.hint(), "Complete. Go on to the next variable.");
-                open.cmdNext();
-            }
+        const std::tuple<LDLVariableType, const char*, std::vector<std::string>> answers[] = {
+            {VarParameter, "", {"in 0 1"}},  {VarFunctionParameter, "", {"rs LOOKUP 0"}},
+            {VarParameter, "", {"const k"}}, {VarRecordSet, "SRC", {}},
+            {VarFunction, "Mult", {}},       {VarFunctionOutput, "", {}},
+            {VarOutput, "In", {}},           {VarParameterArray, "", {"in 0 0", "const z"}},
+        };
+        for (const auto& [kind, name, values] : answers) {
+            defineCurrent(open, kind, name, values);
+            EXPECT_EQ(open.hint(), "Complete. Go on to the next variable.");
+            EXPECT_EQ(open.Visible.listRS && !open.Visible.valueOptions, kind == VarRecordSet);
+            open.cmdNext();
         }
+        open.chooseKind(VarOutputArray);
         EXPECT_EQ(open.listLDLvars.items, (std::vector<std::string>{"In", "Con", "Res", "Arr"}))
             << "parameters and the function's output, no function parameter";
         EXPECT_EQ(open.hint(), "Set the number of elements.");
@@ -183,35 +180,23 @@ TEST_F(LDLFormTest, PanelKeepsWhatWasChosen) {
 
         open.cmdPrev();
         EXPECT_EQ(open.progressText(), "Variable 8 of 9: @Arr, an array of 2 elements");
-        open.selectArrity(0);
-        EXPECT_EQ(open.value, RegInput);
-        EXPECT_EQ(open.listInputAttributes.Text(), "1(ID)");
-        open.selectArrity(1);
-        EXPECT_EQ(open.txtConst, "z");
+        for (const auto& [element, shown] : {std::pair{0, "1(ID)"}, {1, "z NUMBER"}}) {
+            open.selectArrity(element);
+            EXPECT_EQ(panel(open), shown);
+        }
         open.UpDownArity_Up();
         EXPECT_EQ(open.hint(), "Select element 3 in the list and give its value.");
         open.selectArrity(2);
         open.UpDownArity_Down();
         EXPECT_EQ(open.ArrayPosition, 0);
-        open.cmdPrev();
-        EXPECT_EQ(open.listLDLvars.Text(), "In");
-        open.cmdPrev();
-        EXPECT_EQ(open.listDataTypes.Text(), "NUMBER");
-        open.cmdPrev();
-        EXPECT_EQ(open.txtFunctionName, "Mult");
-        open.cmdPrev();
-        EXPECT_EQ(open.listRS.Text(), "SRC");
-        EXPECT_TRUE(open.Visible.listRS && !open.Visible.valueOptions && !open.Visible.txtConst);
-        open.cmdPrev();
-        EXPECT_EQ(open.txtConst, "k");
-        open.cmdPrev();
-        EXPECT_EQ(open.listRSattributes.Text(), "KEY");
+        for (const char* shown : {"In", "NUMBER", "Mult", "SRC", "k NUMBER", "LOOKUP KEY", "2(AGE)"}) {
+            open.cmdPrev();
+            EXPECT_EQ(panel(open), shown);
+        }
+        open.cmdNext();
         open.selectRS(-1);
         open.cmdNext();
         EXPECT_EQ(open.Variables.Item("Fld")->RegulatedFrom, -1) << "an empty choice is stored as -1";
-        open.cmdPrev();
-        open.cmdPrev();
-        EXPECT_EQ(open.listInputAttributes.Text(), "2(AGE)");
         open.cmdCancel();
     });
 }

@@ -18,12 +18,9 @@ TEST_F(LDLGeneratorTest, Loops) {
     constant("N", "3");
     constant("BIG", "99999");
     array("A", VarParameterArray, {"x", "y"});
-    struct Case {
-        const char* text;
-        const char* expected;
-        const char* why;
-    };
-    const std::vector<Case> cases = {
+    const struct {
+        const char *text, *expected, *why;
+    } cases[] = {
         {"[i<3]{x$I$}", "x1x2", "the loop variable matches in any case"},
         {"a[i<1]{x}b", "ab", "a loop that runs to 0 leaves nothing"},
         {"[0<i<3]{x$i$}", "x1x2", "the lower bound is left out"},
@@ -57,7 +54,7 @@ TEST_F(LDLGeneratorTest, Loops) {
         {"[32767<i<2]{n}", "", "a bound beyond 16 bits: the loop disappears"},
         {"[i=$x$]{n}", "n", "no number is 0"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(generator().ExpandLoops(c.text), c.expected) << c.text << "\n" << c.why;
     }
     EXPECT_EQ(generator().ParseLoopHeader("[nothing]").Operator, "ERROR");
@@ -82,12 +79,9 @@ TEST_F(LDLGeneratorTest, Variables) {
     define("Out", VarOutput, "X");
     array("A", VarParameterArray, {"x", "", "z"});
     array("Os", VarOutputArray, {"", ""});
-    struct Case {
-        const char* text;
-        const char* expected;
-        const char* why;
-    };
-    const std::vector<Case> cases = {
+    const struct {
+        const char *text, *expected, *why;
+    } cases[] = {
         {"@X,@X2.", "AB,AB2.", "a name that begins with another one is replaced with it"},
         {"@U @UX", "!! \"U\" Has Not Been Declared!! !! \"U\" Has Not Been Declared!!X", "a kind is missing"},
         {"@P", "!! \"P\" Has Not Been Declared!!", "a value is missing"},
@@ -106,7 +100,7 @@ TEST_F(LDLGeneratorTest, Variables) {
         {"@Z @X", "@Z @X", "an unknown name stops the pass"},
         {"mail@ @X", "mail@ @X", "so does an \"@\" that stands alone"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(generator().ReplaceVariables(c.text), c.expected) << c.text << "\n" << c.why;
     }
     constant("TWICE", "q@X");
@@ -128,11 +122,6 @@ TEST_F(LDLGeneratorTest, ActivityNames) {
     EXPECT_EQ(generator().ReplaceActivityNames("A_IN10"), "datdata_in10") << "number 1 hits the head of number 10";
 }
 
-TEST_F(LDLGeneratorTest, FirstCapital) {
-    EXPECT_EQ(FirstCapitalReplacer("CheckAge"), "checkAge");
-    EXPECT_THROW(FirstCapitalReplacer(""), platform::Fault);
-}
-
 TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
     constant("X", "@X@X");
     constant("SELF", "@OTHER");
@@ -149,15 +138,13 @@ TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
 }
 
 TEST_F(LDLGeneratorTest, ScannerFindsVariables) {
-    struct Case {
-        const char* text;
-        const char* found;
-    };
-    const std::vector<Case> cases = {
+    const struct {
+        const char *text, *found;
+    } cases[] = {
         {"@X @X", "X"},         {"@a@b", "a b"},    {"@X[1] @X[$i$]", "X[]"}, {"@X, @X[1]", "X[]"},
         {"@A[@B] @C", "A[] C"}, {"a @ b @x", " x"}, {"@A[] ] @B", "A[] B"},   {"[i<arityOf(@K)+1]{@K[$i$]}", "K[]"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         LDLVariableCollection found;
         scanTemplate(c.text, found);
         std::string names;

@@ -11,14 +11,10 @@ namespace orvent::statements {
 namespace {
 
 TEST(SqlCreator, ComposesASelect) {
-    const std::vector<AttributeRow> rows = {{"a.AUTHORS.AU_ID", "ID"},
-                                            {"a.AUTHORS.NAME", "NAME"},
-                                            {"b.BOOKS.ISBN", "ISBN"},
-                                            {"c.dbo.T.X", "Y"},
-                                            {"ODD", "Z"}};
-    EXPECT_EQ(CreateSelectStatement({rows.begin(), rows.begin() + 3}),
+    EXPECT_EQ(CreateSelectStatement({{"a.AUTHORS.AU_ID", "ID"}, {"a.AUTHORS.NAME", "NAME"}, {"b.BOOKS.ISBN", "ISBN"}}),
               " SELECT AUTHORS.AU_ID AS ID, AUTHORS.NAME AS NAME, BOOKS.ISBN AS ISBN FROM AUTHORS, BOOKS;");
-    EXPECT_EQ(CreateSelectStatement({rows.begin() + 3, rows.end()}), " SELECT dbo.T.X AS Y, .ODD AS Z FROM dbo.T, ;");
+    EXPECT_EQ(CreateSelectStatement({{"c.dbo.T.X", "Y"}, {"ODD", "Z"}}),
+              " SELECT dbo.T.X AS Y, .ODD AS Z FROM dbo.T, ;");
     EXPECT_EQ(CreateSelectStatement({}), std::nullopt);
 }
 
@@ -74,15 +70,12 @@ TEST(SqlKeywordChecker, ColoursAWholeText) {
 
 TEST(SqlKeywordChecker, LooksAtTheWordAtTheCaret) {
     constexpr int space = 0x20, right = 0x27, backspace = 8, remove = 0x2E, letter = 'A';
-    struct Case {
+    const struct {
         int key;
         bool shift;
         std::size_t caret;
-        const char* text;
-        const char* letters;
-        const char* looks;
-    };
-    const std::vector<Case> cases = {
+        const char *text, *letters, *looks;
+    } cases[] = {
         {space, false, 6, "select", "SELECT", "kkkkkk"},
         {space, false, 3, "a select b", "a SELECT b", "??kkkkkk??"},
         {right, false, 0, "from,", "from,", "....."},
@@ -96,7 +89,7 @@ TEST(SqlKeywordChecker, LooksAtTheWordAtTheCaret) {
         {space, false, 4, "f\xC3\xBCr", "f\xC3\xBCr", "...."},
     };
     const SQL_KeywordChecker checker;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
         Box box(c.text);
         box.place = c.caret;

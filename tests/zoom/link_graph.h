@@ -1,9 +1,9 @@
 #pragma once
 
 #include <algorithm>
-#include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -12,61 +12,103 @@
 
 namespace orvent::testkit {
 
-/// A scenario of a few activities and record sets, with all its links on both ends, each as one line of text:
-/// holder, list ("<-" provided from, "->" provider for, "<~" regulated from, "~>" regulator for), type, name, key.
+/// Record sets, activities with functions and a constant, joined by links of every kind. Each end of a link is a line
+/// of text: holder, list ("<-" provided from, "->" provider for, "<~" regulated from, "~>" regulator for), type, name,
+/// key.
 class LinkGraph {
   public:
     using Lines = std::vector<std::string>;
     using Entity = std::variant<entities::AttributeProperties*, entities::ParameterProperties*>;
 
+    /// Both ends of each link.
+    static inline const std::vector<std::pair<std::string, std::string>> kLinks = {
+        {"RS1.AU_ID -> 1 A1 A1.IN.AU_ID", "A1.IN.AU_ID <- 1 RS1 RS1.AU_ID"},
+        {"RS4.SONUM -> 1 A2 A2.IN.SONUM", "A2.IN.SONUM <- 1 RS4 RS4.SONUM"},
+        {"A2.OUT.ED_ID -> 1 RS2 RS2.ED_ID", "RS2.ED_ID <- 1 A2 A2.OUT.ED_ID"},
+        {"RS3.PUB_ID ~> 1 A2 A2.PARAM.PUB_ID", "A2.PARAM.PUB_ID <~ 1 RS3 RS3.PUB_ID"},
+        {"C1 ~> 6 A2 A2.PARAM.SONUM", "A2.PARAM.SONUM <~ 6 C1 C1"},
+        // from activity to activity
+        {"A1.OUT.AU_ID -> 2 A2 A2.IN.AU_ID", "A2.IN.AU_ID <- 2 A1 A1.OUT.AU_ID"},
+        {"A1.OUT.A1.O12 -> 2 A2 A2.IN.A1.O12", "A2.IN.A1.O12 <- 2 A1 A1.OUT.A1.O12"},
+        {"A2.OUT.AU_ID -> 2 A3 A3.IN.AU_ID", "A3.IN.AU_ID <- 2 A2 A2.OUT.AU_ID"},
+        // inside an activity
+        {"A1.IN.AU_ID -> 3 A1 .OUT.AU_ID", "A1.OUT.AU_ID <- 3 A1 .IN.AU_ID"},
+        {"A2.IN.SONUM -> 3 A2 .OUT.SONUM", "A2.OUT.SONUM <- 3 A2 .IN.SONUM"},
+        {"A2.IN.SONUM ~> 3 A2 .PARAM.SONUM", "A2.PARAM.SONUM <~ 3 A2 .IN.SONUM"},
+        {"A2.IN.AU_ID -> 4 A2 .OUT.AU_ID", "A2.OUT.AU_ID <- 4 A2 .IN.AU_ID"},
+        {"A2.IN.AU_ID ~> 4 A2 .PARAM.AU_ID", "A2.PARAM.AU_ID <~ 4 A2 .IN.AU_ID"},
+        {"A2.PARAM.AU_ID ~> 10 A2 .OUT.AU_ID", "A2.OUT.AU_ID <~ 10 A2 .PARAM.AU_ID"},
+        {"A2.IN.A1.O12 -> 4 A2 .OUT.A1.O12", "A2.OUT.A1.O12 <- 4 A2 .IN.A1.O12"},
+        {"A3.IN.AU_ID -> 4 A3 .OUT.AU_ID", "A3.OUT.AU_ID <- 4 A3 .IN.AU_ID"},
+        // a function of A2 that was drawn by itself
+        {"A2.IN.A1.O12 ~> 13 F1 F1.IN.I1", "F1.IN.I1 <~ 13 A2 .IN.A1.O12"},
+        {"RS3.PUB_ID ~> 12 F1 F1.A2.I2", "F1.IN.I2 <~ 12 RS3 RS3.PUB_ID"},
+        {"RS4.SONUM ~> 14 F1 F1.A2.I3", "F1.IN.I3 <~ 14 RS4 RS4.SONUM"},
+        {"F1.OUT.O1 ~> 11 A2 .OUT.A1.O12", "A2.OUT.A1.O12 <~ 11 F1 F1.OUT.O1"},
+        // a function of the activity's type
+        {"A2.IN.A1.O12 ~> 13 A2.F2 A2.F2.IN.I1", "A2.F2.IN.I1 <~ 13 A2 .IN.A1.O12"},
+        {"RS3.PUB_ID ~> 12 A2.F2 A2.F2.IN.I2", "A2.F2.IN.I2 <~ 12 RS3 RS3.PUB_ID"},
+        {"RS4.SONUM ~> 14 A2.F2 A2.F2.IN.I3", "A2.F2.IN.I3 <~ 14 RS4 RS4.SONUM"},
+        {"C1 ~> 14 A2.F2 A2.F2.IN.I4", "A2.F2.IN.I4 <~ 14 C1 C1"},
+        {"A2.F2.OUT.O1 ~> 11 A2 .OUT.A1.O12", "A2.OUT.A1.O12 <~ 11 A2.F2 A2.F2.OUT.O1"},
+    };
+
     explicit LinkGraph(canvas::Canvas& canvas) : canvas_(canvas) {
         for (const char* name : {"RS1", "RS2", "RS3", "RS4"}) {
             canvas.Labels.Add(0, 1050, 0, 450, name, canvas::NodeTypeRecordSet);
         }
-        for (const char* name : {"Activity1", "Activity2", "Activity3"}) {
+        for (const char* name : {"A1", "A2", "A3"}) {
             canvas.Labels.Add(0, 1050, 0, 450, name, canvas::NodeTypeActivity);
         }
-        for (const char* key : {"MyFun", "Activity2.Fun22"}) {
-            entities::FunctionProperties function;
-            function.setParentKeyName("Activity2");
-            activity("Activity2").Act_Functions->AddFunctionProps(function, key, 0);
+        canvas.Labels.Add(0, 1050, 0, 450, "C1", canvas::NodeTypeConstant);
+        for (const char* key : {"F1", "A2.F2"}) {
+            activity("A2").Act_Functions->AddFunctionProps({}, key, 0);
         }
         for (const std::string& line : all()) {
-            std::istringstream words(line);
-            std::string holder, list, name, key;
-            std::int16_t type = 0;
-            words >> holder >> list >> type >> name >> key;
-            std::visit([&](auto* entity) { addLink(*entity, list, name, type, key); }, make(holder));
+            add(line);
+        }
+        for (entities::FunctionProperties& function : activity("A2").Act_Functions) {
+            function.setParentKeyName("A2");
         }
     }
 
-    /// Stands for Activity2 when it is set, as the copy of a dialog does.
-    entities::ActivityProperties* working = nullptr;
-
-    entities::ActivityProperties& activity(const std::string& name) {
-        return working && name == "Activity2" ? *working : *canvas_.nodeNamed(name)->activity();
-    }
+    entities::ActivityProperties& activity(const std::string& name) { return *canvas_.nodeNamed(name)->activity(); }
     entities::RecordSetProperties& recordSet(const std::string& name) { return *canvas_.nodeNamed(name)->recordSet(); }
-
-    /// Every link that the record sets and activities of the canvas hold, sorted.
-    Lines present() {
-        Lines lines;
-        for (canvas::LabelsD& node : canvas_.Labels) {
-            if (node.activity()) {
-                writeActivity(*node.activity(), lines);
-            } else if (node.recordSet()) {
-                write(node.recordSet()->RecordSet_Outputs, lines);
-            }
-        }
-        std::sort(lines.begin(), lines.end());
-        return lines;
+    entities::ParameterProperties& constant() {
+        return *canvas_.nodeNamed("C1")->entity<entities::ParameterProperties>();
     }
 
-    static Lines of(entities::ActivityProperties& activity) {
-        Lines lines;
-        writeActivity(activity, lines);
-        std::sort(lines.begin(), lines.end());
-        return lines;
+    /// Adds one end of a link, with its holder when that is missing.
+    void add(const std::string& line) {
+        std::istringstream words(line);
+        std::string holder, list, name, key;
+        std::int16_t type = 0;
+        words >> holder >> list >> type >> name >> key;
+        const auto addTo = [&](const std::string& arrow, auto& links) {
+            if (arrow == list) {
+                links->Add(name, type, key);
+            }
+        };
+        std::visit([&](auto* entity) { eachList(*entity, addTo); }, entity(holder));
+    }
+
+    /// Calls with the arrow and the links of each list of an entity.
+    template <class Holder, class Call>
+    static void eachList(Holder& entity, Call call) {
+        if constexpr (requires { entity.ProvidedFrom; }) {
+            call("<-", entity.ProvidedFrom);
+            call("->", entity.ProviderFor);
+        }
+        call("<~", entity.RegulatedFrom);
+        call("~>", entity.RegulatorFor);
+    }
+
+    static std::string holderOf(const std::string& line) { return line.substr(0, line.find(' ')); }
+
+    /// Whether the line's holder belongs to that node.
+    static bool isOf(const std::string& node, const std::string& line) {
+        return line.starts_with(node + ".") || line.starts_with(node + " ") ||
+               (node == "A2" && line.starts_with("F1."));
     }
 
     static Lines sorted(Lines lines) {
@@ -74,168 +116,114 @@ class LinkGraph {
         return lines;
     }
 
-    /// The lines that `keep` accepts.
+    /// Of what the graph is built of the lines for which `keep(line, line of the other end)` holds, sorted.
     template <class Keep>
-    static Lines filtered(const Lines& lines, Keep keep) {
+    static Lines picked(Keep keep) {
         Lines result;
-        std::copy_if(lines.begin(), lines.end(), std::back_inserter(result), keep);
+        for (const auto& [source, target] : kLinks) {
+            if (keep(source, target)) {
+                result.push_back(source);
+            }
+            if (keep(target, source)) {
+                result.push_back(target);
+            }
+        }
+        return sorted(result);
+    }
+    static Lines all() {
+        return picked([](auto&, auto&) { return true; });
+    }
+
+    /// All that may hold links.
+    std::vector<Entity> holders() {
+        std::vector<Entity> result{&constant()};
+        for (canvas::LabelsD& node : canvas_.Labels) {
+            if (node.activity()) {
+                collect(*node.activity(), result);
+            } else if (node.recordSet()) {
+                collect(node.recordSet()->RecordSet_Outputs, result);
+            }
+        }
+        return result;
+    }
+    static std::vector<Entity> holdersOf(entities::ActivityProperties& activity) {
+        std::vector<Entity> result;
+        collect(activity, result);
         return result;
     }
 
-    /// What the graph is built of, sorted.
-    static Lines all() {
-        return sorted({
-            "RS1.AU_ID -> 1 Activity1 Activity1.IN.AU_ID",
-            "Activity1.IN.AU_ID <- 1 RS1 RS1.AU_ID",
-            "RS4.SONUM -> 1 Activity2 Activity2.IN.SONUM",
-            "Activity2.IN.SONUM <- 1 RS4 RS4.SONUM",
-            "RS2.ED_ID <- 1 Activity2 Activity2.OUT.ED_ID",
-            "Activity2.OUT.ED_ID -> 1 RS2 RS2.ED_ID",
-            "RS3.PUB_ID ~> 1 Activity2 Activity2.PARAM.PUB_ID",
-            "Activity2.PARAM.PUB_ID <~ 1 RS3 RS3.PUB_ID",
-            // from activity to activity
-            "Activity1.OUT.AU_ID -> 2 Activity2 Activity2.IN.AU_ID",
-            "Activity2.IN.AU_ID <- 2 Activity1 Activity1.OUT.AU_ID",
-            "Activity1.OUT.Activity1.Output12 -> 2 Activity2 Activity2.IN.Activity1.Output12",
-            "Activity2.IN.Activity1.Output12 <- 2 Activity1 Activity1.OUT.Activity1.Output12",
-            "Activity2.OUT.AU_ID -> 2 Activity3 Activity3.IN.AU_ID",
-            "Activity3.IN.AU_ID <- 2 Activity2 Activity2.OUT.AU_ID",
-            "Activity2.OUT.ED_ID -> 2 Activity3 Activity3.IN.ED_ID",
-            "Activity3.IN.ED_ID <- 2 Activity2 Activity2.OUT.ED_ID",
-            // inside an activity
-            "Activity1.IN.AU_ID -> 3 Activity1 .OUT.AU_ID",
-            "Activity1.OUT.AU_ID <- 3 Activity1 .IN.AU_ID",
-            "Activity2.IN.SONUM -> 3 Activity2 .OUT.SONUM",
-            "Activity2.OUT.SONUM <- 3 Activity2 .IN.SONUM",
-            "Activity2.IN.SONUM ~> 3 Activity2 .PARAM.SONUM",
-            "Activity2.PARAM.SONUM <~ 3 Activity2 .IN.SONUM",
-            "Activity2.IN.AU_ID -> 4 Activity2 .OUT.AU_ID",
-            "Activity2.OUT.AU_ID <- 4 Activity2 .IN.AU_ID",
-            "Activity2.IN.AU_ID ~> 4 Activity2 .PARAM.AU_ID",
-            "Activity2.PARAM.AU_ID <~ 4 Activity2 .IN.AU_ID",
-            "Activity2.PARAM.AU_ID ~> 10 Activity2 .OUT.AU_ID",
-            "Activity2.OUT.AU_ID <~ 10 Activity2 .PARAM.AU_ID",
-            "Activity2.IN.Activity1.Output12 -> 4 Activity2 .OUT.Activity1.Output12",
-            "Activity2.OUT.Activity1.Output12 <- 4 Activity2 .IN.Activity1.Output12",
-            "Activity3.IN.AU_ID -> 4 Activity3 .OUT.AU_ID",
-            "Activity3.OUT.AU_ID <- 4 Activity3 .IN.AU_ID",
-            // a function that was drawn by itself
-            "Activity2.IN.Activity1.Output12 ~> 13 MyFun MyFun.IN.Input11",
-            "MyFun.IN.Input11 <~ 13 Activity2 .IN.Activity1.Output12",
-            "RS3.PUB_ID ~> 12 MyFun MyFun.Activity2.Input12",
-            "MyFun.IN.Input12 <~ 12 RS3 RS3.PUB_ID",
-            "RS4.SONUM ~> 14 MyFun MyFun.Activity2.Input13",
-            "MyFun.IN.Input13 <~ 14 RS4 RS4.SONUM",
-            "MyFun.OUT.Output11 ~> 11 Activity2 .OUT.Activity1.Output12",
-            "Activity2.OUT.Activity1.Output12 <~ 11 MyFun MyFun.OUT.Output11",
-            // a function of the activity's type
-            "Activity2.IN.Activity1.Output12 ~> 13 Activity2.Fun22 Activity2.Fun22.IN.Input21",
-            "Activity2.Fun22.IN.Input21 <~ 13 Activity2 .IN.Activity1.Output12",
-            "RS3.PUB_ID ~> 12 Activity2.Fun22 Activity2.Fun22.IN.Input22",
-            "Activity2.Fun22.IN.Input22 <~ 12 RS3 RS3.PUB_ID",
-            "RS4.SONUM ~> 14 Activity2.Fun22 Activity2.Fun22.IN.Input23",
-            "Activity2.Fun22.IN.Input23 <~ 14 RS4 RS4.SONUM",
-            "Activity2.Fun22.OUT.Output21 ~> 11 Activity2 .OUT.Activity1.Output12",
-            "Activity2.OUT.Activity1.Output12 <~ 11 Activity2.Fun22 Activity2.Fun22.OUT.Output21",
-        });
+    /// The links that they hold, sorted.
+    static Lines lines(const std::vector<Entity>& holders) {
+        Lines result;
+        for (const Entity& each : holders) {
+            const auto write = [&](const std::string& arrow, auto& links) {
+                for (auto& link : links) {
+                    result.push_back(keyOf(each) + " " + arrow + " " + std::to_string(link.type()) + " " + link.name() +
+                                     " " + link.key());
+                }
+            };
+            std::visit([&](auto* entity) { eachList(*entity, write); }, each);
+        }
+        return sorted(result);
     }
+    Lines present() { return lines(holders()); }
 
-    /// The entity of that whole key; made when the graph is built.
-    Entity make(const std::string& wholeKey) {
-        using namespace entities;
-        const std::string last = AfterLastDot(wholeKey);
-        for (FunctionProperties& function : activity("Activity2").Act_Functions) {
-            if (wholeKey.starts_with(function.Function_Key)) {
-                const bool input = wholeKey.ends_with(".IN." + last);
-                return parameter(input ? *function.Function_Inputs : *function.Function_Outputs, function.Function_Key,
-                                 input ? KindFunctionInput : KindFunctionOutput, last, "Activity2");
-            }
-        }
-        const std::string owner = BeforeFirstDot(wholeKey);
-        if (owner.starts_with("RS")) {
-            return attribute(*recordSet(owner).RecordSet_Outputs, owner, KindRecordSetAttribute, last);
-        }
-        const std::string key = AfterSecondDot(wholeKey), segment = SecondSegment(wholeKey);
-        if (segment == "PARAM") {
-            return parameter(*activity(owner).Act_Parameters, owner, KindParameter, key, "");
-        }
-        return segment == "IN" ? attribute(*activity(owner).Act_Inputs, owner, KindInput, key)
-                               : attribute(*activity(owner).Act_Outputs, owner, KindOutput, key);
-    }
-
-    static entities::AttributeProperties* attribute(entities::AttributeCollection& list, const std::string& owner,
-                                                    std::int16_t kind, const std::string& key) {
-        if (!list.Item(key)) {
-            auto& attribute = list.Add(key, 0, 0, key);
-            attribute.NodeKind = kind;
-            attribute.ParentKeyName = owner;
-        }
-        return list.Item(key);
+    static std::string keyOf(const Entity& entity) {
+        return std::visit([](auto* e) { return entities::wholeKey(e->ParentKeyName, e->NodeKind, e->Key); }, entity);
     }
 
   private:
-    static entities::ParameterProperties* parameter(entities::ParameterCollection& list, const std::string& owner,
-                                                    std::int16_t kind, const std::string& key,
-                                                    const std::string& functionActivity) {
+    /// The entity of that whole key; it is made when there is none.
+    Entity entity(const std::string& wholeKey) {
+        using namespace entities;
+        const std::string owner = BeforeFirstDot(wholeKey), list = SecondSegment(wholeKey);
+        if (owner.empty()) {
+            return &constant();
+        }
+        if (owner.starts_with("RS")) {
+            return item<AttributeCollection>(*recordSet(owner).RecordSet_Outputs, owner, KindRecordSetAttribute, list);
+        }
+        for (FunctionProperties& function : activity("A2").Act_Functions) {
+            const std::string& name = function.Function_Key;
+            if (wholeKey.starts_with(name + ".")) {
+                const bool input = wholeKey.find(".IN.") != std::string::npos;
+                return item<ParameterCollection>(input ? *function.Function_Inputs : *function.Function_Outputs, name,
+                                                 input ? KindFunctionInput : KindFunctionOutput,
+                                                 AfterLastDot(wholeKey));
+            }
+        }
+        ActivityProperties& holder = activity(owner);
+        const std::string key = AfterSecondDot(wholeKey);
+        if (list == "PARAM") {
+            return item<ParameterCollection>(*holder.Act_Parameters, owner, KindParameter, key);
+        }
+        return list == "IN" ? item<AttributeCollection>(*holder.Act_Inputs, owner, KindInput, key)
+                            : item<AttributeCollection>(*holder.Act_Outputs, owner, KindOutput, key);
+    }
+
+    template <class List>
+    static Entity item(List& list, const std::string& owner, std::int16_t kind, const std::string& key) {
         if (!list.Item(key)) {
-            auto& parameter = list.Add(key, 0, 0, key);
-            parameter.NodeKind = kind;
-            parameter.ParentKeyName = owner;
-            parameter.ParentFunctionActivity = functionActivity;
+            auto& added = list.Add(key, 0, 0, key);
+            added.NodeKind = kind;
+            added.ParentKeyName = owner;
         }
         return list.Item(key);
     }
 
-    template <class Holder>
-    static void addLink(Holder& entity, const std::string& list, const std::string& name, std::int16_t type,
-                        const std::string& key) {
-        if constexpr (requires { entity.ProvidedFrom; }) {
-            if (list == "<-") {
-                entity.ProvidedFrom->Add(name, type, key);
-            } else if (list == "->") {
-                entity.ProviderFor->Add(name, type, key);
-            }
-        }
-        if (list == "<~") {
-            entity.RegulatedFrom->Add(name, type, key);
-        } else if (list == "~>") {
-            entity.RegulatorFor->Add(name, type, key);
-        }
-    }
-
     template <class List>
-    static void write(const entities::Lazy<List>& list, Lines& lines) {
-        if (const List* items = list.peek()) {
-            for (auto& item : *items) {
-                const std::string whole = entities::wholeKey(item.ParentKeyName, item.NodeKind, item.Key);
-                if constexpr (requires { item.ProvidedFrom; }) {
-                    writeLinks(whole + " <- ", item.ProvidedFrom, lines);
-                    writeLinks(whole + " -> ", item.ProviderFor, lines);
-                }
-                writeLinks(whole + " <~ ", item.RegulatedFrom, lines);
-                writeLinks(whole + " ~> ", item.RegulatorFor, lines);
-            }
+    static void collect(entities::Lazy<List>& list, std::vector<Entity>& result) {
+        for (auto& item : list) {
+            result.emplace_back(&item);
         }
     }
-
-    template <class Links>
-    static void writeLinks(const std::string& start, const entities::Lazy<Links>& links, Lines& lines) {
-        if (const Links* items = links.peek()) {
-            for (auto& link : *items) {
-                lines.push_back(start + std::to_string(link.type()) + " " + link.name() + " " + link.key());
-            }
-        }
-    }
-
-    static void writeActivity(entities::ActivityProperties& activity, Lines& lines) {
-        write(activity.Act_Inputs, lines);
-        write(activity.Act_Outputs, lines);
-        write(activity.Act_Parameters, lines);
-        if (const auto* functions = activity.Act_Functions.peek()) {
-            for (auto& function : *functions) {
-                write(function.Function_Inputs, lines);
-                write(function.Function_Outputs, lines);
-            }
+    static void collect(entities::ActivityProperties& activity, std::vector<Entity>& result) {
+        collect(activity.Act_Inputs, result);
+        collect(activity.Act_Outputs, result);
+        collect(activity.Act_Parameters, result);
+        for (entities::FunctionProperties& function : activity.Act_Functions) {
+            collect(function.Function_Inputs, result);
+            collect(function.Function_Outputs, result);
         }
     }
 
