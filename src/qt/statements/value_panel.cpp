@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 
 #include "qt/dialogs/fields.h"
 #include "qt/statements/option_group.h"
@@ -135,7 +136,7 @@ QWidget* ValuePanel::newChoiceCell(std::size_t number) {
     choices_.push_back({box, row.list});
     connect(box, &QComboBox::currentIndexChanged, this, [this, &row](int at) {
         logic_.chooseValue(row.implied);
-        (logic_.*row.select)(at);
+        std::invoke(row.select, logic_, at);
         changed_();
     });
     return newCell(row.captionName, row.caption, box, row.visible);
