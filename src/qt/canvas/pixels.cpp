@@ -15,18 +15,16 @@ constexpr int kCoveredBits = 8;
 constexpr unsigned kCovered = 1U << kCoveredBits;
 constexpr int kCoarser = kFraction - kCoveredBits;
 
-/// `covered` of 256 parts of the pixel take the colour.
-void blend(QRgb& pixel, QRgb colour, unsigned covered) {
-    constexpr unsigned kRedBlue = 0xFF00FF;
-    constexpr unsigned kGreen = 0x00FF00;
-    if (covered >= kCovered) {
-        pixel = colour;
-        return;
-    }
-    const unsigned left = kCovered - covered;
-    const unsigned redBlue = ((colour & kRedBlue) * covered + (pixel & kRedBlue) * left) >> 8;
-    const unsigned green = ((colour & kGreen) * covered + (pixel & kGreen) * left) >> 8;
-    pixel = 0xFF000000U | (redBlue & kRedBlue) | (green & kGreen);
+/// The channels of a colour apart from each other, with room for a product by 256 each.
+std::uint64_t spread(QRgb colour) {
+    return (colour & 0xFF00FFU) | static_cast<std::uint64_t>(colour & 0x00FF00U) << 24;
+}
+
+/// `covered` of 256 parts of the pixel take the colour, which comes spread.
+void blend(QRgb& pixel, std::uint64_t colour, unsigned covered) {
+    const std::uint64_t present = spread(pixel);
+    const std::uint64_t mixed = ((present << kCoveredBits) + (colour - present) * covered) >> kCoveredBits;
+    pixel = 0xFF000000U | (static_cast<QRgb>(mixed) & 0xFF00FFU) | (static_cast<QRgb>(mixed >> 24) & 0x00FF00U);
 }
 
 /// The nearest device pixel from 0 to `most`.
@@ -98,37 +96,95 @@ Pixels::Course Pixels::courseOf(const QLineF& line, double longer) const {
 
 void Pixels::line(const QLineF& line, QRgb colour) {
     const Course course = courseOf(line, 0);
-    std::int64_t at = course.at;
-    QRgb* pixel = bits_ + course.first * course.nextAlong;
-    for (int i = course.first; i <= course.last; ++i, at += course.step, pixel += course.nextAlong) {
-        const std::int64_t place = at >> kFraction;
-        if (place >= 0 && place < course.room) {
-            pixel[place * course.nextAcross] = colour;
-        }
+    const Steps seen = stepsAt(course, 0, (static_cast<std::int64_t>(course.room) << kFraction) - 1);
+    std::int64_t at = course.at + (seen.first - course.first) * course.step;
+    QRgb* pixel = bits_ + seen.first * course.nextAlong;
+    for (int i = seen.first; i <= seen.last; ++i, at += course.step, pixel += course.nextAlong) {
+        pixel[(at >> kFraction) * course.nextAcross] = colour;
     }
 }
 
 void Pixels::smoothLine(const QLineF& line, double width, QRgb colour) {
     const Course course = courseOf(line, width * ratio_ / 2);
-    // Each step paints a strip across, of the same length all along; where it ends within a pixel, it covers a part.
     const double slope = static_cast<double>(course.step) / kOne;
     const auto extent = static_cast<std::int64_t>(width * ratio_ * std::sqrt(1 + slope * slope) * kCovered + 0.5);
-    std::int64_t at = course.at;
-    for (int i = course.first; i <= course.last; ++i, at += course.step) {
+    const Strips strips{extent, extent / 2, colour, spread(colour)};
+    const std::int64_t room = static_cast<std::int64_t>(course.room) << kCoveredBits;
+    const Steps seen = stepsAt(course, (strips.above - extent) << kCoarser, (room + strips.above) << kCoarser);
+    // At its ends a line covers only a part of the step, and at the image's borders a part of the strip.
+    Steps whole = stepsAt(course, strips.above << kCoarser, (room + strips.above - extent) << kCoarser);
+    whole.first = std::max(whole.first, static_cast<int>(std::ceil(course.from)));
+    whole.last = std::min(whole.last, static_cast<int>(std::floor(course.to)) - 1);
+    if (whole.first > whole.last) {
+        paintParts(course, strips, seen);
+        return;
+    }
+    paintParts(course, strips, {seen.first, whole.first - 1});
+    paintWhole(course, strips, whole);
+    paintParts(course, strips, {whole.last + 1, seen.last});
+}
+
+void Pixels::paintParts(const Course& course, const Strips& strips, Steps steps) {
+    for (int i = steps.first; i <= steps.last; ++i) {
         const double share = std::min(i + 1.0, course.to) - std::max(static_cast<double>(i), course.from);
         const auto weight = share >= 1 ? kCovered : static_cast<unsigned>(share * kCovered + 0.5);
         QRgb* pixels = bits_ + i * course.nextAlong;
-        std::int64_t from = (at >> kCoarser) - extent / 2;
-        for (const std::int64_t end = from + extent; from < end;) {
+        std::int64_t from = startOf(course, strips, i);
+        for (const std::int64_t end = from + strips.extent; from < end;) {
             const std::int64_t place = from >> kCoveredBits;
             const std::int64_t next = std::min(end, (place + 1) << kCoveredBits);
             if (place >= 0 && place < course.room) {
-                blend(pixels[place * course.nextAcross], colour,
+                blend(pixels[place * course.nextAcross], strips.channels,
                       static_cast<unsigned>(next - from) * weight >> kCoveredBits);
             }
             from = next;
         }
     }
+}
+
+void Pixels::paintWhole(const Course& course, const Strips& strips, Steps steps) {
+    QRgb* pixels = bits_ + steps.first * course.nextAlong;
+    for (int i = steps.first; i <= steps.last; ++i, pixels += course.nextAlong) {
+        const std::int64_t from = startOf(course, strips, i);
+        QRgb* pixel = pixels + (from >> kCoveredBits) * course.nextAcross;
+        std::int64_t left = strips.extent;
+        if (const std::int64_t before = from & (kCovered - 1); before > 0 || left < kCovered) {
+            const std::int64_t part = std::min(left, kCovered - before);
+            blend(*pixel, strips.channels, static_cast<unsigned>(part));
+            pixel += course.nextAcross;
+            left -= part;
+        }
+        for (; left >= kCovered; left -= kCovered, pixel += course.nextAcross) {
+            *pixel = strips.colour;
+        }
+        if (left > 0) {
+            blend(*pixel, strips.channels, static_cast<unsigned>(left));
+        }
+    }
+}
+
+std::int64_t Pixels::startOf(const Course& course, const Strips& strips, int step) {
+    return ((course.at + (step - course.first) * course.step) >> kCoarser) - strips.above;
+}
+
+Pixels::Steps Pixels::stepsAt(const Course& course, std::int64_t from, std::int64_t to) {
+    if (course.step == 0) {
+        return course.at >= from && course.at <= to ? Steps{course.first, course.last} : Steps{};
+    }
+    if (course.step < 0) {
+        std::swap(from, to);
+    }
+    // The step that is the last not to be behind the place, or the first not to be before it.
+    const auto stepAt = [&](std::int64_t place, bool behind) {
+        const std::int64_t way = place - course.at;
+        const std::int64_t steps = way / course.step;
+        const bool cut = steps * course.step != way;
+        const bool backwards = (way < 0) != (course.step < 0);
+        return course.first + steps + (cut && behind && !backwards ? 1 : cut && !behind && backwards ? -1 : 0);
+    };
+    const std::int64_t first = std::max<std::int64_t>(course.first, stepAt(from, true));
+    const std::int64_t last = std::min<std::int64_t>(course.last, stepAt(to, false));
+    return first <= last ? Steps{static_cast<int>(first), static_cast<int>(last)} : Steps{};
 }
 
 }  // namespace orvent::qt

@@ -36,7 +36,25 @@ class Pixels {
         qsizetype nextAlong, nextAcross;
     };
 
+    /// Steps of a course; none when `last` is the lesser.
+    struct Steps {
+        int first = 0;
+        int last = -1;
+    };
+
+    /// A smooth line paints a strip across at each step; where a strip ends within a pixel, it covers a part of it.
+    struct Strips {
+        std::int64_t extent, above;  ///< whole length, and the part before the course, in 256ths of a device pixel
+        QRgb colour;
+        std::uint64_t channels;  ///< the colour, spread
+    };
+
     Course courseOf(const QLineF& line, double longer) const;
+    /// The steps whose place across lies from `from` to `to`, with 32 bits behind the point.
+    static Steps stepsAt(const Course& course, std::int64_t from, std::int64_t to);
+    static std::int64_t startOf(const Course& course, const Strips& strips, int step);
+    void paintParts(const Course& course, const Strips& strips, Steps steps);
+    void paintWhole(const Course& course, const Strips& strips, Steps steps);
 
     QRgb* bits_;
     qsizetype stride_;
