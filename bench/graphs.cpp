@@ -80,7 +80,7 @@ class Builder {
         const auto column = static_cast<float>(form_.Labels.Count() % 100);
         const auto row = static_cast<float>(form_.Labels.Count() / 100);
         canvas::LabelsD& label =
-            form_.Labels.Add(2000 * column, 1050, 1000 * row, 450, name,
+            form_.Labels.Add({2000 * column, 1000 * row, 1050, 450}, name,
                              node.isActivity ? canvas::NodeTypeActivity : canvas::NodeTypeRecordSet, name);
         if (node.isActivity) {
             fillActivity(*label.activity());
@@ -116,7 +116,7 @@ class Builder {
 
     void connect(canvas::LabelsD& from, canvas::LabelsD& to, int first, int last) {
         const bool withRecordSet = from.recordSet() || to.recordSet();
-        const std::int16_t kind = to.recordSet() ? entities::KindRecordSetAttribute : entities::KindInput;
+        const entities::NodeKindCode kind = to.recordSet() ? entities::KindRecordSetAttribute : entities::KindInput;
         for (int i = first; i <= last; ++i) {
             const std::string name = attributeName(i);
             entities::AttributeProperties* source = from.recordSet() ? from.recordSet()->RecordSet_Outputs->Item(name)

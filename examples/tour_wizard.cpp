@@ -41,7 +41,7 @@ const std::initializer_list<VariableStep> kAggregation = {
 
 entities::ActivityProperties& addActivity(canvas::DrawForm& form, const std::string& name, float top,
                                           std::int16_t type) {
-    canvas::LabelsD& node = form.Labels.Add(6000, 7050, top, top + 450, name, canvas::NodeTypeActivity, name);
+    canvas::LabelsD& node = form.Labels.Add({6000, top, 1050, 450}, name, canvas::NodeTypeActivity, name);
     entities::ActivityProperties& activity = *node.activity();
     activity.Act_Type = type;
     entities::RecordSetProperties& source = *form.nodeNamed(kSource)->recordSet();
@@ -165,7 +165,7 @@ void playWizard(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     std::string name = "Made by the wizard";
     frame.NewScenario(name);
     canvas::DrawForm& form = *window.activeScenario();
-    canvas::LabelsD& source = form.Labels.Add(1500, 2550, 2400, 2850, kSource, canvas::NodeTypeRecordSet, kSource);
+    canvas::LabelsD& source = form.Labels.Add({1500, 2400, 1050, 450}, kSource, canvas::NodeTypeRecordSet, kSource);
     for (const std::string attribute : kAttributes) {
         source.recordSet()->RecordSet_Outputs->Add(attribute, 0, attribute).ParentKeyName = kSource;
     }

@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     NoMessages messages;
     const canvas::CanvasSettings settings;
     canvas::DrawForm form({messages, settings});
-    auto& authors = *form.Labels.Add(0, 1050, 0, 450, "AUTHORS", canvas::NodeTypeRecordSet, "AUTHORS").recordSet();
+    auto& authors = *form.Labels.Add({0, 0, 1050, 450}, "AUTHORS", canvas::NodeTypeRecordSet, "AUTHORS").recordSet();
     authors.RecordSet_Outputs->Add("AU_ID", 0, "AU_ID");
     entities::ActivityProperties activity;
     activity.Act_Name = size % 2 ? "CheckAge" : "Data";

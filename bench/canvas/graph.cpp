@@ -20,8 +20,9 @@ class Drawer {
     void drawNodes() {
         for (int i = 0; i < nodes_; ++i) {
             const bool isActivity = i % columns_ % 2 != 0;
-            form_.Labels.Add(kColumnTwips * static_cast<float>(i % columns_), 1050,
-                             kRowTwips * static_cast<float>(i / columns_), 450, "NODE_" + std::to_string(i),
+            form_.Labels.Add({kColumnTwips * static_cast<float>(i % columns_),
+                              kRowTwips * static_cast<float>(i / columns_), 1050, 450},
+                             "NODE_" + std::to_string(i),
                              isActivity ? canvas::NodeTypeActivity : canvas::NodeTypeRecordSet);
         }
     }

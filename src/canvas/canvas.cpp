@@ -22,8 +22,8 @@ void Canvas::growPicture() {
     float right = PicForm.Width();
     float bottom = PicForm.Height();
     for (const LabelsD& node : Labels) {
-        right = std::max(right, node.Left() + node.Width());
-        bottom = std::max(bottom, node.Top() + node.Height());
+        right = std::max(right, node.box().right());
+        bottom = std::max(bottom, node.box().bottom());
     }
     PicForm.setSize(right, bottom);
     if (view_) {
@@ -33,7 +33,7 @@ void Canvas::growPicture() {
 
 void Canvas::ClearCrop() {
     const bool shown = CroppingRect.Visible;
-    CroppingRect.Width = CroppingRect.Height = MarkerBox().Width;
+    CroppingRect.Width = CroppingRect.Height = MarkerBox::kRestSize;
     CroppingRect.Visible = false;
     SelectedLabels.Clear();
     if (shown && view_) {

@@ -120,7 +120,7 @@ class CanvasPointer : private CanvasWatcher {
     void hideGrabber();
 
     // Drawing an edge.
-    void beginEdge(LabelsD& source, Point inside, std::int32_t edgeType);
+    void beginEdge(LabelsD& source, Point inside, EdgeTypeCode edgeType);
     void followEdge(Point at);
     void setCorner(Point at);
     void decideEdge(LabelsD* target);

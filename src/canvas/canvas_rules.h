@@ -21,10 +21,10 @@ class CanvasRules {
     virtual LabelsD* placeNode(Canvas& canvas, std::string_view tool, Point at) = 0;
 
     /// The `EdgeType` that the tool draws, or nothing when it is no edge tool of this canvas.
-    virtual std::optional<std::int32_t> edgeTypeOf(std::string_view tool) const = 0;
+    virtual std::optional<EdgeTypeCode> edgeTypeOf(std::string_view tool) const = 0;
 
     /// Whether an edge of that kind may start at the node.
-    virtual bool mayStart(std::int32_t edgeType, const LabelsD& source) const = 0;
+    virtual bool mayStart(EdgeTypeCode edgeType, const LabelsD& source) const = 0;
 
     /// An end of the edge (`atStart`: its source) was dropped on a node that is neither of its ends. False: the edge
     /// stays as it is. Where it may move, what stands behind it is given up here; `edgeCompleted` follows.
@@ -48,8 +48,8 @@ class CanvasRules {
 class DesignRules : public CanvasRules {
   public:
     LabelsD* placeNode(Canvas& canvas, std::string_view tool, Point at) override;
-    std::optional<std::int32_t> edgeTypeOf(std::string_view tool) const override;
-    bool mayStart(std::int32_t edgeType, const LabelsD& source) const override;
+    std::optional<EdgeTypeCode> edgeTypeOf(std::string_view tool) const override;
+    bool mayStart(EdgeTypeCode edgeType, const LabelsD& source) const override;
     bool mayRedirect(Canvas& canvas, LinesD& edge, bool atStart, const LabelsD& target) override;
     void edgeCompleted(Canvas& canvas, LinesD& edge) override { CheckRelationship(canvas, edge); }
     void middleOnOwnEnd(LinesD& edge) override;

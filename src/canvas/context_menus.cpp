@@ -2,9 +2,6 @@
 
 #include <array>
 
-#include "canvas/labels.h"
-#include "canvas/lines.h"
-
 namespace orvent::canvas {
 
 namespace {
@@ -12,13 +9,13 @@ namespace {
 using enum MenuAction;
 
 constexpr std::array kRecordSet = {
-    ContextItem{"RecordSetPropertiesM", "Properties", properties, 0, true, {}},
+    ContextItem{"RecordSetPropertiesM", "Properties", properties, {}, true, {}},
     ContextItem{"RecordSetNotReadyM", "Mark As Not Ready", notReady},
     ContextItem{"RecordSetDeleteM", "Delete", deleteNodes, NodeTypeRecordSet},
 };
 
 constexpr std::array kActivity = {
-    ContextItem{"ActivityPropertiesM", "Properties", properties, 0, true, {}},
+    ContextItem{"ActivityPropertiesM", "Properties", properties, {}, true, {}},
     ContextItem{"ActivityZoomM", "Zoom", zoom},
     ContextItem{"ActivityNotReadyM", "Mark As Not Ready", notReady},
     ContextItem{"CreateFromLDLM", "Generate From LDL", templateWizard},
@@ -42,7 +39,7 @@ constexpr std::array kAngles = {
 
 constexpr std::array kEdges = {
     ContextItem{"EdgeDeleteM", "Delete", deleteEdges},
-    ContextItem{"EdgeAngleM", "Angle", submenu, 0, false, kAngles},
+    ContextItem{"EdgeAngleM", "Angle", submenu, {}, false, kAngles},
 };
 
 constexpr std::array kDesignMenus = {

@@ -1,20 +1,26 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string_view>
+#include <variant>
+
+#include "canvas/labels.h"
+#include "canvas/lines.h"
 
 namespace orvent::canvas {
 
 /// What a menu item does. Node commands act on `ActiveLabel`, edge angles on `ActiveEdge`, deletions on the selection.
 enum class MenuAction { submenu, properties, zoom, notReady, templateWizard, deleteNodes, deleteEdges, setAngle };
 
+/// What an action is told: nothing, the kind of node to delete, or the angle to set.
+using MenuValue = std::variant<std::monostate, NodeTypeCode, AngleCode>;
+
 /// One item of a context menu.
 struct ContextItem {
     std::string_view name;  ///< the item's own name, such as `ActivityDeleteM`
     std::string_view caption;
     MenuAction action;
-    std::int32_t value = 0;                   ///< the `NodeType` to delete, or the `Angle` to set
+    MenuValue value = {};                     ///< the `NodeType` to delete, or the `Angle` to set
     bool isDefault = false;                   ///< shown in bold
     std::span<const ContextItem> items = {};  ///< of a submenu
 };

@@ -51,7 +51,7 @@ void leaveOwner(Canvas& canvas, const Entity& entity) {
     }
 }
 
-bool listed(std::int16_t nodeKind) {
+bool listed(NodeKindCode nodeKind) {
     return nodeKind == KindInput || nodeKind == KindOutput || nodeKind == KindRecordSetAttribute;
 }
 
@@ -80,7 +80,7 @@ bool releaseParameter(Canvas& canvas, LabelsD& node, EntityLinks& links) {
 }
 
 template <class Entity>
-bool releaseWhole(Canvas& canvas, LabelsD& node, DeletedKind kind, EntityLinks& links) {
+bool releaseWhole(Canvas& canvas, LabelsD& node, NodeKindCode kind, EntityLinks& links) {
     const auto* entity = node.entity<Entity>();
     if (canvas.isZoom() || !entity) {
         return false;  // a zoom view only shows what belongs to the design window
@@ -120,11 +120,11 @@ bool release(Canvas& canvas, LabelsD& node, EntityLinks& links) {
 
 }  // namespace
 
-void DeleteSelectedNodes(Canvas& canvas, std::int32_t OnlyType, EntityLinks& links) {
+void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links) {
     canvas.ActiveLabel = -1;
     for (const std::int32_t index : canvas.SelectedLabels.members()) {
         LabelsD* node = canvas.Labels.byIndex(index);
-        if (!node || (OnlyType != 0 && node->NodeType() != OnlyType) || !release(canvas, *node, links)) {
+        if (!node || (OnlyType != kEveryNodeType && node->NodeType() != OnlyType) || !release(canvas, *node, links)) {
             continue;
         }
         canvas.Labels.Remove(index);

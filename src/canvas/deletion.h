@@ -17,11 +17,14 @@ class EntityLinks {
     virtual void unsynchronise(Canvas& canvas, LabelsD& node) = 0;
 };
 
+/// Stands for every kind of node.
+inline constexpr NodeTypeCode kEveryNodeType{};
+
 /// Deletes the selected nodes with their edges and notes in `DeletedNodes` the rows that the next save has to delete.
-/// `OnlyType` is the `NodeType` to delete, 0 for every kind. Some nodes cannot be deleted and stay: on a zoom canvas
-/// activities, record sets and functions, and everywhere inputs and outputs of a function. The selection is empty
-/// afterwards.
-void DeleteSelectedNodes(Canvas& canvas, std::int32_t OnlyType, EntityLinks& links);
+/// `OnlyType` is the `NodeType` to delete, `kEveryNodeType` for all. Some nodes cannot be deleted and stay: on a zoom
+/// canvas activities, record sets and functions, and everywhere inputs and outputs of a function. The selection is
+/// empty afterwards.
+void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links);
 
 /// Deletes the selected edges, the last selected one first.
 void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules);

@@ -14,7 +14,7 @@ namespace {
 /// A tool that places nodes. Without a counter of its own, the default name takes the number of the last node.
 struct NodeTool {
     std::string_view key;
-    std::int32_t nodeType;
+    NodeTypeCode nodeType;
     std::string_view word;
     float CanvasSettings::*width;
     float CanvasSettings::*height;
@@ -34,8 +34,8 @@ constexpr std::array<NodeTool, 4> kNodeTools = {{
 /// A tool that draws edges, and the two kinds of nodes at which its edges may start.
 struct EdgeTool {
     std::string_view key;
-    std::int32_t edgeType;
-    std::array<std::int32_t, 2> sources;
+    EdgeTypeCode edgeType;
+    std::array<NodeTypeCode, 2> sources;
 };
 
 constexpr std::array<EdgeTool, 2> kEdgeTools = {{
@@ -56,7 +56,7 @@ std::string defaultName(Canvas& canvas, const NodeTool& tool) {
     return name;
 }
 
-bool isValid(std::int32_t edgeType, std::int32_t from, std::int32_t to) {
+bool isValid(EdgeTypeCode edgeType, NodeTypeCode from, NodeTypeCode to) {
     if (edgeType == EdgeTypeProvider) {
         return to != NodeTypeLog && to != NodeTypeComment;
     }
@@ -75,7 +75,7 @@ LabelsD* DesignRules::placeNode(Canvas& canvas, std::string_view tool, Point at)
             const float width = canvas.settings().*row.width;
             const float height = canvas.settings().*row.height;
             LabelsD& node =
-                canvas.Labels.Add(std::max(at.x - width / 2, 0.0F), width, std::max(at.y - height / 2, 0.0F), height,
+                canvas.Labels.Add({std::max(at.x - width / 2, 0.0F), std::max(at.y - height / 2, 0.0F), width, height},
                                   defaultName(canvas, row), row.nodeType);
             return row.opensDialog ? &node : nullptr;
         }
@@ -83,7 +83,7 @@ LabelsD* DesignRules::placeNode(Canvas& canvas, std::string_view tool, Point at)
     return nullptr;
 }
 
-std::optional<std::int32_t> DesignRules::edgeTypeOf(std::string_view tool) const {
+std::optional<EdgeTypeCode> DesignRules::edgeTypeOf(std::string_view tool) const {
     for (const EdgeTool& row : kEdgeTools) {
         if (row.key == tool) {
             return row.edgeType;
@@ -92,7 +92,7 @@ std::optional<std::int32_t> DesignRules::edgeTypeOf(std::string_view tool) const
     return std::nullopt;
 }
 
-bool DesignRules::mayStart(std::int32_t edgeType, const LabelsD& source) const {
+bool DesignRules::mayStart(EdgeTypeCode edgeType, const LabelsD& source) const {
     return std::any_of(kEdgeTools.begin(), kEdgeTools.end(), [&](const EdgeTool& row) {
         return row.edgeType == edgeType &&
                std::find(row.sources.begin(), row.sources.end(), source.NodeType()) != row.sources.end();

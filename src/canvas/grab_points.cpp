@@ -33,7 +33,7 @@ constexpr std::array<GrabRow, 5> kActivity = {{
     {0.5F, 0.75F, kClearance, 0, "ArrowU"},
 }};
 
-const GrabRow* grabRow(std::int32_t nodeType, int point) {
+const GrabRow* grabRow(NodeTypeCode nodeType, int point) {
     if (nodeType == NodeTypeActivity) {
         return point >= 1 && point <= 5 ? &kActivity[static_cast<std::size_t>(point - 1)] : nullptr;
     }
@@ -72,7 +72,7 @@ Point LabelsD::GrabPoint(int GrabbingPoint) const {
     if (held && GrabbingPoint <= 2 && held->Act_SchemaNo == 1) {
         heightShare = 0.5F;  // one schema joins the two inputs
     }
-    return {left_ + width_ * row->widthShare + row->dx, top_ + height_ * heightShare + row->dy};
+    return {Left() + Width() * row->widthShare + row->dx, Top() + Height() * heightShare + row->dy};
 }
 
 std::string_view LabelsD::LineArrowDirection(int GrabbingPoint) const {
@@ -81,8 +81,8 @@ std::string_view LabelsD::LineArrowDirection(int GrabbingPoint) const {
 }
 
 Point LabelsD::DrawRect(float x, float y) {
-    const int point =
-        nodeType_ == NodeTypeActivity ? activityPointAt(x, y, width_, height_) : ordinaryPointAt(x, y, width_, height_);
+    const int point = nodeType_ == NodeTypeActivity ? activityPointAt(x, y, Width(), Height())
+                                                    : ordinaryPointAt(x, y, Width(), Height());
     canvas_.GrabbingPoint = point;
     canvas_.Grabber = GrabPoint(point);
     if (CanvasView* view = canvas_.view()) {

@@ -32,23 +32,20 @@ void LineNumbers::Remove(std::int32_t line) {
 }
 
 void LabelsD::setLeft(float value) {
-    setBox(value, top_, width_, height_);
+    setBox({value, Top(), Width(), Height()});
 }
 void LabelsD::setTop(float value) {
-    setBox(left_, value, width_, height_);
+    setBox({Left(), value, Width(), Height()});
 }
 void LabelsD::setWidth(float value) {
-    setBox(left_, top_, value, height_);
+    setBox({Left(), Top(), value, Height()});
 }
 void LabelsD::setHeight(float value) {
-    setBox(left_, top_, width_, value);
+    setBox({Left(), Top(), Width(), value});
 }
 
-void LabelsD::setBox(float left, float top, float width, float height) {
-    left_ = left;
-    top_ = top;
-    width_ = std::max(width, kLeastWidth);
-    height_ = std::max(height, kLeastHeight);
+void LabelsD::setBox(const Box& value) {
+    box_ = {value.Left, value.Top, std::max(value.Width, kLeastWidth), std::max(value.Height, kLeastHeight)};
     moved();
 }
 
@@ -77,7 +74,7 @@ void LabelsD::moved() {
     }
 }
 
-void LabelsD::setNodeType(std::int32_t value) {
+void LabelsD::setNodeType(NodeTypeCode value) {
     nodeType_ = value;
 }
 

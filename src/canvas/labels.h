@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "canvas/box.h"
 #include "canvas/indexed_table.h"
 #include "canvas/point.h"
 #include "entities/nodes.h"
@@ -16,7 +17,7 @@ namespace orvent::canvas {
 class Canvas;
 
 /// `NodeType` codes. 1 and 2 stand for type records.
-enum NodeTypeCode : std::int32_t {
+enum class NodeTypeCode : std::int32_t {
     NodeTypeDataType = 1,
     NodeTypeFunctionType = 2,
     NodeTypeConstant = 3,
@@ -28,6 +29,7 @@ enum NodeTypeCode : std::int32_t {
     NodeTypeLog = 9,
     NodeTypeComment = 10,
 };
+using enum NodeTypeCode;
 
 /// The name that a node bears whose name was refused as a duplicate.
 inline constexpr const char* kErrorName = "Error_myCode";
@@ -64,25 +66,26 @@ class LabelsD {
     std::int32_t Index() const { return index_; }
     Canvas& canvas() const { return canvas_; }
 
-    float Left() const { return left_; }
-    float Top() const { return top_; }
-    float Width() const { return width_; }
-    float Height() const { return height_; }
+    const Box& box() const { return box_; }
+    float Left() const { return box_.Left; }
+    float Top() const { return box_.Top; }
+    float Width() const { return box_.Width; }
+    float Height() const { return box_.Height; }
     void setLeft(float value);
     void setTop(float value);
     void setWidth(float value);   ///< raised to 201
     void setHeight(float value);  ///< raised to 152
 
     /// A place of the picture, relative to the box.
-    Point inside(Point at) const { return {at.x - left_, at.y - top_}; }
+    Point inside(Point at) const { return {at.x - box_.Left, at.y - box_.Top}; }
     /// Whether a place of the picture lies on a comment's text; the right end of its box is a strip for scrolling.
-    bool onText(Point at) const { return at.x - left_ <= width_ - 200; }
+    bool onText(Point at) const { return at.x - box_.Left <= box_.Width - 200; }
 
-    /// Places the box by its four values at once, with one update of its edges.
-    void setBox(float left, float top, float width, float height);
+    /// Places the box by its four values at once, with one update of its edges; the least sizes hold.
+    void setBox(const Box& value);
 
-    std::int32_t NodeType() const { return nodeType_; }
-    void setNodeType(std::int32_t value);
+    NodeTypeCode NodeType() const { return nodeType_; }
+    void setNodeType(NodeTypeCode value);
 
     const std::string& KeyName() const { return keyName_; }
     /// Takes the name in `NamesColl`. A taken name is told, and then reads `kErrorName`; a comment or a log takes the
@@ -148,8 +151,8 @@ class LabelsD {
 
     Canvas& canvas_;
     std::int32_t index_;
-    std::int32_t nodeType_ = 0;
-    float left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+    NodeTypeCode nodeType_{};
+    Box box_;
     std::int32_t color_ = 0;
     std::int16_t mousePointer_ = 0;
     bool ready_ = false;
@@ -165,8 +168,7 @@ class LabelsCollection : public IndexedTable<LabelsD> {
     explicit LabelsCollection(Canvas& canvas) : canvas_(canvas) {}
 
     /// A new node with an empty entity of its kind. An empty `KeyName` takes the caption as name.
-    LabelsD& Add(float Left, float Width, float Top, float Height, const std::string& Caption, std::int32_t NodeType,
-                 const std::string& KeyName = {});
+    LabelsD& Add(const Box& box, const std::string& Caption, NodeTypeCode NodeType, const std::string& KeyName = {});
 
     /// A copy of a node of another canvas; its entity is a clone.
     LabelsD& addLabel(const LabelsD& Label);

@@ -37,11 +37,12 @@ constexpr std::array<KindRow, 11> kKinds = {{
     {kLightYellow, kBlack, kBlack}  // comment
 }};
 
-const KindRow& kindRow(std::int32_t nodeType) {
-    return nodeType >= 1 && nodeType <= 10 ? kKinds[static_cast<std::size_t>(nodeType)] : kKinds[0];
+const KindRow& kindRow(NodeTypeCode nodeType) {
+    const auto at = static_cast<std::size_t>(nodeType);
+    return at < kKinds.size() ? kKinds[at] : kKinds[0];
 }
 
-NodeProperties newEntity(std::int32_t nodeType, const std::string& name, const std::string& caption,
+NodeProperties newEntity(NodeTypeCode nodeType, const std::string& name, const std::string& caption,
                          std::int32_t index) {
     using namespace entities;
     switch (nodeType) {
@@ -105,13 +106,13 @@ NodeProperties cloned(const NodeProperties& properties) {
 
 }  // namespace
 
-LabelsD& LabelsCollection::Add(float Left, float Width, float Top, float Height, const std::string& Caption,
-                               std::int32_t NodeType, const std::string& KeyName) {
+LabelsD& LabelsCollection::Add(const Box& box, const std::string& Caption, NodeTypeCode NodeType,
+                               const std::string& KeyName) {
     const std::int32_t index = ++canvas_.LabelsNo;
     canvas_.ActiveLabel = index;
     LabelsD& node = append(index, std::make_unique<LabelsD>(canvas_, index));
     node.setNodeType(NodeType);
-    node.setBox(Left, Top, Width, Height);
+    node.setBox(box);
     node.setCaption(Caption);
     if (!KeyName.empty()) {
         node.setKeyName(KeyName);
@@ -130,7 +131,7 @@ LabelsD& LabelsCollection::Add(float Left, float Width, float Top, float Height,
 }
 
 LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
-    LabelsD& node = Add(Label.Left(), Label.Width(), Label.Top(), Label.Height(), Label.Caption(), Label.NodeType());
+    LabelsD& node = Add(Label.box(), Label.Caption(), Label.NodeType());
     node.setColor(Label.Color());
     node.Properties = cloned(Label.Properties);
     node.setReady(Label.Ready());
@@ -138,7 +139,7 @@ LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
 }
 
 void LabelsCollection::raisePicture(const LabelsD& node) {
-    const float bottom = node.Top() + node.Height();
+    const float bottom = node.box().bottom();
     if (canvas_.isZoom() && bottom >= canvas_.BiggestHeight) {
         canvas_.BiggestHeight = bottom + 3 * canvas_.settings().BigHeight;
     }

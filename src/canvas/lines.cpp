@@ -23,9 +23,9 @@ Point between(Point a, Point b) {
 
 }  // namespace
 
-EdgeStyle edgeStyle(std::int32_t edgeType) {
+EdgeStyle edgeStyle(EdgeTypeCode edgeType) {
     const auto at = static_cast<std::size_t>(edgeType);
-    return edgeType >= 0 && at < kStyles.size() ? kStyles[at] : EdgeStyle{BorderSolid, 1, false};
+    return at < kStyles.size() ? kStyles[at] : EdgeStyle{BorderSolid, 1, false};
 }
 
 void LinesD::changed() {
@@ -51,21 +51,21 @@ void LinesD::setMiddle(Point value) {
     changed();
 }
 
-void LinesD::setEdgeType(std::int32_t value) {
+void LinesD::setEdgeType(EdgeTypeCode value) {
     edgeType_ = value;
     BorderStyle = edgeStyle(value).BorderStyle;
     BorderWidth = edgeStyle(value).BorderWidth;
     changed();
 }
 
-void LinesD::setAngle(std::int32_t value) {
-    const std::int32_t former = angle_;
+void LinesD::setAngle(AngleCode value) {
+    const AngleCode former = angle_;
     angle_ = value;
     applyAngle(former);
     changed();
 }
 
-void LinesD::applyAngle(std::int32_t former) {
+void LinesD::applyAngle(AngleCode former) {
     // Only the vertical order of the ends decides; the horizontal one makes no difference.
     const bool rises = end_.y <= start_.y;
     switch (angle_) {
@@ -118,7 +118,7 @@ void LinesD::setColor(std::int32_t value) {
     changed();
 }
 
-LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, std::int32_t EdgeType) {
+LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType) {
     const std::int32_t index = ++canvas_.LinesNo;
     LinesD& edge = append(index, std::make_unique<LinesD>(canvas_, index));
     edge.setStart(start);
@@ -130,7 +130,7 @@ LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t 
 }
 
 LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
-                                     std::int16_t ToGrabbingPoint, std::int32_t EdgeType, std::int32_t Angle,
+                                     std::int16_t ToGrabbingPoint, EdgeTypeCode EdgeType, AngleCode Angle,
                                      std::int32_t Color) {
     LabelsD* from = canvas_.Labels.byIndex(FromLabel);
     LabelsD* to = canvas_.Labels.byIndex(ToLabel);
@@ -150,7 +150,7 @@ LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGr
     return &edge;
 }
 
-LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, std::int32_t LineType,
+LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType,
                                             bool andRemove) {
     const LabelsD* from = canvas_.Labels.byIndex(FromLabel);
     if (!from) {

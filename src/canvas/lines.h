@@ -11,7 +11,7 @@ namespace orvent::canvas {
 class Canvas;
 
 /// `EdgeType` codes. 2 and 5 have styles only: 5 draws derived edges of the zoom view.
-enum EdgeTypeCode : std::int32_t {
+enum class EdgeTypeCode : std::int32_t {
     EdgeTypeProvider = 0,
     EdgeTypePartOf = 1,
     EdgeTypeReserved = 2,
@@ -19,14 +19,16 @@ enum EdgeTypeCode : std::int32_t {
     EdgeTypeDescription = 4,
     EdgeTypeDerived = 5,
 };
+using enum EdgeTypeCode;
 
 /// `Angle` codes: how the middle point of an edge is found.
-enum AngleCode : std::int32_t {
+enum class AngleCode : std::int32_t {
     AngleNone = 0,
     AngleVerticalUp = 1,
     AngleVerticalDown = 2,
     AngleStraight = 3,
 };
+using enum AngleCode;
 
 /// Width and height of an edge's handle, twips.
 inline constexpr float kHandleSize = 90;
@@ -53,7 +55,7 @@ struct EdgeStyle {
 };
 
 /// The style of an edge kind; an unknown kind is drawn solid, one wide, without arrow.
-EdgeStyle edgeStyle(std::int32_t edgeType);
+EdgeStyle edgeStyle(EdgeTypeCode edgeType);
 
 /// An edge of a canvas: two straight segments that meet at a middle point, with three handles. Places in twips.
 class LinesD {
@@ -72,12 +74,12 @@ class LinesD {
     void setEnd(Point value);     ///< `X2`, `Y2`; applies `Angle` again
     void setMiddle(Point value);  ///< `Xm`, `Ym`
 
-    std::int32_t EdgeType() const { return edgeType_; }
-    void setEdgeType(std::int32_t value);
+    EdgeTypeCode EdgeType() const { return edgeType_; }
+    void setEdgeType(EdgeTypeCode value);
 
-    std::int32_t Angle() const { return angle_; }
+    AngleCode Angle() const { return angle_; }
     /// Sets the middle point by the angle kind; another value than 0 to 3 is stored and changes nothing.
-    void setAngle(std::int32_t value);
+    void setAngle(AngleCode value);
     /// Only at `AngleNone` can the middle handle be taken.
     bool middleHandleVisible() const { return angle_ < AngleVerticalUp || angle_ > AngleStraight; }
 
@@ -112,14 +114,14 @@ class LinesD {
     void setColor(std::int32_t value);
 
   private:
-    void applyAngle(std::int32_t former);
+    void applyAngle(AngleCode former);
     void changed();
 
     Canvas& canvas_;
     std::int32_t index_;
     Point start_, middle_, end_;
-    std::int32_t edgeType_ = EdgeTypeProvider;
-    std::int32_t angle_ = AngleNone;
+    EdgeTypeCode edgeType_ = EdgeTypeProvider;
+    AngleCode angle_ = AngleNone;
     std::int32_t color_ = 0;
     std::int16_t toGrabbingPoint_ = 0;
     bool visible_ = true;
@@ -134,15 +136,15 @@ class LinesCollection : public IndexedTable<LinesD> {
     explicit LinesCollection(Canvas& canvas) : canvas_(canvas) {}
 
     /// A new edge that starts at a node; it has no target yet.
-    LinesD& Add(Point start, Point middle, Point end, std::int32_t FromLabel, std::int32_t EdgeType);
+    LinesD& Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType);
 
     /// A finished edge between two nodes. Nothing is made when one of them does not exist.
     LinesD* addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
-                        std::int16_t ToGrabbingPoint, std::int32_t EdgeType, std::int32_t Angle, std::int32_t Color);
+                        std::int16_t ToGrabbingPoint, EdgeTypeCode EdgeType, AngleCode Angle, std::int32_t Color);
 
     /// The oldest edge of that kind from one node to another, or nothing; with `andRemove` it is removed instead, and
     /// the result is nothing.
-    LinesD* FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, std::int32_t LineType, bool andRemove);
+    LinesD* FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType, bool andRemove);
 
     /// Drops the edge and leaves the lists of its nodes alone.
     void Remove(std::int32_t index);

@@ -14,17 +14,8 @@ constexpr float kLeastOutline = 10;  // the node itself has larger minimums
 constexpr float kLeastCrop = 15;
 constexpr int kTagAtRest = 8;
 
-MarkerBox boxOf(const LabelsD& node) {
-    return {node.Left(), node.Top(), node.Width(), node.Height()};
-}
-
-bool sameBox(const MarkerBox& a, const MarkerBox& b) {
-    return a.Left == b.Left && a.Top == b.Top && a.Width == b.Width && a.Height == b.Height;
-}
-
-bool holds(const MarkerBox& rect, const LabelsD& node) {
-    return node.Left() > rect.Left && node.Left() + node.Width() < rect.Left + rect.Width && node.Top() > rect.Top &&
-           node.Top() + node.Height() < rect.Top + rect.Height;
+bool holds(const Box& rect, const Box& node) {
+    return node.Left > rect.Left && node.right() < rect.right() && node.Top > rect.Top && node.bottom() < rect.bottom();
 }
 
 }  // namespace
@@ -37,7 +28,7 @@ void CanvasPointer::beginMove(Point inside) {
 
 /// Shows where a dragged box would go, and scrolls or grows the picture near its borders.
 void CanvasPointer::drag(Point corner, float width, float height, Point at) {
-    canvas_.DragOutline = {corner.x, corner.y, width, height, true};
+    canvas_.DragOutline.show({corner.x, corner.y, width, height});
     canvas_.PicForm.dragOver(at, width, height);
     markersChanged();
 }
@@ -47,13 +38,12 @@ void CanvasPointer::dropNode(const PointerEvent& event) {
     end();
     const bool moved = event.at.x != pressedAt_.x || event.at.y != pressedAt_.y;
     if (moved && event.hit.element != Element::outside) {
-        node.setBox(event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height());
+        node.setBox({event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()});
     }
 }
 
 void CanvasPointer::beginResize(const LabelsD& node, Point inside) {
-    canvas_.ResizeLabel = boxOf(node);
-    canvas_.ResizeLabel.Visible = true;
+    canvas_.ResizeLabel.show(node.box());
     canvas_.ResizeLabel.Tag = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height()).number;
     begin(PointerState::resizing);
     markersChanged();
@@ -78,11 +68,11 @@ void CanvasPointer::followResize(const LabelsD& node, Point inside) {
 }
 
 void CanvasPointer::dropResize(LabelsD& node) {
-    const MarkerBox outline = canvas_.ResizeLabel;
+    const Box outline = canvas_.ResizeLabel;
     canvas_.ResizeLabel.Tag = kTagAtRest;
     end();
-    if (!sameBox(outline, boxOf(node))) {
-        node.setBox(outline.Left, outline.Top, outline.Width, outline.Height);
+    if (outline != node.box()) {
+        node.setBox(outline);
     }
 }
 
@@ -90,7 +80,7 @@ void CanvasPointer::beginCrop(Point at) {
     formerSelection_ = canvas_.SelectedLabels.members();
     canvas_.CropStartX = at.x;
     canvas_.CropStartY = at.y;
-    canvas_.CroppingRect = {at.x, at.y, kLeastCrop, kLeastCrop, true};
+    canvas_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
     begin(PointerState::cropping);
     markersChanged();
 }
@@ -104,12 +94,12 @@ void CanvasPointer::followCrop(Point at) {
     markersChanged();
     // The selection follows the rectangle as it grows and shrinks.
     for (const std::int32_t index : canvas_.SelectedLabels.members()) {
-        if (const LabelsD* node = canvas_.Labels.byIndex(index); node && !holds(rect, *node)) {
+        if (const LabelsD* node = canvas_.Labels.byIndex(index); node && !holds(rect, node->box())) {
             canvas_.SelectedLabels.Remove(index);
         }
     }
     for (const LabelsD& node : canvas_.Labels) {
-        if (holds(rect, node)) {
+        if (holds(rect, node.box())) {
             canvas_.SelectedLabels.Add(node.Index());
         }
     }

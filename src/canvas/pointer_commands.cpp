@@ -55,7 +55,7 @@ bool CanvasPointer::keyDown(int keyCode) {
         return false;
     }
     cancel();
-    DeleteSelectedNodes(canvas_, 0, ports_.links);
+    DeleteSelectedNodes(canvas_, kEveryNodeType, ports_.links);
     DeleteSelectedEdges(canvas_, ports_.rules);
     return true;
 }
@@ -108,14 +108,14 @@ void CanvasPointer::runAction(const ContextItem& item) {
             }
             break;
         case MenuAction::deleteNodes:
-            DeleteSelectedNodes(canvas_, item.value, ports_.links);
+            DeleteSelectedNodes(canvas_, std::get<NodeTypeCode>(item.value), ports_.links);
             break;
         case MenuAction::deleteEdges:
             DeleteSelectedEdges(canvas_, ports_.rules);
             break;
         case MenuAction::setAngle:
             if (edge) {
-                edge->setAngle(item.value);
+                edge->setAngle(std::get<AngleCode>(item.value));
             }
             break;
     }

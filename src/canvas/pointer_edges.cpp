@@ -14,7 +14,7 @@ bool isEnd(const LinesD& edge, const LabelsD& node) {
 
 }  // namespace
 
-void CanvasPointer::beginEdge(LabelsD& source, Point inside, std::int32_t edgeType) {
+void CanvasPointer::beginEdge(LabelsD& source, Point inside, EdgeTypeCode edgeType) {
     if (grabNode_ != source.Index()) {
         showGrabber(source, inside);
     }

@@ -44,8 +44,8 @@ void Zoom(Canvas& canvas, bool ZoomIN, double By, platform::Progress& progress) 
                     "...");
     const double factor = ZoomIN ? By : 1 / By;
     for (LabelsD& node : canvas.Labels) {
-        node.setBox(scaled(node.Left(), factor), scaled(node.Top(), factor), scaled(node.Width(), factor),
-                    scaled(node.Height(), factor));
+        node.setBox({scaled(node.Left(), factor), scaled(node.Top(), factor), scaled(node.Width(), factor),
+                     scaled(node.Height(), factor)});
     }
     canvas.PicForm.setSize(scaled(canvas.PicForm.Width(), factor), scaled(canvas.PicForm.Height(), factor));
     canvas.growPicture();

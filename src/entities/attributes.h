@@ -14,12 +14,12 @@ namespace orvent::entities {
 /// A column that an activity reads or writes, or that a record set holds. `Key` is bare ("AU_ID", or
 /// "Activity1.Output12" for a brought member); key_grammar.h makes the whole key.
 struct AttributeProperties {
-    bool Changed = false;         ///< the stored row must be rewritten at the next save
-    std::int16_t SubNode_ID = 0;  ///< repository identifier, 0 while never saved
-    std::int16_t NodeKind = 0;    ///< KindInput, KindOutput, KindRecordSetAttribute; KindFree on a free node
-    std::int16_t Tag = 0;         ///< mark of the list it came from, stored as `SubNode_Tag`
-    std::string ParentKeyName;    ///< name of the owning activity or record set
-    std::int32_t LabelIndex = 0;  ///< node that shows it while a zoom view is open; never stored
+    bool Changed = false;              ///< the stored row must be rewritten at the next save
+    std::int16_t SubNode_ID = 0;       ///< repository identifier, 0 while never saved
+    NodeKindCode NodeKind = KindFree;  ///< KindInput, KindOutput, KindRecordSetAttribute; KindFree on a free node
+    std::int16_t Tag = 0;              ///< mark of the list it came from, stored as `SubNode_Tag`
+    std::string ParentKeyName;         ///< name of the owning activity or record set
+    std::int32_t LabelIndex = 0;       ///< node that shows it while a zoom view is open; never stored
     std::string Key;
     Lazy<ProviderLinks> ProvidedFrom;
     Lazy<RegulatorLinks> RegulatedFrom;
@@ -38,7 +38,7 @@ struct ParameterProperties {
     bool Changed = false;
     std::int16_t SubNode_ID = 0;
     std::string ParentFunctionActivity;  ///< for a function's parameter: the activity that owns the function
-    std::int16_t NodeKind = 0;           ///< KindParameter, KindFunctionOutput, KindFunctionInput, KindConstant
+    NodeKindCode NodeKind = KindFree;    ///< KindParameter, KindFunctionOutput, KindFunctionInput, KindConstant
     std::int16_t Tag = 0;                ///< stored only for KindParameter
     std::string ParentKeyName;           ///< name of the owning activity, or key of the owning function
     std::int32_t LabelIndex = 0;
@@ -89,7 +89,7 @@ class EntityCollection : public KeyedCollection<T, std::shared_ptr<T>> {
 /// Attributes of one kind: `Act_Inputs`, `Act_Outputs`, `RecordSet_Outputs`.
 class AttributeCollection : public EntityCollection<AttributeProperties> {
   public:
-    explicit AttributeCollection(std::int16_t nodeKind) : nodeKind_(nodeKind) {}
+    explicit AttributeCollection(NodeKindCode nodeKind) : nodeKind_(nodeKind) {}
 
     bool Expanded = false;  ///< its items are shown one by one in the zoom view
 
@@ -101,13 +101,13 @@ class AttributeCollection : public EntityCollection<AttributeProperties> {
     }
 
   private:
-    std::int16_t nodeKind_;
+    NodeKindCode nodeKind_;
 };
 
 /// Parameters of one owner: `Act_Parameters`, `Function_Inputs`, `Function_Outputs`.
 class ParameterCollection : public EntityCollection<ParameterProperties> {
   public:
-    explicit ParameterCollection(std::int16_t nodeKind) : nodeKind_(nodeKind) {}
+    explicit ParameterCollection(NodeKindCode nodeKind) : nodeKind_(nodeKind) {}
 
     bool Expanded = false;
 
@@ -119,7 +119,7 @@ class ParameterCollection : public EntityCollection<ParameterProperties> {
     }
 
   private:
-    std::int16_t nodeKind_;
+    NodeKindCode nodeKind_;
 };
 
 struct Act_InputsCollection : AttributeCollection {

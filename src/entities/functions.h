@@ -18,7 +18,7 @@ inline constexpr std::int16_t kSourceOwn = 5;
 struct FunctionProperties {
     bool Changed = false;
     std::int16_t FunctionID = 0;  ///< repository identifier, 0 while never saved
-    std::int16_t NodeKind = KindFunction;
+    NodeKindCode NodeKind = KindFunction;
     std::string Function_Key;
     Lazy<FunctionParameters> Function_Outputs;
     Lazy<FunctionParameters> Function_Inputs;

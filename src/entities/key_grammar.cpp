@@ -20,12 +20,12 @@ std::string behind(std::string_view s, std::size_t dot) {
 
 }  // namespace
 
-std::string_view infix(std::int16_t nodeKind) {
+std::string_view infix(NodeKindCode nodeKind) {
     const auto kind = static_cast<std::size_t>(nodeKind);
-    return nodeKind >= 0 && kind < kInfixes.size() ? kInfixes[kind] : std::string_view();
+    return kind < kInfixes.size() ? kInfixes[kind] : std::string_view();
 }
 
-std::string wholeKey(std::string_view owner, std::int16_t nodeKind, std::string_view key) {
+std::string wholeKey(std::string_view owner, NodeKindCode nodeKind, std::string_view key) {
     const std::string_view between = infix(nodeKind);
     std::string result;
     if (!between.empty()) {
@@ -35,7 +35,7 @@ std::string wholeKey(std::string_view owner, std::int16_t nodeKind, std::string_
     return result.append(key);
 }
 
-std::string relativeKey(std::int16_t nodeKind, std::string_view key) {
+std::string relativeKey(NodeKindCode nodeKind, std::string_view key) {
     return std::string(infix(nodeKind)).append(key);
 }
 

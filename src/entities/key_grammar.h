@@ -6,8 +6,9 @@
 
 namespace orvent::entities {
 
-/// `NodeKind` of an attribute-level entity, stored as `SubNode_Kind`.
-enum NodeKindCode : std::int16_t {
+/// `NodeKind` of an attribute-level entity, stored as `SubNode_Kind`; the last four stand for whole nodes that were
+/// deleted.
+enum class NodeKindCode : std::int16_t {
     KindFree = 0,
     KindInput = 1,
     KindOutput = 2,
@@ -17,17 +18,22 @@ enum NodeKindCode : std::int16_t {
     KindFunctionInput = 6,
     KindFunction = 7,
     KindConstant = 8,
+    DeletedActivity = 9,
+    DeletedRecordSet = 10,
+    DeletedComment = 11,
+    DeletedLog = 12,
 };
+using enum NodeKindCode;
 
 /// What stands between owner and name in a whole key: ".IN.", ".OUT.", ".PARAM.", "." - or nothing for kinds that have
 /// no owner in their key.
-std::string_view infix(std::int16_t nodeKind);
+std::string_view infix(NodeKindCode nodeKind);
 
 /// `<owner>` + infix + `<key>`, such as "Activity2.IN.AU_ID". The owner is an entity's `ParentKeyName`.
-std::string wholeKey(std::string_view owner, std::int16_t nodeKind, std::string_view key);
+std::string wholeKey(std::string_view owner, NodeKindCode nodeKind, std::string_view key);
 
 /// The infix and the key, such as ".IN.AU_ID": how a link inside one activity names its far end.
-std::string relativeKey(std::int16_t nodeKind, std::string_view key);
+std::string relativeKey(NodeKindCode nodeKind, std::string_view key);
 
 // Text routines on keys. A dot that is missing counts as position 0.
 

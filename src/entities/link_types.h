@@ -7,7 +7,7 @@
 namespace orvent::entities {
 
 /// The link type codes that `Provider_Type` and `Regulator_type` hold.
-enum LinkType : std::int16_t {
+enum class LinkType : std::int16_t {
     LinkUnset = 0,
     LinkRecordSet = 1,           ///< an attribute of a record set
     LinkActivity = 2,            ///< an attribute of another activity
@@ -24,6 +24,12 @@ enum LinkType : std::int16_t {
     LinkInputFunction = 13,      ///< an input to a function's input
     LinkConstantFunction = 14,   ///< a constant (or record set) to a function's input
 };
+using enum LinkType;
+
+/// The `Tag` of a member that came by a link of that type.
+constexpr std::int16_t tagOf(LinkType type) {
+    return static_cast<std::int16_t>(type);
+}
 
 /// How a list labels where a thing comes from, by link type code.
 inline constexpr std::array<std::string_view, 16> kFromLabels = {"Activity Output",

@@ -6,18 +6,19 @@
 #include <utility>
 
 #include "entities/keyed_collection.h"
+#include "entities/link_types.h"
 
 namespace orvent::entities {
 
 /// One end of a provider link: a value of one attribute flows into another.
 struct ProviderProperties {
-    std::int32_t LineIndex = 0;      ///< edge that draws the link in the open zoom view; 0 none yet, -1 not drawable
-    std::string Provider_Key;        ///< key of the far end, whole or relative (key_grammar.h); its collection's key
-    std::int16_t Provider_Type = 0;  ///< link type code (link_types.h)
-    std::string Provider_Name;       ///< the record set or activity that owns the far end
+    std::int32_t LineIndex = 0;  ///< edge that draws the link in the open zoom view; 0 none yet, -1 not drawable
+    std::string Provider_Key;    ///< key of the far end, whole or relative (key_grammar.h); its collection's key
+    LinkType Provider_Type = LinkUnset;
+    std::string Provider_Name;  ///< the record set or activity that owns the far end
 
     const std::string& key() const { return Provider_Key; }
-    std::int16_t type() const { return Provider_Type; }
+    LinkType type() const { return Provider_Type; }
     const std::string& name() const { return Provider_Name; }
 };
 
@@ -25,11 +26,11 @@ struct ProviderProperties {
 struct RegulatorProperties {
     std::int32_t LineIndex = 0;
     std::string Regulator_Key;
-    std::int16_t Regulator_type = 0;
+    LinkType Regulator_type = LinkUnset;
     std::string Regulator_name;
 
     const std::string& key() const { return Regulator_Key; }
-    std::int16_t type() const { return Regulator_type; }
+    LinkType type() const { return Regulator_type; }
     const std::string& name() const { return Regulator_name; }
 };
 
@@ -38,7 +39,7 @@ struct RegulatorProperties {
 template <class Link>
 class LinkCollection : public KeyedCollection<Link, std::unique_ptr<Link>, OwnKeySlot<std::unique_ptr<Link>>> {
   public:
-    Link& Add(const std::string& name, std::int16_t type, const std::string& key, std::int32_t lineIndex = 0) {
+    Link& Add(const std::string& name, LinkType type, const std::string& key, std::int32_t lineIndex = 0) {
         if (Link* known = this->Item(key)) {
             return *known;
         }

@@ -34,8 +34,8 @@ class FrameAtRest {
 struct NodeRow {
     std::int16_t id;
     std::string name;
-    std::int16_t type;
-    float left, top, width, height;
+    canvas::NodeTypeCode type;
+    canvas::Box box;
 };
 
 std::optional<std::string> scenarioName(StatementCache& repository, std::int16_t ScenarioID) {
@@ -51,14 +51,16 @@ std::vector<NodeRow> nodeRows(StatementCache& repository, std::int16_t ScenarioI
     std::vector<NodeRow> rows;
     Statement& row = repository.run(sql::kNodes, ScenarioID);
     while (row.fetch()) {
-        rows.push_back({identifier(row, 1), row.text(2), code(row, 3), row.realNumber(4), row.realNumber(5),
-                        row.realNumber(6), row.realNumber(7)});
+        rows.push_back({identifier(row, 1),
+                        row.text(2),
+                        codeAs<canvas::NodeTypeCode>(row, 3),
+                        {row.realNumber(4), row.realNumber(5), row.realNumber(6), row.realNumber(7)}});
     }
     return rows;
 }
 
 void loadNode(DrawForm& form, ScenarioReader& reader, const NodeRow& row) {
-    LabelsD& node = form.Labels.Add(row.left, row.width, row.top, row.height, row.name, row.type);
+    LabelsD& node = form.Labels.Add(row.box, row.name, row.type);
     if (auto* activity = node.activity()) {
         activity->NodeID = row.id;
         activity->Act_Name = row.name;
@@ -81,7 +83,8 @@ void loadLines(DrawForm& form, StatementCache& repository) {
     while (row.fetch()) {
         const std::int32_t from = form.NamesColl.Item(row.text(1));
         const std::int32_t to = form.NamesColl.Item(row.text(3));
-        form.Lines.addFullLine(from, code(row, 2), to, code(row, 4), code(row, 5), code(row, 6), 0);
+        form.Lines.addFullLine(from, code(row, 2), to, code(row, 4), codeAs<canvas::EdgeTypeCode>(row, 5),
+                               codeAs<canvas::AngleCode>(row, 6), 0);
     }
 }
 

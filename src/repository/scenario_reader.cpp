@@ -7,6 +7,7 @@ namespace orvent::repository {
 using entities::ActivityProperties;
 using entities::AttributeProperties;
 using entities::FunctionProperties;
+using entities::LinkType;
 using entities::ParameterProperties;
 using entities::RecordSetProperties;
 using platform::Statement;
@@ -73,14 +74,14 @@ std::vector<ScenarioReader::SubNodeRow> ScenarioReader::subNodeRows(std::string_
     std::vector<SubNodeRow> rows;
     Statement& row = repository_.run(sql, owner);
     while (row.fetch()) {
-        rows.push_back({identifier(row, 1), row.text(2), code(row, 3), row.text(4), row.text(5),
-                        tagged ? code(row, 6) : std::int16_t{0}});
+        rows.push_back({identifier(row, 1), row.text(2), codeAs<entities::NodeKindCode>(row, 3), row.text(4),
+                        row.text(5), tagged ? code(row, 6) : std::int16_t{0}});
     }
     return rows;
 }
 
-void ScenarioReader::addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row, std::int16_t kind,
-                                  const std::string& activity) {
+void ScenarioReader::addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row,
+                                  entities::NodeKindCode kind, const std::string& activity) {
     const std::int16_t type = catalogue_.DataTypeIndex(row.type);
     if (collection.Item(row.key)) {
         return;
@@ -152,13 +153,13 @@ void ScenarioReader::readLinksByKind(AttributeProperties& attribute) {
     while (row.fetch()) {
         switch (row.number(1)) {
             case sql::kProvidedFrom:
-                attribute.ProvidedFrom->Add(row.text(4), code(row, 3), row.text(2));
+                attribute.ProvidedFrom->Add(row.text(4), codeAs<LinkType>(row, 3), row.text(2));
                 break;
             case sql::kRegulatedFrom:
-                attribute.RegulatedFrom->Add(row.text(4), code(row, 3), row.text(2));
+                attribute.RegulatedFrom->Add(row.text(4), codeAs<LinkType>(row, 3), row.text(2));
                 break;
             case sql::kProviderFor:
-                attribute.ProviderFor->Add(row.text(4), code(row, 3), row.text(2));
+                attribute.ProviderFor->Add(row.text(4), codeAs<LinkType>(row, 3), row.text(2));
                 break;
             default:
                 break;
@@ -169,7 +170,7 @@ void ScenarioReader::readLinksByKind(AttributeProperties& attribute) {
 void ScenarioReader::readRegulators(ParameterProperties& parameter) {
     Statement& row = repository_.run(sql::kLinks, parameter.SubNode_ID);
     while (row.fetch()) {
-        parameter.RegulatedFrom->Add(row.text(3), code(row, 2), row.text(1));
+        parameter.RegulatedFrom->Add(row.text(3), codeAs<LinkType>(row, 2), row.text(1));
     }
 }
 
@@ -202,7 +203,7 @@ void ScenarioReader::LoadRecordSet(RecordSetProperties& recordSet) {
         recordSet.addDbKey(output.key, output.dbKey);
         Statement& links = repository_.run(sql::kLinks, attribute.SubNode_ID);
         while (links.fetch()) {
-            attribute.ProviderFor->Add(links.text(3), code(links, 2), links.text(1));
+            attribute.ProviderFor->Add(links.text(3), codeAs<LinkType>(links, 2), links.text(1));
         }
     }
 }

@@ -30,7 +30,7 @@ class ScenarioReader {
     struct SubNodeRow {
         std::int16_t id = 0;
         std::string key;
-        std::int16_t kind = 0;
+        entities::NodeKindCode kind = entities::KindFree;
         std::string name;
         std::string type;
         std::int16_t tag = 0;
@@ -44,7 +44,7 @@ class ScenarioReader {
 
     void readActivityRow(entities::ActivityProperties& activity);
     std::vector<SubNodeRow> subNodeRows(std::string_view sql, std::int16_t owner, bool tagged);
-    void addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row, std::int16_t kind,
+    void addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row, entities::NodeKindCode kind,
                       const std::string& activity);
     void addParameter(entities::ActivityProperties& activity, const SubNodeRow& row);
     void loadFunctions(entities::ActivityProperties& activity);
@@ -64,6 +64,12 @@ inline std::int16_t identifier(platform::Statement& row, int column) {
 /// A stored code or mark. Throws a `Fault` when it does not fit.
 inline std::int16_t code(platform::Statement& row, int column) {
     return platform::checkedI16(row.number(column), "Code");
+}
+
+/// A stored code as its type; one that no name stands for is kept as it came.
+template <class Code>
+Code codeAs(platform::Statement& row, int column) {
+    return static_cast<Code>(code(row, column));
 }
 
 }  // namespace orvent::repository

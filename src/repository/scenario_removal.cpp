@@ -1,7 +1,6 @@
 // Removing rows: of a whole scenario, and of what was deleted on its canvas.
 
 #include <array>
-#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -16,13 +15,14 @@ namespace orvent::repository {
 namespace {
 
 /// The statements of one kind, each with the identifier as its only parameter.
+template <class Code>
 struct KindStatements {
-    std::int16_t kind;
+    Code kind;
     std::array<std::string_view, 6> statements;  // up to the first empty one
 };
 
 /// How the rows of one node are removed, by `Node_Type`, when its whole scenario goes.
-constexpr std::array<KindStatements, 3> kWholeNodes = {{
+constexpr std::array<KindStatements<canvas::NodeTypeCode>, 3> kWholeNodes = {{
     {canvas::NodeTypeRecordSet, {sql::kDropRecordSetOutputs, sql::kDropRecordSet}},
     {canvas::NodeTypeActivity,
      {sql::kDropActivitySubNodes, sql::kDropActivityFunctionSubNodes, sql::kDropActivityFunctions, sql::kDropActivity}},
@@ -30,8 +30,8 @@ constexpr std::array<KindStatements, 3> kWholeNodes = {{
 }};
 
 /// How one deleted node or sub-node is removed, by the `NodeKind` of its entry.
-constexpr std::array<KindStatements, 11> kDeletions = {{
-    {canvas::DeletedActivity,
+constexpr std::array<KindStatements<entities::NodeKindCode>, 11> kDeletions = {{
+    {entities::DeletedActivity,
      {sql::kDropNodeLinks, sql::kDropActivityFunctionSubNodes, sql::kDropActivityFunctions, sql::kDropActivitySubNodes,
       sql::kDropActivity, sql::kDropNode}},
     {entities::KindInput, {sql::kDropActivitySubNode}},
@@ -40,14 +40,17 @@ constexpr std::array<KindStatements, 11> kDeletions = {{
     {entities::KindFunction, {sql::kDropFunctionSubNodes, sql::kDropFunction}},
     {entities::KindFunctionOutput, {sql::kDropFunctionSubNode}},
     {entities::KindFunctionInput, {sql::kDropFunctionSubNode, sql::kDropSubNodeLinks}},
-    {canvas::DeletedRecordSet, {sql::kDropNodeLinks, sql::kDropRecordSetOutputs, sql::kDropRecordSet, sql::kDropNode}},
+    {entities::DeletedRecordSet,
+     {sql::kDropNodeLinks, sql::kDropRecordSetOutputs, sql::kDropRecordSet, sql::kDropNode}},
     {entities::KindRecordSetAttribute, {sql::kDropRecordSetOutput, sql::kDropSubNodeLinks}},
-    {canvas::DeletedComment, {sql::kDropComment, sql::kDropNode}},
-    {canvas::DeletedLog, {sql::kDropNode}},
+    {entities::DeletedComment, {sql::kDropComment, sql::kDropNode}},
+    {entities::DeletedLog, {sql::kDropNode}},
 }};
 
-void runForKind(StatementCache& repository, std::span<const KindStatements> table, long long kind, std::int16_t id) {
-    for (const KindStatements& row : table) {
+template <class Code, std::size_t rows>
+void runForKind(StatementCache& repository, const std::array<KindStatements<Code>, rows>& table, Code kind,
+                std::int16_t id) {
+    for (const KindStatements<Code>& row : table) {
         if (row.kind == kind) {
             for (const std::string_view statement : row.statements) {
                 if (!statement.empty()) {
@@ -61,14 +64,18 @@ void runForKind(StatementCache& repository, std::span<const KindStatements> tabl
 
 struct NodeRow {
     std::int16_t id;
-    long long type;
+    canvas::NodeTypeCode type;
 };
 
 std::vector<NodeRow> nodeRows(StatementCache& repository, std::int16_t ScenarioID) {
     std::vector<NodeRow> rows;
     platform::Statement& row = repository.run(sql::kNodeTypes, ScenarioID);
     while (row.fetch()) {
-        rows.push_back({platform::checkedI16(row.number(1), "Identifier"), row.number(2)});
+        // A type that no code can be has no rows of its own, like every unknown one.
+        const long long type = row.number(2);
+        const bool isCode = std::in_range<std::int32_t>(type);
+        rows.push_back({platform::checkedI16(row.number(1), "Identifier"),
+                        isCode ? static_cast<canvas::NodeTypeCode>(type) : canvas::NodeTypeCode{}});
     }
     return rows;
 }

@@ -226,7 +226,7 @@ void ScenarioWriter::SaveFunctionSubNode(const FunctionProperties& function, Par
 }
 
 void ScenarioWriter::saveProviders(const entities::Lazy<entities::ProviderLinks>& links, std::int16_t NodeID,
-                                   std::int16_t SubNode_ID, std::int16_t kind) {
+                                   std::int16_t SubNode_ID, sql::LinkKind kind) {
     if (const auto* held = links.peek()) {
         for (const entities::ProviderProperties& link : *held) {
             SaveProviderLink(NodeID, SubNode_ID, kind, link);
@@ -243,15 +243,15 @@ void ScenarioWriter::saveRegulators(const entities::Lazy<entities::RegulatorLink
     }
 }
 
-void ScenarioWriter::SaveProviderLink(std::int16_t NodeID, std::int16_t SubNode_ID, std::int16_t kind,
+void ScenarioWriter::SaveProviderLink(std::int16_t NodeID, std::int16_t SubNode_ID, sql::LinkKind kind,
                                       const entities::ProviderProperties& link) {
     repository_.run(sql::kAddLink, NodeID, SubNode_ID, kind, link.Provider_Key, link.Provider_Name, link.Provider_Type);
 }
 
 void ScenarioWriter::SaveRegulatorLink(std::int16_t NodeID, std::int16_t SubNode_ID,
                                        const entities::RegulatorProperties& link) {
-    repository_.run(sql::kAddLink, NodeID, SubNode_ID, static_cast<std::int16_t>(sql::kRegulatedFrom),
-                    link.Regulator_Key, link.Regulator_name, link.Regulator_type);
+    repository_.run(sql::kAddLink, NodeID, SubNode_ID, sql::kRegulatedFrom, link.Regulator_Key, link.Regulator_name,
+                    link.Regulator_type);
 }
 
 void ScenarioWriter::SaveCommentNode(CommentProperties& comment, const LabelsD& node) {

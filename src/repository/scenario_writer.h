@@ -8,6 +8,7 @@
 #include "canvas/lines.h"
 #include "entities/name_tables.h"
 #include "platform/dialogs.h"
+#include "repository/scenario_statements.h"
 #include "repository/statement_cache.h"
 
 namespace orvent::repository {
@@ -44,14 +45,14 @@ class ScenarioWriter {
     void SaveAttributeSubNode(const entities::ActivityProperties& activity, entities::AttributeProperties& attribute);
     void SaveParameterSubNode(const entities::ActivityProperties& activity, entities::ParameterProperties& parameter);
     void SaveFunctionSubNode(const entities::FunctionProperties& function, entities::ParameterProperties& parameter);
-    void SaveProviderLink(std::int16_t NodeID, std::int16_t SubNode_ID, std::int16_t kind,
+    void SaveProviderLink(std::int16_t NodeID, std::int16_t SubNode_ID, sql::LinkKind kind,
                           const entities::ProviderProperties& link);
     void SaveRegulatorLink(std::int16_t NodeID, std::int16_t SubNode_ID, const entities::RegulatorProperties& link);
     void SaveCommentNode(entities::CommentProperties& comment, const canvas::LabelsD& node);
     void SavePlainNode(canvas::LabelsD& node);
 
     void saveProviders(const entities::Lazy<entities::ProviderLinks>& links, std::int16_t NodeID,
-                       std::int16_t SubNode_ID, std::int16_t kind);
+                       std::int16_t SubNode_ID, sql::LinkKind kind);
     void saveRegulators(const entities::Lazy<entities::RegulatorLinks>& links, std::int16_t NodeID,
                         std::int16_t SubNode_ID);
     std::int16_t addNodeRow(const std::string& name, const canvas::LabelsD& node);

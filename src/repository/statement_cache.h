@@ -37,7 +37,7 @@ class StatementCache {
   private:
     template <class Value>
     static void bind(platform::Statement& statement, int parameter, const Value& value) {
-        if constexpr (std::is_integral_v<Value>) {
+        if constexpr (std::is_integral_v<Value> || std::is_enum_v<Value>) {
             statement.bind(parameter, static_cast<long long>(value));
         } else if constexpr (std::is_floating_point_v<Value>) {
             statement.bind(parameter, value);

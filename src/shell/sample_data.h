@@ -4,7 +4,18 @@
 #include <cstdint>
 #include <string_view>
 
+#include "canvas/labels.h"
+#include "entities/key_grammar.h"
+#include "entities/link_types.h"
+
 namespace orvent::shell::sample {
+
+using canvas::NodeTypeCode;
+using entities::LinkType;
+using entities::NodeKindCode;
+using enum canvas::NodeTypeCode;
+using enum entities::LinkType;
+using enum entities::NodeKindCode;
 
 /// The sample scenario as plain data: nodes, edges, members and links. `%O` in a key stands for the name that the first
 /// activity type gives its first output; `%1` and `%2` for the inputs and outputs of the sample's two functions, which
@@ -12,7 +23,7 @@ namespace orvent::shell::sample {
 /// type's function), and `%F` for the key of the type's function.
 struct Node {
     std::string_view name;
-    std::int32_t nodeType;
+    NodeTypeCode nodeType;
     float left, top;
     std::int16_t activityType;
 };
@@ -28,7 +39,7 @@ struct RecordSet {
 /// A member of an activity; `nodeKind` tells the collection.
 struct Member {
     std::string_view activity;
-    std::int16_t nodeKind;
+    NodeKindCode nodeKind;
     std::string_view name;
     std::int16_t tag;
 };
@@ -40,20 +51,20 @@ struct Link {
     std::string_view holder;
     List list;
     std::string_view name;
-    std::int16_t type;
+    LinkType type;
     std::string_view key;
 };
 
 inline constexpr std::array<Node, 9> kNodes = {{
-    {"RS1", 5, 200, 2000, -1},
-    {"RS2", 5, 12000, 100, -1},
-    {"RS3", 5, 5500, 6000, -1},
-    {"RS4", 5, 5000, 100, -1},
-    {"RS5", 5, 12000, 4500, -1},
-    {"Activity3", 8, 2000, 200, 2},
-    {"Activity1", 8, 3500, 3500, 0},
-    {"Activity2", 8, 9000, 100, 1},
-    {"Activity4", 8, 12000, 5500, 2},
+    {"RS1", NodeTypeRecordSet, 200, 2000, -1},
+    {"RS2", NodeTypeRecordSet, 12000, 100, -1},
+    {"RS3", NodeTypeRecordSet, 5500, 6000, -1},
+    {"RS4", NodeTypeRecordSet, 5000, 100, -1},
+    {"RS5", NodeTypeRecordSet, 12000, 4500, -1},
+    {"Activity3", NodeTypeActivity, 2000, 200, 2},
+    {"Activity1", NodeTypeActivity, 3500, 3500, 0},
+    {"Activity2", NodeTypeActivity, 9000, 100, 1},
+    {"Activity4", NodeTypeActivity, 12000, 5500, 2},
 }};
 
 inline constexpr std::array<Edge, 9> kEdges = {{
@@ -77,67 +88,70 @@ inline constexpr std::array<RecordSet, 5> kRecordSets = {{
 }};
 
 inline constexpr std::array<Member, 19> kMembers = {{
-    {"Activity3", 1, "AU_ID", 1},  {"Activity3", 2, "AU_ID", 3}, {"Activity1", 1, "AU_ID", 1},
-    {"Activity1", 2, "AU_ID", 3},  {"Activity2", 1, "SONUM", 1}, {"Activity2", 1, "AU_ID", 2},
-    {"Activity2", 1, "%O", 2},     {"Activity2", 2, "ED_ID", 1}, {"Activity2", 2, "SONUM", 3},
-    {"Activity2", 2, "AU_ID", 4},  {"Activity2", 2, "%O", 4},    {"Activity2", 3, "Constant1", 6},
-    {"Activity2", 3, "PUB_ID", 1}, {"Activity2", 3, "SONUM", 3}, {"Activity2", 3, "AU_ID", 4},
-    {"Activity4", 1, "AU_ID", 2},  {"Activity4", 1, "ED_ID", 2}, {"Activity4", 2, "AU_ID", 4},
-    {"Activity4", 2, "ED_ID", 4},
+    {"Activity3", KindInput, "AU_ID", 1},      {"Activity3", KindOutput, "AU_ID", 3},
+    {"Activity1", KindInput, "AU_ID", 1},      {"Activity1", KindOutput, "AU_ID", 3},
+    {"Activity2", KindInput, "SONUM", 1},      {"Activity2", KindInput, "AU_ID", 2},
+    {"Activity2", KindInput, "%O", 2},         {"Activity2", KindOutput, "ED_ID", 1},
+    {"Activity2", KindOutput, "SONUM", 3},     {"Activity2", KindOutput, "AU_ID", 4},
+    {"Activity2", KindOutput, "%O", 4},        {"Activity2", KindParameter, "Constant1", 6},
+    {"Activity2", KindParameter, "PUB_ID", 1}, {"Activity2", KindParameter, "SONUM", 3},
+    {"Activity2", KindParameter, "AU_ID", 4},  {"Activity4", KindInput, "AU_ID", 2},
+    {"Activity4", KindInput, "ED_ID", 2},      {"Activity4", KindOutput, "AU_ID", 4},
+    {"Activity4", KindOutput, "ED_ID", 4},
 }};
 
 inline constexpr std::array<Link, 47> kLinks = {{
-    {"RS1.AU_ID", List::providerFor, "Activity3", 1, "Activity3.IN.AU_ID"},
-    {"RS1.AU_ID", List::providerFor, "Activity1", 1, "Activity1.IN.AU_ID"},
-    {"RS2.ED_ID", List::providedFrom, "Activity2", 1, "Activity2.OUT.ED_ID"},
-    {"RS3.PUB_ID", List::regulatorFor, "Activity2", 1, "Activity2.PARAM.PUB_ID"},
-    {"RS3.PUB_ID", List::regulatorFor, "MyFun", 12, "MyFun.Activity2.%1i2"},
-    {"RS3.PUB_ID", List::regulatorFor, "%F", 12, "%F.IN.%2i2"},
-    {"RS4.SONUM", List::providerFor, "Activity2", 1, "Activity2.IN.SONUM"},
-    {"RS5.ED_ID", List::providedFrom, "Activity2", 1, "Activity2.OUT.ED_ID"},
+    {"RS1.AU_ID", List::providerFor, "Activity3", LinkRecordSet, "Activity3.IN.AU_ID"},
+    {"RS1.AU_ID", List::providerFor, "Activity1", LinkRecordSet, "Activity1.IN.AU_ID"},
+    {"RS2.ED_ID", List::providedFrom, "Activity2", LinkRecordSet, "Activity2.OUT.ED_ID"},
+    {"RS3.PUB_ID", List::regulatorFor, "Activity2", LinkRecordSet, "Activity2.PARAM.PUB_ID"},
+    {"RS3.PUB_ID", List::regulatorFor, "MyFun", LinkRecordSetFunction, "MyFun.Activity2.%1i2"},
+    {"RS3.PUB_ID", List::regulatorFor, "%F", LinkRecordSetFunction, "%F.IN.%2i2"},
+    {"RS4.SONUM", List::providerFor, "Activity2", LinkRecordSet, "Activity2.IN.SONUM"},
+    {"RS5.ED_ID", List::providedFrom, "Activity2", LinkRecordSet, "Activity2.OUT.ED_ID"},
 
-    {"Activity3.IN.AU_ID", List::providedFrom, "RS1", 1, "RS1.AU_ID"},
-    {"Activity3.IN.AU_ID", List::providerFor, "Activity3", 3, ".OUT.AU_ID"},
-    {"Activity3.OUT.AU_ID", List::providedFrom, "Activity3", 3, ".IN.AU_ID"},
-    {"Activity3.OUT.AU_ID", List::providerFor, "Activity2", 2, "Activity2.IN.AU_ID"},
+    {"Activity3.IN.AU_ID", List::providedFrom, "RS1", LinkRecordSet, "RS1.AU_ID"},
+    {"Activity3.IN.AU_ID", List::providerFor, "Activity3", LinkInput, ".OUT.AU_ID"},
+    {"Activity3.OUT.AU_ID", List::providedFrom, "Activity3", LinkInput, ".IN.AU_ID"},
+    {"Activity3.OUT.AU_ID", List::providerFor, "Activity2", LinkActivity, "Activity2.IN.AU_ID"},
 
-    {"Activity1.IN.AU_ID", List::providedFrom, "RS1", 1, "RS1.AU_ID"},
-    {"Activity1.IN.AU_ID", List::providerFor, "Activity1", 3, ".OUT.AU_ID"},
-    {"Activity1.OUT.AU_ID", List::providedFrom, "Activity1", 3, ".IN.AU_ID"},
-    {"Activity1.OUT.AU_ID", List::providerFor, "Activity2", 2, "Activity2.IN.AU_ID"},
-    {"Activity1.OUT.%O", List::providerFor, "Activity2", 2, "Activity2.IN.%O"},
+    {"Activity1.IN.AU_ID", List::providedFrom, "RS1", LinkRecordSet, "RS1.AU_ID"},
+    {"Activity1.IN.AU_ID", List::providerFor, "Activity1", LinkInput, ".OUT.AU_ID"},
+    {"Activity1.OUT.AU_ID", List::providedFrom, "Activity1", LinkInput, ".IN.AU_ID"},
+    {"Activity1.OUT.AU_ID", List::providerFor, "Activity2", LinkActivity, "Activity2.IN.AU_ID"},
+    {"Activity1.OUT.%O", List::providerFor, "Activity2", LinkActivity, "Activity2.IN.%O"},
 
-    {"Activity2.IN.SONUM", List::providedFrom, "RS4", 1, "RS4.SONUM"},
-    {"Activity2.IN.SONUM", List::providerFor, "Activity2", 3, ".OUT.SONUM"},
-    {"Activity2.IN.SONUM", List::regulatorFor, "Activity2", 3, ".PARAM.SONUM"},
-    {"Activity2.IN.AU_ID", List::providedFrom, "Activity1", 2, "Activity1.OUT.AU_ID"},
-    {"Activity2.IN.AU_ID", List::providedFrom, "Activity3", 2, "Activity3.OUT.AU_ID"},
-    {"Activity2.IN.AU_ID", List::providerFor, "Activity2", 4, ".OUT.AU_ID"},
-    {"Activity2.IN.%O", List::providedFrom, "Activity1", 2, "Activity1.OUT.%O"},
-    {"Activity2.IN.%O", List::providerFor, "Activity2", 4, ".OUT.%O"},
-    {"Activity2.IN.%O", List::regulatorFor, "MyFun", 13, "MyFun.IN.%1i1"},
-    {"Activity2.IN.%O", List::regulatorFor, "%F", 13, "%F.IN.%2i1"},
-    {"Activity2.OUT.ED_ID", List::providerFor, "RS2", 1, "RS2.ED_ID"},
-    {"Activity2.OUT.ED_ID", List::providerFor, "RS5", 1, "RS5.ED_ID"},
-    {"Activity2.OUT.ED_ID", List::providerFor, "Activity4", 2, "Activity4.IN.ED_ID"},
-    {"Activity2.OUT.ED_ID", List::regulatedFrom, "Activity2", 10, ".PARAM.Constant1"},
-    {"Activity2.OUT.SONUM", List::providedFrom, "Activity2", 3, ".IN.SONUM"},
-    {"Activity2.OUT.AU_ID", List::providedFrom, "Activity2", 4, ".IN.AU_ID"},
-    {"Activity2.OUT.AU_ID", List::providerFor, "Activity4", 2, "Activity4.IN.AU_ID"},
-    {"Activity2.OUT.AU_ID", List::regulatedFrom, "Activity2", 10, ".PARAM.AU_ID"},
-    {"Activity2.OUT.%O", List::providedFrom, "Activity2", 4, ".IN.%O"},
-    {"Activity2.OUT.%O", List::regulatedFrom, "MyFun", 11, "MyFun.OUT.%1o1"},
-    {"Activity2.OUT.%O", List::regulatedFrom, "%F", 11, "%F.OUT.%2o1"},
-    {"Activity2.PARAM.Constant1", List::regulatorFor, "Activity2", 10, ".OUT.ED_ID"},
-    {"Activity2.PARAM.PUB_ID", List::regulatedFrom, "RS3", 1, "RS3.PUB_ID"},
-    {"Activity2.PARAM.SONUM", List::regulatedFrom, "Activity2", 3, ".IN.SONUM"},
-    {"Activity2.PARAM.AU_ID", List::regulatedFrom, "Activity2", 4, ".IN.AU_ID"},
-    {"Activity2.PARAM.AU_ID", List::regulatorFor, "Activity2", 10, ".OUT.AU_ID"},
+    {"Activity2.IN.SONUM", List::providedFrom, "RS4", LinkRecordSet, "RS4.SONUM"},
+    {"Activity2.IN.SONUM", List::providerFor, "Activity2", LinkInput, ".OUT.SONUM"},
+    {"Activity2.IN.SONUM", List::regulatorFor, "Activity2", LinkInput, ".PARAM.SONUM"},
+    {"Activity2.IN.AU_ID", List::providedFrom, "Activity1", LinkActivity, "Activity1.OUT.AU_ID"},
+    {"Activity2.IN.AU_ID", List::providedFrom, "Activity3", LinkActivity, "Activity3.OUT.AU_ID"},
+    {"Activity2.IN.AU_ID", List::providerFor, "Activity2", LinkActivityInput, ".OUT.AU_ID"},
+    {"Activity2.IN.%O", List::providedFrom, "Activity1", LinkActivity, "Activity1.OUT.%O"},
+    {"Activity2.IN.%O", List::providerFor, "Activity2", LinkActivityInput, ".OUT.%O"},
+    {"Activity2.IN.%O", List::regulatorFor, "MyFun", LinkInputFunction, "MyFun.IN.%1i1"},
+    {"Activity2.IN.%O", List::regulatorFor, "%F", LinkInputFunction, "%F.IN.%2i1"},
+    {"Activity2.OUT.ED_ID", List::providerFor, "RS2", LinkRecordSet, "RS2.ED_ID"},
+    {"Activity2.OUT.ED_ID", List::providerFor, "RS5", LinkRecordSet, "RS5.ED_ID"},
+    {"Activity2.OUT.ED_ID", List::providerFor, "Activity4", LinkActivity, "Activity4.IN.ED_ID"},
+    {"Activity2.OUT.ED_ID", List::regulatedFrom, "Activity2", LinkParameterOutput, ".PARAM.Constant1"},
+    {"Activity2.OUT.SONUM", List::providedFrom, "Activity2", LinkInput, ".IN.SONUM"},
+    {"Activity2.OUT.AU_ID", List::providedFrom, "Activity2", LinkActivityInput, ".IN.AU_ID"},
+    {"Activity2.OUT.AU_ID", List::providerFor, "Activity4", LinkActivity, "Activity4.IN.AU_ID"},
+    {"Activity2.OUT.AU_ID", List::regulatedFrom, "Activity2", LinkParameterOutput, ".PARAM.AU_ID"},
+    {"Activity2.OUT.%O", List::providedFrom, "Activity2", LinkActivityInput, ".IN.%O"},
+    {"Activity2.OUT.%O", List::regulatedFrom, "MyFun", LinkFunctionOutput, "MyFun.OUT.%1o1"},
+    {"Activity2.OUT.%O", List::regulatedFrom, "%F", LinkFunctionOutput, "%F.OUT.%2o1"},
+    {"Activity2.PARAM.Constant1", List::regulatorFor, "Activity2", LinkParameterOutput, ".OUT.ED_ID"},
+    {"Activity2.PARAM.PUB_ID", List::regulatedFrom, "RS3", LinkRecordSet, "RS3.PUB_ID"},
+    {"Activity2.PARAM.SONUM", List::regulatedFrom, "Activity2", LinkInput, ".IN.SONUM"},
+    {"Activity2.PARAM.AU_ID", List::regulatedFrom, "Activity2", LinkActivityInput, ".IN.AU_ID"},
+    {"Activity2.PARAM.AU_ID", List::regulatorFor, "Activity2", LinkParameterOutput, ".OUT.AU_ID"},
 
-    {"Activity4.IN.AU_ID", List::providedFrom, "Activity2", 2, "Activity2.OUT.AU_ID"},
-    {"Activity4.IN.ED_ID", List::providedFrom, "Activity2", 2, "Activity2.OUT.ED_ID"},
-    {"Activity4.OUT.AU_ID", List::providedFrom, "Activity4", 4, ".IN.AU_ID"},
-    {"Activity4.OUT.ED_ID", List::providedFrom, "Activity4", 4, ".IN.ED_ID"},
+    {"Activity4.IN.AU_ID", List::providedFrom, "Activity2", LinkActivity, "Activity2.OUT.AU_ID"},
+    {"Activity4.IN.ED_ID", List::providedFrom, "Activity2", LinkActivity, "Activity2.OUT.ED_ID"},
+    {"Activity4.OUT.AU_ID", List::providedFrom, "Activity4", LinkActivityInput, ".IN.AU_ID"},
+    {"Activity4.OUT.ED_ID", List::providedFrom, "Activity4", LinkActivityInput, ".IN.ED_ID"},
 }};
 
 /// The links of a function of the sample, the same for both: `position` among inputs or outputs, 1-based.
@@ -146,15 +160,15 @@ struct FunctionLink {
     int position;
     List list;
     std::string_view name;
-    std::int16_t type;
+    LinkType type;
     std::string_view key;
 };
 
 inline constexpr std::array<FunctionLink, 4> kFunctionLinks = {{
-    {true, 1, List::regulatorFor, "Activity2", 11, ".OUT.%O"},
-    {false, 1, List::regulatedFrom, "Activity2", 13, ".IN.%O"},
-    {false, 2, List::regulatedFrom, "RS3", 12, "RS3.PUB_ID"},
-    {false, 3, List::regulatedFrom, "Constant1", 14, "Constant1"},
+    {true, 1, List::regulatorFor, "Activity2", LinkFunctionOutput, ".OUT.%O"},
+    {false, 1, List::regulatedFrom, "Activity2", LinkInputFunction, ".IN.%O"},
+    {false, 2, List::regulatedFrom, "RS3", LinkRecordSetFunction, "RS3.PUB_ID"},
+    {false, 3, List::regulatedFrom, "Constant1", LinkConstantFunction, "Constant1"},
 }};
 
 }  // namespace orvent::shell::sample

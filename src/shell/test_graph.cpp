@@ -17,7 +17,7 @@ constexpr std::int16_t kTagTypeParameter = 8;
 constexpr const char* kOwnFunction = "MyFun";
 constexpr const char* kRichActivity = "Activity2";
 
-void addLink(AttributeProperties& holder, sample::List list, const std::string& name, std::int16_t type,
+void addLink(AttributeProperties& holder, sample::List list, const std::string& name, LinkType type,
              const std::string& key) {
     switch (list) {
         case sample::List::providedFrom:
@@ -35,7 +35,7 @@ void addLink(AttributeProperties& holder, sample::List list, const std::string& 
     }
 }
 
-void addLink(ParameterProperties& holder, sample::List list, const std::string& name, std::int16_t type,
+void addLink(ParameterProperties& holder, sample::List list, const std::string& name, LinkType type,
              const std::string& key) {
     (list == sample::List::regulatedFrom ? holder.RegulatedFrom : holder.RegulatorFor)->Add(name, type, key);
 }
@@ -48,7 +48,7 @@ class SampleBuilder {
     void makeNodes() {
         const canvas::CanvasSettings& settings = form_.settings();
         for (const sample::Node& row : sample::kNodes) {
-            canvas::LabelsD& node = form_.Labels.Add(row.left, settings.Width, row.top, settings.BigHeight,
+            canvas::LabelsD& node = form_.Labels.Add({row.left, row.top, settings.Width, settings.BigHeight},
                                                      std::string(row.name), row.nodeType);
             if (ActivityProperties* activity = node.activity()) {
                 activity->Act_Type = row.activityType;

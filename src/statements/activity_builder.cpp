@@ -26,12 +26,12 @@ std::int16_t chosen(std::int16_t position, const char* what) {
 }  // namespace
 
 bool isGenerated(const AttributeProperties& output) {
-    return output.Tag == LinkTypeOutput || output.Tag == kTagWizardOutput;
+    return output.Tag == tagOf(LinkTypeOutput) || output.Tag == kTagWizardOutput;
 }
 
 /// What the links of a parameter are called, by where its value comes from; they are its `Tag`, too.
 struct ActivityBuilder::LinkCodes {
-    std::int16_t input, field, constant;
+    LinkType input, field, constant;
 };
 
 void ActivityBuilder::CreateActivityFromVariables() {
@@ -196,7 +196,7 @@ void ActivityBuilder::regulate(ParameterProperties& parameter, const LDLVariable
             const AttributeProperties& input = inputOf(variable);
             parameter.RegulatedFrom->Add(Activity.Act_Name, codes.input, relativeKey(KindInput, input.Key));
             parameter.Parameter_Type = input.Attribute_Type;
-            parameter.Tag = codes.input;
+            parameter.Tag = tagOf(codes.input);
             break;
         }
         case RegRecordSetField: {
@@ -204,13 +204,13 @@ void ActivityBuilder::regulate(ParameterProperties& parameter, const LDLVariable
             parameter.RegulatedFrom->Add(variable.RegulatorName, codes.field,
                                          wholeKey(variable.RegulatorName, KindRecordSetAttribute, field.Key));
             parameter.Parameter_Type = field.Attribute_Type;
-            parameter.Tag = codes.field;
+            parameter.Tag = tagOf(codes.field);
             break;
         }
         case RegConstant:
             parameter.Parameter_Type = chosen(variable.RegulatedFrom, "data type");
             parameter.RegulatedFrom->Add(variable.RegulatorName, codes.constant, variable.RegulatorName);
-            parameter.Tag = codes.constant;
+            parameter.Tag = tagOf(codes.constant);
             break;
         case RegUndefined:
         case RegOutputVariable:

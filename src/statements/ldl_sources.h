@@ -13,8 +13,9 @@ namespace orvent::statements {
 class LDLSource
     : public entities::KeyedCollection<entities::AttributeProperties, std::shared_ptr<entities::AttributeProperties>> {
   public:
-    std::int16_t SourceType = 0;  ///< type of the link by which it was first met; `LinkRecordSet`, else an activity
-    std::string Source;           ///< name of the providing node
+    entities::LinkType SourceType =
+        entities::LinkUnset;  ///< type of the link by which it was first met; `LinkRecordSet`, else an activity
+    std::string Source;       ///< name of the providing node
 
     /// Adds the attribute unless it is there already.
     void Add(std::shared_ptr<entities::AttributeProperties> attribute);

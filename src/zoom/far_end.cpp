@@ -62,7 +62,7 @@ constexpr std::array<Row, 26> kRows = {{
     {kRegulatorFor, LinkConstantFunction, Place::FunctionInputs, false, false, Reach::Nothing},
 }};
 
-const Row* rowOf(Direction direction, std::int16_t type) {
+const Row* rowOf(Direction direction, LinkType type) {
     for (const Row& row : kRows) {
         if (row.direction == direction && row.type == type) {
             return &row;

@@ -46,7 +46,7 @@ class NearEnd {
     const entities::ParameterProperties* parameter_ = nullptr;
     const std::string& owner_;
     const std::string& key_;
-    std::int16_t kind_;
+    entities::NodeKindCode kind_;
     std::int32_t label_;
 };
 
@@ -61,7 +61,7 @@ struct FarEnd {
 /// A link as the search for its far end needs it.
 struct LinkData {
     const std::string& name;
-    std::int16_t type;
+    entities::LinkType type;
     const std::string& key;
 };
 

@@ -42,8 +42,8 @@ const canvas::LinesD* edgeBetween(const canvas::Canvas& Form, std::int32_t numbe
 }
 
 template <class Link>
-void addEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel, std::int32_t edgeType, Link& link,
-             Link& mirror) {
+void addEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel, canvas::EdgeTypeCode edgeType,
+             Link& link, Link& mirror) {
     const canvas::LinesD* edge = Form.Lines.addFullLine(FromLabel, 3, ToLabel, 1, edgeType, canvas::AngleStraight, 0);
     link.LineIndex = mirror.LineIndex = edge ? edge->Index() : -1;
 }

@@ -39,7 +39,7 @@ constexpr std::array<Row, 6> kRows = {{
 struct Match {
     const Row* row;
     std::string name;
-    std::int16_t type;
+    LinkType type;
     std::string key;
 };
 
@@ -96,7 +96,7 @@ Step stepAt(AttributeProperties& attribute, const std::string& oldKey) {
 }
 
 template <class Links>
-void replaceLink(Lazy<Links>& links, const std::string& oldKey, const std::string& name, std::int16_t type,
+void replaceLink(Lazy<Links>& links, const std::string& oldKey, const std::string& name, LinkType type,
                  const std::string& newKey) {
     links->Remove(oldKey);
     links->Add(name, type, newKey);

@@ -79,11 +79,13 @@ TEST_F(TextExportTest, FaultsWriteNothing) {
         {"slash in the caption", [](TextExportTest& t) { t.form.setCaption("../Sales"); }},
         {"no type", [](TextExportTest& t) { t.graph.activity("Untyped").Act_Type = -1; }},
         {"unknown far node",
-         [](TextExportTest& t) { t.graph.attribute("RS.A").ProviderFor->Add("GONE", 1, "GONE.IN.A"); }},
+         [](TextExportTest& t) {
+             t.graph.attribute("RS.A").ProviderFor->Add("GONE", entities::LinkRecordSet, "GONE.IN.A");
+         }},
         {"far node without attributes",
          [](TextExportTest& t) {
              t.graph.node("Remark", canvas::NodeTypeComment);
-             t.graph.attribute("RS.A").ProviderFor->Add("Remark", 1, "Remark.A");
+             t.graph.attribute("RS.A").ProviderFor->Add("Remark", entities::LinkRecordSet, "Remark.A");
          }},
     };
     for (const auto& [title, spoil] : cases) {

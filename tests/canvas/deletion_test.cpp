@@ -1,6 +1,7 @@
 #include <random>
 
 #include "canvas/pointer_fixture.h"
+#include "platform/codes.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -11,7 +12,7 @@ namespace {
 std::string noted(const Canvas& form) {
     std::string text;
     for (const DeletedNode& row : form.DeletedNodes) {
-        text += std::to_string(row.NodeKind) + ":" + std::to_string(row.NodeID) + " ";
+        text += std::to_string(platform::numberOf(row.NodeKind)) + ":" + std::to_string(row.NodeID) + " ";
     }
     return text;
 }
@@ -23,16 +24,17 @@ TEST(Deleting, DesignNodesAreNoted) {
     form.Labels.byIndex(2)->activity()->NodeID = 22;
     form.Labels.byIndex(3)->entity<CommentProperties>()->NodeID = 33;
     form.Labels.byIndex(4)->Properties = std::int16_t{44};
-    form.Labels.Add(0, 1, 0, 1, "Type", NodeTypeDataType);  // has no row of its own and stays
+    form.Labels.Add({0, 0, 1, 1}, "Type", NodeTypeDataType);  // has no row of its own and stays
     form.SelectedLines.Add(1);
     form.CurrentEdge = form.ActiveEdge = 1;
-    for (const std::int32_t onlyType : {std::int32_t{NodeTypeActivity}, 0}) {
+    for (const NodeTypeCode onlyType : {NodeTypeActivity, kEveryNodeType}) {
         for (std::int32_t index = 1; index <= form.LabelsNo; ++index) {
             form.SelectedLabels.Add(index);
         }
         DeleteSelectedNodes(form, onlyType, stage.host);
-        EXPECT_EQ(stage.seen(), onlyType ? "[/0] unlink Act" : "[/0] unlink RS unlink Target");
-        EXPECT_EQ(noted(form), onlyType ? "9:22 " : "9:22 10:11 11:33 12:44 10:0 ");
+        const bool all = onlyType == kEveryNodeType;
+        EXPECT_EQ(stage.seen(), !all ? "[/0] unlink Act" : "[/0] unlink RS unlink Target");
+        EXPECT_EQ(noted(form), !all ? "9:22 " : "9:22 10:11 11:33 12:44 10:0 ");
         EXPECT_EQ(form.CurrentEdge + form.ActiveEdge + form.ActiveLabel, -3);
     }
     EXPECT_EQ(form.Labels.at(1)->Color(), 0xFFFFFF);
@@ -43,12 +45,12 @@ TEST(Deleting, ZoomNodesLeaveTheirOwner) {
     testkit::LoggingHost host;
     const CanvasSettings settings;
     testkit::ZoomCanvas form({host, settings});
-    ActivityProperties& activity = *form.Labels.Add(0, 1, 0, 1, "A", NodeTypeActivity).activity();
-    RecordSetProperties& recordSet = *form.Labels.Add(0, 1, 0, 1, "R", NodeTypeRecordSet).recordSet();
+    ActivityProperties& activity = *form.Labels.Add({0, 0, 1, 1}, "A", NodeTypeActivity).activity();
+    RecordSetProperties& recordSet = *form.Labels.Add({0, 0, 1, 1}, "R", NodeTypeRecordSet).recordSet();
     form.SelectedLabels.Add(1);
     form.SelectedLabels.Add(2);
-    const auto shown = [&](std::int32_t kind, const char* name, NodeProperties entity) {
-        form.Labels.Add(0, 1, 0, 1, name, kind, name).Properties = std::move(entity);
+    const auto shown = [&](NodeTypeCode kind, const char* name, NodeProperties entity) {
+        form.Labels.Add({0, 0, 1, 1}, name, kind, name).Properties = std::move(entity);
         form.SelectedLabels.Add(form.LabelsNo);
     };
     const auto listed = [&](auto& list, const char* key, const char* owner, std::int16_t id) {
@@ -69,7 +71,7 @@ TEST(Deleting, ZoomNodesLeaveTheirOwner) {
     auto input = std::make_shared<ParameterProperties>();
     input->NodeKind = KindFunctionInput;
     shown(NodeTypeParameter, "fixed", input);
-    DeleteSelectedNodes(form, 0, host);
+    DeleteSelectedNodes(form, kEveryNodeType, host);
     EXPECT_EQ(noted(form), "1:1 2:2 3:3 4:4 4:5 ");
     EXPECT_EQ(host.taken(), " unlink i unlink o unlink p unlink c unlink lost unlink const");
     EXPECT_EQ(form.Labels.Count(), 3);
@@ -87,7 +89,7 @@ TEST(Deleting, HolesAreNotSeen) {
     std::vector<std::int32_t> expected;
     for (int round = 0; round < 400; ++round) {
         if (expected.size() < 3 || random() % 2 == 0) {
-            expected.push_back(form.Labels.Add(0, 1000, 0, 400, "N" + std::to_string(round), NodeTypeLog).Index());
+            expected.push_back(form.Labels.Add({0, 0, 1000, 400}, "N" + std::to_string(round), NodeTypeLog).Index());
             form.SelectedLabels.Add(expected.back());
         } else {
             const auto at = expected.begin() + static_cast<std::ptrdiff_t>(random() % expected.size());

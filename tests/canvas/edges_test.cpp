@@ -1,4 +1,5 @@
 #include "canvas/pointer_fixture.h"
+#include "platform/codes.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -8,10 +9,10 @@ namespace {
 class Edges : public testkit::CanvasTest {
   protected:
     Canvas form{ports.services()};
-    LabelsD& from = form.Labels.Add(0, 1000, 0, 400, "RS1", NodeTypeRecordSet);
-    LabelsD& to = form.Labels.Add(3000, 900, 1000, 600, "A", NodeTypeActivity);
+    LabelsD& from = form.Labels.Add({0, 0, 1000, 400}, "RS1", NodeTypeRecordSet);
+    LabelsD& to = form.Labels.Add({3000, 1000, 900, 600}, "A", NodeTypeActivity);
 
-    LinesD& join(std::int32_t type = EdgeTypeProvider, std::int32_t angle = AngleNone) {
+    LinesD& join(EdgeTypeCode type = EdgeTypeProvider, AngleCode angle = AngleNone) {
         return *form.Lines.addFullLine(from.Index(), 3, to.Index(), 2, type, angle, 77);
     }
     static std::string ends(const LinesD& edge) {
@@ -33,8 +34,8 @@ TEST_F(Edges, AFullLineKnowsItsEnds) {
     EXPECT_EQ(from.StartingLines.at(1), edge.Index());
     EXPECT_EQ(to.EndingLines.at(1), edge.Index());
     EXPECT_EQ(join().MidBox(), 5);
-    EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99, 1, EdgeTypeProvider, 0, 0));
-    EXPECT_FALSE(form.Lines.addFullLine(99, 3, to.Index(), 1, EdgeTypeProvider, 0, 0));
+    EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99, 1, EdgeTypeProvider, AngleNone, 0));
+    EXPECT_FALSE(form.Lines.addFullLine(99, 3, to.Index(), 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_EQ(form.Lines.Count(), 2);
     EXPECT_EQ(from.StartingLines.Count(), 2);
 }
@@ -43,30 +44,26 @@ TEST_F(Edges, StyleComesFromTheKind) {
     using Style = std::tuple<std::int16_t, std::int16_t, bool>;
     for (const auto& [type, style] :
          {std::pair{0, Style{1, 2, true}}, {3, {2, 1, false}}, {6, {1, 1, false}}, {-1, {1, 1, false}}}) {
-        const LinesD& edge = join(type);
+        const LinesD& edge = join(static_cast<EdgeTypeCode>(type));
         EXPECT_EQ(Style(edge.BorderStyle, edge.BorderWidth, !edge.arrowImage().empty()), style) << type;
     }
 }
 
 TEST_F(Edges, TheAngleDecidesTheMiddle) {
     const struct {
-        std::int32_t angle;
+        AngleCode angle;
         float endY, x, y;
-    } rows[] = {{AngleVerticalUp, 50, 0, 50},
-                {AngleVerticalUp, 100, 0, 100},
-                {AngleVerticalUp, 150, 500, 100},
-                {AngleVerticalDown, 50, 500, 100},
-                {AngleVerticalDown, 100, 500, 100},
-                {AngleVerticalDown, 150, 0, 150},
-                {AngleStraight, 150, 0, 100},
-                {AngleNone, 150, 7, 8},
-                {9, 150, 7, 8}};  // from (0, 100) to (500, endY)
+    } rows[] = {{AngleVerticalUp, 50, 0, 50},          {AngleVerticalUp, 100, 0, 100},
+                {AngleVerticalUp, 150, 500, 100},      {AngleVerticalDown, 50, 500, 100},
+                {AngleVerticalDown, 100, 500, 100},    {AngleVerticalDown, 150, 0, 150},
+                {AngleStraight, 150, 0, 100},          {AngleNone, 150, 7, 8},
+                {static_cast<AngleCode>(9), 150, 7, 8}};  // from (0, 100) to (500, endY)
     for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.angle) + " to " + std::to_string(row.endY));
+        SCOPED_TRACE(std::to_string(platform::numberOf(row.angle)) + " to " + std::to_string(row.endY));
         LinesD& edge = form.Lines.Add({0, 100}, {7, 8}, {500, row.endY}, from.Index(), EdgeTypeProvider);
         edge.setAngle(row.angle);
         expectMiddle(edge, row.x, row.y);
-        EXPECT_EQ(edge.middleHandleVisible(), row.angle == AngleNone || row.angle == 9);
+        EXPECT_EQ(edge.middleHandleVisible(), row.angle == AngleNone || row.angle == static_cast<AngleCode>(9));
     }
 }
 
@@ -84,7 +81,7 @@ TEST_F(Edges, FollowTheirNodes) {
     placed.setMiddle({5, 6});
     const LinesD& angled = join(EdgeTypeProvider, AngleVerticalUp);
     from.setTop(3000);
-    to.setBox(4000, 1000, 900, 900);
+    to.setBox({4000, 1000, 900, 900});
     EXPECT_EQ(ends(placed), "1050 3200 3950 1600");
     EXPECT_EQ(ends(angled), "1050 3200 3950 1600");
     expectMiddle(placed, 5, 6);

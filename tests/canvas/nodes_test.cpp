@@ -1,4 +1,5 @@
 #include "canvas/pointer_fixture.h"
+#include "platform/codes.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -13,8 +14,8 @@ class Nodes : public testkit::CanvasTest {
   protected:
     Canvas form{ports.services()};
 
-    LabelsD& add(std::int32_t type, const std::string& caption, const std::string& key = {}) {
-        return form.Labels.Add(1000, 1200, 2000, 600, caption, type, key);
+    LabelsD& add(NodeTypeCode type, const std::string& caption, const std::string& key = {}) {
+        return form.Labels.Add({1000, 2000, 1200, 600}, caption, type, key);
     }
     void expectDuplicate() {
         ports.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
@@ -24,7 +25,7 @@ class Nodes : public testkit::CanvasTest {
 
 TEST_F(Nodes, GrabPointsAndArrows) {
     const struct {
-        std::int32_t type;
+        NodeTypeCode type;
         std::int16_t schemata;
         int point;
         std::pair<float, float> place;
@@ -45,7 +46,7 @@ TEST_F(Nodes, GrabPointsAndArrows) {
         {NodeTypeActivity, 1, 6, {0, 0}, ""},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.type) + "/" + std::to_string(row.point));
+        SCOPED_TRACE(std::to_string(platform::numberOf(row.type)) + "/" + std::to_string(row.point));
         form.clear();
         LabelsD& node = add(row.type, "N");
         if (node.activity()) {
@@ -58,7 +59,7 @@ TEST_F(Nodes, GrabPointsAndArrows) {
 
 TEST_F(Nodes, ThePlaceUnderThePointerMeansAGrabPoint) {
     const struct {
-        std::int32_t type;
+        NodeTypeCode type;
         float x, y;
         int point;
     } rows[] = {
@@ -79,15 +80,17 @@ TEST_F(Nodes, ThePlaceUnderThePointerMeansAGrabPoint) {
 
 TEST_F(Nodes, ANewNodeOfEachKind) {
     constexpr std::size_t alternatives[] = {0, 0, 7, 5, 4, 2, 6, 5, 1, 0, 3, 0};  // of `Properties`
-    for (std::int32_t type = 1; type <= 11; ++type) {
-        SCOPED_TRACE(type);
-        const LabelsD& node = add(type, "N" + std::to_string(type));
-        EXPECT_EQ(node.Properties.index(), alternatives[type]);
-        EXPECT_EQ(node.NotReadyColor, type < 9 ? 255 : 0);
+    for (int code = 1; code <= 11; ++code) {
+        SCOPED_TRACE(code);
+        const auto type = static_cast<NodeTypeCode>(code);
+        const LabelsD& node = add(type, "N" + std::to_string(code));
+        EXPECT_EQ(node.NodeType(), type);
+        EXPECT_EQ(node.Properties.index(), alternatives[code]);
+        EXPECT_EQ(node.NotReadyColor, code < 9 ? 255 : 0);
         EXPECT_EQ(node.Expanded, type == NodeTypeConstant);
         EXPECT_FALSE(node.Ready());
         EXPECT_EQ(form.ActiveLabel, node.Index());
-        EXPECT_EQ(form.nodeNamed("N" + std::to_string(type)), &node);
+        EXPECT_EQ(form.nodeNamed("N" + std::to_string(code)), &node);
     }
     EXPECT_EQ(form.nodeNamed("N3")->entity<entities::ParameterProperties>()->NodeKind, entities::KindConstant);
     EXPECT_EQ(form.nodeNamed("N3")->entity<entities::ParameterProperties>()->LabelIndex, 3);
@@ -123,7 +126,7 @@ TEST_F(Nodes, ATakenNameIsToldOnceAndFreesTheOldOne) {
 
 TEST_F(Nodes, CommentsAndLogsTakeTheNextNumber) {
     const struct {
-        std::int32_t type;
+        NodeTypeCode type;
         const char *first, *second, *third;
     } rows[] = {{NodeTypeComment, "Comment1", "Comment2", "Comment3"},
                 {NodeTypeLog, "Log7", "Log8", "Log9"},
@@ -184,7 +187,7 @@ TEST_F(Nodes, SizesHaveALeastAndMovingMarksTheEntity) {
     EXPECT_EQ(node.Width(), 201);
     EXPECT_EQ(node.Height(), 152);
     EXPECT_TRUE(node.activity()->Changed);
-    EXPECT_EQ(form.Labels.Add(0, 1, 0, 1, "B", NodeTypeLog).Width(), 201);
+    EXPECT_EQ(form.Labels.Add({0, 0, 1, 1}, "B", NodeTypeLog).Width(), 201);
     add(NodeTypeLog, "Log1").setLeft(5);  // has no entity to mark
 }
 
@@ -228,7 +231,7 @@ TEST_F(Nodes, ACopyOnAnotherCanvas) {
     ASSERT_NE(copy.activity(), node.activity());
     EXPECT_EQ(copy.activity()->Act_SQL, "sql");
     EXPECT_EQ(zoom.BiggestHeight, 2000 + 600 + 3 * 450);
-    zoom.Labels.Add(0, 300, 2600, 300, "B", NodeTypeRecordSet);
+    zoom.Labels.Add({0, 2600, 300, 300}, "B", NodeTypeRecordSet);
     EXPECT_EQ(zoom.BiggestHeight, 2000 + 600 + 3 * 450);
     EXPECT_EQ(form.BiggestHeight, 0);
 }

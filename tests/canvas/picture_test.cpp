@@ -78,8 +78,8 @@ TEST(Scaling, BoxesAndPictureAreMultiplied) {
     testkit::CanvasPorts ports;
     testkit::QuietProgress progress;
     Canvas form(ports.services());
-    const LabelsD& node = form.Labels.Add(1000, 1000, 12000, 300, "A", NodeTypeRecordSet);
-    form.Labels.Add(16500, 1000, 0, 300, "B", NodeTypeRecordSet);
+    const LabelsD& node = form.Labels.Add({1000, 12000, 1000, 300}, "A", NodeTypeRecordSet);
+    form.Labels.Add({16500, 0, 1000, 300}, "B", NodeTypeRecordSet);
     const LinesD& edge = *form.Lines.addFullLine(1, 3, 2, 1, EdgeTypeProvider, AngleNone, 0);
     const float middle = edge.Xm();
     Zoom(form, true, 1, progress);

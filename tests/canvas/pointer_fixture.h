@@ -53,11 +53,11 @@ struct PointerStage {
 
     explicit PointerStage(std::string tool = "Arrow") {
         host.tool = std::move(tool);
-        form.Labels.Add(1000, 1000, 1000, 400, "RS", canvas::NodeTypeRecordSet);      // 1
-        form.Labels.Add(3000, 1000, 1000, 600, "Act", canvas::NodeTypeActivity);      // 2
-        form.Labels.Add(1000, 1500, 3000, 750, "Comment1", canvas::NodeTypeComment);  // 3
-        form.Labels.Add(3000, 1000, 3000, 400, "LOG1", canvas::NodeTypeLog);          // 4
-        form.Labels.Add(5000, 1000, 1000, 400, "Target", canvas::NodeTypeRecordSet);  // 5
+        form.Labels.Add({1000, 1000, 1000, 400}, "RS", canvas::NodeTypeRecordSet);      // 1
+        form.Labels.Add({3000, 1000, 1000, 600}, "Act", canvas::NodeTypeActivity);      // 2
+        form.Labels.Add({1000, 3000, 1500, 750}, "Comment1", canvas::NodeTypeComment);  // 3
+        form.Labels.Add({3000, 3000, 1000, 400}, "LOG1", canvas::NodeTypeLog);          // 4
+        form.Labels.Add({5000, 1000, 1000, 400}, "Target", canvas::NodeTypeRecordSet);  // 5
         form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0);
     }
 

@@ -191,7 +191,7 @@ TEST(Pointer, WhatAMoveShows) {
 
 TEST(Pointer, ToolsPlaceNodes) {
     PointerStage stage;
-    stage.form.Labels.Add(0, 1, 0, 1, "RecordSet1", NodeTypeRecordSet);  // as after a load
+    stage.form.Labels.Add({0, 0, 1, 1}, "RecordSet1", NodeTypeRecordSet);  // as after a load
     const struct {
         const char *events, *caption, *box, *asked;
     } rows[] = {
@@ -225,8 +225,9 @@ TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
     EXPECT_EQ(stage.host.taken(), " zoom Act");
     EXPECT_EQ(activity.Color(), 255 ^ 16744448);
     stage.play("press h2 1 1 R|move p 1 1");
-    for (const auto& [item, angle] : {std::pair{"EdgeAngleStraightM", 3}, std::pair{"EdgeAngleVerticalDownM", 2},
-                                      std::pair{"EdgeAngleVerticalUpM", 1}, std::pair{"EdgeAngleNoneM", 0}}) {
+    for (const auto& [item, angle] :
+         {std::pair{"EdgeAngleStraightM", AngleStraight}, std::pair{"EdgeAngleVerticalDownM", AngleVerticalDown},
+          std::pair{"EdgeAngleVerticalUpM", AngleVerticalUp}, std::pair{"EdgeAngleNoneM", AngleNone}}) {
         stage.play(std::string("choose ") + item);
         EXPECT_EQ(stage.form.Lines.byIndex(1)->Angle(), angle);
     }

@@ -17,6 +17,6 @@ int main() {
     NoMessages messages;
     const CanvasSettings settings;
     DrawForm form({messages, settings});
-    form.Labels.Add(0, 1050, 0, 450, "RS1", NodeTypeRecordSet);
+    form.Labels.Add({0, 0, 1050, 450}, "RS1", NodeTypeRecordSet);
     return form.nodeNamed("RS1") ? 0 : 1;
 }

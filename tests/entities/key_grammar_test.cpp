@@ -38,9 +38,9 @@ TEST(KeyGrammar, TextRoutines) {
 // The infixes themselves stand in the keys of every test of links.
 TEST(KeyGrammar, AKindWithoutInfixOrBesideTheTableLeavesTheKeyAlone) {
     for (const int each : {-1, 0, 7, 8, 9}) {
-        const auto kind = static_cast<std::int16_t>(each);
-        EXPECT_EQ(wholeKey("O", kind, "K"), "K") << kind;
-        EXPECT_EQ(relativeKey(kind, "K"), "K") << kind;
+        const auto kind = static_cast<NodeKindCode>(each);
+        EXPECT_EQ(wholeKey("O", kind, "K"), "K") << each;
+        EXPECT_EQ(relativeKey(kind, "K"), "K") << each;
     }
 }
 

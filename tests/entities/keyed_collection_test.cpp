@@ -107,13 +107,13 @@ TEST(KeyedCollection, BehavesAsAPlainListOfPairs) {
 
 TEST(Links, ASecondAddUnderOneKeyIsSwallowed) {
     ProviderLinks links;
-    ProviderProperties& first = links.Add("RS1", 1, "RS1.A", 7);
-    ProviderProperties& second = links.Add("other", 2, "RS1.A", 9);
+    ProviderProperties& first = links.Add("RS1", LinkRecordSet, "RS1.A", 7);
+    ProviderProperties& second = links.Add("other", LinkActivity, "RS1.A", 9);
     EXPECT_EQ(&second, &first);
     EXPECT_EQ(first.Provider_Name, "RS1");
     EXPECT_EQ(first.LineIndex, 7);
-    links.Add("x", 1, "");
-    links.Add("y", 1, "");
+    links.Add("x", LinkRecordSet, "");
+    links.Add("y", LinkRecordSet, "");
     EXPECT_EQ(links.Count(), 3);
     EXPECT_FALSE(links.Item(""));
 }

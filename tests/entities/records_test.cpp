@@ -62,19 +62,19 @@ ActivityProperties fullActivity() {
     AttributeProperties& input = activity.Act_Inputs->Add("in", 1, 2, "k");
     input.SubNode_ID = 9;
     input.ParentKeyName = "A";
-    input.ProvidedFrom->Add("RS1", 1, "RS1.k", 5);
-    input.RegulatorFor->Add("A", 3, ".PARAM.k");
-    activity.Act_Parameters->Add("p", 1, 8, "p").RegulatedFrom->Add("A", 3, ".IN.k");
+    input.ProvidedFrom->Add("RS1", LinkRecordSet, "RS1.k", 5);
+    input.RegulatorFor->Add("A", LinkInput, ".PARAM.k");
+    activity.Act_Parameters->Add("p", 1, 8, "p").RegulatedFrom->Add("A", LinkInput, ".IN.k");
     FunctionProperties function;
     function.FunctionID = 4;
-    function.Function_Inputs->Add("i", 0, "i").RegulatedFrom->Add("A", 13, ".IN.k");
+    function.Function_Inputs->Add("i", 0, "i").RegulatedFrom->Add("A", LinkInputFunction, ".IN.k");
     function.setParentKeyName("A");
     activity.Act_Functions->AddFunctionProps(function, "A.Fun", 0).Function_Name = "shown name";
     return activity;
 }
 
 TEST_F(OnACanvas, AnActivitysCloneIsDeepAndKeepsTheIdentity) {
-    canvas::LabelsD& node = form.Labels.Add(0, 1050, 0, 450, "A", canvas::NodeTypeActivity);
+    canvas::LabelsD& node = form.Labels.Add({0, 0, 1050, 450}, "A", canvas::NodeTypeActivity);
     const auto activity = std::make_shared<ActivityProperties>(fullActivity());
     node.Properties = activity;
     const std::string text = testkit::modelText(form);
@@ -115,7 +115,7 @@ TEST_F(OnACanvas, FunctionsComeFromATypeAndFromNodes) {
     OneFunctionType catalogue;
     const auto shown = std::make_shared<FunctionProperties>();
     shown->Function_Inputs->Add("i", 0, "i");
-    form.Labels.Add(0, 1050, 0, 450, "shown", canvas::NodeTypeFunction).Properties = shown;
+    form.Labels.Add({0, 0, 1050, 450}, "shown", canvas::NodeTypeFunction).Properties = shown;
     Act_FunctionsCollection functions;
     const FunctionProperties& brought = functions.AddActivityTypeFunction(catalogue, {5, "Fun"}, "A", "A.Fun");
     EXPECT_EQ(brought.Function_Source, kSourceActivityType);
@@ -139,7 +139,7 @@ TEST_F(OnACanvas, FunctionsComeFromATypeAndFromNodes) {
 }
 
 TEST_F(OnACanvas, AnAttributeIsRenamedUnlessTheNameIsTaken) {
-    form.Labels.Add(0, 1050, 0, 450, "RS.node", canvas::NodeTypeRecordSet);
+    form.Labels.Add({0, 0, 1050, 450}, "RS.node", canvas::NodeTypeRecordSet);
     RecordSetProperties recordSet;
     recordSet.RecordSet_Name = "RS";
     for (const char* key : {"a", "b", "c"}) {

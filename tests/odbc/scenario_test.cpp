@@ -94,10 +94,10 @@ TEST_P(EveryRepository, SampleComesBackWithItsOutputsAndItsChanges) {
     entities::ActivityProperties& activity = *form().nodeNamed("Activity1")->activity();
     activity.Act_SQL = "SELECT 1";
     activity.Changed = true;
-    form().Labels.Add(10, 1500, 20, 750, "Comment1", canvas::NodeTypeComment).setComment("new");
+    form().Labels.Add({10, 20, 1500, 750}, "Comment1", canvas::NodeTypeComment).setComment("new");
     form().nodeNamed("RS4")->setLeft(4321.5F);
     canvas::LabelsD& gone = *form().nodeNamed("RS5");
-    form().DeletedNodes.Add(gone.recordSet()->NodeID, canvas::DeletedRecordSet);
+    form().DeletedNodes.Add(gone.recordSet()->NodeID, entities::DeletedRecordSet);
     form().nodeNamed("Activity2")->activity()->Act_Outputs->Item("ED_ID")->ProviderFor->Remove("RS5.ED_ID");
     form().Labels.Remove(gone.Index());
     const std::string changed = testkit::modelText(form());
@@ -122,7 +122,7 @@ TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {
     activity.Act_SchemaNo = 2;
     graph.node("Comment1", canvas::NodeTypeComment).setComment(foreign);
     graph.node("Comment1", canvas::NodeTypeComment).setComment("");
-    graph.node("LOG1", canvas::NodeTypeLog).setBox(0.1F, -1234.567F, 16777217.0F, 1e-3F + 500);
+    graph.node("LOG1", canvas::NodeTypeLog).setBox({0.1F, -1234.567F, 16777217.0F, 1e-3F + 500});
     graph.edge(foreign, "Act");
     canvas::LinesCollection& lines = form().Lines;
     lines.addFullLine(3, 4, 2, 2, canvas::EdgeTypeProvider, canvas::AngleVerticalUp, 0);

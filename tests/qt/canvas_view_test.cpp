@@ -47,9 +47,9 @@ struct Scene {
         settle();
     }
 
-    canvas::LabelsD& add(std::int32_t kind, float left, float top, float width = 1050, float height = 450) {
+    canvas::LabelsD& add(canvas::NodeTypeCode kind, float left, float top, float width = 1050, float height = 450) {
         const std::string name = "n" + std::to_string(form.Labels.Count());
-        return form.Labels.Add(left, width, top, height, name, kind);
+        return form.Labels.Add({left, top, width, height}, name, kind);
     }
     canvas::LinesD& join(const canvas::LabelsD& from, const canvas::LabelsD& to) {
         return *form.Lines.addFullLine(from.Index(), 3, to.Index(), 1, canvas::EdgeTypeProvider, canvas::AngleStraight,
@@ -95,9 +95,10 @@ class CanvasViewTest : public WindowTest {
   private Q_SLOTS:
     void eachKindHasItsOwnShape() {
         std::vector<QImage> seen;
-        for (const std::int32_t kind : {canvas::NodeTypeDataType, canvas::NodeTypeConstant, canvas::NodeTypeRecordSet,
-                                        canvas::NodeTypeFunction, canvas::NodeTypeParameter, canvas::NodeTypeActivity,
-                                        canvas::NodeTypeLog, canvas::NodeTypeComment, canvas::NodeTypeAttribute}) {
+        for (const canvas::NodeTypeCode kind :
+             {canvas::NodeTypeDataType, canvas::NodeTypeConstant, canvas::NodeTypeRecordSet, canvas::NodeTypeFunction,
+              canvas::NodeTypeParameter, canvas::NodeTypeActivity, canvas::NodeTypeLog, canvas::NodeTypeComment,
+              canvas::NodeTypeAttribute}) {
             Scene scene;
             scene.add(kind, 300, 300).setColor(0x00FFFF);  // only the shape may tell them apart
             seen.push_back(scene.picture());
@@ -113,7 +114,8 @@ class CanvasViewTest : public WindowTest {
 
     void grabPointsLieNearTheOutline() {
         Scene scene;
-        for (std::int32_t kind = 1; kind <= 10; ++kind) {
+        for (int code = 1; code <= 10; ++code) {
+            const auto kind = static_cast<canvas::NodeTypeCode>(code);
             const canvas::LabelsD& node = scene.add(kind, 0, 0, 3000, 1200);
             const QPainterPath outline = nodeShape(kind).outline(QRectF(0, 0, 3000, 1200), kTwipsPerPixel);
             for (int point = 1; point <= (kind == canvas::NodeTypeActivity ? 5 : 4); ++point) {
@@ -121,7 +123,7 @@ class CanvasViewTest : public WindowTest {
                 QPainterPath around;
                 around.addEllipse(QPointF(at.x, at.y), 110, 110);
                 QVERIFY2(around.intersects(outline) && !outline.contains(around),
-                         qPrintable(QStringLiteral("kind %1 point %2").arg(kind).arg(point)));
+                         qPrintable(QStringLiteral("kind %1 point %2").arg(code).arg(point)));
             }
         }
     }
@@ -172,7 +174,8 @@ class CanvasViewTest : public WindowTest {
         Scene scene;
         std::vector<canvas::LabelsD*> nodes;
         for (int i = 0; i < 3000; ++i) {
-            nodes.push_back(&scene.add(5, static_cast<float>(i % 60) * 1300, static_cast<float>(i / 60) * 700));
+            nodes.push_back(&scene.add(canvas::NodeTypeRecordSet, static_cast<float>(i % 60) * 1300,
+                                       static_cast<float>(i / 60) * 700));
         }
         QCOMPARE(scene.view.indexedItems(), std::size_t{0});
         scene.picture();
@@ -186,7 +189,7 @@ class CanvasViewTest : public WindowTest {
         canvas::LabelsD& node = scene.add(canvas::NodeTypeRecordSet, 300, 300);
         scene.add(canvas::NodeTypeRecordSet, 6000, 6000);
         QVERIFY(QRect(0, 0, 110, 70).contains(scene.repainted([&] { node.setColor(255); }).boundingRect()));
-        const QRegion moved = scene.repainted([&] { node.setBox(7500, 300, 1050, 450); });
+        const QRegion moved = scene.repainted([&] { node.setBox({7500, 300, 1050, 450}); });
         QVERIFY(!moved.contains(QPoint(300, 30)) && !moved.contains(QPoint(430, 430)));
     }
 
@@ -194,8 +197,8 @@ class CanvasViewTest : public WindowTest {
         Scene scene;
         std::vector<canvas::LabelsD*> nodes;
         for (int i = 0; i < 20; ++i) {
-            nodes.push_back(
-                &scene.add(i % 2 ? 8 : 5, static_cast<float>(i % 5) * 2200, static_cast<float>(i / 5) * 1700));
+            nodes.push_back(&scene.add(i % 2 ? canvas::NodeTypeActivity : canvas::NodeTypeRecordSet,
+                                       static_cast<float>(i % 5) * 2200, static_cast<float>(i / 5) * 1700));
             if (i > 0) {
                 scene.join(*nodes[nodes.size() - 2], *nodes.back());
             }
@@ -206,7 +209,9 @@ class CanvasViewTest : public WindowTest {
             node.DrawRect(x, 225);
         };
         for (const std::function<void()>& change : {std::function<void()>([&] { node.setColor(255); }),
-                                                    {[&] { node.setBox(3333, 2345, 1950, 450); }},
+                                                    {[&] {
+                                                        node.setBox({3333, 2345, 1950, 450});
+                                                    }},
                                                     {[&] { mark(10); }},    // at the left side
                                                     {[&] { mark(1940); }},  // and at the right one
                                                     {[&] { scene.form.SelectedLines.Add(3); }}}) {
@@ -228,13 +233,13 @@ class CanvasViewTest : public WindowTest {
         std::uniform_real_distribution<float> place(-40000, 90000);
         std::vector<canvas::LabelsD*> nodes;
         for (int i = 0; i < 300; ++i) {
-            nodes.push_back(&scene.add(5, place(random), place(random)));
+            nodes.push_back(&scene.add(canvas::NodeTypeRecordSet, place(random), place(random)));
         }
         const canvas::LinesD& edge = scene.join(*nodes[0], *nodes[1]);
         scene.settle();
         for (int round = 0; round < 200; ++round) {  // few enough for the index to be kept up to date
             canvas::LabelsD& node = *nodes[static_cast<std::size_t>(round % 150)];
-            node.setBox(place(random), place(random), 1050, 450);
+            node.setBox({place(random), place(random), 1050, 450});
             scene.view.viewport()->repaint();
             const canvas::LabelsD* found = scene.view.nodeAt({node.Left() + 500, node.Top() + 200});
             QVERIFY(found != nullptr && found->Index() >= node.Index());
@@ -254,8 +259,9 @@ class CanvasViewTest : public WindowTest {
 
     void extremeCoordinatesAreHarmless() {
         Scene scene;
-        const canvas::LabelsD& node = scene.add(8, 300, 300);
-        for (const canvas::LabelsD* far : {&scene.add(5, -3e9F, 3e30F), &scene.add(5, 1e7F, 300, 1e9F, 1e9F)}) {
+        const canvas::LabelsD& node = scene.add(canvas::NodeTypeActivity, 300, 300);
+        for (const canvas::LabelsD* far : {&scene.add(canvas::NodeTypeRecordSet, -3e9F, 3e30F),
+                                           &scene.add(canvas::NodeTypeRecordSet, 1e7F, 300, 1e9F, 1e9F)}) {
             scene.join(node, *far).setEdgeType(canvas::EdgeTypeDescription);
         }
         scene.picture();
@@ -285,8 +291,8 @@ class CanvasViewTest : public WindowTest {
         QCOMPARE(bar->maximum(), 17000 / 15 + 1 - width);  // the empty picture area
         scene.view.fit();
         QCOMPARE(scene.view.scale(), 1.0);
-        canvas::LabelsD& first = scene.add(5, 0, 0);
-        scene.add(5, 30000, 15000);
+        canvas::LabelsD& first = scene.add(canvas::NodeTypeRecordSet, 0, 0);
+        scene.add(canvas::NodeTypeRecordSet, 30000, 15000);
         scene.settle();
         QVERIFY(bar->maximum() + width >= 31050 / 15);
         bar->setValue(bar->maximum());
@@ -304,8 +310,8 @@ class CanvasViewTest : public WindowTest {
 
     void scaleKeepsThePlaceUnderTheAnchor() {
         Scene scene;
-        scene.add(5, 0, 0);
-        scene.add(5, 60000, 60000);
+        scene.add(canvas::NodeTypeRecordSet, 0, 0);
+        scene.add(canvas::NodeTypeRecordSet, 60000, 60000);
         scene.settle();
         scene.view.horizontalScrollBar()->setValue(1000);
         scene.view.verticalScrollBar()->setValue(1200);
@@ -322,8 +328,8 @@ class CanvasViewTest : public WindowTest {
 
     void handlesShowForSelectedAndPointedEdges() {
         Scene scene;
-        const canvas::LabelsD& start = scene.add(5, 300, 300);
-        const canvas::LinesD& edge = scene.join(start, scene.add(5, 6000, 3000));
+        const canvas::LabelsD& start = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+        const canvas::LinesD& edge = scene.join(start, scene.add(canvas::NodeTypeRecordSet, 6000, 3000));
         const QImage plain = scene.picture();
         QTest::mouseMove(scene.view.viewport(), scene.view.transform().toPixels(middleOf(edge)).toPoint());
         const QImage pointed = scene.picture();

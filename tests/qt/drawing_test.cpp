@@ -131,7 +131,7 @@ class DrawingTest : public WindowTest {
         menu->setActiveAction(submenu.menuAction());
         QTest::keyClick(menu, Qt::Key_Right);
         QTest::mouseClick(&submenu, Qt::LeftButton, {}, submenu.actionGeometry(up).center());
-        QCOMPARE(first.Angle(), static_cast<std::int32_t>(canvas::AngleVerticalUp));
+        QCOMPARE(first.Angle(), canvas::AngleVerticalUp);
 
         desk.tool("ArrowBar", "Move");
         desk.drag({10000, 1500}, {9000, 8000});

@@ -21,17 +21,17 @@ class ScenarioSaveTest : public RepositoryTest {
         node(canvas::NodeTypeComment, "Comment0").setComment("words");
         node(canvas::NodeTypeLog, "LOG3");
         node(canvas::NodeTypeActivity, "Bare");
-        recordSet().RecordSet_Outputs->Add("A", 0, "A").ProviderFor->Add("Act1", 1, "Act1.IN.A");
+        recordSet().RecordSet_Outputs->Add("A", 0, "A").ProviderFor->Add("Act1", entities::LinkRecordSet, "Act1.IN.A");
         entities::ActivityProperties& activity = *form->nodeNamed("Act1")->activity();
         activity.Act_Type = 1;
         auto& providers = activity.Act_Inputs->Add("A", 0, 1, "A").ProvidedFrom;
-        providers->Add("RS1", 1, "RS1.A");
-        providers->Add("RS9", 1, "RS9.A");
-        form->Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, 3, 0);
+        providers->Add("RS1", entities::LinkRecordSet, "RS1.A");
+        providers->Add("RS9", entities::LinkRecordSet, "RS9.A");
+        form->Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
     }
 
-    LabelsD& node(std::int32_t type, const std::string& name) {
-        return form->Labels.Add(100, 1050, 200, 450, name, type);
+    LabelsD& node(canvas::NodeTypeCode type, const std::string& name) {
+        return form->Labels.Add({100, 200, 1050, 450}, name, type);
     }
     entities::RecordSetProperties& recordSet() { return *form->nodeNamed("RS1")->recordSet(); }
 
@@ -59,7 +59,7 @@ TEST_F(ScenarioSaveTest, UnchangedSaveRewritesLinksAndLinesOnlyAndSaveAsAll) {
         EXPECT_EQ(times, 1) << text;
     }
     database.takeLog();
-    form->DeletedNodes.Add(77, canvas::DeletedLog);
+    form->DeletedNodes.Add(77, entities::DeletedLog);
     save(false);
     EXPECT_EQ(database.takeLog(),
               (Texts{"DELETE FROM ScenarioNodes WHERE Node_ID=? [77]", "DELETE FROM Lines WHERE Scenario_ID=? [11]",

@@ -65,8 +65,8 @@ class StoredScenarioTest : public ::testing::Test {
         builder.feed("RS2.A", "Act1.IN.A");
         builder.feed("RS1.A", "Act1.IN.A");
         builder.pass("Act1", "A", "O");
-        form->Labels.Add(0, 1500, 0, 750, "Comment0", canvas::NodeTypeComment).setComment("words");
-        form->Labels.Add(0, 1050, 0, 450, "LOG1", canvas::NodeTypeLog);
+        form->Labels.Add({0, 0, 1500, 750}, "Comment0", canvas::NodeTypeComment).setComment("words");
+        form->Labels.Add({0, 0, 1050, 450}, "LOG1", canvas::NodeTypeLog);
         builder.edge("RS1", "Act1");
         return form;
     }
@@ -255,11 +255,11 @@ TEST_F(StoredScenarioTest, DeletedMembersLeaveNoRow) {
 TEST_F(StoredScenarioTest, DeletedNodesLeaveNoRow) {
     const auto form = savedGraph();
     for (const char* name : {"RS1", "RS2", "Bare"}) {
-        form->DeletedNodes.Add(recordSet(*form, name).NodeID, canvas::DeletedRecordSet);
+        form->DeletedNodes.Add(recordSet(*form, name).NodeID, entities::DeletedRecordSet);
     }
-    form->DeletedNodes.Add(activity(*form).NodeID, canvas::DeletedActivity);
-    form->DeletedNodes.Add(5, canvas::DeletedComment);
-    form->DeletedNodes.Add(6, canvas::DeletedLog);
+    form->DeletedNodes.Add(activity(*form).NodeID, entities::DeletedActivity);
+    form->DeletedNodes.Add(5, entities::DeletedComment);
+    form->DeletedNodes.Add(6, entities::DeletedLog);
     applyDeletions(*form);
     EXPECT_EQ(storedRows(), 0);
 }

@@ -148,7 +148,7 @@ TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     frame.frame.run(Command::viewFit);
     EXPECT_EQ(frame.host.viewChanges, std::vector{ViewChange::fit});
 
-    frame.active().Labels.Add(100, 1000, 100, 500, "RS", canvas::NodeTypeRecordSet);
+    frame.active().Labels.Add({100, 100, 1000, 500}, "RS", canvas::NodeTypeRecordSet);
     repository.input.expect("ZOOM IN RATIO :", "Zooming IN", "", "1,5");
     frame.frame.run(Command::zoomIn);
     EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
@@ -156,7 +156,7 @@ TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     frame.frame.run(Command::zoomOut);
     EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
 
-    frame.active().DeletedNodes.Add(1, canvas::DeletedRecordSet);
+    frame.active().DeletedNodes.Add(1, entities::DeletedRecordSet);
     frame.frame.tools().setEmptyState();
     frame.frame.tools().canvasFocused(frame.active());
     repository.messages.expect("Undo");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/codes.h"
 #include "testkit/model_text.h"
 #include "testkit/test_frame.h"
 #include "zoom/synchronize_functions.h"
@@ -46,7 +47,7 @@ TEST_F(TestGraph, RichActivityHoldsItsMembersAndFunctions) {
     const auto linksOf = [](auto& links) {
         std::string keys;
         for (const auto& link : links) {
-            keys += link.name() + "/" + std::to_string(link.type()) + "/" + link.key() + " ";
+            keys += link.name() + "/" + std::to_string(platform::numberOf(link.type())) + "/" + link.key() + " ";
         }
         return keys;
     };

@@ -59,7 +59,7 @@ TEST_F(Tools, StatesFollowTheFocus) {
 
 TEST_F(Tools, UndoFollowsDeletionsOnlyAtAChangeOfState) {
     tools.canvasFocused(design);
-    design.DeletedNodes.Add(1, canvas::DeletedActivity);
+    design.DeletedNodes.Add(1, entities::DeletedActivity);
     const auto enabledAt = [this](const canvas::Canvas& canvas) {
         tools.canvasFocused(canvas);
         return tools.isMenuEnabled("Undo");
@@ -68,7 +68,7 @@ TEST_F(Tools, UndoFollowsDeletionsOnlyAtAChangeOfState) {
     EXPECT_FALSE(enabledAt(zoom)) << "nothing deleted there: unchanged";
     EXPECT_TRUE(enabledAt(design));
     EXPECT_TRUE(enabledAt(zoom));
-    zoom.DeletedNodes.Add(1, canvas::DeletedActivity);
+    zoom.DeletedNodes.Add(1, entities::DeletedActivity);
     tools.canvasFocused(design);
     EXPECT_FALSE(enabledAt(zoom));
 }
@@ -127,7 +127,7 @@ TEST_F(Tools, WalkFollowsRowsAndColumns) {
     EXPECT_EQ(walk(design, Direction::right), nullptr);
     for (const auto& [name, left, top] :
          {std::tuple{"a", 0.0F, 0.0F}, {"b", 3000.0F, 300.0F}, {"c", 1500.0F, 3000.0F}, {"d", 9000.0F, 0.0F}}) {
-        design.Labels.Add(left, 1050, top, 450, name, canvas::NodeTypeRecordSet);
+        design.Labels.Add({left, top, 1050, 450}, name, canvas::NodeTypeRecordSet);
     }
     using enum Direction;
     for (const auto& [direction, name] :

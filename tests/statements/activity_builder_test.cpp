@@ -1,5 +1,6 @@
 #include "statements/activity_builder.h"
 
+#include "platform/codes.h"
 #include "wizard_fixture.h"
 
 namespace orvent::statements {
@@ -22,10 +23,13 @@ void build(LDLForm& open, const std::vector<std::pair<LDLVariableType, std::vect
 
 std::string built(const entities::ActivityProperties& activity) {
     std::string text;
-    const auto line = [&text](const std::string& name, int kind, int tag, int type, const auto& links) {
-        text += name + " " + std::to_string(kind) + "/" + std::to_string(tag) + "/" + std::to_string(type);
+    const auto line = [&text](const std::string& name, entities::NodeKindCode kind, int tag, int type,
+                              const auto& links) {
+        text += name + " " + std::to_string(platform::numberOf(kind)) + "/" + std::to_string(tag) + "/" +
+                std::to_string(type);
         for (const entities::RegulatorProperties& link : links) {
-            text += " <- " + link.Regulator_name + " " + std::to_string(link.Regulator_type) + " " + link.Regulator_Key;
+            text += " <- " + link.Regulator_name + " " + std::to_string(platform::numberOf(link.Regulator_type)) + " " +
+                    link.Regulator_Key;
         }
         text += "\n";
     };
@@ -88,7 +92,7 @@ TEST_F(ActivityBuilderTest, BuildsTheActivity) {
     EXPECT_TRUE(activity->Changed);
     std::string deleted;
     for (const canvas::DeletedNode& node : form.DeletedNodes) {
-        deleted += std::to_string(node.NodeKind) + ":" + std::to_string(node.NodeID) + " ";
+        deleted += std::to_string(platform::numberOf(node.NodeKind)) + ":" + std::to_string(node.NodeID) + " ";
     }
     EXPECT_EQ(deleted, "7:13 3:12 2:11 ") << "the hand-made output of the same name makes room";
     EXPECT_EQ(graph.attribute("Act.IN.AGE").RegulatorFor.count(), 1) << "synchronised again";

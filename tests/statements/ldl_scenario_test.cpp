@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/codes.h"
 #include "platform/fault.h"
 #include "statements/ldl_sources.h"
 #include "testkit/file_text.h"
@@ -122,17 +123,19 @@ TEST_F(LDLScenarioTest, CaptionThatLeadsOutOfTheFolderIsRefused) {
 TEST_F(LDLScenarioTest, LinkThatLeadsNowhereIsAFaultOfTheWholeOutput) {
     const struct {
         const char *holder, *name;
-        std::int16_t type;
+        entities::LinkType type;
         const char* key;
         bool forward;
         const char* words;
     } cases[] = {
-        {"Load.IN.ID", "GONE", 1, "GONE.ID", false, "There is no node \"GONE\""},
-        {"Load.IN.ID", "Other", 1, "Other.ID", false, "\"Other\" is no record set"},
-        {"Load.IN.ID", "SOURCE", 2, "SOURCE.ID", false, "\"SOURCE\" is no activity"},
-        {"SOURCE.ID", "TARGET", 1, "TARGET.ID", false, "\"TARGET\" is no activity"},
-        {"SOURCE.ID", "Load", 1, "Load.IN.MISSING", true, "\"Load\" has no attribute \"MISSING\""},
-        {"Other.OUT.ID", "TARGET", 1, "TARGET.MISSING", true, "\"TARGET\" has no attribute \"MISSING\""},
+        {"Load.IN.ID", "GONE", entities::LinkRecordSet, "GONE.ID", false, "There is no node \"GONE\""},
+        {"Load.IN.ID", "Other", entities::LinkRecordSet, "Other.ID", false, "\"Other\" is no record set"},
+        {"Load.IN.ID", "SOURCE", entities::LinkActivity, "SOURCE.ID", false, "\"SOURCE\" is no activity"},
+        {"SOURCE.ID", "TARGET", entities::LinkRecordSet, "TARGET.ID", false, "\"TARGET\" is no activity"},
+        {"SOURCE.ID", "Load", entities::LinkRecordSet, "Load.IN.MISSING", true,
+         "\"Load\" has no attribute \"MISSING\""},
+        {"Other.OUT.ID", "TARGET", entities::LinkRecordSet, "TARGET.MISSING", true,
+         "\"TARGET\" has no attribute \"MISSING\""},
     };
     makeFolder();
     graph.recordSet("SOURCE", {"ID"});
@@ -188,7 +191,7 @@ TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {
     }
     std::string seen;
     for (const LDLSource& source : sourcesOf(load)) {
-        seen += source.Source + " " + std::to_string(source.SourceType) + ": ";
+        seen += source.Source + " " + std::to_string(platform::numberOf(source.SourceType)) + ": ";
         for (const auto& input : source) {
             seen += input.Key + " ";
         }

@@ -36,8 +36,8 @@ class GraphBuilder {
         return result;
     }
 
-    canvas::LabelsD& node(const std::string& name, std::int32_t nodeType) {
-        return form_.Labels.Add(0, 1050, 0, 450, name, nodeType, name);
+    canvas::LabelsD& node(const std::string& name, canvas::NodeTypeCode nodeType) {
+        return form_.Labels.Add({0, 0, 1050, 450}, name, nodeType, name);
     }
 
     void edge(const std::string& from, const std::string& to) {
@@ -47,7 +47,7 @@ class GraphBuilder {
 
     /// Both ends of a provider link between two nodes.
     void feed(const std::string& from, const std::string& to) {
-        const std::int16_t type =
+        const entities::LinkType type =
             node(from).recordSet() || node(to).recordSet() ? entities::LinkRecordSet : entities::LinkActivity;
         attribute(from).ProviderFor->Add(owner(to), type, to);
         attribute(to).ProvidedFrom->Add(owner(from), type, from);

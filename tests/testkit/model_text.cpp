@@ -4,17 +4,20 @@
 #include <sstream>
 #include <vector>
 
+#include "platform/codes.h"
+
 namespace orvent::testkit {
 
 namespace {
 
 using namespace entities;
+using platform::numberOf;
 
 class Writer {
   public:
     void node(const canvas::LabelsD& node) {
-        out_ << "node " << node.NodeType() << " '" << node.Caption() << "' " << node.Left() << ' ' << node.Top() << ' '
-             << node.Width() << ' ' << node.Height() << '\n';
+        out_ << "node " << numberOf(node.NodeType()) << " '" << node.Caption() << "' " << node.Left() << ' '
+             << node.Top() << ' ' << node.Width() << ' ' << node.Height() << '\n';
         if (const ActivityProperties* activity = node.activity()) {
             write(*activity);
         } else if (const RecordSetProperties* recordSet = node.recordSet()) {
@@ -27,7 +30,7 @@ class Writer {
     void edge(const canvas::Canvas& form, const canvas::LinesD& edge) {
         out_ << "edge '" << form.Labels.byIndex(edge.FromLabel)->Caption() << "' " << edge.FromGrabbingPoint << " '"
              << form.Labels.byIndex(edge.ToLabel)->Caption() << "' " << edge.ToGrabbingPoint() << " type "
-             << edge.EdgeType() << " angle " << edge.Angle() << '\n';
+             << numberOf(edge.EdgeType()) << " angle " << numberOf(edge.Angle()) << '\n';
     }
 
     std::string text() const { return out_.str(); }
@@ -65,9 +68,9 @@ class Writer {
             return;
         }
         for (const AttributeProperties& each : *list) {
-            out_ << "  " << word << " '" << each.Key << "' name '" << each.Attribute_Name << "' kind " << each.NodeKind
-                 << " type " << each.Attribute_Type << " tag " << each.Tag << " parent '" << each.ParentKeyName
-                 << "'\n";
+            out_ << "  " << word << " '" << each.Key << "' name '" << each.Attribute_Name << "' kind "
+                 << numberOf(each.NodeKind) << " type " << each.Attribute_Type << " tag " << each.Tag << " parent '"
+                 << each.ParentKeyName << "'\n";
             links("provided from", each.ProvidedFrom);
             links("provider for", each.ProviderFor);
             links("regulated from", each.RegulatedFrom);
@@ -80,9 +83,9 @@ class Writer {
             return;
         }
         for (const ParameterProperties& each : *list) {
-            out_ << "  " << word << " '" << each.Key << "' name '" << each.Parameter_Name << "' kind " << each.NodeKind
-                 << " type " << each.Parameter_Type << " tag " << each.Tag << " parent '" << each.ParentKeyName
-                 << "' of '" << each.ParentFunctionActivity << "'\n";
+            out_ << "  " << word << " '" << each.Key << "' name '" << each.Parameter_Name << "' kind "
+                 << numberOf(each.NodeKind) << " type " << each.Parameter_Type << " tag " << each.Tag << " parent '"
+                 << each.ParentKeyName << "' of '" << each.ParentFunctionActivity << "'\n";
             links("regulated from", each.RegulatedFrom);
             links("regulator for", each.RegulatorFor);
         }
@@ -93,7 +96,8 @@ class Writer {
         std::vector<std::string> lines;
         if (const Links* list = held.peek()) {
             for (const auto& link : *list) {
-                lines.push_back("'" + link.name() + "' " + std::to_string(link.type()) + " '" + link.key() + "'");
+                lines.push_back("'" + link.name() + "' " + std::to_string(numberOf(link.type())) + " '" + link.key() +
+                                "'");
             }
         }
         std::sort(lines.begin(), lines.end());

@@ -9,6 +9,7 @@
 
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
+#include "platform/codes.h"
 
 namespace orvent::testkit {
 
@@ -55,12 +56,12 @@ class LinkGraph {
 
     explicit LinkGraph(canvas::Canvas& canvas) : canvas_(canvas) {
         for (const char* name : {"RS1", "RS2", "RS3", "RS4"}) {
-            canvas.Labels.Add(0, 1050, 0, 450, name, canvas::NodeTypeRecordSet);
+            canvas.Labels.Add({0, 0, 1050, 450}, name, canvas::NodeTypeRecordSet);
         }
         for (const char* name : {"A1", "A2", "A3"}) {
-            canvas.Labels.Add(0, 1050, 0, 450, name, canvas::NodeTypeActivity);
+            canvas.Labels.Add({0, 0, 1050, 450}, name, canvas::NodeTypeActivity);
         }
-        canvas.Labels.Add(0, 1050, 0, 450, "C1", canvas::NodeTypeConstant);
+        canvas.Labels.Add({0, 0, 1050, 450}, "C1", canvas::NodeTypeConstant);
         for (const char* key : {"F1", "A2.F2"}) {
             activity("A2").Act_Functions->AddFunctionProps({}, key, 0);
         }
@@ -82,8 +83,9 @@ class LinkGraph {
     void add(const std::string& line) {
         std::istringstream words(line);
         std::string holder, list, name, key;
-        std::int16_t type = 0;
-        words >> holder >> list >> type >> name >> key;
+        std::int16_t code = 0;
+        words >> holder >> list >> code >> name >> key;
+        const auto type = static_cast<entities::LinkType>(code);
         const auto addTo = [&](const std::string& arrow, auto& links) {
             if (arrow == list) {
                 links->Add(name, type, key);
@@ -158,8 +160,8 @@ class LinkGraph {
         for (const Entity& each : holders) {
             const auto write = [&](const std::string& arrow, auto& links) {
                 for (auto& link : links) {
-                    result.push_back(keyOf(each) + " " + arrow + " " + std::to_string(link.type()) + " " + link.name() +
-                                     " " + link.key());
+                    result.push_back(keyOf(each) + " " + arrow + " " + std::to_string(platform::numberOf(link.type())) +
+                                     " " + link.name() + " " + link.key());
                 }
             };
             std::visit([&](auto* entity) { eachList(*entity, write); }, each);
@@ -202,7 +204,7 @@ class LinkGraph {
     }
 
     template <class List>
-    static Entity item(List& list, const std::string& owner, std::int16_t kind, const std::string& key) {
+    static Entity item(List& list, const std::string& owner, entities::NodeKindCode kind, const std::string& key) {
         if (!list.Item(key)) {
             auto& added = list.Add(key, 0, 0, key);
             added.NodeKind = kind;

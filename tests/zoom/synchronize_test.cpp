@@ -121,11 +121,11 @@ TEST_F(Synchronize, LinksToNowhereAreSkipped) {
 class SynchronizeShown : public Synchronize {
   protected:
     template <class List>
-    void showAll(List& list, std::int32_t nodeType) {
+    void showAll(List& list, canvas::NodeTypeCode nodeType) {
         for (int at = 1; at <= list.Count(); ++at) {
             auto entity = list.share(at);
             const std::string key = wholeKey(entity->ParentKeyName, entity->NodeKind, entity->Key);
-            canvas::LabelsD& node = form.Labels.Add(0, 1050, 0, 225, entity->Key, nodeType, key);
+            canvas::LabelsD& node = form.Labels.Add({0, 0, 1050, 225}, entity->Key, nodeType, key);
             entity->LabelIndex = node.Index();
             node.Properties = entity;
         }
@@ -137,7 +137,8 @@ class SynchronizeShown : public Synchronize {
         showAll(*activity.Act_Parameters, canvas::NodeTypeParameter);
         for (int at = 1; at <= activity.Act_Functions->Count(); ++at) {
             const auto function = activity.Act_Functions->share(at);
-            canvas::LabelsD& node = form.Labels.Add(0, 1050, 0, 450, function->Function_Key, canvas::NodeTypeFunction);
+            canvas::LabelsD& node =
+                form.Labels.Add({0, 0, 1050, 450}, function->Function_Key, canvas::NodeTypeFunction);
             node.Properties = function;
             node.Expanded = true;
             showAll(*function->Function_Inputs, canvas::NodeTypeParameter);
@@ -192,7 +193,7 @@ TEST_F(SynchronizeShown, EachLinkBetweenShownEndsIsDrawnOnce) {
 }
 
 TEST_F(SynchronizeShown, NumbersOfFormerViewsMeanNothing) {
-    const canvas::LinesD* foreign = form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypePartOf, 0, 0);
+    const canvas::LinesD* foreign = form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
     for (auto& input : *graph.activity("A2").Act_Inputs) {
         input.LabelIndex = 1;
         for (auto& link : input.ProviderFor) {
@@ -282,12 +283,12 @@ TEST_F(Rename, ShownNodesFollow) {
 TEST_F(Rename, EndsInACycleAndInAVeryLongChain) {
     constexpr int kLength = 20000;
     canvas::Canvas chain(ports.services());
-    auto& source = *chain.Labels.Add(0, 1050, 0, 450, "RS1", canvas::NodeTypeRecordSet).recordSet();
+    auto& source = *chain.Labels.Add({0, 0, 1050, 450}, "RS1", canvas::NodeTypeRecordSet).recordSet();
     AttributeProperties* provider = &source.RecordSet_Outputs->Add("A", 0, "A");
     provider->ParentKeyName = "RS1";
     for (int at = 1; at <= kLength; ++at) {
         const std::string name = "N" + std::to_string(at);
-        auto& activity = *chain.Labels.Add(0, 1050, 0, 450, name, canvas::NodeTypeActivity).activity();
+        auto& activity = *chain.Labels.Add({0, 0, 1050, 450}, name, canvas::NodeTypeActivity).activity();
         AttributeProperties& input = activity.Act_Inputs->Add("A", 0, 0, "A");
         AttributeProperties& output = activity.Act_Outputs->Add("A", 0, 0, "A");
         input.ParentKeyName = output.ParentKeyName = name;

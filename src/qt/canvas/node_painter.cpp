@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/codes.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/theme/blend.h"
 #include "qt/theme/model_colour.h"
@@ -44,7 +45,7 @@ void paintSelection(const PaintContext& context, const QRectF& box) {
 }
 
 /// The parts that tell the kinds apart at a glance.
-void paintMarks(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill,
+void paintMarks(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box, const QColor& fill,
                 const QPen& border) {
     QPainter& painter = context.painter;
     const double unit = context.transform.scale;
@@ -78,7 +79,7 @@ void paintMarks(const PaintContext& context, std::int32_t kind, const QRectF& bo
 }
 
 /// Below full detail: a plain box, and what is left of the marks; smaller still, only its colour.
-void paintThin(const PaintContext& context, std::int32_t kind, const QRectF& place, const QColor& fill) {
+void paintThin(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& place, const QColor& fill) {
     Pixels& pixels = *context.image;
     if (context.detail == Detail::coarse) {
         pixels.fill(place, fill == context.colours.paper ? context.colours.outline.rgb() : fill.rgb());
@@ -99,7 +100,7 @@ void paintThin(const PaintContext& context, std::int32_t kind, const QRectF& pla
     }
 }
 
-void drawBox(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill) {
+void drawBox(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box, const QColor& fill) {
     const double pen = context.penWidth(1);
     const QPen border(context.colours.outline, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     const QPainterPath outline = nodeShape(kind).outline(box, context.transform.scale);
@@ -127,7 +128,8 @@ void NodePainter::prepare(const PaintContext& context) {
     }
 }
 
-void NodePainter::paintBox(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill) {
+void NodePainter::paintBox(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box,
+                           const QColor& fill) {
     const int width = static_cast<int>(std::lround(box.width() * context.pixelRatio));
     const int height = static_cast<int>(std::lround(box.height() * context.pixelRatio));
     if (width > kLargestPicture || height > kLargestPicture) {
@@ -135,7 +137,7 @@ void NodePainter::paintBox(const PaintContext& context, std::int32_t kind, const
         return;
     }
     // Boxes stand on whole device pixels, so the same picture fits all of them.
-    QPixmap& picture = pictures_[{kind, width, height, fill.rgb()}];
+    QPixmap& picture = pictures_[{platform::numberOf(kind), width, height, fill.rgb()}];
     const double margin =
         kPictureMargin + box.left() - std::floor(box.left() * context.pixelRatio) / context.pixelRatio;
     if (picture.isNull()) {

@@ -35,7 +35,7 @@ class NodePainter {
   private:
     using PictureKey = std::tuple<std::int32_t, int, int, QRgb>;  // kind, width and height in device pixels, fill
 
-    void paintBox(const PaintContext& context, std::int32_t kind, const QRectF& box, const QColor& fill);
+    void paintBox(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box, const QColor& fill);
     void paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box, const QColor& fill);
 
     CaptionCache captions_;

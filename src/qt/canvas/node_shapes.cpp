@@ -172,9 +172,9 @@ constexpr std::array<NodeShape, 11> kShapes = {{
 
 }  // namespace
 
-const NodeShape& nodeShape(std::int32_t nodeType) {
-    const bool known = nodeType >= 1 && nodeType < static_cast<std::int32_t>(kShapes.size());
-    return kShapes[known ? static_cast<std::size_t>(nodeType) : 0];
+const NodeShape& nodeShape(canvas::NodeTypeCode nodeType) {
+    const auto at = static_cast<std::size_t>(nodeType);
+    return kShapes[at < kShapes.size() ? at : 0];
 }
 
 QPainterPath activityMouth(const QRectF& box, double unit) {

@@ -2,8 +2,8 @@
 
 #include <QPainterPath>
 #include <QRectF>
-#include <cstdint>
 
+#include "canvas/labels.h"
 #include "qt/canvas/captions.h"
 
 namespace orvent::qt {
@@ -20,7 +20,7 @@ struct NodeShape {
 };
 
 /// The shape of a node kind; an unknown kind is a plain box.
-const NodeShape& nodeShape(std::int32_t nodeType);
+const NodeShape& nodeShape(canvas::NodeTypeCode nodeType);
 
 /// The coloured parts inside the outline.
 QPainterPath activityMouth(const QRectF& box, double unit);
