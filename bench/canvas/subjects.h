@@ -49,17 +49,16 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     const std::string& DrawMode() const override { return tool; }
     void canvasFocused(const canvas::Canvas&) override {}
     void pictureReached() override {}
-    void openProperties(canvas::LabelsD&) override {}
-    void openZoom(canvas::LabelsD&) override {}
-    void openTemplateWizard(canvas::LabelsD&) override {}
-    void showMenu(const canvas::ContextMenu&, canvas::Point) override {}
+    void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
     void unsynchronise(canvas::Canvas&, canvas::LabelsD&) override {}
 };
 
 class Ours : public Subject {
   public:
-    Ours(Graph& graph, QWidget& window)
-        : form_(*graph.form), view_(form_, theme_, {host_, host_, host_, rules_}, &window) {}
+    Ours(Graph& graph, QWidget& window) : form_(*graph.form), view_(form_, theme_, {host_, host_, host_}, &window) {}
 
     QAbstractScrollArea& area() override { return view_; }
     void showAll() override { view_.fit(); }
@@ -74,7 +73,6 @@ class Ours : public Subject {
   private:
     canvas::DrawForm& form_;
     Host host_;
-    canvas::DesignRules rules_;
     qt::Theme theme_{qt::ThemeMode::light};
     qt::CanvasEditor view_;
 };

@@ -15,7 +15,7 @@ void Canvas::clear() {
     Labels.Clear();
     Lines.Clear();
     NamesColl.Clear();
-    DeletedNodes.Clear();
+    DeletedNodes = std::make_shared<DeletedNodesCollection>();
 }
 
 void Canvas::growPicture() {
@@ -26,9 +26,7 @@ void Canvas::growPicture() {
         bottom = std::max(bottom, node.box().bottom());
     }
     PicForm.setSize(right, bottom);
-    if (view_) {
-        view_->markersChanged();
-    }
+    tellMarkers();
 }
 
 void Canvas::ClearCrop() {
@@ -36,8 +34,8 @@ void Canvas::ClearCrop() {
     CroppingRect.Width = CroppingRect.Height = MarkerBox::kRestSize;
     CroppingRect.Visible = false;
     SelectedLabels.Clear();
-    if (shown && view_) {
-        view_->markersChanged();
+    if (shown) {
+        tellMarkers();
     }
 }
 
@@ -46,10 +44,31 @@ const entities::FunctionProperties* Canvas::functionNamed(const std::string& nam
     return node ? node->entity<entities::FunctionProperties>() : nullptr;
 }
 
-void Canvas::forgetNode(std::int32_t index) {
-    if (watcher_) {
-        watcher_->nodeGoes(index);
+void Canvas::tellChanged(const LabelsD& node) {
+    if (manyChanges_ == 0) {
+        listeners_.tell([&node](CanvasListener& listener) { listener.nodeChanged(node); });
     }
+}
+
+void Canvas::tellChanged(const LinesD& edge) {
+    if (manyChanges_ == 0) {
+        listeners_.tell([&edge](CanvasListener& listener) { listener.edgeChanged(edge); });
+    }
+}
+
+void Canvas::tellMarkers() {
+    listeners_.tell([](CanvasListener& listener) { listener.markersChanged(); });
+}
+
+ManyChanges::~ManyChanges() {
+    if (--canvas_.manyChanges_ == 0) {
+        canvas_.listeners_.tell([](CanvasListener& listener) { listener.manyChanged(); });
+    }
+}
+
+void Canvas::forgetNode(const LabelsD& node) {
+    listeners_.tell([&node](CanvasListener& listener) { listener.nodeGoes(node); });
+    const std::int32_t index = node.Index();
     SelectedLabels.forget(index);
     for (std::int32_t* field : {&CurrentNode, &ConnectFromLabel, &ActiveLabel}) {
         if (*field == index) {
@@ -58,10 +77,9 @@ void Canvas::forgetNode(std::int32_t index) {
     }
 }
 
-void Canvas::forgetEdge(std::int32_t index) {
-    if (watcher_) {
-        watcher_->edgeGoes(index);
-    }
+void Canvas::forgetEdge(const LinesD& edge) {
+    listeners_.tell([&edge](CanvasListener& listener) { listener.edgeGoes(edge); });
+    const std::int32_t index = edge.Index();
     SelectedLines.forget(index);
     for (std::int32_t* field : {&CurrentEdge, &ActiveEdge}) {
         if (*field == index) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
+#include "canvas/canvas_listener.h"
 #include "canvas/canvas_settings.h"
 #include "canvas/deleted_nodes.h"
 #include "canvas/labels.h"
@@ -15,25 +17,6 @@
 #include "platform/dialogs.h"
 
 namespace orvent::canvas {
-
-/// What a canvas tells the view that paints it. The view reads all else from the canvas.
-class CanvasView {
-  public:
-    virtual ~CanvasView() = default;
-    virtual void nodeChanged(const LabelsD& node) = 0;  ///< added, or something visible of it changed
-    virtual void nodeRemoved(const LabelsD& node) = 0;
-    virtual void edgeChanged(const LinesD& edge) = 0;
-    virtual void edgeRemoved(const LinesD& edge) = 0;
-    virtual void markersChanged() = 0;  ///< the `Grabber`, another marker or the picture area changed
-};
-
-/// Who has to know of nodes and edges that are about to go.
-class CanvasWatcher {
-  public:
-    virtual ~CanvasWatcher() = default;
-    virtual void nodeGoes(std::int32_t index) = 0;
-    virtual void edgeGoes(std::int32_t index) = 0;
-};
 
 /// What all canvases of a run share.
 struct CanvasServices {
@@ -55,7 +38,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     LinesCollection Lines;
     SelectedLabelsCollection SelectedLabels;
     SelectedLinesCollection SelectedLines;
-    DeletedNodesCollection DeletedNodes;
+    /// One object for a scenario: a view over a part of it holds its design window's.
+    std::shared_ptr<DeletedNodesCollection> DeletedNodes = std::make_shared<DeletedNodesCollection>();
 
     std::int32_t LabelsNo = 0;         ///< the last node number given; only grows
     std::int32_t LinesNo = 0;          ///< the last edge number given; only grows
@@ -87,7 +71,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
 
     virtual bool isZoom() const { return false; }
 
-    /// Removes all nodes, edges, names, selections and rows to delete.
+    /// Removes all nodes, edges, names and selections, and lets go of the rows to delete.
     void clear();
 
     /// Makes the picture large enough for the rightmost and the lowest node.
@@ -104,24 +88,41 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     bool isNameTaken(const std::string& name) const override { return NamesColl.Item(name) != -1; }
     const entities::FunctionProperties* functionNamed(const std::string& name) const override;
 
-    /// The view that is told of changes; nothing while none is attached.
-    void setView(CanvasView* view) { view_ = view; }
-    CanvasView* view() const { return view_; }
+    /// Tells the listener of changes while its holder keeps the subscription.
+    [[nodiscard]] CanvasSubscription listen(CanvasListener& listener) { return listeners_.add(listener); }
 
-    /// Is told of nodes and edges before they go; nothing while none is attached.
-    void setWatcher(CanvasWatcher* watcher) { watcher_ = watcher; }
+    // Changes are told through these.
+    void tellChanged(const LabelsD& node);
+    void tellChanged(const LinesD& edge);
+    void tellMarkers();
+    const CanvasListeners& listeners() const { return listeners_; }
 
     /// True while a refused duplicate name is not to be told.
     bool quietNames = false;
 
     /// Forgets a node or an edge that goes, in the selections and in all fields that name it.
-    void forgetNode(std::int32_t index);
-    void forgetEdge(std::int32_t index);
+    void forgetNode(const LabelsD& node);
+    void forgetEdge(const LinesD& edge);
 
   private:
+    friend class ManyChanges;
+
     CanvasServices services_;
-    CanvasView* view_ = nullptr;
-    CanvasWatcher* watcher_ = nullptr;
+    CanvasListeners listeners_;
+    int manyChanges_ = 0;
+};
+
+/// While one lives, changes of nodes and edges are not told one by one; its end tells `manyChanged` instead. Nodes and
+/// edges that go are told as always.
+class ManyChanges {
+  public:
+    explicit ManyChanges(Canvas& canvas) : canvas_(canvas) { ++canvas_.manyChanges_; }
+    ~ManyChanges();
+    ManyChanges(const ManyChanges&) = delete;
+    ManyChanges& operator=(const ManyChanges&) = delete;
+
+  private:
+    Canvas& canvas_;
 };
 
 }  // namespace orvent::canvas

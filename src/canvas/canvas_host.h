@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
-#include "canvas/labels.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
@@ -24,23 +24,24 @@ class ToolState {
     virtual void pictureReached() = 0;
 };
 
-/// What a canvas asks to be shown on its behalf. A dialog may be modal or not; the canvas does nothing after the call.
+/// What a canvas asks to be shown on its behalf; `form` is always the window with the canvas. A dialog may be modal or
+/// not; the canvas does nothing after the call.
 class CanvasWindows {
   public:
     virtual ~CanvasWindows() = default;
 
     /// The dialog of the node's kind: `RecordSetProp`, `SetActProp`, ...
-    virtual void openProperties(LabelsD& node) = 0;
+    virtual void openProperties(CanvasForm& form, LabelsD& node) = 0;
 
     /// The zoom view of an activity that has a type.
-    virtual void openZoom(LabelsD& activity) = 0;
+    virtual void openZoom(CanvasForm& form, LabelsD& activity) = 0;
 
     /// The template wizard on an activity.
-    virtual void openTemplateWizard(LabelsD& activity) = 0;
+    virtual void openTemplateWizard(CanvasForm& form, LabelsD& activity) = 0;
 
     /// Pops a menu up at a place of the picture. It comes back at once; the chosen item's name goes to
     /// `CanvasPointer::choose`.
-    virtual void showMenu(const ContextMenu& menu, Point at) = 0;
+    virtual void showMenu(CanvasForm& form, const ContextMenu& menu, Point at) = 0;
 };
 
 }  // namespace orvent::canvas

@@ -4,13 +4,11 @@
 
 namespace orvent::canvas {
 
-CanvasPointer::CanvasPointer(Canvas& canvas, const PointerPorts& ports) : canvas_(canvas), ports_(ports) {
-    canvas_.setWatcher(this);
-}
+CanvasPointer::CanvasPointer(CanvasForm& form, const PointerPorts& ports)
+    : canvas_(form), ports_(ports), subscription_(form.listen(*this)) {}
 
 CanvasPointer::~CanvasPointer() {
     cancel();
-    canvas_.setWatcher(nullptr);
 }
 
 LabelsD* CanvasPointer::nodeAt(const Hit& hit) const {
@@ -19,12 +17,6 @@ LabelsD* CanvasPointer::nodeAt(const Hit& hit) const {
 
 LinesD* CanvasPointer::edgeAt(const Hit& hit) const {
     return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number)) : nullptr;
-}
-
-void CanvasPointer::markersChanged() {
-    if (CanvasView* view = canvas_.view()) {
-        view->markersChanged();
-    }
 }
 
 void CanvasPointer::begin(PointerState state) {
@@ -38,7 +30,7 @@ void CanvasPointer::end() {
     canvas_.ResizeLabel.Visible = false;
     canvas_.CroppingRect.Visible = false;
     formerSelection_.clear();
-    markersChanged();
+    canvas_.tellMarkers();
 }
 
 void CanvasPointer::cancel() {
@@ -87,7 +79,8 @@ bool CanvasPointer::gestureNeeds(std::int32_t node) const {
     }
 }
 
-void CanvasPointer::nodeGoes(std::int32_t index) {
+void CanvasPointer::nodeGoes(const LabelsD& node) {
+    const std::int32_t index = node.Index();
     if (gestureNeeds(index)) {
         cancel();
     }
@@ -96,7 +89,8 @@ void CanvasPointer::nodeGoes(std::int32_t index) {
     }
 }
 
-void CanvasPointer::edgeGoes(std::int32_t index) {
+void CanvasPointer::edgeGoes(const LinesD& edge) {
+    const std::int32_t index = edge.Index();
     if (drawnEdge_ == index) {
         takeDrawnEdge();
         captures_ = false;
@@ -145,9 +139,9 @@ void CanvasPointer::pressPicture(const PointerEvent& event) {
     const std::string& tool = ports_.tools.DrawMode();
     if (tool == "Crop") {
         beginCrop(at);
-    } else if (LabelsD* placed = ports_.rules.placeNode(canvas_, tool, at)) {
+    } else if (LabelsD* placed = canvas_.rules().placeNode(canvas_, tool, at)) {
         captures_ = false;  // the dialog takes the release
-        ports_.windows.openProperties(*placed);
+        ports_.windows.openProperties(canvas_, *placed);
     }
 }
 
@@ -172,8 +166,8 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
         beginResize(node, inside);
     } else if (tool == "Move") {
         beginMove(inside);
-    } else if (const auto edgeType = ports_.rules.edgeTypeOf(tool)) {
-        if (ports_.rules.mayStart(*edgeType, node)) {
+    } else if (const auto edgeType = canvas_.rules().edgeTypeOf(tool)) {
+        if (canvas_.rules().mayStart(*edgeType, node)) {
             beginEdge(node, inside, *edgeType);
         }
     }
@@ -274,9 +268,9 @@ void CanvasPointer::doubleClick(const PointerEvent& event) {
     if (node->NodeType() == NodeTypeComment && node->onText(event.at)) {
         begin(PointerState::editing);
         canvas_.EditedComment = node->Index();
-        markersChanged();
+        canvas_.tellMarkers();
     } else if (node->NodeType() == NodeTypeRecordSet || node->NodeType() == NodeTypeActivity) {
-        ports_.windows.openProperties(*node);
+        ports_.windows.openProperties(canvas_, *node);
     }
 }
 

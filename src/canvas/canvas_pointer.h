@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "canvas/canvas.h"
+#include "canvas/canvas_form.h"
 #include "canvas/canvas_host.h"
 #include "canvas/canvas_rules.h"
 #include "canvas/deletion.h"
@@ -42,7 +42,6 @@ struct PointerPorts {
     ToolState& tools;
     CanvasWindows& windows;
     EntityLinks& links;
-    CanvasRules& rules;
 };
 
 /// Key code of Delete, the only key of a canvas.
@@ -52,15 +51,15 @@ inline constexpr int kDeleteKey = 46;
 /// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges
 /// and, above them, `Grabber` (while `GrabberVisible`), `CroppingRect`, `ResizeLabel`, `DragOutline`, the edge being
 /// drawn (`drawnEdge`, a member of `Lines` without a target) and the editor of `EditedComment`. A change of those is
-/// told to the view by `markersChanged()`; a change of `PicForm` is told the same way.
+/// told by `markersChanged()`; a change of `PicForm` is told the same way.
 ///
 /// While a button is held, events belong to the element where it was pressed, wherever the pointer is. At most one
 /// gesture is under way; a node or an edge that goes in the middle of it ends it and leaves nothing behind.
 ///
-/// The canvas and the ports outlive it. Make one for each window, beside the view.
-class CanvasPointer : private CanvasWatcher {
+/// The window's logic and the ports outlive it. Make one for each window, beside the view.
+class CanvasPointer : private CanvasListener {
   public:
-    CanvasPointer(Canvas& canvas, const PointerPorts& ports);
+    CanvasPointer(CanvasForm& form, const PointerPorts& ports);
     ~CanvasPointer() override;
     CanvasPointer(const CanvasPointer&) = delete;
     CanvasPointer& operator=(const CanvasPointer&) = delete;
@@ -98,8 +97,8 @@ class CanvasPointer : private CanvasWatcher {
     std::int32_t draggedHandle() const { return state_ == PointerState::draggingHandle ? captured_.number : 0; }
 
   private:
-    void nodeGoes(std::int32_t index) override;
-    void edgeGoes(std::int32_t index) override;
+    void nodeGoes(const LabelsD& node) override;
+    void edgeGoes(const LinesD& edge) override;
     bool gestureNeeds(std::int32_t node) const;
 
     // Presses, by the element.
@@ -148,12 +147,12 @@ class CanvasPointer : private CanvasWatcher {
     void dropIfToolChanged();
     void restoreMenuTargets();
     void runAction(const ContextItem& item);
-    void markersChanged();
     LabelsD* nodeAt(const Hit& hit) const;
     LinesD* edgeAt(const Hit& hit) const;
 
-    Canvas& canvas_;
+    CanvasForm& canvas_;
     PointerPorts ports_;
+    CanvasSubscription subscription_;
     PointerState state_ = PointerState::idle;
     bool captures_ = false;  ///< the left button is held, and events belong to `captured_`
     Hit captured_;

@@ -20,6 +20,15 @@ class DeletedNodesCollection : public entities::KeyedCollection<DeletedNode> {
     DeletedNode& Add(std::int16_t NodeID, entities::NodeKindCode NodeKind, const std::string& sKey = {}) {
         return append(std::make_unique<DeletedNode>(DeletedNode{NodeKind, NodeID}), sKey);
     }
+
+    /// How many there are now, for `cutBack`.
+    int mark() const { return Count(); }
+    /// Takes back what was noted since the mark.
+    void cutBack(int mark) {
+        while (Count() > mark) {
+            Remove(Count());
+        }
+    }
 };
 
 }  // namespace orvent::canvas

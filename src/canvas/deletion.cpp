@@ -45,7 +45,7 @@ template <class Entity>
 void leaveOwner(Canvas& canvas, const Entity& entity) {
     auto* list = listOf(canvas, entity);
     const Entity* listed = list ? list->Item(entity.Key) : nullptr;
-    canvas.DeletedNodes.Add(listed ? listed->SubNode_ID : entity.SubNode_ID, entity.NodeKind);
+    canvas.DeletedNodes->Add(listed ? listed->SubNode_ID : entity.SubNode_ID, entity.NodeKind);
     if (listed) {
         list->Remove(entity.Key);
     }
@@ -85,7 +85,7 @@ bool releaseWhole(Canvas& canvas, LabelsD& node, NodeKindCode kind, EntityLinks&
     if (canvas.isZoom() || !entity) {
         return false;  // a zoom view only shows what belongs to the design window
     }
-    canvas.DeletedNodes.Add(entity->NodeID, kind);
+    canvas.DeletedNodes->Add(entity->NodeID, kind);
     links.unsynchronise(canvas, node);
     return true;
 }
@@ -105,12 +105,12 @@ bool release(Canvas& canvas, LabelsD& node, EntityLinks& links) {
             return releaseWhole<RecordSetProperties>(canvas, node, DeletedRecordSet, links);
         case NodeTypeLog: {
             const auto* row = std::get_if<std::int16_t>(&node.Properties);
-            canvas.DeletedNodes.Add(row ? *row : std::int16_t{0}, DeletedLog);
+            canvas.DeletedNodes->Add(row ? *row : std::int16_t{0}, DeletedLog);
             return true;
         }
         case NodeTypeComment: {
             const auto* comment = node.entity<CommentProperties>();
-            canvas.DeletedNodes.Add(comment ? comment->NodeID : std::int16_t{0}, DeletedComment);
+            canvas.DeletedNodes->Add(comment ? comment->NodeID : std::int16_t{0}, DeletedComment);
             return true;
         }
         default:

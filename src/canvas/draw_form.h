@@ -1,31 +1,34 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
-#include "canvas/canvas.h"
+#include "canvas/canvas_form.h"
+#include "canvas/canvas_rules.h"
 
 namespace orvent::canvas {
 
-/// A design window: one scenario on screen. It owns all of the scenario.
-class DrawForm : public Canvas {
+/// Who stores the scenarios of design windows.
+class ScenarioStore {
   public:
-    explicit DrawForm(const CanvasServices& services) : Canvas(services) {}
+    virtual ~ScenarioStore() = default;
+
+    /// Stores the scenario under its identifier; one that has none asks for its name first.
+    virtual void saveScenario(DrawForm& form) = 0;
+};
+
+/// A design window: one scenario on screen. It owns all of the scenario.
+class DrawForm : public CanvasForm {
+  public:
+    /// Without a store, "Save" does nothing.
+    explicit DrawForm(const CanvasServices& services, ScenarioStore* store = nullptr)
+        : CanvasForm(services), store_(store) {}
 
     std::string Tag;              ///< the slot in the table of scenario windows, as decimal text
     std::int16_t ScenarioID = 0;  ///< repository key, 0 until the scenario was saved or loaded
-    bool Enabled = true;          ///< false while one of its dialogs or its zoom view is open
 
-    /// The window's title, which is the scenario's name.
-    const std::string& Caption() const { return caption_; }
-    void setCaption(const std::string& value) {
-        caption_ = value;
-        if (captionChanged) {
-            captionChanged();
-        }
-    }
-    const std::string& ScenarioName() const { return caption_; }
+    // The window's title is the scenario's name.
+    const std::string& ScenarioName() const { return Caption(); }
     void setScenarioName(const std::string& value) { setCaption(value); }
 
     /// The caption as it was before the scenario dialog changed it; put back when that save is given up.
@@ -33,10 +36,15 @@ class DrawForm : public Canvas {
 
     int slot() const { return Tag.empty() ? -1 : std::stoi(Tag); }
 
-    std::function<void()> captionChanged;  ///< the window shows the new caption
+    // CanvasForm
+    DrawForm& scenario() override { return *this; }
+    CanvasRules& rules() override { return rules_; }
+    void Save() override;
+    bool QueryUnload() override;
 
   private:
-    std::string caption_;
+    ScenarioStore* store_;
+    DesignRules rules_;
 };
 
 }  // namespace orvent::canvas

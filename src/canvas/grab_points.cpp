@@ -85,9 +85,7 @@ Point LabelsD::DrawRect(float x, float y) {
                                                     : ordinaryPointAt(x, y, Width(), Height());
     canvas_.GrabbingPoint = point;
     canvas_.Grabber = GrabPoint(point);
-    if (CanvasView* view = canvas_.view()) {
-        view->markersChanged();
-    }
+    canvas_.tellMarkers();
     return canvas_.Grabber;
 }
 

@@ -49,10 +49,14 @@ void LabelsD::setBox(const Box& value) {
     moved();
 }
 
-void LabelsD::moved() {
-    if (CanvasView* view = canvas_.view()) {
-        view->nodeChanged(*this);
+void LabelsD::tell() {
+    if (told_) {
+        canvas_.tellChanged(*this);
     }
+}
+
+void LabelsD::moved() {
+    tell();
     std::visit(
         [](auto& held) {
             if constexpr (requires { held->Changed = true; }) {
@@ -130,9 +134,7 @@ void LabelsD::setCaption(const std::string& value) {
         }
         setKeyName(value);
     }
-    if (CanvasView* view = canvas_.view()) {
-        view->nodeChanged(*this);
-    }
+    tell();
 }
 
 std::string_view LabelsD::shownText() const {
@@ -154,9 +156,7 @@ const std::string& LabelsD::Comment() const {
 void LabelsD::setComment(const std::string& value) {
     if (auto* comment = entity<entities::CommentProperties>()) {
         comment->Comment = value;
-        if (CanvasView* view = canvas_.view()) {
-            view->nodeChanged(*this);
-        }
+        tell();
     }
 }
 
@@ -172,16 +172,12 @@ void LabelsD::setReady(bool value) {
 
 void LabelsD::setColor(std::int32_t value) {
     color_ = value;
-    if (CanvasView* view = canvas_.view()) {
-        view->nodeChanged(*this);
-    }
+    tell();
 }
 
 void LabelsD::setVisible(bool value) {
     visible_ = value;
-    if (CanvasView* view = canvas_.view()) {
-        view->nodeChanged(*this);
-    }
+    tell();
 }
 
 void LabelsD::setToolTipText(const std::string& value) {

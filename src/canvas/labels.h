@@ -145,6 +145,7 @@ class LabelsD {
   private:
     friend class LabelsCollection;
 
+    void tell();
     void moved();
     void takeNumberedName(std::string_view word, const std::string& taken);
     void releaseNames();
@@ -157,6 +158,7 @@ class LabelsD {
     std::int16_t mousePointer_ = 0;
     bool ready_ = false;
     bool visible_ = false;
+    bool told_ = false;  ///< false while the node is being made
     std::string keyName_;
     std::string caption_;
     std::string toolTipText_;
@@ -180,6 +182,9 @@ class LabelsCollection : public IndexedTable<LabelsD> {
     void Clear();
 
   private:
+    /// A new node that nobody is told of yet; `show` tells.
+    LabelsD& make(const Box& box, const std::string& Caption, NodeTypeCode NodeType, const std::string& KeyName = {});
+    static LabelsD& show(LabelsD& node);
     void raisePicture(const LabelsD& node);
 
     Canvas& canvas_;

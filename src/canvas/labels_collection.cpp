@@ -108,6 +108,11 @@ NodeProperties cloned(const NodeProperties& properties) {
 
 LabelsD& LabelsCollection::Add(const Box& box, const std::string& Caption, NodeTypeCode NodeType,
                                const std::string& KeyName) {
+    return show(make(box, Caption, NodeType, KeyName));
+}
+
+LabelsD& LabelsCollection::make(const Box& box, const std::string& Caption, NodeTypeCode NodeType,
+                                const std::string& KeyName) {
     const std::int32_t index = ++canvas_.LabelsNo;
     canvas_.ActiveLabel = index;
     LabelsD& node = append(index, std::make_unique<LabelsD>(canvas_, index));
@@ -130,12 +135,18 @@ LabelsD& LabelsCollection::Add(const Box& box, const std::string& Caption, NodeT
     return node;
 }
 
+LabelsD& LabelsCollection::show(LabelsD& node) {
+    node.told_ = true;
+    node.tell();
+    return node;
+}
+
 LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
-    LabelsD& node = Add(Label.box(), Label.Caption(), Label.NodeType());
+    LabelsD& node = make(Label.box(), Label.Caption(), Label.NodeType());
     node.setColor(Label.Color());
     node.Properties = cloned(Label.Properties);
     node.setReady(Label.Ready());
-    return node;
+    return show(node);
 }
 
 void LabelsCollection::raisePicture(const LabelsD& node) {
@@ -158,11 +169,9 @@ void LabelsCollection::Remove(std::int32_t index) {
         }
     }
     node->releaseNames();
-    canvas_.forgetNode(index);
+    canvas_.forgetNode(*node);
     const std::unique_ptr<LabelsD> gone = take(index);
-    if (CanvasView* view = canvas_.view()) {
-        view->nodeRemoved(*gone);
-    }
+    canvas_.listeners().tell([&gone](CanvasListener& listener) { listener.nodeRemoved(*gone); });
 }
 
 void LabelsCollection::Clear() {

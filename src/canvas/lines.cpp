@@ -29,8 +29,8 @@ EdgeStyle edgeStyle(EdgeTypeCode edgeType) {
 }
 
 void LinesD::changed() {
-    if (CanvasView* view = canvas_.view()) {
-        view->edgeChanged(*this);
+    if (told_) {
+        canvas_.tellChanged(*this);
     }
 }
 
@@ -119,6 +119,16 @@ void LinesD::setColor(std::int32_t value) {
 }
 
 LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType) {
+    return show(make(start, middle, end, FromLabel, EdgeType));
+}
+
+LinesD& LinesCollection::show(LinesD& edge) {
+    edge.told_ = true;
+    edge.changed();
+    return edge;
+}
+
+LinesD& LinesCollection::make(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType) {
     const std::int32_t index = ++canvas_.LinesNo;
     LinesD& edge = append(index, std::make_unique<LinesD>(canvas_, index));
     edge.setStart(start);
@@ -139,7 +149,7 @@ LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGr
     }
     const Point start = from->GrabPoint(FromGrabbingPoint);
     const Point end = to->GrabPoint(ToGrabbingPoint);
-    LinesD& edge = Add(start, between(start, end), end, FromLabel, EdgeType);
+    LinesD& edge = make(start, between(start, end), end, FromLabel, EdgeType);
     edge.ToLabel = ToLabel;
     edge.FromGrabbingPoint = FromGrabbingPoint;
     edge.setToGrabbingPoint(ToGrabbingPoint);
@@ -147,7 +157,7 @@ LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGr
     edge.setColor(Color);
     from->StartingLines.Add(edge.Index());
     to->EndingLines.Add(edge.Index());
-    return &edge;
+    return &show(edge);
 }
 
 LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType,
@@ -171,10 +181,8 @@ LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t
 
 void LinesCollection::Remove(std::int32_t index) {
     if (const std::unique_ptr<LinesD> edge = take(index)) {
-        canvas_.forgetEdge(index);
-        if (CanvasView* view = canvas_.view()) {
-            view->edgeRemoved(*edge);
-        }
+        canvas_.forgetEdge(*edge);
+        canvas_.listeners().tell([&edge](CanvasListener& listener) { listener.edgeRemoved(*edge); });
     }
 }
 

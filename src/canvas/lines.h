@@ -114,6 +114,8 @@ class LinesD {
     void setColor(std::int32_t value);
 
   private:
+    friend class LinesCollection;
+
     void applyAngle(AngleCode former);
     void changed();
 
@@ -127,6 +129,7 @@ class LinesD {
     bool visible_ = true;
     bool highLighted_ = false;
     bool selected_ = false;
+    bool told_ = false;  ///< false while the edge is being made
     std::string_view arrow_;
 };
 
@@ -155,6 +158,10 @@ class LinesCollection : public IndexedTable<LinesD> {
     void Clear();
 
   private:
+    /// A new edge that nobody is told of yet; `show` tells.
+    LinesD& make(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType);
+    static LinesD& show(LinesD& edge);
+
     Canvas& canvas_;
 };
 

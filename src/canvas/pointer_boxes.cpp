@@ -30,7 +30,7 @@ void CanvasPointer::beginMove(Point inside) {
 void CanvasPointer::drag(Point corner, float width, float height, Point at) {
     canvas_.DragOutline.show({corner.x, corner.y, width, height});
     canvas_.PicForm.dragOver(at, width, height);
-    markersChanged();
+    canvas_.tellMarkers();
 }
 
 void CanvasPointer::dropNode(const PointerEvent& event) {
@@ -46,7 +46,7 @@ void CanvasPointer::beginResize(const LabelsD& node, Point inside) {
     canvas_.ResizeLabel.show(node.box());
     canvas_.ResizeLabel.Tag = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height()).number;
     begin(PointerState::resizing);
-    markersChanged();
+    canvas_.tellMarkers();
 }
 
 void CanvasPointer::followResize(const LabelsD& node, Point inside) {
@@ -64,7 +64,7 @@ void CanvasPointer::followResize(const LabelsD& node, Point inside) {
     } else if (zone.bottom) {
         outline.Height = std::max(inside.y, kLeastOutline);
     }
-    markersChanged();
+    canvas_.tellMarkers();
 }
 
 void CanvasPointer::dropResize(LabelsD& node) {
@@ -82,7 +82,7 @@ void CanvasPointer::beginCrop(Point at) {
     canvas_.CropStartY = at.y;
     canvas_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
     begin(PointerState::cropping);
-    markersChanged();
+    canvas_.tellMarkers();
 }
 
 void CanvasPointer::followCrop(Point at) {
@@ -91,7 +91,7 @@ void CanvasPointer::followCrop(Point at) {
     rect.Width = std::max(std::abs(at.x - canvas_.CropStartX), kLeastCrop);
     rect.Top = std::min(at.y, canvas_.CropStartY);
     rect.Height = std::max(std::abs(at.y - canvas_.CropStartY), kLeastCrop);
-    markersChanged();
+    canvas_.tellMarkers();
     // The selection follows the rectangle as it grows and shrinks.
     for (const std::int32_t index : canvas_.SelectedLabels.members()) {
         if (const LabelsD* node = canvas_.Labels.byIndex(index); node && !holds(rect, node->box())) {

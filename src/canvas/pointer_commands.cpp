@@ -43,10 +43,10 @@ void CanvasPointer::pressNodeMenu(LabelsD& node, const PointerEvent& event) {
 }
 
 void CanvasPointer::showMenu(std::string_view name, Point at) {
-    if (const ContextMenu* menu = findMenu(ports_.rules.menus(), name)) {
+    if (const ContextMenu* menu = findMenu(canvas_.rules().menus(), name)) {
         menuNode_ = canvas_.ActiveLabel;
         menuEdge_ = canvas_.ActiveEdge;
-        ports_.windows.showMenu(*menu, at);
+        ports_.windows.showMenu(canvas_, *menu, at);
     }
 }
 
@@ -56,13 +56,13 @@ bool CanvasPointer::keyDown(int keyCode) {
     }
     cancel();
     DeleteSelectedNodes(canvas_, kEveryNodeType, ports_.links);
-    DeleteSelectedEdges(canvas_, ports_.rules);
+    DeleteSelectedEdges(canvas_, canvas_.rules());
     return true;
 }
 
 void CanvasPointer::choose(std::string_view name) {
     cancel();
-    if (const ContextItem* item = findItem(ports_.rules.menus(), name)) {
+    if (const ContextItem* item = findItem(canvas_.rules().menus(), name)) {
         restoreMenuTargets();
         runAction(*item);
     }
@@ -87,14 +87,14 @@ void CanvasPointer::runAction(const ContextItem& item) {
             break;
         case MenuAction::properties:
             if (node) {
-                ports_.windows.openProperties(*node);
+                ports_.windows.openProperties(canvas_, *node);
             }
             break;
         case MenuAction::zoom:
             if (activity && activity->Act_Type < 0) {
                 canvas_.messages().tell("Please set the activity's type!!");
             } else if (activity) {
-                ports_.windows.openZoom(*node);
+                ports_.windows.openZoom(canvas_, *node);
             }
             break;
         case MenuAction::notReady:
@@ -104,14 +104,14 @@ void CanvasPointer::runAction(const ContextItem& item) {
             break;
         case MenuAction::templateWizard:
             if (activity) {
-                ports_.windows.openTemplateWizard(*node);
+                ports_.windows.openTemplateWizard(canvas_, *node);
             }
             break;
         case MenuAction::deleteNodes:
             DeleteSelectedNodes(canvas_, std::get<NodeTypeCode>(item.value), ports_.links);
             break;
         case MenuAction::deleteEdges:
-            DeleteSelectedEdges(canvas_, ports_.rules);
+            DeleteSelectedEdges(canvas_, canvas_.rules());
             break;
         case MenuAction::setAngle:
             if (edge) {

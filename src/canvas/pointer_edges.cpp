@@ -25,7 +25,7 @@ void CanvasPointer::beginEdge(LabelsD& source, Point inside, EdgeTypeCode edgeTy
     drawnEdge_ = edge.Index();
     canvas_.RubberBand = true;
     begin(PointerState::drawing);
-    markersChanged();
+    canvas_.tellMarkers();
 }
 
 void CanvasPointer::followEdge(Point at) {
@@ -57,7 +57,7 @@ void CanvasPointer::decideEdge(LabelsD* target) {
     edge.setToGrabbingPoint(static_cast<std::int16_t>(canvas_.GrabbingPoint));
     canvas_.Labels.byIndex(source)->StartingLines.Add(edge.Index());
     target->EndingLines.Add(edge.Index());
-    ports_.rules.edgeCompleted(canvas_, edge);
+    canvas_.rules().edgeCompleted(canvas_, edge);
 }
 
 void CanvasPointer::dropHandle(const PointerEvent& event) {
@@ -73,7 +73,7 @@ void CanvasPointer::dropHandle(const PointerEvent& event) {
             dropEnd(edge, part, *node, node->inside(event.at));
         }
     } else if (node && isEnd(edge, *node)) {
-        ports_.rules.middleOnOwnEnd(edge);
+        canvas_.rules().middleOnOwnEnd(edge);
     } else {
         edge.setMiddle(event.at);
     }
@@ -81,7 +81,7 @@ void CanvasPointer::dropHandle(const PointerEvent& event) {
 
 void CanvasPointer::dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Point inside) {
     const bool atStart = part == HandlePart::start;
-    if (!ports_.rules.mayRedirect(canvas_, edge, atStart, target)) {
+    if (!canvas_.rules().mayRedirect(canvas_, edge, atStart, target)) {
         return;
     }
     const Point place = target.DrawRect(inside.x, inside.y);
@@ -101,7 +101,7 @@ void CanvasPointer::dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Poin
         edge.setEnd(place);
         edge.setToGrabbingPoint(grab);
     }
-    ports_.rules.edgeCompleted(canvas_, edge);
+    canvas_.rules().edgeCompleted(canvas_, edge);
 }
 
 }  // namespace orvent::canvas

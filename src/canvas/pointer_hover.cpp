@@ -46,7 +46,7 @@ void CanvasPointer::hoverNode(LabelsD& node, Point inside) {
     canvas_.OverLabel = true;
     canvas_.CurrentNode = node.Index();
     const std::string& tool = ports_.tools.DrawMode();
-    if (ports_.rules.edgeTypeOf(tool)) {
+    if (canvas_.rules().edgeTypeOf(tool)) {
         showGrabber(node, inside);
         return;
     }
@@ -96,7 +96,7 @@ void CanvasPointer::hideGrabber() {
     grabNode_ = -1;
     if (canvas_.GrabberVisible) {
         canvas_.GrabberVisible = false;
-        markersChanged();
+        canvas_.tellMarkers();
     }
 }
 

@@ -43,6 +43,7 @@ void Zoom(Canvas& canvas, bool ZoomIN, double By, platform::Progress& progress) 
     progress.status((ZoomIN ? "Zooming In By " : "Zooming Out By") + platform::numberText(static_cast<float>(shown)) +
                     "...");
     const double factor = ZoomIN ? By : 1 / By;
+    const ManyChanges many(canvas);
     for (LabelsD& node : canvas.Labels) {
         node.setBox({scaled(node.Left(), factor), scaled(node.Top(), factor), scaled(node.Width(), factor),
                      scaled(node.Height(), factor)});

@@ -123,7 +123,7 @@ void ScenarioLoadSave::removeUnknownNodes(const canvas::DrawForm& form, Statemen
 
 void ScenarioLoadSave::ApplyDeletions(const canvas::DrawForm& form, std::int16_t ScenarioID,
                                       StatementCache& repository) {
-    for (const canvas::DeletedNode& deleted : form.DeletedNodes) {
+    for (const canvas::DeletedNode& deleted : *form.DeletedNodes) {
         runForKind(repository, kDeletions, deleted.NodeKind, deleted.NodeID);
     }
     repository.run(sql::kDropLines, ScenarioID);

@@ -58,7 +58,7 @@ void forgetStoredRows(canvas::DrawForm& form) {
     for (canvas::LabelsD& node : form.Labels) {
         forgetStoredRows(node);
     }
-    form.DeletedNodes.Clear();
+    form.DeletedNodes->Clear();
 }
 
 std::unordered_set<std::int16_t> storedNodes(const canvas::DrawForm& form) {

@@ -12,13 +12,15 @@ class CanvasDialogs : public canvas::CanvasWindows {
   public:
     CanvasDialogs(FrameHost& host, statements::ActivityWizard& wizard) : host_(host), wizard_(wizard) {}
 
-    void openProperties(canvas::LabelsD&) override {}
-    void openZoom(canvas::LabelsD&) override {}
-    void openTemplateWizard(canvas::LabelsD& activity) override {
-        wizard_.LDLCreate(*host_.activeScenario(), *activity.activity());
+    void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override {
+        wizard_.LDLCreate(form.scenario(), *activity.activity());
         host_.commandsChanged();
     }
-    void showMenu(const canvas::ContextMenu& menu, canvas::Point at) override { host_.showMenu(menu, at); }
+    void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point at) override {
+        host_.showMenu(menu, at);
+    }
 
   private:
     FrameHost& host_;

@@ -45,8 +45,8 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
              f.NewScenario(name);
          }},
         {Command::loadScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Load, nullptr); }},
-        {Command::saveScenario, withSave, [](MDIForm1& f) { f.save(false); }},
-        {Command::saveScenarioAs, inWindow, [](MDIForm1& f) { f.save(true); }},
+        {Command::saveScenario, withSave, [](MDIForm1& f) { f.activeEnabled()->Save(); }},
+        {Command::saveScenarioAs, inWindow, [](MDIForm1& f) { f.saveAs(*f.activeEnabled()); }},
         {Command::deleteScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Delete, nullptr); }},
         {Command::printScenario, withPrint, [](MDIForm1& f) { f.host_.print(*f.activeEnabled(), false); }},
         {Command::printPreview, withPrint, [](MDIForm1& f) { f.host_.print(*f.activeEnabled(), true); }},
@@ -135,7 +135,7 @@ void MDIForm1::login() {
 
 void MDIForm1::changeUser() {
     const bool dialogOpen = std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
-                                        [](const auto& form) { return form && !form->Enabled; });
+                                        [](const auto& form) { return form && !form->Enabled(); });
     if (dialogOpen) {
         ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
         return;
@@ -165,10 +165,13 @@ void MDIForm1::zoom(bool in) {
     canvas::Zoom(*activeEnabled(), in, by, ports_.progress);
 }
 
-void MDIForm1::save(bool as) {
-    canvas::DrawForm& form = *activeEnabled();
-    if (as || form.ScenarioID == 0) {
-        showScenarios(repository::ViewScenarios::Mode::Save, &form);
+void MDIForm1::saveAs(canvas::DrawForm& form) {
+    showScenarios(repository::ViewScenarios::Mode::Save, &form);
+}
+
+void MDIForm1::saveScenario(canvas::DrawForm& form) {
+    if (form.ScenarioID == 0) {
+        saveAs(form);
     } else {
         loadSave_.SaveScenario(form, false);
     }

@@ -11,8 +11,6 @@ namespace orvent::shell {
 
 namespace {
 
-using platform::Answer;
-using platform::Buttons;
 using platform::Icon;
 
 constexpr int kSampleSlot = 10;
@@ -77,7 +75,7 @@ void MDIForm1::loadCatalogue() {
 
 canvas::DrawForm* MDIForm1::activeEnabled() const {
     canvas::DrawForm* active = host_.activeScenario();
-    return active && active->Enabled ? active : nullptr;
+    return active && active->Enabled() ? active : nullptr;
 }
 
 bool MDIForm1::anyScenario() const {
@@ -111,7 +109,8 @@ int MDIForm1::NewScenario(std::string& name) {
 }
 
 canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
-    auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{ports_.messages, options_.canvas});
+    canvas::ScenarioStore* store = this;
+    auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{ports_.messages, options_.canvas}, store);
     form->setCaption(name);
     form->Tag = std::to_string(slot);
     catalogue_.LoadDataTypes();
@@ -123,12 +122,7 @@ canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
 }
 
 bool MDIForm1::closeScenario(canvas::DrawForm& form) {
-    if (!form.Enabled) {
-        return false;
-    }
-    const Answer answer = ports_.messages.show("ARE YOU SURE YOU WANT TO CLOSE " + form.Caption() + " ?",
-                                               "Closing Scenario", Icon::question, Buttons::okCancel);
-    if (answer != Answer::ok) {
+    if (!form.Enabled() || !form.QueryUnload()) {
         return false;
     }
     freeSlot(form.slot());

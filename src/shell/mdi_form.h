@@ -26,7 +26,7 @@ namespace orvent::shell {
 
 /// The main frame: the values of the run, the table of open scenarios and the commands. It is made at start and lives
 /// until the program ends. A `Fault` that a command leaves is shown by the program's event loop.
-class MDIForm1 : public repository::ScenarioWindows {
+class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioStore {
   public:
     static constexpr int kSlots = 11;
 
@@ -47,7 +47,7 @@ class MDIForm1 : public repository::ScenarioWindows {
     const ToolBars& tools() const { return tools_; }
 
     /// What the gestures of a design window lean on.
-    canvas::PointerPorts designPorts() { return {tools_, dialogs_, links_, rules_}; }
+    canvas::PointerPorts designPorts() { return {tools_, dialogs_, links_}; }
 
     /// The close request of a scenario's window: asks, then frees the slot and drops the window. False on Cancel.
     bool closeScenario(canvas::DrawForm& form);
@@ -80,7 +80,8 @@ class MDIForm1 : public repository::ScenarioWindows {
     void CloseActiveScenario();
     void showOptions();
     void zoom(bool in);
-    void save(bool as);
+    void saveScenario(canvas::DrawForm& form) override;
+    void saveAs(canvas::DrawForm& form);
     void showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target);
 
     Ports ports_;
@@ -96,7 +97,6 @@ class MDIForm1 : public repository::ScenarioWindows {
     ToolBars tools_;
     CanvasDialogs dialogs_;
     zoom::CanvasLinks links_;
-    canvas::DesignRules rules_;
 
     // A slot is used exactly while it holds a scenario.
     std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;

@@ -144,7 +144,7 @@ void ToolBars::setDesignState(const canvas::Canvas& canvas) {
     }
     designToolsOn_ = true;
     zoomToolsOn_ = false;
-    apply(DesignState, canvas.DeletedNodes.Count() > 0);
+    apply(DesignState, canvas.DeletedNodes->Count() > 0);
     palettes.showBands(true);
     tell();
 }
@@ -155,7 +155,7 @@ void ToolBars::setZoomState(const canvas::Canvas& canvas) {
     }
     zoomToolsOn_ = true;
     designToolsOn_ = false;
-    apply(ZoomState, canvas.DeletedNodes.Count() > 0);
+    apply(ZoomState, canvas.DeletedNodes->Count() > 0);
     tell();
 }
 

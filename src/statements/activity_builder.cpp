@@ -58,14 +58,14 @@ void ActivityBuilder::removeFunctions() {
     Act_FunctionsCollection& functions = *Activity.Act_Functions;
     while (FunctionProperties* function = functions.Item(1)) {
         zoom::UnSynchronizeFunction(form_, *function, true, InDialog_);
-        form_.DeletedNodes.Add(function->FunctionID, KindFunction);
+        form_.DeletedNodes->Add(function->FunctionID, KindFunction);
         functions.Remove(1);
     }
 }
 
 void ActivityBuilder::removeOutput(AttributeProperties& output) {
     zoom::UnSynchronizeAttribute(form_, output, true, InDialog_);
-    form_.DeletedNodes.Add(output.SubNode_ID, output.NodeKind);
+    form_.DeletedNodes->Add(output.SubNode_ID, output.NodeKind);
     Activity.Act_Outputs->Remove(output.Key);
 }
 
@@ -86,7 +86,7 @@ void ActivityBuilder::removeParameters() {
     Act_ParametersCollection& parameters = *Activity.Act_Parameters;
     while (ParameterProperties* parameter = parameters.Item(1)) {
         zoom::UnSynchronizeParameter(form_, *parameter, true, InDialog_);
-        form_.DeletedNodes.Add(parameter->SubNode_ID, parameter->NodeKind);
+        form_.DeletedNodes->Add(parameter->SubNode_ID, parameter->NodeKind);
         parameters.Remove(1);
     }
 }

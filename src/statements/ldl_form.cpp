@@ -72,7 +72,7 @@ void LDLForm::enableCaller(bool enabled) {
     if (dialog_) {
         dialog_->setEnabled(enabled);
     } else {
-        form_->Enabled = enabled;
+        form_->setEnabled(enabled);
     }
 }
 

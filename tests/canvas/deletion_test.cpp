@@ -11,7 +11,7 @@ namespace {
 
 std::string noted(const Canvas& form) {
     std::string text;
-    for (const DeletedNode& row : form.DeletedNodes) {
+    for (const DeletedNode& row : *form.DeletedNodes) {
         text += std::to_string(platform::numberOf(row.NodeKind)) + ":" + std::to_string(row.NodeID) + " ";
     }
     return text;

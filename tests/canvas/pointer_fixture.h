@@ -5,6 +5,7 @@
 #include <string>
 
 #include "canvas/canvas_pointer.h"
+#include "canvas/draw_form.h"
 #include "testkit/scripted_ports.h"
 
 namespace orvent::testkit {
@@ -23,10 +24,14 @@ class LoggingHost : public canvas::ToolState,
     const std::string& DrawMode() const override { return tool; }
     void canvasFocused(const canvas::Canvas&) override {}
     void pictureReached() override {}
-    void openProperties(canvas::LabelsD& node) override { log_ += " dialog " + node.Caption(); }
-    void openZoom(canvas::LabelsD& node) override { log_ += " zoom " + node.Caption(); }
-    void openTemplateWizard(canvas::LabelsD& node) override { log_ += " wizard " + node.Caption(); }
-    void showMenu(const canvas::ContextMenu& menu, canvas::Point) override { log_ += " " + std::string(menu.name); }
+    void openProperties(canvas::CanvasForm&, canvas::LabelsD& node) override { log_ += " dialog " + node.Caption(); }
+    void openZoom(canvas::CanvasForm&, canvas::LabelsD& node) override { log_ += " zoom " + node.Caption(); }
+    void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD& node) override {
+        log_ += " wizard " + node.Caption();
+    }
+    void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point) override {
+        log_ += " " + std::string(menu.name);
+    }
     void unsynchronise(canvas::Canvas&, canvas::LabelsD& node) override { log_ += " unlink " + node.Caption(); }
     platform::Answer show(const std::string& text, const std::string&, platform::Icon, platform::Buttons) override {
         log_ += " says " + text;
@@ -47,9 +52,8 @@ class ZoomCanvas : public canvas::Canvas {
 struct PointerStage {
     LoggingHost host;
     canvas::CanvasSettings settings;
-    canvas::Canvas form{{host, settings}};
-    canvas::DesignRules rules;
-    std::optional<canvas::CanvasPointer> pointer{std::in_place, form, canvas::PointerPorts{host, host, host, rules}};
+    canvas::DrawForm form{{host, settings}};
+    std::optional<canvas::CanvasPointer> pointer{std::in_place, form, canvas::PointerPorts{host, host, host}};
 
     explicit PointerStage(std::string tool = "Arrow") {
         host.tool = std::move(tool);

@@ -97,7 +97,7 @@ TEST_P(EveryRepository, SampleComesBackWithItsOutputsAndItsChanges) {
     form().Labels.Add({10, 20, 1500, 750}, "Comment1", canvas::NodeTypeComment).setComment("new");
     form().nodeNamed("RS4")->setLeft(4321.5F);
     canvas::LabelsD& gone = *form().nodeNamed("RS5");
-    form().DeletedNodes.Add(gone.recordSet()->NodeID, entities::DeletedRecordSet);
+    form().DeletedNodes->Add(gone.recordSet()->NodeID, entities::DeletedRecordSet);
     form().nodeNamed("Activity2")->activity()->Act_Outputs->Item("ED_ID")->ProviderFor->Remove("RS5.ED_ID");
     form().Labels.Remove(gone.Index());
     const std::string changed = testkit::modelText(form());

@@ -132,8 +132,7 @@ class FrameTest : public WindowTest {
         Frame program;
         canvas::DrawForm* one = program.open("One & only");
         canvas::DrawForm* two = program.open("Two");
-        two->Enabled = false;
-        program.frame.commandsChanged();
+        two->setEnabled(false);
         const QList<QAction*> entries = program.windowMenu().actions();
         QCOMPARE(entries.size(), 6);  // three arrangements, a line and the windows
         QCOMPARE(entries[4]->text(), QStringLiteral("One && only"));

@@ -36,7 +36,7 @@ struct Wizard : StartedProgram {
     void run(const char* type, const std::function<void(QDialog&)>& act) {
         activity->Act_Type = logic.catalogue().ActivityTypeIndex(type);
         dialogs.at(QStringLiteral("LDLForm"), act);
-        logic.designPorts().windows.openTemplateWizard(*form->nodeNamed("Sel"));
+        logic.designPorts().windows.openTemplateWizard(*form, *form->nodeNamed("Sel"));
     }
 
     canvas::DrawForm* form = nullptr;
@@ -153,7 +153,7 @@ class LdlWizardTest : public WindowTest {
         });
         QVERIFY(wizard.activity->Act_LDL.find("Sel_IN1_PRICE > 10,") != std::string::npos);
         QCOMPARE(wizard.activity->Act_Parameters.count(), 3);
-        QVERIFY(wizard.form->Enabled);
+        QVERIFY(wizard.form->Enabled());
     }
 
     void anArrayGetsItsElements() {
@@ -206,7 +206,7 @@ class LdlWizardTest : public WindowTest {
             QTest::keyClick(&window, Qt::Key_Escape);
         });
         QCOMPARE(wizard.activity->Act_LDL, std::string());
-        QVERIFY(wizard.form->Enabled);
+        QVERIFY(wizard.form->Enabled());
     }
 
     void createLdlOpensItForAnActivityWithoutText() {

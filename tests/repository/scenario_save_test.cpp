@@ -59,7 +59,7 @@ TEST_F(ScenarioSaveTest, UnchangedSaveRewritesLinksAndLinesOnlyAndSaveAsAll) {
         EXPECT_EQ(times, 1) << text;
     }
     database.takeLog();
-    form->DeletedNodes.Add(77, entities::DeletedLog);
+    form->DeletedNodes->Add(77, entities::DeletedLog);
     save(false);
     EXPECT_EQ(database.takeLog(),
               (Texts{"DELETE FROM ScenarioNodes WHERE Node_ID=? [77]", "DELETE FROM Lines WHERE Scenario_ID=? [11]",
@@ -70,11 +70,11 @@ TEST_F(ScenarioSaveTest, UnchangedSaveRewritesLinksAndLinesOnlyAndSaveAsAll) {
                      "INSERT INTO RelationShips VALUES(?,?,?,?,?,?) [102,1002,2,RS9.A,RS9,1]",
                      "UPDATE ScenarioNodes SET Left=?,Top=?,Width=?,Height=? WHERE Node_ID=? [100,200,1050,450,104]",
                      "INSERT INTO Lines Values(?,?,?,?,?,?,?) [11,RS1,3,Act1,1,0,3]"}));
-    EXPECT_EQ(form->DeletedNodes.Count(), 1) << "a plain save keeps the store";
+    EXPECT_EQ(form->DeletedNodes->Count(), 1) << "a plain save keeps the store";
     save(true);
     EXPECT_EQ(form->ScenarioID, 12);
     EXPECT_EQ(recordSet().NodeID, 105);
-    EXPECT_EQ(form->DeletedNodes.Count(), 0) << "the deletions are the first scenario's";
+    EXPECT_EQ(form->DeletedNodes->Count(), 0) << "the deletions are the first scenario's";
 }
 
 TEST_F(ScenarioSaveTest, TakenNameReplacesTheOtherScenario) {

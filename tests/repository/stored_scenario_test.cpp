@@ -106,7 +106,7 @@ class StoredScenarioTest : public ::testing::Test {
     void applyDeletions(canvas::DrawForm& form) {
         repository::StatementCache open = repository::openRepository(services);
         loadSave.ApplyDeletions(form, form.ScenarioID, open);
-        form.DeletedNodes.Clear();
+        form.DeletedNodes->Clear();
     }
 
     void save(canvas::DrawForm& form, bool SaveAs, Answer toQuestions) {
@@ -237,7 +237,7 @@ TEST_F(StoredScenarioTest, DeletedMembersLeaveNoRow) {
     const auto form = savedGraph();
     entities::ActivityProperties& owner = activity(*form);
     entities::FunctionProperties& function = *owner.Act_Functions->Item("F");
-    canvas::DeletedNodesCollection& deleted = form->DeletedNodes;
+    canvas::DeletedNodesCollection& deleted = *form->DeletedNodes;
     deleted.Add(owner.Act_Inputs->Item("A")->SubNode_ID, entities::KindInput);
     deleted.Add(owner.Act_Outputs->Item("O")->SubNode_ID, entities::KindOutput);
     deleted.Add(owner.Act_Parameters->Item("P")->SubNode_ID, entities::KindParameter);
@@ -255,11 +255,11 @@ TEST_F(StoredScenarioTest, DeletedMembersLeaveNoRow) {
 TEST_F(StoredScenarioTest, DeletedNodesLeaveNoRow) {
     const auto form = savedGraph();
     for (const char* name : {"RS1", "RS2", "Bare"}) {
-        form->DeletedNodes.Add(recordSet(*form, name).NodeID, entities::DeletedRecordSet);
+        form->DeletedNodes->Add(recordSet(*form, name).NodeID, entities::DeletedRecordSet);
     }
-    form->DeletedNodes.Add(activity(*form).NodeID, entities::DeletedActivity);
-    form->DeletedNodes.Add(5, entities::DeletedComment);
-    form->DeletedNodes.Add(6, entities::DeletedLog);
+    form->DeletedNodes->Add(activity(*form).NodeID, entities::DeletedActivity);
+    form->DeletedNodes->Add(5, entities::DeletedComment);
+    form->DeletedNodes->Add(6, entities::DeletedLog);
     applyDeletions(*form);
     EXPECT_EQ(storedRows(), 0);
 }

@@ -87,7 +87,7 @@ TEST_F(Frame, CancelInTheClosingQuestionKeepsTheWindow) {
 TEST_F(Frame, CommandsPassADisabledWindowBy) {
     frame.frame.start();
     open("a");
-    frame.active().Enabled = false;
+    frame.active().setEnabled(false);
     for (const Command command : {Command::saveScenario, Command::saveScenarioAs, Command::exportText,
                                   Command::createLdl, Command::closeScenario}) {
         EXPECT_FALSE(frame.frame.isEnabled(command));
@@ -156,7 +156,7 @@ TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     frame.frame.run(Command::zoomOut);
     EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
 
-    frame.active().DeletedNodes.Add(1, entities::DeletedRecordSet);
+    frame.active().DeletedNodes->Add(1, entities::DeletedRecordSet);
     frame.frame.tools().setEmptyState();
     frame.frame.tools().canvasFocused(frame.active());
     repository.messages.expect("Undo");

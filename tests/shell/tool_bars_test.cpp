@@ -59,7 +59,7 @@ TEST_F(Tools, StatesFollowTheFocus) {
 
 TEST_F(Tools, UndoFollowsDeletionsOnlyAtAChangeOfState) {
     tools.canvasFocused(design);
-    design.DeletedNodes.Add(1, entities::DeletedActivity);
+    design.DeletedNodes->Add(1, entities::DeletedActivity);
     const auto enabledAt = [this](const canvas::Canvas& canvas) {
         tools.canvasFocused(canvas);
         return tools.isMenuEnabled("Undo");
@@ -68,7 +68,7 @@ TEST_F(Tools, UndoFollowsDeletionsOnlyAtAChangeOfState) {
     EXPECT_FALSE(enabledAt(zoom)) << "nothing deleted there: unchanged";
     EXPECT_TRUE(enabledAt(design));
     EXPECT_TRUE(enabledAt(zoom));
-    zoom.DeletedNodes.Add(1, entities::DeletedActivity);
+    zoom.DeletedNodes->Add(1, entities::DeletedActivity);
     tools.canvasFocused(design);
     EXPECT_FALSE(enabledAt(zoom));
 }

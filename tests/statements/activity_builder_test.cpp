@@ -91,7 +91,7 @@ TEST_F(ActivityBuilderTest, BuildsTheActivity) {
     EXPECT_EQ(built(*activity), expected);
     EXPECT_TRUE(activity->Changed);
     std::string deleted;
-    for (const canvas::DeletedNode& node : form.DeletedNodes) {
+    for (const canvas::DeletedNode& node : *form.DeletedNodes) {
         deleted += std::to_string(platform::numberOf(node.NodeKind)) + ":" + std::to_string(node.NodeID) + " ";
     }
     EXPECT_EQ(deleted, "7:13 3:12 2:11 ") << "the hand-made output of the same name makes room";

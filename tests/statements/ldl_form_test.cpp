@@ -39,7 +39,7 @@ TEST_F(LDLFormTest, OpensAndClosesAroundTheGraph) {
     ActivityDialog* const callers[] = {nullptr, &dialog};
     for (ActivityDialog* from : callers) {
         const auto play = [&](LDLForm& open) {
-            EXPECT_EQ(form.Enabled, from != nullptr);
+            EXPECT_EQ(form.Enabled(), from != nullptr);
             EXPECT_EQ(open.txtTemplate, "text");
             EXPECT_EQ(open.OutputsView.Count(), 1) << "generated outputs do not count";
             EXPECT_EQ(open.Sources.Count(), 1);

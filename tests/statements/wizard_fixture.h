@@ -96,7 +96,7 @@ class WizardTest : public testkit::CanvasTest {
         EXPECT_FALSE(wizard.isOpen());
         EXPECT_EQ(wizard.Activity, nullptr);
         EXPECT_EQ(wizard.Sources.Count() + wizard.OutputsView.Count() + wizard.Variables.Count(), 0);
-        EXPECT_TRUE(form.Enabled);
+        EXPECT_TRUE(form.Enabled());
     }
 
     canvas::DrawForm form{ports.services()};

@@ -41,15 +41,15 @@ QString words(std::string_view utf8) {
 
 }  // namespace
 
-CanvasEditor::CanvasEditor(canvas::Canvas& canvas, const Theme& theme, const canvas::PointerPorts& ports,
+CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                            QWidget* parent)
-    : CanvasViewWidget(canvas, theme, parent), pointer_(canvas, ports) {
+    : CanvasViewWidget(form, theme, parent), pointer_(form, ports) {
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
 }
 
 CanvasEditor::~CanvasEditor() {
     // The gesture under way ends with the window; nothing is left to show it.
-    shownCanvas().setView(nullptr);
+    stopListening();
     if (comment_) {
         comment_->removeEventFilter(this);
     }

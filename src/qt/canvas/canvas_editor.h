@@ -15,7 +15,7 @@ class CanvasEditor : public CanvasViewWidget {
     Q_OBJECT
 
   public:
-    CanvasEditor(canvas::Canvas& canvas, const Theme& theme, const canvas::PointerPorts& ports,
+    CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                  QWidget* parent = nullptr);
     ~CanvasEditor() override;
 

@@ -18,7 +18,11 @@ constexpr double kScaleStep = 1.25;
 }  // namespace
 
 CanvasViewWidget::CanvasViewWidget(canvas::Canvas& canvas, const Theme& theme, QWidget* parent)
-    : QAbstractScrollArea(parent), canvas_(canvas), theme_(theme), nodePainter_(font()) {
+    : QAbstractScrollArea(parent),
+      canvas_(canvas),
+      subscription_(canvas.listen(*this)),
+      theme_(theme),
+      nodePainter_(font()) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -34,15 +38,10 @@ CanvasViewWidget::CanvasViewWidget(canvas::Canvas& canvas, const Theme& theme, Q
         nodePainter_.forgetPictures();
         repaintAll();
     });
-    canvas_.setView(this);
     settleSoon();
 }
 
-CanvasViewWidget::~CanvasViewWidget() {
-    if (canvas_.view() == this) {
-        canvas_.setView(nullptr);
-    }
-}
+CanvasViewWidget::~CanvasViewWidget() = default;
 
 // What the model tells.
 
@@ -55,12 +54,16 @@ bool CanvasViewWidget::takesChange() {
     if (++changes_ <= kFewChanges + (nodes_.count() + edges_.count()) / 4) {
         return true;
     }
+    forgetIndex();
+    return false;
+}
+
+void CanvasViewWidget::forgetIndex() {
     stale_ = true;
     nodes_.clear();
     edges_.clear();
     repaintAll();
     settleSoon();
-    return false;
 }
 
 template <class Item>
@@ -122,6 +125,10 @@ void CanvasViewWidget::edgeRemoved(const canvas::LinesD& edge) {
         showMarkers();
     }
     itemRemoved(edges_, edge);
+}
+
+void CanvasViewWidget::manyChanged() {
+    forgetIndex();
 }
 
 void CanvasViewWidget::markersChanged() {

@@ -16,7 +16,7 @@ namespace orvent::qt {
 ///
 /// The scroll bars are those of `PicForm`, but reach on to whatever lies beyond it. Ctrl and the wheel change the scale
 /// at the pointer, the wheel scrolls, and the middle button drags the picture.
-class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
+class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListener {
     Q_OBJECT
 
   public:
@@ -58,6 +58,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     void nodeRemoved(const canvas::LabelsD& node) override;
     void edgeChanged(const canvas::LinesD& edge) override;
     void edgeRemoved(const canvas::LinesD& edge) override;
+    void manyChanged() override;
     void markersChanged() override;
 
   Q_SIGNALS:
@@ -75,6 +76,8 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     void changeEvent(QEvent* event) override;
 
     canvas::Canvas& shownCanvas() const { return canvas_; }
+    /// The canvas is not listened to any more.
+    void stopListening() { subscription_.end(); }
     const Theme& theme() const { return theme_; }
 
   private:
@@ -83,6 +86,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     template <class Item>
     void itemRemoved(ItemIndex<Item>& index, const Item& item);
     bool takesChange();
+    void forgetIndex();
     void markDirty(const Extent& extent);
     void ensureIndex() const;
     void settleSoon();
@@ -109,6 +113,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasView {
     QString toolTipAt(QPoint place);
 
     canvas::Canvas& canvas_;
+    canvas::CanvasSubscription subscription_;
     const Theme& theme_;
     double scale_ = 1;
     mutable ItemIndex<canvas::LabelsD> nodes_;

@@ -12,7 +12,10 @@ namespace orvent::qt {
 
 ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                                AskClose askClose)
-    : form_(&form), askClose_(std::move(askClose)), editor_(new CanvasEditor(form, theme, ports, this)) {
+    : form_(&form),
+      subscription_(form.listen(*this)),
+      askClose_(std::move(askClose)),
+      editor_(new CanvasEditor(form, theme, ports, this)) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     // Tabs take the place of a maximized window, for which the toolkit would rewrite the frame's title.
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -23,8 +26,7 @@ ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, const
     setWindowIcon(icon(QStringLiteral("scenario")));
     setWidget(editor_);
     setFocusProxy(editor_);
-    form_->captionChanged = [this] { showCaption(); };
-    showCaption();
+    formChanged();
 }
 
 ScenarioWindow::~ScenarioWindow() {
@@ -33,17 +35,17 @@ ScenarioWindow::~ScenarioWindow() {
 
 void ScenarioWindow::release() {
     if (form_) {
-        form_->captionChanged = nullptr;
+        subscription_.end();
         form_ = nullptr;
         delete std::exchange(editor_, nullptr);
     }
 }
 
 void ScenarioWindow::showEnabled() {
-    setEnabled(form_ && form_->Enabled);
+    setEnabled(form_ && form_->Enabled());
 }
 
-void ScenarioWindow::showCaption() {
+void ScenarioWindow::formChanged() {
     setWindowTitle(QString::fromStdString(form_->Caption()));
     Q_EMIT captionChanged();
 }

@@ -13,7 +13,7 @@ class Theme;
 
 /// The child window of one scenario. It never closes by itself: a close request goes to the frame's logic, which takes
 /// the window away when the scenario goes.
-class ScenarioWindow : public QMdiSubWindow {
+class ScenarioWindow : public QMdiSubWindow, private canvas::CanvasListener {
     Q_OBJECT
 
   public:
@@ -42,9 +42,10 @@ class ScenarioWindow : public QMdiSubWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void showCaption();
+    void formChanged() override;
 
     canvas::DrawForm* form_;
+    canvas::CanvasSubscription subscription_;
     AskClose askClose_;
     CanvasEditor* editor_;
 };

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "canvas/canvas.h"
+
+namespace orvent::canvas {
+
+class CanvasRules;
+class DrawForm;
+
+/// The kinds of window that menus and commands tell apart.
+enum class WindowKind { none, design, zoom };
+
+/// A window with a canvas: the design window of a scenario, or a view over a part of one. The frame treats all of them
+/// alike; what differs is asked here. Its listeners are told by `formChanged` when caption or `Enabled` change.
+class CanvasForm : public Canvas {
+  public:
+    using Canvas::Canvas;
+
+    WindowKind kind() const { return isZoom() ? WindowKind::zoom : WindowKind::design; }
+
+    /// The design window of its scenario: itself, or the one from which it was opened.
+    virtual DrawForm& scenario() = 0;
+
+    /// What gestures and menus mean on its canvas.
+    virtual CanvasRules& rules() = 0;
+
+    /// Its own "Save": a design window goes to the repository, another one gives its changes to its scenario first.
+    virtual void Save() = 0;
+
+    /// The close request: asks what has to be asked, and does what the answer demands. False: the window stays.
+    /// After true its holder drops it.
+    virtual bool QueryUnload() = 0;
+
+    /// The window's title.
+    const std::string& Caption() const { return caption_; }
+    void setCaption(const std::string& value);
+
+    /// False while one of its dialogs, or a view over it, is open: the window takes no input and is not closed.
+    bool Enabled() const { return enabled_; }
+    void setEnabled(bool value);
+
+  private:
+    std::string caption_;
+    bool enabled_ = true;
+};
+
+}  // namespace orvent::canvas

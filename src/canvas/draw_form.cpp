@@ -1,0 +1,17 @@
+#include "canvas/draw_form.h"
+
+namespace orvent::canvas {
+
+void DrawForm::Save() {
+    if (store_) {
+        store_->saveScenario(*this);
+    }
+}
+
+bool DrawForm::QueryUnload() {
+    using namespace platform;
+    return messages().show("ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario", Icon::question,
+                           Buttons::okCancel) == Answer::ok;
+}
+
+}  // namespace orvent::canvas
