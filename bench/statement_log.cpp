@@ -37,6 +37,7 @@ class RecordingStatement : public platform::Statement {
     std::string text(int column) override { return real_->text(column); }
     long long number(int column) override { return real_->number(column); }
     float realNumber(int column) override { return real_->realNumber(column); }
+    long long changedRows() override { return real_->changedRows(); }
 
   private:
     void keep(int parameter, StatementLog::Value value) {

@@ -26,6 +26,13 @@ class DrawForm : public CanvasForm {
 
     std::string Tag;              ///< the slot in the table of scenario windows, as decimal text
     std::int16_t ScenarioID = 0;  ///< repository key, 0 until the scenario was saved or loaded
+    /// What is stored of the scenario, as far as the window knows.
+    struct Stored {
+        std::uint64_t mark = 0;  ///< stands for the content as it was made, saved or loaded last
+        bool changed = false;    ///< something has changed since, or the stored scenario is not the window's any more
+    };
+    Stored stored;
+    bool deleted = false;  ///< the scenario that the window showed was removed from the repository
 
     // The window's title is the scenario's name.
     const std::string& ScenarioName() const { return Caption(); }

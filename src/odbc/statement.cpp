@@ -119,6 +119,12 @@ void OdbcStatement::executeDefinition() {
     runAll(translation_.after);
 }
 
+long long OdbcStatement::changedRows() {
+    SQLLEN rows = -1;
+    check(SQLRowCount(handle_.get(), &rows));
+    return rows;
+}
+
 bool OdbcStatement::fetch() {
     return rows_.fetch();
 }

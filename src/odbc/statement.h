@@ -23,6 +23,7 @@ class OdbcStatement : public platform::Statement {
 
     void execute() override;
     bool fetch() override;
+    long long changedRows() override;
 
     bool isNull(int column) override { return rows_.isNull(column); }
     std::string text(int column) override { return rows_.text(column); }

@@ -45,6 +45,10 @@ class Statement {
     virtual void execute() = 0;
     virtual bool fetch() = 0;  ///< steps to the next row; false behind the last one
 
+    /// How many rows the INSERT, UPDATE or DELETE just executed has reached, -1 when the driver cannot say. Some drivers
+    /// leave out a row whose values were the same already.
+    virtual long long changedRows() = 0;
+
     virtual bool isNull(int column) = 0;
     virtual std::string text(int column) = 0;  ///< null reads as the empty text
     virtual long long number(int column) = 0;  ///< null reads as 0; a text that is no number is an error

@@ -8,6 +8,7 @@
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_reader.h"
 #include "repository/scenario_statements.h"
+#include "repository/stored_content.h"
 #include "zoom/synchronize_functions.h"
 
 namespace orvent::repository {
@@ -110,9 +111,13 @@ void finishNodes(DrawForm& form) {
 
 bool ScenarioLoadSave::LoadScenario(DrawForm& form, std::int16_t ScenarioID) {
     try {
-        return load(form, ScenarioID);
+        const bool found = load(form, ScenarioID);
+        markStored(form);
+        return found;
     } catch (const platform::Fault& fault) {
         form.ScenarioID = 0;
+        form.setCaption(form.Caption() + " (in part)");
+        markStored(form);
         showFault(services_, fault);
         return true;
     }

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "platform/steps.h"
+#include "repository/node_rows.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_statements.h"
-#include "repository/stored_identity.h"
 
 namespace orvent::repository {
 
@@ -49,7 +49,7 @@ constexpr std::array<KindStatements<entities::NodeKindCode>, 11> kDeletions = {{
 
 template <class Code, std::size_t rows>
 void runForKind(StatementCache& repository, const std::array<KindStatements<Code>, rows>& table, Code kind,
-                std::int16_t id) {
+                long long id) {
     for (const KindStatements<Code>& row : table) {
         if (row.kind == kind) {
             for (const std::string_view statement : row.statements) {
@@ -62,62 +62,45 @@ void runForKind(StatementCache& repository, const std::array<KindStatements<Code
     }
 }
 
-struct NodeRow {
-    std::int16_t id;
-    canvas::NodeTypeCode type;
-};
+}  // namespace
 
-std::vector<NodeRow> nodeRows(StatementCache& repository, std::int16_t ScenarioID) {
-    std::vector<NodeRow> rows;
+std::vector<StoredNode> nodesOf(StatementCache& repository, std::int16_t ScenarioID) {
+    std::vector<StoredNode> nodes;
     platform::Statement& row = repository.run(sql::kNodeTypes, ScenarioID);
     while (row.fetch()) {
         // A type that no code can be has no rows of its own, like every unknown one.
         const long long type = row.number(2);
         const bool isCode = std::in_range<std::int32_t>(type);
-        rows.push_back({platform::checkedI16(row.number(1), "Identifier"),
-                        isCode ? static_cast<canvas::NodeTypeCode>(type) : canvas::NodeTypeCode{}});
+        nodes.push_back({row.number(1), isCode ? static_cast<canvas::NodeTypeCode>(type) : canvas::NodeTypeCode{}});
     }
-    return rows;
+    return nodes;
 }
 
-void removeNode(StatementCache& repository, const NodeRow& node) {
+void removeMembers(StatementCache& repository, const StoredNode& node) {
     repository.run(sql::kDropRelationShips, node.id);
     runForKind(repository, kWholeNodes, node.type, node.id);
 }
 
-}  // namespace
-
 void ScenarioLoadSave::RemoveScenario(std::int16_t ScenarioID, bool DeleteRow) {
     removeRows(ScenarioID, DeleteRow, nullptr);
-    unfinished_.erase(ScenarioID);
+    interrupted().scenarios.erase(ScenarioID);
 }
 
 void ScenarioLoadSave::removeRows(std::int16_t ScenarioID, bool DeleteRow, const canvas::DrawForm* except) {
     const platform::Busy busy(services_.progress);
     StatementCache repository = openRepository(services_);
-    const std::vector<NodeRow> nodes = nodeRows(repository, ScenarioID);
+    const std::vector<StoredNode> nodes = nodesOf(repository, ScenarioID);
     // Before the first row goes: an interrupted removal has broken the scenario for these windows, too.
     windows_.scenarioGone(ScenarioID, except);
     platform::Steps steps(services_.progress, nodes.size());
-    for (const NodeRow& node : nodes) {
-        removeNode(repository, node);
+    for (const StoredNode& node : nodes) {
+        removeMembers(repository, node);
         steps.next();
     }
     repository.run(sql::kDropLines, ScenarioID);
     repository.run(sql::kDropNodes, ScenarioID);
     if (DeleteRow) {
         repository.run(sql::kDropScenario, ScenarioID);
-    }
-}
-
-/// After an interrupted save: removes the stored nodes that the window does not know as its own.
-void ScenarioLoadSave::removeUnknownNodes(const canvas::DrawForm& form, StatementCache& repository) {
-    const auto known = storedNodes(form);
-    for (const NodeRow& node : nodeRows(repository, form.ScenarioID)) {
-        if (!known.contains(node.id)) {
-            removeNode(repository, node);
-            repository.run(sql::kDropNode, node.id);
-        }
     }
 }
 

@@ -1,11 +1,16 @@
 // The flow of a save: where a scenario is written to, and what happens when that fails.
 
+#include <algorithm>
 #include <optional>
+#include <unordered_set>
+#include <vector>
 
 #include "platform/steps.h"
+#include "repository/node_rows.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_statements.h"
 #include "repository/scenario_writer.h"
+#include "repository/stored_content.h"
 #include "repository/stored_identity.h"
 
 namespace orvent::repository {
@@ -20,54 +25,74 @@ struct ScenarioLoadSave::SaveAttempt {
     DrawForm& form;
     bool SaveAs;
     StatementCache& repository;
+    StoredIdentity before;   ///< what the window stood for
     bool replace = false;    ///< the user wants the stored scenario of that name replaced
+    bool fullWrite = false;  ///< the window's records were cut from the rows they stood for
     bool nameTaken = false;  ///< the scenario's own row was refused
-    bool noSuchName = false;
-    std::string fault;
+    std::string owner{};     ///< another user, who owns the scenario of that name
+    bool hopeless = false;   ///< asking would not help
+    bool scenarioGone = false;
+    std::string fault{};
 };
 
-void ScenarioLoadSave::SaveScenario(DrawForm& form, bool SaveAs) {
+ScenarioLoadSave::Interrupted& ScenarioLoadSave::interrupted() {
+    const std::string& source = services_.settings.login.ReposConnString;
+    if (interrupted_.source != source) {
+        interrupted_ = {{}, {}, source};
+    }
+    return interrupted_;
+}
+
+void ScenarioLoadSave::forgetInterruptedSaves() {
+    interrupted_ = {};
+}
+
+SaveResult ScenarioLoadSave::SaveScenario(DrawForm& form, bool SaveAs) {
     if (form.KeptCaption.empty()) {
         form.KeptCaption = form.Caption();  // no dialog has kept it
     }
-    if (save(form, SaveAs)) {
+    const SaveResult result = save(form, SaveAs);
+    if (result == SaveResult::saved) {
+        markStored(form);
+        form.deleted = false;
         services_.messages.tell("Saved");
     } else if (form.Caption() != form.KeptCaption) {
         form.setCaption(form.KeptCaption);
     }
     form.KeptCaption.clear();
+    return result;
 }
 
-/// True when the scenario was written, false when the save was given up.
-bool ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
+SaveResult ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
     std::optional<StatementCache> repository;
     try {
+        refuseNullCharacters(form);
         repository.emplace(openRepository(services_));
     } catch (const platform::Fault& fault) {
         showFault(services_, fault);
-        return false;
+        return SaveResult::givenUp;
     }
-    SaveAttempt save{form, SaveAs, *repository, false, false, false, {}};
+    SaveAttempt save{.form = form, .SaveAs = SaveAs, .repository = *repository, .before = StoredIdentity(form)};
     while (!attempt(save)) {
-        if (!save.nameTaken) {
-            services_.messages.tell(save.fault, {}, Icon::critical);
+        if (save.scenarioGone) {
+            return SaveResult::scenarioGone;
         }
-        if (save.noSuchName) {
-            return false;
-        }
-        const Answer answer = services_.messages.show("This Scenario Allready Exists.Would You Like To Replace It?",
-                                                      "Overwrite Scenario", Icon::question, Buttons::yesNoCancel);
-        save.replace = answer == Answer::yes;
-        if (answer == Answer::cancel || (answer == Answer::no && !askNewName(form))) {
-            return false;
+        if (!askAgain(save)) {
+            if (save.fullWrite) {  // what the window shows now belongs to no stored scenario
+                forgetStoredRows(form);
+                form.ScenarioID = 0;
+                form.stored.changed = true;
+            }
+            return SaveResult::givenUp;
         }
     }
-    return true;
+    return SaveResult::saved;
 }
 
 bool ScenarioLoadSave::attempt(SaveAttempt& save) {
     save.nameTaken = false;
-    save.noSuchName = false;
+    save.owner.clear();
+    save.fault.clear();
     try {
         const platform::Busy busy(services_.progress);
         if (save.replace) {
@@ -75,58 +100,179 @@ bool ScenarioLoadSave::attempt(SaveAttempt& save) {
         } else {
             beginSave(save);
         }
+        if (save.scenarioGone || !save.owner.empty()) {
+            return false;
+        }
         writeScenario(save);
         return true;
+    } catch (const NoIdentifiersLeft& fault) {
+        save.hopeless = true;
+        save.fault = fault.description();
     } catch (const platform::Fault& fault) {
         save.fault = fault.description();
+    }
+    return false;
+}
+
+/// After a failed attempt: tells why and asks what now. False when the user gives up.
+bool ScenarioLoadSave::askAgain(SaveAttempt& save) {
+    if (!save.owner.empty()) {
+        services_.messages.tell("This scenario belongs to " + save.owner + ".", {}, Icon::information);
+        save.replace = false;
+        return askNewName(save.form);
+    }
+    if (!save.nameTaken) {
+        services_.messages.tell(save.fault, {}, Icon::critical);
+    }
+    if (save.hopeless) {
         return false;
     }
+    const Answer answer = services_.messages.show("This Scenario Allready Exists.Would You Like To Replace It?",
+                                                  "Overwrite Scenario", Icon::question, Buttons::yesNoCancel);
+    save.replace = answer == Answer::yes;
+    return save.replace || (answer == Answer::no && askNewName(save.form));
 }
 
 /// Finds the rows to write to: those of the scenario that the window shows, or a scenario of its own.
 void ScenarioLoadSave::beginSave(SaveAttempt& save) {
     DrawForm& form = save.form;
-    if (form.ScenarioID != 0 && !save.SaveAs) {
-        if (unfinished_.contains(form.ScenarioID)) {
-            windows_.scenarioGone(form.ScenarioID, &form);
-            removeUnknownNodes(form, save.repository);
-        }
+    if (form.ScenarioID == 0 || save.SaveAs) {
+        addScenario(save);
+    } else if (findScenario(save)) {
         ApplyDeletions(form, form.ScenarioID, save.repository);
-        return;
+    } else {
+        save.scenarioGone = true;
     }
+}
+
+/// Looks what another program has left of the scenario that the window shows. False when it is not the window's any
+/// more. Single nodes that are gone become new.
+bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
+    DrawForm& form = save.form;
+    const std::int16_t ScenarioID = form.ScenarioID;
+    platform::Statement& row = save.repository.run(sql::kScenarioName, ScenarioID);
+    const bool found = row.fetch();
+    while (row.fetch()) {
+    }
+    if (!found) {
+        windows_.scenarioGone(ScenarioID, nullptr);
+        form.ScenarioID = 0;
+        form.stored.changed = true;
+        return false;
+    }
+    const std::unordered_set<long long> own = storedNodes(form);
+    std::unordered_set<long long> deleted;
+    for (const canvas::DeletedNode& node : *form.DeletedNodes) {
+        deleted.insert(node.NodeKind >= entities::DeletedActivity ? node.NodeID : 0);
+    }
+    std::unordered_set<long long> stored;
+    std::vector<StoredNode> others;
+    for (const StoredNode& node : nodesOf(save.repository, ScenarioID)) {
+        stored.insert(node.id);
+        if (!own.contains(node.id) && !deleted.contains(node.id)) {
+            others.push_back(node);
+        }
+    }
+    const bool interruptedHere = interrupted().scenarios.contains(ScenarioID);
+    const bool noneLeft = std::ranges::none_of(own, [&](long long id) { return stored.contains(id); });
+    if (!interruptedHere && noneLeft && !others.empty()) {
+        form.ScenarioID = 0;  // replaced; another window may show what stands there now
+        form.stored.changed = true;
+        return false;
+    }
+    if (interruptedHere) {
+        windows_.scenarioGone(ScenarioID, &form);
+        for (const StoredNode& node : others) {  // rows that nobody knows
+            removeMembers(save.repository, node);
+            save.repository.run(sql::kDropNode, node.id);
+        }
+    }
+    forgetNodesWithoutRow(form, stored);
+    return true;
+}
+
+void ScenarioLoadSave::addScenario(SaveAttempt& save) {
+    DrawForm& form = save.form;
+    std::set<std::string>& uncertain = interrupted().names;
+    const bool leftBefore = uncertain.contains(form.ScenarioName());
+    // Until its identifier is known: the row may be made although the reply never comes.
+    uncertain.insert(form.ScenarioName());
+    std::int16_t ScenarioID = 0;
     try {
-        save.repository.run(sql::kAddScenario, form.ScenarioName(), services_.settings.login.User);
+        save.repository.run(kScenarioRow.add, form.ScenarioName(), services_.settings.login.User);
+        ScenarioID = identifierOf(save.repository, kScenarioRow);
+    } catch (const NoIdentifiersLeft&) {
+        uncertain.erase(form.ScenarioName());
+        throw;
     } catch (const platform::DatabaseError& error) {
+        if (error.integrityViolation() && leftBefore && isOwnLeftover(form.ScenarioName(), save.repository)) {
+            takeOverScenario(save);
+            return;
+        }
         save.nameTaken = error.integrityViolation();
+        if (save.nameTaken) {
+            uncertain.erase(form.ScenarioName());
+        }
         throw;
     }
-    form.ScenarioID = givenIdentifier(save.repository, sql::kScenarioIdentifier);
+    uncertain.erase(form.ScenarioName());
+    save.fullWrite = true;
+    form.ScenarioID = ScenarioID;
     forgetStoredRows(form);
 }
 
-/// Makes the stored scenario of the window's name the window's own and empties it. Everything is written anew then:
-/// the rows that the records know are gone.
+/// Whether the scenario of that name is the empty row that an interrupted save of this user has left.
+bool ScenarioLoadSave::isOwnLeftover(const std::string& name, StatementCache& repository) {
+    bool own = false;
+    platform::Statement& owner = repository.run(sql::kScenarioOwner, name);
+    while (owner.fetch()) {
+        own = owner.text(1) == services_.settings.login.User;
+    }
+    std::optional<long long> identifier;
+    platform::Statement& row = repository.run(sql::kScenarioByName, name);
+    while (row.fetch()) {
+        identifier = row.number(1);
+    }
+    return own && identifier && fits(*identifier) &&
+           nodesOf(repository, static_cast<std::int16_t>(*identifier)).empty();
+}
+
+/// Makes the stored scenario of the window's name the window's own and empties it, unless it belongs to another user.
+/// Everything is written anew then: the rows that the records know are gone.
 void ScenarioLoadSave::takeOverScenario(SaveAttempt& save) {
     DrawForm& form = save.form;
-    std::optional<std::int16_t> known;
+    platform::Statement& owner = save.repository.run(sql::kScenarioOwner, form.ScenarioName());
+    while (owner.fetch()) {
+        const std::string user = owner.text(1);
+        save.owner = user == services_.settings.login.User ? "" : user;
+    }
+    if (!save.owner.empty()) {
+        return;
+    }
+    std::optional<long long> known;
     platform::Statement& row = save.repository.run(sql::kScenarioByName, form.ScenarioName());
     while (row.fetch()) {
-        known = platform::checkedI16(row.number(1), "Identifier");
+        known = row.number(1);
     }
     if (!known) {
-        save.noSuchName = true;
+        save.hopeless = true;
         throw platform::Fault("There is no scenario of the name \"" + form.ScenarioName() + "\".");
     }
-    form.ScenarioID = *known;
-    unfinished_.insert(*known);
+    if (!fits(*known)) {
+        throw NoIdentifiersLeft();
+    }
+    form.ScenarioID = static_cast<std::int16_t>(*known);
+    interrupted().names.erase(form.ScenarioName());
+    interrupted().scenarios.insert(form.ScenarioID);
+    save.fullWrite = true;
     forgetStoredRows(form);
-    removeRows(*known, false, &form);
+    removeRows(form.ScenarioID, false, &form);
 }
 
 void ScenarioLoadSave::writeScenario(SaveAttempt& save) {
     DrawForm& form = save.form;
     const std::int16_t ScenarioID = form.ScenarioID;
-    unfinished_.insert(ScenarioID);
+    interrupted().scenarios.insert(ScenarioID);
     platform::Steps steps(services_.progress, static_cast<std::size_t>(form.Labels.Count()));
     ScenarioWriter writer(save.repository, catalogue_.tables, ScenarioID);
     for (canvas::LabelsD& node : form.Labels) {
@@ -140,7 +286,15 @@ void ScenarioLoadSave::writeScenario(SaveAttempt& save) {
             writer.saveLine(line, from->Caption(), to->Caption());
         }
     }
-    unfinished_.erase(ScenarioID);
+    if (writer.exhausted() && save.fullWrite) {
+        removeRows(ScenarioID, !save.replace, &form);
+        save.before.restore(form);
+        save.fullWrite = false;
+    }
+    interrupted().scenarios.erase(ScenarioID);
+    if (writer.exhausted()) {
+        throw NoIdentifiersLeft();
+    }
 }
 
 /// The "No" of the question: true when the window has got another name to try.

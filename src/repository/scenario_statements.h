@@ -25,6 +25,17 @@ inline constexpr std::string_view kLinksByKind = "SELECT Relationship_Kind,From_
 inline constexpr std::string_view kLinks = "SELECT From_Key,From_Type,From_Name FROM Relationships WHERE Subnode_ID=?";
 inline constexpr std::string_view kRecordSet = "SELECT RecordSet_SQL FROM RecordSets WHERE RecordSet_ID=?";
 inline constexpr std::string_view kRecordSetOutputs = "SELECT Output_ID,Output_Key,DB_Key,Output_Type FROM RecordSetOutputs WHERE RecordSet_ID=?";
+inline constexpr std::string_view kScenarioOwner = "SELECT User_Name FROM Scenarios WHERE Scenario_Name=?";
+
+// Whether a row is there, by its identifier.
+inline constexpr std::string_view kHasNode = "SELECT Node_ID FROM ScenarioNodes WHERE Node_ID=?";
+inline constexpr std::string_view kHasRecordSet = "SELECT RecordSet_ID FROM RecordSets WHERE RecordSet_ID=?";
+inline constexpr std::string_view kHasRecordSetOutput = "SELECT Output_ID FROM RecordSetOutputs WHERE Output_ID=?";
+inline constexpr std::string_view kHasActivity = "SELECT Activity_ID FROM Activities WHERE Activity_ID=?";
+inline constexpr std::string_view kHasActivityFunction = "SELECT Function_ID FROM ActivityFunctions WHERE Function_ID=?";
+inline constexpr std::string_view kHasActivitySubNode = "SELECT SubNode_ID FROM ActivitySubNodes WHERE SubNode_ID=?";
+inline constexpr std::string_view kHasFunctionSubNode = "SELECT SubNode_ID FROM FunctionSubNodes WHERE SubNode_ID=?";
+inline constexpr std::string_view kHasComment = "SELECT Comment_ID FROM Comments WHERE Comment_ID=?";
 
 // The identifier that the INSERT just before has given.
 inline constexpr std::string_view kScenarioIdentifier = "SELECT Scenario_ID_seq.CURRVAL FROM dual";

@@ -13,21 +13,36 @@ using entities::FunctionProperties;
 using entities::ParameterProperties;
 using entities::RecordSetProperties;
 
-std::int16_t givenIdentifier(StatementCache& repository, std::string_view sequence) {
-    platform::Statement& row = repository.run(sequence);
-    if (!row.fetch()) {
-        throw platform::Fault("The sequence gave no number.");
+/// Inserts a record and gives its identifier, or 0 when there is none left.
+template <class... Values>
+std::int16_t ScenarioWriter::add(const NewRow& row, const Values&... values) {
+    if (exhausted_) {
+        return 0;
     }
-    const long long number = row.number(1);
-    row.fetch();  // steps behind the only row, which frees the query
-    return platform::checkedI16(number, "Identifier");
-}
-
-std::int16_t ScenarioWriter::given(std::string_view sequence) {
+    std::int16_t identifier = 0;
+    // Lost from here on: the INSERT may be carried out though its reply never comes.
     identifierLost_ = true;
-    const std::int16_t identifier = givenIdentifier(repository_, sequence);
+    try {
+        repository_.run(row.add, values...);
+        identifier = identifierOf(repository_, row);
+    } catch (const NoIdentifiersLeft&) {
+        exhausted_ = true;
+    } catch (const platform::DatabaseError& error) {
+        identifierLost_ = !error.integrityViolation();  // a refused row is not there
+        throw;
+    }
     identifierLost_ = false;
     return identifier;
+}
+
+/// Rewrites a stored record. When it is gone its identifier becomes 0, and it is new.
+template <class... Values>
+void ScenarioWriter::change(std::int16_t& identifier, std::string_view has, std::string_view sql,
+                            const Values&... values) {
+    // Some drivers count only rows whose values became others, so none does not mean that it is gone.
+    if (repository_.run(sql, values..., identifier).changedRows() == 0 && !repository_.finds(has, identifier)) {
+        identifier = 0;
+    }
 }
 
 void ScenarioWriter::saveNode(LabelsD& node, platform::MessageBox& messages) {
@@ -64,17 +79,22 @@ void ScenarioWriter::saveLine(const canvas::LinesD& line, const std::string& fro
 }
 
 std::int16_t ScenarioWriter::addNodeRow(const std::string& name, const LabelsD& node) {
-    repository_.run(sql::kAddNode, ScenarioID_, name, node.NodeType(), node.Left(), node.Top(), node.Width(),
-                    node.Height());
-    return given(sql::kNodeIdentifier);
+    return add(kNodeRow, ScenarioID_, name, node.NodeType(), node.Left(), node.Top(), node.Width(), node.Height());
 }
 
-void ScenarioWriter::changeNodeRow(const std::string& name, const LabelsD& node, std::int16_t NodeID) {
-    repository_.run(sql::kChangeNode, name, node.Left(), node.Top(), node.Width(), node.Height(), NodeID);
+/// Rewrites the row of a node. When it is gone the whole node is new.
+void ScenarioWriter::changeNodeRow(const std::string& name, LabelsD& node, std::int16_t& NodeID) {
+    change(NodeID, sql::kHasNode, sql::kChangeNode, name, node.Left(), node.Top(), node.Width(), node.Height());
+    if (NodeID == 0) {
+        forgetStoredRows(node);
+    }
 }
 
-void ScenarioWriter::saveRecordSet(RecordSetProperties& recordSet, const LabelsD& node) {
+void ScenarioWriter::saveRecordSet(RecordSetProperties& recordSet, LabelsD& node) {
     SaveRecordSetNode(recordSet, node);
+    if (recordSet.NodeID == 0) {
+        return;
+    }
     if (auto* attributes = recordSet.RecordSet_Outputs.peek()) {
         for (AttributeProperties& attribute : *attributes) {
             SaveRecordSetOutput(recordSet, attribute);
@@ -83,27 +103,35 @@ void ScenarioWriter::saveRecordSet(RecordSetProperties& recordSet, const LabelsD
     }
 }
 
-void ScenarioWriter::SaveRecordSetNode(RecordSetProperties& recordSet, const LabelsD& node) {
+void ScenarioWriter::SaveRecordSetNode(RecordSetProperties& recordSet, LabelsD& node) {
+    const auto addOwnRow = [&](std::int16_t id) { repository_.run(sql::kAddRecordSet, id, recordSet.RecordSet_SQL); };
+    if (recordSet.NodeID != 0 && recordSet.Changed) {
+        changeNodeRow(recordSet.RecordSet_Name, node, recordSet.NodeID);
+    }
     if (recordSet.NodeID == 0) {
-        const std::int16_t id = addNodeRow(recordSet.RecordSet_Name, node);
-        repository_.run(sql::kAddRecordSet, id, recordSet.RecordSet_SQL);
-        recordSet.NodeID = id;
+        if (const std::int16_t id = addNodeRow(recordSet.RecordSet_Name, node)) {
+            addOwnRow(id);
+            recordSet.NodeID = id;
+        }
         return;
     }
     if (recordSet.Changed) {
-        changeNodeRow(recordSet.RecordSet_Name, node, recordSet.NodeID);
-        repository_.run(sql::kChangeRecordSet, recordSet.RecordSet_SQL, recordSet.NodeID);
+        std::int16_t id = recordSet.NodeID;
+        change(id, sql::kHasRecordSet, sql::kChangeRecordSet, recordSet.RecordSet_SQL);
+        if (id == 0) {
+            addOwnRow(recordSet.NodeID);
+        }
     }
     repository_.run(sql::kDropNodeLinks, recordSet.NodeID);
 }
 
 void ScenarioWriter::SaveRecordSetOutput(const RecordSetProperties& recordSet, AttributeProperties& attribute) {
+    if (attribute.SubNode_ID != 0 && attribute.Changed) {
+        change(attribute.SubNode_ID, sql::kHasRecordSetOutput, sql::kChangeRecordSetOutput, attribute.Key);
+    }
     if (attribute.SubNode_ID == 0) {
-        repository_.run(sql::kAddRecordSetOutput, recordSet.NodeID, attribute.Key, recordSet.dbKey(attribute.Key),
-                        tables_.dataTypes.name(attribute.Attribute_Type));
-        attribute.SubNode_ID = given(sql::kSubNodeIdentifier);
-    } else if (attribute.Changed) {
-        repository_.run(sql::kChangeRecordSetOutput, attribute.Key, attribute.SubNode_ID);
+        attribute.SubNode_ID = add(kRecordSetOutputRow, recordSet.NodeID, attribute.Key, recordSet.dbKey(attribute.Key),
+                                   tables_.dataTypes.name(attribute.Attribute_Type));
     }
 }
 
@@ -117,13 +145,17 @@ void ScenarioWriter::saveSourceOrder(const ActivityProperties& activity) {
     }
 }
 
-void ScenarioWriter::saveActivity(ActivityProperties& activity, const LabelsD& node) {
+void ScenarioWriter::saveActivity(ActivityProperties& activity, LabelsD& node) {
     SaveActivityNode(activity, node);
+    if (activity.NodeID == 0) {
+        return;
+    }
     if (activity.Act_Inputs->Changed) {
         for (AttributeProperties& input : *activity.Act_Inputs) {
             SaveAttributeSubNode(activity, input);
         }
-        activity.Act_Inputs->Changed = false;  // only now: an interrupted save must come back to the inputs
+        // Only now: an interrupted save must come back to the inputs.
+        activity.Act_Inputs->Changed = exhausted_;
     }
     saveSourceOrder(activity);
     if (auto* outputs = activity.Act_Outputs.peek()) {
@@ -164,70 +196,89 @@ void ScenarioWriter::saveActivityFunctions(ActivityProperties& activity) {
     }
 }
 
-void ScenarioWriter::SaveActivityNode(ActivityProperties& activity, const LabelsD& node) {
+void ScenarioWriter::SaveActivityNode(ActivityProperties& activity, LabelsD& node) {
     const std::string& type = tables_.activityTypes.name(activity.Act_Type);
-    if (activity.NodeID == 0) {
-        const std::int16_t id = addNodeRow(activity.Act_Name, node);
+    const auto addOwnRow = [&](std::int16_t id) {
         repository_.run(sql::kAddActivity, id, activity.Act_Description, type, activity.Act_Log, activity.Act_SQL,
                         activity.Act_SchemaNo, activity.Act_LDL);
-        activity.NodeID = id;
+    };
+    if (activity.NodeID != 0 && activity.Changed) {
+        changeNodeRow(activity.Act_Name, node, activity.NodeID);
+    }
+    if (activity.NodeID == 0) {
+        if (const std::int16_t id = addNodeRow(activity.Act_Name, node)) {
+            addOwnRow(id);
+            activity.NodeID = id;
+        }
         return;
     }
     if (activity.Changed) {
-        changeNodeRow(activity.Act_Name, node, activity.NodeID);
-        repository_.run(sql::kChangeActivity, activity.Act_Description, type, activity.Act_Log, activity.Act_SQL,
-                        activity.Act_LDL, activity.Act_SchemaNo, activity.NodeID);
+        std::int16_t id = activity.NodeID;
+        change(id, sql::kHasActivity, sql::kChangeActivity, activity.Act_Description, type, activity.Act_Log,
+               activity.Act_SQL, activity.Act_LDL, activity.Act_SchemaNo);
+        if (id == 0) {
+            addOwnRow(activity.NodeID);
+        }
     }
     repository_.run(sql::kDropNodeLinks, activity.NodeID);
 }
 
 void ScenarioWriter::SaveActivityFunction(const ActivityProperties& activity, FunctionProperties& function) {
+    if (function.FunctionID != 0 && function.Changed) {
+        change(function.FunctionID, sql::kHasActivityFunction, sql::kChangeActivityFunction, function.Function_Key,
+               tables_.functionTypes.name(function.Function_Type));
+        if (function.FunctionID == 0) {
+            forgetStoredRows(function);
+        }
+    }
     if (function.FunctionID == 0) {
-        repository_.run(sql::kAddActivityFunction, activity.NodeID, function.Function_Key,
-                        tables_.functionTypes.name(function.Function_Type), function.Function_Source);
-        function.FunctionID = given(sql::kFunctionIdentifier);
-    } else if (function.Changed) {
-        repository_.run(sql::kChangeActivityFunction, function.Function_Key,
-                        tables_.functionTypes.name(function.Function_Type), function.FunctionID);
+        function.FunctionID = add(kFunctionRow, activity.NodeID, function.Function_Key,
+                                  tables_.functionTypes.name(function.Function_Type), function.Function_Source);
     }
 }
 
 void ScenarioWriter::SaveAttributeSubNode(const ActivityProperties& activity, AttributeProperties& attribute) {
+    if (attribute.SubNode_ID != 0 && attribute.Changed) {
+        change(attribute.SubNode_ID, sql::kHasActivitySubNode, sql::kChangeActivitySubNode, attribute.Key,
+               attribute.Attribute_Name, tables_.dataTypes.name(attribute.Attribute_Type));
+    }
     if (attribute.SubNode_ID == 0) {
-        repository_.run(sql::kAddActivitySubNode, activity.NodeID, attribute.Key, attribute.NodeKind,
-                        attribute.Attribute_Name, tables_.dataTypes.name(attribute.Attribute_Type), attribute.Tag);
-        attribute.SubNode_ID = given(sql::kSubNodeIdentifier);
-    } else if (attribute.Changed) {
-        repository_.run(sql::kChangeActivitySubNode, attribute.Key, attribute.Attribute_Name,
-                        tables_.dataTypes.name(attribute.Attribute_Type), attribute.SubNode_ID);
+        attribute.SubNode_ID =
+            add(kActivitySubNodeRow, activity.NodeID, attribute.Key, attribute.NodeKind, attribute.Attribute_Name,
+                tables_.dataTypes.name(attribute.Attribute_Type), attribute.Tag);
     }
 }
 
 void ScenarioWriter::SaveParameterSubNode(const ActivityProperties& activity, ParameterProperties& parameter) {
+    if (parameter.SubNode_ID != 0 && parameter.Changed) {
+        change(parameter.SubNode_ID, sql::kHasActivitySubNode, sql::kChangeActivitySubNode, parameter.Key,
+               parameter.Parameter_Name, tables_.dataTypes.name(parameter.Parameter_Type));
+    }
     if (parameter.SubNode_ID == 0) {
-        repository_.run(sql::kAddActivitySubNode, activity.NodeID, parameter.Key, parameter.NodeKind,
-                        parameter.Parameter_Name, tables_.dataTypes.name(parameter.Parameter_Type), parameter.Tag);
-        parameter.SubNode_ID = given(sql::kSubNodeIdentifier);
-    } else if (parameter.Changed) {
-        repository_.run(sql::kChangeActivitySubNode, parameter.Key, parameter.Parameter_Name,
-                        tables_.dataTypes.name(parameter.Parameter_Type), parameter.SubNode_ID);
+        parameter.SubNode_ID =
+            add(kActivitySubNodeRow, activity.NodeID, parameter.Key, parameter.NodeKind, parameter.Parameter_Name,
+                tables_.dataTypes.name(parameter.Parameter_Type), parameter.Tag);
     }
 }
 
 void ScenarioWriter::SaveFunctionSubNode(const FunctionProperties& function, ParameterProperties& parameter) {
+    if (function.FunctionID == 0) {
+        return;
+    }
+    if (parameter.SubNode_ID != 0 && parameter.Changed) {
+        change(parameter.SubNode_ID, sql::kHasFunctionSubNode, sql::kChangeFunctionSubNode, parameter.Key,
+               parameter.Parameter_Name, tables_.dataTypes.name(parameter.Parameter_Type));
+    }
     if (parameter.SubNode_ID == 0) {
-        repository_.run(sql::kAddFunctionSubNode, function.FunctionID, parameter.Key, parameter.NodeKind,
-                        parameter.Parameter_Name, tables_.dataTypes.name(parameter.Parameter_Type));
-        parameter.SubNode_ID = given(sql::kSubNodeIdentifier);
-    } else if (parameter.Changed) {
-        repository_.run(sql::kChangeFunctionSubNode, parameter.Key, parameter.Parameter_Name,
-                        tables_.dataTypes.name(parameter.Parameter_Type), parameter.SubNode_ID);
+        parameter.SubNode_ID = add(kFunctionSubNodeRow, function.FunctionID, parameter.Key, parameter.NodeKind,
+                                   parameter.Parameter_Name, tables_.dataTypes.name(parameter.Parameter_Type));
     }
 }
 
 void ScenarioWriter::saveProviders(const entities::Lazy<entities::ProviderLinks>& links, std::int16_t NodeID,
                                    std::int16_t SubNode_ID, sql::LinkKind kind) {
-    if (const auto* held = links.peek()) {
+    const auto* held = links.peek();
+    if (held && SubNode_ID != 0) {
         for (const entities::ProviderProperties& link : *held) {
             SaveProviderLink(NodeID, SubNode_ID, kind, link);
         }
@@ -236,7 +287,8 @@ void ScenarioWriter::saveProviders(const entities::Lazy<entities::ProviderLinks>
 
 void ScenarioWriter::saveRegulators(const entities::Lazy<entities::RegulatorLinks>& links, std::int16_t NodeID,
                                     std::int16_t SubNode_ID) {
-    if (const auto* held = links.peek()) {
+    const auto* held = links.peek();
+    if (held && SubNode_ID != 0) {
         for (const entities::RegulatorProperties& link : *held) {
             SaveRegulatorLink(NodeID, SubNode_ID, link);
         }
@@ -254,14 +306,21 @@ void ScenarioWriter::SaveRegulatorLink(std::int16_t NodeID, std::int16_t SubNode
                     link.Regulator_type);
 }
 
-void ScenarioWriter::SaveCommentNode(CommentProperties& comment, const LabelsD& node) {
-    if (comment.NodeID == 0) {
-        const std::int16_t id = addNodeRow(node.Caption(), node);
-        repository_.run(sql::kAddComment, id, comment.Comment);
-        comment.NodeID = id;
-    } else if (comment.Changed) {
+void ScenarioWriter::SaveCommentNode(CommentProperties& comment, LabelsD& node) {
+    if (comment.NodeID != 0 && comment.Changed) {
         changeNodeRow(node.Caption(), node, comment.NodeID);
-        repository_.run(sql::kChangeComment, comment.Comment, comment.NodeID);
+    }
+    if (comment.NodeID == 0) {
+        if (const std::int16_t id = addNodeRow(node.Caption(), node)) {
+            repository_.run(sql::kAddComment, id, comment.Comment);
+            comment.NodeID = id;
+        }
+    } else if (comment.Changed) {
+        std::int16_t id = comment.NodeID;
+        change(id, sql::kHasComment, sql::kChangeComment, comment.Comment);
+        if (id == 0) {
+            repository_.run(sql::kAddComment, comment.NodeID, comment.Comment);
+        }
     }
 }
 
@@ -270,10 +329,11 @@ void ScenarioWriter::SavePlainNode(LabelsD& node) {
     if (!id) {
         return;
     }
+    if (*id != 0) {
+        change(*id, sql::kHasNode, sql::kMoveNode, node.Left(), node.Top(), node.Width(), node.Height());
+    }
     if (*id == 0) {
         *id = addNodeRow(node.Caption(), node);
-    } else {
-        repository_.run(sql::kMoveNode, node.Left(), node.Top(), node.Width(), node.Height(), *id);
     }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <type_traits>
 #include <unordered_map>
@@ -34,6 +36,15 @@ class StatementCache {
         return statement;
     }
 
+    /// Whether a query by one identifier has a row.
+    bool finds(std::string_view sql, std::int16_t identifier) {
+        platform::Statement& row = run(sql, identifier);
+        const bool found = row.fetch();
+        while (row.fetch()) {
+        }
+        return found;
+    }
+
   private:
     template <class Value>
     static void bind(platform::Statement& statement, int parameter, const Value& value) {
@@ -42,7 +53,12 @@ class StatementCache {
         } else if constexpr (std::is_floating_point_v<Value>) {
             statement.bind(parameter, value);
         } else {
-            statement.bind(parameter, std::string_view(value));
+            const std::string_view text(value);
+            if (text.find('\0') != std::string_view::npos) {
+                throw platform::Fault("A text with a null character cannot be stored: \"" +
+                                      std::string(text.substr(0, text.find('\0'))) + "...\"");
+            }
+            statement.bind(parameter, text);
         }
     }
 

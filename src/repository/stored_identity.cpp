@@ -4,27 +4,20 @@ namespace orvent::repository {
 
 namespace {
 
-template <class Collection>
-void forgetSubNodes(const entities::Lazy<Collection>& collection) {
+template <class Collection, class Visit>
+void eachSubNode(const entities::Lazy<Collection>& collection, Visit visit) {
     if (Collection* items = collection.peek()) {
         for (auto& item : *items) {
-            item.SubNode_ID = 0;
+            visit(item.SubNode_ID);
         }
     }
 }
 
-void forgetSubNodes(entities::ActivityProperties& activity) {
-    forgetSubNodes(activity.Act_Inputs);
-    forgetSubNodes(activity.Act_Outputs);
-    forgetSubNodes(activity.Act_Parameters);
-    activity.Act_Inputs->Changed = true;
-    if (auto* functions = activity.Act_Functions.peek()) {
-        for (entities::FunctionProperties& function : *functions) {
-            function.FunctionID = 0;
-            forgetSubNodes(function.Function_Inputs);
-            forgetSubNodes(function.Function_Outputs);
-        }
-    }
+template <class Visit>
+void eachIdentifier(entities::FunctionProperties& function, Visit visit) {
+    visit(function.FunctionID);
+    eachSubNode(function.Function_Inputs, visit);
+    eachSubNode(function.Function_Outputs, visit);
 }
 
 /// The field that holds a node's identifier, or nothing for a node that is never saved.
@@ -41,16 +34,40 @@ std::int16_t* identifierOf(canvas::LabelsD& node) {
     return node.NodeType() == canvas::NodeTypeLog ? std::get_if<std::int16_t>(&node.Properties) : nullptr;
 }
 
-}  // namespace
-
-void forgetStoredRows(canvas::LabelsD& node) {
+/// Visits the identifiers of a node and of all its members, in an order that stays.
+template <class Visit>
+void eachIdentifier(canvas::LabelsD& node, Visit visit) {
     if (std::int16_t* id = identifierOf(node)) {
-        *id = 0;
+        visit(*id);
     }
     if (auto* activity = node.activity()) {
-        forgetSubNodes(*activity);
+        eachSubNode(activity->Act_Inputs, visit);
+        eachSubNode(activity->Act_Outputs, visit);
+        eachSubNode(activity->Act_Parameters, visit);
+        if (auto* functions = activity->Act_Functions.peek()) {
+            for (entities::FunctionProperties& function : *functions) {
+                eachIdentifier(function, visit);
+            }
+        }
     } else if (auto* recordSet = node.recordSet()) {
-        forgetSubNodes(recordSet->RecordSet_Outputs);
+        eachSubNode(recordSet->RecordSet_Outputs, visit);
+    }
+}
+
+void forget(std::int16_t& identifier) {
+    identifier = 0;
+}
+
+}  // namespace
+
+void forgetStoredRows(entities::FunctionProperties& function) {
+    eachIdentifier(function, forget);
+}
+
+void forgetStoredRows(canvas::LabelsD& node) {
+    eachIdentifier(node, forget);
+    if (auto* activity = node.activity()) {
+        activity->Act_Inputs->Changed = true;
     }
 }
 
@@ -61,8 +78,29 @@ void forgetStoredRows(canvas::DrawForm& form) {
     form.DeletedNodes->Clear();
 }
 
-std::unordered_set<std::int16_t> storedNodes(const canvas::DrawForm& form) {
-    std::unordered_set<std::int16_t> identifiers;
+StoredIdentity::StoredIdentity(canvas::DrawForm& form) : ScenarioID_(form.ScenarioID) {
+    for (canvas::LabelsD& node : form.Labels) {
+        eachIdentifier(node, [this](std::int16_t identifier) { identifiers_.push_back(identifier); });
+    }
+    for (int position = 1; position <= form.DeletedNodes->Count(); ++position) {
+        deletedNodes_.emplace_back(*form.DeletedNodes->Item(position), form.DeletedNodes->keyAt(position));
+    }
+}
+
+void StoredIdentity::restore(canvas::DrawForm& form) const {
+    form.ScenarioID = ScenarioID_;
+    auto kept = identifiers_.begin();
+    for (canvas::LabelsD& node : form.Labels) {
+        eachIdentifier(node, [&kept](std::int16_t& identifier) { identifier = *kept++; });
+    }
+    form.DeletedNodes->Clear();
+    for (const auto& [deleted, key] : deletedNodes_) {
+        form.DeletedNodes->Add(deleted.NodeID, deleted.NodeKind, key);
+    }
+}
+
+std::unordered_set<long long> storedNodes(const canvas::DrawForm& form) {
+    std::unordered_set<long long> identifiers;
     for (int position = 1; position <= form.Labels.Count(); ++position) {
         if (const std::int16_t* id = identifierOf(*form.Labels.at(position))) {
             identifiers.insert(*id);
@@ -70,6 +108,15 @@ std::unordered_set<std::int16_t> storedNodes(const canvas::DrawForm& form) {
     }
     identifiers.erase(0);
     return identifiers;
+}
+
+void forgetNodesWithoutRow(canvas::DrawForm& form, const std::unordered_set<long long>& rows) {
+    for (canvas::LabelsD& node : form.Labels) {
+        const std::int16_t* id = identifierOf(node);
+        if (id && *id != 0 && !rows.contains(*id)) {
+            forgetStoredRows(node);
+        }
+    }
 }
 
 }  // namespace orvent::repository

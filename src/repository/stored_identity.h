@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "canvas/draw_form.h"
 
@@ -15,7 +18,27 @@ void forgetStoredRows(canvas::DrawForm& form);
 /// Makes all records of one node new.
 void forgetStoredRows(canvas::LabelsD& node);
 
+/// Makes a function and its parameters new.
+void forgetStoredRows(entities::FunctionProperties& function);
+
+/// Which rows of which scenario a window and its records stand for, kept to be put back.
+class StoredIdentity {
+  public:
+    explicit StoredIdentity(canvas::DrawForm& form);
+
+    /// Puts all identifiers back. The window must hold the same records as before.
+    void restore(canvas::DrawForm& form) const;
+
+  private:
+    std::int16_t ScenarioID_;
+    std::vector<std::int16_t> identifiers_;
+    std::vector<std::pair<canvas::DeletedNode, std::string>> deletedNodes_;
+};
+
 /// The identifiers of all nodes of the window that have a row.
-std::unordered_set<std::int16_t> storedNodes(const canvas::DrawForm& form);
+std::unordered_set<long long> storedNodes(const canvas::DrawForm& form);
+
+/// Makes those nodes new whose row is not among `rows`, by their identifiers.
+void forgetNodesWithoutRow(canvas::DrawForm& form, const std::unordered_set<long long>& rows);
 
 }  // namespace orvent::repository

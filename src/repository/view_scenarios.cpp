@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/text.h"
+#include "repository/new_row.h"
 #include "repository/scenario_statements.h"
 
 namespace orvent::repository {
@@ -39,7 +40,9 @@ bool ViewScenarios::open(Mode mode, canvas::DrawForm* target) {
         StatementCache repository = openRepository(services_);
         platform::Statement& row = repository.run(sql::kScenariosOfUser, services_.settings.login.User);
         while (row.fetch()) {
-            ScenarioView.push_back({row.text(1), platform::checkedI16(row.number(2), "Identifier")});
+            if (const long long identifier = row.number(2); fits(identifier)) {  // no other can be loaded
+                ScenarioView.push_back({row.text(1), static_cast<std::int16_t>(identifier)});
+            }
         }
         return true;
     } catch (const platform::Fault& fault) {

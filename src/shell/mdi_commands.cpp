@@ -126,6 +126,7 @@ void MDIForm1::login() {
     userLogin.open();
     host_.runUserLogin(userLogin);
     if (userLogin.loggedIn) {
+        loadSave_.forgetInterruptedSaves();
         loadCatalogue();
         host_.commandsChanged();
     } else {
@@ -170,10 +171,8 @@ void MDIForm1::saveAs(canvas::DrawForm& form) {
 }
 
 void MDIForm1::saveScenario(canvas::DrawForm& form) {
-    if (form.ScenarioID == 0) {
+    if (form.ScenarioID == 0 || loadSave_.SaveScenario(form, false) == repository::SaveResult::scenarioGone) {
         saveAs(form);
-    } else {
-        loadSave_.SaveScenario(form, false);
     }
 }
 

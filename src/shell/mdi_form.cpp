@@ -162,6 +162,8 @@ void MDIForm1::scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* exc
     for (const auto& form : ScenarioForms) {
         if (form && form.get() != except && form->ScenarioID == ScenarioID) {
             form->ScenarioID = 0;  // its next save goes through the dialog and writes everything
+            form->stored.changed = true;
+            form->deleted = true;
         }
     }
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 
 #include "repository/scenario_statements.h"
 #include "repository_fixture.h"
@@ -42,7 +43,33 @@ class ScenarioSaveTest : public RepositoryTest {
         messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
                         Icon::question, Buttons::yesNoCancel, answer);
     }
+    /// The nodes that a first save has stored are still there, and those of somebody else.
+    void expectStoredNodes(const Rows& others = {}) {
+        Rows nodes{{"101", "5"}, {"102", "8"}, {"103", "10"}, {"104", "9"}};
+        nodes.insert(nodes.end(), others.begin(), others.end());
+        database.answer(sql::kScenarioName, {{"Demo"}});
+        database.answer(sql::kNodeTypes, nodes);
+    }
     void expectFault(const std::string& words) { messages.expect(words, "", Icon::critical); }
+    /// A save is interrupted; then, behind a login, another scenario of the same number is saved.
+    void interruptAndSaveAnother(const std::function<void()>& login) {
+        database.fail("INSERT INTO RelationShips", kBroken);
+        expectFault("line is down");
+        expectQuestion(Answer::cancel);
+        loadSave.SaveScenario(*form, false);
+        login();
+        const auto other = newForm("Other");
+        other->ScenarioID = 11;
+        other->Labels.Add({0, 0, 1, 1}, "RS1", canvas::NodeTypeRecordSet).recordSet()->NodeID = 105;
+        database.answer(sql::kScenarioName, {{"Demo"}});
+        database.answer(sql::kNodeTypes, {{"105", "5"}, {"900", "5"}});
+        database.takeLog();
+        messages.expect("Saved");
+        loadSave.SaveScenario(*other, false);
+        for (const std::string& text : database.takeLog()) {
+            EXPECT_EQ(text.find("900"), std::string::npos) << text << ": a node of somebody else";
+        }
+    }
     void save(bool SaveAs) {
         expectUntyped();
         messages.expect("Saved");
@@ -60,9 +87,12 @@ TEST_F(ScenarioSaveTest, UnchangedSaveRewritesLinksAndLinesOnlyAndSaveAsAll) {
     }
     database.takeLog();
     form->DeletedNodes->Add(77, entities::DeletedLog);
+    expectStoredNodes();
     save(false);
     EXPECT_EQ(database.takeLog(),
-              (Texts{"DELETE FROM ScenarioNodes WHERE Node_ID=? [77]", "DELETE FROM Lines WHERE Scenario_ID=? [11]",
+              (Texts{"SELECT Scenario_Name FROM Scenarios WHERE Scenario_ID =? [11]",
+                     "SELECT Node_ID,Node_Type FROM ScenarioNodes WHERE Scenario_ID=? [11]",
+                     "DELETE FROM ScenarioNodes WHERE Node_ID=? [77]", "DELETE FROM Lines WHERE Scenario_ID=? [11]",
                      "DELETE FROM Relationships WHERE Node_ID=? [101]",
                      "INSERT INTO RelationShips VALUES(?,?,?,?,?,?) [101,1001,3,Act1.IN.A,Act1,1]",
                      "DELETE FROM Relationships WHERE Node_ID=? [102]",
@@ -81,6 +111,7 @@ TEST_F(ScenarioSaveTest, TakenNameReplacesTheOtherScenario) {
     form->ScenarioID = 5;
     recordSet().NodeID = 3;
     database.fail("INSERT INTO Scenarios", kRefused);
+    database.answer(sql::kScenarioOwner, {{"ann"}});
     database.answer(sql::kScenarioByName, {{"7"}});
     expectQuestion(Answer::yes);
     save(true);
@@ -129,6 +160,7 @@ TEST_F(ScenarioSaveTest, OtherErrorsAreToldFirst) {
     EXPECT_EQ(form->ScenarioID, 0);
 
     save(false);
+    expectStoredNodes();
     recordSet().RecordSet_Outputs->Item("A")->SubNode_ID = 0;
     database.fail("INSERT INTO RecordSetOutputs", kBroken);
     expectFault("line is down");
@@ -136,7 +168,53 @@ TEST_F(ScenarioSaveTest, OtherErrorsAreToldFirst) {
     expectFault("There is no scenario of the name \"Demo\".");
     loadSave.SaveScenario(*form, false);
     EXPECT_EQ(form->ScenarioID, 11);
+}
+
+TEST_F(ScenarioSaveTest, ARefusedMemberIsNoLostOne) {
+    save(false);
+    expectStoredNodes();
+    recordSet().RecordSet_Outputs->Item("A")->SubNode_ID = 0;
+    database.fail("INSERT INTO RecordSetOutputs", kRefused);
+    expectFault("constraint violated");
+    expectQuestion(Answer::cancel);
+    loadSave.SaveScenario(*form, false);
     EXPECT_EQ(recordSet().NodeID, 101) << "its rows are still there";
+}
+
+TEST_F(ScenarioSaveTest, AnotherUsersScenarioIsNotReplaced) {
+    database.fail("INSERT INTO Scenarios", kRefused);
+    database.answer(sql::kScenarioOwner, {{"bob"}});
+    database.answer(sql::kScenarioByName, {{"7"}});
+    expectQuestion(Answer::yes);
+    messages.expect("This scenario belongs to bob.", "", Icon::information);
+    inputBox.expect("PLEASE GIVE A NEW NAME FOR THIS SCENARIO:\n(give an empty name if you wish to exit)",
+                    "Scenario Name", "", "Mine");
+    save(true);
+    EXPECT_EQ(form->Caption(), "Mine");
+    EXPECT_EQ(form->ScenarioID, 11);
+    EXPECT_TRUE(std::ranges::none_of(database.log, [](const auto& text) { return text.starts_with("DELETE"); }));
+}
+
+TEST_F(ScenarioSaveTest, WhatAnotherRepositoryWasLeftWithIsNoBusinessOfThisOne) {
+    interruptAndSaveAnother([this] { settings.login.ReposConnString = "ELSEWHERE"; });
+}
+
+TEST_F(ScenarioSaveTest, WhatOneLoginHasLeftIsNoBusinessOfTheNext) {
+    interruptAndSaveAnother([this] { loadSave.forgetInterruptedSaves(); });
+}
+
+TEST_F(ScenarioSaveTest, EqualValuesAreNoGoneRow) {
+    save(false);
+    expectStoredNodes();
+    auto& attribute = *recordSet().RecordSet_Outputs->Item("A");
+    attribute.Changed = true;
+    database.missRow("UPDATE");
+    database.answer(sql::kHasRecordSetOutput, {{"1001"}});
+    database.answer(sql::kHasNode, {{"104"}});
+    database.takeLog();
+    save(false);
+    EXPECT_EQ(attribute.SubNode_ID, 1001);
+    EXPECT_EQ(std::ranges::count(database.log, "SELECT Output_ID FROM RecordSetOutputs WHERE Output_ID=? [1001]"), 1);
 }
 
 }  // namespace orvent::testkit

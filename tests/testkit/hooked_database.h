@@ -10,14 +10,17 @@
 namespace orvent::testkit {
 
 /// A database passed through, in which something happens in the middle of the work: `hook` runs once, right before the
-/// `countdown`-th execution from now.
+/// `countdown`-th execution from now, or right behind it.
 class HookedDatabase : public platform::Database {
   public:
     explicit HookedDatabase(platform::Database& real) : real_(real) {}
 
-    void after(int executions, std::function<void()> hook) {
+    enum class Side { before, behind };
+
+    void after(int executions, std::function<void()> hook, Side side = Side::before) {
         countdown_ = executions;
         hook_ = std::move(hook);
+        side_ = side;
     }
     bool happened() const { return !hook_; }
 
@@ -36,14 +39,21 @@ class HookedDatabase : public platform::Database {
         void bind(int parameter, long long number) override { real_->bind(parameter, number); }
         void bind(int parameter, float number) override { real_->bind(parameter, number); }
         void execute() override {
-            owner_.tick();
+            const bool now = owner_.hook_ && --owner_.countdown_ <= 0;
+            if (now && owner_.side_ == Side::before) {
+                std::exchange(owner_.hook_, nullptr)();
+            }
             real_->execute();
+            if (now && owner_.side_ == Side::behind) {
+                std::exchange(owner_.hook_, nullptr)();  // the database has done it, and nobody is told
+            }
         }
         bool fetch() override { return real_->fetch(); }
         bool isNull(int column) override { return real_->isNull(column); }
         std::string text(int column) override { return real_->text(column); }
         long long number(int column) override { return real_->number(column); }
         float realNumber(int column) override { return real_->realNumber(column); }
+        long long changedRows() override { return real_->changedRows(); }
 
       private:
         HookedDatabase& owner_;
@@ -64,15 +74,10 @@ class HookedDatabase : public platform::Database {
         std::unique_ptr<platform::Connection> real_;
     };
 
-    void tick() {
-        if (hook_ && --countdown_ <= 0) {
-            std::exchange(hook_, nullptr)();
-        }
-    }
-
     platform::Database& real_;
     std::function<void()> hook_;
     int countdown_ = 0;
+    Side side_ = Side::before;
 };
 
 }  // namespace orvent::testkit

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <memory>
@@ -34,6 +35,9 @@ class ScriptedDatabase : public platform::Database {
     void fail(std::string_view beginning, const platform::DatabaseError& error, int nth = 1) {
         failures_.push_back({std::string(beginning), nth, error});
     }
+
+    /// An UPDATE that begins so finds no row.
+    void missRow(std::string_view beginning) { missing_.emplace_back(beginning); }
 
     std::vector<std::string> takeLog() { return std::exchange(log, {}); }
 
@@ -71,6 +75,9 @@ class ScriptedDatabase : public platform::Database {
         std::string text(int column) override { return cell(column).value_or(""); }
         long long number(int column) override { return cell(column) ? std::stoll(*cell(column)) : 0; }
         float realNumber(int column) override { return cell(column) ? std::stof(*cell(column)) : 0; }
+        long long changedRows() override {
+            return std::ranges::any_of(owner.missing_, [&](const auto& text) { return sql.starts_with(text); }) ? 0 : 1;
+        }
 
         ScriptedDatabase& owner;
         std::string sql;
@@ -123,6 +130,7 @@ class ScriptedDatabase : public platform::Database {
 
     std::map<std::string, std::deque<Rows>> answers_;
     std::vector<Failure> failures_;
+    std::vector<std::string> missing_;
     // Apart from each other, so that one identifier is not mistaken for another.
     std::map<std::string, std::int64_t> sequences_{
         {"Scenario_ID_seq", 10}, {"Node_ID_seq", 100}, {"SubNode_ID_seq", 1000}, {"Function_ID_seq", 500}};

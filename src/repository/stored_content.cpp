@@ -1,0 +1,194 @@
+#include "repository/stored_content.h"
+
+#include <bit>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace orvent::repository {
+
+namespace {
+
+using namespace entities;
+
+/// Walks over all that a save would write. `Visit` has `node(name)`, `text(field, value)` and `number(value)`.
+template <class Visit>
+class StoredFields {
+  public:
+    explicit StoredFields(Visit& visit) : visit_(visit) {}
+
+    void walk(const canvas::DrawForm& form) {
+        for (const canvas::LabelsD& node : form.Labels) {
+            walk(node);
+        }
+        for (const canvas::LinesD& line : form.Lines) {
+            const canvas::LabelsD* from = form.Labels.byIndex(line.FromLabel);
+            const canvas::LabelsD* to = form.Labels.byIndex(line.ToLabel);
+            if (from && to) {
+                visit_.text("From_Label", from->Caption());
+                visit_.text("To_Label", to->Caption());
+                numbers(line.FromGrabbingPoint, line.ToGrabbingPoint(), line.EdgeType(), line.Angle());
+            }
+        }
+    }
+
+  private:
+    template <class... Numbers>
+    void numbers(Numbers... values) {
+        (visit_.number(static_cast<std::uint64_t>(values)), ...);
+    }
+
+    void walk(const canvas::LabelsD& node) {
+        visit_.node(node.Caption());
+        visit_.text("Node_Name", node.Caption());
+        numbers(node.NodeType());
+        for (const float side : {node.Left(), node.Top(), node.Width(), node.Height()}) {
+            numbers(std::bit_cast<std::uint32_t>(side));
+        }
+        if (const ActivityProperties* activity = node.activity()) {
+            walk(*activity);
+        } else if (const RecordSetProperties* recordSet = node.recordSet()) {
+            walk(*recordSet);
+        } else if (const auto* comment = node.entity<CommentProperties>()) {
+            visit_.text("Comment_Text", comment->Comment);
+        }
+    }
+
+    void walk(const ActivityProperties& activity) {
+        visit_.text("Activity_Descr", activity.Act_Description);
+        visit_.text("Activity_Log", activity.Act_Log);
+        visit_.text("Activity_SQL", activity.Act_SQL);
+        visit_.text("Activity_LDL", activity.Act_LDL);
+        numbers(activity.Act_Type, activity.Act_SchemaNo);
+        each(activity.Act_Inputs, [this](const AttributeProperties& input) {
+            walk(input);
+            if (input.ProvidedFrom.count() > 1) {
+                links(input.ProvidedFrom);
+            }
+        });
+        each(activity.Act_Outputs, [this](const AttributeProperties& output) {
+            walk(output);
+            links(output.ProvidedFrom);
+            links(output.RegulatedFrom);
+            links(output.ProviderFor);
+        });
+        each(activity.Act_Parameters, [this](const ParameterProperties& parameter) { walk(parameter); });
+        each(activity.Act_Functions, [this](const FunctionProperties& function) {
+            visit_.text("Function_Key", function.Function_Key);
+            numbers(function.Function_Type, function.Function_Source);
+            each(function.Function_Inputs, [this](const ParameterProperties& input) { walk(input); });
+            each(function.Function_Outputs, [this](const ParameterProperties& output) { walk(output); });
+        });
+    }
+
+    void walk(const RecordSetProperties& recordSet) {
+        visit_.text("RecordSet_SQL", recordSet.RecordSet_SQL);
+        each(recordSet.RecordSet_Outputs, [&](const AttributeProperties& attribute) {
+            walk(attribute);
+            visit_.text("DB_Key", recordSet.dbKey(attribute.Key));
+            links(attribute.ProviderFor);
+        });
+    }
+
+    void walk(const AttributeProperties& attribute) {
+        visit_.text("SubNode_Key", attribute.Key);
+        visit_.text("SubNode_Name", attribute.Attribute_Name);
+        numbers(attribute.NodeKind, attribute.Attribute_Type, attribute.Tag);
+    }
+
+    void walk(const ParameterProperties& parameter) {
+        visit_.text("SubNode_Key", parameter.Key);
+        visit_.text("SubNode_Name", parameter.Parameter_Name);
+        numbers(parameter.NodeKind, parameter.Parameter_Type, parameter.Tag);
+        links(parameter.RegulatedFrom);
+    }
+
+    /// A list's items, with their number: what ends one list must not look like the beginning of the next.
+    template <class Collection, class Walk>
+    void each(const Lazy<Collection>& held, Walk walkItem) {
+        const Collection* items = held.peek();
+        numbers(items ? items->Count() : 0);
+        if (items) {
+            for (const auto& item : *items) {
+                walkItem(item);
+            }
+        }
+    }
+
+    template <class Links>
+    void links(const Lazy<Links>& held) {
+        each(held, [this](const auto& link) {
+            visit_.text("From_Key", link.key());
+            visit_.text("From_Name", link.name());
+            numbers(link.type());
+        });
+    }
+
+    Visit& visit_;
+};
+
+/// Looks for a text that would be cut.
+class NullCharacters {
+  public:
+    void node(const std::string& name) { node_ = &name; }
+    void number(std::uint64_t) {}
+    void text(const char* field, std::string_view value) const {
+        if (value.find('\0') != std::string_view::npos) {
+            throw platform::Fault(std::string("The field ") + field + " of \"" + node_->c_str() +
+                                  "\" holds a null character, which no repository can keep.\n"
+                                  "Please remove it and save again.");
+        }
+    }
+
+  private:
+    const std::string* node_ = nullptr;
+};
+
+class Mark {
+  public:
+    void node(const std::string&) {}
+    void number(std::uint64_t value) {
+        mark_ = (mark_ ^ value) * 0x9E3779B97F4A7C15U;
+        mark_ ^= mark_ >> 29;
+    }
+    void text(const char*, std::string_view value) {
+        number(value.size() + 1);
+        while (!value.empty()) {
+            std::uint64_t part = 0;
+            const std::size_t size = std::min(value.size(), sizeof part);
+            std::memcpy(&part, value.data(), size);
+            number(part);
+            value.remove_prefix(size);
+        }
+    }
+    std::uint64_t value() const { return mark_; }
+
+  private:
+    std::uint64_t mark_ = 0;
+};
+
+}  // namespace
+
+void refuseNullCharacters(const canvas::DrawForm& form) {
+    NullCharacters search;
+    search.node(form.Caption());
+    search.text("Scenario_Name", form.ScenarioName());
+    StoredFields(search).walk(form);
+}
+
+std::uint64_t contentMark(const canvas::DrawForm& form) {
+    Mark mark;
+    StoredFields(mark).walk(form);
+    return mark.value();
+}
+
+void markStored(canvas::DrawForm& form) {
+    form.stored = {contentMark(form), false};
+}
+
+bool isUnsaved(canvas::DrawForm& form) {
+    form.stored.changed = form.stored.changed || contentMark(form) != form.stored.mark;
+    return form.stored.changed;
+}
+
+}  // namespace orvent::repository

@@ -1,0 +1,120 @@
+// Saves that break off at each of their statements in turn, and what is left behind by one that is given up.
+
+#include "repository/stored_content.h"
+#include "stored_scenario_fixture.h"
+
+namespace orvent::testkit {
+
+namespace {
+
+class InterruptedSaveTest : public StoredScenarioTest {
+  protected:
+    using Side = HookedDatabase::Side;
+
+    /// Breaks a save off at each statement, before it or behind it, when only its reply is lost; then the user saves
+    /// once more.
+    void breakOffEverywhere(bool storedBefore, bool SaveAs, Answer toTheFault, Side side = Side::before) {
+        for (int at = 1;; ++at) {
+            SCOPED_TRACE("broken off at statement " + std::to_string(at));
+            auto form = graph("Demo" + std::to_string(at));
+            const std::string before = modelText(*form);
+            if (storedBefore) {
+                save(*form, true, Answer::cancel);
+                GraphBuilder(*form).recordSet("RS3", {"B"}).Changed = true;
+                auto& parameter = activity(*form).Act_Parameters->Add("Q", 1, 8, "Q");
+                parameter.ParentKeyName = "Act1";
+                parameter.NodeKind = entities::KindParameter;
+            }
+            const std::string expected = modelText(*form);
+            const std::int16_t first = form->ScenarioID;
+            if (SaveAs) {
+                form->setCaption("Other" + std::to_string(at));
+            }
+            repository.hooked.after(
+                at, [] { throw kBroken; }, side);
+            save(*form, SaveAs, toTheFault);
+            if (!repository.hooked.happened()) {
+                repository.hooked.after(0, [] {});
+                EXPECT_GT(at, 10);
+                break;
+            }
+            if (user.told.back() != "Saved") {
+                save(*form, SaveAs || form->ScenarioID == 0, Answer::yes);
+            }
+            expectStoredInAnyOrder(*form, expected);
+            if (SaveAs) {
+                ASSERT_NE(form->ScenarioID, first);
+                EXPECT_EQ(modelText(*loaded(first)), before) << "the scenario that the window showed first";
+            }
+            for (const std::int16_t stored : {form->ScenarioID, SaveAs ? first : std::int16_t{0}}) {
+                loadSave.RemoveScenario(stored, true);
+            }
+            EXPECT_EQ(storedRows(), 0) << "rows that nobody knows";
+        }
+    }
+};
+
+TEST_F(InterruptedSaveTest, FirstSaveBreaksOff) {
+    breakOffEverywhere(false, false, Answer::cancel);
+}
+
+TEST_F(InterruptedSaveTest, PlainSaveBreaksOff) {
+    breakOffEverywhere(true, false, Answer::cancel);
+}
+
+TEST_F(InterruptedSaveTest, FirstSaveLosesAReply) {
+    breakOffEverywhere(false, false, Answer::cancel, Side::behind);
+}
+
+TEST_F(InterruptedSaveTest, PlainSaveLosesAReply) {
+    breakOffEverywhere(true, false, Answer::cancel, Side::behind);
+}
+
+TEST_F(InterruptedSaveTest, SaveAsLosesAReply) {
+    breakOffEverywhere(true, true, Answer::cancel, Side::behind);
+}
+
+TEST_F(InterruptedSaveTest, SaveAsBreaksOffAndLeavesTheFirstScenarioWhole) {
+    breakOffEverywhere(true, true, Answer::cancel);
+}
+
+TEST_F(InterruptedSaveTest, SaveBreaksOffAndReplacesAtOnce) {
+    breakOffEverywhere(true, false, Answer::yes);
+}
+
+TEST_F(InterruptedSaveTest, TheScenariosOwnRowIsNoOtherScenario) {
+    const std::pair<int, Side> losses[] = {{1, Side::behind}, {2, Side::before}};
+    for (const auto& [at, side] : losses) {
+        const auto form = graph("Mine" + std::to_string(at));
+        repository.hooked.after(
+            at, [] { throw kBroken; }, side);
+        save(*form, true, Answer::cancel);
+        EXPECT_EQ(form->ScenarioID, 0);
+        save(*form, true, Answer::cancel);
+        EXPECT_EQ(user.told, std::vector<std::string>{"Saved"}) << "asked whether to replace itself";
+    }
+    const auto other = graph("Mine1");
+    save(*other, true, Answer::cancel);
+    EXPECT_EQ(user.told.size(), 1u);
+    EXPECT_EQ(other->ScenarioID, 0) << "that name is taken by now";
+}
+
+TEST_F(InterruptedSaveTest, AFullWriteThatIsGivenUpBelongsToNoScenario) {
+    const auto form = savedGraph();
+    const std::string whole = modelText(*form);
+    form->DeletedNodes->Add(3, entities::DeletedRecordSet);
+    form->KeptCaption = "Demo";
+    form->setCaption("Other");
+    repository.hooked.after(20, [] { throw kBroken; });
+    save(*form, true, Answer::cancel);
+    EXPECT_EQ(form->Caption(), "Demo");
+    EXPECT_EQ(form->ScenarioID, 0) << "the next save would go into the part under the other name";
+    EXPECT_EQ(recordSet(*form, "RS1").NodeID, 0);
+    EXPECT_EQ(form->DeletedNodes->Count(), 0);
+    EXPECT_TRUE(repository::isUnsaved(*form));
+    EXPECT_EQ(modelText(*loaded(1)), whole);
+}
+
+}  // namespace
+
+}  // namespace orvent::testkit
