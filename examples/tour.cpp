@@ -9,6 +9,7 @@
 
 #include "app/program.h"
 #include "qt/platform/application.h"
+#include "qt/shell/desk_area.h"
 #include "qt/shell/frame_window.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
@@ -83,7 +84,7 @@ class Tour {
 
     void openSample() {
         player_.during("load the sample scenario", [this] { frame().run(Command::loadTestGraph); });
-        player_.expect(window().activeScenario() != nullptr, "the sample has no window");
+        player_.expect(window().area().active() != nullptr, "the sample has no window");
         player_.picture(window(), "sample");
     }
 
@@ -95,12 +96,12 @@ class Tour {
                             Player::press(dialog, "OKButton");
                         },
                         pressing("OK", "saved")});
-        player_.expect(window().activeScenario()->ScenarioID != 0, "the scenario has no identifier");
+        player_.expect(window().area().active()->scenario().ScenarioID != 0, "the scenario has no identifier");
         unsavedLdl_ = writeLdl("write the LDL program of the saved scenario");
     }
 
     std::string writeLdl(const char* what) {
-        std::deque<Player::Answer> answers = leaveWizards(*window().activeScenario());
+        std::deque<Player::Answer> answers = leaveWizards(window().area().active()->scenario());
         answers.push_back(pressing("OK", "ldl-written"));
         player_.during(
             what, [this] { frame().run(Command::createLdl); }, std::move(answers));
@@ -109,14 +110,14 @@ class Tour {
 
     void closeAndLoad() {
         player_.during("close it", [this] { frame().run(Command::closeScenario); }, {pressing("OK", "close-question")});
-        player_.expect(window().activeScenario() == nullptr, "the scenario did not close");
+        player_.expect(window().area().active() == nullptr, "the scenario did not close");
         player_.during("load it again", [this] { frame().run(Command::loadScenario); }, {[this](QWidget& dialog) {
                            auto& list = static_cast<QListWidget&>(Player::child(dialog, "ScenarioView"));
                            list.setCurrentRow(0);
                            player_.picture(dialog, "load-dialog");
                            Player::press(dialog, "OKButton");
                        }});
-        player_.expect(window().activeScenario() && window().activeScenario()->Labels.Count() == 9,
+        player_.expect(window().area().active() && window().area().active()->Labels.Count() == 9,
                        "the scenario did not come back whole");
         player_.picture(window(), "loaded");
     }

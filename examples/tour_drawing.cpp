@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <string>
 
+#include "qt/shell/desk_area.h"
 #include "tour_hand.h"
 
 namespace orvent::tour {
@@ -67,7 +68,7 @@ void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
     player.picture(window, "selecting");
     hand.release({6000, 6000});
     hand.tool("Arrow");
-    const canvas::LinesD* edge = window.activeScenario()->Lines.at(2);
+    const canvas::LinesD* edge = window.area().active()->Lines.at(2);
     hand.click({edge->X2(), edge->Y2()});
     hand.press({edge->X2(), edge->Y2()}, Qt::RightButton);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -102,7 +103,7 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
         drawEdges(player, window, hand);
         showGestures(player, window, hand);
     });
-    const canvas::DrawForm& form = *window.activeScenario();
+    const canvas::DrawForm& form = window.area().active()->scenario();
     player.expect(form.Labels.Count() == 8 && form.Lines.Count() == 7, "the scenario was not drawn whole");
     player.expect(form.SelectedLines.Count() == 1, "no edge was selected");
     player.picture(window, "drawn");
@@ -121,7 +122,7 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     showDialogs(player, frame, "");
     player.during("close the drawing", [&frame] { frame.run(Command::closeScenario); },
                   {[](QWidget& box) { Player::press(box, "OK"); }});
-    player.expect(window.activeScenario() == nullptr || window.activeScenario() != &form, "the drawing did not close");
+    player.expect(window.area().active() == nullptr || window.area().active() != &form, "the drawing did not close");
 }
 
 }  // namespace orvent::tour

@@ -6,8 +6,8 @@
 #include <QToolButton>
 #include <stdexcept>
 
-#include "qt/shell/scenario_area.h"
-#include "qt/shell/scenario_window.h"
+#include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 
 namespace orvent::tour {
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "entities/link_types.h"
+#include "qt/shell/desk_area.h"
 #include "tour_hand.h"
 
 namespace orvent::tour {
@@ -140,7 +141,7 @@ void openWizard(Player& player, qt::FrameWindow& window, canvas::LabelsD& node) 
 
 void create(Player& player, qt::FrameWindow& window, const char* name,
             const std::initializer_list<VariableStep>& steps) {
-    canvas::LabelsD& node = *window.activeScenario()->nodeNamed(name);
+    canvas::LabelsD& node = *window.area().active()->nodeNamed(name);
     player.during(name, [&] { openWizard(player, window, node); },
                   {[&](QWidget& dialog) { Wizard(player, dialog, std::string("wizard-") + name).play(steps); },
                    [&](QWidget& box) { Player::press(box, "OK"); }});
@@ -164,7 +165,7 @@ std::deque<Player::Answer> leaveWizards(canvas::DrawForm& form) {
 void playWizard(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
     std::string name = "Made by the wizard";
     frame.NewScenario(name);
-    canvas::DrawForm& form = *window.activeScenario();
+    canvas::DrawForm& form = window.area().active()->scenario();
     canvas::LabelsD& source = form.Labels.Add({1500, 2400, 1050, 450}, kSource, canvas::NodeTypeRecordSet, kSource);
     for (const std::string attribute : kAttributes) {
         source.recordSet()->RecordSet_Outputs->Add(attribute, 0, attribute).ParentKeyName = kSource;

@@ -6,6 +6,7 @@
 #include "odbc/database.h"
 #include "qt/platform/adapters.h"
 #include "qt/platform/settings_file.h"
+#include "qt/shell/desk_area.h"
 #include "qt/shell/frame_window.h"
 #include "shell/mdi_form.h"
 
@@ -29,7 +30,8 @@ struct Program::Parts {
           store(QString::fromStdString(places.settings.string())),
           window(theme),
           firstStart(places, database, store, messages),
-          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder}, window) {
+          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder}, window,
+                window.area()) {
         progress.attach(window.statusBar());
         window.attach(frame);
     }

@@ -1,29 +1,27 @@
 #pragma once
 
 #include "canvas/canvas_host.h"
-#include "shell/frame_host.h"
+#include "shell/desk.h"
 #include "statements/activity_wizard.h"
 
 namespace orvent::shell {
 
-/// What the canvases of the design windows ask to be shown. Menus pop up in the window in front. This version has no
-/// dialogs of nodes and no zoom view: nothing is shown for them.
+/// What the canvases ask to be shown. This version has no dialogs of nodes and no zoom view: nothing is shown for them.
 class CanvasDialogs : public canvas::CanvasWindows {
   public:
-    CanvasDialogs(FrameHost& host, statements::ActivityWizard& wizard) : host_(host), wizard_(wizard) {}
+    CanvasDialogs(Desk& desk, statements::ActivityWizard& wizard) : desk_(desk), wizard_(wizard) {}
 
     void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override {
         wizard_.LDLCreate(form.scenario(), *activity.activity());
-        host_.commandsChanged();
     }
-    void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point at) override {
-        host_.showMenu(menu, at);
+    void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {
+        desk_.showMenu(form, menu, at);
     }
 
   private:
-    FrameHost& host_;
+    Desk& desk_;
     statements::ActivityWizard& wizard_;
 };
 

@@ -7,40 +7,49 @@ namespace orvent::shell {
 namespace {
 
 using enum Command;
-using enum Shown;
+using canvas::WindowKind;
 
-constexpr MenuItem separator(Shown shown) {
-    return {"", "", newScenario, shown, "", ""};
+constexpr WindowKinds always(WindowKind::none, WindowKind::design, WindowKind::zoom);
+constexpr WindowKinds withoutWindow(WindowKind::none);
+constexpr WindowKinds inDesign(WindowKind::design);
+constexpr WindowKinds inZoom(WindowKind::zoom);
+constexpr WindowKinds withWindow(WindowKind::design, WindowKind::zoom);
+
+constexpr MenuItem separator(WindowKinds windows) {
+    return {"", "", newScenario, windows, "", ""};
 }
 
 constexpr std::array kFile = {
     MenuItem{"NewScenarioM", "New Scenario", newScenario, always, "new", "Ctrl+N"},
     MenuItem{"LoadScenarioM", "Load Scenario", loadScenario, always, "open", "Ctrl+O"},
-    MenuItem{"SaveScenarioM", "Save Scenario", saveScenario, withScenario, "save", "Ctrl+S"},
-    MenuItem{"SaveScenarioAsM", "Save Scenario As", saveScenarioAs, withScenario, "save-as", "Ctrl+Shift+S"},
+    MenuItem{"SaveScenarioM", "Save Scenario", saveScenario, inDesign, "save", "Ctrl+S"},
+    MenuItem{"SaveScenarioAsM", "Save Scenario As", saveScenarioAs, inDesign, "save-as", "Ctrl+Shift+S"},
+    MenuItem{"SaveChangesM", "Save Changes", saveScenario, inZoom, "save", "Ctrl+S"},
     MenuItem{"DeleteScenarioM", "Delete Scenario", deleteScenario, always, "delete", ""},
-    separator(withScenario),
-    MenuItem{"PrintScenarioM", "Print Scenario", printScenario, withScenario, "print", "Ctrl+P"},
-    MenuItem{"PrintPreviewM", "Print Preview", printPreview, withScenario, "", "Ctrl+Shift+P"},
-    MenuItem{"ExportTxtM", "Export To Text", exportText, withScenario, "export-text", "Ctrl+E"},
-    separator(withScenario),
-    MenuItem{"CloseScenarioM", "Close Scenario", closeScenario, withScenario, "close", "Ctrl+W"},
-    separator(withoutScenario),
-    MenuItem{"LoginM", "Login", login, withoutScenario, "login", ""},
+    separator(withWindow),
+    MenuItem{"PrintScenarioM", "Print Scenario", printScenario, inDesign, "print", "Ctrl+P"},
+    MenuItem{"PrintZoomM", "Print Zoom", printScenario, inZoom, "print", "Ctrl+P"},
+    MenuItem{"PrintPreviewM", "Print Preview", printPreview, withWindow, "", "Ctrl+Shift+P"},
+    MenuItem{"ExportTxtM", "Export To Text", exportText, inDesign, "export-text", "Ctrl+E"},
+    separator(withWindow),
+    MenuItem{"CloseScenarioM", "Close Scenario", closeScenario, inDesign, "close", "Ctrl+W"},
+    MenuItem{"CloseZoomingM", "Close Zooming", closeScenario, inZoom, "close", "Ctrl+W"},
+    separator(withoutWindow),
+    MenuItem{"LoginM", "Login", login, withoutWindow, "login", ""},
 };
 
 constexpr std::array kView = {
-    MenuItem{"ViewLargerM", "Larger", viewLarger, withScenario, "", "Ctrl++; Ctrl+="},
-    MenuItem{"ViewSmallerM", "Smaller", viewSmaller, withScenario, "", "Ctrl+-"},
-    MenuItem{"ViewActualSizeM", "Actual Size", viewActualSize, withScenario, "", "Ctrl+1"},
-    MenuItem{"ViewFitM", "Fit To Window", viewFit, withScenario, "fit", "Ctrl+0"},
-    separator(withScenario),
-    MenuItem{"SelectAllM", "Select All", selectAll, withScenario, "", "Ctrl+A"},
+    MenuItem{"ViewLargerM", "Larger", viewLarger, withWindow, "", "Ctrl++; Ctrl+="},
+    MenuItem{"ViewSmallerM", "Smaller", viewSmaller, withWindow, "", "Ctrl+-"},
+    MenuItem{"ViewActualSizeM", "Actual Size", viewActualSize, withWindow, "", "Ctrl+1"},
+    MenuItem{"ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"},
+    separator(withWindow),
+    MenuItem{"SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"},
 };
 
 constexpr std::array kZoom = {
-    MenuItem{"ZoomInM", "Zoom In", zoomIn, withScenario, "zoom-in", ""},
-    MenuItem{"ZoomOutM", "Zoom Out", zoomOut, withScenario, "zoom-out", ""},
+    MenuItem{"ZoomInM", "Zoom In", zoomIn, withWindow, "zoom-in", ""},
+    MenuItem{"ZoomOutM", "Zoom Out", zoomOut, withWindow, "zoom-out", ""},
 };
 
 constexpr std::array kTypes = {

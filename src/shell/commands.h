@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "canvas/canvas_form.h"
+
 namespace orvent::shell {
 
 /// The commands of the frame and of a design window.
@@ -42,15 +44,24 @@ enum class Command {
     about,
 };
 
-/// Which windows' menu holds an item.
-enum class Shown { always, withoutScenario, withScenario };
+/// The kinds of window that have an item in their menu.
+class WindowKinds {
+  public:
+    template <class... Kinds>
+    constexpr explicit WindowKinds(Kinds... kinds) : bits_((bit(kinds) | ... | 0U)) {}
+    constexpr bool has(canvas::WindowKind kind) const { return (bits_ & bit(kind)) != 0; }
+
+  private:
+    static constexpr unsigned bit(canvas::WindowKind kind) { return 1U << static_cast<unsigned>(kind); }
+    unsigned bits_;
+};
 
 /// One menu item; an empty caption is a separator.
 struct MenuItem {
     std::string_view name;  ///< the item's own name, such as `NewScenarioM`
     std::string_view caption;
     Command command;
-    Shown shown;
+    WindowKinds windows;
     std::string_view icon;      ///< empty for none
     std::string_view shortcut;  ///< portable text, several after "; ", empty for none
 };

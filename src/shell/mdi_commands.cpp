@@ -19,7 +19,8 @@ using platform::Icon;
 enum class When {
     always,
     never,      ///< what it shows is not part of this version
-    inWindow,   ///< a scenario is in front, and no dialog of it is open
+    inWindow,   ///< a window with a canvas is in front, and no dialog of it is open
+    inDesign,   ///< the same, and it is a design window
     withSave,   ///< the same, and the button of `MenuBar` is on
     withPrint,  ///< likewise
     withUndo,   ///< the button of `MenuBar` is on
@@ -46,12 +47,12 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
          }},
         {Command::loadScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Load, nullptr); }},
         {Command::saveScenario, withSave, [](MDIForm1& f) { f.activeEnabled()->Save(); }},
-        {Command::saveScenarioAs, inWindow, [](MDIForm1& f) { f.saveAs(*f.activeEnabled()); }},
+        {Command::saveScenarioAs, inDesign, [](MDIForm1& f) { f.saveAs(*f.activeScenario()); }},
         {Command::deleteScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Delete, nullptr); }},
-        {Command::printScenario, withPrint, [](MDIForm1& f) { f.host_.print(*f.activeEnabled(), false); }},
-        {Command::printPreview, withPrint, [](MDIForm1& f) { f.host_.print(*f.activeEnabled(), true); }},
-        {Command::exportText, inWindow, [](MDIForm1& f) { f.textExport_.ExportText(*f.activeEnabled()); }},
-        {Command::closeScenario, inWindow, [](MDIForm1& f) { f.CloseActiveScenario(); }},
+        {Command::printScenario, withPrint, [](MDIForm1& f) { f.desk_.print(*f.activeEnabled(), false); }},
+        {Command::printPreview, withPrint, [](MDIForm1& f) { f.desk_.print(*f.activeEnabled(), true); }},
+        {Command::exportText, inDesign, [](MDIForm1& f) { f.textExport_.ExportText(*f.activeScenario()); }},
+        {Command::closeScenario, inWindow, [](MDIForm1& f) { f.close(*f.activeEnabled()); }},
         {Command::login, withoutWindows, [](MDIForm1& f) { f.login(); }},
         {Command::changeUser, always, [](MDIForm1& f) { f.changeUser(); }},
         {Command::undo, withUndo, [](MDIForm1& f) { f.ports_.messages.tell("Undo"); }},
@@ -63,16 +64,15 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::activityZoom, never, nothing},
         {Command::checkConsistency, never, nothing},
         {Command::metrics, never, nothing},
-        {Command::createLdl, inWindow,
-         [](MDIForm1& f) {
-             f.ldl_.LDLScenario(*f.activeEnabled());
-             f.host_.commandsChanged();  // the wizard may have disabled the window for a while
-         }},
+        {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
         {Command::selectAll, inWindow, [](MDIForm1& f) { selectAllNodes(*f.activeEnabled()); }},
-        {Command::viewLarger, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::larger); }},
-        {Command::viewSmaller, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::smaller); }},
-        {Command::viewActualSize, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::actualSize); }},
-        {Command::viewFit, inWindow, [](MDIForm1& f) { f.host_.changeView(ViewChange::fit); }},
+        {Command::viewLarger, inWindow,
+         [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::larger); }},
+        {Command::viewSmaller, inWindow,
+         [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::smaller); }},
+        {Command::viewActualSize, inWindow,
+         [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::actualSize); }},
+        {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
         {Command::showDataTypes, never, nothing},
         {Command::showFunctionTypes, never, nothing},
         {Command::showActivityTypes, never, nothing},
@@ -98,6 +98,8 @@ bool MDIForm1::isEnabled(Command command) const {
             return false;
         case inWindow:
             return activeEnabled() != nullptr;
+        case inDesign:
+            return activeScenario() != nullptr;
         case withSave:
             return activeEnabled() && tools_.isMenuEnabled("Save");
         case withPrint:
@@ -108,17 +110,6 @@ bool MDIForm1::isEnabled(Command command) const {
             return !anyScenario();
     }
     return false;
-}
-
-bool MDIForm1::isShown(Shown shown) const {
-    switch (shown) {
-        case Shown::withScenario:
-            return host_.activeScenario() != nullptr;
-        case Shown::withoutScenario:
-            return !anyScenario();
-        default:
-            return true;
-    }
 }
 
 void MDIForm1::login() {
@@ -149,10 +140,6 @@ void MDIForm1::changeUser() {
     }
     tools_.enablePrintAndSave(false);
     login();
-}
-
-void MDIForm1::CloseActiveScenario() {
-    closeScenario(*activeEnabled());
 }
 
 void MDIForm1::showOptions() {

@@ -20,9 +20,10 @@ constexpr int kLeft = 600, kTop = 600, kWidth = 10000, kHeight = 8000;
 
 }  // namespace
 
-MDIForm1::MDIForm1(const Ports& ports, FrameHost& host)
+MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
     : ports_(ports),
       host_(host),
+      desk_(desk),
       services_{ports.database, ports.dataSources, ports.messages, ports.input,
                 ports.files,    ports.store,       ports.progress, options_.repository},
       catalogue_(services_, [this] { host_.endProgram(); }),
@@ -31,7 +32,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host)
       wizard_(ports.messages, catalogue_.tables, wizardWindow_),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
-      dialogs_(host, wizard_) {
+      dialogs_(desk, wizard_) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;
     tools_.palettes.atPointer = [this](Palette palette) { host_.placePalette(palette); };
@@ -73,9 +74,19 @@ void MDIForm1::loadCatalogue() {
     catalogue_.LoadActivityTypes();
 }
 
-canvas::DrawForm* MDIForm1::activeEnabled() const {
-    canvas::DrawForm* active = host_.activeScenario();
+canvas::CanvasForm* MDIForm1::activeEnabled() const {
+    canvas::CanvasForm* active = desk_.active();
     return active && active->Enabled() ? active : nullptr;
+}
+
+canvas::DrawForm* MDIForm1::activeScenario() const {
+    canvas::CanvasForm* active = activeEnabled();
+    return active && active->kind() == canvas::WindowKind::design ? &active->scenario() : nullptr;
+}
+
+canvas::WindowKind MDIForm1::front() const {
+    const canvas::CanvasForm* active = desk_.active();
+    return active ? active->kind() : canvas::WindowKind::none;
 }
 
 bool MDIForm1::anyScenario() const {
@@ -116,17 +127,35 @@ canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
     catalogue_.LoadDataTypes();
     canvas::DrawForm& opened = *form;
     ScenarioForms[static_cast<std::size_t>(slot)] = std::move(form);
-    host_.showScenario(opened);
+    desk_.show(opened);
     tools_.enablePrintAndSave(true);
     return opened;
 }
 
-bool MDIForm1::closeScenario(canvas::DrawForm& form) {
+void MDIForm1::show(std::unique_ptr<canvas::CanvasForm> form) {
+    canvas::CanvasForm& shown = *form;
+    others_.push_back(std::move(form));
+    desk_.show(shown);
+}
+
+bool MDIForm1::close(canvas::CanvasForm& form) {
     if (!form.Enabled() || !form.QueryUnload()) {
         return false;
     }
-    freeSlot(form.slot());
+    discard(form);
     return true;
+}
+
+void MDIForm1::discard(canvas::CanvasForm& form) {
+    const auto place =
+        std::find_if(others_.begin(), others_.end(), [&](const auto& held) { return held.get() == &form; });
+    if (place == others_.end()) {
+        freeSlot(form.scenario().slot());
+        return;
+    }
+    const std::unique_ptr<canvas::CanvasForm> held = std::move(*place);
+    others_.erase(place);
+    dropped(*held);
 }
 
 void MDIForm1::discardScenario(int slot) {
@@ -136,10 +165,15 @@ void MDIForm1::discardScenario(int slot) {
 void MDIForm1::freeSlot(int slot) {
     const std::unique_ptr<canvas::DrawForm> form = std::move(ScenarioForms[static_cast<std::size_t>(slot)]);
     if (form) {
-        host_.dropScenario(*form);
-        form->clear();
+        dropped(*form);
     }
-    if (!host_.activeScenario()) {
+}
+
+/// A form that nobody holds any more goes from the desk.
+void MDIForm1::dropped(canvas::CanvasForm& form) {
+    desk_.drop(form);
+    form.clear();
+    if (!desk_.active()) {
         tools_.enablePrintAndSave(false);
     }
     if (!anyScenario()) {
@@ -149,9 +183,14 @@ void MDIForm1::freeSlot(int slot) {
 }
 
 bool MDIForm1::unload() {
+    while (!others_.empty()) {
+        if (!close(*others_.back())) {
+            return false;
+        }
+    }
     for (int slot = 0; slot < kSlots; ++slot) {
         canvas::DrawForm* form = scenario(slot);
-        if (form && !closeScenario(*form)) {
+        if (form && !close(*form)) {
             return false;
         }
     }
@@ -174,7 +213,7 @@ void MDIForm1::enableFrame(bool enabled) {
 
 void MDIForm1::LoadTestGraph() {
     if (canvas::DrawForm* former = scenario(kSampleSlot)) {
-        if (!closeScenario(*former)) {
+        if (!close(*former)) {
             return;
         }
     }

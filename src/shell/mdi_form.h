@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "analysis/text_export.h"
 #include "canvas/canvas_pointer.h"
@@ -13,6 +14,7 @@
 #include "repository/services.h"
 #include "shell/canvas_dialogs.h"
 #include "shell/commands.h"
+#include "shell/desk.h"
 #include "shell/frame_host.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
@@ -30,7 +32,7 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
   public:
     static constexpr int kSlots = 11;
 
-    MDIForm1(const Ports& ports, FrameHost& host);
+    MDIForm1(const Ports& ports, FrameHost& host, Desk& desk);
     ~MDIForm1() override;
 
     /// Start-up: settings, silent test of the repository, login, catalogue, place of the frame. False when the user
@@ -40,19 +42,24 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
     /// Does what the menu item or button stands for.
     void run(Command command);
     bool isEnabled(Command command) const;
-    /// Whether the window in front has the item in its menu.
-    bool isShown(Shown shown) const;
+    /// The kind of the window in front, which decides what the menus hold.
+    canvas::WindowKind front() const;
     /// The tool in use, the tool bars and the palettes.
     ToolBars& tools() { return tools_; }
     const ToolBars& tools() const { return tools_; }
 
-    /// What the gestures of a design window lean on.
-    canvas::PointerPorts designPorts() { return {tools_, dialogs_, links_}; }
+    /// What the gestures of a canvas lean on.
+    canvas::PointerPorts pointerPorts() { return {tools_, dialogs_, links_}; }
 
-    /// The close request of a scenario's window: asks, then frees the slot and drops the window. False on Cancel.
-    bool closeScenario(canvas::DrawForm& form);
-    /// The frame's close request: closes every scenario in slot order. False when one of them was kept.
+    /// Shows a window beside those of the scenarios, and holds it until it is closed.
+    void show(std::unique_ptr<canvas::CanvasForm> form);
+    /// The close request of a window: asks, and drops it. False when it stays, and always while it takes no input.
+    bool close(canvas::CanvasForm& form);
+    /// The frame's close request: closes the windows beside the scenarios', then every scenario in slot order. False
+    /// when one of them was kept.
     bool unload();
+    /// The scenario in front, when its design window takes input, or nothing.
+    canvas::DrawForm* activeScenario() const;
 
     // ScenarioWindows
     int NewScenario(std::string& name) override;
@@ -70,14 +77,15 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
     struct CommandRow;
     static std::span<const CommandRow> commandRows();
 
-    canvas::DrawForm* activeEnabled() const;
+    canvas::CanvasForm* activeEnabled() const;
     canvas::DrawForm& OpenSlot(int slot, const std::string& name);
     void freeSlot(int slot);
+    void discard(canvas::CanvasForm& form);
+    void dropped(canvas::CanvasForm& form);
     void login();
     void changeUser();
     void loadCatalogue();
     void LoadTestGraph();
-    void CloseActiveScenario();
     void showOptions();
     void zoom(bool in);
     void saveScenario(canvas::DrawForm& form) override;
@@ -86,6 +94,7 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
 
     Ports ports_;
     FrameHost& host_;
+    Desk& desk_;
     OptionsData options_;
     repository::Services services_;
     repository::Catalogue catalogue_;
@@ -100,6 +109,7 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
 
     // A slot is used exactly while it holds a scenario.
     std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;
+    std::vector<std::unique_ptr<canvas::CanvasForm>> others_;  ///< windows beside the scenarios'
 };
 
 }  // namespace orvent::shell

@@ -40,7 +40,7 @@ struct Stored : StartedProgram {
             canvas::DrawForm* form = open(name);
             saveAs(name);
             answerClose(name, Answer::ok);
-            logic.closeScenario(*form);
+            logic.close(*form);
         }
     }
     void play(const char* item, const std::function<void(const Scenarios&)>& act) {
@@ -164,7 +164,7 @@ class DialogsTest : public WindowTest {
             QCOMPARE(shown.name.text(), QStringLiteral("Alpha"));
             QTest::keyClick(&shown.list, Qt::Key_Return);
         });
-        QCOMPARE(program.frame.activeScenario()->Caption(), std::string("Alpha"));
+        QCOMPARE(program.logic.activeScenario()->Caption(), std::string("Alpha"));
         program.play("LoadScenarioM", [](const Scenarios& shown) {
             QCOMPARE(shown.list.item(1)->text(), QStringLiteral("Beta & Co"));
             typeInto(shown.dialog, "txtScenarioName", QStringLiteral("Alpha"));
@@ -185,7 +185,7 @@ class DialogsTest : public WindowTest {
             QTest::mouseDClick(shown.list.viewport(), Qt::LeftButton, {}, shown.middleOf(1));
             QVERIFY(!shown.dialog.isVisible());
         });
-        QCOMPARE(program.frame.activeScenario()->Caption(), std::string("Beta & Co"));
+        QCOMPARE(program.logic.activeScenario()->Caption(), std::string("Beta & Co"));
     }
 
     void renameAndDelete() {

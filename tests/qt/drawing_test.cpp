@@ -11,8 +11,8 @@
 #include "canvas/lines.h"
 #include "qt/canvas/canvas_editor.h"
 #include "qt/canvas/canvas_print.h"
-#include "qt/shell/scenario_area.h"
-#include "qt/shell/scenario_window.h"
+#include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 #include "testkit/model_text.h"
 #include "window_program.h"
 
@@ -50,7 +50,7 @@ struct Desk : StartedProgram {
         QApplication::processEvents();
     }
 
-    canvas::DrawForm& form() { return *frame.activeScenario(); }
+    canvas::DrawForm& form() { return *logic.activeScenario(); }
     canvas::LabelsD& node(const std::string& name) { return *form().nodeNamed(name); }
     int selected() { return form().SelectedLabels.Count(); }
     CanvasEditor& editor() { return frame.area().activeWindow()->editor(); }
@@ -305,7 +305,7 @@ class DrawingTest : public WindowTest {
         desk.moveTo({5000, 9000});
         desk.answerClose("By hand", platform::Answer::ok);
         desk.key(Qt::Key_W, Qt::ControlModifier);
-        QVERIFY(!desk.frame.activeScenario());
+        QVERIFY(!desk.logic.activeScenario());
         QTest::mouseRelease(desk.window(), Qt::LeftButton, {}, QPoint(500, 500));
     }
 

@@ -8,8 +8,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "qt/shell/scenario_area.h"
-#include "qt/shell/scenario_window.h"
+#include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -87,7 +87,7 @@ class FrameTest : public WindowTest {
         Frame program;
         program.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario1", "50 % & %1");
         click(program.frame, "WelcomeNewScenarioM");
-        canvas::DrawForm* form = program.frame.activeScenario();
+        canvas::DrawForm* form = program.logic.activeScenario();
         QVERIFY(form);
         QVERIFY(!program.isShown("WelcomePage"));
         QCOMPARE(program.title(), QStringLiteral("50 % & %1 — ORVENT II"));
@@ -111,7 +111,7 @@ class FrameTest : public WindowTest {
         auto* tabs = program.frame.area().findChild<QTabBar*>();
         QTest::mouseClick(tabs->tabButton(0, QTabBar::RightSide), Qt::LeftButton);
         QTRY_VERIFY(!window);
-        QCOMPARE(program.frame.activeScenario()->Caption(), std::string("Two"));
+        QCOMPARE(program.logic.activeScenario()->Caption(), std::string("Two"));
         QVERIFY(program.menuItem("SaveScenarioM")->isEnabled());
 
         // The child windows have a key of their own for this; it must not stand against the menu's.
@@ -123,7 +123,7 @@ class FrameTest : public WindowTest {
         }
         program.answerClose("Two", Answer::ok);
         program.choose("CloseScenarioM");
-        QVERIFY(!program.frame.activeScenario());
+        QVERIFY(!program.logic.activeScenario());
         QVERIFY(program.isShown("WelcomePage"));
         QCOMPARE(program.title(), QStringLiteral("ORVENT II"));
     }
@@ -144,14 +144,14 @@ class FrameTest : public WindowTest {
         QCOMPARE(program.windows(), 2);
 
         entries[4]->trigger();
-        QCOMPARE(program.frame.activeScenario(), one);
+        QCOMPARE(program.logic.activeScenario(), one);
         QVERIFY(program.menuItem("SaveScenarioM")->isEnabled());
     }
 
     void windowsCanLieSideBySide() {
         Frame program;
-        ScenarioWindow* one = program.frame.area().windowOf(*program.open("One"));
-        ScenarioWindow* two = program.frame.area().windowOf(*program.open("Two"));
+        DeskWindow* one = program.frame.area().windowOf(*program.open("One"));
+        DeskWindow* two = program.frame.area().windowOf(*program.open("Two"));
         program.arrange("TileM");
         QVERIFY(!one->isMaximized());
         QVERIFY(!one->geometry().intersects(two->geometry().adjusted(2, 2, -2, -2)));

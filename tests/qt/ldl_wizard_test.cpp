@@ -36,7 +36,7 @@ struct Wizard : StartedProgram {
     void run(const char* type, const std::function<void(QDialog&)>& act) {
         activity->Act_Type = logic.catalogue().ActivityTypeIndex(type);
         dialogs.at(QStringLiteral("LDLForm"), act);
-        logic.designPorts().windows.openTemplateWizard(*form, *form->nodeNamed("Sel"));
+        logic.pointerPorts().windows.openTemplateWizard(*form, *form->nodeNamed("Sel"));
     }
 
     canvas::DrawForm* form = nullptr;

@@ -6,6 +6,7 @@
 
 #include "dialog_script.h"
 #include "qt/platform/adapters.h"
+#include "qt/shell/desk_area.h"
 #include "qt/shell/frame_window.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
@@ -45,7 +46,7 @@ class WindowProgram {
         : folder_(repository.folder.path()),
           logic({repository.hooked, repository.dataSources, messages, input, repository.files, colours_,
                  repository.store, progress, help_, folder_},
-                frame) {
+                frame, frame.area()) {
         progress.attach(frame.statusBar());
         frame.attach(logic);
         repository.store.setValue("DB", "ReposConnString", source());

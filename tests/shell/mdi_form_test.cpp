@@ -55,14 +55,14 @@ TEST_F(Frame, ElevenScenariosAndTheTwelfthIsRefused) {
         repository.input.expect("Give The Name Of The New Scenario:", "Scenario Name", name, name);
         frame.frame.run(Command::newScenario);
     }
-    EXPECT_EQ(frame.host.windows.size(), 11U);
+    EXPECT_EQ(frame.desk.windows.size(), 11U);
     repository.messages.expect(
         "Maximum Number Of Possible Concurrently Loaded Scenarios is Exceeded\n"
         "You Will Have To Close One Of the Allready Open Scenarios Before Opening A New One");
     EXPECT_EQ(open(""), -1);
 
     expectClose("Scenario4", Answer::ok);
-    frame.frame.closeScenario(*frame.frame.scenario(3));
+    frame.frame.close(*frame.frame.scenario(3));
     repository.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario4", "");
     EXPECT_EQ(open(""), -1);
     EXPECT_EQ(frame.frame.scenario(3), nullptr);
@@ -93,7 +93,7 @@ TEST_F(Frame, CommandsPassADisabledWindowBy) {
         EXPECT_FALSE(frame.frame.isEnabled(command));
         frame.frame.run(command);
     }
-    EXPECT_FALSE(frame.frame.closeScenario(frame.active()));
+    EXPECT_FALSE(frame.frame.close(frame.active()));
     repository.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
     frame.frame.run(Command::changeUser);
 }
@@ -144,9 +144,9 @@ TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     frame.frame.tools().canvasFocused(frame.active());
     frame.frame.run(Command::printScenario);
     frame.frame.run(Command::printPreview);
-    EXPECT_EQ(frame.host.prints, (std::vector<bool>{false, true}));
+    EXPECT_EQ(frame.desk.prints, (std::vector<std::string>{"a", "a?"}));
     frame.frame.run(Command::viewFit);
-    EXPECT_EQ(frame.host.viewChanges, std::vector{ViewChange::fit});
+    EXPECT_EQ(frame.desk.viewChanges, std::vector{ViewChange::fit});
 
     frame.active().Labels.Add({100, 100, 1000, 500}, "RS", canvas::NodeTypeRecordSet);
     repository.input.expect("ZOOM IN RATIO :", "Zooming IN", "", "1,5");

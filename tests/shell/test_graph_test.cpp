@@ -85,7 +85,7 @@ TEST_F(TestGraph, ASecondLoadAsksToCloseTheFirst) {
                                    platform::Icon::question, platform::Buttons::okCancel, answer);
         frame.frame.run(Command::loadTestGraph);
     }
-    EXPECT_EQ(frame.host.windows.size(), 1U);
+    EXPECT_EQ(frame.desk.windows.size(), 1U);
     EXPECT_EQ(form().Labels.Count(), 9);
 }
 

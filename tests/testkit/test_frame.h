@@ -6,6 +6,7 @@
 #include "platform/scramble.h"
 #include "shell/mdi_form.h"
 #include "testkit/embedded_repository.h"
+#include "testkit/fake_desk.h"
 #include "testkit/fake_frame_host.h"
 
 namespace orvent::testkit {
@@ -28,7 +29,7 @@ class TestFrame {
           folder_(repository.folder.path()),
           frame({repository.hooked, repository.dataSources, repository.messages, repository.input, repository.files,
                  colours_, repository.store, repository.progress, help_, folder_},
-                host) {
+                host, desk) {
         const repository::LoginValues& login = repository.settings.login;
         repository.store.setValue("DB", "ReposConnString", login.ReposConnString);
         repository.store.setValue("DB", "ReposLogin", login.ReposLogin);
@@ -41,7 +42,7 @@ class TestFrame {
         };
     }
 
-    canvas::DrawForm& active() { return *host.activeScenario(); }
+    canvas::DrawForm& active() { return desk.active()->scenario(); }
 
     /// Saves the active scenario under a name for the first time.
     void saveAs(const std::string& name) {
@@ -70,7 +71,7 @@ class TestFrame {
     void close() {
         repository_.messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + active().Caption() + " ?", "Closing Scenario",
                                     platform::Icon::question, platform::Buttons::okCancel, platform::Answer::ok);
-        frame.closeScenario(active());
+        frame.close(*desk.active());
     }
 
   private:
@@ -81,6 +82,7 @@ class TestFrame {
 
   public:
     FakeFrameHost host;
+    FakeDesk desk;
     shell::MDIForm1 frame;
 };
 

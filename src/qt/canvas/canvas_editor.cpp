@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+#include "qt/text.h"
 #include "shell/node_walk.h"
 
 namespace orvent::qt {
@@ -33,10 +34,6 @@ constexpr WalkKey kWalkKeys[] = {{Qt::Key_Left, shell::Direction::left},
 
 int buttonOf(Qt::MouseButtons buttons) {
     return (buttons & Qt::LeftButton ? canvas::LeftButton : 0) | (buttons & Qt::RightButton ? canvas::RightButton : 0);
-}
-
-QString words(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
 }  // namespace
@@ -141,14 +138,13 @@ void CanvasEditor::showPointerShape() {
 void CanvasEditor::fillMenu(QMenu& menu, std::span<const canvas::ContextItem> items) {
     for (const canvas::ContextItem& item : items) {
         if (!item.items.empty()) {
-            QMenu* inner = menu.addMenu(words(item.caption));
-            inner->setObjectName(words(item.name));
+            QMenu* inner = menu.addMenu(text(item.caption));
+            inner->setObjectName(text(item.name));
             fillMenu(*inner, item.items);
             continue;
         }
-        QAction* action =
-            menu.addAction(words(item.caption), this, [this, name = item.name] { pointer_.choose(name); });
-        action->setObjectName(words(item.name));
+        QAction* action = menu.addAction(text(item.caption), this, [this, name = item.name] { pointer_.choose(name); });
+        action->setObjectName(text(item.name));
         if (item.isDefault) {
             menu.setDefaultAction(action);
         }
@@ -157,7 +153,7 @@ void CanvasEditor::fillMenu(QMenu& menu, std::span<const canvas::ContextItem> it
 
 void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
     auto* shown = new QMenu(this);
-    shown->setObjectName(words(menu.name));
+    shown->setObjectName(text(menu.name));
     shown->setAttribute(Qt::WA_DeleteOnClose);
     fillMenu(*shown, menu.items);
     shown->popup(viewport()->mapToGlobal(transform().toPixels(at).toPoint()));

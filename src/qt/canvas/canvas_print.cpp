@@ -69,8 +69,11 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) 
     painter.restore();
 }
 
-void printCanvas(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent) {
+void CanvasPrinter::print(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent) {
     QPrinter printer(QPrinter::HighResolution);
+    if (!chosen_.isEmpty()) {
+        printer.setPrinterName(chosen_);
+    }
     printer.setDocName(title);
     printer.setPageOrientation(canvas.PicForm.Width() > canvas.PicForm.Height() ? QPageLayout::Landscape
                                                                                 : QPageLayout::Portrait);
@@ -80,11 +83,13 @@ void printCanvas(canvas::Canvas& canvas, const QString& title, bool preview, QWi
         QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                          [&canvas](QPrinter* target) { printTo(canvas, *target); });
         dialog.exec();
+        chosen_ = printer.printerName();
         return;
     }
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName(QStringLiteral("PrintDialog"));
     if (dialog.exec() == QDialog::Accepted) {
+        chosen_ = printer.printerName();
         printTo(canvas, printer);
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include "canvas/canvas.h"
 
 class QPainter;
@@ -12,8 +14,15 @@ namespace orvent::qt {
 /// whatever the program's theme.
 void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page);
 
-/// Asks for a printer and prints the canvas on one page. With `preview` the page is shown first, and printed from
-/// there. Cancel, or a printer that fails, ends it silently.
-void printCanvas(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent);
+/// Prints canvases on one page each, on the printer that was chosen last.
+class CanvasPrinter {
+  public:
+    /// Asks for a printer. With `preview` the page is shown first, and printed from there. Cancel, or a printer that
+    /// fails, ends it silently.
+    void print(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent);
+
+  private:
+    QString chosen_;  ///< name of the printer, empty until one was chosen
+};
 
 }  // namespace orvent::qt

@@ -4,14 +4,18 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include "qt/text.h"
 #include "qt/theme/icons.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::qt {
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
+namespace {
+
+constexpr shell::WindowKinds kEveryWindow(canvas::WindowKind::none, canvas::WindowKind::design,
+                                          canvas::WindowKind::zoom);
+
+}  // namespace
 
 QList<QKeySequence> shortcutsOf(const shell::MenuItem& item) {
     return QKeySequence::listFromString(text(item.shortcut), QKeySequence::PortableText);
@@ -31,13 +35,13 @@ QAction* CommandActions::newAction(std::string_view name, std::string_view capti
 
 void CommandActions::addItem(QMenu& menu, const shell::MenuItem& item) {
     if (item.caption.empty()) {
-        entries_.push_back({menu.addSeparator(), item.command, item.shown, true});
+        entries_.push_back({menu.addSeparator(), item.command, item.windows, true});
         return;
     }
     QAction* action = newAction(item.name, item.caption, item.icon, item.command, &menu);
     action->setShortcuts(shortcutsOf(item));
     menu.addAction(action);
-    entries_.push_back({action, item.command, item.shown, false});
+    entries_.push_back({action, item.command, item.windows, false});
 }
 
 void CommandActions::fill(QMenuBar& bar) {
@@ -57,13 +61,13 @@ void CommandActions::fill(QToolBar& bar) {
         const shell::Command command = shell::menuBarCommands()[position++];
         QAction* action = newAction(button.key, button.toolTip, button.icon, command, &bar);
         bar.addAction(action);
-        entries_.push_back({action, command, shell::Shown::always, false});
+        entries_.push_back({action, command, kEveryWindow, false});
     }
 }
 
 QAction* CommandActions::add(const shell::Button& button, QObject* parent) {
     QAction* action = newAction(button.key, button.text, button.icon, button.command, parent);
-    entries_.push_back({action, button.command, shell::Shown::always, false});
+    entries_.push_back({action, button.command, kEveryWindow, false});
     return action;
 }
 
@@ -78,8 +82,10 @@ QAction* CommandActions::menuAction(std::string_view name) const {
 
 void CommandActions::refresh(const shell::MDIForm1& logic) {
     for (const Entry& entry : entries_) {
-        entry.action->setVisible(logic.isShown(entry.shown));
-        entry.action->setEnabled(!entry.separator && logic.isEnabled(entry.command));
+        const bool shown = entry.windows.has(logic.front());
+        entry.action->setVisible(shown);
+        // One that is not shown must not take the keys of one that is.
+        entry.action->setEnabled(shown && !entry.separator && logic.isEnabled(entry.command));
     }
     for (QMenu* menu : menus_) {
         const QList<QAction*> items = menu->actions();

@@ -19,7 +19,6 @@ class MDIForm1;
 
 namespace orvent::qt {
 
-QString text(std::string_view utf8);
 QList<QKeySequence> shortcutsOf(const shell::MenuItem& item);
 
 /// The actions behind the frame's menus, tool bar and vertical menu. Each place has its own action for a command, named
@@ -46,7 +45,7 @@ class CommandActions : public QObject {
     struct Entry {
         QAction* action;
         shell::Command command;
-        shell::Shown shown;
+        shell::WindowKinds windows;
         bool separator;
     };
 

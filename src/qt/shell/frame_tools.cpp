@@ -7,6 +7,7 @@
 
 #include "qt/shell/command_actions.h"
 #include "qt/shell/palette_window.h"
+#include "qt/text.h"
 #include "qt/theme/icons.h"
 
 namespace orvent::qt {

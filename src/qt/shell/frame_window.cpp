@@ -11,19 +11,17 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "qt/canvas/canvas_editor.h"
-#include "qt/canvas/canvas_print.h"
 #include "qt/repository/user_login_window.h"
 #include "qt/repository/view_scenarios_window.h"
 #include "qt/shell/about_form.h"
+#include "qt/shell/desk_area.h"
 #include "qt/shell/frame_tools.h"
 #include "qt/shell/options_window.h"
-#include "qt/shell/scenario_area.h"
-#include "qt/shell/scenario_window.h"
 #include "qt/shell/shortcuts_form.h"
 #include "qt/shell/side_menu.h"
 #include "qt/shell/welcome_page.h"
 #include "qt/statements/ldl_form_window.h"
+#include "qt/text.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
 
@@ -47,7 +45,8 @@ constexpr Choice kFirstSteps[] = {
 FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
     : theme_(theme),
       endAtOnce_(std::move(endAtOnce)),
-      commands_([this](shell::Command command) { run(command); }, nullptr) {
+      commands_([this](shell::Command command) { run(command); }, nullptr),
+      area_(new DeskArea(theme, this)) {
     setObjectName(QStringLiteral("MDIForm1"));
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
     statusBar()->setSizeGripEnabled(false);
@@ -64,12 +63,14 @@ FrameWindow::~FrameWindow() {
 
 void FrameWindow::attach(shell::MDIForm1& logic) {
     logic_ = &logic;
+    area_->attach(&logic);
     statusBar()->addPermanentWidget(whoAndWhere_);  // at the right of what a progress display has put there
 }
 
 void FrameWindow::detach() {
-    if (area_) {
-        area_->dropAll();
+    area_->dropAll();
+    area_->attach(nullptr);
+    if (tools_) {
         tools_->attach(nullptr);
     }
     logic_ = nullptr;
@@ -77,7 +78,7 @@ void FrameWindow::detach() {
 
 // Only when the frame is placed, behind the login: the login window is to appear at once.
 void FrameWindow::build() {
-    if (area_) {
+    if (centre_) {
         return;
     }
     buildCommands();
@@ -102,8 +103,8 @@ void FrameWindow::buildCentre() {
     for (const Choice& step : kFirstSteps) {
         welcome->addChoice(*commands_.menuAction(step.item), tr(step.line));
     }
-    area_ = new ScenarioArea(this);
-    connect(area_, &ScenarioArea::activeChanged, this, &FrameWindow::commandsChanged);
+    connect(area_, &DeskArea::activeChanged, this, &FrameWindow::commandsChanged);
+    connect(area_, &DeskArea::aboutToShow, this, [this] { centre_->setCurrentWidget(area_); });
     centre_ = new QStackedWidget(this);
     centre_->addWidget(welcome);
     centre_->addWidget(area_);
@@ -119,53 +120,9 @@ void FrameWindow::buildCentre() {
 
 void FrameWindow::run(shell::Command command) {
     if (logic_ && takesInput_) {
-        if (const ScenarioWindow* window = area_->activeWindow()) {
-            window->editor().cancelGesture();
-        }
+        area_->cancelGesture();
         logic_->run(command);
     }
-}
-
-void FrameWindow::showScenario(canvas::DrawForm& form) {
-    centre_->setCurrentWidget(area_);
-    area_->add(new ScenarioWindow(form, theme_, logic_->designPorts(),
-                                  [this](canvas::DrawForm& asked) { logic_->closeScenario(asked); }));
-}
-
-void FrameWindow::dropScenario(canvas::DrawForm& form) {
-    if (ScenarioWindow* window = area_->windowOf(form)) {
-        area_->drop(window);
-    }
-}
-
-canvas::DrawForm* FrameWindow::activeScenario() {
-    return area_ ? area_->activeScenario() : nullptr;
-}
-
-void FrameWindow::changeView(shell::ViewChange change) {
-    CanvasViewWidget& view = area_->activeWindow()->editor();
-    switch (change) {
-        case shell::ViewChange::larger:
-            view.stepScale(1);
-            break;
-        case shell::ViewChange::smaller:
-            view.stepScale(-1);
-            break;
-        case shell::ViewChange::actualSize:
-            view.setScale(1);
-            break;
-        case shell::ViewChange::fit:
-            view.fit();
-            break;
-    }
-}
-
-void FrameWindow::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
-    area_->activeWindow()->editor().showMenu(menu, at);
-}
-
-void FrameWindow::print(canvas::Canvas& canvas, bool preview) {
-    printCanvas(canvas, text(activeScenario()->Caption()), preview, dialogParent());
 }
 
 QWidget* FrameWindow::dialogParent() {
@@ -214,7 +171,7 @@ void FrameWindow::placePalette(shell::Palette palette) {
 }
 
 void FrameWindow::enableFrame(bool enabled) {
-    if (!area_ || enabled == takesInput_) {
+    if (!centre_ || enabled == takesInput_) {
         return;
     }
     takesInput_ = enabled;
@@ -231,12 +188,12 @@ void FrameWindow::enableFrame(bool enabled) {
 }
 
 void FrameWindow::commandsChanged() {
-    if (!logic_ || !area_) {
+    if (!logic_ || !centre_) {
         return;
     }
     commands_.refresh(*logic_);
     tools_->refresh();
-    windowMenu_->menuAction()->setVisible(logic_->isShown(shell::Shown::withScenario));
+    windowMenu_->menuAction()->setVisible(area_->active() != nullptr);
     centre_->setCurrentIndex(logic_->anyScenario() ? 1 : 0);
     const repository::LoginValues& login = logic_->options().repository.login;
     whoAndWhere_->setText(login.User.empty() ? QString()
@@ -245,7 +202,7 @@ void FrameWindow::commandsChanged() {
 }
 
 void FrameWindow::showTitle() {
-    const canvas::DrawForm* form = activeScenario();
+    const canvas::CanvasForm* form = area_->active();
     const QString program = QStringLiteral("ORVENT II");
     setWindowTitle(form ? tr("%1 — %2").arg(text(form->Caption()), program) : program);
     area_->refresh();

@@ -13,7 +13,7 @@ class QStackedWidget;
 namespace orvent::qt {
 
 class FrameTools;
-class ScenarioArea;
+class DeskArea;
 class Theme;
 
 /// The window of `MDIForm1`: menus, tool bar, vertical menu, the scenarios' windows and the status bar. It shows the
@@ -32,16 +32,9 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     /// Takes the logic away before it goes; the windows of its scenarios go now.
     void detach();
 
-    /// The scenarios' windows.
-    ScenarioArea& area() { return *area_; }
+    /// The windows with a canvas.
+    DeskArea& area() { return *area_; }
 
-    // FrameHost, the windows of scenarios
-    void showScenario(canvas::DrawForm& form) override;
-    void dropScenario(canvas::DrawForm& form) override;
-    canvas::DrawForm* activeScenario() override;
-    void changeView(shell::ViewChange change) override;
-    void showMenu(const canvas::ContextMenu& menu, canvas::Point at) override;
-    void print(canvas::Canvas& canvas, bool preview) override;
     // FrameHost, modal windows
     void runUserLogin(repository::UserLogin& login) override;
     void runViewScenarios(repository::ViewScenarios& dialog) override;
@@ -78,7 +71,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     QMenu* windowMenu_ = nullptr;
     FrameTools* tools_ = nullptr;
     QStackedWidget* centre_ = nullptr;
-    ScenarioArea* area_ = nullptr;
+    DeskArea* area_;
     QLabel* whoAndWhere_ = nullptr;
     bool takesInput_ = true;
     QPointer<QWidget> focusBefore_;  ///< where the focus was when the frame was disabled

@@ -5,7 +5,7 @@
 #include <QSignalBlocker>
 
 #include "qt/dialogs/fields.h"
-#include "qt/shell/command_actions.h"
+#include "qt/text.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/model_colour.h"
 #include "qt/theme/theme.h"

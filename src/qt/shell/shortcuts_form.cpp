@@ -5,6 +5,7 @@
 #include <QLabel>
 
 #include "qt/shell/command_actions.h"
+#include "qt/text.h"
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {

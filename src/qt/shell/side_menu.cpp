@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "qt/shell/command_actions.h"
+#include "qt/text.h"
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "qt/dialogs/program_header.h"
+#include "qt/text.h"
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {

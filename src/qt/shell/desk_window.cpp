@@ -1,4 +1,4 @@
-#include "qt/shell/scenario_window.h"
+#include "qt/shell/desk_window.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "qt/canvas/canvas_editor.h"
+#include "qt/text.h"
 #include "qt/theme/icons.h"
 
 namespace orvent::qt {
 
-ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, const canvas::PointerPorts& ports,
-                               AskClose askClose)
+DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
+                       AskClose askClose)
     : form_(&form),
       subscription_(form.listen(*this)),
       askClose_(std::move(askClose)),
@@ -29,11 +30,11 @@ ScenarioWindow::ScenarioWindow(canvas::DrawForm& form, const Theme& theme, const
     formChanged();
 }
 
-ScenarioWindow::~ScenarioWindow() {
+DeskWindow::~DeskWindow() {
     release();
 }
 
-void ScenarioWindow::release() {
+void DeskWindow::release() {
     if (form_) {
         subscription_.end();
         form_ = nullptr;
@@ -41,16 +42,16 @@ void ScenarioWindow::release() {
     }
 }
 
-void ScenarioWindow::showEnabled() {
+void DeskWindow::showEnabled() {
     setEnabled(form_ && form_->Enabled());
 }
 
-void ScenarioWindow::formChanged() {
-    setWindowTitle(QString::fromStdString(form_->Caption()));
-    Q_EMIT captionChanged();
+void DeskWindow::formChanged() {
+    setWindowTitle(text(form_->Caption()));
+    Q_EMIT formShown();
 }
 
-void ScenarioWindow::closeEvent(QCloseEvent* event) {
+void DeskWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (form_) {
         askClose_(*form_);

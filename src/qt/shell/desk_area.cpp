@@ -1,0 +1,239 @@
+#include "qt/shell/desk_area.h"
+
+#include <QMenu>
+#include <QTabBar>
+#include <QToolButton>
+#include <algorithm>
+
+#include "qt/canvas/canvas_editor.h"
+#include "qt/shell/desk_window.h"
+#include "qt/text.h"
+#include "qt/theme/icons.h"
+#include "qt/theme/theme.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr int kNameWidth = 220;  // of a scenario's name in a tab or menu, in pixels
+constexpr int kCloseSize = 18;
+
+/// A name as a tab or menu shows it: not too long, and "&" as itself.
+QString shortName(const QString& name, const QFontMetrics& metrics) {
+    return metrics.elidedText(name.simplified(), Qt::ElideRight, kNameWidth).replace(u'&', QLatin1String("&&"));
+}
+
+QToolButton* newCloseButton(DeskWindow* window, QTabBar* tabs) {
+    auto* button = new QToolButton(tabs);
+    button->setIcon(icon(QStringLiteral("close")));
+    button->setIconSize({kCloseSize - 6, kCloseSize - 6});
+    button->setFixedSize(kCloseSize, kCloseSize);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setToolTip(QObject::tr("Close Scenario"));
+    QObject::connect(button, &QToolButton::clicked, window, &QWidget::close);
+    return button;
+}
+
+}  // namespace
+
+DeskArea::DeskArea(const Theme& theme, QWidget* parent) : QMdiArea(parent), theme_(theme) {
+    setDocumentMode(true);
+    setFrameShape(NoFrame);
+    setTabsMovable(true);
+    setViewMode(TabbedView);
+    connect(this, &QMdiArea::subWindowActivated, this, &DeskArea::activated);
+}
+
+DeskArea::~DeskArea() {
+    // Windows that go one by one would activate each other.
+    disconnect(this, &QMdiArea::subWindowActivated, this, nullptr);
+}
+
+void DeskArea::show(canvas::CanvasForm& form) {
+    Q_EMIT aboutToShow();
+    auto* window = new DeskWindow(form, theme_, logic_->pointerPorts(),
+                                  [this](canvas::CanvasForm& asked) { logic_->close(asked); });
+    windows_.push_back(window);
+    addSubWindow(window);
+    connect(window, &DeskWindow::formShown, this, &DeskArea::activeChanged);
+    if (viewMode() == SubWindowView) {
+        window->resize(window->sizeHint());
+    }
+    window->show();
+    bringForward(window);
+}
+
+void DeskArea::drop(canvas::CanvasForm& form) {
+    DeskWindow* window = windowOf(form);
+    if (!window) {
+        return;
+    }
+    dropWindow(window);
+    if (!active_ && !windows_.empty()) {
+        // The toolkit passes over windows that take no input, as the one does over which a view was open.
+        DeskWindow* below = windowOf(form.scenario());
+        bringForward(below ? below : windows_.back());
+    }
+}
+
+// It is deleted later, since its own close request may be under way.
+void DeskArea::dropWindow(DeskWindow* window) {
+    std::erase(windows_, window);
+    if (active_ == window) {
+        active_ = nullptr;
+    }
+    removeSubWindow(window);
+    window->release();
+    window->deleteLater();
+    if (!active_) {
+        activated(currentSubWindow());
+    }
+}
+
+void DeskArea::dropAll() {
+    while (!windows_.empty()) {
+        dropWindow(windows_.front());
+    }
+}
+
+void DeskArea::activated(QMdiSubWindow* window) {
+    // Nothing is told when the whole program goes to the background; the last window stays the active one.
+    if (DeskWindow* next = own(window)) {
+        if (active_ && active_ != next) {
+            active_->editor().cancelGesture();
+        }
+        active_ = next;
+        Q_EMIT activeChanged();
+    }
+}
+
+DeskWindow* DeskArea::own(const QMdiSubWindow* window) const {
+    const auto place = std::find(windows_.begin(), windows_.end(), window);
+    return place == windows_.end() ? nullptr : *place;
+}
+
+std::vector<DeskWindow*> DeskArea::inTabOrder() const {
+    std::vector<DeskWindow*> list;
+    for (const QMdiSubWindow* window : subWindowList()) {
+        if (DeskWindow* found = own(window)) {
+            list.push_back(found);
+        }
+    }
+    return list;
+}
+
+DeskWindow* DeskArea::windowOf(const canvas::CanvasForm& form) const {
+    const auto place = std::find_if(windows_.begin(), windows_.end(),
+                                    [&](const DeskWindow* window) { return window->form() == &form; });
+    return place == windows_.end() ? nullptr : *place;
+}
+
+canvas::CanvasForm* DeskArea::active() {
+    return active_ ? active_->form() : nullptr;
+}
+
+void DeskArea::changeView(canvas::CanvasForm& form, shell::ViewChange change) {
+    CanvasViewWidget& view = windowOf(form)->editor();
+    switch (change) {
+        case shell::ViewChange::larger:
+            view.stepScale(1);
+            break;
+        case shell::ViewChange::smaller:
+            view.stepScale(-1);
+            break;
+        case shell::ViewChange::actualSize:
+            view.setScale(1);
+            break;
+        case shell::ViewChange::fit:
+            view.fit();
+            break;
+    }
+}
+
+void DeskArea::reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) {
+    DeskWindow* window = windowOf(form);
+    bringForward(window);
+    window->editor().reveal(node);
+}
+
+void DeskArea::showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) {
+    windowOf(form)->editor().showMenu(menu, at);
+}
+
+void DeskArea::print(canvas::CanvasForm& form, bool preview) {
+    printer_.print(form, text(form.Caption()), preview, this);
+}
+
+void DeskArea::cancelGesture() {
+    if (active_) {
+        active_->editor().cancelGesture();
+    }
+}
+
+void DeskArea::refresh() {
+    for (DeskWindow* window : windows_) {
+        const bool woke = !window->isEnabled() && window->form()->Enabled();
+        window->showEnabled();
+        if (woke && window == active_) {
+            window->setFocus();
+        }
+    }
+    dressTabs();
+}
+
+void DeskArea::dressTabs() {
+    auto* tabs = findChild<QTabBar*>();
+    if (!tabs) {
+        return;
+    }
+    tabs->setExpanding(false);
+    tabs->setDrawBase(false);
+    const std::vector<DeskWindow*> list = inTabOrder();
+    for (int i = 0; i < tabs->count() && i < static_cast<int>(list.size()); ++i) {
+        DeskWindow* window = list[static_cast<std::size_t>(i)];
+        const QString name = window->windowTitle();
+        tabs->setTabText(i, shortName(name, tabs->fontMetrics()));
+        tabs->setTabToolTip(i, name);
+        if (!tabs->tabButton(i, QTabBar::RightSide)) {
+            tabs->setTabButton(i, QTabBar::RightSide, newCloseButton(window, tabs));
+        }
+    }
+}
+
+void DeskArea::bringForward(DeskWindow* window) {
+    setActiveSubWindow(window);
+    window->setFocus();
+    activated(window);
+}
+
+void DeskArea::arrange(ViewMode mode, void (QMdiArea::*step)()) {
+    setViewMode(mode);
+    if (step) {
+        (this->*step)();
+    }
+    refresh();
+}
+
+void DeskArea::fillMenu(QMenu& menu) {
+    menu.clear();
+    const auto addArrangement = [this, &menu](const QString& name, const QString& caption, ViewMode mode,
+                                              void (QMdiArea::*step)()) {
+        QAction* action = menu.addAction(caption, this, [this, mode, step] { arrange(mode, step); });
+        action->setObjectName(name);
+    };
+    addArrangement(QStringLiteral("TabsM"), tr("Tabs"), TabbedView, nullptr);
+    addArrangement(QStringLiteral("CascadeM"), tr("Cascade"), SubWindowView, &QMdiArea::cascadeSubWindows);
+    addArrangement(QStringLiteral("TileM"), tr("Tile"), SubWindowView, &QMdiArea::tileSubWindows);
+    menu.addSeparator();
+    for (DeskWindow* window : inTabOrder()) {
+        QAction* action = menu.addAction(shortName(window->windowTitle(), menu.fontMetrics()), window,
+                                         [this, window] { bringForward(window); });
+        action->setCheckable(true);
+        action->setChecked(window == active_);
+        action->setEnabled(window->isEnabled());
+    }
+}
+
+}  // namespace orvent::qt

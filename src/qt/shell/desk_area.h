@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QMdiArea>
+#include <vector>
+
+#include "qt/canvas/canvas_print.h"
+#include "shell/desk.h"
+
+class QMenu;
+
+namespace orvent::shell {
+class MDIForm1;
+}
+
+namespace orvent::qt {
+
+class DeskWindow;
+class Theme;
+
+/// The child windows of the frame, as tabs or as windows side by side. It remembers which one is active also while
+/// another window of the program is in front.
+class DeskArea : public QMdiArea, public shell::Desk {
+    Q_OBJECT
+
+  public:
+    DeskArea(const Theme& theme, QWidget* parent);
+    ~DeskArea() override;
+
+    /// The logic of the frame, asked when a window is to close; nothing before it is there and after it has gone.
+    void attach(shell::MDIForm1* logic) { logic_ = logic; }
+
+    // Desk
+    void show(canvas::CanvasForm& form) override;
+    void drop(canvas::CanvasForm& form) override;
+    canvas::CanvasForm* active() override;
+    void changeView(canvas::CanvasForm& form, shell::ViewChange change) override;
+    void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
+    void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
+    void print(canvas::CanvasForm& form, bool preview) override;
+
+    void dropAll();
+
+    /// The window of a form, or nothing.
+    DeskWindow* windowOf(const canvas::CanvasForm& form) const;
+    DeskWindow* activeWindow() const { return active_; }
+
+    /// Gives up what the mouse is doing in the active window.
+    void cancelGesture();
+    /// Shows captions, and which windows take input.
+    void refresh();
+    /// `WindowM`: arrangements, then the windows.
+    void fillMenu(QMenu& menu);
+
+  Q_SIGNALS:
+    void aboutToShow();  ///< a window comes
+    void activeChanged();
+
+  private:
+    void dropWindow(DeskWindow* window);
+    void activated(QMdiSubWindow* window);
+    void arrange(ViewMode mode, void (QMdiArea::*step)());
+    void bringForward(DeskWindow* window);
+    void dressTabs();
+    DeskWindow* own(const QMdiSubWindow* window) const;
+    std::vector<DeskWindow*> inTabOrder() const;
+
+    const Theme& theme_;
+    shell::MDIForm1* logic_ = nullptr;
+    std::vector<DeskWindow*> windows_;
+    DeskWindow* active_ = nullptr;
+    CanvasPrinter printer_;
+};
+
+}  // namespace orvent::qt

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QMdiSubWindow>
+#include <functional>
+
+#include "canvas/canvas_pointer.h"
+
+namespace orvent::qt {
+
+class CanvasEditor;
+class Theme;
+
+/// The child window of one form with a canvas. It never closes by itself: a close request goes to the frame's logic,
+/// which takes the window away when the form goes.
+class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
+    Q_OBJECT
+
+  public:
+    using AskClose = std::function<void(canvas::CanvasForm&)>;
+
+    DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports, AskClose askClose);
+    ~DeskWindow() override;
+
+    /// The form shown, or nothing once it was released.
+    canvas::CanvasForm* form() const { return form_; }
+    /// Its canvas; only while it has a form.
+    CanvasEditor& editor() const { return *editor_; }
+    /// Forgets the form, which is about to go; the window stays empty.
+    void release();
+
+    /// Its size among windows side by side.
+    QSize sizeHint() const override { return {720, 480}; }
+
+    /// Takes input or not, as its form does.
+    void showEnabled();
+
+  Q_SIGNALS:
+    void formShown();  ///< its caption, or whether it takes input
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void formChanged() override;
+
+    canvas::CanvasForm* form_;
+    canvas::CanvasSubscription subscription_;
+    AskClose askClose_;
+    CanvasEditor* editor_;
+};
+
+}  // namespace orvent::qt

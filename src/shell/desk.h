@@ -1,0 +1,33 @@
+#pragma once
+
+#include "canvas/canvas_form.h"
+#include "canvas/context_menus.h"
+
+namespace orvent::shell {
+
+/// How a window shows its picture; the model stays as it is.
+enum class ViewChange { larger, smaller, actualSize, fit };
+
+/// The windows with a canvas on screen, whatever their kind.
+class Desk {
+  public:
+    virtual ~Desk() = default;
+
+    /// Makes the window of a form, shows it and makes it the active child.
+    virtual void show(canvas::CanvasForm& form) = 0;
+    /// Takes the window away. The form is gone after the call.
+    virtual void drop(canvas::CanvasForm& form) = 0;
+    /// The form of the active child window, or nothing.
+    virtual canvas::CanvasForm* active() = 0;
+
+    virtual void changeView(canvas::CanvasForm& form, ViewChange change) = 0;
+    /// Brings the window forward and scrolls so far that the node is seen.
+    virtual void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) = 0;
+    /// Pops a context menu up at a place of the picture.
+    virtual void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) = 0;
+    /// Lets the user choose a printer and prints the whole picture on one page; with `preview` shows the page first. A
+    /// cancelled dialog or a failing printer is not told.
+    virtual void print(canvas::CanvasForm& form, bool preview) = 0;
+};
+
+}  // namespace orvent::shell

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "shell/desk.h"
+
+namespace orvent::testkit {
+
+/// Windows without a screen: remembers what is open and what was asked of them.
+class FakeDesk : public shell::Desk {
+  public:
+    std::vector<canvas::CanvasForm*> windows;  ///< the last one is active
+    std::vector<shell::ViewChange> viewChanges;
+    std::vector<std::string> prints;  ///< captions, with "?" for a preview
+    std::vector<std::string> menus;   ///< captions and names of the context menus shown
+    std::vector<std::string> revealed;
+
+    void show(canvas::CanvasForm& form) override { windows.push_back(&form); }
+    void drop(canvas::CanvasForm& form) override { std::erase(windows, &form); }
+    canvas::CanvasForm* active() override { return windows.empty() ? nullptr : windows.back(); }
+    void changeView(canvas::CanvasForm&, shell::ViewChange change) override { viewChanges.push_back(change); }
+    void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
+    void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {
+        menus.push_back(form.Caption() + " " + std::string(menu.name));
+    }
+    void print(canvas::CanvasForm& form, bool preview) override {
+        prints.push_back(form.Caption() + (preview ? "?" : ""));
+    }
+};
+
+}  // namespace orvent::testkit
