@@ -94,8 +94,8 @@ ReferenceView::ReferenceView(const canvas::DrawForm& form, QWidget* parent) : QG
         boxes_.emplace(node.Index(), box);
     }
     for (const canvas::LinesD& edge : form.Lines) {
-        BoxItem* from = made.at(edge.FromLabel);
-        BoxItem* to = made.at(edge.ToLabel);
+        BoxItem* from = made.at(edge.FromLabel());
+        BoxItem* to = made.at(edge.ToLabel());
         LineItem* line = new LineItem(*from, *to);
         from->addLine(line);
         to->addLine(line);

@@ -18,12 +18,12 @@ void FlowOrder::readGraph(canvas::DrawForm& Window) {
         places.emplace(node.Index(), places.size());
     }
     for (const canvas::LabelsD& node : Window.Labels) {
-        const bool starts = node.EndingLines.Count() >= 2 || node.StartingLines.Count() == 0;
+        const bool starts = node.EndingLines().Count() >= 2 || node.StartingLines().Count() == 0;
         vertices_.push_back(
-            {node.Index(), feeders_.size(), static_cast<std::size_t>(node.EndingLines.Count()), starts});
-        for (const std::int32_t line : node.EndingLines) {
+            {node.Index(), feeders_.size(), static_cast<std::size_t>(node.EndingLines().Count()), starts});
+        for (const std::int32_t line : node.EndingLines()) {
             const canvas::LinesD* edge = Window.Lines.byIndex(line);
-            const auto from = edge ? places.find(edge->FromLabel) : places.end();
+            const auto from = edge ? places.find(edge->FromLabel()) : places.end();
             if (from == places.end()) {
                 throw platform::Fault("An edge that ends at \"" + node.KeyName() + "\" comes from no node");
             }

@@ -112,8 +112,8 @@ bool DesignRules::releaseEdge(Canvas&, LinesD&) {
 }
 
 bool DesignRules::CheckRelationship(Canvas& canvas, LinesD& edge) {
-    const LabelsD* from = canvas.Labels.byIndex(edge.FromLabel);
-    const LabelsD* to = canvas.Labels.byIndex(edge.ToLabel);
+    const LabelsD* from = canvas.Labels.byIndex(edge.FromLabel());
+    const LabelsD* to = canvas.Labels.byIndex(edge.ToLabel());
     if (from && to && isValid(edge.EdgeType(), from->NodeType(), to->NodeType())) {
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "canvas/canvas.h"
 
@@ -66,14 +67,29 @@ void LabelsD::moved() {
             }
         },
         Properties);
-    for (const std::int32_t number : StartingLines) {
+    for (const std::int32_t number : StartingLines()) {
         if (LinesD* line = canvas_.Lines.byIndex(number)) {
-            line->setStart(GrabPoint(line->FromGrabbingPoint));
+            line->setStart(GrabPoint(line->FromGrabbingPoint()));
         }
     }
-    for (const std::int32_t number : EndingLines) {
+    for (const std::int32_t number : EndingLines()) {
         if (LinesD* line = canvas_.Lines.byIndex(number)) {
             line->setEnd(GrabPoint(line->ToGrabbingPoint()));
+        }
+    }
+}
+
+void LabelsD::StartingLinesClear() {
+    detachAll(EdgeEnd::start);
+}
+void LabelsD::EndingLinesClear() {
+    detachAll(EdgeEnd::end);
+}
+
+void LabelsD::detachAll(EdgeEnd which) {
+    for (const std::int32_t number : std::exchange(linesAt(which), LineNumbers())) {
+        if (LinesD* line = canvas_.Lines.byIndex(number)) {
+            line->detach(which);
         }
     }
 }

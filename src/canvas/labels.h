@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -9,6 +10,7 @@
 
 #include "canvas/box.h"
 #include "canvas/indexed_table.h"
+#include "canvas/lines.h"
 #include "canvas/point.h"
 #include "entities/nodes.h"
 
@@ -119,8 +121,12 @@ class LabelsD {
     std::int32_t ReadyColor = 0;
     std::int32_t NotReadyColor = 0;
     NodeProperties Properties = std::int16_t{0};
-    LineNumbers StartingLines;
-    LineNumbers EndingLines;
+
+    /// The edges that start and that end here, in order of addition; `LinesD::attach` writes them.
+    const LineNumbers& StartingLines() const { return lines_[0]; }
+    const LineNumbers& EndingLines() const { return lines_[1]; }
+    void StartingLinesClear();  ///< detaches all edges that start here
+    void EndingLinesClear();
 
     /// The entity of that kind, or nothing.
     template <class Entity>
@@ -144,8 +150,11 @@ class LabelsD {
 
   private:
     friend class LabelsCollection;
+    friend class LinesD;
 
     void tell();
+    LineNumbers& linesAt(EdgeEnd which) { return lines_[static_cast<std::size_t>(which)]; }
+    void detachAll(EdgeEnd which);
     void moved();
     void takeNumberedName(std::string_view word, const std::string& taken);
     void releaseNames();
@@ -159,6 +168,7 @@ class LabelsD {
     bool ready_ = false;
     bool visible_ = false;
     bool told_ = false;  ///< false while the node is being made
+    std::array<LineNumbers, 2> lines_;
     std::string keyName_;
     std::string caption_;
     std::string toolTipText_;
@@ -175,8 +185,8 @@ class LabelsCollection : public IndexedTable<LabelsD> {
     /// A copy of a node of another canvas; its entity is a clone.
     LabelsD& addLabel(const LabelsD& Label);
 
-    /// Removes the node with all its edges, and drops it from the selection.
-    void Remove(std::int32_t index);
+    /// Removes the node with all its edges, and drops it from the selection. Hands it back, nothing when there is none.
+    std::unique_ptr<LabelsD> Remove(std::int32_t index);
 
     /// Removes all nodes, the last one first.
     void Clear();

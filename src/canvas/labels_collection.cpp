@@ -156,22 +156,22 @@ void LabelsCollection::raisePicture(const LabelsD& node) {
     }
 }
 
-void LabelsCollection::Remove(std::int32_t index) {
+std::unique_ptr<LabelsD> LabelsCollection::Remove(std::int32_t index) {
     LabelsD* node = byIndex(index);
     if (!node) {
-        return;
+        return nullptr;
     }
     // The node's own lists are taken first, so that only the far ends are searched for each edge.
-    for (LineNumbers* list : {&node->StartingLines, &node->EndingLines}) {
-        const LineNumbers lines = std::exchange(*list, LineNumbers());
-        for (const std::int32_t line : lines) {
+    for (LineNumbers& list : node->lines_) {
+        for (const std::int32_t line : std::exchange(list, LineNumbers())) {
             canvas_.Lines.RemoveFull(line);
         }
     }
     node->releaseNames();
     canvas_.forgetNode(*node);
-    const std::unique_ptr<LabelsD> gone = take(index);
+    std::unique_ptr<LabelsD> gone = take(index);
     canvas_.listeners().tell([&gone](CanvasListener& listener) { listener.nodeRemoved(*gone); });
+    return gone;
 }
 
 void LabelsCollection::Clear() {

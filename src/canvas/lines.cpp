@@ -35,13 +35,13 @@ void LinesD::changed() {
 }
 
 void LinesD::setStart(Point value) {
-    start_ = value;
+    at(EdgeEnd::start).place = value;
     applyAngle(angle_);
     changed();
 }
 
 void LinesD::setEnd(Point value) {
-    end_ = value;
+    at(EdgeEnd::end).place = value;
     applyAngle(angle_);
     changed();
 }
@@ -53,9 +53,14 @@ void LinesD::setMiddle(Point value) {
 
 void LinesD::setEdgeType(EdgeTypeCode value) {
     edgeType_ = value;
-    BorderStyle = edgeStyle(value).BorderStyle;
-    BorderWidth = edgeStyle(value).BorderWidth;
+    takeStyle();
     changed();
+}
+
+void LinesD::takeStyle() {
+    const EdgeStyle style = edgeStyle(edgeType_);
+    BorderStyle = style.BorderStyle;
+    BorderWidth = style.BorderWidth;
 }
 
 void LinesD::setAngle(AngleCode value) {
@@ -66,36 +71,56 @@ void LinesD::setAngle(AngleCode value) {
 }
 
 void LinesD::applyAngle(AngleCode former) {
+    const Point from = start().place;
+    const Point to = end().place;
     // Only the vertical order of the ends decides; the horizontal one makes no difference.
-    const bool rises = end_.y <= start_.y;
+    const bool rises = to.y <= from.y;
     switch (angle_) {
         case AngleNone:
             if (former == AngleStraight) {
                 // A straightened edge regains a handle that can be taken.
-                middle_ = between(start_, end_);
+                middle_ = between(from, to);
             }
             break;
         case AngleVerticalUp:
-            middle_ = rises ? Point{start_.x, end_.y} : Point{end_.x, start_.y};
+            middle_ = rises ? Point{from.x, to.y} : Point{to.x, from.y};
             break;
         case AngleVerticalDown:
-            middle_ = rises ? Point{end_.x, start_.y} : Point{start_.x, end_.y};
+            middle_ = rises ? Point{to.x, from.y} : Point{from.x, to.y};
             break;
         case AngleStraight:
-            middle_ = start_;
+            middle_ = from;
             break;
         default:
             break;
     }
 }
 
-void LinesD::setToGrabbingPoint(std::int16_t value) {
-    toGrabbingPoint_ = value;
-    if (edgeStyle(edgeType_).arrow) {
-        const LabelsD* target = canvas_.Labels.byIndex(ToLabel);
-        arrow_ = target ? target->LineArrowDirection(value) : std::string_view();
-    }
+void LinesD::attach(EdgeEnd which, LabelsD& node, std::int16_t grabPoint) {
+    leave(which);
+    lead(which, node, grabPoint);
     changed();
+}
+
+void LinesD::detach(EdgeEnd which) {
+    leave(which);
+    at(which).label = 0;
+    changed();
+}
+
+void LinesD::lead(EdgeEnd which, LabelsD& node, std::int16_t grabPoint) {
+    at(which) = {node.Index(), grabPoint, node.GrabPoint(grabPoint)};
+    node.linesAt(which).Add(index_);
+    if (which == EdgeEnd::end && edgeStyle(edgeType_).arrow) {
+        arrow_ = node.LineArrowDirection(grabPoint);
+    }
+    applyAngle(angle_);
+}
+
+void LinesD::leave(EdgeEnd which) {
+    if (LabelsD* node = canvas_.Labels.byIndex(at(which).label)) {
+        node->linesAt(which).Remove(index_);
+    }
 }
 
 void LinesD::setVisible(bool value) {
@@ -118,25 +143,27 @@ void LinesD::setColor(std::int32_t value) {
     changed();
 }
 
-LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType) {
-    return show(make(start, middle, end, FromLabel, EdgeType));
-}
-
 LinesD& LinesCollection::show(LinesD& edge) {
     edge.told_ = true;
     edge.changed();
     return edge;
 }
 
-LinesD& LinesCollection::make(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType) {
+LinesD& LinesCollection::make(EdgeTypeCode EdgeType) {
     const std::int32_t index = ++canvas_.LinesNo;
     LinesD& edge = append(index, std::make_unique<LinesD>(canvas_, index));
-    edge.setStart(start);
-    edge.setMiddle(middle);
-    edge.setEnd(end);
-    edge.FromLabel = FromLabel;
-    edge.setEdgeType(EdgeType);
+    edge.edgeType_ = EdgeType;
+    edge.takeStyle();
     return edge;
+}
+
+LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType,
+                             std::int16_t FromGrabbingPoint) {
+    LinesD& edge = make(EdgeType);
+    edge.at(EdgeEnd::start) = {FromLabel, FromGrabbingPoint, start};
+    edge.middle_ = middle;
+    edge.at(EdgeEnd::end).place = end;
+    return show(edge);
 }
 
 LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
@@ -147,16 +174,13 @@ LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGr
     if (!from || !to) {
         return nullptr;
     }
-    const Point start = from->GrabPoint(FromGrabbingPoint);
-    const Point end = to->GrabPoint(ToGrabbingPoint);
-    LinesD& edge = make(start, between(start, end), end, FromLabel, EdgeType);
-    edge.ToLabel = ToLabel;
-    edge.FromGrabbingPoint = FromGrabbingPoint;
-    edge.setToGrabbingPoint(ToGrabbingPoint);
-    edge.setAngle(Angle);
-    edge.setColor(Color);
-    from->StartingLines.Add(edge.Index());
-    to->EndingLines.Add(edge.Index());
+    LinesD& edge = make(EdgeType);
+    edge.lead(EdgeEnd::start, *from, FromGrabbingPoint);
+    edge.lead(EdgeEnd::end, *to, ToGrabbingPoint);
+    edge.middle_ = between(edge.start().place, edge.end().place);
+    edge.angle_ = Angle;
+    edge.applyAngle(AngleNone);
+    edge.color_ = Color;
     return &show(edge);
 }
 
@@ -166,9 +190,9 @@ LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t
     if (!from) {
         return nullptr;
     }
-    for (const std::int32_t number : from->StartingLines) {
+    for (const std::int32_t number : from->StartingLines()) {
         LinesD* edge = byIndex(number);
-        if (edge && edge->ToLabel == ToLabel && edge->EdgeType() == LineType) {
+        if (edge && edge->ToLabel() == ToLabel && edge->EdgeType() == LineType) {
             if (!andRemove) {
                 return edge;
             }
@@ -179,25 +203,21 @@ LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t
     return nullptr;
 }
 
-void LinesCollection::Remove(std::int32_t index) {
-    if (const std::unique_ptr<LinesD> edge = take(index)) {
+std::unique_ptr<LinesD> LinesCollection::Remove(std::int32_t index) {
+    std::unique_ptr<LinesD> edge = take(index);
+    if (edge) {
         canvas_.forgetEdge(*edge);
         canvas_.listeners().tell([&edge](CanvasListener& listener) { listener.edgeRemoved(*edge); });
     }
+    return edge;
 }
 
-void LinesCollection::RemoveFull(std::int32_t index) {
-    const LinesD* edge = byIndex(index);
-    if (!edge) {
-        return;
+std::unique_ptr<LinesD> LinesCollection::RemoveFull(std::int32_t index) {
+    if (LinesD* edge = byIndex(index)) {
+        edge->leave(EdgeEnd::start);
+        edge->leave(EdgeEnd::end);
     }
-    if (LabelsD* from = canvas_.Labels.byIndex(edge->FromLabel)) {
-        from->StartingLines.Remove(index);
-    }
-    if (LabelsD* to = canvas_.Labels.byIndex(edge->ToLabel)) {
-        to->EndingLines.Remove(index);
-    }
-    Remove(index);
+    return Remove(index);
 }
 
 void LinesCollection::Clear() {

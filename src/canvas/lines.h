@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 #include "canvas/indexed_table.h"
@@ -9,6 +11,7 @@
 namespace orvent::canvas {
 
 class Canvas;
+class LabelsD;
 
 /// `EdgeType` codes. 2 and 5 have styles only: 5 draws derived edges of the zoom view.
 enum class EdgeTypeCode : std::int32_t {
@@ -32,6 +35,9 @@ using enum AngleCode;
 
 /// Width and height of an edge's handle, twips.
 inline constexpr float kHandleSize = 90;
+
+/// The ends of an edge: its source and its target.
+enum class EdgeEnd { start, end };
 
 /// The parts of an edge that have a handle.
 enum class HandlePart { start = 0, middle = 1, end = 2 };
@@ -64,10 +70,10 @@ class LinesD {
 
     std::int32_t Index() const { return index_; }
 
-    float X1() const { return start_.x; }
-    float Y1() const { return start_.y; }
-    float X2() const { return end_.x; }
-    float Y2() const { return end_.y; }
+    float X1() const { return start().place.x; }
+    float Y1() const { return start().place.y; }
+    float X2() const { return end().place.x; }
+    float Y2() const { return end().place.y; }
     float Xm() const { return middle_.x; }
     float Ym() const { return middle_.y; }
     void setStart(Point value);   ///< `X1`, `Y1`; applies `Angle` again
@@ -83,11 +89,17 @@ class LinesD {
     /// Only at `AngleNone` can the middle handle be taken.
     bool middleHandleVisible() const { return angle_ < AngleVerticalUp || angle_ > AngleStraight; }
 
-    std::int32_t FromLabel = 0;
-    std::int32_t ToLabel = 0;
-    std::int16_t FromGrabbingPoint = 0;
-    std::int16_t ToGrabbingPoint() const { return toGrabbingPoint_; }
-    void setToGrabbingPoint(std::int16_t value);
+    std::int32_t FromLabel() const { return start().label; }  ///< `Index` of the source
+    std::int32_t ToLabel() const { return end().label; }      ///< `Index` of the target, 0 while there is none
+    std::int16_t FromGrabbingPoint() const { return start().grabPoint; }
+    std::int16_t ToGrabbingPoint() const { return end().grabPoint; }
+
+    /// Leads one end to a grab point of a node: the edge leaves the list of the node where that end was and enters the
+    /// list of this one, and its end and its arrow head follow. Nothing else writes the lists of the nodes.
+    void attach(EdgeEnd which, LabelsD& node, std::int16_t grabPoint);
+    /// Takes one end from its node; its place stays.
+    void detach(EdgeEnd which);
+
     /// The image of the end handle, empty when the edge has no arrow head.
     std::string_view arrowImage() const { return arrow_; }
 
@@ -116,16 +128,28 @@ class LinesD {
   private:
     friend class LinesCollection;
 
+    struct End {
+        std::int32_t label = 0;
+        std::int16_t grabPoint = 0;
+        Point place;
+    };
+
+    const End& start() const { return ends_[0]; }
+    const End& end() const { return ends_[1]; }
+    End& at(EdgeEnd which) { return ends_[static_cast<std::size_t>(which)]; }
+    void lead(EdgeEnd which, LabelsD& node, std::int16_t grabPoint);
+    void leave(EdgeEnd which);
+    void takeStyle();
     void applyAngle(AngleCode former);
     void changed();
 
     Canvas& canvas_;
     std::int32_t index_;
-    Point start_, middle_, end_;
+    std::array<End, 2> ends_;
+    Point middle_;
     EdgeTypeCode edgeType_ = EdgeTypeProvider;
     AngleCode angle_ = AngleNone;
     std::int32_t color_ = 0;
-    std::int16_t toGrabbingPoint_ = 0;
     bool visible_ = true;
     bool highLighted_ = false;
     bool selected_ = false;
@@ -138,8 +162,10 @@ class LinesCollection : public IndexedTable<LinesD> {
   public:
     explicit LinesCollection(Canvas& canvas) : canvas_(canvas) {}
 
-    /// A new edge that starts at a node; it has no target yet.
-    LinesD& Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType);
+    /// A new edge that is being drawn from a node: it has no target yet, and the lists of the nodes do not name it
+    /// before its ends are attached.
+    LinesD& Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType,
+                std::int16_t FromGrabbingPoint = 0);
 
     /// A finished edge between two nodes. Nothing is made when one of them does not exist.
     LinesD* addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
@@ -149,17 +175,18 @@ class LinesCollection : public IndexedTable<LinesD> {
     /// the result is nothing.
     LinesD* FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType, bool andRemove);
 
-    /// Drops the edge and leaves the lists of its nodes alone.
-    void Remove(std::int32_t index);
+    /// Drops the edge and leaves the lists of its nodes alone. Hands it back, nothing when there is none.
+    std::unique_ptr<LinesD> Remove(std::int32_t index);
 
-    /// Drops the edge from the lists of its nodes, too.
-    void RemoveFull(std::int32_t index);
+    /// Drops the edge from the lists of its nodes, too. Hands it back; it still tells where its ends
+    /// were.
+    std::unique_ptr<LinesD> RemoveFull(std::int32_t index);
 
     void Clear();
 
   private:
     /// A new edge that nobody is told of yet; `show` tells.
-    LinesD& make(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType);
+    LinesD& make(EdgeTypeCode EdgeType);
     static LinesD& show(LinesD& edge);
 
     Canvas& canvas_;

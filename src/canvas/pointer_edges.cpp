@@ -9,7 +9,7 @@ namespace orvent::canvas {
 namespace {
 
 bool isEnd(const LinesD& edge, const LabelsD& node) {
-    return node.Index() == edge.FromLabel || node.Index() == edge.ToLabel;
+    return node.Index() == edge.FromLabel() || node.Index() == edge.ToLabel();
 }
 
 }  // namespace
@@ -20,9 +20,8 @@ void CanvasPointer::beginEdge(LabelsD& source, Point inside, EdgeTypeCode edgeTy
     }
     canvas_.ConnectFromLabel = source.Index();
     const Point at = canvas_.GrabMark;
-    LinesD& edge = canvas_.Lines.Add(at, at, at, source.Index(), edgeType);
-    edge.FromGrabbingPoint = static_cast<std::int16_t>(canvas_.GrabbingPoint);
-    drawnEdge_ = edge.Index();
+    const auto grab = static_cast<std::int16_t>(canvas_.GrabbingPoint);
+    drawnEdge_ = canvas_.Lines.Add(at, at, at, source.Index(), edgeType, grab).Index();
     canvas_.RubberBand = true;
     begin(PointerState::drawing);
     canvas_.tellMarkers();
@@ -52,11 +51,8 @@ void CanvasPointer::decideEdge(LabelsD* target) {
         canvas_.Lines.Remove(edge.Index());
         return;
     }
-    edge.ToLabel = target->Index();
-    edge.setEnd(canvas_.GrabMark);
-    edge.setToGrabbingPoint(static_cast<std::int16_t>(canvas_.GrabbingPoint));
-    canvas_.Labels.byIndex(source)->StartingLines.Add(edge.Index());
-    target->EndingLines.Add(edge.Index());
+    edge.attach(EdgeEnd::start, *canvas_.Labels.byIndex(source), edge.FromGrabbingPoint());
+    edge.attach(EdgeEnd::end, *target, static_cast<std::int16_t>(canvas_.GrabbingPoint));
     canvas_.rules().edgeCompleted(canvas_, edge);
 }
 
@@ -84,23 +80,9 @@ void CanvasPointer::dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Poin
     if (!canvas_.rules().mayRedirect(canvas_, edge, atStart, target)) {
         return;
     }
-    const Point place = target.DrawRect(inside.x, inside.y);
-    const auto grab = static_cast<std::int16_t>(canvas_.GrabbingPoint);
+    target.DrawRect(inside.x, inside.y);
     grabNode_ = -1;
-    LineNumbers LabelsD::*list = atStart ? &LabelsD::StartingLines : &LabelsD::EndingLines;
-    std::int32_t& label = atStart ? edge.FromLabel : edge.ToLabel;
-    if (LabelsD* former = canvas_.Labels.byIndex(label)) {
-        (former->*list).Remove(edge.Index());
-    }
-    (target.*list).Add(edge.Index());
-    label = target.Index();
-    if (atStart) {
-        edge.FromGrabbingPoint = grab;
-        edge.setStart(place);
-    } else {
-        edge.setEnd(place);
-        edge.setToGrabbingPoint(grab);
-    }
+    edge.attach(atStart ? EdgeEnd::start : EdgeEnd::end, target, static_cast<std::int16_t>(canvas_.GrabbingPoint));
     canvas_.rules().edgeCompleted(canvas_, edge);
 }
 

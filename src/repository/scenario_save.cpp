@@ -280,8 +280,8 @@ void ScenarioLoadSave::writeScenario(SaveAttempt& save) {
         steps.next();
     }
     for (const canvas::LinesD& line : form.Lines) {
-        const canvas::LabelsD* from = form.Labels.byIndex(line.FromLabel);
-        const canvas::LabelsD* to = form.Labels.byIndex(line.ToLabel);
+        const canvas::LabelsD* from = form.Labels.byIndex(line.FromLabel());
+        const canvas::LabelsD* to = form.Labels.byIndex(line.ToLabel());
         if (from && to) {  // an edge that is just being drawn has no target yet
             writer.saveLine(line, from->Caption(), to->Caption());
         }

@@ -74,7 +74,7 @@ void ScenarioWriter::saveEntity(LabelsD& node, platform::MessageBox& messages) {
 }
 
 void ScenarioWriter::saveLine(const canvas::LinesD& line, const std::string& from, const std::string& to) {
-    repository_.run(sql::kAddLine, ScenarioID_, from, line.FromGrabbingPoint, to, line.ToGrabbingPoint(),
+    repository_.run(sql::kAddLine, ScenarioID_, from, line.FromGrabbingPoint(), to, line.ToGrabbingPoint(),
                     line.EdgeType(), line.Angle());
 }
 

@@ -22,12 +22,12 @@ class StoredFields {
             walk(node);
         }
         for (const canvas::LinesD& line : form.Lines) {
-            const canvas::LabelsD* from = form.Labels.byIndex(line.FromLabel);
-            const canvas::LabelsD* to = form.Labels.byIndex(line.ToLabel);
+            const canvas::LabelsD* from = form.Labels.byIndex(line.FromLabel());
+            const canvas::LabelsD* to = form.Labels.byIndex(line.ToLabel());
             if (from && to) {
                 visit_.text("From_Label", from->Caption());
                 visit_.text("To_Label", to->Caption());
-                numbers(line.FromGrabbingPoint, line.ToGrabbingPoint(), line.EdgeType(), line.Angle());
+                numbers(line.FromGrabbingPoint(), line.ToGrabbingPoint(), line.EdgeType(), line.Angle());
             }
         }
     }

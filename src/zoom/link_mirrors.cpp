@@ -37,7 +37,7 @@ bool comesFromFarEnd(Direction direction) {
 const canvas::LinesD* edgeBetween(const canvas::Canvas& Form, std::int32_t number, std::int32_t a, std::int32_t b) {
     const canvas::LinesD* edge = Form.Lines.byIndex(number);
     const bool joins =
-        edge && ((edge->FromLabel == a && edge->ToLabel == b) || (edge->FromLabel == b && edge->ToLabel == a));
+        edge && ((edge->FromLabel() == a && edge->ToLabel() == b) || (edge->FromLabel() == b && edge->ToLabel() == a));
     return joins ? edge : nullptr;
 }
 

@@ -70,7 +70,7 @@ TEST_F(FlowOrderTest, GraphsAndTheirOrders) {
 
 TEST_F(FlowOrderTest, EdgeWithoutItsNodeIsAFault) {
     draw({"ab"});
-    form.Lines.byIndex(1)->FromLabel = 77;
+    form.Lines.byIndex(1)->detach(canvas::EdgeEnd::start);
     EXPECT_THROW(order.ComputeFlowIDs(form), platform::Fault);
 }
 

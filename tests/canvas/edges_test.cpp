@@ -27,17 +27,17 @@ class Edges : public testkit::CanvasTest {
 TEST_F(Edges, AFullLineKnowsItsEnds) {
     const LinesD& edge = join();
     EXPECT_EQ(ends(edge), "1050 200 2950 1400");
-    EXPECT_EQ(edge.FromLabel, from.Index());
-    EXPECT_EQ(edge.ToLabel, to.Index());
+    EXPECT_EQ(edge.FromLabel(), from.Index());
+    EXPECT_EQ(edge.ToLabel(), to.Index());
     EXPECT_EQ(edge.Color(), 77);
     EXPECT_EQ(edge.arrowImage(), "ArrowR");
-    EXPECT_EQ(from.StartingLines.at(1), edge.Index());
-    EXPECT_EQ(to.EndingLines.at(1), edge.Index());
+    EXPECT_EQ(from.StartingLines().at(1), edge.Index());
+    EXPECT_EQ(to.EndingLines().at(1), edge.Index());
     EXPECT_EQ(join().MidBox(), 5);
     EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99, 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_FALSE(form.Lines.addFullLine(99, 3, to.Index(), 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_EQ(form.Lines.Count(), 2);
-    EXPECT_EQ(from.StartingLines.Count(), 2);
+    EXPECT_EQ(from.StartingLines().Count(), 2);
 }
 
 TEST_F(Edges, StyleComesFromTheKind) {
@@ -88,6 +88,44 @@ TEST_F(Edges, FollowTheirNodes) {
     expectMiddle(angled, 1050, 1600);
 }
 
+TEST_F(Edges, AnEndIsAttachedThroughOneDoor) {
+    const auto lists = [&] {
+        std::string text;
+        for (const LabelsD& node : form.Labels) {
+            for (const LineNumbers* list : {&node.StartingLines(), &node.EndingLines()}) {
+                for (const std::int32_t number : *list) {
+                    text += std::to_string(number);
+                }
+                text += list == &node.StartingLines() ? ">" : " ";
+            }
+        }
+        return text;
+    };
+    LinesD& drawn = form.Lines.Add({1, 2}, {3, 4}, {5, 6}, from.Index(), EdgeTypeProvider, 3);
+    EXPECT_EQ(lists(), "> > ") << "an edge that is being drawn";
+    drawn.attach(EdgeEnd::start, from, 3);
+    drawn.attach(EdgeEnd::end, to, 2);
+    EXPECT_EQ(ends(drawn), "1050 200 2950 1400");
+    LinesD& other = join();
+    EXPECT_EQ(lists(), "12> >12 ");
+    drawn.attach(EdgeEnd::end, to, 4);
+    EXPECT_EQ(lists(), "12> >21 ") << "once, also at the node where it was";
+    drawn.attach(EdgeEnd::start, to, 4);
+    drawn.attach(EdgeEnd::end, from, 1);
+    EXPECT_EQ(lists(), "2>1 1>2 ");
+    EXPECT_EQ(drawn.arrowImage(), "ArrowR");
+    EXPECT_EQ(drawn.FromGrabbingPoint(), 4);
+    drawn.detach(EdgeEnd::start);
+    EXPECT_EQ(drawn.FromLabel(), 0);
+    EXPECT_EQ(lists(), "2>1 >2 ");
+    to.EndingLinesClear();
+    EXPECT_EQ(other.ToLabel(), 0);
+    EXPECT_EQ(lists(), "2>1 > ");
+    EXPECT_EQ(form.Lines.RemoveFull(other.Index())->FromLabel(), from.Index()) << "handed back with its ends";
+    EXPECT_EQ(form.Labels.Remove(to.Index())->KeyName(), "A");
+    EXPECT_EQ(lists(), ">1 ");
+}
+
 TEST_F(Edges, FindingAndRemoving) {
     const std::int32_t regulator = join(EdgeTypeRegulator).Index(), older = join().Index(), newer = join().Index();
     const auto find = [&](bool remove) {
@@ -99,14 +137,14 @@ TEST_F(Edges, FindingAndRemoving) {
     EXPECT_EQ(find(false), newer);
     EXPECT_FALSE(form.Lines.FindConnectingLine(to.Index(), from.Index(), EdgeTypeProvider, false));
     EXPECT_FALSE(form.Lines.FindConnectingLine(99, to.Index(), EdgeTypeProvider, true));
-    EXPECT_EQ(from.StartingLines.Count(), 2);
+    EXPECT_EQ(from.StartingLines().Count(), 2);
 
     form.Lines.Remove(newer);
-    EXPECT_EQ(from.StartingLines.Count(), 2) << "the plain removal leaves the lists of the nodes alone";
+    EXPECT_EQ(from.StartingLines().Count(), 2) << "the plain removal leaves the lists of the nodes alone";
     form.Lines.RemoveFull(regulator);
     form.Lines.RemoveFull(regulator);
-    EXPECT_EQ(from.StartingLines.Count(), 1);
-    EXPECT_EQ(to.EndingLines.Count(), 1);
+    EXPECT_EQ(from.StartingLines().Count(), 1);
+    EXPECT_EQ(to.EndingLines().Count(), 1);
     EXPECT_EQ(form.Lines.Count(), 0);
     EXPECT_EQ(join().Index(), 4);
 }

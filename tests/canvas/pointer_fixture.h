@@ -84,7 +84,7 @@ struct PointerStage {
                 event.button = letters == "L" ? canvas::LeftButton : canvas::NoButton;
                 pointer->move(event);
             } else if (verb == "delete") {
-                element[0] == 'n' ? form.Labels.Remove(number) : form.Lines.RemoveFull(number);
+                element[0] == 'n' ? void(form.Labels.Remove(number)) : void(form.Lines.RemoveFull(number));
             } else {
                 verb == "press"     ? pointer->press(event)
                 : verb == "release" ? pointer->release(event)
@@ -102,7 +102,7 @@ struct PointerStage {
     std::string seen() {
         std::ostringstream out;
         for (const canvas::LinesD& edge : form.Lines) {
-            out << edge.FromLabel << '.' << edge.FromGrabbingPoint << '-' << edge.ToLabel << '.'
+            out << edge.FromLabel() << '.' << edge.FromGrabbingPoint() << '-' << edge.ToLabel() << '.'
                 << edge.ToGrabbingPoint() << ' ';
         }
         out << '[';

@@ -67,7 +67,7 @@ TEST(Pointer, WhatAGestureLeaves) {
                      stage.form.ResizeLabel.Visible || stage.form.DragOutline.Visible);
         std::ptrdiff_t ends = 0;
         for (const LabelsD& node : stage.form.Labels) {
-            ends += node.StartingLines.Count() + node.EndingLines.Count();
+            ends += node.StartingLines().Count() + node.EndingLines().Count();
         }
         EXPECT_EQ(ends, 2 * stage.form.Lines.Count());
     }

@@ -28,8 +28,8 @@ class Writer {
     }
 
     void edge(const canvas::Canvas& form, const canvas::LinesD& edge) {
-        out_ << "edge '" << form.Labels.byIndex(edge.FromLabel)->Caption() << "' " << edge.FromGrabbingPoint << " '"
-             << form.Labels.byIndex(edge.ToLabel)->Caption() << "' " << edge.ToGrabbingPoint() << " type "
+        out_ << "edge '" << form.Labels.byIndex(edge.FromLabel())->Caption() << "' " << edge.FromGrabbingPoint() << " '"
+             << form.Labels.byIndex(edge.ToLabel())->Caption() << "' " << edge.ToGrabbingPoint() << " type "
              << numberOf(edge.EdgeType()) << " angle " << numberOf(edge.Angle()) << '\n';
     }
 

@@ -150,9 +150,9 @@ class SynchronizeShown : public Synchronize {
     std::vector<std::string> edges() {
         std::vector<std::string> result;
         for (const canvas::LinesD& edge : form.Lines) {
-            result.push_back(form.Labels.byIndex(edge.FromLabel)->KeyName() +
+            result.push_back(form.Labels.byIndex(edge.FromLabel())->KeyName() +
                              (edge.EdgeType() == canvas::EdgeTypeProvider ? " -> " : " ~> ") +
-                             form.Labels.byIndex(edge.ToLabel)->KeyName());
+                             form.Labels.byIndex(edge.ToLabel())->KeyName());
         }
         return LinkGraph::sorted(result);
     }
@@ -178,7 +178,7 @@ TEST_F(SynchronizeShown, EachLinkBetweenShownEndsIsDrawnOnce) {
     EXPECT_EQ(edges(), drawn);
     EXPECT_EQ(graph.present(), LinkGraph::all());
     const canvas::LinesD& edge = *form.Lines.at(1);
-    EXPECT_EQ(edge.FromGrabbingPoint, 3);
+    EXPECT_EQ(edge.FromGrabbingPoint(), 3);
     EXPECT_EQ(edge.ToGrabbingPoint(), 1);
     EXPECT_EQ(edge.Angle(), canvas::AngleStraight);
 

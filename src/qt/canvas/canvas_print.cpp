@@ -56,7 +56,7 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) 
     nodes.prepare(context);
     EdgePainter edges(context, canvas, plain.toPixels(extent));
     for (const canvas::LinesD& edge : std::as_const(canvas.Lines)) {
-        if (edge.Visible() && edge.ToLabel != 0) {
+        if (edge.Visible() && edge.ToLabel() != 0) {
             edges.add(edge);
         }
     }

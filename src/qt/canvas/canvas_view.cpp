@@ -104,7 +104,7 @@ void CanvasViewWidget::nodeRemoved(const canvas::LabelsD& node) {
 }
 
 void CanvasViewWidget::edgeChanged(const canvas::LinesD& edge) {
-    if (edge.ToLabel == 0) {
+    if (edge.ToLabel() == 0) {
         drawnEdge_ = &edge;
         showMarkers();
         return;
@@ -168,7 +168,7 @@ void CanvasViewWidget::ensureIndex() const {
         nodes_.put(node, extentOf(node));
     }
     for (const canvas::LinesD& edge : std::as_const(canvas_.Lines)) {
-        if (edge.ToLabel != 0) {
+        if (edge.ToLabel() != 0) {
             edges_.put(edge, extentOf(edge));
         }
     }

@@ -165,8 +165,8 @@ void EdgePainter::add(const canvas::LinesD& edge) {
     }
     const double width = context_.penWidth(full ? edge.BorderWidth : 0);
     const auto place = [&](canvas::Point twips) { return context_.sharp(context_.transform.toPixels(twips), width); };
-    const canvas::LabelsD* from = full ? canvas_.Labels.byIndex(edge.FromLabel) : nullptr;
-    const canvas::LabelsD* to = full ? canvas_.Labels.byIndex(edge.ToLabel) : nullptr;
+    const canvas::LabelsD* from = full ? canvas_.Labels.byIndex(edge.FromLabel()) : nullptr;
+    const canvas::LabelsD* to = full ? canvas_.Labels.byIndex(edge.ToLabel()) : nullptr;
     const bool partOf = edge.EdgeType() == canvas::EdgeTypePartOf;
     // A grab point only stands near its box; the line runs on to the outline, unless a mark fills the gap.
     const canvas::Point start{edge.X1(), edge.Y1()};
@@ -175,7 +175,7 @@ void EdgePainter::add(const canvas::LinesD& edge) {
     const bool reachesBack = from && !partOf;
     const bool reachesOn = to && edge.arrowImage().empty();
     QVarLengthArray<QPointF, 5> path;
-    path.push_back(place(reachesBack ? moved(start, towardsBox(*from, edge.FromGrabbingPoint)) : start));
+    path.push_back(place(reachesBack ? moved(start, towardsBox(*from, edge.FromGrabbingPoint())) : start));
     if (start.x != middle.x || start.y != middle.y) {
         if (reachesBack) {
             path.push_back(place(start));
@@ -213,8 +213,8 @@ void EdgePainter::addArrow(const canvas::LinesD& edge, const canvas::LabelsD& ta
 
 // A diamond whose inner tip touches the box.
 void EdgePainter::addPartOfMark(const canvas::LinesD& edge, const canvas::LabelsD& source, QRgb colour) {
-    const QPointF inwards = directionOf(source.LineArrowDirection(edge.FromGrabbingPoint));
-    const canvas::Point reached = moved({edge.X1(), edge.Y1()}, towardsBox(source, edge.FromGrabbingPoint));
+    const QPointF inwards = directionOf(source.LineArrowDirection(edge.FromGrabbingPoint()));
+    const canvas::Point reached = moved({edge.X1(), edge.Y1()}, towardsBox(source, edge.FromGrabbingPoint()));
     const QPointF tip = context_.transform.toPixels(reached);
     const QPointF along = (inwards.isNull() ? QPointF(-1, 0) : inwards) * -context_.length(4.5);
     const QPointF side = QPointF(along.y(), along.x()) * 0.7;
