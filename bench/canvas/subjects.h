@@ -52,6 +52,7 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void close(canvas::CanvasForm&) override {}
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
     void unsynchronise(canvas::Canvas&, canvas::LabelsD&) override {}
 };

@@ -2,15 +2,19 @@
 
 namespace orvent::canvas {
 
+void CanvasForm::tellForm() {
+    listeners().tell([](CanvasListener& listener) { listener.formChanged(); });
+}
+
 void CanvasForm::setCaption(const std::string& value) {
     caption_ = value;
-    listeners().tell([](CanvasListener& listener) { listener.formChanged(); });
+    tellForm();
 }
 
 void CanvasForm::setEnabled(bool value) {
     if (enabled_ != value) {
         enabled_ = value;
-        listeners().tell([](CanvasListener& listener) { listener.formChanged(); });
+        tellForm();
     }
 }
 

@@ -41,6 +41,10 @@ class CanvasForm : public Canvas {
     bool Enabled() const { return enabled_; }
     void setEnabled(bool value);
 
+  protected:
+    /// Tells that something has changed which the window shows beside its canvas.
+    void tellForm();
+
   private:
     std::string caption_;
     bool enabled_ = true;

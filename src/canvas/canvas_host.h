@@ -39,6 +39,9 @@ class CanvasWindows {
     /// The template wizard on an activity.
     virtual void openTemplateWizard(CanvasForm& form, LabelsD& activity) = 0;
 
+    /// Closes the window like its close button. The form is gone afterwards, unless it refused.
+    virtual void close(CanvasForm& form) = 0;
+
     /// Pops a menu up at a place of the picture. It comes back at once; the chosen item's name goes to
     /// `CanvasPointer::choose`.
     virtual void showMenu(CanvasForm& form, const ContextMenu& menu, Point at) = 0;

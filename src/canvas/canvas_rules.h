@@ -40,8 +40,18 @@ class CanvasRules {
     /// Whether a selected edge may be deleted; what stands behind the edge is given up here.
     virtual bool releaseEdge(Canvas& canvas, LinesD& edge) = 0;
 
+    /// Whether a node of this canvas may be deleted; when it may, it goes at once.
+    virtual bool mayDelete(Canvas& canvas, const LabelsD& node) = 0;
+
+    /// A function's node is about to be deleted: gives up what stands behind it. False: it stays.
+    virtual bool releaseFunction(Canvas& canvas, LabelsD& node) = 0;
+
     /// The context menus of this canvas, `EdgesM` among them.
     virtual std::span<const ContextMenu> menus() const = 0;
+
+    /// Shows the members of a node as nodes of their own, or folds them. False: the whole window is to be closed
+    /// instead.
+    virtual bool toggleExpanded(Canvas& canvas, LabelsD& node) = 0;
 };
 
 /// The rules of the design window.
@@ -54,7 +64,10 @@ class DesignRules : public CanvasRules {
     void edgeCompleted(Canvas& canvas, LinesD& edge) override { CheckRelationship(canvas, edge); }
     void middleOnOwnEnd(LinesD& edge) override;
     bool releaseEdge(Canvas& canvas, LinesD& edge) override;
+    bool mayDelete(Canvas& canvas, const LabelsD& node) override;
+    bool releaseFunction(Canvas& canvas, LabelsD& node) override;
     std::span<const ContextMenu> menus() const override { return designMenus(); }
+    bool toggleExpanded(Canvas& canvas, LabelsD& node) override;
 
     /// Removes the edge, with a message, when nodes of these kinds may not be joined by it. True when it is valid.
     static bool CheckRelationship(Canvas& canvas, LinesD& edge);

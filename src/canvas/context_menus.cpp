@@ -42,10 +42,14 @@ constexpr std::array kEdges = {
     ContextItem{"EdgeAngleM", "Angle", submenu, {}, false, kAngles},
 };
 
+constexpr ContextMenu kEdgesMenu{"EdgesM", kEdges};
+
 constexpr std::array kDesignMenus = {
-    ContextMenu{"RecordSetM", kRecordSet}, ContextMenu{"ActivityM", kActivity},
-    ContextMenu{"CommentM", kComment},     ContextMenu{"LogM", kLog},
-    ContextMenu{"EdgesM", kEdges},
+    ContextMenu{"RecordSetM", kRecordSet},
+    ContextMenu{"ActivityM", kActivity},
+    ContextMenu{"CommentM", kComment},
+    ContextMenu{"LogM", kLog},
+    kEdgesMenu,
 };
 
 const ContextItem* findIn(std::span<const ContextItem> items, std::string_view name) {
@@ -61,6 +65,10 @@ const ContextItem* findIn(std::span<const ContextItem> items, std::string_view n
 }
 
 }  // namespace
+
+const ContextMenu& edgesMenu() {
+    return kEdgesMenu;
+}
 
 std::span<const ContextMenu> designMenus() {
     return kDesignMenus;

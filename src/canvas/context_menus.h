@@ -10,7 +10,17 @@
 namespace orvent::canvas {
 
 /// What a menu item does. Node commands act on `ActiveLabel`, edge angles on `ActiveEdge`, deletions on the selection.
-enum class MenuAction { submenu, properties, zoom, notReady, templateWizard, deleteNodes, deleteEdges, setAngle };
+enum class MenuAction {
+    submenu,
+    properties,
+    zoom,
+    expanded,  ///< has a check mark: the node's `Expanded`
+    notReady,
+    templateWizard,
+    deleteNodes,
+    deleteEdges,
+    setAngle,
+};
 
 /// What an action is told: nothing, the kind of node to delete, or the angle to set.
 using MenuValue = std::variant<std::monostate, NodeTypeCode, AngleCode>;
@@ -30,6 +40,9 @@ struct ContextMenu {
     std::string_view name;  ///< such as `ActivityM`
     std::span<const ContextItem> items;
 };
+
+/// `EdgesM`, which all canvases have.
+const ContextMenu& edgesMenu();
 
 /// The menus of a design window: `RecordSetM`, `ActivityM`, `CommentM`, `LogM` and `EdgesM`.
 std::span<const ContextMenu> designMenus();

@@ -49,6 +49,9 @@ void leaveOwner(Canvas& canvas, const Entity& entity) {
     if (listed) {
         list->Remove(entity.Key);
     }
+    if (LabelsD* owner = canvas.nodeNamed(entity.ParentKeyName); owner && entity.NodeKind == KindInput) {
+        owner->activity()->Act_Inputs->Changed = true;
+    }
 }
 
 bool listed(NodeKindCode nodeKind) {
@@ -82,16 +85,21 @@ bool releaseParameter(Canvas& canvas, LabelsD& node, EntityLinks& links) {
 template <class Entity>
 bool releaseWhole(Canvas& canvas, LabelsD& node, NodeKindCode kind, EntityLinks& links) {
     const auto* entity = node.entity<Entity>();
-    if (canvas.isZoom() || !entity) {
-        return false;  // a zoom view only shows what belongs to the design window
+    if (!entity) {
+        return false;
     }
     canvas.DeletedNodes->Add(entity->NodeID, kind);
     links.unsynchronise(canvas, node);
     return true;
 }
 
-bool release(Canvas& canvas, LabelsD& node, EntityLinks& links) {
+bool release(Canvas& canvas, LabelsD& node, EntityLinks& links, CanvasRules& rules) {
+    if (!rules.mayDelete(canvas, node)) {
+        return false;
+    }
     switch (node.NodeType()) {
+        case NodeTypeFunction:
+            return rules.releaseFunction(canvas, node);
         case NodeTypeConstant:
             links.unsynchronise(canvas, node);
             return true;
@@ -120,11 +128,12 @@ bool release(Canvas& canvas, LabelsD& node, EntityLinks& links) {
 
 }  // namespace
 
-void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links) {
+void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links, CanvasRules& rules) {
     canvas.ActiveLabel = -1;
     for (const std::int32_t index : canvas.SelectedLabels.members()) {
         LabelsD* node = canvas.Labels.byIndex(index);
-        if (!node || (OnlyType != kEveryNodeType && node->NodeType() != OnlyType) || !release(canvas, *node, links)) {
+        if (!node || (OnlyType != kEveryNodeType && node->NodeType() != OnlyType) ||
+            !release(canvas, *node, links, rules)) {
             continue;
         }
         canvas.Labels.Remove(index);

@@ -21,10 +21,9 @@ class EntityLinks {
 inline constexpr NodeTypeCode kEveryNodeType{};
 
 /// Deletes the selected nodes with their edges and notes in `DeletedNodes` the rows that the next save has to delete.
-/// `OnlyType` is the `NodeType` to delete, `kEveryNodeType` for all. Some nodes cannot be deleted and stay: on a zoom
-/// canvas activities, record sets and functions, and everywhere inputs and outputs of a function. The selection is
-/// empty afterwards.
-void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links);
+/// `OnlyType` is the `NodeType` to delete, `kEveryNodeType` for all. Some nodes cannot be deleted and stay: those that
+/// the canvas' rules keep, and everywhere inputs and outputs of a function. The selection is empty afterwards.
+void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links, CanvasRules& rules);
 
 /// Deletes the selected edges, the last selected one first.
 void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules);

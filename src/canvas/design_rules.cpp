@@ -111,6 +111,18 @@ bool DesignRules::releaseEdge(Canvas&, LinesD&) {
     return true;  // an edge between whole nodes stands for no link
 }
 
+bool DesignRules::mayDelete(Canvas&, const LabelsD&) {
+    return true;
+}
+
+bool DesignRules::releaseFunction(Canvas&, LabelsD&) {
+    return false;  // functions have no nodes here
+}
+
+bool DesignRules::toggleExpanded(Canvas&, LabelsD&) {
+    return true;  // whole nodes stay whole
+}
+
 bool DesignRules::CheckRelationship(Canvas& canvas, LinesD& edge) {
     const LabelsD* from = canvas.Labels.byIndex(edge.FromLabel());
     const LabelsD* to = canvas.Labels.byIndex(edge.ToLabel());

@@ -153,6 +153,11 @@ void LabelsD::setCaption(const std::string& value) {
     tell();
 }
 
+void LabelsD::showCaption(const std::string& value) {
+    caption_ = value;
+    tell();
+}
+
 std::string_view LabelsD::shownText() const {
     switch (nodeType_) {
         case NodeTypeLog:

@@ -96,6 +96,8 @@ class LabelsD {
 
     const std::string& Caption() const { return caption_; }
     void setCaption(const std::string& value);
+    /// Changes what the box shows and leaves its name alone.
+    void showCaption(const std::string& value);
     /// The text that the box shows.
     std::string_view shownText() const;
 
@@ -182,6 +184,11 @@ class LabelsCollection : public IndexedTable<LabelsD> {
     /// A new node with an empty entity of its kind. An empty `KeyName` takes the caption as name.
     LabelsD& Add(const Box& box, const std::string& Caption, NodeTypeCode NodeType, const std::string& KeyName = {});
 
+    /// A new node for an entity that exists already. An empty or a taken `KeyName` leaves it without a name, silently:
+    /// `KeyName` reads `kErrorName` then.
+    LabelsD& AddShown(const Box& box, const std::string& Caption, NodeTypeCode NodeType, const std::string& KeyName,
+                      NodeProperties entity);
+
     /// A copy of a node of another canvas; its entity is a clone.
     LabelsD& addLabel(const LabelsD& Label);
 
@@ -194,6 +201,8 @@ class LabelsCollection : public IndexedTable<LabelsD> {
   private:
     /// A new node that nobody is told of yet; `show` tells.
     LabelsD& make(const Box& box, const std::string& Caption, NodeTypeCode NodeType, const std::string& KeyName = {});
+    LabelsD& beginNode(const Box& box, NodeTypeCode NodeType);
+    void finishNode(LabelsD& node, NodeProperties entity);
     static LabelsD& show(LabelsD& node);
     void raisePicture(const LabelsD& node);
 

@@ -113,26 +113,45 @@ LabelsD& LabelsCollection::Add(const Box& box, const std::string& Caption, NodeT
 
 LabelsD& LabelsCollection::make(const Box& box, const std::string& Caption, NodeTypeCode NodeType,
                                 const std::string& KeyName) {
-    const std::int32_t index = ++canvas_.LabelsNo;
-    canvas_.ActiveLabel = index;
-    LabelsD& node = append(index, std::make_unique<LabelsD>(canvas_, index));
-    node.setNodeType(NodeType);
-    node.setBox(box);
+    LabelsD& node = beginNode(box, NodeType);
     node.setCaption(Caption);
     if (!KeyName.empty()) {
         node.setKeyName(KeyName);
     } else if (NodeType == NodeTypeAttribute || NodeType == NodeTypeParameter) {
         node.setKeyName(Caption);
     }
-    const KindRow& kind = kindRow(NodeType);
+    finishNode(node, newEntity(NodeType, node.KeyName(), Caption, node.Index()));
+    return node;
+}
+
+LabelsD& LabelsCollection::AddShown(const Box& box, const std::string& Caption, NodeTypeCode NodeType,
+                                    const std::string& KeyName, NodeProperties entity) {
+    LabelsD& node = beginNode(box, NodeType);
+    const bool named = !KeyName.empty() && canvas_.NamesColl.Add(node.Index(), KeyName) != -1;
+    node.keyName_ = named ? KeyName : kErrorName;
+    node.caption_ = Caption;
+    finishNode(node, std::move(entity));
+    return show(node);
+}
+
+LabelsD& LabelsCollection::beginNode(const Box& box, NodeTypeCode NodeType) {
+    const std::int32_t index = ++canvas_.LabelsNo;
+    canvas_.ActiveLabel = index;
+    LabelsD& node = append(index, std::make_unique<LabelsD>(canvas_, index));
+    node.setNodeType(NodeType);
+    node.setBox(box);
+    return node;
+}
+
+void LabelsCollection::finishNode(LabelsD& node, NodeProperties entity) {
+    const KindRow& kind = kindRow(node.NodeType());
     node.setColor(kind.backColor);
     node.ReadyColor = kind.readyColor;
     node.NotReadyColor = kind.notReadyColor;
-    node.Expanded = NodeType == NodeTypeConstant;
-    node.Properties = newEntity(NodeType, node.KeyName(), Caption, index);
+    node.Expanded = node.NodeType() == NodeTypeConstant;
+    node.Properties = std::move(entity);
     node.setVisible(true);
     raisePicture(node);
-    return node;
 }
 
 LabelsD& LabelsCollection::show(LabelsD& node) {

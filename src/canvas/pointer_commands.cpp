@@ -55,7 +55,7 @@ bool CanvasPointer::keyDown(int keyCode) {
         return false;
     }
     cancel();
-    DeleteSelectedNodes(canvas_, kEveryNodeType, ports_.links);
+    DeleteSelectedNodes(canvas_, kEveryNodeType, ports_.links, canvas_.rules());
     DeleteSelectedEdges(canvas_, canvas_.rules());
     return true;
 }
@@ -97,6 +97,11 @@ void CanvasPointer::runAction(const ContextItem& item) {
                 ports_.windows.openZoom(canvas_, *node);
             }
             break;
+        case MenuAction::expanded:
+            if (node && !canvas_.rules().toggleExpanded(canvas_, *node)) {
+                ports_.windows.close(canvas_);
+            }
+            break;
         case MenuAction::notReady:
             if (node) {
                 node->setReady(false);
@@ -108,7 +113,7 @@ void CanvasPointer::runAction(const ContextItem& item) {
             }
             break;
         case MenuAction::deleteNodes:
-            DeleteSelectedNodes(canvas_, std::get<NodeTypeCode>(item.value), ports_.links);
+            DeleteSelectedNodes(canvas_, std::get<NodeTypeCode>(item.value), ports_.links, canvas_.rules());
             break;
         case MenuAction::deleteEdges:
             DeleteSelectedEdges(canvas_, canvas_.rules());

@@ -16,6 +16,7 @@ class CanvasDialogs : public canvas::CanvasWindows {
     void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override {
         wizard_.LDLCreate(form.scenario(), *activity.activity());
     }
+    void close(canvas::CanvasForm&) override {}  // no canvas of this version asks for it
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {
         desk_.showMenu(form, menu, at);
     }

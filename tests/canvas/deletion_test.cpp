@@ -19,6 +19,7 @@ std::string noted(const Canvas& form) {
 
 TEST(Deleting, DesignNodesAreNoted) {
     testkit::PointerStage stage;
+    DesignRules rules;
     Canvas& form = stage.form;
     form.Labels.byIndex(1)->recordSet()->NodeID = 11;
     form.Labels.byIndex(2)->activity()->NodeID = 22;
@@ -31,7 +32,7 @@ TEST(Deleting, DesignNodesAreNoted) {
         for (std::int32_t index = 1; index <= form.LabelsNo; ++index) {
             form.SelectedLabels.Add(index);
         }
-        DeleteSelectedNodes(form, onlyType, stage.host);
+        DeleteSelectedNodes(form, onlyType, stage.host, rules);
         const bool all = onlyType == kEveryNodeType;
         EXPECT_EQ(stage.seen(), !all ? "[/0] unlink Act" : "[/0] unlink RS unlink Target");
         EXPECT_EQ(noted(form), !all ? "9:22 " : "9:22 10:11 11:33 12:44 10:0 ");
@@ -41,8 +42,14 @@ TEST(Deleting, DesignNodesAreNoted) {
     EXPECT_EQ(form.Labels.Count(), 1);
 }
 
-TEST(Deleting, ZoomNodesLeaveTheirOwner) {
+/// Keeps whole nodes, as a view over a part of a scenario does.
+struct MembersOnly : DesignRules {
+    bool mayDelete(Canvas&, const LabelsD& node) override { return !node.activity() && !node.recordSet(); }
+};
+
+TEST(Deleting, MembersLeaveTheirOwner) {
     testkit::LoggingHost host;
+    MembersOnly rules;
     const CanvasSettings settings;
     testkit::ZoomCanvas form({host, settings});
     ActivityProperties& activity = *form.Labels.Add({0, 0, 1, 1}, "A", NodeTypeActivity).activity();
@@ -71,13 +78,15 @@ TEST(Deleting, ZoomNodesLeaveTheirOwner) {
     auto input = std::make_shared<ParameterProperties>();
     input->NodeKind = KindFunctionInput;
     shown(NodeTypeParameter, "fixed", input);
-    DeleteSelectedNodes(form, kEveryNodeType, host);
+    activity.Act_Inputs->Changed = false;
+    DeleteSelectedNodes(form, kEveryNodeType, host, rules);
     EXPECT_EQ(noted(form), "1:1 2:2 3:3 4:4 4:5 ");
     EXPECT_EQ(host.taken(), " unlink i unlink o unlink p unlink c unlink lost unlink const");
     EXPECT_EQ(form.Labels.Count(), 3);
     EXPECT_TRUE(form.nodeNamed("fixed"));
     EXPECT_EQ(activity.Act_Inputs.count() + activity.Act_Outputs.count() + activity.Act_Parameters.count(), 0);
     EXPECT_EQ(columns.Count(), 1);
+    EXPECT_TRUE(activity.Act_Inputs->Changed);
 }
 
 // The tables keep their order and find every item while items go and come in any order.

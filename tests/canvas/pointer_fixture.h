@@ -29,6 +29,7 @@ class LoggingHost : public canvas::ToolState,
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD& node) override {
         log_ += " wizard " + node.Caption();
     }
+    void close(canvas::CanvasForm& form) override { log_ += " close " + form.Caption(); }
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point) override {
         log_ += " " + std::string(menu.name);
     }

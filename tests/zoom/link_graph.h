@@ -138,7 +138,10 @@ class LinkGraph {
 
     /// All that may hold links.
     std::vector<Entity> holders() {
-        std::vector<Entity> result{&constant()};
+        std::vector<Entity> result;
+        if (canvas_.isNameTaken("C1")) {
+            result.emplace_back(&constant());
+        }
         for (canvas::LabelsD& node : canvas_.Labels) {
             if (node.activity()) {
                 collect(*node.activity(), result);

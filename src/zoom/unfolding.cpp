@@ -1,0 +1,420 @@
+#include "zoom/unfolding.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "entities/link_types.h"
+#include "zoom/expand_collapse.h"
+#include "zoom/members.h"
+#include "zoom/synchronize_functions.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+using canvas::CanvasSettings;
+using canvas::LabelsD;
+
+struct ExpansionRow {
+    canvas::NodeTypeCode nodeType;
+    NodeKindCode kind;
+    std::int16_t fromGrab;
+    bool widens;         ///< the picture grows to the right with them
+    LinkType constants;  ///< links of this type show constants beside the member, `LinkUnset` for none
+    float (*left)(const LabelsD& owner, const CanvasSettings& sizes);
+};
+
+namespace {
+
+bool isCentral(const LabelsD& owner) {
+    const ActivityProperties* activity = owner.activity();
+    return activity && activity->ZoomPosition == static_cast<std::int16_t>(ZoomPlace::Central);
+}
+
+float leftOfOwner(const LabelsD& owner, const CanvasSettings& sizes) {
+    return owner.Left() - sizes.Width - (isCentral(owner) ? sizes.WDist : 0);
+}
+float rightOfOwner(const LabelsD& owner, const CanvasSettings& sizes) {
+    return owner.Left() + owner.Width() + (isCentral(owner) ? sizes.WDist : 0);
+}
+float belowOwner(const LabelsD& owner, const CanvasSettings&) {
+    return owner.Left();
+}
+float leftHalf(const LabelsD& owner, const CanvasSettings& sizes) {
+    return owner.Left() - sizes.Width / 2 - 10;
+}
+float rightHalf(const LabelsD& owner, const CanvasSettings& sizes) {
+    return owner.Left() + owner.Width() - sizes.Width / 2 + 10;
+}
+
+// In the order of `Members`.
+constexpr std::array<ExpansionRow, 6> kRows = {{
+    {canvas::NodeTypeAttribute, KindInput, 1, false, LinkUnset, leftOfOwner},
+    {canvas::NodeTypeAttribute, KindOutput, 4, true, LinkUnset, rightOfOwner},
+    {canvas::NodeTypeParameter, KindParameter, 5, false, LinkConstant, belowOwner},
+    {canvas::NodeTypeParameter, KindFunctionInput, 4, false, LinkConstantFunction, leftHalf},
+    {canvas::NodeTypeParameter, KindFunctionOutput, 4, true, LinkUnset, rightHalf},
+    {canvas::NodeTypeAttribute, KindRecordSetAttribute, 4, true, LinkUnset, belowOwner},
+}};
+
+constexpr std::int16_t kFunctionGrab = 5;
+
+const std::string& nameOf(const AttributeProperties& entity) {
+    return entity.Attribute_Name;
+}
+const std::string& nameOf(const ParameterProperties& entity) {
+    return entity.Parameter_Name;
+}
+std::int16_t typeOf(const AttributeProperties& entity) {
+    return entity.Attribute_Type;
+}
+std::int16_t typeOf(const ParameterProperties& entity) {
+    return entity.Parameter_Type;
+}
+
+void synchronise(ZoomForm& form, AttributeProperties& entity) {
+    SynchronizeAttribute(form, entity, nullptr);
+}
+void synchronise(ZoomForm& form, ParameterProperties& entity) {
+    SynchronizeParameter(form, entity, nullptr);
+}
+
+/// Throws when the catalogue does not have the data type of an item.
+template <class List>
+void requireTypes(const ZoomForm& form, const Lazy<List>& items) {
+    for (const auto& item : items) {
+        form.catalogue().dataTypes.name(typeOf(item));
+    }
+}
+
+/// The edges by which members are tied to their owner, the last one first.
+std::vector<std::int32_t> partOfEdges(const ZoomForm& form, const LabelsD& owner) {
+    std::vector<std::int32_t> edges;
+    for (const std::int32_t number : owner.StartingLines()) {
+        const canvas::LinesD* edge = form.Lines.byIndex(number);
+        if (edge && edge->EdgeType() == canvas::EdgeTypePartOf) {
+            edges.push_back(number);
+        }
+    }
+    std::reverse(edges.begin(), edges.end());
+    return edges;
+}
+
+LabelsD* targetOf(const ZoomForm& form, std::int32_t edge) {
+    return form.Labels.byIndex(form.Lines.byIndex(edge)->ToLabel());
+}
+
+/// Adds `items`, then those of the former content whose keys they do not bear: a member without a node is kept.
+template <class List>
+void refill(List& list, std::vector<std::shared_ptr<EntityOf<List>>>& items) {
+    std::vector<std::shared_ptr<EntityOf<List>>> former;
+    for (int position = 1; position <= list.Count(); ++position) {
+        former.push_back(list.share(position));
+    }
+    list.Clear();
+    for (auto* source : {&items, &former}) {
+        for (auto& item : *source) {
+            const std::string key = keyOf(*item);
+            if (!list.Item(key)) {
+                list.append(std::move(item), key);
+            }
+        }
+    }
+}
+
+int rowsOf(const FunctionProperties& function) {
+    return std::max(function.Function_Inputs.count(), function.Function_Outputs.count()) + 2;
+}
+
+}  // namespace
+
+const ExpansionRow& expansionRow(Members members) {
+    return kRows[static_cast<std::size_t>(members)];
+}
+
+std::string typedName(const ZoomForm& form, const std::string& name, std::int16_t type) {
+    return name + "(" + form.catalogue().dataTypes.name(type) + ")";
+}
+
+const std::string& Unfolding::ownerName() const {
+    if (form_.bearsName(owner_)) {
+        return owner_.KeyName();
+    }
+    if (const ActivityProperties* activity = owner_.activity()) {
+        return activity->Act_Name;
+    }
+    if (const RecordSetProperties* recordSet = owner_.recordSet()) {
+        return recordSet->RecordSet_Name;
+    }
+    return owner_.entity<FunctionProperties>()->Function_Key;
+}
+
+float Unfolding::rowTop(int halfRows) const {
+    return owner_.Top() + owner_.Height() + static_cast<float>(halfRows) * form_.settings().HDist;
+}
+
+void Unfolding::grow(const LabelsD& node, bool widens) {
+    const float bottom = node.box().bottom();
+    const float right = node.box().right();
+    const float height = form_.PicForm.Height(), width = form_.PicForm.Width();
+    form_.PicForm.setSize(widens && right > width ? right + node.Width() : width,
+                          bottom > height ? bottom + 3 * form_.settings().BigHeight : height);
+}
+
+void Unfolding::expand(Members members) {
+    const ExpansionRow& row = expansionRow(members);
+    ActivityProperties* activity = owner_.activity();
+    FunctionProperties* function = owner_.entity<FunctionProperties>();
+    RecordSetProperties* recordSet = owner_.recordSet();
+    const auto ofActivity = [&](auto& items, int firstRow) {
+        if (!items->Expanded) {
+            show(items, row, firstRow);
+            items->Expanded = true;
+        }
+    };
+    if (members == Members::Inputs && activity) {
+        ofActivity(activity->Act_Inputs, 0);
+    } else if (members == Members::Outputs && activity) {
+        ofActivity(activity->Act_Outputs, 0);
+    } else if (members == Members::Parameters && activity) {
+        ofActivity(activity->Act_Parameters, activity->Act_Outputs.count());
+    } else if (members == Members::FunctionInputs && function && !owner_.Expanded) {
+        show(function->Function_Inputs, row, 0);
+    } else if (members == Members::FunctionOutputs && function && !owner_.Expanded) {
+        show(function->Function_Outputs, row, 0);
+    } else if (members == Members::RecordSet && recordSet && !owner_.Expanded) {
+        show(recordSet->RecordSet_Outputs, row, 0);
+        owner_.Expanded = true;
+    }
+}
+
+template <class List>
+void Unfolding::show(const Lazy<List>& items, const ExpansionRow& row, int firstRow) {
+    List* list = items.peek();
+    if (!list) {
+        return;
+    }
+    requireTypes(form_, items);
+    const std::int32_t active = form_.ActiveLabel;
+    for (int position = 1; position <= list->Count(); ++position) {
+        showMember(list->share(position), row, rowTop(2 * (firstRow + position - 1) + 1));
+    }
+    form_.ActiveLabel = active;
+}
+
+template <class Entity>
+void Unfolding::showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top) {
+    const CanvasSettings& sizes = form_.settings();
+    const bool named = form_.bearsName(owner_);
+    Entity& shown = *entity;
+    shown.ParentKeyName = ownerName();
+    shown.NodeKind = row.kind;
+    LabelsD& node =
+        form_.Labels.AddShown({row.left(owner_, sizes), top, sizes.Width, sizes.Height}, nameOf(shown), row.nodeType,
+                              named ? wholeKey(ownerName(), row.kind, shown.Key) : std::string(), std::int16_t{0});
+    node.setToolTipText(typedName(form_, nameOf(shown), typeOf(shown)));
+    form_.Lines.addFullLine(owner_.Index(), row.fromGrab, node.Index(), 2, canvas::EdgeTypePartOf,
+                            canvas::AngleVerticalUp, 0);
+    bindNode(node, std::move(entity));
+    grow(node, row.widens);
+    if (!named) {
+        return;  // links are drawn at the first copy
+    }
+    if constexpr (std::is_same_v<Entity, ParameterProperties>) {
+        showConstants(node, shown, row);
+    }
+    synchronise(form_, shown);
+}
+
+void Unfolding::showConstants(const LabelsD& node, const ParameterProperties& parameter, const ExpansionRow& row) {
+    if (row.constants == LinkUnset) {
+        return;
+    }
+    const CanvasSettings& sizes = form_.settings();
+    for (const RegulatorProperties& link : parameter.RegulatedFrom) {
+        const LabelsD* inDesign = form_.ParForm.nodeNamed(link.Regulator_name);
+        const bool named = form_.isNameTaken(link.Regulator_name) || form_.isNameTaken(link.Regulator_Key);
+        if (link.Regulator_type != row.constants || named || link.Regulator_Key.empty() ||
+            (inDesign && inDesign->recordSet())) {
+            continue;
+        }
+        LabelsD& constant =
+            form_.Labels.Add({node.Left() - sizes.WDist - sizes.Width, node.Top(), sizes.BigHeight, sizes.BigHeight},
+                             link.Regulator_Key, canvas::NodeTypeConstant);
+        auto& entity = *constant.entity<ParameterProperties>();
+        entity.Parameter_Type = parameter.Parameter_Type;
+        entity.Key = link.Regulator_Key;
+        constant.setToolTipText(typedName(form_, link.Regulator_Key, parameter.Parameter_Type));
+    }
+}
+
+void Unfolding::collapse(Members members) {
+    const ExpansionRow& row = expansionRow(members);
+    ActivityProperties* activity = owner_.activity();
+    FunctionProperties* function = owner_.entity<FunctionProperties>();
+    RecordSetProperties* recordSet = owner_.recordSet();
+    const auto ofActivity = [&](auto& items) {
+        if (items.peek() && items->Expanded) {
+            fold(items, row);
+            items->Expanded = false;
+        }
+    };
+    if (members == Members::Inputs && activity) {
+        ofActivity(activity->Act_Inputs);
+    } else if (members == Members::Outputs && activity) {
+        ofActivity(activity->Act_Outputs);
+    } else if (members == Members::Parameters && activity) {
+        ofActivity(activity->Act_Parameters);
+    } else if (members == Members::FunctionInputs && function && owner_.Expanded) {
+        fold(function->Function_Inputs, row);
+    } else if (members == Members::FunctionOutputs && function && owner_.Expanded) {
+        fold(function->Function_Outputs, row);
+    } else if (members == Members::RecordSet && recordSet && owner_.Expanded) {
+        fold(recordSet->RecordSet_Outputs, row);
+        owner_.Expanded = false;
+    }
+}
+
+// From the last edge to the first, since a node that goes shortens the owner's list.
+template <class List>
+void Unfolding::fold(Lazy<List>& items, const ExpansionRow& row) {
+    using Entity = EntityOf<List>;
+    std::vector<std::shared_ptr<Entity>> folded;
+    for (const std::int32_t edge : partOfEdges(form_, owner_)) {
+        LabelsD* node = targetOf(form_, edge);
+        const auto* held = std::get_if<std::shared_ptr<Entity>>(&node->Properties);
+        if (held && *held && (*held)->NodeKind == row.kind) {
+            folded.push_back(*held);
+            form_.Labels.Remove(node->Index());
+        }
+    }
+    refill(*items, folded);
+}
+
+void Unfolding::expandFunctions() {
+    ActivityProperties* activity = owner_.activity();
+    if (!activity || (activity->Act_Functions.peek() && activity->Act_Functions->Expanded)) {
+        return;
+    }
+    Act_FunctionsCollection& functions = *activity->Act_Functions;
+    for (const FunctionProperties& function : functions) {
+        requireTypes(form_, function.Function_Inputs);
+        requireTypes(form_, function.Function_Outputs);
+    }
+    const std::int32_t active = form_.ActiveLabel;
+    const float Width = form_.settings().Width;
+    int row = activity->Act_Outputs.count() + activity->Act_Parameters.count() + 1;
+    for (int position = 1; position <= functions.Count(); ++position) {
+        if (functions.Item(position)->Function_Source == kSourceActivityType) {
+            showFunction(functions.share(position), owner_.Left(), rowTop(2 * row + 1));
+            row += rowsOf(*functions.Item(position));
+        }
+    }
+    for (int position = 1; position <= functions.Count(); ++position) {
+        const FunctionProperties& function = *functions.Item(position);
+        LabelsD* node = form_.nodeNamed(function.Function_Key);
+        if (!node && function.Function_Source != kSourceActivityType) {
+            showFunction(functions.share(position), owner_.Left() - 5 * Width / 2, rowTop(2 * row + 2));
+            row += rowsOf(function);
+        } else if (node && function.Function_Source != kSourceActivityType) {
+            tieFunction(*node, functions.share(position));
+        }
+    }
+    functions.Expanded = true;
+    form_.ActiveLabel = active;
+}
+
+void Unfolding::showFunction(std::shared_ptr<FunctionProperties> function, float left, float top) {
+    const CanvasSettings& sizes = form_.settings();
+    function->NodeKind = KindFunction;
+    function->setParentKeyName(ownerName());
+    LabelsD& node = form_.Labels.AddShown({left, top, sizes.Width, sizes.BigHeight}, function->Function_Name,
+                                          canvas::NodeTypeFunction, function->Function_Key, function);
+    form_.Lines.addFullLine(owner_.Index(), kFunctionGrab, node.Index(), 2, canvas::EdgeTypePartOf,
+                            canvas::AngleVerticalUp, 0);
+    grow(node, false);
+    Unfolding(form_, node).expandFunction();
+}
+
+/// Ties a function's node, which stayed without an owner when the activity was folded, on to it again.
+void Unfolding::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> function) {
+    const auto* free = node.entity<FunctionProperties>();
+    if (!free || form_.isNameTaken(free->ParentKeyName())) {
+        return;
+    }
+    Unfolding(form_, node).collapseFunction();
+    form_.Lines.addFullLine(owner_.Index(), kFunctionGrab, node.Index(), 2, canvas::EdgeTypePartOf,
+                            canvas::AngleVerticalUp, 0);
+    function->setParentKeyName(ownerName());
+    function->NodeKind = KindFunction;
+    bindNode(node, std::move(function));
+    Unfolding(form_, node).expandFunction();
+}
+
+void Unfolding::expandFunction() {
+    const auto* function = owner_.entity<FunctionProperties>();
+    if (!function || owner_.Expanded) {
+        return;
+    }
+    requireTypes(form_, function->Function_Inputs);
+    requireTypes(form_, function->Function_Outputs);
+    expand(Members::FunctionInputs);
+    expand(Members::FunctionOutputs);
+    owner_.Expanded = true;
+}
+
+void Unfolding::collapseFunction() {
+    if (owner_.entity<FunctionProperties>() && owner_.Expanded) {
+        collapse(Members::FunctionInputs);
+        collapse(Members::FunctionOutputs);
+        owner_.Expanded = false;
+    }
+}
+
+void Unfolding::collapseFunctions() {
+    ActivityProperties* activity = owner_.activity();
+    if (!activity || !activity->Act_Functions.peek() || !activity->Act_Functions->Expanded) {
+        return;
+    }
+    Act_FunctionsCollection& functions = *activity->Act_Functions;
+    std::vector<std::shared_ptr<FunctionProperties>> former;
+    for (int position = 1; position <= functions.Count(); ++position) {
+        former.push_back(functions.share(position));
+    }
+    functions.Clear();
+    for (const std::int32_t edge : partOfEdges(form_, owner_)) {
+        LabelsD& node = *targetOf(form_, edge);
+        auto* function = node.entity<FunctionProperties>();
+        if (!function || function->NodeKind != KindFunction) {
+            continue;
+        }
+        Unfolding(form_, node).collapseFunction();
+        if (!functions.AddFunction(form_, node.KeyName(), ownerName(), function->Function_Source)) {
+            functions.AddFunctionProps(*function, function->Function_Key, 1);  // its node bears no name
+        }
+        if (function->Function_Source == kSourceActivityType) {
+            form_.Labels.Remove(node.Index());
+        } else {
+            // The clone in the collection keeps the owner; the node waits for it without one. Its inputs and outputs
+            // are still called by that owner's name, in the links that record sets have to them.
+            function->setParentKeyName({});
+            for (auto* parameters : {&function->Function_Inputs, &function->Function_Outputs}) {
+                for (ParameterProperties& parameter : *parameters) {
+                    parameter.ParentFunctionActivity = ownerName();
+                }
+            }
+            form_.Lines.RemoveFull(edge);
+        }
+    }
+    for (auto& function : former) {
+        const std::string key = function->Function_Key;
+        if (!functions.Item(key)) {
+            functions.append(std::move(function), key);
+        }
+    }
+    functions.Expanded = false;
+}
+
+}  // namespace orvent::zoom

@@ -1,0 +1,242 @@
+#include "zoom/view_filters.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "entities/link_types.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+using canvas::LabelsD;
+using canvas::LinesD;
+
+namespace {
+
+constexpr std::int32_t kFunctionTypeColour = 16711680;
+
+struct FilterRow {
+    bool ViewMarks::*mark;
+    canvas::EdgeTypeCode edges;
+};
+
+constexpr std::array<FilterRow, 5> kFilters = {{
+    {&ViewMarks::ViewProviderM, canvas::EdgeTypeProvider},
+    {&ViewMarks::ViewPartOfM, canvas::EdgeTypePartOf},
+    {&ViewMarks::ViewRegulatorM, canvas::EdgeTypeRegulator},
+    {&ViewMarks::ViewInstanceOfM, canvas::EdgeTypeReserved},
+    {&ViewMarks::ViewDerivedM, canvas::EdgeTypeDerived},
+}};
+
+bool shows(const ViewMarks& marks, canvas::EdgeTypeCode edges) {
+    for (const FilterRow& row : kFilters) {
+        if (row.edges == edges) {
+            return marks.*row.mark;
+        }
+    }
+    return true;
+}
+
+/// What `ViewAttributesM` shows and hides; attributes themselves always stay.
+bool isDetail(const LabelsD& node) {
+    return node.NodeType() == canvas::NodeTypeParameter || node.NodeType() == canvas::NodeTypeFunction ||
+           node.NodeType() == canvas::NodeTypeConstant;
+}
+
+template <class Item>
+void setVisible(Item& item, bool visible) {
+    if (item.Visible() != visible) {
+        item.setVisible(visible);
+    }
+}
+
+bool isTypeNode(const LabelsD& node) {
+    return node.NodeType() == canvas::NodeTypeDataType || node.NodeType() == canvas::NodeTypeFunctionType;
+}
+
+/// The type indices of one kind in order of first sight, and the node of each.
+class TypeNodes {
+  public:
+    TypeNodes(ZoomForm& form, const NameTable& names, canvas::NodeTypeCode nodeType, float left)
+        : form_(form), names_(names), nodeType_(nodeType), left_(left) {}
+
+    void see(std::int16_t type) {
+        if (positions_.emplace(type, positions_.size() + 1).second) {
+            types_.push_back(type);
+        }
+    }
+
+    void make() {
+        const canvas::CanvasSettings& sizes = form_.settings();
+        for (const std::int16_t type : types_) {
+            const std::string& name = names_.name(type);
+            if (form_.isNameTaken(name)) {
+                continue;
+            }
+            const float left = (sizes.Width + 50) * static_cast<float>(positions_[type]) + left_;
+            form_.Labels
+                .Add({left, form_.BiggestHeight - sizes.BigHeight - 50, sizes.Width, sizes.BigHeight}, name, nodeType_)
+                .setColor(colour(type));
+        }
+    }
+
+    void tie(const LabelsD& node, std::int16_t fromGrab, std::int16_t type) {
+        const LabelsD* typeNode = form_.nodeNamed(names_.name(type));
+        if (typeNode && typeNode->NodeType() == nodeType_) {
+            form_.Lines.addFullLine(node.Index(), fromGrab, typeNode->Index(), 2, canvas::EdgeTypeReserved,
+                                    canvas::AngleVerticalUp, colour(type));
+        }
+    }
+
+  private:
+    std::int32_t colour(std::int16_t type) {
+        if (nodeType_ == canvas::NodeTypeFunctionType) {
+            return kFunctionTypeColour;
+        }
+        const auto position = static_cast<std::int32_t>(positions_[type]);
+        const double step = 256.0 * position / static_cast<double>(types_.size());
+        const auto red = static_cast<std::int32_t>(std::min(std::lround(256.0 - step), 255L));
+        const std::int32_t odd = position % 2;
+        return red | ((odd ^ 1) * 192) << 8 | (odd * 64) << 16;
+    }
+
+    ZoomForm& form_;
+    const NameTable& names_;
+    canvas::NodeTypeCode nodeType_;
+    float left_;
+    std::vector<std::int16_t> types_;
+    std::unordered_map<std::int16_t, std::size_t> positions_;
+};
+
+/// Calls `attribute(node, data type, from-grab)` or `function(node, function type)` for each node that has a type.
+template <class Attribute, class Function>
+void eachTyped(const std::vector<LabelsD*>& nodes, Attribute attribute, Function function) {
+    for (LabelsD* node : nodes) {
+        if (const auto* held = node->entity<AttributeProperties>()) {
+            attribute(*node, held->Attribute_Type, std::int16_t{3});
+        } else if (const auto* parameter = node->entity<ParameterProperties>();
+                   parameter && node->NodeType() == canvas::NodeTypeParameter) {
+            attribute(*node, parameter->Parameter_Type,
+                      static_cast<std::int16_t>(parameter->NodeKind == KindFunctionInput ? 4 : 3));
+        } else if (const auto* called = node->entity<FunctionProperties>()) {
+            function(*node, called->Function_Type);
+        }
+    }
+}
+
+std::vector<LabelsD*> nodesOf(ZoomForm& form) {
+    std::vector<LabelsD*> nodes;
+    for (LabelsD& node : form.Labels) {
+        nodes.push_back(&node);
+    }
+    return nodes;
+}
+
+void removeEdges(ZoomForm& form, canvas::EdgeTypeCode kind) {
+    for (LinesD& edge : form.Lines) {
+        if (edge.EdgeType() == kind) {
+            form.Lines.RemoveFull(edge.Index());
+        }
+    }
+}
+
+}  // namespace
+
+void applyFilters(ZoomForm& form) {
+    for (LabelsD& node : form.Labels) {
+        if (isDetail(node)) {
+            setVisible(node, form.marks.ViewAttributesM);
+        }
+    }
+    for (LinesD& edge : form.Lines) {
+        const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
+        const LabelsD* to = form.Labels.byIndex(edge.ToLabel());
+        if (from && to) {  // one that is being drawn has no target yet
+            const bool shown = shows(form.marks, edge.EdgeType());
+            setVisible(edge, shown && from->Visible() && to->Visible());
+        }
+    }
+}
+
+void refreshFilters(ZoomForm& form) {
+    hideInstanceOf(form);
+    if (form.marks.ViewInstanceOfM) {
+        showInstanceOf(form);
+    }
+    if (form.marks.ViewDerivedM) {
+        showDerived(form);
+    }
+    applyFilters(form);
+}
+
+void toggleFilter(ZoomForm& form, bool ViewMarks::*mark) {
+    form.marks.*mark = !(form.marks.*mark);
+    if (mark == &ViewMarks::ViewInstanceOfM) {
+        (form.marks.ViewInstanceOfM ? showInstanceOf : hideInstanceOf)(form);
+    } else if (mark == &ViewMarks::ViewDerivedM && form.marks.ViewDerivedM) {
+        showDerived(form);
+    }
+    applyFilters(form);
+}
+
+void showInstanceOf(ZoomForm& form) {
+    const std::int32_t active = form.ActiveLabel;
+    const canvas::CanvasSettings& sizes = form.settings();
+    const std::vector<LabelsD*> nodes = nodesOf(form);
+    TypeNodes dataTypes(form, form.catalogue().dataTypes, canvas::NodeTypeDataType, 4 * sizes.WDist + sizes.BigDist);
+    TypeNodes functionTypes(form, form.catalogue().functionTypes, canvas::NodeTypeFunctionType, 2100);
+    eachTyped(
+        nodes, [&](LabelsD&, std::int16_t type, std::int16_t) { dataTypes.see(type); },
+        [&](LabelsD&, std::int16_t type) { functionTypes.see(type); });
+    dataTypes.make();
+    functionTypes.make();
+    eachTyped(
+        nodes, [&](LabelsD& node, std::int16_t type, std::int16_t grab) { dataTypes.tie(node, grab, type); },
+        [&](LabelsD& node, std::int16_t type) { functionTypes.tie(node, 1, type); });
+    form.ActiveLabel = active;
+    form.growPicture();
+}
+
+void hideInstanceOf(ZoomForm& form) {
+    for (LabelsD& node : form.Labels) {
+        if (isTypeNode(node)) {
+            form.Labels.Remove(node.Index());
+        }
+    }
+}
+
+void showDerived(ZoomForm& form) {
+    removeEdges(form, canvas::EdgeTypeDerived);
+    const LabelsD* central = form.central();
+    const ActivityProperties* activity = central ? central->activity() : nullptr;
+    if (!activity) {
+        return;
+    }
+    for (const AttributeProperties& output : activity->Act_Outputs) {
+        const LabelsD* target = form.nodeNamed(wholeKey(activity->Act_Name, KindOutput, output.Key));
+        for (const RegulatorProperties& link : output.RegulatedFrom) {
+            const LabelsD* node = link.Regulator_type == LinkParameterOutput
+                                      ? form.nodeNamed(link.Regulator_name + link.Regulator_Key)
+                                      : nullptr;
+            const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
+            if (!parameter || !target) {
+                continue;
+            }
+            for (const RegulatorProperties& source : parameter->RegulatedFrom) {
+                const LabelsD* from = form.nodeNamed(source.Regulator_type == LinkRecordSet
+                                                         ? source.Regulator_Key
+                                                         : source.Regulator_name + source.Regulator_Key);
+                if (from) {
+                    form.Lines.addFullLine(from->Index(), 3, target->Index(), 1, canvas::EdgeTypeDerived,
+                                           canvas::AngleStraight, 0);
+                }
+            }
+        }
+    }
+}
+
+}  // namespace orvent::zoom

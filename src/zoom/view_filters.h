@@ -1,0 +1,26 @@
+#pragma once
+
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+/// Shows and hides edges, and the nodes of parameters, functions and constants, as the form's marks say. Nothing of it
+/// touches a link. Linear in nodes and edges.
+void applyFilters(ZoomForm& form);
+
+/// After nodes were made or folded: builds the instance-of view and the derived edges anew while their marks are on,
+/// and applies all filters.
+void refreshFilters(ZoomForm& form);
+
+// The items of the view menu: each turns its mark and shows or hides what it stands for.
+void toggleFilter(ZoomForm& form, bool ViewMarks::*mark);
+
+/// One node for each data type and each function type on the canvas, and an edge to it from each entity of the type.
+void showInstanceOf(ZoomForm& form);
+void hideInstanceOf(ZoomForm& form);
+
+/// Edges that tell through which parameters the central activity's outputs depend on what regulates those. They carry
+/// no link.
+void showDerived(ZoomForm& form);
+
+}  // namespace orvent::zoom

@@ -1,0 +1,77 @@
+#include "zoom/zoom_form.h"
+
+#include "zoom/zoom_view.h"
+
+namespace orvent::zoom {
+
+using namespace platform;
+
+namespace {
+
+/// Takes the identifiers over that a save gave, also when it breaks off.
+struct IdentitiesFollow {
+    ZoomForm& form;
+    ~IdentitiesFollow() { RefreshZoomIdentities(form); }
+};
+
+}  // namespace
+
+ZoomForm::ZoomForm(const ZoomServices& services, canvas::DrawForm& design)
+    : CanvasForm(services.canvas),
+      ParForm(design),
+      services_(services),
+      rules_(*this, services.relationships),
+      design_(design.listen(*this)) {
+    PicForm.setLargest(kLargestPicture);
+    ParForm.setEnabled(false);
+    DeletedNodes = ParForm.DeletedNodes;
+    appliedRows_ = DeletedNodes->mark();
+    ZoomForm::formChanged();
+}
+
+ZoomForm::~ZoomForm() {
+    design_.end();
+    ParForm.setEnabled(true);
+}
+
+// The scenario's name may change while it is stored.
+void ZoomForm::formChanged() {
+    if (const std::string caption = ParForm.Caption() + " - Expand"; caption != Caption()) {
+        setCaption(caption);
+    }
+}
+
+void ZoomForm::touch() {
+    if (!unapplied_) {
+        unapplied_ = true;
+        tellForm();
+    }
+}
+
+void ZoomForm::applied() {
+    appliedRows_ = DeletedNodes->mark();
+    unapplied_ = false;
+    tellForm();
+}
+
+void ZoomForm::Save() {
+    ApplyZoomChanges(*this, true);
+    const IdentitiesFollow follow{*this};
+    ParForm.Save();
+}
+
+bool ZoomForm::QueryUnload() {
+    switch (messages().show("DO YOU WANT TO APPLY THE CHANGES TO SCENARIO " + ParForm.Caption() + " ?",
+                            "Closing Scenario", Icon::question, Buttons::yesNoCancel)) {
+        case Answer::yes:
+            ApplyZoomChanges(*this, false);
+            return true;
+        case Answer::no:
+            DeletedNodes->cutBack(appliedRows_);
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace orvent::zoom

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "canvas/draw_form.h"
+#include "entities/name_tables.h"
+#include "platform/dialogs.h"
+#include "zoom/zoom_rules.h"
+
+namespace orvent::zoom {
+
+/// `ZoomPosition` of an activity or a record set in the zoom view, and what it shows there.
+enum class ZoomPlace : std::int16_t {
+    Providers = 1,  ///< left column: outputs
+    Central = 2,    ///< everything
+    Consumers = 3,  ///< right column: inputs
+};
+
+/// A node of the zoom view and the design node that it was copied from.
+struct NewANDoldIndex {
+    std::int32_t NewIndex;
+    std::int32_t OldIndex;
+};
+
+/// The check marks of the view menu.
+struct ViewMarks {
+    bool ViewProviderM = true;
+    bool ViewPartOfM = true;
+    bool ViewRegulatorM = true;
+    bool ViewInstanceOfM = false;
+    bool ViewDerivedM = false;
+    bool ViewAttributesM = true;
+};
+
+/// What the zoom view needs of the run. All of it outlives the view.
+struct ZoomServices {
+    canvas::CanvasServices canvas;
+    const entities::CatalogueTables& catalogue;
+    platform::Progress& progress;
+    Relationships& relationships;
+};
+
+/// The attribute-level view of one activity with its direct neighbours. It works on clones of their entities; nothing
+/// reaches the scenario until `ApplyZoomChanges`.
+///
+/// A design node that is reached twice is shown twice. Only its first copy bears its names, draws edges and is written
+/// back.
+class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
+  public:
+    /// Largest width and height of the picture, twips.
+    static constexpr float kLargestPicture = 32000;
+
+    /// An empty view over a design window, which takes no input while it lives and outlives it.
+    ZoomForm(const ZoomServices& services, canvas::DrawForm& design);
+    ~ZoomForm() override;
+
+    canvas::DrawForm& ParForm;  ///< the design window it was opened from
+    std::vector<NewANDoldIndex> New2OldIndex;
+    std::int32_t CentralActivityNo = -1;
+    std::int32_t ConstantCounter = 0;  ///< for default names
+    std::int32_t AttributeCounter = 0;
+    std::int32_t FunctionCounter = 0;
+    std::int32_t ParameterCounter = 0;
+    ViewMarks marks;
+
+    const entities::CatalogueTables& catalogue() const { return services_.catalogue; }
+    platform::Progress& progress() const { return services_.progress; }
+
+    canvas::LabelsD* central() const { return Labels.byIndex(CentralActivityNo); }
+
+    /// False for a node whose name another one bears: a second copy, or a sub-node of one.
+    bool bearsName(const canvas::LabelsD& node) const { return NamesColl.Item(node.KeyName()) == node.Index(); }
+
+    /// Runs `step` for each design node and its first copy: `step(zoom node, design node)`.
+    template <class Step>
+    void eachFirstCopy(Step step) const {
+        for (const NewANDoldIndex& pair : New2OldIndex) {
+            canvas::LabelsD* shown = Labels.byIndex(pair.NewIndex);
+            canvas::LabelsD* design = ParForm.Labels.byIndex(pair.OldIndex);
+            if (shown && design && bearsName(*shown)) {
+                step(*shown, *design);
+            }
+        }
+    }
+
+    /// Whether something was edited that the scenario does not have yet.
+    bool unapplied() const { return unapplied_; }
+    void touch();
+    /// The scenario has all of it now, also the rows that were deleted so far.
+    void applied();
+
+    // CanvasForm
+    bool isZoom() const override { return true; }
+    canvas::DrawForm& scenario() override { return ParForm; }
+    canvas::CanvasRules& rules() override { return rules_; }
+    /// Gives the changes to the scenario and stores it.
+    void Save() override;
+    bool QueryUnload() override;
+
+  private:
+    void formChanged() override;
+
+    ZoomServices services_;
+    ZoomRules rules_;
+    canvas::CanvasSubscription design_;
+    int appliedRows_;  ///< mark in the rows to delete
+    bool unapplied_ = false;
+};
+
+}  // namespace orvent::zoom

@@ -1,0 +1,72 @@
+// The context menus of the zoom window. Activities and record sets belong to the design window and have no "Delete".
+
+#include <array>
+
+#include "zoom/zoom_rules.h"
+
+namespace orvent::zoom {
+
+namespace {
+
+using canvas::ContextItem;
+using canvas::ContextMenu;
+using enum canvas::MenuAction;
+
+constexpr const char* kExpanded = "Expanded";
+constexpr const char* kNotReady = "Mark As Not Ready";
+constexpr const char* kDelete = "Delete";
+constexpr const char* kProperties = "Properties";
+
+constexpr std::array kRecordSet = {
+    ContextItem{"RecordSetExpandedM", kExpanded, expanded},
+    ContextItem{"RecordSetNotReadyM", kNotReady, notReady},
+    ContextItem{"RecordSetPropertiesM", kProperties, properties, {}, true, {}},
+};
+
+constexpr std::array kActivity = {
+    ContextItem{"ActivityExpandedM", kExpanded, expanded},
+    ContextItem{"ActivityNotReadyM", kNotReady, notReady},
+    ContextItem{"ActivityPropertiesM", kProperties, properties, {}, true, {}},
+};
+
+constexpr std::array kFunction = {
+    ContextItem{"FunctionExpandedM", kExpanded, expanded},
+    ContextItem{"FunctionNotReadyM", kNotReady, notReady},
+    ContextItem{"FunctionDeleteM", kDelete, deleteNodes, canvas::NodeTypeFunction},
+    ContextItem{"FunctionPropertiesM", kProperties, properties, {}, true, {}},
+};
+
+constexpr std::array kConstant = {
+    ContextItem{"ConstantNotReadyM", kNotReady, notReady},
+    ContextItem{"ConstantDeleteM", kDelete, deleteNodes, canvas::NodeTypeConstant},
+    ContextItem{"ConstantPropertiesM", kProperties, properties, {}, true, {}},
+};
+
+constexpr std::array kAttribute = {
+    ContextItem{"AttributeNotReadyM", kNotReady, notReady},
+    ContextItem{"AttributeDeleteM", kDelete, deleteNodes, canvas::NodeTypeAttribute},
+    ContextItem{"AttributePropertiesM", kProperties, properties, {}, true, {}},
+};
+
+constexpr std::array kParameter = {
+    ContextItem{"ParameterNotReadyM", kNotReady, notReady},
+    ContextItem{"ParameterDeleteM", kDelete, deleteNodes, canvas::NodeTypeParameter},
+    ContextItem{"ParameterPropertiesM", kProperties, properties, {}, true, {}},
+};
+
+}  // namespace
+
+std::span<const ContextMenu> ZoomRules::menus() const {
+    static const std::array kMenus = {
+        ContextMenu{"RecordSetM", kRecordSet},
+        ContextMenu{"ActivityM", kActivity},
+        ContextMenu{"FunctionM", kFunction},
+        ContextMenu{"ConstantM", kConstant},
+        ContextMenu{"AttributeM", kAttribute},
+        ContextMenu{"ParameterM", kParameter},
+        canvas::edgesMenu(),
+    };
+    return kMenus;
+}
+
+}  // namespace orvent::zoom

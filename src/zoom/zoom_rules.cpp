@@ -1,0 +1,179 @@
+#include "zoom/zoom_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "zoom/expand_collapse.h"
+#include "zoom/unsynchronize_functions.h"
+#include "zoom/view_filters.h"
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+using canvas::CanvasSettings;
+using canvas::LabelsD;
+using canvas::LinesD;
+
+namespace {
+
+/// A tool that places nodes. Its key is the word from which default names are made, too.
+struct NodeTool {
+    std::string_view key;
+    canvas::NodeTypeCode nodeType;
+    float CanvasSettings::*width;
+    float CanvasSettings::*height;
+    std::int32_t ZoomForm::*counter;
+};
+
+constexpr std::array<NodeTool, 4> kNodeTools = {{
+    {"Constant", canvas::NodeTypeConstant, &CanvasSettings::BigHeight, &CanvasSettings::BigHeight,
+     &ZoomForm::ConstantCounter},
+    {"Attribute", canvas::NodeTypeAttribute, &CanvasSettings::Width, &CanvasSettings::Height,
+     &ZoomForm::AttributeCounter},
+    {"Function", canvas::NodeTypeFunction, &CanvasSettings::Width, &CanvasSettings::BigHeight,
+     &ZoomForm::FunctionCounter},
+    {"Parameter", canvas::NodeTypeParameter, &CanvasSettings::Width, &CanvasSettings::Height,
+     &ZoomForm::ParameterCounter},
+}};
+
+struct EdgeTool {
+    std::string_view key;
+    canvas::EdgeTypeCode edgeType;
+};
+
+constexpr std::array<EdgeTool, 3> kEdgeTools = {{
+    {"Provider", canvas::EdgeTypeProvider},
+    {"Regulator", canvas::EdgeTypeRegulator},
+    {"PartOf", canvas::EdgeTypePartOf},
+}};
+
+/// Instance-of and derived edges only show something.
+bool standsForLinks(const LinesD& edge) {
+    return std::any_of(kEdgeTools.begin(), kEdgeTools.end(),
+                       [&](const EdgeTool& tool) { return tool.edgeType == edge.EdgeType(); });
+}
+
+std::string defaultName(ZoomForm& form, const NodeTool& tool) {
+    std::string name;
+    do {
+        name = std::string(tool.key) + std::to_string(++(form.*tool.counter));
+    } while (form.isNameTaken(name));
+    return name;
+}
+
+/// A part-of edge may go when it ties a member to an activity. Those of a record set and of a function hold what the
+/// design window or the catalogue made.
+bool tiesMember(const ZoomForm& form, const LinesD& edge) {
+    const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
+    return from && from->activity();
+}
+
+}  // namespace
+
+LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Point at) {
+    for (const NodeTool& row : kNodeTools) {
+        if (row.key != tool) {
+            continue;
+        }
+        const float width = form_.settings().*row.width;
+        const float height = form_.settings().*row.height;
+        LabelsD& node =
+            form_.Labels.Add({std::max(at.x - width / 2, 0.0F), std::max(at.y - height / 2, 0.0F), width, height},
+                             defaultName(form_, row), row.nodeType);
+        if (row.nodeType != canvas::NodeTypeFunction) {
+            node.setToolTipText(typedName(form_, node.Caption(), 0));
+        }
+        form_.touch();
+    }
+    return nullptr;  // no dialog opens by itself
+}
+
+std::optional<canvas::EdgeTypeCode> ZoomRules::edgeTypeOf(std::string_view tool) const {
+    for (const EdgeTool& row : kEdgeTools) {
+        if (row.key == tool) {
+            return row.edgeType;
+        }
+    }
+    return std::nullopt;
+}
+
+bool ZoomRules::mayStart(canvas::EdgeTypeCode, const LabelsD&) const {
+    return true;  // what may be joined is told when the edge is complete
+}
+
+bool ZoomRules::mayRedirect(canvas::Canvas&, LinesD& edge, bool, const LabelsD&) {
+    if (!standsForLinks(edge) || (edge.EdgeType() == canvas::EdgeTypePartOf && !tiesMember(form_, edge))) {
+        return false;
+    }
+    form_.touch();
+    relationships_.remove(form_, edge.Index());
+    return form_.Lines.byIndex(edge.Index()) != nullptr;
+}
+
+void ZoomRules::edgeCompleted(canvas::Canvas&, LinesD& edge) {
+    form_.touch();
+    relationships_.create(form_, edge.Index());
+}
+
+void ZoomRules::middleOnOwnEnd(LinesD& edge) {
+    edge.setAngle(canvas::AngleStraight);
+}
+
+bool ZoomRules::releaseEdge(canvas::Canvas&, LinesD& edge) {
+    if (!standsForLinks(edge)) {
+        return true;
+    }
+    if (edge.EdgeType() == canvas::EdgeTypePartOf && !tiesMember(form_, edge)) {
+        return false;
+    }
+    form_.touch();
+    relationships_.remove(form_, edge.Index());
+    return true;
+}
+
+bool ZoomRules::mayDelete(canvas::Canvas&, const LabelsD& node) {
+    if (node.activity() || node.recordSet()) {
+        return false;  // they belong to the design window
+    }
+    const auto* parameter = node.entity<ParameterProperties>();
+    const bool ofFunction =
+        parameter && (parameter->NodeKind == KindFunctionInput || parameter->NodeKind == KindFunctionOutput);
+    // What a second copy shows is deleted at the first.
+    const bool shownTwice = !form_.bearsName(node) && node.EndingLines().Count() > 0;
+    if (ofFunction || shownTwice) {
+        return false;
+    }
+    form_.touch();
+    return true;
+}
+
+bool ZoomRules::releaseFunction(canvas::Canvas&, LabelsD& node) {
+    auto* function = node.entity<FunctionProperties>();
+    if (!function) {
+        return false;
+    }
+    form_.DeletedNodes->Add(function->FunctionID, KindFunction);
+    CollapseFunction(form_, node.Index());
+    UnSynchronizeFunction(form_, *function, true, nullptr);
+    relationships_.detachFunction(form_, node, form_.nodeNamed(function->ParentKeyName()));
+    return true;
+}
+
+bool ZoomRules::toggleExpanded(canvas::Canvas&, LabelsD& node) {
+    if (node.Expanded && node.Index() == form_.CentralActivityNo) {
+        return false;
+    }
+    if (node.Expanded) {
+        CollapseWhole(form_, node);
+    } else if (node.entity<FunctionProperties>()) {
+        ExpandFunction(form_, node.Index());
+    } else {
+        ExpandByPlace(form_, node);
+    }
+    refreshFilters(form_);
+    return true;
+}
+
+}  // namespace orvent::zoom

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "canvas/canvas_rules.h"
+#include "zoom/relationships.h"
+
+namespace orvent::zoom {
+
+/// The rules of the zoom window.
+class ZoomRules : public canvas::CanvasRules {
+  public:
+    ZoomRules(ZoomForm& form, Relationships& relationships) : form_(form), relationships_(relationships) {}
+
+    canvas::LabelsD* placeNode(canvas::Canvas& canvas, std::string_view tool, canvas::Point at) override;
+    std::optional<canvas::EdgeTypeCode> edgeTypeOf(std::string_view tool) const override;
+    bool mayStart(canvas::EdgeTypeCode edgeType, const canvas::LabelsD& source) const override;
+    bool mayRedirect(canvas::Canvas& canvas, canvas::LinesD& edge, bool atStart,
+                     const canvas::LabelsD& target) override;
+    void edgeCompleted(canvas::Canvas& canvas, canvas::LinesD& edge) override;
+    void middleOnOwnEnd(canvas::LinesD& edge) override;
+    bool releaseEdge(canvas::Canvas& canvas, canvas::LinesD& edge) override;
+    bool mayDelete(canvas::Canvas& canvas, const canvas::LabelsD& node) override;
+    bool releaseFunction(canvas::Canvas& canvas, canvas::LabelsD& node) override;
+    std::span<const canvas::ContextMenu> menus() const override;
+    bool toggleExpanded(canvas::Canvas& canvas, canvas::LabelsD& node) override;
+
+  private:
+    ZoomForm& form_;
+    Relationships& relationships_;
+};
+
+}  // namespace orvent::zoom

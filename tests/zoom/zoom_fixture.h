@@ -1,0 +1,172 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "canvas/draw_form.h"
+#include "testkit/model_text.h"
+#include "testkit/scripted_ports.h"
+#include "zoom/far_end.h"
+#include "zoom/link_graph.h"
+#include "zoom/zoom_view.h"
+
+namespace orvent::testkit {
+
+/// Writes down what it is asked for, by the names of an edge's ends, and does nothing.
+class LoggedRelationships : public zoom::Relationships {
+  public:
+    std::string log;
+
+    void create(zoom::ZoomForm& form, std::int32_t edge) override { write("create", form, edge); }
+    void remove(zoom::ZoomForm& form, std::int32_t edge) override { write("remove", form, edge); }
+    void detachFunction(zoom::ZoomForm&, canvas::LabelsD& function, canvas::LabelsD* activity) override {
+        log += "detach " + function.KeyName() + " " + (activity ? activity->KeyName() : "-") + "|";
+    }
+    bool mayRelate(const zoom::ZoomForm&, canvas::EdgeTypeCode, const canvas::LabelsD&,
+                   const canvas::LabelsD&) const override {
+        return true;
+    }
+
+  private:
+    void write(const std::string& word, const zoom::ZoomForm& form, std::int32_t number) {
+        const canvas::LinesD& edge = *form.Lines.byIndex(number);
+        log += word + " " + form.Labels.byIndex(edge.FromLabel())->KeyName() + " " +
+               std::to_string(static_cast<int>(edge.EdgeType())) + " " + form.Labels.byIndex(edge.ToLabel())->KeyName() +
+               "|";
+    }
+};
+
+/// Stores nothing; a test gives what happens to the scenario meanwhile.
+class LoggedStore : public canvas::ScenarioStore {
+  public:
+    std::function<void(canvas::DrawForm&)> save = [](canvas::DrawForm&) {};
+    void saveScenario(canvas::DrawForm& form) override { save(form); }
+};
+
+/// A scenario with links of every kind around the activity A2, and its zoom view.
+class ZoomTest : public CanvasTest {
+  protected:
+    using Texts = std::vector<std::string>;
+
+    ZoomTest() {
+        for (const char* type : {"NUMBER", "VARCHAR2(20)"}) {
+            catalogue.dataTypes.add(type);
+        }
+        catalogue.functionTypes.add("SUM");
+        for (const char* source : {"RS4", "A1", "RS3"}) {
+            edge(source, "A2");
+        }
+        for (const char* target : {"RS2", "A3"}) {
+            edge("A2", target);
+        }
+        graph.activity("A2").Act_Functions->Item("F1")->Function_Source = entities::kSourceOwn;
+        graph.activity("A2").Act_Functions->Item("A2.F2")->Function_Source = entities::kSourceActivityType;
+        // The links' constant has no node on a design window.
+        design.Labels.Remove(design.NamesColl.Item("C1"));
+    }
+
+    void edge(const std::string& from, const std::string& to, canvas::EdgeTypeCode kind = canvas::EdgeTypeProvider) {
+        design.Lines.addFullLine(design.NamesColl.Item(from), 3, design.NamesColl.Item(to), 1, kind,
+                                 canvas::AngleStraight, 0);
+    }
+
+    zoom::ZoomForm& open(const std::string& activity = "A2") {
+        form.reset();
+        form = std::make_unique<zoom::ZoomForm>(
+            zoom::ZoomServices{ports.services(), catalogue, progress, relationships}, design);
+        zoom::buildZoomView(*form, *design.nodeNamed(activity));
+        return *form;
+    }
+
+    canvas::LabelsD& node(const std::string& name) { return *form->nodeNamed(name); }
+    std::int32_t index(const std::string& name) { return form->NamesColl.Item(name); }
+
+    /// "name left top width height" of each node that the view shows, sorted.
+    Texts boxes() const {
+        Texts lines;
+        for (const canvas::LabelsD& each : form->Labels) {
+            std::string line = each.KeyName() + " '" + each.Caption() + "'";
+            for (const float value : {each.Left(), each.Top(), each.Width(), each.Height()}) {
+                line += " " + std::to_string(static_cast<int>(value));
+            }
+            lines.push_back(line);
+        }
+        return sorted(lines);
+    }
+
+    /// "from kind to" of each edge, sorted; part-of edges only when asked for.
+    Texts edges(bool partOf = false) const {
+        Texts lines;
+        for (const canvas::LinesD& each : form->Lines) {
+            if (partOf || each.EdgeType() != canvas::EdgeTypePartOf) {
+                lines.push_back(form->Labels.byIndex(each.FromLabel())->KeyName() + " " +
+                                std::to_string(static_cast<int>(each.EdgeType())) + " " +
+                                form->Labels.byIndex(each.ToLabel())->KeyName());
+            }
+        }
+        return sorted(lines);
+    }
+
+    static Texts sorted(Texts lines) {
+        std::sort(lines.begin(), lines.end());
+        return lines;
+    }
+
+    /// Every link between two nodes of the view has its edge and its mirror, every edge its link.
+    void expectSound() {
+        std::vector<std::int32_t> drawn;
+        for (canvas::LabelsD& each : form->Labels) {
+            if (auto* attribute = each.entity<entities::AttributeProperties>()) {
+                expectLinks(each, *attribute, drawn);
+            } else if (auto* parameter = each.entity<entities::ParameterProperties>()) {
+                expectLinks(each, *parameter, drawn);
+            }
+        }
+        std::sort(drawn.begin(), drawn.end());
+        drawn.erase(std::unique(drawn.begin(), drawn.end()), drawn.end());
+        std::vector<std::int32_t> present;
+        for (const canvas::LinesD& each : form->Lines) {
+            if (each.EdgeType() == canvas::EdgeTypeProvider || each.EdgeType() == canvas::EdgeTypeRegulator) {
+                present.push_back(each.Index());
+            }
+        }
+        EXPECT_EQ(drawn, present) << "edges of links, and edges of the view";
+    }
+
+    template <class Entity>
+    void expectLinks(const canvas::LabelsD& shown, Entity& entity, std::vector<std::int32_t>& drawn) {
+        if (!form->bearsName(shown)) {
+            return;
+        }
+        EXPECT_EQ(entity.LabelIndex, shown.Index()) << shown.KeyName();
+        const auto each = [&](zoom::Direction direction, auto& links) {
+            for (auto& link : links) {
+                const zoom::FarEnd far =
+                    zoom::findFarEnd(*form, direction, entity, {link.name(), link.type(), link.key()}, nullptr);
+                if (far.node) {
+                    EXPECT_TRUE(form->Lines.byIndex(link.LineIndex)) << shown.KeyName() << " to " << link.key();
+                    drawn.push_back(link.LineIndex);
+                }
+            }
+        };
+        if constexpr (requires { entity.ProvidedFrom; }) {
+            each(zoom::Direction::ProvidedFrom, entity.ProvidedFrom);
+            each(zoom::Direction::ProviderFor, entity.ProviderFor);
+        }
+        each(zoom::Direction::RegulatedFrom, entity.RegulatedFrom);
+        each(zoom::Direction::RegulatorFor, entity.RegulatorFor);
+    }
+
+    entities::CatalogueTables catalogue;
+    QuietProgress progress;
+    LoggedRelationships relationships;
+    LoggedStore store;
+    canvas::DrawForm design{ports.services(), &store};
+    LinkGraph graph{design};
+    std::unique_ptr<zoom::ZoomForm> form;
+};
+
+}  // namespace orvent::testkit

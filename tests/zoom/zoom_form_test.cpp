@@ -1,0 +1,225 @@
+// What gestures, menus, saving and closing mean in the zoom window.
+
+#include "canvas/deletion.h"
+#include "platform/codes.h"
+#include "zoom/entity_links.h"
+#include "zoom/expand_collapse.h"
+#include "zoom/zoom_fixture.h"
+
+using namespace orvent;
+using namespace orvent::entities;
+using canvas::LabelsD;
+using platform::Answer;
+
+namespace {
+
+class ZoomWindow : public testkit::ZoomTest {
+  protected:
+    void expectQuestion(Answer answer) {
+        ports.messages.expect("DO YOU WANT TO APPLY THE CHANGES TO SCENARIO Sales ?", "Closing Scenario",
+                              platform::Icon::question, platform::Buttons::yesNoCancel, answer);
+    }
+
+    void remove(std::initializer_list<const char*> names) {
+        form->SelectedLabels.Clear();
+        for (const char* name : names) {
+            form->SelectedLabels.Add(index(name));
+        }
+        canvas::DeleteSelectedNodes(*form, canvas::kEveryNodeType, links, form->rules());
+    }
+
+    /// "kind:identifier" of each row to delete.
+    std::string rows() const {
+        std::string text;
+        for (const canvas::DeletedNode& row : *design.DeletedNodes) {
+            text += std::to_string(platform::numberOf(row.NodeKind)) + ":" + std::to_string(row.NodeID) + " ";
+        }
+        return text;
+    }
+
+    std::string log() { return std::exchange(relationships.log, ""); }
+
+    zoom::CanvasLinks links;
+};
+
+TEST_F(ZoomWindow, ToolsPlaceFreeNodes) {
+    open();
+    form->Labels.Add({0, 0, 300, 300}, "Constant1", canvas::NodeTypeConstant);  // its name is passed over
+    struct Row {
+        const char* tool;
+        const char* name;
+        canvas::NodeTypeCode type;
+        canvas::Box box;
+    };
+    for (const Row& row : {Row{"Constant", "Constant2", canvas::NodeTypeConstant, {775, 775, 450, 450}},
+                           Row{"Attribute", "Attribute1", canvas::NodeTypeAttribute, {475, 887.5F, 1050, 225}},
+                           Row{"Function", "Function1", canvas::NodeTypeFunction, {475, 775, 1050, 450}},
+                           Row{"Parameter", "Parameter1", canvas::NodeTypeParameter, {475, 887.5F, 1050, 225}},
+                           Row{"Parameter", "Parameter2", canvas::NodeTypeParameter, {475, 887.5F, 1050, 225}}}) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(form->rules().placeNode(*form, row.tool, {1000, 1000}), nullptr);
+        const LabelsD& placed = node(row.name);
+        EXPECT_EQ(placed.NodeType(), row.type);
+        EXPECT_EQ(placed.box(), row.box);
+        EXPECT_EQ(placed.KeyName(), placed.Caption());
+    }
+    EXPECT_EQ(node("Constant2").entity<ParameterProperties>()->Key, "Constant2");
+    EXPECT_EQ(node("Function1").entity<FunctionProperties>()->Function_Key, "Function1");
+    form->rules().placeNode(*form, "Attribute", {0, 0});
+    EXPECT_EQ(node("Attribute2").box(), (canvas::Box{0, 0, 1050, 225}));
+    const int count = form->Labels.Count();
+    form->rules().placeNode(*form, "RecordSet", {0, 0});
+    EXPECT_EQ(form->Labels.Count(), count);
+}
+
+TEST_F(ZoomWindow, DeletedMembersLeaveTheirOwner) {
+    open();
+    node("A2.OUT.ED_ID").entity<AttributeProperties>()->SubNode_ID = 5;
+    node("A2.F2").entity<FunctionProperties>()->FunctionID = 7;
+    // Whole nodes, and inputs of functions, stay.
+    remove({"A2", "RS4", "A1", "F1.IN.I1"});
+    EXPECT_EQ(form->Labels.Count(), 34);
+    EXPECT_FALSE(form->unapplied());
+    remove({"A2.OUT.ED_ID", "A2.PARAM.PUB_ID", "RS4.SONUM", "C1"});
+    EXPECT_EQ(rows(), "2:5 3:0 4:0 ");
+    EXPECT_TRUE(form->unapplied());
+    expectSound();
+    remove({"A2.F2"});
+    EXPECT_EQ(rows(), "2:5 3:0 4:0 7:7 ");
+    EXPECT_EQ(log(), "detach A2.F2 A2|");
+    EXPECT_EQ(index("A2.F2.IN.I1"), -1);
+    // The function's own links went with it, on both ends.
+    for (const RegulatorProperties& link : node("A2.IN.A1.O12").entity<AttributeProperties>()->RegulatorFor) {
+        EXPECT_NE(link.Regulator_name, "A2.F2");
+    }
+    expectSound();
+    zoom::ApplyZoomChanges(*form, true);
+    for (const std::string& line : graph.present()) {
+        EXPECT_EQ(line.find("A2.OUT.ED_ID"), std::string::npos) << line;
+        EXPECT_EQ(line.find("RS4.SONUM"), std::string::npos) << line;
+    }
+}
+
+TEST_F(ZoomWindow, AMemberOfASecondCopyStays) {
+    edge("A2", "RS4");
+    open();
+    form->SelectedLabels.Clear();
+    for (const LabelsD& each : form->Labels) {
+        if (!form->bearsName(each) && each.entity<AttributeProperties>()) {
+            form->SelectedLabels.Add(each.Index());
+        }
+    }
+    ASSERT_EQ(form->SelectedLabels.Count(), 1);
+    const int count = form->Labels.Count();
+    canvas::DeleteSelectedNodes(*form, canvas::kEveryNodeType, links, form->rules());
+    EXPECT_EQ(form->Labels.Count(), count);
+    EXPECT_EQ(rows(), "");
+}
+
+TEST_F(ZoomWindow, EdgesStandForRelationships) {
+    open();
+    canvas::CanvasRules& rules = form->rules();
+    const auto edgeTo = [&](const char* name, canvas::EdgeTypeCode kind) -> canvas::LinesD& {
+        for (const std::int32_t number : node(name).EndingLines()) {
+            if (form->Lines.byIndex(number)->EdgeType() == kind) {
+                return *form->Lines.byIndex(number);
+            }
+        }
+        throw std::runtime_error(name);
+    };
+    struct Row {
+        const char* target;
+        canvas::EdgeTypeCode kind;
+        const char* asked;  ///< empty: the edge stays where it is
+    };
+    for (const Row& row : {Row{"A2.IN.SONUM", canvas::EdgeTypeProvider, "remove RS4.SONUM 0 A2.IN.SONUM|"},
+                           Row{"A2.PARAM.SONUM", canvas::EdgeTypeRegulator, "remove A2.IN.SONUM 3 A2.PARAM.SONUM|"},
+                           Row{"A2.IN.SONUM", canvas::EdgeTypePartOf, "remove A2 1 A2.IN.SONUM|"},
+                           Row{"F1", canvas::EdgeTypePartOf, "remove A2 1 F1|"},
+                           Row{"F1.IN.I1", canvas::EdgeTypePartOf, ""}, Row{"RS4.SONUM", canvas::EdgeTypePartOf, ""}}) {
+        canvas::LinesD& edge = edgeTo(row.target, row.kind);
+        EXPECT_EQ(rules.releaseEdge(*form, edge), *row.asked != 0) << row.target;
+        EXPECT_EQ(log(), row.asked);
+        EXPECT_EQ(rules.mayRedirect(*form, edge, false, node("A2")), *row.asked != 0) << row.target;
+        EXPECT_EQ(log(), row.asked);
+    }
+    canvas::LinesD& edge = edgeTo("A2.IN.SONUM", canvas::EdgeTypeProvider);
+    rules.edgeCompleted(*form, edge);
+    EXPECT_EQ(log(), "create RS4.SONUM 0 A2.IN.SONUM|");
+    edge.setAngle(canvas::AngleNone);
+    rules.middleOnOwnEnd(edge);
+    EXPECT_EQ(edge.Angle(), canvas::AngleStraight);
+}
+
+TEST_F(ZoomWindow, ExpandedIsAMark) {
+    open();
+    for (const char* name : {"RS4", "A1", "F1", "A2.F2", "A3"}) {
+        SCOPED_TRACE(name);
+        const int count = form->Labels.Count();
+        EXPECT_TRUE(form->rules().toggleExpanded(*form, node(name)));
+        EXPECT_LT(form->Labels.Count(), count);
+        EXPECT_FALSE(node(name).Expanded);
+        EXPECT_TRUE(form->rules().toggleExpanded(*form, node(name)));
+        EXPECT_EQ(form->Labels.Count(), count);
+        EXPECT_TRUE(node(name).Expanded);
+    }
+    // Folding the middle means to close the window.
+    EXPECT_FALSE(form->rules().toggleExpanded(*form, node("A2")));
+    EXPECT_TRUE(node("A2").Expanded);
+}
+
+TEST_F(ZoomWindow, ClosingAsksWhetherToApply) {
+    design.setCaption("Sales");
+    const std::string before = testkit::modelText(design);
+    for (const Answer answer : {Answer::cancel, Answer::no, Answer::yes}) {
+        open();
+        EXPECT_EQ(form->Caption(), "Sales - Expand");
+        EXPECT_FALSE(design.Enabled());
+        remove({"A2.OUT.ED_ID"});
+        expectQuestion(answer);
+        EXPECT_EQ(form->QueryUnload(), answer != Answer::cancel);
+        EXPECT_EQ(rows(), answer == Answer::no ? "" : "2:0 ");
+        EXPECT_EQ(testkit::modelText(design) == before, answer != Answer::yes);
+        if (answer == Answer::cancel) {
+            design.DeletedNodes->cutBack(0);
+        }
+        form.reset();
+        EXPECT_TRUE(design.Enabled());
+    }
+}
+
+TEST_F(ZoomWindow, WhatWasAppliedStaysDeletedAfterNo) {
+    design.setCaption("Sales");
+    open();
+    remove({"A2.OUT.ED_ID"});
+    zoom::ApplyZoomChanges(*form, true);
+    EXPECT_FALSE(form->unapplied());
+    remove({"A2.OUT.SONUM"});
+    expectQuestion(Answer::no);
+    form->QueryUnload();
+    EXPECT_EQ(rows(), "2:0 ");
+}
+
+TEST_F(ZoomWindow, SavingStoresTheScenarioAndTakesItsIdentifiers) {
+    design.setCaption("Sales");
+    open();
+    remove({"A2.OUT.ED_ID"});
+    bool breaks = false;
+    store.save = [&](canvas::DrawForm& saved) {
+        EXPECT_EQ(saved.nodeNamed("A2")->activity()->Act_Outputs->Item("ED_ID"), nullptr);
+        saved.nodeNamed("A2")->activity()->NodeID = breaks ? 12 : 11;
+        saved.setCaption("Sales 2");
+        if (breaks) {
+            throw platform::Fault("gone");
+        }
+    };
+    form->Save();
+    EXPECT_EQ(node("A2").activity()->NodeID, 11);
+    EXPECT_EQ(form->Caption(), "Sales 2 - Expand");
+    EXPECT_TRUE(node("A2").Expanded);
+    breaks = true;
+    EXPECT_THROW(form->Save(), platform::Fault);
+    EXPECT_EQ(node("A2").activity()->NodeID, 12);
+}
+
+}  // namespace
