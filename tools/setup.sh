@@ -36,18 +36,22 @@ need_packages() {
     "${apt[@]}" install -y -qq --no-install-recommends "${missing[@]}"
 }
 
-# build PRESET [TARGET...]: configures when needed and builds with all cores.
+# build PRESET [TARGET...]: configures when needed and builds with all cores. Packages that came since the last time may
+# bring more to build, so a change of what is there configures again.
 build() {
     local preset=$1
     shift
     say "building ($preset)"
-    if [ ! -f "build/$preset/build.ninja" ]; then
+    local missing
+    missing=$(missing_packages test bench)
+    if [ ! -f "build/$preset/build.ninja" ] || [ "$missing" != "$(cat "build/$preset/missing" 2>/dev/null)" ]; then
         cmake --preset "$preset" >"build-$preset.log" 2>&1 || {
             cat "build-$preset.log"
             rm -f "build-$preset.log"
             exit 1
         }
         rm -f "build-$preset.log"
+        echo "$missing" >"build/$preset/missing"
     fi
     cmake --build "build/$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
