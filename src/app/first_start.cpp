@@ -51,14 +51,25 @@ std::unique_ptr<platform::Connection> FirstStart::run() {
 }
 
 void FirstStart::provision() {
-    for (const char* folder : {"LDLS", "Logs"}) {
-        fs::create_directories(places_.data / folder);
-    }
+    makeFolders();
     platform::writeFile((places_.data / "ORVENTII.sql").string(), builtIn("sql/ORVENTII.sql"));
     platform::writeFile((places_.data / "ORVENTII.chm").string(), builtIn("help/ORVENTII.chm"));
     makeRepository();
+    makeSample();
     store_.setValue("DB", "ReposConnString", odbc::EmbeddedRepository{}.name);
     store_.setValue("DB", "User", userName());
+}
+
+/// Scenarios are nobody else's business. A folder that was there already keeps its mode: it may be shared on purpose.
+void FirstStart::makeFolders() {
+    if (fs::create_directories(places_.data)) {
+        fs::permissions(places_.data, fs::perms::owner_all);
+    }
+    for (const char* folder : {"LDLS", "Logs"}) {
+        if (fs::create_directory(places_.data / folder)) {
+            fs::permissions(places_.data / folder, fs::perms::owner_all);
+        }
+    }
 }
 
 void FirstStart::makeRepository() {
@@ -69,6 +80,18 @@ void FirstStart::makeRepository() {
     odbc::createEmbedded(places_.repository());
     const auto connection = database_.open(odbc::EmbeddedRepository{}.name, "", "");
     repository::runScript(*connection, builtIn("sql/ORVENTII.sql"));
+}
+
+/// The program does without it, so its fault is told and no more.
+void FirstStart::makeSample() {
+    if (fs::exists(places_.sample())) {
+        return;
+    }
+    try {
+        odbc::createSample(places_.sample(), builtIn("sql/bookshop.sql"));
+    } catch (const std::exception& fault) {
+        messages_.tell(fault.what(), {}, platform::Icon::warning);
+    }
 }
 
 std::unique_ptr<platform::Connection> FirstStart::lookAtRepository() {
@@ -83,7 +106,7 @@ std::unique_ptr<platform::Connection> FirstStart::lookAtRepository() {
                            "\nWould you like a new, empty one to be made there?",
                        "Embedded Repository", platform::Icon::question, platform::Buttons::okCancel);
     if (answer == platform::Answer::ok) {
-        fs::create_directories(places_.data);
+        makeFolders();
         makeRepository();
     }
     return nullptr;

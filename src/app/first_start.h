@@ -9,7 +9,8 @@
 
 namespace orvent::app {
 
-/// Makes the user's folder and the embedded repository. All faults are told, and the program goes on to the login.
+/// Makes the user's folder, the embedded repository and the sample source. All faults are told, and the program goes on
+/// to the login.
 class FirstStart {
   public:
     FirstStart(const Places& places, platform::Database& database, platform::SettingsStore& store,
@@ -23,7 +24,9 @@ class FirstStart {
 
   private:
     void provision();
+    void makeFolders();
     void makeRepository();
+    void makeSample();
     std::unique_ptr<platform::Connection> lookAtRepository();
 
     Places places_;

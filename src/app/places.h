@@ -9,6 +9,7 @@ struct Places {
     std::filesystem::path data;      ///< the program's folder: repository, script, help, LDLS and Logs
     std::filesystem::path settings;  ///< the file of stored settings
 
+    std::filesystem::path sample() const { return data / "bookshop.db"; }
     std::filesystem::path repository() const { return data / "repository.db"; }
 
     /// The usual folders of the system. The environment variable ORVENT_HOME puts everything into one folder, for

@@ -17,6 +17,7 @@ namespace {
 odbc::OwnSources sources(const Places& places) {
     odbc::OwnSources own;
     own.embedded = odbc::EmbeddedRepository{.file = places.repository()};
+    own.sample = odbc::SampleSource{.file = places.sample()};
     return own;
 }
 

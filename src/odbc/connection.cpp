@@ -12,7 +12,10 @@ using platform::DatabaseError;
 
 Session::Session(const Environment& environment, const std::string& connectionString, const std::string& user,
                  std::string where)
-    : link_(environment, connectionString), dialect_(rulesOf(link_.dbmsName()), user), where_(std::move(where)) {
+    : link_(environment, connectionString),
+      dialect_(rulesOf(link_.dbmsName()), user),
+      givesSingleValues_(link_.givesSingleValues() && dialect_.keepsPlaceInBlock()),
+      where_(std::move(where)) {
     if (!dialect_.setUp().empty()) {
         run(dialect_.setUp());
     }

@@ -23,6 +23,7 @@ class Session {
 
     SQLHANDLE link() const { return link_.get(); }
     const Dialect& dialect() const { return dialect_; }
+    bool givesSingleValues() const { return givesSingleValues_; }
     const std::string& where() const { return where_; }
 
     /// Runs a statement of the database's own.
@@ -40,6 +41,7 @@ class Session {
 
     Link link_;
     Dialect dialect_;
+    bool givesSingleValues_;
     std::string where_;
     std::map<std::string, Sequence, std::less<>> sequences_;
 };
@@ -52,6 +54,9 @@ class OdbcConnection : public platform::Connection {
         : session_(environment, connectionString, user, std::move(where)) {}
 
     std::unique_ptr<platform::Statement> prepare(std::string_view sql) override;
+
+    /// From now on the database refuses to change. Of SQLite's own.
+    void onlyRead() { session_.run("PRAGMA query_only=ON"); }
 
   private:
     Session session_;

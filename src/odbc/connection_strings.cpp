@@ -12,11 +12,8 @@ bool contains(std::string_view driver, std::string_view word) {
     return platform::lowerCase(driver).find(word) != std::string::npos;
 }
 
-/// A value as a connection string takes it.
+/// A value in braces, where every character stands for itself.
 std::string enclosed(const std::string& value) {
-    if (value.find_first_of("[]{}(),;?*=!@") == std::string::npos) {
-        return value;
-    }
     std::string result = "{";
     for (const char c : value) {
         result += c;
@@ -27,8 +24,30 @@ std::string enclosed(const std::string& value) {
     return result + "}";
 }
 
-std::string login(const std::string& user, const std::string& password) {
-    return user.empty() ? std::string() : ";UID=" + enclosed(user) + ";PWD=" + enclosed(password);
+/// PostgreSQL's driver takes the braces around a user's name for a part of it, and a bare password's "%" and "+" for
+/// something else.
+std::string userName(std::string_view driver, const std::string& user) {
+    if (!isPostgresDriver(driver)) {
+        return user.find_first_of(" []{}(),;?*=!@") == std::string::npos ? user : enclosed(user);
+    }
+    if (user.find(';') != std::string::npos || user.front() == '{' || user.front() == ' ' || user.back() == ' ') {
+        throw platform::DatabaseError(
+            "The driver cannot take this user name: one with a semicolon in it, a brace at its beginning or a blank at "
+            "an end.",
+            "28000", 0, false);
+    }
+    return user;
+}
+
+std::string login(std::string_view driver, const std::string& user, const std::string& password) {
+    if (password.find('\0') != std::string::npos || user.find('\0') != std::string::npos) {
+        throw platform::DatabaseError("A user name or password cannot hold a null character.", "28000", 0, false);
+    }
+    if (isMariaDbDriver(driver) && (password.starts_with(' ') || password.ends_with(' '))) {
+        throw platform::DatabaseError("The driver cannot take this password: it drops a blank at an end.", "28000", 0,
+                                      false);
+    }
+    return user.empty() ? std::string() : ";UID=" + userName(driver, user) + ";PWD=" + enclosed(password);
 }
 
 /// Text goes as UTF-8 through the driver's narrow calls; MariaDB's must be told so.
@@ -80,7 +99,7 @@ std::string attribute(std::string_view connectionString, std::string_view name) 
 }
 
 std::string managerString(const platform::DataSource& source, const std::string& user, const std::string& password) {
-    return "DSN=" + source.name + login(user, password) + characterSet(source.driver);
+    return "DSN=" + source.name + login(source.driver, user, password) + characterSet(source.driver);
 }
 
 std::string namedString(const NamedSource& source, const std::string& user, const std::string& password) {
@@ -91,7 +110,7 @@ std::string namedString(const NamedSource& source, const std::string& user, cons
     if (attribute(base, "CHARSET").empty()) {
         base += characterSet(attribute(base, "DRIVER"));
     }
-    return attribute(base, "UID").empty() ? base + login(user, password) : base;
+    return attribute(base, "UID").empty() ? base + login(attribute(base, "DRIVER"), user, password) : base;
 }
 
 std::string embeddedString(const std::filesystem::path& file, bool create) {
@@ -100,6 +119,10 @@ std::string embeddedString(const std::filesystem::path& file, bool create) {
     // twice.
     return "DRIVER={SQLite3};Database=" + file.string() +
            ";FKSupport=1;JournalMode=WAL;SyncPragma=NORMAL;Timeout=2500;NoCreat=" + (create ? "0" : "1");
+}
+
+std::string sampleString(const std::filesystem::path& file, bool create) {
+    return "DRIVER={SQLite3};Database=" + file.string() + ";Timeout=2500;NoCreat=" + (create ? "0" : "1");
 }
 
 }  // namespace orvent::odbc

@@ -28,4 +28,7 @@ std::string namedString(const NamedSource& source, const std::string& user, cons
 /// The connection string for the embedded repository's file.
 std::string embeddedString(const std::filesystem::path& file, bool create);
 
+/// The same for a file that nobody writes to.
+std::string sampleString(const std::filesystem::path& file, bool create);
+
 }  // namespace orvent::odbc

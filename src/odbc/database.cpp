@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 
@@ -25,21 +26,29 @@ DatabaseError atFile(const DatabaseError& fault, const std::string& file) {
     return {words, fault.sqlState(), fault.nativeCode(), fault.integrityViolation()};
 }
 
-void checkFile(const std::filesystem::path& file) {
+void checkFile(const std::filesystem::path& file, const std::string& what, int access) {
     std::error_code fault;
     const auto kind = std::filesystem::status(file, fault).type();
     const char* words = nullptr;
     if (kind == std::filesystem::file_type::not_found) {
-        words = "The repository file does not exist: ";
+        words = " does not exist: ";
     } else if (kind == std::filesystem::file_type::directory) {
-        words = "The repository file is a folder: ";
+        words = " is a folder: ";
     } else if (file.string().find(';') != std::string::npos) {
-        words = "The path of a repository file cannot hold a semicolon: ";
-    } else if (faccessat(AT_FDCWD, file.c_str(), R_OK | W_OK, AT_EACCESS) != 0) {
-        words = "The repository file cannot be read and written: ";
+        words = " cannot have a semicolon in its path: ";
+    } else if (faccessat(AT_FDCWD, file.c_str(), access, AT_EACCESS) != 0) {
+        words = (access & W_OK) != 0 ? " cannot be read and written: " : " cannot be read: ";
     }
     if (words != nullptr) {
-        throw DatabaseError(words + file.string(), "08001", 0, false);
+        throw DatabaseError(what + words + file.string(), "08001", 0, false);
+    }
+}
+
+/// An empty file that only its user can read; SQLite takes it for an empty database.
+void makePrivate(const std::filesystem::path& file) {
+    const int made = ::open(file.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+    if (made >= 0) {
+        ::close(made);
     }
 }
 
@@ -57,6 +66,9 @@ std::unique_ptr<platform::Connection> OdbcDatabase::open(const std::string& sour
     if (own_.embedded && own_.embedded->name == source) {
         return openEmbedded(own_.embedded->file, user);
     }
+    if (own_.sample && own_.sample->name == source) {
+        return openSample(own_.sample->file, user);
+    }
     for (const NamedSource& named : own_.named) {
         if (named.name == source) {
             return std::make_unique<OdbcConnection>(*environment_, namedString(named, user, password), user, "");
@@ -73,7 +85,7 @@ std::unique_ptr<platform::Connection> OdbcDatabase::open(const std::string& sour
 
 std::unique_ptr<platform::Connection> OdbcDatabase::openEmbedded(const std::filesystem::path& file,
                                                                  const std::string& user) {
-    checkFile(file);
+    checkFile(file, "The repository file", R_OK | W_OK);
     try {
         auto connection =
             std::make_unique<OdbcConnection>(*environment_, embeddedString(file, false), user, file.string());
@@ -85,11 +97,25 @@ std::unique_ptr<platform::Connection> OdbcDatabase::openEmbedded(const std::file
     }
 }
 
+std::unique_ptr<platform::Connection> OdbcDatabase::openSample(const std::filesystem::path& file,
+                                                               const std::string& user) {
+    checkFile(file, "The sample source's file", R_OK);
+    try {
+        auto connection =
+            std::make_unique<OdbcConnection>(*environment_, sampleString(file, false), user, file.string());
+        connection->onlyRead();
+        return connection;
+    } catch (const DatabaseError& fault) {
+        throw atFile(fault, file.string());
+    }
+}
+
 void createEmbedded(const std::filesystem::path& file) {
     if (std::filesystem::exists(file)) {
         return;
     }
     try {
+        makePrivate(file);
         const Environment environment;
         const OdbcConnection connection(environment, embeddedString(file, true), "", file.string());
     } catch (const DatabaseError& fault) {
@@ -98,6 +124,28 @@ void createEmbedded(const std::filesystem::path& file) {
     if (!std::filesystem::exists(file)) {
         throw DatabaseError("The repository file cannot be created: " + file.string(), "08001", 0, false);
     }
+}
+
+void createSample(const std::filesystem::path& file, std::string_view script) {
+    std::filesystem::path unfinished = file;
+    unfinished += ".new";
+    std::filesystem::remove(unfinished);
+    makePrivate(unfinished);
+    try {
+        const Environment environment;
+        Session session(environment, sampleString(unfinished, true), "", unfinished.string());
+        session.run("BEGIN");
+        while (!script.empty()) {
+            const std::size_t end = std::min(script.find(";\n"), script.size());
+            session.run(std::string(script.substr(0, end)));
+            script.remove_prefix(std::min(end + 2, script.size()));
+        }
+        session.run("COMMIT");
+    } catch (const DatabaseError& fault) {
+        std::filesystem::remove(unfinished);
+        throw atFile(fault, unfinished.string());
+    }
+    std::filesystem::rename(unfinished, file);
 }
 
 }  // namespace orvent::odbc

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "odbc/sources.h"
 #include "platform/database.h"
@@ -25,6 +26,7 @@ class OdbcDatabase : public platform::Database {
 
   private:
     std::unique_ptr<platform::Connection> openEmbedded(const std::filesystem::path& file, const std::string& user);
+    std::unique_ptr<platform::Connection> openSample(const std::filesystem::path& file, const std::string& user);
 
     OwnSources own_;
     std::unique_ptr<Environment> environment_;
@@ -33,5 +35,9 @@ class OdbcDatabase : public platform::Database {
 /// Makes the file of an embedded repository, without tables; its folder must exist. A file that is there already stays
 /// as it is. Throws `platform::DatabaseError`.
 void createEmbedded(const std::filesystem::path& file);
+
+/// Makes the file of a sample source by a script in SQLite's own language, whose statements end with ";" at the end of
+/// a line. It appears whole or not at all. Throws `platform::Fault`.
+void createSample(const std::filesystem::path& file, std::string_view script);
 
 }  // namespace orvent::odbc

@@ -29,4 +29,8 @@ std::string Dialect::setUp() const {
     return rules_ != nullptr ? std::string(rules_->setUp) : std::string();
 }
 
+bool Dialect::keepsPlaceInBlock() const {
+    return rules_ == nullptr || rules_->keepsPlaceInBlock;
+}
+
 }  // namespace orvent::odbc

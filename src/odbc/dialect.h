@@ -42,6 +42,9 @@ class Dialect {
     /// A statement to run on every new connection, or empty.
     std::string setUp() const;
 
+    /// False for a driver that loses its place when it is asked for a single value of a block of rows.
+    bool keepsPlaceInBlock() const;
+
   private:
     const DialectRules* rules_;
     std::string user_;

@@ -119,6 +119,7 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "",
      .tableOptions = "",
      .keyWidth = 0,
+     .keepsPlaceInBlock = true,
      // BIGINT and not INTEGER: an INTEGER key would take the place of the rowid, and with it the order of insertion.
      .types = {"VARCHAR", "TEXT", "BIGINT", "NUMERIC", "DOUBLE PRECISION", "TIMESTAMP"},
      .views = kSqliteViews},
@@ -138,6 +139,7 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "\"orvent_order\" BIGSERIAL",
      .tableOptions = "",
      .keyWidth = 0,
+     .keepsPlaceInBlock = true,
      .types = {"VARCHAR", "TEXT", "BIGINT", "NUMERIC", "DOUBLE PRECISION", "TIMESTAMP"},
      .views = kPostgresViews},
     {.dbmsName = "MariaDB",
@@ -157,6 +159,7 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "`orvent_order` BIGINT NOT NULL AUTO_INCREMENT INVISIBLE UNIQUE",
      .tableOptions = " ENGINE=InnoDB ROW_FORMAT=DYNAMIC CHARACTER SET=utf8mb4 COLLATE=utf8mb4_nopad_bin",
      .keyWidth = 768,  // the 3072 bytes of a key, in characters of four bytes
+     .keepsPlaceInBlock = false,
      .types = {"VARCHAR", "LONGTEXT", "BIGINT", "DECIMAL", "DOUBLE", "DATETIME"},
      .views = kMariaDbViews},
 };

@@ -46,6 +46,8 @@ struct DialectRules {
     std::string_view tableOptions;
     long keyWidth;  ///< the most characters of a text column in a key; 0 for no limit
 
+    bool keepsPlaceInBlock;  ///< the driver goes on behind the block after a single value of it was asked for
+
     TypeNames types;
     std::span<const CatalogueView> views;
 };

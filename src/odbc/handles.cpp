@@ -90,4 +90,11 @@ std::string Link::dbmsName() const {
     return name.data();
 }
 
+bool Link::givesSingleValues() const {
+    constexpr SQLUINTEGER wanted = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER;
+    SQLUINTEGER extensions = 0;
+    return SQL_SUCCEEDED(SQLGetInfo(handle_.get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr)) &&
+           (extensions & wanted) == wanted;
+}
+
 }  // namespace orvent::odbc

@@ -18,20 +18,21 @@ constexpr std::size_t kMostRows = 64;
 constexpr std::size_t kBlockBytes = 128 * 1024;
 constexpr std::size_t kFirstCell = 256;  // bytes
 constexpr std::size_t kWidestCell = 16 * 1024;
+constexpr std::size_t kWholeNumber = 32;
 constexpr std::size_t kFirstAsk = 4096;
 
 DatabaseError noNumber(std::string_view text) {
     return {"The value is not a number: " + std::string(text.substr(0, 100)), "22018", 0, false};
 }
 
+/// Integers of 64 bits are read as text, since not every driver knows them as a C type.
 SQLSMALLINT boundType(SQLSMALLINT type) {
     switch (type) {
-        case SQL_BIGINT:
         case SQL_INTEGER:
         case SQL_SMALLINT:
         case SQL_TINYINT:
         case SQL_BIT:
-            return SQL_C_SBIGINT;
+            return SQL_C_SLONG;
         case SQL_DOUBLE:
         case SQL_FLOAT:
         case SQL_REAL:
@@ -53,12 +54,13 @@ void Rows::open() {
     if (!described_) {
         describe();
         described_ = true;
+    } else {
+        widen();
     }
     isOpen_ = !columns_.empty();
 }
 
 void Rows::close() {
-    before_ = 0;
     fetched_ = 0;
     present_ = 0;
     closeCursor();
@@ -75,11 +77,21 @@ void Rows::closeCursor() {
 void Rows::describe() {
     SQLSMALLINT count = 0;
     check(SQLNumResultCols(statement_, &count));
+    const bool single = givesSingleValues_;
+    bool bound = true;
     for (SQLSMALLINT i = 1; i <= count; ++i) {
         Column column;
         column.number = static_cast<SQLUSMALLINT>(i);
-        column.type = typeOf(column.number);
-        column.width = column.type == SQL_C_CHAR ? kFirstCell : sizeof(SQLBIGINT);
+        describe(column);
+        if (column.type == SQL_C_CHAR && single) {
+            column.width = std::min(column.width, kFirstCell);
+        }
+        // Behind a column that is asked for, such a driver binds none.
+        bound = single || (bound && column.width <= kWidestCell);
+        if (!bound) {
+            column.type = SQL_C_CHAR;
+            column.width = 0;
+        }
         columns_.push_back(std::move(column));
     }
     if (count > 0) {
@@ -87,15 +99,24 @@ void Rows::describe() {
     }
 }
 
-SQLSMALLINT Rows::typeOf(SQLUSMALLINT number) const {
+/// The C type and the width that holds every value of the column as it was declared.
+void Rows::describe(Column& column) const {
     SQLCHAR name[2]{};
     SQLSMALLINT nameLength = 0;
     SQLSMALLINT type = 0;
     SQLULEN size = 0;
     SQLSMALLINT digits = 0;
     SQLSMALLINT nullable = 0;
-    check(SQLDescribeCol(statement_, number, name, sizeof name, &nameLength, &type, &size, &digits, &nullable));
-    return boundType(type);
+    check(SQLDescribeCol(statement_, column.number, name, sizeof name, &nameLength, &type, &size, &digits, &nullable));
+    column.type = boundType(type);
+    if (column.type != SQL_C_CHAR) {
+        column.width = column.type == SQL_C_DOUBLE ? sizeof(SQLDOUBLE) : sizeof(SQLINTEGER);
+    } else if (type == SQL_BIGINT) {
+        column.width = kWholeNumber;
+    } else {
+        // A size is in characters of up to four bytes; 0 stands for no limit. Numbers are some places longer.
+        column.width = size == 0 || size > kWidestCell ? kWidestCell + 1 : (size + 16) * 4;
+    }
 }
 
 void Rows::bindColumns() {
@@ -109,27 +130,36 @@ void Rows::bindColumns() {
     SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(block_), 0);
     SQLSetStmtAttr(statement_, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0);
     for (Column& column : columns_) {
-        if (column.width > 0) {
-            // Left without a value: of a cell only what is filled is ever touched.
-            column.cells = std::make_unique_for_overwrite<char[]>(column.width * block_);
-            column.lengths = std::make_unique<SQLLEN[]>(block_);
-        } else {
-            column.cells.reset();
+        column.lengths = std::make_unique<SQLLEN[]>(block_);
+        if (column.width == 0) {
+            continue;
         }
+        // Left without a value: of a cell only what is filled is ever touched.
+        column.cells = std::make_unique_for_overwrite<char[]>(column.width * block_);
         check(SQLBindCol(statement_, column.number, column.type, column.cells.get(), static_cast<SQLLEN>(column.width),
-                         column.cells ? column.lengths.get() : nullptr));
+                         column.lengths.get()));
+    }
+}
+
+/// Makes room for texts as the last execution had, where a cell can hold them.
+void Rows::widen() {
+    bool wider = false;
+    for (Column& column : columns_) {
+        if (column.width > 0 && column.wanted > column.width && column.wanted <= kWidestCell) {
+            column.width = std::bit_ceil(column.wanted);
+            wider = true;
+        }
+    }
+    if (wider) {
+        bindColumns();
     }
 }
 
 bool Rows::fetch() {
-    for (Column& column : columns_) {
-        column.asked = false;
-    }
     if (present_ + 1 < fetched_) {
         ++present_;
         return true;
     }
-    before_ += fetched_;
     fetched_ = 0;
     present_ = 0;
     if (!isOpen_) {
@@ -143,25 +173,33 @@ bool Rows::fetch() {
     }
     check(outcome);
     fetched_ = std::max<SQLULEN>(fetched_, 1);
+    gather();
     if (fetched_ < block_) {
         closeCursor();
     }
     return true;
 }
 
-/// Makes room for the present row's text, and reads up to that row again.
-void Rows::widen(Column& column) {
-    const SQLLEN needed = column.lengths[present_];
-    const std::size_t row = before_ + present_;
-    close();
-    const bool fits = needed >= 0 && static_cast<std::size_t>(needed) < kWidestCell;
-    column.width = fits ? std::bit_ceil(static_cast<std::size_t>(needed) + 1) : 0;
-    bindColumns();
-    check(SQLExecute(statement_));
-    isOpen_ = true;
-    for (std::size_t i = 0; i <= row; ++i) {
-        if (!fetch()) {
-            throw DatabaseError("A row was removed while it was read", "24000", 0, false);
+/// Asks for the block's texts that are in no cell, in the order of rows and columns.
+void Rows::gather() {
+    for (Column& column : columns_) {
+        column.whole.clear();
+    }
+    for (std::size_t row = 0; row < fetched_; ++row) {
+        bool there = block_ == 1;
+        for (Column& column : columns_) {
+            SQLLEN& told = column.lengths[row];
+            const bool fits = column.width > 0 && (column.type != SQL_C_CHAR || told == SQL_NULL_DATA ||
+                                                   (told >= 0 && static_cast<std::size_t>(told) < column.width));
+            if (fits) {
+                continue;
+            }
+            if (!there) {
+                check(SQLSetPos(statement_, static_cast<SQLSETPOSIROW>(row + 1), SQL_POSITION, SQL_LOCK_NO_CHANGE));
+                there = true;
+            }
+            told = ask(column, row);
+            column.wanted = std::max(column.wanted, static_cast<std::size_t>(std::max<SQLLEN>(told, 0)) + 1);
         }
     }
 }
@@ -173,62 +211,47 @@ Rows::Column& Rows::at(int column) {
     return columns_[static_cast<std::size_t>(column) - 1];
 }
 
-SQLLEN Rows::length(Column& column) {
-    if (column.width == 0) {
-        ask(column);
-        return column.wholeLength;
+std::string_view Rows::characters(const Column& column) const {
+    const SQLLEN told = length(column);
+    if (told == SQL_NULL_DATA) {
+        return {};
     }
-    return column.lengths[present_];
+    const auto whole = column.whole.find(present_);
+    if (whole != column.whole.end()) {
+        return whole->second;
+    }
+    return {column.cells.get() + present_ * column.width, static_cast<std::size_t>(told)};
 }
 
-std::string_view Rows::characters(Column& column) {
-    while (column.width > 0) {
-        const SQLLEN told = column.lengths[present_];
-        if (told == SQL_NULL_DATA) {
-            return {};
-        }
-        if (told >= 0 && static_cast<std::size_t>(told) < column.width) {
-            return {column.cells.get() + present_ * column.width, static_cast<std::size_t>(told)};
-        }
-        widen(column);
-    }
-    ask(column);
-    return column.whole;
-}
-
-void Rows::ask(Column& column) {
-    if (column.asked) {
-        return;
-    }
-    column.whole.resize(kFirstAsk);
+/// The value's length, or SQL_NULL_DATA; the text goes into `whole`.
+SQLLEN Rows::ask(Column& column, std::size_t row) {
+    std::string& text = column.whole[row];
+    text.resize(kFirstAsk);
     std::size_t got = 0;
     while (true) {
         // The place behind the last character is the text's own closing null, which the driver writes anew.
-        const std::size_t room = column.whole.size() - got;
+        const std::size_t room = text.size() - got;
         SQLLEN left = 0;
-        const SQLRETURN outcome = SQLGetData(statement_, column.number, SQL_C_CHAR, column.whole.data() + got,
-                                             static_cast<SQLLEN>(room + 1), &left);
+        const SQLRETURN outcome =
+            SQLGetData(statement_, column.number, SQL_C_CHAR, text.data() + got, static_cast<SQLLEN>(room + 1), &left);
         if (outcome == SQL_NO_DATA) {
             break;
         }
         check(outcome);
         if (left == SQL_NULL_DATA) {
-            column.wholeLength = SQL_NULL_DATA;
-            column.whole.clear();
-            column.asked = true;
-            return;
+            text.clear();
+            return SQL_NULL_DATA;
         }
         if (left != SQL_NO_TOTAL && static_cast<std::size_t>(left) <= room) {
             got += static_cast<std::size_t>(left);
             break;
         }
         // A driver may stop short of the room so as not to cut a character in two.
-        got += std::strlen(column.whole.data() + got);
-        column.whole.resize(left == SQL_NO_TOTAL ? column.whole.size() * 2 : got + static_cast<std::size_t>(left));
+        got += std::strlen(text.data() + got);
+        text.resize(left == SQL_NO_TOTAL ? text.size() * 2 : got + static_cast<std::size_t>(left));
     }
-    column.whole.resize(got);
-    column.wholeLength = static_cast<SQLLEN>(got);
-    column.asked = true;
+    text.resize(got);
+    return static_cast<SQLLEN>(got);
 }
 
 template <class Value>
@@ -239,23 +262,23 @@ Value Rows::cell(const Column& column) const {
 }
 
 std::string Rows::text(int column) {
-    Column& wanted = at(column);
+    const Column& wanted = at(column);
     if (wanted.type == SQL_C_CHAR) {
         return std::string(characters(wanted));
     }
     if (length(wanted) == SQL_NULL_DATA) {
         return {};
     }
-    return wanted.type == SQL_C_SBIGINT ? decimal(cell<long long>(wanted)) : decimal(cell<double>(wanted));
+    return wanted.type == SQL_C_SLONG ? decimal(cell<SQLINTEGER>(wanted)) : decimal(cell<double>(wanted));
 }
 
 long long Rows::number(int column) {
-    Column& wanted = at(column);
+    const Column& wanted = at(column);
     if (length(wanted) == SQL_NULL_DATA) {
         return 0;
     }
-    if (wanted.type == SQL_C_SBIGINT) {
-        return cell<long long>(wanted);
+    if (wanted.type == SQL_C_SLONG) {
+        return cell<SQLINTEGER>(wanted);
     }
     if (wanted.type == SQL_C_CHAR) {
         if (const auto whole = platform::parseInteger(characters(wanted))) {
@@ -271,12 +294,12 @@ long long Rows::number(int column) {
 }
 
 float Rows::realNumber(int column) {
-    Column& wanted = at(column);
+    const Column& wanted = at(column);
     if (length(wanted) == SQL_NULL_DATA) {
         return 0;
     }
-    if (wanted.type == SQL_C_SBIGINT) {
-        return static_cast<float>(cell<long long>(wanted));
+    if (wanted.type == SQL_C_SLONG) {
+        return static_cast<float>(cell<SQLINTEGER>(wanted));
     }
     if (wanted.type == SQL_C_DOUBLE) {
         return static_cast<float>(cell<double>(wanted));

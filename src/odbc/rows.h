@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,15 +14,16 @@ namespace orvent::odbc {
 /// The rows that an executed statement gives. Columns are numbered from 1.
 ///
 /// Columns are bound to buffers that are filled a block of rows at a time. What a column is declared for says little of
-/// its texts, and drivers fill a cell to its end; so cells begin narrow, and a text that does not fit makes its column
-/// wider: the statement is executed again and read up to the row at hand. Texts too long for any cell are asked for one
-/// by one; then the block is one row.
-///
-/// Until the last row is read the statement's parameters must stay as they were bound.
+/// its texts, and drivers fill a cell to its end; so cells begin narrow, and a text that does not fit is asked for by
+/// itself as soon as its block is there. A driver that cannot give a single value of a block gets cells of the declared
+/// size, and columns too long for that are asked for row by row. Nothing is ever executed twice: another session may
+/// have written in between.
 class Rows {
   public:
     /// `where` goes to faults.
-    Rows(SQLHANDLE statement, const std::string& where) : statement_(statement), where_(where) {}
+    /// `givesSingleValues` tells that the driver gives any value of a block once more.
+    Rows(SQLHANDLE statement, bool givesSingleValues, const std::string& where)
+        : statement_(statement), givesSingleValues_(givesSingleValues), where_(where) {}
 
     /// Takes up the rows of the execution that just was.
     void open();
@@ -43,33 +45,33 @@ class Rows {
         std::size_t width = 0;  // bytes of a cell; 0 for a column that is not bound
         std::unique_ptr<char[]> cells{};
         std::unique_ptr<SQLLEN[]> lengths{};
-        bool asked = false;  // `whole` and `wholeLength` are the present row's
-        std::string whole{};
-        SQLLEN wholeLength = 0;
+        std::map<std::size_t, std::string> whole{};  // the block's texts that no cell holds, by row from 0
+        std::size_t wanted = 0;                      // the width that would have held them
     };
 
     void describe();
-    SQLSMALLINT typeOf(SQLUSMALLINT number) const;
+    void describe(Column& column) const;
     void bindColumns();
+    void widen();
     void closeCursor();
-    void widen(Column& column);
+    void gather();
     Column& at(int column);
-    SQLLEN length(Column& column);
-    std::string_view characters(Column& column);
-    void ask(Column& column);
+    SQLLEN length(const Column& column) const { return column.lengths[present_]; }
+    std::string_view characters(const Column& column) const;
+    SQLLEN ask(Column& column, std::size_t row);
     void check(SQLRETURN outcome) const;
 
     template <class Value>
     Value cell(const Column& column) const;
 
     SQLHANDLE statement_;
+    bool givesSingleValues_;
     const std::string& where_;
 
     bool described_ = false;
     bool isOpen_ = false;  // there may be more rows than were fetched
     std::vector<Column> columns_;
     std::size_t block_ = 1;    // rows that one fetch may bring
-    std::size_t before_ = 0;   // rows that the fetches before the last one brought
     SQLULEN fetched_ = 0;      // rows that the last fetch brought
     std::size_t present_ = 0;  // the present row among them, from 0
 };

@@ -19,6 +19,9 @@ std::vector<platform::DataSource> OdbcDataSources::list() {
     if (own_.embedded) {
         sources.push_back({own_.embedded->name, translated("Embedded SQLite")});
     }
+    if (own_.sample && std::filesystem::exists(own_.sample->file)) {
+        sources.push_back({own_.sample->name, translated("SQLite"), true});
+    }
     for (const NamedSource& named : own_.named) {
         const std::string driver = attribute(named.connectionString, "DRIVER");
         const bool oracle = driver.find("Oracle") != std::string::npos;

@@ -23,7 +23,7 @@ OdbcStatement::OdbcStatement(Session& session, Translation translation)
     : session_(session),
       translation_(std::move(translation)),
       handle_(session.link()),
-      rows_(handle_.get(), session.where()) {
+      rows_(handle_.get(), session.givesSingleValues(), session.where()) {
     // Braces in a text are no business of the driver's. One that cannot leave them alone refuses, which does no harm.
     SQLSetStmtAttr(handle_.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
     if (!translation_.definition) {
@@ -57,9 +57,16 @@ void OdbcStatement::bind(int parameter, float number) {
 
 void OdbcStatement::bindNumber(int number, long long value) {
     Parameter& bound = parameter(number);
-    bound.number = value;
-    bound.length = 0;
-    tell(number, bound, SQL_C_SBIGINT, SQL_BIGINT, 19, &bound.number);
+    // Oracle's driver takes no C integers of 64 bits. Identifiers fit in 32; what does not goes as its digits.
+    if (std::in_range<SQLINTEGER>(value)) {
+        bound.number = static_cast<SQLINTEGER>(value);
+        bound.length = 0;
+        tell(number, bound, SQL_C_SLONG, SQL_INTEGER, 10, &bound.number);
+    } else {
+        bound.text = std::to_string(value);
+        bound.length = static_cast<SQLLEN>(bound.text.size());
+        tell(number, bound, SQL_C_CHAR, SQL_NUMERIC, 19, bound.text.data());
+    }
 }
 
 OdbcStatement::Parameter& OdbcStatement::parameter(int number) {

@@ -34,7 +34,7 @@ class OdbcStatement : public platform::Statement {
     /// A parameter's value, which the driver reads at every execution, and what was last told the driver about it.
     struct Parameter {
         std::string text{};
-        long long number = 0;
+        SQLINTEGER number = 0;
         double real = 0;
         SQLLEN length = 0;
         SQLSMALLINT toldType = 0;

@@ -78,7 +78,8 @@ class Database {
 /// One data source, as the driver manager tells it.
 struct DataSource {
     std::string name;
-    std::string driver;  ///< the driver's description
+    std::string driver;       ///< the driver's description
+    bool sourceOnly = false;  ///< only to be read from; never a repository
 };
 
 /// The list of data sources that a connection can be opened on.

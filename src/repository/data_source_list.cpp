@@ -1,5 +1,7 @@
 #include "repository/data_source_list.h"
 
+#include <algorithm>
+
 namespace orvent::repository {
 
 std::vector<std::string> GetDSNsAndDrivers(platform::DataSources& dataSources) {
@@ -10,6 +12,12 @@ std::vector<std::string> GetDSNsAndDrivers(platform::DataSources& dataSources) {
         }
     }
     return names;
+}
+
+bool isSourceOnly(platform::DataSources& dataSources, const std::string& name) {
+    const std::vector<platform::DataSource> sources = dataSources.list();
+    return std::any_of(sources.begin(), sources.end(),
+                       [&](const platform::DataSource& source) { return source.name == name && source.sourceOnly; });
 }
 
 }  // namespace orvent::repository

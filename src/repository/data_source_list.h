@@ -13,4 +13,7 @@ inline constexpr const char* kNoDataSource = "(None)";
 /// The names offered in `DSNNames`: "(None)", then every data source whose driver speaks the Oracle dialect.
 std::vector<std::string> GetDSNsAndDrivers(platform::DataSources& dataSources);
 
+/// True for a data source that can be no repository.
+bool isSourceOnly(platform::DataSources& dataSources, const std::string& name);
+
 }  // namespace orvent::repository

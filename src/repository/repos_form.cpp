@@ -55,6 +55,10 @@ bool ReposForm::test(bool Silent) {
         if (source == kNoDataSource) {
             throw platform::Fault("No data source is selected.");
         }
+        // Before the check, which would offer to run the creation script over it.
+        if (isSourceOnly(services_.dataSources, source)) {
+            throw platform::Fault(source + " is a source of data and cannot be a repository.");
+        }
         const std::unique_ptr<platform::Connection> connection =
             services_.database.open(source, txtUserName, txtPassword);
         if (!checkRepository(services_, *connection)) {

@@ -127,6 +127,21 @@ TEST_P(EveryDatabase, AWideTextBehindManyNarrowOnesIsReadWhole) {
     }
 }
 
+TEST_P(EveryDatabase, RowsAreThoseOfOneExecution) {
+    const auto connection = open();
+    run(*connection, "CREATE TABLE Comments (Comment_ID NUMBER(5), Comment_Text CLOB)");
+    const std::string texts[] = {"a", "b", repeated("c", 3000)};
+    for (const std::string& text : texts) {
+        run(*connection, "INSERT INTO Comments VALUES (1,?)", {text});
+    }
+    const auto select = connection->prepare("SELECT Comment_Text FROM Comments WHERE Comment_Text LIKE 'c%'");
+    select->execute();
+    ASSERT_TRUE(select->fetch());
+    run(*open(), "UPDATE Comments SET Comment_Text='other'");
+    EXPECT_EQ(select->text(1), texts[2]);
+    EXPECT_FALSE(select->fetch());
+}
+
 TEST_P(EveryDatabase, FloatsComeBackExactly) {
     const auto connection = open();
     createNodes(*connection);

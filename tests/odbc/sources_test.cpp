@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "databases.h"
+#include "odbc/connection.h"
 #include "odbc/connection_strings.h"
 #include "testkit/temporary_folder.h"
 
@@ -71,13 +72,80 @@ TEST(OdbcDatabase, OpensADataSourceOfTheUser) {
 
 TEST(ConnectionStrings, EncloseWhatWouldEndThem) {
     EXPECT_EQ(managerString({"Big", "Oracle"}, "scott", "a;b}c"), "DSN=Big;UID=scott;PWD={a;b}}c}");
+    EXPECT_EQ(managerString({"Big", "Oracle"}, "a@b", "x"), "DSN=Big;UID={a@b};PWD={x}");
     EXPECT_EQ(managerString({"Shop", "libmaodbc.so"}, "", "x"), "DSN=Shop;CHARSET=utf8mb4");
     EXPECT_EQ(namedString({"", "DRIVER={MariaDB Unicode};SERVER=s;"}, "u", "p"),
-              "DRIVER={MariaDB Unicode};SERVER=s;CHARSET=utf8mb4;UID=u;PWD=p");
+              "DRIVER={MariaDB Unicode};SERVER=s;CHARSET=utf8mb4;UID=u;PWD={p}");
     EXPECT_EQ(namedString({"", "DRIVER={x};uid=own"}, "u", "p"), "DRIVER={x};uid=own");
     EXPECT_EQ(attribute("A={b;c};D=e", "d"), "e");
     EXPECT_EQ(attribute("A={b;c};D=e", "a"), "b;c");
     EXPECT_EQ(attribute("A", "a"), "");
+}
+
+TEST(OdbcDatabase, LogsInWithOddNamesAndPasswords) {
+    struct Login {
+        const char* name;
+        const char* quoted;  // for PostgreSQL in double quotes, for MariaDB in single ones
+        const char* password;
+    };
+    const std::pair<Kind, std::vector<Login>> all[] = {
+        {Kind::postgres,
+         {{"a@b,c=d?e!f*(g)[h]", "\"a@b,c=d?e!f*(g)[h]\"", "50%41+1"},
+          {"br{ac}es", "\"br{ac}es\"", " both ends "},
+          {"50% +1", "\"50% +1\"", "a;b}c{d"},
+          {"o'neil \"x\"", "\"o'neil \"\"x\"\"\"", "{x}"}}},
+        {Kind::mariaDb,
+         {{"a@b,c=d?e!f*(g)[h]", "'a@b,c=d?e!f*(g)[h]'", "50%41+1"},
+          {"br{ac}es", "'br{ac}es'", "b{o}th +"},
+          {"50% +1;", "'50% +1;'", "a;b}c{d"},
+          {"o'neil \"x\"", "'o''neil \"x\"'", "{x}"}}},
+    };
+    for (const auto& [kind, logins] : all) {
+        std::string base = server(kind).createDatabase("logins");
+        const std::string owner =
+            namedString({"", base}, testkit::DatabaseServer::kUser, testkit::DatabaseServer::kPassword);
+        if (kind == Kind::mariaDb) {
+            base.erase(base.find(";Database=logins"), 16);  // the new users may not see it
+        }
+        OdbcDatabase database({.named = {{"test", base}}});
+        const Environment environment;
+        Session session(environment, owner, testkit::DatabaseServer::kUser, "");
+        for (const Login& login : logins) {
+            session.run(kind == Kind::postgres
+                            ? std::string("CREATE ROLE ") + login.quoted + " LOGIN PASSWORD '" + login.password + "'"
+                            : std::string("CREATE USER ") + login.quoted + "@'%' IDENTIFIED BY '" + login.password +
+                                  "'");
+            try {
+                database.open("test", login.name, login.password);
+            } catch (const platform::DatabaseError& fault) {
+                ADD_FAILURE() << nameOf(kind) << " " << login.name << ": " << fault.description();
+            }
+            EXPECT_THROW(database.open("test", login.name, "wrong"), platform::DatabaseError);
+        }
+    }
+    EXPECT_THROW(namedString({"", "DRIVER={MariaDB Unicode}"}, "a", "x "), platform::DatabaseError);
+    EXPECT_THROW(namedString({"", "DRIVER={PostgreSQL Unicode}"}, "a;b", "x"), platform::DatabaseError);
+}
+
+TEST(SampleSource, AppearsWholeIsListedAndOnlyRead) {
+    const testkit::TemporaryFolder folder;
+    const auto file = folder.path() / "shop.db";
+    const OwnSources own{.embedded = EmbeddedRepository{}, .sample = SampleSource{.file = file}};
+    EXPECT_EQ(OdbcDataSources(own).list().at(0).name, "ORVENT Embedded");
+    EXPECT_NE(OdbcDataSources(own).list().size() > 1 ? OdbcDataSources(own).list()[1].name : "", "ORVENT Bookshop");
+    EXPECT_THROW(createSample(file, "CREATE TABLE a (b INTEGER);\nBROKEN;\n"), platform::DatabaseError);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+
+    createSample(file, "CREATE TABLE a (b INTEGER);\nINSERT INTO a VALUES (7);\n");
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0600));
+    const platform::DataSource listed = OdbcDataSources(own).list().at(1);
+    EXPECT_EQ(listed.name, "ORVENT Bookshop");
+    EXPECT_TRUE(listed.sourceOnly);
+    OdbcDatabase database(own);
+    const auto connection = database.open("ORVENT Bookshop", "", "");
+    EXPECT_THROW(run(*connection, "DROP TABLE a"), platform::DatabaseError);
+    EXPECT_EQ(column(*connection, "SELECT b FROM a"), "7|");
+    EXPECT_EQ(column(*connection, "SELECT table_name FROM all_tables WHERE owner=?", {""}), "a|");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "odbc/database.h"
 #include "qt/platform/settings_file.h"
+#include "repository/source_schema.h"
 #include "testkit/scripted_ports.h"
 #include "testkit/temporary_folder.h"
 #include "window_test.h"
@@ -21,13 +22,19 @@ class FirstStartTest : public WindowTest {
         const testkit::TemporaryFolder folder;
         const app::Places places = app::Places::in(folder.path() / "home");
         start(places);
-        for (const char* file : {"ORVENTII.sql", "ORVENTII.chm", "LDLS", "Logs", "repository.db", "Mapflow.conf"}) {
+        for (const char* file :
+             {"ORVENTII.sql", "ORVENTII.chm", "LDLS", "Logs", "repository.db", "bookshop.db", "Mapflow.conf"}) {
             QVERIFY2(fs::exists(places.data / file), file);
+            const bool isText = fs::path(file).stem() == "ORVENTII";
+            const auto others = fs::perms::group_all | fs::perms::others_all;
+            QVERIFY2(isText || (fs::status(places.data / file).permissions() & others) == fs::perms::none, file);
         }
         QtSettingsStore store(QString::fromStdString(places.settings.string()));
         QCOMPARE(store.value("DB", "ReposConnString", ""), std::string("ORVENT Embedded"));
         QVERIFY(!store.value("DB", "User", "").empty());
         QVERIFY(hasTypes(places));
+        QCOMPARE(fs::status(places.data).permissions(), fs::perms::owner_all);
+        lookIntoTheBookshop(places);
         const auto written = fs::last_write_time(places.data / "ORVENTII.sql");
         start(places);
         QCOMPARE(fs::last_write_time(places.data / "ORVENTII.sql"), written);
@@ -65,6 +72,7 @@ class FirstStartTest : public WindowTest {
     static odbc::OwnSources sources(const app::Places& places) {
         odbc::OwnSources own;
         own.embedded = odbc::EmbeddedRepository{.file = places.repository()};
+        own.sample = odbc::SampleSource{.file = places.sample()};
         return own;
     }
 
@@ -73,6 +81,27 @@ class FirstStartTest : public WindowTest {
         QtSettingsStore store(QString::fromStdString(places.settings.string()));
         app::FirstStart(places, database, store, messages_).run();
         messages_.verify();
+    }
+
+    static void lookIntoTheBookshop(const app::Places& places) {
+        odbc::OdbcDatabase database(sources(places));
+        repository::SchemaReader reader(database, {"ORVENT Bookshop", "", ""});
+        reader.readTables();
+        std::size_t widest = 0;
+        QStringList types;
+        while (const repository::SourceTable* table = reader.next()) {
+            widest = std::max(widest, table->columns.size());
+            for (const repository::SourceColumn& column : table->columns) {
+                types << QString::fromStdString(column.dataType);
+            }
+        }
+        types.removeDuplicates();
+        types.sort();
+        QCOMPARE(reader.total(), std::size_t{12});
+        QCOMPARE(widest, std::size_t{60});
+        // The catalogue knows all of them but one.
+        QCOMPARE(types.join(","), QStringLiteral("BINARY_DOUBLE,BLOB,CHAR,CLOB,DATE,FLOAT,GEOGRAPHY,NUMBER,TIMESTAMP,"
+                                                 "VARCHAR2"));
     }
 
     static bool hasTypes(const app::Places& places) {

@@ -98,6 +98,16 @@ TEST_F(LoginTest, TestTellsItsResultUnlessSilent) {
     EXPECT_FALSE(form.test(true));
 }
 
+TEST_F(LoginTest, ASourceOfDataIsNeverTakenForARepository) {
+    sources.sources.push_back({"SHOP", "SQLite (Oracle dialect translator)", true});
+    form.open();
+    form.selectDSN(3);
+    messages.expect("SHOP is a source of data and cannot be a repository.", "", Icon::critical);
+    form.TestConn();
+    EXPECT_FALSE(form.cmdOK());
+    EXPECT_TRUE(database.opened.empty());
+}
+
 TEST_F(LoginTest, ScriptRunsStatementByStatement) {
     settings.SQLPath = scriptFile("DROP TABLE A;CREATE TABLE\nA (X\t~);\xC3\xA9LAST");
     database.fail("DROP", kBroken);

@@ -1,5 +1,6 @@
 #include "qt/platform/settings_file.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
@@ -38,6 +39,8 @@ void QtSettingsStore::setValue(const std::string& section, const std::string& ke
     if (file.status() != QSettings::NoError) {
         throw platform::Fault("The settings file cannot be written:\n" + path_.toStdString());
     }
+    // It holds a password that is hardly more than hidden. The file is written anew each time, and keeps a mode.
+    QFile::setPermissions(path_, QFile::ReadOwner | QFile::WriteOwner);
 }
 
 }  // namespace orvent::qt
