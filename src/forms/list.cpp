@@ -1,0 +1,177 @@
+#include "forms/list.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace orvent::forms {
+
+using Kind = ListChange::Kind;
+
+const ListRow* List::Item(int position) const {
+    return holds(position) ? rows_[index(position)].get() : nullptr;
+}
+
+int List::positionOf(const std::string& Key) const {
+    const auto [first, last] = byKey_.equal_range(Key);
+    if (first == last) {
+        return 0;
+    }
+    const bool alone = std::next(first) == last;
+    const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const std::unique_ptr<ListRow>& each) {
+        return alone ? each.get() == first->second : each->Key == Key;
+    });
+    return static_cast<int>(row - rows_.begin()) + 1;
+}
+
+void List::tell(const ListChange& change, const std::function<void()>& act) {
+    ListListener* const listener = quiet_ ? nullptr : listener_;
+    if (listener) {
+        listener->about(change);
+    }
+    act();
+    if (listener) {
+        listener->done(change);
+    }
+}
+
+int List::add(ListRow row, int position) {
+    clearHint();
+    const int at = holds(position) ? position : Count() + 1;
+    tell({Kind::inserted, at}, [&] {
+        auto held = std::make_unique<ListRow>(std::move(row));
+        byKey_.emplace(held->Key, held.get());
+        rows_.insert(rows_.begin() + at - 1, std::move(held));
+        shiftSelection([at](int each) { return each >= at ? each + 1 : each; });
+    });
+    return at;
+}
+
+void List::unlist(const ListRow& row) {
+    const auto [first, last] = byKey_.equal_range(row.Key);
+    byKey_.erase(std::find_if(first, last, [&](const auto& entry) { return entry.second == &row; }));
+}
+
+void List::remove(int position) {
+    if (!holds(position)) {
+        return;
+    }
+    tell({Kind::removed, position}, [&] {
+        unlist(*rows_[index(position)]);
+        rows_.erase(rows_.begin() + position - 1);
+        shiftSelection([position](int each) { return each == position ? 0 : each > position ? each - 1 : each; });
+    });
+}
+
+void List::move(int from, int to) {
+    if (!holds(from) || !holds(to) || from == to) {
+        return;
+    }
+    tell({Kind::moved, from, to}, [&] {
+        const auto first = rows_.begin() + std::min(from, to) - 1;
+        const auto last = rows_.begin() + std::max(from, to);
+        std::rotate(first, from < to ? first + 1 : last - 1, last);
+        shiftSelection([from, to](int each) {
+            if (each == from) {
+                return to;
+            }
+            const bool between = each >= std::min(from, to) && each <= std::max(from, to);
+            return between ? (from < to ? each - 1 : each + 1) : each;
+        });
+    });
+}
+
+void List::alter(int position, const std::function<void(ListRow&)>& change) {
+    if (!holds(position)) {
+        return;
+    }
+    tell({Kind::altered, position}, [&] {
+        ListRow& row = *rows_[index(position)];
+        unlist(row);
+        change(row);
+        byKey_.emplace(row.Key, &row);
+    });
+}
+
+void List::setText(int position, const std::string& text) {
+    alter(position, [&text](ListRow& row) { row.Text = text; });
+}
+
+void List::Clear() {
+    tell({Kind::reset}, [this] {
+        rows_.clear();
+        byKey_.clear();
+        selection_.clear();
+        current_ = 0;
+        hint_.reset();
+    });
+}
+
+void List::rebuild(const std::function<void()>& changes) {
+    assert(!quiet_);
+    tell({Kind::reset}, [&] {
+        quiet_ = true;
+        changes();
+        quiet_ = false;
+    });
+}
+
+int List::target(int position, RowMove where) const {
+    if (!holds(position)) {
+        return 0;
+    }
+    int to = 1;
+    switch (where) {
+        case RowMove::top:
+            break;
+        case RowMove::up:
+            to = std::max(1, position - 1);
+            break;
+        case RowMove::down:
+            to = std::min(Count(), position + 1);
+            break;
+        case RowMove::bottom:
+            to = Count();
+            break;
+    }
+    return to == position ? 0 : to;
+}
+
+void List::select(int position) {
+    select(holds(position) ? std::vector<int>{position} : std::vector<int>{}, position);
+}
+
+void List::select(std::vector<int> positions, int current) {
+    std::sort(positions.begin(), positions.end());
+    std::erase_if(positions, [this](int each) { return !holds(each); });
+    const int now = holds(current) ? current : 0;
+    if (positions == selection_ && now == current_) {
+        return;
+    }
+    tell({Kind::selected, now}, [&] {
+        selection_ = std::move(positions);
+        current_ = now;
+    });
+}
+
+void List::shiftSelection(const std::function<int(int)>& where) {
+    for (int& each : selection_) {
+        each = where(each);
+    }
+    std::erase(selection_, 0);
+    std::sort(selection_.begin(), selection_.end());
+    current_ = current_ == 0 ? 0 : where(current_);
+}
+
+void List::showHint(std::string text) {
+    tell({Kind::reset}, [&] { hint_ = std::move(text); });
+}
+
+bool List::clearHint() {
+    if (!hint_) {
+        return false;
+    }
+    tell({Kind::reset}, [this] { hint_.reset(); });
+    return true;
+}
+
+}  // namespace orvent::forms

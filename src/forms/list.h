@@ -1,0 +1,103 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace orvent::forms {
+
+/// A row of a list.
+struct ListRow {
+    std::string Key = {};
+    std::string Text = {};
+    std::int16_t Tag = 0;
+    std::string Image = {};                    ///< key of its picture
+    std::array<std::string, 5> SubItems = {};  ///< the columns behind the first
+    std::int32_t ForeColor = 0;                ///< blue in the high byte; 0 is the ordinary colour
+    bool Editable = true;                      ///< its label can be edited
+    std::string Warning = {};                  ///< words of a warning mark, which has none when they are empty
+};
+
+/// One change of a list.
+struct ListChange {
+    enum class Kind { inserted, removed, moved, altered, selected, reset };
+    Kind kind;
+    int position = 0;  ///< 1-based; of `moved` the old one
+    int to = 0;        ///< of `moved`
+};
+
+/// Who shows a list. Each change is told before and behind it.
+class ListListener {
+  public:
+    virtual ~ListListener() = default;
+    virtual void about(const ListChange&) {}
+    virtual void done(const ListChange& change) = 0;
+};
+
+/// Where the list buttons move a row.
+enum class RowMove { top, up, down, bottom };
+
+/// The rows of a list view with its selection and its prompt: a plain value of a dialog's logic, which a window only
+/// shows. Positions are 1-based; 0 stands for none. Two rows may have one key; then the first is found.
+class List {
+  public:
+    int Count() const { return static_cast<int>(rows_.size()); }
+    /// Null beyond the ends.
+    const ListRow* Item(int position) const;
+    const ListRow* Item(const std::string& Key) const { return Item(positionOf(Key)); }
+    int positionOf(const std::string& Key) const;
+
+    /// Inserts before `position`; anything else than 1 to `Count` appends. The prompt goes. Gives the row's position.
+    int add(ListRow row, int position = 0);
+    void remove(int position);
+    void move(int from, int to);
+    /// Changes the row in place; its key may change too.
+    void alter(int position, const std::function<void(ListRow&)>& change);
+    void setText(int position, const std::string& text);
+    /// Takes the rows and the prompt away.
+    void Clear();
+    /// Many changes that are told as one.
+    void rebuild(const std::function<void()>& changes);
+
+    /// Where a list button brings the row, 0 when it is there already or there is no such row.
+    int target(int position, RowMove where) const;
+
+    // The selection: any number of rows, one of which is the current.
+
+    int selected() const { return current_; }
+    const std::vector<int>& selection() const { return selection_; }  ///< ascending
+    void select(int position);
+    void select(std::vector<int> positions, int current);
+
+    // The prompt of a list that has no rows yet. It is no row: no command counts, moves or removes it.
+
+    const std::optional<std::string>& hint() const { return hint_; }
+    void showHint(std::string text);
+    /// True when it was there.
+    bool clearHint();
+
+    /// Null: nobody shows it.
+    void watch(ListListener* listener) { listener_ = listener; }
+
+  private:
+    bool holds(int position) const { return position >= 1 && position <= Count(); }
+    std::size_t index(int position) const { return static_cast<std::size_t>(position - 1); }
+    void shiftSelection(const std::function<int(int)>& where);
+    void unlist(const ListRow& row);
+    void tell(const ListChange& change, const std::function<void()>& act);
+
+    std::vector<std::unique_ptr<ListRow>> rows_;
+    std::unordered_multimap<std::string, const ListRow*> byKey_;
+    std::vector<int> selection_;
+    int current_ = 0;
+    std::optional<std::string> hint_;
+    ListListener* listener_ = nullptr;
+    bool quiet_ = false;  // within `rebuild`
+};
+
+}  // namespace orvent::forms

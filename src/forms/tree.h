@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace orvent::forms {
+
+/// A node of a tree. It is changed through its tree only.
+struct TreeNode {
+    std::string Key = {};
+    std::string Text = {};
+    std::int16_t Tag = 0;
+    std::string Image = {};  ///< key of its picture, base and state joined by "-"; a base alone has no state
+    bool Checked = false;
+    bool Bold = false;
+    bool Expanded = false;
+    std::int32_t ForeColor = 0;  ///< blue in the high byte
+};
+
+/// One change of a tree.
+struct TreeChange;
+
+/// Who shows a tree. Each change is told before and behind it.
+class TreeListener {
+  public:
+    virtual ~TreeListener() = default;
+    virtual void about(const TreeChange&) {}
+    virtual void done(const TreeChange& change) = 0;
+};
+
+/// The nodes of a tree view: a plain value of a dialog's logic, which a window only shows. Two nodes may have one key;
+/// then one of them is found.
+class Tree {
+  public:
+    /// A node in its place.
+    class Node : private TreeNode {
+      public:
+        const TreeNode& value() const { return *this; }
+        Node* parent() const { return parent_; }    ///< null of a root
+        int position() const { return position_; }  ///< among its parent's children, from 0
+        const std::vector<std::unique_ptr<Node>>& children() const { return children_; }
+        /// How many of the children are `Checked`; in constant time.
+        int checkedChildren() const { return checkedChildren_; }
+
+      private:
+        friend class Tree;
+        explicit Node(TreeNode value, Node* parent) : TreeNode(std::move(value)), parent_(parent) {}
+
+        Node* parent_;
+        int position_ = 0;
+        int checkedChildren_ = 0;
+        std::vector<std::unique_ptr<Node>> children_;
+    };
+
+    Tree() = default;
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+
+    const std::vector<std::unique_ptr<Node>>& roots() const { return roots_; }
+    Node* find(const std::string& Key) const;
+    int Count() const { return static_cast<int>(byKey_.size()); }
+
+    /// Adds a last child, a root when there is no parent.
+    Node& add(TreeNode node, Node* parent = nullptr);
+    void remove(Node& node);
+    /// Changes the node in place, but not its key.
+    void alter(Node& node, const std::function<void(TreeNode&)>& change);
+    void Clear();
+    /// Many changes that are told as one.
+    void rebuild(const std::function<void()>& changes);
+
+    /// Null: nobody shows it.
+    void watch(TreeListener* listener) { listener_ = listener; }
+
+  private:
+    void unlist(const Node& node);
+    void tell(const TreeChange& change, const std::function<void()>& act);
+
+    std::vector<std::unique_ptr<Node>> roots_;
+    std::unordered_multimap<std::string, Node*> byKey_;
+    TreeListener* listener_ = nullptr;
+    bool quiet_ = false;  // within `rebuild`
+};
+
+struct TreeChange {
+    enum class Kind { inserted, removed, altered, reset };
+    Kind kind;
+    const Tree::Node* parent = nullptr;  ///< null: among the roots
+    int position = 0;                    ///< from 0
+};
+
+/// `image` with the state behind its last "-" replaced; an image without a state stays.
+std::string withState(const std::string& image, std::string_view state);
+
+}  // namespace orvent::forms
