@@ -50,6 +50,8 @@ constexpr std::array kView = {
 constexpr std::array kZoom = {
     MenuItem{"ZoomInM", "Zoom In", zoomIn, withWindow, "zoom-in", ""},
     MenuItem{"ZoomOutM", "Zoom Out", zoomOut, withWindow, "zoom-out", ""},
+    separator(inDesign),
+    MenuItem{"ActivityZoomM", "Activity Zoom", activityZoom, inDesign, "activity-zoom", "Alt+Return"},
 };
 
 constexpr std::array kTypes = {

@@ -61,7 +61,7 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
         {Command::zoomIn, inWindow, [](MDIForm1& f) { f.zoom(true); }},
         {Command::zoomOut, inWindow, [](MDIForm1& f) { f.zoom(false); }},
-        {Command::activityZoom, never, nothing},
+        {Command::activityZoom, inDesign, [](MDIForm1& f) { f.zoomSelected(); }},
         {Command::checkConsistency, never, nothing},
         {Command::metrics, never, nothing},
         {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
@@ -127,7 +127,7 @@ void MDIForm1::login() {
 
 void MDIForm1::changeUser() {
     const bool dialogOpen = std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
-                                        [](const auto& form) { return form && !form->Enabled(); });
+                                        [&](const auto& form) { return form && !form->Enabled() && !viewOver(*form); });
     if (dialogOpen) {
         ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
         return;

@@ -6,6 +6,7 @@
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/test_graph.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::shell {
 
@@ -32,7 +33,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       wizard_(ports.messages, catalogue_.tables, wizardWindow_),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
-      dialogs_(desk, wizard_) {
+      dialogs_(desk, wizard_, *this) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;
     tools_.palettes.atPointer = [this](Palette palette) { host_.placePalette(palette); };
@@ -138,7 +139,65 @@ void MDIForm1::show(std::unique_ptr<canvas::CanvasForm> form) {
     desk_.show(shown);
 }
 
+/// A window that shows a part of the scenario, and keeps the scenario's own from taking input.
+canvas::CanvasForm* MDIForm1::viewOver(const canvas::DrawForm& scenario) const {
+    for (const auto& held : others_) {
+        if (&held->scenario() == &scenario) {
+            return held.get();
+        }
+    }
+    return nullptr;
+}
+
+canvas::CanvasForm* MDIForm1::openZoom() const {
+    for (const auto& held : others_) {
+        if (held->kind() == canvas::WindowKind::zoom) {
+            return held.get();
+        }
+    }
+    return nullptr;
+}
+
+void MDIForm1::ZoomActivity(int Slot, std::int32_t NodeIndex) {
+    canvas::DrawForm* design = scenario(Slot);
+    const canvas::LabelsD* node = design ? design->Labels.byIndex(NodeIndex) : nullptr;
+    if (!node || !node->activity()) {
+        return;
+    }
+    if (canvas::CanvasForm* other = openZoom()) {
+        const bool goesOn =
+            ports_.messages.show("You are allready Zooming on another Activity\nAre you sure you want to continue?",
+                                 "Activity Zoom", Icon::question, platform::Buttons::okCancel) == platform::Answer::ok;
+        if (!goesOn || !close(*other)) {
+            return;
+        }
+    }
+    auto form = std::make_unique<zoom::ZoomForm>(
+        zoom::ZoomServices{{ports_.messages, options_.canvas}, catalogue_.tables, ports_.progress, relationships_},
+        *design);
+    zoom::buildZoomView(*form, *node);
+    const zoom::ZoomForm& shown = *form;
+    show(std::move(form));
+    desk_.reveal(*openZoom(), *shown.central());
+    host_.commandsChanged();
+}
+
+/// The command: acts on the one selected node, when that is an activity.
+void MDIForm1::zoomSelected() {
+    canvas::DrawForm& form = *activeScenario();
+    const auto selected = form.SelectedLabels.members();
+    if (selected.size() == 1) {
+        ZoomActivity(form.slot(), selected.front());
+    }
+}
+
 bool MDIForm1::close(canvas::CanvasForm& form) {
+    const auto isScenario = [&] { return &form.scenario() == &form; };
+    while (isScenario() && viewOver(form.scenario())) {
+        if (!close(*viewOver(form.scenario()))) {
+            return false;
+        }
+    }
     if (!form.Enabled() || !form.QueryUnload()) {
         return false;
     }
@@ -165,6 +224,9 @@ void MDIForm1::discardScenario(int slot) {
 void MDIForm1::freeSlot(int slot) {
     const std::unique_ptr<canvas::DrawForm> form = std::move(ScenarioForms[static_cast<std::size_t>(slot)]);
     if (form) {
+        while (canvas::CanvasForm* view = viewOver(*form)) {
+            discard(*view);
+        }
         dropped(*form);
     }
 }

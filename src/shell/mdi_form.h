@@ -23,12 +23,13 @@
 #include "statements/ldl_form.h"
 #include "statements/ldl_scenario.h"
 #include "zoom/entity_links.h"
+#include "zoom/plain_relationships.h"
 
 namespace orvent::shell {
 
 /// The main frame: the values of the run, the table of open scenarios and the commands. It is made at start and lives
 /// until the program ends. A `Fault` that a command leaves is shown by the program's event loop.
-class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioStore {
+class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, private canvas::ScenarioStore {
   public:
     static constexpr int kSlots = 11;
 
@@ -53,8 +54,9 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
 
     /// Shows a window beside those of the scenarios, and holds it until it is closed.
     void show(std::unique_ptr<canvas::CanvasForm> form);
-    /// The close request of a window: asks, and drops it. False when it stays, and always while it takes no input.
-    bool close(canvas::CanvasForm& form);
+    /// A scenario's window closes the views over it first.
+    bool close(canvas::CanvasForm& form) override;
+    void ZoomActivity(int Slot, std::int32_t NodeIndex) override;
     /// The frame's close request: closes the windows beside the scenarios', then every scenario in slot order. False
     /// when one of them was kept.
     bool unload();
@@ -81,6 +83,9 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
     canvas::DrawForm& OpenSlot(int slot, const std::string& name);
     void freeSlot(int slot);
     void discard(canvas::CanvasForm& form);
+    canvas::CanvasForm* viewOver(const canvas::DrawForm& scenario) const;
+    canvas::CanvasForm* openZoom() const;
+    void zoomSelected();
     void dropped(canvas::CanvasForm& form);
     void login();
     void changeUser();
@@ -105,6 +110,7 @@ class MDIForm1 : public repository::ScenarioWindows, private canvas::ScenarioSto
     analysis::TextExport textExport_;
     ToolBars tools_;
     CanvasDialogs dialogs_;
+    zoom::PlainRelationships relationships_;
     zoom::CanvasLinks links_;
 
     // A slot is used exactly while it holds a scenario.
