@@ -33,6 +33,9 @@ class CanvasForm : public Canvas {
     /// After true its holder drops it.
     virtual bool QueryUnload() = 0;
 
+    /// Whether it holds edits that its scenario does not have yet. A design window is its scenario.
+    virtual bool unapplied() const { return false; }
+
     /// The window's title.
     const std::string& Caption() const { return caption_; }
     void setCaption(const std::string& value);

@@ -85,8 +85,7 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
         }
     }
 
-    /// Whether something was edited that the scenario does not have yet.
-    bool unapplied() const { return unapplied_; }
+    /// Something was edited that the scenario does not have yet.
     void touch();
     /// The scenario has all of it now, also the rows that were deleted so far.
     void applied();
@@ -98,6 +97,7 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     /// Gives the changes to the scenario and stores it.
     void Save() override;
     bool QueryUnload() override;
+    bool unapplied() const override { return unapplied_; }
 
   private:
     void formChanged() override;

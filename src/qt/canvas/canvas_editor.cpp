@@ -143,8 +143,17 @@ void CanvasEditor::fillMenu(QMenu& menu, std::span<const canvas::ContextItem> it
             fillMenu(*inner, item.items);
             continue;
         }
-        QAction* action = menu.addAction(text(item.caption), this, [this, name = item.name] { pointer_.choose(name); });
+        QAction* action = menu.addAction(text(item.caption));
+        const bool expanded = item.action == canvas::MenuAction::expanded;
+        // Folding may close the window, which must not happen while its own menu is still at work.
+        connect(
+            action, &QAction::triggered, this, [this, name = item.name] { pointer_.choose(name); },
+            expanded ? Qt::QueuedConnection : Qt::AutoConnection);
         action->setObjectName(text(item.name));
+        if (const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().ActiveLabel); expanded && node) {
+            action->setCheckable(true);
+            action->setChecked(node->Expanded);
+        }
         if (item.isDefault) {
             menu.setDefaultAction(action);
         }

@@ -47,7 +47,8 @@ void DeskWindow::showEnabled() {
 }
 
 void DeskWindow::formChanged() {
-    setWindowTitle(text(form_->Caption()));
+    const QString mark = form_->unapplied() ? QStringLiteral(" (not applied yet)") : QString();
+    setWindowTitle(text(form_->Caption()) + mark);
     Q_EMIT formShown();
 }
 
