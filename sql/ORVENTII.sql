@@ -322,19 +322,19 @@ INSERT INTO FunctionTypesParams VALUES ('MAX','INPUT','Value','[DEFINED BY SOURC
 INSERT INTO FunctionTypesParams VALUES ('MAX','OUTPUT','Highest','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Sample Derivation',
-'Demonstration type: adds the attribute Output12, which the function Fun12 computes from chosen arguments and the constant Param12.',
+'Demonstration type: adds the attribute Output12, which takes Value12. Value12 is what the function Fun12 computes from the inputs Arg12 and the constant Param12.',
 'SELECT [INPUTS] , Fun12(Input11, Input12, Param12) AS Output12 FROM [SOURCES]',
 1,2,2,
-'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},@Value12)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@Fun12(@Arg12[1][1<i<arityOf(@Arg12)+1]{,@Arg12[$i$]},@Param12,@Value12). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12).');
+'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},VALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@Fun12(@Arg12[1][1<i<arityOf(@Arg12)+1]{,@Arg12[$i$]},@Param12,@Value12),VALUE=@Value12. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12).');
 INSERT INTO ActivityTypesParams VALUES ('Sample Derivation','PARAM','Param12','VARCHAR2');
 INSERT INTO ActivityTypesParams VALUES ('Sample Derivation','OUTPUT','Output12','VARCHAR2');
 INSERT INTO ActivityTypesFunctions VALUES ('Sample Derivation','Fun12','SAMPLE_FUNCTION_1');
 
 INSERT INTO ActivityTypes VALUES ('Sample Combination',
-'Demonstration type: combines the rows of all its sources, keeps one chosen attribute for each output and adds Output22, which the function Fun22 computes. SourceCount is the number of sources.',
+'Demonstration type: combines the rows of all its sources, keeps one input Kept for each output and adds Output22, which takes Value22. Value22 is what the function Fun22 computes from the inputs Arg22. SourceCount is the number of sources.',
 'SELECT Kept_1 , Fun22(Input21, Input22, Input23) AS Output22 FROM [SOURCES]',
 2,2,2,
-'a_out_value(@Kept[1][1<i<arityOf(@Kept)+1]{,@Kept[$i$]},@Value22)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$})[1<k<@SourceCount+1]{,a_in$k$(A_IN$k$_1[1<i<arityOf(a_in$k$)+1]{,A_IN$k$_$i$})},@Fun22(@Arg22[1][1<i<arityOf(@Arg22)+1]{,@Arg22[$i$]},@Value22). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22).');
+'a_out_value(@Kept[1][1<i<arityOf(@Kept)+1]{,@Kept[$i$]},VALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$})[1<k<@SourceCount+1]{,a_in$k$(A_IN$k$_1[1<i<arityOf(a_in$k$)+1]{,A_IN$k$_$i$})},@Fun22(@Arg22[1][1<i<arityOf(@Arg22)+1]{,@Arg22[$i$]},@Value22),VALUE=@Value22. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22).');
 INSERT INTO ActivityTypesParams VALUES ('Sample Combination','PARAM','SourceCount','NUMBER');
 INSERT INTO ActivityTypesParams VALUES ('Sample Combination','PARAM','Kept_1','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesParams VALUES ('Sample Combination','OUTPUT','Output22','VARCHAR2');
@@ -404,10 +404,10 @@ INSERT INTO ActivityTypesParams VALUES ('Duplicate Removal','PARAM','KEYATTR_1',
 INSERT INTO ActivityTypesParams VALUES ('Duplicate Removal','PARAM','ORDERATTR','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Surrogate Key Assignment',
-'Adds SKEY, the surrogate key that the record set LOOKUPTABLE holds for the production key. LOOKUPTABLE has three columns in this order: production key, source, surrogate key. SKVALUE is its third column. Rows without a key there are left out.',
+'Adds SKEY, the surrogate key that the record set LOOKUPTABLE holds for the production key. LOOKUPTABLE has three columns in this order: production key, source, surrogate key. PRODKEY is the input that holds the production key, SOURCEID a constant that names the source. SKVALUE is the third column of LOOKUPTABLE. Rows without a key there are left out.',
 'SELECT [INPUTS] , SKVALUE AS SKEY FROM [SOURCES] , LOOKUPTABLE l WHERE l.PRODKEY = PRODKEY AND l.SOURCEID = SOURCEID',
 1,2,2,
-'a_out_found(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},@SKVALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@LOOKUPTABLE(@PRODKEY,@SOURCEID,@SKVALUE). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY)<-a_out_found(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY).');
+'a_out_found(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},FOUND)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@LOOKUPTABLE(@PRODKEY,@SOURCEID,@SKVALUE),FOUND=@SKVALUE. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY)<-a_out_found(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY).');
 INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','PARAM','SKVALUE','NUMBER');
 INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','PARAM','PRODKEY','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','PARAM','SOURCEID','[DEFINED BY SOURCE]');
@@ -418,12 +418,12 @@ INSERT INTO ActivityTypes VALUES ('Difference',
 'Passes the rows of the first source whose KEYFIRST inputs match the KEYSECOND inputs of no row of the second source. The outputs are those of the first source.',
 'SELECT [INPUTS1] FROM [SOURCES1] WHERE KEYFIRST_1 NOT IN ( SELECT KEYSECOND_1 FROM [SOURCES2] )',
 2,2,2,
-'a_out_known(@KEYSECOND[1][1<i<arityOf(@KEYSECOND)+1]{,@KEYSECOND[$i$]})<-a_in2(A_IN2_1[1<i<arityOf(a_in2)+1]{,A_IN2_$i$}). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),not a_out_known(@KEYFIRST[1][1<i<arityOf(@KEYFIRST)+1]{,@KEYFIRST[$i$]}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
+'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),not a_out_known(@KEYFIRST[1][1<i<arityOf(@KEYFIRST)+1]{,@KEYFIRST[$i$]}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}. a_out_known(@KEYSECOND[1][1<i<arityOf(@KEYSECOND)+1]{,@KEYSECOND[$i$]})<-a_in2(A_IN2_1[1<i<arityOf(a_in2)+1]{,A_IN2_$i$}).');
 INSERT INTO ActivityTypesParams VALUES ('Difference','PARAM','KEYSECOND_1','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesParams VALUES ('Difference','PARAM','KEYFIRST_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Aggregation',
-'Gives one row for each group of equal GROUPATTR inputs, with TOTAL, the aggregate AGGRNAME (sum, count, avg, min or max) of MEASURE over the group. The other outputs are the GROUPATTR inputs in order.',
+'Gives one row for each group of equal GROUPATTR inputs, with TOTAL, which takes AGGRVALUE. AGGRVALUE is the aggregate AGGRNAME (sum, count, avg, min or max) of MEASURE over the group. The other outputs are the GROUPATTR inputs in order.',
 'SELECT GROUPATTR_1 , AGGRNAME(MEASURE) AS TOTAL FROM [SOURCES] GROUP BY GROUPATTR_1',
 1,2,2,
 'a_out_group(@GROUPATTR[1][1<i<arityOf(@GROUPATTR)+1]{,@GROUPATTR[$i$]},@AGGRNAME<@MEASURE>)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}). a_out_result(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@AGGRVALUE)<-a_out_group(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@AGGRVALUE). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@TOTAL)<-a_out_result(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@TOTAL).');
@@ -447,10 +447,10 @@ INSERT INTO ActivityTypes VALUES ('Union',
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in2(A_IN2_1[1<i<arityOf(a_in2)+1]{,A_IN2_$i$}),A_OUT_1=A_IN2_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN2_$i$}.');
 
 INSERT INTO ActivityTypes VALUES ('Attribute Function',
-'Adds NEWFIELD, the value that the function FUNCNAME gives for its ARGUMENT inputs, as its last argument.',
+'Adds NEWFIELD, which takes FUNCVALUE. FUNCVALUE is what the function FUNCNAME gives for its ARGUMENT inputs, as its last argument.',
 'SELECT [INPUTS] , FUNCNAME(ARGUMENT_1) AS NEWFIELD FROM [SOURCES]',
 1,2,2,
-'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},@FUNCVALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@FUNCNAME(@ARGUMENT[1][1<i<arityOf(@ARGUMENT)+1]{,@ARGUMENT[$i$]},@FUNCVALUE). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD).');
+'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},VALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@FUNCNAME(@ARGUMENT[1][1<i<arityOf(@ARGUMENT)+1]{,@ARGUMENT[$i$]},@FUNCVALUE),VALUE=@FUNCVALUE. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD).');
 INSERT INTO ActivityTypesParams VALUES ('Attribute Function','OUTPUT','NEWFIELD','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesFunctions VALUES ('Attribute Function','Apply','APPLY');
 

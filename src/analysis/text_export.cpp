@@ -20,6 +20,7 @@ using entities::ProviderProperties;
 using entities::RecordSetProperties;
 
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::int16_t kNoType = -1;
 
 void append(std::string& text, std::initializer_list<std::string_view> parts) {
     for (const std::string_view part : parts) {
@@ -61,6 +62,7 @@ class Lines {
     void addFlow(const std::string& owner, const AttributeProperties& attribute, const std::string& farOwner,
                  std::string_view farName);
     std::string_view farName(const std::string& key) const;
+    std::string_view typeName(const ActivityProperties& activity) const;
     void endNode(std::int32_t flowId, std::string_view typeName);
 
     canvas::DrawForm& form_;
@@ -91,13 +93,16 @@ void Lines::addFlow(const std::string& owner, const AttributeProperties& attribu
 std::string_view Lines::farName(const std::string& key) const {
     const std::string owner = entities::BeforeFirstDot(key);
     const canvas::LabelsD* node = form_.nodeNamed(owner);
-    if (const ActivityProperties* activity = node ? node->activity() : nullptr) {
+    if (!node) {
+        return {};
+    }
+    if (const ActivityProperties* activity = node->activity()) {
         return nameOf(activity->Act_Inputs.peek(), entities::AfterSecondDot(key));
     }
-    if (const RecordSetProperties* recordSet = node ? node->recordSet() : nullptr) {
+    if (const RecordSetProperties* recordSet = node->recordSet()) {
         return nameOf(recordSet->RecordSet_Outputs.peek(), entities::AfterFirstDot(key));
     }
-    throw platform::Fault("There is no activity or record set \"" + owner + "\"");
+    throw platform::Fault("A link leads to \"" + owner + "\", which is no activity and no record set.");
 }
 
 void Lines::addOuterFlows(const std::string& owner, const AttributeProperties& attribute) {
@@ -110,6 +115,17 @@ void Lines::endNode(std::int32_t flowId, std::string_view typeName) {
     append(nodeTexts_, {std::to_string(flowId), ";", typeName, kLineEnd, kLineEnd});
     flowTexts_ += kLineEnd;
     ++nodes_;
+}
+
+std::string_view Lines::typeName(const ActivityProperties& activity) const {
+    if (activity.Act_Type == kNoType) {
+        return {};
+    }
+    const entities::NameTable& types = catalogue_.activityTypes;
+    if (activity.Act_Type < 0 || static_cast<std::size_t>(activity.Act_Type) >= types.size()) {
+        throw platform::Fault("The type of \"" + activity.Act_Name + "\" is not in the catalogue.");
+    }
+    return types.name(activity.Act_Type);
 }
 
 void Lines::addActivity(const ActivityProperties& activity, std::int32_t flowId) {
@@ -126,7 +142,7 @@ void Lines::addActivity(const ActivityProperties& activity, std::int32_t flowId)
     for (const AttributeProperties& output : activity.Act_Outputs) {
         addOuterFlows(name, output);
     }
-    endNode(flowId, catalogue_.activityTypes.name(activity.Act_Type));
+    endNode(flowId, typeName(activity));
 }
 
 void Lines::addRecordSet(const RecordSetProperties& recordSet, std::int32_t flowId) {

@@ -18,8 +18,8 @@ class TextExport {
         : messages_(messages), folder_(folder), progress_(progress), catalogue_(catalogue) {}
 
     /// Writes "\<caption>.txt" of the program's folder and tells so. Throws a `Fault` when the file cannot be written,
-    /// or when a node's data do not fit together (a type or a linked node that does not exist); then nothing is
-    /// written.
+    /// or when a node's data do not fit together (a type that the catalogue does not have, a link to a comment); then
+    /// nothing is written. An activity without a type, and a link to a node that is gone, leave their names empty.
     void ExportText(canvas::DrawForm& Window);
 
     /// What `ExportText` writes.

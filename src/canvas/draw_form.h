@@ -41,6 +41,9 @@ class DrawForm : public CanvasForm {
     /// The caption as it was before the scenario dialog changed it; put back when that save is given up.
     std::string KeptCaption;
 
+    /// The LDL text gathered so far; empty but after a file that could not be written.
+    std::string txtLDL;
+
     int slot() const { return Tag.empty() ? -1 : std::stoi(Tag); }
 
     // CanvasForm

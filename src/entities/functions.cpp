@@ -101,6 +101,11 @@ FunctionProperties& Act_FunctionsCollection::AddActivityTypeFunction(FunctionTyp
     function->Function_Source = kSourceActivityType;
     function->setParentKeyName(ParentKeyName);
     function->Function_Key = sKey;
+    for (auto* parameters : {&function->Function_Inputs, &function->Function_Outputs}) {
+        for (ParameterProperties& parameter : *parameters) {
+            parameter.ParentKeyName = sKey;
+        }
+    }
     return append(std::move(function), sKey);
 }
 

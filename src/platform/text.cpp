@@ -1,15 +1,9 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
-#include <memory>
 #include <system_error>
-
-#include "platform/fault.h"
 
 namespace orvent::platform {
 
@@ -81,15 +75,6 @@ std::string numberText(float value) {
     char buffer[64];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed).ptr;
     return std::string(buffer, end);
-}
-
-void writeFile(const std::string& path, std::string_view text) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), std::fclose);
-    const bool written =
-        file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() && std::fflush(file.get()) == 0;
-    if (!written) {
-        throw Fault(path + ": " + std::strerror(errno));
-    }
 }
 
 }  // namespace orvent::platform

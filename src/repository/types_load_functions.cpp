@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/letter_case.h"
 #include "repository/catalogue.h"
 #include "repository/catalogue_statements.h"
 
@@ -148,7 +148,7 @@ std::int16_t Catalogue::DataTypeIndex(const std::string& name) {
         return *index;
     }
     const std::string question =
-        "The Data Type " + platform::upperCase(name) + "  Does Not Exist Among The Defined Data Types" +
+        "The Data Type " + platform::upperLetters(name) + "  Does Not Exist Among The Defined Data Types" +
         "\nWould You Like It To Be Added To The Existing Data Types?" +
         "\n\n(if you choose CANCEL ,the object's datatype will be reset to" + tables.dataTypes.name(0) + ")";
     const Answer answer =

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/text.h"
+#include "platform/letter_case.h"
 #include "repository/new_row.h"
 #include "repository/scenario_statements.h"
 
@@ -111,7 +111,7 @@ bool ViewScenarios::ScenarioViewDelete() {
     }
     const Item item = ScenarioView[static_cast<std::size_t>(selected)];
     const Answer answer =
-        services_.messages.show("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperCase(item.name) + " ?",
+        services_.messages.show("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperLetters(item.name) + " ?",
                                 "Deleting Scenario", Icon::question, Buttons::yesNo);
     if (answer != Answer::yes) {
         return false;

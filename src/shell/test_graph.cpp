@@ -78,6 +78,11 @@ class SampleBuilder {
 
     void fillActivities() {
         brought_ = firstBroughtOutput();
+        for (canvas::LabelsD& each : form_.Labels) {
+            if (ActivityProperties* held = each.activity()) {
+                held->Act_SchemaNo = typeOf(*held).ActType_SchemaNo;
+            }
+        }
         for (const sample::Member& row : sample::kMembers) {
             addMember(row);
         }
@@ -187,8 +192,8 @@ class SampleBuilder {
     void bringFunctions() {
         ActivityProperties& first = activity("Activity1");
         for (const UsedFunctionProperties& used : typeOf(first).ActType_Functions) {
-            ownParameters(first.Act_Functions->AddActivityTypeFunction(catalogue_, used, first.Act_Name,
-                                                                       first.Act_Name + "." + used.Function_Name));
+            first.Act_Functions->AddActivityTypeFunction(catalogue_, used, first.Act_Name,
+                                                         first.Act_Name + "." + used.Function_Name);
         }
         // Of the second type's functions the first one is brought; the last one serves as a function of the designer's
         // own.
@@ -204,7 +209,7 @@ class SampleBuilder {
         ownParameters(rich.Act_Functions->AddFunctionProps(own, kOwnFunction, 0));
         const UsedFunctionProperties& used = *functions.Item(1);
         typeFunctionKey_ = rich.Act_Name + "." + used.Function_Name;
-        ownParameters(rich.Act_Functions->AddActivityTypeFunction(catalogue_, used, rich.Act_Name, typeFunctionKey_));
+        rich.Act_Functions->AddActivityTypeFunction(catalogue_, used, rich.Act_Name, typeFunctionKey_);
     }
 
     FunctionProperties* ownFunction() { return activity(kRichActivity).Act_Functions->Item(kOwnFunction); }

@@ -23,6 +23,15 @@ std::int16_t chosen(std::int16_t position, const char* what) {
     return position;
 }
 
+/// A second member of a name ends the building: only one of them could be found again.
+void refuseTaken(const void* present, const char* what, const std::string& name) {
+    if (present) {
+        throw platform::Fault(std::string("The ") + what + " \"" + name +
+                              "\" is there already: two variables of the template make it. Give one of them another "
+                              "name in the template.");
+    }
+}
+
 }  // namespace
 
 bool isGenerated(const AttributeProperties& output) {
@@ -96,16 +105,13 @@ void ActivityBuilder::createFunctions() {
         if (variable.VariableType != VarFunction) {
             continue;
         }
-        const auto noType = catalogue_.functionTypes.indexOf("[EMPTY]");
-        if (!noType) {
-            throw platform::Fault("The catalogue has no function type \"[EMPTY]\".");
-        }
         FunctionProperties made;
         made.Function_Name = variable.RegulatorName;
         made.Function_Key = variable.RegulatorName;
         made.Function_Source = kSourceOwn;
-        made.Function_Type = *noType;
+        made.Function_Type = catalogue_.functionTypes.indexOf("[EMPTY]").value_or(0);
         made.setParentKeyName(Activity.Act_Name);
+        refuseTaken(Activity.Act_Functions->Item(made.Function_Key), "function", made.Function_Key);
         Activity.Act_Functions->AddFunctionProps(made, "", 0);
     }
 }
@@ -165,6 +171,7 @@ void ActivityBuilder::createFunctionOutput(const LDLVariable& variable) {
     output.ParentKeyName = function()->Function_Name;
     output.NodeKind = KindFunctionOutput;
     output.Parameter_Type = chosen(variable.RegulatedFrom, "data type");
+    refuseTaken(function()->Function_Outputs->Item(output.Key), "function output", output.Key);
     function()->Function_Outputs->AddFullParameter(output, "", false);
 }
 
@@ -224,6 +231,7 @@ void ActivityBuilder::CreateParameterFromVariable(const LDLVariable& variable, c
     parameter.ParentKeyName = Activity.Act_Name;
     parameter.NodeKind = KindParameter;
     regulate(parameter, variable, {LinkActivityInput, LinkRecordSet, LinkConstant});
+    refuseTaken(Activity.Act_Parameters->Item(name), "parameter", name);
     Activity.Act_Parameters->AddFullParameter(parameter, "", false, 0);
 }
 
@@ -234,6 +242,7 @@ void ActivityBuilder::CreateFunctionParameterFromVariable(const LDLVariable& var
     input.ParentKeyName = function()->Function_Name;
     input.NodeKind = KindFunctionInput;
     regulate(input, variable, {LinkInputFunction, LinkRecordSetFunction, LinkConstantFunction});
+    refuseTaken(function()->Function_Inputs->Item(input.Key), "function input", input.Key);
     function()->Function_Inputs->AddFullParameter(input, "", false);
 }
 

@@ -17,15 +17,22 @@ class ActivityDialog {
     virtual void setStatement(const std::string& text) = 0;
 };
 
+/// The wizard opened for one activity after the other.
+struct WizardRound {
+    int place = 0;  ///< which of the activities it is, from 1
+    int count = 0;
+    bool left = false;  ///< the designer leaves the rest: no further one is to be opened
+};
+
 /// Opens the wizard that makes an activity's LDL statement, and waits until it is closed.
 class ActivityWizard {
   public:
     virtual ~ActivityWizard() = default;
 
     /// `form` is the design window of the scenario, also when a dialog or a zoom stands between. `activity` is the
-    /// node's own, or with a `dialog` the copy that the dialog works on.
+    /// node's own, or with a `dialog` the copy that the dialog works on. `round` is given when several are opened.
     virtual void LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity,
-                           ActivityDialog* dialog = nullptr) = 0;
+                           ActivityDialog* dialog = nullptr, WizardRound* round = nullptr) = 0;
 };
 
 }  // namespace orvent::statements

@@ -13,6 +13,7 @@ void LDLForm::reset() {
     open_ = false;
     form_ = nullptr;
     dialog_ = nullptr;
+    round_ = nullptr;
     trouble_.clear();
     Activity = nullptr;
     CurrentVariable = nullptr;
@@ -30,7 +31,8 @@ void LDLForm::reset() {
     clearPanel();
 }
 
-void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity, ActivityDialog* dialog) {
+void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity, ActivityDialog* dialog,
+                        WizardRound* round) {
     if (open_) {
         return;
     }
@@ -45,6 +47,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     reset();
     form_ = &form;
     dialog_ = dialog;
+    round_ = round;
     Activity = &activity;
     FromDialog = dialog != nullptr;
     txtTemplate = std::string(platform::trimmed(catalogue_.activityTypeLdl[type]));
@@ -228,6 +231,13 @@ void LDLForm::cmdOK() {
         dialog_->setStatement(txtTemplate);
     }
     open_ = false;
+}
+
+void LDLForm::cmdLeaveRest() {
+    if (round_) {
+        round_->left = true;
+        cmdCancel();
+    }
 }
 
 }  // namespace orvent::statements

@@ -40,7 +40,7 @@ class LDLForm : public ActivityWizard {
     /// Takes the activity out of the attribute-level graph, runs the window and puts the activity back. An activity
     /// without a type is told, and nothing opens.
     void LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity,
-                   ActivityDialog* dialog = nullptr) override;
+                   ActivityDialog* dialog = nullptr, WizardRound* round = nullptr) override;
 
     bool isOpen() const { return open_; }
 
@@ -81,6 +81,8 @@ class LDLForm : public ActivityWizard {
     void cmdPrev();
     void cmdOK();
     void cmdCancel() { open_ = false; }
+    /// Closes like `cmdCancel`, and opens no further activity of the round.
+    void cmdLeaveRest();
     void chooseKind(LDLVariableType option);
     void chooseValue(LDLRegulatorType option);
     void UpDownArity_Up();
@@ -97,6 +99,8 @@ class LDLForm : public ActivityWizard {
 
     // What the window tells its user in plain words.
 
+    /// Which of the activities without a statement this is; empty when only this one is opened.
+    std::string roundText() const;
     /// How far the walk is and which variable is meant: "Variable 2 of 5: @KEY, an array with 3 elements".
     std::string progressText() const;
     /// What to do next, or what is still missing on the panel.
@@ -149,6 +153,7 @@ class LDLForm : public ActivityWizard {
     LDLFormWindow& window_;
     canvas::DrawForm* form_ = nullptr;  ///< the design window
     ActivityDialog* dialog_ = nullptr;
+    WizardRound* round_ = nullptr;
     std::string trouble_;  ///< why the activity was built in part only
     bool open_ = false;
 };

@@ -70,6 +70,12 @@ std::string LDLForm::whyDisabled(LDLButton button) const {
     return {};
 }
 
+std::string LDLForm::roundText() const {
+    return round_ ? "Activity " + std::to_string(round_->place) + " of " + std::to_string(round_->count) +
+                        " without a statement"
+                  : std::string();
+}
+
 std::string LDLForm::progressText() const {
     if (!CurrentVariable) {
         return Enabled.txtTemplate ? "The template has not been parsed yet." : "The template has no variables.";

@@ -1,14 +1,13 @@
 #include "statements/ldl_generator.h"
 
 #include "platform/fault.h"
-#include "platform/text.h"
+#include "platform/letter_case.h"
 #include "statements/ldl_numbers.h"
-#include "statements/replace_all.h"
 
 namespace orvent::statements {
 
 using platform::Fault;
-using platform::upperCase;
+using platform::upperLetters;
 
 namespace {
 
@@ -20,53 +19,52 @@ bool isArrayKind(LDLVariableType kind) {
     return kind == VarParameterArray || kind == VarFunctionParameterArray || kind == VarOutputArray;
 }
 
-/// Replaces "a_..." tokens without regard to case. It looks for the "_", which is rarer than the letter before it.
-void replaceToken(std::string& text, const std::string& token, const std::string& to, WorkLimit& limit) {
-    limit.spendSearch(text.size());
-    const std::string_view all(text);
-    std::string result;
-    std::size_t done = 0;
-    for (std::size_t line = text.find('_', 1); line != std::string::npos; line = text.find('_', line + 1)) {
-        const std::size_t hit = line - 1;
-        if (hit >= done && platform::equalIgnoringCase(all.substr(hit, token.size()), token)) {
-            if (result.empty()) {
-                result.reserve(text.size());
-            }
-            result.append(text, done, hit - done).append(to);
-            done = hit + token.size();
-            checkSize(result.size());
-        }
-    }
-    if (done == 0) {
-        return;
-    }
-    result.append(text, done);
-    checkSize(result.size());
-    limit.spend(result.size());
-    text = std::move(result);
-}
-
 }  // namespace
 
 std::string FirstCapitalReplacer(const std::string& name) {
     if (name.empty()) {
         throw Fault("A name is empty.");
     }
-    return platform::lowerCase(name.substr(0, 1)) + name.substr(1);
+    const std::size_t first = platform::firstCharacterLength(name);
+    return platform::lowerLetters(name.substr(0, first)) + name.substr(first);
 }
 
-std::string LDLGenerator::GenerateLDL(const std::string& text) const {
+LDLGenerator::Statement LDLGenerator::generate(const std::string& text) const {
     // A text may be long: a pass that has nothing to do makes no copy of it.
-    std::string expanded;
+    Statement result;
+    std::string loops, variables, names;
     const bool hasLoops = text.find('[') != std::string::npos;
     if (hasLoops) {
-        expanded = ExpandLoops(text);
+        result.text = expandLoops(text, loops);
     }
-    const std::string& present = hasLoops ? expanded : text;
+    const std::string& present = hasLoops ? result.text : text;
     if (present.find('@') != std::string::npos) {
-        return ReplaceActivityNames(ReplaceVariables(present));
+        result.text = replaceVariables(present, variables);
+    } else if (!hasLoops) {
+        result.text = text;
     }
-    return ReplaceActivityNames(hasLoops ? std::move(expanded) : text);
+    result.text = replaceActivityNames(std::move(result.text), names);
+    for (std::string* fault : {&loops, &variables, &names}) {
+        if (!fault->empty()) {
+            result.faults.push_back(std::move(*fault));
+        }
+    }
+    return result;
+}
+
+std::string LDLGenerator::ExpandLoops(const std::string& text) const {
+    std::string fault;
+    return expandLoops(text, fault);
+}
+
+std::string LDLGenerator::ReplaceVariables(const std::string& text) const {
+    std::string fault;
+    return replaceVariables(text, fault);
+}
+
+std::string LDLGenerator::ReplaceActivityNames(std::string text) const {
+    std::string fault;
+    return replaceActivityNames(std::move(text), fault);
 }
 
 std::string LDLGenerator::recordSetField(const LDLVariable& holder) const {
@@ -77,7 +75,7 @@ std::string LDLGenerator::recordSetField(const LDLVariable& holder) const {
     if (!attribute) {
         throw Fault("The record set \"" + holder.RegulatorName + "\" has no such attribute.");
     }
-    return upperCase(holder.RegulatorName + "_" + attribute->Attribute_Name);
+    return upperLetters(holder.RegulatorName + "_" + attribute->Attribute_Name);
 }
 
 std::string LDLGenerator::valueOf(const LDLVariable& holder, const std::string& token) const {
@@ -88,7 +86,7 @@ std::string LDLGenerator::valueOf(const LDLVariable& holder, const std::string& 
         case RegRecordSetField:
             return recordSetField(holder);
         case RegConstant:
-            return upperCase(holder.RegulatorName);
+            return upperLetters(holder.RegulatorName);
         case RegUndefined:
         case RegOutputVariable:
             break;
@@ -132,40 +130,15 @@ LDLGenerator::Replacement LDLGenerator::replacementAt(std::string_view text, std
         case VarFunction:
             return {FirstCapitalReplacer(variable->RegulatorName), length};
         case VarFunctionOutput:
-            return {upperCase(variable->VariableName), length};
+            return {upperLetters(variable->VariableName), length};
         case VarOutput:
-            return {Activity.Act_Name + "_OUT_" + upperCase(variable->VariableName), length};
+            return {Activity.Act_Name + "_OUT_" + upperLetters(variable->VariableName), length};
         case VarOutputArray:
-            return {
-                Activity.Act_Name + "_OUT_" + upperCase(variable->VariableName) + "_" + std::to_string(element->Index),
-                length};
+            return {Activity.Act_Name + "_OUT_" + upperLetters(variable->VariableName) + "_" +
+                        std::to_string(element->Index),
+                    length};
     }
     throw Fault("\"" + name + "\" is of no kind.");
-}
-
-std::string LDLGenerator::ReplaceActivityNames(std::string text) const {
-    WorkLimit limit;
-    try {
-        const std::string& N = Activity.Act_Name;
-        const std::string n = FirstCapitalReplacer(N);
-        for (int k = 1; k <= Sources.Count(); ++k) {
-            const std::string number = std::to_string(k);
-            int j = 0;
-            for (const entities::AttributeProperties& input : *Sources.Source(k)) {
-                replaceToken(text, "A_IN" + number + "_" + std::to_string(++j),
-                             N + "_IN" + number + "_" + input.Attribute_Name, limit);
-            }
-            replaceToken(text, "A_IN" + number, n + "_in" + number, limit);
-        }
-        int i = 0;
-        for (const entities::AttributeProperties& output : OutputsView) {
-            replaceToken(text, "A_OUT_" + std::to_string(++i), N + "_OUT_" + output.Attribute_Name, limit);
-        }
-        replaceToken(text, "A_OUT", n + "_out", limit);
-    } catch (const Fault&) {
-        // The text as it stands is the answer.
-    }
-    return text;
 }
 
 }  // namespace orvent::statements

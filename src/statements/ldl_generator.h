@@ -10,14 +10,12 @@
 #include "entities/nodes.h"
 #include "statements/ldl_sources.h"
 #include "statements/ldl_variables.h"
+#include "statements/replace_all.h"
 
 namespace orvent::statements {
 
 /// The name with its first letter in lower case. An empty name is a `Fault`.
 std::string FirstCapitalReplacer(const std::string& name);
-
-/// A text beyond this many bytes ends a pass as a fault.
-inline constexpr std::size_t kMostCharacters = 16'000'000;
 
 /// What a loop's header says: the loop variable runs from `From` to `To`, both included.
 struct LoopHeader {
@@ -36,7 +34,18 @@ class LDLGenerator {
                  const canvas::Canvas& form)
         : Variables(variables), Sources(sources), OutputsView(outputsView), Activity(activity), Form(form) {}
 
-    std::string GenerateLDL(const std::string& text) const;
+    /// With it on, a token such as "A_IN1_1" is not taken where a further digit follows, so that ten attributes and
+    /// more have names of their own.
+    bool WholeNumbers = false;
+
+    std::string GenerateLDL(const std::string& text) const { return generate(text).text; }
+
+    /// A statement, and why passes ended before the end of the text; a whole statement has no fault.
+    struct Statement {
+        std::string text;
+        std::vector<std::string> faults;
+    };
+    Statement generate(const std::string& text) const;
 
     /// First pass: every loop "[header]{body}" becomes its repetitions, the outermost first. Equal loops are replaced
     /// together. A fault gives a text that begins "CRITICAL ERROR AT POSITION: " instead.
@@ -74,6 +83,10 @@ class LDLGenerator {
     Replacement replacementAt(std::string_view text, std::size_t at) const;
 
   private:
+    // The passes, which tell by what fault they ended.
+    std::string expandLoops(const std::string& text, std::string& fault) const;
+    std::string replaceVariables(const std::string& text, std::string& fault) const;
+    std::string replaceActivityNames(std::string text, std::string& fault) const;
     int termValue(std::string_view term) const;
     std::string valueOf(const LDLVariable& holder, const std::string& token) const;
     std::string recordSetField(const LDLVariable& holder) const;

@@ -11,10 +11,20 @@ namespace {
 
 constexpr const char* kLineEnd = "\r\n";
 
+/// The wizard takes its template from the activity's type; without one there is nothing to ask.
+bool isToBeAsked(const canvas::LabelsD& node) {
+    const entities::ActivityProperties* activity = node.activity();
+    return activity && activity->Act_LDL.empty() && activity->Act_Type != -1;
+}
+
 }  // namespace
 
 void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
     platform::Steps steps(progress_, static_cast<std::size_t>(form.Labels.Count()));
+    WizardRound round;
+    for (const canvas::LabelsD& node : form.Labels) {
+        round.count += isToBeAsked(node);
+    }
     // By position: the wizard works on the canvas in the middle of this walk.
     for (int position = 1; position <= form.Labels.Count(); ++position) {
         steps.next();
@@ -23,20 +33,22 @@ void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
         if (!activity) {
             continue;
         }
-        // The wizard takes its template from the activity's type; without one there is nothing to ask.
-        if (wizard_ && activity->Act_LDL.empty() && activity->Act_Type != -1) {
-            wizard_->LDLCreate(form, *activity);
+        if (wizard_ && isToBeAsked(node)) {
+            ++round.place;
+            if (!round.left) {
+                wizard_->LDLCreate(form, *activity, nullptr, &round);
+            }
         }
-        txtLDL.append(activity->Act_LDL).append(kLineEnd).append(kLineEnd);
+        form.txtLDL.append(activity->Act_LDL).append(kLineEnd).append(kLineEnd);
     }
 }
 
 void LDLScenarioWriter::LDLScenario(canvas::DrawForm& form) {
     try {
         gatherStatements(form);
-        txtLDL += ScenarioLinkRules(form);
-        platform::writeFile(folder_.file("\\LDLS\\", form.Caption(), ".ldl"), txtLDL + kLineEnd);
-        txtLDL.clear();
+        form.txtLDL += ScenarioLinkRules(form);
+        platform::writeFile(folder_.file("\\LDLS\\", form.Caption(), ".ldl"), form.txtLDL + kLineEnd);
+        form.txtLDL.clear();
     } catch (const platform::Fault& fault) {
         messages_.tell(std::string("Could Not Write To The File!") + kLineEnd + fault.description(), {},
                        platform::Icon::critical);

@@ -17,11 +17,9 @@ class LDLScenarioWriter {
                       platform::Progress& progress, ActivityWizard* wizard = nullptr)
         : messages_(messages), folder_(folder), progress_(progress), wizard_(wizard) {}
 
-    /// Writes "\LDLS\<caption>.ldl" of the program's folder and tells so. A fault is told, and throws nothing.
+    /// Writes "\LDLS\<caption>.ldl" of the program's folder and tells so. A fault is told, and throws nothing; the
+    /// text gathered so far stays with the scenario, and its next attempt goes on behind it.
     void LDLScenario(canvas::DrawForm& form);
-
-    /// The text gathered so far; empty but after a fault, when the next attempt goes on behind it.
-    std::string txtLDL;
 
   private:
     void gatherStatements(canvas::DrawForm& form);

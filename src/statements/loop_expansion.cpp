@@ -82,7 +82,7 @@ class PlainExpansion {
         const std::string expansion = generator_.ExpandLoop(span);
         limit_.spend(expansion.size() + span.size());
         replaceAll(text_, span, expansion, limit_);
-        limit_.spend(text_.size());  // its braces are looked for anew
+        limit_.spend(4 * text_.size());  // its braces are looked for anew
         spans_ = SpanFinder(text_);
     }
 
@@ -254,7 +254,7 @@ std::string LDLGenerator::ExpandLoop(std::string_view span) const {
     return result;
 }
 
-std::string LDLGenerator::ExpandLoops(const std::string& text) const {
+std::string LDLGenerator::expandLoops(const std::string& text, std::string& fault) const {
     try {
         try {
             return QuickExpansion(*this, text).run();
@@ -263,8 +263,9 @@ std::string LDLGenerator::ExpandLoops(const std::string& text) const {
         } catch (const Fault&) {
             return PlainExpansion(*this, text).run();  // which tells the position
         }
-    } catch (const FaultAt& fault) {
-        return "CRITICAL ERROR AT POSITION: " + std::to_string(fault.position) + fault.words;
+    } catch (const FaultAt& found) {
+        fault = found.words;
+        return "CRITICAL ERROR AT POSITION: " + std::to_string(found.position) + found.words;
     }
 }
 

@@ -30,16 +30,19 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to, W
         text.replace(hit, from.size(), to);
         return;
     }
+    constexpr std::size_t kHit = 48;  // the work of one, in bytes
     std::string result;
     std::size_t done = 0;
+    std::size_t hits = 0;
     for (; hit != std::string::npos; hit = text.find(from, done)) {
         result.append(text, done, hit - done).append(to);
         done = hit + from.size();
+        ++hits;
         checkSize(result.size());
     }
     result.append(text, done);
     checkSize(result.size());
-    limit.spend(result.size());
+    limit.spend(result.size() + hits * kHit);
     text = std::move(result);
 }
 

@@ -6,8 +6,11 @@
 
 namespace orvent::statements {
 
-/// How much work a pass may take before it counts as endless, roughly in bytes that are copied. Only a text that
-/// replaces its own replacements comes near.
+/// A text beyond this many bytes ends a pass as a fault.
+inline constexpr std::size_t kMostCharacters = 16'000'000;
+
+/// How much work a pass may take before it counts as endless, roughly in bytes that are copied: a text of the greatest
+/// size, copied a hundred times. Only a text that replaces its own replacements comes near.
 class WorkLimit {
   public:
     /// Throws a `Fault` when the work is spent.
@@ -16,7 +19,7 @@ class WorkLimit {
     void spendSearch(std::size_t bytes) { spend(bytes / 16 + 500); }
 
   private:
-    std::size_t left_ = 100'000'000;
+    std::size_t left_ = 100 * kMostCharacters;
 };
 
 /// Replaces every occurrence of `from`, which is not empty, from left to right. A result beyond `kMostCharacters` is a

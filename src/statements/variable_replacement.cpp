@@ -20,7 +20,7 @@ constexpr std::size_t kNone = std::string_view::npos;
 struct NotSimple {};
 
 /// The pass as the language tells it: each reference is replaced in the whole text at once.
-std::string replacePlainly(const LDLGenerator& generator, std::string text) {
+std::string replacePlainly(const LDLGenerator& generator, std::string text, std::string& fault) {
     WorkLimit limit;
     try {
         for (std::size_t at = text.find('@'); at != kNone; at = text.find('@', at)) {
@@ -28,8 +28,8 @@ std::string replacePlainly(const LDLGenerator& generator, std::string text) {
             replaceAll(text, text.substr(at, found.length), found.text, limit);
             at += found.text.size();
         }
-    } catch (const Fault&) {
-        // The text as it stands is the answer.
+    } catch (const Fault& words) {
+        fault = words.description();  // the text as it stands is the answer
     }
     return text;
 }
@@ -95,7 +95,9 @@ class Tokens {
 /// brings a new "@" and no two references grow together; otherwise the way ends as `NotSimple`.
 class QuickReplacement {
   public:
-    QuickReplacement(const LDLGenerator& generator, const std::string& text) : generator_(generator), text_(text) {}
+    /// `fault` tells what ended the pass, if anything does.
+    QuickReplacement(const LDLGenerator& generator, const std::string& text, std::string& fault)
+        : generator_(generator), text_(text), fault_(fault) {}
 
     std::string run() {
         result_.reserve(text_.size() + text_.size() / 4);  // replacements are often longer than their tokens
@@ -155,7 +157,8 @@ class QuickReplacement {
             tokens_.add(std::string_view(text_).substr(at + 1, found.length - 1), found.text);
             result_ += found.text;
             return found.length;
-        } catch (const Fault&) {
+        } catch (const Fault& words) {
+            fault_ = words.description();
             // An index that a further reference is part of is told by the plain way.
             if (next != kNone && next < text_.find(']', at)) {
                 throw NotSimple{};
@@ -168,6 +171,7 @@ class QuickReplacement {
 
     const LDLGenerator& generator_;
     const std::string& text_;
+    std::string& fault_;
     std::string result_;
     Tokens tokens_;
     bool stopped_ = false;  ///< a fault has ended the pass; what was found before still holds for the rest
@@ -175,13 +179,14 @@ class QuickReplacement {
 
 }  // namespace
 
-std::string LDLGenerator::ReplaceVariables(const std::string& text) const {
+std::string LDLGenerator::replaceVariables(const std::string& text, std::string& fault) const {
     try {
-        return QuickReplacement(*this, text).run();
+        return QuickReplacement(*this, text, fault).run();
     } catch (const NotSimple&) {
-        return replacePlainly(*this, text);
+        fault.clear();
+        return replacePlainly(*this, text, fault);
     } catch (const Fault&) {
-        return replacePlainly(*this, text);  // which keeps the text as it stands at the fault
+        return replacePlainly(*this, text, fault);  // which keeps the text as it stands at the fault
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <regex>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include "platform/fault.h"
@@ -67,6 +67,12 @@ TEST_F(TextExportTest, NodesInFlowOrderAndThenTheFlowsOfTheirAttributes) {
     EXPECT_EQ(exporter.text(form), std::regex_replace(text, std::regex("\n"), "\r\n"));
 }
 
+TEST_F(TextExportTest, WhatIsMissingLeavesItsNameEmpty) {
+    graph.activity("Untyped", {}, {"X"}).Act_Type = -1;
+    graph.attribute("Untyped.OUT.X").ProviderFor->Add("GONE", entities::LinkRecordSet, "GONE.IN.A");
+    EXPECT_EQ(exporter.text(form), "1;2\r\nA;Untyped;};{X};1;\r\n\r\nUntyped.X:GONE.\r\n\r\n");
+}
+
 TEST_F(TextExportTest, EmptyScenarioWritesOneLineAndTellsThePath) {
     ports.messages.expect(scratch.path().string() + "/Sales.txt Created");
     exporter.ExportText(form);
@@ -74,28 +80,29 @@ TEST_F(TextExportTest, EmptyScenarioWritesOneLineAndTellsThePath) {
 }
 
 TEST_F(TextExportTest, FaultsWriteNothing) {
-    const std::vector<std::pair<const char*, void (*)(TextExportTest&)>> cases = {
-        {"missing folder", [](TextExportTest& t) { std::filesystem::remove_all(t.scratch.path()); }},
-        {"slash in the caption", [](TextExportTest& t) { t.form.setCaption("../Sales"); }},
-        {"no type", [](TextExportTest& t) { t.graph.activity("Untyped").Act_Type = -1; }},
-        {"unknown far node",
-         [](TextExportTest& t) {
-             t.graph.attribute("RS.A").ProviderFor->Add("GONE", entities::LinkRecordSet, "GONE.IN.A");
-         }},
-        {"far node without attributes",
+    const std::vector<std::tuple<const char*, const char*, void (*)(TextExportTest&)>> cases = {
+        {"missing folder", "Sales.txt", [](TextExportTest& t) { std::filesystem::remove_all(t.scratch.path()); }},
+        {"slash in the caption", "../Sales", [](TextExportTest& t) { t.form.setCaption("../Sales"); }},
+        {"type beyond the catalogue", "\"Odd\"", [](TextExportTest& t) { t.graph.activity("Odd").Act_Type = 2; }},
+        {"far node without attributes", "\"Remark\"",
          [](TextExportTest& t) {
              t.graph.node("Remark", canvas::NodeTypeComment);
              t.graph.attribute("RS.A").ProviderFor->Add("Remark", entities::LinkRecordSet, "Remark.A");
          }},
     };
-    for (const auto& [title, spoil] : cases) {
+    for (const auto& [title, names, spoil] : cases) {
         SCOPED_TRACE(title);
         std::filesystem::create_directories(scratch.path());
         form.clear();
         form.setCaption("Sales");
         graph.recordSet("RS", {"A"});
         spoil(*this);
-        EXPECT_THROW(exporter.ExportText(form), platform::Fault);
+        try {
+            exporter.ExportText(form);
+            ADD_FAILURE() << "no fault";
+        } catch (const platform::Fault& fault) {
+            EXPECT_NE(fault.description().find(names), std::string::npos) << fault.description();
+        }
         EXPECT_EQ(testkit::fileText(scratch.path() / "Sales.txt"), "(no file)");
         EXPECT_EQ(testkit::fileText(scratch.path() / ".." / "Sales.txt"), "(no file)");
     }

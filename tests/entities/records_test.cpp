@@ -125,6 +125,7 @@ TEST_F(OnACanvas, FunctionsComeFromATypeAndFromNodes) {
     EXPECT_EQ(input.NodeKind, KindFunctionInput);
     EXPECT_EQ(input.Parameter_Type, 5);
     EXPECT_EQ(input.ParentFunctionActivity, "A");
+    EXPECT_EQ(input.ParentKeyName, "A.Fun");
     EXPECT_EQ(brought.Function_Outputs.peek()->Item("out")->NodeKind, KindFunctionOutput);
 
     EXPECT_FALSE(functions.AddFunction(form, "hidden", "A", 5));

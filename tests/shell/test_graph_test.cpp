@@ -63,6 +63,7 @@ TEST_F(TestGraph, RichActivityHoldsItsMembersAndFunctions) {
     FunctionProperties& brought = *rich.Act_Functions->Item("Activity2.Fun22");
     EXPECT_EQ(brought.Function_Source, 9);
     EXPECT_EQ(linksOf(brought.Function_Outputs->Item(1)->RegulatorFor), "Activity2/11/.OUT.Activity1.Output12 ");
+    EXPECT_EQ(rich.Act_SchemaNo, 2) << "as its type has it";
 }
 
 TEST_F(TestGraph, IsAFixedPointOfSynchronising) {

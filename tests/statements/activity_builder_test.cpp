@@ -101,6 +101,17 @@ TEST_F(ActivityBuilderTest, BuildsTheActivity) {
     EXPECT_EQ(built(*activity), expected) << "a second time changes nothing";
 }
 
+TEST_F(ActivityBuilderTest, ACatalogueWithoutTheEmptyTypeGivesTheFirst) {
+    catalogue.functionTypes.clear();
+    catalogue.functionTypes.add("OTHER");
+    run("@Fun @P", [&](LDLForm& open) {
+        ports.messages.expect("Activity Created", "", Icon::information);
+        build(open, {{VarFunction, {"Mult"}}, {VarParameter, {"const p"}}});
+        open.cmdCancel();
+    });
+    EXPECT_EQ(built(*activity), "function Mult 5/0 of Act\nAct|P 3/6/0 <- p 6 p\nAct|OUT 2/0/0\n");
+}
+
 TEST_F(ActivityBuilderTest, BuildingThatCannotBeCompletedKeepsWhatItHas) {
     const std::pair<const char*, Icon> created{"Activity Created", Icon::information};
     const struct {
@@ -120,7 +131,10 @@ TEST_F(ActivityBuilderTest, BuildingThatCannotBeCompletedKeepsWhatItHas) {
         {"@P @R", {{VarParameter, {"const x"}}, {VarParameter, {"in -1 -1"}}}, {created}, "P ", true},
         {"@A[1] @A_1",
          {{VarParameterArray, {"const x"}}, {VarParameter, {"const y"}}},
-         {{"This key is already associated with an element of this collection: A_1", Icon::none}},
+         {{"The parameter \"A_1\" is there already: two variables of the template make it. Give one of them another "
+           "name "
+           "in the template.",
+           Icon::none}},
          "A_1 ",
          false},
     };

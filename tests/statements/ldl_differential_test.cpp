@@ -81,6 +81,47 @@ std::string replaceByTheLetter(const LDLGenerator& generator, std::string text) 
     return text;
 }
 
+bool startsAnyCase(const std::string& text, std::size_t at, const std::string& token) {
+    return at + token.size() <= text.size() &&
+           std::equal(token.begin(), token.end(), text.begin() + static_cast<long>(at),
+                      [](char a, char b) { return a == std::toupper(b); });
+}
+
+/// One token after the other, each in the whole text; with `WholeNumbers` none that a digit follows.
+std::string namesByTheLetter(const LDLGenerator& generator, std::string text, const std::string& N,
+                             const LDLsourceColl& sources, const entities::Act_OutputsCollection& outputs) {
+    std::vector<std::pair<std::string, std::string>> tokens;
+    const std::string n = FirstCapitalReplacer(N);
+    int k = 0;
+    for (const LDLSource& source : sources) {
+        const std::string number = std::to_string(++k);
+        int j = 0;
+        for (const auto& input : source) {
+            tokens.emplace_back("A_IN" + number + "_" + std::to_string(++j),
+                                N + "_IN" + number + "_" + input.Attribute_Name);
+        }
+        tokens.emplace_back("A_IN" + number, n + "_in" + number);
+    }
+    int i = 0;
+    for (const auto& output : outputs) {
+        tokens.emplace_back("A_OUT_" + std::to_string(++i), N + "_OUT_" + output.Attribute_Name);
+    }
+    tokens.emplace_back("A_OUT", n + "_out");
+    for (const auto& [token, name] : tokens) {
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = at + token.size();
+            const bool cut = generator.WholeNumbers && end < text.size() && std::isdigit(text[end]);
+            if (startsAnyCase(text, at, token) && !cut) {
+                text.replace(at, token.size(), name);
+                at += name.size();
+            } else {
+                ++at;
+            }
+        }
+    }
+    return text;
+}
+
 class LDLDifferentialTest : public LDLGeneratorTest {
   protected:
     using Pass = std::string (LDLGenerator::*)(const std::string&) const;
@@ -131,6 +172,27 @@ TEST_F(LDLDifferentialTest, QuickVariablesAreVariablesByTheLetter) {
     constant("", "q");
     words.insert(words.end(), {"@AT", "@NOBODY"});
     compare(&LDLGenerator::ReplaceVariables, replaceByTheLetter, words, 100'000);
+}
+
+TEST_F(LDLDifferentialTest, QuickNamesAreNamesByTheLetter) {
+    const char* const words[] = {"A_IN", "a_in", "A_OUT", "1", "2",  "3", "0",   "_",    "_1",
+                                 "_2",   "_1",   "a",     "A", "A_", ",", "in1", "IN2_", "out"};
+    activity->Act_Inputs->Item("AGE")->Attribute_Name = "a";
+    activity->Act_Inputs->Item("CITY")->Attribute_Name = "x_a_";
+    std::mt19937 random(7);
+    for (const char* name : {"CheckAge", "Data", "In1", "_in1", "1_a", "out_A"}) {
+        activity->Act_Name = name;
+        LDLGenerator passes = generator();
+        for (int round = 0; round < 20'000; ++round) {
+            std::string text;
+            for (std::size_t left = 1 + random() % 12; left > 0; --left) {
+                text += words[random() % std::size(words)];
+            }
+            passes.WholeNumbers = round % 2 == 1;
+            ASSERT_EQ(passes.ReplaceActivityNames(text), namesByTheLetter(passes, text, name, sources, outputs))
+                << name << " " << text;
+        }
+    }
 }
 
 }  // namespace

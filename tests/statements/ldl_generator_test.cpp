@@ -120,21 +120,71 @@ TEST_F(LDLGeneratorTest, ActivityNames) {
         sources.Add("S" + std::to_string(i));
     }
     EXPECT_EQ(generator().ReplaceActivityNames("A_IN10"), "datdata_in10") << "number 1 hits the head of number 10";
+    activity->Act_Name = "Änderung";
+    EXPECT_EQ(generator().ReplaceActivityNames("A_OUT A_IN1"), "änderung_out änderung_in1");
+}
+
+TEST_F(LDLGeneratorTest, TenAttributesAndMore) {
+    for (int i = 3; i <= 12; ++i) {
+        const std::string name = "C" + std::to_string(i);
+        activity->Act_Inputs->Add(name, 0, 0, name).ParentKeyName = "CheckAge";
+        activity->Act_Inputs->Item(name)->ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS." + name);
+        outputs.append(activity->Act_Inputs->share(activity->Act_Inputs->Count()), name);
+    }
+    sources = sourcesOf(*activity);
+    const std::string text = "a_in1(A_IN1_1,A_IN1_12,A_IN1_13),A_IN10,A_OUT_1,A_OUT_12,A_OUT1,A_OUT";
+    LDLGenerator passes = generator();
+    EXPECT_EQ(passes.ReplaceActivityNames(text),
+              "checkAge_in1(CheckAge_IN1_AU_ID,CheckAge_IN1_AU_ID2,CheckAge_IN1_AU_ID3),checkAge_in10,"
+              "CheckAge_OUT_ID,CheckAge_OUT_ID2,checkAge_out1,checkAge_out")
+        << "the first number is taken for its head";
+    passes.WholeNumbers = true;
+    EXPECT_EQ(passes.ReplaceActivityNames(text),
+              "checkAge_in1(CheckAge_IN1_AU_ID,CheckAge_IN1_C12,checkAge_in1_13),A_IN10,"
+              "CheckAge_OUT_ID,CheckAge_OUT_C12,A_OUT1,checkAge_out")
+        << "whole numbers are not cut";
 }
 
 TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
     constant("X", "@X@X");
     constant("SELF", "@OTHER");
     constant("OTHER", "@SELF");
-    array("A", VarParameterArray, {"x"});
-    EXPECT_LE(generator().ReplaceVariables("@X@X").size(), kMostCharacters);
+    const LDLGenerator::Statement grown = generator().generate("@X@X");
+    EXPECT_EQ(grown.faults, std::vector<std::string>{"The text grows beyond 16 million characters."});
+    EXPECT_GT(grown.text.size(), kMostCharacters / 2);
+    EXPECT_LE(grown.text.size(), kMostCharacters);
     std::string swapping;
     for (int i = 0; i < 100'000; ++i) {
         swapping += "@SELF";
     }
-    EXPECT_LE(generator().ReplaceVariables(swapping).size(), kMostCharacters);
-    const std::string full = "CRITICAL ERROR AT POSITION: ";
-    EXPECT_EQ(generator().ExpandLoops("[i<30000]{[j<30000]{x}$i$}").substr(0, full.size()), full);
+    EXPECT_EQ(generator().generate(swapping).faults, std::vector<std::string>{"The text does not come to an end."});
+    const std::string loops = "[i<30000]{[j<30000]{x}$i$}";
+    EXPECT_EQ(generator().ExpandLoops(loops).rfind("CRITICAL ERROR AT POSITION: ", 0), 0U);
+    EXPECT_EQ(generator().generate(loops).faults.size(), 1U);
+
+    const std::string most(kMostCharacters - 1, 'x');
+    constant("A", "y");
+    EXPECT_TRUE(generator().generate(most + "@A").faults.empty()) << "the greatest text is whole";
+    constant("A", "yz");
+    EXPECT_EQ(generator().generate(most + "@A").faults.size(), 1U) << "and one more is too many";
+}
+
+TEST_F(LDLGeneratorTest, ManyAttributesInALongTextAreNoEndlessWork) {
+    for (int i = 3; i <= 400; ++i) {
+        const std::string name = "C" + std::to_string(i);
+        activity->Act_Inputs->Add(name, 0, 0, name).ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS." + name);
+    }
+    sources = sourcesOf(*activity);
+    std::string text(1'300'000, 'x');
+    for (int i = 1; i <= 9; ++i) {
+        text += " A_IN1_" + std::to_string(i);
+    }
+    for (const char* name : {"CheckAge", "Data"}) {  // the latter makes tokens of its own
+        activity->Act_Name = name;
+        const LDLGenerator::Statement statement = generator().generate(text + " A_OUT_2");
+        EXPECT_TRUE(statement.faults.empty());
+        EXPECT_TRUE(statement.text.ends_with("FULL")) << statement.text.substr(1'300'000);
+    }
 }
 
 TEST_F(LDLGeneratorTest, ScannerFindsVariables) {

@@ -86,7 +86,7 @@ TEST_F(LDLScenarioTest, WritesStatementsThenRules) {
                            "Extra(TARGET_FULL),\n"
                            "Load(TARGET_FULL,_,_).\n"
                            "\n"));
-    EXPECT_EQ(writer.txtLDL, "");
+    EXPECT_EQ(form.txtLDL, "");
 }
 
 TEST_F(LDLScenarioTest, AScenarioWithoutRulesIsOneLineEndAndReplacesAnOldFile) {
@@ -106,6 +106,11 @@ TEST_F(LDLScenarioTest, AfterAFaultTheTextStaysAndTheNextAttemptRepeatsIt) {
     EXPECT_EQ(file(), "(no file)");
 
     makeFolder();
+    canvas::DrawForm other(ports.services());
+    other.setCaption("Other");
+    ports.messages.expect("File \"" + scratch.path().string() + "/LDLS/Other.ldl\" Was Created.");
+    writer.LDLScenario(other);
+    EXPECT_EQ(testkit::fileText(scratch.path() / "LDLS" / "Other.ldl"), "\r\n") << "another scenario begins empty";
     expectWritten();
     writer.LDLScenario(form);
     EXPECT_EQ(file(), "load(1).\r\n\r\nload(1).\r\n\r\n\r\n");
@@ -157,7 +162,7 @@ TEST_F(LDLScenarioTest, LinkThatLeadsNowhereIsAFaultOfTheWholeOutput) {
         expectFault(c.words);
         writer.LDLScenario(form);
         EXPECT_EQ(file(), "(no file)");
-        writer.txtLDL.clear();
+        form.txtLDL.clear();
     }
 }
 
@@ -167,18 +172,29 @@ TEST_F(LDLScenarioTest, WizardOpensForTypedActivitiesWithoutStatement) {
     graph.activity("Made");
     graph.activity("Cancelled");
     graph.activity("Untyped").Act_Type = -1;
+    graph.activity("Last");
     struct : ActivityWizard {
-        std::string opened;
-        void LDLCreate(canvas::DrawForm&, entities::ActivityProperties& activity, ActivityDialog*) override {
-            opened += activity.Act_Name + " ";
+        std::string opened, leaveAt;
+        void LDLCreate(canvas::DrawForm&, entities::ActivityProperties& activity, ActivityDialog*,
+                       WizardRound* round) override {
+            opened += activity.Act_Name + " " + std::to_string(round->place) + "/" + std::to_string(round->count) + " ";
             activity.Act_LDL = activity.Act_Name == "Made" ? "made." : "";
+            round->left = activity.Act_Name == leaveAt;
         }
     } wizard;
     LDLScenarioWriter asking(ports.messages, folder, progress, &wizard);
     expectWritten();
     asking.LDLScenario(form);
-    EXPECT_EQ(wizard.opened, "Made Cancelled ");
-    EXPECT_EQ(file(), crlf("has.\n\nmade.\n\n\n\n\n\n\n"));
+    EXPECT_EQ(wizard.opened, "Made 1/3 Cancelled 2/3 Last 3/3 ");
+    const std::string text = crlf("has.\n\nmade.\n\n\n\n\n\n\n\n\n");
+    EXPECT_EQ(file(), text);
+
+    wizard.opened.clear();
+    wizard.leaveAt = "Cancelled";
+    expectWritten();
+    asking.LDLScenario(form);
+    EXPECT_EQ(wizard.opened, "Cancelled 1/2 ") << "the rest is left";
+    EXPECT_EQ(file(), text);
 }
 
 TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {

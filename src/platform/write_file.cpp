@@ -1,0 +1,84 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <utility>
+
+#include "platform/fault.h"
+#include "platform/text.h"
+
+namespace orvent::platform {
+
+namespace {
+
+/// A file beside the one that is to be written. It goes again unless it was put in that one's place.
+class FileBeside {
+  public:
+    explicit FileBeside(const std::string& path) : path_(path) {
+        struct stat old {};
+        const bool exists = ::lstat(path.c_str(), &old) == 0;
+        if (exists && S_ISREG(old.st_mode) && ::access(path.c_str(), W_OK) != 0) {
+            fail();
+        }
+        beside_ = (std::filesystem::path(path).parent_path() / ".orvent-XXXXXX").string();
+        file_ = ::mkstemp(beside_.data());
+        if (file_ < 0) {
+            fail();
+        }
+        constexpr mode_t kAll = 0666;
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        ::fchmod(file_, exists && S_ISREG(old.st_mode) ? old.st_mode & kAll : kAll & ~mask);
+    }
+    FileBeside(const FileBeside&) = delete;
+    ~FileBeside() {
+        if (file_ >= 0) {
+            ::close(file_);
+        }
+        if (!placed_) {
+            ::unlink(beside_.c_str());
+        }
+    }
+
+    void write(std::string_view text) {
+        while (!text.empty()) {
+            const ssize_t written = ::write(file_, text.data(), text.size());
+            if (written < 0 && errno != EINTR) {
+                fail();
+            }
+            text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+        }
+        if (::fsync(file_) != 0) {
+            fail();
+        }
+    }
+
+    void place() {
+        if (::close(std::exchange(file_, -1)) != 0 || ::rename(beside_.c_str(), path_.c_str()) != 0) {
+            fail();
+        }
+        placed_ = true;
+    }
+
+  private:
+    [[noreturn]] void fail() const { throw Fault(path_ + ": " + std::strerror(errno)); }
+
+    const std::string& path_;
+    std::string beside_;
+    int file_ = -1;
+    bool placed_ = false;
+};
+
+}  // namespace
+
+void writeFile(const std::string& path, std::string_view text) {
+    FileBeside file(path);
+    file.write(text);
+    file.place();
+}
+
+}  // namespace orvent::platform
