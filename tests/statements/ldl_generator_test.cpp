@@ -158,9 +158,9 @@ TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
         swapping += "@SELF";
     }
     EXPECT_EQ(generator().generate(swapping).faults, std::vector<std::string>{"The text does not come to an end."});
-    const std::string loops = "[i<30000]{[j<30000]{x}$i$}";
-    EXPECT_EQ(generator().ExpandLoops(loops).rfind("CRITICAL ERROR AT POSITION: ", 0), 0U);
-    EXPECT_EQ(generator().generate(loops).faults.size(), 1U);
+    const LDLGenerator::Statement loops = generator().generate("[i<30000]{[j<30000]{x}$i$}");
+    EXPECT_EQ(loops.text.rfind("CRITICAL ERROR AT POSITION: ", 0), 0U);
+    EXPECT_EQ(loops.faults.size(), 1U);
 
     const std::string most(kMostCharacters - 1, 'x');
     constant("A", "y");
