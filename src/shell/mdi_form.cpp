@@ -29,8 +29,9 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
                 ports.files,    ports.store,       ports.progress, options_.repository},
       catalogue_(services_, [this] { host_.endProgram(); }),
       loadSave_(services_, catalogue_, *this),
+      wizardAnswers_(options_, ports.store, catalogue_),
       wizardWindow_(host),
-      wizard_(ports.messages, catalogue_.tables, wizardWindow_),
+      wizard_(ports.messages, catalogue_.tables, wizardAnswers_, wizardWindow_),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
       dialogs_(desk, wizard_, *this) {

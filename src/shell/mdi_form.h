@@ -104,6 +104,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     repository::Services services_;
     repository::Catalogue catalogue_;
     repository::ScenarioLoadSave loadSave_;
+    WizardAnswers wizardAnswers_;
     WizardWindow wizardWindow_;
     statements::LDLForm wizard_;
     statements::LDLScenarioWriter ldl_;

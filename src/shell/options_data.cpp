@@ -102,6 +102,7 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
     numbers.read("General", "SelColor", options.canvas.SelColor);
     options.repository.SQLPath = store.value("General", "SQLPath", options.DefaultScript);
     numbers.read("General", "TransDepth", options.TransDepth);
+    options.WholeNumbers = store.value("General", "WholeNumbers", "0") == "-1";
     options.LogPath = store.value("General", "LogPath", folder.root().string());
     return numbers.fault();
 }

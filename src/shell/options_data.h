@@ -16,6 +16,7 @@ struct OptionsData {
     canvas::CanvasSettings canvas;
     repository::RepositorySettings repository;  ///< login values and `SQLPath`
     std::int16_t TransDepth = 10;
+    bool WholeNumbers = false;  ///< the wizard reads the numbers of tokens whole
     std::string LogPath;        ///< folder proposed for an activity's log
     std::string HelpFile;       ///< program folder + "\ORVENTII.chm"
     std::string DefaultScript;  ///< program folder + "\ORVENTII.sql"

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/settings_store.h"
+#include "repository/catalogue.h"
 #include "shell/frame_host.h"
+#include "shell/options_data.h"
 #include "statements/ldl_form.h"
 
 namespace orvent::shell {
@@ -14,6 +17,27 @@ class WizardWindow : public statements::LDLFormWindow {
 
   private:
     FrameHost& host_;
+};
+
+/// What the wizard asks of the values of the run and of the catalogue.
+class WizardAnswers : public statements::WizardServices {
+  public:
+    WizardAnswers(OptionsData& options, platform::SettingsStore& store, repository::Catalogue& catalogue)
+        : options_(options), store_(store), catalogue_(catalogue) {}
+
+    entities::ActivityTypeProperties activityType(std::int16_t index) override {
+        return catalogue_.GetActivityType(index);
+    }
+    bool WholeNumbers() const override { return options_.WholeNumbers; }
+    void setWholeNumbers(bool on) override {
+        options_.WholeNumbers = on;
+        store_.setValue("General", "WholeNumbers", on ? "-1" : "0");
+    }
+
+  private:
+    OptionsData& options_;
+    platform::SettingsStore& store_;
+    repository::Catalogue& catalogue_;
 };
 
 }  // namespace orvent::shell

@@ -1,5 +1,7 @@
 #include "statements/ldl_form.h"
 
+#include <utility>
+
 #include "platform/fault.h"
 #include "platform/text.h"
 #include "statements/activity_builder.h"
@@ -14,6 +16,9 @@ void LDLForm::reset() {
     form_ = nullptr;
     dialog_ = nullptr;
     round_ = nullptr;
+    type_ = {};
+    generatorFaults_.clear();
+    generated_ = false;
     trouble_.clear();
     Activity = nullptr;
     CurrentVariable = nullptr;
@@ -55,8 +60,12 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     zoom::UnSynchronizeActivity(form, activity, false, inDialog());
     Sources = sourcesOf(activity);
     buildOutputsView();
+    type_ = services_.activityType(activity.Act_Type);
     open_ = true;
     try {
+        if (txtTemplate.find('@') != std::string::npos) {
+            cmdParseLDL();
+        }
         window_.run(*this);
     } catch (...) {
         close();
@@ -107,6 +116,9 @@ void LDLForm::cmdParseLDL() {
     } else {
         txtTemplate = OriginalTemplate;
     }
+    generated_ = false;
+    generatorFaults_.clear();
+    trouble_.clear();
     Enabled = {};
     Enabled.txtTemplate = false;
     ScanTemplateVariables(txtTemplate);
@@ -157,6 +169,41 @@ void LDLForm::cmdNext() {
     ShowCurrentVariable();
 }
 
+void LDLForm::enableSteps() {
+    const int count = Variables.Count();
+    Enabled.cmdPrev = CurrentVariable->Index > 1;
+    Enabled.cmdNext = CurrentVariable->Index < count;
+    if (!Enabled.cmdNext) {
+        Enabled.cmdGenerateLDL = allDefinedBeforeLast();
+    }
+}
+
+void LDLForm::goTo(const std::string& variable) {
+    LDLVariable* target = Variables.Item(variable);
+    if (!CurrentVariable || !target || target == CurrentVariable) {
+        return;
+    }
+    storePanel();
+    CurrentVariable = target;
+    enableSteps();
+    ShowCurrentVariable();
+}
+
+void LDLForm::cmdEditTemplate() {
+    if (!open_ || Enabled.txtTemplate) {
+        return;
+    }
+    CurrentVariable = nullptr;
+    Variables.Clear();
+    clearPanel();
+    txtTemplate = std::exchange(OriginalTemplate, {});
+    Enabled = {};
+    Visible = {};
+    generated_ = false;
+    generatorFaults_.clear();
+    trouble_.clear();
+}
+
 void LDLForm::cmdPrev() {
     if (!isEnabled(LDLButton::cmdPrev)) {
         return;
@@ -181,9 +228,14 @@ void LDLForm::cmdGenerateLDL() {
     if (Variables.Count() > 0) {
         storePanel();
     }
-    txtTemplate = LDLGenerator(Variables, Sources, OutputsView, *Activity, *form_).GenerateLDL(OriginalTemplate);
+    LDLGenerator generator(Variables, Sources, OutputsView, *Activity, *form_);
+    generator.WholeNumbers = WholeNumbers();
+    LDLGenerator::Statement statement = generator.generate(OriginalTemplate);
+    txtTemplate = std::move(statement.text);
+    generatorFaults_ = std::move(statement.faults);
+    generated_ = true;
     Enabled.cmdCreateAct = true;
-    marks = CurrentVariable ? occurrences(lblVariable) : std::vector<LDLMark>();
+    marks = CurrentVariable ? occurrences(txtTemplate, lblVariable) : std::vector<LDLMark>();
 }
 
 void LDLForm::cmdCreateAct() {

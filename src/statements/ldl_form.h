@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "entities/name_tables.h"
+#include "entities/type_records.h"
 #include "platform/dialogs.h"
 #include "statements/activity_wizard.h"
 #include "statements/ldl_panel.h"
@@ -14,6 +15,17 @@
 namespace orvent::statements {
 
 class LDLForm;
+
+/// What the wizard asks of the program beyond the scenario.
+class WizardServices {
+  public:
+    virtual ~WizardServices() = default;
+    /// The whole type of an activity, as far as it can be read.
+    virtual entities::ActivityTypeProperties activityType(std::int16_t index) = 0;
+    /// The stored choice to read the numbers of tokens whole.
+    virtual bool WholeNumbers() const = 0;
+    virtual void setWholeNumbers(bool on) = 0;
+};
 
 /// The wizard's window.
 class LDLFormWindow {
@@ -34,13 +46,14 @@ enum class LDLButton { cmdParseLDL, cmdGenerateLDL, cmdCreateAct, cmdNext, cmdPr
 /// state again. All handlers are safe at any time while `isOpen()`.
 class LDLForm : public ActivityWizard {
   public:
-    LDLForm(platform::MessageBox& messages, const entities::CatalogueTables& catalogue, LDLFormWindow& window)
-        : messages_(messages), catalogue_(catalogue), window_(window) {}
+    LDLForm(platform::MessageBox& messages, const entities::CatalogueTables& catalogue, WizardServices& services,
+            LDLFormWindow& window)
+        : messages_(messages), catalogue_(catalogue), services_(services), window_(window) {}
 
-    /// Takes the activity out of the attribute-level graph, runs the window and puts the activity back. An activity
-    /// without a type is told, and nothing opens.
-    void LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity,
-                   ActivityDialog* dialog = nullptr, WizardRound* round = nullptr) override;
+    /// Takes the activity out of the attribute-level graph, runs the window and puts the activity back. A template with
+    /// variables is parsed at once. An activity without a type is told, and nothing opens.
+    void LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity, ActivityDialog* dialog = nullptr,
+                   WizardRound* round = nullptr) override;
 
     bool isOpen() const { return open_; }
 
@@ -81,6 +94,11 @@ class LDLForm : public ActivityWizard {
     void cmdPrev();
     void cmdOK();
     void cmdCancel() { open_ = false; }
+    /// Gives the template back to be edited; all definitions are lost, as at a new parse.
+    void cmdEditTemplate();
+    /// Stores what is on screen and shows that variable; an unknown name does nothing.
+    void goTo(const std::string& variable);
+    void setWholeNumbers(bool on) { services_.setWholeNumbers(on); }
     /// Closes like `cmdCancel`, and opens no further activity of the round.
     void cmdLeaveRest();
     void chooseKind(LDLVariableType option);
@@ -96,6 +114,19 @@ class LDLForm : public ActivityWizard {
     void selectDataType(int position);
     void selectLDLvar(int position);
     void selectLDLSubVar(int position);
+
+    bool WholeNumbers() const { return services_.WholeNumbers(); }
+    const entities::ActivityTypeProperties& type() const { return type_; }
+    const entities::NameTable& functionTypes() const { return catalogue_.functionTypes; }
+    /// Whether `txtTemplate` is a statement that was generated; and by what faults its passes ended.
+    bool hasStatement() const { return generated_; }
+    const std::vector<std::string>& generatorFaults() const { return generatorFaults_; }
+    /// Why the activity was built in part only; empty when it was not.
+    const std::string& trouble() const { return trouble_; }
+    /// False while the values are those of an array of which no element is chosen.
+    bool valuesEnabled() const { return !Visible.frameArrity || ArrayPosition > 0; }
+    /// Where the current variable stands in the template.
+    std::vector<LDLMark> templateMarks() const;
 
     // What the window tells its user in plain words.
 
@@ -142,7 +173,8 @@ class LDLForm : public ActivityWizard {
     void storeValue(LDLVariable& holder) const;
     void storePanel();
     bool allDefinedBeforeLast() const;
-    std::vector<LDLMark> occurrences(const std::string& name) const;
+    void enableSteps();
+    static std::vector<LDLMark> occurrences(const std::string& text, const std::string& name);
     std::string missingValue() const;
     std::string missingOnPanel() const;
     std::string missingInArray() const;
@@ -150,11 +182,15 @@ class LDLForm : public ActivityWizard {
 
     platform::MessageBox& messages_;
     const entities::CatalogueTables& catalogue_;
+    WizardServices& services_;
     LDLFormWindow& window_;
     canvas::DrawForm* form_ = nullptr;  ///< the design window
     ActivityDialog* dialog_ = nullptr;
     WizardRound* round_ = nullptr;
     std::string trouble_;  ///< why the activity was built in part only
+    entities::ActivityTypeProperties type_;
+    std::vector<std::string> generatorFaults_;
+    bool generated_ = false;
     bool open_ = false;
 };
 

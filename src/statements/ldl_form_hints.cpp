@@ -1,6 +1,7 @@
 #include <string>
 
 #include "statements/ldl_form.h"
+#include "statements/ldl_guide.h"
 
 namespace orvent::statements {
 
@@ -222,7 +223,14 @@ std::string LDLForm::hint() const {
     if (!trouble_.empty()) {
         return "The activity was built in part only. " + trouble_;
     }
-    if (Enabled.cmdOK && ActivityCreated) {
+    const std::vector<Advice> faults = LDLGuide(*this).faults();
+    const bool created = Enabled.cmdOK && ActivityCreated;
+    if (!faults.empty()) {
+        return (created ? "The activity is created, but its statement is not complete. "
+                        : "The statement is not complete. ") +
+               faults.front().words;
+    }
+    if (created) {
         return "The activity is created. Keep its statement with OK.";
     }
     if (!CurrentVariable) {

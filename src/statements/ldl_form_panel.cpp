@@ -129,6 +129,9 @@ void LDLForm::fillRegulators() {
 }
 
 void LDLForm::selectInput(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listInputs.choose(at);
     listInputAttributes.clear();
     if (const LDLSource* source = Sources.Source(listInputs.ListIndex + 1)) {
@@ -140,6 +143,9 @@ void LDLForm::selectInput(int at) {
 }
 
 void LDLForm::selectRS(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listRS.choose(at);
     listRSattributes.clear();
     const canvas::LabelsD* node = form_ ? form_->nodeNamed(listRS.Text()) : nullptr;
@@ -151,6 +157,9 @@ void LDLForm::selectRS(int at) {
 }
 
 void LDLForm::selectLDLvar(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listLDLvars.choose(at);
     listLDLSubVars.clear();
     const LDLVariable* regulator = listLDLvars.ListIndex < 0 ? nullptr : Variables.Item(listLDLvars.Text());
@@ -163,41 +172,59 @@ void LDLForm::selectLDLvar(int at) {
 }
 
 void LDLForm::selectInputAttribute(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listInputAttributes.choose(at);
 }
 
 void LDLForm::selectRSattribute(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listRSattributes.choose(at);
 }
 
 void LDLForm::selectDataType(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listDataTypes.choose(at);
 }
 
 void LDLForm::selectLDLSubVar(int at) {
+    if (!valuesEnabled()) {
+        return;
+    }
     listLDLSubVars.choose(at);
 }
 
 void LDLForm::chooseValue(LDLRegulatorType option) {
-    value = option;
+    if (valuesEnabled()) {
+        value = option;
+    }
 }
 
-std::vector<LDLMark> LDLForm::occurrences(const std::string& name) const {
+std::vector<LDLMark> LDLForm::templateMarks() const {
+    return CurrentVariable ? occurrences(OriginalTemplate, lblVariable) : std::vector<LDLMark>();
+}
+
+std::vector<LDLMark> LDLForm::occurrences(const std::string& text, const std::string& name) {
     const std::string sought = "@" + name;
     std::vector<LDLMark> result;
-    std::size_t at = txtTemplate.find(sought);
+    std::size_t at = text.find(sought);
     while (at != std::string::npos) {
         std::size_t end = at + sought.size();
-        if (end < txtTemplate.size() && isNameCharacter(txtTemplate[end])) {
-            at = txtTemplate.find(sought, at + 1);
+        if (end < text.size() && isNameCharacter(text[end])) {
+            at = text.find(sought, at + 1);
             continue;
         }
-        if (end < txtTemplate.size() && txtTemplate[end] == '[') {
-            const std::size_t close = txtTemplate.find(']', end);
+        if (end < text.size() && text[end] == '[') {
+            const std::size_t close = text.find(']', end);
             end = close == std::string::npos ? end : close + 1;
         }
         result.push_back({at, end - at});
-        at = txtTemplate.find(sought, end);
+        at = text.find(sought, end);
     }
     return result;
 }

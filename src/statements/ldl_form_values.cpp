@@ -112,7 +112,7 @@ void LDLForm::ShowCurrentVariable() {
     const LDLVariable& variable = *CurrentVariable;
     resetPanel();
     lblVariable = variable.VariableName;
-    marks = occurrences(lblVariable);
+    marks = occurrences(txtTemplate, lblVariable);
     Visible.arrayOptions = variable.SubVariables != nullptr;
     Visible.scalarOptions = !Visible.arrayOptions;
     frameValueCaption = Visible.arrayOptions ? "Value Of  " : "Value";

@@ -127,9 +127,8 @@ TEST_F(LDLFormTest, StepsThroughTheVariables) {
     });
     EXPECT_EQ(activity->Act_LDL, "");
 
+    ports.messages.expect("The bracket behind \"@Y\" is not closed.");
     run("@X @Y[", [&](LDLForm& open) {
-        ports.messages.expect("The bracket behind \"@Y\" is not closed.");
-        open.cmdParseLDL();
         EXPECT_EQ(open.Variables.Count(), 2);
         open.cmdCancel();
     });
@@ -197,6 +196,73 @@ TEST_F(LDLFormTest, PanelKeepsWhatWasChosen) {
         open.selectRS(-1);
         open.cmdNext();
         EXPECT_EQ(open.Variables.Item("Fld")->RegulatedFrom, -1) << "an empty choice is stored as -1";
+        open.cmdCancel();
+    });
+}
+
+TEST_F(LDLFormTest, ValuesWaitForAnElement) {
+    run("@Arr[1] @Os[1]", [&](LDLForm& open) {
+        for (const LDLVariableType kind : {VarParameterArray, VarOutputArray}) {
+            open.chooseKind(kind);
+            open.UpDownArity_Up();
+            EXPECT_FALSE(open.valuesEnabled());
+            open.chooseValue(RegInput);
+            open.selectInput(0);
+            open.selectLDLvar(0);
+            EXPECT_EQ(open.value, RegUndefined) << "what no element would take is not entered";
+            EXPECT_EQ(open.listInputs.ListIndex, -1);
+            EXPECT_EQ(open.listLDLvars.ListIndex, -1);
+            open.selectArrity(0);
+            EXPECT_TRUE(open.valuesEnabled());
+            if (kind == VarParameterArray) {
+                chooseValueOf(open, "in 0 1");
+            } else {
+                open.selectLDLvar(0);
+            }
+            open.cmdNext();
+        }
+        EXPECT_EQ(open.Variables.Item("Arr")->SubVariables->Item(1)->RegulatedFrom, 1);
+        open.cmdCancel();
+    });
+}
+
+TEST_F(LDLFormTest, LeavesTheRestOfARound) {
+    WizardRound round{2, 5};
+    catalogue.activityTypeLdl = {"@X"};
+    window.play = [](LDLForm& open) {
+        EXPECT_EQ(open.roundText(), "Activity 2 of 5 without a statement");
+        open.cmdLeaveRest();
+    };
+    wizard.LDLCreate(form, *activity, nullptr, &round);
+    EXPECT_TRUE(round.left);
+    run("@X", [](LDLForm& open) {
+        EXPECT_EQ(open.roundText(), "");
+        open.cmdLeaveRest();
+        EXPECT_TRUE(open.isOpen()) << "there is no rest";
+        open.cmdCancel();
+    });
+}
+
+TEST_F(LDLFormTest, ATemplateIsParsedAtOnceAndCanBeEditedAgain) {
+    run("@A @B", [](LDLForm& open) {
+        EXPECT_EQ(open.progressText(), "Variable 1 of 2: @A");
+        open.chooseKind(VarParameter);
+        open.goTo("B");
+        EXPECT_EQ(buttons(open), "prev generate ");
+        EXPECT_EQ(open.Variables.Item("A")->VariableType, VarParameter) << "what was on screen is kept";
+        open.goTo("A");
+        EXPECT_EQ(buttons(open), "next generate ");
+        open.goTo("Z");
+        EXPECT_EQ(open.lblVariable, "A");
+        open.cmdGenerateLDL();
+        open.cmdEditTemplate();
+        EXPECT_EQ(open.txtTemplate, "@A @B");
+        EXPECT_TRUE(open.Enabled.txtTemplate);
+        EXPECT_FALSE(open.Visible.frameVar);
+        EXPECT_EQ(buttons(open), "");
+        open.txtTemplate = "@C";
+        open.cmdParseLDL();
+        EXPECT_EQ(open.progressText(), "Variable 1 of 1: @C");
         open.cmdCancel();
     });
 }

@@ -172,7 +172,8 @@ TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
 TEST_F(LDLGeneratorTest, ManyAttributesInALongTextAreNoEndlessWork) {
     for (int i = 3; i <= 400; ++i) {
         const std::string name = "C" + std::to_string(i);
-        activity->Act_Inputs->Add(name, 0, 0, name).ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS." + name);
+        activity->Act_Inputs->Add(name, 0, 0, name)
+            .ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS." + name);
     }
     sources = sourcesOf(*activity);
     std::string text(1'300'000, 'x');

@@ -103,13 +103,14 @@ class StarterActivitiesTest : public testkit::CanvasTest {
         activity.Act_Type = catalogue.ActivityTypeIndex(starter["type"][0]);
         window.play = [&starter](LDLForm& wizard) { answer(wizard, starter["var"]); };
         ports.messages.expect("Activity Created", "", platform::Icon::information);
-        LDLForm(ports.messages, catalogue.tables, window).LDLCreate(form, activity);
+        LDLForm(ports.messages, catalogue.tables, wizardServices, window).LDLCreate(form, activity);
         return activity.Act_LDL;
     }
 
     testkit::TestRepository repository;
     repository::Services services = repository.services();
     repository::Catalogue catalogue{services, [] {}};
+    FakeWizardServices wizardServices;
     WizardScript window;
 };
 

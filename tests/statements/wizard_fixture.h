@@ -21,6 +21,22 @@ class WizardScript : public LDLFormWindow {
     void run(LDLForm& form) override { play(form); }
 };
 
+/// No more of the program than a test sets.
+class FakeWizardServices : public WizardServices {
+  public:
+    entities::ActivityTypeProperties activityType(std::int16_t) override {
+        entities::ActivityTypeProperties type;
+        type.ActType_Name = name;
+        type.ActType_Description = description;
+        return type;
+    }
+    bool WholeNumbers() const override { return whole; }
+    void setWholeNumbers(bool on) override { whole = on; }
+
+    std::string name, description;
+    bool whole = false;
+};
+
 inline int positionOf(LDLList list, const std::string& name) {
     list.select(name);
     return list.ListIndex;
@@ -103,8 +119,9 @@ class WizardTest : public testkit::CanvasTest {
     testkit::GraphBuilder graph{form};
     entities::ActivityProperties* activity = nullptr;
     entities::CatalogueTables catalogue;
+    FakeWizardServices services;
     WizardScript window;
-    LDLForm wizard{ports.messages, catalogue, window};
+    LDLForm wizard{ports.messages, catalogue, services, window};
 };
 
 }  // namespace orvent::statements

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QTextLayout>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int kPicture = 24;
 constexpr int kReasonLines = 2;
+constexpr int kMostNotes = 3;
 constexpr double kGround = 0.12;
 
 QLabel* newLine(const QString& name, QWidget* parent) {
@@ -27,25 +29,59 @@ QLabel* newLine(const QString& name, QWidget* parent) {
 
 }  // namespace
 
-GuideStrip::GuideStrip(QWidget* parent)
-    : QWidget(parent), place_(newLine(QStringLiteral("progress"), this)), hint_(newLine(QStringLiteral("hint"), this)) {
+GuideStrip::GuideStrip(QWidget* parent, std::function<void(const QString&)> go)
+    : QWidget(parent),
+      go_(std::move(go)),
+      place_(newLine(QStringLiteral("progress"), this)),
+      hint_(newLine(QStringLiteral("hint"), this)),
+      notes_(new QLabel(this)) {
     QFont bold = place_->font();
     bold.setBold(true);
     place_->setFont(bold);
+    notes_->setObjectName(QStringLiteral("notes"));
+    notes_->setTextFormat(Qt::RichText);
+    notes_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    notes_->setWordWrap(true);
+    connect(notes_, &QLabel::linkActivated, this, [this](const QString& target) { go_(target); });
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(Spacing::margin + kPicture + Spacing::margin, Spacing::gap, Spacing::margin,
                               Spacing::gap);
     lines->setSpacing(2);
     lines->addWidget(place_);
     lines->addWidget(hint_);
+    lines->addWidget(notes_);
 }
 
-void GuideStrip::show(const QIcon& icon, const QString& place, const QString& hint) {
+void GuideStrip::show(const QIcon& icon, const QString& place, const GuideLine& hint,
+                      const std::vector<GuideLine>& notes) {
     icon_ = icon;
+    target_ = hint.target;
     place_->setText(place);
-    hint_->setText(hint);
-    hint_->setToolTip(hint);
+    hint_->setText(hint.words);
+    hint_->setToolTip(hint.words);
+    setCursor(target_.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    QStringList shown;
+    QStringList all;
+    for (const GuideLine& note : notes) {
+        const QString words = note.words.toHtmlEscaped();
+        all << words;
+        if (shown.size() < kMostNotes) {
+            shown << (note.target.isEmpty() ? words : QStringLiteral("<a href=\"%1\">%2</a>").arg(note.target, words));
+        }
+    }
+    if (all.size() > shown.size()) {
+        shown << tr("%1 more").arg(all.size() - shown.size());
+    }
+    notes_->setText(shown.join(QStringLiteral("<br>")));
+    notes_->setToolTip(all.join(QStringLiteral("<br>")));
+    notes_->setVisible(!shown.isEmpty());
     update();
+}
+
+void GuideStrip::mouseReleaseEvent(QMouseEvent* event) {
+    if (!target_.isEmpty() && rect().contains(event->pos())) {
+        go_(target_);
+    }
 }
 
 void GuideStrip::paintEvent(QPaintEvent*) {

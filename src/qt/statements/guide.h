@@ -2,28 +2,41 @@
 
 #include <QIcon>
 #include <QWidget>
+#include <functional>
+#include <vector>
 
 class QLabel;
 class QPushButton;
 
 namespace orvent::qt {
 
-/// A tinted strip that tells where its user is, in bold, and what comes next.
+/// A line of the strip, and the name of what a click on it goes to; empty when it goes nowhere.
+struct GuideLine {
+    QString words;
+    QString target;
+};
+
+/// A tinted strip that tells where its user is, in bold, what comes next, and what else is to be known.
 class GuideStrip : public QWidget {
     Q_OBJECT
 
   public:
-    explicit GuideStrip(QWidget* parent);
+    /// `go` hears the target of a line that was clicked.
+    GuideStrip(QWidget* parent, std::function<void(const QString&)> go);
 
-    void show(const QIcon& icon, const QString& place, const QString& hint);
+    void show(const QIcon& icon, const QString& place, const GuideLine& hint, const std::vector<GuideLine>& notes);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    std::function<void(const QString&)> go_;
     QIcon icon_;
     QLabel* place_;
     QLabel* hint_;
+    QLabel* notes_;
+    QString target_;
 };
 
 /// A button with a quiet text below that tells why it is grey.

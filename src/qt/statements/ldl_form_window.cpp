@@ -1,6 +1,7 @@
 #include "qt/statements/ldl_form_window.h"
 
 #include <QAbstractScrollArea>
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -9,10 +10,12 @@
 
 #include "qt/statements/guide.h"
 #include "qt/statements/template_box.h"
+#include "qt/statements/text_pair.h"
 #include "qt/statements/variable_list.h"
 #include "qt/statements/variable_panel.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
+#include "statements/ldl_guide.h"
 
 namespace orvent::qt {
 
@@ -41,9 +44,7 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
     if (logic_.Activity) {
         setWindowTitle(tr("%1 — Generate From LDL").arg(QString::fromStdString(logic_.Activity->Act_Name)));
     }
-    guide_ = new GuideStrip(this);
-    body().addWidget(guide_);
-    body().addSpacing(Spacing::gap);
+    addTop();
     auto* sides = new QHBoxLayout;
     sides->setSpacing(Spacing::section);
     sides->addWidget(newTemplateSide(), 1);
@@ -58,20 +59,87 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
         return !logic_.isOpen();
     });
     addCancel(QStringLiteral("cmdCancel"));
+    if (!logic_.roundText().empty()) {
+        addSideButton(QStringLiteral("cmdLeaveRest"), tr("Leave The Rest"), [this] {
+            logic_.cmdLeaveRest();
+            reject();
+        });
+    }
     showState();
     resize(kSize);
-    guided_.front().shown->button().setFocus();
+    if (logic_.CurrentVariable) {
+        panel_->focusKind();
+    } else {
+        guided_.front().shown->button().setFocus();
+    }
 }
 
-QWidget* LDLFormWindow::newTemplateSide() {
-    auto* side = new QWidget(this);
-    auto* frameTemplate = new QGroupBox(QLatin1String(statements::kFrameTemplateCaption), side);
+/// What the activity's type does, which activity of several it is, and the guide.
+void LDLFormWindow::addTop() {
+    const auto addLine = [this](const char* name, const std::string& words) {
+        auto* line = new QLabel(QString::fromStdString(words), this);
+        line->setObjectName(QLatin1String(name));
+        line->setTextFormat(Qt::PlainText);
+        line->setWordWrap(true);
+        line->setVisible(!words.empty());
+        body().addWidget(line);
+    };
+    addLine("round", logic_.roundText());
+    addLine("type", logic_.isOpen() ? statements::LDLGuide(logic_).typeText() : std::string());
+    guide_ = new GuideStrip(this, [this](const QString& variable) { goTo(variable); });
+    body().addSpacing(Spacing::gap / 2);
+    body().addWidget(guide_);
+    body().addSpacing(Spacing::gap);
+}
+
+/// The text box, and beside it the template while the box shows the statement.
+QWidget* LDLFormWindow::newTexts(QWidget* side) {
+    texts_ = new TextPair(Qt::Vertical, side);
+    texts_->setChildrenCollapsible(false);
+    frameOriginal_ = new QGroupBox(tr("Before Generating"), texts_);
+    original_ = new TemplateBox(frameOriginal_);
+    original_->setObjectName(QStringLiteral("original"));
+    original_->setReadOnly(true);
+    putInto(*frameOriginal_, *original_);
+    auto* frameTemplate = new QGroupBox(QLatin1String(statements::kFrameTemplateCaption), texts_);
     frameTemplate->setObjectName(QStringLiteral("frameTemplate"));
     txtTemplate_ = new TemplateBox(frameTemplate);
     txtTemplate_->setObjectName(QStringLiteral("txtTemplate"));
     putInto(*frameTemplate, *txtTemplate_);
+    connect(txtTemplate_, &QTextEdit::textChanged, this, [this] {
+        logic_.txtTemplate = txtTemplate_->edited();
+        showState();
+    });
+    return texts_;
+}
+
+QWidget* LDLFormWindow::newChoices(QWidget* side) {
+    auto* row = new QWidget(side);
+    wholeNumbers_ = new QCheckBox(tr("Whole Numbers"), row);
+    wholeNumbers_->setObjectName(QStringLiteral("wholeNumbers"));
+    wholeNumbers_->setToolTip(tr("A_IN1_10 is one name, and not A_IN1_1 with a 0 behind it."));
+    connect(wholeNumbers_, &QCheckBox::clicked, this, [this](bool on) {
+        logic_.setWholeNumbers(on);
+        showState();
+    });
+    editTemplate_ = new QPushButton(tr("Edit Template"), row);
+    editTemplate_->setObjectName(QStringLiteral("cmdEditTemplate"));
+    editTemplate_->setAutoDefault(false);
+    editTemplate_->setToolTip(tr("Gives the template back to be edited; what was defined is lost."));
+    connect(editTemplate_, &QPushButton::clicked, this, [this] { act(&LDLForm::cmdEditTemplate); });
+    auto* columns = new QHBoxLayout(row);
+    columns->setContentsMargins({});
+    columns->addWidget(editTemplate_);
+    columns->addStretch();
+    columns->addWidget(wholeNumbers_);
+    return row;
+}
+
+QWidget* LDLFormWindow::newTemplateSide() {
+    auto* side = new QWidget(this);
+    QWidget* texts = newTexts(side);
     frameVariables_ = new QGroupBox(tr("Variables"), side);
-    variables_ = new VariableList(frameVariables_);
+    variables_ = new VariableList(frameVariables_, [this](const QString& variable) { goTo(variable); });
     variables_->setFixedHeight(kVariablesHeight);
     putInto(*frameVariables_, *variables_);
 
@@ -88,13 +156,10 @@ QWidget* LDLFormWindow::newTemplateSide() {
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins({});
     rows->setSpacing(Spacing::margin);
-    rows->addWidget(frameTemplate, 1);
+    rows->addWidget(texts, 1);
+    rows->addWidget(newChoices(side));
     rows->addWidget(frameVariables_);
     rows->addLayout(stages);
-    connect(txtTemplate_, &QTextEdit::textChanged, this, [this] {
-        logic_.txtTemplate = txtTemplate_->edited();
-        showState();
-    });
     return side;
 }
 
@@ -155,13 +220,44 @@ void LDLFormWindow::showButtons() {
     whyNotOK_->setText(notOK);
 }
 
+void LDLFormWindow::showGuide() {
+    using Mood = statements::LDLGuide::Mood;
+    const statements::LDLGuide guide(logic_);
+    const auto line = [](const statements::Advice& advice) {
+        return GuideLine{QString::fromStdString(advice.words), QString::fromStdString(advice.variable)};
+    };
+    const std::vector<statements::Advice> faults = guide.faults();
+    const std::vector<statements::Advice> advice = guide.advice();
+    std::vector<GuideLine> notes;
+    // The hint tells the first fault.
+    for (std::size_t at = faults.empty() ? 0 : 1; at < advice.size(); ++at) {
+        notes.push_back(line(advice[at]));
+    }
+    const Mood mood = guide.mood();
+    guide_->show(icon(mood == Mood::complete  ? QStringLiteral("complete")
+                      : mood == Mood::missing ? QStringLiteral("warning")
+                                              : QStringLiteral("about")),
+                 QString::fromStdString(logic_.progressText()),
+                 {QString::fromStdString(logic_.hint()), faults.empty() ? QString() : line(faults.front()).target},
+                 notes);
+    wholeNumbers_->setVisible(guide.offersWholeNumbers());
+}
+
+void LDLFormWindow::goTo(const QString& variable) {
+    logic_.goTo(variable.toStdString());
+    showState();
+    panel_->focusKind();
+}
+
 void LDLFormWindow::showState() {
     if (!logic_.isOpen()) {
         return;
     }
-    const bool whole = logic_.CurrentVariable && logic_.isComplete(*logic_.CurrentVariable);
-    guide_->show(icon(whole ? QStringLiteral("complete") : QStringLiteral("about")),
-                 QString::fromStdString(logic_.progressText()), QString::fromStdString(logic_.hint()));
+    showGuide();
+    frameOriginal_->setVisible(logic_.hasStatement());
+    original_->showTemplate(logic_.OriginalTemplate, logic_.templateMarks());
+    wholeNumbers_->setChecked(logic_.WholeNumbers());
+    editTemplate_->setVisible(!logic_.Enabled.txtTemplate);
     txtTemplate_->setReadOnly(!logic_.Enabled.txtTemplate);
     txtTemplate_->showTemplate(logic_.txtTemplate, logic_.marks);
     frameVariables_->setVisible(logic_.Visible.frameVar);

@@ -3,6 +3,7 @@
 #include "qt/dialogs/dialog_base.h"
 #include "statements/ldl_form.h"
 
+class QCheckBox;
 class QGroupBox;
 class QLabel;
 class QPushButton;
@@ -12,6 +13,7 @@ namespace orvent::qt {
 class GuidedButton;
 class GuideStrip;
 class TemplateBox;
+class TextPair;
 class VariableList;
 class VariablePanel;
 
@@ -27,13 +29,18 @@ class LDLFormWindow : public DialogBase {
   private:
     using Event = void (statements::LDLForm::*)();
 
+    void addTop();
     QWidget* newTemplateSide();
+    QWidget* newTexts(QWidget* side);
+    QWidget* newChoices(QWidget* side);
     QWidget* newVariableSide();
     GuidedButton* newButton(statements::LDLButton which, const char* name, const char* caption, Event handler);
     QString reason(statements::LDLButton which) const;
     void act(Event handler);
     void showState();
+    void showGuide();
     void showButtons();
+    void goTo(const QString& variable);
 
     struct Button {
         statements::LDLButton which;
@@ -43,7 +50,12 @@ class LDLFormWindow : public DialogBase {
     statements::LDLForm& logic_;
     std::vector<Button> guided_;
     GuideStrip* guide_ = nullptr;
+    TextPair* texts_ = nullptr;
     TemplateBox* txtTemplate_ = nullptr;
+    TemplateBox* original_ = nullptr;
+    QGroupBox* frameOriginal_ = nullptr;
+    QCheckBox* wholeNumbers_ = nullptr;
+    QPushButton* editTemplate_ = nullptr;
     QGroupBox* frameVariables_ = nullptr;
     VariableList* variables_ = nullptr;
     QWidget* variableSide_ = nullptr;

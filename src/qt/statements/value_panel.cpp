@@ -1,5 +1,6 @@
 #include "qt/statements/value_panel.h"
 
+#include <QAbstractItemView>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include "qt/dialogs/fields.h"
 #include "qt/statements/option_group.h"
 #include "qt/theme/theme.h"
+#include "statements/ldl_guide.h"
 
 namespace orvent::qt {
 
@@ -50,12 +52,8 @@ constexpr ChoiceRow kChoices[] = {
      &LDLVisible::listLDLSubVars, statements::RegUndefined},
 };
 
-void fill(QComboBox& box, const LDLList& list) {
+void fill(QComboBox& box, const LDLList& list, const QStringList& items, bool enabled) {
     const QSignalBlocker quiet(box);
-    QStringList items;
-    for (const std::string& item : list.items) {
-        items << QString::fromStdString(item);
-    }
     QStringList present;
     for (int row = 0; row < box.count(); ++row) {
         present << box.itemText(row);
@@ -63,9 +61,11 @@ void fill(QComboBox& box, const LDLList& list) {
     if (items != present) {
         box.clear();
         box.addItems(items);
+        box.view()->setMinimumWidth(box.view()->sizeHintForColumn(0) + kIndent);
     }
     box.setCurrentIndex(list.ListIndex);
-    box.setEnabled(!list.items.empty());
+    box.setToolTip(box.currentText());
+    box.setEnabled(enabled && !list.items.empty());
 }
 
 }  // namespace
@@ -78,11 +78,14 @@ ValuePanel::ValuePanel(LDLForm& logic, std::function<void()> changed, QWidget* p
         changed_();
     });
     const auto cell = [this](List list) { return newChoiceCell(list); };
-    QWidget* constant = newFieldCell("txtConst", "lblConst", QT_TR_NOOP("Text"), &LDLForm::txtConst,
+    QLineEdit* text = newField(QStringLiteral("txtConst"), this);
+    text->setMinimumWidth(0);
+    QWidget* constant = newFieldCell(text, text, "lblConst", QT_TR_NOOP("Text"), &LDLForm::txtConst,
                                      &LDLVisible::txtConst, statements::RegConstant);
+    QLineEdit* name = newFunctionField();
     QWidget* functionName =
-        newFieldCell("txtFunctionName", "lblFunctionName", statements::kFunctionNameCaption, &LDLForm::txtFunctionName,
-                     &LDLVisible::txtFunctionName, statements::RegUndefined);
+        newFieldCell(name, name->parentWidget(), "lblFunctionName", statements::kFunctionNameCaption,
+                     &LDLForm::txtFunctionName, &LDLVisible::txtFunctionName, statements::RegUndefined);
     QWidget* const values[] = {newRow({cell(Inputs), cell(InputAttributes)}), newRow({cell(RS), cell(RSattributes)}),
                                newRow({constant, cell(DataTypes)})};
 
@@ -142,17 +145,34 @@ QWidget* ValuePanel::newChoiceCell(std::size_t number) {
     return newCell(row.captionName, row.caption, box, row.visible);
 }
 
-QWidget* ValuePanel::newFieldCell(const char* name, const char* captionName, const char* caption,
+/// The function's name: one of the catalogue's types, or any other.
+QLineEdit* ValuePanel::newFunctionField() {
+    QComboBox* names = newChoice(QStringLiteral("functionNames"), this);
+    names->setMinimumWidth(0);
+    names->setEditable(true);
+    names->setInsertPolicy(QComboBox::NoInsert);
+    names->setCompleter(nullptr);  // it would put another's letters in the place of those typed
+    const entities::NameTable& types = logic_.functionTypes();
+    for (std::size_t type = 0; type < types.rows(); ++type) {
+        const QString name = QString::fromStdString(types.name(static_cast<std::int16_t>(type)));
+        if (!name.startsWith(QLatin1Char('['))) {
+            names->addItem(name);
+        }
+    }
+    names->setCurrentIndex(-1);
+    names->lineEdit()->setObjectName(QStringLiteral("txtFunctionName"));
+    return names->lineEdit();
+}
+
+QWidget* ValuePanel::newFieldCell(QLineEdit* box, QWidget* control, const char* captionName, const char* caption,
                                   std::string LDLForm::*text, bool LDLVisible::*visible, LDLRegulatorType implied) {
-    QLineEdit* box = newField(QLatin1String(name), this);
-    box->setMinimumWidth(0);
     fields_.push_back({box, text});
     connect(box, &QLineEdit::textChanged, this, [this, text, implied](const QString& typed) {
         logic_.chooseValue(implied);
         logic_.*text = typed.toStdString();
         changed_();
     });
-    return newCell(captionName, caption, box, visible);
+    return newCell(captionName, caption, control, visible);
 }
 
 void ValuePanel::showState() {
@@ -168,10 +188,22 @@ void ValuePanel::showState() {
         row.whole->setVisible(
             std::any_of(row.cells.begin(), row.cells.end(), [](const QWidget* cell) { return !cell->isHidden(); }));
     }
+    const bool enabled = logic_.valuesEnabled();
+    for (QAbstractButton* option : options_->buttons()) {
+        option->setEnabled(enabled);
+    }
+    const statements::LDLGuide guide(logic_);
     for (const Choice& choice : choices_) {
-        fill(*choice.box, logic_.*choice.list);
+        const LDLList& list = logic_.*choice.list;
+        QStringList items;
+        for (std::size_t at = 0; at < list.items.size(); ++at) {
+            items << QString::fromStdString(
+                choice.list == &LDLForm::listInputs ? guide.sourceCaption(static_cast<int>(at)) : list.items[at]);
+        }
+        fill(*choice.box, list, items, enabled);
     }
     for (const Field& field : fields_) {
+        field.box->setEnabled(enabled);
         const QString text = QString::fromStdString(logic_.*field.text);
         if (field.box->text() != text) {
             const QSignalBlocker quiet(field.box);

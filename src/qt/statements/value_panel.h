@@ -47,7 +47,8 @@ class ValuePanel : public QGroupBox {
     QWidget* newCell(const char* captionName, const char* caption, QWidget* control,
                      bool statements::LDLVisible::*visible);
     QWidget* newChoiceCell(std::size_t row);
-    QWidget* newFieldCell(const char* name, const char* captionName, const char* caption,
+    QLineEdit* newFunctionField();
+    QWidget* newFieldCell(QLineEdit* box, QWidget* control, const char* captionName, const char* caption,
                           std::string statements::LDLForm::*text, bool statements::LDLVisible::*visible,
                           statements::LDLRegulatorType implied);
 

@@ -4,12 +4,13 @@
 #include <algorithm>
 
 #include "qt/theme/icons.h"
+#include "statements/ldl_guide.h"
 
 namespace orvent::qt {
 
 namespace {
 
-enum Column { NameColumn, KindColumn, Columns };
+enum Column { NameColumn, KindColumn, MeaningColumn, Columns };
 constexpr int kIcon = 16;
 constexpr int kPadding = 40;
 constexpr statements::LDLVariableType kWidestKind = statements::VarFunctionParameterArray;
@@ -25,7 +26,7 @@ QString kindCaption(statements::LDLVariableType kind) {
 
 }  // namespace
 
-VariableList::VariableList(QWidget* parent) : QTreeWidget(parent) {
+VariableList::VariableList(QWidget* parent, std::function<void(const QString&)> go) : QTreeWidget(parent) {
     setObjectName(QStringLiteral("listVariables"));
     setColumnCount(Columns);
     setHeaderHidden(true);
@@ -33,10 +34,13 @@ VariableList::VariableList(QWidget* parent) : QTreeWidget(parent) {
     setUniformRowHeights(true);
     setFocusPolicy(Qt::NoFocus);
     setIconSize({kIcon, kIcon});
-    header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+    // Names are as wide as they are; what the columns leave is for the meaning.
+    header()->setSectionResizeMode(NameColumn, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(KindColumn, QHeaderView::Fixed);
     header()->resizeSection(KindColumn, fontMetrics().horizontalAdvance(kindCaption(kWidestKind)) + kPadding);
-    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(MeaningColumn, QHeaderView::Stretch);
+    connect(this, &QTreeWidget::itemClicked, this,
+            [go = std::move(go)](QTreeWidgetItem* row) { go(row->text(NameColumn).mid(1)); });
 }
 
 void VariableList::showState(const statements::LDLForm& logic) {
@@ -47,6 +51,7 @@ void VariableList::showState(const statements::LDLForm& logic) {
     while (topLevelItemCount() < count) {
         addTopLevelItem(new QTreeWidgetItem);
     }
+    const statements::LDLGuide guide(logic);
     const QIcon complete = icon(QStringLiteral("complete"));
     const QIcon missing = icon(QStringLiteral("missing"));
     for (const statements::LDLVariable& variable : logic.Variables) {
@@ -60,6 +65,10 @@ void VariableList::showState(const statements::LDLForm& logic) {
         row.setIcon(NameColumn, whole ? complete : missing);
         row.setToolTip(NameColumn, whole ? tr("Complete") : tr("Something is missing"));
         row.setText(KindColumn, kindCaption(kind));
+        const QString meaning = QString::fromStdString(guide.meaningOf(variable));
+        row.setText(MeaningColumn, meaning);
+        row.setToolTip(MeaningColumn, meaning);
+        row.setForeground(MeaningColumn, palette().color(QPalette::PlaceholderText));
         if (current) {
             setCurrentItem(&row);
         }

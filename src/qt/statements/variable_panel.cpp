@@ -14,6 +14,7 @@
 #include "qt/statements/value_panel.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
+#include "statements/ldl_guide.h"
 
 namespace orvent::qt {
 
@@ -97,9 +98,46 @@ QGroupBox* VariablePanel::newKinds() {
     rows->setContentsMargins(Spacing::margin, Spacing::gap, Spacing::margin, Spacing::gap);
     rows->setSpacing(Spacing::gap);
     rows->addWidget(lblVariable_);
+    addWords(*frame);
+    rows->addWidget(meaning_);
+    rows->addWidget(proposal_);
     rows->addWidget(scalars_);
     rows->addWidget(arrays_);
     return frame;
+}
+
+/// What the variable stands for, and what the template makes plain of it.
+void VariablePanel::addWords(QGroupBox& frame) {
+    meaning_ = new QLabel(&frame);
+    meaning_->setObjectName(QStringLiteral("meaning"));
+    meaning_->setTextFormat(Qt::PlainText);
+    meaning_->setWordWrap(true);
+    proposal_ = new QLabel(&frame);
+    proposal_->setObjectName(QStringLiteral("proposal"));
+    proposal_->setTextFormat(Qt::RichText);
+    proposal_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    proposal_->setWordWrap(true);
+    connect(proposal_, &QLabel::linkActivated, this, [this] {
+        logic_.chooseKind(statements::LDLGuide(logic_).proposal().kind);
+        changed_();
+    });
+}
+
+void VariablePanel::showWords() {
+    const statements::LDLGuide guide(logic_);
+    const QString meaning =
+        logic_.CurrentVariable ? QString::fromStdString(guide.meaningOf(*logic_.CurrentVariable)) : QString();
+    meaning_->setText(meaning);
+    meaning_->setVisible(!meaning.isEmpty());
+    const statements::TemplateRole role = guide.proposal();
+    for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
+        if (option.kind == role.kind) {
+            proposal_->setText(QStringLiteral("%1 <a href=\"take\">%2</a>")
+                                   .arg(QString::fromStdString(role.why).toHtmlEscaped(),
+                                        tr("Take \"%1\"").arg(QLatin1String(option.caption))));
+        }
+    }
+    proposal_->setVisible(role.kind != statements::VarUndefined);
 }
 
 QGroupBox* VariablePanel::newArity() {
@@ -168,6 +206,7 @@ void VariablePanel::showState() {
     scalars_->setVisible(logic_.Visible.scalarOptions);
     arrays_->setVisible(logic_.Visible.arrayOptions);
     kinds_->show(logic_.kind);
+    showWords();
     showArity();
     value_->showState();
 }

@@ -30,6 +30,8 @@ class VariablePanel : public QWidget {
     void focusKind();
 
   private:
+    void addWords(QGroupBox& frame);
+    void showWords();
     QGroupBox* newKinds();
     QGroupBox* newArity();
     void showArity();
@@ -38,6 +40,8 @@ class VariablePanel : public QWidget {
     std::function<void()> changed_;
     OptionGroup* kinds_ = nullptr;
     QLabel* lblVariable_ = nullptr;
+    QLabel* meaning_ = nullptr;
+    QLabel* proposal_ = nullptr;
     QWidget* scalars_ = nullptr;
     QWidget* arrays_ = nullptr;
     QGroupBox* frameVar_ = nullptr;
