@@ -17,11 +17,9 @@ bool continues(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == kContinues;
 }
 
+/// Of a character of several bytes.
 std::uint32_t decoded(std::string_view character) {
     const auto first = static_cast<unsigned char>(character[0]);
-    if (character.size() == 1) {
-        return first;
-    }
     std::uint32_t letter = first & (0xFFU >> (character.size() + 1));
     for (const char c : character.substr(1)) {
         letter = letter << 6 | (static_cast<unsigned char>(c) & 0x3FU);
@@ -53,17 +51,21 @@ std::string mapped(std::string_view text, std::span<const CaseRun> runs) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
+        const CaseRun& ascii = runs.front();
+        const auto plain = static_cast<unsigned char>(text[0]);
+        if (plain < kContinues) {
+            const bool hit = ascii.first <= plain && plain <= ascii.last;
+            result += static_cast<char>(hit ? plain + ascii.distance : plain);
+            text.remove_prefix(1);
+            continue;
+        }
         const std::string_view character = text.substr(0, firstCharacterLength(text));
-        if (character.size() == 1 && static_cast<unsigned char>(character[0]) >= kContinues) {
+        const std::uint32_t letter = character.size() == 1 ? 0 : decoded(character);
+        const std::uint32_t other = mapped(letter, runs);
+        if (other == letter) {
             result += character;
         } else {
-            const std::uint32_t letter = decoded(character);
-            const std::uint32_t other = mapped(letter, runs);
-            if (other == letter) {
-                result += character;
-            } else {
-                append(result, other);
-            }
+            append(result, other);
         }
         text.remove_prefix(character.size());
     }

@@ -4,6 +4,7 @@
 #include "platform/steps.h"
 #include "platform/text.h"
 #include "statements/scenario_link_rules.h"
+#include "statements/template_advice.h"
 
 namespace orvent::statements {
 
@@ -18,6 +19,19 @@ bool isToBeAsked(const canvas::LabelsD& node) {
 }
 
 }  // namespace
+
+std::vector<UnfinishedStatement> unfinishedStatements(canvas::DrawForm& form) {
+    std::vector<UnfinishedStatement> result;
+    for (const canvas::LabelsD& node : form.Labels) {
+        if (const entities::ActivityProperties* activity = node.activity()) {
+            const std::vector<Advice> faults = faultsOf(activity->Act_LDL);
+            if (!faults.empty()) {
+                result.push_back({activity->Act_Name, faults.front().words});
+            }
+        }
+    }
+    return result;
+}
 
 void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
     platform::Steps steps(progress_, static_cast<std::size_t>(form.Labels.Count()));
@@ -43,6 +57,22 @@ void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
     }
 }
 
+void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
+    const std::vector<UnfinishedStatement> statements = unfinishedStatements(form);
+    if (statements.empty()) {
+        progress_.status({});
+        return;
+    }
+    std::string names;
+    for (const UnfinishedStatement& statement : statements) {
+        names += (names.empty() ? "" : ", ") + statement.activity;
+    }
+    progress_.status("Without a whole statement: " + names);
+    if (report_) {
+        report_->showUnfinished(form, statements);
+    }
+}
+
 void LDLScenarioWriter::LDLScenario(canvas::DrawForm& form) {
     try {
         gatherStatements(form);
@@ -55,6 +85,7 @@ void LDLScenarioWriter::LDLScenario(canvas::DrawForm& form) {
         return;
     }
     messages_.tell("File \"" + folder_.path("\\LDLS\\") + form.Caption() + ".ldl\" Was Created.");
+    reportUnfinished(form);
 }
 
 }  // namespace orvent::statements

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "canvas/draw_form.h"
 #include "platform/dialogs.h"
@@ -9,25 +10,46 @@
 
 namespace orvent::statements {
 
+/// An activity whose statement is not whole, and why.
+struct UnfinishedStatement {
+    std::string activity;
+    std::string why;
+
+    bool operator==(const UnfinishedStatement&) const = default;
+};
+
+/// The activities whose statement is empty or holds a name that has not been declared, in the order of their nodes.
+std::vector<UnfinishedStatement> unfinishedStatements(canvas::DrawForm& form);
+
+/// Shows which statements are not whole, and leads to their activities.
+class StatementReport {
+  public:
+    virtual ~StatementReport() = default;
+    virtual void showUnfinished(canvas::DrawForm& form, const std::vector<UnfinishedStatement>& statements) = 0;
+};
+
 /// Writes the LDL program of a scenario: the statement of every activity, then the rules that tie them together.
 class LDLScenarioWriter {
   public:
     /// Without a `wizard` an activity that has no statement contributes its empty one.
     LDLScenarioWriter(platform::MessageBox& messages, const platform::ProgramFolder& folder,
-                      platform::Progress& progress, ActivityWizard* wizard = nullptr)
-        : messages_(messages), folder_(folder), progress_(progress), wizard_(wizard) {}
+                      platform::Progress& progress, ActivityWizard* wizard = nullptr, StatementReport* report = nullptr)
+        : messages_(messages), folder_(folder), progress_(progress), wizard_(wizard), report_(report) {}
 
     /// Writes "\LDLS\<caption>.ldl" of the program's folder and tells so. A fault is told, and throws nothing; the
-    /// text gathered so far stays with the scenario, and its next attempt goes on behind it.
+    /// text gathered so far stays with the scenario, and its next attempt goes on behind it. In the end the statements
+    /// that are not whole are reported.
     void LDLScenario(canvas::DrawForm& form);
 
   private:
     void gatherStatements(canvas::DrawForm& form);
+    void reportUnfinished(canvas::DrawForm& form);
 
     platform::MessageBox& messages_;
     const platform::ProgramFolder& folder_;
     platform::Progress& progress_;
     ActivityWizard* wizard_;
+    StatementReport* report_;
 };
 
 }  // namespace orvent::statements

@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <functional>
 #include <set>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -39,16 +41,20 @@ std::string replacePlainly(const LDLGenerator& generator, std::string text, std:
 class Tokens {
   public:
     void add(std::string_view token, std::string replacement) {
-        const bool fresh = numbers_.try_emplace(token, static_cast<int>(entries_.size())).second;
-        if (fresh && std::find(lengths_.begin(), lengths_.end(), token.size()) == lengths_.end()) {
+        Slot& slot = slotOf(token);
+        if (slot.number < 0) {
+            slot = {hashOf(token), static_cast<int>(entries_.size())};
+        }
+        if (std::find(lengths_.begin(), lengths_.end(), token.size()) == lengths_.end()) {
             lengths_.push_back(token.size());
             longest_ = std::max(longest_, token.size());
         }
         entries_.push_back({token, std::move(replacement)});
     }
+    /// Room for all tokens that will come.
     void reserve(std::size_t count) {
         entries_.reserve(count);
-        numbers_.reserve(count);
+        slots_.assign(std::bit_ceil(2 * count + 1), {});
     }
 
     struct Entry {
@@ -61,9 +67,9 @@ class Tokens {
         int result = -1;
         for (const std::size_t length : lengths_) {
             if (length <= body.size()) {
-                const auto found = numbers_.find(body.substr(0, length));
-                if (found != numbers_.end() && (result < 0 || found->second < result)) {
-                    result = found->second;
+                const int found = slotOf(body.substr(0, length)).number;
+                if (found >= 0 && (result < 0 || found < result)) {
+                    result = found;
                 }
             }
         }
@@ -82,8 +88,29 @@ class Tokens {
     }
 
   private:
+    /// The number of a token's first entry; one flat table, so that many tokens cost few cache lines.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::int32_t number = -1;
+    };
+
+    static std::uint32_t hashOf(std::string_view token) {
+        return static_cast<std::uint32_t>(std::hash<std::string_view>()(token));
+    }
+    const Slot& slotOf(std::string_view token) const {
+        const std::uint32_t hash = hashOf(token);
+        for (std::size_t at = hash;; ++at) {
+            const Slot& slot = slots_[at & (slots_.size() - 1)];
+            if (slot.number < 0 ||
+                (slot.hash == hash && entries_[static_cast<std::size_t>(slot.number)].token == token)) {
+                return slot;
+            }
+        }
+    }
+    Slot& slotOf(std::string_view token) { return const_cast<Slot&>(std::as_const(*this).slotOf(token)); }
+
     std::vector<Entry> entries_;
-    std::unordered_map<std::string_view, int> numbers_;
+    std::vector<Slot> slots_;
     std::vector<std::size_t> lengths_;
     std::size_t longest_ = 0;
     std::set<std::string_view> sorted_;  ///< the first `listed_` of the entries

@@ -197,6 +197,29 @@ TEST_F(LDLScenarioTest, WizardOpensForTypedActivitiesWithoutStatement) {
     EXPECT_EQ(file(), text);
 }
 
+TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
+    makeFolder();
+    graph.activity("Whole").Act_LDL = "whole_out(X)<-in(X), mail(a@b).";
+    graph.activity("Empty").Act_LDL = "\r\n ";
+    graph.activity("Open").Act_LDL = "open_out(!! \"P[2]\" Has Not Been Declared!!).";
+    graph.activity("Stopped").Act_LDL = "stopped_out(X)<-@Fun22(X).";
+    graph.activity("Broken").Act_LDL = "CRITICAL ERROR AT POSITION: 7...";
+    struct : StatementReport {
+        std::vector<UnfinishedStatement> shown;
+        void showUnfinished(canvas::DrawForm&, const std::vector<UnfinishedStatement>& statements) override {
+            shown = statements;
+        }
+    } report;
+    LDLScenarioWriter reporting(ports.messages, folder, progress, nullptr, &report);
+    expectWritten();
+    reporting.LDLScenario(form);
+    EXPECT_EQ(report.shown,
+              (std::vector<UnfinishedStatement>{{"Empty", "The statement is empty."},
+                                                {"Open", "@P[2] has not been declared."},
+                                                {"Stopped", "@Fun22 was not replaced."},
+                                                {"Broken", "The loops of the template could not be expanded."}}));
+}
+
 TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {
     graph.recordSet("A", {"X"});
     graph.activity("B", {}, {"Y", "Z"});

@@ -6,8 +6,6 @@ namespace orvent::qt {
 
 /// Two texts side by side while there is room for their lines, and else one above the other.
 class TextPair : public QSplitter {
-    Q_OBJECT
-
   public:
     using QSplitter::QSplitter;
 

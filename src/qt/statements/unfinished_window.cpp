@@ -1,0 +1,48 @@
+#include "qt/statements/unfinished_window.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "qt/theme/icons.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr QSize kSize(560, 320);
+
+}  // namespace
+
+UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedStatement>& statements, QWidget* parent)
+    : DialogBase(tr("Statements That Are Not Whole"), parent), list_(new QTreeWidget(this)) {
+    setObjectName(QStringLiteral("UnfinishedWindow"));
+    auto* words = new QLabel(tr("The file was written, but the statements of these activities are not whole:"), this);
+    words->setWordWrap(true);
+    body().addWidget(words);
+    list_->setObjectName(QStringLiteral("unfinished"));
+    list_->setHeaderHidden(true);
+    list_->setColumnCount(2);
+    list_->setRootIsDecorated(false);
+    list_->setUniformRowHeights(true);
+    list_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    for (const statements::UnfinishedStatement& statement : statements) {
+        auto* row = new QTreeWidgetItem(
+            list_, {QString::fromStdString(statement.activity), QString::fromStdString(statement.why)});
+        row->setIcon(0, icon(QStringLiteral("missing")));
+        row->setToolTip(1, row->text(1));
+    }
+    list_->setCurrentItem(list_->topLevelItem(0));
+    body().addWidget(list_, 1);
+    connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { press(); });
+    addAccept(QStringLiteral("cmdGoTo"), tr("Go To Activity"), [this] {
+        chosen_ = list_->currentItem()->text(0).toStdString();
+        return true;
+    });
+    addCancel(QStringLiteral("cmdClose")).setText(tr("Close"));
+    resize(kSize);
+}
+
+}  // namespace orvent::qt

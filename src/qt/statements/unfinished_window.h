@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "qt/dialogs/dialog_base.h"
+#include "statements/ldl_scenario.h"
+
+class QTreeWidget;
+
+namespace orvent::qt {
+
+/// The list of activities whose statement is not whole. Its accept button, or a double click, chooses one to go to.
+class UnfinishedWindow : public DialogBase {
+    Q_OBJECT
+
+  public:
+    UnfinishedWindow(const std::vector<statements::UnfinishedStatement>& statements, QWidget* parent);
+
+    /// The activity to go to; empty when the window was only closed.
+    const std::string& chosen() const { return chosen_; }
+
+  private:
+    QTreeWidget* list_;
+    std::string chosen_;
+};
+
+}  // namespace orvent::qt
