@@ -102,7 +102,11 @@ class Tour {
 
     std::string writeLdl(const char* what) {
         std::deque<Player::Answer> answers = leaveWizards(window().area().active()->scenario());
+        const bool unfinished = !answers.empty();
         answers.push_back(pressing("OK", "ldl-written"));
+        if (unfinished) {
+            answers.push_back(pressing("cmdClose", "ldl-unfinished"));
+        }
         player_.during(
             what, [this] { frame().run(Command::createLdl); }, std::move(answers));
         return fileText(home_ / "LDLS" / (std::string(kName) + ".ldl"));

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/options_form.h"
 #include "shell/palettes.h"
 #include "statements/ldl_form.h"
+#include "statements/ldl_scenario.h"
 
 namespace orvent::shell {
 
@@ -21,6 +23,8 @@ class FrameHost {
     virtual void runOptions(OptionsForm& dialog) = 0;
     virtual void runShortcuts() = 0;
     virtual void runLDLForm(statements::LDLForm& wizard) = 0;
+    /// Shows which statements are not whole; the name of the activity to go to, or empty.
+    virtual std::string runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) = 0;
     virtual void runAbout() = 0;
 
     /// Places the frame: normal geometry in twips, then maximized.

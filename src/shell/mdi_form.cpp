@@ -32,7 +32,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       wizardAnswers_(options_, ports.store, catalogue_),
       wizardWindow_(host),
       wizard_(ports.messages, catalogue_.tables, wizardAnswers_, wizardWindow_),
-      ldl_(ports.messages, ports.folder, ports.progress, &wizard_),
+      unfinished_(host, desk),
+      ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
       dialogs_(desk, wizard_, *this) {
     tools_.changed = [this] { host_.commandsChanged(); };

@@ -107,6 +107,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     WizardAnswers wizardAnswers_;
     WizardWindow wizardWindow_;
     statements::LDLForm wizard_;
+    UnfinishedStatements unfinished_;
     statements::LDLScenarioWriter ldl_;
     analysis::TextExport textExport_;
     ToolBars tools_;

@@ -2,9 +2,11 @@
 
 #include "platform/settings_store.h"
 #include "repository/catalogue.h"
+#include "shell/desk.h"
 #include "shell/frame_host.h"
 #include "shell/options_data.h"
 #include "statements/ldl_form.h"
+#include "statements/ldl_scenario.h"
 
 namespace orvent::shell {
 
@@ -38,6 +40,23 @@ class WizardAnswers : public statements::WizardServices {
     OptionsData& options_;
     platform::SettingsStore& store_;
     repository::Catalogue& catalogue_;
+};
+
+/// Tells which statements are not whole, and brings the activity that is chosen into view.
+class UnfinishedStatements : public statements::StatementReport {
+  public:
+    UnfinishedStatements(FrameHost& host, Desk& desk) : host_(host), desk_(desk) {}
+
+    void showUnfinished(canvas::DrawForm& form,
+                        const std::vector<statements::UnfinishedStatement>& statements) override {
+        if (const canvas::LabelsD* node = form.nodeNamed(host_.runUnfinished(statements))) {
+            desk_.reveal(form, *node);
+        }
+    }
+
+  private:
+    FrameHost& host_;
+    Desk& desk_;
 };
 
 }  // namespace orvent::shell

@@ -209,20 +209,61 @@ class LdlWizardTest : public WindowTest {
         QVERIFY(wizard.form->Enabled());
     }
 
-    void createLdlOpensItForAnActivityWithoutText() {
+    void createLdlOpensItForActivitiesWithoutTextAndTellsWhichStayedSo() {
         Wizard wizard;
         wizard.activity->Act_Type = wizard.logic.catalogue().ActivityTypeIndex("Union");
+        testkit::GraphBuilder(*wizard.form).activity("Rest").Act_Type = wizard.activity->Act_Type;
         const std::filesystem::path folder = wizard.repository.folder.path();
         std::filesystem::create_directories(folder / "LDLS");
         wizard.dialogs.at(QStringLiteral("LDLForm"), [](QDialog& window) {
             QVERIFY(window.windowTitle().startsWith(QLatin1String("Sel ")));
-            QTest::keyClick(&window, Qt::Key_Escape);
+            QCOMPARE(lineOf(window, "round"), QStringLiteral("Activity 1 of 2 without a statement"));
+            click(window, "cmdLeaveRest");
         });
         wizard.messages.expect("File \"" + platform::ProgramFolder(folder).path("\\LDLS\\") +
                                "Wizardry.ldl\" Was Created.");
+        wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) {
+            auto* list = control<QTreeWidget>(window, "unfinished");
+            QCOMPARE(list->topLevelItemCount(), 2);
+            list->setCurrentItem(list->topLevelItem(1));
+            click(window, "cmdGoTo");
+        });
         auto* button = control<QToolButton>(wizard.frame, "LDL");
         QTest::mouseClick(button, Qt::LeftButton);
         QVERIFY(button->isEnabled());
+    }
+
+    void theGuideLeadsSomebodyWhoNeverWroteATemplate() {
+        Wizard wizard;
+        wizard.run("Attribute Function", [&](QDialog& window) {
+            QVERIFY(lineOf(window, "type").startsWith(QLatin1String("Attribute Function: Adds NEWFIELD")));
+            QCOMPARE(lineOf(window, "progress"), QStringLiteral("Variable 1 of 4: @FUNCNAME"));
+            QVERIFY(lineOf(window, "meaning").contains(QLatin1String("FUNCNAME gives")));
+            Q_EMIT control<QLabel>(window, "proposal")->linkActivated(QStringLiteral("take"));
+            QVERIFY(control<QRadioButton>(window, "optFunction")->isChecked());
+            QVERIFY(!isShown(window, "proposal"));
+            auto* names = control<QComboBox>(window, "functionNames");
+            names->setCurrentText(QStringLiteral("ROUND"));
+            click(window, "cmdNext");
+            option(window, "optFunctionParamArray");
+            QTest::keyClick(control<QSpinBox>(window, "UpDownArity"), Qt::Key_Up);
+            QVERIFY(!control<QComboBox>(window, "listInputs")->isEnabled());  // no element is chosen
+            QVERIFY(isShown(window, "listInputs"));
+            for (int step = 0; step < 2; ++step) {
+                click(window, "cmdNext");
+            }
+            click(window, "cmdPrev");
+            option(window, "optFunctionOutput");
+            click(window, "cmdNext");
+            QVERIFY(!isShown(window, "original"));
+            click(window, "cmdGenerateLDL");
+            QVERIFY(isShown(window, "original"));
+            QVERIFY(lineOf(window, "hint").startsWith(QLatin1String("The statement is not complete. @ARGUMENT[1]")));
+            auto* strip = control<QLabel>(window, "progress")->parentWidget();
+            QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(4, 4));
+            QCOMPARE(lineOf(window, "lblVariable"), QStringLiteral("ARGUMENT"));
+            QTest::keyClick(&window, Qt::Key_Escape);
+        });
     }
 
     void aTemplateWithoutVariablesTakesTheWholeWindow() {

@@ -15,6 +15,8 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<bool()> atUnload;
     std::function<void(statements::LDLForm&)> atWizard;  ///< without it the wizard is closed at once
     std::function<void(shell::OptionsForm&)> atOptions;
+    std::vector<statements::UnfinishedStatement> unfinished;  ///< as they were shown
+    std::string goTo;                                         ///< the one to go to
     std::vector<shell::Palette> palettesPlaced;
     int aboutShown = 0;
     bool placed = false;
@@ -26,6 +28,10 @@ class FakeFrameHost : public shell::FrameHost {
         if (atWizard) {
             atWizard(wizard);
         }
+    }
+    std::string runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) override {
+        unfinished = statements;
+        return goTo;
     }
     void placePalette(shell::Palette palette) override { palettesPlaced.push_back(palette); }
     void runUserLogin(repository::UserLogin& login) override { atLogin(login); }

@@ -21,6 +21,7 @@
 #include "qt/shell/side_menu.h"
 #include "qt/shell/welcome_page.h"
 #include "qt/statements/ldl_form_window.h"
+#include "qt/statements/unfinished_window.h"
 #include "qt/text.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
@@ -143,6 +144,12 @@ void FrameWindow::runOptions(shell::OptionsForm& dialog) {
 
 void FrameWindow::runLDLForm(statements::LDLForm& wizard) {
     LDLFormWindow(wizard, dialogParent()).exec();
+}
+
+std::string FrameWindow::runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) {
+    UnfinishedWindow window(statements, dialogParent());
+    window.exec();
+    return window.chosen();
 }
 
 void FrameWindow::runShortcuts() {

@@ -41,6 +41,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void runOptions(shell::OptionsForm& dialog) override;
     void runShortcuts() override;
     void runLDLForm(statements::LDLForm& wizard) override;
+    std::string runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) override;
     void runAbout() override;
     // FrameHost, the frame itself
     void placePalette(shell::Palette palette) override;
