@@ -1,8 +1,10 @@
 #include "odbc/dialect_rules.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
+#include <span>
 
+#include "platform/repository_names.h"
 #include "platform/text.h"
 
 namespace orvent::odbc {
@@ -18,29 +20,6 @@ const std::string_view kOracleType =
     "ELSE upper(native) END";
 
 namespace {
-
-constexpr std::array<std::string_view, 21> kNames = {"Scenarios",
-                                                     "Lines",
-                                                     "RelationShips",
-                                                     "ScenarioNodes",
-                                                     "Comments",
-                                                     "Activities",
-                                                     "ActivityFunctions",
-                                                     "FunctionSubNodes",
-                                                     "ActivitySubNodes",
-                                                     "RecordSets",
-                                                     "RecordSetOutPuts",
-                                                     "ActivityTypes",
-                                                     "ActivityTypesFunctions",
-                                                     "ActivityTypesParams",
-                                                     "FunctionTypes",
-                                                     "FunctionTypesParams",
-                                                     "DataTypes",
-                                                     "Scenario_ID_seq",
-                                                     "Node_ID_seq",
-                                                     "SubNode_ID_seq",
-                                                     "Function_ID_seq"};
-constexpr std::size_t kTableCount = 17;  // the rest are the sequences
 
 // An owner is a schema; the schema at hand belongs to the login's name too, since in Oracle both are the same. Owners
 // and, where one asks by them, names of tables are in upper case, as Oracle gives them.
@@ -177,15 +156,19 @@ const DialectRules* rulesOf(std::string_view dbmsName) {
 }
 
 std::string canonicalName(std::string_view name) {
-    const auto known = std::find_if(kNames.begin(), kNames.end(), [&](std::string_view candidate) {
-        return platform::equalIgnoringCase(candidate, name);
-    });
-    return known == kNames.end() ? platform::lowerCase(name) : std::string(*known);
+    const auto isIt = [name](std::string_view known) { return platform::equalIgnoringCase(known, name); };
+    for (const std::span<const std::string_view> names :
+         {std::span<const std::string_view>(platform::kRepositoryTables),
+          std::span<const std::string_view>(platform::kRepositorySequences)}) {
+        if (const auto known = std::ranges::find_if(names, isIt); known != names.end()) {
+            return std::string(*known);
+        }
+    }
+    return platform::lowerCase(name);
 }
 
 bool isRepositoryTable(std::string_view canonical) {
-    const auto end = kNames.begin() + kTableCount;
-    return std::find(kNames.begin(), end, canonical) != end;
+    return std::ranges::find(platform::kRepositoryTables, canonical) != platform::kRepositoryTables.end();
 }
 
 }  // namespace orvent::odbc

@@ -46,10 +46,13 @@ class InterruptedSaveTest : public StoredScenarioTest {
                 ASSERT_NE(form->ScenarioID, first);
                 EXPECT_EQ(modelText(*loaded(first)), before) << "the scenario that the window showed first";
             }
-            for (const std::int16_t stored : {form->ScenarioID, SaveAs ? first : std::int16_t{0}}) {
-                loadSave.RemoveScenario(stored, true);
-            }
-            EXPECT_EQ(storedRows(), 0) << "rows that nobody knows";
+            loadSave.RemoveScenario(SaveAs ? first : std::int16_t{0}, true);
+            const long long rows = storedRows();
+            loadSave.RemoveScenario(form->ScenarioID, true);
+            save(*form, true, Answer::cancel);
+            EXPECT_EQ(rows, storedRows()) << "rows that nobody knows";
+            loadSave.RemoveScenario(form->ScenarioID, true);
+            EXPECT_EQ(storedRows(), 0);
         }
     }
 };
@@ -80,6 +83,22 @@ TEST_F(InterruptedSaveTest, SaveAsBreaksOffAndLeavesTheFirstScenarioWhole) {
 
 TEST_F(InterruptedSaveTest, SaveBreaksOffAndReplacesAtOnce) {
     breakOffEverywhere(true, false, Answer::yes);
+}
+
+TEST_F(InterruptedSaveTest, AnOnlyNodeThatIsMadeNewIsStillTheWindowsOwn) {
+    const auto form = newForm("One");
+    GraphBuilder(*form).recordSet("RS1", {"A"});
+    save(*form, true, Answer::cancel);
+    recordSet(*form, "RS1").RecordSet_Outputs->Add("B", 0, "B").NodeKind = entities::KindRecordSetAttribute;
+    recordSet(*form, "RS1").RecordSet_Outputs->Item("B")->ParentKeyName = "RS1";
+    repository.hooked.after(
+        1, [] { throw kBroken; }, Side::behind, "INSERT INTO RecordSetOutputs");
+    save(*form, false, Answer::cancel);
+    EXPECT_EQ(recordSet(*form, "RS1").NodeID, 0);
+    save(*form, false, Answer::cancel);
+    EXPECT_EQ(form->ScenarioID, 1) << "none of its nodes is left, but nobody has replaced it";
+    expectStored(*form, modelText(*form));
+    EXPECT_EQ(storedRows(), 4);
 }
 
 TEST_F(InterruptedSaveTest, TheScenariosOwnRowIsNoOtherScenario) {

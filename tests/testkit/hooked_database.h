@@ -10,15 +10,16 @@
 namespace orvent::testkit {
 
 /// A database passed through, in which something happens in the middle of the work: `hook` runs once, right before the
-/// `countdown`-th execution from now, or right behind it.
+/// `countdown`-th execution from now, or right behind it. Only texts that begin with `beginning` count.
 class HookedDatabase : public platform::Database {
   public:
     explicit HookedDatabase(platform::Database& real) : real_(real) {}
 
     enum class Side { before, behind };
 
-    void after(int executions, std::function<void()> hook, Side side = Side::before) {
+    void after(int executions, std::function<void()> hook, Side side = Side::before, std::string beginning = {}) {
         countdown_ = executions;
+        beginning_ = std::move(beginning);
         hook_ = std::move(hook);
         side_ = side;
     }
@@ -32,14 +33,14 @@ class HookedDatabase : public platform::Database {
   private:
     class HookedStatement : public platform::Statement {
       public:
-        HookedStatement(HookedDatabase& owner, std::unique_ptr<platform::Statement> real)
-            : owner_(owner), real_(std::move(real)) {}
+        HookedStatement(HookedDatabase& owner, std::string_view sql, std::unique_ptr<platform::Statement> real)
+            : owner_(owner), sql_(sql), real_(std::move(real)) {}
 
         void bind(int parameter, std::string_view text) override { real_->bind(parameter, text); }
         void bind(int parameter, long long number) override { real_->bind(parameter, number); }
         void bind(int parameter, float number) override { real_->bind(parameter, number); }
         void execute() override {
-            const bool now = owner_.hook_ && --owner_.countdown_ <= 0;
+            const bool now = owner_.hook_ && sql_.starts_with(owner_.beginning_) && --owner_.countdown_ <= 0;
             if (now && owner_.side_ == Side::before) {
                 std::exchange(owner_.hook_, nullptr)();
             }
@@ -57,6 +58,7 @@ class HookedDatabase : public platform::Database {
 
       private:
         HookedDatabase& owner_;
+        std::string sql_;
         std::unique_ptr<platform::Statement> real_;
     };
 
@@ -66,7 +68,7 @@ class HookedDatabase : public platform::Database {
             : owner_(owner), real_(std::move(real)) {}
 
         std::unique_ptr<platform::Statement> prepare(std::string_view sql) override {
-            return std::make_unique<HookedStatement>(owner_, real_->prepare(sql));
+            return std::make_unique<HookedStatement>(owner_, sql, real_->prepare(sql));
         }
 
       private:
@@ -76,6 +78,7 @@ class HookedDatabase : public platform::Database {
 
     platform::Database& real_;
     std::function<void()> hook_;
+    std::string beginning_;
     int countdown_ = 0;
     Side side_ = Side::before;
 };

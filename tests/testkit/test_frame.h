@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/scramble.h"
+#include "platform/text.h"
 #include "shell/mdi_form.h"
 #include "testkit/embedded_repository.h"
 #include "testkit/fake_desk.h"
@@ -66,6 +67,18 @@ class TestFrame {
             dialog.OKButton();
         };
         frame.run(shell::Command::loadScenario);
+    }
+
+    /// Deletes the stored scenario of that name.
+    void remove(const std::string& name) {
+        host.atScenarios = [name](repository::ViewScenarios& dialog) {
+            dialog.changeName(name);
+            dialog.OKButton();
+        };
+        repository_.messages.expect("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperCase(name) + " ?",
+                                    "Deleting Scenario", platform::Icon::question, platform::Buttons::yesNo,
+                                    platform::Answer::yes);
+        frame.run(shell::Command::deleteScenario);
     }
 
     void close() {
