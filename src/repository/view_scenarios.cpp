@@ -1,5 +1,6 @@
 #include "repository/view_scenarios.h"
 
+#include <algorithm>
 #include <array>
 
 #include "platform/letter_case.h"
@@ -56,6 +57,19 @@ void ViewScenarios::clickItem(int item) {
         selected = item;
         txtScenarioName = ScenarioView[static_cast<std::size_t>(item)].name;
     }
+}
+
+void ViewScenarios::changeName(const std::string& text) {
+    txtScenarioName = text;
+    if (mode_ != Mode::Save) {
+        const auto named = std::ranges::find(ScenarioView, text, &Item::name);
+        selected = named == ScenarioView.end() ? -1 : static_cast<int>(named - ScenarioView.begin());
+    }
+}
+
+std::string ViewScenarios::hint() const {
+    const bool unknown = mode_ != Mode::Save && !txtScenarioName.empty() && !holds(selected);
+    return unknown ? "No such scenario" : "";
 }
 
 bool ViewScenarios::OKButton() {

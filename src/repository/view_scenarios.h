@@ -34,12 +34,16 @@ class ViewScenarios {
     bool open(Mode mode, canvas::DrawForm* target);
 
     void clickItem(int item);
-    void changeName(const std::string& text) { txtScenarioName = text; }
+    /// A typed name. Where a scenario is to be chosen, the one of that name is selected, or none.
+    void changeName(const std::string& text);
 
     /// Whether `OKButton` would do anything now.
     bool canOK() const {
         return !txtScenarioName.empty() && (mode_ == Mode::Save ? target_ != nullptr : holds(selected));
     }
+
+    /// Why `OKButton` would do nothing, as far as that is worth a word.
+    std::string hint() const;
 
     /// True when the dialog closes.
     bool OKButton();

@@ -168,10 +168,13 @@ class DialogsTest : public WindowTest {
         program.play("LoadScenarioM", [](const Scenarios& shown) {
             QCOMPARE(shown.list.item(1)->text(), QStringLiteral("Beta & Co"));
             typeInto(shown.dialog, "txtScenarioName", QStringLiteral("Alpha"));
-            QVERIFY2(!shown.ok.isEnabled(), "a typed name is no choice");
-            shown.clickRow(1);
+            QCOMPARE(shown.list.currentRow(), 0);
             QVERIFY(shown.ok.isEnabled());
+            shown.clickRow(1);
             typeInto(shown.dialog, "txtScenarioName", QStringLiteral("x"));
+            QCOMPARE(shown.list.currentRow(), -1);
+            QVERIFY(!shown.ok.isEnabled());
+            QCOMPARE(control<QLabel>(shown.dialog, "lblHint")->text(), QStringLiteral("No such scenario"));
             shown.clickRow(1);  // the same row again puts its name back
             QCOMPARE(shown.name.text(), QStringLiteral("Beta & Co"));
 

@@ -51,10 +51,26 @@ TEST_F(ViewScenariosTest, NothingHappensWithoutANameOrASelection) {
         dialog.changeName("");
         EXPECT_FALSE(dialog.OKButton());
     }
-    open(Mode::Load);
-    dialog.changeName("one");
-    EXPECT_FALSE(dialog.OKButton());
     EXPECT_TRUE(database.log.empty() && windows.calls.empty());
+}
+
+TEST_F(ViewScenariosTest, ATypedNameSelectsItsScenarioOrNone) {
+    for (const Mode mode : {Mode::Load, Mode::Delete}) {
+        open(mode);
+        EXPECT_EQ(dialog.hint(), "");
+        dialog.changeName("two");
+        EXPECT_EQ(dialog.selected, 1);
+        EXPECT_TRUE(dialog.canOK());
+        dialog.changeName("Two");
+        EXPECT_EQ(dialog.selected, -1) << "the item chosen before is not what the name says";
+        EXPECT_FALSE(dialog.canOK());
+        EXPECT_EQ(dialog.hint(), "No such scenario");
+    }
+    open(Mode::Save);
+    dialog.clickItem(0);
+    dialog.changeName("new");
+    EXPECT_TRUE(dialog.canOK());
+    EXPECT_EQ(dialog.hint(), "");
 }
 
 TEST_F(ViewScenariosTest, SavesUnderTheNameOrKeepsTheCaption) {

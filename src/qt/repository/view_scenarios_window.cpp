@@ -51,6 +51,7 @@ ViewScenariosWindow::ViewScenariosWindow(repository::ViewScenarios& logic, QWidg
     OKButton = &addAccept(QStringLiteral("OKButton"), QString::fromStdString(logic_.OKCaption),
                           [this] { return logic_.OKButton(); });
     addCancel(QStringLiteral("CancelButton"));
+    hint_ = &addNote(QStringLiteral("lblHint"));
 
     connect(txtScenarioName, &QLineEdit::textEdited, this, [this](const QString& text) {
         logic_.changeName(text.toStdString());
@@ -145,6 +146,7 @@ void ViewScenariosWindow::showState() {
         txtScenarioName->setText(name);
     }
     OKButton->setEnabled(logic_.canOK());
+    hint_->setText(QString::fromStdString(logic_.hint()));
     ScenarioViewRenameM->setEnabled(logic_.selected >= 0);
     ScenarioViewDeleteM->setEnabled(logic_.selected >= 0);
 }

@@ -32,6 +32,7 @@ class ViewScenariosWindow : public DialogBase {
     HintList* ScenarioView;
     QLabel* lblScenarioName;
     QLineEdit* txtScenarioName;
+    QLabel* hint_;
     QPushButton* OKButton;
     QMenu* ScenarioViewM;
     QAction* ScenarioViewRenameM;
