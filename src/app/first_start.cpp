@@ -22,6 +22,24 @@ std::string builtIn(const char* name) {
     return file.readAll().toStdString();
 }
 
+/// The files that SQLite keeps beside a database while it is open, or after it could not be closed well.
+constexpr const char* kBeside[] = {"-wal", "-shm", "-journal"};
+
+void dropFiles(const fs::path& database) {
+    std::error_code ignored;
+    fs::remove(database, ignored);
+    for (const char* end : kBeside) {
+        fs::remove(database.string() + end, ignored);
+    }
+}
+
+/// What was written is partly in a file beside the database still: there was no room to bring it in.
+bool hasJournal(const fs::path& database) {
+    std::error_code none;
+    const auto size = fs::file_size(database.string() + kBeside[0], none);
+    return !none && size > 0;
+}
+
 std::string userName() {
     for (const char* name : {"USER", "LOGNAME"}) {
         const char* value = std::getenv(name);
@@ -38,16 +56,18 @@ FirstStart::FirstStart(const Places& places, platform::Database& database, platf
                        platform::MessageBox& messages)
     : places_(places), database_(database), store_(store), messages_(messages) {}
 
-std::unique_ptr<platform::Connection> FirstStart::run() {
+void FirstStart::run() {
     try {
-        if (fs::exists(places_.settings)) {
-            return lookAtRepository();
+        // A start that broke off half-way has stored no repository; the next one does the rest.
+        const bool chosen = fs::exists(places_.settings) && !store_.value("DB", "ReposConnString", "").empty();
+        if (chosen) {
+            lookAtRepository();
+        } else {
+            provision();
         }
-        provision();
     } catch (const std::exception& fault) {
         messages_.tell(fault.what(), {}, platform::Icon::critical);
     }
-    return nullptr;
 }
 
 void FirstStart::provision() {
@@ -72,14 +92,29 @@ void FirstStart::makeFolders() {
     }
 }
 
+/// Makes the repository beside its place and moves it there when it is whole, so that a full disk leaves none at all
+/// rather than one without types.
 void FirstStart::makeRepository() {
     // A repository that is there already is never run over: it may hold scenarios.
     if (fs::exists(places_.repository())) {
         return;
     }
-    odbc::createEmbedded(places_.repository());
-    const auto connection = database_.open(odbc::EmbeddedRepository{}.name, "", "");
-    repository::runScript(*connection, builtIn("sql/ORVENTII.sql"));
+    const fs::path made = places_.repository().string() + ".new";
+    dropFiles(made);
+    try {
+        odbc::OwnSources beside;
+        beside.embedded = odbc::EmbeddedRepository{.file = made};
+        odbc::createEmbedded(made);
+        repository::runWholeScript(*odbc::OdbcDatabase(beside).open(beside.embedded->name, "", ""),
+                                   builtIn("sql/ORVENTII.sql"));
+        if (hasJournal(made)) {
+            throw platform::Fault("There is no room for the repository: " + places_.repository().string());
+        }
+        fs::rename(made, places_.repository());
+    } catch (const std::exception&) {
+        dropFiles(made);
+        throw;
+    }
 }
 
 /// The program does without it, so its fault is told and no more.
@@ -94,12 +129,13 @@ void FirstStart::makeSample() {
     }
 }
 
-std::unique_ptr<platform::Connection> FirstStart::lookAtRepository() {
+void FirstStart::lookAtRepository() {
     if (store_.value("DB", "ReposConnString", "") != odbc::EmbeddedRepository{}.name) {
-        return nullptr;
+        return;
     }
     if (fs::exists(places_.repository())) {
-        return database_.open(odbc::EmbeddedRepository{}.name, "", "");
+        database_.open(odbc::EmbeddedRepository{}.name, "", "");
+        return;
     }
     const platform::Answer answer =
         messages_.show("The embedded repository was not found:\n" + places_.repository().string() +
@@ -109,7 +145,6 @@ std::unique_ptr<platform::Connection> FirstStart::lookAtRepository() {
         makeFolders();
         makeRepository();
     }
-    return nullptr;
 }
 
 }  // namespace orvent::app

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "app/places.h"
 #include "platform/database.h"
 #include "platform/dialogs.h"
@@ -16,18 +14,16 @@ class FirstStart {
     FirstStart(const Places& places, platform::Database& database, platform::SettingsStore& store,
                platform::MessageBox& messages);
 
-    /// At the very first start (there is no settings file yet) provisions everything. Later it looks whether the
-    /// embedded repository, when it is the stored one, still answers, and offers to make a missing one anew. Gives the
-    /// connection through which it looked, if it did: as long as that lives, further ones to the same file open at
-    /// once.
-    std::unique_ptr<platform::Connection> run();
+    /// At the very first start (no repository has ever been chosen) provisions everything. Later it looks whether the
+    /// embedded repository, when it is the stored one, still answers, and offers to make a missing one anew.
+    void run();
 
   private:
     void provision();
     void makeFolders();
     void makeRepository();
     void makeSample();
-    std::unique_ptr<platform::Connection> lookAtRepository();
+    void lookAtRepository();
 
     Places places_;
     platform::Database& database_;

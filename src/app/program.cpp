@@ -61,7 +61,7 @@ Program::Program(const Places& places, const qt::Theme& theme) : parts_(std::mak
 Program::~Program() = default;
 
 bool Program::start() {
-    const std::unique_ptr<platform::Connection> look = parts_->firstStart.run();
+    parts_->firstStart.run();
     return parts_->frame.start();
 }
 

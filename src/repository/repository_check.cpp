@@ -1,13 +1,14 @@
 #include "repository/repository_check.h"
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/repository_names.h"
 #include "platform/text.h"
 
 namespace orvent::repository {
@@ -17,24 +18,6 @@ namespace {
 using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
-
-constexpr std::array<std::string_view, 17> kTables = {"Scenarios",
-                                                      "Lines",
-                                                      "RelationShips",
-                                                      "ScenarioNodes",
-                                                      "Comments",
-                                                      "Activities",
-                                                      "ActivityFunctions",
-                                                      "FunctionSubNodes",
-                                                      "ActivitySubNodes",
-                                                      "RecordSets",
-                                                      "RecordSetOutPuts",
-                                                      "ActivityTypes",
-                                                      "ActivityTypesFunctions",
-                                                      "ActivityTypesParams",
-                                                      "FunctionTypes",
-                                                      "FunctionTypesParams",
-                                                      "DataTypes"};
 
 constexpr std::string_view kOwnTables = "SELECT table_name FROM user_tables";
 
@@ -64,21 +47,42 @@ void runIgnoringErrors(platform::Connection& connection, const std::string& sql)
 
 }  // namespace
 
-void runScript(platform::Connection& connection, const std::string& script) {
+std::vector<std::string> scriptStatements(const std::string& script) {
+    std::vector<std::string> statements;
     std::string statement;
     for (std::size_t at = 0; at < script.size(); ++at) {
         const auto code = static_cast<unsigned char>(script[at]);
         statement += code < 32 || code >= 126 ? ' ' : script[at];
         if (script[at] == ';' || at + 1 == script.size()) {
             statement.pop_back();
+            statements.push_back(std::exchange(statement, {}));
+        }
+    }
+    return statements;
+}
+
+void runScript(platform::Connection& connection, const std::string& script) {
+    for (const std::string& statement : scriptStatements(script)) {
+        runIgnoringErrors(connection, statement);
+    }
+}
+
+void runWholeScript(platform::Connection& connection, const std::string& script) {
+    for (const std::string& statement : scriptStatements(script)) {
+        const std::size_t begin = statement.find_first_not_of(' ');
+        if (begin == std::string::npos) {
+            continue;
+        }
+        if (statement.compare(begin, 5, "DROP ") == 0) {
             runIgnoringErrors(connection, statement);
-            statement.clear();
+        } else {
+            connection.prepare(statement)->execute();
         }
     }
 }
 
 bool checkRepository(Services& services, platform::Connection& connection) {
-    std::vector<std::string_view> missing(kTables.begin(), kTables.end());
+    std::vector<std::string_view> missing(platform::kRepositoryTables.begin(), platform::kRepositoryTables.end());
     {
         const std::unique_ptr<platform::Statement> tables = connection.prepare(kOwnTables);
         tables->execute();
@@ -95,7 +99,7 @@ bool checkRepository(Services& services, platform::Connection& connection) {
     return answer == Answer::ok && createRepository(services, connection);
 }
 
-bool createRepository(Services& services, platform::Connection& connection) {
+std::optional<std::string> creationScript(Services& services) {
     std::string& path = services.settings.SQLPath;
     std::optional<std::string> script = fileText(path);
     while (!script) {
@@ -103,11 +107,19 @@ bool createRepository(Services& services, platform::Connection& connection) {
                                Icon::warning);
         const std::string chosen = services.files.openFile("SQL Files (*.sql)|*.sql");
         if (chosen.empty()) {
-            return false;
+            return std::nullopt;
         }
         path = chosen;
         services.store.setValue("General", "SQLPath", path);
         script = fileText(path);
+    }
+    return script;
+}
+
+bool createRepository(Services& services, platform::Connection& connection) {
+    const std::optional<std::string> script = creationScript(services);
+    if (!script) {
+        return false;
     }
     runScript(connection, *script);
     services.messages.tell("REPOSITORY CREATED!!", "Repositopry Created", Icon::information);

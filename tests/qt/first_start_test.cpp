@@ -1,5 +1,7 @@
 #include "app/first_start.h"
 
+#include <sys/mount.h>
+
 #include <fstream>
 
 #include "odbc/database.h"
@@ -55,6 +57,47 @@ class FirstStartTest : public WindowTest {
         QVERIFY(hasTypes(places));
     }
 
+    void aFullDiskLeavesNoHalfRepository() {
+        const testkit::TemporaryFolder disk;
+        if (mount("none", disk.path().c_str(), "tmpfs", 0, "size=8m") != 0) {
+            QSKIP("only root can mount a small disk");
+        }
+        int without = 0;
+        int whole = 0;
+        for (const int room : {60, 120, 180, 240, 300, 400, 500, 700, 4000}) {
+            const app::Places places = app::Places::in(disk.path() / std::to_string(room));
+            mount("none", disk.path().c_str(), "tmpfs", MS_REMOUNT, ("size=" + std::to_string(room) + "k").c_str());
+            TalkativeBox box;
+            startWith(places, box);
+            if (fs::exists(places.repository())) {
+                QCOMPARE(countOfTypes(places), kStarterTypes);
+                ++whole;
+            } else {
+                QCOMPARE(box.told.size(), std::size_t{1});
+                without += fs::exists(places.data / "ORVENTII.chm") ? 1 : 0;
+            }
+            QVERIFY(!fs::exists(places.repository().string() + ".new"));
+            mount("none", disk.path().c_str(), "tmpfs", MS_REMOUNT, "size=8m");
+            start(places);
+            QCOMPARE(countOfTypes(places), kStarterTypes);
+            fs::remove_all(places.data);
+        }
+        umount(disk.path().c_str());
+        QVERIFY2(without > 1, "the disk was never full in the middle of the repository");
+        QVERIFY(whole > 0);
+    }
+
+    void closesWhatItHasLookedAt() {
+        const testkit::TemporaryFolder folder;
+        const app::Places places = app::Places::in(folder.path());
+        start(places);
+        QtSettingsStore store(QString::fromStdString(places.settings.string()));
+        odbc::OdbcDatabase database(sources(places));
+        app::FirstStart look(places, database, store, messages_);
+        look.run();
+        QVERIFY2(!fs::exists(places.repository().string() + "-wal"), "a connection is open still");
+    }
+
     void tellsWhatCannotBeUsedAndGoesOn() {
         const testkit::TemporaryFolder folder;
         const app::Places places = app::Places::in(folder.path());
@@ -69,6 +112,17 @@ class FirstStartTest : public WindowTest {
     }
 
   private:
+    /// Activity types of the starter catalogue; the script ends with the last of them.
+    static constexpr int kStarterTypes = 18;
+
+    struct TalkativeBox : platform::MessageBox {
+        std::vector<std::string> told;
+        platform::Answer show(const std::string& text, const std::string&, platform::Icon, platform::Buttons) override {
+            told.push_back(text);
+            return platform::Answer::ok;
+        }
+    };
+
     static odbc::OwnSources sources(const app::Places& places) {
         odbc::OwnSources own;
         own.embedded = odbc::EmbeddedRepository{.file = places.repository()};
@@ -76,10 +130,14 @@ class FirstStartTest : public WindowTest {
         return own;
     }
 
-    void start(const app::Places& places) {
+    static void startWith(const app::Places& places, platform::MessageBox& box) {
         odbc::OdbcDatabase database(sources(places));
         QtSettingsStore store(QString::fromStdString(places.settings.string()));
-        app::FirstStart(places, database, store, messages_).run();
+        app::FirstStart(places, database, store, box).run();
+    }
+
+    void start(const app::Places& places) {
+        startWith(places, messages_);
         messages_.verify();
     }
 
@@ -104,12 +162,18 @@ class FirstStartTest : public WindowTest {
                                                  "VARCHAR2"));
     }
 
-    static bool hasTypes(const app::Places& places) {
+    static bool hasTypes(const app::Places& places) { return countOfTypes(places) == kStarterTypes; }
+
+    static int countOfTypes(const app::Places& places) {
         odbc::OdbcDatabase database(sources(places));
         const auto connection = database.open("ORVENT Embedded", "", "");
         const auto statement = connection->prepare("SELECT ActivityType_name FROM ActivityTypes");
         statement->execute();
-        return statement->fetch();
+        int count = 0;
+        while (statement->fetch()) {
+            ++count;
+        }
+        return count;
     }
 
     testkit::ScriptedMessageBox messages_{failQt};
