@@ -17,12 +17,13 @@ namespace orvent::repository {
 /// written before it; deletions tell theirs.
 class Catalogue : public entities::FunctionTypeSource {
   public:
-    /// `endProgram` ends the program at once, without questions.
-    Catalogue(Services& services, std::function<void()> endProgram);
+    /// `endProgram` ends the program at once, without questions; `workIsOpen` tells whether that would lose any.
+    Catalogue(Services& services, std::function<void()> endProgram, std::function<bool()> workIsOpen = {});
 
     entities::CatalogueTables tables;
 
-    // Refill the name tables. A failure is told and ends the program.
+    // Refill the name tables, which keep their rows until the new ones are read. A failure is told and ends the
+    // program; while work is open it is thrown instead, and only the step ends.
     void LoadDataTypes();
     void LoadFunctionTypes();
     void LoadActivityTypes();
@@ -68,6 +69,7 @@ class Catalogue : public entities::FunctionTypeSource {
 
     Services& services_;
     std::function<void()> endProgram_;
+    std::function<bool()> workIsOpen_;
 };
 
 }  // namespace orvent::repository

@@ -17,16 +17,20 @@ using platform::checkedI16;
 using platform::Icon;
 using platform::Statement;
 
-Catalogue::Catalogue(Services& services, std::function<void()> endProgram)
-    : services_(services), endProgram_(std::move(endProgram)) {}
+Catalogue::Catalogue(Services& services, std::function<void()> endProgram, std::function<bool()> workIsOpen)
+    : services_(services), endProgram_(std::move(endProgram)), workIsOpen_(std::move(workIsOpen)) {}
 
 template <class Load>
 void Catalogue::loadOrEnd(Load load) {
     try {
         StatementCache repository = openRepository(services_);
         load(repository);
-    } catch (const platform::Fault&) {
-        services_.messages.tell("Error Accessing DataBase\nTHE PROGRAM WILL EXIT!!", {}, Icon::critical);
+    } catch (const platform::Fault& fault) {
+        const std::string words = "Error Accessing DataBase\n";
+        if (workIsOpen_ && workIsOpen_()) {
+            throw platform::Fault(words + fault.description());
+        }
+        services_.messages.tell(words + "THE PROGRAM WILL EXIT!!", {}, Icon::critical);
         endProgram_();
     }
 }
@@ -35,10 +39,11 @@ namespace {
 
 void loadNames(StatementCache& repository, std::string_view sql, entities::NameTable& table) {
     Statement& names = repository.run(sql);
-    table.clear();
+    entities::NameTable read;
     while (names.fetch()) {
-        table.add(names.text(1));
+        read.add(names.text(1));
     }
+    table = std::move(read);
 }
 
 }  // namespace
@@ -54,17 +59,20 @@ void Catalogue::LoadFunctionTypes() {
 void Catalogue::LoadActivityTypes() {
     loadOrEnd([this](StatementCache& repository) {
         Statement& types = repository.run(sql::kActivityTypes);
-        tables.activityTypes.clear();
-        tables.activityTypeSql.clear();
-        tables.activityTypeLdl.clear();
+        entities::NameTable names;
+        std::vector<std::string> sqlTexts;
+        std::vector<std::string> ldlTexts;
         while (types.fetch()) {
-            tables.activityTypes.add(types.text(1));
-            tables.activityTypeSql.push_back(types.text(2));
-            tables.activityTypeLdl.push_back(types.text(3));
+            names.add(types.text(1));
+            sqlTexts.push_back(types.text(2));
+            ldlTexts.push_back(types.text(3));
         }
         // The texts stand parallel to the names, of which there is always one.
-        tables.activityTypeSql.resize(tables.activityTypes.size());
-        tables.activityTypeLdl.resize(tables.activityTypes.size());
+        sqlTexts.resize(names.size());
+        ldlTexts.resize(names.size());
+        tables.activityTypes = std::move(names);
+        tables.activityTypeSql = std::move(sqlTexts);
+        tables.activityTypeLdl = std::move(ldlTexts);
     });
 }
 

@@ -119,8 +119,12 @@ std::int16_t Catalogue::SaveDataType(const std::string& name) {
         showFault(services_, fault);
         return 0;
     }
-    LoadDataTypes();
-    tell("DATA TYPE SAVED");
+    try {
+        LoadDataTypes();
+        tell("DATA TYPE SAVED");
+    } catch (const platform::Fault& fault) {
+        showFault(services_, fault);  // stored it is, and the table holds it
+    }
     return tables.dataTypes.indexOf(name).value_or(0);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "canvas/scaling.h"
+#include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
 #include "shell/mdi_form.h"
 #include "shell/node_walk.h"
@@ -119,6 +120,7 @@ void MDIForm1::login() {
     if (userLogin.loggedIn) {
         loadSave_.forgetInterruptedSaves();
         loadCatalogue();
+        repository::offerStarterCatalogue(services_, catalogue_);
         host_.commandsChanged();
     } else {
         host_.unloadFrame();

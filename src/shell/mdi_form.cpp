@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "repository/repos_form.h"
+#include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/test_graph.h"
@@ -27,7 +28,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       desk_(desk),
       services_{ports.database, ports.dataSources, ports.messages, ports.input,
                 ports.files,    ports.store,       ports.progress, options_.repository},
-      catalogue_(services_, [this] { host_.endProgram(); }),
+      catalogue_(
+          services_, [this] { host_.endProgram(); }, [this] { return anyScenario(); }),
       loadSave_(services_, catalogue_, *this),
       wizardAnswers_(options_, ports.store, catalogue_),
       wizardWindow_(host),
@@ -65,6 +67,7 @@ bool MDIForm1::start() {
         return false;
     }
     loadCatalogue();
+    repository::offerStarterCatalogue(services_, catalogue_);
     host_.placeFrame(kLeft, kTop, kWidth, kHeight);
     ports_.progress.status("Ready");
     host_.commandsChanged();
@@ -118,16 +121,21 @@ int MDIForm1::NewScenario(std::string& name) {
             return -1;
         }
     }
-    OpenSlot(slot, name);
+    try {
+        OpenSlot(slot, name);
+    } catch (const platform::Fault& fault) {
+        repository::showFault(services_, fault);
+        return -1;
+    }
     return slot;
 }
 
 canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
+    catalogue_.LoadDataTypes();
     canvas::ScenarioStore* store = this;
     auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{ports_.messages, options_.canvas}, store);
     form->setCaption(name);
     form->Tag = std::to_string(slot);
-    catalogue_.LoadDataTypes();
     canvas::DrawForm& opened = *form;
     ScenarioForms[static_cast<std::size_t>(slot)] = std::move(form);
     desk_.show(opened);
@@ -281,8 +289,8 @@ void MDIForm1::LoadTestGraph() {
             return;
         }
     }
-    canvas::DrawForm& form = OpenSlot(kSampleSlot, kSampleName);
     loadCatalogue();
+    canvas::DrawForm& form = OpenSlot(kSampleSlot, kSampleName);
     buildTestGraph(form, catalogue_);
 }
 

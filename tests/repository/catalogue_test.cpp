@@ -44,6 +44,29 @@ TEST_F(CatalogueTest, FailedLoadEndsTheProgram) {
     EXPECT_EQ(ended, 3);
 }
 
+TEST_F(CatalogueTest, FailedLoadEndsOnlyItsStepWhileWorkIsOpen) {
+    using repository::Catalogue;
+    using Load = void (Catalogue::*)();
+    Catalogue busy(
+        services, [this] { ++ended; }, [] { return true; });
+    busy.tables = catalogue.tables;
+    for (const Load load : {&Catalogue::LoadDataTypes, &Catalogue::LoadFunctionTypes, &Catalogue::LoadActivityTypes}) {
+        database.fail("SELECT", kBroken);
+        try {
+            (busy.*load)();
+            ADD_FAILURE() << "nothing was told";
+        } catch (const platform::Fault& fault) {
+            EXPECT_EQ(fault.description(), "Error Accessing DataBase\nline is down");
+        }
+    }
+    EXPECT_EQ(ended, 0);
+    // One row comes, then the line breaks.
+    database.answer(sql::kDataTypes, {{"NEW"}, {}});
+    EXPECT_ANY_THROW(busy.LoadDataTypes());
+    EXPECT_EQ(busy.tables.dataTypes.name(0), "INTEGER") << "the names are kept until all new ones are there";
+    EXPECT_EQ(busy.tables.activityTypes.name(1), "Join");
+}
+
 TEST_F(CatalogueTest, UnknownDataTypeIsOfferedToBeAdded) {
     EXPECT_EQ(catalogue.DataTypeIndex("STRING"), 1);
     expectTypeQuestion(Answer::cancel);

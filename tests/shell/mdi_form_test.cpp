@@ -69,6 +69,38 @@ TEST_F(Frame, ElevenScenariosAndTheTwelfthIsRefused) {
     EXPECT_EQ(open("other"), 3);
 }
 
+TEST_F(Frame, ARepositoryThatIsGoneCostsNoOpenScenario) {
+    frame.frame.start();
+    ASSERT_EQ(open("a"), 0);
+    const std::size_t types = frame.frame.catalogue().tables.dataTypes.rows();
+    std::filesystem::remove(repository.file());
+    repository.messages.expect("*", "", Icon::critical);
+    EXPECT_EQ(open("b"), -1);
+    try {
+        frame.frame.run(Command::loadTestGraph);
+        ADD_FAILURE() << "nothing was told";
+    } catch (const platform::Fault& fault) {
+        EXPECT_EQ(fault.description().find("Error Accessing DataBase\n"), 0U) << fault.description();
+    }
+    EXPECT_FALSE(frame.host.ended);
+    EXPECT_EQ(frame.frame.scenario(1), nullptr);
+    EXPECT_EQ(frame.frame.catalogue().tables.dataTypes.rows(), types);
+}
+
+TEST_F(Frame, AScenarioThatAnotherProgramRemovedIsSavedUnderAName) {
+    frame.frame.start();
+    ASSERT_EQ(open("a"), 0);
+    frame.saved();
+    frame.saveAs("a");
+    repository::openRepository(frame.frame.services()).run("DELETE FROM Scenarios");
+    bool asked = false;
+    frame.host.atScenarios = [&](repository::ViewScenarios& dialog) { asked = dialog.OKCaption == "SAVE"; };
+    frame.frame.run(Command::saveScenario);
+    EXPECT_TRUE(asked);
+    EXPECT_TRUE(frame.active().deleted);
+    EXPECT_EQ(frame.active().ScenarioID, 0);
+}
+
 TEST_F(Frame, CancelInTheClosingQuestionKeepsTheWindow) {
     frame.frame.start();
     open("a");
