@@ -184,7 +184,9 @@ void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) 
 /// Takes a member out of its activity: its node stays, free and without links.
 void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
     const auto release = [&](auto& entity) {
-        form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
+        if (entity.SubNode_ID != 0) {
+            form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
+        }
         switch (entity.NodeKind) {
             case KindInput:
                 owner.Act_Inputs->Remove(entity.Key);

@@ -1,0 +1,427 @@
+// Drawn edges of the zoom view: which stand, the links and members they become, and how they are taken back.
+
+#include <map>
+
+#include "zoom/check_consistency.h"
+#include "zoom/relationship_rules.h"
+#include "zoom/zoom_fixture.h"
+
+using namespace orvent;
+using namespace orvent::entities;
+using canvas::LabelsD;
+using platform::Icon;
+
+namespace {
+
+/// A view around the activity A: providers B and R, consumer D, a function F of its own, and a constant C. Nothing is
+/// linked yet.
+class Relationship : public testkit::CanvasTest {
+  protected:
+    static inline const std::vector<const char*> kNodes = {"A.IN.i", "A.OUT.o", "A.PARAM.p", "F.IN.fi", "F.OUT.fo",
+                                                           "C",      "R.r",     "B.OUT.bo",  "D.IN.di"};
+
+    Relationship() {
+        for (const char* type : {"NUMBER", "DATE", kDefinedBySource}) {
+            catalogue.dataTypes.add(type);
+        }
+        for (const char* name : {"A", "B", "D"}) {
+            design.Labels.Add({0, 0, 1050, 450}, name, canvas::NodeTypeActivity);
+        }
+        design.Labels.Add({0, 0, 1050, 450}, "R", canvas::NodeTypeRecordSet)
+            .recordSet()
+            ->RecordSet_Outputs->Add("r", 0, "r");
+        for (const auto& [from, to] : {std::pair("B", "A"), std::pair("R", "A"), std::pair("A", "D")}) {
+            design.Lines.addFullLine(design.NamesColl.Item(from), 4, design.NamesColl.Item(to), 1,
+                                     canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
+        }
+        ActivityProperties& a = *design.nodeNamed("A")->activity();
+        a.Act_Inputs->Add("i", 0, tagOf(LinkRecordSet), "i");
+        a.Act_Outputs->Add("o", 0, 0, "o");
+        a.Act_Parameters->Add("p", 0, tagOf(LinkTypeParameter), "p");
+        a.Act_Functions->AddFunctionProps(function(), "F", 0).setParentKeyName("A");
+        design.nodeNamed("B")->activity()->Act_Outputs->Add("bo", 0, 0, "bo");
+        design.nodeNamed("D")->activity()->Act_Inputs->Add("di", 0, 0, "di");
+        for (const char* name : {"A", "B", "D"}) {
+            own(*design.nodeNamed(name)->activity(), name);
+        }
+        design.nodeNamed("R")->recordSet()->RecordSet_Outputs->Item("r")->ParentKeyName = "R";
+        zoom::buildZoomView(form, *design.nodeNamed("A"));
+        LabelsD& constant = form.Labels.Add({0, 0, 450, 450}, "C", canvas::NodeTypeConstant);
+        constant.entity<ParameterProperties>()->Key = "C";
+    }
+
+    static FunctionProperties function() {
+        FunctionProperties made;
+        made.Function_Source = kSourceOwn;
+        made.Function_Inputs->Add("fi", 0, "fi").NodeKind = KindFunctionInput;
+        made.Function_Outputs->Add("fo", 0, "fo").NodeKind = KindFunctionOutput;
+        made.Function_Inputs->Item(1)->ParentKeyName = "F";
+        made.Function_Outputs->Item(1)->ParentKeyName = "F";
+        return made;
+    }
+
+    static void own(ActivityProperties& activity, const std::string& name) {
+        activity.Act_Name = name;
+        for (auto& item : activity.Act_Inputs) {
+            item.ParentKeyName = name;
+        }
+        for (auto& item : activity.Act_Outputs) {
+            item.ParentKeyName = name;
+        }
+        for (auto& item : activity.Act_Parameters) {
+            item.ParentKeyName = name;
+        }
+    }
+
+    LabelsD& node(const std::string& name) { return *form.nodeNamed(name); }
+
+    /// Draws an edge and says what it means. Gives its number, which is dead when it was refused.
+    std::int32_t draw(const std::string& from, const std::string& to, canvas::EdgeTypeCode kind,
+                      std::int16_t fromGrab = 3) {
+        std::int32_t edge =
+            form.Lines.addFullLine(node(from).Index(), fromGrab, node(to).Index(), 1, kind, canvas::AngleStraight, 0)
+                ->Index();
+        zoom::CreateRelationship(form, edge);
+        return edge;
+    }
+
+    /// Every link of the view's nodes: "holder list type name key edge's-number".
+    std::vector<std::string> links() {
+        std::vector<std::string> lines;
+        for (LabelsD& each : form.Labels) {
+            const auto add = [&](const std::string& list, auto& held) {
+                for (const auto& link : held) {
+                    lines.push_back(each.KeyName() + " " + list + " " + std::to_string(static_cast<int>(link.type())) +
+                                    " " + link.name() + " " + link.key() + " " + std::to_string(link.LineIndex));
+                }
+            };
+            if (auto* attribute = each.entity<AttributeProperties>()) {
+                testkit::LinkGraph::eachList(*attribute, add);
+            } else if (auto* parameter = each.entity<ParameterProperties>()) {
+                testkit::LinkGraph::eachList(*parameter, add);
+            }
+        }
+        std::sort(lines.begin(), lines.end());
+        return lines;
+    }
+
+    void expectWarning(const std::string& text, Icon icon = Icon::warning) {
+        ports.messages.expect(text, "", icon, platform::Buttons::ok, platform::Answer::ok);
+    }
+
+    entities::CatalogueTables catalogue;
+    testkit::QuietProgress progress;
+    zoom::RelationshipRules rules;
+    canvas::DrawForm design{ports.services(), nullptr};
+    zoom::ZoomForm form{zoom::ZoomServices{ports.services(), catalogue, progress, rules}, design};
+};
+
+struct Allowed {
+    canvas::EdgeTypeCode kind;
+    const char* from;
+    const char* to;
+    const char* source;      ///< the links at the end where the edge then starts
+    const char* sourceLink;  ///< list, type, name, key
+    const char* target;
+    const char* targetLink;
+    std::int16_t tagOfTo = -1;
+};
+
+constexpr auto P = canvas::EdgeTypeProvider;
+constexpr auto R = canvas::EdgeTypeRegulator;
+
+const std::vector<Allowed> kAllowed = {
+    {P, "A.IN.i", "A.OUT.o", "A.IN.i", "-> 3 A .OUT.o", "A.OUT.o", "<- 3 A .IN.i"},
+    {P, "A.OUT.o", "D.IN.di", "A.OUT.o", "-> 2 D D.IN.di", "D.IN.di", "<- 2 A A.OUT.o", 2},
+    {P, "B.OUT.bo", "A.IN.i", "B.OUT.bo", "-> 2 A A.IN.i", "A.IN.i", "<- 2 B B.OUT.bo", 2},
+    {P, "B.OUT.bo", "D.IN.di", "B.OUT.bo", "-> 2 D D.IN.di", "D.IN.di", "<- 2 B B.OUT.bo", 2},
+    {P, "A.OUT.o", "R.r", "A.OUT.o", "-> 1 R R.r", "R.r", "<- 1 A A.OUT.o"},
+    {P, "B.OUT.bo", "R.r", "B.OUT.bo", "-> 1 R R.r", "R.r", "<- 1 B B.OUT.bo"},
+    {P, "R.r", "A.IN.i", "R.r", "-> 1 A A.IN.i", "A.IN.i", "<- 1 R R.r", 1},
+    {P, "R.r", "D.IN.di", "R.r", "-> 1 D D.IN.di", "D.IN.di", "<- 1 R R.r", 1},
+    {R, "A.IN.i", "A.PARAM.p", "A.IN.i", "~> 3 A .PARAM.p", "A.PARAM.p", "<~ 3 A .IN.i"},
+    {R, "A.IN.i", "F.IN.fi", "A.IN.i", "~> 13 F F.IN.fi", "F.IN.fi", "<~ 13 A .IN.i"},
+    {R, "A.OUT.o", "A.PARAM.p", "A.PARAM.p", "~> 10 A .OUT.o", "A.OUT.o", "<~ 10 A .PARAM.p"},
+    {R, "A.OUT.o", "F.OUT.fo", "F.OUT.fo", "~> 11 A .OUT.o", "A.OUT.o", "<~ 11 F F.OUT.fo"},
+    {R, "A.PARAM.p", "A.IN.i", "A.IN.i", "~> 3 A .PARAM.p", "A.PARAM.p", "<~ 3 A .IN.i"},
+    {R, "A.PARAM.p", "A.OUT.o", "A.PARAM.p", "~> 10 A .OUT.o", "A.OUT.o", "<~ 10 A .PARAM.p"},
+    {R, "A.PARAM.p", "R.r", "R.r", "~> 1 A A.PARAM.p", "A.PARAM.p", "<~ 1 R R.r"},
+    {R, "A.PARAM.p", "C", "C", "~> 6 A A.PARAM.p", "A.PARAM.p", "<~ 6 C C"},
+    {R, "C", "A.PARAM.p", "C", "~> 6 A A.PARAM.p", "A.PARAM.p", "<~ 6 C C"},
+    {R, "C", "F.IN.fi", "C", "~> 14 F F.IN.fi", "F.IN.fi", "<~ 14 C C"},
+    {R, "F.IN.fi", "A.IN.i", "A.IN.i", "~> 13 F F.IN.fi", "F.IN.fi", "<~ 13 A .IN.i"},
+    {R, "F.IN.fi", "R.r", "R.r", "~> 14 F F.A.fi", "F.IN.fi", "<~ 14 R R.r"},
+    {R, "F.IN.fi", "C", "C", "~> 14 F F.IN.fi", "F.IN.fi", "<~ 14 C C"},
+    {R, "F.OUT.fo", "A.OUT.o", "F.OUT.fo", "~> 11 A .OUT.o", "A.OUT.o", "<~ 11 F F.OUT.fo"},
+    {R, "R.r", "F.IN.fi", "R.r", "~> 12 F F.A.fi", "F.IN.fi", "<~ 12 R R.r"},
+    {R, "R.r", "A.PARAM.p", "R.r", "~> 1 A A.PARAM.p", "A.PARAM.p", "<~ 1 R R.r"},
+};
+
+const Allowed* allowedRow(canvas::EdgeTypeCode kind, const std::string& from, const std::string& to) {
+    for (const Allowed& row : kAllowed) {
+        if (row.kind == kind && row.from == from && row.to == to) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+TEST_F(Relationship, EveryPairStandsAsToldOrIsRefused) {
+    ASSERT_EQ(links(), std::vector<std::string>{});
+    const std::string whole = testkit::modelText(form);
+    int stood = 0;
+    for (const auto kind : {P, R}) {
+        for (const std::string from : kNodes) {
+            for (const std::string to : kNodes) {
+                SCOPED_TRACE((kind == P ? "provider " : "regulator ") + from + " to " + to);
+                if (from == to) {
+                    continue;
+                }
+                const Allowed* row = allowedRow(kind, from, to);
+                EXPECT_EQ(rules.mayRelate(form, kind, node(from), node(to)), row != nullptr);
+                if (!row) {
+                    expectWarning("This Relationship Is Not Valid!");
+                }
+                const std::int32_t edge = draw(from, to, kind);
+                if (!row) {
+                    EXPECT_EQ(form.Lines.byIndex(edge), nullptr);
+                    ASSERT_EQ(testkit::modelText(form), whole);
+                    continue;
+                }
+                ++stood;
+                const canvas::LinesD* drawn = form.Lines.byIndex(edge);
+                ASSERT_NE(drawn, nullptr);
+                EXPECT_EQ(form.Labels.byIndex(drawn->FromLabel())->KeyName(), row->source);
+                EXPECT_EQ(form.Labels.byIndex(drawn->ToLabel())->KeyName(), row->target);
+                std::vector<std::string> expected = {
+                    std::string(row->source) + " " + row->sourceLink + " " + std::to_string(edge),
+                    std::string(row->target) + " " + row->targetLink + " " + std::to_string(edge)};
+                std::sort(expected.begin(), expected.end());
+                EXPECT_EQ(links(), expected);
+                auto* input = node(to).entity<AttributeProperties>();
+                if (row->tagOfTo >= 0) {
+                    EXPECT_EQ(input->Tag, row->tagOfTo);
+                    input->Tag = to == "A.IN.i" ? 1 : 0;
+                }
+                zoom::RemoveRelationship(form, edge);
+                EXPECT_NE(form.Lines.byIndex(edge), nullptr) << "the edge is left to the caller";
+                form.Lines.RemoveFull(edge);
+                ASSERT_EQ(testkit::modelText(form), whole);
+            }
+        }
+    }
+    EXPECT_EQ(stood, static_cast<int>(kAllowed.size()));
+}
+
+TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
+    struct Row {
+        canvas::EdgeTypeCode kind;
+        const char* first[2];
+        const char* second[2];
+        const char* message;
+    };
+    for (const Row& row : {
+             Row{P, {"R.r", "A.IN.i"}, {"B.OUT.bo", "A.IN.i"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "A.PARAM.p"}, {"A.IN.i", "A.PARAM.p"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "A.PARAM.p"}, {"A.PARAM.p", "R.r"}, "This Relationship Is Not Valid!"},
+             Row{R, {"R.r", "F.IN.fi"}, {"A.IN.i", "F.IN.fi"}, "This Relationship Is Not Valid!"},
+             Row{R, {"R.r", "F.IN.fi"}, {"F.IN.fi", "C"}, "This Relationship Is Not Valid!"},
+             Row{P, {"R.r", "A.IN.i"}, {"R.r", "A.IN.i"}, "THIS LINE ALLREADY EXISTS!!"},
+         }) {
+        SCOPED_TRACE(row.second[0] + std::string(" to ") + row.second[1]);
+        const std::int32_t first = draw(row.first[0], row.first[1], row.kind);
+        const std::vector<std::string> before = links();
+        expectWarning(row.message);
+        EXPECT_EQ(form.Lines.byIndex(draw(row.second[0], row.second[1], row.kind)), nullptr);
+        EXPECT_EQ(links(), before);
+        zoom::RemoveRelationship(form, first);
+        form.Lines.RemoveFull(first);
+    }
+    // An output may be provided many times.
+    draw("A.OUT.o", "R.r", P);
+    draw("B.OUT.bo", "R.r", P);
+    EXPECT_EQ(links().size(), 4U);
+}
+
+TEST_F(Relationship, DataTypesMustAgreeUnlessTheSourceDefinesThem) {
+    auto& input = *node("A.IN.i").entity<AttributeProperties>();
+    input.Attribute_Type = 1;
+    expectWarning("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: NUMBER.\nTarget: DATE.");
+    EXPECT_FALSE(rules.mayRelate(form, P, node("R.r"), node("A.IN.i")));
+    draw("R.r", "A.IN.i", P);
+    EXPECT_EQ(links(), std::vector<std::string>{});
+
+    input.Attribute_Type = 2;
+    input.Changed = false;
+    draw("R.r", "A.IN.i", P);
+    EXPECT_EQ(input.Attribute_Type, 0);
+    EXPECT_TRUE(input.Changed);
+    EXPECT_EQ(node("A.IN.i").ToolTipText(), "i(NUMBER)");
+
+    // Drawn against the direction of regulation, the node where the edge was drawn to still takes the type.
+    auto& parameter = *node("A.PARAM.p").entity<ParameterProperties>();
+    parameter.Parameter_Type = 2;
+    expectWarning("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: " +
+                  std::string(kDefinedBySource) + ".\nTarget: NUMBER.");
+    draw("A.PARAM.p", "A.OUT.o", R);
+    draw("A.OUT.o", "A.PARAM.p", R);
+    EXPECT_EQ(parameter.Parameter_Type, 0);
+}
+
+TEST_F(Relationship, PartOfEdgesMakeMembers) {
+    const auto place = [&](const char* name, canvas::NodeTypeCode kind) -> LabelsD& {
+        return form.Labels.Add({0, 0, 300, 300}, name, kind);
+    };
+    LabelsD& attribute = place("X", canvas::NodeTypeAttribute);
+    ActivityProperties& a = *node("A").activity();
+    a.Act_Inputs->Changed = false;
+    const std::int32_t edge = draw("A", "X", canvas::EdgeTypePartOf, 1);
+    EXPECT_EQ(attribute.KeyName(), "A.IN.X");
+    EXPECT_TRUE(a.Act_Inputs->Changed);
+    auto* input = a.Act_Inputs->Item("X");
+    ASSERT_NE(input, nullptr);
+    EXPECT_EQ(input, attribute.entity<AttributeProperties>()) << "the node shows what stands in the collection";
+    EXPECT_EQ(input->NodeKind, KindInput);
+    EXPECT_EQ(input->ParentKeyName, "A");
+    EXPECT_EQ(input->LabelIndex, attribute.Index());
+    draw("R.r", "A.IN.X", P);
+
+    // A second owner is refused, and so is a name that is there.
+    expectWarning("This Relationship Is Not Valid!");
+    draw("D", "A.IN.X", canvas::EdgeTypePartOf, 4);
+    place("i", canvas::NodeTypeAttribute);
+    expectWarning("An Input With The Same Name Allready Exists.\nPlease Rename The Current Attribute!", Icon::none);
+    draw("A", "i", canvas::EdgeTypePartOf, 1);
+    EXPECT_EQ(a.Act_Inputs->Count(), 2);
+    EXPECT_EQ(node("i").entity<AttributeProperties>()->NodeKind, KindFree);
+    draw("A", "i", canvas::EdgeTypePartOf, 4);
+    EXPECT_NE(a.Act_Outputs->Item("i"), nullptr);
+    place("p", canvas::NodeTypeParameter);
+    expectWarning("A Parameter With The Same Name Allready Exists.\nPlease Rename The Current Parameter!", Icon::none);
+    draw("A", "p", canvas::EdgeTypePartOf);
+
+    // Taken out again, the attribute is free: no owner, no links, its stored row goes.
+    input->SubNode_ID = 7;
+    zoom::RemoveRelationship(form, edge);
+    EXPECT_EQ(a.Act_Inputs->Item("X"), nullptr);
+    EXPECT_EQ(attribute.KeyName(), "X");
+    EXPECT_EQ(attribute.entity<AttributeProperties>()->ParentKeyName, "");
+    EXPECT_EQ(attribute.entity<AttributeProperties>()->SubNode_ID, 0);
+    EXPECT_EQ(links(), std::vector<std::string>{});
+    ASSERT_EQ(form.DeletedNodes->Count(), 1);
+    EXPECT_EQ(form.DeletedNodes->Item(1)->NodeID, 7);
+    EXPECT_EQ(form.DeletedNodes->Item(1)->NodeKind, KindInput);
+}
+
+TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
+    const std::int32_t tie =
+        form.Lines.FindConnectingLine(node("A").Index(), node("F").Index(), canvas::EdgeTypePartOf, false)->Index();
+    FunctionProperties& owned = *node("F").entity<FunctionProperties>();
+    owned.FunctionID = 5;
+    owned.Function_Inputs->Item("fi")->SubNode_ID = 6;
+    draw("R.r", "F.IN.fi", R);
+    zoom::RemoveRelationship(form, tie);
+    form.Lines.RemoveFull(tie);
+    const auto free = std::get<std::shared_ptr<FunctionProperties>>(node("F").Properties);
+    EXPECT_EQ(node("A").activity()->Act_Functions.count(), 0);
+    EXPECT_EQ(free->ParentKeyName(), "");
+    EXPECT_EQ(free->Function_Source, 0);
+    EXPECT_EQ(free->FunctionID, 0);
+    EXPECT_EQ(free->Function_Inputs->Item("fi")->SubNode_ID, 0);
+    EXPECT_EQ(links(), std::vector<std::string>{}) << "the record set's link under the function's old key goes too";
+    ASSERT_EQ(form.DeletedNodes->Count(), 1);
+    EXPECT_EQ(form.DeletedNodes->Item(1)->NodeKind, KindFunction);
+
+    // A regulator edge to its input ties it to the activity of the other end.
+    draw("F.IN.fi", "A.IN.i", R);
+    const FunctionProperties* tied = node("A").activity()->Act_Functions->Item("F");
+    ASSERT_NE(tied, nullptr);
+    EXPECT_EQ(tied, node("F").entity<FunctionProperties>());
+    EXPECT_EQ(tied->Function_Inputs.peek()->Item("fi"), node("F.IN.fi").entity<ParameterProperties>());
+    EXPECT_EQ(tied->Function_Source, kSourceOwn);
+    EXPECT_EQ(node("F.IN.fi").entity<ParameterProperties>()->ParentFunctionActivity, "A");
+    const canvas::LinesD* drawn =
+        form.Lines.FindConnectingLine(node("A").Index(), node("F").Index(), canvas::EdgeTypePartOf, false);
+    ASSERT_NE(drawn, nullptr);
+    EXPECT_EQ(drawn->FromGrabbingPoint(), 5);
+    EXPECT_EQ(drawn->ToGrabbingPoint(), 2);
+
+    // Drawn from the function the edge is turned round, and is the only one.
+    zoom::DetachFunction(form, node("F"), &node("A"));
+    form.Lines.RemoveFull(drawn->Index());
+    const std::int32_t edge = draw("F", "A", canvas::EdgeTypePartOf);
+    EXPECT_EQ(form.Lines.byIndex(edge)->FromLabel(), node("A").Index());
+    EXPECT_NE(node("A").activity()->Act_Functions->Item("F"), nullptr);
+    expectWarning("This Relationship Is Not Valid!");
+    draw("D", "F", canvas::EdgeTypePartOf);
+}
+
+TEST_F(Relationship, WithoutItsConstantAParameterKeepsItsOtherEdges) {
+    const std::int32_t edge = draw("C", "A.PARAM.p", R);
+    draw("A.PARAM.p", "A.OUT.o", R);
+    zoom::RemoveRelationship(form, edge);
+    form.Lines.RemoveFull(edge);
+    ASSERT_EQ(links().size(), 2U);
+    const canvas::LinesD* other =
+        form.Lines.FindConnectingLine(node("A.PARAM.p").Index(), node("A.OUT.o").Index(), R, false);
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(links()[0], "A.OUT.o <~ 10 A .PARAM.p " + std::to_string(other->Index()));
+}
+
+class Consistency : public testkit::CanvasTest {
+  protected:
+    void expectQuestion(platform::Answer answer) {
+        ports.messages.expect(
+            "This Action Will Delete All Non Consistent Provider Relationships!\nAre you Sure You Want to Continue?",
+            "Checking Consistency", Icon::none, platform::Buttons::okCancel, answer);
+    }
+
+    void draw(const char* from, const char* to, canvas::EdgeTypeCode kind) {
+        design.Lines.addFullLine(design.NamesColl.Item(from), 3, design.NamesColl.Item(to), 1, kind, canvas::AngleNone,
+                                 7);
+    }
+
+    /// "from grab kind to grab angle", sorted.
+    std::vector<std::string> edges() {
+        std::vector<std::string> lines;
+        for (const canvas::LinesD& edge : design.Lines) {
+            lines.push_back(
+                design.Labels.byIndex(edge.FromLabel())->Caption() + " " + std::to_string(edge.FromGrabbingPoint()) +
+                " " + std::to_string(static_cast<int>(edge.EdgeType())) + " " +
+                design.Labels.byIndex(edge.ToLabel())->Caption() + " " + std::to_string(edge.ToGrabbingPoint()) + " " +
+                std::to_string(static_cast<int>(edge.Angle())));
+        }
+        std::sort(lines.begin(), lines.end());
+        return lines;
+    }
+
+    testkit::QuietProgress progress;
+    canvas::DrawForm design{ports.services(), nullptr};
+    testkit::LinkGraph graph{design};
+};
+
+TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
+    draw("RS2", "A1", canvas::EdgeTypeProvider);
+    draw("A3", "RS1", canvas::EdgeTypeDescription);
+    graph.add("A3.IN.AU_ID <- 2 GONE GONE.OUT.AU_ID");
+    graph.add("A3.IN.OWN <- 2 A3 A3.OUT.AU_ID");
+    const std::vector<std::string> before = edges();
+    expectQuestion(platform::Answer::cancel);
+    EXPECT_FALSE(zoom::CheckConsistency(design, progress));
+    EXPECT_EQ(edges(), before);
+
+    const std::vector<std::string> expected = {
+        "A1 4 0 A2 1 3",  // one for two inputs
+        "A2 4 0 A3 1 3",  "A2 4 0 RS2 1 3", "A3 3 4 RS1 1 0", "A3 4 0 A3 1 3", "RS1 3 0 A1 1 3",
+        "RS3 3 0 A2 5 3",  // regulates
+        "RS4 3 0 A2 1 3", "RS4 3 0 A2 5 3",
+    };
+    for (int run = 0; run < 2; ++run) {
+        expectQuestion(platform::Answer::ok);
+        EXPECT_TRUE(zoom::CheckConsistency(design, progress));
+        EXPECT_EQ(edges(), expected);
+        EXPECT_EQ(progress.pointerShape, 1);
+    }
+}
+
+}  // namespace
