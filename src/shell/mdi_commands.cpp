@@ -7,6 +7,7 @@
 #include "repository/user_login.h"
 #include "shell/mdi_form.h"
 #include "shell/node_walk.h"
+#include "zoom/check_consistency.h"
 
 namespace orvent::shell {
 
@@ -63,7 +64,8 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::zoomIn, inWindow, [](MDIForm1& f) { f.zoom(true); }},
         {Command::zoomOut, inWindow, [](MDIForm1& f) { f.zoom(false); }},
         {Command::activityZoom, inDesign, [](MDIForm1& f) { f.zoomSelected(); }},
-        {Command::checkConsistency, never, nothing},
+        {Command::checkConsistency, inDesign,
+         [](MDIForm1& f) { zoom::CheckConsistency(*f.activeScenario(), f.ports_.progress); }},
         {Command::metrics, never, nothing},
         {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
         {Command::selectAll, inWindow, [](MDIForm1& f) { selectAllNodes(*f.activeEnabled()); }},

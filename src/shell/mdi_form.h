@@ -23,7 +23,7 @@
 #include "statements/ldl_form.h"
 #include "statements/ldl_scenario.h"
 #include "zoom/entity_links.h"
-#include "zoom/plain_relationships.h"
+#include "zoom/relationship_rules.h"
 
 namespace orvent::shell {
 
@@ -112,7 +112,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     analysis::TextExport textExport_;
     ToolBars tools_;
     CanvasDialogs dialogs_;
-    zoom::PlainRelationships relationships_;
+    zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;
 
     // A slot is used exactly while it holds a scenario.
