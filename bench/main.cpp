@@ -1,6 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/repository_bench.h"
+#include "bench/schema_bench.h"
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
@@ -8,6 +9,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     orvent::bench::registerRepositoryBenchmarks();
+    orvent::bench::registerSchemaBenchmarks();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
 }

@@ -4,57 +4,22 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "bench/bare_odbc.h"
+#include "bench/floor_runs.h"
 #include "bench/graphs.h"
 #include "bench/statement_log.h"
-#include "odbc/connection_strings.h"
-#include "odbc/dialect_rules.h"
 #include "repository/catalogue.h"
 #include "repository/scenario_load_save.h"
-#include "testkit/embedded_repository.h"
-#include "testkit/servers.h"
 
 namespace orvent::bench {
 namespace {
 
 using testkit::TestRepository;
-
-double seconds(const auto& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-/// A repository without scenarios, and the way to it past the program.
-struct Target {
-    std::unique_ptr<TestRepository> repository;
-    std::string connectionString;
-    odbc::Dialect dialect;
-};
-
-Target embeddedTarget() {
-    auto repository = std::make_unique<TestRepository>();
-    std::string way = odbc::embeddedString(repository->file(), false);
-    return {std::move(repository), std::move(way), odbc::Dialect(odbc::rulesOf("SQLite"), "")};
-}
-
-Target postgresTarget() {
-    static testkit::PostgresServer server;  // started at the first use, stopped with the program
-    static int databases = 0;
-    const std::string user = testkit::DatabaseServer::kUser;
-    const std::string password = testkit::DatabaseServer::kPassword;
-    const odbc::NamedSource source{"bench", server.createDatabase("bench" + std::to_string(++databases))};
-    return {std::make_unique<TestRepository>(source, user, password), odbc::namedString(source, user, password),
-            odbc::Dialect(odbc::rulesOf("PostgreSQL"), user)};
-}
 
 /// No windows but the one at hand.
 class NoWindows : public repository::ScenarioWindows {
@@ -131,34 +96,6 @@ std::string rowCounts(TestRepository& repository) {
     }
     return counts;
 }
-
-void demand(bool holds, const std::string& words) {
-    if (!holds) {
-        throw std::runtime_error("the floor did other work than the program: " + words);
-    }
-}
-
-/// The middle one of several runs of the program and of the floor, which take turns, so that both meet the same
-/// machine. The best one would not do: client and server share two cores, and now and then a run has luck with them.
-struct Runs {
-    std::vector<double> program = {};
-    std::vector<double> floor = {};
-
-    void report(benchmark::State& state) {
-        const double ours = median(program);
-        const double bare = median(floor);
-        state.counters["floor_ms"] = bare * 1000;
-        state.counters["program_ms"] = ours * 1000;
-        state.counters["ratio"] = ours / bare;
-    }
-
-    static double median(std::vector<double>& times) {
-        std::sort(times.begin(), times.end());
-        return times[times.size() / 2];
-    }
-};
-
-using MakeTarget = Target (*)();
 
 void save(benchmark::State& state, MakeTarget makeTarget) {
     const int nodes = static_cast<int>(state.range(0));
