@@ -36,6 +36,9 @@ class CanvasForm : public Canvas {
     /// Whether it holds edits that its scenario does not have yet. A design window is its scenario.
     virtual bool unapplied() const { return false; }
 
+    /// What the window's title tells behind the caption, for display only.
+    virtual std::string titleMark() const { return {}; }
+
     /// The window's title.
     const std::string& Caption() const { return caption_; }
     void setCaption(const std::string& value);

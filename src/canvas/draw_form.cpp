@@ -8,6 +8,11 @@ void DrawForm::Save() {
     }
 }
 
+std::string DrawForm::titleMark() const {
+    std::string mark = deleted ? " (deleted)" : "";
+    return stored.changed ? mark + " \u2022" : mark;
+}
+
 bool DrawForm::QueryUnload() {
     using namespace platform;
     return messages().show("ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario", Icon::question,

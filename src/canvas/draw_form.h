@@ -34,6 +34,9 @@ class DrawForm : public CanvasForm {
     Stored stored;
     bool deleted = false;  ///< the scenario that the window showed was removed from the repository
 
+    /// Tells that `stored` or `deleted` has changed.
+    void tellStored() { tellForm(); }
+
     // The window's title is the scenario's name.
     const std::string& ScenarioName() const { return Caption(); }
     void setScenarioName(const std::string& value) { setCaption(value); }
@@ -49,6 +52,7 @@ class DrawForm : public CanvasForm {
     // CanvasForm
     DrawForm& scenario() override { return *this; }
     CanvasRules& rules() override { return rules_; }
+    std::string titleMark() const override;
     void Save() override;
     bool QueryUnload() override;
 

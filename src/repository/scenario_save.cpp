@@ -54,7 +54,6 @@ SaveResult ScenarioLoadSave::SaveScenario(DrawForm& form, bool SaveAs) {
     const SaveResult result = save(form, SaveAs);
     if (result == SaveResult::saved) {
         markStored(form);
-        form.deleted = false;
         services_.messages.tell("Saved");
     } else if (form.Caption() != form.KeptCaption) {
         form.setCaption(form.KeptCaption);

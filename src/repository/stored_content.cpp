@@ -184,10 +184,15 @@ std::uint64_t contentMark(const canvas::DrawForm& form) {
 
 void markStored(canvas::DrawForm& form) {
     form.stored = {contentMark(form), false};
+    form.deleted = false;
+    form.tellStored();
 }
 
 bool isUnsaved(canvas::DrawForm& form) {
-    form.stored.changed = form.stored.changed || contentMark(form) != form.stored.mark;
+    if (!form.stored.changed && contentMark(form) != form.stored.mark) {
+        form.stored.changed = true;
+        form.tellStored();
+    }
     return form.stored.changed;
 }
 

@@ -18,7 +18,7 @@ std::uint64_t contentMark(const canvas::DrawForm& form);
 void markStored(canvas::DrawForm& form);
 
 /// Whether anything that a save would write has changed since the window was made, saved or loaded. Once it is so it
-/// stays so until the next save, and is answered without a walk.
+/// stays so until the next save, and is answered without a walk. The window's listeners are told when it becomes so.
 bool isUnsaved(canvas::DrawForm& form);
 
 }  // namespace orvent::repository

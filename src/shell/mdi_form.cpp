@@ -4,6 +4,7 @@
 
 #include "repository/repos_form.h"
 #include "repository/starter_catalogue.h"
+#include "repository/stored_content.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/test_graph.h"
@@ -275,8 +276,13 @@ void MDIForm1::scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* exc
             form->ScenarioID = 0;  // its next save goes through the dialog and writes everything
             form->stored.changed = true;
             form->deleted = true;
+            form->tellStored();
         }
     }
+}
+
+void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
+    repository::isUnsaved(form.scenario());
 }
 
 void MDIForm1::enableFrame(bool enabled) {

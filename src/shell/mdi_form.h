@@ -70,6 +70,9 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* except) override;
     void enableFrame(bool enabled) override;
 
+    /// Some time has passed since a window changed: marks its scenario when it holds unsaved work.
+    void noticeChanges(canvas::CanvasForm& form);
+
     bool anyScenario() const;
     const OptionsData& options() const { return options_; }
     repository::Services& services() { return services_; }

@@ -94,6 +94,9 @@ class FrameTest : public WindowTest {
         const auto* tabs = program.frame.area().findChild<QTabBar*>();
         QCOMPARE(tabs->tabText(0), QStringLiteral("50 % && %1"));
         QVERIFY(program.frame.area().windowOf(*form)->isMaximized());
+        form->Labels.Add({0, 0, 1050, 450}, "LOG1", canvas::NodeTypeLog);
+        QTRY_COMPARE(program.title(), QStringLiteral("50 % & %1 • — ORVENT II"));
+        QCOMPARE(tabs->tabText(0), QStringLiteral("50 % && %1 •"));
         form->setCaption(std::string(300, 'x'));
         QVERIFY(program.title().startsWith(QString(300, u'x')));
         QVERIFY2(tabs->tabText(0).size() < 100, "a long name is cut in the tab");

@@ -108,6 +108,24 @@ TEST_F(Frame, ARepositoryThatIsGoneCostsNoOpenScenario) {
     EXPECT_EQ(frame.frame.catalogue().tables.dataTypes.rows(), types);
 }
 
+TEST_F(Frame, UnsavedWorkIsMarkedUntilItIsSaved) {
+    frame.frame.start();
+    ASSERT_EQ(open("a"), 0);
+    canvas::DrawForm& form = frame.active();
+    frame.frame.noticeChanges(form);
+    EXPECT_EQ(form.titleMark(), "");
+    form.Labels.Add({0, 0, 1500, 750}, "Comment0", canvas::NodeTypeComment);
+    frame.frame.noticeChanges(form);
+    EXPECT_EQ(form.titleMark(), " \u2022");
+    EXPECT_EQ(form.ScenarioName(), "a");
+    frame.saved();
+    frame.saveAs("a");
+    EXPECT_EQ(form.titleMark(), "");
+    form.nodeNamed("Comment0")->setLeft(100);
+    frame.frame.noticeChanges(form);
+    EXPECT_EQ(form.titleMark(), " \u2022");
+}
+
 TEST_F(Frame, AScenarioThatAnotherProgramRemovedIsSavedUnderAName) {
     frame.frame.start();
     ASSERT_EQ(open("a"), 0);
@@ -118,7 +136,7 @@ TEST_F(Frame, AScenarioThatAnotherProgramRemovedIsSavedUnderAName) {
     frame.host.atScenarios = [&](repository::ViewScenarios& dialog) { asked = dialog.OKCaption == "SAVE"; };
     frame.frame.run(Command::saveScenario);
     EXPECT_TRUE(asked);
-    EXPECT_TRUE(frame.active().deleted);
+    EXPECT_EQ(frame.active().titleMark(), " (deleted) \u2022");
     EXPECT_EQ(frame.active().ScenarioID, 0);
 }
 

@@ -58,6 +58,7 @@ void DeskArea::show(canvas::CanvasForm& form) {
     windows_.push_back(window);
     addSubWindow(window);
     connect(window, &DeskWindow::formShown, this, &DeskArea::activeChanged);
+    connect(window, &DeskWindow::settled, this, [this, window] { logic_->noticeChanges(*window->form()); });
     if (viewMode() == SubWindowView) {
         window->resize(window->sizeHint());
     }
@@ -176,6 +177,7 @@ void DeskArea::refresh() {
     for (DeskWindow* window : windows_) {
         const bool woke = !window->isEnabled() && window->form()->Enabled();
         window->showEnabled();
+        window->changeSeen();
         if (woke && window == active_) {
             window->setFocus();
         }

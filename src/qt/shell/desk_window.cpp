@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
+#include <chrono>
 #include <utility>
 
 #include "qt/canvas/canvas_editor.h"
@@ -10,6 +11,13 @@
 #include "qt/theme/icons.h"
 
 namespace orvent::qt {
+
+namespace {
+
+/// Long enough that a drag costs nothing, short enough to be seen as one with its gesture.
+constexpr std::chrono::milliseconds kSettling(300);
+
+}  // namespace
 
 DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                        AskClose askClose)
@@ -27,6 +35,9 @@ DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canva
     setWindowIcon(icon(QStringLiteral("scenario")));
     setWidget(editor_);
     setFocusProxy(editor_);
+    settling_.setSingleShot(true);
+    settling_.setInterval(kSettling);
+    connect(&settling_, &QTimer::timeout, this, &DeskWindow::settled);
     formChanged();
 }
 
@@ -37,6 +48,7 @@ DeskWindow::~DeskWindow() {
 void DeskWindow::release() {
     if (form_) {
         subscription_.end();
+        settling_.stop();
         form_ = nullptr;
         delete std::exchange(editor_, nullptr);
     }
@@ -46,9 +58,16 @@ void DeskWindow::showEnabled() {
     setEnabled(form_ && form_->Enabled());
 }
 
+void DeskWindow::changeSeen() {
+    if (form_ && !settling_.isActive()) {
+        settling_.start();
+    }
+}
+
 void DeskWindow::formChanged() {
     const QString mark = form_->unapplied() ? QStringLiteral(" (not applied yet)") : QString();
-    setWindowTitle(text(form_->Caption()) + mark);
+    setWindowTitle(text(form_->Caption() + form_->titleMark()) + mark);
+    changeSeen();
     Q_EMIT formShown();
 }
 

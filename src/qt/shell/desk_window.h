@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMdiSubWindow>
+#include <QTimer>
 #include <functional>
 
 #include "canvas/canvas_pointer.h"
@@ -34,19 +35,29 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     /// Takes input or not, as its form does.
     void showEnabled();
 
+    /// Something may have changed; `settled` follows once for all that happens in a short while.
+    void changeSeen();
+
   Q_SIGNALS:
     void formShown();  ///< its caption, or whether it takes input
+    void settled();    ///< a while after changes
 
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
     void formChanged() override;
+    void nodeChanged(const canvas::LabelsD&) override { changeSeen(); }
+    void nodeRemoved(const canvas::LabelsD&) override { changeSeen(); }
+    void edgeChanged(const canvas::LinesD&) override { changeSeen(); }
+    void edgeRemoved(const canvas::LinesD&) override { changeSeen(); }
+    void manyChanged() override { changeSeen(); }
 
     canvas::CanvasForm* form_;
     canvas::CanvasSubscription subscription_;
     AskClose askClose_;
     CanvasEditor* editor_;
+    QTimer settling_;
 };
 
 }  // namespace orvent::qt

@@ -211,7 +211,7 @@ void FrameWindow::commandsChanged() {
 void FrameWindow::showTitle() {
     const canvas::CanvasForm* form = area_->active();
     const QString program = QStringLiteral("ORVENT II");
-    setWindowTitle(form ? tr("%1 — %2").arg(text(form->Caption()), program) : program);
+    setWindowTitle(form ? tr("%1 — %2").arg(text(form->Caption() + form->titleMark()), program) : program);
     area_->refresh();
 }
 
