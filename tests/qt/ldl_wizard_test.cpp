@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -258,6 +259,8 @@ class LdlWizardTest : public WindowTest {
             QVERIFY(!isShown(window, "original"));
             click(window, "cmdGenerateLDL");
             QVERIFY(isShown(window, "original"));
+            const QSize least = window.layout()->totalMinimumSize();
+            QVERIFY2(least.width() <= 1000 && least.height() <= 660, "it fits a screen of 1024 x 700");
             QVERIFY(lineOf(window, "hint").startsWith(QLatin1String("The statement is not complete. @ARGUMENT[1]")));
             auto* strip = control<QLabel>(window, "progress")->parentWidget();
             QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(4, 4));

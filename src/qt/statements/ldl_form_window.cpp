@@ -5,6 +5,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -25,7 +27,8 @@ using statements::LDLButton;
 using statements::LDLForm;
 
 constexpr QSize kSize(1040, 730);
-constexpr int kVariablesHeight = 150;
+constexpr int kAround = 40;  // a window's title and a strip of what lies below
+constexpr int kVariablesHeight = 130;
 constexpr int kButtonHeight = 28;
 
 /// A group that is the frame of its one widget.
@@ -66,7 +69,7 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
         });
     }
     showState();
-    resize(kSize);
+    resize(kSize.boundedTo(screen()->availableSize() - QSize(kAround, kAround)));
     if (logic_.CurrentVariable) {
         panel_->focusKind();
     } else {
@@ -180,7 +183,14 @@ QWidget* LDLFormWindow::newVariableSide() {
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins({});
     rows->setSpacing(Spacing::margin);
-    rows->addWidget(panel_, 1);
+    // What a low screen cannot show is scrolled to.
+    auto* room = new QScrollArea(side);
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->viewport()->setAutoFillBackground(false);
+    panel_->setAutoFillBackground(false);
+    room->setWidget(panel_);
+    rows->addWidget(room, 1);
     rows->addWidget(steps_);
     return side;
 }

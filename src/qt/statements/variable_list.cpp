@@ -12,8 +12,6 @@ namespace {
 
 enum Column { NameColumn, KindColumn, MeaningColumn, Columns };
 constexpr int kIcon = 16;
-constexpr int kPadding = 40;
-constexpr statements::LDLVariableType kWidestKind = statements::VarFunctionParameterArray;
 
 QString kindCaption(statements::LDLVariableType kind) {
     for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
@@ -34,10 +32,10 @@ VariableList::VariableList(QWidget* parent, std::function<void(const QString&)> 
     setUniformRowHeights(true);
     setFocusPolicy(Qt::NoFocus);
     setIconSize({kIcon, kIcon});
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // the meaning is shortened, and whole in its tool tip
     // Names are as wide as they are; what the columns leave is for the meaning.
     header()->setSectionResizeMode(NameColumn, QHeaderView::ResizeToContents);
-    header()->setSectionResizeMode(KindColumn, QHeaderView::Fixed);
-    header()->resizeSection(KindColumn, fontMetrics().horizontalAdvance(kindCaption(kWidestKind)) + kPadding);
+    header()->setSectionResizeMode(KindColumn, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(MeaningColumn, QHeaderView::Stretch);
     connect(this, &QTreeWidget::itemClicked, this,
             [go = std::move(go)](QTreeWidgetItem* row) { go(row->text(NameColumn).mid(1)); });
