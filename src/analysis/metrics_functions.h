@@ -1,0 +1,77 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "canvas/canvas.h"
+
+namespace orvent::analysis {
+
+/// The columns of every table of metrics, in their order. `Trans` counts what lies beyond the direct neighbours.
+enum MetricsColumn : std::size_t {
+    Local_IN,
+    Local_OUT,
+    Local_DEGREE,
+    Trans_IN,
+    Trans_OUT,
+    Trans_DEGREE,
+    Total_IN,
+    Total_OUT,
+    Total_DEGREE,
+    kMetricsColumns,
+};
+
+/// The heads of the columns.
+inline constexpr std::array<const char*, kMetricsColumns> kMetricsHeads = {"Local_IN", "Local_OUT", "Local_DEGREE",
+                                                                           "Trans_IN", "Trans_OUT", "Trans_DEGREE",
+                                                                           "Total_IN", "Total_OUT", "Total_DEGREE"};
+
+/// What a cell of the sum and average rows shows before there is a number.
+inline constexpr const char* kNoMetric = "-----";
+
+/// One attribute or one node with its numbers.
+struct MetricsRow {
+    std::string name;
+    std::int32_t node = 0;  ///< `Index` of the node that shows it or owns it
+    std::array<std::int16_t, kMetricsColumns> values = {};
+};
+
+/// The tables that are filled: inputs, record set attributes or nodes in the first, outputs in the second.
+struct MetricsViews {
+    std::vector<MetricsRow> InpMetrView;
+    std::vector<MetricsRow> OutMetrView;
+    std::array<std::string, kMetricsColumns> SumView;
+    std::array<std::string, kMetricsColumns> AvgView;
+
+    MetricsViews() { clear(); }
+    void clear();
+};
+
+/// Counts how strongly things depend on each other: direct neighbours, and what is reached by walks along the links of
+/// attributes or the edges of nodes that visit at most `TransDepth` of them. Values and sums beyond 16 bits throw a
+/// `Fault`; the rows that stand stay. Nothing of the scenario changes.
+class MetricsFunctions {
+  public:
+    /// The views are filled anew by each call.
+    MetricsFunctions(MetricsViews& views, std::int16_t TransDepth) : views_(views), depth_(TransDepth) {}
+
+    /// A row for each attribute of a record set, or for each input and output of an activity.
+    void EntityMetrics(const canvas::Canvas& form, const canvas::LabelsD& node);
+
+    /// A row for each node of a scenario. Direct neighbours count along provider edges, walks along all edges.
+    void ScenarioMetrics(const canvas::Canvas& form);
+
+  private:
+    void SumsAndAverages();
+
+    MetricsViews& views_;
+    std::int16_t depth_;
+};
+
+/// The text of a cell: a filler before a value below 10, so that texts sort as numbers do.
+std::string PadColumns(const std::string& value);
+
+}  // namespace orvent::analysis
