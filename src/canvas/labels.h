@@ -59,6 +59,9 @@ class LineNumbers {
     std::vector<std::int32_t> numbers_;
 };
 
+/// Width of the strip at the right end of a comment's box in which its text is scrolled, twips.
+inline constexpr float kCommentStrip = 200;
+
 /// A node of a canvas: its box (twips, colours with blue in the high byte), its edges and its entity. Every setter of
 /// something visible tells the canvas' view at once.
 class LabelsD {
@@ -81,7 +84,7 @@ class LabelsD {
     /// A place of the picture, relative to the box.
     Point inside(Point at) const { return {at.x - box_.Left, at.y - box_.Top}; }
     /// Whether a place of the picture lies on a comment's text; the right end of its box is a strip for scrolling.
-    bool onText(Point at) const { return at.x - box_.Left <= box_.Width - 200; }
+    bool onText(Point at) const { return at.x - box_.Left <= box_.Width - kCommentStrip; }
 
     /// Places the box by its four values at once, with one update of its edges; the least sizes hold.
     void setBox(const Box& value);

@@ -309,6 +309,52 @@ class DrawingTest : public WindowTest {
         QTest::mouseRelease(desk.window(), Qt::LeftButton, {}, QPoint(500, 500));
     }
 
+    void aLongCommentScrollsInItsStrip() {
+        Desk desk;
+        desk.tool("NodeBar", "Comment");
+        desk.clickAt({6000, 6000});
+        desk.tool("ArrowBar", "Move");
+        desk.clickAt({12000, 11000});
+        canvas::LabelsD& node = desk.node("Comment0");
+        const Point strip{node.Left() + node.Width() - 100, node.Top() + node.Height() / 2};
+        const Point low{strip.x, node.Top() + node.Height() - 60};
+        const auto wheel = [&](int delta) {
+            const QPoint inside = desk.editor().transform().toPixels(strip).toPoint();
+            QWheelEvent event(inside, desk.editor().viewport()->mapToGlobal(inside), QPoint(), QPoint(0, delta),
+                              Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(desk.editor().viewport(), &event);
+        };
+        const int bar = desk.editor().verticalScrollBar()->value();
+        const auto box = node.box();
+        std::string text = "start";
+        for (int line = 0; line < 12; ++line) {
+            text += "\nline " + std::to_string(line);
+        }
+        node.setComment(text);
+        const QImage start = desk.picture();
+        wheel(-120);
+        QVERIFY2(desk.picture() != start, "the text moves");
+        QCOMPARE(desk.editor().verticalScrollBar()->value(), bar);
+        wheel(120);
+        QCOMPARE(desk.picture(), start);
+
+        desk.moveTo(strip);
+        const QImage hovered = desk.picture();
+        desk.press(strip);
+        desk.moveTo(low);
+        desk.release(low);
+        QVERIFY(desk.picture() != hovered);
+        QCOMPARE(desk.selected(), 0);
+        QVERIFY(node.box() == box);
+        wheel(-120);  // the text is at its end
+        QVERIFY(desk.editor().verticalScrollBar()->value() > bar);
+
+        node.setComment("short");
+        desk.picture();
+        desk.clickAt({node.Left() + node.Width() - 100, node.Top() + node.Height() / 2});
+        QCOMPARE(desk.selected(), 1);
+    }
+
     void theWholePictureIsPrintedOnOnePage() {
         Desk desk;
         desk.drawAll();

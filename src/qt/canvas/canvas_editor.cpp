@@ -59,6 +59,9 @@ canvas::PointerEvent CanvasEditor::pointerEvent(const QMouseEvent& event, int bu
 
 void CanvasEditor::mousePressEvent(QMouseEvent* event) {
     CanvasViewWidget::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton && takeCommentBar(event->position())) {
+        return;
+    }
     if (const int button = buttonOf(event->button())) {
         pointer_.press(pointerEvent(*event, button));
     }
@@ -66,6 +69,9 @@ void CanvasEditor::mousePressEvent(QMouseEvent* event) {
 
 void CanvasEditor::mouseMoveEvent(QMouseEvent* event) {
     CanvasViewWidget::mouseMoveEvent(event);
+    if (event->buttons().testFlag(Qt::LeftButton) && dragCommentBar(event->position())) {
+        return;
+    }
     if (!event->buttons().testFlag(Qt::MiddleButton)) {
         pointer_.move(pointerEvent(*event, buttonOf(event->buttons())));
         showPointerShape();
@@ -74,6 +80,9 @@ void CanvasEditor::mouseMoveEvent(QMouseEvent* event) {
 
 void CanvasEditor::mouseReleaseEvent(QMouseEvent* event) {
     CanvasViewWidget::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && dropCommentBar()) {
+        return;
+    }
     if (const int button = buttonOf(event->button())) {
         pointer_.release(pointerEvent(*event, button));
     }

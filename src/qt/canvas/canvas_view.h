@@ -75,6 +75,12 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    /// The scroll bar of a comment is taken at a place of the viewport, follows the mouse, and is let go. False when
+    /// there is none.
+    bool takeCommentBar(QPointF pixel);
+    bool dragCommentBar(QPointF pixel);
+    bool dropCommentBar();
+
     canvas::Canvas& shownCanvas() const { return canvas_; }
     /// The canvas is not listened to any more.
     void stopListening() { subscription_.end(); }
@@ -111,6 +117,8 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     std::int32_t handleAt(canvas::Point place, float reach) const;
     void setPointedEdge(const canvas::LinesD* edge);
     QString toolTipAt(QPoint place);
+    const canvas::LabelsD* commentBarAt(QPointF pixel) const;
+    bool scrollComment(const canvas::LabelsD& node, int first);
 
     canvas::Canvas& canvas_;
     canvas::CanvasSubscription subscription_;
@@ -131,6 +139,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     canvas::Point shownSize_;
     bool following_ = false;  ///< the bars follow `PicForm` and not the user
     std::optional<QPoint> panFrom_;
+    std::int32_t scrolledComment_ = -1;  ///< whose bar is held
     NodePainter nodePainter_;
 };
 

@@ -146,6 +146,10 @@ void CanvasViewWidget::wheelEvent(QWheelEvent* event) {
     } else if ((event->modifiers() & Qt::ShiftModifier) && event->angleDelta().x() == 0) {
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - event->angleDelta().y());
         event->accept();
+    } else if (const canvas::LabelsD* comment = commentBarAt(event->position());
+               comment && scrollComment(*comment, nodePainter_.cache().laidOut(comment->Index())->first +
+                                                      (event->angleDelta().y() > 0 ? -1 : 1))) {
+        event->accept();  // at the end of the text the wheel goes on to the picture
     } else {
         QAbstractScrollArea::wheelEvent(event);
     }

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QTextLayout>
 #include <functional>
+#include <utility>
 
 namespace orvent::qt {
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr double kLinePixels = 11;
 constexpr std::size_t kMostCaptions = 4096;
-constexpr qsizetype kMostLetters = 2000;  // more can never be seen in a box
+constexpr qsizetype kMostLetters = 20000;  // more nobody reads in a box
 
 QString flattened(std::string_view text) {
     const auto end = std::min(text.size(), static_cast<std::size_t>(4 * kMostLetters));
@@ -20,10 +21,8 @@ QString flattened(std::string_view text) {
     return words;
 }
 
-/// The lines that fit into the room, the last one elided when more would follow.
-QString wrapped(const QString& words, const QFont& font, QSizeF room, bool& elided) {
-    const QFontMetricsF metrics(font);
-    const int most = std::max(1, static_cast<int>((room.height() + 1) / metrics.lineSpacing()));
+/// The text in lines of that width.
+QStringList wrapped(const QString& words, const QFont& font, double width) {
     QStringList lines;
     for (const QString& paragraph : words.split(QLatin1Char('\n'))) {
         QTextLayout layout(paragraph, font);
@@ -32,25 +31,12 @@ QString wrapped(const QString& words, const QFont& font, QSizeF room, bool& elid
         layout.setTextOption(option);
         layout.beginLayout();
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(room.width());
-            if (lines.size() == most) {
-                elided = true;
-                break;
-            }
-            const bool last = lines.size() + 1 == most;
-            const QString rest = paragraph.mid(line.textStart(), last ? -1 : line.textLength());
-            lines << (last ? metrics.elidedText(rest, Qt::ElideRight, room.width()) : rest.trimmed());
-            elided = elided || (last && lines.back() != rest);
-            if (last) {
-                break;
-            }
+            line.setLineWidth(width);
+            lines << paragraph.mid(line.textStart(), line.textLength()).trimmed();
         }
         layout.endLayout();
-        if (elided) {
-            break;
-        }
     }
-    return lines.join(QChar::LineSeparator);
+    return lines;
 }
 
 }  // namespace
@@ -87,14 +73,15 @@ const CaptionCache::Caption& CaptionCache::caption(std::int32_t index, std::stri
     if (entry.scale == scale && entry.textHash == hash && entry.room == room) {
         return entry.caption;
     }
-    entry = Entry{{}, hash, room, scale};
+    const int first = entry.textHash == hash ? entry.caption.first : 0;
+    entry = Entry{{}, hash, room, scale, {}};
     Caption& caption = entry.caption;
+    caption.first = first;
     const double pixels = form == CaptionForm::paragraph ? kParagraphPixels : kLinePixels;
     caption.font = fontFor(form, std::max(1, static_cast<int>(std::lround(pixels * scale))));
     const QString words = flattened(text);
-    QString shown;
     if (form == CaptionForm::paragraph) {
-        shown = wrapped(words, caption.font, room, caption.elided);
+        entry.lines = wrapped(words, caption.font, room.width());
         // The breaks are settled; the room is given only so that they are kept.
         QTextOption option;
         option.setWrapMode(QTextOption::ManualWrap);
@@ -103,14 +90,45 @@ const CaptionCache::Caption& CaptionCache::caption(std::int32_t index, std::stri
     } else {
         QString line = words;
         line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-        shown = QFontMetricsF(caption.font).elidedText(line, Qt::ElideRight, room.width());
-        caption.elided = shown != line;
+        entry.lines = QStringList(QFontMetricsF(caption.font).elidedText(line, Qt::ElideRight, room.width()));
+        caption.elided = entry.lines.front() != line;
     }
     caption.text.setTextFormat(Qt::PlainText);
     caption.text.setPerformanceHint(QStaticText::AggressiveCaching);
-    caption.text.setText(shown);
-    caption.text.prepare(QTransform(), caption.font);
+    showLines(entry);
     return caption;
+}
+
+/// The lines that fit into the room; more to follow is told by an ellipsis.
+void CaptionCache::showLines(Entry& entry) {
+    Caption& caption = entry.caption;
+    const QFontMetricsF metrics(caption.font);
+    caption.lines = static_cast<int>(entry.lines.size());
+    caption.shown =
+        caption.lines == 1 ? 1 : std::max(1, static_cast<int>((entry.room.height() + 1) / metrics.lineSpacing()));
+    caption.first = std::clamp(caption.first, 0, std::max(0, caption.lines - caption.shown));
+    QStringList shown = entry.lines.mid(caption.first, caption.shown);
+    if (caption.first + caption.shown < caption.lines) {
+        caption.elided = true;
+        shown.back() = metrics.elidedText(shown.back() + QChar(0x2026), Qt::ElideRight, entry.room.width());
+    }
+    caption.text.setText(shown.join(QChar::LineSeparator));
+    caption.text.prepare(QTransform(), caption.font);
+}
+
+const CaptionCache::Caption* CaptionCache::laidOut(std::int32_t index) const {
+    const auto found = entries_.find(index);
+    return found == entries_.end() ? nullptr : &found->second.caption;
+}
+
+bool CaptionCache::scrollTo(std::int32_t index, int first) {
+    const auto found = entries_.find(index);
+    if (found == entries_.end()) {
+        return false;
+    }
+    const int former = std::exchange(found->second.caption.first, first);
+    showLines(found->second);
+    return found->second.caption.first != former;
 }
 
 }  // namespace orvent::qt

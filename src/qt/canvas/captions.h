@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QStaticText>
+#include <QStringList>
 #include <cstdint>
 #include <map>
 #include <string_view>
@@ -24,6 +25,10 @@ class CaptionCache {
         QStaticText text;
         QFont font;
         bool elided = false;
+        int first = 0;  ///< the first line shown of a paragraph
+        int shown = 1;  ///< how many lines its room holds
+        int lines = 1;  ///< how many it has
+        bool scrolls() const { return lines > shown; }
     };
 
     explicit CaptionCache(const QFont& base) : base_(base) {}
@@ -32,6 +37,11 @@ class CaptionCache {
 
     /// The caption of the node with that number for a room of that size in pixels.
     const Caption& caption(std::int32_t index, std::string_view text, CaptionForm form, QSizeF room, double scale);
+
+    /// What was laid out for that node, or nothing.
+    const Caption* laidOut(std::int32_t index) const;
+    /// Shows the paragraph of that node from another line on, within its bounds. False when it stays as it is.
+    bool scrollTo(std::int32_t index, int first);
 
     void forget(std::int32_t index) { entries_.erase(index); }
     /// Drops everything once the cache holds more captions than a screen shows.
@@ -44,7 +54,10 @@ class CaptionCache {
         std::size_t textHash = 0;
         QSizeF room;
         double scale = 0;
+        QStringList lines;
     };
+
+    static void showLines(Entry& entry);
 
     /// The font of a form at that size. Captions share it, since the toolkit looks a font up once for all its copies.
     const QFont& fontFor(CaptionForm form, int pixels);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/codes.h"
+#include "qt/canvas/comment_bar.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/theme/blend.h"
 #include "qt/theme/model_colour.h"
@@ -156,7 +157,10 @@ void NodePainter::paintBox(const PaintContext& context, canvas::NodeTypeCode kin
 void NodePainter::paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box,
                                const QColor& fill) {
     const NodeShape& shape = nodeShape(node.NodeType());
-    const QRectF room = shape.captionRoom(box, context.transform.scale);
+    QRectF room = shape.captionRoom(box, context.transform.scale);
+    if (shape.form == CaptionForm::paragraph) {
+        room.setRight(std::min(room.right(), commentStrip(box, context.transform.scale).left()));
+    }
     if (room.width() < 4 || node.shownText().empty()) {
         return;
     }
@@ -170,6 +174,14 @@ void NodePainter::paintCaption(const PaintContext& context, const canvas::Labels
     context.painter.setFont(caption.font);
     context.painter.setPen(captionColour(fill, context.colours));
     context.painter.drawStaticText(context.sharp(at, 0), caption.text);
+    if (shape.form == CaptionForm::paragraph && caption.scrolls()) {
+        QColor colour = captionColour(fill, context.colours);
+        const CommentBar bar(box, context.transform.scale, caption);
+        colour.setAlphaF(0.15F);
+        context.painter.fillRect(bar.track, colour);
+        colour.setAlphaF(0.55F);
+        context.painter.fillRect(bar.thumb, colour);
+    }
 }
 
 void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, bool selected) {

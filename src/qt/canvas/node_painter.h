@@ -31,6 +31,9 @@ class NodePainter {
     void forgetCaption(std::int32_t index) { captions_.forget(index); }
     void setFont(const QFont& font) { captions_.setFont(font); }
     std::size_t captions() const { return captions_.count(); }
+    /// The captions that were painted lately.
+    CaptionCache& cache() { return captions_; }
+    const CaptionCache& cache() const { return captions_; }
 
   private:
     using PictureKey = std::tuple<std::int32_t, int, int, QRgb>;  // kind, width and height in device pixels, fill
