@@ -53,6 +53,7 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void close(canvas::CanvasForm&) override {}
+    void reveal(canvas::CanvasForm&, const canvas::LabelsD&) override {}
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
     void unsynchronise(canvas::Canvas&, canvas::LabelsD&) override {}
 };

@@ -39,8 +39,11 @@ class CanvasWindows {
     /// The template wizard on an activity.
     virtual void openTemplateWizard(CanvasForm& form, LabelsD& activity) = 0;
 
-    /// Closes the window like its close button. The form is gone afterwards, unless it refused.
+    /// Closes a window as by its own close button: it may ask, and it may stay.
     virtual void close(CanvasForm& form) = 0;
+
+    /// Scrolls so far that the node is seen.
+    virtual void reveal(CanvasForm& form, const LabelsD& node) = 0;
 
     /// Pops a menu up at a place of the picture. It comes back at once; the chosen item's name goes to
     /// `CanvasPointer::choose`.

@@ -11,6 +11,14 @@ CanvasPointer::~CanvasPointer() {
     cancel();
 }
 
+/// What a press or a move is meant for. With an edge tool a node is pressed to draw from it, so a handle above it
+/// counts only while its edge is selected.
+Hit CanvasPointer::meant(const Hit& hit) const {
+    const LinesD* edge = edgeAt(hit);
+    const bool drawing = canvas_.rules().edgeTypeOf(ports_.tools.DrawMode()).has_value();
+    return edge && drawing && hit.below != 0 && !edge->Selected() ? Hit{Element::node, hit.below} : hit;
+}
+
 LabelsD* CanvasPointer::nodeAt(const Hit& hit) const {
     return hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
 }
@@ -118,11 +126,11 @@ void CanvasPointer::press(const PointerEvent& event) {
     cancel();
     ports_.tools.canvasFocused(canvas_);
     captures_ = event.button == LeftButton;
-    captured_ = event.hit;
+    captured_ = meant(event.hit);
     pressedAt_ = event.at;
-    if (LabelsD* node = nodeAt(event.hit)) {
+    if (LabelsD* node = nodeAt(captured_)) {
         pressNode(*node, event);
-    } else if (LinesD* edge = edgeAt(event.hit)) {
+    } else if (LinesD* edge = edgeAt(captured_)) {
         pressHandle(*edge, event);
     } else if (event.hit.element == Element::picture && event.button == LeftButton) {
         pressPicture(event);
@@ -176,6 +184,10 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
 void CanvasPointer::pressHandle(LinesD& edge, const PointerEvent& event) {
     canvas_.ActiveEdge = edge.Index();
     if (event.button == RightButton) {
+        if (!edge.Selected()) {
+            canvas_.SelectedLines.Clear();
+            canvas_.SelectedLines.Add(edge.Index());
+        }
         showMenu("EdgesM", event.at);
         return;
     }

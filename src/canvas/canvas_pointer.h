@@ -18,6 +18,7 @@ enum class Element { picture, node, handle, outside };
 struct Hit {
     Element element = Element::picture;
     std::int32_t number = 0;  ///< the node's `Index`, or the handle's number (`StartBox`, `MidBox`, `EndBox`)
+    std::int32_t below = 0;   ///< the node under the handle, 0 for none
 
     bool operator==(const Hit&) const = default;
 };
@@ -44,8 +45,8 @@ struct PointerPorts {
     EntityLinks& links;
 };
 
-/// Key code of Delete, the only key of a canvas.
-inline constexpr int kDeleteKey = 46;
+/// Codes of the keys of a canvas. The arrows move the selection from node to node, and Escape gives up the gesture.
+enum KeyCode : int { EscapeKey = 27, LeftKey = 37, UpKey = 38, RightKey = 39, DownKey = 40, DeleteKey = 46 };
 
 /// The gestures of a canvas: which change of the graph or of the selection a press, a move and a release mean, by the
 /// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges
@@ -70,8 +71,8 @@ class CanvasPointer : private CanvasListener {
     void release(const PointerEvent& event);
     void doubleClick(const PointerEvent& event);
 
-    /// True when the key means something to the canvas: only `kDeleteKey` does, and not while a button is held or a
-    /// comment is edited.
+    /// True when the key means something to the canvas. `DeleteKey` does not while a button is held or a comment is
+    /// edited.
     bool keyDown(int keyCode);
 
     /// An item of a context menu was chosen; `name` is the item's own.
@@ -145,8 +146,10 @@ class CanvasPointer : private CanvasListener {
     void begin(PointerState state);
     void end();
     void dropIfToolChanged();
+    bool deleteSelected();
     void restoreMenuTargets();
     void runAction(const ContextItem& item);
+    Hit meant(const Hit& hit) const;
     LabelsD* nodeAt(const Hit& hit) const;
     LinesD* edgeAt(const Hit& hit) const;
 

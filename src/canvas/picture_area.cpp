@@ -17,10 +17,17 @@ float PictureArea::held(float size) const {
 
 void PictureArea::settle(Axis& axis) const {
     axis.bar.Max = std::clamp(axis.size - axis.window, 0.0F, kLargestMax);
-    axis.bar.Value = std::min(axis.bar.Value, axis.bar.Max);
+    if (axis.bar.Value > axis.bar.Max) {
+        scroll(axis, axis.bar.Max);
+    }
     axis.bar.SmallChange = axis.size / 100;
     axis.bar.LargeChange = axis.size / 10;
     axis.bar.Length = std::max(axis.window - kBarThickness, kLeastLength);
+}
+
+void PictureArea::scroll(Axis& axis, float to) {
+    axis.seen = to;
+    axis.bar.Value = std::clamp(to, 0.0F, axis.bar.Max);
 }
 
 void PictureArea::resizeWindow(float width, float height) {
@@ -31,8 +38,8 @@ void PictureArea::resizeWindow(float width, float height) {
 }
 
 void PictureArea::scrollTo(float horizontal, float vertical) {
-    horizontal_.bar.Value = std::clamp(horizontal, 0.0F, horizontal_.bar.Max);
-    vertical_.bar.Value = std::clamp(vertical, 0.0F, vertical_.bar.Max);
+    scroll(horizontal_, horizontal);
+    scroll(vertical_, vertical);
 }
 
 void PictureArea::setSize(float width, float height) {
@@ -51,22 +58,21 @@ bool PictureArea::dragOver(Axis& axis, float at, float length) const {
     if (axis.window <= 0) {
         return false;  // nothing is on screen yet
     }
-    ScrollBar& bar = axis.bar;
-    const float formerValue = bar.Value;
+    const float formerSeen = axis.seen;
     const float formerSize = axis.size;
-    if (at > axis.window + bar.Value - length) {
-        if (bar.Value < bar.Max - kStep) {
-            bar.Value += kStep;
+    if (at > axis.window + axis.seen - length) {
+        if (axis.seen < axis.size - axis.window - kStep) {
+            scroll(axis, axis.seen + kStep);
         } else {
             axis.size = held(axis.size + kStep);
             settle(axis);
-            bar.Value = bar.Max;
+            scroll(axis, std::max(axis.size - axis.window, 0.0F));
         }
     }
-    if (at < bar.Value + length) {
-        bar.Value = std::max(bar.Value - kStep, 0.0F);
+    if (at < axis.seen + length && axis.seen > 0) {
+        scroll(axis, std::max(axis.seen - kStep, 0.0F));
     }
-    return bar.Value != formerValue || axis.size != formerSize;
+    return axis.seen != formerSeen || axis.size != formerSize;
 }
 
 void PictureArea::dragCorner(float dx, float dy) {
@@ -80,7 +86,7 @@ void PictureArea::dragCorner(Axis& axis, float distance) const {
     }
     axis.size = held(axis.size + distance);
     settle(axis);
-    axis.bar.Value = axis.bar.Max;
+    scroll(axis, std::max(axis.size - axis.window, 0.0F));
 }
 
 }  // namespace orvent::canvas

@@ -28,6 +28,8 @@ class PictureArea {
     float Top() const { return -ScrollBarVer().Value; }
     const ScrollBar& ScrollBarHor() const { return horizontal_.bar; }
     const ScrollBar& ScrollBarVer() const { return vertical_.bar; }
+    /// The upper left corner of what the view shows. The bars end at their `Max`, a view may reach beyond.
+    Point seen() const { return {horizontal_.seen, vertical_.seen}; }
 
     /// The picture never grows beyond this, 0 for no limit.
     void setLargest(float largest) { largest_ = largest; }
@@ -35,7 +37,7 @@ class PictureArea {
     /// The resize step of the window: `width`, `height` are its inner size with the bars.
     void resizeWindow(float width, float height);
 
-    /// A bar was moved; values beyond its range become its end.
+    /// The view was scrolled; beyond its range a bar stays at its end.
     void scrollTo(float horizontal, float vertical);
 
     /// Sets the size of the picture, and runs the resize step.
@@ -56,15 +58,17 @@ class PictureArea {
         float size;
         float window = 0;  ///< inner size of the window
         ScrollBar bar;
+        float seen = 0;  ///< where the view really is
     };
 
     void settle(Axis& axis) const;
+    static void scroll(Axis& axis, float to);
     bool dragOver(Axis& axis, float at, float length) const;
     void dragCorner(Axis& axis, float distance) const;
     float held(float size) const;
 
-    Axis horizontal_{kStartWidth, 0, {}};
-    Axis vertical_{kStartHeight, 0, {}};
+    Axis horizontal_{kStartWidth, 0, {}, 0};
+    Axis vertical_{kStartHeight, 0, {}, 0};
     float largest_ = 0;
 };
 

@@ -1,10 +1,19 @@
 // The key and the context menus of a canvas.
 
 #include "canvas/canvas_pointer.h"
+#include "canvas/node_walk.h"
 
 namespace orvent::canvas {
 
 namespace {
+
+struct WalkKey {
+    int key;
+    Direction direction;
+};
+
+constexpr WalkKey kWalkKeys[] = {
+    {LeftKey, Direction::left}, {RightKey, Direction::right}, {UpKey, Direction::up}, {DownKey, Direction::down}};
 
 std::string_view menuOf(const LabelsD& node) {
     switch (node.NodeType()) {
@@ -51,7 +60,27 @@ void CanvasPointer::showMenu(std::string_view name, Point at) {
 }
 
 bool CanvasPointer::keyDown(int keyCode) {
-    if (keyCode != kDeleteKey || captures_ || state_ == PointerState::editing) {
+    if (keyCode == DeleteKey) {
+        return deleteSelected();
+    }
+    if (keyCode == EscapeKey) {
+        cancel();
+        return true;
+    }
+    for (const WalkKey& row : kWalkKeys) {
+        if (row.key == keyCode) {
+            cancel();
+            if (const LabelsD* node = walk(canvas_, row.direction)) {
+                ports_.windows.reveal(canvas_, *node);
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+bool CanvasPointer::deleteSelected() {
+    if (captures_ || state_ == PointerState::editing) {
         return false;
     }
     cancel();

@@ -13,10 +13,11 @@ constexpr std::int16_t kPointerSizeAll = 5;
 }  // namespace
 
 void CanvasPointer::hover(const PointerEvent& event) {
-    LabelsD* node = nodeAt(event.hit);
+    const Hit hit = meant(event.hit);
+    LabelsD* node = nodeAt(hit);
     if (node) {
         hoverNode(*node, node->inside(event.at));
-    } else if (LinesD* edge = edgeAt(event.hit)) {
+    } else if (LinesD* edge = edgeAt(hit)) {
         hoverHandle(*edge);
     } else {
         hoverPicture();

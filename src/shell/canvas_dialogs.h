@@ -32,6 +32,7 @@ class CanvasDialogs : public canvas::CanvasWindows {
         wizard_.LDLCreate(form.scenario(), *activity.activity());
     }
     void close(canvas::CanvasForm& form) override { windows_.close(form); }
+    void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {
         desk_.showMenu(form, menu, at);
     }

@@ -31,6 +31,8 @@ class FrameHost {
     virtual void placeFrame(int left, int top, int width, int height) = 0;
     /// Puts a floating palette at the pointer.
     virtual void placePalette(Palette palette) = 0;
+    /// Maximizes the frame. In its ordinary state it first moves by 100 twips.
+    virtual void maximizeFrame() = 0;
     /// False: the frame takes no input until it is enabled again.
     virtual void enableFrame(bool enabled) = 0;
     /// Commands or tools may have become enabled or disabled, or a palette may have changed its place.

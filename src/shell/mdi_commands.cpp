@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "canvas/node_walk.h"
 #include "canvas/scaling.h"
 #include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
 #include "shell/mdi_form.h"
-#include "shell/node_walk.h"
 #include "zoom/check_consistency.h"
 
 namespace orvent::shell {
@@ -68,7 +68,7 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
          [](MDIForm1& f) { zoom::CheckConsistency(*f.activeScenario(), f.ports_.progress); }},
         {Command::metrics, never, nothing},
         {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
-        {Command::selectAll, inWindow, [](MDIForm1& f) { selectAllNodes(*f.activeEnabled()); }},
+        {Command::selectAll, inWindow, [](MDIForm1& f) { canvas::selectAllNodes(*f.activeEnabled()); }},
         {Command::viewLarger, inWindow,
          [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::larger); }},
         {Command::viewSmaller, inWindow,
@@ -120,6 +120,8 @@ void MDIForm1::login() {
     userLogin.open();
     host_.runUserLogin(userLogin);
     if (userLogin.loggedIn) {
+        currentGroup_ = 1;
+        host_.maximizeFrame();
         loadSave_.forgetInterruptedSaves();
         loadCatalogue();
         repository::offerStarterCatalogue(services_, catalogue_);
@@ -127,6 +129,11 @@ void MDIForm1::login() {
     } else {
         host_.unloadFrame();
     }
+}
+
+void MDIForm1::chooseGroup(int group) {
+    currentGroup_ = group;
+    host_.commandsChanged();
 }
 
 void MDIForm1::changeUser() {

@@ -72,6 +72,9 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
 
     /// Some time has passed since a window changed: marks its scenario when it holds unsaved work.
     void noticeChanges(canvas::CanvasForm& form);
+    /// The current group of the vertical menu, from 1 on.
+    int currentGroup() const { return currentGroup_; }
+    void chooseGroup(int group);
 
     bool anyScenario() const;
     const OptionsData& options() const { return options_; }
@@ -114,6 +117,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     statements::LDLScenarioWriter ldl_;
     analysis::TextExport textExport_;
     ToolBars tools_;
+    int currentGroup_ = 1;
     CanvasDialogs dialogs_;
     zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;

@@ -73,6 +73,9 @@ void OptionsForm::butAplly() {
 void OptionsForm::butDefault() {
     DefaultOptions(options_);
     open();
+    if (changed) {
+        changed();  // the message stands over the fields that it speaks of
+    }
     ports_.messages.tell("All Options Restored To Default Values", "Restored Options", platform::Icon::information);
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -45,6 +46,8 @@ class OptionsForm {
     void butDefault();
     void chooseColour();
     void SqlOpen();
+
+    std::function<void()> changed;  ///< the fields are to be shown again
 
   private:
     OptionsData& options_;

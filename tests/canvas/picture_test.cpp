@@ -47,6 +47,19 @@ TEST(Picture, ScrollsAndGrowsByTheRules) {
         EXPECT_EQ(place.str(), row.place);
     }
     EXPECT_EQ(picture.ScrollBarHor().Length, 270);
+
+    // The bars end at 32,767; the border is that of what the view shows beyond.
+    PictureArea wide;
+    wide.setSize(60000, 13000);
+    wide.resizeWindow(10000, 10000);
+    wide.scrollTo(40000, 0);
+    EXPECT_EQ(wide.ScrollBarHor().Value, 32767);
+    EXPECT_FALSE(wide.dragOver({45000, 5000}, 1000, 400)) << "not at its border";
+    EXPECT_TRUE(wide.dragOver({49500, 5000}, 1000, 400));
+    EXPECT_EQ(wide.seen().x, 40025);
+    EXPECT_EQ(wide.Width(), 60000);
+    EXPECT_TRUE(wide.dragOver({40500, 5000}, 1000, 400));
+    EXPECT_EQ(wide.seen().x, 40000);
 }
 
 TEST(Ratio, AsksUntilItIsOne) {

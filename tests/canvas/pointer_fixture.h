@@ -30,6 +30,7 @@ class LoggingHost : public canvas::ToolState,
         log_ += " wizard " + node.Caption();
     }
     void close(canvas::CanvasForm& form) override { log_ += " close " + form.Caption(); }
+    void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { log_ += " show " + node.Caption(); }
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point) override {
         log_ += " " + std::string(menu.name);
     }
@@ -66,8 +67,8 @@ struct PointerStage {
         form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0);
     }
 
-    /// Plays events, divided by "|": a verb, an element (p picture, o outside, n2 node, h3 handle) or a word, a place,
-    /// and letters: R right button, C Ctrl, L left button held.
+    /// Plays events, divided by "|": a verb, an element (p picture, o outside, n2 node, h3 handle, h3@2 handle above a
+    /// node) or a word, a place, and letters: R right button, C Ctrl, L left button held.
     void play(const std::string& events) {
         std::istringstream all(events);
         for (std::string one; std::getline(all, one, '|');) {
@@ -79,6 +80,8 @@ struct PointerStage {
             using enum canvas::Element;
             event.hit.element = std::map<char, canvas::Element>{{'n', node}, {'h', handle}, {'o', outside}}[element[0]];
             event.hit.number = number;
+            const std::size_t below = element.find('@');
+            event.hit.below = below == std::string::npos ? 0 : std::atoi(element.c_str() + below + 1);
             event.ctrl = letters == "C";
             event.button = letters == "R" ? canvas::RightButton : canvas::LeftButton;
             if (verb == "move") {
@@ -90,7 +93,7 @@ struct PointerStage {
                 verb == "press"     ? pointer->press(event)
                 : verb == "release" ? pointer->release(event)
                 : verb == "double"  ? pointer->doubleClick(event)
-                : verb == "key"     ? void(pointer->keyDown(canvas::kDeleteKey))
+                : verb == "key"     ? void(pointer->keyDown(canvas::DeleteKey))
                 : verb == "choose"  ? pointer->choose(element)
                 : verb == "tool"    ? void(host.tool = element)
                 : verb == "cancel"  ? pointer->cancel()

@@ -34,6 +34,13 @@ TEST(Pointer, WhatAGestureLeaves) {
         {"Description", "press n3 1100 3300|release n1 1 1|move n1 1100 1100", "1.3-2.1 [3/0]" + invalid},
         {"Description", "press n2 3500 1500|release n1 1 1|move n4 3500 3010", "1.3-2.1 2.5-4.2 [2/0]"},
         {"Regulator", "press n2 3500 1500|release n1 1 1|move n5 5500 1010", "1.3-2.1 [2/0]"},
+        // With an edge tool a node is taken before the handles above it, but for those of selected edges.
+        {"Provider", "press h3@2 3500 1150|release n2 1 1|move n5 5100 1200", "1.3-2.1 2.3-5.1 [2/0]"},
+        {"Provider", kDraw + "release n2 1 1|move h3@2 3500 1150", "1.3-2.1 1.3-2.3 [1/0]"},
+        {"Provider", "press h3@2 3500 1150 R", "1.3-2.1 [2/0] ActivityM"},
+        {"Provider", "press h2 1 1|release h2 1 1|press h3@2 3500 1150|move n5 1 1 L|release n5 5100 1200",
+         "1.3-5.1 [/1]"},
+        {"Move", "press h3@2 3500 1150|move n5 1 1 L|release n5 5100 1200", "1.3-5.1 [/1]"},
         // The end and the start of edge 1 are dragged.
         {"Arrow", "press h3 0 0|move h3 1 1 L|release n5 5100 1200", "1.3-5.1 [/1]"},
         {"Arrow", "press h3 0 0|move h3 1 1 L|release n2 3900 1300", "1.3-2.1 [/1]"},
@@ -44,6 +51,9 @@ TEST(Pointer, WhatAGestureLeaves) {
         {"Arrow", "press n1 1 1|press n2 1 1 C|press n1 1 1 C", "1.3-2.1 [2/0]"},
         {"Arrow", "press n1 1 1|press h2 1 1|press h2 1 1 C|press h2 1 1 C|release h2 1 1|key", "[/0]"},
         {"Arrow", "press h2 1 1|press n1 1 1|press p 1 1 C", "1.3-2.1 [1/0]"},
+        // The menu of an edge that is not selected selects it.
+        {"Arrow", "press n1 1 1|press h2 1 1 R", "1.3-2.1 [1/1] EdgesM"},
+        {"Arrow", "press h2 1 1 R|press h2 1 1 R|choose EdgeDeleteM", "[/0] EdgesM EdgesM"},
         {"Arrow", "press n3 2300 3100 R|press n4 1 1 R|press n3 2400 3100 R", "1.3-2.1 [3/0] CommentM LogM"},
         {"Arrow", "double n1 1 1|double n2 1 1|double n4 1 1|double p 1 1", "1.3-2.1 [/0] dialog RS dialog Act"},
         {"Arrow", "key|press p 1 1 R|press n77 1 1|press h77 1 1|press o 1 1", "1.3-2.1 [/0]"},
@@ -231,13 +241,25 @@ TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
         stage.play(std::string("choose ") + item);
         EXPECT_EQ(stage.form.Lines.byIndex(1)->Angle(), angle);
     }
-    stage.play("choose EdgeDeleteM");  // an edge that is not selected stays
-    EXPECT_EQ(stage.seen(), "1.3-2.1 [2/0] EdgesM");
+    EXPECT_EQ(stage.seen(), "1.3-2.1 [2/1] EdgesM");
     stage.play("press n5 1 1|press n4 1 1 C|press n3 1 1 C|choose LogDeleteM|choose CommentDeleteM");
     EXPECT_EQ(stage.form.Labels.Count(), 4);
+    stage.play("choose EdgeDeleteM");  // an edge that is not selected stays
+    EXPECT_EQ(stage.form.Lines.Count(), 1);
     stage.play("press h1 1 1|choose EdgeDeleteM|press n2 1 1|choose ActivityDeleteM");
     EXPECT_EQ(stage.seen(), "[/0] unlink Act");
     stage.play("choose ActivityPropertiesM|choose ActivityNotReadyM|choose EdgeAngleNoneM");  // both are gone
+}
+
+TEST(Pointer, KeysWalkAndGiveUp) {
+    PointerStage stage("Move");
+    stage.play("press n1 1100 1200|move n1 2000 2000 L");
+    EXPECT_TRUE(stage.pointer->keyDown(RightKey));
+    EXPECT_EQ(stage.seen() + stage.box(1), "1.3-2.1 [2/0] show Act1000 1000 1000 400");
+    stage.play("press n1 1100 1200|move n1 2000 2000 L");
+    EXPECT_TRUE(stage.pointer->keyDown(EscapeKey));
+    EXPECT_EQ(stage.pointer->state(), PointerState::idle);
+    EXPECT_FALSE(stage.pointer->keyDown(65));
 }
 
 TEST(Pointer, ACommentIsEditedInItsBox) {
@@ -247,7 +269,7 @@ TEST(Pointer, ACommentIsEditedInItsBox) {
     stage.pointer->editComment("none");
     stage.play("double n3 2300 3100");
     stage.pointer->editComment("words");
-    EXPECT_FALSE(stage.pointer->keyDown(kDeleteKey));
+    EXPECT_FALSE(stage.pointer->keyDown(DeleteKey));
     EXPECT_TRUE(comment.entity<entities::CommentProperties>()->Changed);
     for (const char* end : {"cancel", "press p 1 1", "delete n3"}) {
         EXPECT_EQ(comment.Comment(), "words");

@@ -3,6 +3,8 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QWheelEvent>
@@ -353,6 +355,78 @@ class DrawingTest : public WindowTest {
         desk.picture();
         desk.clickAt({node.Left() + node.Width() - 100, node.Top() + node.Height() / 2});
         QCOMPARE(desk.selected(), 1);
+    }
+
+    void anUndecidedEdgeDoesNotSurviveAChangeOfTheWindow() {
+        Desk desk;
+        desk.tool("NodeBar", "RecordSet");
+        desk.clickAt({3000, 3000});
+        desk.clickAt({9000, 3000});
+        desk.tool("EdgeBar", "Provider");
+        desk.moveTo({3400, 3000});
+        desk.press({3400, 3000});
+        desk.moveTo({8600, 3000});
+        desk.release({8600, 3000});
+        canvas::DrawForm& first = desk.form();
+        QCOMPARE(first.Lines.Count(), 1);
+        desk.open("Other");
+        QCOMPARE(first.Lines.Count(), 0);
+        desk.frame.area().setActiveSubWindow(desk.frame.area().windowOf(first));
+        desk.moveTo({8630, 3000});
+        QCOMPARE(first.Lines.Count(), 0);
+    }
+
+    void aSecondEdgeLeavesFromTheSameMark() {
+        Desk desk;
+        desk.tool("NodeBar", "Activity");
+        desk.clickAt({3000, 3000});
+        desk.tool("NodeBar", "RecordSet");
+        desk.clickAt({9000, 2000});
+        desk.clickAt({9000, 5000});
+        desk.tool("EdgeBar", "Provider");
+        const canvas::LabelsD& activity = desk.node("Activity1");
+        for (const float height : {2000.0F, 5000.0F}) {
+            const Point mark = activity.GrabPoint(3);
+            desk.moveTo(mark);
+            desk.press(mark);
+            desk.moveTo({8600, height});
+            desk.release({8600, height});
+            desk.moveTo({8630, height});
+        }
+        QCOMPARE(desk.form().Lines.Count(), 2);
+        QCOMPARE(desk.form().Lines.at(1)->ToLabel(), desk.node("RecordSet1").Index());
+        QCOMPARE(desk.form().Lines.at(2)->ToLabel(), desk.node("RecordSet2").Index());
+    }
+
+    void theBarsStepsFollowThePicture() {
+        Desk desk;
+        canvas::PictureArea& picture = desk.form().PicForm;
+        const QScrollBar& bar = *desk.editor().horizontalScrollBar();
+        QCOMPARE(bar.singleStep(), 11);  // a hundredth of 17,000 twips
+        QCOMPARE(bar.pageStep(), 113);
+        picture.setSize(34000, 13000);
+        desk.form().tellMarkers();
+        QCOMPARE(bar.singleStep(), 23);
+        picture.setSize(1e7F, 13000);
+        desk.form().tellMarkers();
+        QVERIFY2(bar.pageStep() <= desk.editor().viewport()->width(), "nothing is passed over unseen");
+    }
+
+    void theChosenPrinterComesAgain() {
+        Desk desk;
+        const QString file = QString::fromStdString((desk.repository.folder.path() / "page.pdf").string());
+        for (const bool again : {false, true}) {
+            desk.dialogs.at(QStringLiteral("PrintDialog"), [&](QDialog& dialog) {
+                QPrinter& printer = *qobject_cast<QPrintDialog&>(dialog).printer();
+                QCOMPARE(printer.outputFileName() == file, again);
+                QCOMPARE(printer.copyCount(), 1);
+                printer.setOutputFormat(QPrinter::PdfFormat);
+                printer.setOutputFileName(file);
+                printer.setCopyCount(3);
+                dialog.done(QDialog::Accepted);
+            });
+            desk.choose("PrintScenarioM");
+        }
     }
 
     void theWholePictureIsPrintedOnOnePage() {

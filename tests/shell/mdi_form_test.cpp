@@ -181,7 +181,9 @@ TEST_F(Frame, AnotherUserClosesAllScenariosFirst) {
     };
     frame.host.atLogin = [](repository::UserLogin&) { FAIL() << "a scenario is open"; };
     change(Answer::cancel);
+    frame.frame.chooseGroup(3);
     frame.frame.run(Command::changeUser);
+    EXPECT_EQ(frame.frame.currentGroup(), 3);
     change(Answer::ok);
     expectClose("a", Answer::cancel);
     frame.frame.run(Command::changeUser);
@@ -194,6 +196,8 @@ TEST_F(Frame, AnotherUserClosesAllScenariosFirst) {
     expectClose("b", Answer::ok);
     frame.frame.run(Command::changeUser);
     EXPECT_EQ(frame.frame.options().repository.login.User, "berta");
+    EXPECT_EQ(frame.host.maximized, 1) << "as at the start";
+    EXPECT_EQ(frame.frame.currentGroup(), 1);
 }
 
 TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {

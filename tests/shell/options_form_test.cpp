@@ -72,6 +72,22 @@ TEST_F(OptionsWindow, DefaultsCountAtOnceAndAreStoredOnlyByApply) {
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "3000");
 }
 
+TEST_F(OptionsWindow, TheDefaultsAreShownBeforeTheyAreTold) {
+    struct Messages : platform::MessageBox {
+        std::string log;
+        platform::Answer show(const std::string&, const std::string& title, platform::Icon,
+                              platform::Buttons) override {
+            log += title;
+            return platform::Answer::ok;
+        }
+    } messages;
+    OptionsForm watched{options, Ports{repository.hooked, repository.dataSources, messages, repository.input,
+                                       repository.files, colours, repository.store, repository.progress, help, folder}};
+    watched.changed = [&] { messages.log += watched.Text[7] + " shown, "; };
+    watched.butDefault();
+    EXPECT_EQ(messages.log, "70 shown, Restored Options");
+}
+
 TEST_F(OptionsWindow, ColourAndFileKeepTheirValuesOnCancel) {
     form.open();
     form.chooseColour();

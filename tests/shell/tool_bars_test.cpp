@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "canvas/draw_form.h"
-#include "shell/node_walk.h"
 #include "testkit/scripted_ports.h"
 
 namespace orvent::shell {
@@ -121,23 +120,6 @@ TEST_F(Tools, PalettesFloatDockAndHide) {
     EXPECT_EQ(placed, std::vector{Palette::EdgeForm});
     tools.setEmptyState();
     EXPECT_FALSE(palettes.isBandShown(node));
-}
-
-TEST_F(Tools, WalkFollowsRowsAndColumns) {
-    EXPECT_EQ(walk(design, Direction::right), nullptr);
-    for (const auto& [name, left, top] :
-         {std::tuple{"a", 0.0F, 0.0F}, {"b", 3000.0F, 300.0F}, {"c", 1500.0F, 3000.0F}, {"d", 9000.0F, 0.0F}}) {
-        design.Labels.Add({left, top, 1050, 450}, name, canvas::NodeTypeRecordSet);
-    }
-    using enum Direction;
-    for (const auto& [direction, name] :
-         {std::pair{right, "a"}, {right, "b"}, {right, "d"}, {right, ""}, {left, "b"}, {down, "c"}, {up, "b"}}) {
-        const canvas::LabelsD* node = walk(design, direction);
-        EXPECT_EQ(node ? node->KeyName() : "", name);
-        EXPECT_EQ(design.SelectedLabels.Count(), 1);
-    }
-    selectAllNodes(design);
-    EXPECT_EQ(design.SelectedLabels.Count(), 4);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::vector<shell::Palette> palettesPlaced;
     int aboutShown = 0;
     bool placed = false;
+    int maximized = 0;
     bool ended = false;
 
     void runOptions(shell::OptionsForm& dialog) override { atOptions(dialog); }
@@ -38,6 +39,7 @@ class FakeFrameHost : public shell::FrameHost {
     void runViewScenarios(repository::ViewScenarios& dialog) override { atScenarios(dialog); }
     void runAbout() override { ++aboutShown; }
     void placeFrame(int, int, int, int) override { placed = true; }
+    void maximizeFrame() override { ++maximized; }
     void enableFrame(bool) override {}
     void commandsChanged() override {}
     void unloadFrame() override {

@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 
 #include "qt/text.h"
-#include "shell/node_walk.h"
 
 namespace orvent::qt {
 
@@ -22,15 +21,25 @@ constexpr PointerShape kShapes[] = {{5, Qt::SizeAllCursor},
                                     {8, Qt::SizeFDiagCursor},
                                     {9, Qt::SizeHorCursor}};
 
-struct WalkKey {
+struct Key {
     int key;
-    shell::Direction direction;
+    int code;
 };
 
-constexpr WalkKey kWalkKeys[] = {{Qt::Key_Left, shell::Direction::left},
-                                 {Qt::Key_Right, shell::Direction::right},
-                                 {Qt::Key_Up, shell::Direction::up},
-                                 {Qt::Key_Down, shell::Direction::down}};
+constexpr Key kKeys[] = {{Qt::Key_Escape, canvas::EscapeKey}, {Qt::Key_Left, canvas::LeftKey},
+                         {Qt::Key_Up, canvas::UpKey},         {Qt::Key_Right, canvas::RightKey},
+                         {Qt::Key_Down, canvas::DownKey},     {Qt::Key_Delete, canvas::DeleteKey}};
+
+/// The code of a key that the canvas may take, 0 for others. With other keys held, only Delete and Escape are meant.
+int codeOf(const QKeyEvent& event) {
+    for (const Key& row : kKeys) {
+        if (row.key == event.key()) {
+            const bool arrow = row.code >= canvas::LeftKey && row.code <= canvas::DownKey;
+            return arrow && (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier ? 0 : row.code;
+        }
+    }
+    return 0;
+}
 
 int buttonOf(Qt::MouseButtons buttons) {
     return (buttons & Qt::LeftButton ? canvas::LeftButton : 0) | (buttons & Qt::RightButton ? canvas::RightButton : 0);
@@ -95,18 +104,8 @@ void CanvasEditor::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CanvasEditor::keyPressEvent(QKeyEvent* event) {
-    for (const WalkKey& row : kWalkKeys) {
-        if (event->key() == row.key && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
-            pointer_.cancel();
-            if (const canvas::LabelsD* node = shell::walk(shownCanvas(), row.direction)) {
-                reveal(*node);
-            }
-            return;
-        }
-    }
-    if (event->key() == Qt::Key_Escape) {
-        pointer_.cancel();
-    } else if (event->key() != Qt::Key_Delete || !pointer_.keyDown(canvas::kDeleteKey)) {
+    const int code = codeOf(*event);
+    if (code == 0 || !pointer_.keyDown(code)) {
         CanvasViewWidget::keyPressEvent(event);
     }
 }

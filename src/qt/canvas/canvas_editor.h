@@ -9,8 +9,7 @@ class QPlainTextEdit;
 
 namespace orvent::qt {
 
-/// A canvas that is edited by hand: the view, whose events go to the canvas' gestures. Arrow keys walk from node to
-/// node, and Escape gives up the gesture under way.
+/// A canvas that is edited by hand: the view, whose events go to the canvas' gestures.
 class CanvasEditor : public CanvasViewWidget {
     Q_OBJECT
 

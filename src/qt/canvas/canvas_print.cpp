@@ -69,12 +69,16 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) 
     painter.restore();
 }
 
+CanvasPrinter::CanvasPrinter() = default;
+CanvasPrinter::~CanvasPrinter() = default;
+
 void CanvasPrinter::print(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent) {
-    QPrinter printer(QPrinter::HighResolution);
-    if (!chosen_.isEmpty()) {
-        printer.setPrinterName(chosen_);
+    if (!printer_) {
+        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     }
+    QPrinter& printer = *printer_;
     printer.setDocName(title);
+    printer.setCopyCount(1);
     printer.setPageOrientation(canvas.PicForm.Width() > canvas.PicForm.Height() ? QPageLayout::Landscape
                                                                                 : QPageLayout::Portrait);
     if (preview) {
@@ -83,13 +87,11 @@ void CanvasPrinter::print(canvas::Canvas& canvas, const QString& title, bool pre
         QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                          [&canvas](QPrinter* target) { printTo(canvas, *target); });
         dialog.exec();
-        chosen_ = printer.printerName();
         return;
     }
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName(QStringLiteral("PrintDialog"));
     if (dialog.exec() == QDialog::Accepted) {
-        chosen_ = printer.printerName();
         printTo(canvas, printer);
     }
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <memory>
 
 #include "canvas/canvas.h"
 
 class QPainter;
+class QPrinter;
 class QRectF;
 class QWidget;
 
@@ -17,12 +19,15 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page);
 /// Prints canvases on one page each, on the printer that was chosen last.
 class CanvasPrinter {
   public:
+    CanvasPrinter();
+    ~CanvasPrinter();
+
     /// Asks for a printer. With `preview` the page is shown first, and printed from there. Cancel, or a printer that
     /// fails, ends it silently.
     void print(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent);
 
   private:
-    QString chosen_;  ///< name of the printer, empty until one was chosen
+    std::unique_ptr<QPrinter> printer_;
 };
 
 }  // namespace orvent::qt

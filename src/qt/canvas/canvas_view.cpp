@@ -220,14 +220,18 @@ QRectF CanvasViewWidget::pictureArea() const {
 void CanvasViewWidget::updateScrollBars() {
     const QRectF area = pictureArea();
     const QSize room = viewport()->size();
-    const auto set = [](QScrollBar* bar, double from, double to, int length) {
+    const double pixels = scale_ / kTwipsPerPixel;
+    const auto set = [pixels](QScrollBar* bar, double from, double to, int length, const canvas::ScrollBar& steps) {
         const int least = static_cast<int>(std::floor(from));
         bar->setRange(least, std::max(least, static_cast<int>(std::ceil(to)) - length));
-        bar->setPageStep(length);
-        bar->setSingleStep(20);
+        // The steps follow the size of the picture, but never pass over what was not seen.
+        bar->setPageStep(std::clamp(static_cast<int>(std::lround(steps.LargeChange * pixels)), 1, std::max(1, length)));
+        bar->setSingleStep(
+            std::clamp(static_cast<int>(std::lround(steps.SmallChange * pixels)), 1, std::max(1, length / 8)));
     };
-    set(horizontalScrollBar(), area.left(), area.right(), room.width());
-    set(verticalScrollBar(), area.top(), area.bottom(), room.height());
+    const canvas::PictureArea& form = canvas_.PicForm;
+    set(horizontalScrollBar(), area.left(), area.right(), room.width(), form.ScrollBarHor());
+    set(verticalScrollBar(), area.top(), area.bottom(), room.height(), form.ScrollBarVer());
 }
 
 /// What is seen of the picture decides how far `PicForm` can be scrolled, and where dragging scrolls it.
@@ -246,7 +250,7 @@ void CanvasViewWidget::followPicForm() {
         ensureIndex();
         updateScrollBars();
     }
-    const canvas::Point scroll{form.ScrollBarHor().Value, form.ScrollBarVer().Value};
+    const canvas::Point scroll = form.seen();
     const QPointF pixels = Transform{scale_, {}}.toPixels(scroll);
     following_ = true;
     if (scroll.x != shownScroll_.x) {
@@ -323,7 +327,7 @@ void CanvasViewWidget::scrollContentsBy(int dx, int dy) {
     if (!following_) {
         const QPointF twips = transform().origin * (kTwipsPerPixel / scale_);
         canvas_.PicForm.scrollTo(static_cast<float>(twips.x()), static_cast<float>(twips.y()));
-        shownScroll_ = {canvas_.PicForm.ScrollBarHor().Value, canvas_.PicForm.ScrollBarVer().Value};
+        shownScroll_ = canvas_.PicForm.seen();
     }
 }
 

@@ -95,7 +95,7 @@ canvas::Hit CanvasViewWidget::hitAt(QPointF pixel) const {
     const float reach =
         node ? ofHandle : std::max(ofHandle, static_cast<float>(kHandleReach * kTwipsPerPixel / scale_));
     if (const std::int32_t handle = handleAt(place, reach)) {
-        return {canvas::Element::handle, handle};
+        return {canvas::Element::handle, handle, node ? node->Index() : 0};
     }
     return node ? canvas::Hit{canvas::Element::node, node->Index()} : canvas::Hit{canvas::Element::picture, 0};
 }

@@ -114,7 +114,9 @@ void FrameWindow::buildCentre() {
     auto* columns = new QHBoxLayout(row);
     columns->setContentsMargins({});
     columns->setSpacing(0);
-    columns->addWidget(new SideMenu(commands_, row));
+    sideMenu_ = new SideMenu(
+        commands_, [this](int group) { logic_->chooseGroup(group); }, row);
+    columns->addWidget(sideMenu_);
     columns->addWidget(centre_, 1);
     setCentralWidget(row);
 }
@@ -173,6 +175,14 @@ void FrameWindow::placeFrame(int left, int top, int width, int height) {
     showMaximized();
 }
 
+void FrameWindow::maximizeFrame() {
+    if (!isMinimized() && !isMaximized()) {
+        constexpr int step = 7;  // 100 twips in whole pixels
+        move(pos() + QPoint(step, step));
+    }
+    showMaximized();
+}
+
 void FrameWindow::placePalette(shell::Palette palette) {
     tools_->placePalette(palette);
 }
@@ -200,6 +210,7 @@ void FrameWindow::commandsChanged() {
     }
     commands_.refresh(*logic_);
     tools_->refresh();
+    sideMenu_->showCurrent(logic_->currentGroup());
     windowMenu_->menuAction()->setVisible(area_->active() != nullptr);
     centre_->setCurrentIndex(logic_->anyScenario() ? 1 : 0);
     const repository::LoginValues& login = logic_->options().repository.login;

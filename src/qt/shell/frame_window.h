@@ -13,6 +13,7 @@ class QStackedWidget;
 namespace orvent::qt {
 
 class FrameTools;
+class SideMenu;
 class DeskArea;
 class Theme;
 
@@ -46,6 +47,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     // FrameHost, the frame itself
     void placePalette(shell::Palette palette) override;
     void placeFrame(int left, int top, int width, int height) override;
+    void maximizeFrame() override;
     void enableFrame(bool enabled) override;
     void commandsChanged() override;
     void unloadFrame() override { close(); }
@@ -73,6 +75,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     FrameTools* tools_ = nullptr;
     QStackedWidget* centre_ = nullptr;
     DeskArea* area_;
+    SideMenu* sideMenu_ = nullptr;
     QLabel* whoAndWhere_ = nullptr;
     bool takesInput_ = true;
     QPointer<QWidget> focusBefore_;  ///< where the focus was when the frame was disabled

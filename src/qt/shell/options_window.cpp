@@ -39,10 +39,8 @@ OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
     buildSizes();
     buildZoom();
     buildRest();
-    addSideButton(QStringLiteral("butDefault"), tr("Default"), [this] {
-        logic_.butDefault();
-        showState();
-    });
+    logic_.changed = [this] { showState(); };
+    addSideButton(QStringLiteral("butDefault"), tr("Default"), [this] { logic_.butDefault(); });
     addSideButton(QStringLiteral("butAplly"), tr("Apply"), [this] { logic_.butAplly(); });
     addAccept(QStringLiteral("butOK"), tr("OK"), [this] {
         logic_.butAplly();

@@ -1,6 +1,5 @@
 #include "qt/shell/side_menu.h"
 
-#include <QLabel>
 #include <QPainter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -15,31 +14,40 @@ namespace {
 
 constexpr int kWidth = 168;
 
-QLabel* newCaption(const QString& caption, QWidget* parent) {
-    auto* label = new QLabel(caption, parent);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    QFont font = label->font();
+QToolButton* newCaption(const QString& caption, QWidget* parent) {
+    auto* button = new QToolButton(parent);
+    button->setText(caption);
+    button->setAutoRaise(true);
+    button->setCheckable(true);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setFocusPolicy(Qt::NoFocus);
+    QFont font = button->font();
     font.setPointSizeF(font.pointSizeF() * 0.9);
     font.setWeight(QFont::DemiBold);
-    label->setFont(font);
-    label->setContentsMargins(Spacing::gap, 0, 0, 2);
-    return label;
+    button->setFont(font);
+    return button;
 }
 
 }  // namespace
 
-SideMenu::SideMenu(CommandActions& actions, QWidget* parent) : QFrame(parent) {
+SideMenu::SideMenu(CommandActions& actions, const std::function<void(int)>& choose, QWidget* parent) : QFrame(parent) {
     setObjectName(QStringLiteral("VerticalMenu"));
     setFixedWidth(kWidth);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(Spacing::gap, Spacing::margin, Spacing::gap, Spacing::gap);
     rows->setSpacing(2);
     for (const shell::ButtonGroup& group : shell::verticalMenu()) {
-        rows->addWidget(newCaption(text(group.caption), this));
+        QToolButton* caption = newCaption(text(group.caption), this);
+        caption->setObjectName(QStringLiteral("Group") + text(group.caption));
+        captions_.push_back(caption);
+        const int number = static_cast<int>(captions_.size());
+        connect(caption, &QToolButton::clicked, this, [choose, number] { choose(number); });
+        rows->addWidget(caption);
         for (const shell::Button& button : group.buttons) {
             auto* row = new QToolButton(this);
             row->setDefaultAction(actions.add(button, row));
             row->setObjectName(text(button.key));
+            connect(row, &QToolButton::pressed, this, [choose, number] { choose(number); });
             row->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
             row->setIconSize({Spacing::icon, Spacing::icon});
             row->setAutoRaise(true);
@@ -49,6 +57,17 @@ SideMenu::SideMenu(CommandActions& actions, QWidget* parent) : QFrame(parent) {
         rows->addSpacing(Spacing::section);
     }
     rows->addStretch();
+}
+
+void SideMenu::showCurrent(int group) {
+    for (std::size_t at = 0; at < captions_.size(); ++at) {
+        const bool current = static_cast<int>(at) + 1 == group;
+        captions_[at]->setChecked(current);
+        QPalette colours = palette();
+        colours.setColor(QPalette::ButtonText,
+                         colours.color(current ? QPalette::WindowText : QPalette::PlaceholderText));
+        captions_[at]->setPalette(colours);
+    }
 }
 
 void SideMenu::paintEvent(QPaintEvent*) {

@@ -1,20 +1,31 @@
 #pragma once
 
 #include <QFrame>
+#include <functional>
+#include <vector>
+
+class QToolButton;
 
 namespace orvent::qt {
 
 class CommandActions;
 
-/// `VerticalMenu`: groups of commands at the left edge of the frame.
+/// `VerticalMenu`: groups of commands at the left edge of the frame. All of them are shown, and one is the current one.
 class SideMenu : public QFrame {
     Q_OBJECT
 
   public:
-    SideMenu(CommandActions& actions, QWidget* parent);
+    /// `choose` is called with the number of a group whose caption or command is pressed, from 1 on.
+    SideMenu(CommandActions& actions, const std::function<void(int)>& choose, QWidget* parent);
+
+    /// Marks the group of that number.
+    void showCurrent(int group);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    std::vector<QToolButton*> captions_;
 };
 
 }  // namespace orvent::qt

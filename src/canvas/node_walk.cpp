@@ -1,24 +1,22 @@
-#include "shell/node_walk.h"
+#include "canvas/node_walk.h"
 
 #include <cmath>
 #include <limits>
 #include <vector>
 
-namespace orvent::shell {
+namespace orvent::canvas {
 
 namespace {
-
-using canvas::LabelsD;
 
 // A node beside the way counts as so much farther, so that a row or column is followed first.
 constexpr float kAsideWeight = 3;
 
-canvas::Point middle(const LabelsD& node) {
+Point middle(const LabelsD& node) {
     return {node.Left() + node.Width() / 2, node.Top() + node.Height() / 2};
 }
 
 /// How far it is from one place to the other for a walk in that direction; nothing counts behind the start.
-float cost(canvas::Point from, canvas::Point to, Direction direction) {
+float cost(Point from, Point to, Direction direction) {
     const float dx = to.x - from.x;
     const float dy = to.y - from.y;
     const bool across = direction == Direction::left || direction == Direction::right;
@@ -29,7 +27,7 @@ float cost(canvas::Point from, canvas::Point to, Direction direction) {
 }
 
 template <class Cost>
-LabelsD* cheapest(canvas::Canvas& canvas, Cost costOf) {
+LabelsD* cheapest(Canvas& canvas, Cost costOf) {
     LabelsD* best = nullptr;
     float least = std::numeric_limits<float>::infinity();
     for (LabelsD& node : canvas.Labels) {
@@ -44,7 +42,7 @@ LabelsD* cheapest(canvas::Canvas& canvas, Cost costOf) {
 
 }  // namespace
 
-LabelsD* walk(canvas::Canvas& canvas, Direction direction) {
+LabelsD* walk(Canvas& canvas, Direction direction) {
     const std::vector<std::int32_t> selected = canvas.SelectedLabels.members();
     const LabelsD* start = selected.empty() ? nullptr : canvas.Labels.byIndex(selected.back());
     LabelsD* next =
@@ -59,11 +57,13 @@ LabelsD* walk(canvas::Canvas& canvas, Direction direction) {
     return next;
 }
 
-void selectAllNodes(canvas::Canvas& canvas) {
+void selectAllNodes(Canvas& canvas) {
     canvas.SelectedLines.Clear();
     for (const LabelsD& node : canvas.Labels) {
-        canvas.SelectedLabels.Add(node.Index());
+        if (node.Visible()) {
+            canvas.SelectedLabels.Add(node.Index());
+        }
     }
 }
 
-}  // namespace orvent::shell
+}  // namespace orvent::canvas
