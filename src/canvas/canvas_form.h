@@ -3,14 +3,12 @@
 #include <string>
 
 #include "canvas/canvas.h"
+#include "canvas/menu_item.h"
 
 namespace orvent::canvas {
 
 class CanvasRules;
 class DrawForm;
-
-/// The kinds of window that menus and commands tell apart.
-enum class WindowKind { none, design, zoom };
 
 /// A window with a canvas: the design window of a scenario, or a view over a part of one. The frame treats all of them
 /// alike; what differs is asked here. Its listeners are told by `formChanged` when caption or `Enabled` change.

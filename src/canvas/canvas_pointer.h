@@ -78,6 +78,9 @@ class CanvasPointer : private CanvasListener {
     /// An item of a context menu was chosen; `name` is the item's own.
     void choose(std::string_view name);
 
+    /// How an item of the menu opened last stands.
+    ItemState stateOf(const ContextItem& item) const;
+
     /// The text in the editor of `EditedComment` changed. Nothing while no comment is edited.
     void editComment(const std::string& text);
     /// The editor was left.

@@ -52,6 +52,10 @@ class CanvasRules {
     /// Shows the members of a node as nodes of their own, or folds them. False: the whole window is to be closed
     /// instead.
     virtual bool toggleExpanded(Canvas& canvas, LabelsD& node) = 0;
+
+    /// Whether an item can be chosen for the node on which its menu opens (nothing for a menu of edges), and its check
+    /// mark.
+    virtual ItemState stateOf(const Canvas&, const ContextItem&, const LabelsD*) const { return {}; }
 };
 
 /// The rules of the design window.

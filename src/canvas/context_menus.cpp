@@ -52,18 +52,6 @@ constexpr std::array kDesignMenus = {
     kEdgesMenu,
 };
 
-const ContextItem* findIn(std::span<const ContextItem> items, std::string_view name) {
-    for (const ContextItem& item : items) {
-        if (item.name == name) {
-            return &item;
-        }
-        if (const ContextItem* inner = findIn(item.items, name)) {
-            return inner;
-        }
-    }
-    return nullptr;
-}
-
 }  // namespace
 
 const ContextMenu& edgesMenu() {
@@ -72,24 +60,6 @@ const ContextMenu& edgesMenu() {
 
 std::span<const ContextMenu> designMenus() {
     return kDesignMenus;
-}
-
-const ContextMenu* findMenu(std::span<const ContextMenu> menus, std::string_view name) {
-    for (const ContextMenu& menu : menus) {
-        if (menu.name == name) {
-            return &menu;
-        }
-    }
-    return nullptr;
-}
-
-const ContextItem* findItem(std::span<const ContextMenu> menus, std::string_view name) {
-    for (const ContextMenu& menu : menus) {
-        if (const ContextItem* item = findIn(menu.items, name)) {
-            return item;
-        }
-    }
-    return nullptr;
 }
 
 }  // namespace orvent::canvas

@@ -91,10 +91,15 @@ bool CanvasPointer::deleteSelected() {
 
 void CanvasPointer::choose(std::string_view name) {
     cancel();
-    if (const ContextItem* item = findItem(canvas_.rules().menus(), name)) {
+    const ContextItem* item = findItem(canvas_.rules().menus(), name);
+    if (item && stateOf(*item).enabled) {
         restoreMenuTargets();
         runAction(*item);
     }
+}
+
+ItemState CanvasPointer::stateOf(const ContextItem& item) const {
+    return canvas_.rules().stateOf(canvas_, item, canvas_.Labels.byIndex(menuNode_));
 }
 
 // The pointer may have touched other elements on its way to the item.

@@ -2,78 +2,86 @@
 
 #include <array>
 
+#include "shell/tool_bars.h"
+
 namespace orvent::shell {
 
 namespace {
 
 using enum Command;
 using canvas::WindowKind;
+using canvas::WindowKinds;
 
-constexpr WindowKinds always(WindowKind::none, WindowKind::design, WindowKind::zoom);
+constexpr WindowKinds always = canvas::kEveryWindow;
 constexpr WindowKinds withoutWindow(WindowKind::none);
 constexpr WindowKinds inDesign(WindowKind::design);
 constexpr WindowKinds inZoom(WindowKind::zoom);
 constexpr WindowKinds withWindow(WindowKind::design, WindowKind::zoom);
 
+constexpr MenuItem item(std::string_view name, std::string_view caption, Command command, WindowKinds windows,
+                        std::string_view icon, std::string_view shortcut) {
+    return {name, caption, command, {}, false, {}, windows, icon, shortcut};
+}
+
 constexpr MenuItem separator(WindowKinds windows) {
-    return {"", "", newScenario, windows, "", ""};
+    return item("", "", newScenario, windows, "", "");
 }
 
 constexpr std::array kFile = {
-    MenuItem{"NewScenarioM", "New Scenario", newScenario, always, "new", "Ctrl+N"},
-    MenuItem{"LoadScenarioM", "Load Scenario", loadScenario, always, "open", "Ctrl+O"},
-    MenuItem{"SaveScenarioM", "Save Scenario", saveScenario, inDesign, "save", "Ctrl+S"},
-    MenuItem{"SaveScenarioAsM", "Save Scenario As", saveScenarioAs, inDesign, "save-as", "Ctrl+Shift+S"},
-    MenuItem{"SaveChangesM", "Save Changes", saveScenario, inZoom, "save", "Ctrl+S"},
-    MenuItem{"DeleteScenarioM", "Delete Scenario", deleteScenario, always, "delete", ""},
+    item("NewScenarioM", "New Scenario", newScenario, always, "new", "Ctrl+N"),
+    item("LoadScenarioM", "Load Scenario", loadScenario, always, "open", "Ctrl+O"),
+    item("SaveScenarioM", "Save Scenario", saveScenario, inDesign, "save", "Ctrl+S"),
+    item("SaveScenarioAsM", "Save Scenario As", saveScenarioAs, inDesign, "save-as", "Ctrl+Shift+S"),
+    item("SaveChangesM", "Save Changes", saveScenario, inZoom, "save", "Ctrl+S"),
+    item("DeleteScenarioM", "Delete Scenario", deleteScenario, always, "delete", ""),
     separator(withWindow),
-    MenuItem{"PrintScenarioM", "Print Scenario", printScenario, inDesign, "print", "Ctrl+P"},
-    MenuItem{"PrintZoomM", "Print Zoom", printScenario, inZoom, "print", "Ctrl+P"},
-    MenuItem{"PrintPreviewM", "Print Preview", printPreview, withWindow, "", "Ctrl+Shift+P"},
-    MenuItem{"ExportTxtM", "Export To Text", exportText, inDesign, "export-text", "Ctrl+E"},
+    item("PrintScenarioM", "Print Scenario", printScenario, inDesign, "print", "Ctrl+P"),
+    item("PrintZoomM", "Print Zoom", printScenario, inZoom, "print", "Ctrl+P"),
+    item("PrintPreviewM", "Print Preview", printPreview, withWindow, "", "Ctrl+Shift+P"),
+    item("ExportTxtM", "Export To Text", exportText, inDesign, "export-text", "Ctrl+E"),
     separator(withWindow),
-    MenuItem{"CloseScenarioM", "Close Scenario", closeScenario, inDesign, "close", "Ctrl+W"},
-    MenuItem{"CloseZoomingM", "Close Zooming", closeScenario, inZoom, "close", "Ctrl+W"},
+    item("CloseScenarioM", "Close Scenario", closeScenario, inDesign, "close", "Ctrl+W"),
+    item("CloseZoomingM", "Close Zooming", closeScenario, inZoom, "close", "Ctrl+W"),
     separator(withoutWindow),
-    MenuItem{"LoginM", "Login", login, withoutWindow, "login", ""},
+    item("LoginM", "Login", login, withoutWindow, "login", ""),
 };
 
 constexpr std::array kView = {
-    MenuItem{"ViewLargerM", "Larger", viewLarger, withWindow, "", "Ctrl++; Ctrl+="},
-    MenuItem{"ViewSmallerM", "Smaller", viewSmaller, withWindow, "", "Ctrl+-"},
-    MenuItem{"ViewActualSizeM", "Actual Size", viewActualSize, withWindow, "", "Ctrl+1"},
-    MenuItem{"ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"},
+    item("ViewLargerM", "Larger", viewLarger, withWindow, "", "Ctrl++; Ctrl+="),
+    item("ViewSmallerM", "Smaller", viewSmaller, withWindow, "", "Ctrl+-"),
+    item("ViewActualSizeM", "Actual Size", viewActualSize, withWindow, "", "Ctrl+1"),
+    item("ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"),
     separator(withWindow),
-    MenuItem{"SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"},
+    item("SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"),
 };
 
 constexpr std::array kZoom = {
-    MenuItem{"ZoomInM", "Zoom In", zoomIn, withWindow, "zoom-in", ""},
-    MenuItem{"ZoomOutM", "Zoom Out", zoomOut, withWindow, "zoom-out", ""},
+    item("ZoomInM", "Zoom In", zoomIn, withWindow, "zoom-in", ""),
+    item("ZoomOutM", "Zoom Out", zoomOut, withWindow, "zoom-out", ""),
     separator(inDesign),
-    MenuItem{"ActivityZoomM", "Activity Zoom", activityZoom, inDesign, "activity-zoom", "Alt+Return"},
+    item("ActivityZoomM", "Activity Zoom", activityZoom, inDesign, "activity-zoom", "Alt+Return"),
 };
 
 constexpr std::array kTypes = {
-    MenuItem{"ShowDataTypesM", "Show Data Types", showDataTypes, always, "", ""},
-    MenuItem{"ShowFunctionTypesM", "Show Function Types", showFunctionTypes, always, "", ""},
-    MenuItem{"ShowActivityTypesM", "Show Activity Types", showActivityTypes, always, "", ""},
+    item("ShowDataTypesM", "Show Data Types", showDataTypes, always, "", ""),
+    item("ShowFunctionTypesM", "Show Function Types", showFunctionTypes, always, "", ""),
+    item("ShowActivityTypesM", "Show Activity Types", showActivityTypes, always, "", ""),
 };
 
 constexpr std::array kTest = {
-    MenuItem{"LoadTestGraph", "Load Test Graph", loadTestGraph, always, "scenario", "Ctrl+T"},
+    item("LoadTestGraph", "Load Test Graph", loadTestGraph, always, "scenario", "Ctrl+T"),
 };
 
 constexpr std::array kHelp = {
-    MenuItem{"HelpETLM", "Help In ORVENT II", help, always, "help", "F1"},
-    MenuItem{"HelpShortcutsM", "Keyboard Shortcuts", shortcuts, always, "", "Ctrl+F1"},
+    item("HelpETLM", "Help In ORVENT II", help, always, "help", "F1"),
+    item("HelpShortcutsM", "Keyboard Shortcuts", shortcuts, always, "", "Ctrl+F1"),
     separator(always),
-    MenuItem{"HelpAboutM", "About ORVENT II", about, always, "about", ""},
+    item("HelpAboutM", "About ORVENT II", about, always, "about", ""),
 };
 
 constexpr std::array kMenus = {
-    Menu{"FileM", "File", kFile},    Menu{"ViewM", "View", kView},     Menu{"ZoomM", "Zoom", kZoom},
-    Menu{"TypesM", "Types", kTypes}, Menu{"TestGraph", "Test", kTest}, Menu{"HelpM", "Help", kHelp},
+    Menu{"FileM", kFile, "File"},    Menu{"ViewM", kView, "View"},     Menu{"ZoomM", kZoom, "Zoom"},
+    Menu{"TypesM", kTypes, "Types"}, Menu{"TestGraph", kTest, "Test"}, Menu{"HelpM", kHelp, "Help"},
 };
 
 constexpr std::array kGeneral = {
@@ -101,7 +109,8 @@ constexpr std::array kVertical = {
     ButtonGroup{"Metrics", kMetrics},
 };
 
-constexpr std::array kMenuBar = {newScenario, loadScenario, saveScenario, printScenario, undo};
+constexpr std::array<Command, kMenuBarButtons> kMenuBar = {newScenario, loadScenario, saveScenario, printScenario,
+                                                           undo};
 
 constexpr std::array kHandyKeys = {
     HandyKey{"Del", "Delete what is selected"},

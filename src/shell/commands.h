@@ -1,9 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
-#include "canvas/canvas_form.h"
+#include "canvas/menu_item.h"
 
 namespace orvent::shell {
 
@@ -44,34 +45,10 @@ enum class Command {
     about,
 };
 
-/// The kinds of window that have an item in their menu.
-class WindowKinds {
-  public:
-    template <class... Kinds>
-    constexpr explicit WindowKinds(Kinds... kinds) : bits_((bit(kinds) | ... | 0U)) {}
-    constexpr bool has(canvas::WindowKind kind) const { return (bits_ & bit(kind)) != 0; }
+inline constexpr std::size_t kCommands = static_cast<std::size_t>(Command::about) + 1;
 
-  private:
-    static constexpr unsigned bit(canvas::WindowKind kind) { return 1U << static_cast<unsigned>(kind); }
-    unsigned bits_;
-};
-
-/// One menu item; an empty caption is a separator.
-struct MenuItem {
-    std::string_view name;  ///< the item's own name, such as `NewScenarioM`
-    std::string_view caption;
-    Command command;
-    WindowKinds windows;
-    std::string_view icon;      ///< empty for none
-    std::string_view shortcut;  ///< portable text, several after "; ", empty for none
-};
-
-/// One menu of the menu bar. A menu without an item to show is not shown.
-struct Menu {
-    std::string_view name;
-    std::string_view caption;
-    std::span<const MenuItem> items;
-};
+using MenuItem = canvas::MenuItem<Command>;
+using Menu = canvas::Menu<Command>;
 
 /// One item of `VerticalMenu`.
 struct Button {

@@ -1,6 +1,7 @@
 // The frame's commands: what each of them does and when it can be chosen.
 
 #include <algorithm>
+#include <array>
 
 #include "canvas/node_walk.h"
 #include "canvas/scaling.h"
@@ -36,12 +37,13 @@ struct MDIForm1::CommandRow {
     Command command;
     When when;
     void (*run)(MDIForm1&);
+    bool (*checked)(const MDIForm1&) = nullptr;  ///< whether its items bear a check mark; nothing: they have none
 };
 
 std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
     using Mode = repository::ViewScenarios::Mode;
     static constexpr auto nothing = [](MDIForm1&) {};
-    static constexpr CommandRow rows[] = {
+    static constexpr std::array<CommandRow, kCommands> rows = {{
         {Command::newScenario, always,
          [](MDIForm1& f) {
              std::string name;
@@ -83,7 +85,12 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::help, always, [](MDIForm1& f) { f.ports_.help.open(f.options_.HelpFile); }},
         {Command::shortcuts, always, [](MDIForm1& f) { f.host_.runShortcuts(); }},
         {Command::about, always, [](MDIForm1& f) { f.host_.runAbout(); }},
-    };
+    }};
+    static_assert(std::all_of(rows.begin(), rows.end(),
+                              [](const CommandRow& row) {
+                                  return &row - rows.data() == static_cast<std::ptrdiff_t>(row.command) && row.run;
+                              }),
+                  "a command is not in its own row");
     return rows;
 }
 
@@ -113,6 +120,11 @@ bool MDIForm1::isEnabled(Command command) const {
             return !anyScenario();
     }
     return false;
+}
+
+canvas::ItemState MDIForm1::stateOf(Command command) const {
+    const CommandRow& row = commandRows()[static_cast<std::size_t>(command)];
+    return {isEnabled(command), row.checked ? std::optional(row.checked(*this)) : std::nullopt};
 }
 
 void MDIForm1::login() {

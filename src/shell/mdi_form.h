@@ -43,6 +43,8 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     /// Does what the menu item or button stands for.
     void run(Command command);
     bool isEnabled(Command command) const;
+    /// The same with the check mark of its menu items.
+    canvas::ItemState stateOf(Command command) const;
     /// The kind of the window in front, which decides what the menus hold.
     canvas::WindowKind front() const;
     /// The tool in use, the tool bars and the palettes.

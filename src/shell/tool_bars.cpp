@@ -1,12 +1,14 @@
 #include "shell/tool_bars.h"
 
+#include <algorithm>
+
 #include "canvas/canvas.h"
 
 namespace orvent::shell {
 
 namespace {
 
-constexpr std::array<ToolButton, 5> kMenuBar = {{
+constexpr std::array<ToolButton, kMenuBarButtons> kMenuBar = {{
     {"New", "Open New Scenario", "new"},
     {"Load", "Load Scenario", "open"},
     {"Save", "Save Scenario", "save"},
@@ -62,6 +64,15 @@ constexpr std::array<StateRow, 8> kStates = {{
     {ToolBar::MenuBar, 3, 4, {off, on, unchanged}},
     {ToolBar::MenuBar, 5, 5, {off, onIfDeleted, offIfDeleted}},
 }};
+
+constexpr std::array<std::size_t, kToolBars> kLengths = {kMenuBar.size(), kArrowBar.size(), kNodeBar.size(),
+                                                         kEdgeBar.size()};
+
+constexpr bool namesButtons(const StateRow& row) {
+    return row.first >= 1 && row.first <= row.last &&
+           static_cast<std::size_t>(row.last) <= kLengths[static_cast<std::size_t>(row.bar)];
+}
+static_assert(std::all_of(kStates.begin(), kStates.end(), namesButtons), "a row names a button that there is not");
 
 constexpr std::array kTools = {ToolBar::ArrowBar, ToolBar::NodeBar, ToolBar::EdgeBar};
 

@@ -15,6 +15,7 @@ namespace orvent::shell {
 /// buttons in the same state.
 enum class ToolBar { MenuBar, ArrowBar, NodeBar, EdgeBar };
 inline constexpr std::size_t kToolBars = 4;
+inline constexpr std::size_t kMenuBarButtons = 5;
 
 /// One button of a tool bar.
 struct ToolButton {

@@ -90,6 +90,18 @@ class SecondCanvasTest : public WindowTest {
         QTest::mouseClick(desk.window().editor().viewport(), Qt::RightButton, {}, desk.middleOfNode());
         QCOMPARE(desk.second->ActiveLabel, desk.node->Index());
         QVERIFY(desk.second->SelectedLabels.Item(desk.node->Index()));
+        auto* opened = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QVERIFY(opened && opened->defaultAction()->objectName() == QStringLiteral("SecondPropertiesM"));
+        QVERIFY(opened->actions()[1]->isSeparator());
+        auto* ready = control<QAction>(*opened, "SecondReadyM");
+        auto* off = control<QAction>(*opened, "SecondOffM");
+        QVERIFY(ready->isCheckable() && !ready->isChecked() && ready->isEnabled());
+        QVERIFY(!off->isCheckable() && !off->isEnabled());
+        opened->close();
+        desk.node->setReady(true);
+        desk.frame.area().showMenu(*desk.second, desk.second->rules().menus()[0], {1500, 1200});
+        QVERIFY(control<QAction>(*QApplication::activePopupWidget(), "SecondReadyM")->isChecked());
+        QApplication::activePopupWidget()->close();
     }
 
     void itClosesBeforeTheScenarios() {

@@ -29,11 +29,23 @@ class SecondForm : public canvas::CanvasForm {
 
   private:
     struct Rules : canvas::DesignRules {
+        static constexpr std::array kMarks = {
+            canvas::ContextItem{"SecondReadyM", "Ready", canvas::MenuAction::notReady},
+            canvas::ContextItem{"SecondOffM", "Off", canvas::MenuAction::notReady}};
         static constexpr std::array kItems = {
-            canvas::ContextItem{"SecondPropertiesM", "Properties", canvas::MenuAction::properties}};
+            canvas::ContextItem{"SecondPropertiesM", "Properties", canvas::MenuAction::properties, {}, true},
+            canvas::ContextItem{"", ""},
+            canvas::ContextItem{"SecondMarksM", "Marks", canvas::MenuAction::submenu, {}, false, kMarks}};
         static constexpr std::array kMenus = {canvas::ContextMenu{"RecordSetM", kItems}};
 
         std::span<const canvas::ContextMenu> menus() const override { return kMenus; }
+        canvas::ItemState stateOf(const canvas::Canvas&, const canvas::ContextItem& item,
+                                  const canvas::LabelsD* node) const override {
+            if (item.name == "SecondReadyM") {
+                return {true, node && node->Ready()};
+            }
+            return {item.name != "SecondOffM"};
+        }
     };
 
     canvas::DrawForm& scenario_;

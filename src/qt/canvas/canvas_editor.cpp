@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+#include "qt/menu_filling.h"
 #include "qt/text.h"
 
 namespace orvent::qt {
@@ -143,36 +144,18 @@ void CanvasEditor::showPointerShape() {
 
 // Context menus.
 
-void CanvasEditor::fillMenu(QMenu& menu, std::span<const canvas::ContextItem> items) {
-    for (const canvas::ContextItem& item : items) {
-        if (!item.items.empty()) {
-            QMenu* inner = menu.addMenu(text(item.caption));
-            inner->setObjectName(text(item.name));
-            fillMenu(*inner, item.items);
-            continue;
-        }
-        QAction* action = menu.addAction(text(item.caption));
-        const bool expanded = item.action == canvas::MenuAction::expanded;
-        // Folding may close the window, which must not happen while its own menu is still at work.
-        connect(
-            action, &QAction::triggered, this, [this, name = item.name] { pointer_.choose(name); },
-            expanded ? Qt::QueuedConnection : Qt::AutoConnection);
-        action->setObjectName(text(item.name));
-        if (const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().ActiveLabel); expanded && node) {
-            action->setCheckable(true);
-            action->setChecked(node->Expanded);
-        }
-        if (item.isDefault) {
-            menu.setDefaultAction(action);
-        }
-    }
-}
-
 void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
     auto* shown = new QMenu(this);
     shown->setObjectName(text(menu.name));
     shown->setAttribute(Qt::WA_DeleteOnClose);
-    fillMenu(*shown, menu.items);
+    fillMenu(
+        *shown, menu.items,
+        [this](const canvas::ContextItem& item, QMenu& holder) {
+            auto* action = new QAction(text(item.caption), &holder);
+            connect(action, &QAction::triggered, this, [this, name = item.name] { pointer_.choose(name); });
+            return action;
+        },
+        [this](const canvas::ContextItem& item, QAction& action) { showState(action, pointer_.stateOf(item)); });
     shown->popup(viewport()->mapToGlobal(transform().toPixels(at).toPoint()));
 }
 

@@ -41,7 +41,6 @@ class CanvasEditor : public CanvasViewWidget {
     void showPointerShape();
     void showCommentEditor();
     void placeCommentEditor();
-    void fillMenu(QMenu& menu, std::span<const canvas::ContextItem> items);
 
     canvas::CanvasPointer pointer_;
     QPointer<QPlainTextEdit> comment_;  ///< the editor of `EditedComment`, while there is one

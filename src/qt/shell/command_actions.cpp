@@ -4,18 +4,12 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include "qt/menu_filling.h"
 #include "qt/text.h"
 #include "qt/theme/icons.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::qt {
-
-namespace {
-
-constexpr shell::WindowKinds kEveryWindow(canvas::WindowKind::none, canvas::WindowKind::design,
-                                          canvas::WindowKind::zoom);
-
-}  // namespace
 
 QList<QKeySequence> shortcutsOf(const shell::MenuItem& item) {
     return QKeySequence::listFromString(text(item.shortcut), QKeySequence::PortableText);
@@ -33,25 +27,21 @@ QAction* CommandActions::newAction(std::string_view name, std::string_view capti
     return action;
 }
 
-void CommandActions::addItem(QMenu& menu, const shell::MenuItem& item) {
-    if (item.caption.empty()) {
-        entries_.push_back({menu.addSeparator(), item.command, item.windows, true});
-        return;
-    }
-    QAction* action = newAction(item.name, item.caption, item.icon, item.command, &menu);
-    action->setShortcuts(shortcutsOf(item));
-    menu.addAction(action);
-    entries_.push_back({action, item.command, item.windows, false});
-}
-
 void CommandActions::fill(QMenuBar& bar) {
     for (const shell::Menu& menu : shell::menus()) {
         QMenu* shown = bar.addMenu(QLatin1Char('&') + text(menu.caption));
         shown->setObjectName(text(menu.name));
         menus_.push_back(shown);
-        for (const shell::MenuItem& item : menu.items) {
-            addItem(*shown, item);
-        }
+        fillMenu(
+            *shown, menu.items,
+            [this](const shell::MenuItem& item, QMenu& holder) {
+                QAction* action = newAction(item.name, item.caption, item.icon, item.action, &holder);
+                action->setShortcuts(shortcutsOf(item));
+                return action;
+            },
+            [this](const shell::MenuItem& item, QAction& action) {
+                entries_.push_back({&action, item.action, item.windows, item.caption.empty() || !item.items.empty()});
+            });
     }
 }
 
@@ -61,13 +51,13 @@ void CommandActions::fill(QToolBar& bar) {
         const shell::Command command = shell::menuBarCommands()[position++];
         QAction* action = newAction(button.key, button.toolTip, button.icon, command, &bar);
         bar.addAction(action);
-        entries_.push_back({action, command, kEveryWindow, false});
+        entries_.push_back({action, command, canvas::kEveryWindow, false});
     }
 }
 
 QAction* CommandActions::add(const shell::Button& button, QObject* parent) {
     QAction* action = newAction(button.key, button.text, button.icon, button.command, parent);
-    entries_.push_back({action, button.command, kEveryWindow, false});
+    entries_.push_back({action, button.command, canvas::kEveryWindow, false});
     return action;
 }
 
@@ -85,7 +75,9 @@ void CommandActions::refresh(const shell::MDIForm1& logic) {
         const bool shown = entry.windows.has(logic.front());
         entry.action->setVisible(shown);
         // One that is not shown must not take the keys of one that is.
-        entry.action->setEnabled(shown && !entry.separator && logic.isEnabled(entry.command));
+        canvas::ItemState state = entry.idle ? canvas::ItemState{} : logic.stateOf(entry.command);
+        state.enabled = state.enabled && shown;
+        showState(*entry.action, state);
     }
     for (QMenu* menu : menus_) {
         const QList<QAction*> items = menu->actions();

@@ -45,11 +45,10 @@ class CommandActions : public QObject {
     struct Entry {
         QAction* action;
         shell::Command command;
-        shell::WindowKinds windows;
-        bool separator;
+        canvas::WindowKinds windows;
+        bool idle;  ///< a separator or a sub-menu, which runs no command
     };
 
-    void addItem(QMenu& menu, const shell::MenuItem& item);
     QAction* newAction(std::string_view name, std::string_view caption, std::string_view icon, shell::Command command,
                        QObject* parent);
 
