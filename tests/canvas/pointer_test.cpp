@@ -52,7 +52,7 @@ TEST(Pointer, WhatAGestureLeaves) {
         {"Arrow", "press n1 1 1|press h2 1 1|press h2 1 1 C|press h2 1 1 C|release h2 1 1|key", "[/0]"},
         {"Arrow", "press h2 1 1|press n1 1 1|press p 1 1 C", "1.3-2.1 [1/0]"},
         // The menu of an edge that is not selected selects it.
-        {"Arrow", "press n1 1 1|press h2 1 1 R", "1.3-2.1 [1/1] EdgesM"},
+        {"Arrow", "press n1 1 1|release n1 1 1|press h2 1 1 R", "1.3-2.1 [1/1] EdgesM"},
         {"Arrow", "press h2 1 1 R|press h2 1 1 R|choose EdgeDeleteM", "[/0] EdgesM EdgesM"},
         {"Arrow", "press n3 2300 3100 R|press n4 1 1 R|press n3 2400 3100 R", "1.3-2.1 [3/0] CommentM LogM"},
         {"Arrow", "double n1 1 1|double n2 1 1|double n4 1 1|double p 1 1", "1.3-2.1 [/0] dialog RS dialog Act"},
