@@ -55,7 +55,9 @@ class CanvasRules {
 
     /// Whether an item can be chosen for the node on which its menu opens (nothing for a menu of edges), and its check
     /// mark.
-    virtual ItemState stateOf(const Canvas&, const ContextItem&, const LabelsD*) const { return {}; }
+    virtual ItemState stateOf(const Canvas&, const ContextItem& item, const LabelsD* node) const {
+        return item.action == MenuAction::expanded ? ItemState{true, node && node->Expanded} : ItemState{};
+    }
 };
 
 /// The rules of the design window.

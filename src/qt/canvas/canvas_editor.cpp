@@ -152,7 +152,11 @@ void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
         *shown, menu.items,
         [this](const canvas::ContextItem& item, QMenu& holder) {
             auto* action = new QAction(text(item.caption), &holder);
-            connect(action, &QAction::triggered, this, [this, name = item.name] { pointer_.choose(name); });
+            // Folding may close the window, which must not happen while its own menu is still at work.
+            const bool later = item.action == canvas::MenuAction::expanded;
+            connect(
+                action, &QAction::triggered, this, [this, name = item.name] { pointer_.choose(name); },
+                later ? Qt::QueuedConnection : Qt::AutoConnection);
             return action;
         },
         [this](const canvas::ContextItem& item, QAction& action) { showState(action, pointer_.stateOf(item)); });
