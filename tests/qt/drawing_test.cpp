@@ -417,7 +417,7 @@ class DrawingTest : public WindowTest {
         const QString file = QString::fromStdString((desk.repository.folder.path() / "page.pdf").string());
         for (const bool again : {false, true}) {
             desk.dialogs.at(QStringLiteral("PrintDialog"), [&](QDialog& dialog) {
-                QPrinter& printer = *qobject_cast<QPrintDialog&>(dialog).printer();
+                QPrinter& printer = *qobject_cast<QPrintDialog*>(&dialog)->printer();
                 QCOMPARE(printer.outputFileName() == file, again);
                 QCOMPARE(printer.copyCount(), 1);
                 printer.setOutputFormat(QPrinter::PdfFormat);
