@@ -65,13 +65,16 @@ bool ZoomForm::QueryUnload() {
                             "Closing Scenario", Icon::question, Buttons::yesNoCancel)) {
         case Answer::yes:
             ApplyZoomChanges(*this, false);
-            return true;
+            break;
         case Answer::no:
             DeletedNodes->cutBack(appliedRows_);
-            return true;
+            break;
         default:
             return false;
     }
+    // Before this window goes, so that the keyboard finds the design window awake.
+    ParForm.setEnabled(true);
+    return true;
 }
 
 }  // namespace orvent::zoom

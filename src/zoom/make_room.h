@@ -1,0 +1,14 @@
+#pragma once
+
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+/// Whether a box of one neighbour lies on a box of another one or of the central activity.
+bool boxesOverlap(const ZoomForm& form);
+
+/// Moves the neighbours, their sub-nodes with them, until no box of one lies on another's: the columns outward, and
+/// within a column downward. Where the left column has no room left, everything else moves to the right instead.
+void MakeRoom(ZoomForm& form);
+
+}  // namespace orvent::zoom

@@ -1,0 +1,137 @@
+#include "zoom/path_light.h"
+
+#include <algorithm>
+
+namespace orvent::zoom {
+
+using namespace entities;
+using canvas::LabelsD;
+using canvas::LinesD;
+
+namespace {
+
+enum class Flow { forwards, backwards };
+
+bool carriesValues(const LinesD& edge) {
+    return edge.Visible() &&
+           (edge.EdgeType() == canvas::EdgeTypeProvider || edge.EdgeType() == canvas::EdgeTypeRegulator);
+}
+
+class Walk {
+  public:
+    explicit Walk(const ZoomForm& form)
+        : form_(form),
+          nodes_(static_cast<std::size_t>(form.LabelsNo) + 1),
+          edges_(static_cast<std::size_t>(form.LinesNo) + 1) {}
+
+    void follow(std::int32_t start, Flow flow) {
+        std::vector<char> seen(nodes_.size());
+        std::vector<std::int32_t> open;
+        const auto reach = [&](std::int32_t node) {
+            if (!seen[static_cast<std::size_t>(node)]) {
+                seen[static_cast<std::size_t>(node)] = true;
+                nodes_[static_cast<std::size_t>(node)] = true;
+                open.push_back(node);
+            }
+        };
+        reach(start);
+        while (!open.empty()) {
+            const LabelsD* node = form_.Labels.byIndex(open.back());
+            open.pop_back();
+            const bool on = flow == Flow::forwards;
+            for (const std::int32_t number : on ? node->StartingLines() : node->EndingLines()) {
+                const LinesD* edge = form_.Lines.byIndex(number);
+                if (edge && carriesValues(*edge)) {
+                    edges_[static_cast<std::size_t>(number)] = true;
+                    reach(on ? edge->ToLabel() : edge->FromLabel());
+                }
+            }
+            throughFunction(*node, on ? KindFunctionInput : KindFunctionOutput,
+                            on ? KindFunctionOutput : KindFunctionInput, reach);
+        }
+    }
+
+    /// Lights the owners of what is lit, too.
+    Light result() {
+        for (const LinesD& edge : form_.Lines) {
+            const auto to = static_cast<std::size_t>(edge.ToLabel());
+            if (edge.EdgeType() == canvas::EdgeTypePartOf && edge.ToLabel() > 0 && nodes_[to] == kLit) {
+                edges_[static_cast<std::size_t>(edge.Index())] = true;
+                char& owner = nodes_[static_cast<std::size_t>(edge.FromLabel())];
+                owner = owner == kLit ? kLit : kOwner;
+            }
+        }
+        return {numbers(nodes_), numbers(edges_)};
+    }
+
+  private:
+    static constexpr char kLit = 1, kOwner = 2;
+
+    /// From a function's inputs to its outputs, or the other way.
+    template <class Reach>
+    void throughFunction(const LabelsD& node, NodeKindCode from, NodeKindCode to, Reach reach) const {
+        const auto* parameter = node.entity<ParameterProperties>();
+        const LabelsD* function =
+            parameter && parameter->NodeKind == from ? form_.nodeNamed(parameter->ParentKeyName) : nullptr;
+        if (!function) {
+            return;
+        }
+        for (const std::int32_t number : function->StartingLines()) {
+            const LinesD* edge = form_.Lines.byIndex(number);
+            const LabelsD* member = edge ? form_.Labels.byIndex(edge->ToLabel()) : nullptr;
+            const auto* held = member ? member->entity<ParameterProperties>() : nullptr;
+            if (held && held->NodeKind == to) {
+                reach(member->Index());
+            }
+        }
+    }
+
+    static std::vector<std::int32_t> numbers(const std::vector<char>& marks) {
+        std::vector<std::int32_t> result;
+        for (std::size_t at = 0; at < marks.size(); ++at) {
+            if (marks[at]) {
+                result.push_back(static_cast<std::int32_t>(at));
+            }
+        }
+        return result;
+    }
+
+    const ZoomForm& form_;
+    std::vector<char> nodes_;
+    std::vector<char> edges_;
+};
+
+}  // namespace
+
+bool Light::holdsNode(std::int32_t index) const {
+    return std::binary_search(nodes.begin(), nodes.end(), index);
+}
+
+bool Light::holdsEdge(std::int32_t index) const {
+    return std::binary_search(edges.begin(), edges.end(), index);
+}
+
+Light pathThrough(const ZoomForm& form, std::int32_t node) {
+    const LabelsD* start = form.Labels.byIndex(node);
+    if (!start || (!start->entity<AttributeProperties>() && !start->entity<ParameterProperties>())) {
+        return {};
+    }
+    Walk walk(form);
+    walk.follow(node, Flow::forwards);
+    walk.follow(node, Flow::backwards);
+    return walk.result();
+}
+
+Light allowedEnds(const ZoomForm& form, const Relationships& relationships, canvas::EdgeTypeCode kind,
+                  std::int32_t source) {
+    Light light;
+    const LabelsD* from = form.Labels.byIndex(source);
+    for (const LabelsD& node : form.Labels) {
+        if (from && (node.Index() == source || relationships.mayRelate(form, kind, *from, node))) {
+            light.nodes.push_back(node.Index());
+        }
+    }
+    return light;
+}
+
+}  // namespace orvent::zoom

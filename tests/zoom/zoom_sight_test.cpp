@@ -1,0 +1,76 @@
+// What helps to read the view: room between its boxes, and the path of a value.
+
+#include "zoom/expand_collapse.h"
+#include "zoom/make_room.h"
+#include "zoom/path_light.h"
+#include "zoom/zoom_fixture.h"
+
+using namespace orvent;
+
+namespace {
+
+class ZoomSight : public testkit::ZoomTest {
+  protected:
+    Texts names(const zoom::Light& light) const {
+        Texts result;
+        for (const std::int32_t index : light.nodes) {
+            result.push_back(form->Labels.byIndex(index)->KeyName());
+        }
+        return sorted(result);
+    }
+    std::size_t edgesOf(const zoom::Light& light, canvas::EdgeTypeCode kind) const {
+        return static_cast<std::size_t>(std::count_if(light.edges.begin(), light.edges.end(), [&](std::int32_t index) {
+            return form->Lines.byIndex(index)->EdgeType() == kind;
+        }));
+    }
+};
+
+TEST_F(ZoomSight, APathRunsBothWaysAndThroughFunctions) {
+    open();
+    const zoom::Light output = zoom::pathThrough(*form, index("A2.OUT.ED_ID"));
+    EXPECT_EQ(names(output), (Texts{"A2", "A2.OUT.ED_ID", "RS2", "RS2.ED_ID"}));
+    EXPECT_EQ(edgesOf(output, canvas::EdgeTypeProvider), 1U);
+    EXPECT_EQ(edgesOf(output, canvas::EdgeTypePartOf), 2U);
+    // Back from an output to what its function takes in, and no further forwards from there.
+    EXPECT_EQ(names(zoom::pathThrough(*form, index("F1.OUT.O1"))),
+              (Texts{"A1", "A1.OUT.A1.O12", "A2", "A2.IN.A1.O12", "A2.OUT.A1.O12", "F1", "F1.IN.I1", "F1.IN.I2",
+                     "F1.IN.I3", "F1.OUT.O1", "RS3", "RS3.PUB_ID", "RS4", "RS4.SONUM"}));
+    EXPECT_EQ(names(zoom::pathThrough(*form, index("C1"))),
+              (Texts{"A2", "A2.F2", "A2.F2.IN.I4", "A2.F2.OUT.O1", "A2.OUT.A1.O12", "A2.PARAM.SONUM", "C1"}));
+    EXPECT_TRUE(zoom::pathThrough(*form, index("A2")).isEmpty());
+    EXPECT_TRUE(output.holdsNode(index("RS2")));
+    EXPECT_FALSE(output.holdsNode(index("RS3")));
+}
+
+TEST_F(ZoomSight, AFeedOfItselfEndsTheWalk) {
+    graph.add("A2.OUT.AU_ID -> 2 A2 A2.IN.AU_ID");
+    graph.add("A2.IN.AU_ID <- 2 A2 A2.OUT.AU_ID");
+    open();
+    const zoom::Light light = zoom::pathThrough(*form, index("A2.IN.AU_ID"));
+    EXPECT_TRUE(light.holdsNode(index("A3.IN.AU_ID")));
+    EXPECT_TRUE(light.holdsNode(index("A1.OUT.AU_ID")));
+}
+
+TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
+    edge("A2", "RS4");
+    for (const char* target : {"RS2", "A3", "RS4"}) {
+        edge(target, "A2");
+    }
+    open();
+    ASSERT_TRUE(zoom::boxesOverlap(*form));
+    const Texts drawn = edges(true);
+    const float inner = node("A2.IN.SONUM").Left() - node("A2").Left();
+    const float own = node("RS2.ED_ID").Top() - node("RS2").Top();
+    zoom::MakeRoom(*form);
+    EXPECT_FALSE(zoom::boxesOverlap(*form));
+    EXPECT_EQ(edges(true), drawn);
+    // Members went with their owners.
+    EXPECT_EQ(node("A2.IN.SONUM").Left() - node("A2").Left(), inner);
+    EXPECT_EQ(node("RS2.ED_ID").Top() - node("RS2").Top(), own);
+    const Texts placed = boxes();
+    zoom::MakeRoom(*form);
+    EXPECT_EQ(boxes(), placed);
+    EXPECT_GE(form->PicForm.Width(), node("A3").box().right());
+}
+
+}  // namespace
