@@ -1,0 +1,133 @@
+#include "editors/activity_rename.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace orvent::editors {
+
+using namespace entities;
+
+std::string withNewHead(const std::string& text, const std::string& formerName, const std::string& newName) {
+    const bool has = text.size() > formerName.size() && text.starts_with(formerName) && text[formerName.size()] == '.';
+    return has ? newName + text.substr(formerName.size()) : text;
+}
+
+namespace {
+
+/// The members in their order; the list is left empty, with its flags.
+template <class List>
+auto taken(Lazy<List>& list) {
+    std::vector<decltype(list->share(1))> held;
+    for (int at = 1; at <= list.count(); ++at) {
+        held.push_back(list->share(at));
+    }
+    if (!held.empty()) {
+        list->Clear();
+    }
+    return held;
+}
+
+class Renaming {
+  public:
+    Renaming(std::string formerName, std::string newName) : former_(std::move(formerName)), new_(std::move(newName)) {}
+
+    /// Attributes and parameters of the activity itself.
+    template <class List, class Name, class Relink>
+    void members(Lazy<List>& list, Name name, Relink relink) {
+        for (auto& held : taken(list)) {
+            held->ParentKeyName = new_;
+            if (name && (held.get()->*name).starts_with(former_ + ".")) {
+                held.get()->*name = withNewHead(held.get()->*name, former_, new_);
+            }
+            held->Key = withNewHead(held->Key, former_, new_);
+            relink(*held);
+            held->Changed = true;
+            list->append(held, held->Key);
+        }
+    }
+
+    void functions(Lazy<Act_FunctionsCollection>& list) {
+        for (auto& held : taken(list)) {
+            FunctionProperties& function = *held;
+            function.setParentKeyName(new_);
+            function.Function_Key = withNewHead(function.Function_Key, former_, new_);
+            function.Changed = true;
+            for (Lazy<FunctionParameters>* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
+                for (ParameterProperties& parameter : *parameters) {
+                    parameter.ParentKeyName = withNewHead(parameter.ParentKeyName, former_, new_);
+                    regulators(parameter);
+                    parameter.Changed = true;
+                }
+            }
+            list->append(held, function.Function_Key);
+        }
+    }
+
+    template <class Entity>
+    void regulators(Entity& entity) {
+        links(entity.RegulatedFrom);
+        links(entity.RegulatorFor);
+    }
+    void all(AttributeProperties& attribute) {
+        links(attribute.ProvidedFrom);
+        links(attribute.ProviderFor);
+        regulators(attribute);
+    }
+
+  private:
+    bool names(const std::string& name) const { return name == former_ || name.starts_with(former_ + "."); }
+
+    /// A link that names the activity, or a function of it, is made anew in its place.
+    template <class Links>
+    void links(Lazy<Links>& present) {
+        bool any = false;
+        for (const auto& link : present) {
+            any = any || names(link.name()) || link.key().starts_with(former_ + ".");
+        }
+        if (!any) {
+            return;
+        }
+        auto renamed = std::make_unique<Links>();
+        for (const auto& link : present) {
+            const std::string name = link.name() == former_ ? new_ : withNewHead(link.name(), former_, new_);
+            renamed->Add(name, link.type(), keyOf(link.key()), link.LineIndex);
+        }
+        present.replace(std::move(renamed));
+    }
+
+    /// A key of the activity itself, whole or relative, with the brought member that it may lead to.
+    std::string keyOf(const std::string& key) const {
+        for (const NodeKindCode kind : {KindInput, KindOutput, KindParameter}) {
+            for (const std::string& head : {std::string(), former_}) {
+                const std::string way = wholeKey(head, kind, "");
+                if (key.starts_with(way)) {
+                    return wholeKey(head.empty() ? "" : new_, kind, withNewHead(key.substr(way.size()), former_, new_));
+                }
+            }
+        }
+        return withNewHead(key, former_, new_);
+    }
+
+    std::string former_;
+    std::string new_;
+};
+
+}  // namespace
+
+void renameActivity(ActivityProperties& activity, const std::string& formerName, const std::string& newName) {
+    Renaming renaming(formerName, newName);
+    const auto all = [&](AttributeProperties& attribute) { renaming.all(attribute); };
+    const auto regulators = [&](ParameterProperties& parameter) { renaming.regulators(parameter); };
+    renaming.members(activity.Act_Inputs, &AttributeProperties::Attribute_Name, all);
+    renaming.members(activity.Act_Outputs, &AttributeProperties::Attribute_Name, all);
+    renaming.members(activity.Act_Parameters, &ParameterProperties::Parameter_Name, regulators);
+    renaming.functions(activity.Act_Functions);
+    if (activity.Act_Inputs.count() > 0) {
+        activity.Act_Inputs->Changed = true;
+    }
+    activity.Act_Name = newName;
+    activity.Changed = true;
+}
+
+}  // namespace orvent::editors

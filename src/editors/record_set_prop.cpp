@@ -1,0 +1,286 @@
+#include "editors/record_set_prop.h"
+
+#include "editors/list_rows.h"
+#include "forms/name_check.h"
+#include "statements/sql_creator.h"
+#include "zoom/synchronize_functions.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::editors {
+
+using namespace entities;
+using forms::Tree;
+using platform::Icon;
+
+RecordSetProp::RecordSetProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node)
+    : Editor(services.repository.messages), ParForm(form), ActiveNode(node), services_(services) {
+    services_.nodes.prepare(ParForm, ActiveNode);
+    ParForm.setEnabled(false);
+    deletedMark_ = ParForm.DeletedNodes->mark();
+    Saved = false;
+    RecordSetProperties& record = *ActiveNode.recordSet();
+    tempProp = record.Clone();
+    txtRecordSetName = record.RecordSet_Name.empty() ? ActiveNode.Caption() : record.RecordSet_Name;
+    tempProp->RecordSet_Name = txtRecordSetName;
+    txtSQL = record.RecordSet_SQL;
+    SQLOption = !txtSQL.empty();
+    fillList();
+    zoom::UnSynchronizeRecordSet(ParForm, record, false, nullptr);
+}
+
+RecordSetProp::~RecordSetProp() {
+    end();
+}
+
+void RecordSetProp::fillList() {
+    AttList.showHint("Drag columns here");
+    AttList.rebuild([&] {
+        for (const AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
+            const std::string dbKey = tempProp->dbKey(attribute.Key);
+            forms::ListRow row = newRow(dbKey.empty() ? attribute.Key : dbKey, attribute.Key, 0, "AttOut");
+            row.SubItems[0] = nameAt(services_.catalogue.tables.dataTypes, attribute.Attribute_Type);
+            AttList.add(std::move(row));
+            OldKeys[attribute.Key] = attribute.Key;
+        }
+    });
+}
+
+void RecordSetProp::txtRecordSetName_Change(const std::string& text) {
+    if (txtRecordSetName != text) {
+        tempProp->RecordSet_Name = txtRecordSetName = text;
+        tempProp->Changed = true;
+    }
+}
+
+void RecordSetProp::txtSQL_Change(const std::string& text) {
+    txtSQL = text;
+    if (tempProp->RecordSet_SQL != text) {
+        tempProp->RecordSet_SQL = text;
+        tempProp->Changed = true;
+    }
+}
+
+void RecordSetProp::SQLAuto_Click() {
+    std::vector<statements::AttributeRow> rows;
+    for (int row = 1; row <= AttList.Count(); ++row) {
+        rows.push_back({AttList.Item(row)->Key, AttList.Item(row)->Text});
+    }
+    if (const std::optional<std::string> statement = statements::CreateSelectStatement(rows)) {
+        txtSQL_Change(*statement);
+        SQLOption = true;
+    }
+}
+
+std::string RecordSetProp::rowKeyOf(const Tree::Node& node) const {
+    return node.parent() && node.parent()->parent() ? node.value().Key : std::string();
+}
+
+void RecordSetProp::AddRow(Tree::Node& node, int position) {
+    const std::string rowKey = rowKeyOf(node);
+    if (rowKey.empty()) {
+        return;
+    }
+    const std::string name = AfterLastDot(rowKey);
+    if (tempProp->RecordSet_Outputs->Item(name)) {
+        messages().tell("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
+        return;
+    }
+    AttributeProperties attribute;
+    attribute.Attribute_Name = attribute.Key = name;
+    attribute.Attribute_Type = node.value().Tag;
+    attribute.NodeKind = KindRecordSetAttribute;
+    attribute.ParentKeyName = tempProp->RecordSet_Name;
+    tempProp->RecordSet_Outputs->AddFullAttribute(attribute, "", false, position);
+    tempProp->addDbKey(name, rowKey);
+    tempProp->Changed = true;
+    OldKeys[name] = name;
+    forms::ListRow row = newRow(rowKey, name, 0, "AttOut");
+    row.SubItems[0] = nameAt(services_.catalogue.tables.dataTypes, attribute.Attribute_Type);
+    AttList.add(std::move(row), position);
+    markNode(rowKey, true);
+}
+
+void RecordSetProp::markNode(const std::string& key, bool used) {
+    Tree::Node* node = DBView.find(key);
+    if (!node || !node->parent()) {
+        return;
+    }
+    DBView.alter(*node, [&](forms::TreeNode& value) {
+        value.Checked = used;
+        value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
+        value.ForeColor = used ? kListColours[0] : 0;
+    });
+    if (many_ == 0 && node->parent()->parent()) {
+        recomputeParent(DBView, *node->parent());
+    }
+}
+
+void RecordSetProp::moveMany(const std::function<void()>& moves) {
+    ++many_;
+    moves();
+    if (--many_ == 0) {
+        recomputeParents(DBView);
+    }
+}
+
+void RecordSetProp::RemoveRowByTree(Tree::Node& node) {
+    RemoveRow(AttList.positionOf(node.value().Key));
+}
+
+void RecordSetProp::RemoveRow(int row) {
+    const forms::ListRow* shown = AttList.Item(row);
+    if (!shown) {
+        return;
+    }
+    const std::string name = shown->Text;
+    markNode(shown->Key, false);
+    if (AttributeProperties* attribute = tempProp->RecordSet_Outputs->Item(name)) {
+        zoom::UnSynchronizeAttribute(ParForm, *attribute, true, nullptr);
+        if (attribute->SubNode_ID != 0) {
+            ParForm.DeletedNodes->Add(attribute->SubNode_ID, KindRecordSetAttribute);
+        }
+        tempProp->RecordSet_Outputs->Remove(name);
+    }
+    tempProp->DB2Key->Remove(name);
+    OldKeys.erase(name);
+    tempProp->Changed = true;
+    AttList.remove(row);
+}
+
+void RecordSetProp::MoveAll2Tree_Click() {
+    moveMany([this] {
+        for (int row = AttList.Count(); row >= 1; --row) {
+            RemoveRow(row);
+        }
+    });
+}
+
+void RecordSetProp::MoveRow_Click(forms::RowMove where) {
+    const int row = AttList.selected();
+    const int to = AttList.target(row, where);
+    if (to == 0) {
+        return;
+    }
+    const std::string name = AttList.Item(row)->Text;
+    AttList.move(row, to);
+    AttList.select(to);
+    if (auto held = tempProp->RecordSet_Outputs->Remove(name)) {
+        tempProp->RecordSet_Outputs->insert(to, held, name);
+    }
+}
+
+/// The attribute takes the last place, and its row with it.
+bool RecordSetProp::rename(int row, const std::string& name) {
+    const std::string former = AttList.Item(row)->Text;
+    if (!tempProp->RenameRecordSetOutPut(former, name, ParForm)) {
+        return false;
+    }
+    if (former != name) {
+        const auto first = OldKeys.extract(former);
+        OldKeys[name] = first.empty() ? former : first.mapped();
+        AttList.setText(row, name);
+        AttList.move(row, AttList.Count());
+        AttList.select(AttList.Count());
+        tempProp->Changed = true;
+    }
+    return true;
+}
+
+bool RecordSetProp::AfterLabelEdit(int row, const std::string& text) {
+    if (!AttList.Item(row) || text.empty()) {
+        return false;
+    }
+    if (forms::hasFault(text, forms::NameFault::dot)) {
+        tell("DOTS ARE NOT ALLLOWED IN NAMES");
+        return false;
+    }
+    return rename(row, text);
+}
+
+void RecordSetProp::renameAll(const std::function<std::string(const std::string&)>& name) {
+    std::vector<std::string> rowKeys;
+    for (int row = 1; row <= AttList.Count(); ++row) {
+        rowKeys.push_back(AttList.Item(row)->Key);
+    }
+    for (const std::string& rowKey : rowKeys) {
+        rename(AttList.positionOf(rowKey), name(rowKey));
+    }
+}
+
+void RecordSetProp::CutFullNames_Click() {
+    renameAll([](const std::string& rowKey) { return AfterLastDot(rowKey); });
+}
+
+void RecordSetProp::RestoreFullNames_Click() {
+    renameAll([](const std::string& rowKey) {
+        const std::string table = BetweenFirstAndLastDot(rowKey);
+        return table.empty() ? AfterLastDot(rowKey) : AfterLastDot(table) + "_" + AfterLastDot(rowKey);
+    });
+}
+
+bool RecordSetProp::apply() {
+    if (txtRecordSetName.empty()) {
+        tell("PLEASE GIVE A VALID NAME");
+        return false;
+    }
+    if (AttList.Count() == 0) {
+        tell("PLEASE SET THE RECORDSET'S DATA");
+        return false;
+    }
+    if (forms::hasFault(txtRecordSetName, forms::NameFault::dot)) {
+        tell("DOTS ARE NOT ALLOWED IN NAMES");
+        return false;
+    }
+    const std::string former = ActiveNode.Caption();
+    const bool takenInScenario =
+        ParForm.isZoom() && former != txtRecordSetName && ParForm.scenario().isNameTaken(txtRecordSetName);
+    if (!takenInScenario) {
+        ActiveNode.setCaption(txtRecordSetName);
+    }
+    if (takenInScenario || ActiveNode.KeyName() == canvas::kErrorName) {
+        ActiveNode.setCaption(former);
+        txtRecordSetName_Change({});
+        return false;
+    }
+    applyRecord();
+    return true;
+}
+
+void RecordSetProp::applyRecord() {
+    const platform::Busy busy(services_.repository.progress);
+    if (tempProp->NodeID == 0) {
+        tempProp->NodeID = ActiveNode.recordSet()->NodeID;
+    }
+    ActiveNode.Properties = tempProp;
+    std::vector<std::pair<AttributeProperties*, std::string>> renamed;
+    for (AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
+        if (attribute.ParentKeyName != tempProp->RecordSet_Name) {
+            attribute.ParentKeyName = tempProp->RecordSet_Name;
+            attribute.Changed = true;
+        }
+        if (const std::string& old = OldKeys[attribute.Key]; !old.empty() && old != attribute.Key) {
+            renamed.emplace_back(&attribute, old);
+        }
+    }
+    for (const auto& [attribute, old] : renamed) {
+        zoom::UnSynchronizeAttribute(ParForm, *attribute, false, nullptr);
+        zoom::PropagateRename(ParForm, *attribute, old);
+        zoom::SynchronizeAttribute(ParForm, *attribute, nullptr);
+        OldKeys[attribute->Key] = attribute->Key;
+    }
+    zoom::SynchronizeRecordSet(ParForm, *tempProp);
+    deletedMark_ = ParForm.DeletedNodes->mark();
+    ActiveNode.setReady(true);
+    ParForm.tellChanged(ActiveNode);
+}
+
+void RecordSetProp::closing() {
+    ParForm.DeletedNodes->cutBack(deletedMark_);
+    RecordSetProperties& record = *ActiveNode.recordSet();
+    zoom::SynchronizeRecordSet(ParForm, record);
+    ActiveNode.setReady(!record.RecordSet_Name.empty() && record.RecordSet_Outputs.count() > 0);
+    services_.nodes.refresh(ParForm, ActiveNode);
+    ParForm.setEnabled(true);
+}
+
+}  // namespace orvent::editors

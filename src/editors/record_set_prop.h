@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "editors/set_act_prop.h"
+#include "repository/source_schema.h"
+
+namespace orvent::editors {
+
+/// `RecordSetProp`: the dialog that defines a record set. Its attributes come from a tree of source databases. It works
+/// on a copy, `tempProp`, which OK gives to the graph; the record set stays out of the links while it is open.
+class RecordSetProp : public forms::Editor, private RowOperations {
+  public:
+    RecordSetProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node);
+    ~RecordSetProp() override;
+
+    canvas::CanvasForm& ParForm;
+    canvas::LabelsD& ActiveNode;
+    std::shared_ptr<entities::RecordSetProperties> tempProp;
+    forms::List AttList;
+    forms::Tree DBView;
+    std::unordered_map<std::string, std::string> OldKeys;  ///< the first `Key` of each attribute under its present one
+    std::unordered_set<std::string> LoadedDatabases;       ///< the aliases in the tree
+    bool DBLoaded = false;
+
+    std::string txtRecordSetName, txtSQL;
+    bool SQLOption = false;  ///< the statement is in use: `txtSQL` is enabled
+
+    void txtRecordSetName_Change(const std::string& text);
+    void txtSQL_Change(const std::string& text);
+    void SQLOption_Click(bool on) { SQLOption = on; }
+    void SQLAuto_Click();
+
+    /// Asks what becomes of databases that are loaded already. False: nothing is to be loaded.
+    bool LoadDB_Click();
+    /// Adds a source database to the tree. `goOn` is asked before each table how far it is, and ends the loading by
+    /// false: what is there stays, and the words say that it is not whole.
+    using GoOn = std::function<bool(std::size_t done, std::size_t total)>;
+    void LoadDatabase(const repository::SourceDatabase& source, const GoOn& goOn);
+    void UnLoadDB_Click(forms::Tree::Node& root);
+
+    bool ListButtons() const { return AttList.Count() > 0; }
+    void MoveRow_Click(forms::RowMove where);
+    void Move2Tree_Click() { RemoveRow(AttList.selected()); }
+    void MoveAll2Tree_Click();
+    void CutFullNames_Click();
+    void RestoreFullNames_Click();
+    void NodeClick(forms::Tree::Node& node) { NodeCheck(*this, DBView, node); }
+    void Drop(forms::Tree::Node& node, int position) { DropNode(*this, node, position); }
+    /// False: the label keeps its text.
+    bool AfterLabelEdit(int row, const std::string& text);
+    /// In a zoom view names are not edited here.
+    bool ListItemEditM() const { return !ParForm.isZoom(); }
+
+  protected:
+    bool apply() override;
+    void closing() override;
+
+  private:
+    forms::List& listFor(const forms::Tree::Node&) override { return AttList; }
+    std::string rowKeyOf(const forms::Tree::Node& node) const override;
+    void AddRow(forms::Tree::Node& node, int position) override;
+    void RemoveRowByTree(forms::Tree::Node& node) override;
+    void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) override { recomputeParent(tree, parent); }
+    void moveMany(const std::function<void()>& moves) override;
+
+    void fillList();
+    void addTable(forms::Tree::Node& root, const repository::SourceTable& table);
+    std::int16_t typeOf(const std::string& dataType);
+    void RemoveRow(int row);
+    void markNode(const std::string& key, bool used);
+    bool rename(int row, const std::string& name);
+    void renameAll(const std::function<std::string(const std::string& rowKey)>& name);
+    void applyRecord();
+    void tell(const char* text) { messages().tell(text, {}, platform::Icon::warning); }
+
+    EditorServices services_;
+    std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once
+    int deletedMark_ = 0;
+    int many_ = 0;
+};
+
+}  // namespace orvent::editors

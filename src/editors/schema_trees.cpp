@@ -1,0 +1,175 @@
+#include "editors/schema_trees.h"
+
+#include <algorithm>
+
+#include "entities/key_grammar.h"
+
+namespace orvent::editors {
+
+using namespace entities;
+using forms::Tree;
+using forms::TreeNode;
+
+int listOfColour(std::int32_t colour) {
+    const auto found = std::find(kListColours.begin(), kListColours.end(), colour);
+    return found == kListColours.end() ? -1 : static_cast<int>(found - kListColours.begin());
+}
+
+std::string nameAt(const NameTable& table, std::int16_t index) {
+    return index >= 0 && static_cast<std::size_t>(index) < table.size() ? table.name(index) : std::string();
+}
+
+bool isFunctionNode(const Tree::Node& node) {
+    return node.value().Image.starts_with("Function-");
+}
+
+bool isConstantNode(const Tree::Node& node) {
+    return node.value().Image.starts_with("Constant-");
+}
+
+std::string treeKey(LinkType type, const std::string& key) {
+    switch (type) {
+        case LinkRecordSet:
+            return "DB." + key;
+        case LinkActivity:
+            return "GRAPH." + BeforeFirstDot(key) + "." + AfterSecondDot(key);
+        case LinkFunction:
+        case LinkConstant:
+            return "GRAPH." + key;
+        default:
+            return {};
+    }
+}
+
+namespace {
+
+template <class Attributes>
+void addLeaves(Tree& tree, Tree::Node& parent, const Attributes& attributes, const char* image) {
+    for (const AttributeProperties& attribute : attributes) {
+        tree.add({parent.value().Key + "." + attribute.Key, attribute.Attribute_Name, attribute.Attribute_Type, image},
+                 &parent);
+    }
+}
+
+void addNode(const canvas::LabelsD& node, const canvas::LabelsD& edited, Tree& graph, Tree::Node& graphRoot,
+             Tree& database, Tree::Node& databaseRoot) {
+    const std::string& name = node.Caption();
+    if (const ActivityProperties* activity = node.activity(); activity && &node != &edited) {
+        addLeaves(graph, graph.add({"GRAPH." + name, name, 4, "Activity-UnChecked"}, &graphRoot), activity->Act_Outputs,
+                  "Activity-Out-UnChecked");
+    } else if (const RecordSetProperties* recordSet = node.recordSet()) {
+        const std::int16_t level = recordSet->RecordSet_Outputs.count() > 0 ? 2 : 3;
+        addLeaves(database, database.add({"DB." + name, name, level, "RS-UnChecked"}, &databaseRoot),
+                  recordSet->RecordSet_Outputs, "Field-UnChecked");
+    } else if (const auto* constant = node.entity<ParameterProperties>();
+               constant && node.NodeType() == canvas::NodeTypeConstant) {
+        graph.add({"GRAPH." + name, name, constant->Parameter_Type, "Constant-UnChecked"}, &graphRoot);
+    } else if (const auto* function = node.entity<FunctionProperties>();
+               function && function->Function_Source != kSourceActivityType) {
+        graph.add({"GRAPH." + name, name, function->Function_Type, "Function-UnChecked"}, &graphRoot);
+    }
+}
+
+TreeNode root(const char* key, const char* text) {
+    TreeNode node{key, text, 1, key == std::string("GRAPH") ? "Graph" : "DB"};
+    node.Expanded = true;
+    return node;
+}
+
+}  // namespace
+
+void buildSchemaTrees(const canvas::Canvas& form, const canvas::LabelsD& edited, Tree& graph, Tree& database) {
+    graph.rebuild([&] {
+        database.rebuild([&] {
+            graph.Clear();
+            database.Clear();
+            Tree::Node& graphRoot = graph.add(root("GRAPH", "Graph"));
+            Tree::Node& databaseRoot = database.add(root("DB", "Record Sets"));
+            for (const canvas::LabelsD& node : form.Labels) {
+                addNode(node, edited, graph, graphRoot, database, databaseRoot);
+            }
+        });
+    });
+}
+
+void recomputeParent(Tree& tree, Tree::Node& parent) {
+    const int used = parent.checkedChildren();
+    const bool all = used > 0 && static_cast<std::size_t>(used) == parent.children().size();
+    const char* state = all ? "Checked" : used > 0 ? "UnderChecked" : "UnChecked";
+    const std::string image = forms::withState(parent.value().Image, state);
+    if (parent.value().Checked == all && parent.value().Image == image) {
+        return;
+    }
+    tree.alter(parent, [&](TreeNode& node) {
+        node.Checked = all;
+        node.Image = image;
+    });
+}
+
+void recomputeParents(Tree& tree) {
+    for (const auto& treeRoot : tree.roots()) {
+        for (const auto& parent : treeRoot->children()) {
+            if (!parent->children().empty()) {
+                recomputeParent(tree, *parent);
+            }
+        }
+    }
+}
+
+Tree* SchemaMarks::treeOf(const std::string& nodeKey) const {
+    return nodeKey.starts_with("GRAPH.") ? &graph_ : nodeKey.starts_with("DB.") ? &database_ : nullptr;
+}
+
+void SchemaMarks::mark(const std::string& nodeKey, int list, const std::string& rowKey) {
+    const Tree* tree = treeOf(nodeKey);
+    if (!tree || !tree->find(nodeKey)) {
+        return;
+    }
+    Uses& uses = uses_[nodeKey];
+    std::vector<std::string>& rows = uses[static_cast<std::size_t>(list)];
+    if (std::find(rows.begin(), rows.end(), rowKey) == rows.end()) {
+        rows.push_back(rowKey);
+    }
+    show(nodeKey, uses);
+}
+
+void SchemaMarks::unmark(const std::string& nodeKey, int list, const std::string& rowKey) {
+    const auto entry = uses_.find(nodeKey);
+    if (entry == uses_.end()) {
+        return;
+    }
+    std::erase(entry->second[static_cast<std::size_t>(list)], rowKey);
+    show(nodeKey, entry->second);
+}
+
+std::string SchemaMarks::rowOf(const std::string& nodeKey, int list) const {
+    const auto entry = uses_.find(nodeKey);
+    if (entry == uses_.end() || list < 0 || entry->second[static_cast<std::size_t>(list)].empty()) {
+        return {};
+    }
+    return entry->second[static_cast<std::size_t>(list)].front();
+}
+
+void SchemaMarks::show(const std::string& nodeKey, const Uses& uses) {
+    const auto user = std::find_if(uses.begin(), uses.end(), [](const auto& rows) { return !rows.empty(); });
+    const bool used = user != uses.end();
+    Tree& tree = *treeOf(nodeKey);
+    Tree::Node& node = *tree.find(nodeKey);
+    tree.alter(node, [&](TreeNode& value) {
+        value.Checked = used;
+        value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
+        value.ForeColor = used ? kListColours[static_cast<std::size_t>(user - uses.begin())] : 0;
+    });
+    if (Tree::Node* parent = node.parent(); parent && parent->parent() && bulk_ == 0) {
+        recomputeParent(tree, *parent);
+    }
+}
+
+SchemaMarks::Bulk::~Bulk() {
+    if (--marks_.bulk_ == 0) {
+        recomputeParents(marks_.graph_);
+        recomputeParents(marks_.database_);
+    }
+}
+
+}  // namespace orvent::editors

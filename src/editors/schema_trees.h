@@ -1,0 +1,86 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "canvas/canvas_form.h"
+#include "entities/links.h"
+#include "entities/name_tables.h"
+#include "forms/tree.h"
+
+namespace orvent::editors {
+
+/// The lists of an entity dialog; a record set has the first alone.
+inline constexpr int kInputs = 0;
+inline constexpr int kOutputs = 1;
+inline constexpr int kParameters = 2;
+
+/// The colour of a list, which its tree nodes bear; blue in the high byte.
+inline constexpr std::array<std::int32_t, 3> kListColours = {0x800000, 0x000080, 0x008000};
+
+/// The list of that colour, -1 for black.
+int listOfColour(std::int32_t colour);
+
+/// The name at an index, nothing beyond the table: another user may have shortened it.
+std::string nameAt(const entities::NameTable& table, std::int16_t index);
+
+// Which kinds of entity a tree node stands for, told by its image.
+
+bool isFunctionNode(const forms::Tree::Node& node);
+bool isConstantNode(const forms::Tree::Node& node);
+
+/// The tree node that a link leads to, empty for links that lead to none.
+std::string treeKey(entities::LinkType type, const std::string& key);
+
+/// Fills the two trees with what the canvas offers to the activity of the node `edited`.
+void buildSchemaTrees(const canvas::Canvas& form, const canvas::LabelsD& edited, forms::Tree& graph,
+                      forms::Tree& database);
+
+/// Recomputes the parents below the roots: all children used, none, or some.
+void recomputeParents(forms::Tree& tree);
+void recomputeParent(forms::Tree& tree, forms::Tree::Node& parent);
+
+/// Which rows use which tree node. A node is shown as used, in the colour of the first list that uses it, while a row
+/// does.
+class SchemaMarks {
+  public:
+    SchemaMarks(forms::Tree& graph, forms::Tree& database) : graph_(graph), database_(database) {}
+
+    /// Both pass over a key that no node has.
+    void mark(const std::string& nodeKey, int list, const std::string& rowKey);
+    void unmark(const std::string& nodeKey, int list, const std::string& rowKey);
+
+    /// Forgets all uses, without changing the trees.
+    void clear() { uses_.clear(); }
+
+    /// The first row of the list that uses the node, empty when none does.
+    std::string rowOf(const std::string& nodeKey, int list) const;
+
+    /// While one lives, parents are not recomputed; its end recomputes all.
+    class Bulk {
+      public:
+        explicit Bulk(SchemaMarks& marks) : marks_(marks) { ++marks_.bulk_; }
+        ~Bulk();
+        Bulk(const Bulk&) = delete;
+        Bulk& operator=(const Bulk&) = delete;
+
+      private:
+        SchemaMarks& marks_;
+    };
+
+  private:
+    using Uses = std::array<std::vector<std::string>, 3>;
+
+    forms::Tree* treeOf(const std::string& nodeKey) const;
+    void show(const std::string& nodeKey, const Uses& uses);
+
+    forms::Tree& graph_;
+    forms::Tree& database_;
+    std::unordered_map<std::string, Uses> uses_;
+    int bulk_ = 0;
+};
+
+}  // namespace orvent::editors

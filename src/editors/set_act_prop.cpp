@@ -1,0 +1,307 @@
+#include "editors/set_act_prop.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "editors/activity_rename.h"
+#include "forms/name_check.h"
+#include "zoom/synchronize_functions.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::editors {
+
+using namespace entities;
+using platform::Icon;
+
+namespace {
+
+constexpr std::array<forms::NameRule, 3> kLabelRules = {{
+    {forms::NameFault::empty, "Please,Give A Non Empty Name!", Icon::critical},
+    {forms::NameFault::numeric, "NUMERIC NAMES ARE NOT ALLOWED!\nPLEASE GIVE A VALID NAME"},
+    {forms::NameFault::dot, "DOTS ARE NOT ALLLOWED IN NAMES"},
+}};
+
+std::string folderOf(const std::string& path) {
+    const std::size_t at = path.find_last_of("/\\");
+    return at == std::string::npos ? std::string() : path.substr(0, at);
+}
+
+}  // namespace
+
+SetActProp::SetActProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node)
+    : Editor(services.repository.messages),
+      SetActProp_Functions(form, node, services.catalogue, services.repository.messages, services.repository.progress),
+      services_(services) {
+    services_.nodes.prepare(ParForm, ActiveNode);
+    ParForm.setEnabled(false);
+    deletedMark_ = ParForm.DeletedNodes->mark();
+    services_.catalogue.LoadActivityTypes();
+    services_.catalogue.LoadFunctionTypes();
+    services_.catalogue.LoadDataTypes();
+    LoadActivity();
+}
+
+SetActProp::~SetActProp() {
+    end();
+}
+
+void SetActProp::LoadActivity() {
+    ActivityProperties& record = *ActiveNode.activity();
+    tempProp = record.Clone();
+    zoom::UnSynchronizeActivity(ParForm, record, false, nullptr);
+    keptCaption_ = ActiveNode.Caption();
+    txtName = record.Act_Name.empty() ? keptCaption_ : record.Act_Name;
+    tempProp->Act_Name = membersName_ = txtName;
+    txtDescr = record.Act_Description;
+    txtRejected = record.Act_Log;
+    if (txtRejected.empty()) {
+        const std::string folder =
+            services_.repository.store.value("General", "LogPath", services_.folder.root().string());
+        txtRejected = folder + std::string(1, std::filesystem::path::preferred_separator) + txtName + ".log";
+    }
+    txtSQL = tempProp->Act_LDL;
+    fillLists();
+    if (tempProp->Act_Type >= 0 &&
+        static_cast<std::size_t>(tempProp->Act_Type) < services_.catalogue.tables.activityTypes.size()) {
+        ActTypes = tempProp->Act_Type;
+    }
+    Saved = true;
+    ActiveNode.setReady(false);
+}
+
+void SetActProp::setName(const std::string& text) {
+    txtName = text;
+    tempProp->Act_Name = text;
+    tempProp->Changed = true;
+    edited();
+}
+
+void SetActProp::txtName_Change(const std::string& text) {
+    if (text == txtName) {
+        return;
+    }
+    setName(text);
+    if (text.empty()) {
+        setName(services_.repository.input.ask("Please Give A Name", "An Activity Can Not Be Nameless", ""));
+        changed();
+    }
+}
+
+void SetActProp::txtName_Leave() {
+    if (leaving_ || txtName.empty() || (txtName == membersName_ && txtName == ActiveNode.Caption())) {
+        return;
+    }
+    leaving_ = true;
+    if (forms::hasFault(txtName, forms::NameFault::dot)) {
+        tell("DOTS ARE NOT ALLOWED IN NAMES", Icon::warning);
+        setName(ActiveNode.Caption());
+    } else {
+        const std::string former = ActiveNode.Caption();
+        while (!takeName(txtName)) {
+            const std::string answer =
+                services_.repository.input.ask("Give A New Name For This Activity", "DUPLICATE NAME!", txtName);
+            setName(answer.empty() || forms::hasFault(answer, forms::NameFault::dot) ? former : answer);
+        }
+        followName();
+    }
+    leaving_ = false;
+    changed();
+}
+
+/// The node's caption takes the name; false when another node has it. Over a zoom view the scenario is asked, too.
+bool SetActProp::takeName(const std::string& name) {
+    canvas::DrawForm& scenario = ParForm.scenario();
+    if (ParForm.isZoom() && name != keptCaption_ && scenario.isNameTaken(name)) {
+        return false;
+    }
+    ActiveNode.setCaption(name);
+    return ActiveNode.KeyName() != canvas::kErrorName;
+}
+
+/// Keys and links of the copy follow the name; the rows with them.
+void SetActProp::followName() {
+    if (txtName == membersName_) {
+        return;
+    }
+    renameActivity(*tempProp, membersName_, txtName);
+    membersName_ = txtName;
+    fillLists();
+}
+
+void SetActProp::txtDescr_Change(const std::string& text) {
+    if (txtDescr != text) {
+        tempProp->Act_Description = txtDescr = text;
+        tempProp->Changed = true;
+        edited();
+    }
+}
+
+void SetActProp::txtRejected_Change(const std::string& text) {
+    if (txtRejected != text) {
+        tempProp->Act_Log = txtRejected = text;
+        tempProp->Changed = true;
+        services_.repository.store.setValue("General", "LogPath", folderOf(text));
+        edited();
+    }
+}
+
+void SetActProp::RejectedFileOpen_Click() {
+    const std::string path =
+        services_.saveDialog.saveFile("Save Log File As", "Log Files (*.log)|*.log",
+                                      services_.folder.path("\\Logs\\" + ParForm.scenario().Caption()));
+    if (!path.empty()) {
+        txtRejected_Change(path);
+    }
+}
+
+std::string& SetActProp::statement() {
+    return LangSelector == Language::LDL ? tempProp->Act_LDL : tempProp->Act_SQL;
+}
+
+void SetActProp::txtSQL_Change(const std::string& text) {
+    txtSQL = text;
+    if (statement() != text) {
+        statement() = text;
+        tempProp->Changed = true;
+        edited();
+    }
+}
+
+void SetActProp::LangSelector_Click(Language language) {
+    LangSelector = language;
+    txtSQL = statement();
+}
+
+void SetActProp::ActTypes_Click(int position) {
+    if (txtName.empty()) {
+        const std::string name =
+            services_.repository.input.ask("You Have To Give A Name For This Activity Before Setting Its Type!",
+                                           "Activity's Name", ActiveNode.Caption());
+        if (name.empty()) {
+            ActTypes = -1;
+            return;
+        }
+        setName(name);
+    }
+    txtName_Leave();
+    ActTypes = position;
+    if (position != tempProp->Act_Type) {
+        SetActivityType(position);
+        edited();
+    }
+}
+
+void SetActProp::butRefresh_Click() {
+    if (LangSelector != Language::LDL) {
+        return;
+    }
+    txtName_Leave();
+    const std::string before = tempProp->Act_LDL;
+    services_.wizard.LDLCreate(ParForm.scenario(), *tempProp, this);
+    txtSQL = tempProp->Act_LDL;
+    if (before != tempProp->Act_LDL) {
+        edited();
+    }
+    fillLists();
+    changed();
+}
+
+void SetActProp::setEnabled(bool enabled) {
+    Enabled = enabled;
+    if (onEnable) {
+        onEnable(enabled);
+    }
+}
+
+void SetActProp::activityBuilt() {
+    fillLists();
+    edited();
+}
+
+void SetActProp::setStatement(const std::string& text) {
+    if (LangSelector == Language::LDL) {
+        txtSQL_Change(text);
+    }
+}
+
+void SetActProp::TabStrip1_Click(int tab) {
+    TabStrip1 = tab;
+    if (tab != kLogTab) {
+        SelectedList = tab;
+    }
+}
+
+bool SetActProp::ListButtons() const {
+    return TabStrip1 != kLogTab && AttList[static_cast<std::size_t>(SelectedList)].Count() > 0;
+}
+
+void SetActProp::MoveRow_Click(forms::RowMove where) {
+    moveRow(frontList().selected(), where);
+}
+
+void SetActProp::Move2Tree_Click() {
+    const forms::ListRow* row = frontList().Item(frontList().selected());
+    if (!row) {
+        return;
+    }
+    if (row->Tag >= kTagTypeOutput && row->Tag != kTagWizard) {
+        tell("Activity Type's Members Cannot Be Deleted", Icon::information);
+        return;
+    }
+    RemoveRow(frontList().selected());
+}
+
+void SetActProp::MoveAll2Tree_Click() {
+    moveMany([this] {
+        for (int row = frontList().Count(); row >= 1; row = std::min(row - 1, frontList().Count())) {
+            if (frontList().Item(row)->Tag < kTagTypeOutput) {
+                RemoveRow(row);
+            }
+        }
+    });
+}
+
+template <class Text>
+void SetActProp::renameRows(Text text) {
+    for (int row = 1; row <= frontList().Count(); ++row) {
+        frontList().setText(row, text(*frontList().Item(row)));
+    }
+    for (int row = 1; row <= frontList().Count(); ++row) {
+        renameMember(row, SelectedList);
+    }
+    warnTwins(SelectedList);
+}
+
+void SetActProp::CutFullNamesM_Click() {
+    renameRows([](const forms::ListRow& row) { return AfterLastDot(row.Text); });
+}
+
+void SetActProp::RestoreNamesM_Click() {
+    renameRows([](const forms::ListRow& row) { return row.Key; });
+}
+
+void SetActProp::NodeClick(forms::Tree& tree, forms::Tree::Node& node) {
+    NodeCheck(*this, tree, node);
+}
+
+void SetActProp::Drop(forms::Tree::Node& node, int position) {
+    if (TabStrip1 != kLogTab && takes(node)) {
+        DropNode(*this, node, position);
+    }
+}
+
+bool SetActProp::AfterLabelEdit(int row, const std::string& text) {
+    const forms::ListRow* shown = frontList().Item(row);
+    if (!shown || shown->Text == text) {
+        return shown != nullptr;
+    }
+    if (!forms::checkName(text, kLabelRules, messages())) {
+        return false;
+    }
+    frontList().setText(row, text);
+    RenameInList(row, SelectedList);
+    return true;
+}
+
+}  // namespace orvent::editors

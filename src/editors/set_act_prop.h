@@ -1,0 +1,114 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "editors/set_act_prop_functions.h"
+#include "forms/editor.h"
+#include "platform/program_folder.h"
+#include "platform/save_dialog.h"
+#include "statements/activity_wizard.h"
+
+namespace orvent::editors {
+
+/// What a dialog over a zoom view asks of it: its node is folded while the dialog is open, so that its entity holds all
+/// its members, and unfolded when it closes. In a design window both do nothing.
+class NodePreparation {
+  public:
+    virtual ~NodePreparation() = default;
+    virtual void prepare(canvas::CanvasForm& form, canvas::LabelsD& node) = 0;
+    virtual void refresh(canvas::CanvasForm& form, canvas::LabelsD& node) = 0;
+};
+
+/// What the entity dialogs ask of the outside.
+struct EditorServices {
+    repository::Services& repository;
+    repository::Catalogue& catalogue;
+    statements::ActivityWizard& wizard;
+    const platform::ProgramFolder& folder;
+    platform::SaveDialog& saveDialog;
+    NodePreparation& nodes;
+};
+
+/// `SetActProp`: the dialog that defines an activity. It works on a copy, `tempProp`; the graph changes when it is
+/// applied. The activity stays out of the links from opening to closing, and its window takes no input.
+class SetActProp : public forms::Editor, public SetActProp_Functions, public statements::ActivityDialog {
+  public:
+    enum class Language { LDL, SQL };
+    static constexpr int kLogTab = 3;
+
+    SetActProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node);
+    ~SetActProp() override;
+
+    // Controls.
+    std::string txtName, txtDescr, txtRejected, txtSQL;
+    int ActTypes = -1;                           ///< position in the type table
+    Language LangSelector = Language::LDL;       ///< which statement `txtSQL` shows
+    int TabStrip1 = kInputs;                     ///< the three lists, then the log's tab
+    bool ReportView = true;                      ///< the lists show their columns
+    bool Enabled = true;                         ///< false while the wizard is open over it
+    std::function<void(bool enabled)> onEnable;  ///< set by the window
+
+    void txtName_Change(const std::string& text);
+    void txtName_Leave();
+    void txtDescr_Change(const std::string& text);
+    void txtRejected_Change(const std::string& text);
+    void RejectedFileOpen_Click();
+    void txtSQL_Change(const std::string& text);
+    void LangSelector_Click(Language language);
+    void ActTypes_Click(int position);
+    void butRefresh_Click();
+    void TabStrip1_Click(int tab);
+    void ShowDetailsM_Click() { ReportView = !ReportView; }
+
+    /// Whether the list buttons are enabled: the list in front has a row.
+    bool ListButtons() const;
+    void MoveRow_Click(forms::RowMove where);
+    void Move2Tree_Click();
+    void MoveAll2Tree_Click();
+    void ItemSendOutputM_Click() { SendOutput(frontList().selected()); }
+    void ItemSendParamM_Click() { SendParameter(frontList().selected()); }
+    void CutFullNamesM_Click();
+    void RestoreNamesM_Click();
+    void RefreshHeadersM_Click() { refreshRows(); }
+    void NodeClick(forms::Tree& tree, forms::Tree::Node& node);
+    /// Whether a drop of the node on the list in front counts.
+    bool takes(const forms::Tree::Node& node) const { return !rowKeyOf(node).empty() || !node.children().empty(); }
+    void Drop(forms::Tree::Node& node, int position);
+    /// False: the label keeps its text.
+    bool AfterLabelEdit(int row, const std::string& text);
+
+    // ActivityDialog
+    void setEnabled(bool enabled) override;
+    void activityBuilt() override;
+    void setStatement(const std::string& text) override;
+
+  protected:
+    bool apply() override;
+    bool isComplete() const override;
+    std::optional<forms::ClosingQuestion> closingQuestion() const override;
+    void closing() override;
+    void edited() override { Saved = false; }
+    void tabMoved() override { TabStrip1 = SelectedList; }
+
+  private:
+    void LoadActivity();
+    bool ApplyActivity();
+    void bindFunctions(const entities::ActivityProperties& former, entities::ActivityProperties& now);
+    bool takeName(const std::string& name);
+    void followName();
+    void setName(const std::string& text);
+    template <class Text>
+    void renameRows(Text text);
+    std::string& statement();
+    void tell(const char* text, platform::Icon icon) { messages().tell(text, {}, icon); }
+
+    EditorServices services_;
+    std::string keptCaption_;  ///< the caption that closing without Apply puts back
+    std::string membersName_;  ///< the name that keys and links of the copy bear
+    int deletedMark_ = 0;
+    bool leaving_ = false;
+};
+
+}  // namespace orvent::editors

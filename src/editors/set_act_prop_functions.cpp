@@ -1,0 +1,325 @@
+#include "editors/set_act_prop_functions.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "editors/list_rows.h"
+#include "entities/key_grammar.h"
+#include "zoom/synchronize_functions.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::editors {
+
+using namespace entities;
+using forms::ListRow;
+using forms::Tree;
+
+namespace {
+
+constexpr const char* kInvalid = "This Relationship Is Not Valid!";
+
+/// The code of a link from an input to another member of its activity, by the input's `Tag`.
+LinkType innerLink(std::int16_t tag) {
+    return tag == 0 ? LinkActivityInput : static_cast<LinkType>(tag + 2);
+}
+
+}  // namespace
+
+SetActProp_Functions::SetActProp_Functions(canvas::CanvasForm& form, canvas::LabelsD& node,
+                                           repository::Catalogue& catalogue, platform::MessageBox& messages,
+                                           platform::Progress& progress)
+    : ParForm(form), ActiveNode(node), catalogue_(catalogue), messages_(messages), progress_(progress) {}
+
+void SetActProp_Functions::fillLists() {
+    buildSchemaTrees(ParForm, ActiveNode, ActView, DBView);
+    marks_.clear();
+    const SchemaMarks::Bulk bulk(marks_);
+    const auto fill = [&](int number, const auto& addRows) {
+        forms::List& target = list(number);
+        target.rebuild([&] {
+            target.Clear();
+            target.showHint(number == kParameters ? "Drag parameters, functions and constants here"
+                                                  : "Drag attributes here");
+            addRows(target);
+        });
+        for (int row = 1; row <= target.Count(); ++row) {
+            refreshRow(number, row);
+            MarkRowInTree(*target.Item(row), number, true);
+        }
+        warnTwins(number);
+    };
+    const auto attributes = [](const auto& entities, const char* image) {
+        return [&entities, image](forms::List& target) {
+            for (const AttributeProperties& attribute : entities) {
+                target.add(newRow(attribute.Key, attribute.Attribute_Name, attribute.Tag, image));
+            }
+        };
+    };
+    fill(kInputs, attributes(tempProp->Act_Inputs, "AttIn"));
+    fill(kOutputs, attributes(tempProp->Act_Outputs, "AttOut"));
+    fill(kParameters, [&](forms::List& target) {
+        for (const ParameterProperties& parameter : tempProp->Act_Parameters) {
+            target.add(newRow(parameter.Key, parameter.Parameter_Name, parameter.Tag,
+                              parameter.Tag == kTagConstant ? "Const" : "Param"));
+        }
+        for (const FunctionProperties& function : tempProp->Act_Functions) {
+            target.add(newRow(function.Function_Key, function.Function_Name,
+                              function.Function_Source == kSourceActivityType ? kTagTypeFunction : kTagFunction,
+                              "Func"));
+        }
+    });
+}
+
+void SetActProp_Functions::MarkRowInTree(const ListRow& row, int number, bool used) {
+    const auto show = [&](const std::string& nodeKey) {
+        used ? marks_.mark(nodeKey, number, row.Key) : marks_.unmark(nodeKey, number, row.Key);
+    };
+    if (isFunctionRow(row)) {
+        if (row.Tag == kTagFunction) {
+            show("GRAPH." + row.Key);
+        }
+    } else if (number == kInputs) {
+        if (const AttributeProperties* input = tempProp->Act_Inputs->Item(row.Key)) {
+            for (const ProviderProperties& link : input->ProvidedFrom) {
+                show(treeKey(link.Provider_Type, link.Provider_Key));
+            }
+        }
+    } else if (number == kOutputs) {
+        if (const AttributeProperties* output = tempProp->Act_Outputs->Item(row.Key)) {
+            for (const ProviderProperties& link : output->ProviderFor) {
+                if (link.Provider_Type == LinkRecordSet) {
+                    show(treeKey(link.Provider_Type, link.Provider_Key));
+                }
+            }
+        }
+    } else if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(row.Key)) {
+        for (const RegulatorProperties& link : parameter->RegulatedFrom) {
+            if (link.Regulator_type == LinkConstant || link.Regulator_type == LinkRecordSet) {
+                show(treeKey(link.Regulator_type, link.Regulator_Key));
+            }
+        }
+    }
+}
+
+void SetActProp_Functions::moveMany(const std::function<void()>& moves) {
+    const SchemaMarks::Bulk bulk(marks_);
+    moves();
+}
+
+void SetActProp_Functions::refreshRow(int number, int row) {
+    list(number).alter(row, [&](ListRow& shown) {
+        const CatalogueTables& tables = catalogue_.tables;
+        if (isFunctionRow(shown)) {
+            if (const FunctionProperties* function = tempProp->Act_Functions->Item(shown.Key)) {
+                refreshFunctionRow(*function, tempProp->Act_Type, shown, tables);
+            }
+        } else if (number == kParameters) {
+            if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(shown.Key)) {
+                RefreshParameterRow(*parameter, shown, tables);
+                shown.Image = parameter->Tag == kTagConstant ? "Const" : "Param";
+            }
+        } else {
+            const AttributeProperties* attribute =
+                number == kInputs ? tempProp->Act_Inputs->Item(shown.Key) : tempProp->Act_Outputs->Item(shown.Key);
+            if (attribute) {
+                RefreshAttributeRow(*attribute, shown, tables);
+            }
+        }
+    });
+}
+
+void SetActProp_Functions::refreshRows() {
+    for (int number = kInputs; number <= kParameters; ++number) {
+        for (int row = 1; row <= list(number).Count(); ++row) {
+            refreshRow(number, row);
+        }
+    }
+}
+
+void SetActProp_Functions::refreshKey(const std::string& key) {
+    for (int number = kInputs; number <= kParameters; ++number) {
+        if (const int row = list(number).positionOf(key)) {
+            refreshRow(number, row);
+        }
+    }
+}
+
+std::vector<std::string> SetActProp_Functions::neighbours(const std::string& key) {
+    std::vector<std::string> keys{key};
+    const auto collect = [&](const auto& links) {
+        for (const auto& link : links) {
+            if (link.key().starts_with(".")) {
+                keys.push_back(AfterSecondDot(link.key()));
+            }
+        }
+    };
+    for (const AttributeProperties* attribute : {tempProp->Act_Inputs->Item(key), tempProp->Act_Outputs->Item(key)}) {
+        if (attribute) {
+            collect(attribute->ProvidedFrom);
+            collect(attribute->ProviderFor);
+            collect(attribute->RegulatedFrom);
+            collect(attribute->RegulatorFor);
+        }
+    }
+    if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(key)) {
+        collect(parameter->RegulatedFrom);
+        collect(parameter->RegulatorFor);
+    }
+    return keys;
+}
+
+void SetActProp_Functions::RenameInList(int row, int listNumber) {
+    renameMember(row, listNumber);
+    warnTwins(listNumber);
+}
+
+void SetActProp_Functions::renameMember(int row, int listNumber) {
+    const ListRow& shown = *list(listNumber).Item(row);
+    const auto rename = [&](auto* entity, auto name) {
+        if (entity && entity->*name != shown.Text) {
+            entity->*name = shown.Text;
+            entity->Changed = true;
+            edited();
+        }
+    };
+    if (listNumber == kInputs) {
+        rename(tempProp->Act_Inputs->Item(shown.Key), &AttributeProperties::Attribute_Name);
+        tempProp->Act_Inputs->Changed = true;
+    } else if (listNumber == kOutputs) {
+        rename(tempProp->Act_Outputs->Item(shown.Key), &AttributeProperties::Attribute_Name);
+    } else if (isFunctionRow(shown)) {
+        rename(tempProp->Act_Functions->Item(shown.Key), &FunctionProperties::Function_Name);
+    } else {
+        rename(tempProp->Act_Parameters->Item(shown.Key), &ParameterProperties::Parameter_Name);
+    }
+}
+
+void SetActProp_Functions::warnTwins(int number) {
+    std::unordered_map<std::string, std::vector<int>> rows;
+    for (int row = 1; row <= list(number).Count(); ++row) {
+        rows[list(number).Item(row)->Text].push_back(row);
+    }
+    for (const auto& [text, twins] : rows) {
+        for (const int row : twins) {
+            const int other = twins.size() < 2 ? 0 : row == twins.front() ? twins[1] : twins.front();
+            const std::string warning =
+                other ? "Row " + std::to_string(other) + " (" + list(number).Item(other)->Key + ") has this name, too."
+                      : std::string();
+            if (list(number).Item(row)->Warning != warning) {
+                list(number).alter(row, [&](ListRow& shown) { shown.Warning = warning; });
+            }
+        }
+    }
+}
+
+void SetActProp_Functions::moveRow(int row, forms::RowMove where) {
+    if (const int to = frontList().target(row, where)) {
+        moveRowTo(row, to);
+    }
+}
+
+void SetActProp_Functions::moveRowTo(int row, int to) {
+    const ListRow* moved = frontList().Item(row);
+    if (!moved || !frontList().Item(to) || row == to) {
+        return;
+    }
+    const std::string key = moved->Key;
+    const bool function = isFunctionRow(*moved);
+    frontList().move(row, to);
+    frontList().select(to);
+    const auto move = [&](auto& entities, int place) {
+        auto held = entities.Remove(key);
+        if (held) {
+            entities.insert(std::min(place, entities.Count() + 1), held, key);
+        }
+    };
+    if (SelectedList == kInputs) {
+        move(*tempProp->Act_Inputs, to);
+        tempProp->Act_Inputs->Changed = true;
+    } else if (SelectedList == kOutputs) {
+        move(*tempProp->Act_Outputs, to);
+    } else if (!function) {
+        auto held = tempProp->Act_Parameters->Remove(key);
+        if (held) {
+            tempProp->Act_Parameters->insert(parameterPlace(to), held, key);
+        }
+    }
+    edited();
+}
+
+/// Where a parameter stands in its collection whose row stands at `position`: functions share the list.
+int SetActProp_Functions::parameterPlace(int position) const {
+    for (int row = std::min(position - 1, AttList[kParameters].Count()); row >= 1; --row) {
+        const ListRow& above = *AttList[kParameters].Item(row);
+        if (!isFunctionRow(above)) {
+            return tempProp->Act_Parameters->positionOf(above.Key) + 1;
+        }
+    }
+    return 1;
+}
+
+void SetActProp_Functions::SendOutput(int row) {
+    const ListRow* shown = list(kInputs).Item(row);
+    AttributeProperties* input = shown ? tempProp->Act_Inputs->Item(shown->Key) : nullptr;
+    AttributeProperties* output = shown ? tempProp->Act_Outputs->Item(shown->Key) : nullptr;
+    if (!input || !output) {
+        return;
+    }
+    if (output->ProvidedFrom.count() > 0) {
+        messages_.tell(std::string(kInvalid) +
+                           "\nAn Attribute With The Same Name Allready Exists And Is Provided By An Other Source.",
+                       {}, platform::Icon::warning);
+        return;
+    }
+    if (!takesType(input->Attribute_Type, output->Attribute_Type)) {
+        return;
+    }
+    zoom::UnSynchronizeAttribute(ParForm, *output, false, self());
+    output->ProvidedFrom->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
+    output->Changed = true;
+    zoom::SynchronizeAttribute(ParForm, *output, self());
+    refreshKey(input->Key);
+    edited();
+}
+
+void SetActProp_Functions::SendParameter(int row) {
+    const ListRow* shown = list(kInputs).Item(row);
+    AttributeProperties* input = shown ? tempProp->Act_Inputs->Item(shown->Key) : nullptr;
+    ParameterProperties* parameter = shown ? tempProp->Act_Parameters->Item(shown->Key) : nullptr;
+    if (!input || !parameter) {
+        return;
+    }
+    if (parameter->RegulatedFrom.count() > 0) {
+        messages_.tell(std::string(kInvalid) +
+                           "\nA Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.",
+                       {}, platform::Icon::warning);
+        return;
+    }
+    if (!takesType(input->Attribute_Type, parameter->Parameter_Type)) {
+        return;
+    }
+    zoom::UnSynchronizeParameter(ParForm, *parameter, false, self());
+    parameter->RegulatedFrom->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
+    parameter->Changed = true;
+    zoom::SynchronizeParameter(ParForm, *parameter, self());
+    refreshKey(input->Key);
+    edited();
+}
+
+/// Whether a value of the source's type may flow into the target; a target that is defined by its source takes it on.
+bool SetActProp_Functions::takesType(std::int16_t source, std::int16_t& target) {
+    if (source == target) {
+        return true;
+    }
+    const NameTable& types = catalogue_.tables.dataTypes;
+    if (nameAt(types, target) == kDefinedBySource) {
+        target = source;
+        return true;
+    }
+    messages_.tell(std::string(kInvalid) + "\nDifferent Data Types Found.\nSource: " + nameAt(types, source) +
+                       ".\nTarget: " + nameAt(types, target) + ".",
+                   {}, platform::Icon::warning);
+    return false;
+}
+
+}  // namespace orvent::editors

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "canvas/canvas_form.h"
+#include "editors/schema_trees.h"
+#include "editors/tree_view_moving.h"
+#include "entities/nodes.h"
+#include "forms/list.h"
+#include "platform/dialogs.h"
+#include "repository/catalogue.h"
+
+namespace orvent::editors {
+
+// What the `Tag` of a row says: how it came.
+inline constexpr std::int16_t kTagRecordSet = 1;
+inline constexpr std::int16_t kTagActivity = 2;
+inline constexpr std::int16_t kTagRecordSetMirror = 3;
+inline constexpr std::int16_t kTagActivityMirror = 4;
+inline constexpr std::int16_t kTagFunction = 5;
+inline constexpr std::int16_t kTagConstant = 6;
+inline constexpr std::int16_t kTagTypeOutput = 7;
+inline constexpr std::int16_t kTagTypeParameter = 8;
+inline constexpr std::int16_t kTagTypeFunction = 9;
+inline constexpr std::int16_t kTagWizard = 15;
+
+/// The lists and trees of the activity dialog, and how a row and its entity are made, renamed, moved and removed
+/// together. All of it works on `tempProp`, the dialog's copy of the activity.
+class SetActProp_Functions : public RowOperations {
+  public:
+    SetActProp_Functions(canvas::CanvasForm& form, canvas::LabelsD& node, repository::Catalogue& catalogue,
+                         platform::MessageBox& messages, platform::Progress& progress);
+
+    canvas::CanvasForm& ParForm;
+    canvas::LabelsD& ActiveNode;
+    std::shared_ptr<entities::ActivityProperties> tempProp;
+    std::array<forms::List, 3> AttList;
+    forms::Tree ActView;
+    forms::Tree DBView;
+    int SelectedList = kInputs;
+
+    forms::List& frontList() { return AttList[static_cast<std::size_t>(SelectedList)]; }
+
+    /// Replaces only what the present type brought. A position beyond the table is told.
+    void SetActivityType(int position);
+
+    void RemoveRow(int row);
+    void SendOutput(int row);
+    void SendParameter(int row);
+    void RenameInList(int row, int listNumber);
+    /// Brings the row of the list in front to another place, and its entity with it.
+    void moveRow(int row, forms::RowMove where);
+    void moveRowTo(int row, int to);
+
+    /// Fills the three lists from `tempProp` and marks what they use in the trees.
+    void fillLists();
+    /// Sets the columns of all rows again.
+    void refreshRows();
+
+    // RowOperations
+    forms::List& listFor(const forms::Tree::Node& node) override;
+    std::string rowKeyOf(const forms::Tree::Node& node) const override;
+    void AddRow(forms::Tree::Node& node, int position) override;
+    void RemoveRowByTree(forms::Tree::Node& node) override;
+    void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) override { recomputeParent(tree, parent); }
+    void moveMany(const std::function<void()>& moves) override;
+
+  protected:
+    /// Something of the copy was changed.
+    virtual void edited() = 0;
+    /// Another list came forward.
+    virtual void tabMoved() = 0;
+
+    /// The entity takes the text of its row.
+    void renameMember(int row, int listNumber);
+    /// Rows of one list that have the same name carry a warning.
+    void warnTwins(int number);
+
+    repository::Catalogue& catalogue() const { return catalogue_; }
+
+  private:
+    forms::List& list(int number) { return AttList[static_cast<std::size_t>(number)]; }
+    static bool isFunctionRow(const forms::ListRow& row) { return row.Image == "Func"; }
+
+    void addInput(const forms::Tree::Node& node, const std::string& key, int position);
+    void addMirror(const entities::AttributeProperties& input);
+    void addOutput(const forms::Tree::Node& node, const std::string& key, int position);
+    void addParameter(const forms::Tree::Node& node, const std::string& key, int position);
+    void addFunction(const forms::Tree::Node& node, int position);
+    int parameterPlace(int position) const;
+
+    void removeInput(const std::string& key);
+    void removeOutput(const std::string& key);
+    void removeParameter(const std::string& key);
+    void removeFunction(const std::string& key);
+    void removeListRow(int number, const std::string& key);
+    void note(std::int16_t id, entities::NodeKindCode kind);
+    bool unlink(const std::string& nodeKey, int number, const std::string& key);
+    void removeTypeMembers();
+    void addTypeMembers(const entities::ActivityTypeProperties& type);
+
+    /// Marks or unmarks in the trees what the row uses.
+    void MarkRowInTree(const forms::ListRow& row, int number, bool used);
+    void refreshRow(int number, int row);
+    void refreshKey(const std::string& key);
+    /// The rows whose entities a change of links of this key may have reached.
+    std::vector<std::string> neighbours(const std::string& key);
+    bool takesType(std::int16_t source, std::int16_t& target);
+
+    entities::ActivityProperties* self() { return tempProp.get(); }
+
+    repository::Catalogue& catalogue_;
+    platform::MessageBox& messages_;
+    platform::Progress& progress_;
+    SchemaMarks marks_{ActView, DBView};
+};
+
+}  // namespace orvent::editors

@@ -1,0 +1,365 @@
+// The rows of the activity dialog's lists as they come and go.
+
+#include "editors/list_rows.h"
+#include "editors/set_act_prop_functions.h"
+#include "entities/key_grammar.h"
+#include "zoom/synchronize_functions.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::editors {
+
+using namespace entities;
+using forms::ListRow;
+using forms::Tree;
+
+namespace {
+
+bool isDatabaseNode(const Tree::Node& node) {
+    return node.value().Key.starts_with("DB.");
+}
+
+/// An attribute or an output: it has a node above it that is no root.
+bool isLeaf(const Tree::Node& node) {
+    return node.parent() && node.parent()->parent();
+}
+
+/// The key by which a link names what the node stands for.
+std::string linkedKey(const Tree::Node& node) {
+    const std::string owner = SecondSegment(node.value().Key);
+    const std::string key = AfterSecondDot(node.value().Key);
+    return isDatabaseNode(node) ? owner + "." + key : wholeKey(owner, KindOutput, key);
+}
+
+}  // namespace
+
+forms::List& SetActProp_Functions::listFor(const Tree::Node& node) {
+    const int receives = isFunctionNode(node) || isConstantNode(node) ? kParameters
+                         : isDatabaseNode(node)                       ? SelectedList
+                                                                      : kInputs;
+    if (receives != SelectedList) {
+        SelectedList = receives;
+        tabMoved();
+    }
+    return frontList();
+}
+
+std::string SetActProp_Functions::rowKeyOf(const Tree::Node& node) const {
+    const std::string& key = node.value().Key;
+    if (isFunctionNode(node) || isConstantNode(node)) {
+        return SelectedList == kParameters ? AfterFirstDot(key) : std::string();
+    }
+    return isLeaf(node) && (isDatabaseNode(node) || SelectedList == kInputs)
+               ? SecondSegment(key) + "_" + AfterSecondDot(key)
+               : std::string();
+}
+
+void SetActProp_Functions::AddRow(Tree::Node& node, int position) {
+    const std::string key = rowKeyOf(node);
+    if (key.empty()) {
+        return;
+    }
+    if (isFunctionNode(node)) {
+        addFunction(node, position);
+    } else if (SelectedList == kInputs) {
+        addInput(node, key, position);
+    } else if (SelectedList == kOutputs) {
+        addOutput(node, key, position);
+    } else {
+        addParameter(node, key, position);
+    }
+    MarkRowInTree(*frontList().Item(key), SelectedList, true);
+    for (const std::string& reached : neighbours(key)) {
+        refreshKey(reached);
+    }
+    edited();
+}
+
+void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& key, int position) {
+    AttributeProperties input;
+    input.Attribute_Name = input.Key = key;
+    input.Attribute_Type = node.value().Tag;
+    input.Tag = isDatabaseNode(node) ? kTagRecordSet : kTagActivity;
+    input.NodeKind = KindInput;
+    input.ParentKeyName = tempProp->Act_Name;
+    input.ProvidedFrom->Add(SecondSegment(node.value().Key), static_cast<LinkType>(input.Tag), linkedKey(node));
+    AttributeProperties& added = tempProp->Act_Inputs->AddFullAttribute(input, "", false, position);
+    tempProp->Act_Inputs->Changed = true;
+    list(kInputs).add(newRow(key, key, input.Tag, "AttIn"), position);
+    if (!tempProp->Act_Outputs->Item(key)) {
+        addMirror(added);
+    }
+    zoom::SynchronizeAttribute(ParForm, added, self());
+}
+
+/// The output of the same name, which the input provides.
+void SetActProp_Functions::addMirror(const AttributeProperties& input) {
+    const auto tag = static_cast<std::int16_t>(input.Tag + 2);
+    AttributeProperties& output =
+        tempProp->Act_Outputs->Add(input.Attribute_Name, input.Attribute_Type, tag, input.Key);
+    output.ParentKeyName = tempProp->Act_Name;
+    output.ProvidedFrom->Add(tempProp->Act_Name, static_cast<LinkType>(tag), relativeKey(KindInput, input.Key));
+    list(kOutputs).add(newRow(input.Key, input.Attribute_Name, tag, "AttOut"));
+    zoom::SynchronizeAttribute(ParForm, output, self());
+}
+
+void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& key, int position) {
+    AttributeProperties output;
+    output.Attribute_Name = output.Key = key;
+    output.Attribute_Type = node.value().Tag;
+    output.Tag = kTagRecordSet;
+    output.NodeKind = KindOutput;
+    output.ParentKeyName = tempProp->Act_Name;
+    output.ProviderFor->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
+    tempProp->Act_Outputs->AddFullAttribute(output, "", false, position);
+    list(kOutputs).add(newRow(key, key, kTagRecordSet, "AttOut"), position);
+}
+
+void SetActProp_Functions::addParameter(const Tree::Node& node, const std::string& key, int position) {
+    const bool constant = isConstantNode(node);
+    ParameterProperties parameter;
+    parameter.Parameter_Name = parameter.Key = key;
+    parameter.Parameter_Type = node.value().Tag;
+    parameter.Tag = constant ? kTagConstant : kTagRecordSet;
+    parameter.NodeKind = KindParameter;
+    parameter.ParentKeyName = tempProp->Act_Name;
+    if (constant) {
+        parameter.RegulatedFrom->Add(key, LinkConstant, key);
+    } else {
+        parameter.RegulatedFrom->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
+    }
+    tempProp->Act_Parameters->AddFullParameter(parameter, "", false, parameterPlace(position));
+    list(kParameters).add(newRow(key, key, parameter.Tag, constant ? "Const" : "Param"), position);
+}
+
+void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
+    const std::string name = AfterFirstDot(node.value().Key);
+    if (FunctionProperties* function =
+            tempProp->Act_Functions->AddFunction(ParForm, name, tempProp->Act_Name, kSourceOwn)) {
+        function->Changed = true;
+    }
+    list(kParameters).add(newRow(name, name, kTagFunction, "Func"), position);
+}
+
+void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
+    if (id != 0) {
+        ParForm.DeletedNodes->Add(id, kind);
+    }
+}
+
+void SetActProp_Functions::removeListRow(int number, const std::string& key) {
+    if (const int row = list(number).positionOf(key)) {
+        list(number).remove(row);
+    }
+}
+
+void SetActProp_Functions::RemoveRow(int row) {
+    const ListRow* shown = frontList().Item(row);
+    if (!shown) {
+        return;
+    }
+    const std::string key = shown->Key;
+    const bool function = isFunctionRow(*shown);
+    const std::vector<std::string> reached = neighbours(key);
+    if (function) {
+        removeFunction(key);
+    } else if (SelectedList == kInputs) {
+        removeInput(key);
+    } else if (SelectedList == kOutputs) {
+        removeOutput(key);
+    } else {
+        removeParameter(key);
+    }
+    for (const std::string& neighbour : reached) {
+        refreshKey(neighbour);
+    }
+    edited();
+}
+
+void SetActProp_Functions::removeInput(const std::string& key) {
+    if (const ListRow* row = list(kInputs).Item(key)) {
+        MarkRowInTree(*row, kInputs, false);
+    }
+    if (tempProp->Act_Parameters->Item(key)) {
+        removeParameter(key);
+    }
+    const AttributeProperties* output = tempProp->Act_Outputs->Item(key);
+    if (output && output->ProvidedFrom.count() == 1 && output->ProvidedFrom.peek()->Item(relativeKey(KindInput, key))) {
+        removeOutput(key);
+    }
+    if (AttributeProperties* input = tempProp->Act_Inputs->Item(key)) {
+        zoom::UnSynchronizeAttribute(ParForm, *input, true, self());
+        note(input->SubNode_ID, KindInput);
+        tempProp->Act_Inputs->Remove(key);
+        tempProp->Act_Inputs->Changed = true;
+    }
+    removeListRow(kInputs, key);
+}
+
+void SetActProp_Functions::removeOutput(const std::string& key) {
+    if (const ListRow* row = list(kOutputs).Item(key)) {
+        MarkRowInTree(*row, kOutputs, false);
+    }
+    if (AttributeProperties* output = tempProp->Act_Outputs->Item(key)) {
+        zoom::UnSynchronizeAttribute(ParForm, *output, true, self());
+        note(output->SubNode_ID, KindOutput);
+        tempProp->Act_Outputs->Remove(key);
+    }
+    removeListRow(kOutputs, key);
+}
+
+void SetActProp_Functions::removeParameter(const std::string& key) {
+    if (const ListRow* row = list(kParameters).Item(key)) {
+        MarkRowInTree(*row, kParameters, false);
+    }
+    if (ParameterProperties* parameter = tempProp->Act_Parameters->Item(key)) {
+        zoom::UnSynchronizeParameter(ParForm, *parameter, true, self());
+        note(parameter->SubNode_ID, KindParameter);
+        tempProp->Act_Parameters->Remove(key);
+    }
+    removeListRow(kParameters, key);
+}
+
+/// A function that a node of the canvas shows becomes free again when the dialog is applied.
+void SetActProp_Functions::removeFunction(const std::string& key) {
+    if (const ListRow* row = list(kParameters).Item(key)) {
+        MarkRowInTree(*row, kParameters, false);
+    }
+    if (FunctionProperties* function = tempProp->Act_Functions->Item(key)) {
+        zoom::UnSynchronizeFunction(ParForm, *function, true, self());
+        note(function->FunctionID, KindFunction);
+        tempProp->Act_Functions->Remove(key);
+    }
+    removeListRow(kParameters, key);
+}
+
+void SetActProp_Functions::RemoveRowByTree(Tree::Node& node) {
+    const std::string nodeKey = node.value().Key;
+    const int number = listOfColour(node.value().ForeColor);
+    const std::string key = marks_.rowOf(nodeKey, number);
+    if (key.empty()) {
+        return;
+    }
+    if (!unlink(nodeKey, number, key)) {
+        const int front = SelectedList;
+        SelectedList = number;
+        RemoveRow(list(number).positionOf(key));
+        SelectedList = front;
+    }
+}
+
+/// Takes the one link to the tree node away from a row that stays: it has other links, or the activity's type or the
+/// wizard brought it. False when the row has to go.
+bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, const std::string& key) {
+    const int row = list(number).positionOf(key);
+    const ListRow* shown = list(number).Item(row);
+    if (!shown || isFunctionRow(*shown)) {
+        return false;
+    }
+    std::int16_t tag = shown->Tag;
+    const auto cut = [&](auto& entity, auto& links, int count, auto unsynchronise) {
+        if (count < 2 && tag < kTagTypeOutput) {
+            return false;
+        }
+        for (int at = 1; at <= links.count(); ++at) {
+            auto& link = *links->Item(at);
+            if (treeKey(link.type(), link.key()) == nodeKey) {
+                unsynchronise(ParForm, entity, link, self());
+                links->Remove(at);
+                break;
+            }
+        }
+        if (number != kOutputs && tag < kTagTypeOutput && links.count() > 0) {
+            tag = tagOf(links->Item(1)->type());
+        }
+        entity.Tag = tag;
+        entity.Changed = true;
+        return true;
+    };
+    bool stays = false;
+    if (number == kParameters) {
+        if (ParameterProperties* parameter = tempProp->Act_Parameters->Item(key)) {
+            stays = cut(*parameter, parameter->RegulatedFrom, parameter->RegulatedFrom.count(),
+                        zoom::UnSynchronizeRegulatedFrom);
+        }
+    } else if (number == kOutputs) {
+        if (AttributeProperties* output = tempProp->Act_Outputs->Item(key)) {
+            stays = cut(*output, output->ProviderFor, output->ProviderFor.count() + output->ProvidedFrom.count(),
+                        zoom::UnSynchronizeProviderFor);
+        }
+    } else if (AttributeProperties* input = tempProp->Act_Inputs->Item(key)) {
+        stays = cut(*input, input->ProvidedFrom, input->ProvidedFrom.count() + input->RegulatedFrom.count(),
+                    zoom::UnSynchronizeProvidedFrom);
+        tempProp->Act_Inputs->Changed = true;
+    }
+    if (stays) {
+        marks_.unmark(nodeKey, number, key);
+        list(number).alter(row, [&](ListRow& kept) { kept.Tag = tag; });
+        refreshRow(number, row);
+        edited();
+    }
+    return stays;
+}
+
+void SetActProp_Functions::SetActivityType(int position) {
+    const bool known = position >= 0 && static_cast<std::size_t>(position) < catalogue_.tables.activityTypes.size();
+    if (!known) {
+        messages_.tell("UNIDENTIFIED ACTIVITY TYPE", {}, platform::Icon::critical);
+        return;
+    }
+    if (position == tempProp->Act_Type) {
+        return;
+    }
+    const platform::Busy busy(progress_);
+    const ActivityTypeProperties type = catalogue_.GetActivityType(static_cast<std::int16_t>(position));
+    tempProp->Act_SchemaNo = type.ActType_SchemaNo;
+    tempProp->Act_Type = static_cast<std::int16_t>(position);
+    tempProp->Changed = true;
+    const SchemaMarks::Bulk bulk(marks_);
+    removeTypeMembers();
+    addTypeMembers(type);
+    refreshRows();
+    edited();
+}
+
+/// What the former type brought goes, from the last row to the first.
+void SetActProp_Functions::removeTypeMembers() {
+    const auto removeTagged = [&](int number, std::int16_t tag, auto remove) {
+        for (int row = list(number).Count(); row >= 1; --row) {
+            if (list(number).Item(row)->Tag == tag) {
+                (this->*remove)(std::string(list(number).Item(row)->Key));
+            }
+        }
+    };
+    removeTagged(kOutputs, kTagTypeOutput, &SetActProp_Functions::removeOutput);
+    removeTagged(kParameters, kTagTypeParameter, &SetActProp_Functions::removeParameter);
+    removeTagged(kParameters, kTagTypeFunction, &SetActProp_Functions::removeFunction);
+}
+
+void SetActProp_Functions::addTypeMembers(const ActivityTypeProperties& type) {
+    const std::string& owner = tempProp->Act_Name;
+    for (const OutputProperties& brought : type.ActType_OutPuts) {
+        const std::string key = owner + "." + brought.Output_Name;
+        list(kOutputs).add(newRow(key, brought.Output_Name, kTagTypeOutput, "AttOut"));
+        tempProp->Act_Outputs->Add(key, brought.Output_Type, kTagTypeOutput, key).ParentKeyName = owner;
+    }
+    for (const ParamProperties& brought : type.ActType_Parameters) {
+        const std::string key = owner + "." + brought.Parameter_Name;
+        list(kParameters).add(newRow(key, brought.Parameter_Name, kTagTypeParameter, "Param"));
+        tempProp->Act_Parameters->Add(brought.Parameter_Name, brought.Parameter_Type, kTagTypeParameter, key)
+            .ParentKeyName = owner;
+    }
+    for (const UsedFunctionProperties& brought : type.ActType_Functions) {
+        const std::string key = owner + "." + brought.Function_Name;
+        list(kParameters).add(newRow(key, brought.Function_Name, kTagTypeFunction, "Func"));
+        FunctionProperties& function =
+            tempProp->Act_Functions->AddActivityTypeFunction(catalogue_, brought, owner, key);
+        function.setParentKeyName(owner);
+        for (Lazy<FunctionParameters>* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
+            for (ParameterProperties& parameter : *parameters) {
+                parameter.ParentKeyName = key;
+            }
+        }
+    }
+}
+
+}  // namespace orvent::editors

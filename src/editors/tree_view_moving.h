@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "forms/list.h"
+#include "forms/tree.h"
+
+namespace orvent::editors {
+
+/// The row operations of an entity dialog, which moves things between trees and lists.
+class RowOperations {
+  public:
+    virtual ~RowOperations() = default;
+
+    /// Brings forward the list that receives such a node, and gives the list in front.
+    virtual forms::List& listFor(const forms::Tree::Node& node) = 0;
+    /// The key of the row that the node makes in the list in front, empty when it makes none there.
+    virtual std::string rowKeyOf(const forms::Tree::Node& node) const = 0;
+    /// Makes the row and what stands behind it.
+    virtual void AddRow(forms::Tree::Node& node, int position) = 0;
+    /// Takes away what uses the node.
+    virtual void RemoveRowByTree(forms::Tree::Node& node) = 0;
+    /// Parents may have lost or gained a used child.
+    virtual void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) = 0;
+    /// Several nodes are about to move; the end of `moveMany` comes back.
+    virtual void moveMany(const std::function<void()>& moves) = 0;
+};
+
+// What a click on a node of a tree and a drop of it on a list do; the two entity dialogs share it.
+
+/// A click: unchecks a used node, checks one that is not. A root changes nothing.
+void NodeCheck(RowOperations& dialog, forms::Tree& tree, forms::Tree::Node& node);
+
+/// Puts the node into the list that receives it, at the place of the selected row. A row of its key is there already:
+/// nothing happens.
+void AddNodeToList(RowOperations& dialog, forms::Tree::Node& node);
+
+/// A drop on the list before the row at `position`, 0 for behind the last. It only adds: what is in the list stays.
+void DropNode(RowOperations& dialog, forms::Tree::Node& node, int position);
+
+}  // namespace orvent::editors

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace orvent::platform {
+
+/// Choosing a file that is to be written.
+class SaveDialog {
+  public:
+    virtual ~SaveDialog() = default;
+
+    /// The path, or empty when none was chosen; nothing is written. `filter` is "words|pattern", as in
+    /// "Log Files (*.log)|*.log". The dialog starts in `folder`.
+    virtual std::string saveFile(const std::string& title, const std::string& filter, const std::string& folder) = 0;
+};
+
+}  // namespace orvent::platform

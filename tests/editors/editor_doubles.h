@@ -1,0 +1,20 @@
+#pragma once
+
+#include "../repository/repository_fixture.h"
+#include "editors/set_act_prop.h"
+
+namespace orvent::editors {
+
+struct NoWizard : statements::ActivityWizard {
+    void LDLCreate(canvas::DrawForm&, entities::ActivityProperties&, statements::ActivityDialog*,
+                   statements::WizardRound*) override {}
+};
+struct NoZoom : NodePreparation {
+    void prepare(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void refresh(canvas::CanvasForm&, canvas::LabelsD&) override {}
+};
+struct NoFile : platform::SaveDialog {
+    std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+};
+
+}  // namespace orvent::editors

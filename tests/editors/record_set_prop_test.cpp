@@ -1,0 +1,126 @@
+#include "editors/record_set_prop.h"
+
+#include "editors/editor_doubles.h"
+#include "repository/source_schema.h"
+#include "testkit/graph_builder.h"
+#include "testkit/model_text.h"
+
+namespace orvent::editors {
+namespace {
+
+using namespace entities;
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+class RecordSetPropTest : public testkit::RepositoryTest {
+  protected:
+    RecordSetPropTest() {
+        database.answer("SELECT table_name FROM all_tables WHERE owner=?", {{"BOOKS"}, {"SHOPS"}});
+        database.answer(kColumns, {{"ID", "INTEGER"}, {"TITLE", "STRING"}});
+        database.answer(kColumns, {{"ID", "INTEGER"}});
+        testkit::GraphBuilder graph(*form);
+        RecordSetProperties& books = graph.recordSet("Books", {"ID"});
+        books.RecordSet_Name = "Books";
+        books.addDbKey("ID", "SHOP.BOOKS.ID");
+        books.RecordSet_Outputs->Item("ID")->SubNode_ID = 7;
+        graph.activity("Act", {"ID"});
+        graph.feed("Books.ID", "Act.IN.ID");
+    }
+
+    RecordSetProp open() {
+        return RecordSetProp({services, catalogue, wizard, folder, saveDialog, nodes}, *form,
+                             *form->nodeNamed("Books"));
+    }
+    static void click(RecordSetProp& dialog, const std::string& key) { dialog.NodeClick(*dialog.DBView.find(key)); }
+    static bool all(std::size_t, std::size_t) { return true; }
+
+    static constexpr const char* kColumns =
+        "SELECT column_name,data_type FROM all_tab_columns WHERE owner=? AND table_name=?";
+    std::unique_ptr<canvas::DrawForm> form = newForm("Demo");
+    NoWizard wizard;
+    NoZoom nodes;
+    NoFile saveDialog;
+    platform::ProgramFolder folder{"/data"};
+    const repository::SourceDatabase shop{"shop", "scott", "tiger"};
+};
+
+TEST_F(RecordSetPropTest, ALoadedDatabaseShowsWhatTheListHas) {
+    RecordSetProp dialog = open();
+    dialog.LoadDatabase(shop, all);
+    EXPECT_EQ(dialog.DBView.find("SHOP.BOOKS")->value().Image, "Table-UnderChecked");
+    EXPECT_EQ(dialog.DBView.find("SHOP.BOOKS.ID")->value().Image, "Field-Checked");
+    EXPECT_EQ(dialog.DBView.find("SHOP.BOOKS.TITLE")->value().Tag, 1);
+    messages.expect("This Database Is Allready Loaded");
+    dialog.LoadDatabase(shop, all);
+    EXPECT_EQ(dialog.DBView.roots().size(), 1U);
+
+    click(dialog, "SHOP.BOOKS");
+    EXPECT_EQ(dialog.DBView.find("SHOP.BOOKS")->value().Image, "Table-Checked");
+    messages.expect("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
+    click(dialog, "SHOP.SHOPS.ID");
+    EXPECT_EQ(dialog.AttList.Count(), 2) << "one column name of two tables";
+
+    dialog.SQLAuto_Click();
+    EXPECT_EQ(dialog.tempProp->RecordSet_SQL, " SELECT BOOKS.ID AS ID, BOOKS.TITLE AS TITLE FROM BOOKS;");
+    EXPECT_TRUE(dialog.SQLOption);
+    messages.expect("Are You Sure You Want To Unload Database SHOP?", "", Icon::question, Buttons::okCancel,
+                    Answer::ok);
+    dialog.UnLoadDB_Click(*dialog.DBView.find("SHOP"));
+    EXPECT_TRUE(dialog.DBView.roots().empty());
+}
+
+TEST_F(RecordSetPropTest, ACancelledLoadKeepsWhatIsThereAndSaysSo) {
+    RecordSetProp dialog = open();
+    messages.expect("*", "", Icon::critical);
+    dialog.LoadDatabase(shop, [](std::size_t done, std::size_t) { return done == 0; });
+    EXPECT_TRUE(dialog.DBView.find("SHOP.BOOKS.ID"));
+    EXPECT_FALSE(dialog.DBView.find("SHOP.SHOPS"));
+}
+
+TEST_F(RecordSetPropTest, CancelLeavesTheScenarioEqual) {
+    const std::string before = testkit::modelText(*form);
+    {
+        RecordSetProp dialog = open();
+        dialog.AttList.select(1);
+        dialog.AfterLabelEdit(1, "KEY");
+        dialog.Move2Tree_Click();
+        EXPECT_EQ(form->DeletedNodes->Count(), 1);
+        EXPECT_TRUE(dialog.mayClose());
+    }
+    EXPECT_EQ(testkit::modelText(*form), before);
+    EXPECT_EQ(form->DeletedNodes->Count(), 0);
+    EXPECT_TRUE(form->Enabled());
+}
+
+TEST_F(RecordSetPropTest, OKCarriesNamesDownstream) {
+    {
+        RecordSetProp dialog = open();
+        EXPECT_FALSE(dialog.AfterLabelEdit(1, ""));
+        EXPECT_TRUE(dialog.AfterLabelEdit(1, "KEY"));
+        EXPECT_TRUE(dialog.AfterLabelEdit(1, "BOOK_ID"));
+        dialog.txtRecordSetName_Change("Titles");
+        EXPECT_TRUE(dialog.OK());
+    }
+    const RecordSetProperties& record = *form->nodeNamed("Titles")->recordSet();
+    EXPECT_EQ(record.dbKey("BOOK_ID"), "SHOP.BOOKS.ID");
+    const AttributeProperties* input = form->nodeNamed("Act")->activity()->Act_Inputs.peek()->Item("BOOK_ID");
+    ASSERT_TRUE(input) << "the reading input follows";
+    EXPECT_TRUE(input->ProvidedFrom.peek()->Item("Titles.BOOK_ID"));
+}
+
+TEST_F(RecordSetPropTest, OKIsRefusedInOrder) {
+    RecordSetProp dialog = open();
+    dialog.txtRecordSetName_Change("a.b");
+    messages.expect("DOTS ARE NOT ALLOWED IN NAMES", "", Icon::warning);
+    EXPECT_FALSE(dialog.OK());
+    dialog.MoveAll2Tree_Click();
+    messages.expect("PLEASE SET THE RECORDSET'S DATA", "", Icon::warning);
+    EXPECT_FALSE(dialog.OK());
+    dialog.txtRecordSetName_Change("");
+    messages.expect("PLEASE GIVE A VALID NAME", "", Icon::warning);
+    EXPECT_FALSE(dialog.OK());
+}
+
+}  // namespace
+}  // namespace orvent::editors

@@ -1,0 +1,312 @@
+#include "editors/set_act_prop.h"
+
+#include <random>
+
+#include "editors/editor_doubles.h"
+#include "repository/catalogue_statements.h"
+#include "testkit/graph_builder.h"
+#include "testkit/model_text.h"
+#include "zoom/synchronize_functions.h"
+
+namespace orvent::editors {
+namespace {
+
+using namespace entities;
+using forms::RowMove;
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+class SetActPropTest : public testkit::RepositoryTest {
+  protected:
+    SetActPropTest() {
+        namespace sql = repository::sql;
+        database.answer(sql::kActivityTypes, {{"Filter", "", ""}, {"Join", "", ""}});
+        database.answer(sql::kFunctionTypes, {{"[EMPTY]"}, {"SK"}});
+        database.answer(sql::kDataTypes, {{"INTEGER"}, {"STRING"}, {kDefinedBySource}});
+        testkit::GraphBuilder graph(*form);
+        graph.recordSet("RS", {"ID", "NAME", "PRICE"}).RecordSet_Outputs->Item("NAME")->Attribute_Type = 1;
+        graph.activity("Before", {"A"}, {"B"});
+        graph.activity("Act", {"RS_ID", "Old"}, {"RS_ID", "Act.Made"});
+        graph.activity("After", {"Act.Made"});
+        graph.feed("RS.ID", "Act.IN.RS_ID");
+        graph.feed("Act.OUT.Act.Made", "After.IN.Act.Made");
+        graph.pass("Act", "RS_ID", "RS_ID");
+        ActivityProperties& act = activity();
+        act.Act_Name = "Act";
+        std::int16_t id = 100;
+        for (AttributeProperties& input : act.Act_Inputs) {
+            input.SubNode_ID = ++id;
+        }
+        act.Act_Outputs->Item("RS_ID")->Tag = kTagRecordSetMirror;
+        act.Act_Outputs->Item("Act.Made")->Tag = kTagTypeOutput;
+        graph.node("C1", canvas::NodeTypeConstant);
+        graph.node("F1", canvas::NodeTypeFunction);
+    }
+
+    ActivityProperties& activity() { return *form->nodeNamed("Act")->activity(); }
+    std::unique_ptr<SetActProp> open() {
+        return std::make_unique<SetActProp>(EditorServices{services, catalogue, wizard, folder, saveDialog, nodes},
+                                            *form, *form->nodeNamed("Act"));
+    }
+    static void click(SetActProp& dialog, const std::string& key) {
+        forms::Tree& tree = key.starts_with("DB") ? dialog.DBView : dialog.ActView;
+        forms::Tree::Node* node = tree.find(key);
+        ASSERT_TRUE(node) << key;
+        dialog.NodeClick(tree, *node);
+    }
+    static std::string image(const SetActProp& dialog, const std::string& key) {
+        return (key.starts_with("DB") ? dialog.DBView : dialog.ActView).find(key)->value().Image;
+    }
+    static std::string keys(const forms::List& list) {
+        std::string text;
+        for (int row = 1; row <= list.Count(); ++row) {
+            text += (row > 1 ? " " : "") + list.Item(row)->Key;
+        }
+        return text;
+    }
+    void answerClosing(Answer answer) {
+        messages.expect("THE ACTIVITY'S PROPERTIES HAVE NOT BEEN SAVED.\nDO YOU WANT TO SAVE BEFORE EXIT?", "",
+                        Icon::question, Buttons::yesNoCancel, answer);
+    }
+
+    std::unique_ptr<canvas::DrawForm> form = newForm("Demo");
+    NoWizard wizard;
+    NoZoom nodes;
+    NoFile saveDialog;
+    platform::ProgramFolder folder{"/data"};
+};
+
+TEST_F(SetActPropTest, OpensWithMarkedTreesAndBlocksItsWindow) {
+    const auto dialog = open();
+    EXPECT_TRUE(dialog->Saved);
+    EXPECT_FALSE(form->Enabled());
+    EXPECT_FALSE(form->nodeNamed("Act")->Ready());
+    EXPECT_EQ(keys(dialog->AttList[kInputs]), "RS_ID Old");
+    EXPECT_EQ(dialog->AttList[kInputs].Item(1)->SubItems[1], "RS");
+    EXPECT_EQ(dialog->AttList[kInputs].Item(1)->SubItems[2], "RecordSet");
+    EXPECT_EQ(image(*dialog, "DB.RS.ID"), "Field-Checked");
+    EXPECT_EQ(dialog->DBView.find("DB.RS.ID")->value().ForeColor, kListColours[kInputs]);
+    EXPECT_EQ(image(*dialog, "DB.RS"), "RS-UnderChecked");
+    EXPECT_EQ(dialog->ActView.find("GRAPH.Act"), nullptr) << "the activity is no source of its own";
+    EXPECT_EQ(dialog->txtRejected, "/data/Act.log");
+    dialog->end();
+    EXPECT_TRUE(form->Enabled());
+    EXPECT_TRUE(form->nodeNamed("Act")->Ready());
+}
+
+TEST_F(SetActPropTest, AnInputBringsItsMirrorAndTakesItAway) {
+    const auto dialog = open();
+    dialog->frontList().select(1);
+    click(*dialog, "DB.RS.NAME");
+    EXPECT_FALSE(dialog->Saved);
+    EXPECT_EQ(keys(dialog->AttList[kInputs]), "RS_NAME RS_ID Old");
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "RS_ID Act.Made RS_NAME");
+    const AttributeProperties* input = dialog->tempProp->Act_Inputs->Item(1);
+    EXPECT_EQ(input->Key, "RS_NAME");
+    EXPECT_EQ(input->Attribute_Type, 1);
+    EXPECT_EQ(input->ProvidedFrom.peek()->Item("RS.NAME")->Provider_Name, "RS");
+    EXPECT_TRUE(input->ProviderFor.peek()->Item(".OUT.RS_NAME")) << "the link inside stands on both ends";
+    EXPECT_TRUE(dialog->tempProp->Act_Inputs->Changed);
+
+    forms::Tree::Node* node = dialog->DBView.find("DB.RS.NAME");
+    dialog->Drop(*node, 1);
+    EXPECT_EQ(dialog->AttList[kInputs].Count(), 3) << "a second drop leaves one row";
+    click(*dialog, "DB.RS.NAME");
+    EXPECT_EQ(keys(dialog->AttList[kInputs]), "RS_ID Old");
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "RS_ID Act.Made");
+    EXPECT_EQ(image(*dialog, "DB.RS.NAME"), "Field-UnChecked");
+    answerClosing(Answer::no);
+    EXPECT_TRUE(dialog->mayClose());
+}
+
+TEST_F(SetActPropTest, AClickOnAParentMovesAllItsChildren) {
+    const auto dialog = open();
+    click(*dialog, "DB.RS");
+    EXPECT_EQ(image(*dialog, "DB.RS"), "RS-Checked");
+    EXPECT_EQ(keys(dialog->AttList[kInputs]), "RS_ID Old RS_NAME RS_PRICE");
+    click(*dialog, "DB.RS");
+    EXPECT_EQ(image(*dialog, "DB.RS"), "RS-UnChecked");
+    EXPECT_EQ(keys(dialog->AttList[kInputs]), "Old");
+    EXPECT_EQ(form->DeletedNodes->Count(), 1) << "only what the repository holds is noted";
+    click(*dialog, "DB");
+    EXPECT_EQ(dialog->AttList[kInputs].Count(), 1);
+}
+
+TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
+    const auto dialog = open();
+    click(*dialog, "GRAPH.C1");
+    click(*dialog, "GRAPH.F1");
+    EXPECT_EQ(dialog->SelectedList, kParameters);
+    EXPECT_EQ(keys(dialog->AttList[kParameters]), "C1 F1");
+    EXPECT_EQ(dialog->AttList[kParameters].Item(1)->SubItems[2], "Constant");
+    EXPECT_FALSE(dialog->AttList[kParameters].Item(2)->Editable);
+    click(*dialog, "GRAPH.Before.B");
+    EXPECT_EQ(dialog->SelectedList, kInputs);
+    EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Before_B")->Tag, kTagActivityMirror);
+
+    messages.expect("Properties Saved", "", Icon::information);
+    EXPECT_TRUE(dialog->Apply());
+    EXPECT_EQ(form->nodeNamed("F1")->entity<FunctionProperties>(), activity().Act_Functions->Item("F1"))
+        << "the node shows the activity's own function";
+    dialog->SelectedList = kParameters;
+    dialog->AttList[kParameters].select(2);
+    dialog->Move2Tree_Click();
+    messages.expect("Properties Saved", "", Icon::information);
+    EXPECT_TRUE(dialog->Apply());
+    EXPECT_EQ(form->nodeNamed("F1")->entity<FunctionProperties>()->Function_Source, 0);
+}
+
+TEST_F(SetActPropTest, MembersOfTheTypeAreNotDeleted) {
+    const auto dialog = open();
+    dialog->TabStrip1_Click(kOutputs);
+    dialog->frontList().select(2);
+    messages.expect("Activity Type's Members Cannot Be Deleted", "", Icon::information);
+    dialog->Move2Tree_Click();
+    dialog->MoveAll2Tree_Click();
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "Act.Made");
+}
+
+TEST_F(SetActPropTest, AnotherTypeReplacesOnlyWhatTheFormerBrought) {
+    namespace sql = repository::sql;
+    database.answer(sql::kActivityType, {{"d", "", "", "2", "1", "1"}});
+    database.answer(sql::kActivityTypeParams, {{"Limit", "INTEGER"}});
+    database.answer(sql::kActivityTypeParams, {{"Out", "STRING"}});
+    const auto dialog = open();
+    dialog->ActTypes_Click(0);
+    EXPECT_TRUE(dialog->Saved) << "the type that is chosen already";
+    dialog->ActTypes_Click(1);
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "RS_ID Act.Out");
+    EXPECT_EQ(dialog->AttList[kOutputs].Item(2)->Text, "Out");
+    EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Act.Out")->Attribute_Name, "Act.Out");
+    EXPECT_EQ(dialog->tempProp->Act_Parameters->Item("Act.Limit")->Parameter_Name, "Limit");
+    EXPECT_EQ(dialog->tempProp->Act_SchemaNo, 2);
+    EXPECT_EQ(activity().Act_Type, 0) << "the node waits for Apply";
+}
+
+TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
+    const auto dialog = open();
+    dialog->txtName_Change("New");
+    messages.expect("Properties Saved", "", Icon::information);
+    EXPECT_TRUE(dialog->OK());
+    dialog->end();
+    const ActivityProperties& renamed = *form->nodeNamed("New")->activity();
+    EXPECT_EQ(renamed.Act_Name, "New");
+    const AttributeProperties* made = renamed.Act_Outputs.peek()->Item("New.Made");
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->ParentKeyName, "New");
+    EXPECT_EQ(renamed.Act_Outputs.peek()->Item("RS_ID")->ProvidedFrom.peek()->Item(".IN.RS_ID")->Provider_Name, "New");
+    testkit::GraphBuilder graph(*form);
+    EXPECT_TRUE(graph.attribute("After.IN.Act.Made").ProvidedFrom.peek()->Item("New.OUT.New.Made"));
+    EXPECT_EQ(graph.attribute("After.IN.Act.Made").ProvidedFrom.count(), 1);
+    EXPECT_TRUE(graph.attribute("RS.ID").ProviderFor.peek()->Item("New.IN.RS_ID"));
+    EXPECT_FALSE(graph.attribute("RS.ID").ProviderFor.peek()->Item("Act.IN.RS_ID"));
+}
+
+TEST_F(SetActPropTest, NamesAreCheckedWhenTheBoxIsLeft) {
+    const auto dialog = open();
+    dialog->txtName_Change("a.b");
+    messages.expect("DOTS ARE NOT ALLOWED IN NAMES", "", Icon::warning);
+    dialog->txtName_Leave();
+    EXPECT_EQ(dialog->txtName, "Act");
+    dialog->txtName_Change("RS");
+    messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!", "DUPLICATE NAME!",
+                    Icon::critical);
+    inputBox.expect("Give A New Name For This Activity", "DUPLICATE NAME!", "RS", "Other");
+    dialog->txtName_Leave();
+    EXPECT_EQ(form->nodeNamed("Other")->Index(), dialog->ActiveNode.Index());
+    dialog->end();
+    EXPECT_EQ(dialog->ActiveNode.Caption(), "Act") << "closing without Apply puts the name back";
+}
+
+TEST_F(SetActPropTest, LabelsAreChecked) {
+    struct Row {
+        const char* label;
+        const char* words;
+        Icon icon;
+    };
+    const auto dialog = open();
+    for (const Row& row : {Row{"", "Please,Give A Non Empty Name!", Icon::critical},
+                           Row{"12", "NUMERIC NAMES ARE NOT ALLOWED!\nPLEASE GIVE A VALID NAME", Icon::warning},
+                           Row{"a.b", "DOTS ARE NOT ALLLOWED IN NAMES", Icon::warning}}) {
+        messages.expect(row.words, "", row.icon);
+        EXPECT_FALSE(dialog->AfterLabelEdit(2, row.label));
+    }
+    EXPECT_TRUE(dialog->Saved);
+    EXPECT_TRUE(dialog->AfterLabelEdit(2, "RS_ID"));
+    EXPECT_EQ(dialog->tempProp->Act_Inputs->Item("Old")->Attribute_Name, "RS_ID");
+    EXPECT_NE(dialog->AttList[kInputs].Item(1)->Warning, "") << "two rows have one name";
+}
+
+TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
+    activity().Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
+    const auto dialog = open();
+    messages.expect("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: INTEGER.\nTarget: STRING.",
+                    "", Icon::warning);
+    dialog->SendOutput(2);
+    dialog->tempProp->Act_Outputs->Item("Old")->Attribute_Type = 2;
+    dialog->SendOutput(2);
+    const AttributeProperties* output = dialog->tempProp->Act_Outputs->Item("Old");
+    EXPECT_EQ(output->Attribute_Type, 0);
+    EXPECT_EQ(output->ProvidedFrom.peek()->Item(".IN.Old")->Provider_Type, LinkActivityInput);
+    messages.expect(
+        "This Relationship Is Not Valid!\n"
+        "An Attribute With The Same Name Allready Exists And Is Provided By An Other Source.",
+        "", Icon::warning);
+    dialog->SendOutput(2);
+}
+
+TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {
+    // The first opening completes the mirrors that the graph above leaves out.
+    open()->end();
+    const std::string before = testkit::modelText(*form);
+    std::mt19937 random(7);
+    const char* const nodeKeys[] = {"DB.RS", "DB.RS.ID", "DB.RS.NAME", "GRAPH.C1", "GRAPH.F1", "GRAPH.Before"};
+    for (int round = 0; round < 40; ++round) {
+        const auto dialog = open();
+        for (int step = 0; step < 25; ++step) {
+            forms::List& list = dialog->frontList();
+            list.select(list.Count() ? static_cast<int>(random() % static_cast<unsigned>(list.Count())) + 1 : 0);
+            switch (random() % 6) {
+                case 0:
+                case 1:
+                    click(*dialog, nodeKeys[random() % std::size(nodeKeys)]);
+                    break;
+                case 2:
+                    dialog->TabStrip1_Click(static_cast<int>(random() % 3));
+                    break;
+                case 3:
+                    dialog->MoveRow_Click(static_cast<RowMove>(random() % 4));
+                    break;
+                case 4:
+                    if (const auto* row = list.Item(list.selected()); row && row->Tag < kTagTypeOutput) {
+                        dialog->Move2Tree_Click();
+                    }
+                    break;
+                default:
+                    dialog->txtName_Change("Name" + std::to_string(round * 100 + step));
+                    dialog->txtName_Leave();
+            }
+            for (int number = kInputs; number <= kOutputs; ++number) {
+                std::string members;
+                const AttributeCollection* all = number == kInputs
+                                                     ? static_cast<AttributeCollection*>(&*dialog->tempProp->Act_Inputs)
+                                                     : &*dialog->tempProp->Act_Outputs;
+                for (const AttributeProperties& member : *all) {
+                    members += (members.empty() ? "" : " ") + member.Key;
+                }
+                ASSERT_EQ(keys(dialog->AttList[static_cast<std::size_t>(number)]), members) << "list and collection";
+            }
+        }
+        if (!dialog->Saved) {
+            answerClosing(Answer::no);
+        }
+        ASSERT_TRUE(dialog->mayClose());
+        dialog->end();
+        ASSERT_EQ(testkit::modelText(*form), before) << "round " << round;
+        ASSERT_EQ(form->DeletedNodes->Count(), 0);
+    }
+}
+
+}  // namespace
+}  // namespace orvent::editors
