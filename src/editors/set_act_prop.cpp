@@ -33,12 +33,13 @@ SetActProp::SetActProp(const EditorServices& services, canvas::CanvasForm& form,
     : Editor(services.repository.messages),
       SetActProp_Functions(form, node, services.catalogue, services.repository.messages, services.repository.progress),
       services_(services) {
-    services_.nodes.prepare(ParForm, ActiveNode);
-    ParForm.setEnabled(false);
-    deletedMark_ = ParForm.DeletedNodes->mark();
+    // A catalogue that cannot be read ends the opening, before anything has to be put back.
     services_.catalogue.LoadActivityTypes();
     services_.catalogue.LoadFunctionTypes();
     services_.catalogue.LoadDataTypes();
+    services_.nodes.prepare(ParForm, ActiveNode);
+    ParForm.setEnabled(false);
+    deletedMark_ = ParForm.DeletedNodes->mark();
     LoadActivity();
 }
 

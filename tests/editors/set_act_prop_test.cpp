@@ -95,6 +95,15 @@ TEST_F(SetActPropTest, OpensWithMarkedTreesAndBlocksItsWindow) {
     EXPECT_TRUE(form->nodeNamed("Act")->Ready());
 }
 
+TEST_F(SetActPropTest, ACatalogueThatCannotBeReadLeavesTheWindowAlone) {
+    repository::Catalogue unreadable{services, [] {}, [] { return true; }};
+    database.fail(repository::sql::kDataTypes, testkit::kBroken);
+    EXPECT_THROW(SetActProp(EditorServices{services, unreadable, wizard, folder, saveDialog, nodes}, *form,
+                            *form->nodeNamed("Act")),
+                 platform::Fault);
+    EXPECT_TRUE(form->Enabled());
+}
+
 TEST_F(SetActPropTest, AnInputBringsItsMirrorAndTakesItAway) {
     const auto dialog = open();
     dialog->frontList().select(1);
