@@ -5,8 +5,9 @@ namespace orvent::forms {
 using platform::Answer;
 
 bool Editor::Apply() {
-    Saved = apply() || Saved;
-    return Saved;
+    const bool done = apply();
+    Saved = Saved || done;
+    return done;
 }
 
 bool Editor::OK() {

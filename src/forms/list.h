@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <ranges>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -47,6 +48,10 @@ enum class RowMove { top, up, down, bottom };
 class List {
   public:
     int Count() const { return static_cast<int>(rows_.size()); }
+    /// All rows in order, for a loop.
+    auto rows() const {
+        return std::views::transform(rows_, [](const std::unique_ptr<ListRow>& row) -> const ListRow& { return *row; });
+    }
     /// Null beyond the ends.
     const ListRow* Item(int position) const;
     const ListRow* Item(const std::string& Key) const { return Item(positionOf(Key)); }

@@ -11,12 +11,33 @@ using platform::Icon;
 
 void ReposForm::open() {
     const LoginValues& login = services_.settings.login;
-    DSNNames = GetDSNsAndDrivers(services_.dataSources);
+    status.clear();
+    listSources();
     const auto stored = std::find(DSNNames.begin(), DSNNames.end(), login.ReposConnString);
     DSNIndex = stored == DSNNames.end() ? 0 : static_cast<int>(stored - DSNNames.begin());
     txtUserName = login.ReposLogin;
     txtPassword = login.ReposPasw;
     Tested = true;
+}
+
+void ReposForm::listSources() {
+    listed_ = false;
+    try {
+        DSNNames = GetDSNsAndDrivers(services_.dataSources);
+        listed_ = true;
+    } catch (const platform::Fault& fault) {
+        DSNNames = {kNoDataSource};
+        const std::string& stored = services_.settings.login.ReposConnString;
+        if (!stored.empty()) {
+            DSNNames.push_back(stored);
+        }
+        status = "The data sources cannot be listed: " + fault.description();
+    }
+}
+
+void ReposForm::touched() {
+    Tested = false;
+    status.clear();
 }
 
 std::string ReposForm::source() const {
@@ -27,21 +48,21 @@ std::string ReposForm::source() const {
 void ReposForm::selectDSN(int index) {
     if (index != DSNIndex && index >= 0 && index < static_cast<int>(DSNNames.size())) {
         DSNIndex = index;
-        Tested = false;
+        touched();
     }
 }
 
 void ReposForm::changeUserName(const std::string& text) {
     if (text != txtUserName) {
         txtUserName = text;
-        Tested = false;
+        touched();
     }
 }
 
 void ReposForm::changePassword(const std::string& text) {
     if (text != txtPassword) {
         txtPassword = text;
-        Tested = false;
+        touched();
     }
 }
 
@@ -50,18 +71,20 @@ void ReposForm::TestConn() {
 }
 
 bool ReposForm::test(bool Silent) {
+    status.clear();
     try {
         const std::string source = this->source();
         if (source == kNoDataSource) {
             throw platform::Fault("No data source is selected.");
         }
         // Before the check, which would offer to run the creation script over it.
-        if (isSourceOnly(services_.dataSources, source)) {
+        if (listed_ && isSourceOnly(services_.dataSources, source)) {
             throw platform::Fault(source + " is a source of data and cannot be a repository.");
         }
         const std::unique_ptr<platform::Connection> connection =
             services_.database.open(source, txtUserName, txtPassword);
         if (!checkRepository(services_, *connection)) {
+            status = "Tables of the repository are missing.";
             return false;
         }
         if (!Silent) {
@@ -69,6 +92,7 @@ bool ReposForm::test(bool Silent) {
         }
         return true;
     } catch (const platform::Fault& fault) {
+        status = fault.description();
         if (!Silent) {
             showFault(services_, fault);
         }

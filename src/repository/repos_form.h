@@ -18,8 +18,10 @@ class ReposForm {
     std::string txtUserName;
     std::string txtPassword;
     bool Tested = false;  ///< what the controls hold has passed the test
+    std::string status;   ///< what failed last, for as long as the controls hold it
 
-    /// Fills the controls from the login values.
+    /// Fills the controls from the login values. When the data sources cannot be listed, `status` says so, and the
+    /// stored one can still be chosen.
     void open();
 
     void selectDSN(int index);
@@ -41,8 +43,11 @@ class ReposForm {
 
   private:
     std::string source() const;
+    void listSources();
+    void touched();
 
     Services& services_;
+    bool listed_ = false;  ///< the data sources could be listed
 };
 
 }  // namespace orvent::repository

@@ -95,7 +95,8 @@ bool checkRepository(Services& services, platform::Connection& connection) {
     if (missing.empty()) {
         return true;
     }
-    const Answer answer = services.messages.show(kMissingTables, "TABLES MISSING", Icon::question, Buttons::okCancel);
+    const Answer answer =
+        services.messages.show(kMissingTables, "TABLES MISSING", Icon::question, Buttons::destroyOkCancel);
     return answer == Answer::ok && createRepository(services, connection);
 }
 

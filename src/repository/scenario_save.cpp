@@ -127,7 +127,7 @@ bool ScenarioLoadSave::askAgain(SaveAttempt& save) {
         return false;
     }
     const Answer answer = services_.messages.show("This Scenario Allready Exists.Would You Like To Replace It?",
-                                                  "Overwrite Scenario", Icon::question, Buttons::yesNoCancel);
+                                                  "Overwrite Scenario", Icon::question, Buttons::destroyYesNoCancel);
     save.replace = answer == Answer::yes;
     return save.replace || (answer == Answer::no && askNewName(save.form));
 }

@@ -16,7 +16,7 @@ class UserLogin {
     std::string txtUser;
     bool loggedIn = false;
 
-    /// Runs `ReposForm` until it closes; set by the window.
+    /// Runs `ReposForm` until it closes.
     std::function<void()> runReposForm;
 
     void open();

@@ -126,7 +126,7 @@ bool ViewScenarios::ScenarioViewDelete() {
     const Item item = ScenarioView[static_cast<std::size_t>(selected)];
     const Answer answer =
         services_.messages.show("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperLetters(item.name) + " ?",
-                                "Deleting Scenario", Icon::question, Buttons::yesNo);
+                                "Deleting Scenario", Icon::question, Buttons::destroyYesNo);
     if (answer != Answer::yes) {
         return false;
     }

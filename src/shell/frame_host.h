@@ -1,14 +1,7 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "repository/user_login.h"
-#include "repository/view_scenarios.h"
-#include "shell/options_form.h"
+#include "forms/dialog_port.h"
 #include "shell/palettes.h"
-#include "statements/ldl_form.h"
-#include "statements/ldl_scenario.h"
 
 namespace orvent::shell {
 
@@ -17,15 +10,8 @@ class FrameHost {
   public:
     virtual ~FrameHost() = default;
 
-    // Modal windows.
-    virtual void runUserLogin(repository::UserLogin& login) = 0;
-    virtual void runViewScenarios(repository::ViewScenarios& dialog) = 0;
-    virtual void runOptions(OptionsForm& dialog) = 0;
-    virtual void runShortcuts() = 0;
-    virtual void runLDLForm(statements::LDLForm& wizard) = 0;
-    /// Shows which statements are not whole; the name of the activity to go to, or empty.
-    virtual std::string runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) = 0;
-    virtual void runAbout() = 0;
+    /// The windows of the dialogs that open over it.
+    virtual const forms::Dialogs& dialogs() const = 0;
 
     /// Places the frame: normal geometry in twips, then maximized.
     virtual void placeFrame(int left, int top, int width, int height) = 0;

@@ -8,6 +8,8 @@
 #include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
 #include "shell/mdi_form.h"
+#include "shell/options_form.h"
+#include "shell/plain_forms.h"
 #include "zoom/check_consistency.h"
 
 namespace orvent::shell {
@@ -30,6 +32,12 @@ enum class When {
     withoutWindows
 };
 using enum When;
+
+template <class Form>
+void tell(FrameHost& host) {
+    Form form;
+    host.dialogs().show(form);
+}
 
 }  // namespace
 
@@ -78,13 +86,13 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::viewActualSize, inWindow,
          [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::actualSize); }},
         {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
-        {Command::showDataTypes, never, nothing},
-        {Command::showFunctionTypes, never, nothing},
-        {Command::showActivityTypes, never, nothing},
+        {Command::showDataTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::data); }},
+        {Command::showFunctionTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::function); }},
+        {Command::showActivityTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::activity); }},
         {Command::loadTestGraph, always, [](MDIForm1& f) { f.LoadTestGraph(); }},
         {Command::help, always, [](MDIForm1& f) { f.ports_.help.open(f.options_.HelpFile); }},
-        {Command::shortcuts, always, [](MDIForm1& f) { f.host_.runShortcuts(); }},
-        {Command::about, always, [](MDIForm1& f) { f.host_.runAbout(); }},
+        {Command::shortcuts, always, [](MDIForm1& f) { tell<ShortcutsForm>(f.host_); }},
+        {Command::about, always, [](MDIForm1& f) { tell<AboutForm>(f.host_); }},
     }};
     static_assert(std::all_of(rows.begin(), rows.end(),
                               [](const CommandRow& row) {
@@ -128,10 +136,7 @@ canvas::ItemState MDIForm1::stateOf(Command command) const {
 }
 
 void MDIForm1::login() {
-    repository::UserLogin userLogin(services_);
-    userLogin.open();
-    host_.runUserLogin(userLogin);
-    if (userLogin.loggedIn) {
+    if (showUserLogin()) {
         currentGroup_ = 1;
         host_.maximizeFrame();
         loadSave_.forgetInterruptedSaves();
@@ -168,7 +173,12 @@ void MDIForm1::changeUser() {
 void MDIForm1::showOptions() {
     OptionsForm dialog(options_, ports_);
     dialog.open();
-    host_.runOptions(dialog);
+    host_.dialogs().show(dialog);
+}
+
+void MDIForm1::showTypes(editors::TypeKind kind) {
+    editors::TypeEditor editor(kind, services_, catalogue_, host_.dialogs(), anyScenario());
+    host_.dialogs().show(editor);
 }
 
 void MDIForm1::zoom(bool in) {

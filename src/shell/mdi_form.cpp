@@ -61,10 +61,7 @@ bool MDIForm1::start() {
             values.ReposPasw.clear();
         }
     }
-    repository::UserLogin userLogin(services_);
-    userLogin.open();
-    host_.runUserLogin(userLogin);
-    if (!userLogin.loggedIn) {
+    if (!showUserLogin()) {
         return false;
     }
     loadCatalogue();
@@ -73,6 +70,18 @@ bool MDIForm1::start() {
     ports_.progress.status("Ready");
     host_.commandsChanged();
     return true;
+}
+
+bool MDIForm1::showUserLogin() {
+    repository::UserLogin userLogin(services_);
+    userLogin.runReposForm = [this] {
+        repository::ReposForm reposForm(services_);
+        reposForm.open();
+        host_.dialogs().show(reposForm);
+    };
+    userLogin.open();
+    host_.dialogs().show(userLogin);
+    return userLogin.loggedIn;
 }
 
 void MDIForm1::loadCatalogue() {
@@ -303,7 +312,7 @@ void MDIForm1::LoadTestGraph() {
 void MDIForm1::showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target) {
     repository::ViewScenarios dialog(services_, loadSave_, *this);
     if (dialog.open(mode, target)) {
-        host_.runViewScenarios(dialog);
+        host_.dialogs().show(dialog);
     }
 }
 

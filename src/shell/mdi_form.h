@@ -8,10 +8,12 @@
 #include "analysis/text_export.h"
 #include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
+#include "editors/type_editor.h"
 #include "repository/catalogue.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_windows.h"
 #include "repository/services.h"
+#include "repository/view_scenarios.h"
 #include "shell/canvas_dialogs.h"
 #include "shell/commands.h"
 #include "shell/desk.h"
@@ -95,11 +97,13 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     canvas::CanvasForm* openZoom() const;
     void zoomSelected();
     void dropped(canvas::CanvasForm& form);
+    bool showUserLogin();
     void login();
     void changeUser();
     void loadCatalogue();
     void LoadTestGraph();
     void showOptions();
+    void showTypes(editors::TypeKind kind);
     void zoom(bool in);
     void saveScenario(canvas::DrawForm& form) override;
     void saveAs(canvas::DrawForm& form);

@@ -5,6 +5,7 @@
 #include "shell/desk.h"
 #include "shell/frame_host.h"
 #include "shell/options_data.h"
+#include "shell/plain_forms.h"
 #include "statements/ldl_form.h"
 #include "statements/ldl_scenario.h"
 
@@ -15,7 +16,7 @@ class WizardWindow : public statements::LDLFormWindow {
   public:
     explicit WizardWindow(FrameHost& host) : host_(host) {}
 
-    void run(statements::LDLForm& form) override { host_.runLDLForm(form); }
+    void run(statements::LDLForm& form) override { host_.dialogs().show(form); }
 
   private:
     FrameHost& host_;
@@ -49,7 +50,9 @@ class UnfinishedStatements : public statements::StatementReport {
 
     void showUnfinished(canvas::DrawForm& form,
                         const std::vector<statements::UnfinishedStatement>& statements) override {
-        if (const canvas::LabelsD* node = form.nodeNamed(host_.runUnfinished(statements))) {
+        UnfinishedForm unfinished{statements, {}};
+        host_.dialogs().show(unfinished);
+        if (const canvas::LabelsD* node = form.nodeNamed(unfinished.goTo)) {
             desk_.reveal(form, *node);
         }
     }

@@ -36,8 +36,9 @@ TEST(Editor, OkAppliesOnlyWhatIsUnsavedAndStaysWhenRefused) {
     EXPECT_TRUE(note.OK());
     EXPECT_EQ(note.applied, 0);
 
-    note.Saved = false;
     note.applies = false;
+    EXPECT_FALSE(note.Apply()) << "refused, although nothing was unsaved";
+    note.Saved = false;
     EXPECT_FALSE(note.OK());
     EXPECT_FALSE(note.Saved);
     note.applies = true;

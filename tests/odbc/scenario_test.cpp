@@ -143,10 +143,10 @@ TEST_P(EveryRepository, AnotherScenarioOfThatNameIsReplacedOnlyOnYes) {
     frame_->frame.run(Command::loadTestGraph);
     const std::string sample = testkit::modelText(form());
     const std::string question = "This Scenario Allready Exists.Would You Like To Replace It?";
-    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::yesNoCancel, Answer::cancel);
+    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::destroyYesNoCancel, Answer::cancel);
     frame_->saveAs("x");
     EXPECT_EQ(form().Caption(), "Sample");
-    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::yesNoCancel, Answer::yes);
+    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::destroyYesNoCancel, Answer::yes);
     saveAs("x");
     closeAndLoad("x");
     EXPECT_EQ(testkit::modelText(form()), sample);
@@ -164,7 +164,7 @@ void saveThroughFault(testkit::TestRepository& repository, testkit::TestFrame& f
     repository.hooked.after(statement, breakIt, side);
     repository.messages.expect("*", "", Icon::critical);
     repository.messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                               Icon::question, Buttons::yesNoCancel, Answer::cancel);
+                               Icon::question, Buttons::destroyYesNoCancel, Answer::cancel);
     frame.saveAs(name);
     ASSERT_TRUE(repository.hooked.happened());
     mendIt();
@@ -173,7 +173,7 @@ void saveThroughFault(testkit::TestRepository& repository, testkit::TestFrame& f
     // stands under its name.
     if (statement > 3) {
         repository.messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                                   Icon::question, Buttons::yesNoCancel, Answer::yes);
+                                   Icon::question, Buttons::destroyYesNoCancel, Answer::yes);
     }
     frame.saved();
     frame.saveAs(name);
@@ -236,7 +236,7 @@ TEST_P(EveryServerRepository, ARowWhoseReplyIsLostIsNotWrittenTwice) {
                 1, [] { throw platform::DatabaseError("the line is down", "08S01", 0, false); }, Side::behind, insert);
             messages().expect("the line is down", "", Icon::critical);
             messages().expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                              Icon::question, Buttons::yesNoCancel, Answer::cancel);
+                              Icon::question, Buttons::destroyYesNoCancel, Answer::cancel);
             frame_->frame.run(Command::saveScenario);
             ASSERT_TRUE(repository_->hooked.happened());
         }

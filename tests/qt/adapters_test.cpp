@@ -78,7 +78,10 @@ class AdaptersTest : public WindowTest {
         for (const Row& row : {Row{Buttons::ok, Answer::ok, Answer::ok},
                                {Buttons::okCancel, Answer::ok, Answer::cancel},
                                {Buttons::yesNo, Answer::yes, Answer::no},
-                               {Buttons::yesNoCancel, Answer::yes, Answer::cancel}}) {
+                               {Buttons::yesNoCancel, Answer::yes, Answer::cancel},
+                               {Buttons::destroyOkCancel, Answer::cancel, Answer::cancel},
+                               {Buttons::destroyYesNo, Answer::no, Answer::no},
+                               {Buttons::destroyYesNoCancel, Answer::cancel, Answer::cancel}}) {
             for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
                 dialogs.at({}, [&](QDialog& window) {
                     const auto& box = static_cast<const QMessageBox&>(window);

@@ -59,6 +59,11 @@ class DialogsTest : public WindowTest {
         WindowProgram program;
         const QString source = QString::fromStdString(program.source());
         repository::UserLogin logic(program.logic.services());
+        logic.runReposForm = [&program] {
+            repository::ReposForm form(program.logic.services());
+            form.open();
+            program.frame.dialogs().show(form);
+        };
         program.messages.expect("UNABLE TO LOGIN!\nNO REPOSITORY SELECTED!!", "Unable To Login",
                                 platform::Icon::warning);
         program.dialogs.at(QStringLiteral("UserLogin"), [&](QDialog& window) {
@@ -80,7 +85,7 @@ class DialogsTest : public WindowTest {
             QTest::keyClick(user, Qt::Key_Return);
             QVERIFY(!window.isVisible());
         });
-        UserLoginWindow(logic, program.logic.services()).exec();
+        program.frame.dialogs().show(logic);
         QVERIFY(logic.loggedIn);
         QCOMPARE(program.repository.store.value("DB", "User", ""), std::string("Zoë"));
     }
@@ -113,8 +118,9 @@ class DialogsTest : public WindowTest {
             typeInto(window, "txtPassword", QStringLiteral("geheim"));
             QCOMPARE(logic.txtPassword, std::string("geheim"));
             sources->setCurrentIndex(0);
-            QTest::keyClick(sources, Qt::Key_Return);  // the test fails: the dialog stays
+            QTest::keyClick(sources, Qt::Key_Return);  // the test fails: the dialog stays and says why
             QVERIFY(window.isVisible());
+            QVERIFY(!control<QLabel>(window, "status")->text().isEmpty());
             click(window, "cmdCancel");
         });
         ReposFormWindow(logic).exec();
@@ -194,7 +200,7 @@ class DialogsTest : public WindowTest {
     void renameAndDelete() {
         Stored program;
         program.messages.expect("ARE YOU SURE YOU WANT TO DELETE SCENARIO BETA & CO ?", "Deleting Scenario",
-                                platform::Icon::question, platform::Buttons::yesNo, Answer::yes);
+                                platform::Icon::question, platform::Buttons::destroyYesNo, Answer::yes);
         program.play("LoadScenarioM", [](const Scenarios& shown) {
             shown.clickRow(0);
             QTest::keyClick(&shown.list, Qt::Key_F2);

@@ -71,7 +71,7 @@ class FrameTest : public WindowTest {
                                    {"SaveScenarioM", "gone", "on"},
                                    {"LoginM", "on", "gone"},
                                    {"ViewFitM", "gone", "on"},
-                                   {"ShowDataTypesM", "grey", "grey"}}) {
+                                   {"ShowDataTypesM", "on", "on"}}) {
                 const QAction* action = program.menuItem(row.item);
                 const char* state = !action->isVisible() ? "gone" : action->isEnabled() ? "on" : "grey";
                 QVERIFY2(QLatin1String(state) == QLatin1String(open ? row.open : row.empty), row.item);

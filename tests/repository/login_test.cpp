@@ -43,7 +43,7 @@ class LoginTest : public RepositoryTest {
         messages.expect(
             "SOME OF THE NECESSERY TABLES WERE NOT FOUND!!\nWOULD YOU LIKE THEM TO BE CREATED?\n(Creating the "
             "repository will cause the loosing of any existing data.\nChoosing Cancel will disable this connection)",
-            "TABLES MISSING", Icon::question, Buttons::okCancel, answer);
+            "TABLES MISSING", Icon::question, Buttons::destroyOkCancel, answer);
     }
     std::string scriptFile(const std::string& text) {
         const std::string path = ::testing::TempDir() + ::testing::UnitTest::GetInstance()->current_test_info()->name();
@@ -72,6 +72,7 @@ TEST_F(LoginTest, OKTestsSilentlyAndStores) {
     form.changePassword("lion");
     database.refuseOpen = kBroken;
     EXPECT_FALSE(form.cmdOK());
+    EXPECT_EQ(form.status, "line is down") << "no message: the dialog says it";
     EXPECT_TRUE(store.values.empty());
     EXPECT_EQ(settings.login.ReposPasw, "tiger");
 
@@ -82,6 +83,33 @@ TEST_F(LoginTest, OKTestsSilentlyAndStores) {
     EXPECT_EQ(store.value("DB", "ReposConnString", ""), "NEW");
     EXPECT_EQ(store.value("DB", "ReposPasw", ""), platform::ScramblePassword("lion"));
     EXPECT_EQ(settings.login.ReposPasw, "lion");
+}
+
+TEST_F(LoginTest, WhatFailedIsSaidUntilTheFieldsChange) {
+    for (void (*change)(ReposForm&) :
+         {+[](ReposForm& f) { f.selectDSN(2); }, +[](ReposForm& f) { f.changeUserName("x"); },
+          +[](ReposForm& f) { f.changePassword("x"); }}) {
+        form.open();
+        form.Tested = false;
+        database.answer(kOwnTables, {});
+        expectMissing(Answer::cancel);
+        EXPECT_FALSE(form.cmdOK());
+        EXPECT_NE(form.status, "");
+        change(form);
+        EXPECT_EQ(form.status, "");
+    }
+}
+
+TEST_F(LoginTest, AListThatFailsLeavesTheStoredSource) {
+    sources.broken = true;
+    form.open();
+    EXPECT_EQ(form.DSNNames, (std::vector<std::string>{"(None)", "REPO"}));
+    EXPECT_NE(form.status.find("no driver manager"), std::string::npos);
+    database.answer(kOwnTables, allTables());
+    EXPECT_TRUE(form.test(true));
+    settings.login.ReposConnString.clear();
+    form.open();
+    EXPECT_EQ(form.DSNNames, (std::vector<std::string>{"(None)"}));
 }
 
 TEST_F(LoginTest, TestTellsItsResultUnlessSilent) {

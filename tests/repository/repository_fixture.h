@@ -18,7 +18,10 @@ inline const platform::DatabaseError kRefused{"constraint violated", "23000", 1,
 
 struct ListedSources : platform::DataSources {
     std::vector<platform::DataSource> sources;
-    std::vector<platform::DataSource> list() override { return sources; }
+    bool broken = false;
+    std::vector<platform::DataSource> list() override {
+        return broken ? throw platform::Fault("no driver manager") : sources;
+    }
 };
 
 struct RecordingWindows : repository::ScenarioWindows {

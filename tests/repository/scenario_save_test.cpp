@@ -41,7 +41,7 @@ class ScenarioSaveTest : public RepositoryTest {
     }
     void expectQuestion(Answer answer) {
         messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                        Icon::question, Buttons::yesNoCancel, answer);
+                        Icon::question, Buttons::destroyYesNoCancel, answer);
     }
     /// The nodes that a first save has stored are still there, and those of somebody else.
     void expectStoredNodes(const Rows& others = {}) {

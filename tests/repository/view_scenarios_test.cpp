@@ -23,7 +23,7 @@ class ViewScenariosTest : public RepositoryTest {
     }
     void expectDeletion(Answer answer) {
         messages.expect("ARE YOU SURE YOU WANT TO DELETE SCENARIO TWO ?", "Deleting Scenario", Icon::question,
-                        Buttons::yesNo, answer);
+                        Buttons::destroyYesNo, answer);
     }
 
     std::unique_ptr<canvas::DrawForm> form = newForm("Scenario1");
@@ -79,7 +79,7 @@ TEST_F(ViewScenariosTest, SavesUnderTheNameOrKeepsTheCaption) {
     dialog.changeName("mine");
     database.fail("INSERT", kRefused);
     messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario", Icon::question,
-                    Buttons::yesNoCancel, Answer::cancel);
+                    Buttons::destroyYesNoCancel, Answer::cancel);
     EXPECT_TRUE(dialog.OKButton());
     EXPECT_EQ(form->Caption(), "Scenario1");
     messages.verify();

@@ -83,7 +83,7 @@ TEST_F(OptionsWindow, TheDefaultsAreShownBeforeTheyAreTold) {
     } messages;
     OptionsForm watched{options, Ports{repository.hooked, repository.dataSources, messages, repository.input,
                                        repository.files, colours, repository.store, repository.progress, help, folder}};
-    watched.changed = [&] { messages.log += watched.Text[7] + " shown, "; };
+    watched.show = [&] { messages.log += watched.Text[7] + " shown, "; };
     watched.butDefault();
     EXPECT_EQ(messages.log, "70 shown, Restored Options");
 }

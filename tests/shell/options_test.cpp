@@ -39,13 +39,52 @@ TEST(Options, StoredKeysAreReadAndNumbersThatAreNoneAreToldAndLeaveTheirDefault)
     EXPECT_EQ(options.repository.login.User, "anna");
     EXPECT_EQ(store.values.at({"Draw", "ActH"}), "600.5");
 
-    store.values = {{{"General", "SelColor"}, "99999999"}, {{"General", "TransDepth"}, "3"}};
+    store.values = {{{"General", "SelColor"}, "9999999999"}, {{"General", "TransDepth"}, "3"}};
     EXPECT_NE(LoadOptions(options, store, kFolder).find("SelColor"), std::string::npos);
     EXPECT_EQ(options.canvas.SelColor, 0xFF8000);
     EXPECT_EQ(options.TransDepth, 3);
     EXPECT_EQ(options.LogPath, "/data");
     store.values.clear();
     EXPECT_EQ(LoadOptions(options, store, kFolder), "");
+}
+
+TEST(Options, ANumberOfAnotherKindIsAFaultAndNeverCutOrBent) {
+    struct Row {
+        const char* key;
+        const char* text;
+        bool good;
+    };
+    const Row rows[] = {
+        {"ActH", "", false},
+        {"ActH", "1e300", false},
+        {"ActH", "-1e39", false},
+        {"ActH", "nan", false},
+        {"ActH", "450.25", true},
+        {"TransDepth", "10.7", false},
+        {"TransDepth", "", false},
+        {"TransDepth", "32768", false},
+        {"TransDepth", "-32768", true},
+        {"SelColor", "", false},
+        {"SelColor", "255.5", false},
+        {"SelColor", "2147483648", false},
+        {"SelColor", "2147483647", true},
+        {"SelColor", "-1", true},
+        {"SelColor", "16777216", true},
+    };
+    for (const Row& row : rows) {
+        testkit::MemorySettings store;
+        const std::string key = row.key;
+        store.values = {{{key == "ActH" ? "Draw" : "General", key}, row.text}};
+        OptionsData options;
+        options.TransDepth = 3;
+        const std::string fault = LoadOptions(options, store, kFolder);
+        EXPECT_EQ(fault.find(key) == std::string::npos, row.good) << key << " " << row.text;
+        const double read = key == "ActH"       ? static_cast<double>(options.canvas.ActH)
+                            : key == "SelColor" ? static_cast<double>(options.canvas.SelColor)
+                                                : static_cast<double>(options.TransDepth);
+        const double standard = key == "ActH" ? 450 : key == "SelColor" ? 16744448 : 10;
+        EXPECT_EQ(read, row.good ? std::stod(row.text) : standard) << key << " " << row.text;
+    }
 }
 
 }  // namespace

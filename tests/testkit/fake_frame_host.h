@@ -3,13 +3,35 @@
 #include <functional>
 #include <vector>
 
+#include "repository/user_login.h"
+#include "repository/view_scenarios.h"
 #include "shell/frame_host.h"
+#include "shell/options_form.h"
+#include "shell/plain_forms.h"
+#include "statements/ldl_form.h"
 
 namespace orvent::testkit {
 
 /// A frame without a screen: runs modal windows by what the test puts in.
 class FakeFrameHost : public shell::FrameHost {
   public:
+    FakeFrameHost() {
+        dialogs_.add<repository::UserLogin>([this](auto& login) { atLogin(login); });
+        dialogs_.add<repository::ViewScenarios>([this](auto& dialog) { atScenarios(dialog); });
+        dialogs_.add<shell::OptionsForm>([this](auto& dialog) { atOptions(dialog); });
+        dialogs_.add<statements::LDLForm>([this](auto& wizard) {
+            if (atWizard) {
+                atWizard(wizard);
+            }
+        });
+        dialogs_.add<shell::UnfinishedForm>([this](auto& form) {
+            unfinished = form.statements;
+            form.goTo = goTo;
+        });
+        dialogs_.add<shell::ShortcutsForm>([](auto&) {});
+        dialogs_.add<shell::AboutForm>([this](auto&) { ++aboutShown; });
+    }
+
     std::function<void(repository::UserLogin&)> atLogin;
     std::function<void(repository::ViewScenarios&)> atScenarios;
     std::function<bool()> atUnload;
@@ -23,21 +45,8 @@ class FakeFrameHost : public shell::FrameHost {
     int maximized = 0;
     bool ended = false;
 
-    void runOptions(shell::OptionsForm& dialog) override { atOptions(dialog); }
-    void runShortcuts() override {}
-    void runLDLForm(statements::LDLForm& wizard) override {
-        if (atWizard) {
-            atWizard(wizard);
-        }
-    }
-    std::string runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) override {
-        unfinished = statements;
-        return goTo;
-    }
+    const forms::Dialogs& dialogs() const override { return dialogs_; }
     void placePalette(shell::Palette palette) override { palettesPlaced.push_back(palette); }
-    void runUserLogin(repository::UserLogin& login) override { atLogin(login); }
-    void runViewScenarios(repository::ViewScenarios& dialog) override { atScenarios(dialog); }
-    void runAbout() override { ++aboutShown; }
     void placeFrame(int, int, int, int) override { placed = true; }
     void maximizeFrame() override { ++maximized; }
     void enableFrame(bool) override {}
@@ -48,6 +57,9 @@ class FakeFrameHost : public shell::FrameHost {
         }
     }
     void endProgram() override { ended = true; }
+
+  private:
+    forms::Dialogs dialogs_;
 };
 
 }  // namespace orvent::testkit

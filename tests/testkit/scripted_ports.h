@@ -74,7 +74,7 @@ class ScriptedMessageBox : public platform::MessageBox {
     platform::Answer show(const std::string& text, const std::string& title, platform::Icon icon,
                           platform::Buttons buttons) override {
         using enum platform::Answer;
-        static constexpr platform::Answer kClosed[] = {ok, cancel, no, cancel};
+        static constexpr platform::Answer kClosed[] = {ok, cancel, no, cancel, cancel, no, cancel};
         return script_.answer({text, title, icon, buttons}, kClosed[static_cast<std::size_t>(buttons)]);
     }
 

@@ -76,7 +76,7 @@ class TestFrame {
             dialog.OKButton();
         };
         repository_.messages.expect("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperCase(name) + " ?",
-                                    "Deleting Scenario", platform::Icon::question, platform::Buttons::yesNo,
+                                    "Deleting Scenario", platform::Icon::question, platform::Buttons::destroyYesNo,
                                     platform::Answer::yes);
         frame.run(shell::Command::deleteScenario);
     }

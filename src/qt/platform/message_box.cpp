@@ -18,11 +18,15 @@ struct ButtonRow {
     QMessageBox::StandardButton escape;    ///< meant by closing the box
 };
 
-const std::array<ButtonRow, 4> kButtons = {{
+const std::array<ButtonRow, 7> kButtons = {{
     {Buttons::ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
     {Buttons::okCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
     {Buttons::yesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
     {Buttons::yesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+     QMessageBox::Cancel},
+    {Buttons::destroyOkCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Cancel},
+    {Buttons::destroyYesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No},
+    {Buttons::destroyYesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel,
      QMessageBox::Cancel},
 }};
 

@@ -14,17 +14,31 @@ ReposFormWindow::ReposFormWindow(repository::ReposForm& logic, QWidget* parent)
     setObjectName(QStringLiteral("ReposForm"));
     txtUserName->setText(QString::fromStdString(logic.txtUserName));
     txtPassword->setText(QString::fromStdString(logic.txtPassword));
-    addSideButton(QStringLiteral("TestConn"), tr("Test Connection"), [&logic] {
+    addSideButton(QStringLiteral("TestConn"), tr("Test Connection"), [this, &logic] {
         logic.TestConn();
+        showStatus(logic.status);
     }).setIcon(icon(QStringLiteral("test-connection")));
-    addAccept(QStringLiteral("cmdOK"), tr("OK"), [&logic] { return logic.cmdOK(); });
+    addAccept(QStringLiteral("cmdOK"), tr("OK"), [this, &logic] {
+        const bool done = logic.cmdOK();
+        showStatus(logic.status);
+        return done;
+    });
     addCancel(QStringLiteral("cmdCancel"));
 
-    connect(DSNNames, &QComboBox::currentIndexChanged, this, [&logic](int index) { logic.selectDSN(index); });
-    connect(txtUserName, &QLineEdit::textChanged, this,
-            [&logic](const QString& text) { logic.changeUserName(text.toStdString()); });
-    connect(txtPassword, &QLineEdit::textChanged, this,
-            [&logic](const QString& text) { logic.changePassword(text.toStdString()); });
+    showStatus(logic.status);
+
+    connect(DSNNames, &QComboBox::currentIndexChanged, this, [this, &logic](int index) {
+        logic.selectDSN(index);
+        showStatus(logic.status);
+    });
+    connect(txtUserName, &QLineEdit::textChanged, this, [this, &logic](const QString& text) {
+        logic.changeUserName(text.toStdString());
+        showStatus(logic.status);
+    });
+    connect(txtPassword, &QLineEdit::textChanged, this, [this, &logic](const QString& text) {
+        logic.changePassword(text.toStdString());
+        showStatus(logic.status);
+    });
 }
 
 }  // namespace orvent::qt

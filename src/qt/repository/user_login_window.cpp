@@ -4,16 +4,15 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
-#include "qt/dialogs/fields.h"
-#include "qt/dialogs/program_header.h"
-#include "qt/repository/repos_form_window.h"
+#include "qt/forms/fields.h"
+#include "qt/forms/program_header.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {
 
-UserLoginWindow::UserLoginWindow(repository::UserLogin& logic, repository::Services& services, QWidget* parent)
-    : DialogBase(tr("Login"), parent), logic_(logic) {
+UserLoginWindow::UserLoginWindow(repository::UserLogin& logic, QWidget* parent)
+    : FormWindow(tr("Login"), parent), logic_(logic) {
     setObjectName(QStringLiteral("UserLogin"));
 
     txtRepos = newField(QStringLiteral("txtRepos"), this);
@@ -50,20 +49,9 @@ UserLoginWindow::UserLoginWindow(repository::UserLogin& logic, repository::Servi
         logic_.ChangeRepos();
         showState();
     });
-    logic_.runReposForm = [this, &services] { runReposForm(services); };
     showState();
     txtUser->setFocus();
     txtUser->selectAll();
-}
-
-UserLoginWindow::~UserLoginWindow() {
-    logic_.runReposForm = nullptr;
-}
-
-void UserLoginWindow::runReposForm(repository::Services& services) {
-    repository::ReposForm reposForm(services);
-    reposForm.open();
-    ReposFormWindow(reposForm, this).exec();
 }
 
 void UserLoginWindow::showState() {

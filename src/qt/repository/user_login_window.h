@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 #include "repository/user_login.h"
 
 class QLineEdit;
@@ -8,17 +8,14 @@ class QLineEdit;
 namespace orvent::qt {
 
 /// The window of `UserLogin`, the first one that a user meets.
-class UserLoginWindow : public DialogBase {
+class UserLoginWindow : public FormWindow {
     Q_OBJECT
 
   public:
-    /// `services` serve the window of `ReposForm`, which opens over this one.
-    UserLoginWindow(repository::UserLogin& logic, repository::Services& services, QWidget* parent = nullptr);
-    ~UserLoginWindow() override;
+    explicit UserLoginWindow(repository::UserLogin& logic, QWidget* parent = nullptr);
 
   private:
     void showState();
-    void runReposForm(repository::Services& services);
 
     repository::UserLogin& logic_;
     QLineEdit* txtRepos;

@@ -7,7 +7,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "qt/dialogs/fields.h"
+#include "qt/forms/fields.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
 
@@ -31,7 +31,7 @@ QAction* addShortcut(QMenu* menu, QWidget* list, const QString& name, const QStr
 }  // namespace
 
 ViewScenariosWindow::ViewScenariosWindow(repository::ViewScenarios& logic, QWidget* parent)
-    : DialogBase(QString::fromStdString(logic.title), parent), logic_(logic) {
+    : FormWindow(QString::fromStdString(logic.title), parent), logic_(logic) {
     setObjectName(QStringLiteral("ViewScenarios"));
     buildList();
     buildMenu();

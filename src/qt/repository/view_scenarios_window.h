@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 #include "repository/view_scenarios.h"
 
 class QAction;
@@ -14,7 +14,7 @@ namespace orvent::qt {
 class HintList;
 
 /// The window of `ViewScenarios`, in the mode that was set up.
-class ViewScenariosWindow : public DialogBase {
+class ViewScenariosWindow : public FormWindow {
     Q_OBJECT
 
   public:

@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "qt/dialogs/program_header.h"
+#include "qt/forms/program_header.h"
 
 namespace orvent::qt {
 
@@ -14,7 +14,7 @@ constexpr int kWidth = 340;
 
 }  // namespace
 
-AboutForm::AboutForm(QWidget* parent) : DialogBase(tr("About ORVENT II"), parent) {
+AboutForm::AboutForm(QWidget* parent) : FormWindow(tr("About ORVENT II"), parent) {
     setObjectName(QStringLiteral("AboutForm"));
     body().addWidget(newProgramHeader(tr("Version %1").arg(QCoreApplication::applicationVersion()), this));
     body().addWidget(newHint(tr("Free software under the MIT licence."), this));

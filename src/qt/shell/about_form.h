@@ -1,11 +1,11 @@
 #pragma once
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 
 namespace orvent::qt {
 
 /// `AboutForm`: the program's name, version and licence.
-class AboutForm : public DialogBase {
+class AboutForm : public FormWindow {
     Q_OBJECT
 
   public:

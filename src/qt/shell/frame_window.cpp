@@ -11,17 +11,11 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "qt/repository/user_login_window.h"
-#include "qt/repository/view_scenarios_window.h"
-#include "qt/shell/about_form.h"
 #include "qt/shell/desk_area.h"
+#include "qt/shell/dialog_windows.h"
 #include "qt/shell/frame_tools.h"
-#include "qt/shell/options_window.h"
-#include "qt/shell/shortcuts_form.h"
 #include "qt/shell/side_menu.h"
 #include "qt/shell/welcome_page.h"
-#include "qt/statements/ldl_form_window.h"
-#include "qt/statements/unfinished_window.h"
 #include "qt/text.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
@@ -49,6 +43,7 @@ FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
       commands_([this](shell::Command command) { run(command); }, nullptr),
       area_(new DeskArea(theme, this)) {
     setObjectName(QStringLiteral("MDIForm1"));
+    addDialogWindows(dialogs_, *this);
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
     statusBar()->setSizeGripEnabled(false);
     whoAndWhere_ = new QLabel(this);
@@ -126,40 +121,6 @@ void FrameWindow::run(shell::Command command) {
         area_->cancelGesture();
         logic_->run(command);
     }
-}
-
-QWidget* FrameWindow::dialogParent() {
-    return isVisible() ? this : nullptr;
-}
-
-void FrameWindow::runUserLogin(repository::UserLogin& login) {
-    UserLoginWindow(login, logic_->services(), dialogParent()).exec();
-}
-
-void FrameWindow::runViewScenarios(repository::ViewScenarios& dialog) {
-    ViewScenariosWindow(dialog, dialogParent()).exec();
-}
-
-void FrameWindow::runOptions(shell::OptionsForm& dialog) {
-    OptionsWindow(dialog, dialogParent()).exec();
-}
-
-void FrameWindow::runLDLForm(statements::LDLForm& wizard) {
-    LDLFormWindow(wizard, dialogParent()).exec();
-}
-
-std::string FrameWindow::runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) {
-    UnfinishedWindow window(statements, dialogParent());
-    window.exec();
-    return window.chosen();
-}
-
-void FrameWindow::runShortcuts() {
-    ShortcutsForm(dialogParent()).exec();
-}
-
-void FrameWindow::runAbout() {
-    AboutForm(dialogParent()).exec();
 }
 
 void FrameWindow::placeFrame(int left, int top, int width, int height) {

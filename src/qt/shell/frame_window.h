@@ -36,15 +36,8 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     /// The windows with a canvas.
     DeskArea& area() { return *area_; }
 
-    // FrameHost, modal windows
-    void runUserLogin(repository::UserLogin& login) override;
-    void runViewScenarios(repository::ViewScenarios& dialog) override;
-    void runOptions(shell::OptionsForm& dialog) override;
-    void runShortcuts() override;
-    void runLDLForm(statements::LDLForm& wizard) override;
-    std::string runUnfinished(const std::vector<statements::UnfinishedStatement>& statements) override;
-    void runAbout() override;
     // FrameHost, the frame itself
+    const forms::Dialogs& dialogs() const override { return dialogs_; }
     void placePalette(shell::Palette palette) override;
     void placeFrame(int left, int top, int width, int height) override;
     void maximizeFrame() override;
@@ -65,11 +58,11 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void buildCentre();
     void run(shell::Command command);
     void showTitle();
-    QWidget* dialogParent();
 
     const Theme& theme_;
     std::function<void()> endAtOnce_;
     shell::MDIForm1* logic_ = nullptr;
+    forms::Dialogs dialogs_;
     CommandActions commands_;
     QMenu* windowMenu_ = nullptr;
     FrameTools* tools_ = nullptr;

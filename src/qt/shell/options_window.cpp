@@ -4,7 +4,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
-#include "qt/dialogs/fields.h"
+#include "qt/forms/fields.h"
 #include "qt/text.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/model_colour.h"
@@ -34,18 +34,15 @@ QIcon swatch(std::int32_t colour) {
 }  // namespace
 
 OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
-    : DialogBase(tr("Options"), parent), logic_(logic) {
+    : FormWindow(tr("Options"), logic, parent), logic_(logic) {
     setObjectName(QStringLiteral("OptionsForm"));
     buildSizes();
     buildZoom();
     buildRest();
-    logic_.changed = [this] { showState(); };
+    logic_.show = [this] { showState(); };
     addSideButton(QStringLiteral("butDefault"), tr("Default"), [this] { logic_.butDefault(); });
     addSideButton(QStringLiteral("butAplly"), tr("Apply"), [this] { logic_.butAplly(); });
-    addAccept(QStringLiteral("butOK"), tr("OK"), [this] {
-        logic_.butAplly();
-        return true;
-    });
+    addAccept(QStringLiteral("butOK"), tr("OK"), [this] { return logic_.butOK(); });
     addCancel(QStringLiteral("butCancel"));
     showState();
     numbers_[7]->setFocus();
@@ -53,7 +50,7 @@ OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
 
 QDoubleSpinBox* OptionsWindow::newNumber(std::size_t index) {
     auto* number = new PixelBox(this);
-    number->setObjectName(text(shell::optionFields()[index].name));
+    number->setObjectName(QStringLiteral("Text%1").arg(shell::optionFields()[index].number));
     number->setLocale(QLocale::c());
     number->setRange(0, kLargest);
     number->setDecimals(2);

@@ -3,7 +3,7 @@
 #include <QDoubleSpinBox>
 #include <array>
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 #include "shell/options_form.h"
 
 class QFormLayout;
@@ -13,7 +13,7 @@ class QLineEdit;
 namespace orvent::qt {
 
 /// The window of `OptionsForm`.
-class OptionsWindow : public DialogBase {
+class OptionsWindow : public FormWindow {
     Q_OBJECT
 
   public:

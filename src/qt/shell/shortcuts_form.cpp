@@ -46,7 +46,7 @@ class KeyList {
 
 }  // namespace
 
-ShortcutsForm::ShortcutsForm(QWidget* parent) : DialogBase(tr("Keyboard Shortcuts"), parent) {
+ShortcutsForm::ShortcutsForm(QWidget* parent) : FormWindow(tr("Keyboard Shortcuts"), parent) {
     setObjectName(QStringLiteral("ShortcutsForm"));
     KeyList commands(tr("Commands"), this);
     for (const shell::Menu& menu : shell::menus()) {

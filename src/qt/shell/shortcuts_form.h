@@ -1,11 +1,11 @@
 #pragma once
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 
 namespace orvent::qt {
 
 /// The list of keys, made from the commands' own table.
-class ShortcutsForm : public DialogBase {
+class ShortcutsForm : public FormWindow {
     Q_OBJECT
 
   public:

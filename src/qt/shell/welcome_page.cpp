@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "qt/dialogs/program_header.h"
+#include "qt/forms/program_header.h"
 #include "qt/text.h"
 #include "qt/theme/theme.h"
 

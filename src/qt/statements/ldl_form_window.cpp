@@ -42,7 +42,7 @@ void putInto(QGroupBox& group, QAbstractScrollArea& contents) {
 }  // namespace
 
 LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
-    : DialogBase(tr("Generate From LDL"), parent), logic_(logic) {
+    : FormWindow(tr("Generate From LDL"), parent), logic_(logic) {
     setObjectName(QStringLiteral("LDLForm"));
     if (logic_.Activity) {
         setWindowTitle(tr("%1 — Generate From LDL").arg(QString::fromStdString(logic_.Activity->Act_Name)));
@@ -285,7 +285,7 @@ void LDLFormWindow::reject() {
     if (logic_.isOpen()) {
         logic_.cmdCancel();
     }
-    DialogBase::reject();
+    FormWindow::reject();
 }
 
 }  // namespace orvent::qt

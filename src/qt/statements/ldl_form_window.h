@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 #include "statements/ldl_form.h"
 
 class QCheckBox;
@@ -18,7 +18,7 @@ class VariableList;
 class VariablePanel;
 
 /// The window of `LDLForm`, the wizard that turns a template into an activity. It runs until the logic is closed.
-class LDLFormWindow : public DialogBase {
+class LDLFormWindow : public FormWindow {
     Q_OBJECT
 
   public:

@@ -17,7 +17,7 @@ constexpr QSize kSize(560, 320);
 }  // namespace
 
 UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedStatement>& statements, QWidget* parent)
-    : DialogBase(tr("Statements That Are Not Whole"), parent), list_(new QTreeWidget(this)) {
+    : FormWindow(tr("Statements That Are Not Whole"), parent), list_(new QTreeWidget(this)) {
     setObjectName(QStringLiteral("UnfinishedWindow"));
     auto* words = new QLabel(tr("The file was written, but the statements of these activities are not whole:"), this);
     words->setWordWrap(true);

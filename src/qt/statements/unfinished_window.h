@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 #include "statements/ldl_scenario.h"
 
 class QTreeWidget;
@@ -11,7 +11,7 @@ class QTreeWidget;
 namespace orvent::qt {
 
 /// The list of activities whose statement is not whole. Its accept button, or a double click, chooses one to go to.
-class UnfinishedWindow : public DialogBase {
+class UnfinishedWindow : public FormWindow {
     Q_OBJECT
 
   public:

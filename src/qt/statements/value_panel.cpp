@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "qt/dialogs/fields.h"
+#include "qt/forms/fields.h"
 #include "qt/statements/option_group.h"
 #include "qt/theme/theme.h"
 #include "statements/ldl_guide.h"

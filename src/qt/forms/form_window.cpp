@@ -1,4 +1,4 @@
-#include "qt/dialogs/dialog_base.h"
+#include "qt/forms/form_window.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -9,7 +9,7 @@
 
 namespace orvent::qt {
 
-DialogBase::DialogBase(const QString& title, QWidget* parent)
+FormWindow::FormWindow(const QString& title, QWidget* parent)
     : QDialog(parent), body_(new QVBoxLayout), lastRow_(new QHBoxLayout), buttons_(new QDialogButtonBox(this)) {
     setWindowTitle(title);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -24,7 +24,25 @@ DialogBase::DialogBase(const QString& title, QWidget* parent)
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
-QPushButton& DialogBase::addAccept(const QString& name, const QString& text, std::function<bool()> act) {
+FormWindow::FormWindow(const QString& title, forms::Editor& editor, QWidget* parent) : FormWindow(title, parent) {
+    editor_ = &editor;
+}
+
+void FormWindow::done(int result) {
+    if (editor_ && result != Accepted && !editor_->mayClose()) {
+        return;
+    }
+    QDialog::done(result);
+    if (editor_) {
+        editor_->end();
+    }
+}
+
+QPushButton& FormWindow::addOK(const QString& name, const QString& text) {
+    return addAccept(name, text, [this] { return editor_->OK(); });
+}
+
+QPushButton& FormWindow::addAccept(const QString& name, const QString& text, std::function<bool()> act) {
     accept_ = buttons_->addButton(text, QDialogButtonBox::AcceptRole);
     accept_->setObjectName(name);
     accept_->setDefault(true);
@@ -36,14 +54,14 @@ QPushButton& DialogBase::addAccept(const QString& name, const QString& text, std
     return *accept_;
 }
 
-QPushButton& DialogBase::addCancel(const QString& name) {
+QPushButton& FormWindow::addCancel(const QString& name) {
     QPushButton* cancel = buttons_->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     cancel->setObjectName(name);
     cancel->setAutoDefault(false);
     return *cancel;
 }
 
-QPushButton& DialogBase::addSideButton(const QString& name, const QString& text, std::function<void()> act) {
+QPushButton& FormWindow::addSideButton(const QString& name, const QString& text, std::function<void()> act) {
     QPushButton* button = buttons_->addButton(text, QDialogButtonBox::ResetRole);
     button->setObjectName(name);
     button->setAutoDefault(false);
@@ -51,7 +69,7 @@ QPushButton& DialogBase::addSideButton(const QString& name, const QString& text,
     return *button;
 }
 
-QLabel& DialogBase::addNote(const QString& name) {
+QLabel& FormWindow::addNote(const QString& name) {
     auto* note = new QLabel(this);
     note->setObjectName(name);
     note->setForegroundRole(QPalette::PlaceholderText);
@@ -60,7 +78,7 @@ QLabel& DialogBase::addNote(const QString& name) {
     return *note;
 }
 
-void DialogBase::press() {
+void FormWindow::press() {
     accept_->click();
 }
 

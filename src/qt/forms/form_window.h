@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <functional>
 
+#include "forms/editor.h"
+
 class QDialogButtonBox;
 class QHBoxLayout;
 class QLabel;
@@ -11,13 +13,23 @@ class QVBoxLayout;
 
 namespace orvent::qt {
 
-/// The base of all dialogs: contents above one row of buttons. What Enter, Escape and the buttons mean for the dialog
-/// is settled here, once. Buttons are found by their object names.
-class DialogBase : public QDialog {
+/// The base of all dialogs: contents above one row of buttons. What Enter, Escape, the buttons and the window's close
+/// button mean for the dialog is settled here, once. Buttons are found by their object names.
+class FormWindow : public QDialog {
     Q_OBJECT
 
+  public:
+    /// Every way out ends here. Of a window that shows an editor: asks it first, unless it was OK that closed.
+    void done(int result) override;
+
   protected:
-    DialogBase(const QString& title, QWidget* parent);
+    FormWindow(const QString& title, QWidget* parent);
+
+    /// The window is one of an editor: what OK and closing do is the editor's.
+    FormWindow(const QString& title, forms::Editor& editor, QWidget* parent);
+
+    /// The OK button of an editor.
+    QPushButton& addOK(const QString& name, const QString& text);
 
     /// Where a dialog puts its controls, from top to bottom.
     QVBoxLayout& body() { return *body_; }
@@ -36,6 +48,7 @@ class DialogBase : public QDialog {
     void press();
 
   private:
+    forms::Editor* editor_ = nullptr;
     QVBoxLayout* body_;
     QHBoxLayout* lastRow_;
     QDialogButtonBox* buttons_;

@@ -1,4 +1,4 @@
-#include "qt/dialogs/fields.h"
+#include "qt/forms/fields.h"
 
 #include <QPainter>
 

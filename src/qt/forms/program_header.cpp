@@ -1,4 +1,4 @@
-#include "qt/dialogs/program_header.h"
+#include "qt/forms/program_header.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,0 +1,134 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "editors/in_out_prop.h"
+#include "forms/dialog_port.h"
+#include "forms/editor.h"
+#include "forms/list.h"
+#include "repository/catalogue.h"
+#include "repository/type_usage.h"
+
+namespace orvent::editors {
+
+using repository::TypeKind;
+
+enum class TypeMode { browse, create, edit };
+
+/// What the lines of one of the lists beside a type are.
+enum class TypeListRole { input, parameter, output, function };
+
+/// A list of the edit area.
+struct TypeListWords {
+    TypeListRole role;
+    const char* list;      ///< "InputList", "OutPutList", "ParamList" or "FunctionList"
+    const char* add;       ///< the button that adds a line
+    const char* remove;    ///< and the one that removes the selected line
+    const char* itemWord;  ///< for the item dialog
+    const char* caption;
+};
+
+/// The words of one of the three windows.
+struct TypeWords {
+    const char* window;
+    const char* types;                  ///< list of the existing entries
+    const char* nameField;              ///< "txt..." of the name
+    const char* descrField;             ///< likewise; empty: it has no description
+    std::array<const char*, 3> titles;  ///< by `TypeMode`
+    const char* kindOfType;             ///< as the messages call it, "DATA TYPE"
+    const char* hint;                   ///< stands in the description of a new one
+    const char* deleteTitle;
+    const char* deleteQuestion;
+    const char* deleteBlocked;  ///< told while a scenario is open
+    std::span<const TypeListWords> lists;
+};
+
+/// The logic of `DBDataTypes`, `DBFunctionType` and `DBActTypes`: the catalogue's entries of one kind beside an edit
+/// area. Which of the fields below the kind has follows from its words.
+class TypeEditor : public forms::Editor {
+  public:
+    /// `scenarioOpen`: entries cannot be deleted, since open scenarios hold their indices.
+    TypeEditor(TypeKind kind, repository::Services& services, repository::Catalogue& catalogue,
+               const forms::Dialogs& dialogs, bool scenarioOpen);
+
+    const TypeKind kind;
+    const TypeWords& words;
+
+    TypeMode mode = TypeMode::browse;
+    forms::List Types;  ///< the existing entries; the row's position - 1 is the catalogue's index
+    std::string txtName;
+    std::string txtDescr;
+    bool descrIsHint = false;  ///< the description is still the prompt of a new type
+    std::string txtSQL;
+    std::string txtLDL;
+    // Option groups: the chosen option, from 0, or -1. The options stand for the values 1 and 2.
+    int RsNoOption = -1;
+    int ProvSemOption = -1;
+    int ConsSemOption = -1;
+    std::vector<forms::List> lists;  ///< beside `words.lists`
+    std::string usedBy;              ///< which stored activities have the chosen type, in words
+
+    const char* title() const { return words.titles[static_cast<std::size_t>(mode)]; }
+    bool isEditing() const { return mode != TypeMode::browse; }
+    bool canDelete() const { return !scenarioOpen_; }
+    bool hasSelection() const { return Types.selected() > 0; }
+    /// A function type has one output.
+    bool canAdd(std::size_t list) const;
+
+    void selectType(int position);
+    void changeName(const std::string& text) { write(txtName, text); }
+    void changeDescr(const std::string& text);
+    void changeSQL(const std::string& text) { write(txtSQL, text); }
+    void changeLDL(const std::string& text) { write(txtLDL, text); }
+    void choose(int TypeEditor::*option, int value);
+
+    void But_NEW();
+    void But_EDIT();
+    void But_DELETE();
+    /// A press inside the rectangle of the disabled `But_DELETE`.
+    void pressDisabledDelete();
+    void But_SAVE() { Apply(); }
+    void But_Cancel();
+    /// True when the window closes.
+    bool But_OK() { return mayClose(); }
+    void add(std::size_t list);
+    void remove(std::size_t list);
+
+    /// The variables of the LDL template, as "@name" or "@name[ ]", in order; behind them what is wrong with the
+    /// template, where something is.
+    std::vector<std::string> templateVariables() const;
+
+  protected:
+    bool apply() override;
+    std::optional<forms::ClosingQuestion> closingQuestion() const override;
+
+  private:
+    const entities::NameTable& table() const;
+    std::int16_t index() const { return static_cast<std::int16_t>(Types.selected() - 1); }
+    void write(std::string& field, const std::string& text);
+    void fillTypes(const std::string& selected);
+    void clearFields();
+    void read();
+    void readActivityType();
+    void readFunctionType();
+    void readUsage();
+    void addLine(TypeListRole role, const std::string& name, std::int16_t type);
+    forms::List& list(TypeListRole role);
+    bool check();
+    bool confirmEmptyLists();
+    /// False when it failed, which was told.
+    bool store();
+    entities::ActivityTypeProperties activityType();
+    entities::FunctionTypeProperties functionType();
+
+    repository::Services& services_;
+    repository::Catalogue& catalogue_;
+    const forms::Dialogs& dialogs_;
+    const bool scenarioOpen_;
+};
+
+}  // namespace orvent::editors

@@ -1,0 +1,61 @@
+#include "qt/shell/dialog_windows.h"
+
+#include <QApplication>
+
+#include "qt/editors/in_out_window.h"
+#include "qt/editors/type_editor_window.h"
+#include "qt/repository/db_login_window.h"
+#include "qt/repository/repos_form_window.h"
+#include "qt/repository/user_login_window.h"
+#include "qt/repository/view_scenarios_window.h"
+#include "qt/shell/about_form.h"
+#include "qt/shell/options_window.h"
+#include "qt/shell/shortcuts_form.h"
+#include "qt/statements/ldl_form_window.h"
+#include "qt/statements/unfinished_window.h"
+#include "shell/plain_forms.h"
+
+namespace orvent::qt {
+
+namespace {
+
+QWidget* parentOver(QWidget& frame) {
+    if (QWidget* front = QApplication::activeModalWidget()) {
+        return front;
+    }
+    return frame.isVisible() ? &frame : nullptr;
+}
+
+/// `Window` shows `Form`.
+template <class Form, class Window>
+void add(forms::Dialogs& dialogs, QWidget& frame) {
+    dialogs.add<Form>([&frame](Form& form) {
+        if constexpr (std::is_constructible_v<Window, Form&, QWidget*>) {
+            Window(form, parentOver(frame)).exec();
+        } else {
+            Window(parentOver(frame)).exec();
+        }
+    });
+}
+
+}  // namespace
+
+void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
+    add<repository::UserLogin, UserLoginWindow>(dialogs, frame);
+    add<repository::ReposForm, ReposFormWindow>(dialogs, frame);
+    add<repository::frmDBLogin, DBLoginWindow>(dialogs, frame);
+    add<repository::ViewScenarios, ViewScenariosWindow>(dialogs, frame);
+    add<shell::OptionsForm, OptionsWindow>(dialogs, frame);
+    add<statements::LDLForm, LDLFormWindow>(dialogs, frame);
+    dialogs.add<shell::UnfinishedForm>([&frame](shell::UnfinishedForm& form) {
+        UnfinishedWindow window(form.statements, parentOver(frame));
+        window.exec();
+        form.goTo = window.chosen();
+    });
+    add<editors::TypeEditor, TypeEditorWindow>(dialogs, frame);
+    add<editors::InOutProp, InOutWindow>(dialogs, frame);
+    add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
+    add<shell::AboutForm, AboutForm>(dialogs, frame);
+}
+
+}  // namespace orvent::qt

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "statements/ldl_scenario.h"
+
+namespace orvent::shell {
+
+// Dialogs that only tell: they have a window and nothing to decide.
+
+struct AboutForm {};
+struct ShortcutsForm {};
+
+/// Shows which statements are not whole.
+struct UnfinishedForm {
+    const std::vector<statements::UnfinishedStatement>& statements;
+    std::string goTo;  ///< the name of the activity to go to, or empty
+};
+
+}  // namespace orvent::shell

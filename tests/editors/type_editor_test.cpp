@@ -1,0 +1,289 @@
+// The editors of the catalogue over a real repository.
+
+#include "editors/type_editor.h"
+
+#include <gtest/gtest.h>
+
+#include "testkit/embedded_repository.h"
+
+namespace orvent::editors {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+class TypeEditorTest : public ::testing::Test {
+  protected:
+    TypeEditorTest() {
+        catalogue.LoadDataTypes();
+        catalogue.LoadFunctionTypes();
+        catalogue.LoadActivityTypes();
+        dialogs.add<InOutProp>([this](InOutProp& item) {
+            captions.push_back(item.Caption);
+            item.changeName(line);
+            item.selectType(lineType);
+            item.cmdOK();
+        });
+    }
+    ~TypeEditorTest() override { messages.verify(); }
+
+    TypeEditor editor(TypeKind kind, bool scenarioOpen = false) {
+        return TypeEditor(kind, services, catalogue, dialogs, scenarioOpen);
+    }
+    void warn(const std::string& text) { messages.expect(text, "", Icon::warning); }
+    void inform(const std::string& text) { messages.expect(text, "", Icon::information); }
+    void addLine(TypeEditor& to, std::size_t list, const std::string& name, int type = 0) {
+        line = name;
+        lineType = type;
+        to.add(list);
+    }
+
+    testkit::TestRepository repository;
+    testkit::ScriptedMessageBox& messages = repository.messages;
+    repository::Services services = repository.services();
+    repository::Catalogue catalogue{services, [] { FAIL() << "the catalogue could not be read"; }};
+    forms::Dialogs dialogs;
+    std::string line;
+    int lineType = 0;
+    std::vector<std::string> captions;
+};
+
+TEST_F(TypeEditorTest, ChecksComeInTheirOrderAndKeepTheMode) {
+    struct Row {
+        TypeKind kind;
+        const char* name;
+        const char* descr;
+        const char* words;
+    };
+    const Row rows[] = {
+        {TypeKind::data, "", "", "PLEASE GIVE A NAME FOR THIS DATA TYPE"},
+        {TypeKind::data, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
+        {TypeKind::function, "", "", "PLEASE GIVE A NAME FOR THIS FUNCTION TYPE"},
+        {TypeKind::function, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
+        {TypeKind::function, "F", "", "PLEASE GIVE A DESCRIPTION FOR THIS FUNCTION TYPE"},
+        {TypeKind::activity, "", "", "PLEASE GIVE A NAME FOR THIS ACTIVITY TYPE"},
+        {TypeKind::activity, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
+        {TypeKind::activity, "A", "", "PLEASE GIVE A DESCRIPTION FOR THIS ACTIVITY TYPE"},
+    };
+    for (const Row& row : rows) {
+        TypeEditor types = editor(row.kind);
+        types.But_NEW();
+        types.changeName(row.name);
+        types.changeDescr(row.descr);
+        warn(row.words);
+        types.But_SAVE();
+        EXPECT_EQ(types.mode, TypeMode::create) << row.words;
+        messages.verify();
+    }
+}
+
+TEST_F(TypeEditorTest, AnEmptyFunctionTypeIsAskedAboutTwice) {
+    const std::string question = "\nARE YOU SURE YOU WANT TO SAVE THIS FUNCTION TYPE?";
+    const auto ask = [&](const std::string& missing, Answer answer) {
+        messages.expect(missing + question, "", Icon::question, Buttons::yesNo, answer);
+    };
+    TypeEditor types = editor(TypeKind::function);
+    types.But_NEW();
+    EXPECT_TRUE(types.descrIsHint);
+    EXPECT_EQ(types.txtDescr, "Give A Description For This Function Type");
+    types.changeName("CLOCK");
+    ask("THERE ARE NO INPUTS SET.", Answer::no);
+    types.But_SAVE();
+    ask("THERE ARE NO INPUTS SET.", Answer::yes);
+    ask("THERE ARE NO OUTPUTS SET", Answer::no);
+    types.But_SAVE();
+    EXPECT_EQ(types.mode, TypeMode::create);
+
+    addLine(types, 1, "NOW", 2);
+    EXPECT_FALSE(types.canAdd(1)) << "one output";
+    addLine(types, 1, "LATER");
+    EXPECT_EQ(types.lists[1].Count(), 1);
+    ask("THERE ARE NO INPUTS SET.", Answer::yes);
+    inform("FUNCTION TYPE SAVED");
+    types.But_SAVE();
+    EXPECT_EQ(types.mode, TypeMode::browse);
+    EXPECT_EQ(types.txtName, "CLOCK") << "the new one is chosen";
+    ASSERT_EQ(types.lists[1].Count(), 1);
+    EXPECT_EQ(types.lists[1].Item(1)->Tag, 2);
+}
+
+TEST_F(TypeEditorTest, AnActivityTypeIsStoredAndComesBackWhole) {
+    TypeEditor types = editor(TypeKind::activity);
+    types.But_NEW();
+    types.changeName("Mask");
+    types.changeDescr("Hides");
+    types.changeSQL("SELECT 1");
+    types.changeLDL("a_out(@X[1])<-@Y.");
+    types.choose(&TypeEditor::RsNoOption, 1);
+    types.choose(&TypeEditor::ProvSemOption, 0);
+    types.choose(&TypeEditor::ConsSemOption, 1);
+    addLine(types, 0, "P", 1);
+    addLine(types, 1, "O", 2);
+    addLine(types, 2, "F", 1);
+    EXPECT_EQ(captions,
+              (std::vector<std::string>{"PARAMETER's PROPERTIES", "OUTPUT's PROPERTIES", "FUNCTION's PROPERTIES"}));
+    EXPECT_EQ(types.templateVariables(), (std::vector<std::string>{"@X[ ]", "@Y"}));
+    inform("Activity TYPE SAVED");
+    types.But_SAVE();
+
+    const auto index = catalogue.tables.activityTypes.indexOf("Mask");
+    ASSERT_TRUE(index);
+    const entities::ActivityTypeProperties stored = catalogue.GetActivityType(*index);
+    EXPECT_EQ(stored.ActType_Description, "Hides ");
+    EXPECT_EQ(stored.ActType_SchemaNo, 2);
+    EXPECT_EQ(stored.ActType_ProviderSemantics, 1);
+    EXPECT_EQ(stored.ActType_ConsumerSemantics, 2);
+
+    TypeEditor again = editor(TypeKind::activity);
+    again.selectType(again.Types.positionOf("Mask"));
+    EXPECT_EQ(again.txtSQL, "SELECT 1");
+    EXPECT_EQ(again.RsNoOption, 1);
+    EXPECT_EQ(again.lists[0].Item(1)->Text, "P(" + catalogue.tables.dataTypes.name(1) + ")");
+    EXPECT_EQ(again.lists[2].Item(1)->Text, "F(" + catalogue.tables.functionTypes.name(1) + ")");
+    again.But_EDIT();
+    again.changeName("Masking");
+    inform("Activity TYPE UPDATED");
+    again.But_SAVE();
+    EXPECT_EQ(catalogue.tables.activityTypes.indexOf("Masking"), index) << "its index stays";
+    EXPECT_EQ(catalogue.GetActivityType(*index).ActType_Description, "Hides  ") << "one more blank a save";
+}
+
+TEST_F(TypeEditorTest, WhatTheRepositoryRefusesKeepsTheMode) {
+    TypeEditor types = editor(TypeKind::data);
+    const std::string taken = types.Types.Item(1)->Text;
+    for (const bool edit : {false, true}) {
+        types.selectType(2);
+        edit ? types.But_EDIT() : types.But_NEW();
+        types.changeName(taken);
+        messages.expect("*", "", Icon::critical);
+        types.But_SAVE();
+        messages.verify();
+        EXPECT_TRUE(types.isEditing());
+        types.But_Cancel();
+    }
+    // A name that stands in a list twice never reaches the repository.
+    TypeEditor functions = editor(TypeKind::function);
+    functions.But_NEW();
+    functions.changeName("TWICE");
+    addLine(functions, 0, "A");
+    addLine(functions, 0, "A");
+    addLine(functions, 1, "B");
+    messages.expect("*", "", Icon::critical);
+    functions.But_SAVE();
+    EXPECT_TRUE(functions.isEditing());
+    EXPECT_FALSE(catalogue.tables.functionTypes.indexOf("TWICE"));
+}
+
+TEST_F(TypeEditorTest, DeletingIsAskedAndBlockedByOpenScenarios) {
+    struct Row {
+        TypeKind kind;
+        const char* title;
+        const char* question;
+        const char* blocked;
+    };
+    const Row rows[] = {
+        {TypeKind::data, "DELETING DATATYPE", "ARE YOU SURE YOU WANT TO DELETE DATATYPE :",
+         "Please Close All Active Scenarios In Order To Be Able To Delete A Data Type!"},
+        {TypeKind::function, "DELETING DATATYPE", "ARE YOU SURE YOU WANT TO DELETE FUNCTION TYPE :",
+         "Please Close All Active Scenarios In Order To Be Able To Delete A Funtion Type!"},
+        {TypeKind::activity, "DELETING ACTIVITY TYPE", "ARE YOU SURE YOU WANT TO DELETE ACTIVITY TYPE :",
+         "Please Close All Active Scenarios In Order To Be Able To Delete An Activity Type!"},
+    };
+    for (const Row& row : rows) {
+        TypeEditor blocked = editor(row.kind, true);
+        blocked.selectType(1);
+        blocked.But_DELETE();
+        inform(row.blocked);
+        blocked.pressDisabledDelete();
+
+        TypeEditor types = editor(row.kind);
+        types.But_DELETE();  // nothing is chosen
+        types.selectType(1);
+        messages.expect(row.question + types.txtName, row.title, Icon::question, Buttons::destroyYesNo, Answer::no);
+        types.But_DELETE();
+        EXPECT_EQ(types.Types.selected(), 1);
+        messages.verify();
+    }
+    TypeEditor types = editor(TypeKind::data);
+    types.But_NEW();
+    types.changeName("ODD");
+    inform("DATA TYPE SAVED");
+    types.But_SAVE();
+    messages.expect("ARE YOU SURE YOU WANT TO DELETE DATATYPE :ODD", "DELETING DATATYPE", Icon::question,
+                    Buttons::destroyYesNo, Answer::yes);
+    inform("DATA TYPE DELETED");
+    types.But_DELETE();
+    EXPECT_EQ(types.Types.positionOf("ODD"), 0);
+    EXPECT_EQ(types.txtName, "");
+}
+
+TEST_F(TypeEditorTest, WhoUsesATypeIsSaidAndTheUsersOwnAreNamed) {
+    const std::string type = catalogue.tables.activityTypes.name(0);
+    const std::string data = catalogue.tables.dataTypes.name(0);
+    const auto connection = services.database.open(repository.settings.login.ReposConnString, "", "");
+    const auto run = [&](const std::string& sql) { connection->prepare(sql)->execute(); };
+    int id = 1;
+    for (const std::string user : {"anna", "ben"}) {
+        const std::string key = std::to_string(id);
+        run("INSERT INTO Scenarios VALUES ('Of " + user + "'," + key + ",'" + user + "')");
+        run("INSERT INTO ScenarioNodes VALUES (" + key + "," + key + ",'Load',8,0,0,1,1)");
+        run("INSERT INTO Activities VALUES (" + key + ",'','" + type + "','','',1,'')");
+        run("INSERT INTO ActivitySubNodes VALUES (" + key + "," + key + ",'A',1,'A','" + data + "',1)");
+        ++id;
+    }
+    TypeEditor types = editor(TypeKind::activity);
+    types.selectType(1);
+    EXPECT_EQ(types.usedBy, "Used by 2 stored activities\nYours: Load (Of anna)");
+    types.selectType(2);
+    EXPECT_EQ(types.usedBy, "Used by no stored activity");
+    TypeEditor dataTypes = editor(TypeKind::data);
+    dataTypes.selectType(1);
+    EXPECT_EQ(dataTypes.usedBy, "Used by 2 stored activities\nYours: Load (Of anna)");
+    TypeEditor functions = editor(TypeKind::function);
+    functions.selectType(1);
+    EXPECT_EQ(functions.usedBy, "Used by no stored activity");
+}
+
+TEST_F(TypeEditorTest, OnlyUnsavedChangesAreAskedAboutAtTheEnd) {
+    TypeEditor types = editor(TypeKind::activity);
+    EXPECT_TRUE(types.But_OK());
+    types.But_NEW();
+    EXPECT_TRUE(types.But_OK()) << "nothing was typed";
+    types.changeLDL("x");
+    messages.expect("THIS ACTIVITY TYPE HAS NOT BEEN SAVED.\nARE YOU SURE YOU WANT TO EXIT WITHOUT SAVING?",
+                    "Closing Scenario", Icon::question, Buttons::yesNo, Answer::no);
+    EXPECT_FALSE(types.But_OK());
+    types.But_Cancel();
+    EXPECT_TRUE(types.But_OK());
+}
+
+TEST_F(TypeEditorTest, ALineIsCheckedInItsOrder) {
+    struct Row {
+        const char* kind;
+        int type;
+        const char* name;
+        const char* words;
+    };
+    const Row rows[] = {
+        {"OUTPUT", -1, "", "PLEASE SELECT A DATATYPE"},
+        {"FUNCTION", -1, "a.b", "PLEASE SELECT A DATATYPE"},
+        {"OUTPUT", 0, "", "PLEASE GIVE THE AN OUTPUT 's NAME!"},
+        {"INPUT", 0, "", "PLEASE GIVE THE AN OUTPUT 's NAME!"},
+        {"FUNCTION", 0, "", "PLEASE GIVE THE A FUNCTION OR A PARAMETER 's NAME!"},
+        {"OUTPUT", 0, "a.b", "DOTS ARE NOT ALLLOWED IN NAMES"},
+    };
+    for (const Row& row : rows) {
+        forms::List lines;
+        InOutProp item(messages, catalogue.tables, row.kind, lines);
+        item.changeName(row.name);
+        item.selectType(row.type);
+        warn(row.words);
+        EXPECT_FALSE(item.cmdOK());
+        EXPECT_EQ(lines.Count(), 0);
+        messages.verify();
+    }
+}
+
+}  // namespace
+}  // namespace orvent::editors
