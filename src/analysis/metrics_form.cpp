@@ -1,0 +1,170 @@
+#include "analysis/metrics_form.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace orvent::analysis {
+
+MetricsForm::MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store, int slot)
+    : scenarios_(scenarios), depth_(TransDepth), store_(store), slot_(slot) {
+    EntitiesView();
+}
+
+void MetricsForm::turn(Face to, const char* entityLabel, const char* switchText, const char* nameHead) {
+    face = to;
+    lblEntity = entityLabel;
+    Switch = switchText;
+    nameColumn = nameHead;
+    Counter = depth_;
+    Entities.clear();
+    selected = -1;
+    twoLists = false;
+    views.clear();
+}
+
+void MetricsForm::EntitiesView() {
+    turn(Face::Entities, "Structured Entities", "Scenario Metrics", "ATTRIBUTE NAME");
+    if (const canvas::DrawForm* form = scenarios_.at(slot_)) {
+        for (const canvas::LabelsD& node : form->Labels) {
+            if (node.NodeType() == canvas::NodeTypeRecordSet || node.NodeType() == canvas::NodeTypeActivity) {
+                Entities.push_back({node.Caption(), slot_});
+            }
+        }
+    }
+    showState();
+}
+
+void MetricsForm::ScenariosView() {
+    turn(Face::Scenarios, "Scenarios:", "Entities Metrics", "ENTITY NAME");
+    for (const int slot : scenarios_.slots()) {
+        Entities.push_back({scenarios_.at(slot)->Caption(), slot});
+    }
+    showState();
+}
+
+void MetricsForm::clickEntity(int position) {
+    views.clear();
+    selected = position >= 0 && position < static_cast<int>(Entities.size()) ? position : -1;
+    const Entry* entry = selected < 0 ? nullptr : &Entities[static_cast<std::size_t>(selected)];
+    const canvas::DrawForm* form = entry ? scenarios_.at(entry->slot) : nullptr;
+    const canvas::LabelsD* node = form && face == Face::Entities ? form->nodeNamed(entry->name) : nullptr;
+    twoLists = node && node->activity();
+    MetricsFunctions metrics(views, Counter);
+    try {
+        if (node) {
+            metrics.EntityMetrics(*form, *node);
+        } else if (form && face == Face::Scenarios) {
+            metrics.ScenarioMetrics(*form);
+        }
+    } catch (...) {
+        showState();
+        throw;  // told by whoever runs commands
+    }
+    showState();
+}
+
+void MetricsForm::changeCounter(std::int16_t value) {
+    Counter = depth_ = std::max<std::int16_t>(value, 0);
+    store_.setValue("General", "TransDepth", std::to_string(Counter));
+}
+
+void MetricsForm::RefreshBut() {
+    if (selected >= 0) {
+        clickEntity(selected);
+    }
+}
+
+void MetricsForm::clickSwitch() {
+    if (face == Face::Entities) {
+        ScenariosView();
+    } else {
+        EntitiesView();
+    }
+}
+
+void MetricsForm::lblButLittle(std::size_t Index) {
+    sorted_ = true;
+    ascending_ = !ascending_;
+    sortColumn_ = Index;
+    showState();
+}
+
+std::vector<std::size_t> MetricsForm::order(const std::vector<MetricsRow>& view) const {
+    std::vector<std::size_t> places(view.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    if (sorted_) {
+        std::vector<std::string> texts;
+        for (const MetricsRow& row : view) {
+            texts.push_back(cell(row, sortColumn_));
+        }
+        std::stable_sort(places.begin(), places.end(), [&](std::size_t one, std::size_t other) {
+            return ascending_ ? texts[one] < texts[other] : texts[other] < texts[one];
+        });
+    }
+    return places;
+}
+
+std::int16_t MetricsForm::largest(std::size_t column) const {
+    std::int16_t value = 0;
+    for (const auto* view : {&views.InpMetrView, &views.OutMetrView}) {
+        for (const MetricsRow& row : *view) {
+            value = std::max(value, row.values[column]);
+        }
+    }
+    return value;
+}
+
+int MetricsForm::slotOfTables() const {
+    return selected < 0 ? -1 : Entities[static_cast<std::size_t>(selected)].slot;
+}
+
+void MetricsForm::reveal(const MetricsRow& row) {
+    const canvas::DrawForm* form = scenarios_.at(slotOfTables());
+    if (form && form->Labels.byIndex(row.node)) {
+        scenarios_.reveal(slotOfTables(), row.node);
+    }
+}
+
+std::string MetricsForm::asText(char separator) const {
+    const auto quoted = [separator](const std::string& words) {
+        if (words.find_first_of(std::string("\"\r\n") + separator) == std::string::npos) {
+            return words;
+        }
+        std::string text = "\"";
+        for (const char letter : words) {
+            text += letter == '"' ? "\"\"" : std::string(1, letter);
+        }
+        return text + "\"";
+    };
+    std::string text = quoted(nameColumn);
+    for (const char* head : kMetricsHeads) {
+        text += std::string(1, separator) + head;
+    }
+    text += "\n";
+    for (const auto* view : {&views.InpMetrView, &views.OutMetrView}) {
+        for (const std::size_t at : order(*view)) {
+            text += quoted((*view)[at].name);
+            for (const std::int16_t value : (*view)[at].values) {
+                text += separator + std::to_string(value);
+            }
+            text += "\n";
+        }
+    }
+    for (const auto& [name, row] : {std::pair("Sum", &views.SumView), std::pair("Average", &views.AvgView)}) {
+        text += name;
+        for (const std::string& value : *row) {
+            text += separator + value;
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+void MetricsForm::showState() const {
+    if (show) {
+        show();
+    }
+}
+
+}  // namespace orvent::analysis

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "analysis/metrics_functions.h"
+#include "canvas/draw_form.h"
+#include "platform/settings_store.h"
+
+namespace orvent::analysis {
+
+/// The open scenarios, as the metrics ask for them.
+class OpenScenarios {
+  public:
+    virtual ~OpenScenarios() = default;
+
+    /// The slots in use, in order.
+    virtual std::vector<int> slots() const = 0;
+    /// The scenario in a slot, or nothing.
+    virtual const canvas::DrawForm* at(int slot) const = 0;
+    /// Brings a scenario's window forward and shows the node.
+    virtual void reveal(int slot, std::int32_t node) = 0;
+};
+
+/// The window of metrics. It has two faces: the record sets and activities of the scenario for which it was opened,
+/// and the open scenarios. A click on an entry counts; an entry whose window or node is gone leaves empty tables.
+class MetricsForm {
+  public:
+    enum class Face { Entities, Scenarios };
+
+    /// An entry of the list `Entities`.
+    struct Entry {
+        std::string name;
+        int slot;
+    };
+
+    /// `TransDepth` is the value of the run that goes with the stored setting. Opens in the entities face.
+    MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store, int slot);
+
+    Face face = Face::Entities;
+    std::string lblEntity;
+    std::string Switch;      ///< text of the button that turns to the other face
+    std::string nameColumn;  ///< head of the name column
+    std::vector<Entry> Entities;
+    int selected = -1;  ///< position in `Entities`, -1 for none
+    bool twoLists = false;
+    MetricsViews views;
+    std::int16_t Counter = 0;  ///< the transitive depth; it takes effect at the next refresh
+
+    /// Set by the window: shows everything again.
+    std::function<void()> show;
+
+    void EntitiesView();
+    void ScenariosView();
+
+    void clickEntity(int position);
+    void changeCounter(std::int16_t value);
+    void RefreshBut();
+    void clickSwitch();
+    /// A click on a column button; `Index` counts from 0, without the name column.
+    void lblButLittle(std::size_t Index);
+
+    /// The positions of a view's rows in the order in which they are shown.
+    std::vector<std::size_t> order(const std::vector<MetricsRow>& view) const;
+    bool isSorted() const { return sorted_; }
+    bool isAscending() const { return ascending_; }
+    /// The text of a cell.
+    static std::string cell(const MetricsRow& row, std::size_t column) {
+        return PadColumns(std::to_string(row.values[column]));
+    }
+    /// The largest value of a column in the two views, at least 0.
+    std::int16_t largest(std::size_t column) const;
+
+    /// Goes to the node of a row in its scenario's window; nothing when it is gone.
+    void reveal(const MetricsRow& row);
+
+    /// Both views with their heads, sums and averages: cells behind one another with `separator` between them.
+    std::string asText(char separator) const;
+
+  private:
+    void turn(Face to, const char* entityLabel, const char* switchText, const char* nameHead);
+    void showState() const;
+    int slotOfTables() const;
+
+    OpenScenarios& scenarios_;
+    std::int16_t& depth_;
+    platform::SettingsStore& store_;
+    int slot_;
+    bool sorted_ = false;
+    bool ascending_ = true;
+    std::size_t sortColumn_ = 0;
+};
+
+}  // namespace orvent::analysis

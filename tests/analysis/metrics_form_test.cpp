@@ -1,0 +1,108 @@
+#include "analysis/metrics_form.h"
+
+#include "platform/fault.h"
+#include "testkit/graph_builder.h"
+#include "testkit/scripted_ports.h"
+
+namespace orvent::analysis {
+namespace {
+
+class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
+  protected:
+    MetricsWindow() {
+        first.setCaption("Sales");
+        second.setCaption("Sales");
+        testkit::GraphBuilder graph{first};
+        graph.recordSet("R", {"ID"});
+        graph.activity("A", {"ID"}, {"ID"});
+        graph.node("note", canvas::NodeTypeComment);
+        graph.edge("R", "A");
+        graph.feed("R.ID", "A.IN.ID");
+        graph.pass("A", "ID", "ID");
+        form.EntitiesView();
+    }
+
+    std::vector<int> slots() const override { return open; }
+    const canvas::DrawForm* at(int slot) const override {
+        return std::find(open.begin(), open.end(), slot) == open.end() ? nullptr : slot == 3 ? &first : &second;
+    }
+    void reveal(int slot, std::int32_t node) override {
+        revealed = std::to_string(slot) + " " + at(slot)->Labels.byIndex(node)->Caption();
+    }
+
+    std::string names() const {
+        std::string text;
+        for (const MetricsForm::Entry& entry : form.Entities) {
+            text += entry.name + "@" + std::to_string(entry.slot) + " ";
+        }
+        return text;
+    }
+
+    std::vector<int> open = {3, 5};
+    std::string revealed;
+    canvas::DrawForm first{ports.services()}, second{ports.services()};
+    testkit::MemorySettings store;
+    std::int16_t depth = 7;
+    MetricsForm form{*this, depth, store, 3};
+};
+
+TEST_F(MetricsWindow, FacesEntriesAndTables) {
+    EXPECT_EQ(names(), "R@3 A@3 ");
+    EXPECT_EQ(form.lblEntity + "|" + form.Switch + "|" + form.nameColumn,
+              "Structured Entities|Scenario Metrics|ATTRIBUTE NAME");
+    EXPECT_EQ(form.Counter, 7);
+    form.RefreshBut();
+    EXPECT_EQ(form.views.SumView[0], kNoMetric) << "nothing is chosen";
+    form.clickEntity(1);
+    EXPECT_TRUE(form.twoLists);
+    EXPECT_EQ(form.asText('\t'),
+              "ATTRIBUTE NAME\tLocal_IN\tLocal_OUT\tLocal_DEGREE\tTrans_IN\tTrans_OUT\tTrans_DEGREE\tTotal_IN\t"
+              "Total_OUT\tTotal_DEGREE\n"
+              "ID\t1\t1\t2\t0\t0\t0\t1\t1\t2\nID\t1\t0\t1\t1\t0\t1\t2\t0\t2\n"
+              "Sum\t2\t1\t3\t1\t0\t1\t3\t1\t4\nAverage\t1\t0.5\t1.5\t0.5\t0\t0.5\t1.5\t0.5\t2\n");
+    form.reveal(form.views.OutMetrView[0]);
+    EXPECT_EQ(revealed, "3 A");
+    form.clickEntity(0);
+    EXPECT_FALSE(form.twoLists);
+
+    form.clickSwitch();
+    EXPECT_EQ(names(), "Sales@3 Sales@5 ");
+    EXPECT_EQ(form.lblEntity + "|" + form.Switch + "|" + form.nameColumn, "Scenarios:|Entities Metrics|ENTITY NAME");
+    EXPECT_EQ(form.views.SumView[0], kNoMetric);
+    form.clickEntity(0);
+    EXPECT_EQ(form.views.InpMetrView.size(), 3U) << "a row for each node";
+    EXPECT_EQ(form.largest(Local_IN), 1);
+    open = {5};
+    form.clickEntity(0);
+    EXPECT_TRUE(form.views.InpMetrView.empty()) << "that scenario was closed";
+    EXPECT_EQ(form.views.SumView[0], kNoMetric);
+    form.clickSwitch();
+    EXPECT_EQ(names(), "");
+}
+
+TEST_F(MetricsWindow, TheCounterIsStoredAtOnceAndCountsAtTheNextRefresh) {
+    form.clickEntity(1);
+    form.changeCounter(0);
+    EXPECT_EQ(store.value("General", "TransDepth", ""), "0");
+    EXPECT_EQ(depth, 0);
+    EXPECT_EQ(form.views.SumView[Total_IN], "3");
+    form.RefreshBut();
+    EXPECT_EQ(form.views.SumView[Total_IN], "0");
+    EXPECT_EQ(form.views.SumView[Trans_IN], "-2");
+}
+
+TEST_F(MetricsWindow, ColumnButtonsSortByTheTextOfTheCells) {
+    form.clickSwitch();
+    form.clickEntity(0);
+    using Places = std::vector<std::size_t>;
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2}));
+    form.lblButLittle(Local_IN);
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{1, 0, 2})) << "descending first";
+    form.lblButLittle(Local_IN);
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 2, 1}));
+    form.lblButLittle(Local_OUT);
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2}));
+}
+
+}  // namespace
+}  // namespace orvent::analysis
