@@ -1,0 +1,224 @@
+#include "qt/analysis/metrics_window.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QStringListModel>
+#include <QTableView>
+
+#include "platform/fault.h"
+#include "qt/analysis/metrics_model.h"
+#include "qt/text.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr int kNameWidth = 190;
+constexpr int kNumberWidth = 104;
+
+/// Rows of numbers that cannot be edited.
+void dress(QTableView& table) {
+    table.setItemDelegate(new MetricBar(&table));
+    table.setSelectionBehavior(QAbstractItemView::SelectRows);
+    table.setSelectionMode(QAbstractItemView::SingleSelection);
+    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table.setShowGrid(false);
+    table.setWordWrap(false);
+    table.setCornerButtonEnabled(false);
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
+    table.horizontalHeader()->setHighlightSections(false);
+    table.horizontalHeader()->resizeSection(0, kNameWidth);
+    for (int column = 1; column <= static_cast<int>(analysis::kMetricsColumns); ++column) {
+        table.horizontalHeader()->resizeSection(column, kNumberWidth);
+    }
+}
+
+}  // namespace
+
+MetricsWindow::MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidget* parent)
+    : QDialog(parent),
+      form_(std::move(form)),
+      inputs_(new MetricsModel(*form_, form_->views.InpMetrView, this)),
+      outputs_(new MetricsModel(*form_, form_->views.OutMetrView, this)),
+      totals_(new MetricsTotals(*form_, this)),
+      entries_(new QStringListModel(this)) {
+    setObjectName("MetricsForm");
+    setWindowTitle(tr("Metrics"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* split = new QSplitter(this);
+    split->addWidget(buildEntries());
+    split->addWidget(buildTables());
+    split->setStretchFactor(1, 1);
+    split->setChildrenCollapsible(false);
+    auto* box = new QHBoxLayout(this);
+    box->addWidget(split);
+    resize(980, 560);
+    form_->show = [this] { show(); };
+    show();
+    QDialog::show();
+}
+
+MetricsWindow::~MetricsWindow() = default;
+
+QWidget* MetricsWindow::buildEntries() {
+    auto* side = new QWidget(this);
+    auto* box = new QVBoxLayout(side);
+    box->setContentsMargins(0, 0, 0, 0);
+    lblEntity_ = new QLabel(side);
+    list_ = new QListView(side);
+    list_->setObjectName("Entities");
+    list_->setModel(entries_);
+    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list_->setUniformItemSizes(true);
+    lblEntity_->setBuddy(list_);
+    search_ = new QLineEdit(side);
+    search_->setObjectName("search");
+    search_->setPlaceholderText(tr("Search"));
+    search_->setAccessibleName(tr("Search the entries"));
+    search_->setClearButtonEnabled(true);
+    switch_ = new QPushButton(side);
+    switch_->setObjectName("Switch");
+    switch_->setAutoDefault(false);
+    box->addWidget(lblEntity_);
+    box->addWidget(search_);
+    box->addWidget(list_, 1);
+    box->addWidget(switch_);
+    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& entry) { form_->clickEntity(entry.row()); });
+    connect(search_, &QLineEdit::textChanged, this, [this] { show(); });
+    connect(switch_, &QPushButton::clicked, this, [this] { form_->clickSwitch(); });
+    side->setMinimumWidth(150);
+    return side;
+}
+
+QWidget* MetricsWindow::buildTables() {
+    auto* side = new QWidget(this);
+    auto* box = new QVBoxLayout(side);
+    box->setContentsMargins(0, 0, 0, 0);
+    addRowOfTools(*box);
+    inpView_ = addTable(*box, "InpMetrView", tr("Metrics"), *inputs_);
+    inOutLbl_ = new QLabel(tr("Outputs"), side);
+    box->addWidget(inOutLbl_);
+    outView_ = addTable(*box, "OutMetrView", tr("Metrics of the outputs"), *outputs_);
+    addTotals(*box);
+    return side;
+}
+
+QTableView* MetricsWindow::addTable(QVBoxLayout& box, const QString& name, const QString& words, MetricsModel& model) {
+    auto* table = new QTableView(this);
+    table->setObjectName(name);
+    table->setAccessibleName(words);
+    table->setModel(&model);
+    dress(*table);
+    table->horizontalHeader()->setSectionsClickable(true);
+    table->setToolTip(tr("A double click goes to the node"));
+    connect(table->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int section) {
+        if (section > 0) {
+            form_->lblButLittle(static_cast<std::size_t>(section - 1));
+        }
+    });
+    connect(table, &QTableView::activated, this,
+            [this, &model](const QModelIndex& cell) { form_->reveal(model.row(cell.row())); });
+    box.addWidget(table, 1);
+    return table;
+}
+
+/// The totals stand under the columns of the tables, whatever their widths.
+void MetricsWindow::addTotals(QVBoxLayout& box) {
+    auto* table = new QTableView(this);
+    table->setObjectName("SumView");
+    table->setAccessibleName(tr("Sums and averages"));
+    table->setModel(totals_);
+    dress(*table);
+    table->horizontalHeader()->hide();
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setFixedHeight(2 * table->verticalHeader()->defaultSectionSize() + 2 * table->frameWidth());
+    box.addWidget(table);
+    for (QTableView* other : {inpView_, outView_}) {
+        connect(other->horizontalHeader(), &QHeaderView::sectionResized, this, [this, table](int section, int, int to) {
+            for (QTableView* each : {inpView_, outView_, table}) {
+                each->horizontalHeader()->resizeSection(section, to);
+            }
+        });
+        connect(other->horizontalScrollBar(), &QScrollBar::valueChanged, table->horizontalScrollBar(),
+                &QScrollBar::setValue);
+    }
+}
+
+void MetricsWindow::addRowOfTools(QVBoxLayout& box) {
+    auto* row = new QHBoxLayout;
+    auto* lblCounter = new QLabel(tr("Transitive &depth"), this);
+    counter_ = new QSpinBox(this);
+    counter_->setObjectName("txtCounter");
+    counter_->setRange(0, 32767);
+    lblCounter->setBuddy(counter_);
+    row->addWidget(lblCounter);
+    row->addWidget(counter_);
+    const auto button = [&](const QString& name, const QString& words, auto act) {
+        auto* made = new QPushButton(words, this);
+        made->setObjectName(name);
+        made->setAutoDefault(false);
+        connect(made, &QPushButton::clicked, this, act);
+        row->addWidget(made);
+    };
+    button("RefreshBut", tr("&Refresh"), [this] { form_->RefreshBut(); });
+    row->addStretch();
+    button("copy", tr("&Copy"), [this] { QApplication::clipboard()->setText(text(form_->asText('\t'))); });
+    button("save", tr("Save as CS&V..."), [this] { saveAsCsv(); });
+    connect(counter_, &QSpinBox::valueChanged, this,
+            [this](int value) { form_->changeCounter(static_cast<std::int16_t>(value)); });
+    box.addLayout(row);
+}
+
+void MetricsWindow::show() {
+    lblEntity_->setText(text(form_->lblEntity));
+    switch_->setText(text(form_->Switch));
+    QStringList names;
+    for (const analysis::MetricsForm::Entry& entry : form_->Entities) {
+        names.append(text(entry.name));
+    }
+    if (names != entries_->stringList()) {
+        const QSignalBlocker quiet(list_->selectionModel());
+        entries_->setStringList(names);
+    }
+    for (int at = 0; at < names.size(); ++at) {
+        list_->setRowHidden(at, !names[at].contains(search_->text(), Qt::CaseInsensitive));
+    }
+    const QSignalBlocker quiet(counter_);
+    counter_->setValue(form_->Counter);
+    inputs_->refresh();
+    outputs_->refresh();
+    totals_->refresh();
+    inOutLbl_->setVisible(form_->twoLists);
+    outView_->setVisible(form_->twoLists);
+}
+
+void MetricsWindow::saveAsCsv() {
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save the metrics"), {}, tr("Tables (*.csv)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    QSaveFile file(path);
+    const std::string words = form_->asText(',');
+    if (!file.open(QIODevice::WriteOnly) || file.write(words.data(), static_cast<qint64>(words.size())) < 0 ||
+        !file.commit()) {
+        throw platform::Fault(path.toStdString() + ": " + file.errorString().toStdString());
+    }
+}
+
+}  // namespace orvent::qt
