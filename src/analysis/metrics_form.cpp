@@ -37,7 +37,7 @@ void MetricsForm::EntitiesView() {
 
 void MetricsForm::ScenariosView() {
     turn(Face::Scenarios, "Scenarios:", "Entities Metrics", "ENTITY NAME");
-    for (const int slot : scenarios_.slots()) {
+    for (const int slot : scenarios_.openSlots()) {
         Entities.push_back({scenarios_.at(slot)->Caption(), slot});
     }
     showState();

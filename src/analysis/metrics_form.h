@@ -17,7 +17,7 @@ class OpenScenarios {
     virtual ~OpenScenarios() = default;
 
     /// The slots in use, in order.
-    virtual std::vector<int> slots() const = 0;
+    virtual std::vector<int> openSlots() const = 0;
     /// The scenario in a slot, or nothing.
     virtual const canvas::DrawForm* at(int slot) const = 0;
     /// Brings a scenario's window forward and shows the node.

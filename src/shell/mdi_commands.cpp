@@ -50,7 +50,6 @@ struct MDIForm1::CommandRow {
 
 std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
     using Mode = repository::ViewScenarios::Mode;
-    static constexpr auto nothing = [](MDIForm1&) {};
     static constexpr std::array<CommandRow, kCommands> rows = {{
         {Command::newScenario, always,
          [](MDIForm1& f) {
@@ -76,7 +75,7 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::activityZoom, inDesign, [](MDIForm1& f) { f.zoomSelected(); }},
         {Command::checkConsistency, inDesign,
          [](MDIForm1& f) { zoom::CheckConsistency(*f.activeScenario(), f.ports_.progress); }},
-        {Command::metrics, never, nothing},
+        {Command::metrics, inDesign, [](MDIForm1& f) { f.showMetrics(); }},
         {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
         {Command::selectAll, inWindow, [](MDIForm1& f) { canvas::selectAllNodes(*f.activeEnabled()); }},
         {Command::viewLarger, inWindow,
@@ -174,6 +173,11 @@ void MDIForm1::showOptions() {
     OptionsForm dialog(options_, ports_);
     dialog.open();
     host_.dialogs().show(dialog);
+}
+
+void MDIForm1::showMetrics() {
+    host_.dialogs().open(std::make_unique<analysis::MetricsForm>(metricsScenarios_, options_.TransDepth, ports_.store,
+                                                                 activeScenario()->slot()));
 }
 
 void MDIForm1::showTypes(editors::TypeKind kind) {

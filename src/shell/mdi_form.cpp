@@ -38,7 +38,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       unfinished_(host, desk),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
-      dialogs_(desk, wizard_, *this) {
+      dialogs_(desk, wizard_, *this),
+      metricsScenarios_(*this, desk, kSlots) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;
     tools_.palettes.atPointer = [this](Palette palette) { host_.placePalette(palette); };

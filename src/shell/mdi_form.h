@@ -18,6 +18,7 @@
 #include "shell/commands.h"
 #include "shell/desk.h"
 #include "shell/frame_host.h"
+#include "shell/metrics_scenarios.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
 #include "shell/tool_bars.h"
@@ -103,6 +104,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void loadCatalogue();
     void LoadTestGraph();
     void showOptions();
+    void showMetrics();
     void showTypes(editors::TypeKind kind);
     void zoom(bool in);
     void saveScenario(canvas::DrawForm& form) override;
@@ -127,6 +129,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     CanvasDialogs dialogs_;
     zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;
+    MetricsScenarios metricsScenarios_;
 
     // A slot is used exactly while it holds a scenario.
     std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;

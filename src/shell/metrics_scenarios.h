@@ -14,7 +14,7 @@ class MetricsScenarios : public analysis::OpenScenarios {
     MetricsScenarios(repository::ScenarioWindows& windows, Desk& desk, int slotCount)
         : windows_(windows), desk_(desk), slotCount_(slotCount) {}
 
-    std::vector<int> slots() const override {
+    std::vector<int> openSlots() const override {
         std::vector<int> used;
         for (int slot = 0; slot < slotCount_; ++slot) {
             if (at(slot)) {

@@ -22,7 +22,7 @@ class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
         form.EntitiesView();
     }
 
-    std::vector<int> slots() const override { return open; }
+    std::vector<int> openSlots() const override { return open; }
     const canvas::DrawForm* at(int slot) const override {
         return std::find(open.begin(), open.end(), slot) == open.end() ? nullptr : slot == 3 ? &first : &second;
     }

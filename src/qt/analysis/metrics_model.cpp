@@ -95,8 +95,7 @@ QVariant MetricsTotals::data(const QModelIndex& index, int role) const {
             if (index.column() == 0) {
                 return sums ? tr("Sum") : tr("Average");
             }
-            const std::string& value =
-                (sums ? form_.views.SumView : form_.views.AvgView)[metric(index.column())];
+            const std::string& value = (sums ? form_.views.SumView : form_.views.AvgView)[metric(index.column())];
             return text(sums ? analysis::PadColumns(value) : value);
         }
         case Qt::TextAlignmentRole:

@@ -56,7 +56,7 @@ MetricsWindow::MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidge
       outputs_(new MetricsModel(*form_, form_->views.OutMetrView, this)),
       totals_(new MetricsTotals(*form_, this)),
       entries_(new QStringListModel(this)) {
-    setObjectName("MetricsForm");
+    setObjectName(QStringLiteral("MetricsForm"));
     setWindowTitle(tr("Metrics"));
     setAttribute(Qt::WA_DeleteOnClose);
     auto* split = new QSplitter(this);
@@ -80,18 +80,18 @@ QWidget* MetricsWindow::buildEntries() {
     box->setContentsMargins(0, 0, 0, 0);
     lblEntity_ = new QLabel(side);
     list_ = new QListView(side);
-    list_->setObjectName("Entities");
+    list_->setObjectName(QStringLiteral("Entities"));
     list_->setModel(entries_);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list_->setUniformItemSizes(true);
     lblEntity_->setBuddy(list_);
     search_ = new QLineEdit(side);
-    search_->setObjectName("search");
+    search_->setObjectName(QStringLiteral("search"));
     search_->setPlaceholderText(tr("Search"));
     search_->setAccessibleName(tr("Search the entries"));
     search_->setClearButtonEnabled(true);
     switch_ = new QPushButton(side);
-    switch_->setObjectName("Switch");
+    switch_->setObjectName(QStringLiteral("Switch"));
     switch_->setAutoDefault(false);
     box->addWidget(lblEntity_);
     box->addWidget(search_);
@@ -110,10 +110,10 @@ QWidget* MetricsWindow::buildTables() {
     auto* box = new QVBoxLayout(side);
     box->setContentsMargins(0, 0, 0, 0);
     addRowOfTools(*box);
-    inpView_ = addTable(*box, "InpMetrView", tr("Metrics"), *inputs_);
+    inpView_ = addTable(*box, QStringLiteral("InpMetrView"), tr("Metrics"), *inputs_);
     inOutLbl_ = new QLabel(tr("Outputs"), side);
     box->addWidget(inOutLbl_);
-    outView_ = addTable(*box, "OutMetrView", tr("Metrics of the outputs"), *outputs_);
+    outView_ = addTable(*box, QStringLiteral("OutMetrView"), tr("Metrics of the outputs"), *outputs_);
     addTotals(*box);
     return side;
 }
@@ -140,7 +140,7 @@ QTableView* MetricsWindow::addTable(QVBoxLayout& box, const QString& name, const
 /// The totals stand under the columns of the tables, whatever their widths.
 void MetricsWindow::addTotals(QVBoxLayout& box) {
     auto* table = new QTableView(this);
-    table->setObjectName("SumView");
+    table->setObjectName(QStringLiteral("SumView"));
     table->setAccessibleName(tr("Sums and averages"));
     table->setModel(totals_);
     dress(*table);
@@ -164,7 +164,7 @@ void MetricsWindow::addRowOfTools(QVBoxLayout& box) {
     auto* row = new QHBoxLayout;
     auto* lblCounter = new QLabel(tr("Transitive &depth"), this);
     counter_ = new QSpinBox(this);
-    counter_->setObjectName("txtCounter");
+    counter_->setObjectName(QStringLiteral("txtCounter"));
     counter_->setRange(0, 32767);
     lblCounter->setBuddy(counter_);
     row->addWidget(lblCounter);
@@ -176,10 +176,11 @@ void MetricsWindow::addRowOfTools(QVBoxLayout& box) {
         connect(made, &QPushButton::clicked, this, act);
         row->addWidget(made);
     };
-    button("RefreshBut", tr("&Refresh"), [this] { form_->RefreshBut(); });
+    button(QStringLiteral("RefreshBut"), tr("&Refresh"), [this] { form_->RefreshBut(); });
     row->addStretch();
-    button("copy", tr("&Copy"), [this] { QApplication::clipboard()->setText(text(form_->asText('\t'))); });
-    button("save", tr("Save as CS&V..."), [this] { saveAsCsv(); });
+    button(QStringLiteral("copy"), tr("&Copy"),
+           [this] { QApplication::clipboard()->setText(text(form_->asText('\t'))); });
+    button(QStringLiteral("save"), tr("Save as CS&V..."), [this] { saveAsCsv(); });
     connect(counter_, &QSpinBox::valueChanged, this,
             [this](int value) { form_->changeCounter(static_cast<std::int16_t>(value)); });
     box.addLayout(row);

@@ -1,7 +1,9 @@
 #include "qt/shell/dialog_windows.h"
 
 #include <QApplication>
+#include <QPointer>
 
+#include "qt/analysis/metrics_window.h"
 #include "qt/editors/in_out_window.h"
 #include "qt/editors/type_editor_window.h"
 #include "qt/repository/db_login_window.h"
@@ -54,6 +56,14 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
     });
     add<editors::TypeEditor, TypeEditorWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
+    // There is one window of metrics at a time.
+    dialogs.addWindow<analysis::MetricsForm>(
+        [&frame, last = QPointer<MetricsWindow>()](std::unique_ptr<analysis::MetricsForm> form) mutable {
+            if (last) {
+                last->close();
+            }
+            last = new MetricsWindow(std::move(form), &frame);
+        });
     add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
     add<shell::AboutForm, AboutForm>(dialogs, frame);
 }
