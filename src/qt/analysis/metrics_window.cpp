@@ -26,8 +26,8 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kNameWidth = 190;
-constexpr int kNumberWidth = 104;
+constexpr int kNameWidth = 150;
+constexpr int kNumberWidth = 88;
 
 /// Rows of numbers that cannot be edited.
 void dress(QTableView& table) {
@@ -66,7 +66,8 @@ MetricsWindow::MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidge
     split->setChildrenCollapsible(false);
     auto* box = new QHBoxLayout(this);
     box->addWidget(split);
-    resize(980, 560);
+    split->setSizes({180, kNameWidth + 9 * kNumberWidth + 40});
+    resize(1190, 600);
     form_->show = [this] { show(); };
     show();
     QDialog::show();
