@@ -23,7 +23,6 @@ using platform::Icon;
 /// When a command can be chosen.
 enum class When {
     always,
-    never,      ///< what it shows is not part of this version
     inWindow,   ///< a window with a canvas is in front, and no dialog of it is open
     inDesign,   ///< the same, and it is a design window
     withSave,   ///< the same, and the button of `MenuBar` is on
@@ -111,8 +110,6 @@ bool MDIForm1::isEnabled(Command command) const {
     switch (commandRows()[static_cast<std::size_t>(command)].when) {
         case always:
             return true;
-        case never:
-            return false;
         case inWindow:
             return activeEnabled() != nullptr;
         case inDesign:
