@@ -24,7 +24,7 @@ class TypeEditorsTest : public WindowTest {
             auto* descr = control<QTextEdit>(window, "txtFunctionTypeDescr");
             QCOMPARE(descr->textCursor().selectedText(), QStringLiteral("Give A Description For This Function Type"));
             QVERIFY(control<QLineEdit>(window, "txtFunctionTypeName")->hasFocus());
-            typeInto(window, "txtFunctionTypeName", QStringLiteral("ROUND"));
+            typeInto(window, "txtFunctionTypeName", QStringLiteral("MEDIAN_OF"));
             for (const char* add : {"AddInput", "AddOutPut"}) {
                 program.dialogs.at(QStringLiteral("InOutProp"), [](QDialog& item) {
                     control<QComboBox>(item, "InOutTypes")->setCurrentIndex(1);
@@ -44,7 +44,7 @@ class TypeEditorsTest : public WindowTest {
                                     Icon::question, platform::Buttons::yesNo, platform::Answer::yes);
             program.messages.expect("FUNCTION TYPE SAVED", "", Icon::information);
             QTest::keyClick(control<QLineEdit>(window, "txtFunctionTypeName"), Qt::Key_Return);  // Save, while editing
-            QCOMPARE(control<QListWidget>(window, "FunctionTypes")->currentItem()->text(), QStringLiteral("ROUND"));
+            QCOMPARE(control<QListWidget>(window, "FunctionTypes")->currentItem()->text(), QStringLiteral("MEDIAN_OF"));
             QTest::keyClick(&window, Qt::Key_Escape);
             QVERIFY(!window.isVisible());
         });
