@@ -12,7 +12,8 @@ const ListRow* List::Item(int position) const {
 }
 
 int List::positionOf(const std::string& Key) const {
-    const auto [first, last] = byKey_.equal_range(Key);
+    const auto range = byKey_.equal_range(Key);
+    const auto first = range.first, last = range.second;
     if (first == last) {
         return 0;
     }

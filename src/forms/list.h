@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -46,12 +45,32 @@ enum class RowMove { top, up, down, bottom };
 /// The rows of a list view with its selection and its prompt: a plain value of a dialog's logic, which a window only
 /// shows. Positions are 1-based; 0 stands for none. Two rows may have one key; then the first is found.
 class List {
+    using Place = std::vector<std::unique_ptr<ListRow>>::const_iterator;
+
+    class Iterator {
+      public:
+        explicit Iterator(Place at) : at_(at) {}
+        const ListRow& operator*() const { return **at_; }
+        Iterator& operator++() {
+            ++at_;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return at_ != other.at_; }
+
+      private:
+        Place at_;
+    };
+
+    struct Rows {
+        Place first, last;
+        Iterator begin() const { return Iterator(first); }
+        Iterator end() const { return Iterator(last); }
+    };
+
   public:
     int Count() const { return static_cast<int>(rows_.size()); }
     /// All rows in order, for a loop.
-    auto rows() const {
-        return std::views::transform(rows_, [](const std::unique_ptr<ListRow>& row) -> const ListRow& { return *row; });
-    }
+    Rows rows() const { return {rows_.begin(), rows_.end()}; }
     /// Null beyond the ends.
     const ListRow* Item(int position) const;
     const ListRow* Item(const std::string& Key) const { return Item(positionOf(Key)); }
