@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     entities::ActivityProperties activity;
     activity.Act_Name = size % 2 ? "CheckAge" : "Data";
     auto& input = activity.Act_Inputs->Add("AU_ID", 0, 0, "AU_ID");
-    input.ProvidedFrom->Add("AUTHORS", 1, "AUTHORS.AU_ID");
+    input.ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS.AU_ID");
     activity.Act_Outputs->Add("ID", 0, 0, "ID");
     const LDLsourceColl sources = sourcesOf(activity);
 
