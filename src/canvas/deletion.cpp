@@ -49,8 +49,9 @@ void leaveOwner(Canvas& canvas, const Entity& entity) {
     if (listed) {
         list->Remove(entity.Key);
     }
-    if (LabelsD* owner = canvas.nodeNamed(entity.ParentKeyName); owner && entity.NodeKind == KindInput) {
-        owner->activity()->Act_Inputs->Changed = true;
+    const LabelsD* owner = canvas.nodeNamed(entity.ParentKeyName);
+    if (ActivityProperties* activity = owner ? owner->activity() : nullptr; activity && entity.NodeKind == KindInput) {
+        activity->Act_Inputs->Changed = true;
     }
 }
 

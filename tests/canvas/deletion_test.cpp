@@ -72,6 +72,11 @@ TEST(Deleting, MembersLeaveTheirOwner) {
     AttributeCollection& columns = *recordSet.RecordSet_Outputs;
     shown(NodeTypeAttribute, "c", listed(columns, "c", "R", 4));
     shown(NodeTypeAttribute, "lost", listed(columns, "lost", "gone", 5));  // its owner is not on the canvas
+    auto stray = std::make_shared<AttributeProperties>();  // its owner's name is that of a record set now
+    stray->NodeKind = KindInput;
+    stray->ParentKeyName = "R";
+    stray->SubNode_ID = 6;
+    shown(NodeTypeAttribute, "stray", stray);
     shown(NodeTypeAttribute, "free", std::make_shared<AttributeProperties>());
     shown(NodeTypeParameter, "freeP", std::make_shared<ParameterProperties>());
     shown(NodeTypeConstant, "const", std::make_shared<ParameterProperties>());
@@ -80,8 +85,8 @@ TEST(Deleting, MembersLeaveTheirOwner) {
     shown(NodeTypeParameter, "fixed", input);
     activity.Act_Inputs->Changed = false;
     DeleteSelectedNodes(form, kEveryNodeType, host, rules);
-    EXPECT_EQ(noted(form), "1:1 2:2 3:3 4:4 4:5 ");
-    EXPECT_EQ(host.taken(), " unlink i unlink o unlink p unlink c unlink lost unlink const");
+    EXPECT_EQ(noted(form), "1:1 2:2 3:3 4:4 4:5 1:6 ");
+    EXPECT_EQ(host.taken(), " unlink i unlink o unlink p unlink c unlink lost unlink stray unlink const");
     EXPECT_EQ(form.Labels.Count(), 3);
     EXPECT_TRUE(form.nodeNamed("fixed"));
     EXPECT_EQ(activity.Act_Inputs.count() + activity.Act_Outputs.count() + activity.Act_Parameters.count(), 0);
