@@ -11,7 +11,7 @@ using namespace entities;
 namespace {
 
 template <class Entity, class Link>
-zoom::FarEnd farEnd(const canvas::Canvas& form, zoom::Direction direction, const Entity& near, const Link& link) {
+zoom::FarEndView farEnd(const canvas::Canvas& form, zoom::Direction direction, const Entity& near, const Link& link) {
     return zoom::findFarEnd(form, direction, near, {link.name(), link.type(), link.key()}, nullptr);
 }
 
@@ -80,9 +80,9 @@ void AttributeWalks::addRegulations(const AttributeProperties& attribute) {
     };
     if (direction_ == Direction::In && attribute.NodeKind == KindOutput) {
         for (const RegulatorProperties& link : attribute.RegulatedFrom) {
-            const zoom::FarEnd far = link.type() == LinkParameterOutput
-                                         ? farEnd(form_, zoom::Direction::RegulatedFrom, attribute, link)
-                                         : zoom::FarEnd{};
+            const zoom::FarEndView far = link.type() == LinkParameterOutput
+                                             ? farEnd(form_, zoom::Direction::RegulatedFrom, attribute, link)
+                                             : zoom::FarEndView{};
             if (far.parameter) {
                 for (const RegulatorProperties& source : far.parameter->RegulatedFrom) {
                     if (regulatesByAttribute(source.type())) {
@@ -93,9 +93,9 @@ void AttributeWalks::addRegulations(const AttributeProperties& attribute) {
         }
     } else if (direction_ == Direction::Out && attribute.NodeKind != KindOutput) {
         for (const RegulatorProperties& link : attribute.RegulatorFor) {
-            const zoom::FarEnd far = regulatesByAttribute(link.type())
-                                         ? farEnd(form_, zoom::Direction::RegulatorFor, attribute, link)
-                                         : zoom::FarEnd{};
+            const zoom::FarEndView far = regulatesByAttribute(link.type())
+                                             ? farEnd(form_, zoom::Direction::RegulatorFor, attribute, link)
+                                             : zoom::FarEndView{};
             if (far.parameter) {
                 for (const RegulatorProperties& target : far.parameter->RegulatorFor) {
                     if (target.type() == LinkParameterOutput) {

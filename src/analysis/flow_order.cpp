@@ -9,7 +9,7 @@
 
 namespace orvent::analysis {
 
-void FlowOrder::readGraph(canvas::DrawForm& Window) {
+void FlowOrder::readGraph(const canvas::DrawForm& Window) {
     vertices_.clear();
     feeders_.clear();
     std::unordered_map<std::int32_t, std::size_t> places;
@@ -71,7 +71,7 @@ NodesColl FlowOrder::closuresOfGraph() {
     return closures;
 }
 
-NodesColl FlowOrder::ComputeClosures(canvas::DrawForm& Window) {
+NodesColl FlowOrder::ComputeClosures(const canvas::DrawForm& Window) {
     readGraph(Window);
     return closuresOfGraph();
 }
@@ -97,7 +97,7 @@ void FlowOrder::WalkFlow(std::size_t start) {
     }
 }
 
-NodesColl FlowOrder::ComputeFlowIDs(canvas::DrawForm& Window) {
+NodesColl FlowOrder::ComputeFlowIDs(const canvas::DrawForm& Window) {
     const NodesColl closures = ComputeClosures(Window);
     flow_ = NodesColl();
     flowCounter_ = 0;

@@ -17,10 +17,10 @@ class FlowOrder {
     explicit FlowOrder(platform::Progress& progress) : progress_(progress) {}
 
     /// The starting nodes of the walks - those where flows join or end - with the number of edges upstream of each.
-    NodesColl ComputeClosures(canvas::DrawForm& Window);
+    NodesColl ComputeClosures(const canvas::DrawForm& Window);
 
     /// All nodes that the walks reach, the most downstream one first.
-    NodesColl ComputeFlowIDs(canvas::DrawForm& Window);
+    NodesColl ComputeFlowIDs(const canvas::DrawForm& Window);
 
   private:
     /// A node as the walks need it.
@@ -33,7 +33,7 @@ class FlowOrder {
         std::uint32_t lastWalk = 0;  ///< number of the last closure walk that met it
     };
 
-    void readGraph(canvas::DrawForm& Window);
+    void readGraph(const canvas::DrawForm& Window);
     NodesColl closuresOfGraph();
     std::int32_t WalkClosure(std::size_t vertex);
     void WalkFlow(std::size_t vertex);

@@ -107,7 +107,7 @@ std::string_view Lines::farName(const std::string& key) const {
 
 void Lines::addOuterFlows(const std::string& owner, const AttributeProperties& attribute) {
     for (const ProviderProperties& link : attribute.ProviderFor) {
-        addFlow(owner, attribute, link.Provider_Name, farName(link.Provider_Key));
+        addFlow(owner, attribute, link.Provider_Name, farName(link.Provider_Key()));
     }
 }
 
@@ -136,7 +136,7 @@ void Lines::addActivity(const ActivityProperties& activity, std::int32_t flowId)
     for (const AttributeProperties& input : activity.Act_Inputs) {
         for (const ProviderProperties& link : input.ProviderFor) {
             addFlow(name, input, name,
-                    nameOf(activity.Act_Outputs.peek(), entities::AfterSecondDot(link.Provider_Key)));
+                    nameOf(activity.Act_Outputs.peek(), entities::AfterSecondDot(link.Provider_Key())));
         }
     }
     for (const AttributeProperties& output : activity.Act_Outputs) {

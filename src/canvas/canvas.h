@@ -84,7 +84,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     platform::MessageBox& messages() override { return services_.messages; }
 
     /// The node of that name, or nothing.
-    LabelsD* nodeNamed(const std::string& name) const { return Labels.byIndex(NamesColl.Item(name)); }
+    const LabelsD* nodeNamed(const std::string& name) const { return Labels.byIndex(NamesColl.Item(name)); }
+    LabelsD* nodeNamed(const std::string& name) { return Labels.byIndex(NamesColl.Item(name)); }
     bool isNameTaken(const std::string& name) const override { return NamesColl.Item(name) != -1; }
     const entities::FunctionProperties* functionNamed(const std::string& name) const override;
 

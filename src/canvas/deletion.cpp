@@ -12,8 +12,8 @@ using namespace entities;
 namespace {
 
 /// The collection of its owner in which an attribute stands, or nothing when the owner is not on the canvas.
-AttributeCollection* listOf(const Canvas& canvas, const AttributeProperties& attribute) {
-    const LabelsD* owner = canvas.nodeNamed(attribute.ParentKeyName);
+AttributeCollection* listOf(Canvas& canvas, const AttributeProperties& attribute) {
+    LabelsD* owner = canvas.nodeNamed(attribute.ParentKeyName);
     if (!owner) {
         return nullptr;
     }
@@ -34,10 +34,19 @@ AttributeCollection* listOf(const Canvas& canvas, const AttributeProperties& att
     }
 }
 
-ParameterCollection* listOf(const Canvas& canvas, const ParameterProperties& parameter) {
-    const LabelsD* owner = canvas.nodeNamed(parameter.ParentKeyName);
+ParameterCollection* listOf(Canvas& canvas, const ParameterProperties& parameter) {
+    LabelsD* owner = canvas.nodeNamed(parameter.ParentKeyName);
     ActivityProperties* activity = owner ? owner->activity() : nullptr;
     return activity ? activity->Act_Parameters.peek() : nullptr;
+}
+
+// A removed input is found missing at the next save only when the inputs are written.
+void markInputs(Canvas& canvas, const AttributeProperties& attribute) {
+    LabelsD* owner = canvas.nodeNamed(attribute.ParentKeyName);
+    if (ActivityProperties* activity = owner ? owner->activity() : nullptr;
+        activity && attribute.NodeKind == KindInput) {
+        activity->Act_Inputs->Changed = true;
+    }
 }
 
 /// Notes the row of an entity and takes it out of its owner's list.
@@ -48,10 +57,6 @@ void leaveOwner(Canvas& canvas, const Entity& entity) {
     canvas.DeletedNodes->Add(listed ? listed->SubNode_ID : entity.SubNode_ID, entity.NodeKind);
     if (listed) {
         list->Remove(entity.Key);
-    }
-    const LabelsD* owner = canvas.nodeNamed(entity.ParentKeyName);
-    if (ActivityProperties* activity = owner ? owner->activity() : nullptr; activity && entity.NodeKind == KindInput) {
-        activity->Act_Inputs->Changed = true;
     }
 }
 
@@ -65,6 +70,7 @@ bool releaseAttribute(Canvas& canvas, LabelsD& node, EntityLinks& links) {
     const auto* attribute = node.entity<AttributeProperties>();
     if (attribute && listed(attribute->NodeKind)) {
         links.unsynchronise(canvas, node);
+        markInputs(canvas, *attribute);
         leaveOwner(canvas, *attribute);
     }
     return true;

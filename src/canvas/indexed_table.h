@@ -49,22 +49,16 @@ class IndexedTable {
     int Count() const { return static_cast<int>(items_.size() - holes_); }
 
     /// The item of that `Index`, or nothing.
-    T* byIndex(std::int32_t index) const {
-        const std::size_t at = find(index);
-        return at < items_.size() ? items_[at].get() : nullptr;
-    }
+    const T* byIndex(std::int32_t index) const { return itemAt(find(index)); }
+    T* byIndex(std::int32_t index) { return itemAt(find(index)); }
 
     /// The item whose key, the decimal text of its `Index`, equals `key`, or nothing.
-    T* Item(const std::string& key) const {
-        const auto index = platform::parseInteger(key);
-        return index ? byIndex(static_cast<std::int32_t>(*index)) : nullptr;
-    }
+    const T* Item(const std::string& key) const { return itemAt(find(key)); }
+    T* Item(const std::string& key) { return itemAt(find(key)); }
 
     /// The item at a 1-based position, or nothing.
-    T* at(int position) const {
-        closeHoles();
-        return position >= 1 && position <= Count() ? items_[static_cast<std::size_t>(position - 1)].get() : nullptr;
-    }
+    const T* at(int position) const { return positionAt(position); }
+    T* at(int position) { return positionAt(position); }
 
     auto begin() { return Iterator<T>(items_); }
     auto begin() const { return Iterator<const T>(items_); }
@@ -94,6 +88,18 @@ class IndexedTable {
     }
 
   private:
+    T* itemAt(std::size_t at) const { return at < items_.size() ? items_[at].get() : nullptr; }
+
+    T* positionAt(int position) const {
+        closeHoles();
+        return position >= 1 && position <= Count() ? items_[static_cast<std::size_t>(position - 1)].get() : nullptr;
+    }
+
+    std::size_t find(const std::string& key) const {
+        const auto index = platform::parseInteger(key);
+        return index ? find(static_cast<std::int32_t>(*index)) : items_.size();
+    }
+
     std::size_t find(std::int32_t index) const {
         const auto place = std::lower_bound(indices_.begin(), indices_.end(), index);
         return place != indices_.end() && *place == index ? static_cast<std::size_t>(place - indices_.begin())

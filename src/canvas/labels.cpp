@@ -99,6 +99,14 @@ void LabelsD::setNodeType(NodeTypeCode value) {
 }
 
 void LabelsD::setKeyName(const std::string& value) {
+    const std::string former = caption_;
+    takeName(value);
+    if (caption_ != former) {
+        tell();
+    }
+}
+
+void LabelsD::takeName(const std::string& value) {
     if (!keyName_.empty() && canvas_.NamesColl.Item(keyName_) == index_) {
         canvas_.NamesColl.Remove(keyName_);
     }
@@ -148,7 +156,7 @@ void LabelsD::setCaption(const std::string& value) {
         if (former != keyName_ && canvas_.NamesColl.Item(former) == index_) {
             canvas_.NamesColl.Remove(former);  // a numbered name that only the caption held
         }
-        setKeyName(value);
+        takeName(value);
     }
     tell();
 }

@@ -135,12 +135,19 @@ class LabelsD {
 
     /// The entity of that kind, or nothing.
     template <class Entity>
-    Entity* entity() const {
+    const Entity* entity() const {
         const auto* held = std::get_if<std::shared_ptr<Entity>>(&Properties);
         return held ? held->get() : nullptr;
     }
-    entities::ActivityProperties* activity() const { return entity<entities::ActivityProperties>(); }
-    entities::RecordSetProperties* recordSet() const { return entity<entities::RecordSetProperties>(); }
+    template <class Entity>
+    Entity* entity() {
+        const auto* held = std::get_if<std::shared_ptr<Entity>>(&Properties);
+        return held ? held->get() : nullptr;
+    }
+    const entities::ActivityProperties* activity() const { return entity<entities::ActivityProperties>(); }
+    entities::ActivityProperties* activity() { return entity<entities::ActivityProperties>(); }
+    const entities::RecordSetProperties* recordSet() const { return entity<entities::RecordSetProperties>(); }
+    entities::RecordSetProperties* recordSet() { return entity<entities::RecordSetProperties>(); }
 
     /// Where an edge attaches: a place 50 twips outside the box. Four points in the middle of the sides from the left
     /// clockwise; an activity has two inputs on the left (1, 2), the right end (4) and two points above and below.
@@ -160,6 +167,7 @@ class LabelsD {
     void tell();
     LineNumbers& linesAt(EdgeEnd which) { return lines_[static_cast<std::size_t>(which)]; }
     void detachAll(EdgeEnd which);
+    void takeName(const std::string& value);
     void moved();
     void takeNumberedName(std::string_view word, const std::string& taken);
     void releaseNames();

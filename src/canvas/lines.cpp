@@ -1,6 +1,7 @@
 #include "canvas/lines.h"
 
 #include <array>
+#include <utility>
 
 #include "canvas/canvas.h"
 
@@ -64,10 +65,16 @@ void LinesD::takeStyle() {
 }
 
 void LinesD::setAngle(AngleCode value) {
-    const AngleCode former = angle_;
-    angle_ = value;
-    applyAngle(former);
+    takeAngle(value);
     changed();
+}
+
+void LinesD::takeAngle(AngleCode value) {
+    const AngleCode former = std::exchange(angle_, value);
+    if (value >= AngleNone && value <= AngleStraight) {
+        middleHandle_ = value == AngleNone;
+    }
+    applyAngle(former);
 }
 
 void LinesD::applyAngle(AngleCode former) {
@@ -178,8 +185,7 @@ LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGr
     edge.lead(EdgeEnd::start, *from, FromGrabbingPoint);
     edge.lead(EdgeEnd::end, *to, ToGrabbingPoint);
     edge.middle_ = between(edge.start().place, edge.end().place);
-    edge.angle_ = Angle;
-    edge.applyAngle(AngleNone);
+    edge.takeAngle(Angle);
     edge.color_ = Color;
     return &show(edge);
 }

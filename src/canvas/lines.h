@@ -84,10 +84,10 @@ class LinesD {
     void setEdgeType(EdgeTypeCode value);
 
     AngleCode Angle() const { return angle_; }
-    /// Sets the middle point by the angle kind; another value than 0 to 3 is stored and changes nothing.
+    /// Sets the middle point by the angle kind; a code without a name is stored and changes nothing.
     void setAngle(AngleCode value);
     /// Only at `AngleNone` can the middle handle be taken.
-    bool middleHandleVisible() const { return angle_ < AngleVerticalUp || angle_ > AngleStraight; }
+    bool middleHandleVisible() const { return middleHandle_; }
 
     std::int32_t FromLabel() const { return start().label; }  ///< `Index` of the source
     std::int32_t ToLabel() const { return end().label; }      ///< `Index` of the target, 0 while there is none
@@ -140,6 +140,7 @@ class LinesD {
     void lead(EdgeEnd which, LabelsD& node, std::int16_t grabPoint);
     void leave(EdgeEnd which);
     void takeStyle();
+    void takeAngle(AngleCode value);
     void applyAngle(AngleCode former);
     void changed();
 
@@ -149,6 +150,7 @@ class LinesD {
     Point middle_;
     EdgeTypeCode edgeType_ = EdgeTypeProvider;
     AngleCode angle_ = AngleNone;
+    bool middleHandle_ = true;
     std::int32_t color_ = 0;
     bool visible_ = true;
     bool highLighted_ = false;

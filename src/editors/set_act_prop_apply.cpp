@@ -43,7 +43,7 @@ void removeEdges(canvas::Canvas& form, const canvas::LabelsD& one, const canvas:
 }
 
 /// The node of the canvas that shows a function of that key.
-canvas::LabelsD* functionNode(const canvas::Canvas& form, const FunctionProperties& function) {
+canvas::LabelsD* functionNode(canvas::Canvas& form, const FunctionProperties& function) {
     canvas::LabelsD* node = form.nodeNamed(function.Function_Key);
     return node && node->entity<FunctionProperties>() ? node : nullptr;
 }

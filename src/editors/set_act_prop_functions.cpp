@@ -81,21 +81,21 @@ void SetActProp_Functions::MarkRowInTree(const ListRow& row, int number, bool us
     } else if (number == kInputs) {
         if (const AttributeProperties* input = tempProp->Act_Inputs->Item(row.Key)) {
             for (const ProviderProperties& link : input->ProvidedFrom) {
-                show(treeKey(link.Provider_Type, link.Provider_Key));
+                show(treeKey(link.Provider_Type, link.Provider_Key()));
             }
         }
     } else if (number == kOutputs) {
         if (const AttributeProperties* output = tempProp->Act_Outputs->Item(row.Key)) {
             for (const ProviderProperties& link : output->ProviderFor) {
                 if (link.Provider_Type == LinkRecordSet) {
-                    show(treeKey(link.Provider_Type, link.Provider_Key));
+                    show(treeKey(link.Provider_Type, link.Provider_Key()));
                 }
             }
         }
     } else if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(row.Key)) {
         for (const RegulatorProperties& link : parameter->RegulatedFrom) {
             if (link.Regulator_type == LinkConstant || link.Regulator_type == LinkRecordSet) {
-                show(treeKey(link.Regulator_type, link.Regulator_Key));
+                show(treeKey(link.Regulator_type, link.Regulator_Key()));
             }
         }
     }

@@ -14,7 +14,7 @@ void copyParameters(const Lazy<FunctionParameters>& from, Lazy<FunctionParameter
     }
 }
 
-void nameActivity(const Lazy<FunctionParameters>& parameters, const std::string& activity) {
+void nameActivity(Lazy<FunctionParameters>& parameters, const std::string& activity) {
     if (FunctionParameters* existing = parameters.peek()) {
         for (ParameterProperties& parameter : *existing) {
             parameter.ParentFunctionActivity = activity;

@@ -56,18 +56,17 @@ class KeyedCollection {
   public:
     int Count() const { return static_cast<int>(slots_.size()); }
 
-    T* Item(int position) const { return holds(position) ? slots_[index(position)].item.get() : nullptr; }
-    T* Item(const std::string& key) const {
-        const std::size_t at = find(key);
-        return at < slots_.size() ? slots_[at].item.get() : nullptr;
-    }
+    const T* Item(int position) const { return holds(position) ? slots_[index(position)].item.get() : nullptr; }
+    const T* Item(const std::string& key) const { return itemAt(find(key)); }
+    T* Item(int position) { return holds(position) ? slots_[index(position)].item.get() : nullptr; }
+    T* Item(const std::string& key) { return itemAt(find(key)); }
 
     /// The holder itself, for a second owner; empty when there is no such item.
-    Holder share(const std::string& key) const requires std::copy_constructible<Holder> {
+    Holder share(const std::string& key) requires std::copy_constructible<Holder> {
         const std::size_t at = find(key);
         return at < slots_.size() ? slots_[at].item : Holder{};
     }
-    Holder share(int position) const requires std::copy_constructible<Holder> {
+    Holder share(int position) requires std::copy_constructible<Holder> {
         return holds(position) ? slots_[index(position)].item : Holder{};
     }
 
@@ -96,6 +95,11 @@ class KeyedCollection {
         return result;
     }
 
+    /// The same for a reader.
+    std::shared_ptr<const T> share(int position) const requires std::copy_constructible<Holder> {
+        return holds(position) ? slots_[index(position)].item : nullptr;
+    }
+
     Holder Remove(int position) { return holds(position) ? take(index(position)) : Holder{}; }
     Holder Remove(const std::string& key) {
         const std::size_t at = find(key);
@@ -104,6 +108,31 @@ class KeyedCollection {
 
     void Clear() {
         slots_.clear();
+        positions_.reset();
+    }
+
+    /// Puts the items in the order of `keys`; the items stay the same. Items that no key names keep their order behind
+    /// them, and keys of no item are passed over.
+    void reorder(const std::vector<std::string>& keys) {
+        std::vector<std::size_t> places;
+        std::vector<bool> taken(slots_.size());
+        for (const std::string& key : keys) {
+            if (const std::size_t at = find(key); at < slots_.size() && !taken[at]) {
+                taken[at] = true;
+                places.push_back(at);
+            }
+        }
+        for (std::size_t at = 0; at < slots_.size(); ++at) {
+            if (!taken[at]) {
+                places.push_back(at);
+            }
+        }
+        std::vector<Slot> ordered;
+        ordered.reserve(slots_.size());
+        for (const std::size_t at : places) {
+            ordered.push_back(std::move(slots_[at]));
+        }
+        slots_ = std::move(ordered);
         positions_.reset();
     }
 
@@ -121,6 +150,8 @@ class KeyedCollection {
     static std::size_t index(int position) { return static_cast<std::size_t>(position - 1); }
     bool holds(int position) const { return position >= 1 && position <= Count(); }
     bool isAt(std::size_t at, const std::string& key) const { return at < slots_.size() && slots_[at].key() == key; }
+
+    T* itemAt(std::size_t at) const { return at < slots_.size() ? slots_[at].item.get() : nullptr; }
 
     /// The index of the key, `slots_.size()` when there is none. The empty key stands for none and is never found.
     std::size_t find(const std::string& key) const {
@@ -193,7 +224,8 @@ class Lazy {
     }
     T* operator->() { return &**this; }
 
-    T* peek() const { return value_.get(); }
+    T* peek() { return value_.get(); }
+    const T* peek() const { return value_.get(); }
     int count() const { return value_ ? value_->Count() : 0; }
 
     auto begin() { return value_ ? value_->begin() : none<T>(); }

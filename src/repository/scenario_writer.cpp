@@ -297,12 +297,13 @@ void ScenarioWriter::saveRegulators(const entities::Lazy<entities::RegulatorLink
 
 void ScenarioWriter::SaveProviderLink(std::int16_t NodeID, std::int16_t SubNode_ID, sql::LinkKind kind,
                                       const entities::ProviderProperties& link) {
-    repository_.run(sql::kAddLink, NodeID, SubNode_ID, kind, link.Provider_Key, link.Provider_Name, link.Provider_Type);
+    repository_.run(sql::kAddLink, NodeID, SubNode_ID, kind, link.Provider_Key(), link.Provider_Name,
+                    link.Provider_Type);
 }
 
 void ScenarioWriter::SaveRegulatorLink(std::int16_t NodeID, std::int16_t SubNode_ID,
                                        const entities::RegulatorProperties& link) {
-    repository_.run(sql::kAddLink, NodeID, SubNode_ID, sql::kRegulatedFrom, link.Regulator_Key, link.Regulator_name,
+    repository_.run(sql::kAddLink, NodeID, SubNode_ID, sql::kRegulatedFrom, link.Regulator_Key(), link.Regulator_name,
                     link.Regulator_type);
 }
 

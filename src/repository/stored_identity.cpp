@@ -5,11 +5,9 @@ namespace orvent::repository {
 namespace {
 
 template <class Collection, class Visit>
-void eachSubNode(const entities::Lazy<Collection>& collection, Visit visit) {
-    if (Collection* items = collection.peek()) {
-        for (auto& item : *items) {
-            visit(item.SubNode_ID);
-        }
+void eachSubNode(entities::Lazy<Collection>& collection, Visit visit) {
+    for (auto& item : collection) {
+        visit(item.SubNode_ID);
     }
 }
 
@@ -20,15 +18,16 @@ void eachIdentifier(entities::FunctionProperties& function, Visit visit) {
     eachSubNode(function.Function_Outputs, visit);
 }
 
-/// The field that holds a node's identifier, or nothing for a node that is never saved.
-std::int16_t* identifierOf(canvas::LabelsD& node) {
+/// The field that holds a node's identifier, or nothing for a node that is never saved. `Node` is const or not.
+template <class Node>
+auto identifierOf(Node& node) -> decltype(&node.recordSet()->NodeID) {
     if (auto* activity = node.activity()) {
         return &activity->NodeID;
     }
     if (auto* recordSet = node.recordSet()) {
         return &recordSet->NodeID;
     }
-    if (auto* comment = node.entity<entities::CommentProperties>()) {
+    if (auto* comment = node.template entity<entities::CommentProperties>()) {
         return &comment->NodeID;
     }
     return node.NodeType() == canvas::NodeTypeLog ? std::get_if<std::int16_t>(&node.Properties) : nullptr;
@@ -101,8 +100,8 @@ void StoredIdentity::restore(canvas::DrawForm& form) const {
 
 std::unordered_set<long long> storedNodes(const canvas::DrawForm& form) {
     std::unordered_set<long long> identifiers;
-    for (int position = 1; position <= form.Labels.Count(); ++position) {
-        if (const std::int16_t* id = identifierOf(*form.Labels.at(position))) {
+    for (const canvas::LabelsD& node : form.Labels) {
+        if (const std::int16_t* id = identifierOf(node)) {
             identifiers.insert(*id);
         }
     }

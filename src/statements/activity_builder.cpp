@@ -116,8 +116,8 @@ void ActivityBuilder::createFunctions() {
     }
 }
 
-FunctionProperties* ActivityBuilder::function() const {
-    const Act_FunctionsCollection* functions = Activity.Act_Functions.peek();
+FunctionProperties* ActivityBuilder::function() {
+    Act_FunctionsCollection* functions = Activity.Act_Functions.peek();
     return functions ? functions->Item(1) : nullptr;
 }
 

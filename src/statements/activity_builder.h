@@ -60,7 +60,7 @@ class ActivityBuilder {
     void createFunctions();
     void createParameters(const LDLVariable& variable);
     void createFunctionOutput(const LDLVariable& variable);
-    entities::FunctionProperties* function() const;
+    entities::FunctionProperties* function();
     bool hasFunction(const char* message);
     void regulate(entities::ParameterProperties& parameter, const LDLVariable& variable, const LinkCodes& codes);
     void regulate(entities::AttributeProperties& output, const LDLVariable& variable, const LDLVariable& regulator);

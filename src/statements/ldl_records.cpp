@@ -9,8 +9,8 @@ LDLRecItem& LDLRecordSet::Add(const std::string& caption, const std::string& key
     return append(std::make_unique<LDLRecItem>(LDLRecItem{position, 0, caption, key}), key);
 }
 
-LDLRecItem& LDLRecordSet::known(const std::string& key) const {
-    LDLRecItem* item = Item(key);
+const LDLRecItem& LDLRecordSet::known(const std::string& key) const {
+    const LDLRecItem* item = Item(key);
     if (!item) {
         throw platform::Fault("\"" + RSName + "\" has no attribute \"" + key + "\"");
     }
@@ -22,9 +22,9 @@ std::int16_t LDLRecordSet::GetItemPos(const std::string& key) const {
 }
 
 const std::string& LDLRecordSet::MarkAndGetItem(const std::string& key) {
-    LDLRecItem& item = known(key);
-    item.Selected = 1;
-    return item.Caption;
+    const std::string& caption = known(key).Caption;
+    Item(key)->Selected = 1;
+    return caption;
 }
 
 LDLRecordSet& LDLRecCollection::Add(const std::string& name) {

@@ -31,7 +31,7 @@ class LDLRecordSet : public entities::KeyedCollection<LDLRecItem> {
     const std::string& MarkAndGetItem(const std::string& key);
 
   private:
-    LDLRecItem& known(const std::string& key) const;
+    const LDLRecItem& known(const std::string& key) const;
 };
 
 /// Record sets keyed by `RSName`.

@@ -4,7 +4,7 @@
 
 namespace orvent::statements {
 
-void LDLSource::Add(std::shared_ptr<entities::AttributeProperties> attribute) {
+void LDLSource::Add(std::shared_ptr<const entities::AttributeProperties> attribute) {
     const std::string& key = attribute->Key;
     if (!Item(key)) {
         append(attribute, key);
@@ -24,7 +24,7 @@ LDLsourceColl sourcesOf(const entities::ActivityProperties& activity) {
     LDLsourceColl sources;
     const entities::Act_InputsCollection* inputs = activity.Act_Inputs.peek();
     for (int position = 1; position <= activity.Act_Inputs.count(); ++position) {
-        std::shared_ptr<entities::AttributeProperties> input = inputs->share(position);
+        const std::shared_ptr<const entities::AttributeProperties> input = inputs->share(position);
         for (const entities::ProviderProperties& link : input->ProvidedFrom) {
             LDLSource* source = sources.Source(link.Provider_Name);
             if (!source) {

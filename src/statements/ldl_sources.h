@@ -10,15 +10,15 @@ namespace orvent::statements {
 
 /// One source of an activity's inputs: a node that provides some of them. The items are those inputs, keyed by `Key`,
 /// in the order of the activity's inputs.
-class LDLSource
-    : public entities::KeyedCollection<entities::AttributeProperties, std::shared_ptr<entities::AttributeProperties>> {
+class LDLSource : public entities::KeyedCollection<const entities::AttributeProperties,
+                                                   std::shared_ptr<const entities::AttributeProperties>> {
   public:
     entities::LinkType SourceType =
         entities::LinkUnset;  ///< type of the link by which it was first met; `LinkRecordSet`, else an activity
     std::string Source;       ///< name of the providing node
 
     /// Adds the attribute unless it is there already.
-    void Add(std::shared_ptr<entities::AttributeProperties> attribute);
+    void Add(std::shared_ptr<const entities::AttributeProperties> attribute);
 };
 
 /// The sources of one activity, keyed by `Source`. The position of a source is its number k in names such as "N_INk".
@@ -28,8 +28,9 @@ class LDLsourceColl : public entities::KeyedCollection<LDLSource> {
     LDLSource& Add(const std::string& name);
 
     /// By key or by 1-based position; nothing when unknown.
-    LDLSource* Source(const std::string& key) const { return Item(key); }
-    LDLSource* Source(int position) const { return Item(position); }
+    const LDLSource* Source(const std::string& key) const { return Item(key); }
+    const LDLSource* Source(int position) const { return Item(position); }
+    LDLSource* Source(const std::string& key) { return Item(key); }
 };
 
 /// The sources of the activity in order of first appearance. An input without a provider belongs to none.

@@ -64,8 +64,10 @@ class LDLVariableCollection : private entities::KeyedCollection<LDLVariable> {
     LDLVariable& Add(const std::string& name);
 
     /// By key or by 1-based position; nothing when there is none.
-    LDLVariable* Item(const std::string& name) const { return Base::Item(keyOf(name)); }
-    LDLVariable* Item(int position) const { return Base::Item(position); }
+    const LDLVariable* Item(const std::string& name) const { return Base::Item(keyOf(name)); }
+    LDLVariable* Item(const std::string& name) { return Base::Item(keyOf(name)); }
+    const LDLVariable* Item(int position) const { return Base::Item(position); }
+    LDLVariable* Item(int position) { return Base::Item(position); }
 
     void Remove(const std::string& name) { Base::Remove(keyOf(name)); }
     void Remove(int position) { Base::Remove(position); }

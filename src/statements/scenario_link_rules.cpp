@@ -62,7 +62,7 @@ class ConsumerLinks {
 
 class RuleWriter {
   public:
-    explicit RuleWriter(canvas::DrawForm& form) : form_(form) {
+    explicit RuleWriter(const canvas::DrawForm& form) : form_(form) {
         // Room for ordinary rules, so that the text seldom moves while it grows.
         text_.reserve(512 * static_cast<std::size_t>(form.Labels.Count()));
     }
@@ -72,7 +72,7 @@ class RuleWriter {
     std::string text_;
 
   private:
-    canvas::LabelsD& node(const std::string& name) const;
+    const canvas::LabelsD& node(const std::string& name) const;
     const entities::ActivityProperties& activityNamed(const std::string& name) const;
     const entities::RecordSetProperties& recordSetNamed(const std::string& name) const;
 
@@ -88,12 +88,12 @@ class RuleWriter {
         }
     }
 
-    canvas::DrawForm& form_;
+    const canvas::DrawForm& form_;
     ConsumerLinks links_;
 };
 
-canvas::LabelsD& RuleWriter::node(const std::string& name) const {
-    canvas::LabelsD* found = form_.nodeNamed(name);
+const canvas::LabelsD& RuleWriter::node(const std::string& name) const {
+    const canvas::LabelsD* found = form_.nodeNamed(name);
     if (!found) {
         throw platform::Fault("There is no node \"" + name + "\"");
     }
@@ -127,7 +127,7 @@ void RuleWriter::writeColumns(const AttributeCollection* columns, const std::str
         text_ += comma;
         comma = ",";
         if (const ProviderProperties* link = links_.find(column, consumer)) {
-            write({prefix, variable(link->Provider_Key)});
+            write({prefix, variable(link->Provider_Key())});
         } else {
             text_ += kUnused;
         }
@@ -200,7 +200,7 @@ void RuleWriter::writeRecordSet(const entities::RecordSetProperties& recordSet) 
 
 }  // namespace
 
-std::string ScenarioLinkRules(canvas::DrawForm& form) {
+std::string ScenarioLinkRules(const canvas::DrawForm& form) {
     RuleWriter writer(form);
     for (const canvas::LabelsD& node : form.Labels) {
         if (const entities::ActivityProperties* activity = node.activity()) {

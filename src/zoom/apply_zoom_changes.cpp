@@ -193,7 +193,7 @@ namespace {
 
 /// Copies a field of the items of one collection to those of the same key of another.
 template <class List, class Id>
-void copyIds(const Lazy<List>& from, const Lazy<List>& to, Id id) {
+void copyIds(const Lazy<List>& from, Lazy<List>& to, Id id) {
     const List* source = from.peek();
     List* target = to.peek();
     if (!source || !target) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <type_traits>
+#include <utility>
 
 #include "entities/link_types.h"
 
@@ -71,23 +72,23 @@ const Row* rowOf(Direction direction, LinkType type) {
     return nullptr;
 }
 
-void setEntity(FarEnd& far, AttributeProperties* attribute) {
+void setEntity(FarEndView& far, const AttributeProperties* attribute) {
     far.attribute = attribute;
 }
-void setEntity(FarEnd& far, ParameterProperties* parameter) {
+void setEntity(FarEndView& far, const ParameterProperties* parameter) {
     far.parameter = parameter;
 }
 
 /// One search; it has the arguments at hand for the steps below.
 class Search {
   public:
-    Search(const canvas::Canvas& form, const NearEnd& near, const LinkData& link, ActivityProperties* dialog)
+    Search(const canvas::Canvas& form, const NearEnd& near, const LinkData& link, const ActivityProperties* dialog)
         : form_(form), near_(near), link_(link), dialog_(dialog) {}
 
-    FarEnd find(const Row& row) const {
-        FarEnd far;
+    FarEndView find(const Row& row) const {
+        FarEndView far;
         const canvas::LabelsD* peer = form_.nodeNamed(link_.name);
-        RecordSetProperties* recordSet = row.orRecordSet && peer ? peer->recordSet() : nullptr;
+        const RecordSetProperties* recordSet = row.orRecordSet && peer ? peer->recordSet() : nullptr;
         if (recordSet) {
             inList(far, recordSet->RecordSet_Outputs.peek(), AfterFirstDot(link_.key), peer->Expanded, farKey());
         } else if (row.place == Place::Constant) {
@@ -109,8 +110,9 @@ class Search {
 
     /// The item of a list, or the entity of its node while the list's items have nodes of their own.
     template <class List>
-    void inList(FarEnd& far, List* list, const std::string& key, bool expanded, const std::string& nodeKey) const {
-        using Entity = std::remove_pointer_t<decltype(list->Item(key))>;
+    void inList(FarEndView& far, const List* list, const std::string& key, bool expanded,
+                const std::string& nodeKey) const {
+        using Entity = std::remove_cvref_t<decltype(*list->Item(key))>;
         if (!expanded) {
             setEntity(far, list ? list->Item(key) : nullptr);
         } else if (const canvas::LabelsD* node = form_.nodeNamed(nodeKey)) {
@@ -120,11 +122,11 @@ class Search {
     }
 
     template <class List>
-    void activityList(FarEnd& far, List* list) const {
+    void activityList(FarEndView& far, const List* list) const {
         inList(far, list, AfterSecondDot(link_.key), list && list->Expanded && !dialog_, farKey());
     }
 
-    void activityMember(FarEnd& far, ActivityProperties* activity, Place place) const {
+    void activityMember(FarEndView& far, const ActivityProperties* activity, Place place) const {
         if (!activity) {
             return;
         }
@@ -140,15 +142,15 @@ class Search {
         }
     }
 
-    void constant(FarEnd& far, const canvas::LabelsD* peer) const {
+    void constant(FarEndView& far, const canvas::LabelsD* peer) const {
         if (peer && peer->NodeType() == canvas::NodeTypeConstant) {
             far.parameter = peer->entity<ParameterProperties>();
             far.node = peer;
         }
     }
 
-    void functionParameter(FarEnd& far, const canvas::LabelsD* peer, Place place) const {
-        FunctionProperties* function = peer && !dialog_ ? peer->entity<FunctionProperties>() : nullptr;
+    void functionParameter(FarEndView& far, const canvas::LabelsD* peer, Place place) const {
+        const FunctionProperties* function = peer && !dialog_ ? peer->entity<FunctionProperties>() : nullptr;
         const bool expanded = function && peer->Expanded;
         if (!function) {
             function = functionWithoutNode();
@@ -162,7 +164,7 @@ class Search {
                wholeKey(function->Function_Key, inputs ? KindFunctionInput : KindFunctionOutput, key));
     }
 
-    static FunctionProperties* functionOf(const ActivityProperties* activity, const std::string& key) {
+    static const FunctionProperties* functionOf(const ActivityProperties* activity, const std::string& key) {
         const Act_FunctionsCollection* functions = activity ? activity->Act_Functions.peek() : nullptr;
         return functions ? functions->Item(key) : nullptr;
     }
@@ -173,7 +175,7 @@ class Search {
     }
 
     /// The function in its activity: the near end's own one, or else the one that the link's name or key begins with.
-    FunctionProperties* functionWithoutNode() const {
+    const FunctionProperties* functionWithoutNode() const {
         if (dialog_) {
             return functionOf(dialog_, link_.name);
         }
@@ -189,7 +191,7 @@ class Search {
     const canvas::Canvas& form_;
     const NearEnd& near_;
     const LinkData& link_;
-    ActivityProperties* dialog_;
+    const ActivityProperties* dialog_;
 };
 
 }  // namespace
@@ -209,14 +211,22 @@ std::int32_t NearEnd::labelIn(const canvas::Canvas& Form) const {
     return shown ? label_ : 0;
 }
 
-FarEnd findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
-                  ActivityProperties* InDialog) {
+FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
+                      const ActivityProperties* InDialog) {
     const Row* row = rowOf(direction, link.type);
     if (!row || (InDialog && row->inDialog == Reach::Nothing)) {
         return {};
     }
-    ActivityProperties* dialog = row->inDialog == Reach::Scenario ? nullptr : InDialog;
+    const ActivityProperties* dialog = row->inDialog == Reach::Scenario ? nullptr : InDialog;
     return Search(Form, near, link, dialog).find(*row);
+}
+
+// The canvas and the dialog's activity may be written here, and so may what is found in them.
+FarEnd findFarEnd(canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
+                  ActivityProperties* InDialog) {
+    FarEndView far = findFarEnd(std::as_const(Form), direction, near, link, InDialog);
+    return {const_cast<AttributeProperties*>(far.attribute), const_cast<ParameterProperties*>(far.parameter), far.node,
+            std::move(far.mirrorKey)};
 }
 
 }  // namespace orvent::zoom

@@ -51,12 +51,17 @@ class NearEnd {
 };
 
 /// Where a link leads. Neither attribute nor parameter: the far end is not within reach and is left alone.
-struct FarEnd {
-    entities::AttributeProperties* attribute = nullptr;
-    entities::ParameterProperties* parameter = nullptr;
+template <class Attribute, class Parameter>
+struct FarEndOf {
+    Attribute* attribute = nullptr;
+    Parameter* parameter = nullptr;
     const canvas::LabelsD* node = nullptr;  ///< the node of its own, when it has one; then the link is drawn
     std::string mirrorKey;                  ///< what the mirror link calls the near end
 };
+
+/// A far end that may be written, and one that is only read.
+using FarEnd = FarEndOf<entities::AttributeProperties, entities::ParameterProperties>;
+using FarEndView = FarEndOf<const entities::AttributeProperties, const entities::ParameterProperties>;
 
 /// A link as the search for its far end needs it.
 struct LinkData {
@@ -68,7 +73,9 @@ struct LinkData {
 /// Finds the far end of one of the near end's links, by table lookups only. `InDialog` is the working activity of the
 /// open dialog that the near end belongs to, or null: then far ends in the same activity are looked up in it, and
 /// those beyond it are out of reach.
-FarEnd findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
+FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
+                      const entities::ActivityProperties* InDialog);
+FarEnd findFarEnd(canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
                   entities::ActivityProperties* InDialog);
 
 }  // namespace orvent::zoom

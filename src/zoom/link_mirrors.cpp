@@ -90,7 +90,7 @@ void mirror(Work work, canvas::Canvas& Form, Direction direction, const NearEnd&
 /// A mirror goes into a list of the opposite direction, so the list that is walked stays as it is even when a link
 /// leads back to its holder.
 template <class Links>
-void walk(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near, const Lazy<Links>& links,
+void walk(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near, Lazy<Links>& links,
           ActivityProperties* InDialog) {
     if (Links* present = links.peek()) {
         for (auto& link : *present) {

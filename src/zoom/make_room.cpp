@@ -1,6 +1,7 @@
 #include "zoom/make_room.h"
 
 #include <algorithm>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -12,9 +13,10 @@ using canvas::LabelsD;
 namespace {
 
 /// A neighbour with its members, or all that is neither: the central activity with what belongs to it.
-struct Group {
+template <class Node>
+struct GroupOf {
     ZoomPlace place = ZoomPlace::Central;
-    std::vector<LabelsD*> nodes;
+    std::vector<Node*> nodes;
 
     template <class Edge>
     float least(Edge edge) const {
@@ -37,7 +39,7 @@ struct Group {
         return -least([](const Box& box) { return -box.bottom(); });
     }
     void move(float dx, float dy) const {
-        for (LabelsD* node : nodes) {
+        for (Node* node : nodes) {
             Box box = node->box();
             box.Left += dx;
             box.Top += dy;
@@ -45,6 +47,7 @@ struct Group {
         }
     }
 };
+using Group = GroupOf<LabelsD>;
 
 ZoomPlace placeOf(const LabelsD& node) {
     return static_cast<ZoomPlace>(node.activity() ? node.activity()->ZoomPosition : node.recordSet()->ZoomPosition);
@@ -55,11 +58,13 @@ bool isTypeNode(const LabelsD& node) {
 }
 
 /// The central group first, then the neighbours.
-std::vector<Group> groupsOf(const ZoomForm& form) {
-    std::vector<Group> groups(1);
+template <class Form>
+auto groupsOf(Form& form) {
+    using Node = std::remove_pointer_t<decltype(form.Labels.byIndex(0))>;
+    std::vector<GroupOf<Node>> groups(1);
     std::unordered_map<std::int32_t, std::size_t> owner;
     for (const NewANDoldIndex& pair : form.New2OldIndex) {
-        LabelsD* node = form.Labels.byIndex(pair.NewIndex);
+        Node* node = form.Labels.byIndex(pair.NewIndex);
         if (!node || placeOf(*node) == ZoomPlace::Central) {
             continue;
         }
@@ -97,7 +102,7 @@ bool boxesOverlap(const ZoomForm& form) {
         std::size_t group;
     };
     std::vector<Placed> all;
-    const std::vector<Group> groups = groupsOf(form);
+    const auto groups = groupsOf(form);
     for (std::size_t group = 0; group < groups.size(); ++group) {
         for (const LabelsD* node : groups[group].nodes) {
             all.push_back({node->box(), group});

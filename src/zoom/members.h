@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 #include <type_traits>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -65,30 +64,8 @@ std::vector<std::string> keysOf(const entities::Lazy<List>& list) {
 /// The items themselves stay the same objects.
 template <class List>
 void restoreOrder(entities::Lazy<List>& items, const std::vector<std::string>& keys) {
-    List* list = items.peek();
-    if (!list) {
-        return;
-    }
-    std::vector<std::shared_ptr<EntityOf<List>>> held;
-    std::unordered_map<std::string, std::size_t> places;
-    for (int position = 1; position <= list->Count(); ++position) {
-        places[keyOf(*list->Item(position))] = held.size();
-        held.push_back(list->share(position));
-    }
-    list->Clear();
-    const auto append = [&](std::shared_ptr<EntityOf<List>>& item) {
-        if (item) {
-            const std::string key = keyOf(*item);
-            list->append(std::exchange(item, nullptr), key);
-        }
-    };
-    for (const std::string& key : keys) {
-        if (const auto place = places.find(key); place != places.end()) {
-            append(held[place->second]);
-        }
-    }
-    for (auto& item : held) {
-        append(item);
+    if (List* list = items.peek()) {
+        list->reorder(keys);
     }
 }
 

@@ -128,8 +128,7 @@ ParameterProperties& add(ParameterCollection& list, const ParameterProperties& p
 
 /// Binds the node that showed the entity to its renamed clone.
 template <class List, class Entity>
-void rebindNode(canvas::Canvas& Form, const List& list, const Entity& former, const std::string& formerKey,
-                Entity& renamed) {
+void rebindNode(canvas::Canvas& Form, List& list, const Entity& former, const std::string& formerKey, Entity& renamed) {
     canvas::LabelsD* node = Form.nodeNamed(formerKey);
     if (!node || node->entity<Entity>() != &former) {
         return;
@@ -185,7 +184,7 @@ class Propagation {
 
   private:
     void follow(AttributeProperties& attribute, const Match& match) {
-        const canvas::LabelsD* node = form_.nodeNamed(match.name);
+        canvas::LabelsD* node = form_.nodeNamed(match.name);
         ActivityProperties* activity = node ? node->activity() : nullptr;
         if (!activity) {
             return;

@@ -29,7 +29,7 @@ bool sameKind(const LinesD& edge, const LinesD& other) {
 }
 
 /// The node of the activity that ties an end, or of the function whose parameter it is.
-LabelsD* ownerOf(const canvas::Canvas& form, const RelationEnd& end) {
+LabelsD* ownerOf(canvas::Canvas& form, const RelationEnd& end) {
     return form.nodeNamed(end.parentKeyName());
 }
 

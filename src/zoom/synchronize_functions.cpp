@@ -9,7 +9,7 @@ using namespace entities;
 namespace {
 
 template <class Collection>
-void writeAll(canvas::Canvas& Form, const Lazy<Collection>& items, ActivityProperties* InDialog) {
+void writeAll(canvas::Canvas& Form, Lazy<Collection>& items, ActivityProperties* InDialog) {
     if (Collection* present = items.peek()) {
         for (auto& item : *present) {
             mirrorLinks(Work::Write, Form, item, InDialog);

@@ -102,7 +102,7 @@ std::vector<std::int32_t> partOfEdges(const ZoomForm& form, const LabelsD& owner
     return edges;
 }
 
-LabelsD* targetOf(const ZoomForm& form, std::int32_t edge) {
+LabelsD* targetOf(ZoomForm& form, std::int32_t edge) {
     return form.Labels.byIndex(form.Lines.byIndex(edge)->ToLabel());
 }
 
@@ -191,7 +191,7 @@ void Unfolding::expand(Members members) {
 }
 
 template <class List>
-void Unfolding::show(const Lazy<List>& items, const ExpansionRow& row, int firstRow) {
+void Unfolding::show(Lazy<List>& items, const ExpansionRow& row, int firstRow) {
     List* list = items.peek();
     if (!list) {
         return;
@@ -235,18 +235,18 @@ void Unfolding::showConstants(const LabelsD& node, const ParameterProperties& pa
     const CanvasSettings& sizes = form_.settings();
     for (const RegulatorProperties& link : parameter.RegulatedFrom) {
         const LabelsD* inDesign = form_.ParForm.nodeNamed(link.Regulator_name);
-        const bool named = form_.isNameTaken(link.Regulator_name) || form_.isNameTaken(link.Regulator_Key);
-        if (link.Regulator_type != row.constants || named || link.Regulator_Key.empty() ||
+        const bool named = form_.isNameTaken(link.Regulator_name) || form_.isNameTaken(link.Regulator_Key());
+        if (link.Regulator_type != row.constants || named || link.Regulator_Key().empty() ||
             (inDesign && inDesign->recordSet())) {
             continue;
         }
         LabelsD& constant =
             form_.Labels.Add({node.Left() - sizes.WDist - sizes.Width, node.Top(), sizes.BigHeight, sizes.BigHeight},
-                             link.Regulator_Key, canvas::NodeTypeConstant);
+                             link.Regulator_Key(), canvas::NodeTypeConstant);
         auto& entity = *constant.entity<ParameterProperties>();
         entity.Parameter_Type = parameter.Parameter_Type;
-        entity.Key = link.Regulator_Key;
-        constant.setToolTipText(typedName(form_, link.Regulator_Key, parameter.Parameter_Type));
+        entity.Key = link.Regulator_Key();
+        constant.setToolTipText(typedName(form_, link.Regulator_Key(), parameter.Parameter_Type));
     }
 }
 

@@ -30,7 +30,7 @@ class Unfolding {
 
   private:
     template <class List>
-    void show(const entities::Lazy<List>& items, const ExpansionRow& row, int firstRow);
+    void show(entities::Lazy<List>& items, const ExpansionRow& row, int firstRow);
     template <class Entity>
     void showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top);
     template <class List>

@@ -9,7 +9,7 @@ using namespace entities;
 namespace {
 
 template <class Links>
-void clear(const Lazy<Links>& links) {
+void clear(Lazy<Links>& links) {
     if (Links* present = links.peek()) {
         present->Clear();
     }
@@ -34,7 +34,7 @@ void erase(canvas::Canvas& Form, ParameterProperties& parameter, bool ClearLinks
 }
 
 template <class Collection>
-void eraseAll(canvas::Canvas& Form, const Lazy<Collection>& items, bool ClearLinks, ActivityProperties* InDialog) {
+void eraseAll(canvas::Canvas& Form, Lazy<Collection>& items, bool ClearLinks, ActivityProperties* InDialog) {
     if (Collection* present = items.peek()) {
         for (auto& item : *present) {
             erase(Form, item, ClearLinks, InDialog);

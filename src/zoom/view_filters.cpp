@@ -220,7 +220,7 @@ void showDerived(ZoomForm& form) {
         const LabelsD* target = form.nodeNamed(wholeKey(activity->Act_Name, KindOutput, output.Key));
         for (const RegulatorProperties& link : output.RegulatedFrom) {
             const LabelsD* node = link.Regulator_type == LinkParameterOutput
-                                      ? form.nodeNamed(link.Regulator_name + link.Regulator_Key)
+                                      ? form.nodeNamed(link.Regulator_name + link.Regulator_Key())
                                       : nullptr;
             const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
             if (!parameter || !target) {
@@ -228,8 +228,8 @@ void showDerived(ZoomForm& form) {
             }
             for (const RegulatorProperties& source : parameter->RegulatedFrom) {
                 const LabelsD* from = form.nodeNamed(source.Regulator_type == LinkRecordSet
-                                                         ? source.Regulator_Key
-                                                         : source.Regulator_name + source.Regulator_Key);
+                                                         ? source.Regulator_Key()
+                                                         : source.Regulator_name + source.Regulator_Key());
                 if (from) {
                     form.Lines.addFullLine(from->Index(), 3, target->Index(), 1, canvas::EdgeTypeDerived,
                                            canvas::AngleStraight, 0);

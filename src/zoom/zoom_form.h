@@ -68,14 +68,15 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     const entities::CatalogueTables& catalogue() const { return services_.catalogue; }
     platform::Progress& progress() const { return services_.progress; }
 
-    canvas::LabelsD* central() const { return Labels.byIndex(CentralActivityNo); }
+    const canvas::LabelsD* central() const { return Labels.byIndex(CentralActivityNo); }
+    canvas::LabelsD* central() { return Labels.byIndex(CentralActivityNo); }
 
     /// False for a node whose name another one bears: a second copy, or a sub-node of one.
     bool bearsName(const canvas::LabelsD& node) const { return NamesColl.Item(node.KeyName()) == node.Index(); }
 
     /// Runs `step` for each design node and its first copy: `step(zoom node, design node)`.
     template <class Step>
-    void eachFirstCopy(Step step) const {
+    void eachFirstCopy(Step step) {
         for (const NewANDoldIndex& pair : New2OldIndex) {
             canvas::LabelsD* shown = Labels.byIndex(pair.NewIndex);
             canvas::LabelsD* design = ParForm.Labels.byIndex(pair.OldIndex);

@@ -46,13 +46,13 @@ struct PlainWalk {
         --budget;
         auto& links = in ? each->ProvidedFrom : each->ProviderFor;
         for (const auto& link : links) {
-            found.insert(link.Provider_Name + link.Provider_Key);
+            found.insert(link.Provider_Name + link.Provider_Key());
         }
         const auto regulated = [&](const auto& list, auto&& counts) {
             for (const auto& link : list) {
                 if (counts(link.Regulator_type)) {
-                    found.insert(link.Regulator_name + link.Regulator_Key);
-                    found.merge(attribute(named(link.Regulator_name, link.Regulator_Key)));
+                    found.insert(link.Regulator_name + link.Regulator_Key());
+                    found.merge(attribute(named(link.Regulator_name, link.Regulator_Key())));
                 }
             }
         };
@@ -73,28 +73,29 @@ struct PlainWalk {
             }
         }
         for (const auto& link : links) {
-            found.merge(attribute(named(link.Provider_Name, link.Provider_Key)));
+            found.merge(attribute(named(link.Provider_Name, link.Provider_Key())));
         }
         return found;
     }
 
-    ParameterProperties* parameter(const RegulatorProperties& link) const {
+    const ParameterProperties* parameter(const RegulatorProperties& link) const {
         return form.nodeNamed(link.Regulator_name)
             ->activity()
-            ->Act_Parameters->Item(AfterSecondDot(link.Regulator_Key));
+            ->Act_Parameters.peek()
+            ->Item(AfterSecondDot(link.Regulator_Key()));
     }
 
     const AttributeProperties* named(const std::string& owner, const std::string& key) const {
         const LabelsD* node = form.nodeNamed(owner);
         if (node && node->recordSet()) {
-            return node->recordSet()->RecordSet_Outputs->Item(AfterFirstDot(key));
+            return node->recordSet()->RecordSet_Outputs.peek()->Item(AfterFirstDot(key));
         }
         if (!node || !node->activity()) {
             return nullptr;
         }
-        ActivityProperties& activity = *node->activity();
-        return key.find(".IN.") != std::string::npos ? activity.Act_Inputs->Item(AfterSecondDot(key))
-                                                     : activity.Act_Outputs->Item(AfterSecondDot(key));
+        const ActivityProperties& activity = *node->activity();
+        return key.find(".IN.") != std::string::npos ? activity.Act_Inputs.peek()->Item(AfterSecondDot(key))
+                                                     : activity.Act_Outputs.peek()->Item(AfterSecondDot(key));
     }
 };
 

@@ -88,6 +88,19 @@ TEST_F(Edges, FollowTheirNodes) {
     expectMiddle(angled, 1050, 1600);
 }
 
+TEST_F(Edges, AnUnknownAngleLeavesTheMiddleHandleAsItWas) {
+    for (const AngleCode former : {AngleNone, AngleVerticalUp, AngleVerticalDown, AngleStraight}) {
+        for (const int unknown : {4, -1}) {
+            LinesD& edge = join(EdgeTypeProvider, former);
+            edge.setAngle(static_cast<AngleCode>(unknown));
+            EXPECT_EQ(edge.middleHandleVisible(), former == AngleNone) << platform::numberOf(former);
+            EXPECT_EQ(platform::numberOf(edge.Angle()), unknown);
+            edge.setAngle(AngleNone);
+            EXPECT_TRUE(edge.middleHandleVisible());
+        }
+    }
+}
+
 TEST_F(Edges, AnEndIsAttachedThroughOneDoor) {
     const auto lists = [&] {
         std::string text;

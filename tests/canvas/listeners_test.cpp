@@ -37,6 +37,24 @@ class Told : public testkit::CanvasTest {
     DrawForm form{ports.services()};
 };
 
+TEST_F(Told, ARefusedNameChangesTheCaption) {
+    LabelsD& node = add("a");
+    LabelsD& comment = form.Labels.Add({0, 0, 500, 500}, "Comment1", NodeTypeComment);
+    add("b");
+    add("Comment3");
+    form.quietNames = true;
+    Log log(form);
+    node.setKeyName("c");
+    EXPECT_EQ(log.taken(), "") << "nothing visible changed";
+    node.setKeyName("b");
+    EXPECT_EQ(node.Caption(), kErrorName);
+    EXPECT_EQ(log.taken(), "N");
+    comment.setKeyName("Comment3");
+    EXPECT_EQ(log.taken(), "N") << "a comment takes a numbered name as caption";
+    node.setCaption("b");
+    EXPECT_EQ(log.taken(), "N") << "and not twice";
+}
+
 TEST_F(Told, OneChangeOnce) {
     Log log(form);
     LabelsD& node = add("a");

@@ -123,7 +123,7 @@ TEST(Pointer, WhereADragEnds) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.tool + (": " + row.events));
         PointerStage stage(row.tool);
-        const LabelsD& node = *stage.form.Labels.byIndex(1);
+        LabelsD& node = *stage.form.Labels.byIndex(1);
         node.recordSet()->Changed = false;
         const std::size_t last = row.events.rfind('|');
         stage.play(row.events.substr(0, last));
@@ -227,7 +227,7 @@ TEST(Pointer, ToolsPlaceNodes) {
 
 TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
     PointerStage stage;
-    const LabelsD& activity = *stage.form.Labels.byIndex(2);
+    LabelsD& activity = *stage.form.Labels.byIndex(2);
     stage.play("press n2 1 1 R|move n1 1 1|choose ActivityPropertiesM|choose CreateFromLDLM|choose ActivityZoomM");
     EXPECT_EQ(stage.host.taken(), " ActivityM dialog Act wizard Act says Please set the activity's type!!");
     activity.activity()->Act_Type = 0;

@@ -105,6 +105,50 @@ TEST(KeyedCollection, BehavesAsAPlainListOfPairs) {
     }
 }
 
+TEST(KeyedCollection, TakesAnOrderAndKeepsItsItems) {
+    for (const int size : {4, 40}) {
+        KeyedCollection<int> items;
+        std::vector<std::string> keys;
+        for (int number = 0; number < size; ++number) {
+            keys.push_back(std::to_string(number));
+            items.append(std::make_unique<int>(number), keys.back());
+        }
+        const int* third = items.Item("2");
+        std::vector<std::string> wanted(keys.rbegin(), keys.rend() - 2);
+        wanted.push_back("gone");
+        wanted.push_back("3");  // named twice
+        items.reorder(wanted);
+        std::vector<int> seen;
+        for (const int& item : items) {
+            seen.push_back(item);
+        }
+        std::vector<int> expected;
+        for (int number = size - 1; number >= 2; --number) {
+            expected.push_back(number);
+        }
+        expected.insert(expected.end(), {0, 1});
+        EXPECT_EQ(seen, expected);
+        EXPECT_EQ(items.Item("2"), third);
+        EXPECT_EQ(items.positionOf("2"), size - 2);
+    }
+}
+
+TEST(Links, AKeyChangesThroughItsCollection) {
+    RegulatorLinks links;
+    links.Add("A", LinkInput, ".IN.a", 4);
+    RegulatorProperties& second = links.Add("A", LinkInput, ".IN.b", 5);
+    links.Add("A", LinkInput, ".IN.c", 6);
+    EXPECT_TRUE(links.rekey(".IN.b", ".IN.z"));
+    EXPECT_EQ(links.Item(".IN.z"), &second);
+    EXPECT_EQ(links.positionOf(".IN.z"), 2);
+    EXPECT_EQ(second.Regulator_Key(), ".IN.z");
+    EXPECT_FALSE(links.Item(".IN.b"));
+    EXPECT_FALSE(links.rekey(".IN.z", ".IN.c")) << "another link bears the key";
+    EXPECT_FALSE(links.rekey(".IN.b", ".IN.y"));
+    EXPECT_TRUE(links.rekey(".IN.z", ".IN.z"));
+    EXPECT_EQ(links.Count(), 3);
+}
+
 TEST(Links, ASecondAddUnderOneKeyIsSwallowed) {
     ProviderLinks links;
     ProviderProperties& first = links.Add("RS1", LinkRecordSet, "RS1.A", 7);

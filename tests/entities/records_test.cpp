@@ -10,6 +10,17 @@ using namespace orvent::entities;
 
 namespace {
 
+// What is read through a const canvas, node or record cannot be written.
+template <class Pointer>
+constexpr bool readOnly = std::is_const_v<std::remove_pointer_t<Pointer>>;
+template <class Owner>
+Owner& any();  // never called
+static_assert(readOnly<decltype(any<const ActivityProperties>().Act_Inputs.peek()->Item(1))>);
+static_assert(readOnly<decltype(any<const canvas::LabelsD>().activity())>);
+static_assert(readOnly<decltype(any<const canvas::Canvas>().nodeNamed(""))>);
+static_assert(readOnly<decltype(any<const canvas::Canvas>().Labels.byIndex(1))>);
+static_assert(readOnly<decltype(any<const canvas::Canvas>().Lines.at(1))>);
+
 template <class Collection>
 std::string keysOf(const Collection& collection) {
     std::string keys;

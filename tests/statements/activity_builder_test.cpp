@@ -29,7 +29,7 @@ std::string built(const entities::ActivityProperties& activity) {
                 std::to_string(type);
         for (const entities::RegulatorProperties& link : links) {
             text += " <- " + link.Regulator_name + " " + std::to_string(platform::numberOf(link.Regulator_type)) + " " +
-                    link.Regulator_Key;
+                    link.Regulator_Key();
         }
         text += "\n";
     };
