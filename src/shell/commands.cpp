@@ -46,6 +46,14 @@ constexpr std::array kFile = {
     item("LoginM", "Login", login, withoutWindow, "login", ""),
 };
 
+constexpr std::array kRelationships = {
+    item("ViewPartOfM", "Part Of", viewPartOf, inZoom, "", ""),
+    item("ViewInstanceOfM", "Instance Of", viewInstanceOf, inZoom, "", ""),
+    item("ViewRegulatorM", "Regulator", viewRegulator, inZoom, "", ""),
+    item("ViewProviderM", "Provider", viewProvider, inZoom, "", ""),
+    item("ViewDerivedM", "Derived", viewDerived, inZoom, "", ""),
+};
+
 constexpr std::array kView = {
     item("ViewLargerM", "Larger", viewLarger, withWindow, "", "Ctrl++; Ctrl+="),
     item("ViewSmallerM", "Smaller", viewSmaller, withWindow, "", "Ctrl+-"),
@@ -53,6 +61,11 @@ constexpr std::array kView = {
     item("ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"),
     separator(withWindow),
     item("SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"),
+    separator(inZoom),
+    MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, inZoom},
+    item("ViewAttributesM", "Attributes", viewAttributes, inZoom, "", ""),
+    separator(inZoom),
+    item("MakeRoomM", "Make Room", makeRoom, inZoom, "", ""),
 };
 
 constexpr std::array kZoom = {

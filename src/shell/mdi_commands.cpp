@@ -11,6 +11,8 @@
 #include "shell/options_form.h"
 #include "shell/plain_forms.h"
 #include "zoom/check_consistency.h"
+#include "zoom/make_room.h"
+#include "zoom/view_filters.h"
 
 namespace orvent::shell {
 
@@ -25,6 +27,7 @@ enum class When {
     always,
     inWindow,   ///< a window with a canvas is in front, and no dialog of it is open
     inDesign,   ///< the same, and it is a design window
+    inZoom,     ///< likewise a zoom view
     withSave,   ///< the same, and the button of `MenuBar` is on
     withPrint,  ///< likewise
     withUndo,   ///< the button of `MenuBar` is on
@@ -84,6 +87,19 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::viewActualSize, inWindow,
          [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::actualSize); }},
         {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
+        {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
+         [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
+        {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
+         [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewPartOfM); }},
+        {Command::viewRegulator, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewRegulatorM); },
+         [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewRegulatorM); }},
+        {Command::viewInstanceOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewInstanceOfM); },
+         [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewInstanceOfM); }},
+        {Command::viewDerived, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewDerivedM); },
+         [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewDerivedM); }},
+        {Command::viewAttributes, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewAttributesM); },
+         [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewAttributesM); }},
+        {Command::makeRoom, inZoom, [](MDIForm1& f) { zoom::MakeRoom(*f.zoomInFront()); }},
         {Command::showDataTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::data); }},
         {Command::showFunctionTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::function); }},
         {Command::showActivityTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::activity); }},
@@ -114,6 +130,8 @@ bool MDIForm1::isEnabled(Command command) const {
             return activeEnabled() != nullptr;
         case inDesign:
             return activeScenario() != nullptr;
+        case inZoom:
+            return zoomInFront() != nullptr;
         case withSave:
             return activeEnabled() && tools_.isMenuEnabled("Save");
         case withPrint:
@@ -129,6 +147,16 @@ bool MDIForm1::isEnabled(Command command) const {
 canvas::ItemState MDIForm1::stateOf(Command command) const {
     const CommandRow& row = commandRows()[static_cast<std::size_t>(command)];
     return {isEnabled(command), row.checked ? std::optional(row.checked(*this)) : std::nullopt};
+}
+
+void MDIForm1::toggleMark(bool zoom::ViewMarks::*mark) {
+    toggleFilter(*zoomInFront(), mark);
+    host_.commandsChanged();
+}
+
+bool MDIForm1::marked(bool zoom::ViewMarks::*mark) const {
+    const zoom::ZoomForm* form = zoomInFront();
+    return form && form->marks.*mark;
 }
 
 void MDIForm1::login() {

@@ -179,6 +179,10 @@ canvas::CanvasForm* MDIForm1::openZoom() const {
     return nullptr;
 }
 
+zoom::ZoomForm* MDIForm1::zoomInFront() const {
+    return dynamic_cast<zoom::ZoomForm*>(activeEnabled());
+}
+
 void MDIForm1::ZoomActivity(int Slot, std::int32_t NodeIndex) {
     canvas::DrawForm* design = scenario(Slot);
     const canvas::LabelsD* node = design ? design->Labels.byIndex(NodeIndex) : nullptr;

@@ -27,6 +27,7 @@
 #include "statements/ldl_scenario.h"
 #include "zoom/entity_links.h"
 #include "zoom/relationship_rules.h"
+#include "zoom/zoom_form.h"
 
 namespace orvent::shell {
 
@@ -96,6 +97,10 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void discard(canvas::CanvasForm& form);
     canvas::CanvasForm* viewOver(const canvas::DrawForm& scenario) const;
     canvas::CanvasForm* openZoom() const;
+    /// The zoom view in front, when it takes input, or nothing.
+    zoom::ZoomForm* zoomInFront() const;
+    void toggleMark(bool zoom::ViewMarks::*mark);
+    bool marked(bool zoom::ViewMarks::*mark) const;
     void zoomSelected();
     void dropped(canvas::CanvasForm& form);
     bool showUserLogin();

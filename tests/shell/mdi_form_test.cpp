@@ -220,6 +220,13 @@ TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
                                                   {"ViewActualSizeM", viewActualSize},
                                                   {"ViewFitM", viewFit},
                                                   {"SelectAllM", selectAll},
+                                                  {"ViewPartOfM", viewPartOf},
+                                                  {"ViewInstanceOfM", viewInstanceOf},
+                                                  {"ViewRegulatorM", viewRegulator},
+                                                  {"ViewProviderM", viewProvider},
+                                                  {"ViewDerivedM", viewDerived},
+                                                  {"ViewAttributesM", viewAttributes},
+                                                  {"MakeRoomM", makeRoom},
                                                   {"ZoomInM", zoomIn},
                                                   {"ZoomOutM", zoomOut},
                                                   {"ActivityZoomM", activityZoom},
@@ -231,10 +238,15 @@ TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
                                                   {"HelpShortcutsM", shortcuts},
                                                   {"HelpAboutM", about}};
     std::map<std::string, Command> found;
-    for (const Menu& menu : menus()) {
-        for (const MenuItem& item : menu.items) {
-            EXPECT_TRUE(item.name.empty() || found.emplace(item.name, item.action).second) << item.name << " twice";
+    const std::function<void(std::span<const MenuItem>)> collect = [&](std::span<const MenuItem> items) {
+        for (const MenuItem& item : items) {
+            collect(item.items);
+            const bool plain = !item.name.empty() && item.items.empty();
+            EXPECT_TRUE(!plain || found.emplace(item.name, item.action).second) << item.name << " twice";
         }
+    };
+    for (const Menu& menu : menus()) {
+        collect(menu.items);
     }
     EXPECT_EQ(found, meant);
 }

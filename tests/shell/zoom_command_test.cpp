@@ -29,9 +29,8 @@ class ZoomCommand : public ::testing::Test {
     zoom::ZoomForm* zoomInFront() { return dynamic_cast<zoom::ZoomForm*>(stage.desk.active()); }
 
     void expectAllready(Answer answer) {
-        repository.messages.expect(
-            "You are allready Zooming on another Activity\nAre you sure you want to continue?", "Activity Zoom",
-            platform::Icon::question, platform::Buttons::okCancel, answer);
+        repository.messages.expect("You are allready Zooming on another Activity\nAre you sure you want to continue?",
+                                   "Activity Zoom", platform::Icon::question, platform::Buttons::okCancel, answer);
     }
     void expectApply(Answer answer) {
         repository.messages.expect("DO YOU WANT TO APPLY THE CHANGES TO SCENARIO Sample ?", "Closing Scenario",
@@ -53,8 +52,8 @@ TEST_F(ZoomCommand, ActsOnOneSelectedActivity) {
         std::initializer_list<const char*> selected;
         bool opens;
     };
-    for (const Row& row : {Row{{}, false}, Row{{"RS1"}, false}, Row{{"Activity1", "Activity2"}, false},
-                           Row{{"Activity2"}, true}}) {
+    for (const Row& row :
+         {Row{{}, false}, Row{{"RS1"}, false}, Row{{"Activity1", "Activity2"}, false}, Row{{"Activity2"}, true}}) {
         select(row.selected);
         frame.run(Command::activityZoom);
         EXPECT_EQ(zoomInFront() != nullptr, row.opens);
@@ -64,6 +63,30 @@ TEST_F(ZoomCommand, ActsOnOneSelectedActivity) {
     EXPECT_FALSE(design->Enabled());
     EXPECT_FALSE(frame.isEnabled(Command::createLdl));
     EXPECT_TRUE(frame.isEnabled(Command::zoomIn));
+}
+
+TEST_F(ZoomCommand, TheViewMenuSwitchesItsFilters) {
+    EXPECT_FALSE(frame.isEnabled(Command::viewPartOf));
+    select({"Activity2"});
+    frame.run(Command::activityZoom);
+    const zoom::ViewMarks& marks = zoomInFront()->marks;
+    struct Row {
+        Command command;
+        bool zoom::ViewMarks::*mark;
+    };
+    for (const Row& row : {Row{Command::viewProvider, &zoom::ViewMarks::ViewProviderM},
+                           Row{Command::viewPartOf, &zoom::ViewMarks::ViewPartOfM},
+                           Row{Command::viewRegulator, &zoom::ViewMarks::ViewRegulatorM},
+                           Row{Command::viewInstanceOf, &zoom::ViewMarks::ViewInstanceOfM},
+                           Row{Command::viewDerived, &zoom::ViewMarks::ViewDerivedM},
+                           Row{Command::viewAttributes, &zoom::ViewMarks::ViewAttributesM}}) {
+        const bool former = marks.*row.mark;
+        frame.run(row.command);
+        EXPECT_NE(marks.*row.mark, former);
+        EXPECT_EQ(frame.stateOf(row.command).checked, !former);
+        frame.run(row.command);
+        EXPECT_EQ(marks.*row.mark, former);
+    }
 }
 
 TEST_F(ZoomCommand, ASecondZoomClosesTheFirst) {

@@ -72,7 +72,9 @@ void DeskArea::drop(canvas::CanvasForm& form) {
         return;
     }
     dropWindow(window);
-    if (!active_ && !windows_.empty()) {
+    if (active_) {
+        bringForward(active_);  // the keyboard goes on there
+    } else if (!windows_.empty()) {
         // The toolkit passes over windows that take no input, as the one does over which a view was open.
         DeskWindow* below = windowOf(form.scenario());
         bringForward(below ? below : windows_.back());
