@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "canvas/canvas.h"
@@ -78,6 +79,10 @@ class DesignRules : public CanvasRules {
     /// Removes the edge, with a message, when nodes of these kinds may not be joined by it. True when it is valid.
     static bool CheckRelationship(Canvas& canvas, LinesD& edge);
 };
+
+/// The next default name made of a word and a counter. A loaded scenario may hold names that were given by default, so
+/// taken ones are passed over.
+std::string freeName(const Canvas& canvas, std::string_view word, std::int32_t& counter);
 
 /// `v` on the grid of 100 twips on which tools place nodes; ties go to the even multiple.
 float SnapToGrid(float v);

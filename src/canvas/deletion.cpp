@@ -89,15 +89,13 @@ bool releaseParameter(Canvas& canvas, LabelsD& node, EntityLinks& links) {
     return true;
 }
 
-template <class Entity>
-bool releaseWhole(Canvas& canvas, LabelsD& node, NodeKindCode kind, EntityLinks& links) {
-    const auto* entity = node.entity<Entity>();
-    if (!entity) {
-        return false;
+/// A node whose row goes with it.
+void releaseWhole(Canvas& canvas, LabelsD& node, EntityLinks& links) {
+    const std::int16_t* row = node.rowIdentifier();
+    canvas.DeletedNodes->Add(row ? *row : std::int16_t{0}, nodeKind(node.NodeType()).deleted);
+    if (node.activity() || node.recordSet()) {
+        links.unsynchronise(canvas, node);
     }
-    canvas.DeletedNodes->Add(entity->NodeID, kind);
-    links.unsynchronise(canvas, node);
-    return true;
 }
 
 bool release(Canvas& canvas, LabelsD& node, EntityLinks& links, CanvasRules& rules) {
@@ -115,19 +113,11 @@ bool release(Canvas& canvas, LabelsD& node, EntityLinks& links, CanvasRules& rul
         case NodeTypeParameter:
             return releaseParameter(canvas, node, links);
         case NodeTypeActivity:
-            return releaseWhole<ActivityProperties>(canvas, node, DeletedActivity, links);
         case NodeTypeRecordSet:
-            return releaseWhole<RecordSetProperties>(canvas, node, DeletedRecordSet, links);
-        case NodeTypeLog: {
-            const auto* row = std::get_if<std::int16_t>(&node.Properties);
-            canvas.DeletedNodes->Add(row ? *row : std::int16_t{0}, DeletedLog);
+        case NodeTypeLog:
+        case NodeTypeComment:
+            releaseWhole(canvas, node, links);
             return true;
-        }
-        case NodeTypeComment: {
-            const auto* comment = node.entity<CommentProperties>();
-            canvas.DeletedNodes->Add(comment ? comment->NodeID : std::int16_t{0}, DeletedComment);
-            return true;
-        }
         default:
             return false;
     }

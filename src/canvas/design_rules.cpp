@@ -11,24 +11,18 @@ namespace orvent::canvas {
 
 namespace {
 
-/// A tool that places nodes. Without a counter of its own, the default name takes the number of the last node.
-struct NodeTool {
-    std::string_view key;
+/// The kinds that tools place here. Without a counter of its own, the default name takes the number of the last node.
+struct PlacedKind {
     NodeTypeCode nodeType;
-    std::string_view word;
-    float CanvasSettings::*width;
-    float CanvasSettings::*height;
     std::int32_t Canvas::*counter;
     bool opensDialog;
 };
 
-constexpr std::array<NodeTool, 4> kNodeTools = {{
-    {"RecordSet", NodeTypeRecordSet, "RecordSet", &CanvasSettings::RecW, &CanvasSettings::RecH,
-     &Canvas::RecordSetCounter, true},
-    {"Activity", NodeTypeActivity, "Activity", &CanvasSettings::ActW, &CanvasSettings::ActH, &Canvas::ActivityCounter,
-     true},
-    {"Comment", NodeTypeComment, "Comment", &CanvasSettings::ComW, &CanvasSettings::ComH, nullptr, false},
-    {"Log", NodeTypeLog, "LOG", &CanvasSettings::LogW, &CanvasSettings::LogH, nullptr, false},
+constexpr std::array<PlacedKind, 4> kPlacedKinds = {{
+    {NodeTypeRecordSet, &Canvas::RecordSetCounter, true},
+    {NodeTypeActivity, &Canvas::ActivityCounter, true},
+    {NodeTypeComment, nullptr, false},
+    {NodeTypeLog, nullptr, false},
 }};
 
 /// A tool that draws edges, and the two kinds of nodes at which its edges may start.
@@ -43,19 +37,6 @@ constexpr std::array<EdgeTool, 2> kEdgeTools = {{
     {"Description", EdgeTypeDescription, {NodeTypeActivity, NodeTypeComment}},
 }};
 
-// A loaded scenario may hold names that were given by default, so taken ones are passed over.
-std::string defaultName(Canvas& canvas, const NodeTool& tool) {
-    const std::string word(tool.word);
-    if (!tool.counter) {
-        return word + std::to_string(canvas.LabelsNo);
-    }
-    std::string name;
-    do {
-        name = word + std::to_string(++(canvas.*tool.counter));
-    } while (canvas.isNameTaken(name));
-    return name;
-}
-
 bool isValid(EdgeTypeCode edgeType, NodeTypeCode from, NodeTypeCode to) {
     if (edgeType == EdgeTypeProvider) {
         return to != NodeTypeLog && to != NodeTypeComment;
@@ -65,18 +46,25 @@ bool isValid(EdgeTypeCode edgeType, NodeTypeCode from, NodeTypeCode to) {
 
 }  // namespace
 
+std::string freeName(const Canvas& canvas, std::string_view word, std::int32_t& counter) {
+    std::string name;
+    do {
+        name = std::string(word) + std::to_string(++counter);
+    } while (canvas.isNameTaken(name));
+    return name;
+}
+
 float SnapToGrid(float v) {
     return std::nearbyint(v / 100) * 100 + 0.0F;  // adding zero turns a negative zero into a plain one
 }
 
 LabelsD* DesignRules::placeNode(Canvas& canvas, std::string_view tool, Point at) {
-    for (const NodeTool& row : kNodeTools) {
-        if (row.key == tool) {
-            const float width = canvas.settings().*row.width;
-            const float height = canvas.settings().*row.height;
-            LabelsD& node =
-                canvas.Labels.Add({std::max(at.x - width / 2, 0.0F), std::max(at.y - height / 2, 0.0F), width, height},
-                                  defaultName(canvas, row), row.nodeType);
+    for (const PlacedKind& row : kPlacedKinds) {
+        const NodeKind& kind = nodeKind(row.nodeType);
+        if (kind.tool == tool) {
+            const std::string name = row.counter ? freeName(canvas, kind.word, canvas.*row.counter)
+                                                 : std::string(kind.word) + std::to_string(canvas.LabelsNo);
+            LabelsD& node = canvas.Labels.Add(placedBox(kind, canvas.settings(), at), name, row.nodeType);
             return row.opensDialog ? &node : nullptr;
         }
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <type_traits>
 #include <utility>
 
 #include "canvas/canvas.h"
@@ -22,6 +23,20 @@ long long numberBehind(const std::string& name, std::size_t skipped) {
     }
     return number;
 }
+
+/// The field of what a node holds that has the identifier of its row. `Held` is const or not.
+struct RowField {
+    template <class Held>
+    auto operator()(Held& held) const -> std::conditional_t<std::is_const_v<Held>, const std::int16_t*, std::int16_t*> {
+        if constexpr (requires { held->NodeID; }) {
+            return held ? &held->NodeID : nullptr;
+        } else if constexpr (std::is_same_v<std::remove_const_t<Held>, std::int16_t>) {
+            return &held;
+        } else {
+            return nullptr;
+        }
+    }
+};
 
 }  // namespace
 
@@ -114,12 +129,9 @@ void LabelsD::takeName(const std::string& value) {
         keyName_ = value;
         return;
     }
-    if (nodeType_ == NodeTypeComment) {
-        takeNumberedName("Comment", value);
-        return;
-    }
-    if (nodeType_ == NodeTypeLog) {
-        takeNumberedName("Log", value);
+    const NodeKind& kind = nodeKind(nodeType_);
+    if (kind.naming == Naming::numbered) {
+        takeNumberedName(kind.tool, value);
         return;
     }
     keyName_ = kErrorName;
@@ -152,7 +164,7 @@ void LabelsD::releaseNames() {
 void LabelsD::setCaption(const std::string& value) {
     const std::string former = caption_;
     caption_ = value;
-    if (nodeType_ != NodeTypeAttribute && nodeType_ != NodeTypeParameter) {
+    if (nodeKind(nodeType_).naming != Naming::own) {
         if (former != keyName_ && canvas_.NamesColl.Item(former) == index_) {
             canvas_.NamesColl.Remove(former);  // a numbered name that only the caption held
         }
@@ -169,7 +181,7 @@ void LabelsD::showCaption(const std::string& value) {
 std::string_view LabelsD::shownText() const {
     switch (nodeType_) {
         case NodeTypeLog:
-            return "LOG";
+            return nodeKind(nodeType_).word;
         case NodeTypeComment:
             return Comment();
         default:
@@ -189,10 +201,18 @@ void LabelsD::setComment(const std::string& value) {
     }
 }
 
+std::int16_t* LabelsD::rowIdentifier() {
+    return nodeKind(nodeType_).deleted == entities::KindFree ? nullptr : std::visit(RowField{}, Properties);
+}
+
+const std::int16_t* LabelsD::rowIdentifier() const {
+    return nodeKind(nodeType_).deleted == entities::KindFree ? nullptr : std::visit(RowField{}, Properties);
+}
+
 void LabelsD::setReady(bool value) {
     ready_ = value;
-    if (nodeType_ == NodeTypeLog || nodeType_ == NodeTypeComment) {
-        return;  // these have no colours of readiness
+    if (!nodeKind(nodeType_).showsReadiness) {
+        return;
     }
     const std::int32_t plain = value ? ReadyColor : NotReadyColor;
     const bool selected = canvas_.SelectedLabels.Item(index_) != nullptr;

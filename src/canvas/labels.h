@@ -11,37 +11,15 @@
 #include "canvas/box.h"
 #include "canvas/indexed_table.h"
 #include "canvas/lines.h"
+#include "canvas/node_kinds.h"
 #include "canvas/point.h"
-#include "entities/nodes.h"
 
 namespace orvent::canvas {
 
 class Canvas;
 
-/// `NodeType` codes. 1 and 2 stand for type records.
-enum class NodeTypeCode : std::int32_t {
-    NodeTypeDataType = 1,
-    NodeTypeFunctionType = 2,
-    NodeTypeConstant = 3,
-    NodeTypeAttribute = 4,
-    NodeTypeRecordSet = 5,
-    NodeTypeFunction = 6,
-    NodeTypeParameter = 7,
-    NodeTypeActivity = 8,
-    NodeTypeLog = 9,
-    NodeTypeComment = 10,
-};
-using enum NodeTypeCode;
-
 /// The name that a node bears whose name was refused as a duplicate.
 inline constexpr const char* kErrorName = "Error_myCode";
-
-/// What a node stands for: an entity, or a plain number (a log's repository identifier).
-using NodeProperties =
-    std::variant<std::int16_t, std::shared_ptr<entities::ActivityProperties>,
-                 std::shared_ptr<entities::RecordSetProperties>, std::shared_ptr<entities::CommentProperties>,
-                 std::shared_ptr<entities::AttributeProperties>, std::shared_ptr<entities::ParameterProperties>,
-                 std::shared_ptr<entities::FunctionProperties>, std::shared_ptr<entities::FunctionTypeProperties>>;
 
 /// The numbers of the edges that start or end at a node, in order of addition.
 class LineNumbers {
@@ -91,6 +69,7 @@ class LabelsD {
 
     NodeTypeCode NodeType() const { return nodeType_; }
     void setNodeType(NodeTypeCode value);
+    Figure figure() const { return nodeKind(nodeType_).figure; }
 
     const std::string& KeyName() const { return keyName_; }
     /// Takes the name in `NamesColl`. A taken name is told, and then reads `kErrorName`; a comment or a log takes the
@@ -148,6 +127,10 @@ class LabelsD {
     entities::ActivityProperties* activity() { return entity<entities::ActivityProperties>(); }
     const entities::RecordSetProperties* recordSet() const { return entity<entities::RecordSetProperties>(); }
     entities::RecordSetProperties* recordSet() { return entity<entities::RecordSetProperties>(); }
+
+    /// The identifier of the node's own row in the repository, or nothing for a kind that is never a row.
+    const std::int16_t* rowIdentifier() const;
+    std::int16_t* rowIdentifier();
 
     /// Where an edge attaches: a place 50 twips outside the box. Four points in the middle of the sides from the left
     /// clockwise; an activity has two inputs on the left (1, 2), the right end (4) and two points above and below.

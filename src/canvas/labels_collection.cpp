@@ -1,6 +1,5 @@
 // Making and removing the nodes of a canvas.
 
-#include <array>
 #include <utility>
 
 #include "canvas/canvas.h"
@@ -8,89 +7,6 @@
 namespace orvent::canvas {
 
 namespace {
-
-constexpr std::int32_t kWhite = 0xFFFFFF;
-constexpr std::int32_t kLightYellow = 0xCCFFFF;
-constexpr std::int32_t kLightGrey = 0xDDDDDD;
-constexpr std::int32_t kRed = 255;
-constexpr std::int32_t kBlue = 0xFF0000;
-constexpr std::int32_t kBlack = 0;
-
-/// What is settled for each kind of node: the fill of a new box, and the colours of readiness.
-struct KindRow {
-    std::int32_t backColor;
-    std::int32_t readyColor;
-    std::int32_t notReadyColor;
-};
-
-constexpr std::array<KindRow, 11> kKinds = {{
-    {kWhite, kBlack, kBlack},
-    {kWhite, kBlack, kRed},         // data type
-    {kWhite, kBlack, kRed},         // function type
-    {kWhite, kBlack, kRed},         // constant
-    {kWhite, kWhite, kRed},         // attribute
-    {kWhite, kWhite, kRed},         // record set
-    {kWhite, kBlue, kRed},          // function
-    {kWhite, kWhite, kRed},         // parameter
-    {kWhite, kBlack, kRed},         // activity
-    {kLightGrey, kBlack, kBlack},   // log
-    {kLightYellow, kBlack, kBlack}  // comment
-}};
-
-const KindRow& kindRow(NodeTypeCode nodeType) {
-    const auto at = static_cast<std::size_t>(nodeType);
-    return at < kKinds.size() ? kKinds[at] : kKinds[0];
-}
-
-NodeProperties newEntity(NodeTypeCode nodeType, const std::string& name, const std::string& caption,
-                         std::int32_t index) {
-    using namespace entities;
-    switch (nodeType) {
-        case NodeTypeFunctionType:
-            return std::make_shared<FunctionTypeProperties>();
-        case NodeTypeConstant: {
-            auto constant = std::make_shared<ParameterProperties>();
-            constant->Parameter_Name = name;
-            constant->Key = name;
-            constant->NodeKind = KindConstant;
-            constant->ParentKeyName = caption;
-            constant->LabelIndex = index;
-            return constant;
-        }
-        case NodeTypeAttribute: {
-            auto attribute = std::make_shared<AttributeProperties>();
-            attribute->Attribute_Name = name;
-            attribute->Key = name;
-            return attribute;
-        }
-        case NodeTypeRecordSet: {
-            auto recordSet = std::make_shared<RecordSetProperties>();
-            recordSet->RecordSet_Name = name;
-            return recordSet;
-        }
-        case NodeTypeFunction: {
-            auto function = std::make_shared<FunctionProperties>();
-            function->Function_Name = name;
-            function->Function_Key = name;
-            return function;
-        }
-        case NodeTypeParameter: {
-            auto parameter = std::make_shared<ParameterProperties>();
-            parameter->Parameter_Name = name;
-            parameter->Key = name;
-            return parameter;
-        }
-        case NodeTypeActivity: {
-            auto activity = std::make_shared<ActivityProperties>();
-            activity->Act_Name = name;
-            return activity;
-        }
-        case NodeTypeComment:
-            return std::make_shared<CommentProperties>();
-        default:
-            return std::int16_t{0};
-    }
-}
 
 NodeProperties cloned(const NodeProperties& properties) {
     return std::visit(
@@ -117,10 +33,10 @@ LabelsD& LabelsCollection::make(const Box& box, const std::string& Caption, Node
     node.setCaption(Caption);
     if (!KeyName.empty()) {
         node.setKeyName(KeyName);
-    } else if (NodeType == NodeTypeAttribute || NodeType == NodeTypeParameter) {
+    } else if (nodeKind(NodeType).naming == Naming::own) {
         node.setKeyName(Caption);
     }
-    finishNode(node, newEntity(NodeType, node.KeyName(), Caption, node.Index()));
+    finishNode(node, nodeKind(NodeType).newEntity(node.KeyName(), Caption, node.Index()));
     return node;
 }
 
@@ -144,7 +60,7 @@ LabelsD& LabelsCollection::beginNode(const Box& box, NodeTypeCode NodeType) {
 }
 
 void LabelsCollection::finishNode(LabelsD& node, NodeProperties entity) {
-    const KindRow& kind = kindRow(node.NodeType());
+    const NodeKind& kind = nodeKind(node.NodeType());
     node.setColor(kind.backColor);
     node.ReadyColor = kind.readyColor;
     node.NotReadyColor = kind.notReadyColor;

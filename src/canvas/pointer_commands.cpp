@@ -15,29 +15,6 @@ struct WalkKey {
 constexpr WalkKey kWalkKeys[] = {
     {LeftKey, Direction::left}, {RightKey, Direction::right}, {UpKey, Direction::up}, {DownKey, Direction::down}};
 
-std::string_view menuOf(const LabelsD& node) {
-    switch (node.NodeType()) {
-        case NodeTypeRecordSet:
-            return "RecordSetM";
-        case NodeTypeActivity:
-            return "ActivityM";
-        case NodeTypeLog:
-            return "LogM";
-        case NodeTypeComment:
-            return "CommentM";
-        case NodeTypeConstant:
-            return "ConstantM";
-        case NodeTypeAttribute:
-            return "AttributeM";
-        case NodeTypeFunction:
-            return "FunctionM";
-        case NodeTypeParameter:
-            return "ParameterM";
-        default:
-            return "";
-    }
-}
-
 }  // namespace
 
 void CanvasPointer::pressNodeMenu(LabelsD& node, const PointerEvent& event) {
@@ -48,7 +25,7 @@ void CanvasPointer::pressNodeMenu(LabelsD& node, const PointerEvent& event) {
     if (node.NodeType() == NodeTypeComment && !node.onText(event.at)) {
         return;
     }
-    showMenu(menuOf(node), event.at);
+    showMenu(nodeKind(node.NodeType()).menu, event.at);
 }
 
 void CanvasPointer::showMenu(std::string_view name, Point at) {

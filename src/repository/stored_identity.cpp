@@ -18,25 +18,10 @@ void eachIdentifier(entities::FunctionProperties& function, Visit visit) {
     eachSubNode(function.Function_Outputs, visit);
 }
 
-/// The field that holds a node's identifier, or nothing for a node that is never saved. `Node` is const or not.
-template <class Node>
-auto identifierOf(Node& node) -> decltype(&node.recordSet()->NodeID) {
-    if (auto* activity = node.activity()) {
-        return &activity->NodeID;
-    }
-    if (auto* recordSet = node.recordSet()) {
-        return &recordSet->NodeID;
-    }
-    if (auto* comment = node.template entity<entities::CommentProperties>()) {
-        return &comment->NodeID;
-    }
-    return node.NodeType() == canvas::NodeTypeLog ? std::get_if<std::int16_t>(&node.Properties) : nullptr;
-}
-
 /// Visits the identifiers of a node and of all its members, in an order that stays.
 template <class Visit>
 void eachIdentifier(canvas::LabelsD& node, Visit visit) {
-    if (std::int16_t* id = identifierOf(node)) {
+    if (std::int16_t* id = node.rowIdentifier()) {
         visit(*id);
     }
     if (auto* activity = node.activity()) {
@@ -101,7 +86,7 @@ void StoredIdentity::restore(canvas::DrawForm& form) const {
 std::unordered_set<long long> storedNodes(const canvas::DrawForm& form) {
     std::unordered_set<long long> identifiers;
     for (const canvas::LabelsD& node : form.Labels) {
-        if (const std::int16_t* id = identifierOf(node)) {
+        if (const std::int16_t* id = node.rowIdentifier()) {
             identifiers.insert(*id);
         }
     }
@@ -111,7 +96,7 @@ std::unordered_set<long long> storedNodes(const canvas::DrawForm& form) {
 
 void forgetNodesWithoutRow(canvas::DrawForm& form, const std::unordered_set<long long>& rows) {
     for (canvas::LabelsD& node : form.Labels) {
-        const std::int16_t* id = identifierOf(node);
+        const std::int16_t* id = node.rowIdentifier();
         if (id && *id != 0 && !rows.contains(*id)) {
             forgetStoredRows(node);
         }

@@ -12,30 +12,22 @@
 namespace orvent::zoom {
 
 using namespace entities;
-using canvas::CanvasSettings;
 using canvas::LabelsD;
 using canvas::LinesD;
 
 namespace {
 
-/// A tool that places nodes. Its key is the word from which default names are made, too.
-struct NodeTool {
-    std::string_view key;
+/// The kinds that tools place here.
+struct PlacedKind {
     canvas::NodeTypeCode nodeType;
-    float CanvasSettings::*width;
-    float CanvasSettings::*height;
     std::int32_t ZoomForm::*counter;
 };
 
-constexpr std::array<NodeTool, 4> kNodeTools = {{
-    {"Constant", canvas::NodeTypeConstant, &CanvasSettings::BigHeight, &CanvasSettings::BigHeight,
-     &ZoomForm::ConstantCounter},
-    {"Attribute", canvas::NodeTypeAttribute, &CanvasSettings::Width, &CanvasSettings::Height,
-     &ZoomForm::AttributeCounter},
-    {"Function", canvas::NodeTypeFunction, &CanvasSettings::Width, &CanvasSettings::BigHeight,
-     &ZoomForm::FunctionCounter},
-    {"Parameter", canvas::NodeTypeParameter, &CanvasSettings::Width, &CanvasSettings::Height,
-     &ZoomForm::ParameterCounter},
+constexpr std::array<PlacedKind, 4> kPlacedKinds = {{
+    {canvas::NodeTypeConstant, &ZoomForm::ConstantCounter},
+    {canvas::NodeTypeAttribute, &ZoomForm::AttributeCounter},
+    {canvas::NodeTypeFunction, &ZoomForm::FunctionCounter},
+    {canvas::NodeTypeParameter, &ZoomForm::ParameterCounter},
 }};
 
 struct EdgeTool {
@@ -55,14 +47,6 @@ bool standsForLinks(const LinesD& edge) {
                        [&](const EdgeTool& tool) { return tool.edgeType == edge.EdgeType(); });
 }
 
-std::string defaultName(ZoomForm& form, const NodeTool& tool) {
-    std::string name;
-    do {
-        name = std::string(tool.key) + std::to_string(++(form.*tool.counter));
-    } while (form.isNameTaken(name));
-    return name;
-}
-
 /// A part-of edge may go when it ties a member to an activity. Those of a record set and of a function hold what the
 /// design window or the catalogue made.
 bool tiesMember(const ZoomForm& form, const LinesD& edge) {
@@ -73,15 +57,13 @@ bool tiesMember(const ZoomForm& form, const LinesD& edge) {
 }  // namespace
 
 LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Point at) {
-    for (const NodeTool& row : kNodeTools) {
-        if (row.key != tool) {
+    for (const PlacedKind& row : kPlacedKinds) {
+        const canvas::NodeKind& kind = canvas::nodeKind(row.nodeType);
+        if (kind.tool != tool) {
             continue;
         }
-        const float width = form_.settings().*row.width;
-        const float height = form_.settings().*row.height;
-        LabelsD& node =
-            form_.Labels.Add({std::max(at.x - width / 2, 0.0F), std::max(at.y - height / 2, 0.0F), width, height},
-                             defaultName(form_, row), row.nodeType);
+        LabelsD& node = form_.Labels.Add(canvas::placedBox(kind, form_.settings(), at),
+                                         canvas::freeName(form_, kind.word, form_.*row.counter), row.nodeType);
         if (row.nodeType != canvas::NodeTypeFunction) {
             node.setToolTipText(typedName(form_, node.Caption(), 0));
         }

@@ -117,7 +117,7 @@ class CanvasViewTest : public WindowTest {
         for (int code = 1; code <= 10; ++code) {
             const auto kind = static_cast<canvas::NodeTypeCode>(code);
             const canvas::LabelsD& node = scene.add(kind, 0, 0, 3000, 1200);
-            const QPainterPath outline = nodeShape(kind).outline(QRectF(0, 0, 3000, 1200), kTwipsPerPixel);
+            const QPainterPath outline = nodeShape(node.figure()).outline(QRectF(0, 0, 3000, 1200), kTwipsPerPixel);
             for (int point = 1; point <= (kind == canvas::NodeTypeActivity ? 5 : 4); ++point) {
                 const Point at = node.GrabPoint(point);
                 QPainterPath around;

@@ -8,6 +8,7 @@
 
 #include "qt/canvas/canvas_view.h"
 #include "qt/canvas/edge_painter.h"
+#include "qt/text.h"
 
 namespace orvent::qt {
 
@@ -17,19 +18,6 @@ constexpr double kEdgeReach = 5;    // pixels beside an edge that count as on it
 constexpr double kHandleReach = 4;  // pixels around the middle of a handle, however small it is
 constexpr double kWheelStep = 1.2;
 constexpr int kLongestTip = 1000;
-
-/// The kinds of node by `NodeType`.
-constexpr const char* kKinds[] = {"",
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Data type"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Function type"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Constant"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Attribute"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Record set"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Function"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Parameter"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Activity"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Log"),
-                                  QT_TRANSLATE_NOOP("CanvasViewWidget", "Comment")};
 
 }  // namespace
 
@@ -172,10 +160,10 @@ QString CanvasViewWidget::toolTipAt(QPoint place) {
         return {};
     }
     const std::string_view words = node->ToolTipText().empty() ? node->shownText() : node->ToolTipText();
-    const QString name = QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size())).left(kLongestTip);
-    const std::size_t kind = static_cast<std::size_t>(node->NodeType());
-    QString tip = kind < std::size(kKinds) ? tr(kKinds[kind]) : QString();
-    if (node->NodeType() != canvas::NodeTypeComment && node->NodeType() != canvas::NodeTypeLog) {
+    const QString name = text(words).left(kLongestTip);
+    const canvas::NodeKind& kind = canvas::nodeKind(node->NodeType());
+    QString tip = text(kind.title);
+    if (kind.showsReadiness) {
         tip = tr("%1, %2").arg(tip, node->Ready() ? tr("ready") : tr("not ready"));
     }
     // As plain text: a caption may hold characters that a tool tip would take for markup.

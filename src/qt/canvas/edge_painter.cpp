@@ -61,8 +61,8 @@ QPointF directionOf(std::string_view image) {
 /// inside its outline already.
 QPointF towardsBox(const canvas::LabelsD& node, int point) {
     const QPointF direction = directionOf(node.LineArrowDirection(point));
-    if (node.NodeType() == canvas::NodeTypeActivity && direction.y() != 0) {
-        return direction * (kActivityWaist - 0.25) * static_cast<double>(node.Height());
+    if (node.figure() == canvas::Figure::funnel && direction.y() != 0) {
+        return direction * (kFunnelWaist - 0.25) * static_cast<double>(node.Height());
     }
     return direction * kClearance;
 }

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "platform/codes.h"
 #include "qt/canvas/comment_bar.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/theme/blend.h"
@@ -45,28 +44,28 @@ void paintSelection(const PaintContext& context, const QRectF& box) {
     context.painter.drawRoundedRect(frame, context.length(4), context.length(4));
 }
 
-/// The parts that tell the kinds apart at a glance.
-void paintMarks(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box, const QColor& fill,
+/// The parts that tell the figures apart at a glance.
+void paintMarks(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill,
                 const QPen& border) {
     QPainter& painter = context.painter;
     const double unit = context.transform.scale;
-    switch (kind) {
-        case canvas::NodeTypeActivity:
-            painter.fillPath(activityMouth(box, unit), context.colours.activity);
+    switch (figure) {
+        case canvas::Figure::funnel:
+            painter.fillPath(funnelMouth(box, unit), context.colours.activity);
             break;
-        case canvas::NodeTypeRecordSet:
+        case canvas::Figure::drum:
             painter.setPen(border);
             painter.setBrush(context.colours.recordSet);
-            painter.drawPath(recordSetLid(box, unit));
+            painter.drawPath(drumLid(box, unit));
             break;
-        case canvas::NodeTypeComment:
+        case canvas::Figure::sheet:
             painter.setPen(border);
             painter.setBrush(blend(fill, QColor(Qt::black), 0.14));
-            painter.drawPath(commentFold(box, unit));
+            painter.drawPath(sheetFold(box, unit));
             break;
-        case canvas::NodeTypeLog: {
-            painter.fillPath(logHeader(box, unit), context.colours.logHeader);
-            const double middle = logHeader(box, unit).boundingRect().center().y();
+        case canvas::Figure::card: {
+            painter.fillPath(cardHeader(box, unit), context.colours.logHeader);
+            const double middle = cardHeader(box, unit).boundingRect().center().y();
             painter.setPen(Qt::NoPen);
             painter.setBrush(context.colours.lightText);
             for (const double at : {6.0, 11.0, 16.0}) {
@@ -80,7 +79,7 @@ void paintMarks(const PaintContext& context, canvas::NodeTypeCode kind, const QR
 }
 
 /// Below full detail: a plain box, and what is left of the marks; smaller still, only its colour.
-void paintThin(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& place, const QColor& fill) {
+void paintThin(const PaintContext& context, canvas::Figure figure, const QRectF& place, const QColor& fill) {
     Pixels& pixels = *context.image;
     if (context.detail == Detail::coarse) {
         pixels.fill(place, fill == context.colours.paper ? context.colours.outline.rgb() : fill.rgb());
@@ -92,21 +91,21 @@ void paintThin(const PaintContext& context, canvas::NodeTypeCode kind, const QRe
     const QRectF inside = box.adjusted(half, half, -half, -half);
     pixels.fill(box.adjusted(-half, -half, half, half), context.colours.outline.rgb());
     pixels.fill(inside, fill.rgb());
-    if (kind == canvas::NodeTypeActivity) {
+    if (figure == canvas::Figure::funnel) {
         pixels.fill(QRectF(inside.topLeft(), QSizeF(std::max(2.0, box.width() * 0.12), inside.height())),
                     context.colours.activity.rgb());
-    } else if (kind == canvas::NodeTypeRecordSet) {
+    } else if (figure == canvas::Figure::drum) {
         pixels.fill(QRectF(inside.topLeft(), QSizeF(inside.width(), std::max(2.0, box.height() * 0.25))),
                     context.colours.recordSet.rgb());
     }
 }
 
-void drawBox(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box, const QColor& fill) {
+void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill) {
     const double pen = context.penWidth(1);
     const QPen border(context.colours.outline, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    const QPainterPath outline = nodeShape(kind).outline(box, context.transform.scale);
+    const QPainterPath outline = nodeShape(figure).outline(box, context.transform.scale);
     context.painter.fillPath(outline, fill);
-    paintMarks(context, kind, box, fill, border);
+    paintMarks(context, figure, box, fill, border);
     context.painter.strokePath(outline, border);
 }
 
@@ -129,16 +128,15 @@ void NodePainter::prepare(const PaintContext& context) {
     }
 }
 
-void NodePainter::paintBox(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box,
-                           const QColor& fill) {
+void NodePainter::paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill) {
     const int width = static_cast<int>(std::lround(box.width() * context.pixelRatio));
     const int height = static_cast<int>(std::lround(box.height() * context.pixelRatio));
     if (width > kLargestPicture || height > kLargestPicture) {
-        drawBox(context, kind, box, fill);
+        drawBox(context, figure, box, fill);
         return;
     }
     // Boxes stand on whole device pixels, so the same picture fits all of them.
-    QPixmap& picture = pictures_[{platform::numberOf(kind), width, height, fill.rgb()}];
+    QPixmap& picture = pictures_[{figure, width, height, fill.rgb()}];
     const double margin =
         kPictureMargin + box.left() - std::floor(box.left() * context.pixelRatio) / context.pixelRatio;
     if (picture.isNull()) {
@@ -149,14 +147,14 @@ void NodePainter::paintBox(const PaintContext& context, canvas::NodeTypeCode kin
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
         const PaintContext inside{painter, context.transform, context.colours, context.pixelRatio, context.detail};
-        drawBox(inside, kind, QRectF(QPointF(margin, margin), box.size()), fill);
+        drawBox(inside, figure, QRectF(QPointF(margin, margin), box.size()), fill);
     }
     context.painter.drawPixmap(box.topLeft() - QPointF(margin, margin), picture);
 }
 
 void NodePainter::paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box,
                                const QColor& fill) {
-    const NodeShape& shape = nodeShape(node.NodeType());
+    const NodeShape& shape = nodeShape(node.figure());
     QRectF room = shape.captionRoom(box, context.transform.scale);
     if (shape.form == CaptionForm::paragraph) {
         room.setRight(std::min(room.right(), commentStrip(box, context.transform.scale).left()));
@@ -188,10 +186,10 @@ void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node
     const QColor fill = fillOf(node, context.colours);
     const QRectF place = context.transform.toPixels(boxOf(node));
     if (context.detail != Detail::full) {
-        paintThin(context, node.NodeType(), place, fill);
+        paintThin(context, node.figure(), place, fill);
     } else {
         const QRectF box = context.sharp(place, context.penWidth(1));
-        paintBox(context, node.NodeType(), box, fill);
+        paintBox(context, node.figure(), box, fill);
         paintCaption(context, node, box, fill);
     }
     if (selected) {

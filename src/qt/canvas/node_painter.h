@@ -16,8 +16,8 @@ QColor fillOf(const canvas::LabelsD& node, const CanvasColours& colours);
 /// The better readable of the two caption colours on a fill.
 QColor captionColour(const QColor& fill, const CanvasColours& colours);
 
-/// Paints nodes: shape by kind, fill by colour, caption, and an outline around a selected one. Boxes of one kind, size
-/// and colour look alike, so each such picture is drawn once and kept.
+/// Paints nodes: shape by figure, fill by colour, caption, and an outline around a selected one. Boxes of one figure,
+/// size and colour look alike, so each such picture is drawn once and kept.
 class NodePainter {
   public:
     explicit NodePainter(const QFont& font) : captions_(font) {}
@@ -36,9 +36,9 @@ class NodePainter {
     const CaptionCache& cache() const { return captions_; }
 
   private:
-    using PictureKey = std::tuple<std::int32_t, int, int, QRgb>;  // kind, width and height in device pixels, fill
+    using PictureKey = std::tuple<canvas::Figure, int, int, QRgb>;  // figure, width and height in device pixels, fill
 
-    void paintBox(const PaintContext& context, canvas::NodeTypeCode kind, const QRectF& box, const QColor& fill);
+    void paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill);
     void paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box, const QColor& fill);
 
     CaptionCache captions_;

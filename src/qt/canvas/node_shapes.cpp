@@ -5,8 +5,6 @@
 #include <array>
 #include <initializer_list>
 
-#include "canvas/labels.h"
-
 namespace orvent::qt {
 
 namespace {
@@ -56,8 +54,8 @@ double headerHeight(const QRectF& box, double unit) {
 }
 
 // Broad at the left, where the inputs are, and pointed at the right, where the output is.
-QPainterPath activityOutline(const QRectF& box, double unit) {
-    const double waist = box.height() * kActivityWaist;
+QPainterPath funnelOutline(const QRectF& box, double unit) {
+    const double waist = box.height() * kFunnelWaist;
     const double in = box.left() + flare(box);
     const double out = box.right() - nose(box);
     return rounded({{box.topLeft(), 2.5 * unit},
@@ -69,12 +67,12 @@ QPainterPath activityOutline(const QRectF& box, double unit) {
                     {box.bottomLeft(), 2.5 * unit}});
 }
 
-QRectF activityRoom(const QRectF& box, double unit) {
-    const double waist = box.height() * kActivityWaist;
+QRectF funnelRoom(const QRectF& box, double unit) {
+    const double waist = box.height() * kFunnelWaist;
     return box.adjusted(flare(box) * 0.8 + unit, waist, -nose(box) * 0.55 - unit, -waist);
 }
 
-QPainterPath recordSetOutline(const QRectF& box, double) {
+QPainterPath drumOutline(const QRectF& box, double) {
     const double ry = lidRadius(box);
     QPainterPath path;
     path.moveTo(box.left(), box.top() + ry);
@@ -85,12 +83,12 @@ QPainterPath recordSetOutline(const QRectF& box, double) {
     return path;
 }
 
-QRectF recordSetRoom(const QRectF& box, double unit) {
+QRectF drumRoom(const QRectF& box, double unit) {
     const double ry = lidRadius(box);
     return box.adjusted(2 * unit, 2 * ry, -2 * unit, -ry * 0.4);
 }
 
-QPainterPath commentOutline(const QRectF& box, double unit) {
+QPainterPath sheetOutline(const QRectF& box, double unit) {
     const double fold = foldSize(box, unit);
     return rounded({{box.topLeft(), 2 * unit},
                     {{box.right() - fold, box.top()}, 0},
@@ -99,7 +97,7 @@ QPainterPath commentOutline(const QRectF& box, double unit) {
                     {box.bottomLeft(), 2 * unit}});
 }
 
-QRectF commentRoom(const QRectF& box, double unit) {
+QRectF sheetRoom(const QRectF& box, double unit) {
     return box.adjusted(6 * unit, 5 * unit, -12 * unit, -4 * unit);
 }
 
@@ -109,11 +107,11 @@ QPainterPath roundedBox(const QRectF& box, double radius) {
     return path;
 }
 
-QPainterPath logOutline(const QRectF& box, double unit) {
+QPainterPath cardOutline(const QRectF& box, double unit) {
     return roundedBox(box, 3 * unit);
 }
 
-QRectF logRoom(const QRectF& box, double unit) {
+QRectF cardRoom(const QRectF& box, double unit) {
     return box.adjusted(4 * unit, headerHeight(box, unit), -4 * unit, 0);
 }
 
@@ -121,11 +119,11 @@ QPainterPath plainOutline(const QRectF& box, double unit) {
     return roundedBox(box, 2.5 * unit);
 }
 
-QPainterPath parameterOutline(const QRectF& box, double) {
+QPainterPath pillOutline(const QRectF& box, double) {
     return roundedBox(box, std::min(box.width(), box.height()) / 2);
 }
 
-QPainterPath functionOutline(const QRectF& box, double unit) {
+QPainterPath hexagonOutline(const QRectF& box, double unit) {
     const double in = nose(box);
     return rounded({{{box.left(), box.center().y()}, 2 * unit},
                     {{box.left() + in, box.top()}, 3 * unit},
@@ -135,7 +133,7 @@ QPainterPath functionOutline(const QRectF& box, double unit) {
                     {{box.left() + in, box.bottom()}, 3 * unit}});
 }
 
-QPainterPath constantOutline(const QRectF& box, double unit) {
+QPainterPath octagonOutline(const QRectF& box, double unit) {
     const double cut = std::min({7 * unit, box.width() / 4, box.height() / 4});
     return rounded({{{box.left() + cut, box.top()}, unit},
                     {{box.right() - cut, box.top()}, unit},
@@ -156,29 +154,26 @@ QRectF roundRoom(const QRectF& box, double unit) {
     return box.adjusted(in, 0, -in, 0);
 }
 
-constexpr std::array<NodeShape, 11> kShapes = {{
-    {plainOutline, plainRoom, CaptionForm::line},
-    {plainOutline, plainRoom, CaptionForm::line},           // data type
-    {plainOutline, plainRoom, CaptionForm::line},           // function type
-    {constantOutline, plainRoom, CaptionForm::line},        // constant
-    {plainOutline, plainRoom, CaptionForm::line},           // attribute
-    {recordSetOutline, recordSetRoom, CaptionForm::line},   // record set
-    {functionOutline, roundRoom, CaptionForm::line},        // function
-    {parameterOutline, roundRoom, CaptionForm::line},       // parameter
-    {activityOutline, activityRoom, CaptionForm::line},     // activity
-    {logOutline, logRoom, CaptionForm::strongLine},         // log
-    {commentOutline, commentRoom, CaptionForm::paragraph},  // comment
+// By figure.
+constexpr std::array<NodeShape, 8> kShapes = {{
+    {plainOutline, plainRoom, CaptionForm::line},       // plain
+    {octagonOutline, plainRoom, CaptionForm::line},     // octagon
+    {hexagonOutline, roundRoom, CaptionForm::line},     // hexagon
+    {pillOutline, roundRoom, CaptionForm::line},        // pill
+    {drumOutline, drumRoom, CaptionForm::line},         // drum
+    {funnelOutline, funnelRoom, CaptionForm::line},     // funnel
+    {cardOutline, cardRoom, CaptionForm::strongLine},   // card
+    {sheetOutline, sheetRoom, CaptionForm::paragraph},  // sheet
 }};
 
 }  // namespace
 
-const NodeShape& nodeShape(canvas::NodeTypeCode nodeType) {
-    const auto at = static_cast<std::size_t>(nodeType);
-    return kShapes[at < kShapes.size() ? at : 0];
+const NodeShape& nodeShape(canvas::Figure figure) {
+    return kShapes[static_cast<std::size_t>(figure)];
 }
 
-QPainterPath activityMouth(const QRectF& box, double unit) {
-    const double waist = box.height() * kActivityWaist * 0.6;
+QPainterPath funnelMouth(const QRectF& box, double unit) {
+    const double waist = box.height() * kFunnelWaist * 0.6;
     const double in = box.left() + flare(box) * 0.6;
     return rounded({{box.topLeft(), 2.5 * unit},
                     {{in, box.top() + waist}, 0},
@@ -186,20 +181,20 @@ QPainterPath activityMouth(const QRectF& box, double unit) {
                     {box.bottomLeft(), 2.5 * unit}});
 }
 
-QPainterPath recordSetLid(const QRectF& box, double) {
+QPainterPath drumLid(const QRectF& box, double) {
     QPainterPath path;
     path.addEllipse(QRectF(box.left(), box.top(), box.width(), 2 * lidRadius(box)));
     return path;
 }
 
-QPainterPath commentFold(const QRectF& box, double unit) {
+QPainterPath sheetFold(const QRectF& box, double unit) {
     const double fold = foldSize(box, unit);
     return rounded({{{box.right() - fold, box.top()}, 0},
                     {{box.right() - fold, box.top() + fold}, 1.5 * unit},
                     {{box.right(), box.top() + fold}, 0}});
 }
 
-QPainterPath logHeader(const QRectF& box, double unit) {
+QPainterPath cardHeader(const QRectF& box, double unit) {
     const double bottom = box.top() + headerHeight(box, unit);
     return rounded(
         {{box.topLeft(), 3 * unit}, {box.topRight(), 3 * unit}, {{box.right(), bottom}, 0}, {{box.left(), bottom}, 0}});
