@@ -16,6 +16,7 @@
 #include "tour_drawing.h"
 #include "tour_player.h"
 #include "tour_wizard.h"
+#include "tour_zoom.h"
 
 namespace orvent::tour {
 
@@ -41,6 +42,7 @@ class Tour {
         openSample();
         save();
         closeAndLoad();
+        zoomIntoActivity(player_, window(), frame(), theme_);
         writeFiles();
         drawByHand(player_, window(), frame(), theme_);
         playWizard(player_, window(), frame(), theme_);

@@ -115,6 +115,7 @@ class SecondCanvasTest : public WindowTest {
         QVERIFY(!desk.frame.close());
         QCOMPARE(desk.frame.area().active(), desk.design);
         QVERIFY2(desk.design->Enabled(), "the view over it has gone");
+        QVERIFY2(desk.frame.area().windowOf(*desk.design)->isMaximized(), "it fills its tab");
         QTRY_VERIFY2(desk.logic.tools().DesignToolsOn(), "its canvas has the focus");
         QVERIFY(desk.menuItem("SaveScenarioM")->isVisible() && !desk.menuItem("SaveChangesM")->isVisible());
     }

@@ -208,6 +208,11 @@ void DeskArea::dressTabs() {
 
 void DeskArea::bringForward(DeskWindow* window) {
     setActiveSubWindow(window);
+    // The toolkit lets a window fill its tab only when it takes input at once, which one below a view that closes does
+    // not.
+    if (viewMode() == TabbedView && !window->isMaximized()) {
+        window->showMaximized();
+    }
     window->setFocus();
     activated(window);
 }
