@@ -1,7 +1,5 @@
 #include "analysis/attribute_walks.h"
 
-#include <string>
-
 #include "zoom/far_end.h"
 
 namespace orvent::analysis {
@@ -62,7 +60,7 @@ void AttributeWalks::addSteps(const AttributeProperties& attribute) {
     const bool in = direction_ == Direction::In;
     const auto& links = in ? attribute.ProvidedFrom : attribute.ProviderFor;
     for (const ProviderProperties& link : links) {
-        graph_.add(graph_.text(link.name() + link.key()), WalkGraph::kNone);
+        graph_.add(textOf(link.name() + link.key()), WalkGraph::kNone);
     }
     addRegulations(attribute);
     for (const ProviderProperties& link : links) {
@@ -75,8 +73,7 @@ void AttributeWalks::addSteps(const AttributeProperties& attribute) {
 
 void AttributeWalks::addRegulations(const AttributeProperties& attribute) {
     const auto follow = [&](zoom::Direction direction, const ParameterProperties& parameter, const auto& link) {
-        graph_.add(graph_.text(link.name() + link.key()),
-                   vertexOf(farEnd(form_, direction, parameter, link).attribute));
+        graph_.add(textOf(link.name() + link.key()), vertexOf(farEnd(form_, direction, parameter, link).attribute));
     };
     if (direction_ == Direction::In && attribute.NodeKind == KindOutput) {
         for (const RegulatorProperties& link : attribute.RegulatedFrom) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -33,12 +34,16 @@ class AttributeWalks {
     std::int32_t vertexOf(const entities::AttributeProperties* attribute);
     void addSteps(const entities::AttributeProperties& attribute);
     void addRegulations(const entities::AttributeProperties& attribute);
+    std::int32_t textOf(const std::string& words) {
+        return texts_.try_emplace(words, static_cast<std::int32_t>(texts_.size())).first->second;
+    }
 
     const canvas::Canvas& form_;
     Direction direction_;
     WalkGraph graph_;
     std::vector<const entities::AttributeProperties*> attributes_;  ///< by vertex
     std::unordered_map<const entities::AttributeProperties*, std::int32_t> vertices_;
+    std::unordered_map<std::string, std::int32_t> texts_;
     std::unique_ptr<BudgetedWalk> walk_;
 };
 

@@ -8,22 +8,20 @@ namespace orvent::analysis {
 namespace {
 
 constexpr std::int32_t kTooMany = BudgetedWalk::kLargestBudget + 1;
+// Of a vertex that leads into a cycle.
+constexpr std::int32_t kEndless = kTooMany + 1;
 // A shorter walk is quicker walked than looked up.
 constexpr std::int32_t kShort = 64;
 constexpr std::size_t kWordBits = 64;
 
 }  // namespace
 
-std::int32_t WalkGraph::text(const std::string& words) {
-    return numbers_.try_emplace(words, static_cast<std::int32_t>(numbers_.size())).first->second;
-}
-
 BudgetedWalk::BudgetedWalk(const WalkGraph& graph)
     : graph_(graph),
-      words_((graph.texts() + kWordBits - 1) / kWordBits),
-      visits_(graph.vertices(), kTooMany),
+      visits_(graph.vertices(), kEndless),
       closures_(graph.vertices()),
-      met_(words_) {
+      entered_(graph.vertices()),
+      met_((graph.texts() + kWordBits - 1) / kWordBits) {
     for (const std::size_t vertex : fromTheEnds()) {
         measure(vertex);
     }
@@ -76,7 +74,7 @@ void BudgetedWalk::measure(std::size_t vertex) {
     visits_[vertex] = visits;
     if (visits > kShort && visits < kTooMany) {
         walk(vertex, visits);
-        closures_[vertex] = met_;
+        closures_[vertex] = result();
     }
 }
 
@@ -84,34 +82,61 @@ std::int32_t BudgetedWalk::count(std::size_t vertex, std::int32_t budget) {
     if (budget <= 0) {
         return 0;
     }
-    const bool whole = isKnown(vertex) && visits_[vertex] <= budget;
-    if (!whole) {
-        walk(vertex, budget);
+    if (isKnown(vertex) && visits_[vertex] <= budget) {
+        return closures_[vertex].count;
     }
-    std::int32_t found = 0;
-    for (const Word word : whole ? closures_[vertex] : met_) {
-        found += std::popcount(word);
+    walk(vertex, budget);
+    if (tookWhole_) {
+        return result().count;
     }
-    return found;
+    for (const std::int32_t text : texts_) {
+        met_[static_cast<std::size_t>(text) / kWordBits] = 0;
+    }
+    return static_cast<std::int32_t>(texts_.size());
 }
 
 void BudgetedWalk::meet(std::int32_t text) {
-    const auto number = static_cast<std::size_t>(text);
-    met_[number / kWordBits] |= Word{1} << (number % kWordBits);
-}
-
-void BudgetedWalk::take(std::size_t vertex) {
-    const std::vector<Word>& closure = closures_[vertex];
-    for (std::size_t at = 0; at < words_; ++at) {
-        met_[at] |= closure[at];
+    Word& word = met_[static_cast<std::size_t>(text) / kWordBits];
+    const Word bit = Word{1} << (static_cast<std::size_t>(text) % kWordBits);
+    if ((word & bit) == 0) {
+        word |= bit;
+        texts_.push_back(text);
     }
 }
 
-/// Leaves the texts that are met in `met_`.
+void BudgetedWalk::take(const Closure& closure) {
+    for (std::size_t at = 0; at < closure.words.size(); ++at) {
+        met_[closure.from + at] |= closure.words[at];
+    }
+    from_ = std::min(from_, closure.from);
+    to_ = std::max(to_, closure.from + closure.words.size());
+    tookWhole_ = true;
+}
+
+/// What was met, and leaves nothing of it behind.
+BudgetedWalk::Closure BudgetedWalk::result() {
+    for (const std::int32_t text : texts_) {
+        const std::size_t word = static_cast<std::size_t>(text) / kWordBits;
+        from_ = std::min(from_, word);
+        to_ = std::max(to_, word + 1);
+    }
+    const auto first = met_.begin() + static_cast<std::ptrdiff_t>(from_);
+    const auto last = met_.begin() + static_cast<std::ptrdiff_t>(to_);
+    Closure closure{from_, {first, last}};
+    for (const Word word : closure.words) {
+        closure.count += std::popcount(word);
+    }
+    std::fill(first, last, Word{0});
+    return closure;
+}
+
+/// Leaves what is met in `texts_` and `met_`.
 void BudgetedWalk::walk(std::size_t vertex, std::int32_t budget) {
-    std::fill(met_.begin(), met_.end(), Word{0});
-    frames_.assign(1, {graph_.first(vertex), graph_.end(vertex)});
-    --budget;
+    texts_.clear();
+    tookWhole_ = false;
+    from_ = met_.size();
+    to_ = 0;
+    enter(vertex, budget);
     while (!frames_.empty()) {
         Frame& frame = frames_.back();
         if (frame.next == frame.end) {
@@ -127,13 +152,31 @@ void BudgetedWalk::walk(std::size_t vertex, std::int32_t budget) {
         }
         const auto target = static_cast<std::size_t>(step.target);
         if (isKnown(target) && visits_[target] <= budget) {
-            take(target);
+            take(closures_[target]);
             budget -= visits_[target];
         } else {
-            --budget;
-            frames_.push_back({graph_.first(target), graph_.end(target)});
+            enter(target, budget);
         }
     }
+    for (const std::size_t each : endless_) {
+        entered_[each] = 0;
+    }
+    endless_.clear();
+}
+
+/// Pays for a visit and begins it. A vertex without an end that is met again begins another round of what it has met
+/// once: all that is left of the budget goes there, and finds nothing new.
+void BudgetedWalk::enter(std::size_t vertex, std::int32_t& budget) {
+    if (visits_[vertex] == kEndless) {
+        if (entered_[vertex]) {
+            budget = 0;
+            return;
+        }
+        entered_[vertex] = 1;
+        endless_.push_back(vertex);
+    }
+    --budget;
+    frames_.push_back({graph_.first(vertex), graph_.end(vertex)});
 }
 
 }  // namespace orvent::analysis

@@ -6,8 +6,9 @@
 
 namespace orvent::analysis {
 
-MetricsForm::MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store, int slot)
-    : scenarios_(scenarios), depth_(TransDepth), store_(store), slot_(slot) {
+MetricsForm::MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store,
+                         platform::Progress& progress, int slot)
+    : scenarios_(scenarios), depth_(TransDepth), store_(store), progress_(progress), slot_(slot) {
     EntitiesView();
 }
 
@@ -50,7 +51,7 @@ void MetricsForm::clickEntity(int position) {
     const canvas::DrawForm* form = entry ? scenarios_.at(entry->slot) : nullptr;
     const canvas::LabelsD* node = form && face == Face::Entities ? form->nodeNamed(entry->name) : nullptr;
     twoLists = node && node->activity();
-    MetricsFunctions metrics(views, Counter);
+    MetricsFunctions metrics(views, Counter, progress_);
     try {
         if (node) {
             metrics.EntityMetrics(*form, *node);

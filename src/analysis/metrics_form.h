@@ -37,7 +37,8 @@ class MetricsForm {
     };
 
     /// `TransDepth` is the value of the run that goes with the stored setting. Opens in the entities face.
-    MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store, int slot);
+    MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store,
+                platform::Progress& progress, int slot);
 
     Face face = Face::Entities;
     std::string lblEntity;
@@ -87,6 +88,7 @@ class MetricsForm {
     OpenScenarios& scenarios_;
     std::int16_t& depth_;
     platform::SettingsStore& store_;
+    platform::Progress& progress_;
     int slot_;
     bool sorted_ = false;
     bool ascending_ = true;

@@ -1,8 +1,10 @@
 #include "analysis/metrics_functions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
-#include <map>
+#include <string_view>
+#include <unordered_map>
 
 #include "analysis/attribute_walks.h"
 #include "analysis/budgeted_walk.h"
@@ -59,46 +61,79 @@ std::string average(std::int64_t sum, std::size_t rows) {
     return text == "-0" ? "0" : text;
 }
 
-/// The edges of a scenario in one direction, as walks meet them.
-WalkGraph nodeGraph(const canvas::Canvas& form, bool incoming) {
-    std::vector<std::int32_t> vertices(static_cast<std::size_t>(form.LabelsNo) + 1, WalkGraph::kNone);
-    std::int32_t next = 0;
-    for (const LabelsD& node : form.Labels) {
-        vertices[static_cast<std::size_t>(node.Index())] = next++;
-    }
-    WalkGraph graph;
-    for (const LabelsD& node : form.Labels) {
-        graph.begin();
-        for (const std::int32_t number : incoming ? node.EndingLines() : node.StartingLines()) {
-            const LinesD* edge = form.Lines.byIndex(number);
-            const LabelsD* far = edge ? form.Labels.byIndex(incoming ? edge->FromLabel() : edge->ToLabel()) : nullptr;
-            if (far) {
-                graph.add(graph.text(far->Caption()), vertices[static_cast<std::size_t>(far->Index())]);
-            }
+/// The nodes and edges of a scenario by their numbers, with no more than walks and counts ask for. They are gathered
+/// once, for the records lie far apart.
+class NodeLinks {
+  public:
+    explicit NodeLinks(const canvas::Canvas& form)
+        : form_(form),
+          ends_(static_cast<std::size_t>(form.LabelsNo) + 1),
+          edges_(static_cast<std::size_t>(form.LinesNo) + 1) {
+        std::unordered_map<std::string_view, std::int32_t> texts;
+        std::int32_t vertex = 0;
+        for (const LabelsD& node : form.Labels) {
+            const std::int32_t text =
+                texts.try_emplace(node.Caption(), static_cast<std::int32_t>(texts.size())).first->second;
+            ends_[static_cast<std::size_t>(node.Index())] = {text, vertex++};
+        }
+        for (const LinesD& edge : form.Lines) {
+            edges_[static_cast<std::size_t>(edge.Index())] = {edge.FromLabel(), edge.ToLabel(),
+                                                              edge.EdgeType() == canvas::EdgeTypeProvider};
         }
     }
-    return graph;
-}
 
-std::int64_t providerEdges(const canvas::Canvas& form, const canvas::LineNumbers& lines) {
-    std::int64_t count = 0;
-    for (const std::int32_t number : lines) {
-        const LinesD* edge = form.Lines.byIndex(number);
-        count += edge && edge->EdgeType() == canvas::EdgeTypeProvider ? 1 : 0;
+    /// What walks meet in one direction.
+    WalkGraph graph(bool incoming) const {
+        WalkGraph graph;
+        for (const LabelsD& node : form_.Labels) {
+            graph.begin();
+            for (const std::int32_t number : incoming ? node.EndingLines() : node.StartingLines()) {
+                const Edge& edge = edges_[static_cast<std::size_t>(number)];
+                const WalkGraph::Step& end = ends_[static_cast<std::size_t>(incoming ? edge.from : edge.to)];
+                if (end.target != WalkGraph::kNone) {
+                    graph.add(end.text, end.target);
+                }
+            }
+        }
+        return graph;
     }
-    return count;
-}
 
-/// The walks' results of all nodes in one direction; the tables for it are gone afterwards.
-std::vector<std::int32_t> nodeClosures(const canvas::Canvas& form, bool incoming, std::int16_t depth) {
-    const WalkGraph graph = nodeGraph(form, incoming);
-    BudgetedWalk walk(graph);
-    std::vector<std::int32_t> counts(graph.vertices());
-    for (std::size_t vertex = 0; vertex < counts.size(); ++vertex) {
-        counts[vertex] = walk.count(vertex, depth);
+    std::int64_t providerEdges(const canvas::LineNumbers& lines) const {
+        return std::count_if(lines.begin(), lines.end(), [this](std::int32_t number) {
+            return edges_[static_cast<std::size_t>(number)].isProvider;
+        });
     }
-    return counts;
-}
+
+  private:
+    struct Edge {
+        std::int32_t from = 0, to = 0;
+        bool isProvider = false;
+    };
+
+    const canvas::Canvas& form_;
+    std::vector<WalkGraph::Step> ends_;  ///< by `Index`
+    std::vector<Edge> edges_;            ///< by `Index`
+};
+
+/// Shows how far a long count is.
+class Steps {
+  public:
+    explicit Steps(platform::Progress& progress) : progress_(progress), busy_(progress) {}
+    ~Steps() { progress_.step(0, 0); }
+    Steps(const Steps&) = delete;
+    Steps& operator=(const Steps&) = delete;
+
+    void at(std::size_t done, std::size_t all) const {
+        constexpr std::size_t kEach = 256;
+        if (done % kEach == 0 && all > kEach) {
+            progress_.step(done, all);
+        }
+    }
+
+  private:
+    platform::Progress& progress_;
+    platform::Busy busy_;
+};
 
 }  // namespace
 
@@ -111,6 +146,7 @@ void MetricsViews::clear() {
 
 void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& node) {
     views_.clear();
+    const Steps steps(progress_);
     AttributeWalks in(form, AttributeWalks::Direction::In);
     AttributeWalks out(form, AttributeWalks::Direction::Out);
     const auto addRows = [&](const auto& attributes, std::vector<MetricsRow>& view) {
@@ -118,7 +154,9 @@ void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& 
             in.include(attribute);
             out.include(attribute);
         }
+        const auto all = static_cast<std::size_t>(attributes.count());
         for (const entities::AttributeProperties& attribute : attributes) {
+            steps.at(view.size(), all);
             view.push_back(rowOf(attribute.Attribute_Name, node.Index(),
                                  {in.local(attribute), out.local(attribute), in.count(attribute, depth_),
                                   out.count(attribute, depth_)}));
@@ -135,17 +173,33 @@ void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& 
 
 void MetricsFunctions::ScenarioMetrics(const canvas::Canvas& form) {
     views_.clear();
-    const std::vector<std::int32_t> totalIn = nodeClosures(form, true, depth_);
-    const std::vector<std::int32_t> totalOut = nodeClosures(form, false, depth_);
-    std::size_t vertex = 0;
+    addNodeRows(form);
+    SumsAndAverages();
+}
+
+void MetricsFunctions::addNodeRows(const canvas::Canvas& form) {
+    const Steps steps(progress_);
+    const auto nodes = static_cast<std::size_t>(form.Labels.Count());
+    const NodeLinks links(form);
+    // One direction after the other: the tables for it are gone before those of the next are made.
+    std::array<std::vector<std::int32_t>, 2> totals;
+    for (const bool incoming : {true, false}) {
+        const WalkGraph graph = links.graph(incoming);
+        BudgetedWalk walk(graph);
+        std::vector<std::int32_t>& total = totals[incoming ? 0 : 1];
+        while (total.size() < nodes) {
+            steps.at(total.size() + (incoming ? 0 : nodes), 2 * nodes);
+            total.push_back(walk.count(total.size(), depth_));
+        }
+    }
+    views_.InpMetrView.reserve(nodes);
     for (const LabelsD& node : form.Labels) {
+        const std::size_t vertex = views_.InpMetrView.size();
         views_.InpMetrView.push_back(
             rowOf(node.Caption(), node.Index(),
-                  {providerEdges(form, node.EndingLines()), providerEdges(form, node.StartingLines()), totalIn[vertex],
-                   totalOut[vertex]}));
-        ++vertex;
+                  {links.providerEdges(node.EndingLines()), links.providerEdges(node.StartingLines()),
+                   totals[0][vertex], totals[1][vertex]}));
     }
-    SumsAndAverages();
 }
 
 void MetricsFunctions::SumsAndAverages() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "canvas/canvas.h"
+#include "platform/dialogs.h"
 
 namespace orvent::analysis {
 
@@ -56,7 +57,8 @@ struct MetricsViews {
 class MetricsFunctions {
   public:
     /// The views are filled anew by each call.
-    MetricsFunctions(MetricsViews& views, std::int16_t TransDepth) : views_(views), depth_(TransDepth) {}
+    MetricsFunctions(MetricsViews& views, std::int16_t TransDepth, platform::Progress& progress)
+        : views_(views), depth_(TransDepth), progress_(progress) {}
 
     /// A row for each attribute of a record set, or for each input and output of an activity.
     void EntityMetrics(const canvas::Canvas& form, const canvas::LabelsD& node);
@@ -64,11 +66,15 @@ class MetricsFunctions {
     /// A row for each node of a scenario. Direct neighbours count along provider edges, walks along all edges.
     void ScenarioMetrics(const canvas::Canvas& form);
 
+    /// The rows alone, behind those that stand.
+    void addNodeRows(const canvas::Canvas& form);
+
   private:
     void SumsAndAverages();
 
     MetricsViews& views_;
     std::int16_t depth_;
+    platform::Progress& progress_;
 };
 
 /// The text of a cell: a filler before a value below 10, so that texts sort as numbers do.

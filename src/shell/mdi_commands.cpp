@@ -202,7 +202,7 @@ void MDIForm1::showOptions() {
 
 void MDIForm1::showMetrics() {
     host_.dialogs().open(std::make_unique<analysis::MetricsForm>(metricsScenarios_, options_.TransDepth, ports_.store,
-                                                                 activeScenario()->slot()));
+                                                                 ports_.progress, activeScenario()->slot()));
 }
 
 void MDIForm1::showTypes(editors::TypeKind kind) {

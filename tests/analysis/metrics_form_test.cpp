@@ -43,7 +43,8 @@ class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
     canvas::DrawForm first{ports.services()}, second{ports.services()};
     testkit::MemorySettings store;
     std::int16_t depth = 7;
-    MetricsForm form{*this, depth, store, 3};
+    testkit::QuietProgress progress;
+    MetricsForm form{*this, depth, store, progress, 3};
 };
 
 TEST_F(MetricsWindow, FacesEntriesAndTables) {

@@ -1,12 +1,12 @@
 #include <array>
 #include <map>
 #include <random>
-#include <set>
 
 #include "analysis/metrics_functions.h"
 #include "entities/key_grammar.h"
 #include "platform/fault.h"
 #include "testkit/graph_builder.h"
+#include "testkit/plain_walk.h"
 #include "testkit/scripted_ports.h"
 #include "zoom/link_graph.h"
 
@@ -15,89 +15,7 @@ namespace {
 
 using namespace entities;
 using canvas::LabelsD;
-using Texts = std::set<std::string>;
-
-/// The walks as they are told, step by step, with nothing known in advance.
-struct PlainWalk {
-    const canvas::Canvas& form;
-    bool in;
-    std::int32_t budget;
-
-    Texts nodes(const LabelsD& node) {
-        Texts found;
-        if (budget <= 0) {
-            return found;
-        }
-        --budget;
-        for (const std::int32_t number : in ? node.EndingLines() : node.StartingLines()) {
-            const canvas::LinesD& edge = *form.Lines.byIndex(number);
-            const LabelsD& far = *form.Labels.byIndex(in ? edge.FromLabel() : edge.ToLabel());
-            found.insert(far.Caption());
-            found.merge(nodes(far));
-        }
-        return found;
-    }
-
-    Texts attribute(const AttributeProperties* each) {
-        Texts found;
-        if (budget <= 0 || !each) {
-            return found;
-        }
-        --budget;
-        auto& links = in ? each->ProvidedFrom : each->ProviderFor;
-        for (const auto& link : links) {
-            found.insert(link.Provider_Name + link.Provider_Key());
-        }
-        const auto regulated = [&](const auto& list, auto&& counts) {
-            for (const auto& link : list) {
-                if (counts(link.Regulator_type)) {
-                    found.insert(link.Regulator_name + link.Regulator_Key());
-                    found.merge(attribute(named(link.Regulator_name, link.Regulator_Key())));
-                }
-            }
-        };
-        if (in && each->NodeKind == KindOutput) {
-            for (const auto& link : each->RegulatedFrom) {
-                if (link.Regulator_type == LinkParameterOutput) {
-                    regulated(parameter(link)->RegulatedFrom, [](LinkType type) {
-                        return type == LinkInput || type == LinkActivityInput || type == LinkRecordSet;
-                    });
-                }
-            }
-        } else if (!in && each->NodeKind != KindOutput) {
-            for (const auto& link : each->RegulatorFor) {
-                if (const LinkType type = link.Regulator_type;
-                    type == LinkInput || type == LinkActivityInput || type == LinkRecordSet) {
-                    regulated(parameter(link)->RegulatorFor, [](LinkType of) { return of == LinkParameterOutput; });
-                }
-            }
-        }
-        for (const auto& link : links) {
-            found.merge(attribute(named(link.Provider_Name, link.Provider_Key())));
-        }
-        return found;
-    }
-
-    const ParameterProperties* parameter(const RegulatorProperties& link) const {
-        return form.nodeNamed(link.Regulator_name)
-            ->activity()
-            ->Act_Parameters.peek()
-            ->Item(AfterSecondDot(link.Regulator_Key()));
-    }
-
-    const AttributeProperties* named(const std::string& owner, const std::string& key) const {
-        const LabelsD* node = form.nodeNamed(owner);
-        if (node && node->recordSet()) {
-            return node->recordSet()->RecordSet_Outputs.peek()->Item(AfterFirstDot(key));
-        }
-        if (!node || !node->activity()) {
-            return nullptr;
-        }
-        const ActivityProperties& activity = *node->activity();
-        return key.find(".IN.") != std::string::npos ? activity.Act_Inputs.peek()->Item(AfterSecondDot(key))
-                                                     : activity.Act_Outputs.peek()->Item(AfterSecondDot(key));
-    }
-};
+using testkit::PlainWalk;
 
 class Metrics : public testkit::CanvasTest {
   protected:
@@ -110,11 +28,12 @@ class Metrics : public testkit::CanvasTest {
         return text;
     }
 
-    void run(std::int16_t depth) { MetricsFunctions(views, depth).ScenarioMetrics(form); }
+    void run(std::int16_t depth) { MetricsFunctions(views, depth, progress).ScenarioMetrics(form); }
 
     canvas::DrawForm form{ports.services()};
     testkit::GraphBuilder graph{form};
     MetricsViews views;
+    testkit::QuietProgress progress;
 };
 
 TEST_F(Metrics, NodesOfAScenario) {
@@ -224,7 +143,7 @@ class AttributeMetrics : public Metrics {
 
     /// The rows of both views of a node, the number of those of the first in `inputs_`.
     std::map<std::string, std::string> rows(const char* node, std::int16_t depth) {
-        MetricsFunctions(views, depth).EntityMetrics(form, *form.nodeNamed(node));
+        MetricsFunctions(views, depth, progress).EntityMetrics(form, *form.nodeNamed(node));
         std::map<std::string, std::string> found;
         for (const MetricsRow& row : views.InpMetrView) {
             found["in " + row.name] = numbers(row);
@@ -262,7 +181,7 @@ TEST_F(AttributeMetrics, WalksOfRandomLinksEqualPlainOnes) {
         links.add(from + " -> " + code + " " + BeforeFirstDot(to) + " " + to);
         links.add(to + " <- " + code + " " + BeforeFirstDot(from) + " " + from);
     };
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 40; ++round) {
         const std::string output = any(outputs), input = any(inputs), column = any(columns);
         switch (random() % 3) {
             case 0:
