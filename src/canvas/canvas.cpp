@@ -1,6 +1,7 @@
 #include "canvas/canvas.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvent::canvas {
 
@@ -27,6 +28,13 @@ void Canvas::growPicture() {
     }
     PicForm.setSize(right, bottom);
     tellMarkers();
+}
+
+void Canvas::setLight(Light light) {
+    if (light != light_) {
+        light_ = std::move(light);
+        listeners_.tell([](CanvasListener& listener) { listener.lightChanged(); });
+    }
 }
 
 void Canvas::ClearCrop() {

@@ -8,6 +8,7 @@
 #include "canvas/canvas_settings.h"
 #include "canvas/deleted_nodes.h"
 #include "canvas/labels.h"
+#include "canvas/light.h"
 #include "canvas/lines.h"
 #include "canvas/markers.h"
 #include "canvas/names2index.h"
@@ -69,6 +70,10 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     MarkerBox DragOutline;            ///< where a dragged node or handle would go
     std::int32_t EditedComment = -1;  ///< the comment whose text is being edited
 
+    /// What is lit while something else is dimmed; empty as a rule.
+    const Light& light() const { return light_; }
+    void setLight(Light light);
+
     virtual bool isZoom() const { return false; }
 
     /// Removes all nodes, edges, names and selections, and lets go of the rows to delete.
@@ -109,6 +114,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     friend class ManyChanges;
 
     CanvasServices services_;
+    Light light_;
     CanvasListeners listeners_;
     int manyChanges_ = 0;
 };

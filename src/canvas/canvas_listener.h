@@ -20,6 +20,7 @@ class CanvasListener {
     /// Any number of nodes and edges changed at once; none of them is told on its own.
     virtual void manyChanged() {}
     virtual void markersChanged() {}  ///< the `Grabber`, another marker or the picture area changed
+    virtual void lightChanged() {}    ///< what is lit and what is dimmed
     virtual void formChanged() {}     ///< the window's caption, or whether it takes input
 };
 

@@ -21,11 +21,19 @@ class CanvasRules {
     /// node when its dialog is to be opened, and nothing otherwise.
     virtual LabelsD* placeNode(Canvas& canvas, std::string_view tool, Point at) = 0;
 
+    /// Whether the tool places nodes on this canvas.
+    virtual bool places(std::string_view tool) const = 0;
+
     /// The `EdgeType` that the tool draws, or nothing when it is no edge tool of this canvas.
     virtual std::optional<EdgeTypeCode> edgeTypeOf(std::string_view tool) const = 0;
 
     /// Whether an edge of that kind may start at the node.
     virtual bool mayStart(EdgeTypeCode edgeType, const LabelsD& source) const = 0;
+
+    /// Whether an edge of that kind from one node to the other would stay. While one is drawn, this is asked of every
+    /// node, and those at which it cannot end are dimmed.
+    virtual bool mayRelate(const Canvas& canvas, EdgeTypeCode edgeType, const LabelsD& from,
+                           const LabelsD& to) const = 0;
 
     /// An end of the edge (`atStart`: its source) was dropped on a node that is neither of its ends. False: the edge
     /// stays as it is. Where it may move, what stands behind it is given up here; `edgeCompleted` follows.
@@ -65,8 +73,10 @@ class CanvasRules {
 class DesignRules : public CanvasRules {
   public:
     LabelsD* placeNode(Canvas& canvas, std::string_view tool, Point at) override;
+    bool places(std::string_view tool) const override;
     std::optional<EdgeTypeCode> edgeTypeOf(std::string_view tool) const override;
     bool mayStart(EdgeTypeCode edgeType, const LabelsD& source) const override;
+    bool mayRelate(const Canvas& canvas, EdgeTypeCode edgeType, const LabelsD& from, const LabelsD& to) const override;
     bool mayRedirect(Canvas& canvas, LinesD& edge, bool atStart, const LabelsD& target) override;
     void edgeCompleted(Canvas& canvas, LinesD& edge) override { CheckRelationship(canvas, edge); }
     void middleOnOwnEnd(LinesD& edge) override;

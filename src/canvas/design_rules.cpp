@@ -71,6 +71,11 @@ LabelsD* DesignRules::placeNode(Canvas& canvas, std::string_view tool, Point at)
     return nullptr;
 }
 
+bool DesignRules::places(std::string_view tool) const {
+    return std::any_of(kPlacedKinds.begin(), kPlacedKinds.end(),
+                       [&](const PlacedKind& row) { return nodeKind(row.nodeType).tool == tool; });
+}
+
 std::optional<EdgeTypeCode> DesignRules::edgeTypeOf(std::string_view tool) const {
     for (const EdgeTool& row : kEdgeTools) {
         if (row.key == tool) {
@@ -85,6 +90,10 @@ bool DesignRules::mayStart(EdgeTypeCode edgeType, const LabelsD& source) const {
         return row.edgeType == edgeType &&
                std::find(row.sources.begin(), row.sources.end(), source.NodeType()) != row.sources.end();
     });
+}
+
+bool DesignRules::mayRelate(const Canvas&, EdgeTypeCode edgeType, const LabelsD& from, const LabelsD& to) const {
+    return isValid(edgeType, from.NodeType(), to.NodeType());
 }
 
 bool DesignRules::mayRedirect(Canvas&, LinesD& edge, bool atStart, const LabelsD& target) {

@@ -103,14 +103,6 @@ class Walk {
 
 }  // namespace
 
-bool Light::holdsNode(std::int32_t index) const {
-    return std::binary_search(nodes.begin(), nodes.end(), index);
-}
-
-bool Light::holdsEdge(std::int32_t index) const {
-    return std::binary_search(edges.begin(), edges.end(), index);
-}
-
 Light pathThrough(const ZoomForm& form, std::int32_t node) {
     const LabelsD* start = form.Labels.byIndex(node);
     if (!start || (!start->entity<AttributeProperties>() && !start->entity<ParameterProperties>())) {
@@ -120,18 +112,6 @@ Light pathThrough(const ZoomForm& form, std::int32_t node) {
     walk.follow(node, Flow::forwards);
     walk.follow(node, Flow::backwards);
     return walk.result();
-}
-
-Light allowedEnds(const ZoomForm& form, const Relationships& relationships, canvas::EdgeTypeCode kind,
-                  std::int32_t source) {
-    Light light;
-    const LabelsD* from = form.Labels.byIndex(source);
-    for (const LabelsD& node : form.Labels) {
-        if (from && (node.Index() == source || relationships.mayRelate(form, kind, *from, node))) {
-            light.nodes.push_back(node.Index());
-        }
-    }
-    return light;
 }
 
 }  // namespace orvent::zoom

@@ -72,6 +72,11 @@ LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Po
     return nullptr;  // no dialog opens by itself
 }
 
+bool ZoomRules::places(std::string_view tool) const {
+    return std::any_of(kPlacedKinds.begin(), kPlacedKinds.end(),
+                       [&](const PlacedKind& row) { return canvas::nodeKind(row.nodeType).tool == tool; });
+}
+
 std::optional<canvas::EdgeTypeCode> ZoomRules::edgeTypeOf(std::string_view tool) const {
     for (const EdgeTool& row : kEdgeTools) {
         if (row.key == tool) {
@@ -83,6 +88,11 @@ std::optional<canvas::EdgeTypeCode> ZoomRules::edgeTypeOf(std::string_view tool)
 
 bool ZoomRules::mayStart(canvas::EdgeTypeCode, const LabelsD&) const {
     return true;  // what may be joined is told when the edge is complete
+}
+
+bool ZoomRules::mayRelate(const canvas::Canvas&, canvas::EdgeTypeCode edgeType, const LabelsD& from,
+                          const LabelsD& to) const {
+    return relationships_.mayRelate(form_, edgeType, from, to);
 }
 
 bool ZoomRules::mayRedirect(canvas::Canvas&, LinesD& edge, bool, const LabelsD&) {

@@ -11,8 +11,11 @@ class ZoomRules : public canvas::CanvasRules {
     ZoomRules(ZoomForm& form, Relationships& relationships) : form_(form), relationships_(relationships) {}
 
     canvas::LabelsD* placeNode(canvas::Canvas& canvas, std::string_view tool, canvas::Point at) override;
+    bool places(std::string_view tool) const override;
     std::optional<canvas::EdgeTypeCode> edgeTypeOf(std::string_view tool) const override;
     bool mayStart(canvas::EdgeTypeCode edgeType, const canvas::LabelsD& source) const override;
+    bool mayRelate(const canvas::Canvas& canvas, canvas::EdgeTypeCode edgeType, const canvas::LabelsD& from,
+                   const canvas::LabelsD& to) const override;
     bool mayRedirect(canvas::Canvas& canvas, canvas::LinesD& edge, bool atStart,
                      const canvas::LabelsD& target) override;
     void edgeCompleted(canvas::Canvas& canvas, canvas::LinesD& edge) override;

@@ -83,10 +83,6 @@ Point middleOf(const canvas::LinesD& edge) {
     return {(edge.X1() + edge.X2()) / 2, (edge.Y1() + edge.Y2()) / 2};
 }
 
-double contrastOf(const QColor& a, const QColor& b) {
-    return std::abs(a.lightnessF() - b.lightnessF());
-}
-
 }  // namespace
 
 class CanvasViewTest : public WindowTest {
@@ -129,29 +125,47 @@ class CanvasViewTest : public WindowTest {
     }
 
     void coloursFollowTheModelAndTheTheme() {
-        struct Row {
-            int colour;  // blue in the high byte
-            QColor light, dark;
-        };
-        for (const Row& row : {Row{0xFFFFFF, QColor(255, 255, 255), QColor(0x33373D)},
-                               {0x0000FF, QColor(255, 0, 0), QColor(255, 0, 0)},
-                               {0xFF0000, QColor(0, 0, 255), QColor(0, 0, 255)},
-                               {0, QColor(0, 0, 0), QColor(0, 0, 0)}}) {
-            Scene scene;
-            canvas::LabelsD& node = scene.add(canvas::NodeTypeRecordSet, 300, 300);
-            scene.join(node, scene.add(canvas::NodeTypeRecordSet, 4500, 300));
-            node.setColor(row.colour);
-            for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
-                scene.theme.setMode(mode);
-                const QImage image = scene.picture();
-                const QColor fill = scene.at(image, 360, 600);
-                QCOMPARE(fill, mode == ThemeMode::light ? row.light : row.dark);
-                const QColor ink = captionColour(fill, scene.theme.canvas());
-                QVERIFY2(contrastOf(ink, fill) > 0.35, qPrintable(ink.name() + fill.name()));
-                const QColor ground = scene.at(image, 3000, 1000);
-                QCOMPARE(ground, scene.theme.canvas().background);
-                QVERIFY(contrastOf(ground, scene.at(image, 3000, 525)) > 0.4);  // the edge
+        QVERIFY(qAbs(contrast(Qt::black, Qt::white) - 21) < 0.001 && qAbs(contrast(0x777777, Qt::white) - 4.48) < 0.01);
+        const int selection = canvas::CanvasSettings{}.SelColor;
+        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
+            const CanvasColours& theme = Theme(mode).canvas();
+            QCOMPARE(nodeColours(0xFFFFFF, theme).fill, theme.paper);
+            QCOMPARE(nodeColours(0, theme).fill, theme.ink);
+            // Ready, not ready, as made and not loaded yet; then some that only a setting can bring.
+            for (const int plain : {0xFFFFFF, 0xFF, 0xFF0000, 0, 0xDDDDDD, 0xCCFFFF, 0x777777, 0x00FF00, 0x8080C0}) {
+                for (const int colour : {plain, plain ^ selection}) {
+                    const NodeColours shown = nodeColours(colour, theme);
+                    const QByteArray words = QByteArray::number(colour, 16) + shown.fill.name().toLatin1();
+                    QVERIFY2(contrast(shown.fill, shown.caption) >= 4.5, words);
+                    const int hue = QColor(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16).hslHue();
+                    QVERIFY2(hue < 0 || qAbs(shown.fill.hslHue() - hue) <= 2, words);
+                    QVERIFY2(shown.fill != nodeColours(colour ^ selection, theme).fill, words);
+                }
             }
+        }
+    }
+
+    void boxesTakeTheColoursOfTheTheme() {
+        Scene scene;
+        canvas::LabelsD& node = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+        const canvas::LinesD& edge = scene.join(node, scene.add(canvas::NodeTypeRecordSet, 4500, 300));
+        node.setColor(0xFF);
+        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
+            scene.theme.setMode(mode);
+            const CanvasColours& theme = scene.theme.canvas();
+            const QImage image = scene.picture();
+            QCOMPARE(scene.at(image, 360, 600), nodeColours(0xFF, theme).fill);
+            QCOMPARE(scene.at(image, 3000, 1000), theme.background);
+            QVERIFY(contrast(scene.at(image, 3000, 525), theme.background) > 3);  // the edge
+            scene.form.setLight({{2}, {}, true});
+            const QImage dark = scene.picture();
+            QVERIFY(contrast(scene.at(dark, 360, 600), theme.background) < 1.8);
+            QVERIFY(contrast(scene.at(dark, 3000, 525), theme.background) < 2.2);
+            QCOMPARE(scene.at(dark, 4560, 600), scene.at(image, 4560, 600));
+            scene.form.setLight({{2}, {edge.Index()}, true});
+            QCOMPARE(scene.at(scene.picture(), 3000, 525), scene.at(image, 3000, 525));
+            scene.form.setLight({});
+            QCOMPARE(scene.picture(), image);
         }
     }
 

@@ -189,9 +189,9 @@ void CanvasEditor::showCommentEditor() {
         comment_->setTabChangesFocus(true);
         comment_->setPlainText(QString::fromStdString(node->Comment()));
         QPalette colours = comment_->palette();
-        const QColor fill = fillOf(*node, theme().canvas());
-        colours.setColor(QPalette::Base, fill);
-        colours.setColor(QPalette::Text, captionColour(fill, theme().canvas()));
+        const NodeColours shown = nodeColours(node->Color(), theme().canvas());
+        colours.setColor(QPalette::Base, shown.fill);
+        colours.setColor(QPalette::Text, shown.caption);
         comment_->setPalette(colours);
         connect(comment_, &QPlainTextEdit::textChanged, this,
                 [this] { pointer_.editComment(comment_->toPlainText().toStdString()); });

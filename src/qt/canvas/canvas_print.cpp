@@ -63,7 +63,7 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) 
     edges.paint();
     for (const canvas::LabelsD& node : std::as_const(canvas.Labels)) {
         if (node.Visible()) {
-            nodes.paint(context, node, false);
+            nodes.paint(context, node, {});
         }
     }
     painter.restore();

@@ -60,6 +60,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     void edgeRemoved(const canvas::LinesD& edge) override;
     void manyChanged() override;
     void markersChanged() override;
+    void lightChanged() override { repaintAll(); }
 
   Q_SIGNALS:
     void scaleChanged();

@@ -101,9 +101,12 @@ void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& 
         }
     }
     edges.paint();
+    const canvas::Light& light = canvas_.light();
     for (const canvas::LabelsD* node : nodes_.at(exposed)) {
         if (node->Visible() && isExposed(extentOf(*node))) {
-            nodePainter_.paint(context, *node, canvas_.SelectedLabels.Item(node->Index()) != nullptr);
+            nodePainter_.paint(context, *node,
+                               {canvas_.SelectedLabels.Item(node->Index()) != nullptr,
+                                !light.isEmpty() && !light.holdsNode(node->Index())});
         }
     }
     for (const canvas::LinesD* edge : withHandles) {

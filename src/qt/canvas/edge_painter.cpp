@@ -5,7 +5,9 @@
 #include <string_view>
 
 #include "qt/canvas/node_shapes.h"
+#include "qt/theme/blend.h"
 #include "qt/theme/model_colour.h"
+#include "qt/theme/node_colours.h"
 
 namespace orvent::qt {
 
@@ -157,7 +159,10 @@ void EdgePainter::addThin(const canvas::LinesD& edge, QRgb colour) {
 
 void EdgePainter::add(const canvas::LinesD& edge) {
     const QColor plain = edge.Color() == 0 ? context_.colours.line : fromModel(edge.Color());
-    const QRgb colour = edge.Selected() ? context_.colours.accent.rgb() : plain.rgb();
+    const canvas::Light& light = canvas_.light();
+    const bool faint = !light.isEmpty() && !light.holdsEdge(edge.Index());
+    const QColor shown = edge.Selected() ? context_.colours.accent : plain;
+    const QRgb colour = (faint ? blend(shown, context_.colours.background, kDimmedShare) : shown).rgb();
     const bool full = context_.detail == Detail::full;
     if (context_.image && !full && (context_.detail == Detail::coarse || !dashRow(edge.BorderStyle))) {
         addThin(edge, colour);

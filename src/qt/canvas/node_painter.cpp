@@ -5,30 +5,14 @@
 #include "qt/canvas/comment_bar.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/theme/blend.h"
-#include "qt/theme/model_colour.h"
 
 namespace orvent::qt {
 
 namespace {
 
-constexpr std::int32_t kWhite = 0xFFFFFF;
 constexpr double kPictureMargin = 2;  // pixels around a kept picture
 constexpr int kLargestPicture = 512;  // device pixels; larger boxes are drawn each time
 constexpr std::size_t kMostPictures = 256;
-
-/// Relative luminance of a colour, 0 to 1 (WCAG 2).
-double luminance(const QColor& colour) {
-    const auto linear = [](double share) {
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double x = luminance(a) + 0.05;
-    const double y = luminance(b) + 0.05;
-    return x > y ? x / y : y / x;
-}
 
 void paintSelection(const PaintContext& context, const QRectF& box) {
     const double pen = context.penWidth(2);
@@ -111,12 +95,12 @@ void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& b
 
 }  // namespace
 
-QColor fillOf(const canvas::LabelsD& node, const CanvasColours& colours) {
-    return node.Color() == kWhite ? colours.paper : fromModel(node.Color());
-}
-
-QColor captionColour(const QColor& fill, const CanvasColours& colours) {
-    return contrast(fill, colours.lightText) > contrast(fill, colours.darkText) ? colours.lightText : colours.darkText;
+const NodeColours& NodePainter::coloursOf(const canvas::LabelsD& node, const CanvasColours& theme) {
+    const auto [row, isNew] = colours_.try_emplace(node.Color());
+    if (isNew) {
+        row->second = nodeColours(node.Color(), theme);
+    }
+    return row->second;
 }
 
 void NodePainter::prepare(const PaintContext& context) {
@@ -153,7 +137,7 @@ void NodePainter::paintBox(const PaintContext& context, canvas::Figure figure, c
 }
 
 void NodePainter::paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box,
-                               const QColor& fill) {
+                               const QColor& colour) {
     const NodeShape& shape = nodeShape(node.figure());
     QRectF room = shape.captionRoom(box, context.transform.scale);
     if (shape.form == CaptionForm::paragraph) {
@@ -170,29 +154,31 @@ void NodePainter::paintCaption(const PaintContext& context, const canvas::Labels
         at = QPointF(room.center().x() - size.width() / 2, room.center().y() - size.height() / 2);
     }
     context.painter.setFont(caption.font);
-    context.painter.setPen(captionColour(fill, context.colours));
+    context.painter.setPen(colour);
     context.painter.drawStaticText(context.sharp(at, 0), caption.text);
     if (shape.form == CaptionForm::paragraph && caption.scrolls()) {
-        QColor colour = captionColour(fill, context.colours);
         const CommentBar bar(box, context.transform.scale, caption);
-        colour.setAlphaF(0.15F);
-        context.painter.fillRect(bar.track, colour);
-        colour.setAlphaF(0.55F);
-        context.painter.fillRect(bar.thumb, colour);
+        QColor veiled = colour;
+        veiled.setAlphaF(0.15F);
+        context.painter.fillRect(bar.track, veiled);
+        veiled.setAlphaF(0.55F);
+        context.painter.fillRect(bar.thumb, veiled);
     }
 }
 
-void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, bool selected) {
-    const QColor fill = fillOf(node, context.colours);
+void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, NodeState state) {
+    const NodeColours& colours = coloursOf(node, context.colours);
     const QRectF place = context.transform.toPixels(boxOf(node));
     if (context.detail != Detail::full) {
-        paintThin(context, node.figure(), place, fill);
+        paintThin(context, node.figure(), place, state.dimmed ? dimmed(colours, context.colours).fill : colours.fill);
     } else {
         const QRectF box = context.sharp(place, context.penWidth(1));
-        paintBox(context, node.figure(), box, fill);
-        paintCaption(context, node, box, fill);
+        context.painter.setOpacity(state.dimmed ? 1 - kDimmedShare : 1);
+        paintBox(context, node.figure(), box, colours.fill);
+        paintCaption(context, node, box, colours.caption);
+        context.painter.setOpacity(1);
     }
-    if (selected) {
+    if (state.selected) {
         paintSelection(context, place);
     }
 }

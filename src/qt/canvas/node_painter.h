@@ -3,18 +3,20 @@
 #include <QPixmap>
 #include <map>
 #include <tuple>
+#include <unordered_map>
 
 #include "canvas/labels.h"
 #include "qt/canvas/captions.h"
 #include "qt/canvas/paint_context.h"
+#include "qt/theme/node_colours.h"
 
 namespace orvent::qt {
 
-/// The colour that a node's box is filled with.
-QColor fillOf(const canvas::LabelsD& node, const CanvasColours& colours);
-
-/// The better readable of the two caption colours on a fill.
-QColor captionColour(const QColor& fill, const CanvasColours& colours);
+/// What a node's picture shows beside the node itself.
+struct NodeState {
+    bool selected = false;
+    bool dimmed = false;  ///< others are lit
+};
 
 /// Paints nodes: shape by figure, fill by colour, caption, and an outline around a selected one. Boxes of one figure,
 /// size and colour look alike, so each such picture is drawn once and kept.
@@ -22,12 +24,17 @@ class NodePainter {
   public:
     explicit NodePainter(const QFont& font) : captions_(font) {}
 
-    void paint(const PaintContext& context, const canvas::LabelsD& node, bool selected);
+    void paint(const PaintContext& context, const canvas::LabelsD& node, NodeState state);
 
     /// Call it before a round of painting; it drops what no longer fits the scale and what has grown too large.
     void prepare(const PaintContext& context);
     /// Drops the kept pictures, for other colours.
-    void forgetPictures() { pictures_.clear(); }
+    void forgetPictures() {
+        pictures_.clear();
+        colours_.clear();
+    }
+    /// Fill and caption of the node in a theme; that of the last call is kept for all.
+    const NodeColours& coloursOf(const canvas::LabelsD& node, const CanvasColours& theme);
     void forgetCaption(std::int32_t index) { captions_.forget(index); }
     void setFont(const QFont& font) { captions_.setFont(font); }
     std::size_t captions() const { return captions_.count(); }
@@ -39,10 +46,12 @@ class NodePainter {
     using PictureKey = std::tuple<canvas::Figure, int, int, QRgb>;  // figure, width and height in device pixels, fill
 
     void paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill);
-    void paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box, const QColor& fill);
+    void paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box,
+                      const QColor& colour);
 
     CaptionCache captions_;
     std::map<PictureKey, QPixmap> pictures_;
+    std::unordered_map<std::int32_t, NodeColours> colours_;  ///< by the model's colour
     double scale_ = 0;
     double pixelRatio_ = 0;
 };

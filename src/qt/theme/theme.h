@@ -24,6 +24,7 @@ struct CanvasColours {
     QColor background;
     QColor dot;
     QColor paper;      ///< a node whose colour is plain white
+    QColor ink;        ///< a node whose colour is plain black
     QColor line;       ///< an edge whose colour is plain black
     QColor outline;    ///< border of boxes
     QColor darkText;   ///< caption on light fills
