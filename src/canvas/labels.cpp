@@ -40,13 +40,6 @@ struct RowField {
 
 }  // namespace
 
-void LineNumbers::Remove(std::int32_t line) {
-    const auto found = std::find(numbers_.begin(), numbers_.end(), line);
-    if (found != numbers_.end()) {
-        numbers_.erase(found);
-    }
-}
-
 void LabelsD::setLeft(float value) {
     setBox({value, Top(), Width(), Height()});
 }

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
 #include "canvas/box.h"
 #include "canvas/indexed_table.h"
+#include "canvas/line_numbers.h"
 #include "canvas/lines.h"
 #include "canvas/node_kinds.h"
 #include "canvas/point.h"
@@ -20,22 +20,6 @@ class Canvas;
 
 /// The name that a node bears whose name was refused as a duplicate.
 inline constexpr const char* kErrorName = "Error_myCode";
-
-/// The numbers of the edges that start or end at a node, in order of addition.
-class LineNumbers {
-  public:
-    int Count() const { return static_cast<int>(numbers_.size()); }
-    void Add(std::int32_t line) { numbers_.push_back(line); }
-    void Remove(std::int32_t line);
-    void Clear() { numbers_.clear(); }
-    std::int32_t at(int position) const { return numbers_[static_cast<std::size_t>(position - 1)]; }
-
-    auto begin() const { return numbers_.begin(); }
-    auto end() const { return numbers_.end(); }
-
-  private:
-    std::vector<std::int32_t> numbers_;
-};
 
 /// Width of the strip at the right end of a comment's box in which its text is scrolled, twips.
 inline constexpr float kCommentStrip = 200;

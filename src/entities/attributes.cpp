@@ -4,6 +4,9 @@ namespace orvent::entities {
 
 namespace {
 
+static_assert(isFieldsAndLists<AttributeProperties, AttributeFields, 4>);
+static_assert(isFieldsAndLists<ParameterProperties, ParameterFields, 2>);
+
 template <class Links>
 void copyLinks(const Lazy<Links>& from, Lazy<Links>& to) {
     if (const Links* links = from.peek()) {
@@ -17,15 +20,7 @@ void copyLinks(const Lazy<Links>& from, Lazy<Links>& to) {
 
 std::shared_ptr<AttributeProperties> AttributeProperties::Clone() const {
     auto copy = std::make_shared<AttributeProperties>();
-    copy->Key = Key;
-    copy->Attribute_Name = Attribute_Name;
-    copy->Attribute_Type = Attribute_Type;
-    copy->LabelIndex = LabelIndex;
-    copy->NodeKind = NodeKind;
-    copy->ParentKeyName = ParentKeyName;
-    copy->Tag = Tag;
-    copy->Changed = Changed;
-    copy->SubNode_ID = SubNode_ID;
+    static_cast<AttributeFields&>(*copy) = *this;
     copyLinks(ProvidedFrom, copy->ProvidedFrom);
     copyLinks(ProviderFor, copy->ProviderFor);
     copyLinks(RegulatedFrom, copy->RegulatedFrom);
@@ -35,16 +30,7 @@ std::shared_ptr<AttributeProperties> AttributeProperties::Clone() const {
 
 std::shared_ptr<ParameterProperties> ParameterProperties::Clone() const {
     auto copy = std::make_shared<ParameterProperties>();
-    copy->Parameter_Name = Parameter_Name;
-    copy->Parameter_Type = Parameter_Type;
-    copy->LabelIndex = LabelIndex;
-    copy->NodeKind = NodeKind;
-    copy->ParentKeyName = ParentKeyName;
-    copy->Tag = Tag;
-    copy->Key = Key;
-    copy->ParentFunctionActivity = ParentFunctionActivity;
-    copy->Changed = Changed;
-    copy->SubNode_ID = SubNode_ID;
+    static_cast<ParameterFields&>(*copy) = *this;
     copyLinks(RegulatedFrom, copy->RegulatedFrom);
     copyLinks(RegulatorFor, copy->RegulatorFor);
     return copy;

@@ -5,15 +5,17 @@
 #include <string>
 
 #include "entities/key_grammar.h"
-#include "entities/keyed_collection.h"
+#include "entities/lazy.h"
 #include "entities/links.h"
 #include "entities/type_records.h"
 
 namespace orvent::entities {
 
-/// A column that an activity reads or writes, or that a record set holds. `Key` is bare ("AU_ID", or
-/// "Activity1.Output12" for a brought member); key_grammar.h makes the whole key.
-struct AttributeProperties {
+// The plain fields of a record stand apart from its lists, so that `Clone` copies them as a whole and none can be
+// forgotten. A list is never copied but by `Clone`.
+
+/// The plain fields of `AttributeProperties`.
+struct AttributeFields {
     bool Changed = false;              ///< the stored row must be rewritten at the next save
     std::int16_t SubNode_ID = 0;       ///< repository identifier, 0 while never saved
     NodeKindCode NodeKind = KindFree;  ///< KindInput, KindOutput, KindRecordSetAttribute; KindFree on a free node
@@ -21,20 +23,24 @@ struct AttributeProperties {
     std::string ParentKeyName;         ///< name of the owning activity or record set
     std::int32_t LabelIndex = 0;       ///< node that shows it while a zoom view is open; never stored
     std::string Key;
+    std::int16_t Attribute_Type = 0;  ///< data type index
+    std::string Attribute_Name;
+};
+
+/// A column that an activity reads or writes, or that a record set holds. `Key` is bare ("AU_ID", or
+/// "Activity1.Output12" for a brought member); key_grammar.h makes the whole key.
+struct AttributeProperties : AttributeFields {
     Lazy<ProviderLinks> ProvidedFrom;
     Lazy<RegulatorLinks> RegulatedFrom;
     Lazy<RegulatorLinks> RegulatorFor;
     Lazy<ProviderLinks> ProviderFor;
-    std::int16_t Attribute_Type = 0;  ///< data type index
-    std::string Attribute_Name;
 
     /// A deep copy that keeps the identity of its row, so that a copy put in its place is an update.
     std::shared_ptr<AttributeProperties> Clone() const;
 };
 
-/// A parameter of an activity, or an input or output of a function. It has no provider links: it is only ever
-/// regulated or regulating.
-struct ParameterProperties {
+/// The plain fields of `ParameterProperties`.
+struct ParameterFields {
     bool Changed = false;
     std::int16_t SubNode_ID = 0;
     std::string ParentFunctionActivity;  ///< for a function's parameter: the activity that owns the function
@@ -43,10 +49,15 @@ struct ParameterProperties {
     std::string ParentKeyName;           ///< name of the owning activity, or key of the owning function
     std::int32_t LabelIndex = 0;
     std::string Key;
-    Lazy<RegulatorLinks> RegulatedFrom;
-    Lazy<RegulatorLinks> RegulatorFor;
     std::string Parameter_Name;
     std::int16_t Parameter_Type = 0;  ///< data type index
+};
+
+/// A parameter of an activity, or an input or output of a function. It has no provider links: it is only ever
+/// regulated or regulating.
+struct ParameterProperties : ParameterFields {
+    Lazy<RegulatorLinks> RegulatedFrom;
+    Lazy<RegulatorLinks> RegulatorFor;
 
     std::shared_ptr<ParameterProperties> Clone() const;
 };

@@ -6,6 +6,8 @@ namespace orvent::entities {
 
 namespace {
 
+static_assert(isFieldsAndLists<FunctionProperties, FunctionFields, 2>);
+
 void copyParameters(const Lazy<FunctionParameters>& from, Lazy<FunctionParameters>& to) {
     if (const FunctionParameters* parameters = from.peek()) {
         for (const ParameterProperties& parameter : *parameters) {
@@ -32,14 +34,7 @@ void FunctionProperties::setParentKeyName(const std::string& activity) {
 
 std::shared_ptr<FunctionProperties> FunctionProperties::Clone() const {
     auto copy = std::make_shared<FunctionProperties>();
-    copy->Function_Key = Function_Key;
-    copy->Function_Name = Function_Name;
-    copy->Function_Source = Function_Source;
-    copy->Function_Type = Function_Type;
-    copy->NodeKind = NodeKind;
-    copy->parentKeyName_ = parentKeyName_;
-    copy->Changed = Changed;
-    copy->FunctionID = FunctionID;
+    static_cast<FunctionFields&>(*copy) = *this;
     copyParameters(Function_Inputs, copy->Function_Inputs);
     copyParameters(Function_Outputs, copy->Function_Outputs);
     return copy;

@@ -14,26 +14,32 @@ inline constexpr std::int16_t kSourceActivityType = 9;
 /// `Function_Source` of a function that was drawn by itself.
 inline constexpr std::int16_t kSourceOwn = 5;
 
-/// A function that an activity uses, with inputs and outputs of its own. `Function_Key` is the whole key.
-struct FunctionProperties {
+/// The plain fields of `FunctionProperties`.
+struct FunctionFields {
     bool Changed = false;
     std::int16_t FunctionID = 0;  ///< repository identifier, 0 while never saved
     NodeKindCode NodeKind = KindFunction;
     std::string Function_Key;
-    Lazy<FunctionParameters> Function_Outputs;
-    Lazy<FunctionParameters> Function_Inputs;
     std::int16_t Function_Source = 0;  ///< kSourceActivityType, kSourceOwn, or what `AddFunction` was given
     std::int16_t Function_Type = 0;    ///< function type index
     std::string Function_Name;
 
-    /// The owning activity's name. Writing it also writes `ParentFunctionActivity` of every parameter there is.
+    /// The owning activity's name.
     const std::string& ParentKeyName() const { return parentKeyName_; }
+
+  protected:
+    std::string parentKeyName_;
+};
+
+/// A function that an activity uses, with inputs and outputs of its own. `Function_Key` is the whole key.
+struct FunctionProperties : FunctionFields {
+    Lazy<FunctionParameters> Function_Outputs;
+    Lazy<FunctionParameters> Function_Inputs;
+
+    /// Writes `ParentFunctionActivity` of every parameter there is, too.
     void setParentKeyName(const std::string& activity);
 
     std::shared_ptr<FunctionProperties> Clone() const;
-
-  private:
-    std::string parentKeyName_;
 };
 
 /// What `AddFunction` needs of a canvas: the function that a node of that name holds, or nothing.

@@ -8,28 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "entities/keyed_slots.h"
 #include "platform/fault.h"
 
 namespace orvent::entities {
-
-/// A place in a collection whose key is kept beside the item.
-template <class Holder>
-struct KeyedSlot {
-    KeyedSlot(Holder held, const std::string& collectionKey) : item(std::move(held)), kept(collectionKey) {}
-    const std::string& key() const { return kept; }
-
-    Holder item;
-    std::string kept;
-};
-
-/// A place in a collection whose items know their key and never change it.
-template <class Holder>
-struct OwnKeySlot {
-    OwnKeySlot(Holder held, const std::string&) : item(std::move(held)) {}
-    const std::string& key() const { return item->key(); }
-
-    Holder item;
-};
 
 /// A keyed collection: keeps insertion order, inserts at a position, finds by key and by 1-based position in constant
 /// time. A number is always a position and a text always a key. `Item` and `Remove` of what is not there yield
@@ -209,39 +191,6 @@ class KeyedCollection {
 
     std::vector<Slot> slots_;
     mutable std::unique_ptr<Positions> positions_;  // only of a collection that is too long to be walked
-};
-
-/// A part of a record that is made when it is first read for writing. Reading through `peek`, `count` or a loop makes
-/// nothing.
-template <class T>
-class Lazy {
-  public:
-    T& operator*() {
-        if (!value_) {
-            value_ = std::make_unique<T>();
-        }
-        return *value_;
-    }
-    T* operator->() { return &**this; }
-
-    T* peek() { return value_.get(); }
-    const T* peek() const { return value_.get(); }
-    int count() const { return value_ ? value_->Count() : 0; }
-
-    auto begin() { return value_ ? value_->begin() : none<T>(); }
-    auto end() { return value_ ? value_->end() : none<T>(); }
-    auto begin() const { return value_ ? std::as_const(*value_).begin() : none<const T>(); }
-    auto end() const { return value_ ? std::as_const(*value_).end() : none<const T>(); }
-
-    void replace(std::unique_ptr<T> value) { value_ = std::move(value); }
-
-  private:
-    template <class Part>
-    static auto none() {
-        return decltype(std::declval<Part&>().begin())(nullptr);
-    }
-
-    std::unique_ptr<T> value_;
 };
 
 }  // namespace orvent::entities

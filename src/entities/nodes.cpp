@@ -2,18 +2,16 @@
 
 namespace orvent::entities {
 
+namespace {
+
+static_assert(isFieldsAndLists<ActivityProperties, ActivityFields, 4>);
+static_assert(isFieldsAndLists<RecordSetProperties, RecordSetFields, 2>);
+
+}  // namespace
+
 std::shared_ptr<ActivityProperties> ActivityProperties::Clone() const {
     auto copy = std::make_shared<ActivityProperties>();
-    copy->Act_Description = Act_Description;
-    copy->Act_Log = Act_Log;
-    copy->Act_Name = Act_Name;
-    copy->Act_SQL = Act_SQL;
-    copy->Act_LDL = Act_LDL;
-    copy->Act_Type = Act_Type;
-    copy->ZoomPosition = ZoomPosition;
-    copy->NodeID = NodeID;
-    copy->Changed = Changed;
-    copy->Act_SchemaNo = Act_SchemaNo;
+    static_cast<ActivityFields&>(*copy) = *this;
     copy->Act_Inputs.replace(nullptr);
     if (const auto* inputs = Act_Inputs.peek()) {
         for (const AttributeProperties& input : *inputs) {
@@ -53,11 +51,7 @@ void RecordSetProperties::addDbKey(const std::string& key, const std::string& en
 
 std::shared_ptr<RecordSetProperties> RecordSetProperties::Clone() const {
     auto copy = std::make_shared<RecordSetProperties>();
-    copy->RecordSet_Name = RecordSet_Name;
-    copy->RecordSet_SQL = RecordSet_SQL;
-    copy->ZoomPosition = ZoomPosition;
-    copy->NodeID = NodeID;
-    copy->Changed = Changed;
+    static_cast<RecordSetFields&>(*copy) = *this;
     if (const auto* attributes = RecordSet_Outputs.peek()) {
         for (const AttributeProperties& attribute : *attributes) {
             copy->RecordSet_Outputs->AddFullAttribute(attribute, "", false, 0);

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "entities/keyed_collection.h"
+#include "entities/lazy.h"
 
 namespace orvent::entities {
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace orvent::canvas {
+
+/// The numbers of the edges that start or end at a node, in order of addition.
+class LineNumbers {
+  public:
+    int Count() const { return static_cast<int>(numbers_.size()); }
+    void Add(std::int32_t line) { numbers_.push_back(line); }
+    void Remove(std::int32_t line) {
+        const auto found = std::find(numbers_.begin(), numbers_.end(), line);
+        if (found != numbers_.end()) {
+            numbers_.erase(found);
+        }
+    }
+    void Clear() { numbers_.clear(); }
+    std::int32_t at(int position) const { return numbers_[static_cast<std::size_t>(position - 1)]; }
+
+    auto begin() const { return numbers_.begin(); }
+    auto end() const { return numbers_.end(); }
+
+  private:
+    std::vector<std::int32_t> numbers_;
+};
+
+}  // namespace orvent::canvas
