@@ -8,6 +8,7 @@
 #include "platform/fault.h"
 #include "platform/steps.h"
 #include "platform/text.h"
+#include "zoom/far_end.h"
 
 namespace orvent::analysis {
 
@@ -28,16 +29,16 @@ void append(std::string& text, std::initializer_list<std::string_view> parts) {
     }
 }
 
-/// The name of the attribute under that key, empty when there is none.
-std::string_view nameOf(const AttributeCollection* attributes, const std::string& key) {
-    const AttributeProperties* attribute = attributes ? attributes->Item(key) : nullptr;
+/// The name of an attribute, empty when there is none.
+std::string_view nameOf(const AttributeProperties* attribute) {
     return attribute ? std::string_view(attribute->Attribute_Name) : std::string_view();
 }
 
 /// Gathers the lines of the nodes, and the counts for the first line.
 class Lines {
   public:
-    Lines(canvas::DrawForm& form, const entities::CatalogueTables& catalogue) : form_(form), catalogue_(catalogue) {
+    Lines(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue)
+        : form_(form), catalogue_(catalogue) {
         // Room for ordinary nodes, so that the texts seldom move while they grow.
         const auto nodes = static_cast<std::size_t>(form.Labels.Count());
         nodeTexts_.reserve(128 * nodes);
@@ -65,7 +66,7 @@ class Lines {
     std::string_view typeName(const ActivityProperties& activity) const;
     void endNode(std::int32_t flowId, std::string_view typeName);
 
-    canvas::DrawForm& form_;
+    const canvas::DrawForm& form_;
     const entities::CatalogueTables& catalogue_;
     std::size_t nodes_ = 0;
     std::size_t linksAndAttributes_ = 0;
@@ -97,10 +98,10 @@ std::string_view Lines::farName(const std::string& key) const {
         return {};
     }
     if (const ActivityProperties* activity = node->activity()) {
-        return nameOf(activity->Act_Inputs.peek(), entities::AfterSecondDot(key));
+        return nameOf(zoom::attributeUnder(*activity, entities::KindInput, key));
     }
     if (const RecordSetProperties* recordSet = node->recordSet()) {
-        return nameOf(recordSet->RecordSet_Outputs.peek(), entities::AfterFirstDot(key));
+        return nameOf(zoom::attributeUnder(*recordSet, key));
     }
     throw platform::Fault("A link leads to \"" + owner + "\", which is no activity and no record set.");
 }
@@ -136,7 +137,7 @@ void Lines::addActivity(const ActivityProperties& activity, std::int32_t flowId)
     for (const AttributeProperties& input : activity.Act_Inputs) {
         for (const ProviderProperties& link : input.ProviderFor) {
             addFlow(name, input, name,
-                    nameOf(activity.Act_Outputs.peek(), entities::AfterSecondDot(link.Provider_Key())));
+                    nameOf(zoom::attributeUnder(activity, entities::KindOutput, link.Provider_Key())));
         }
     }
     for (const AttributeProperties& output : activity.Act_Outputs) {
@@ -157,7 +158,7 @@ void Lines::addRecordSet(const RecordSetProperties& recordSet, std::int32_t flow
 
 }  // namespace
 
-std::string TextExport::text(canvas::DrawForm& Window) {
+std::string TextExport::text(const canvas::DrawForm& Window) {
     const NodesColl flow = FlowOrder(progress_).ComputeFlowIDs(Window);
     Lines lines(Window, catalogue_);
     platform::Steps steps(progress_, static_cast<std::size_t>(flow.Count()));
@@ -173,7 +174,7 @@ std::string TextExport::text(canvas::DrawForm& Window) {
     return lines.text();
 }
 
-void TextExport::ExportText(canvas::DrawForm& Window) {
+void TextExport::ExportText(const canvas::DrawForm& Window) {
     const std::string lines = text(Window);
     platform::writeFile(folder_.file("\\", Window.Caption(), ".txt"), lines);
     messages_.tell(folder_.path("\\") + Window.Caption() + ".txt Created");

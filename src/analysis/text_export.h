@@ -20,10 +20,10 @@ class TextExport {
     /// Writes "\<caption>.txt" of the program's folder and tells so. Throws a `Fault` when the file cannot be written,
     /// or when a node's data do not fit together (a type that the catalogue does not have, a link to a comment); then
     /// nothing is written. An activity without a type, and a link to a node that is gone, leave their names empty.
-    void ExportText(canvas::DrawForm& Window);
+    void ExportText(const canvas::DrawForm& Window);
 
     /// What `ExportText` writes.
-    std::string text(canvas::DrawForm& Window);
+    std::string text(const canvas::DrawForm& Window);
 
   private:
     platform::MessageBox& messages_;

@@ -48,11 +48,11 @@ void ActivityBuilder::CreateActivityFromVariables() {
     removeGeneratedOutputs();
     removeParameters();
     createFunctions();
-    for (const LDLVariable& variable : Variables) {
+    for (const LDLVariable& variable : variables_) {
         createParameters(variable);
     }
     // The outputs come last, since they refer to the parameters and to the function's output.
-    for (const LDLVariable& variable : Variables) {
+    for (const LDLVariable& variable : variables_) {
         if (variable.VariableType == VarOutput) {
             CreateOutputFromVariable(variable, variable.VariableName);
         } else if (variable.VariableType == VarOutputArray && variable.SubVariables) {
@@ -64,7 +64,7 @@ void ActivityBuilder::CreateActivityFromVariables() {
 }
 
 void ActivityBuilder::removeFunctions() {
-    Act_FunctionsCollection& functions = *Activity.Act_Functions;
+    Act_FunctionsCollection& functions = *activity_.Act_Functions;
     while (FunctionProperties* function = functions.Item(1)) {
         zoom::UnSynchronizeFunction(form_, *function, true, InDialog_);
         form_.DeletedNodes->Add(function->FunctionID, KindFunction);
@@ -75,11 +75,11 @@ void ActivityBuilder::removeFunctions() {
 void ActivityBuilder::removeOutput(AttributeProperties& output) {
     zoom::UnSynchronizeAttribute(form_, output, true, InDialog_);
     form_.DeletedNodes->Add(output.SubNode_ID, output.NodeKind);
-    Activity.Act_Outputs->Remove(output.Key);
+    activity_.Act_Outputs->Remove(output.Key);
 }
 
 void ActivityBuilder::removeGeneratedOutputs() {
-    Act_OutputsCollection& outputs = *Activity.Act_Outputs;
+    Act_OutputsCollection& outputs = *activity_.Act_Outputs;
     std::vector<std::shared_ptr<AttributeProperties>> generated;
     for (int position = 1; position <= outputs.Count(); ++position) {
         if (isGenerated(*outputs.Item(position))) {
@@ -92,7 +92,7 @@ void ActivityBuilder::removeGeneratedOutputs() {
 }
 
 void ActivityBuilder::removeParameters() {
-    Act_ParametersCollection& parameters = *Activity.Act_Parameters;
+    Act_ParametersCollection& parameters = *activity_.Act_Parameters;
     while (ParameterProperties* parameter = parameters.Item(1)) {
         zoom::UnSynchronizeParameter(form_, *parameter, true, InDialog_);
         form_.DeletedNodes->Add(parameter->SubNode_ID, parameter->NodeKind);
@@ -101,7 +101,7 @@ void ActivityBuilder::removeParameters() {
 }
 
 void ActivityBuilder::createFunctions() {
-    for (const LDLVariable& variable : Variables) {
+    for (const LDLVariable& variable : variables_) {
         if (variable.VariableType != VarFunction) {
             continue;
         }
@@ -110,14 +110,14 @@ void ActivityBuilder::createFunctions() {
         made.Function_Key = variable.RegulatorName;
         made.Function_Source = kSourceOwn;
         made.Function_Type = catalogue_.functionTypes.indexOf("[EMPTY]").value_or(0);
-        made.setParentKeyName(Activity.Act_Name);
-        refuseTaken(Activity.Act_Functions->Item(made.Function_Key), "function", made.Function_Key);
-        Activity.Act_Functions->AddFunctionProps(made, "", 0);
+        made.setParentKeyName(activity_.Act_Name);
+        refuseTaken(activity_.Act_Functions->Item(made.Function_Key), "function", made.Function_Key);
+        activity_.Act_Functions->AddFunctionProps(made, "", 0);
     }
 }
 
 FunctionProperties* ActivityBuilder::function() {
-    Act_FunctionsCollection* functions = Activity.Act_Functions.peek();
+    Act_FunctionsCollection* functions = activity_.Act_Functions.peek();
     return functions ? functions->Item(1) : nullptr;
 }
 
@@ -167,7 +167,7 @@ void ActivityBuilder::createParameters(const LDLVariable& variable) {
 void ActivityBuilder::createFunctionOutput(const LDLVariable& variable) {
     ParameterProperties output;
     output.Parameter_Name = output.Key = variable.VariableName;
-    output.ParentFunctionActivity = Activity.Act_Name;
+    output.ParentFunctionActivity = activity_.Act_Name;
     output.ParentKeyName = function()->Function_Name;
     output.NodeKind = KindFunctionOutput;
     output.Parameter_Type = chosen(variable.RegulatedFrom, "data type");
@@ -177,8 +177,8 @@ void ActivityBuilder::createFunctionOutput(const LDLVariable& variable) {
 
 const AttributeProperties& ActivityBuilder::inputOf(const LDLVariable& variable) const {
     const auto position = platform::parseInteger(variable.RegulatorName);
-    const bool inRange = position && *position >= 0 && *position < Sources.Count();
-    const LDLSource* source = inRange ? Sources.Source(static_cast<int>(*position) + 1) : nullptr;
+    const bool inRange = position && *position >= 0 && *position < sources_.Count();
+    const LDLSource* source = inRange ? sources_.Source(static_cast<int>(*position) + 1) : nullptr;
     const AttributeProperties* input = source ? source->Item(variable.RegulatedFrom + 1) : nullptr;
     if (!input) {
         throw BuildFault("\"" + variable.VariableName + "\" has no input.");
@@ -187,10 +187,7 @@ const AttributeProperties& ActivityBuilder::inputOf(const LDLVariable& variable)
 }
 
 const AttributeProperties& ActivityBuilder::fieldOf(const LDLVariable& variable) const {
-    const canvas::LabelsD* node = form_.nodeNamed(variable.RegulatorName);
-    const RecordSetProperties* recordSet = node ? node->recordSet() : nullptr;
-    const RecordSet_OutputsCollection* attributes = recordSet ? recordSet->RecordSet_Outputs.peek() : nullptr;
-    const AttributeProperties* field = attributes ? attributes->Item(variable.RegulatedFrom + 1) : nullptr;
+    const AttributeProperties* field = fieldAt(form_, variable.RegulatorName, variable.RegulatedFrom);
     if (!field) {
         throw BuildFault("\"" + variable.VariableName + "\" has no record set attribute.");
     }
@@ -201,7 +198,7 @@ void ActivityBuilder::regulate(ParameterProperties& parameter, const LDLVariable
     switch (variable.RegulatorType) {
         case RegInput: {
             const AttributeProperties& input = inputOf(variable);
-            parameter.RegulatedFrom->Add(Activity.Act_Name, codes.input, relativeKey(KindInput, input.Key));
+            parameter.RegulatedFrom->Add(activity_.Act_Name, codes.input, relativeKey(KindInput, input.Key));
             parameter.Parameter_Type = input.Attribute_Type;
             parameter.Tag = tagOf(codes.input);
             break;
@@ -228,17 +225,17 @@ void ActivityBuilder::regulate(ParameterProperties& parameter, const LDLVariable
 void ActivityBuilder::CreateParameterFromVariable(const LDLVariable& variable, const std::string& name) {
     ParameterProperties parameter;
     parameter.Parameter_Name = parameter.Key = name;
-    parameter.ParentKeyName = Activity.Act_Name;
+    parameter.ParentKeyName = activity_.Act_Name;
     parameter.NodeKind = KindParameter;
     regulate(parameter, variable, {LinkActivityInput, LinkRecordSet, LinkConstant});
-    refuseTaken(Activity.Act_Parameters->Item(name), "parameter", name);
-    Activity.Act_Parameters->AddFullParameter(parameter, "", false, 0);
+    refuseTaken(activity_.Act_Parameters->Item(name), "parameter", name);
+    activity_.Act_Parameters->AddFullParameter(parameter, "", false, 0);
 }
 
 void ActivityBuilder::CreateFunctionParameterFromVariable(const LDLVariable& variable, const std::string& /*name*/) {
     ParameterProperties input;
     input.Parameter_Name = input.Key = variable.VariableName;
-    input.ParentFunctionActivity = Activity.Act_Name;
+    input.ParentFunctionActivity = activity_.Act_Name;
     input.ParentKeyName = function()->Function_Name;
     input.NodeKind = KindFunctionInput;
     regulate(input, variable, {LinkInputFunction, LinkRecordSetFunction, LinkConstantFunction});
@@ -267,28 +264,28 @@ void ActivityBuilder::regulate(AttributeProperties& output, const LDLVariable& v
     } else if (regulator.VariableType != VarParameter) {
         return;
     }
-    const ParameterProperties* parameter = Activity.Act_Parameters->Item(name);
+    const ParameterProperties* parameter = activity_.Act_Parameters->Item(name);
     if (!parameter) {
         throw BuildFault("There is no parameter \"" + name + "\".");
     }
     output.Attribute_Type = parameter->Parameter_Type;
-    output.RegulatedFrom->Add(Activity.Act_Name, LinkParameterOutput, relativeKey(KindParameter, name));
+    output.RegulatedFrom->Add(activity_.Act_Name, LinkParameterOutput, relativeKey(KindParameter, name));
 }
 
 void ActivityBuilder::CreateOutputFromVariable(const LDLVariable& variable, const std::string& name) {
     AttributeProperties output;
     output.Attribute_Name = output.Key = name;
     output.NodeKind = KindOutput;
-    output.ParentKeyName = Activity.Act_Name;
+    output.ParentKeyName = activity_.Act_Name;
     output.Tag = kTagWizardOutput;
-    if (const LDLVariable* regulator = Variables.Item(variable.RegulatorName)) {
+    if (const LDLVariable* regulator = variables_.Item(variable.RegulatorName)) {
         regulate(output, variable, *regulator);
     }
     // It takes the place of an output of that name that was drawn by hand.
-    if (const auto old = Activity.Act_Outputs->share(name)) {
+    if (const auto old = activity_.Act_Outputs->share(name)) {
         removeOutput(*old);
     }
-    Activity.Act_Outputs->AddFullAttribute(output, "", false, 0);
+    activity_.Act_Outputs->AddFullAttribute(output, "", false, 0);
 }
 
 }  // namespace orvent::statements

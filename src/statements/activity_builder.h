@@ -34,10 +34,10 @@ class ActivityBuilder {
                     const LDLsourceColl& sources, const entities::CatalogueTables& catalogue,
                     platform::MessageBox& messages)
         : form_(form),
-          Activity(activity),
+          activity_(activity),
           InDialog_(InDialog),
-          Variables(variables),
-          Sources(sources),
+          variables_(variables),
+          sources_(sources),
           catalogue_(catalogue),
           messages_(messages) {}
 
@@ -68,10 +68,10 @@ class ActivityBuilder {
     const entities::AttributeProperties& fieldOf(const LDLVariable& variable) const;
 
     canvas::DrawForm& form_;
-    entities::ActivityProperties& Activity;
+    entities::ActivityProperties& activity_;
     entities::ActivityProperties* InDialog_;
-    const LDLVariableCollection& Variables;
-    const LDLsourceColl& Sources;
+    const LDLVariableCollection& variables_;
+    const LDLsourceColl& sources_;
     const entities::CatalogueTables& catalogue_;
     platform::MessageBox& messages_;
 };

@@ -218,7 +218,7 @@ class QuickNames {
 
 std::string LDLGenerator::replaceActivityNames(std::string text, std::string& fault) const {
     try {
-        const Names names(Activity, Sources, OutputsView);
+        const Names names(activity_, sources_, outputsView_);
         if (std::optional<std::string> quick = QuickNames(names, text, WholeNumbers).run()) {
             return std::move(*quick);
         }

@@ -58,18 +58,18 @@ int LDLGenerator::termValue(std::string_view term) const {
     if (platform::equalIgnoringCase(term.substr(0, kArityOf.size()), kArityOf)) {
         const std::string_view argument = argumentOf(term);
         if (platform::equalIgnoringCase(argument, "a_out")) {
-            return OutputsView.Count();
+            return outputsView_.Count();
         }
         // A source's number is one digit: with two, the text is taken for the name of a variable.
         if (!argument.empty() && platform::equalIgnoringCase(argument.substr(0, argument.size() - 1), "a_in")) {
-            const LDLSource* source = Sources.Source(readNumber(argument.substr(argument.size() - 1)));
+            const LDLSource* source = sources_.Source(readNumber(argument.substr(argument.size() - 1)));
             if (!source) {
                 throw Fault("There is no source \"" + std::string(argument) + "\"");
             }
             return source->Count();
         }
         const std::string name(trimmed(withoutFirst(argument)));
-        const LDLVariable* variable = Variables.Item(name);
+        const LDLVariable* variable = variables_.Item(name);
         if (!variable || !variable->SubVariables) {
             throw Fault("There is no array variable \"" + name + "\"");
         }
@@ -77,7 +77,7 @@ int LDLGenerator::termValue(std::string_view term) const {
     }
     if (term.starts_with('@')) {
         const std::string name(trimmed(term.substr(1)));
-        const LDLVariable* variable = Variables.Item(name);
+        const LDLVariable* variable = variables_.Item(name);
         if (!variable) {
             throw Fault("There is no variable \"" + name + "\"");
         }

@@ -68,10 +68,7 @@ std::string LDLGenerator::ReplaceActivityNames(std::string text) const {
 }
 
 std::string LDLGenerator::recordSetField(const LDLVariable& holder) const {
-    const canvas::LabelsD* node = Form.nodeNamed(holder.RegulatorName);
-    const entities::RecordSetProperties* recordSet = node ? node->recordSet() : nullptr;
-    const entities::RecordSet_OutputsCollection* attributes = recordSet ? recordSet->RecordSet_Outputs.peek() : nullptr;
-    const entities::AttributeProperties* attribute = attributes ? attributes->Item(holder.RegulatedFrom + 1) : nullptr;
+    const entities::AttributeProperties* attribute = fieldAt(form_, holder.RegulatorName, holder.RegulatedFrom);
     if (!attribute) {
         throw Fault("The record set \"" + holder.RegulatorName + "\" has no such attribute.");
     }
@@ -96,7 +93,7 @@ std::string LDLGenerator::valueOf(const LDLVariable& holder, const std::string& 
 
 LDLGenerator::Replacement LDLGenerator::replacementAt(std::string_view text, std::size_t at) const {
     const std::string name(nameAt(text, at + 1));
-    const LDLVariable* variable = Variables.Item(name);
+    const LDLVariable* variable = variables_.Item(name);
     if (!variable) {
         throw Fault("There is no variable \"" + name + "\"");
     }
@@ -132,9 +129,9 @@ LDLGenerator::Replacement LDLGenerator::replacementAt(std::string_view text, std
         case VarFunctionOutput:
             return {upperLetters(variable->VariableName), length};
         case VarOutput:
-            return {Activity.Act_Name + "_OUT_" + upperLetters(variable->VariableName), length};
+            return {activity_.Act_Name + "_OUT_" + upperLetters(variable->VariableName), length};
         case VarOutputArray:
-            return {Activity.Act_Name + "_OUT_" + upperLetters(variable->VariableName) + "_" +
+            return {activity_.Act_Name + "_OUT_" + upperLetters(variable->VariableName) + "_" +
                         std::to_string(element->Index),
                     length};
     }

@@ -32,7 +32,7 @@ class LDLGenerator {
     LDLGenerator(const LDLVariableCollection& variables, const LDLsourceColl& sources,
                  const entities::Act_OutputsCollection& outputsView, const entities::ActivityProperties& activity,
                  const canvas::Canvas& form)
-        : Variables(variables), Sources(sources), OutputsView(outputsView), Activity(activity), Form(form) {}
+        : variables_(variables), sources_(sources), outputsView_(outputsView), activity_(activity), form_(form) {}
 
     /// With it on, a token such as "A_IN1_1" is not taken where a further digit follows, so that ten attributes and
     /// more have names of their own.
@@ -91,11 +91,11 @@ class LDLGenerator {
     std::string valueOf(const LDLVariable& holder, const std::string& token) const;
     std::string recordSetField(const LDLVariable& holder) const;
 
-    const LDLVariableCollection& Variables;
-    const LDLsourceColl& Sources;
-    const entities::Act_OutputsCollection& OutputsView;
-    const entities::ActivityProperties& Activity;
-    const canvas::Canvas& Form;
+    const LDLVariableCollection& variables_;
+    const LDLsourceColl& sources_;
+    const entities::Act_OutputsCollection& outputsView_;
+    const entities::ActivityProperties& activity_;
+    const canvas::Canvas& form_;
 };
 
 }  // namespace orvent::statements

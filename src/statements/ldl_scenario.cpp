@@ -20,7 +20,7 @@ bool isToBeAsked(const canvas::LabelsD& node) {
 
 }  // namespace
 
-std::vector<UnfinishedStatement> unfinishedStatements(canvas::DrawForm& form) {
+std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form) {
     std::vector<UnfinishedStatement> result;
     for (const canvas::LabelsD& node : form.Labels) {
         if (const entities::ActivityProperties* activity = node.activity()) {

@@ -19,7 +19,7 @@ struct UnfinishedStatement {
 };
 
 /// The activities whose statement is empty or holds a name that has not been declared, in the order of their nodes.
-std::vector<UnfinishedStatement> unfinishedStatements(canvas::DrawForm& form);
+std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form);
 
 /// Shows which statements are not whole, and leads to their activities.
 class StatementReport {

@@ -37,4 +37,11 @@ LDLsourceColl sourcesOf(const entities::ActivityProperties& activity) {
     return sources;
 }
 
+const entities::AttributeProperties* fieldAt(const canvas::Canvas& form, const std::string& recordSet, int position) {
+    const canvas::LabelsD* node = form.nodeNamed(recordSet);
+    const entities::RecordSetProperties* held = node ? node->recordSet() : nullptr;
+    const entities::RecordSet_OutputsCollection* attributes = held ? held->RecordSet_Outputs.peek() : nullptr;
+    return attributes ? attributes->Item(position + 1) : nullptr;
+}
+
 }  // namespace orvent::statements

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "canvas/canvas.h"
 #include "entities/nodes.h"
 
 namespace orvent::statements {
@@ -35,5 +36,8 @@ class LDLsourceColl : public entities::KeyedCollection<LDLSource> {
 
 /// The sources of the activity in order of first appearance. An input without a provider belongs to none.
 LDLsourceColl sourcesOf(const entities::ActivityProperties& activity);
+
+/// The attribute at a 0-based position of the record set that the canvas shows under that name, or nothing.
+const entities::AttributeProperties* fieldAt(const canvas::Canvas& form, const std::string& recordSet, int position);
 
 }  // namespace orvent::statements

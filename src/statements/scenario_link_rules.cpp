@@ -10,6 +10,7 @@
 #include "entities/link_types.h"
 #include "platform/fault.h"
 #include "statements/ldl_sources.h"
+#include "zoom/far_end.h"
 
 namespace orvent::statements {
 
@@ -22,13 +23,8 @@ using entities::ProviderProperties;
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kUnused = "_";
 
-const AttributeProperties& required(const AttributeCollection* attributes, const std::string& key,
-                                    const std::string& owner) {
-    const AttributeProperties* attribute = attributes ? attributes->Item(key) : nullptr;
-    if (!attribute) {
-        throw platform::Fault("\"" + owner + "\" has no attribute \"" + key + "\"");
-    }
-    return *attribute;
+[[noreturn]] void refuse(const std::string& owner, const std::string& key) {
+    throw platform::Fault("\"" + owner + "\" has no attribute \"" + key + "\"");
 }
 
 /// Finds the first link of an attribute to a consumer of a given name. A source that feeds many nodes is asked once for
@@ -136,9 +132,12 @@ void RuleWriter::writeColumns(const AttributeCollection* columns, const std::str
 
 void RuleWriter::writeActivity(const entities::ActivityProperties& activity) {
     const std::string& name = activity.Act_Name;
-    const AttributeCollection* inputs = activity.Act_Inputs.peek();
     const auto inputName = [&](const std::string& key) -> std::string_view {
-        return required(inputs, entities::AfterSecondDot(key), name).Attribute_Name;
+        const AttributeProperties* input = zoom::attributeUnder(activity, entities::KindInput, key);
+        if (!input) {
+            refuse(name, entities::AfterSecondDot(key));
+        }
+        return input->Attribute_Name;
     };
     int number = 0;
     for (const LDLSource& source : sourcesOf(activity)) {
@@ -166,7 +165,6 @@ void RuleWriter::writeActivity(const entities::ActivityProperties& activity) {
 
 void RuleWriter::writeRecordSet(const entities::RecordSetProperties& recordSet) {
     const std::string& name = recordSet.RecordSet_Name;
-    const AttributeCollection* attributes = recordSet.RecordSet_Outputs.peek();
     std::vector<std::string_view> providers;
     std::unordered_set<std::string_view> known;
     for (const AttributeProperties& attribute : recordSet.RecordSet_Outputs) {
@@ -192,7 +190,11 @@ void RuleWriter::writeRecordSet(const entities::RecordSetProperties& recordSet) 
         const entities::ActivityProperties& activity = activityNamed(std::string(provider));
         write({activity.Act_Name, "("});
         writeColumns(activity.Act_Outputs.peek(), name, prefix, [&](const std::string& key) -> std::string_view {
-            return required(attributes, entities::AfterFirstDot(key), name).Attribute_Name;
+            const AttributeProperties* attribute = zoom::attributeUnder(recordSet, key);
+            if (!attribute) {
+                refuse(name, entities::AfterFirstDot(key));
+            }
+            return attribute->Attribute_Name;
         });
         write({&provider == &providers.back() ? ")." : "),", kLineEnd});
     }

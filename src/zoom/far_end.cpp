@@ -72,6 +72,14 @@ const Row* rowOf(Direction direction, LinkType type) {
     return nullptr;
 }
 
+/// What a link's key calls an attribute or a parameter within its owner.
+std::string keyInRecordSet(const std::string& key) {
+    return AfterFirstDot(key);
+}
+std::string keyInActivity(const std::string& key) {
+    return AfterSecondDot(key);
+}
+
 void setEntity(FarEndView& far, const AttributeProperties* attribute) {
     far.attribute = attribute;
 }
@@ -90,7 +98,7 @@ class Search {
         const canvas::LabelsD* peer = form_.nodeNamed(link_.name);
         const RecordSetProperties* recordSet = row.orRecordSet && peer ? peer->recordSet() : nullptr;
         if (recordSet) {
-            inList(far, recordSet->RecordSet_Outputs.peek(), AfterFirstDot(link_.key), peer->Expanded, farKey());
+            inList(far, recordSet->RecordSet_Outputs.peek(), keyInRecordSet(link_.key), peer->Expanded, farKey());
         } else if (row.place == Place::Constant) {
             constant(far, peer);
         } else if (row.place == Place::FunctionInputs || row.place == Place::FunctionOutputs) {
@@ -101,7 +109,7 @@ class Search {
         if (!far.attribute && !far.parameter) {
             return {};
         }
-        far.mirrorKey = row.relative ? near_.relativeKey() : recordSet ? near_.keyForRecordSet() : near_.wholeKey();
+        far.mirror = row.relative ? KeyForm::relative : recordSet ? KeyForm::forRecordSet : KeyForm::whole;
         return far;
     }
 
@@ -123,7 +131,7 @@ class Search {
 
     template <class List>
     void activityList(FarEndView& far, const List* list) const {
-        inList(far, list, AfterSecondDot(link_.key), list && list->Expanded && !dialog_, farKey());
+        inList(far, list, keyInActivity(link_.key), list && list->Expanded && !dialog_, farKey());
     }
 
     void activityMember(FarEndView& far, const ActivityProperties* activity, Place place) const {
@@ -196,12 +204,22 @@ class Search {
 
 }  // namespace
 
-std::string NearEnd::keyForRecordSet() const {
+std::string NearEnd::keyAs(KeyForm form) const {
     const bool ownFunction = parameter_ && kind_ == KindFunctionInput && !HasDot(owner_);
-    if (!ownFunction || parameter_->ParentFunctionActivity.empty()) {
-        return wholeKey();
+    switch (form) {
+        case KeyForm::relative:
+            return relativeKey(kind_, key_);
+        case KeyForm::bare:
+            return key_;
+        case KeyForm::forRecordSet:
+            if (ownFunction && !parameter_->ParentFunctionActivity.empty()) {
+                return owner_ + "." + parameter_->ParentFunctionActivity + "." + key_;
+            }
+            break;
+        case KeyForm::whole:
+            break;
     }
-    return owner_ + "." + parameter_->ParentFunctionActivity + "." + key_;
+    return wholeKey(owner_, kind_, key_);
 }
 
 std::int32_t NearEnd::labelIn(const canvas::Canvas& Form) const {
@@ -209,6 +227,20 @@ std::int32_t NearEnd::labelIn(const canvas::Canvas& Form) const {
     const bool shown = node && (attribute_ ? node->entity<AttributeProperties>() == attribute_
                                            : node->entity<ParameterProperties>() == parameter_);
     return shown ? label_ : 0;
+}
+
+const AttributeProperties* attributeUnder(const RecordSetProperties& recordSet, const std::string& key) {
+    const RecordSet_OutputsCollection* list = recordSet.RecordSet_Outputs.peek();
+    return list ? list->Item(keyInRecordSet(key)) : nullptr;
+}
+
+const AttributeProperties* attributeUnder(const ActivityProperties& activity, NodeKindCode list,
+                                          const std::string& key) {
+    const AttributeCollection* attributes = activity.Act_Outputs.peek();
+    if (list == KindInput) {
+        attributes = activity.Act_Inputs.peek();
+    }
+    return attributes ? attributes->Item(keyInActivity(key)) : nullptr;
 }
 
 FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
@@ -224,9 +256,9 @@ FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const Nea
 // The canvas and the dialog's activity may be written here, and so may what is found in them.
 FarEnd findFarEnd(canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
                   ActivityProperties* InDialog) {
-    FarEndView far = findFarEnd(std::as_const(Form), direction, near, link, InDialog);
+    const FarEndView far = findFarEnd(std::as_const(Form), direction, near, link, InDialog);
     return {const_cast<AttributeProperties*>(far.attribute), const_cast<ParameterProperties*>(far.parameter), far.node,
-            std::move(far.mirrorKey)};
+            far.mirror};
 }
 
 }  // namespace orvent::zoom

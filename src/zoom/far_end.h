@@ -12,6 +12,9 @@ namespace orvent::zoom {
 /// The four link collections that an entity may have. A link in one is mirrored at its far end in the opposite one.
 enum class Direction { ProvidedFrom, ProviderFor, RegulatedFrom, RegulatorFor };
 
+/// How a link spells the key of an entity.
+enum class KeyForm { relative, whole, bare, forRecordSet };
+
 /// The entity whose links are walked, be it an attribute or a parameter. It refers to the entity and must not outlive
 /// it.
 class NearEnd {
@@ -31,12 +34,10 @@ class NearEnd {
 
     /// The name that a mirror gets: the owning record set or activity, or the key of the owning function.
     const std::string& owner() const { return owner_; }
-    std::string relativeKey() const { return entities::relativeKey(kind_, key_); }
-    std::string wholeKey() const { return entities::wholeKey(owner_, kind_, key_); }
 
-    /// How a record set names an input of a function that was drawn by itself: `<function>.<activity>.<input>`. For
-    /// every other entity its whole key.
-    std::string keyForRecordSet() const;
+    /// The key under which a link at the far end stands. A record set names an input of a function that was drawn by
+    /// itself `<function>.<activity>.<input>`, and every other entity by its whole key.
+    std::string keyAs(KeyForm form) const;
 
     /// The node of the canvas that shows this very entity, 0 when there is none.
     std::int32_t labelIn(const canvas::Canvas& Form) const;
@@ -56,7 +57,7 @@ struct FarEndOf {
     Attribute* attribute = nullptr;
     Parameter* parameter = nullptr;
     const canvas::LabelsD* node = nullptr;  ///< the node of its own, when it has one; then the link is drawn
-    std::string mirrorKey;                  ///< what the mirror link calls the near end
+    KeyForm mirror = KeyForm::whole;        ///< what the mirror link calls the near end
 };
 
 /// A far end that may be written, and one that is only read.
@@ -69,6 +70,15 @@ struct LinkData {
     entities::LinkType type;
     const std::string& key;
 };
+
+// The last step of the walk, for those that know the node already.
+
+/// The attribute of the record set that a link's key names, or nothing.
+const entities::AttributeProperties* attributeUnder(const entities::RecordSetProperties& recordSet,
+                                                    const std::string& key);
+/// The attribute in one of an activity's two lists (`KindInput`, `KindOutput`) that a link's key names, or nothing.
+const entities::AttributeProperties* attributeUnder(const entities::ActivityProperties& activity,
+                                                    entities::NodeKindCode list, const std::string& key);
 
 /// Finds the far end of one of the near end's links, by table lookups only. `InDialog` is the working activity of the
 /// open dialog that the near end belongs to, or null: then far ends in the same activity are looked up in it, and

@@ -73,14 +73,14 @@ void mirror(Work work, canvas::Canvas& Form, Direction direction, const NearEnd&
     }
     const std::int32_t nearLabel = far.node ? near.labelIn(Form) : 0;
     if (work == Work::Write) {
-        Link& written = (*mirrors)->Add(near.owner(), link.type(), far.mirrorKey);
+        Link& written = (*mirrors)->Add(near.owner(), link.type(), near.keyAs(far.mirror));
         if (far.node) {
             draw(Form, direction, nearLabel, far.node->Index(), link, written);
         }
         return;
     }
     if (LinkCollection<Link>* present = mirrors->peek()) {
-        present->Remove(far.mirrorKey);
+        present->Remove(near.keyAs(far.mirror));
     }
     if (far.node && edgeBetween(Form, link.LineIndex, nearLabel, far.node->Index())) {
         Form.Lines.RemoveFull(link.LineIndex);

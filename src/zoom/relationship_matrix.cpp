@@ -109,20 +109,6 @@ const RelationRow* find(std::span<const RelationRow> rows, const End& from, cons
 
 }  // namespace
 
-std::string spell(const RelationEnd& end, KeyForm form) {
-    switch (form) {
-        case relative:
-            return end.near().relativeKey();
-        case whole:
-            return end.near().wholeKey();
-        case forRecordSet:
-            return end.near().keyForRecordSet();
-        case bare:
-            break;
-    }
-    return end.key();
-}
-
 const RelationRow* providerRow(const RelationEnd& from, const RelationEnd& to) {
     return find(kProvider, from, to);
 }

@@ -45,12 +45,6 @@ class RelationEnd {
     const entities::ParameterProperties* parameter_;
 };
 
-/// How a link spells the key of its far end.
-enum class KeyForm { relative, whole, bare, forRecordSet };
-
-/// The key of an end in that form.
-std::string spell(const RelationEnd& end, KeyForm form);
-
 /// One pair of kinds that an edge may join, and what it then means. The edge is `FROM` to `TO` as it was drawn.
 struct RelationRow {
     entities::NodeKindCode from, to;

@@ -60,23 +60,23 @@ void writeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const RelationR
     const RelationEnd source(ends.source), target(ends.target);
     if (kind == canvas::EdgeTypeProvider) {
         ends.source.entity<AttributeProperties>()->ProviderFor->Add(target.linkName(), type,
-                                                                    spell(target, row.targetKey), edge);
+                                                                    target.near().keyAs(row.targetKey), edge);
         ends.target.entity<AttributeProperties>()->ProvidedFrom->Add(source.linkName(), type,
-                                                                     spell(source, row.sourceKey), edge);
+                                                                     source.near().keyAs(row.sourceKey), edge);
         return;
     }
     withLists(ends.source, [&](auto& entity) {
-        entity.RegulatorFor->Add(target.linkName(), type, spell(target, row.targetKey), edge);
+        entity.RegulatorFor->Add(target.linkName(), type, target.near().keyAs(row.targetKey), edge);
     });
     withLists(ends.target, [&](auto& entity) {
-        entity.RegulatedFrom->Add(source.linkName(), type, spell(source, row.sourceKey), edge);
+        entity.RegulatedFrom->Add(source.linkName(), type, source.near().keyAs(row.sourceKey), edge);
     });
 }
 
 void removeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const RelationRow& row) {
     const RelationEnd source(ends.source), target(ends.target);
-    const std::string targetKey = spell(target, row.targetKey);
-    const std::string sourceKey = spell(source, row.sourceKey);
+    const std::string targetKey = target.near().keyAs(row.targetKey);
+    const std::string sourceKey = source.near().keyAs(row.sourceKey);
     if (kind == canvas::EdgeTypeProvider) {
         ends.source.entity<AttributeProperties>()->ProviderFor->Remove(targetKey);
         ends.target.entity<AttributeProperties>()->ProvidedFrom->Remove(sourceKey);
@@ -85,7 +85,7 @@ void removeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const Relation
     withLists(ends.source, [&](auto& entity) {
         entity.RegulatorFor->Remove(targetKey);
         // A function's input had another key while its function was free.
-        entity.RegulatorFor->Remove(spell(target, KeyForm::whole));
+        entity.RegulatorFor->Remove(target.near().keyAs(KeyForm::whole));
     });
     withLists(ends.target, [&](auto& entity) { entity.RegulatedFrom->Remove(sourceKey); });
 }

@@ -29,7 +29,7 @@ Extent printedExtent(const canvas::Canvas& canvas) {
     return extent;
 }
 
-void printTo(canvas::Canvas& canvas, QPrinter& printer) {
+void printTo(const canvas::Canvas& canvas, QPrinter& printer) {
     QPainter painter;
     if (painter.begin(&printer)) {
         paintOnPage(canvas, painter, QRectF(painter.viewport()));
@@ -38,7 +38,7 @@ void printTo(canvas::Canvas& canvas, QPrinter& printer) {
 
 }  // namespace
 
-void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) {
+void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& page) {
     const Extent extent = printedExtent(canvas);
     const double width = std::max(1.0, static_cast<double>(extent.right) - extent.left);
     const double height = std::max(1.0, static_cast<double>(extent.bottom) - extent.top);
@@ -55,13 +55,13 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) 
     NodePainter nodes(QFont{});
     nodes.prepare(context);
     EdgePainter edges(context, canvas, plain.toPixels(extent));
-    for (const canvas::LinesD& edge : std::as_const(canvas.Lines)) {
+    for (const canvas::LinesD& edge : canvas.Lines) {
         if (edge.Visible() && edge.ToLabel() != 0) {
             edges.add(edge);
         }
     }
     edges.paint();
-    for (const canvas::LabelsD& node : std::as_const(canvas.Labels)) {
+    for (const canvas::LabelsD& node : canvas.Labels) {
         if (node.Visible()) {
             nodes.paint(context, node, {});
         }
@@ -72,7 +72,7 @@ void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page) 
 CanvasPrinter::CanvasPrinter() = default;
 CanvasPrinter::~CanvasPrinter() = default;
 
-void CanvasPrinter::print(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent) {
+void CanvasPrinter::print(const canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent) {
     if (!printer_) {
         printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     }

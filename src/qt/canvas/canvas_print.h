@@ -14,7 +14,7 @@ namespace orvent::qt {
 
 /// Paints the whole picture of a canvas, scaled to fit and centred in `page` (pixels of the painter). On white paper,
 /// whatever the program's theme.
-void paintOnPage(canvas::Canvas& canvas, QPainter& painter, const QRectF& page);
+void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& page);
 
 /// Prints canvases on one page each, on the printer that was chosen last.
 class CanvasPrinter {
@@ -24,7 +24,7 @@ class CanvasPrinter {
 
     /// Asks for a printer. With `preview` the page is shown first, and printed from there. Cancel, or a printer that
     /// fails, ends it silently.
-    void print(canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent);
+    void print(const canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent);
 
   private:
     std::unique_ptr<QPrinter> printer_;
