@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "canvas/canvas.h"
+#include "zoom/member_ties.h"
 #include "zoom/relationships.h"
 
 namespace orvent::zoom {
@@ -30,13 +31,6 @@ bool CheckDataTypes(ZoomForm& form, const canvas::LabelsD& from, canvas::LabelsD
 
 /// Replaces the edge by its reverse.
 void FlipLine(canvas::Canvas& form, std::int32_t& edge);
-
-/// Ties a free function to an activity; with `DrawEdge` by a part-of edge too, unless one joins them already.
-void AttachFunction(ZoomForm& form, canvas::LabelsD& function, canvas::LabelsD& activity, bool DrawEdge);
-
-/// Unties a function from its activity: it has no owner, no links, and is a new one for the repository. Nothing happens
-/// without an activity.
-void DetachFunction(ZoomForm& form, canvas::LabelsD& function, canvas::LabelsD* activity);
 
 /// The rules above, as the zoom view asks for them.
 class RelationshipRules : public Relationships {

@@ -1,0 +1,174 @@
+#include "zoom/member_ties.h"
+
+#include "zoom/members.h"
+#include "zoom/relationship_matrix.h"
+#include "zoom/relationship_rules.h"
+#include "zoom/unsynchronize_functions.h"
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+using canvas::LabelsD;
+using canvas::LinesD;
+
+namespace {
+
+/// One list of an activity that takes a drawn member.
+struct MemberList {
+    NodeKindCode kind;
+    const char* infix;
+    const char* taken;
+};
+
+constexpr MemberList kInputs = {KindInput, ".IN.",
+                                "An Input With The Same Name Allready Exists.\nPlease Rename The Current Attribute!"};
+constexpr MemberList kOutputs = {KindOutput, ".OUT.",
+                                 "An Output With The Same Name Allready Exists.\nPlease Rename The Current Attribute!"};
+constexpr MemberList kParameters = {
+    KindParameter, ".PARAM.", "A Parameter With The Same Name Allready Exists.\nPlease Rename The Current Parameter!"};
+
+/// The end of an activity where an edge leaves as from its outputs.
+constexpr std::int16_t kOutputGrabPoint = 4;
+
+template <class List>
+void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
+    auto& entity = *node.entity<EntityOf<List>>();
+    const std::string key = entity.Key.empty() ? node.Caption() : entity.Key;
+    const std::string name = owner.Caption() + row.infix + node.Caption();
+    if (list.Item(key) || form.isNameTaken(name)) {
+        form.Lines.RemoveFull(edge);
+        form.messages().tell(row.taken);
+        return;
+    }
+    entity.NodeKind = row.kind;
+    node.setKeyName(name);
+    entity.ParentKeyName = owner.Caption();
+    addMember(node, list, key);
+    if constexpr (requires { list.Changed; }) {
+        list.Changed = true;
+    }
+}
+
+/// The parameters of a function that are shown one by one show those of the function that stands there now.
+void bindParameters(ZoomForm& form, LabelsD& function, FunctionProperties& bound) {
+    for (const std::int32_t number : function.StartingLines()) {
+        const LinesD* edge = form.Lines.byIndex(number);
+        LabelsD* node = edge ? form.Labels.byIndex(edge->ToLabel()) : nullptr;
+        const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
+        if (!parameter || edge->EdgeType() != canvas::EdgeTypePartOf) {
+            continue;
+        }
+        FunctionParameters& list =
+            parameter->NodeKind == KindFunctionInput ? *bound.Function_Inputs : *bound.Function_Outputs;
+        if (auto item = list.share(parameter->Key)) {
+            bindNode(*node, std::move(item));
+        }
+    }
+}
+
+}  // namespace
+
+bool isFree(const canvas::Canvas& form, const std::string& owner) {
+    return owner.empty() || !form.isNameTaken(owner);
+}
+
+void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) {
+    auto* activity = from.activity();
+    if (const auto* function = to.entity<FunctionProperties>(); activity && function) {
+        if (!isFree(form, function->ParentKeyName()) || activity->Act_Functions->Item(function->Function_Key)) {
+            RejectRelationship(form, edge);
+        } else {
+            AttachFunction(form, to, from, false);
+        }
+    } else if (from.entity<FunctionProperties>() && to.activity()) {
+        FlipLine(form, edge);
+        makeMember(form, edge, to, from);
+    } else if (const RelationEnd member(to); activity && member.present() && member.kind() != KindConstant) {
+        if (!isFree(form, member.parentKeyName())) {
+            RejectRelationship(form, edge);
+        } else if (to.entity<ParameterProperties>()) {
+            tieMember(form, from, to, *activity->Act_Parameters, kParameters, edge);
+        } else if (form.Lines.byIndex(edge)->FromGrabbingPoint() == kOutputGrabPoint) {
+            tieMember(form, from, to, *activity->Act_Outputs, kOutputs, edge);
+        } else {
+            tieMember(form, from, to, *activity->Act_Inputs, kInputs, edge);
+        }
+    }
+}
+
+void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
+    const auto release = [&](auto& entity) {
+        if (entity.SubNode_ID != 0) {
+            form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
+        }
+        switch (entity.NodeKind) {
+            case KindInput:
+                owner.Act_Inputs->Remove(entity.Key);
+                owner.Act_Inputs->Changed = true;
+                break;
+            case KindOutput:
+                owner.Act_Outputs->Remove(entity.Key);
+                break;
+            default:
+                owner.Act_Parameters->Remove(entity.Key);
+        }
+        entity.SubNode_ID = 0;
+        entity.NodeKind = KindFree;
+        entity.ParentKeyName.clear();
+    };
+    const std::shared_ptr<void> held = std::visit(
+        [](const auto& properties) -> std::shared_ptr<void> {
+            if constexpr (requires { properties.get(); }) {
+                return properties;
+            } else {
+                return nullptr;
+            }
+        },
+        node.Properties);
+    if (auto* attribute = node.entity<AttributeProperties>()) {
+        UnSynchronizeAttribute(form, *attribute, true, nullptr);
+        release(*attribute);
+    } else if (auto* parameter = node.entity<ParameterProperties>()) {
+        UnSynchronizeParameter(form, *parameter, true, nullptr);
+        release(*parameter);
+    }
+    node.setKeyName(node.Caption());
+}
+
+void AttachFunction(ZoomForm& form, LabelsD& function, LabelsD& activity, bool DrawEdge) {
+    if (DrawEdge && !form.Lines.FindConnectingLine(activity.Index(), function.Index(), canvas::EdgeTypePartOf, false)) {
+        form.Lines.addFullLine(activity.Index(), 5, function.Index(), 2, canvas::EdgeTypePartOf,
+                               canvas::AngleVerticalUp, 0);
+    }
+    auto& entity = *function.entity<FunctionProperties>();
+    entity.setParentKeyName(activity.activity()->Act_Name);
+    entity.Function_Source = kSourceOwn;
+    const std::string key = entity.Function_Key.empty() ? function.Caption() : entity.Function_Key;
+    bindParameters(form, function, addMember(function, *activity.activity()->Act_Functions, key));
+}
+
+void DetachFunction(ZoomForm& form, LabelsD& function, LabelsD* activity) {
+    if (!activity) {
+        return;
+    }
+    const std::shared_ptr<FunctionProperties> held = std::get<std::shared_ptr<FunctionProperties>>(function.Properties);
+    FunctionProperties& entity = *held;
+    // The keys by which others know its parameters name the activity, so the links go before it is forgotten.
+    UnSynchronizeFunction(form, entity, true, nullptr);
+    entity.setParentKeyName("");
+    entity.Function_Source = 0;
+    activity->activity()->Act_Functions->Remove(entity.Function_Key);
+    if (entity.FunctionID != 0) {
+        form.DeletedNodes->Add(entity.FunctionID, KindFunction);
+        entity.FunctionID = 0;
+    }
+    for (ParameterProperties& input : entity.Function_Inputs) {
+        input.SubNode_ID = 0;
+    }
+    if (ParameterProperties* output = entity.Function_Outputs->Item(1)) {
+        output->SubNode_ID = 0;
+    }
+}
+
+}  // namespace orvent::zoom
