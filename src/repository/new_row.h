@@ -41,4 +41,7 @@ class NoIdentifiersLeft : public platform::Fault {
 /// can refer to it, and `NoIdentifiersLeft` is thrown.
 std::int16_t identifierOf(StatementCache& repository, const NewRow& row);
 
+/// Throws `NoIdentifiersLeft` unless so many rows can still get an identifier that fits. `draw` draws one.
+void requireIdentifiers(StatementCache& repository, std::string_view draw, long long rows);
+
 }  // namespace orvent::repository

@@ -260,6 +260,11 @@ void ScenarioLoadSave::takeOverScenario(SaveAttempt& save) {
     if (!fits(*known)) {
         throw NoIdentifiersLeft();
     }
+    // Before the first row goes: what is stored stays when the rows to come would get no identifiers.
+    const IdentifierNeed need = identifierNeed(form);
+    requireIdentifiers(save.repository, sql::kDrawNode, need.nodes);
+    requireIdentifiers(save.repository, sql::kDrawSubNode, need.subNodes);
+    requireIdentifiers(save.repository, sql::kDrawFunction, need.functions);
     form.ScenarioID = static_cast<std::int16_t>(*known);
     interrupted().names.erase(form.ScenarioName());
     interrupted().scenarios.insert(form.ScenarioID);

@@ -43,6 +43,11 @@ inline constexpr std::string_view kNodeIdentifier = "SELECT Node_ID_seq.CURRVAL 
 inline constexpr std::string_view kSubNodeIdentifier = "SELECT SubNode_ID_seq.CURRVAL FROM dual";
 inline constexpr std::string_view kFunctionIdentifier = "SELECT Function_ID_seq.CURRVAL FROM dual";
 
+// Draws an identifier; that of a row to come is the one behind it.
+inline constexpr std::string_view kDrawNode = "SELECT Node_ID_seq.NEXTVAL FROM dual";
+inline constexpr std::string_view kDrawSubNode = "SELECT SubNode_ID_seq.NEXTVAL FROM dual";
+inline constexpr std::string_view kDrawFunction = "SELECT Function_ID_seq.NEXTVAL FROM dual";
+
 // Inserts, with the values in the order of the table's columns.
 inline constexpr std::string_view kAddScenario = "INSERT INTO Scenarios VALUES (?,Scenario_ID_seq.NEXTVAL,?)";
 inline constexpr std::string_view kAddNode = "INSERT INTO ScenarioNodes VALUES (?,Node_ID_seq.NEXTVAL,?,?,?,?,?,?)";

@@ -83,6 +83,24 @@ void StoredIdentity::restore(canvas::DrawForm& form) const {
     }
 }
 
+IdentifierNeed identifierNeed(const canvas::DrawForm& form) {
+    IdentifierNeed need;
+    for (const canvas::LabelsD& node : form.Labels) {
+        need.nodes += node.rowIdentifier() ? 1 : 0;
+        if (const auto* activity = node.activity()) {
+            need.subNodes +=
+                activity->Act_Inputs.count() + activity->Act_Outputs.count() + activity->Act_Parameters.count();
+            for (const entities::FunctionProperties& function : activity->Act_Functions) {
+                ++need.functions;
+                need.subNodes += function.Function_Inputs.count() + function.Function_Outputs.count();
+            }
+        } else if (const auto* recordSet = node.recordSet()) {
+            need.subNodes += recordSet->RecordSet_Outputs.count();
+        }
+    }
+    return need;
+}
+
 std::unordered_set<long long> storedNodes(const canvas::DrawForm& form) {
     std::unordered_set<long long> identifiers;
     for (const canvas::LabelsD& node : form.Labels) {

@@ -35,6 +35,14 @@ class StoredIdentity {
     std::vector<std::pair<canvas::DeletedNode, std::string>> deletedNodes_;
 };
 
+/// How many identifiers of each sequence a full write of the window draws, at most.
+struct IdentifierNeed {
+    long long nodes = 0;
+    long long subNodes = 0;
+    long long functions = 0;
+};
+IdentifierNeed identifierNeed(const canvas::DrawForm& form);
+
 /// The identifiers of all nodes of the window that have a row.
 std::unordered_set<long long> storedNodes(const canvas::DrawForm& form);
 

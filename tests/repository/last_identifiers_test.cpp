@@ -15,9 +15,9 @@ class LastIdentifiersTest : public StoredScenarioTest {
         run("UPDATE orvent_sequences SET value=" + std::to_string(last) + " WHERE name='" + name + "'");
     }
 
-    void expectRefused() {
-        ASSERT_EQ(user.told.size(), 1u) << user.told.back();
-        EXPECT_NE(user.told[0].find("no identifiers left"), std::string::npos) << user.told[0];
+    void expectRefused(std::size_t asked = 0) {
+        ASSERT_EQ(user.told.size(), asked + 1) << user.told.back();
+        EXPECT_NE(user.told[asked].find("no identifiers left"), std::string::npos) << user.told[asked];
     }
 
     std::unique_ptr<canvas::DrawForm> form = savedGraph();
@@ -86,6 +86,23 @@ TEST_F(LastIdentifiersTest, AFullWriteLeavesEverythingAsItWas) {
     platform::Statement& scenarios = open.run("SELECT Scenario_Name FROM Scenarios");
     EXPECT_TRUE(scenarios.fetch());
     EXPECT_FALSE(scenarios.fetch()) << "no row of the scenario that could not be written";
+}
+
+TEST_F(LastIdentifiersTest, AScenarioThatCannotBeReplacedStays) {
+    const long long rows = storedRows();
+    const auto replacing = graph("Demo");
+    for (const char* sequence : {"Node_ID_seq", "SubNode_ID_seq", "Function_ID_seq"}) {
+        SCOPED_TRACE(sequence);
+        setSequence(sequence, 32766);
+        save(*replacing, false, Answer::yes);
+        expectRefused(1);
+        EXPECT_EQ(replacing->ScenarioID, 0);
+        EXPECT_EQ(storedRows(), rows);
+        EXPECT_EQ(modelText(*loaded(1)), whole);
+        setSequence(sequence, 1000);
+    }
+    save(*replacing, false, Answer::yes);
+    EXPECT_EQ(user.told.back(), "Saved");
 }
 
 TEST_F(LastIdentifiersTest, RowsBeyondTheEndAreRemovedReplacedAndPassedOver) {

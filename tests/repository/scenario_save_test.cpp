@@ -116,7 +116,7 @@ TEST_F(ScenarioSaveTest, TakenNameReplacesTheOtherScenario) {
     expectQuestion(Answer::yes);
     save(true);
     EXPECT_EQ(form->ScenarioID, 7);
-    EXPECT_EQ(recordSet().NodeID, 101) << "written anew";
+    EXPECT_EQ(recordSet().NodeID, 102) << "written anew, behind the number that was drawn to see what is left";
     EXPECT_EQ(windows.calls, Texts{"gone 7 but one"});
     EXPECT_EQ(std::ranges::count(database.log, "DELETE FROM ScenarioNodes WHERE Scenario_ID=? [7]"), 1);
 }

@@ -114,6 +114,9 @@ class ScriptedDatabase : public platform::Database {
                     return {{std::to_string(counter)}};
                 }
                 ++counter;
+                if (sql.starts_with("SELECT")) {
+                    return {{std::to_string(counter)}};
+                }
                 break;
             }
         }
