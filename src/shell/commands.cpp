@@ -1,5 +1,6 @@
 #include "shell/commands.h"
 
+#include <algorithm>
 #include <array>
 
 #include "shell/tool_bars.h"
@@ -148,6 +149,22 @@ std::span<const ButtonGroup> verticalMenu() {
 
 std::span<const Command> menuBarCommands() {
     return kMenuBar;
+}
+
+std::vector<CommandKeys> commandKeys() {
+    std::vector<CommandKeys> keys;
+    for (const Menu& menu : kMenus) {
+        for (const MenuItem& item : menu.items) {
+            const auto known = std::find_if(keys.begin(), keys.end(),
+                                            [&](const CommandKeys& row) { return row.shortcut == item.shortcut; });
+            if (known != keys.end()) {
+                known->names += " / " + std::string(item.caption);
+            } else if (!item.shortcut.empty()) {
+                keys.push_back({item.shortcut, std::string(item.caption)});
+            }
+        }
+    }
+    return keys;
 }
 
 std::span<const HandyKey> handyKeys() {

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "canvas/menu_item.h"
 
@@ -77,7 +79,15 @@ struct HandyKey {
     std::string_view meaning;
 };
 
+/// The keys of a menu item, and what it is called: in each kind of window that calls it differently.
+struct CommandKeys {
+    std::string_view shortcut;
+    std::string names;
+};
+
 std::span<const Menu> menus();
+/// All items that have keys, the same keys once.
+std::vector<CommandKeys> commandKeys();
 std::span<const ButtonGroup> verticalMenu();
 /// The commands of the buttons of `MenuBar`, in their order.
 std::span<const Command> menuBarCommands();

@@ -7,7 +7,7 @@
 #include "repository/stored_content.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
-#include "shell/test_graph.h"
+#include "shell/sample_scenario.h"
 #include "zoom/zoom_view.h"
 
 namespace orvent::shell {
@@ -311,7 +311,7 @@ void MDIForm1::LoadTestGraph() {
     }
     loadCatalogue();
     canvas::DrawForm& form = OpenSlot(kSampleSlot, kSampleName);
-    buildTestGraph(form, catalogue_);
+    buildSampleScenario(form, catalogue_);
 }
 
 void MDIForm1::showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target) {

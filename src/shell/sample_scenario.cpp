@@ -1,4 +1,4 @@
-#include "shell/test_graph.h"
+#include "shell/sample_scenario.h"
 
 #include <optional>
 #include <string>
@@ -292,7 +292,7 @@ class SampleBuilder {
 
 }  // namespace
 
-bool buildTestGraph(canvas::DrawForm& form, repository::Catalogue& catalogue) {
+bool buildSampleScenario(canvas::DrawForm& form, repository::Catalogue& catalogue) {
     SampleBuilder builder(form, catalogue);
     builder.makeNodes();
     if (!builder.readTypes()) {

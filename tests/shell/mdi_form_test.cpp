@@ -251,6 +251,15 @@ TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
     EXPECT_EQ(found, meant);
 }
 
+TEST(Commands, KeysOfSeveralItemsAreListedOnce) {
+    std::map<std::string_view, std::string> listed;
+    for (const CommandKeys& row : commandKeys()) {
+        EXPECT_TRUE(listed.emplace(row.shortcut, row.names).second) << row.shortcut << " twice";
+    }
+    EXPECT_EQ(listed.at("Ctrl+S"), "Save Scenario / Save Changes");
+    EXPECT_EQ(listed.at("Ctrl+Shift+P"), "Print Preview");
+}
+
 TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     frame.frame.start();
     for (const Command command : {Command::printScenario, Command::undo, Command::zoomIn, Command::viewFit}) {

@@ -1,4 +1,4 @@
-#include "shell/test_graph.h"
+#include "shell/sample_scenario.h"
 
 #include <gtest/gtest.h>
 
@@ -12,9 +12,9 @@ namespace {
 
 using namespace entities;
 
-class TestGraph : public ::testing::Test {
+class SampleScenario : public ::testing::Test {
   protected:
-    TestGraph() {
+    SampleScenario() {
         frame.frame.start();
         frame.frame.run(Command::loadTestGraph);
     }
@@ -25,7 +25,7 @@ class TestGraph : public ::testing::Test {
     testkit::TestFrame frame{repository};
 };
 
-TEST_F(TestGraph, StandsInTheLastSlotWithItsNodesAndEdges) {
+TEST_F(SampleScenario, StandsInTheLastSlotWithItsNodesAndEdges) {
     EXPECT_EQ(form().Tag, "10");
     EXPECT_EQ(form().Labels.Count(), 9);
     EXPECT_EQ(form().Lines.Count(), 9);
@@ -36,7 +36,7 @@ TEST_F(TestGraph, StandsInTheLastSlotWithItsNodesAndEdges) {
     EXPECT_FALSE(node.Ready());
 }
 
-TEST_F(TestGraph, RichActivityHoldsItsMembersAndFunctions) {
+TEST_F(SampleScenario, RichActivityHoldsItsMembersAndFunctions) {
     const auto keysOf = [](auto& items) {
         std::string keys;
         for (const auto& item : items) {
@@ -66,7 +66,7 @@ TEST_F(TestGraph, RichActivityHoldsItsMembersAndFunctions) {
     EXPECT_EQ(rich.Act_SchemaNo, 2) << "as its type has it";
 }
 
-TEST_F(TestGraph, IsAFixedPointOfSynchronising) {
+TEST_F(SampleScenario, IsAFixedPointOfSynchronising) {
     const std::string before = testkit::modelText(form());
     for (canvas::LabelsD& node : form().Labels) {
         if (node.activity()) {
@@ -78,7 +78,7 @@ TEST_F(TestGraph, IsAFixedPointOfSynchronising) {
     EXPECT_EQ(testkit::modelText(form()), before);
 }
 
-TEST_F(TestGraph, ASecondLoadAsksToCloseTheFirst) {
+TEST_F(SampleScenario, ASecondLoadAsksToCloseTheFirst) {
     canvas::DrawForm* first = &form();
     for (const auto answer : {platform::Answer::cancel, platform::Answer::ok}) {
         EXPECT_EQ(&form(), first);
@@ -90,7 +90,7 @@ TEST_F(TestGraph, ASecondLoadAsksToCloseTheFirst) {
     EXPECT_EQ(form().Labels.Count(), 9);
 }
 
-TEST_F(TestGraph, ACatalogueWithoutTypesStopsTheCommandAndTheWindowStays) {
+TEST_F(SampleScenario, ACatalogueWithoutTypesStopsTheCommandAndTheWindowStays) {
     frame.close();
     const auto connection = repository.database.open(repository.settings.login.ReposConnString, "", "");
     for (const char* table : {"ActivityTypesParams", "ActivityTypesFunctions", "ActivityTypes"}) {

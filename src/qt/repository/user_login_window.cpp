@@ -15,48 +15,48 @@ UserLoginWindow::UserLoginWindow(repository::UserLogin& logic, QWidget* parent)
     : FormWindow(tr("Login"), parent), logic_(logic) {
     setObjectName(QStringLiteral("UserLogin"));
 
-    txtRepos = newField(QStringLiteral("txtRepos"), this);
-    txtRepos->setReadOnly(true);
-    txtRepos->setFocusPolicy(Qt::ClickFocus);
-    txtRepos->setPlaceholderText(tr("No repository selected"));
-    txtRepos->addAction(icon(QStringLiteral("database")), QLineEdit::LeadingPosition);
-    ChangeRepos = new QPushButton(tr("Change…"), this);
-    ChangeRepos->setObjectName(QStringLiteral("ChangeRepos"));
-    ChangeRepos->setAutoDefault(false);
-    txtUser = newField(QStringLiteral("txtUser"), this);
-    txtUser->setText(QString::fromStdString(logic_.txtUser));
-    txtUser->setPlaceholderText(tr("Whose scenarios to show"));
-    txtUser->addAction(icon(QStringLiteral("user")), QLineEdit::LeadingPosition);
+    txtRepos_ = newField(QStringLiteral("txtRepos"), this);
+    txtRepos_->setReadOnly(true);
+    txtRepos_->setFocusPolicy(Qt::ClickFocus);
+    txtRepos_->setPlaceholderText(tr("No repository selected"));
+    txtRepos_->addAction(icon(QStringLiteral("database")), QLineEdit::LeadingPosition);
+    changeRepos_ = new QPushButton(tr("Change…"), this);
+    changeRepos_->setObjectName(QStringLiteral("ChangeRepos"));
+    changeRepos_->setAutoDefault(false);
+    txtUser_ = newField(QStringLiteral("txtUser"), this);
+    txtUser_->setText(QString::fromStdString(logic_.txtUser));
+    txtUser_->setPlaceholderText(tr("Whose scenarios to show"));
+    txtUser_->addAction(icon(QStringLiteral("user")), QLineEdit::LeadingPosition);
 
     auto* repository = new QHBoxLayout;
     repository->setSpacing(Spacing::gap);
-    repository->addWidget(txtRepos, 1);
-    repository->addWidget(ChangeRepos);
+    repository->addWidget(txtRepos_, 1);
+    repository->addWidget(changeRepos_);
     QFormLayout* form = newForm();
     form->addRow(newCaption(tr("Repository"), this), repository);
-    form->addRow(newCaption(tr("User"), this), txtUser);
+    form->addRow(newCaption(tr("User"), this), txtUser_);
 
     body().addWidget(newProgramHeader(tr("Logical design of ETL scenarios"), this));
     body().addSpacing(Spacing::section);
     body().addLayout(form);
     body().addStretch();
-    Login = &addAccept(QStringLiteral("Login"), tr("Login"), [this] { return logic_.Login(); });
+    login_ = &addAccept(QStringLiteral("Login"), tr("Login"), [this] { return logic_.Login(); });
     addCancel(QStringLiteral("cmdCancel"));
 
-    connect(txtUser, &QLineEdit::textChanged, this,
+    connect(txtUser_, &QLineEdit::textChanged, this,
             [this](const QString& text) { logic_.txtUser = text.toStdString(); });
-    connect(ChangeRepos, &QPushButton::clicked, this, [this] {
+    connect(changeRepos_, &QPushButton::clicked, this, [this] {
         logic_.ChangeRepos();
         showState();
     });
     showState();
-    txtUser->setFocus();
-    txtUser->selectAll();
+    txtUser_->setFocus();
+    txtUser_->selectAll();
 }
 
 void UserLoginWindow::showState() {
-    txtRepos->setText(QString::fromStdString(logic_.txtRepos));
-    txtRepos->setCursorPosition(0);
+    txtRepos_->setText(QString::fromStdString(logic_.txtRepos));
+    txtRepos_->setCursorPosition(0);
 }
 
 }  // namespace orvent::qt

@@ -18,10 +18,10 @@ class UserLoginWindow : public FormWindow {
     void showState();
 
     repository::UserLogin& logic_;
-    QLineEdit* txtRepos;
-    QLineEdit* txtUser;
-    QPushButton* ChangeRepos;
-    QPushButton* Login;
+    QLineEdit* txtRepos_;
+    QLineEdit* txtUser_;
+    QPushButton* changeRepos_;
+    QPushButton* login_;
 };
 
 }  // namespace orvent::qt

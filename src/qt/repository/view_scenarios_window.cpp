@@ -35,75 +35,75 @@ ViewScenariosWindow::ViewScenariosWindow(repository::ViewScenarios& logic, QWidg
     setObjectName(QStringLiteral("ViewScenarios"));
     buildList();
     buildMenu();
-    lblScenarios = new QLabel(tr("Scenarios"), this);
-    lblScenarios->setObjectName(QStringLiteral("lblScenarios"));
-    lblScenarios->setBuddy(ScenarioView);
-    txtScenarioName = newField(QStringLiteral("txtScenarioName"), this);
-    lblScenarioName = new QLabel(tr("Scenario name"), this);
-    lblScenarioName->setObjectName(QStringLiteral("lblScenarioName"));
-    lblScenarioName->setBuddy(txtScenarioName);
+    lblScenarios_ = new QLabel(tr("Scenarios"), this);
+    lblScenarios_->setObjectName(QStringLiteral("lblScenarios"));
+    lblScenarios_->setBuddy(scenarioView_);
+    txtScenarioName_ = newField(QStringLiteral("txtScenarioName"), this);
+    lblScenarioName_ = new QLabel(tr("Scenario name"), this);
+    lblScenarioName_->setObjectName(QStringLiteral("lblScenarioName"));
+    lblScenarioName_->setBuddy(txtScenarioName_);
 
-    body().addWidget(lblScenarios);
-    body().addWidget(ScenarioView, 1);
+    body().addWidget(lblScenarios_);
+    body().addWidget(scenarioView_, 1);
     body().addSpacing(Spacing::gap);
-    body().addWidget(lblScenarioName);
-    body().addWidget(txtScenarioName);
-    OKButton = &addAccept(QStringLiteral("OKButton"), QString::fromStdString(logic_.OKCaption),
-                          [this] { return logic_.OKButton(); });
+    body().addWidget(lblScenarioName_);
+    body().addWidget(txtScenarioName_);
+    ok_ = &addAccept(QStringLiteral("OKButton"), QString::fromStdString(logic_.OKCaption),
+                     [this] { return logic_.OKButton(); });
     addCancel(QStringLiteral("CancelButton"));
     hint_ = &addNote(QStringLiteral("lblHint"));
 
-    connect(txtScenarioName, &QLineEdit::textEdited, this, [this](const QString& text) {
+    connect(txtScenarioName_, &QLineEdit::textEdited, this, [this](const QString& text) {
         logic_.changeName(text.toStdString());
         showState();
     });
     showState();
     if (logic_.txtScenarioName.empty()) {
-        ScenarioView->setFocus();
+        scenarioView_->setFocus();
     } else {
-        txtScenarioName->setFocus();
-        txtScenarioName->selectAll();
+        txtScenarioName_->setFocus();
+        txtScenarioName_->selectAll();
     }
 }
 
 void ViewScenariosWindow::buildList() {
-    ScenarioView = new HintList(tr("No scenarios saved yet"), this);
-    ScenarioView->setObjectName(QStringLiteral("ScenarioView"));
-    ScenarioView->setMinimumSize(kListSize);
-    ScenarioView->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    ScenarioView->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(ScenarioView, &QListWidget::itemSelectionChanged, this, [this] {
-        const QList<QListWidgetItem*> items = ScenarioView->selectedItems();
+    scenarioView_ = new HintList(tr("No scenarios saved yet"), this);
+    scenarioView_->setObjectName(QStringLiteral("ScenarioView"));
+    scenarioView_->setMinimumSize(kListSize);
+    scenarioView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    scenarioView_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(scenarioView_, &QListWidget::itemSelectionChanged, this, [this] {
+        const QList<QListWidgetItem*> items = scenarioView_->selectedItems();
         if (!items.isEmpty()) {
-            choose(ScenarioView->row(items.constFirst()));
+            choose(scenarioView_->row(items.constFirst()));
         }
     });
-    connect(ScenarioView, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { choose(ScenarioView->row(item)); });
-    connect(ScenarioView, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
-        choose(ScenarioView->row(item));
+    connect(scenarioView_, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { choose(scenarioView_->row(item)); });
+    connect(scenarioView_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
+        choose(scenarioView_->row(item));
         press();
     });
-    connect(ScenarioView, &QListWidget::itemChanged, this, &ViewScenariosWindow::renameLater);
+    connect(scenarioView_, &QListWidget::itemChanged, this, &ViewScenariosWindow::renameLater);
 }
 
 void ViewScenariosWindow::buildMenu() {
-    ScenarioViewM = new QMenu(this);
-    ScenarioViewM->setObjectName(QStringLiteral("ScenarioViewM"));
-    ScenarioViewRenameM = addShortcut(ScenarioViewM, ScenarioView, QStringLiteral("ScenarioViewRenameM"), tr("Rename"),
-                                      QStringLiteral("rename"), Qt::Key_F2);
-    ScenarioViewDeleteM = addShortcut(ScenarioViewM, ScenarioView, QStringLiteral("ScenarioViewDeleteM"), tr("Delete"),
-                                      QStringLiteral("delete"), Qt::Key_Delete);
-    connect(ScenarioViewRenameM, &QAction::triggered, this,
-            [this] { ScenarioView->editItem(ScenarioView->item(logic_.selected)); });
-    connect(ScenarioViewDeleteM, &QAction::triggered, this, [this] {
+    scenarioViewM_ = new QMenu(this);
+    scenarioViewM_->setObjectName(QStringLiteral("ScenarioViewM"));
+    scenarioViewRenameM_ = addShortcut(scenarioViewM_, scenarioView_, QStringLiteral("ScenarioViewRenameM"),
+                                       tr("Rename"), QStringLiteral("rename"), Qt::Key_F2);
+    scenarioViewDeleteM_ = addShortcut(scenarioViewM_, scenarioView_, QStringLiteral("ScenarioViewDeleteM"),
+                                       tr("Delete"), QStringLiteral("delete"), Qt::Key_Delete);
+    connect(scenarioViewRenameM_, &QAction::triggered, this,
+            [this] { scenarioView_->editItem(scenarioView_->item(logic_.selected)); });
+    connect(scenarioViewDeleteM_, &QAction::triggered, this, [this] {
         logic_.ScenarioViewDelete();
         showState();
     });
-    connect(ScenarioView, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        if (QListWidgetItem* item = ScenarioView->itemAt(place)) {
-            choose(ScenarioView->row(item));
-            ScenarioViewM->popup(ScenarioView->viewport()->mapToGlobal(place));
+    connect(scenarioView_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        if (QListWidgetItem* item = scenarioView_->itemAt(place)) {
+            choose(scenarioView_->row(item));
+            scenarioViewM_->popup(scenarioView_->viewport()->mapToGlobal(place));
         }
     });
 }
@@ -117,7 +117,7 @@ void ViewScenariosWindow::renameLater(QListWidgetItem* item) {
     // A message box must not open while the list is still closing its label editor.
     QMetaObject::invokeMethod(
         this,
-        [this, row = ScenarioView->row(item), name = item->text().toStdString()] {
+        [this, row = scenarioView_->row(item), name = item->text().toStdString()] {
             logic_.ScenarioViewRename(row, name);
             showState();
         },
@@ -125,30 +125,30 @@ void ViewScenariosWindow::renameLater(QListWidgetItem* item) {
 }
 
 void ViewScenariosWindow::showState() {
-    const QSignalBlocker quietList(ScenarioView);
+    const QSignalBlocker quietList(scenarioView_);
     const QIcon picture = icon(QStringLiteral("ScenarioDB"));
     const int count = static_cast<int>(logic_.ScenarioView.size());
-    while (ScenarioView->count() > count) {
-        delete ScenarioView->takeItem(ScenarioView->count() - 1);
+    while (scenarioView_->count() > count) {
+        delete scenarioView_->takeItem(scenarioView_->count() - 1);
     }
-    while (ScenarioView->count() < count) {
-        QListWidgetItem* item = ScenarioView->addRow(picture);
+    while (scenarioView_->count() < count) {
+        QListWidgetItem* item = scenarioView_->addRow(picture);
         item->setFlags(item->flags() | Qt::ItemIsEditable);
     }
     for (int row = 0; row < count; ++row) {
-        ScenarioView->item(row)->setText(
+        scenarioView_->item(row)->setText(
             QString::fromStdString(logic_.ScenarioView[static_cast<std::size_t>(row)].name));
     }
-    ScenarioView->setCurrentRow(logic_.selected);
+    scenarioView_->setCurrentRow(logic_.selected);
 
     const QString name = QString::fromStdString(logic_.txtScenarioName);
-    if (txtScenarioName->text() != name) {
-        txtScenarioName->setText(name);
+    if (txtScenarioName_->text() != name) {
+        txtScenarioName_->setText(name);
     }
-    OKButton->setEnabled(logic_.canOK());
+    ok_->setEnabled(logic_.canOK());
     hint_->setText(QString::fromStdString(logic_.hint()));
-    ScenarioViewRenameM->setEnabled(logic_.selected >= 0);
-    ScenarioViewDeleteM->setEnabled(logic_.selected >= 0);
+    scenarioViewRenameM_->setEnabled(logic_.selected >= 0);
+    scenarioViewDeleteM_->setEnabled(logic_.selected >= 0);
 }
 
 }  // namespace orvent::qt

@@ -28,15 +28,15 @@ class ViewScenariosWindow : public FormWindow {
     void renameLater(QListWidgetItem* item);
 
     repository::ViewScenarios& logic_;
-    QLabel* lblScenarios;
-    HintList* ScenarioView;
-    QLabel* lblScenarioName;
-    QLineEdit* txtScenarioName;
+    QLabel* lblScenarios_;
+    HintList* scenarioView_;
+    QLabel* lblScenarioName_;
+    QLineEdit* txtScenarioName_;
     QLabel* hint_;
-    QPushButton* OKButton;
-    QMenu* ScenarioViewM;
-    QAction* ScenarioViewRenameM;
-    QAction* ScenarioViewDeleteM;
+    QPushButton* ok_;
+    QMenu* scenarioViewM_;
+    QAction* scenarioViewRenameM_;
+    QAction* scenarioViewDeleteM_;
 };
 
 }  // namespace orvent::qt

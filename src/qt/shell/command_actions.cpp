@@ -11,8 +11,8 @@
 
 namespace orvent::qt {
 
-QList<QKeySequence> shortcutsOf(const shell::MenuItem& item) {
-    return QKeySequence::listFromString(text(item.shortcut), QKeySequence::PortableText);
+QList<QKeySequence> shortcutsOf(std::string_view shortcut) {
+    return QKeySequence::listFromString(text(shortcut), QKeySequence::PortableText);
 }
 
 QAction* CommandActions::newAction(std::string_view name, std::string_view caption, std::string_view iconName,
@@ -36,7 +36,7 @@ void CommandActions::fill(QMenuBar& bar) {
             *shown, menu.items,
             [this](const shell::MenuItem& item, QMenu& holder) {
                 QAction* action = newAction(item.name, item.caption, item.icon, item.action, &holder);
-                action->setShortcuts(shortcutsOf(item));
+                action->setShortcuts(shortcutsOf(item.shortcut));
                 return action;
             },
             [this](const shell::MenuItem& item, QAction& action) {

@@ -19,7 +19,7 @@ class MDIForm1;
 
 namespace orvent::qt {
 
-QList<QKeySequence> shortcutsOf(const shell::MenuItem& item);
+QList<QKeySequence> shortcutsOf(std::string_view shortcut);
 
 /// The actions behind the frame's menus, tool bar and vertical menu. Each place has its own action for a command, named
 /// as its item; all of them show what the frame's logic tells.

@@ -49,13 +49,9 @@ class KeyList {
 ShortcutsForm::ShortcutsForm(QWidget* parent) : FormWindow(tr("Keyboard Shortcuts"), parent) {
     setObjectName(QStringLiteral("ShortcutsForm"));
     KeyList commands(tr("Commands"), this);
-    for (const shell::Menu& menu : shell::menus()) {
-        for (const shell::MenuItem& item : menu.items) {
-            if (!item.shortcut.empty()) {
-                const QKeySequence keys = shortcutsOf(item).constFirst();
-                commands.add(keys.toString(QKeySequence::NativeText), text(item.caption));
-            }
-        }
+    for (const shell::CommandKeys& row : shell::commandKeys()) {
+        const QKeySequence keys = shortcutsOf(row.shortcut).constFirst();
+        commands.add(keys.toString(QKeySequence::NativeText), text(row.names));
     }
     KeyList canvas(tr("In a scenario"), this);
     for (const shell::HandyKey& key : shell::handyKeys()) {
