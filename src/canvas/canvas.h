@@ -64,7 +64,6 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     Point Grabber;   ///< marker of the grab point meant by the pointer
     bool GrabberVisible = false;
     float DragStartX = 0, DragStartY = 0;  ///< pointer inside the node as its move began
-    float CropStartX = 0, CropStartY = 0;
     MarkerBox CroppingRect;
     MarkerBox ResizeLabel;            ///< outline of the node that is being resized
     MarkerBox DragOutline;            ///< where a dragged node or handle would go

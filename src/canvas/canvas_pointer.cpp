@@ -2,10 +2,16 @@
 
 #include "canvas/canvas_pointer.h"
 
+#include <utility>
+
+#include "canvas/pointer_boxes.h"
+#include "canvas/pointer_comment.h"
+#include "canvas/pointer_edges.h"
+
 namespace orvent::canvas {
 
 CanvasPointer::CanvasPointer(CanvasForm& form, const PointerPorts& ports)
-    : canvas_(form), ports_(ports), subscription_(form.listen(*this)) {}
+    : canvas_(form), ports_(ports), hover_(form, ports.tools), subscription_(form.listen(*this)) {}
 
 CanvasPointer::~CanvasPointer() {
     cancel();
@@ -27,83 +33,38 @@ LinesD* CanvasPointer::edgeAt(const Hit& hit) const {
     return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number)) : nullptr;
 }
 
-void CanvasPointer::begin(PointerState state) {
-    state_ = state;
+template <class Kind, class... Start>
+void CanvasPointer::begin(Start&&... start) {
     tool_ = ports_.tools.DrawMode();
-}
-
-void CanvasPointer::end() {
-    state_ = PointerState::idle;
-    canvas_.DragOutline.Visible = false;
-    canvas_.ResizeLabel.Visible = false;
-    canvas_.CroppingRect.Visible = false;
-    formerSelection_.clear();
-    canvas_.tellMarkers();
+    gesture_ = std::make_unique<Kind>(canvas_, std::forward<Start>(start)...);
 }
 
 void CanvasPointer::cancel() {
     captures_ = false;
-    switch (state_) {
-        case PointerState::idle:
-            return;
-        case PointerState::drawing:
-        case PointerState::pending:
-            canvas_.Lines.Remove(takeDrawnEdge());
-            break;
-        case PointerState::cropping:
-            canvas_.SelectedLabels.Clear();
-            for (const std::int32_t index : formerSelection_) {
-                canvas_.SelectedLabels.Add(index);
-            }
-            break;
-        case PointerState::editing:
-            canvas_.EditedComment = -1;
-            break;
-        default:
-            break;
+    // Taken out first: what it takes back is told to this one, too.
+    if (const std::unique_ptr<Gesture> former = std::move(gesture_)) {
+        former->cancel();
+        hover_.hideGrabber();
     }
-    canvas_.GrabberVisible = false;
-    end();
 }
 
 void CanvasPointer::dropIfToolChanged() {
-    if (state_ != PointerState::idle && state_ != PointerState::editing && tool_ != ports_.tools.DrawMode()) {
+    if (gesture_ && gesture_->endsWithTool() && tool_ != ports_.tools.DrawMode()) {
         cancel();
-    }
-}
-
-bool CanvasPointer::gestureNeeds(std::int32_t node) const {
-    switch (state_) {
-        case PointerState::drawing:
-        case PointerState::pending:
-            return canvas_.ConnectFromLabel == node;
-        case PointerState::draggingNode:
-        case PointerState::resizing:
-            return captured_.number == node;
-        case PointerState::editing:
-            return canvas_.EditedComment == node;
-        default:
-            return false;
     }
 }
 
 void CanvasPointer::nodeGoes(const LabelsD& node) {
-    const std::int32_t index = node.Index();
-    if (gestureNeeds(index)) {
+    if (gesture_ && gesture_->needsNode(node.Index())) {
         cancel();
     }
-    if (grabNode_ == index) {
-        hideGrabber();
+    if (hover_.grabNode() == node.Index()) {
+        hover_.hideGrabber();
     }
 }
 
 void CanvasPointer::edgeGoes(const LinesD& edge) {
-    const std::int32_t index = edge.Index();
-    if (drawnEdge_ == index) {
-        takeDrawnEdge();
-        captures_ = false;
-        end();
-    } else if (state_ == PointerState::draggingHandle && edgeOfHandle(captured_.number) == index) {
+    if (gesture_ && gesture_->needsEdge(edge.Index())) {
         cancel();
     }
 }
@@ -117,8 +78,8 @@ void CanvasPointer::focused() {
 void CanvasPointer::press(const PointerEvent& event) {
     dropIfToolChanged();
     if (captures_ && event.button != LeftButton) {
-        if (state_ == PointerState::drawing && event.button == RightButton) {
-            setCorner(event.at);
+        if (gesture_ && event.button == RightButton) {
+            gesture_->pressAside(event.at);
         }
         return;
     }
@@ -126,11 +87,10 @@ void CanvasPointer::press(const PointerEvent& event) {
     cancel();
     ports_.tools.canvasFocused(canvas_);
     captures_ = event.button == LeftButton;
-    captured_ = meant(event.hit);
-    pressedAt_ = event.at;
-    if (LabelsD* node = nodeAt(captured_)) {
+    const Hit hit = meant(event.hit);
+    if (LabelsD* node = nodeAt(hit)) {
         pressNode(*node, event);
-    } else if (LinesD* edge = edgeAt(captured_)) {
+    } else if (LinesD* edge = edgeAt(hit)) {
         pressHandle(*edge, event);
     } else if (event.hit.element == Element::picture && event.button == LeftButton) {
         pressPicture(event);
@@ -146,7 +106,7 @@ void CanvasPointer::pressPicture(const PointerEvent& event) {
     const Point at{SnapToGrid(event.at.x), SnapToGrid(event.at.y)};
     const std::string& tool = ports_.tools.DrawMode();
     if (tool == "Crop") {
-        beginCrop(at);
+        begin<Crop>(at);
     } else if (LabelsD* placed = canvas_.rules().placeNode(canvas_, tool, at)) {
         captures_ = false;  // the dialog takes the release
         ports_.windows.openProperties(canvas_, *placed);
@@ -171,12 +131,12 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
     canvas_.SelectedLines.Clear();
     const std::string& tool = ports_.tools.DrawMode();
     if (tool == "Resize") {
-        beginResize(node, inside);
+        begin<NodeResize>(node, inside);
     } else if (tool == "Move") {
-        beginMove(inside);
+        begin<NodeDrag>(node, event.at);
     } else if (const auto edgeType = canvas_.rules().edgeTypeOf(tool)) {
         if (canvas_.rules().mayStart(*edgeType, node)) {
-            beginEdge(node, inside, *edgeType);
+            begin<EdgeDrawing>(hover_, node, inside, *edgeType);
         }
     }
 }
@@ -198,6 +158,7 @@ void CanvasPointer::pressHandle(LinesD& edge, const PointerEvent& event) {
         canvas_.SelectedLines.Remove(edge.Index());
     }
     canvas_.ClearCrop();
+    begin<HandleDrag>(hover_, event.hit.number);
 }
 
 // Moves.
@@ -207,37 +168,24 @@ void CanvasPointer::move(const PointerEvent& event) {
     if (captures_ && (event.button & LeftButton) == 0) {
         cancel();  // the release went astray
     }
-    if (captures_) {
-        follow(event);
-    } else if (event.button == NoButton) {
+    if (captures_ && gesture_) {
+        gesture_->follow(event);
+    } else if (!captures_ && event.button == NoButton) {
         hover(event);
     }
 }
 
-void CanvasPointer::follow(const PointerEvent& event) {
-    if (state_ == PointerState::idle && edgeAt(captured_)) {
-        begin(PointerState::draggingHandle);
+void CanvasPointer::hover(const PointerEvent& event) {
+    const Hit hit = meant(event.hit);
+    if (LabelsD* node = nodeAt(hit)) {
+        hover_.overNode(*node, node->inside(event.at));
+    } else if (LinesD* edge = edgeAt(hit)) {
+        hover_.overHandle(*edge);
+    } else {
+        hover_.overPicture();
     }
-    const LabelsD* node = nodeAt(captured_);
-    switch (state_) {
-        case PointerState::drawing:
-            followEdge(event.at);
-            break;
-        case PointerState::draggingNode:
-            drag({event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY}, node->Width(), node->Height(),
-                 event.at);
-            break;
-        case PointerState::draggingHandle:
-            drag({event.at.x - kHandleSize / 2, event.at.y - kHandleSize / 2}, kHandleSize, kHandleSize, event.at);
-            break;
-        case PointerState::resizing:
-            followResize(*node, node->inside(event.at));
-            break;
-        case PointerState::cropping:
-            followCrop(event.at);
-            break;
-        default:
-            break;
+    if (std::unique_ptr<Gesture> pending = std::move(gesture_); pending && !pending->hover(hit)) {
+        gesture_ = std::move(pending);
     }
 }
 
@@ -249,25 +197,9 @@ void CanvasPointer::release(const PointerEvent& event) {
         return;
     }
     captures_ = false;
-    switch (state_) {
-        case PointerState::drawing:
-            state_ = PointerState::pending;
-            canvas_.ConnectPending = true;
-            break;
-        case PointerState::draggingNode:
-            dropNode(event);
-            break;
-        case PointerState::draggingHandle:
-            dropHandle(event);
-            break;
-        case PointerState::resizing:
-            dropResize(*nodeAt(captured_));
-            break;
-        case PointerState::cropping:
-            end();
-            break;
-        default:
-            break;
+    // Taken out first: a message at its end runs a loop of its own, in which the pointer may begin anew.
+    if (std::unique_ptr<Gesture> held = std::move(gesture_); held && !held->release(event)) {
+        gesture_ = std::move(held);
     }
 }
 
@@ -278,24 +210,20 @@ void CanvasPointer::doubleClick(const PointerEvent& event) {
         return;
     }
     if (node->NodeType() == NodeTypeComment && node->onText(event.at)) {
-        begin(PointerState::editing);
-        canvas_.EditedComment = node->Index();
-        canvas_.tellMarkers();
+        begin<CommentEditing>(*node);
     } else if (node->NodeType() == NodeTypeRecordSet || node->NodeType() == NodeTypeActivity) {
         ports_.windows.openProperties(canvas_, *node);
     }
 }
 
 void CanvasPointer::editComment(const std::string& text) {
-    LabelsD* node = canvas_.Labels.byIndex(canvas_.EditedComment);
-    if (node && node->Comment() != text) {
-        node->setComment(text);
-        node->entity<entities::CommentProperties>()->Changed = true;
+    if (auto* editing = dynamic_cast<CommentEditing*>(gesture_.get())) {
+        editing->take(text);
     }
 }
 
 void CanvasPointer::endEditing() {
-    if (state_ == PointerState::editing) {
+    if (state() == PointerState::editing) {
         cancel();
     }
 }

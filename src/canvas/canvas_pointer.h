@@ -1,42 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_host.h"
 #include "canvas/canvas_rules.h"
 #include "canvas/deletion.h"
+#include "canvas/pointer_event.h"
+#include "canvas/pointer_gesture.h"
+#include "canvas/pointer_hover.h"
 
 namespace orvent::canvas {
-
-/// What lies topmost under the pointer. The view finds it; a visible handle lies above a node.
-enum class Element { picture, node, handle, outside };
-
-struct Hit {
-    Element element = Element::picture;
-    std::int32_t number = 0;  ///< the node's `Index`, or the handle's number (`StartBox`, `MidBox`, `EndBox`)
-    std::int32_t below = 0;   ///< the node under the handle, 0 for none
-
-    bool operator==(const Hit&) const = default;
-};
-
-/// Codes of the mouse buttons; held buttons are added up.
-enum MouseButton : int { NoButton = 0, LeftButton = 1, RightButton = 2 };
-
-/// One event of the mouse. `hit` is what lies under the pointer now, also while a button is held; `outside` is what is
-/// not part of the canvas' window.
-struct PointerEvent {
-    Hit hit;
-    Point at;               ///< twips on the picture
-    int button = NoButton;  ///< press, release: the button that changed; move: the buttons held
-    bool ctrl = false;
-};
-
-/// What a canvas is doing with the pointer.
-enum class PointerState { idle, drawing, pending, draggingNode, draggingHandle, resizing, cropping, editing };
 
 /// What the gestures of a canvas lean on. All of it outlives the `CanvasPointer`.
 struct PointerPorts {
@@ -51,7 +28,7 @@ enum KeyCode : int { EscapeKey = 27, LeftKey = 37, UpKey = 38, RightKey = 39, Do
 /// The gestures of a canvas: which change of the graph or of the selection a press, a move and a release mean, by the
 /// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges
 /// and, above them, `Grabber` (while `GrabberVisible`), `CroppingRect`, `ResizeLabel`, `DragOutline`, the edge being
-/// drawn (`drawnEdge`, a member of `Lines` without a target) and the editor of `EditedComment`. A change of those is
+/// drawn (a member of `Lines` without a target) and the editor of `EditedComment`. A change of those is
 /// told by `markersChanged()`; a change of `PicForm` is told the same way.
 ///
 /// While a button is held, events belong to the element where it was pressed, wherever the pointer is. At most one
@@ -94,16 +71,11 @@ class CanvasPointer : private CanvasListener {
     /// The window took the focus.
     void focused();
 
-    PointerState state() const { return state_; }
-    /// The edge that is being drawn, -1 for none. Its end handle is not to be shown.
-    std::int32_t drawnEdge() const { return drawnEdge_; }
-    /// Number of the handle that is being dragged, 0 for none; `DragOutline` is where it would go.
-    std::int32_t draggedHandle() const { return state_ == PointerState::draggingHandle ? captured_.number : 0; }
+    PointerState state() const { return gesture_ ? gesture_->state() : PointerState::idle; }
 
   private:
     void nodeGoes(const LabelsD& node) override;
     void edgeGoes(const LinesD& edge) override;
-    bool gestureNeeds(std::int32_t node) const;
 
     // Presses, by the element.
     void pressPicture(const PointerEvent& event);
@@ -112,42 +84,9 @@ class CanvasPointer : private CanvasListener {
     void pressHandle(LinesD& edge, const PointerEvent& event);
     void showMenu(std::string_view name, Point at);
 
-    // Moves without a button, by the element.
+    template <class Kind, class... Start>
+    void begin(Start&&... start);
     void hover(const PointerEvent& event);
-    void hoverPicture();
-    void hoverNode(LabelsD& node, Point inside);
-    void hoverHandle(LinesD& edge);
-    void leaveNode();
-    void leaveEdge();
-    void showGrabber(LabelsD& node, Point inside);
-    void hideGrabber();
-
-    // Drawing an edge.
-    void beginEdge(LabelsD& source, Point inside, EdgeTypeCode edgeType);
-    void followEdge(Point at);
-    void setCorner(Point at);
-    void decideEdge(LabelsD* target);
-    std::int32_t takeDrawnEdge();
-
-    // Moving a node, and a handle of an edge.
-    void beginMove(Point inside);
-    void dropNode(const PointerEvent& event);
-    void dropHandle(const PointerEvent& event);
-    void dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Point inside);
-    void drag(Point corner, float width, float height, Point at);
-
-    // Resizing a node.
-    void beginResize(const LabelsD& node, Point inside);
-    void followResize(const LabelsD& node, Point inside);
-    void dropResize(LabelsD& node);
-
-    // The crop rectangle.
-    void beginCrop(Point at);
-    void followCrop(Point at);
-
-    void follow(const PointerEvent& event);
-    void begin(PointerState state);
-    void end();
     void dropIfToolChanged();
     bool deleteSelected();
     void restoreMenuTargets();
@@ -158,17 +97,13 @@ class CanvasPointer : private CanvasListener {
 
     CanvasForm& canvas_;
     PointerPorts ports_;
+    PointerHover hover_;
     CanvasSubscription subscription_;
-    PointerState state_ = PointerState::idle;
-    bool captures_ = false;  ///< the left button is held, and events belong to `captured_`
-    Hit captured_;
-    Point pressedAt_;
-    std::string tool_;  ///< with which the gesture began
-    std::int32_t drawnEdge_ = -1;
-    std::int32_t grabNode_ = -1;                 ///< the node over which `GrabMark` was found
-    std::int32_t menuNode_ = -1;                 ///< `ActiveLabel` as the last menu was opened
-    std::int32_t menuEdge_ = -1;                 ///< `ActiveEdge`, likewise
-    std::vector<std::int32_t> formerSelection_;  ///< of nodes, as a crop began
+    std::unique_ptr<Gesture> gesture_;  ///< under way, or nothing
+    std::string tool_;                  ///< with which it began
+    bool captures_ = false;             ///< the left button is held, and events belong to where it was pressed
+    std::int32_t menuNode_ = -1;        ///< `ActiveLabel` as the last menu was opened
+    std::int32_t menuEdge_ = -1;        ///< `ActiveEdge`, likewise
 };
 
 }  // namespace orvent::canvas

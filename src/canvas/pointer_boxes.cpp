@@ -1,9 +1,10 @@
 // Moving and resizing a node, and the crop rectangle.
 
+#include "canvas/pointer_boxes.h"
+
 #include <algorithm>
 #include <cmath>
 
-#include "canvas/canvas_pointer.h"
 #include "canvas/resize_zones.h"
 
 namespace orvent::canvas {
@@ -20,36 +21,54 @@ bool holds(const Box& rect, const Box& node) {
 
 }  // namespace
 
-void CanvasPointer::beginMove(Point inside) {
+void showDragged(CanvasForm& canvas, const Box& box, Point at) {
+    canvas.DragOutline.show(box);
+    canvas.PicForm.dragOver(at, box.Width, box.Height);
+    canvas.tellMarkers();
+}
+
+void hideMarker(CanvasForm& canvas, MarkerBox& marker) {
+    marker.Visible = false;
+    canvas.tellMarkers();
+}
+
+NodeDrag::NodeDrag(CanvasForm& canvas, const LabelsD& node, Point pressed)
+    : canvas_(canvas), node_(node.Index()), pressed_(pressed) {
+    const Point inside = node.inside(pressed);
     canvas_.DragStartX = inside.x;
     canvas_.DragStartY = inside.y;
-    begin(PointerState::draggingNode);
 }
 
-/// Shows where a dragged box would go, and scrolls or grows the picture near its borders.
-void CanvasPointer::drag(Point corner, float width, float height, Point at) {
-    canvas_.DragOutline.show({corner.x, corner.y, width, height});
-    canvas_.PicForm.dragOver(at, width, height);
-    canvas_.tellMarkers();
+void NodeDrag::follow(const PointerEvent& event) {
+    const LabelsD& node = *canvas_.Labels.byIndex(node_);
+    showDragged(canvas_,
+                {event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()},
+                event.at);
 }
 
-void CanvasPointer::dropNode(const PointerEvent& event) {
-    LabelsD& node = *nodeAt(captured_);
-    end();
-    const bool moved = event.at.x != pressedAt_.x || event.at.y != pressedAt_.y;
+bool NodeDrag::release(const PointerEvent& event) {
+    hideMarker(canvas_, canvas_.DragOutline);
+    const bool moved = event.at.x != pressed_.x || event.at.y != pressed_.y;
     if (moved && event.hit.element != Element::outside) {
+        LabelsD& node = *canvas_.Labels.byIndex(node_);
         node.setBox({event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()});
     }
+    return true;
 }
 
-void CanvasPointer::beginResize(const LabelsD& node, Point inside) {
+void NodeDrag::cancel() {
+    hideMarker(canvas_, canvas_.DragOutline);
+}
+
+NodeResize::NodeResize(CanvasForm& canvas, const LabelsD& node, Point inside) : canvas_(canvas), node_(node.Index()) {
     canvas_.ResizeLabel.show(node.box());
     canvas_.ResizeLabel.Tag = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height()).number;
-    begin(PointerState::resizing);
     canvas_.tellMarkers();
 }
 
-void CanvasPointer::followResize(const LabelsD& node, Point inside) {
+void NodeResize::follow(const PointerEvent& event) {
+    const LabelsD& node = *canvas_.Labels.byIndex(node_);
+    const Point inside = node.inside(event.at);
     const ResizeZone& zone = resizeZone(canvas_.ResizeLabel.Tag);
     MarkerBox& outline = canvas_.ResizeLabel;
     if (zone.left) {
@@ -67,30 +86,33 @@ void CanvasPointer::followResize(const LabelsD& node, Point inside) {
     canvas_.tellMarkers();
 }
 
-void CanvasPointer::dropResize(LabelsD& node) {
+bool NodeResize::release(const PointerEvent&) {
+    LabelsD& node = *canvas_.Labels.byIndex(node_);
     const Box outline = canvas_.ResizeLabel;
     canvas_.ResizeLabel.Tag = kTagAtRest;
-    end();
+    hideMarker(canvas_, canvas_.ResizeLabel);
     if (outline != node.box()) {
         node.setBox(outline);
     }
+    return true;
 }
 
-void CanvasPointer::beginCrop(Point at) {
-    formerSelection_ = canvas_.SelectedLabels.members();
-    canvas_.CropStartX = at.x;
-    canvas_.CropStartY = at.y;
+void NodeResize::cancel() {
+    hideMarker(canvas_, canvas_.ResizeLabel);
+}
+
+Crop::Crop(CanvasForm& canvas, Point at)
+    : canvas_(canvas), CropStartX(at.x), CropStartY(at.y), formerSelection_(canvas.SelectedLabels.members()) {
     canvas_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
-    begin(PointerState::cropping);
     canvas_.tellMarkers();
 }
 
-void CanvasPointer::followCrop(Point at) {
+void Crop::follow(const PointerEvent& event) {
     MarkerBox& rect = canvas_.CroppingRect;
-    rect.Left = std::min(at.x, canvas_.CropStartX);
-    rect.Width = std::max(std::abs(at.x - canvas_.CropStartX), kLeastCrop);
-    rect.Top = std::min(at.y, canvas_.CropStartY);
-    rect.Height = std::max(std::abs(at.y - canvas_.CropStartY), kLeastCrop);
+    rect.Left = std::min(event.at.x, CropStartX);
+    rect.Width = std::max(std::abs(event.at.x - CropStartX), kLeastCrop);
+    rect.Top = std::min(event.at.y, CropStartY);
+    rect.Height = std::max(std::abs(event.at.y - CropStartY), kLeastCrop);
     canvas_.tellMarkers();
     // The selection follows the rectangle as it grows and shrinks.
     for (const std::int32_t index : canvas_.SelectedLabels.members()) {
@@ -103,6 +125,19 @@ void CanvasPointer::followCrop(Point at) {
             canvas_.SelectedLabels.Add(node.Index());
         }
     }
+}
+
+bool Crop::release(const PointerEvent&) {
+    hideMarker(canvas_, canvas_.CroppingRect);
+    return true;
+}
+
+void Crop::cancel() {
+    canvas_.SelectedLabels.Clear();
+    for (const std::int32_t index : formerSelection_) {
+        canvas_.SelectedLabels.Add(index);
+    }
+    hideMarker(canvas_, canvas_.CroppingRect);
 }
 
 }  // namespace orvent::canvas

@@ -57,7 +57,7 @@ bool CanvasPointer::keyDown(int keyCode) {
 }
 
 bool CanvasPointer::deleteSelected() {
-    if (captures_ || state_ == PointerState::editing) {
+    if (captures_ || state() == PointerState::editing) {
         return false;
     }
     cancel();

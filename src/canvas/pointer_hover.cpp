@@ -1,6 +1,8 @@
 // Moves without a button: the grab point and the handles under the pointer, and its shape.
 
-#include "canvas/canvas_pointer.h"
+#include "canvas/pointer_hover.h"
+
+#include "canvas/canvas_rules.h"
 #include "canvas/resize_zones.h"
 
 namespace orvent::canvas {
@@ -12,22 +14,7 @@ constexpr std::int16_t kPointerSizeAll = 5;
 
 }  // namespace
 
-void CanvasPointer::hover(const PointerEvent& event) {
-    const Hit hit = meant(event.hit);
-    LabelsD* node = nodeAt(hit);
-    if (node) {
-        hoverNode(*node, node->inside(event.at));
-    } else if (LinesD* edge = edgeAt(hit)) {
-        hoverHandle(*edge);
-    } else {
-        hoverPicture();
-    }
-    if (state_ == PointerState::pending && (node || event.hit.element == Element::picture)) {
-        decideEdge(node);
-    }
-}
-
-void CanvasPointer::hoverPicture() {
+void PointerHover::overPicture() {
     if (canvas_.OverLabel) {
         hideGrabber();
         leaveNode();
@@ -36,17 +23,17 @@ void CanvasPointer::hoverPicture() {
         canvas_.ActiveEdge = -1;
         leaveEdge();
     }
-    ports_.tools.pictureReached();
+    tools_.pictureReached();
 }
 
-void CanvasPointer::hoverNode(LabelsD& node, Point inside) {
+void PointerHover::overNode(LabelsD& node, Point inside) {
     leaveEdge();
     if (canvas_.CurrentNode != node.Index()) {
         leaveNode();
     }
     canvas_.OverLabel = true;
     canvas_.CurrentNode = node.Index();
-    const std::string& tool = ports_.tools.DrawMode();
+    const std::string& tool = tools_.DrawMode();
     if (canvas_.rules().edgeTypeOf(tool)) {
         showGrabber(node, inside);
         return;
@@ -61,7 +48,7 @@ void CanvasPointer::hoverNode(LabelsD& node, Point inside) {
     }
 }
 
-void CanvasPointer::hoverHandle(LinesD& edge) {
+void PointerHover::overHandle(LinesD& edge) {
     hideGrabber();
     if (canvas_.CurrentEdge != edge.Index()) {
         leaveEdge();
@@ -73,27 +60,27 @@ void CanvasPointer::hoverHandle(LinesD& edge) {
     }
 }
 
-void CanvasPointer::leaveNode() {
+void PointerHover::leaveNode() {
     if (LabelsD* node = canvas_.OverLabel ? canvas_.Labels.byIndex(canvas_.CurrentNode) : nullptr) {
         node->setMousePointer(kPointerDefault);
     }
     canvas_.OverLabel = false;
 }
 
-void CanvasPointer::leaveEdge() {
+void PointerHover::leaveEdge() {
     if (LinesD* edge = canvas_.OverLine ? canvas_.Lines.byIndex(canvas_.CurrentEdge) : nullptr) {
         edge->setHighLighted(false);
     }
     canvas_.OverLine = false;
 }
 
-void CanvasPointer::showGrabber(LabelsD& node, Point inside) {
+void PointerHover::showGrabber(LabelsD& node, Point inside) {
     canvas_.GrabberVisible = true;
     canvas_.GrabMark = node.DrawRect(inside.x, inside.y);
     grabNode_ = node.Index();
 }
 
-void CanvasPointer::hideGrabber() {
+void PointerHover::hideGrabber() {
     grabNode_ = -1;
     if (canvas_.GrabberVisible) {
         canvas_.GrabberVisible = false;

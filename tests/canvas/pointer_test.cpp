@@ -72,7 +72,7 @@ TEST(Pointer, WhatAGestureLeaves) {
         stage.play(row.events);
         EXPECT_EQ(stage.seen(), row.seen);
         stage.play("cancel");
-        EXPECT_EQ(stage.pointer->drawnEdge(), -1);
+        EXPECT_EQ(stage.pointer->state(), PointerState::idle);
         EXPECT_FALSE(stage.form.RubberBand || stage.form.ConnectPending || stage.form.CroppingRect.Visible ||
                      stage.form.ResizeLabel.Visible || stage.form.DragOutline.Visible);
         std::ptrdiff_t ends = 0;
@@ -86,7 +86,7 @@ TEST(Pointer, WhatAGestureLeaves) {
 TEST(Pointer, AnEdgeFollowsThePointerAndKeepsItsCorner) {
     PointerStage stage("Provider");
     stage.play(kDraw);
-    const LinesD& edge = *stage.form.Lines.byIndex(stage.pointer->drawnEdge());
+    const LinesD& edge = *stage.form.Lines.at(2);
     const auto places = [&] { return stage.text(edge.Xm(), edge.Ym(), edge.X2(), edge.Y2()); };
     EXPECT_EQ(places(), "2050 1200 2500 1100");
     stage.play("press n1 2600 1700 R|move n1 2700 9000 L");

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "canvas/canvas_form.h"
+#include "canvas/pointer_gesture.h"
+#include "canvas/pointer_hover.h"
+
+namespace orvent::canvas {
+
+/// An edge is drawn from a node. It is a member of `Lines` without a target meanwhile.
+class EdgeDrawing : public Gesture {
+  public:
+    EdgeDrawing(CanvasForm& canvas, PointerHover& hover, LabelsD& source, Point inside, EdgeTypeCode edgeType);
+
+    PointerState state() const override;
+    void follow(const PointerEvent& event) override;
+    void pressAside(Point at) override;
+    bool release(const PointerEvent& event) override;
+    bool hover(const Hit& hit) override;
+    void cancel() override;
+    bool needsNode(std::int32_t node) const override { return node == source_; }
+    bool needsEdge(std::int32_t edge) const override { return edge == edge_; }
+
+  private:
+    LinesD& takeEdge();
+
+    CanvasForm& canvas_;
+    std::int32_t source_;
+    std::int32_t edge_;
+};
+
+/// A handle of an edge is held, and dragged once the pointer moves.
+class HandleDrag : public Gesture {
+  public:
+    HandleDrag(CanvasForm& canvas, PointerHover& hover, std::int32_t handle)
+        : canvas_(canvas), hover_(hover), handle_(handle) {}
+
+    PointerState state() const override { return begun_ ? PointerState::draggingHandle : PointerState::idle; }
+    void follow(const PointerEvent& event) override;
+    bool release(const PointerEvent& event) override;
+    void cancel() override;
+    bool needsEdge(std::int32_t edge) const override { return edge == edgeOfHandle(handle_); }
+
+  private:
+    void drop(LinesD& edge, LabelsD* node, Point at);
+    void dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Point inside);
+
+    CanvasForm& canvas_;
+    PointerHover& hover_;
+    std::int32_t handle_;
+    bool begun_ = false;
+};
+
+}  // namespace orvent::canvas
