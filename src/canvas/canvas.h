@@ -75,6 +75,9 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
 
     virtual bool isZoom() const { return false; }
 
+    /// The node around which all others are placed, 0 for none.
+    virtual std::int32_t centralNode() const { return 0; }
+
     /// Removes all nodes, edges, names and selections, and lets go of the rows to delete.
     void clear();
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
+#include <variant>
 
 #include "canvas/canvas.h"
 #include "canvas/menu_item.h"
@@ -9,6 +12,18 @@ namespace orvent::canvas {
 
 class CanvasRules;
 class DrawForm;
+
+/// A line above a canvas: what is amiss, and the button that mends it.
+struct Offer {
+    std::string words;
+    std::string button;
+};
+
+/// A figure that is explained below a canvas: a kind of node, or one of edge.
+struct LegendEntry {
+    std::variant<NodeTypeCode, EdgeTypeCode> kind;
+    const char* words;
+};
 
 /// A window with a canvas: the design window of a scenario, or a view over a part of one. The frame treats all of them
 /// alike; what differs is asked here. Its listeners are told by `formChanged` when caption or `Enabled` change.
@@ -31,11 +46,15 @@ class CanvasForm : public Canvas {
     /// After true its holder drops it.
     virtual bool QueryUnload() = 0;
 
-    /// Whether it holds edits that its scenario does not have yet. A design window is its scenario.
-    virtual bool unapplied() const { return false; }
-
     /// What the window's title tells behind the caption, for display only.
     virtual std::string titleMark() const { return {}; }
+
+    /// What the window offers above its canvas; taken by its button, or turned down.
+    virtual std::optional<Offer> offer() const { return std::nullopt; }
+    virtual void answerOffer(bool) {}
+
+    /// The figures that the window explains below its canvas.
+    virtual std::span<const LegendEntry> legend() const { return {}; }
 
     /// The window's title.
     const std::string& Caption() const { return caption_; }

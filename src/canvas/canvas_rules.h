@@ -62,6 +62,9 @@ class CanvasRules {
     /// instead.
     virtual bool toggleExpanded(Canvas& canvas, LabelsD& node) = 0;
 
+    /// What is lit while the pointer rests on a node. Empty: nothing is dimmed.
+    virtual Light pathOf(const Canvas&, const LabelsD&) const { return {}; }
+
     /// Whether an item can be chosen for the node on which its menu opens (nothing for a menu of edges), and its check
     /// mark.
     virtual ItemState stateOf(const Canvas&, const ContextItem& item, const LabelsD* node) const {

@@ -37,7 +37,7 @@ using NodeProperties =
                  std::shared_ptr<entities::FunctionProperties>, std::shared_ptr<entities::FunctionTypeProperties>>;
 
 /// The figures of boxes; the view knows how each is drawn.
-enum class Figure { plain, octagon, hexagon, pill, drum, funnel, card, sheet };
+enum class Figure { plain, field, tag, octagon, hexagon, doubleHexagon, pill, drum, funnel, card, sheet };
 
 /// How a node comes by its name.
 enum class Naming {

@@ -67,6 +67,8 @@ constexpr std::array kView = {
     item("ViewAttributesM", "Attributes", viewAttributes, inZoom, "", ""),
     separator(inZoom),
     item("MakeRoomM", "Make Room", makeRoom, inZoom, "", ""),
+    item("LightPathsM", "Light Paths", lightPaths, inZoom, "", ""),
+    item("LegendM", "Legend", legend, inZoom, "", ""),
 };
 
 constexpr std::array kZoom = {

@@ -45,6 +45,8 @@ enum class Command {
     viewDerived,
     viewAttributes,
     makeRoom,
+    lightPaths,
+    legend,
     showDataTypes,
     showFunctionTypes,
     showActivityTypes,

@@ -23,6 +23,9 @@ class Desk {
     virtual void changeView(canvas::CanvasForm& form, ViewChange change) = 0;
     /// Brings the window forward and scrolls so far that the node is seen.
     virtual void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) = 0;
+    /// Brings a new window forward with its whole picture, or, where that would be too small to read, with the node in
+    /// the middle.
+    virtual void present(canvas::CanvasForm& form, const canvas::LabelsD& node) = 0;
     /// Pops a context menu up at a place of the picture.
     virtual void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) = 0;
     /// Lets the user choose a printer and prints the whole picture on one page; with `preview` shows the page first. A

@@ -100,6 +100,10 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::viewAttributes, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewAttributesM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewAttributesM); }},
         {Command::makeRoom, inZoom, [](MDIForm1& f) { zoom::MakeRoom(*f.zoomInFront()); }},
+        {Command::lightPaths, inZoom, [](MDIForm1& f) { f.toggleSight(&zoom::ZoomSight::LightPathsM); },
+         [](const MDIForm1& f) { return f.options_.sight.LightPathsM; }},
+        {Command::legend, inZoom, [](MDIForm1& f) { f.toggleSight(&zoom::ZoomSight::LegendM); },
+         [](const MDIForm1& f) { return f.options_.sight.LegendM; }},
         {Command::showDataTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::data); }},
         {Command::showFunctionTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::function); }},
         {Command::showActivityTypes, always, [](MDIForm1& f) { f.showTypes(editors::TypeKind::activity); }},
@@ -157,6 +161,13 @@ void MDIForm1::toggleMark(bool zoom::ViewMarks::*mark) {
 bool MDIForm1::marked(bool zoom::ViewMarks::*mark) const {
     const zoom::ZoomForm* form = zoomInFront();
     return form && form->marks.*mark;
+}
+
+void MDIForm1::toggleSight(bool zoom::ZoomSight::*mark) {
+    options_.sight.*mark = !(options_.sight.*mark);
+    StoreSight(options_.sight, ports_.store);
+    zoomInFront()->setSight(options_.sight);
+    host_.commandsChanged();
 }
 
 void MDIForm1::login() {

@@ -200,10 +200,11 @@ void MDIForm1::ZoomActivity(int Slot, std::int32_t NodeIndex) {
     auto form = std::make_unique<zoom::ZoomForm>(
         zoom::ZoomServices{{ports_.messages, options_.canvas}, catalogue_.tables, ports_.progress, relationships_},
         *design);
+    form->setSight(options_.sight);
     zoom::buildZoomView(*form, *node);
     const zoom::ZoomForm& shown = *form;
     show(std::move(form));
-    desk_.reveal(*openZoom(), *shown.central());
+    desk_.present(*openZoom(), *shown.central());
     host_.commandsChanged();
 }
 

@@ -101,6 +101,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     zoom::ZoomForm* zoomInFront() const;
     void toggleMark(bool zoom::ViewMarks::*mark);
     bool marked(bool zoom::ViewMarks::*mark) const;
+    void toggleSight(bool zoom::ZoomSight::*mark);
     void zoomSelected();
     void dropped(canvas::CanvasForm& form);
     bool showUserLogin();

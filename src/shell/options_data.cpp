@@ -48,7 +48,22 @@ class NumberReader {
     std::string fault_;
 };
 
+struct SightKey {
+    const char* key;
+    bool zoom::ZoomSight::*mark;
+};
+
+constexpr SightKey kSightKeys[] = {{"LightPaths", &zoom::ZoomSight::LightPathsM},
+                                   {"Legend", &zoom::ZoomSight::LegendM}};
+constexpr const char* kYes = "-1";
+
 }  // namespace
+
+void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store) {
+    for (const SightKey& row : kSightKeys) {
+        store.setValue("Zoom", row.key, sight.*row.mark ? kYes : "0");
+    }
+}
 
 std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, const platform::ProgramFolder& folder) {
     options.HelpFile = folder.path(kHelp);
@@ -69,6 +84,9 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
     options.repository.SQLPath = store.value("General", "SQLPath", options.DefaultScript);
     options.TransDepth = numbers.read("General", "TransDepth", standard.TransDepth);
     options.WholeNumbers = store.value("General", "WholeNumbers", "0") == "-1";
+    for (const SightKey& row : kSightKeys) {
+        options.sight.*row.mark = store.value("Zoom", row.key, kYes) == kYes;
+    }
     options.LogPath = store.value("General", "LogPath", folder.root().string());
     return numbers.fault();
 }

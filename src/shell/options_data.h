@@ -7,6 +7,7 @@
 #include "platform/program_folder.h"
 #include "platform/settings_store.h"
 #include "repository/login_values.h"
+#include "zoom/zoom_form.h"
 
 namespace orvent::shell {
 
@@ -15,6 +16,7 @@ namespace orvent::shell {
 struct OptionsData {
     canvas::CanvasSettings canvas;
     repository::RepositorySettings repository;  ///< login values and `SQLPath`
+    zoom::ZoomSight sight;
     std::int16_t TransDepth = 10;
     bool WholeNumbers = false;  ///< the wizard reads the numbers of tokens whole
     std::string LogPath;        ///< folder proposed for an activity's log
@@ -25,6 +27,8 @@ struct OptionsData {
 /// Reads all keys of the store into `options`. Missing keys give the defaults. A stored number that is none leaves its
 /// default too; the first such fault is described in the result, which is empty otherwise.
 std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, const platform::ProgramFolder& folder);
+
+void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store);
 
 /// Sets the sizes, distances, the selection colour and `SQLPath` to their defaults, in the application values only.
 void DefaultOptions(OptionsData& options);

@@ -158,6 +158,7 @@ void MakeRoom(ZoomForm& form) {
     }
     moveRight(ZoomPlace::Consumers, farthest(ZoomPlace::Central) + gap);
     form.growPicture();
+    form.setCrowded(false);
 }
 
 }  // namespace orvent::zoom

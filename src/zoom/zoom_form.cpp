@@ -1,5 +1,8 @@
 #include "zoom/zoom_form.h"
 
+#include <array>
+
+#include "zoom/make_room.h"
 #include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
@@ -52,6 +55,52 @@ void ZoomForm::applied() {
     appliedRows_ = DeletedNodes->mark();
     unapplied_ = false;
     tellForm();
+}
+
+void ZoomForm::setSight(const ZoomSight& sight) {
+    sight_ = sight;
+    tellForm();
+}
+
+void ZoomForm::setCrowded(bool crowded) {
+    if (crowded_ != crowded) {
+        crowded_ = crowded;
+        tellForm();
+    }
+}
+
+std::string ZoomForm::titleMark() const {
+    return unapplied_ ? " (not applied yet)" : "";
+}
+
+std::optional<canvas::Offer> ZoomForm::offer() const {
+    return crowded_ ? std::optional(canvas::Offer{"Some boxes lie on each other.", "Make Room"}) : std::nullopt;
+}
+
+void ZoomForm::answerOffer(bool taken) {
+    setCrowded(false);
+    if (taken) {
+        MakeRoom(*this);
+    }
+}
+
+std::span<const canvas::LegendEntry> ZoomForm::legend() const {
+    static constexpr std::array<canvas::LegendEntry, 13> kFigures = {{
+        {canvas::EdgeTypeProvider, "Provider"},
+        {canvas::EdgeTypeRegulator, "Regulator"},
+        {canvas::EdgeTypePartOf, "Part of"},
+        {canvas::EdgeTypeReserved, "Instance of"},
+        {canvas::EdgeTypeDerived, "Derived"},
+        {canvas::NodeTypeActivity, "Activity"},
+        {canvas::NodeTypeRecordSet, "Record set"},
+        {canvas::NodeTypeAttribute, "Attribute"},
+        {canvas::NodeTypeParameter, "Parameter"},
+        {canvas::NodeTypeFunction, "Function"},
+        {canvas::NodeTypeConstant, "Constant"},
+        {canvas::NodeTypeDataType, "Data type"},
+        {canvas::NodeTypeFunctionType, "Function type"},
+    }};
+    return sight_.LegendM ? std::span<const canvas::LegendEntry>(kFigures) : std::span<const canvas::LegendEntry>();
 }
 
 void ZoomForm::Save() {

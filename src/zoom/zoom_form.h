@@ -34,6 +34,12 @@ struct ViewMarks {
     bool ViewAttributesM = true;
 };
 
+/// What helps to read the view. Unlike the filters it is kept from run to run.
+struct ZoomSight {
+    bool LightPathsM = true;  ///< the path of what is pointed at is lit
+    bool LegendM = true;
+};
+
 /// What the zoom view needs of the run. All of it outlives the view.
 struct ZoomServices {
     canvas::CanvasServices canvas;
@@ -86,6 +92,13 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
         }
     }
 
+    const ZoomSight& sight() const { return sight_; }
+    void setSight(const ZoomSight& sight);
+
+    /// Whether boxes of neighbours lie on each other, as the view was built or room was made last.
+    void setCrowded(bool crowded);
+
+    bool unapplied() const { return unapplied_; }
     /// Something was edited that the scenario does not have yet.
     void touch();
     /// The scenario has all of it now, also the rows that were deleted so far.
@@ -93,12 +106,16 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
 
     // CanvasForm
     bool isZoom() const override { return true; }
+    std::int32_t centralNode() const override { return CentralActivityNo; }
     canvas::DrawForm& scenario() override { return ParForm; }
     canvas::CanvasRules& rules() override { return rules_; }
     /// Gives the changes to the scenario and stores it.
     void Save() override;
     bool QueryUnload() override;
-    bool unapplied() const override { return unapplied_; }
+    std::string titleMark() const override;
+    std::optional<canvas::Offer> offer() const override;
+    void answerOffer(bool taken) override;
+    std::span<const canvas::LegendEntry> legend() const override;
 
   private:
     void formChanged() override;
@@ -108,6 +125,8 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     canvas::CanvasSubscription design_;
     int appliedRows_;  ///< mark in the rows to delete
     bool unapplied_ = false;
+    bool crowded_ = false;
+    ZoomSight sight_;
 };
 
 }  // namespace orvent::zoom

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "zoom/expand_collapse.h"
+#include "zoom/path_light.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_form.h"
@@ -166,6 +167,10 @@ bool ZoomRules::toggleExpanded(canvas::Canvas&, LabelsD& node) {
     }
     refreshFilters(form_);
     return true;
+}
+
+canvas::Light ZoomRules::pathOf(const canvas::Canvas&, const LabelsD& node) const {
+    return form_.sight().LightPathsM ? pathThrough(form_, node.Index()) : canvas::Light{};
 }
 
 }  // namespace orvent::zoom

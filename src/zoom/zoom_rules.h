@@ -25,6 +25,7 @@ class ZoomRules : public canvas::CanvasRules {
     bool releaseFunction(canvas::Canvas& canvas, canvas::LabelsD& node) override;
     std::span<const canvas::ContextMenu> menus() const override;
     bool toggleExpanded(canvas::Canvas& canvas, canvas::LabelsD& node) override;
+    canvas::Light pathOf(const canvas::Canvas& canvas, const canvas::LabelsD& node) const override;
 
   private:
     ZoomForm& form_;

@@ -3,6 +3,7 @@
 #include "zoom/zoom_view.h"
 
 #include "zoom/expand_collapse.h"
+#include "zoom/make_room.h"
 #include "zoom/view_filters.h"
 
 namespace orvent::zoom {
@@ -99,6 +100,7 @@ void buildZoomView(ZoomForm& form, const LabelsD& activity) {
     ExpandActivity(form, form.CentralActivityNo);
     form.ActiveLabel = -1;
     refreshFilters(form);
+    form.setCrowded(boxesOverlap(form));
 }
 
 }  // namespace orvent::zoom

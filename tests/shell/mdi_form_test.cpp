@@ -227,6 +227,8 @@ TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
                                                   {"ViewDerivedM", viewDerived},
                                                   {"ViewAttributesM", viewAttributes},
                                                   {"MakeRoomM", makeRoom},
+                                                  {"LightPathsM", lightPaths},
+                                                  {"LegendM", legend},
                                                   {"ZoomInM", zoomIn},
                                                   {"ZoomOutM", zoomOut},
                                                   {"ActivityZoomM", activityZoom},

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "testkit/test_frame.h"
+#include "zoom/make_room.h"
 #include "zoom/zoom_form.h"
 
 using namespace orvent;
@@ -87,6 +88,29 @@ TEST_F(ZoomCommand, TheViewMenuSwitchesItsFilters) {
         frame.run(row.command);
         EXPECT_EQ(marks.*row.mark, former);
     }
+}
+
+TEST_F(ZoomCommand, WhatHelpsToReadItIsOfferedAndKept) {
+    select({"Activity2"});
+    frame.run(Command::activityZoom);
+    zoom::ZoomForm& zoomed = *zoomInFront();
+    ASSERT_TRUE(zoomed.offer()) << "the columns lie on each other";
+    zoomed.answerOffer(true);
+    EXPECT_FALSE(zoomed.offer());
+    EXPECT_FALSE(zoom::boxesOverlap(zoomed));
+    const canvas::LabelsD& input = *zoomed.nodeNamed("Activity2.IN.SONUM");
+    EXPECT_FALSE(zoomed.rules().pathOf(zoomed, input).isEmpty());
+    EXPECT_FALSE(zoomed.legend().empty());
+    for (const Command command : {Command::lightPaths, Command::legend}) {
+        EXPECT_EQ(frame.stateOf(command).checked, true);
+        frame.run(command);
+        EXPECT_EQ(frame.stateOf(command).checked, false);
+    }
+    EXPECT_TRUE(zoomed.rules().pathOf(zoomed, input).isEmpty());
+    EXPECT_TRUE(zoomed.legend().empty());
+    shell::OptionsData nextRun;
+    LoadOptions(nextRun, repository.store, platform::ProgramFolder(""));
+    EXPECT_FALSE(nextRun.sight.LightPathsM || nextRun.sight.LegendM);
 }
 
 TEST_F(ZoomCommand, ASecondZoomClosesTheFirst) {

@@ -22,6 +22,7 @@ class FakeDesk : public shell::Desk {
     canvas::CanvasForm* active() override { return windows.empty() ? nullptr : windows.back(); }
     void changeView(canvas::CanvasForm&, shell::ViewChange change) override { viewChanges.push_back(change); }
     void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
+    void present(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {
         menus.push_back(form.Caption() + " " + std::string(menu.name));
     }

@@ -71,8 +71,14 @@ class ScriptedMessageBox : public platform::MessageBox {
     }
     void verify() { script_.verify(); }
 
+    /// Answers whatever is asked, when it is set: for walks whose questions nobody knows before.
+    std::function<platform::Answer(const std::string& text)> anyway;
+
     platform::Answer show(const std::string& text, const std::string& title, platform::Icon icon,
                           platform::Buttons buttons) override {
+        if (anyway) {
+            return anyway(text);
+        }
         using enum platform::Answer;
         static constexpr platform::Answer kClosed[] = {ok, cancel, no, cancel, cancel, no, cancel};
         return script_.answer({text, title, icon, buttons}, kClosed[static_cast<std::size_t>(buttons)]);

@@ -50,7 +50,7 @@ int buttonOf(Qt::MouseButtons buttons) {
 
 CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                            QWidget* parent)
-    : CanvasViewWidget(form, theme, parent), pointer_(form, ports) {
+    : CanvasViewWidget(form, theme, parent), pointer_(form, ports), light_(form, pointer_) {
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
 }
 
@@ -74,6 +74,7 @@ void CanvasEditor::mousePressEvent(QMouseEvent* event) {
     }
     if (const int button = buttonOf(event->button())) {
         pointer_.press(pointerEvent(*event, button));
+        light_.follow();
     }
 }
 
@@ -85,6 +86,7 @@ void CanvasEditor::mouseMoveEvent(QMouseEvent* event) {
     if (!event->buttons().testFlag(Qt::MiddleButton)) {
         pointer_.move(pointerEvent(*event, buttonOf(event->buttons())));
         showPointerShape();
+        light_.follow();
     }
 }
 
@@ -95,6 +97,7 @@ void CanvasEditor::mouseReleaseEvent(QMouseEvent* event) {
     }
     if (const int button = buttonOf(event->button())) {
         pointer_.release(pointerEvent(*event, button));
+        light_.follow();
     }
 }
 
@@ -126,6 +129,7 @@ void CanvasEditor::changeEvent(QEvent* event) {
 bool CanvasEditor::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::Leave) {
         pointer_.move({{canvas::Element::outside, 0}, {}, canvas::NoButton, false});
+        light_.follow();
     }
     return CanvasViewWidget::viewportEvent(event);
 }

@@ -3,6 +3,7 @@
 #include <QPointer>
 
 #include "canvas/canvas_pointer.h"
+#include "canvas/pointed_light.h"
 #include "qt/canvas/canvas_view.h"
 
 class QPlainTextEdit;
@@ -43,6 +44,7 @@ class CanvasEditor : public CanvasViewWidget {
     void placeCommentEditor();
 
     canvas::CanvasPointer pointer_;
+    canvas::PointedLight light_;
     QPointer<QPlainTextEdit> comment_;  ///< the editor of `EditedComment`, while there is one
 };
 

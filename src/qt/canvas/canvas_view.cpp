@@ -14,6 +14,7 @@ constexpr double kFarthestPixel = 1e8;    // scroll bars count in whole pixels
 constexpr std::size_t kFewChanges = 256;  // below this the index is kept up to date change by change
 constexpr int kMostDirtyAreas = 48;       // more are cheaper to repaint as one
 constexpr double kScaleStep = 1.25;
+constexpr double kReadableScale = 0.75;
 
 }  // namespace
 
@@ -296,6 +297,18 @@ void CanvasViewWidget::reveal(const canvas::LabelsD& node) {
     };
     shift(horizontalScrollBar(), box.left(), box.right(), viewport()->width());
     shift(verticalScrollBar(), box.top(), box.bottom(), viewport()->height());
+}
+
+void CanvasViewWidget::present(const canvas::LabelsD& node) {
+    fit();
+    if (scale_ >= kReadableScale) {
+        setScale(std::min(scale_, 1.0));
+        return;
+    }
+    setScale(1);
+    const QPoint middle = transform().toPixels(boxOf(node)).center().toPoint();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + middle.x() - viewport()->width() / 2);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + middle.y() - viewport()->height() / 2);
 }
 
 void CanvasViewWidget::fit() {

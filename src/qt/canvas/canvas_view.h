@@ -39,6 +39,9 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     /// Scrolls so far that the node is seen.
     void reveal(const canvas::LabelsD& node);
 
+    /// Shows the whole picture where its captions stay readable then, otherwise the node in the middle at full size.
+    void present(const canvas::LabelsD& node);
+
     /// From pixels of the viewport to twips and back.
     Transform transform() const;
 

@@ -90,7 +90,7 @@ void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& 
                    context.transform.toPixels(extent).adjusted(-3, -3, 3, 3).intersected(area).toAlignedRect());
     };
     std::vector<const canvas::LinesD*> withHandles;
-    EdgePainter edges(context, canvas_, area.adjusted(-10, -10, 10, 10));
+    EdgePainter edges(context, canvas_, area.adjusted(-10, -10, 10, 10), canvas_.light());
     for (const canvas::LinesD* edge : edges_.at(exposed)) {
         if (!edge->Visible() || !isExposed(extentOf(*edge))) {
             continue;
@@ -104,6 +104,9 @@ void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& 
     const canvas::Light& light = canvas_.light();
     for (const canvas::LabelsD* node : nodes_.at(exposed)) {
         if (node->Visible() && isExposed(extentOf(*node))) {
+            if (node->Index() == canvas_.centralNode()) {
+                paintCentre(context, *node);
+            }
             nodePainter_.paint(context, *node,
                                {canvas_.SelectedLabels.Item(node->Index()) != nullptr,
                                 !light.isEmpty() && !light.holdsNode(node->Index())});

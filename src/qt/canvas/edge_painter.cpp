@@ -159,8 +159,7 @@ void EdgePainter::addThin(const canvas::LinesD& edge, QRgb colour) {
 
 void EdgePainter::add(const canvas::LinesD& edge) {
     const QColor plain = edge.Color() == 0 ? context_.colours.line : fromModel(edge.Color());
-    const canvas::Light& light = canvas_.light();
-    const bool faint = !light.isEmpty() && !light.holdsEdge(edge.Index());
+    const bool faint = !light_.isEmpty() && !light_.holdsEdge(edge.Index());
     const QColor shown = edge.Selected() ? context_.colours.accent : plain;
     const QRgb colour = (faint ? blend(shown, context_.colours.background, kDimmedShare) : shown).rgb();
     const bool full = context_.detail == Detail::full;
@@ -204,6 +203,8 @@ void EdgePainter::add(const canvas::LinesD& edge) {
     }
     if (to && !edge.arrowImage().empty()) {
         addArrow(edge, *to, colour);
+    } else if (to && edge.EdgeType() == canvas::EdgeTypeRegulator) {
+        addRing(edge, *to, colour);
     }
 }
 
@@ -214,6 +215,15 @@ void EdgePainter::addArrow(const canvas::LinesD& edge, const canvas::LabelsD& ta
     const QPointF base = tip - direction * context_.length(9.5);
     const QPointF side = QPointF(direction.y(), direction.x()) * context_.length(4.6);
     marks_.push_back({colour, QPolygonF({tip, base + side, base - side})});
+}
+
+// What is regulated: a ring that touches the box.
+void EdgePainter::addRing(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour) {
+    const QPointF direction = directionOf(target.LineArrowDirection(edge.ToGrabbingPoint()));
+    const QPointF tip =
+        context_.transform.toPixels(moved({edge.X2(), edge.Y2()}, towardsBox(target, edge.ToGrabbingPoint())));
+    const double radius = context_.length(3);
+    rings_.push_back({colour, tip - direction * radius, radius});
 }
 
 // A diamond whose inner tip touches the box.
@@ -262,6 +272,11 @@ void EdgePainter::paint() {
             painter.setBrush(QColor::fromRgba(mark.colour));
         }
         painter.drawPolygon(mark.shape);
+    }
+    painter.setBrush(context_.colours.background);
+    for (const Ring& ring : rings_) {
+        painter.setPen(QPen(QColor::fromRgba(ring.colour), context_.penWidth(1)));
+        painter.drawEllipse(ring.middle, ring.radius, ring.radius);
     }
 }
 

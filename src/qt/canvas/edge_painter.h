@@ -15,9 +15,9 @@ bool cutTo(QLineF& line, const QRectF& area, double period);
 /// Gathers edges by pen and then paints them: lines first, then start marks and arrow heads.
 class EdgePainter {
   public:
-    /// Only what lies in `area` (pixels) is drawn.
-    EdgePainter(const PaintContext& context, const canvas::Canvas& canvas, const QRectF& area)
-        : context_(context), canvas_(canvas), area_(area) {}
+    /// Only what lies in `area` (pixels) is drawn; what is not lit is faint.
+    EdgePainter(const PaintContext& context, const canvas::Canvas& canvas, const QRectF& area, canvas::Light light = {})
+        : context_(context), canvas_(canvas), area_(area), light_(std::move(light)) {}
 
     void add(const canvas::LinesD& edge);
     void paint();
@@ -34,17 +34,26 @@ class EdgePainter {
         QPolygonF shape;
     };
 
+    struct Ring {
+        QRgb colour;
+        QPointF middle;
+        double radius;
+    };
+
     std::vector<QLineF>& run(QRgb colour, int style, double width);
     void addSegment(QPointF from, QPointF to, QRgb colour, int style, double width);
     void addThin(const canvas::LinesD& edge, QRgb colour);
     void addArrow(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour);
+    void addRing(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour);
     void addPartOfMark(const canvas::LinesD& edge, const canvas::LabelsD& source, QRgb colour);
 
     const PaintContext& context_;
     const canvas::Canvas& canvas_;
     QRectF area_;
+    canvas::Light light_;
     std::vector<Run> runs_;
     std::vector<Mark> marks_;
+    std::vector<Ring> rings_;
 };
 
 /// Paints the handles of a selected or pointed-at edge, above the nodes.

@@ -42,6 +42,19 @@ void paintMarks(const PaintContext& context, canvas::Figure figure, const QRectF
             painter.setBrush(context.colours.recordSet);
             painter.drawPath(drumLid(box, unit));
             break;
+        case canvas::Figure::field:
+            painter.fillPath(fieldStripe(box, unit), blend(fill, context.colours.outline, 0.45));
+            break;
+        case canvas::Figure::tag:
+            painter.setPen(border);
+            painter.setBrush(context.colours.background);
+            painter.drawPath(tagHole(box, unit));
+            break;
+        case canvas::Figure::doubleHexagon:
+            painter.setPen(border);
+            painter.setBrush(Qt::NoBrush);
+            painter.drawPath(innerHexagon(box, unit));
+            break;
         case canvas::Figure::sheet:
             painter.setPen(border);
             painter.setBrush(blend(fill, QColor(Qt::black), 0.14));
@@ -101,6 +114,16 @@ const NodeColours& NodePainter::coloursOf(const canvas::LabelsD& node, const Can
         row->second = nodeColours(node.Color(), theme);
     }
     return row->second;
+}
+
+void paintCentre(const PaintContext& context, const canvas::LabelsD& node) {
+    const double around = context.length(5);
+    QColor colour = context.colours.accent;
+    colour.setAlphaF(0.28F);
+    context.painter.setPen(Qt::NoPen);
+    context.painter.setBrush(colour);
+    context.painter.drawRoundedRect(context.transform.toPixels(boxOf(node)).adjusted(-around, -around, around, around),
+                                    2 * around, 2 * around);
 }
 
 void NodePainter::prepare(const PaintContext& context) {

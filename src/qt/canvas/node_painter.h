@@ -18,6 +18,9 @@ struct NodeState {
     bool dimmed = false;  ///< others are lit
 };
 
+/// What lets the central node of a canvas stand out, behind it.
+void paintCentre(const PaintContext& context, const canvas::LabelsD& node);
+
 /// Paints nodes: shape by figure, fill by colour, caption, and an outline around a selected one. Boxes of one figure,
 /// size and colour look alike, so each such picture is drawn once and kept.
 class NodePainter {

@@ -145,6 +145,23 @@ QPainterPath octagonOutline(const QRectF& box, double unit) {
                     {{box.left(), box.top() + cut}, unit}});
 }
 
+double tagPoint(const QRectF& box) {
+    return std::min(box.width() * 0.14, box.height() * 0.45);
+}
+
+QPainterPath tagOutline(const QRectF& box, double unit) {
+    const double in = box.left() + tagPoint(box);
+    return rounded({{{in, box.top()}, 2 * unit},
+                    {box.topRight(), 2 * unit},
+                    {box.bottomRight(), 2 * unit},
+                    {{in, box.bottom()}, 2 * unit},
+                    {{box.left(), box.center().y()}, 2 * unit}});
+}
+
+QRectF tagRoom(const QRectF& box, double unit) {
+    return box.adjusted(tagPoint(box) + 3 * unit, 0, -4 * unit, 0);
+}
+
 QRectF plainRoom(const QRectF& box, double unit) {
     return box.adjusted(4 * unit, 0, -4 * unit, 0);
 }
@@ -155,10 +172,13 @@ QRectF roundRoom(const QRectF& box, double unit) {
 }
 
 // By figure.
-constexpr std::array<NodeShape, 8> kShapes = {{
+constexpr std::array<NodeShape, 11> kShapes = {{
     {plainOutline, plainRoom, CaptionForm::line},       // plain
+    {plainOutline, plainRoom, CaptionForm::line},       // field
+    {tagOutline, tagRoom, CaptionForm::line},           // tag
     {octagonOutline, plainRoom, CaptionForm::line},     // octagon
     {hexagonOutline, roundRoom, CaptionForm::line},     // hexagon
+    {hexagonOutline, roundRoom, CaptionForm::line},     // double hexagon
     {pillOutline, roundRoom, CaptionForm::line},        // pill
     {drumOutline, drumRoom, CaptionForm::line},         // drum
     {funnelOutline, funnelRoom, CaptionForm::line},     // funnel
@@ -192,6 +212,23 @@ QPainterPath sheetFold(const QRectF& box, double unit) {
     return rounded({{{box.right() - fold, box.top()}, 0},
                     {{box.right() - fold, box.top() + fold}, 1.5 * unit},
                     {{box.right(), box.top() + fold}, 0}});
+}
+
+QPainterPath tagHole(const QRectF& box, double unit) {
+    const double radius = std::min(1.8 * unit, box.height() / 8);
+    QPainterPath path;
+    path.addEllipse(QPointF(box.left() + tagPoint(box), box.center().y()), radius, radius);
+    return path;
+}
+
+QPainterPath fieldStripe(const QRectF& box, double unit) {
+    QPainterPath stripe;
+    stripe.addRect(QRectF(box.topLeft(), QSizeF(3.5 * unit, box.height())));
+    return stripe & plainOutline(box, unit);
+}
+
+QPainterPath innerHexagon(const QRectF& box, double unit) {
+    return hexagonOutline(box.adjusted(5 * unit, 3 * unit, -5 * unit, -3 * unit), unit);
 }
 
 QPainterPath cardHeader(const QRectF& box, double unit) {

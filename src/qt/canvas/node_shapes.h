@@ -25,6 +25,9 @@ const NodeShape& nodeShape(canvas::Figure figure);
 QPainterPath funnelMouth(const QRectF& box, double unit);
 QPainterPath drumLid(const QRectF& box, double unit);
 QPainterPath sheetFold(const QRectF& box, double unit);
+QPainterPath tagHole(const QRectF& box, double unit);
+QPainterPath fieldStripe(const QRectF& box, double unit);
+QPainterPath innerHexagon(const QRectF& box, double unit);
 QPainterPath cardHeader(const QRectF& box, double unit);
 
 }  // namespace orvent::qt

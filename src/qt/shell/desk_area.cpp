@@ -161,6 +161,12 @@ void DeskArea::reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) {
     window->editor().reveal(node);
 }
 
+void DeskArea::present(canvas::CanvasForm& form, const canvas::LabelsD& node) {
+    DeskWindow* window = windowOf(form);
+    bringForward(window);
+    window->editor().present(node);
+}
+
 void DeskArea::showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) {
     windowOf(form)->editor().showMenu(menu, at);
 }

@@ -3,10 +3,13 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QVBoxLayout>
 #include <chrono>
 #include <utility>
 
 #include "qt/canvas/canvas_editor.h"
+#include "qt/canvas/legend.h"
+#include "qt/shell/offer_bar.h"
 #include "qt/text.h"
 #include "qt/theme/icons.h"
 
@@ -24,7 +27,9 @@ DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canva
     : form_(&form),
       subscription_(form.listen(*this)),
       askClose_(std::move(askClose)),
-      editor_(new CanvasEditor(form, theme, ports, this)) {
+      editor_(new CanvasEditor(form, theme, ports, this)),
+      offer_(new OfferBar(form, this)),
+      legend_(new Legend(form, theme, this)) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     // Tabs take the place of a maximized window, for which the toolkit would rewrite the frame's title.
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -33,7 +38,14 @@ DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canva
         action->setShortcuts(QList<QKeySequence>());
     }
     setWindowIcon(icon(QStringLiteral("scenario")));
-    setWidget(editor_);
+    auto* content = new QWidget(this);
+    auto* rows = new QVBoxLayout(content);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    rows->addWidget(offer_);
+    rows->addWidget(editor_, 1);
+    rows->addWidget(legend_);
+    setWidget(content);
     setFocusProxy(editor_);
     settling_.setSingleShot(true);
     settling_.setInterval(kSettling);
@@ -51,6 +63,8 @@ void DeskWindow::release() {
         settling_.stop();
         form_ = nullptr;
         delete std::exchange(editor_, nullptr);
+        delete std::exchange(offer_, nullptr);
+        delete std::exchange(legend_, nullptr);
     }
 }
 
@@ -65,8 +79,9 @@ void DeskWindow::changeSeen() {
 }
 
 void DeskWindow::formChanged() {
-    const QString mark = form_->unapplied() ? QStringLiteral(" (not applied yet)") : QString();
-    setWindowTitle(text(form_->Caption() + form_->titleMark()) + mark);
+    setWindowTitle(text(form_->Caption() + form_->titleMark()));
+    offer_->refresh();
+    legend_->refresh();
     changeSeen();
     Q_EMIT formShown();
 }

@@ -9,6 +9,8 @@
 namespace orvent::qt {
 
 class CanvasEditor;
+class Legend;
+class OfferBar;
 class Theme;
 
 /// The child window of one form with a canvas. It never closes by itself: a close request goes to the frame's logic,
@@ -24,7 +26,7 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
 
     /// The form shown, or nothing once it was released.
     canvas::CanvasForm* form() const { return form_; }
-    /// Its canvas; only while it has a form.
+    /// Its canvas, between what the form offers and its legend; only while it has a form.
     CanvasEditor& editor() const { return *editor_; }
     /// Forgets the form, which is about to go; the window stays empty.
     void release();
@@ -57,6 +59,8 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     canvas::CanvasSubscription subscription_;
     AskClose askClose_;
     CanvasEditor* editor_;
+    OfferBar* offer_;
+    Legend* legend_;
     QTimer settling_;
 };
 

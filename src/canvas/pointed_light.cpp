@@ -1,0 +1,23 @@
+#include "canvas/pointed_light.h"
+
+namespace orvent::canvas {
+
+void PointedLight::follow() {
+    const PointerState state = pointer_.state();
+    if (state == PointerState::drawing || state == PointerState::pending) {
+        node_ = -1;
+        stale_ = true;
+        return;
+    }
+    const bool rests = state == PointerState::idle && form_.OverLabel;
+    const LabelsD* node = rests ? form_.Labels.byIndex(form_.CurrentNode) : nullptr;
+    const std::int32_t now = node ? node->Index() : -1;
+    if (now == node_ && !stale_) {
+        return;
+    }
+    node_ = now;
+    stale_ = false;
+    form_.setLight(node ? form_.rules().pathOf(form_, *node) : Light{});
+}
+
+}  // namespace orvent::canvas

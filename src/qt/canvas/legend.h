@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "canvas/canvas_form.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+/// A quiet strip that explains the figures of a canvas: each is painted as the canvas paints it, with its name beside.
+/// It takes as many rows as its width asks for.
+class Legend : public QWidget {
+  public:
+    Legend(canvas::CanvasForm& form, const Theme& theme, QWidget* parent);
+    ~Legend() override;
+
+    /// Shows the form's figures as they are now; hidden when there are none.
+    void refresh();
+
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    struct Entry;
+
+    int entryWidth() const;
+    int columns(int width) const;
+    void paintFigure(QPainter& painter, const Entry& entry, QPointF corner) const;
+
+    canvas::CanvasForm& form_;
+    const Theme& theme_;
+    std::unique_ptr<canvas::Canvas> figures_;  ///< one node or one edge for each entry
+    std::vector<Entry> entries_;
+};
+
+}  // namespace orvent::qt

@@ -1,0 +1,56 @@
+#include "qt/shell/offer_bar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QToolButton>
+
+#include "qt/text.h"
+#include "qt/theme/icons.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+OfferBar::OfferBar(canvas::CanvasForm& form, QWidget* parent)
+    : QWidget(parent), form_(form), words_(new QLabel(this)), take_(new QPushButton(this)) {
+    setObjectName(QStringLiteral("offer"));
+    words_->setTextFormat(Qt::PlainText);
+    take_->setObjectName(QStringLiteral("takeOffer"));
+    auto* close = new QToolButton(this);
+    close->setObjectName(QStringLiteral("closeOffer"));
+    close->setIcon(icon(QStringLiteral("close")));
+    close->setIconSize({12, 12});
+    close->setAutoRaise(true);
+    close->setToolTip(tr("Leave it as it is"));
+    for (QWidget* button : {static_cast<QWidget*>(take_), static_cast<QWidget*>(close)}) {
+        button->setFocusPolicy(Qt::NoFocus);  // the keys stay with the canvas
+    }
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(Spacing::gap, 3, Spacing::gap, 3);
+    row->setSpacing(Spacing::gap);
+    row->addWidget(words_);
+    row->addWidget(take_);
+    row->addStretch();
+    row->addWidget(close);
+    connect(take_, &QPushButton::clicked, this, [this] { form_.answerOffer(true); });
+    connect(close, &QToolButton::clicked, this, [this] { form_.answerOffer(false); });
+}
+
+void OfferBar::refresh() {
+    const std::optional<canvas::Offer> offer = form_.offer();
+    if (offer) {
+        words_->setText(text(offer->words));
+        take_->setText(text(offer->button));
+    }
+    setVisible(offer.has_value());
+}
+
+void OfferBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::AlternateBase));
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(QPointF(0, height() - 0.5), QPointF(width(), height() - 0.5));
+}
+
+}  // namespace orvent::qt
