@@ -5,8 +5,8 @@
 
 #include "editors/list_rows.h"
 #include "entities/key_grammar.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
+#include "zoom/member_links.h"
+#include "zoom/members.h"
 
 namespace orvent::editors {
 
@@ -17,6 +17,13 @@ using forms::Tree;
 namespace {
 
 constexpr const char* kInvalid = "This Relationship Is Not Valid!";
+
+Lazy<ProviderLinks>& linksInto(AttributeProperties& attribute) {
+    return attribute.ProvidedFrom;
+}
+Lazy<RegulatorLinks>& linksInto(ParameterProperties& parameter) {
+    return parameter.RegulatedFrom;
+}
 
 /// The code of a link from an input to another member of its activity, by the input's `Tag`.
 LinkType innerLink(std::int16_t tag) {
@@ -258,52 +265,40 @@ int SetActProp_Functions::parameterPlace(int position) const {
     return 1;
 }
 
-void SetActProp_Functions::SendOutput(int row) {
+/// Links an input on to the member of its name, unless that has another source.
+template <class Member>
+void SetActProp_Functions::sendInput(int row, Member* member, const char* taken) {
     const ListRow* shown = list(kInputs).Item(row);
-    AttributeProperties* input = shown ? tempProp->Act_Inputs->Item(shown->Key) : nullptr;
-    AttributeProperties* output = shown ? tempProp->Act_Outputs->Item(shown->Key) : nullptr;
-    if (!input || !output) {
+    const AttributeProperties* input = shown ? tempProp->Act_Inputs->Item(shown->Key) : nullptr;
+    if (!input || !member) {
         return;
     }
-    if (output->ProvidedFrom.count() > 0) {
-        messages_.tell(std::string(kInvalid) +
-                           "\nAn Attribute With The Same Name Allready Exists And Is Provided By An Other Source.",
-                       {}, platform::Icon::warning);
+    auto& links = linksInto(*member);
+    if (links.count() > 0) {
+        messages_.tell(std::string(kInvalid) + taken, {}, platform::Icon::warning);
         return;
     }
-    if (!takesType(input->Attribute_Type, output->Attribute_Type)) {
+    if (!takesType(input->Attribute_Type, zoom::typeOf(*member))) {
         return;
     }
-    zoom::UnSynchronizeAttribute(ParForm, *output, false, self());
-    output->ProvidedFrom->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
-    output->Changed = true;
-    zoom::SynchronizeAttribute(ParForm, *output, self());
+    zoom::unlinkMember(ParForm, *member, false, self());
+    links->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
+    member->Changed = true;
+    zoom::linkMember(ParForm, *member, self());
     refreshKey(input->Key);
     edited();
 }
 
+void SetActProp_Functions::SendOutput(int row) {
+    const ListRow* shown = list(kInputs).Item(row);
+    sendInput(row, shown ? tempProp->Act_Outputs->Item(shown->Key) : nullptr,
+              "\nAn Attribute With The Same Name Allready Exists And Is Provided By An Other Source.");
+}
+
 void SetActProp_Functions::SendParameter(int row) {
     const ListRow* shown = list(kInputs).Item(row);
-    AttributeProperties* input = shown ? tempProp->Act_Inputs->Item(shown->Key) : nullptr;
-    ParameterProperties* parameter = shown ? tempProp->Act_Parameters->Item(shown->Key) : nullptr;
-    if (!input || !parameter) {
-        return;
-    }
-    if (parameter->RegulatedFrom.count() > 0) {
-        messages_.tell(std::string(kInvalid) +
-                           "\nA Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.",
-                       {}, platform::Icon::warning);
-        return;
-    }
-    if (!takesType(input->Attribute_Type, parameter->Parameter_Type)) {
-        return;
-    }
-    zoom::UnSynchronizeParameter(ParForm, *parameter, false, self());
-    parameter->RegulatedFrom->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
-    parameter->Changed = true;
-    zoom::SynchronizeParameter(ParForm, *parameter, self());
-    refreshKey(input->Key);
-    edited();
+    sendInput(row, shown ? tempProp->Act_Parameters->Item(shown->Key) : nullptr,
+              "\nA Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.");
 }
 
 /// Whether a value of the source's type may flow into the target; a target that is defined by its source takes it on.

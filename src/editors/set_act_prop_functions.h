@@ -95,6 +95,9 @@ class SetActProp_Functions : public RowOperations {
     void removeOutput(const std::string& key);
     void removeParameter(const std::string& key);
     void removeFunction(const std::string& key);
+    template <class List>
+    bool removeMember(List& members, const std::string& key, entities::NodeKindCode kind);
+    void unmark(int number, const std::string& key);
     void removeListRow(int number, const std::string& key);
     void note(std::int16_t id, entities::NodeKindCode kind);
     bool unlink(const std::string& nodeKey, int number, const std::string& key);
@@ -107,6 +110,8 @@ class SetActProp_Functions : public RowOperations {
     void refreshKey(const std::string& key);
     /// The rows whose entities a change of links of this key may have reached.
     std::vector<std::string> neighbours(const std::string& key);
+    template <class Member>
+    void sendInput(int row, Member* member, const char* taken);
     bool takesType(std::int16_t source, std::int16_t& target);
 
     entities::ActivityProperties* self() { return tempProp.get(); }

@@ -3,8 +3,7 @@
 #include "editors/list_rows.h"
 #include "editors/set_act_prop_functions.h"
 #include "entities/key_grammar.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
+#include "zoom/member_links.h"
 
 namespace orvent::editors {
 
@@ -175,10 +174,28 @@ void SetActProp_Functions::RemoveRow(int row) {
     edited();
 }
 
-void SetActProp_Functions::removeInput(const std::string& key) {
-    if (const ListRow* row = list(kInputs).Item(key)) {
-        MarkRowInTree(*row, kInputs, false);
+/// What a row uses is marked no longer in the trees.
+void SetActProp_Functions::unmark(int number, const std::string& key) {
+    if (const ListRow* row = list(number).Item(key)) {
+        MarkRowInTree(*row, number, false);
     }
+}
+
+/// Takes a member out of its list; its row in the repository is to go. False when there is none.
+template <class List>
+bool SetActProp_Functions::removeMember(List& members, const std::string& key, NodeKindCode kind) {
+    auto* member = members.Item(key);
+    if (!member) {
+        return false;
+    }
+    zoom::unlinkMember(ParForm, *member, true, self());
+    note(member->SubNode_ID, kind);
+    members.Remove(key);
+    return true;
+}
+
+void SetActProp_Functions::removeInput(const std::string& key) {
+    unmark(kInputs, key);
     if (tempProp->Act_Parameters->Item(key)) {
         removeParameter(key);
     }
@@ -186,44 +203,27 @@ void SetActProp_Functions::removeInput(const std::string& key) {
     if (output && output->ProvidedFrom.count() == 1 && output->ProvidedFrom.peek()->Item(relativeKey(KindInput, key))) {
         removeOutput(key);
     }
-    if (AttributeProperties* input = tempProp->Act_Inputs->Item(key)) {
-        zoom::UnSynchronizeAttribute(ParForm, *input, true, self());
-        note(input->SubNode_ID, KindInput);
-        tempProp->Act_Inputs->Remove(key);
+    if (removeMember(*tempProp->Act_Inputs, key, KindInput)) {
         tempProp->Act_Inputs->Changed = true;
     }
     removeListRow(kInputs, key);
 }
 
 void SetActProp_Functions::removeOutput(const std::string& key) {
-    if (const ListRow* row = list(kOutputs).Item(key)) {
-        MarkRowInTree(*row, kOutputs, false);
-    }
-    if (AttributeProperties* output = tempProp->Act_Outputs->Item(key)) {
-        zoom::UnSynchronizeAttribute(ParForm, *output, true, self());
-        note(output->SubNode_ID, KindOutput);
-        tempProp->Act_Outputs->Remove(key);
-    }
+    unmark(kOutputs, key);
+    removeMember(*tempProp->Act_Outputs, key, KindOutput);
     removeListRow(kOutputs, key);
 }
 
 void SetActProp_Functions::removeParameter(const std::string& key) {
-    if (const ListRow* row = list(kParameters).Item(key)) {
-        MarkRowInTree(*row, kParameters, false);
-    }
-    if (ParameterProperties* parameter = tempProp->Act_Parameters->Item(key)) {
-        zoom::UnSynchronizeParameter(ParForm, *parameter, true, self());
-        note(parameter->SubNode_ID, KindParameter);
-        tempProp->Act_Parameters->Remove(key);
-    }
+    unmark(kParameters, key);
+    removeMember(*tempProp->Act_Parameters, key, KindParameter);
     removeListRow(kParameters, key);
 }
 
 /// A function that a node of the canvas shows becomes free again when the dialog is applied.
 void SetActProp_Functions::removeFunction(const std::string& key) {
-    if (const ListRow* row = list(kParameters).Item(key)) {
-        MarkRowInTree(*row, kParameters, false);
-    }
+    unmark(kParameters, key);
     if (FunctionProperties* function = tempProp->Act_Functions->Item(key)) {
         zoom::UnSynchronizeFunction(ParForm, *function, true, self());
         note(function->FunctionID, KindFunction);

@@ -237,28 +237,25 @@ void ScenarioWriter::SaveActivityFunction(const ActivityProperties& activity, Fu
     }
 }
 
-void ScenarioWriter::SaveAttributeSubNode(const ActivityProperties& activity, AttributeProperties& attribute) {
-    if (attribute.SubNode_ID != 0 && attribute.Changed) {
-        change(attribute.SubNode_ID, sql::kHasActivitySubNode, sql::kChangeActivitySubNode, attribute.Key,
-               attribute.Attribute_Name, tables_.dataTypes.name(attribute.Attribute_Type));
+template <class Member>
+void ScenarioWriter::saveSubNode(const ActivityProperties& activity, Member& member, const std::string& name,
+                                 std::int16_t dataType) {
+    if (member.SubNode_ID != 0 && member.Changed) {
+        change(member.SubNode_ID, sql::kHasActivitySubNode, sql::kChangeActivitySubNode, member.Key, name,
+               tables_.dataTypes.name(dataType));
     }
-    if (attribute.SubNode_ID == 0) {
-        attribute.SubNode_ID =
-            add(kActivitySubNodeRow, activity.NodeID, attribute.Key, attribute.NodeKind, attribute.Attribute_Name,
-                tables_.dataTypes.name(attribute.Attribute_Type), attribute.Tag);
+    if (member.SubNode_ID == 0) {
+        member.SubNode_ID = add(kActivitySubNodeRow, activity.NodeID, member.Key, member.NodeKind, name,
+                                tables_.dataTypes.name(dataType), member.Tag);
     }
 }
 
+void ScenarioWriter::SaveAttributeSubNode(const ActivityProperties& activity, AttributeProperties& attribute) {
+    saveSubNode(activity, attribute, attribute.Attribute_Name, attribute.Attribute_Type);
+}
+
 void ScenarioWriter::SaveParameterSubNode(const ActivityProperties& activity, ParameterProperties& parameter) {
-    if (parameter.SubNode_ID != 0 && parameter.Changed) {
-        change(parameter.SubNode_ID, sql::kHasActivitySubNode, sql::kChangeActivitySubNode, parameter.Key,
-               parameter.Parameter_Name, tables_.dataTypes.name(parameter.Parameter_Type));
-    }
-    if (parameter.SubNode_ID == 0) {
-        parameter.SubNode_ID =
-            add(kActivitySubNodeRow, activity.NodeID, parameter.Key, parameter.NodeKind, parameter.Parameter_Name,
-                tables_.dataTypes.name(parameter.Parameter_Type), parameter.Tag);
-    }
+    saveSubNode(activity, parameter, parameter.Parameter_Name, parameter.Parameter_Type);
 }
 
 void ScenarioWriter::SaveFunctionSubNode(const FunctionProperties& function, ParameterProperties& parameter) {

@@ -62,6 +62,9 @@ class ScenarioWriter {
                        std::int16_t SubNode_ID, sql::LinkKind kind);
     void saveRegulators(const entities::Lazy<entities::RegulatorLinks>& links, std::int16_t NodeID,
                         std::int16_t SubNode_ID);
+    template <class Member>
+    void saveSubNode(const entities::ActivityProperties& activity, Member& member, const std::string& name,
+                     std::int16_t dataType);
     template <class... Values>
     std::int16_t add(const NewRow& row, const Values&... values);
     template <class... Values>

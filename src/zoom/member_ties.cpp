@@ -1,9 +1,9 @@
 #include "zoom/member_ties.h"
 
+#include "zoom/member_links.h"
 #include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/relationship_rules.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
@@ -99,6 +99,7 @@ void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) 
 
 void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
     const auto release = [&](auto& entity) {
+        unlinkMember(form, entity, true, nullptr);
         if (entity.SubNode_ID != 0) {
             form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
         }
@@ -127,10 +128,8 @@ void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
         },
         node.Properties);
     if (auto* attribute = node.entity<AttributeProperties>()) {
-        UnSynchronizeAttribute(form, *attribute, true, nullptr);
         release(*attribute);
     } else if (auto* parameter = node.entity<ParameterProperties>()) {
-        UnSynchronizeParameter(form, *parameter, true, nullptr);
         release(*parameter);
     }
     node.setKeyName(node.Caption());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -23,6 +24,26 @@ inline const std::string& keyOf(const entities::ParameterProperties& entity) {
 }
 inline const std::string& keyOf(const entities::FunctionProperties& entity) {
     return entity.Function_Key;
+}
+
+// What attributes and parameters have alike under two names. `Entity` is const or not.
+
+template <class Entity>
+auto& nameOf(Entity& entity) {
+    if constexpr (requires { entity.Attribute_Name; }) {
+        return entity.Attribute_Name;
+    } else {
+        return entity.Parameter_Name;
+    }
+}
+
+template <class Entity>
+auto& typeOf(Entity& entity) {
+    if constexpr (requires { entity.Attribute_Type; }) {
+        return entity.Attribute_Type;
+    } else {
+        return entity.Parameter_Type;
+    }
 }
 
 /// Makes the node show that very entity.

@@ -4,6 +4,7 @@
 
 #include "entities/link_types.h"
 #include "zoom/link_mirrors.h"
+#include "zoom/members.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
 
@@ -113,12 +114,6 @@ void replaceMatch(AttributeProperties& attribute, const Match& match, const std:
     }
 }
 
-std::string& nameOf(AttributeProperties& attribute) {
-    return attribute.Attribute_Name;
-}
-std::string& nameOf(ParameterProperties& parameter) {
-    return parameter.Parameter_Name;
-}
 AttributeProperties& add(AttributeCollection& list, const AttributeProperties& attribute, int position) {
     return list.AddFullAttribute(attribute, attribute.Key, false, position);
 }

@@ -7,8 +7,8 @@
 
 #include "entities/link_types.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/member_links.h"
 #include "zoom/members.h"
-#include "zoom/synchronize_functions.h"
 #include "zoom/unfolding_parts.h"
 
 namespace orvent::zoom {
@@ -58,19 +58,6 @@ constexpr std::array<ExpansionRow, 6> kRows = {{
     {canvas::NodeTypeParameter, KindFunctionOutput, 4, true, LinkUnset, rightHalf},
     {canvas::NodeTypeAttribute, KindRecordSetAttribute, 4, true, LinkUnset, belowOwner},
 }};
-
-const std::string& nameOf(const AttributeProperties& entity) {
-    return entity.Attribute_Name;
-}
-const std::string& nameOf(const ParameterProperties& entity) {
-    return entity.Parameter_Name;
-}
-void synchronise(ZoomForm& form, AttributeProperties& entity) {
-    SynchronizeAttribute(form, entity, nullptr);
-}
-void synchronise(ZoomForm& form, ParameterProperties& entity) {
-    SynchronizeParameter(form, entity, nullptr);
-}
 
 /// Adds `items`, then those of the former content whose keys they do not bear: a member without a node is kept.
 template <class List>
@@ -187,7 +174,7 @@ void Unfolding::showMember(std::shared_ptr<Entity> entity, const ExpansionRow& r
     if constexpr (std::is_same_v<Entity, ParameterProperties>) {
         showConstants(node, shown, row);
     }
-    synchronise(form_, shown);
+    linkMember(form_, shown, nullptr);
 }
 
 void Unfolding::showConstants(const LabelsD& node, const ParameterProperties& parameter, const ExpansionRow& row) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "zoom/members.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
@@ -11,13 +12,6 @@ namespace orvent::zoom {
 std::vector<std::int32_t> partOfEdges(const ZoomForm& form, const canvas::LabelsD& owner);
 
 canvas::LabelsD* targetOf(ZoomForm& form, std::int32_t edge);
-
-inline std::int16_t typeOf(const entities::AttributeProperties& entity) {
-    return entity.Attribute_Type;
-}
-inline std::int16_t typeOf(const entities::ParameterProperties& entity) {
-    return entity.Parameter_Type;
-}
 
 /// Throws when the catalogue does not have the data type of an item.
 template <class List>
