@@ -4,6 +4,7 @@
 #include <QTextEdit>
 
 #include "qt/statements/text_box.h"
+#include "qt/theme/model_colour.h"
 
 namespace orvent::qt {
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "qt/statements/text_box.h"
+#include "qt/theme/model_colour.h"
 
 namespace orvent::qt {
 

@@ -7,6 +7,7 @@
 
 #include "qt/statements/text_box.h"
 #include "qt/theme/blend.h"
+#include "qt/theme/model_colour.h"
 
 namespace orvent::qt {
 

@@ -4,9 +4,6 @@
 #include <QTextDocument>
 #include <QTextEdit>
 
-#include "qt/theme/blend.h"
-#include "qt/theme/model_colour.h"
-
 namespace orvent::qt {
 
 std::string plainText(const QTextEdit& box) {
@@ -25,12 +22,6 @@ void showPlainText(QTextEdit& box, const std::string& text) {
         const QSignalBlocker quiet(box);
         box.setPlainText(lines);
     }
-}
-
-QColor letterColour(std::int32_t modelColour, const QPalette& palette) {
-    const QColor plain = fromModel(modelColour);
-    const bool dark = palette.color(QPalette::Base).lightness() < 128;
-    return dark ? blend(plain, palette.color(QPalette::BrightText), 0.5) : plain;
 }
 
 }  // namespace orvent::qt

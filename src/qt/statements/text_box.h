@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QColor>
-#include <cstdint>
 #include <string>
 
-class QPalette;
 class QTextEdit;
 
 namespace orvent::qt {
@@ -14,8 +11,5 @@ std::string plainText(const QTextEdit& box);
 
 /// Shows a text, whatever its line ends are. A box that shows it already is left alone, with its caret. No signals.
 void showPlainText(QTextEdit& box, const std::string& text);
-
-/// A model colour as letters on the ground of a text box: as it is on a light one, brighter on a dark one.
-QColor letterColour(std::int32_t modelColour, const QPalette& palette);
 
 }  // namespace orvent::qt
