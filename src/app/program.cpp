@@ -31,8 +31,8 @@ struct Program::Parts {
           store(QString::fromStdString(places.settings.string())),
           window(theme),
           firstStart(places, database, store, messages),
-          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder}, window,
-                window.area()) {
+          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder, saveDialog},
+                window, window.area()) {
         progress.attach(window.statusBar());
         window.attach(frame);
     }
@@ -51,6 +51,7 @@ struct Program::Parts {
     qt::QtColourDialog colours;
     qt::QtProgress progress;
     qt::QtHelpViewer help;
+    qt::QtSaveDialog saveDialog;
     qt::FrameWindow window;
     FirstStart firstStart;
     shell::MDIForm1 frame;

@@ -23,7 +23,15 @@ struct PointerPorts {
 };
 
 /// Codes of the keys of a canvas. The arrows move the selection from node to node, and Escape gives up the gesture.
-enum KeyCode : int { EscapeKey = 27, LeftKey = 37, UpKey = 38, RightKey = 39, DownKey = 40, DeleteKey = 46 };
+enum KeyCode : int {
+    EnterKey = 13,
+    EscapeKey = 27,
+    LeftKey = 37,
+    UpKey = 38,
+    RightKey = 39,
+    DownKey = 40,
+    DeleteKey = 46
+};
 
 /// The gestures of a canvas: which change of the graph or of the selection a press, a move and a release mean, by the
 /// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges
@@ -49,7 +57,7 @@ class CanvasPointer : private CanvasListener {
     void doubleClick(const PointerEvent& event);
 
     /// True when the key means something to the canvas. `DeleteKey` does not while a button is held or a comment is
-    /// edited.
+    /// edited; `EnterKey` opens the dialog of the one selected node.
     bool keyDown(int keyCode);
 
     /// An item of a context menu was chosen; `name` is the item's own.
@@ -89,6 +97,7 @@ class CanvasPointer : private CanvasListener {
     void hover(const PointerEvent& event);
     void dropIfToolChanged();
     bool deleteSelected();
+    bool openSelected();
     void restoreMenuTargets();
     void runAction(const ContextItem& item);
     Hit meant(const Hit& hit) const;

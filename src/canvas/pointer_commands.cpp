@@ -40,6 +40,9 @@ bool CanvasPointer::keyDown(int keyCode) {
     if (keyCode == DeleteKey) {
         return deleteSelected();
     }
+    if (keyCode == EnterKey) {
+        return openSelected();
+    }
     if (keyCode == EscapeKey) {
         cancel();
         return true;
@@ -54,6 +57,18 @@ bool CanvasPointer::keyDown(int keyCode) {
         }
     }
     return false;
+}
+
+bool CanvasPointer::openSelected() {
+    const auto selected = canvas_.SelectedLabels.members();
+    LabelsD* node = selected.size() == 1 ? canvas_.Labels.byIndex(selected.front()) : nullptr;
+    if (!node || captures_ || state() == PointerState::editing) {
+        return false;
+    }
+    cancel();
+    canvas_.ActiveLabel = node->Index();
+    ports_.windows.openProperties(canvas_, *node);
+    return true;
 }
 
 bool CanvasPointer::deleteSelected() {

@@ -23,6 +23,18 @@ bool RecordSetProp::LoadDB_Click() {
     return answer != Answer::cancel;
 }
 
+void RecordSetProp::LoadDB(const GoOn& goOn) {
+    if (!LoadDB_Click()) {
+        return;
+    }
+    repository::frmDBLogin login(services_.repository);
+    login.open();
+    services_.dialogs.show(login);
+    if (!login.chosen.name.empty()) {
+        LoadDatabase(login.chosen, goOn);
+    }
+}
+
 void RecordSetProp::LoadDatabase(const repository::SourceDatabase& source, const GoOn& goOn) {
     const std::string alias = platform::upperCase(source.name);
     if (LoadedDatabases.contains(alias)) {

@@ -155,15 +155,34 @@ void RecordSetProp::MoveAll2Tree_Click() {
     });
 }
 
-void RecordSetProp::MoveRow_Click(forms::RowMove where) {
-    const int row = AttList.selected();
-    const int to = AttList.target(row, where);
-    if (to == 0) {
-        return;
+void RecordSetProp::Move2Tree_Click() {
+    moveMany([this] {
+        removeSelected(
+            AttList, [](const forms::ListRow&) { return true; }, [this](int row) { RemoveRow(row); });
+    });
+}
+
+void RecordSetProp::Drop(const std::vector<std::string>& nodeKeys, int position) {
+    std::vector<Tree::Node*> nodes;
+    for (const std::string& key : nodeKeys) {
+        if (Tree::Node* node = DBView.find(key)) {
+            nodes.push_back(node);
+        }
     }
+    DropNodes(*this, nodes, position);
+}
+
+void RecordSetProp::MoveRow_Click(forms::RowMove where) {
+    moveSelected(AttList, where, [this](int row, int to) { moveRowTo(row, to); });
+}
+
+void RecordSetProp::MoveRows(const std::vector<int>& rows, int place) {
+    moveRowsTo(AttList, rows, place, [this](int row, int to) { moveRowTo(row, to); });
+}
+
+void RecordSetProp::moveRowTo(int row, int to) {
     const std::string name = AttList.Item(row)->Text;
     AttList.move(row, to);
-    AttList.select(to);
     if (auto held = tempProp->RecordSet_Outputs->Remove(name)) {
         tempProp->RecordSet_Outputs->insert(to, held, name);
     }

@@ -36,22 +36,27 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void SQLOption_Click(bool on) { SQLOption = on; }
     void SQLAuto_Click();
 
+    /// Asked while a database is loaded, before each of its tables; false ends the loading.
+    using GoOn = std::function<bool(std::size_t done, std::size_t total)>;
+
     /// Asks what becomes of databases that are loaded already. False: nothing is to be loaded.
     bool LoadDB_Click();
-    /// Adds a source database to the tree. `goOn` is asked before each table how far it is, and ends the loading by
-    /// false: what is there stays, and the words say that it is not whole.
-    using GoOn = std::function<bool(std::size_t done, std::size_t total)>;
+    /// Asks for a source database and loads it.
+    void LoadDB(const GoOn& goOn);
+    /// Adds a source database to the tree. What was read before an end or a fault stays, and the words say that it is
+    /// not whole.
     void LoadDatabase(const repository::SourceDatabase& source, const GoOn& goOn);
     void UnLoadDB_Click(forms::Tree::Node& root);
 
     bool ListButtons() const { return AttList.Count() > 0; }
     void MoveRow_Click(forms::RowMove where);
-    void Move2Tree_Click() { RemoveRow(AttList.selected()); }
+    void MoveRows(const std::vector<int>& rows, int place);
+    void Move2Tree_Click();
     void MoveAll2Tree_Click();
     void CutFullNames_Click();
     void RestoreFullNames_Click();
     void NodeClick(forms::Tree::Node& node) { NodeCheck(*this, DBView, node); }
-    void Drop(forms::Tree::Node& node, int position) { DropNode(*this, node, position); }
+    void Drop(const std::vector<std::string>& nodeKeys, int position);
     /// False: the label keeps its text.
     bool AfterLabelEdit(int row, const std::string& text);
     /// In a zoom view names are not edited here.
@@ -73,6 +78,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void addTable(forms::Tree::Node& root, const repository::SourceTable& table);
     std::int16_t typeOf(const std::string& dataType);
     void RemoveRow(int row);
+    void moveRowTo(int row, int to);
     void markNode(const std::string& key, bool used);
     bool rename(int row, const std::string& name);
     void renameAll(const std::function<std::string(const std::string& rowKey)>& name);

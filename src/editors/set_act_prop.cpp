@@ -238,19 +238,28 @@ bool SetActProp::ListButtons() const {
 }
 
 void SetActProp::MoveRow_Click(forms::RowMove where) {
-    moveRow(frontList().selected(), where);
+    moveSelected(frontList(), where, [this](int row, int to) { moveRowTo(row, to); });
+}
+
+void SetActProp::MoveRows(const std::vector<int>& rows, int place) {
+    moveRowsTo(frontList(), rows, place, [this](int row, int to) { moveRowTo(row, to); });
 }
 
 void SetActProp::Move2Tree_Click() {
-    const forms::ListRow* row = frontList().Item(frontList().selected());
-    if (!row) {
-        return;
-    }
-    if (row->Tag >= kTagTypeOutput && row->Tag != kTagWizard) {
+    bool refused = false;
+    moveMany([&] {
+        removeSelected(
+            frontList(),
+            [&](const forms::ListRow& row) {
+                const bool ofType = row.Tag >= kTagTypeOutput && row.Tag != kTagWizard;
+                refused = refused || ofType;
+                return !ofType;
+            },
+            [this](int row) { RemoveRow(row); });
+    });
+    if (refused) {
         tell("Activity Type's Members Cannot Be Deleted", Icon::information);
-        return;
     }
-    RemoveRow(frontList().selected());
 }
 
 void SetActProp::MoveAll2Tree_Click() {
@@ -286,10 +295,24 @@ void SetActProp::NodeClick(forms::Tree& tree, forms::Tree::Node& node) {
     NodeCheck(*this, tree, node);
 }
 
-void SetActProp::Drop(forms::Tree::Node& node, int position) {
-    if (TabStrip1 != kLogTab && takes(node)) {
-        DropNode(*this, node, position);
+/// Those of the nodes whose drop on the list in front counts.
+std::vector<forms::Tree::Node*> SetActProp::takenOf(const std::vector<std::string>& nodeKeys) const {
+    std::vector<forms::Tree::Node*> nodes;
+    for (const std::string& key : nodeKeys) {
+        forms::Tree::Node* node = (key.starts_with("DB") ? DBView : ActView).find(key);
+        if (node && TabStrip1 != kLogTab && (!rowKeyOf(*node).empty() || !node->children().empty())) {
+            nodes.push_back(node);
+        }
     }
+    return nodes;
+}
+
+bool SetActProp::takes(const std::vector<std::string>& nodeKeys) const {
+    return !takenOf(nodeKeys).empty();
+}
+
+void SetActProp::Drop(const std::vector<std::string>& nodeKeys, int position) {
+    DropNodes(*this, takenOf(nodeKeys), position);
 }
 
 bool SetActProp::AfterLabelEdit(int row, const std::string& text) {

@@ -3,8 +3,10 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "editors/set_act_prop_functions.h"
+#include "forms/dialog_port.h"
 #include "forms/editor.h"
 #include "platform/program_folder.h"
 #include "platform/save_dialog.h"
@@ -29,6 +31,7 @@ struct EditorServices {
     const platform::ProgramFolder& folder;
     platform::SaveDialog& saveDialog;
     NodePreparation& nodes;
+    const forms::Dialogs& dialogs;
 };
 
 /// `SetActProp`: the dialog that defines an activity. It works on a copy, `tempProp`; the graph changes when it is
@@ -64,7 +67,10 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
 
     /// Whether the list buttons are enabled: the list in front has a row.
     bool ListButtons() const;
+    // The buttons act on all selected rows.
     void MoveRow_Click(forms::RowMove where);
+    /// Brings rows of the list in front before the one at `place`, 0 for behind the last.
+    void MoveRows(const std::vector<int>& rows, int place);
     void Move2Tree_Click();
     void MoveAll2Tree_Click();
     void ItemSendOutputM_Click() { SendOutput(frontList().selected()); }
@@ -73,11 +79,16 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void RestoreNamesM_Click();
     void RefreshHeadersM_Click() { refreshRows(); }
     void NodeClick(forms::Tree& tree, forms::Tree::Node& node);
-    /// Whether a drop of the node on the list in front counts.
-    bool takes(const forms::Tree::Node& node) const { return !rowKeyOf(node).empty() || !node.children().empty(); }
-    void Drop(forms::Tree::Node& node, int position);
+    /// A dragged node comes near the edge of its tree: the list that receives it comes forward.
+    void DragOut(const forms::Tree::Node& node) { listFor(node); }
+    /// Whether a drop of nodes of these keys on the list in front counts.
+    bool takes(const std::vector<std::string>& nodeKeys) const;
+    void Drop(const std::vector<std::string>& nodeKeys, int position);
     /// False: the label keeps its text.
     bool AfterLabelEdit(int row, const std::string& text);
+
+    /// What `ActTypes` offers.
+    const entities::NameTable& typeNames() const { return catalogue().tables.activityTypes; }
 
     // ActivityDialog
     void setEnabled(bool enabled) override;
@@ -102,6 +113,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     template <class Text>
     void renameRows(Text text);
     std::string& statement();
+    std::vector<forms::Tree::Node*> takenOf(const std::vector<std::string>& nodeKeys) const;
     void tell(const char* text, platform::Icon icon) { messages().tell(text, {}, icon); }
 
     EditorServices services_;

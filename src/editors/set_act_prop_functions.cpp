@@ -219,12 +219,6 @@ void SetActProp_Functions::warnTwins(int number) {
     }
 }
 
-void SetActProp_Functions::moveRow(int row, forms::RowMove where) {
-    if (const int to = frontList().target(row, where)) {
-        moveRowTo(row, to);
-    }
-}
-
 void SetActProp_Functions::moveRowTo(int row, int to) {
     const ListRow* moved = frontList().Item(row);
     if (!moved || !frontList().Item(to) || row == to) {

@@ -51,7 +51,6 @@ class SetActProp_Functions : public RowOperations {
     void SendParameter(int row);
     void RenameInList(int row, int listNumber);
     /// Brings the row of the list in front to another place, and its entity with it.
-    void moveRow(int row, forms::RowMove where);
     void moveRowTo(int row, int to);
 
     /// Fills the three lists from `tempProp` and marks what they use in the trees.

@@ -1,5 +1,7 @@
 #include "editors/tree_view_moving.h"
 
+#include <algorithm>
+
 namespace orvent::editors {
 
 using forms::Tree;
@@ -59,6 +61,86 @@ void NodeCheck(RowOperations& dialog, Tree& tree, Tree::Node& node) {
 void DropNode(RowOperations& dialog, Tree::Node& node, int position) {
     if (node.parent()) {
         addEach(dialog, node, position);
+    }
+}
+
+void DropNodes(RowOperations& dialog, const std::vector<Tree::Node*>& nodes, int position) {
+    for (Tree::Node* node : nodes) {
+        const forms::List& list = dialog.listFor(*node);
+        const int before = list.Count();
+        DropNode(dialog, *node, position);
+        position = position > 0 ? position + list.Count() - before : 0;
+    }
+}
+
+namespace {
+
+struct Step {
+    int row;
+    int to;
+};
+
+/// Does steps that do not disturb one another, and selects what was moved.
+void moveAll(forms::List& list, const std::vector<Step>& steps, const MoveRow& move) {
+    std::vector<int> moved;
+    const int current = list.selected();
+    int currentTo = 0;
+    for (const Step& step : steps) {
+        if (step.row != step.to) {
+            move(step.row, step.to);
+        }
+        moved.push_back(step.to);
+        currentTo = step.row == current ? step.to : currentTo;
+    }
+    list.select(moved, currentTo != 0 || moved.empty() ? currentTo : moved.front());
+}
+
+}  // namespace
+
+void moveSelected(forms::List& list, forms::RowMove where, const MoveRow& move) {
+    using enum forms::RowMove;
+    const std::vector<int> rows = list.selection();
+    const int count = static_cast<int>(rows.size());
+    std::vector<Step> steps;
+    for (int at = 0; at < count; ++at) {
+        const int row = rows[static_cast<std::size_t>(at)];
+        const int first = at + 1, last = list.Count() - (count - 1 - at);
+        const int to = where == top ? first : where == bottom ? last : where == up ? row - 1 : row + 1;
+        steps.push_back({row, std::clamp(to, first, last)});
+    }
+    if (where == down || where == bottom) {
+        std::reverse(steps.begin(), steps.end());
+    }
+    moveAll(list, steps, move);
+}
+
+void moveRowsTo(forms::List& list, std::vector<int> rows, int place, const MoveRow& move) {
+    std::sort(rows.begin(), rows.end());
+    const int before = place > 0 ? place : list.Count() + 1;
+    const auto above = std::lower_bound(rows.begin(), rows.end(), before);
+    std::vector<Step> steps;
+    for (auto row = above; row != rows.begin();) {
+        --row;
+        steps.push_back({*row, before - static_cast<int>(above - row)});
+    }
+    for (auto row = above; row != rows.end(); ++row) {
+        steps.push_back({*row, before + static_cast<int>(row - above)});
+    }
+    moveAll(list, steps, move);
+}
+
+void removeSelected(forms::List& list, const std::function<bool(const forms::ListRow&)>& mayGo,
+                    const std::function<void(int)>& remove) {
+    const std::vector<int> rows = list.selection();
+    int gone = 0;
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        if (mayGo(*list.Item(*row))) {
+            remove(*row);
+            gone = *row;
+        }
+    }
+    if (gone > 0 && list.selection().empty()) {
+        list.select(std::min(gone, list.Count()));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "forms/list.h"
 #include "forms/tree.h"
@@ -38,5 +39,20 @@ void AddNodeToList(RowOperations& dialog, forms::Tree::Node& node);
 
 /// A drop on the list before the row at `position`, 0 for behind the last. It only adds: what is in the list stays.
 void DropNode(RowOperations& dialog, forms::Tree::Node& node, int position);
+/// Several nodes, one behind the other.
+void DropNodes(RowOperations& dialog, const std::vector<forms::Tree::Node*>& nodes, int position);
+
+// What is done to all selected rows of a list. The selection goes with the rows.
+
+/// Brings a row to another place, with what stands behind it.
+using MoveRow = std::function<void(int row, int to)>;
+
+/// A list button: rows that are together stay together, and stop at the ends.
+void moveSelected(forms::List& list, forms::RowMove where, const MoveRow& move);
+/// The rows go before the row at `place`, 0 for behind the last.
+void moveRowsTo(forms::List& list, std::vector<int> rows, int place, const MoveRow& move);
+/// Takes the selected rows away for which `mayGo` is true, and selects the row that comes up in their place.
+void removeSelected(forms::List& list, const std::function<bool(const forms::ListRow& row)>& mayGo,
+                    const std::function<void(int row)>& remove);
 
 }  // namespace orvent::editors

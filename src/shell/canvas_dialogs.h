@@ -1,8 +1,8 @@
 #pragma once
 
 #include "canvas/canvas_host.h"
+#include "editors/set_act_prop.h"
 #include "shell/desk.h"
-#include "statements/activity_wizard.h"
 
 namespace orvent::shell {
 
@@ -16,21 +16,29 @@ class WindowKeeper {
 
     /// The close request of a window: asks, and drops it. False when it stays, and always while it takes no input.
     virtual bool close(canvas::CanvasForm& form) = 0;
+
+    /// A window takes input again, or takes none: commands and the focus follow.
+    virtual void enabledChanged() = 0;
 };
 
-/// What the canvases ask to be shown. This version has no dialogs of nodes: nothing is shown for them.
+/// A dialog over a design window has nothing to prepare.
+class PlainNodes : public editors::NodePreparation {
+  public:
+    void prepare(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void refresh(canvas::CanvasForm&, canvas::LabelsD&) override {}
+};
+
+/// What the canvases ask to be shown.
 class CanvasDialogs : public canvas::CanvasWindows {
   public:
-    CanvasDialogs(Desk& desk, statements::ActivityWizard& wizard, WindowKeeper& windows)
-        : desk_(desk), wizard_(wizard), windows_(windows) {}
+    CanvasDialogs(Desk& desk, WindowKeeper& windows, const editors::EditorServices& services)
+        : desk_(desk), windows_(windows), services_(services) {}
 
-    void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    void openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) override;
     void openZoom(canvas::CanvasForm& form, canvas::LabelsD& activity) override {
         windows_.ZoomActivity(form.scenario().slot(), activity.Index());
     }
-    void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override {
-        wizard_.LDLCreate(form.scenario(), *activity.activity());
-    }
+    void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override;
     void close(canvas::CanvasForm& form) override { windows_.close(form); }
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {
@@ -39,8 +47,8 @@ class CanvasDialogs : public canvas::CanvasWindows {
 
   private:
     Desk& desk_;
-    statements::ActivityWizard& wizard_;
     WindowKeeper& windows_;
+    editors::EditorServices services_;
 };
 
 }  // namespace orvent::shell

@@ -38,7 +38,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       unfinished_(host, desk),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
-      dialogs_(desk, wizard_, *this),
+      dialogs_(desk, *this, {services_, catalogue_, wizard_, ports.folder, ports.saveDialog, nodes_, host.dialogs()}),
       metricsScenarios_(*this, desk, kSlots) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;

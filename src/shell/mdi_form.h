@@ -63,6 +63,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     /// A scenario's window closes the views over it first.
     bool close(canvas::CanvasForm& form) override;
     void ZoomActivity(int Slot, std::int32_t NodeIndex) override;
+    void enabledChanged() override { host_.commandsChanged(); }
     /// The frame's close request: closes the windows beside the scenarios', then every scenario in slot order. False
     /// when one of them was kept.
     bool unload();
@@ -132,6 +133,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     analysis::TextExport textExport_;
     ToolBars tools_;
     int currentGroup_ = 1;
+    PlainNodes nodes_;
     CanvasDialogs dialogs_;
     zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;

@@ -3,6 +3,7 @@
 #include "platform/database.h"
 #include "platform/dialogs.h"
 #include "platform/program_folder.h"
+#include "platform/save_dialog.h"
 #include "platform/settings_store.h"
 
 namespace orvent::shell {
@@ -19,6 +20,7 @@ struct Ports {
     platform::Progress& progress;
     platform::HelpViewer& help;
     const platform::ProgramFolder& folder;
+    platform::SaveDialog& saveDialog;
 };
 
 }  // namespace orvent::shell

@@ -29,7 +29,7 @@ class RecordSetPropTest : public testkit::RepositoryTest {
     }
 
     RecordSetProp open() {
-        return RecordSetProp({services, catalogue, wizard, folder, saveDialog, nodes}, *form,
+        return RecordSetProp({services, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
                              *form->nodeNamed("Books"));
     }
     static void click(RecordSetProp& dialog, const std::string& key) { dialog.NodeClick(*dialog.DBView.find(key)); }
@@ -41,6 +41,7 @@ class RecordSetPropTest : public testkit::RepositoryTest {
     NoWizard wizard;
     NoZoom nodes;
     NoFile saveDialog;
+    forms::Dialogs dialogs;
     platform::ProgramFolder folder{"/data"};
     const repository::SourceDatabase shop{"shop", "scott", "tiger"};
 };

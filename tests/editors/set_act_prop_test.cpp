@@ -46,8 +46,9 @@ class SetActPropTest : public testkit::RepositoryTest {
 
     ActivityProperties& activity() { return *form->nodeNamed("Act")->activity(); }
     std::unique_ptr<SetActProp> open() {
-        return std::make_unique<SetActProp>(EditorServices{services, catalogue, wizard, folder, saveDialog, nodes},
-                                            *form, *form->nodeNamed("Act"));
+        return std::make_unique<SetActProp>(
+            EditorServices{services, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
+            *form->nodeNamed("Act"));
     }
     static void click(SetActProp& dialog, const std::string& key) {
         forms::Tree& tree = key.starts_with("DB") ? dialog.DBView : dialog.ActView;
@@ -74,6 +75,7 @@ class SetActPropTest : public testkit::RepositoryTest {
     NoWizard wizard;
     NoZoom nodes;
     NoFile saveDialog;
+    forms::Dialogs dialogs;
     platform::ProgramFolder folder{"/data"};
 };
 
@@ -98,7 +100,7 @@ TEST_F(SetActPropTest, OpensWithMarkedTreesAndBlocksItsWindow) {
 TEST_F(SetActPropTest, ACatalogueThatCannotBeReadLeavesTheWindowAlone) {
     repository::Catalogue unreadable{services, [] {}, [] { return true; }};
     database.fail(repository::sql::kDataTypes, testkit::kBroken);
-    EXPECT_THROW(SetActProp(EditorServices{services, unreadable, wizard, folder, saveDialog, nodes}, *form,
+    EXPECT_THROW(SetActProp(EditorServices{services, unreadable, wizard, folder, saveDialog, nodes, dialogs}, *form,
                             *form->nodeNamed("Act")),
                  platform::Fault);
     EXPECT_TRUE(form->Enabled());
@@ -118,8 +120,7 @@ TEST_F(SetActPropTest, AnInputBringsItsMirrorAndTakesItAway) {
     EXPECT_TRUE(input->ProviderFor.peek()->Item(".OUT.RS_NAME")) << "the link inside stands on both ends";
     EXPECT_TRUE(dialog->tempProp->Act_Inputs->Changed);
 
-    forms::Tree::Node* node = dialog->DBView.find("DB.RS.NAME");
-    dialog->Drop(*node, 1);
+    dialog->Drop({"DB.RS.NAME"}, 1);
     EXPECT_EQ(dialog->AttList[kInputs].Count(), 3) << "a second drop leaves one row";
     click(*dialog, "DB.RS.NAME");
     EXPECT_EQ(keys(dialog->AttList[kInputs]), "RS_ID Old");

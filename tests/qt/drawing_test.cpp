@@ -78,6 +78,14 @@ struct Desk : StartedProgram {
         press(at, button);
         release(at, button);
     }
+    /// Places a node with the tool in use, and leaves its dialog at once.
+    void place(const std::string& kind, Point at) {
+        if (kind == "RecordSet" || kind == "Activity") {
+            dialogs.at(kind == "Activity" ? QStringLiteral("SetActProp") : QStringLiteral("RecordSetProp"),
+                       [](QDialog& window) { window.reject(); });
+        }
+        clickAt(at);
+    }
     void drag(Point from, Point to) {
         moveTo(from);
         press(from);
@@ -90,7 +98,7 @@ struct Desk : StartedProgram {
     void drawAll() {
         for (const NodeRow& row : kNodes) {
             tool("NodeBar", row.tool);
-            clickAt(row.at);
+            place(row.tool, row.at);
         }
         for (const EdgeRow& row : kEdges) {
             tool("EdgeBar", row.tool);
@@ -182,8 +190,8 @@ class DrawingTest : public WindowTest {
         };
         Desk desk;
         desk.tool("NodeBar", "RecordSet");
-        desk.clickAt({3000, 3000});
-        desk.clickAt({6000, 6000});
+        desk.place("RecordSet", {3000, 3000});
+        desk.place("RecordSet", {6000, 6000});
         for (const auto& [bar, tool, start] : {Row{"EdgeBar", "Provider", {3000, 3000}},
                                                {"ArrowBar", "Move", {3000, 3000}},
                                                {"ArrowBar", "Resize", {3480, 3180}},
@@ -271,7 +279,7 @@ class DrawingTest : public WindowTest {
         desk.frame.resize(900, 700);
         QApplication::processEvents();
         desk.tool("NodeBar", "RecordSet");
-        desk.clickAt({3000, 3000});
+        desk.place("RecordSet", {3000, 3000});
         desk.tool("ArrowBar", "Move");
         canvas::PictureArea& picture = desk.form().PicForm;
         desk.moveTo({3000, 3000});
@@ -300,7 +308,7 @@ class DrawingTest : public WindowTest {
     void closingInTheMiddleOfAGestureIsHarmless() {
         Desk desk;
         desk.tool("NodeBar", "RecordSet");
-        desk.clickAt({3000, 3000});
+        desk.place("RecordSet", {3000, 3000});
         desk.tool("EdgeBar", "Provider");
         desk.moveTo({3000, 3000});
         desk.press({3000, 3000});
@@ -360,8 +368,8 @@ class DrawingTest : public WindowTest {
     void anUndecidedEdgeDoesNotSurviveAChangeOfTheWindow() {
         Desk desk;
         desk.tool("NodeBar", "RecordSet");
-        desk.clickAt({3000, 3000});
-        desk.clickAt({9000, 3000});
+        desk.place("RecordSet", {3000, 3000});
+        desk.place("RecordSet", {9000, 3000});
         desk.tool("EdgeBar", "Provider");
         desk.moveTo({3400, 3000});
         desk.press({3400, 3000});
@@ -379,10 +387,10 @@ class DrawingTest : public WindowTest {
     void aSecondEdgeLeavesFromTheSameMark() {
         Desk desk;
         desk.tool("NodeBar", "Activity");
-        desk.clickAt({3000, 3000});
+        desk.place("Activity", {3000, 3000});
         desk.tool("NodeBar", "RecordSet");
-        desk.clickAt({9000, 2000});
-        desk.clickAt({9000, 5000});
+        desk.place("RecordSet", {9000, 2000});
+        desk.place("RecordSet", {9000, 5000});
         desk.tool("EdgeBar", "Provider");
         const canvas::LabelsD& activity = desk.node("Activity1");
         for (const float height : {2000.0F, 5000.0F}) {

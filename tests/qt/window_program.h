@@ -45,7 +45,7 @@ class WindowProgram {
     WindowProgram()
         : folder_(repository.folder.path()),
           logic({repository.hooked, repository.dataSources, messages, input, repository.files, colours_,
-                 repository.store, progress, help_, folder_},
+                 repository.store, progress, help_, folder_, saveDialog_},
                 frame, frame.area()) {
         progress.attach(frame.statusBar());
         frame.attach(logic);
@@ -110,6 +110,7 @@ class WindowProgram {
   private:
     testkit::NoColours colours_;
     testkit::NoHelp help_;
+    testkit::NoFile saveDialog_;
     platform::ProgramFolder folder_;
 
   public:

@@ -21,9 +21,11 @@ class OptionsWindow : public ::testing::Test {
     platform::ProgramFolder folder{"/data"};
     OneColour colours;
     testkit::NoHelp help;
+    testkit::NoFile saveDialog;
     OptionsData options;
-    OptionsForm form{options, Ports{repository.hooked, repository.dataSources, repository.messages, repository.input,
-                                    repository.files, colours, repository.store, repository.progress, help, folder}};
+    OptionsForm form{options,
+                     Ports{repository.hooked, repository.dataSources, repository.messages, repository.input,
+                           repository.files, colours, repository.store, repository.progress, help, folder, saveDialog}};
 };
 
 TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
@@ -81,8 +83,9 @@ TEST_F(OptionsWindow, TheDefaultsAreShownBeforeTheyAreTold) {
             return platform::Answer::ok;
         }
     } messages;
-    OptionsForm watched{options, Ports{repository.hooked, repository.dataSources, messages, repository.input,
-                                       repository.files, colours, repository.store, repository.progress, help, folder}};
+    OptionsForm watched{
+        options, Ports{repository.hooked, repository.dataSources, messages, repository.input, repository.files, colours,
+                       repository.store, repository.progress, help, folder, saveDialog}};
     watched.show = [&] { messages.log += watched.Text[7] + " shown, "; };
     watched.butDefault();
     EXPECT_EQ(messages.log, "70 shown, Restored Options");

@@ -29,7 +29,8 @@ struct Key {
 
 constexpr Key kKeys[] = {{Qt::Key_Escape, canvas::EscapeKey}, {Qt::Key_Left, canvas::LeftKey},
                          {Qt::Key_Up, canvas::UpKey},         {Qt::Key_Right, canvas::RightKey},
-                         {Qt::Key_Down, canvas::DownKey},     {Qt::Key_Delete, canvas::DeleteKey}};
+                         {Qt::Key_Down, canvas::DownKey},     {Qt::Key_Delete, canvas::DeleteKey},
+                         {Qt::Key_Return, canvas::EnterKey},  {Qt::Key_Enter, canvas::EnterKey}};
 
 /// The code of a key that the canvas may take, 0 for others. With other keys held, only Delete and Escape are meant.
 int codeOf(const QKeyEvent& event) {

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/dialogs.h"
+#include "platform/save_dialog.h"
 
 class QLabel;
 class QProgressBar;
@@ -32,6 +33,11 @@ class QtInputBox : public platform::InputBox {
 class QtFileDialog : public platform::FileDialog {
   public:
     std::string openFile(const std::string& filter) override;
+};
+
+class QtSaveDialog : public platform::SaveDialog {
+  public:
+    std::string saveFile(const std::string& title, const std::string& filter, const std::string& folder) override;
 };
 
 /// "SQL Files (*.sql)|*.sql" in the form that the toolkit's file dialog wants; several pairs may follow each other.

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QStringList>
@@ -36,6 +37,17 @@ QString toolkitFilter(const std::string& filter) {
 
 std::string QtFileDialog::openFile(const std::string& filter) {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), toolkitFilter(filter))
+        .toStdString();
+}
+
+std::string QtSaveDialog::saveFile(const std::string& title, const std::string& filter, const std::string& folder) {
+    // A folder that is not there yet would be taken for the file's name.
+    QFileInfo start(QString::fromStdString(folder));
+    while (!start.isDir() && !start.isRoot() && start.path() != start.filePath()) {
+        start.setFile(start.path());
+    }
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), QString::fromStdString(title), start.filePath(),
+                                        toolkitFilter(filter), nullptr, QFileDialog::DontConfirmOverwrite)
         .toStdString();
 }
 

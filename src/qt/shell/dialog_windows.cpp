@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <memory>
 
 #include "qt/analysis/metrics_window.h"
 #include "qt/editors/in_out_window.h"
+#include "qt/editors/record_set_prop_window.h"
+#include "qt/editors/set_act_prop_window.h"
 #include "qt/editors/type_editor_window.h"
 #include "qt/repository/db_login_window.h"
 #include "qt/repository/repos_form_window.h"
@@ -40,6 +43,14 @@ void add(forms::Dialogs& dialogs, QWidget& frame) {
     });
 }
 
+/// The same for a window that takes the sizes of its last opening.
+template <class Form, class Window>
+void addSized(forms::Dialogs& dialogs, QWidget& frame) {
+    dialogs.add<Form>([&frame, sizes = std::make_shared<WindowSizes>()](Form& form) {
+        Window(form, *sizes, parentOver(frame)).exec();
+    });
+}
+
 }  // namespace
 
 void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
@@ -54,6 +65,8 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
         window.exec();
         form.goTo = window.chosen();
     });
+    addSized<editors::SetActProp, SetActPropWindow>(dialogs, frame);
+    addSized<editors::RecordSetProp, RecordSetPropWindow>(dialogs, frame);
     add<editors::TypeEditor, TypeEditorWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
     // There is one window of metrics at a time.

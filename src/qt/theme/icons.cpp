@@ -18,7 +18,7 @@ namespace orvent::qt {
 
 namespace {
 
-QColor tintOf(QIcon::Mode mode) {
+QColor tintOf(QIcon::Mode mode, const QColor& ordinary) {
     const QPalette palette = QGuiApplication::palette();
     switch (mode) {
         case QIcon::Disabled:
@@ -26,14 +26,15 @@ QColor tintOf(QIcon::Mode mode) {
         case QIcon::Selected:
             return palette.color(QPalette::HighlightedText);
         default:
-            return palette.color(QPalette::ButtonText);
+            return ordinary.isValid() ? ordinary : palette.color(QPalette::ButtonText);
     }
 }
 
 /// Draws one SVG file; `tinted` ones are monochrome and take their colour from the palette at each painting.
 class SvgIconEngine : public QIconEngine {
   public:
-    SvgIconEngine(QString path, bool tinted) : path_(std::move(path)), tinted_(tinted) {}
+    SvgIconEngine(QString path, bool tinted, QColor colour = {})
+        : path_(std::move(path)), tinted_(tinted), colour_(std::move(colour)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const double ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
@@ -52,7 +53,7 @@ class SvgIconEngine : public QIconEngine {
 
   private:
     QPixmap rendered(const QSize& size, QIcon::Mode mode) const {
-        const QColor tint = tintOf(mode);
+        const QColor tint = tintOf(mode, colour_);
         const QString key =
             QStringLiteral("%1|%2x%3|%4").arg(path_).arg(size.width()).arg(size.height()).arg(tint.rgba());
         QPixmap pixmap;
@@ -78,13 +79,18 @@ class SvgIconEngine : public QIconEngine {
 
     QString path_;
     bool tinted_;
+    QColor colour_;  // invalid: that of the text around it
 };
 
 }  // namespace
 
 QIcon icon(const QString& name) {
+    return icon(name, {});
+}
+
+QIcon icon(const QString& name, const QColor& colour) {
     needResources();
-    return QIcon(new SvgIconEngine(QStringLiteral(":/orvent/icons/%1.svg").arg(name), true));
+    return QIcon(new SvgIconEngine(QStringLiteral(":/orvent/icons/%1.svg").arg(name), true, colour));
 }
 
 QIcon programIcon() {

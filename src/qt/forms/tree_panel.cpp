@@ -1,0 +1,153 @@
+#include "qt/forms/tree_panel.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSortFilterProxyModel>
+#include <QVBoxLayout>
+
+#include "qt/forms/node_view.h"
+#include "qt/text.h"
+#include "qt/theme/theme.h"
+
+namespace orvent::qt {
+
+using forms::Tree;
+
+namespace {
+
+/// Keeps the nodes whose text holds the words, with all below and above them.
+class NodeFilter : public QSortFilterProxyModel {
+  public:
+    explicit NodeFilter(QObject* parent) : QSortFilterProxyModel(parent) {
+        setRecursiveFilteringEnabled(true);
+        setAutoAcceptChildRows(true);
+    }
+
+    void setWords(const QString& words) {
+        words_ = words;
+        invalidateFilter();
+    }
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
+        if (words_.isEmpty()) {
+            return true;
+        }
+        const auto& model = static_cast<const TreeModel&>(*sourceModel());
+        const Tree::Node* node = model.node(model.index(row, 0, parent));
+        // The name of a root is no answer: all would be shown.
+        return node->parent() && text(node->value().Text).contains(words_, Qt::CaseInsensitive);
+    }
+
+  private:
+    QString words_;
+};
+
+}  // namespace
+
+TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const QString& name, QWidget* parent)
+    : QWidget(parent),
+      model_(tree, std::move(picture), this),
+      shown_(new NodeFilter(this)),
+      view_(new NodeView(*this)),
+      filter_(new QLineEdit(this)) {
+    auto* label = new QLabel(caption, this);
+    label->setObjectName(name + QStringLiteral("Label"));
+    label->setBuddy(view_);
+    view_->setObjectName(name);
+    view_->setAccessibleName(label->text().remove(QLatin1Char('&')));
+    filter_->setObjectName(name + QStringLiteral("Filter"));
+    filter_->setPlaceholderText(tr("Filter"));
+    filter_->setAccessibleName(tr("Filter of %1").arg(view_->accessibleName()));
+    filter_->setClearButtonEnabled(true);
+    shown_->setSourceModel(&model_);
+    view_->setNodes(*shown_);
+    model_.click = [this](Tree::Node& node) { click(node); };
+
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins({});
+    rows->setSpacing(Spacing::gap / 2);
+    rows->addWidget(label);
+    rows->addWidget(filter_);
+    rows->addWidget(view_, 1);
+
+    connect(filter_, &QLineEdit::textChanged, this, &TreePanel::narrow);
+    connect(shown_, &QAbstractItemModel::modelReset, this, &TreePanel::expandAgain);
+    const auto keep = [this](const QModelIndex& index, bool open) {
+        const Tree::Node* node = model_.node(shown_->mapToSource(index));
+        if (node && !narrowing_) {
+            const bool listed = node->parent() ? open : !open;
+            QSet<QString>& keys = node->parent() ? expanded_ : collapsedRoots_;
+            listed ? void(keys.insert(text(node->value().Key))) : void(keys.remove(text(node->value().Key)));
+        }
+    };
+    connect(view_, &QTreeView::expanded, this, [keep](const QModelIndex& index) { keep(index, true); });
+    connect(view_, &QTreeView::collapsed, this, [keep](const QModelIndex& index) { keep(index, false); });
+    expandAgain();
+}
+
+Tree::Node* TreePanel::current() const {
+    return model_.node(shown_->mapToSource(view_->currentIndex().siblingAtColumn(0)));
+}
+
+void TreePanel::addBelow(QWidget* widget) {
+    static_cast<QVBoxLayout*>(layout())->addWidget(widget);
+}
+
+void TreePanel::setHint(const QString& hint) {
+    view_->setHint(hint);
+}
+
+std::vector<Tree::Node*> TreePanel::selected() const {
+    std::vector<Tree::Node*> nodes;
+    for (const QModelIndex& index : view_->selectionModel()->selectedRows()) {
+        nodes.push_back(model_.node(shown_->mapToSource(index)));
+    }
+    return nodes;
+}
+
+/// A child of a selected parent goes with it.
+void TreePanel::clickSelected() {
+    const std::vector<Tree::Node*> nodes = selected();
+    for (Tree::Node* node : nodes) {
+        if (std::find(nodes.begin(), nodes.end(), node->parent()) == nodes.end() || !node->parent()->parent()) {
+            click(*node);
+        }
+    }
+}
+
+/// While words stand in the box all that it leaves is open; afterwards the tree is open as it was.
+void TreePanel::narrow(const QString& words) {
+    narrowing_ = true;
+    static_cast<NodeFilter*>(shown_)->setWords(words);
+    if (words.isEmpty()) {
+        view_->collapseAll();
+        narrowing_ = false;
+        expandAgain();
+        view_->scrollTo(view_->currentIndex());
+    } else {
+        view_->expandAll();
+    }
+}
+
+void TreePanel::expandAgain() {
+    if (!filter_->text().isEmpty()) {
+        view_->expandAll();
+        return;
+    }
+    for (int at = 0; at < shown_->rowCount(); ++at) {
+        const QModelIndex root = shown_->index(at, 0);
+        if (collapsedRoots_.contains(text(model_.node(shown_->mapToSource(root))->value().Key))) {
+            continue;
+        }
+        view_->expand(root);
+        for (int inner = 0; inner < shown_->rowCount(root) && !expanded_.isEmpty(); ++inner) {
+            const QModelIndex parent = shown_->index(inner, 0, root);
+            if (expanded_.contains(text(model_.node(shown_->mapToSource(parent))->value().Key))) {
+                view_->expand(parent);
+            }
+        }
+    }
+}
+
+}  // namespace orvent::qt

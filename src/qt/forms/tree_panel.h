@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QSet>
+#include <QWidget>
+
+#include "qt/forms/tree_model.h"
+
+class QLabel;
+class QLineEdit;
+class QSortFilterProxyModel;
+
+namespace orvent::qt {
+
+class NodeView;
+
+/// A tree of a dialog's logic below its caption and a box that narrows it while one types; the box only hides nodes.
+/// Space and the box beside a node check it, as a double click on a leaf does.
+class TreePanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    TreePanel(forms::Tree& tree, Picture picture, const QString& caption, const QString& name, QWidget* parent);
+
+    /// Set by the window: the user checks or unchecks a node.
+    std::function<void(forms::Tree::Node& node)> click;
+    /// A dragged node comes near the edge of the tree, on its way to a list.
+    std::function<void(forms::Tree::Node& node)> leaves;
+    /// Rows of a list are dropped back.
+    std::function<void()> dropRows;
+
+    NodeView& view() { return *view_; }
+    /// The node that has the focus in the tree, or nothing.
+    forms::Tree::Node* current() const;
+    /// A row below the tree, for buttons.
+    void addBelow(QWidget* widget);
+    /// What stands in the middle of an empty tree.
+    void setHint(const QString& hint);
+
+  private:
+    friend class NodeView;
+    void narrow(const QString& words);
+    void expandAgain();
+    std::vector<forms::Tree::Node*> selected() const;
+    void clickSelected();
+
+    TreeModel model_;
+    QSortFilterProxyModel* shown_;
+    NodeView* view_;
+    QLineEdit* filter_;
+    QSet<QString> collapsedRoots_;
+    QSet<QString> expanded_;  // below the roots
+    bool narrowing_ = false;
+};
+
+}  // namespace orvent::qt

@@ -1,0 +1,42 @@
+#include "shell/canvas_dialogs.h"
+
+#include "editors/record_set_prop.h"
+
+namespace orvent::shell {
+
+namespace {
+
+/// At its end the window that a dialog kept from input takes some again.
+class Awake {
+  public:
+    explicit Awake(WindowKeeper& windows) : windows_(windows) {}
+    ~Awake() { windows_.enabledChanged(); }
+    Awake(const Awake&) = delete;
+    Awake& operator=(const Awake&) = delete;
+
+  private:
+    WindowKeeper& windows_;
+};
+
+}  // namespace
+
+void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) {
+    if (form.isZoom()) {
+        return;
+    }
+    const Awake awake(windows_);
+    if (node.activity()) {
+        editors::SetActProp dialog(services_, form, node);
+        services_.dialogs.show(dialog);
+    } else if (node.recordSet()) {
+        editors::RecordSetProp dialog(services_, form, node);
+        services_.dialogs.show(dialog);
+    }
+}
+
+void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) {
+    const Awake awake(windows_);
+    services_.wizard.LDLCreate(form.scenario(), *activity.activity());
+}
+
+}  // namespace orvent::shell
