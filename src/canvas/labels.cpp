@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "canvas/canvas.h"
+#include "canvas/taken_name.h"
 
 namespace orvent::canvas {
 
@@ -130,9 +131,13 @@ void LabelsD::takeName(const std::string& value) {
     keyName_ = kErrorName;
     caption_ = kErrorName;
     if (!canvas_.quietNames) {
-        canvas_.messages().tell("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
-                                "DUPLICATE NAME!", platform::Icon::critical);
+        tellTakenName(canvas_.messages());
     }
+}
+
+void tellTakenName(platform::MessageBox& messages) {
+    messages.tell("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!", "DUPLICATE NAME!",
+                  platform::Icon::critical);
 }
 
 // The node's own KeyName keeps its old value, deliberately; the caption takes the fresh name, so that the edges of two

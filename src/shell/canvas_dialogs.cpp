@@ -1,5 +1,6 @@
 #include "shell/canvas_dialogs.h"
 
+#include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
 
 namespace orvent::shell {
@@ -21,8 +22,9 @@ class Awake {
 }  // namespace
 
 void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) {
-    if (form.isZoom()) {
-        return;
+    auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form);
+    if (zoom && !zoom->bearsName(node)) {
+        return;  // it repeats another node, and is edited there
     }
     const Awake awake(windows_);
     if (node.activity()) {
@@ -30,6 +32,9 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
         services_.dialogs.show(dialog);
     } else if (node.recordSet()) {
         editors::RecordSetProp dialog(services_, form, node);
+        services_.dialogs.show(dialog);
+    } else if (zoom && editors::ItemProp::edits(*zoom, node)) {
+        editors::ItemProp dialog(*zoom, node, services_.catalogue);
         services_.dialogs.show(dialog);
     }
 }

@@ -21,13 +21,6 @@ class WindowKeeper {
     virtual void enabledChanged() = 0;
 };
 
-/// A dialog over a design window has nothing to prepare.
-class PlainNodes : public editors::NodePreparation {
-  public:
-    void prepare(canvas::CanvasForm&, canvas::LabelsD&) override {}
-    void refresh(canvas::CanvasForm&, canvas::LabelsD&) override {}
-};
-
 /// What the canvases ask to be shown.
 class CanvasDialogs : public canvas::CanvasWindows {
   public:

@@ -9,6 +9,7 @@
 #include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
 #include "editors/type_editor.h"
+#include "editors/zoom_nodes.h"
 #include "repository/catalogue.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_windows.h"
@@ -133,7 +134,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     analysis::TextExport textExport_;
     ToolBars tools_;
     int currentGroup_ = 1;
-    PlainNodes nodes_;
+    editors::ZoomNodes nodes_;
     CanvasDialogs dialogs_;
     zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;

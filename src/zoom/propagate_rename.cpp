@@ -7,6 +7,7 @@
 #include "zoom/members.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
+#include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
 
@@ -153,6 +154,9 @@ auto& rename(canvas::Canvas& Form, List& list, const std::string& oldKey, const 
     former->Changed = true;
     auto& renamed = add(list, *former, position);
     rebindNode(Form, list, *former, formerKey, renamed);
+    if (auto* zoom = dynamic_cast<ZoomForm*>(&Form)) {
+        zoom->noteRename(formerKey, wholeKey(renamed.ParentKeyName, renamed.NodeKind, newKey));
+    }
     return renamed;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "canvas/draw_form.h"
@@ -80,16 +81,26 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     /// False for a node whose name another one bears: a second copy, or a sub-node of one.
     bool bearsName(const canvas::LabelsD& node) const { return NamesColl.Item(node.KeyName()) == node.Index(); }
 
-    /// Runs `step` for each design node and its first copy: `step(zoom node, design node)`.
+    /// Runs `step` for each node of the view that was copied from a design node: `step(zoom node, design node)`.
     template <class Step>
-    void eachFirstCopy(Step step) {
+    void eachPair(Step step) {
         for (const NewANDoldIndex& pair : New2OldIndex) {
             canvas::LabelsD* shown = Labels.byIndex(pair.NewIndex);
             canvas::LabelsD* design = ParForm.Labels.byIndex(pair.OldIndex);
-            if (shown && design && bearsName(*shown)) {
+            if (shown && design) {
                 step(*shown, *design);
             }
         }
+    }
+
+    /// Runs it for the first copy of each design node only.
+    template <class Step>
+    void eachFirstCopy(Step step) {
+        eachPair([&](canvas::LabelsD& shown, canvas::LabelsD& design) {
+            if (bearsName(shown)) {
+                step(shown, design);
+            }
+        });
     }
 
     const ZoomSight& sight() const { return sight_; }
@@ -99,6 +110,12 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     void setCrowded(bool crowded);
 
     bool unapplied() const { return unapplied_; }
+
+    /// A member bears another whole key from now on.
+    void noteRename(const std::string& former, const std::string& now);
+    /// The whole key that a member of the scenario bears in the view.
+    const std::string& nameNow(const std::string& wholeKey) const;
+
     /// Something was edited that the scenario does not have yet.
     void touch();
     /// The scenario has all of it now, also the rows that were deleted so far.
@@ -127,6 +144,7 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     bool unapplied_ = false;
     bool crowded_ = false;
     ZoomSight sight_;
+    std::unordered_map<std::string, std::string> renamed_;  ///< of members, by the scenario's whole keys
 };
 
 }  // namespace orvent::zoom

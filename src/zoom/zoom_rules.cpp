@@ -173,4 +173,13 @@ canvas::Light ZoomRules::pathOf(const canvas::Canvas&, const LabelsD& node) cons
     return form_.sight().LightPathsM ? pathThrough(form_, node.Index()) : canvas::Light{};
 }
 
+canvas::ItemState ZoomRules::stateOf(const canvas::Canvas& canvas, const canvas::ContextItem& item,
+                                     const LabelsD* node) const {
+    canvas::ItemState state = CanvasRules::stateOf(canvas, item, node);
+    if (item.action == canvas::MenuAction::properties && node && !form_.bearsName(*node)) {
+        state.enabled = false;
+    }
+    return state;
+}
+
 }  // namespace orvent::zoom

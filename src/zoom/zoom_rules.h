@@ -26,6 +26,9 @@ class ZoomRules : public canvas::CanvasRules {
     std::span<const canvas::ContextMenu> menus() const override;
     bool toggleExpanded(canvas::Canvas& canvas, canvas::LabelsD& node) override;
     canvas::Light pathOf(const canvas::Canvas& canvas, const canvas::LabelsD& node) const override;
+    /// What repeats another node is not edited there.
+    canvas::ItemState stateOf(const canvas::Canvas& canvas, const canvas::ContextItem& item,
+                              const canvas::LabelsD* node) const override;
 
   private:
     ZoomForm& form_;

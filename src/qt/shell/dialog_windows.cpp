@@ -6,6 +6,7 @@
 
 #include "qt/analysis/metrics_window.h"
 #include "qt/editors/in_out_window.h"
+#include "qt/editors/item_window.h"
 #include "qt/editors/record_set_prop_window.h"
 #include "qt/editors/set_act_prop_window.h"
 #include "qt/editors/type_editor_window.h"
@@ -69,6 +70,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
     addSized<editors::RecordSetProp, RecordSetPropWindow>(dialogs, frame);
     add<editors::TypeEditor, TypeEditorWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
+    add<editors::ItemProp, ItemWindow>(dialogs, frame);
     // There is one window of metrics at a time.
     dialogs.addWindow<analysis::MetricsForm>(
         [&frame, last = QPointer<MetricsWindow>()](std::unique_ptr<analysis::MetricsForm> form) mutable {

@@ -1,0 +1,178 @@
+#include "zoom/rename_node.h"
+
+#include <utility>
+
+#include "canvas/taken_name.h"
+#include "zoom/expand_collapse.h"
+#include "zoom/link_mirrors.h"
+#include "zoom/members.h"
+#include "zoom/unsynchronize_functions.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+using canvas::LabelsD;
+
+namespace {
+
+/// Gives the node its name, or leaves it as it was when the name is taken, which is told.
+bool takeName(LabelsD& node, const std::string& keyName, const std::string& caption) {
+    const std::string formerKey = node.KeyName();
+    const std::string formerCaption = node.Caption();
+    node.setKeyName(keyName);
+    const bool refused = node.KeyName() == canvas::kErrorName;
+    if (refused) {
+        node.setKeyName(formerKey);
+    }
+    node.showCaption(refused ? formerCaption : caption);
+    return !refused;
+}
+
+AttributeCollection* listOf(LabelsD& owner, const AttributeProperties& entity) {
+    if (ActivityProperties* activity = owner.activity()) {
+        return entity.NodeKind == KindInput ? static_cast<AttributeCollection*>(&*activity->Act_Inputs)
+                                            : &*activity->Act_Outputs;
+    }
+    return owner.recordSet() ? &*owner.recordSet()->RecordSet_Outputs : nullptr;
+}
+
+ParameterCollection* listOf(LabelsD& owner, const ParameterProperties& entity) {
+    if (auto* function = owner.entity<FunctionProperties>()) {
+        return entity.NodeKind == KindFunctionInput ? &*function->Function_Inputs : &*function->Function_Outputs;
+    }
+    return owner.activity() ? &*owner.activity()->Act_Parameters : nullptr;
+}
+
+std::string& nameOf(AttributeProperties& entity) {
+    return entity.Attribute_Name;
+}
+std::string& nameOf(ParameterProperties& entity) {
+    return entity.Parameter_Name;
+}
+
+/// Puts the item that stands under `former` under its new key, at the same place.
+template <class List>
+void rekey(List& list, const std::string& former, const std::string& key) {
+    if (const int position = list.positionOf(former)) {
+        auto item = list.Remove(position);
+        list.insert(position, std::move(item), key);
+    }
+}
+
+/// What an owner has to note when a member of it bears another key.
+void noteKey(LabelsD& owner, NodeKindCode kind, const std::string& former, const std::string& key) {
+    if (kind == KindInput) {
+        owner.activity()->Act_Inputs->Changed = true;
+    } else if (RecordSetProperties* recordSet = owner.recordSet()) {
+        rekey(*recordSet->DB2Key, former, key);
+    }
+}
+
+/// A taken name among members that have no node of their own.
+template <class List>
+bool isTaken(ZoomForm& form, const List* list, const std::string& former, const std::string& key) {
+    if (key == former || !list || !list->Item(key)) {
+        return false;
+    }
+    canvas::tellTakenName(form.messages());
+    return true;
+}
+
+template <class Entity>
+bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::string& name) {
+    LabelsD* owner = standsAlone(form, node) ? nullptr : form.nodeNamed(entity.ParentKeyName);
+    auto* list = owner ? listOf(*owner, entity) : nullptr;
+    const std::string former = entity.Key;
+    if (isTaken(form, list, former, name) ||
+        !takeName(node, list ? wholeKey(entity.ParentKeyName, entity.NodeKind, name) : name, name)) {
+        return false;
+    }
+    mirrorLinks(Work::Erase, form, entity, nullptr);
+    if (list) {
+        rekey(*list, former, name);
+        form.noteRename(wholeKey(entity.ParentKeyName, entity.NodeKind, former),
+                        wholeKey(entity.ParentKeyName, entity.NodeKind, name));
+        noteKey(*owner, entity.NodeKind, former, name);
+    }
+    if (node.NodeType() == canvas::NodeTypeConstant) {
+        entity.ParentKeyName = name;  // a constant is its own owner
+    }
+    entity.Key = nameOf(entity) = name;
+    mirrorLinks(Work::Write, form, entity, nullptr);
+    return true;
+}
+
+template <class Step>
+void eachParameter(FunctionProperties& function, Step step) {
+    for (ParameterProperties& input : function.Function_Inputs) {
+        step(input);
+    }
+    for (ParameterProperties& output : function.Function_Outputs) {
+        step(output);
+    }
+}
+
+bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function, const std::string& key) {
+    LabelsD* owner = standsAlone(form, node) ? nullptr : form.nodeNamed(function.ParentKeyName());
+    Act_FunctionsCollection* list = owner && owner->activity() ? &*owner->activity()->Act_Functions : nullptr;
+    if (isTaken(form, list, function.Function_Key, key) || !takeName(node, key, key)) {
+        return false;
+    }
+    UnSynchronizeFunction(form, function, false, nullptr);
+    if (list) {
+        rekey(*list, function.Function_Key, key);
+        form.noteRename(function.Function_Key, key);
+    }
+    function.Function_Key = function.Function_Name = key;
+    eachParameter(function, [&](ParameterProperties& parameter) {
+        parameter.ParentKeyName = key;
+        if (LabelsD* shown = form.Labels.byIndex(NearEnd(parameter).labelIn(form))) {
+            shown->setKeyName(wholeKey(key, parameter.NodeKind, parameter.Key));
+        }
+    });
+    eachParameter(function,
+                  [&](ParameterProperties& parameter) { mirrorLinks(Work::Write, form, parameter, nullptr); });
+    return true;
+}
+
+}  // namespace
+
+bool standsAlone(const ZoomForm& form, const LabelsD& node) {
+    const auto alone = [&](const std::string& owner) { return owner.empty() || !form.isNameTaken(owner); };
+    if (const auto* attribute = node.entity<AttributeProperties>()) {
+        return alone(attribute->ParentKeyName);
+    }
+    if (const auto* parameter = node.entity<ParameterProperties>()) {
+        return node.NodeType() == canvas::NodeTypeConstant || alone(parameter->ParentKeyName);
+    }
+    const auto* function = node.entity<FunctionProperties>();
+    return !function || alone(function->ParentKeyName());
+}
+
+bool RenameNode(ZoomForm& form, LabelsD& node, const std::string& name) {
+    if (auto* attribute = node.entity<AttributeProperties>()) {
+        return renameMember(form, node, *attribute, name);
+    }
+    if (auto* parameter = node.entity<ParameterProperties>()) {
+        return renameMember(form, node, *parameter, name);
+    }
+    auto* function = node.entity<FunctionProperties>();
+    return function && renameFunction(form, node, *function, name);
+}
+
+void ReplaceFunction(ZoomForm& form, LabelsD& node, std::shared_ptr<FunctionProperties> function) {
+    const bool expanded = node.Expanded;
+    CollapseFunction(form, node.Index());
+    FunctionProperties& former = *node.entity<FunctionProperties>();
+    UnSynchronizeFunction(form, former, true, nullptr);
+    if (former.FunctionID != 0) {
+        form.DeletedNodes->Add(former.FunctionID, KindFunction);
+    }
+    function->FunctionID = 0;
+    node.Properties = std::move(function);
+    if (expanded) {
+        ExpandFunction(form, node.Index());
+    }
+}
+
+}  // namespace orvent::zoom

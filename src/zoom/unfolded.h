@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+/// What is unfolded of a view, and where it stands: taken before nodes are folded for a while, and given back when
+/// they are unfolded again.
+class Unfolded {
+  public:
+    explicit Unfolded(const ZoomForm& form);
+
+    /// Expands what was expanded and puts every node back to its place.
+    void restore(ZoomForm& form) const;
+
+  private:
+    struct Place {
+        canvas::Box box;
+        std::int32_t color;
+        bool ready;
+
+        void restore(canvas::LabelsD& node) const;
+    };
+
+    std::set<std::int32_t> expanded_;
+    std::set<std::string> expandedNames_;
+    std::map<std::string, Place> places_;
+};
+
+/// Folds an activity, a record set or a function. Its members keep the order that they have; with `design` they take
+/// that of the scenario's node, and those that only the view has come last.
+void foldNode(ZoomForm& form, canvas::LabelsD& node, const canvas::LabelsD* design = nullptr);
+
+}  // namespace orvent::zoom

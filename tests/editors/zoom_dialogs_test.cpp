@@ -1,0 +1,151 @@
+// The dialogs of activities and record sets over a zoom view.
+
+#include <regex>
+
+#include "editors/editor_doubles.h"
+#include "editors/record_set_prop.h"
+#include "editors/zoom_nodes.h"
+#include "repository/catalogue_statements.h"
+#include "zoom/expand_collapse.h"
+#include "zoom/zoom_fixture.h"
+
+using namespace orvent;
+using namespace orvent::entities;
+using editors::RecordSetProp;
+using editors::SetActProp;
+using platform::Icon;
+
+namespace {
+
+class ZoomDialogs : public testkit::ZoomTest {
+  protected:
+    ZoomDialogs() {
+        namespace sql = repository::sql;
+        database.answer(sql::kActivityTypes, {{"Filter", "", ""}});
+        database.answer(sql::kFunctionTypes, {{"SUM"}});
+        database.answer(sql::kDataTypes, {{"NUMBER"}, {"VARCHAR2(20)"}});
+        graph.activity("A2").Act_Type = 0;
+        design.setCaption("Sales");
+    }
+
+    template <class Dialog>
+    std::unique_ptr<Dialog> openOn(const std::string& name) {
+        return std::make_unique<Dialog>(
+            editors::EditorServices{services, types, wizard, folder, saveDialog, zoomNodes, dialogs}, *form,
+            node(name));
+    }
+
+    /// The scenario's links with the name of a node replaced.
+    static Texts renamed(Texts lines, const std::string& former, const std::string& now) {
+        const std::regex word("(^|[ .])" + former + "(?=[ .]|$)");
+        for (std::string& line : lines) {
+            line = std::regex_replace(line, word, "$1" + now);
+        }
+        return sorted(lines);
+    }
+
+    /// The lines of the view's model, sorted, since nodes that come back are the last ones.
+    Texts model() const {
+        std::istringstream in(testkit::modelText(*form));
+        Texts lines;
+        for (std::string line; std::getline(in, line);) {
+            lines.push_back(line);
+        }
+        return sorted(lines);
+    }
+
+    testkit::ScriptedInputBox inputBox;
+    testkit::ScriptedFileDialog files;
+    testkit::MemorySettings store;
+    testkit::ScriptedDatabase database;
+    testkit::ListedSources sources;
+    repository::RepositorySettings settings{{"REPO", "scott", "tiger", "ann"}, ""};
+    repository::Services services{database, sources, ports.messages, inputBox, files, store, progress, settings};
+    repository::Catalogue types{services, [] {}};
+    editors::NoWizard wizard;
+    editors::NoFile saveDialog;
+    editors::ZoomNodes zoomNodes;
+    forms::Dialogs dialogs;
+    platform::ProgramFolder folder{"/data"};
+};
+
+TEST_F(ZoomDialogs, ClosingUnfoldsTheNodeAsItWas) {
+    open();
+    node("A2.IN.SONUM").setLeft(node("A2.IN.SONUM").Left() + 700);
+    zoom::CollapseFunction(*form, index("F1"));
+    const Texts places = boxes(), drawn = edges(true), links = graph.present();
+    const Texts entities = model();
+    for (const char* name : {"A2", "A1", "A3", "RS4"}) {
+        SCOPED_TRACE(name);
+        const bool activity = node(name).activity() != nullptr;
+        std::unique_ptr<forms::Editor> dialog;
+        activity ? dialog = openOn<SetActProp>(name) : dialog = openOn<RecordSetProp>(name);
+        EXPECT_FALSE(form->Enabled());
+        EXPECT_FALSE(node(name).Expanded);
+        if (auto* recordSet = dynamic_cast<RecordSetProp*>(dialog.get())) {
+            EXPECT_FALSE(recordSet->ListItemEditM());
+        }
+        dialog.reset();
+        EXPECT_TRUE(form->Enabled());
+        EXPECT_EQ(boxes(), places);
+        EXPECT_EQ(edges(true), drawn);
+        EXPECT_EQ(model(), entities);
+        expectSound();
+        EXPECT_FALSE(form->unapplied());
+    }
+    zoom::ApplyZoomChanges(*form, false);
+    EXPECT_EQ(graph.present(), links);
+}
+
+TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
+    for (const char* name : {"A2", "RS4", "A3"}) {
+        SCOPED_TRACE(name);
+        const Texts before = graph.present();
+        open(design.nodeNamed("A2") ? "A2" : "N_A2");
+        const std::string now = std::string("N_") + name;
+        if (node(name).activity()) {
+            const auto dialog = openOn<SetActProp>(name);
+            dialog->ActTypes = 0;
+            dialog->txtName_Change("A3");  // the scenario's names count, too
+            dialog->txtName_Change(now);
+            ports.messages.expect("Properties Saved", "", Icon::information);
+            EXPECT_TRUE(dialog->OK());
+            dialog->end();
+        } else {
+            const auto dialog = openOn<RecordSetProp>(name);
+            dialog->txtRecordSetName_Change("RS1");  // beyond the view, yet taken
+            EXPECT_FALSE(dialog->OK());
+            dialog->txtRecordSetName_Change(now);
+            EXPECT_TRUE(dialog->OK());
+            dialog->end();
+        }
+        expectSound();
+        EXPECT_TRUE(form->unapplied());
+        zoom::ApplyZoomChanges(*form, true);
+        expectSound();
+        EXPECT_TRUE(design.nodeNamed(now));
+        EXPECT_EQ(graph.present(), renamed(before, name, now));
+    }
+}
+
+TEST_F(ZoomDialogs, ARowThatGoesTakesItsNodeAlong) {
+    open();
+    {
+        const auto dialog = openOn<SetActProp>("A2");
+        dialog->frontList().select(dialog->frontList().positionOf("SONUM"));
+        ASSERT_GT(dialog->frontList().selected(), 0);
+        dialog->Move2Tree_Click();
+        ports.messages.expect("Properties Saved", "", Icon::information);
+        EXPECT_TRUE(dialog->OK());
+    }
+    EXPECT_EQ(index("A2.IN.SONUM"), -1);
+    EXPECT_NE(index("A2.IN.AU_ID"), -1);
+    expectSound();
+    zoom::ApplyZoomChanges(*form, true);
+    EXPECT_EQ(graph.activity("A2").Act_Inputs->Item("SONUM"), nullptr);
+    for (const std::string& line : graph.present()) {
+        EXPECT_EQ(line.find("A2.IN.SONUM"), std::string::npos) << line;
+    }
+}
+
+}  // namespace
