@@ -79,6 +79,56 @@ TEST_F(RecordSetPropTest, ACancelledLoadKeepsWhatIsThereAndSaysSo) {
     EXPECT_FALSE(dialog.DBView.find("SHOP.SHOPS"));
 }
 
+TEST_F(RecordSetPropTest, AFailedLoadSaysHowFarItCame) {
+    RecordSetProp dialog = open();
+    database.refuseOpen = testkit::kBroken;
+    messages.expect(testkit::kBroken.description(), "", Icon::critical);
+    dialog.LoadDatabase(shop, all);
+    EXPECT_TRUE(dialog.DBView.roots().empty());
+    EXPECT_TRUE(dialog.LoadDB_Click()) << "nothing is loaded, so nothing is asked";
+
+    database.refuseOpen.reset();
+    database.fail(kColumns, testkit::kBroken, 2);
+    messages.expect(testkit::kBroken.description() + "\nOnly 1 of 2 tables of SHOP were loaded, and a part of SHOPS.",
+                    "", Icon::critical);
+    dialog.LoadDatabase(shop, all);
+    EXPECT_TRUE(dialog.DBView.find("SHOP.BOOKS.TITLE"));
+    EXPECT_FALSE(dialog.DBView.find("SHOP.SHOPS.ID"));
+    messages.expect("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase", Icon::question,
+                    Buttons::yesNoCancel, Answer::yes);
+    EXPECT_TRUE(dialog.LoadDB_Click());
+    database.answer("SELECT table_name FROM all_tables WHERE owner=?", {});
+    dialog.LoadDatabase(shop, all);
+    EXPECT_TRUE(dialog.DBView.find("SHOP.SHOPS.ID")) << "the second try is whole";
+    messages.expect("CLOSED shows no tables of ANN.", "", Icon::critical);
+    dialog.LoadDatabase({"closed", "ann", ""}, all);
+}
+
+TEST_F(RecordSetPropTest, AnyNameOfASourceBecomesAnAttribute) {
+    const std::string longName(1000, 'x');
+    testkit::Rows tables = {{"a \"b\" 'c'"}};
+    for (int at = 0; at < 5000; ++at) {
+        tables.push_back({"T" + std::to_string(at)});
+    }
+    testkit::ScriptedDatabase large;
+    large.answer("SELECT table_name FROM all_tables WHERE owner=?", tables);
+    large.answer(kColumns, {{longName, "INTEGER"}, {"größe \"1\"", "STRING"}, {"12", "INTEGER"}, {" ", "STRING"}});
+    large.answer(kColumns, {{"ID", "INTEGER"}});
+    repository::Services others{large, sources, messages, inputBox, files, store, progress, settings};
+    RecordSetProp dialog({others, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
+                         *form->nodeNamed("Books"));
+    dialog.LoadDatabase(shop, all);
+    EXPECT_EQ(dialog.DBView.Count(), 1 + 5001 + 4 + 5000);
+    click(dialog, "SHOP.a \"b\" 'c'");
+    const auto& list = *dialog.tempProp->RecordSet_Outputs;
+    EXPECT_EQ(list.Count(), 5);
+    for (const std::string& name : {longName, std::string("größe \"1\""), std::string("12"), std::string(" ")}) {
+        ASSERT_TRUE(list.Item(name)) << name;
+        EXPECT_EQ(dialog.tempProp->dbKey(name), "SHOP.a \"b\" 'c'." + name);
+    }
+    EXPECT_TRUE(dialog.OK());
+}
+
 TEST_F(RecordSetPropTest, CancelLeavesTheScenarioEqual) {
     const std::string before = testkit::modelText(*form);
     {

@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "../statements/wizard_fixture.h"
 #include "editors/editor_doubles.h"
 #include "repository/catalogue_statements.h"
 #include "testkit/graph_builder.h"
@@ -264,6 +265,107 @@ TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
         "An Attribute With The Same Name Allready Exists And Is Provided By An Other Source.",
         "", Icon::warning);
     dialog->SendOutput(2);
+}
+
+TEST_F(SetActPropTest, AnInputIsSentToItsParameter) {
+    ParameterProperties& stored = activity().Act_Parameters->Add("Old", 1, 0, "Old");
+    stored.ParentKeyName = "Act";
+    const auto dialog = open();
+    dialog->SendParameter(1);  // no parameter of that key: nothing
+    EXPECT_TRUE(dialog->Saved);
+    messages.expect("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: INTEGER.\nTarget: STRING.",
+                    "", Icon::warning);
+    dialog->SendParameter(2);
+    dialog->tempProp->Act_Parameters->Item("Old")->Parameter_Type = 2;
+    dialog->SendParameter(2);
+    const ParameterProperties* parameter = dialog->tempProp->Act_Parameters->Item("Old");
+    EXPECT_EQ(parameter->Parameter_Type, 0) << "what is defined by its source takes its type";
+    EXPECT_EQ(parameter->RegulatedFrom.peek()->Item(".IN.Old")->Regulator_type, LinkActivityInput);
+    EXPECT_TRUE(dialog->tempProp->Act_Inputs->Item("Old")->RegulatorFor.peek()->Item(".PARAM.Old"));
+    messages.expect(
+        "This Relationship Is Not Valid!\n"
+        "A Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.",
+        "", Icon::warning);
+    dialog->SendParameter(2);
+    messages.expect("Properties Saved", "", Icon::information);
+    EXPECT_TRUE(dialog->Apply());
+    dialog->end();
+    EXPECT_EQ(activity().Act_Parameters->Item("Old")->RegulatedFrom.count(), 1);
+}
+
+TEST_F(SetActPropTest, TheFolderOfTheLogIsKeptForTheNextOne) {
+    store.setValue("General", "LogPath", "/logs");
+    struct Chosen : platform::SaveDialog {
+        std::string path, asked;
+        std::string saveFile(const std::string& title, const std::string& filter, const std::string& start) override {
+            asked = title + "|" + filter + "|" + start;
+            return path;
+        }
+    } chosen;
+    const auto openWith = [&] {
+        return std::make_unique<SetActProp>(EditorServices{services, catalogue, wizard, folder, chosen, nodes, dialogs},
+                                            *form, *form->nodeNamed("Act"));
+    };
+    const auto dialog = openWith();
+    EXPECT_EQ(dialog->txtRejected, "/logs/Act.log");
+    dialog->RejectedFileOpen_Click();
+    EXPECT_EQ(chosen.asked, "Save Log File As|Log Files (*.log)|*.log|" + folder.path("\\Logs\\Demo"));
+    EXPECT_TRUE(dialog->Saved) << "none was chosen";
+    chosen.path = "/var/spool/rejected rows.log";
+    dialog->RejectedFileOpen_Click();
+    EXPECT_EQ(dialog->tempProp->Act_Log, chosen.path);
+    EXPECT_EQ(store.value("General", "LogPath", ""), "/var/spool");
+    dialog->ActTypes = 0;
+    messages.expect("Properties Saved", "", Icon::information);
+    EXPECT_TRUE(dialog->OK());
+    dialog->end();
+    EXPECT_EQ(openWith()->txtRejected, chosen.path) << "the activity's own path";
+    const SetActProp other(EditorServices{services, catalogue, wizard, folder, chosen, nodes, dialogs}, *form,
+                           *form->nodeNamed("After"));
+    EXPECT_EQ(other.txtRejected, "/var/spool/After.log");
+}
+
+TEST_F(SetActPropTest, TheWizardWorksOnTheCopy) {
+    statements::WizardScript window;
+    statements::FakeWizardServices answers;
+    statements::LDLForm real{messages, catalogue.tables, answers, window};
+    const std::string before = testkit::modelText(*form);
+    window.play = [&](statements::LDLForm& open) {
+        EXPECT_EQ(open.Activity->Act_Name, "Act");
+        EXPECT_NE(open.Activity, &activity());
+        statements::defineCurrent(open, statements::VarParameter, "", {"const 5"});
+        open.cmdGenerateLDL();
+        messages.expect("Activity Created", "", Icon::information);
+        open.cmdCreateAct();
+        open.cmdOK();
+    };
+    for (const bool applies : {false, true}) {
+        SCOPED_TRACE(applies);
+        const auto dialog =
+            std::make_unique<SetActProp>(EditorServices{services, catalogue, real, folder, saveDialog, nodes, dialogs},
+                                         *form, *form->nodeNamed("Act"));
+        catalogue.tables.activityTypeLdl[0] = "a_out(@LIMIT)";
+        std::string enabled;
+        dialog->onEnable = [&](bool on) { enabled += on ? "on " : "off "; };
+        dialog->butRefresh_Click();
+        EXPECT_EQ(enabled, "off on ");
+        EXPECT_NE(dialog->tempProp->Act_LDL.find('5'), std::string::npos) << dialog->tempProp->Act_LDL;
+        EXPECT_EQ(dialog->txtSQL, dialog->tempProp->Act_LDL);
+        EXPECT_FALSE(dialog->Saved);
+        EXPECT_EQ(dialog->AttList[kParameters].Count(), dialog->tempProp->Act_Parameters.count());
+        EXPECT_GT(dialog->AttList[kParameters].Count(), 0) << "the constant's parameter has its row";
+        EXPECT_EQ(image(*dialog, "DB.RS.ID"), "Field-Checked") << "trees are marked again";
+        if (applies) {
+            messages.expect("Properties Saved", "", Icon::information);
+            EXPECT_TRUE(dialog->OK());
+            const std::string statement = dialog->tempProp->Act_LDL;
+            dialog->end();
+            EXPECT_EQ(activity().Act_LDL, statement);
+        } else {
+            dialog->end();
+            EXPECT_EQ(testkit::modelText(*form), before);
+        }
+    }
 }
 
 TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {
