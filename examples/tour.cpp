@@ -14,6 +14,7 @@
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
 #include "tour_drawing.h"
+#include "tour_nothing.h"
 #include "tour_player.h"
 #include "tour_wizard.h"
 #include "tour_zoom.h"
@@ -44,6 +45,7 @@ class Tour {
         closeAndLoad();
         zoomIntoActivity(player_, window(), frame(), theme_);
         writeFiles();
+        drawFromNothing(player_, window(), frame(), theme_, home_);
         drawByHand(player_, window(), frame(), theme_);
         playWizard(player_, window(), frame(), theme_);
         darkPicture();

@@ -1,7 +1,9 @@
 #include "tour_drawing.h"
 
 #include <QApplication>
+#include <QListWidget>
 #include <QMenu>
+#include <QTabWidget>
 #include <string>
 
 #include "qt/shell/desk_area.h"
@@ -91,18 +93,49 @@ void showDialogs(Player& player, shell::MDIForm1& frame, const std::string& suff
                   }});
 }
 
+/// The catalogue's editors, each with an entry chosen, and the template of an activity type as it is edited.
+void showTypes(Player& player, shell::MDIForm1& frame, const std::string& suffix) {
+    struct Row {
+        Command command;
+        const char* list;
+        const char* type;
+        const char* picture;
+    };
+    for (const Row& row : {Row{Command::showDataTypes, "DataTypes", "DATE", "data-types"},
+                           Row{Command::showFunctionTypes, "FunctionTypes", "SUBSTRING", "function-types"},
+                           Row{Command::showActivityTypes, "ActTypes", "Aggregation", "activity-types"}}) {
+        player.during(row.picture, [&] { frame.run(row.command); }, {[&](QWidget& dialog) {
+                          auto& types = static_cast<QListWidget&>(Player::child(dialog, row.list));
+                          types.setCurrentItem(types.findItems(QLatin1String(row.type), Qt::MatchExactly).value(0));
+                          player.picture(dialog, row.picture + suffix);
+                          if (row.command == Command::showActivityTypes) {
+                              Player::press(dialog, "But_EDIT");
+                              dialog.findChild<QTabWidget*>()->setCurrentIndex(2);
+                              player.picture(dialog, "activity-type-template" + suffix);
+                              Player::press(dialog, "But_Cancel");
+                          }
+                          Player::press(dialog, "But_OK");
+                      }});
+    }
+}
+
 }  // namespace
 
 void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
     Hand hand(window);
-    player.during("draw a scenario by hand", [&] {
-        std::string name = "Drawn by hand";
-        frame.NewScenario(name);
-        QApplication::processEvents();
-        drawNodes(hand);
-        drawEdges(player, window, hand);
-        showGestures(player, window, hand);
-    });
+    // Each record set and activity asks what it is as it is placed.
+    const std::deque<Player::Answer> later(6, [](QWidget& dialog) { Player::press(dialog, "Cancel"); });
+    player.during(
+        "draw a scenario by hand",
+        [&] {
+            std::string name = "Drawn by hand";
+            frame.NewScenario(name);
+            QApplication::processEvents();
+            drawNodes(hand);
+            drawEdges(player, window, hand);
+            showGestures(player, window, hand);
+        },
+        later);
     const canvas::DrawForm& form = window.area().active()->scenario();
     player.expect(form.Labels.Count() == 8 && form.Lines.Count() == 7, "the scenario was not drawn whole");
     player.expect(form.SelectedLines.Count() == 1, "no edge was selected");
@@ -118,8 +151,10 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     theme.setMode(qt::ThemeMode::dark);
     player.picture(window, "drawn-dark");
     showDialogs(player, frame, "-dark");
+    showTypes(player, frame, "-dark");
     theme.setMode(qt::ThemeMode::light);
     showDialogs(player, frame, "");
+    showTypes(player, frame, "");
     player.during("close the drawing", [&frame] { frame.run(Command::closeScenario); },
                   {[](QWidget& box) { Player::press(box, "OK"); }});
     player.expect(window.area().active() == nullptr || window.area().active() != &form, "the drawing did not close");

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QProgressDialog>
 #include <QTimer>
 #include <cstdio>
 #include <stdexcept>
@@ -43,7 +44,7 @@ void Player::lookSoon() {
 
 void Player::lookForWindow() {
     QWidget* window = QApplication::activeModalWidget();
-    if (!window || answered_.contains(window)) {
+    if (!window || answered_.contains(window) || qobject_cast<QProgressDialog*>(window)) {
         return;
     }
     answered_.append(window);

@@ -151,6 +151,10 @@ void create(Player& player, qt::FrameWindow& window, const char* name,
 
 }  // namespace
 
+void selectByWizard(Player& player, QWidget& dialog, const std::string& name) {
+    Wizard(player, dialog, name).play(kSelection);
+}
+
 std::deque<Player::Answer> leaveWizards(canvas::DrawForm& form) {
     std::deque<Player::Answer> answers;
     for (int node = 1; node <= form.Labels.Count(); ++node) {
