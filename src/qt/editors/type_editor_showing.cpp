@@ -12,19 +12,29 @@
 #include "qt/statements/keyword_colouring.h"
 #include "qt/statements/text_box.h"
 #include "qt/text.h"
+#include "qt/theme/icons.h"
 
 namespace orvent::qt {
 
 namespace {
 
-void fill(QListWidget& list, const std::vector<QString>& lines, int selected) {
+constexpr const char* kTypePictures[] = {"attribute", "function", "activity"};         // by `TypeKind`
+constexpr const char* kLinePictures[] = {"input", "parameter", "output", "function"};  // by `TypeListRole`
+constexpr int kRowHeight = 26;
+
+/// Shows the lines with a picture beside each, none when `picture` is null.
+void fill(QListWidget& list, const std::vector<QString>& lines, const char* picture, int selected) {
     while (list.count() > static_cast<int>(lines.size())) {
         delete list.takeItem(list.count() - 1);
     }
     for (std::size_t at = 0; at < lines.size(); ++at) {
         const int row = static_cast<int>(at);
         if (row == list.count()) {
-            list.addItem(lines[at]);
+            auto* item = new QListWidgetItem(lines[at], &list);
+            item->setSizeHint({0, kRowHeight});
+            if (picture) {
+                item->setIcon(icon(QLatin1String(picture)));
+            }
         } else {
             list.item(row)->setText(lines[at]);
         }
@@ -66,7 +76,8 @@ void TypeEditorWindow::showState() {
 }
 
 void TypeEditorWindow::showTypes() {
-    fill(*types_, linesOf(logic_.Types), logic_.Types.selected() - 1);
+    fill(*types_, linesOf(logic_.Types), kTypePictures[static_cast<std::size_t>(logic_.kind)],
+         logic_.Types.selected() - 1);
     types_->setEnabled(!logic_.isEditing());
 }
 
@@ -104,14 +115,15 @@ void TypeEditorWindow::showFields() {
 
 void TypeEditorWindow::showLists() {
     for (std::size_t at = 0; at < lists_.size(); ++at) {
-        fill(*lists_[at].lines, linesOf(logic_.lists[at]), logic_.lists[at].selected() - 1);
+        const auto role = static_cast<std::size_t>(logic_.words.lists[at].role);
+        fill(*lists_[at].lines, linesOf(logic_.lists[at]), kLinePictures[role], logic_.lists[at].selected() - 1);
     }
     if (variables_) {
         std::vector<QString> found;
         for (const std::string& variable : logic_.templateVariables()) {
             found.push_back(text(variable));
         }
-        fill(*variables_, found, -1);
+        fill(*variables_, found, nullptr, -1);
     }
 }
 

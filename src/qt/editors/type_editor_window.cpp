@@ -49,6 +49,7 @@ QListWidget* newList(const QString& name, QWidget* parent) {
     list->setObjectName(name);
     list->setAccessibleName(name);
     list->setUniformItemSizes(true);
+    list->setIconSize({Spacing::icon, Spacing::icon});
     return list;
 }
 
