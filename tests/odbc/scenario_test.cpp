@@ -8,6 +8,7 @@
 #include <functional>
 #include <set>
 
+#include "../statements/wizard_fixture.h"
 #include "databases.h"
 #include "testkit/graph_builder.h"
 #include "testkit/model_text.h"
@@ -105,6 +106,64 @@ TEST_P(EveryRepository, SampleComesBackWithItsOutputsAndItsChanges) {
     saveAgain();
     closeAndLoad("Sample");
     EXPECT_EQ(testkit::modelText(form()), changed);
+}
+
+/// Makes a record set of one table of the repository itself, which serves as a source.
+void takeTable(editors::RecordSetProp& dialog, const repository::LoginValues& login, const std::string& table) {
+    dialog.LoadDatabase({login.ReposConnString, login.ReposLogin, login.ReposPasw},
+                        [](std::size_t, std::size_t) { return true; });
+    for (const auto& node : dialog.DBView.roots().at(0)->children()) {
+        if (platform::upperCase(node->value().Text) == table) {
+            dialog.NodeClick(*node);
+        }
+    }
+    dialog.SQLAuto_Click();
+    EXPECT_TRUE(dialog.OK());
+}
+
+TEST_P(EveryRepository, WhatTheDialogsMadeComesBackAndIsGenerated) {
+    std::string name = "Made";
+    frame_->frame.NewScenario(name);
+    testkit::GraphBuilder graph(form());
+    graph.node("Source", canvas::NodeTypeRecordSet);
+    graph.node("Large", canvas::NodeTypeActivity);
+    graph.node("Target", canvas::NodeTypeRecordSet);
+    graph.edge("Source", "Large");
+    graph.edge("Large", "Target");
+    frame_->host.atRecordSet = [&](editors::RecordSetProp& dialog) {
+        takeTable(dialog, repository_->settings.login, "USEDFUNCTIONS");
+    };
+    frame_->host.atWizard = [&](statements::LDLForm& wizard) {
+        for (const char* answer : {"in 0 0", "const >", "const 100"}) {
+            statements::defineCurrent(wizard, statements::VarParameter, "", {answer});
+            wizard.cmdNext();
+        }
+        wizard.cmdGenerateLDL();
+        messages().expect("Activity Created", "", Icon::information);
+        wizard.cmdCreateAct();
+        wizard.cmdOK();
+    };
+    frame_->host.atActivity = [&](editors::SetActProp& dialog) {
+        dialog.ActTypes_Click(frame_->frame.catalogue().ActivityTypeIndex("Selection"));
+        dialog.NodeClick(dialog.DBView, *dialog.DBView.find("DB.Source"));
+        dialog.butRefresh_Click();
+        messages().expect("Properties Saved", "", Icon::information);
+        EXPECT_TRUE(dialog.OK());
+    };
+    for (const char* node : {"Source", "Target", "Large"}) {
+        frame_->frame.pointerPorts().windows.openProperties(form(), *form().nodeNamed(node));
+        EXPECT_TRUE(form().nodeNamed(node)->Ready()) << node;
+    }
+    const entities::ActivityProperties& made = *form().nodeNamed("Large")->activity();
+    EXPECT_EQ(made.Act_Inputs.count(), form().nodeNamed("Source")->recordSet()->RecordSet_Outputs.count());
+    EXPECT_GT(made.Act_Parameters.count(), 0);
+    const std::string before = testkit::modelText(form());
+    const std::string unsaved = outputs();
+    EXPECT_NE(unsaved.find(made.Act_LDL), std::string::npos);
+    saveAs("Made");
+    closeAndLoad("Made");
+    EXPECT_EQ(testkit::modelText(form()), before);
+    EXPECT_EQ(outputs(), unsaved);
 }
 
 TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <vector>
 
+#include "editors/record_set_prop.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/frame_host.h"
@@ -24,6 +25,8 @@ class FakeFrameHost : public shell::FrameHost {
                 atWizard(wizard);
             }
         });
+        dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
+        dialogs_.add<editors::SetActProp>([this](auto& dialog) { atActivity(dialog); });
         dialogs_.add<shell::UnfinishedForm>([this](auto& form) {
             unfinished = form.statements;
             form.goTo = goTo;
@@ -37,6 +40,8 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<bool()> atUnload;
     std::function<void(statements::LDLForm&)> atWizard;  ///< without it the wizard is closed at once
     std::function<void(shell::OptionsForm&)> atOptions;
+    std::function<void(editors::RecordSetProp&)> atRecordSet;
+    std::function<void(editors::SetActProp&)> atActivity;
     std::vector<statements::UnfinishedStatement> unfinished;  ///< as they were shown
     std::string goTo;                                         ///< the one to go to
     std::vector<shell::Palette> palettesPlaced;
