@@ -85,6 +85,9 @@ struct Desk : StartedProgram {
                        [](QDialog& window) { window.reject(); });
         }
         clickAt(at);
+        // A platform without a display gives no window the focus that a closed one had.
+        frame.activateWindow();
+        QApplication::processEvents();
     }
     void drag(Point from, Point to) {
         moveTo(from);
