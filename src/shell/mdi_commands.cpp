@@ -50,8 +50,9 @@ struct MDIForm1::CommandRow {
     bool (*checked)(const MDIForm1&) = nullptr;  ///< whether its items bear a check mark; nothing: they have none
 };
 
-std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
+struct MDIForm1::CommandTable {
     using Mode = repository::ViewScenarios::Mode;
+
     static constexpr std::array<CommandRow, kCommands> rows = {{
         {Command::newScenario, always,
          [](MDIForm1& f) {
@@ -112,6 +113,10 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
         {Command::shortcuts, always, [](MDIForm1& f) { tell<ShortcutsForm>(f.host_); }},
         {Command::about, always, [](MDIForm1& f) { tell<AboutForm>(f.host_); }},
     }};
+};
+
+std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
+    constexpr const auto& rows = CommandTable::rows;
     static_assert(std::all_of(rows.begin(), rows.end(),
                               [](const CommandRow& row) {
                                   return &row - rows.data() == static_cast<std::ptrdiff_t>(row.command) && row.run;

@@ -91,6 +91,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
 
   private:
     struct CommandRow;
+    struct CommandTable;
     static std::span<const CommandRow> commandRows();
 
     canvas::CanvasForm* activeEnabled() const;

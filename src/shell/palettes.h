@@ -22,7 +22,6 @@ class Palettes {
     /// A band was dropped outside of the frame's bars, and its palette is not placed yet.
     bool ToolChange() const { return toolChange_; }
 
-    bool isFloating(Palette palette) const { return of(palette).floating; }
     bool isBandShown(Palette palette) const { return bandsOn_ && !of(palette).floating; }
     /// A palette stays hidden while the frame is minimized.
     bool isPaletteShown(Palette palette) const { return of(palette).floating && !minimized_; }
