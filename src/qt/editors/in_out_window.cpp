@@ -15,13 +15,8 @@ InOutWindow::InOutWindow(editors::InOutProp& logic, QWidget* parent) : FormWindo
     types->setPlaceholderText(tr("Choose a type"));
     types->setCurrentIndex(logic.TypeIndex);
     QFormLayout* form = newForm();
-    const auto addRow = [&](const QString& caption, QWidget* field) {
-        QLabel* label = newCaption(caption, this);
-        label->setBuddy(field);
-        form->addRow(label, field);
-    };
-    addRow(tr("&Name"), name);
-    addRow(tr("&Type"), types);
+    addField(*form, tr("&Name"), name);
+    addField(*form, tr("&Type"), types);
     body().addLayout(form);
     body().addStretch();
     connect(name, &QLineEdit::textChanged, this,

@@ -11,13 +11,8 @@ ItemWindow::ItemWindow(editors::ItemProp& logic, QWidget* parent)
     QLineEdit* name = newField(text(logic.words.nameField), this);
     name->setText(text(logic.txtName));
     QFormLayout* form = newForm();
-    const auto addRow = [&](const QString& caption, QWidget* field) {
-        QLabel* label = newCaption(caption, this);
-        label->setBuddy(field);
-        form->addRow(label, field);
-    };
-    addRow(tr("&Name"), name);
-    addRow(tr("&Type"), newTypeField(logic));
+    addField(*form, tr("&Name"), name);
+    addField(*form, tr("&Type"), newTypeField(logic));
     body().addLayout(form);
     body().addStretch();
     connect(name, &QLineEdit::textChanged, this,

@@ -34,11 +34,8 @@ RecordSetPropWindow::RecordSetPropWindow(editors::RecordSetProp& logic, WindowSi
     setObjectName(QStringLiteral("RecordSetProp"));
     auto* above = newForm();
     name_ = newField(QStringLiteral("txtRecordSetName"), this);
-    auto* caption = newCaption(tr("&NAME:"), this);
-    caption->setObjectName(QStringLiteral("lblName"));
-    caption->setBuddy(name_);
+    addField(*above, tr("&NAME:"), name_)->setObjectName(QStringLiteral("lblName"));
     name_->setAccessibleName(tr("NAME:"));
-    above->addRow(caption, name_);
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& typed) { act([&] { logic_.txtRecordSetName_Change(typed.toStdString()); }); });
     body().addLayout(above);

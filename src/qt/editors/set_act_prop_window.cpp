@@ -112,11 +112,8 @@ QWidget* SetActPropWindow::newDefinition() {
     descr_->setMinimumSize(200, 3 * fontMetrics().lineSpacing());
     connect(descr_, &QTextEdit::textChanged, this, [this] { logic_.txtDescr_Change(plainText(*descr_)); });
     const auto addRow = [&](const char* name, const QString& caption, QWidget* field) {
-        QLabel* label = newCaption(caption, side);
-        label->setObjectName(QLatin1String(name));
-        label->setBuddy(field);
+        addField(*form, caption, field)->setObjectName(QLatin1String(name));
         field->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
-        form->addRow(label, field);
     };
     addRow("lblActName", tr("ACTIVITY &NAME"), name_);
     addRow("lblActType", tr("ACTIVITY  &TYPE"), types_);

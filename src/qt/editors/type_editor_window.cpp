@@ -178,17 +178,13 @@ QWidget* TypeEditorWindow::newDefinition() {
     auto* rows = new QVBoxLayout(page);
     QFormLayout* form = newForm();
     name_ = newField(QLatin1String(logic_.words.nameField), page);
-    QLabel* nameCaption = newCaption(tr("N&ame"), page);
-    nameCaption->setBuddy(name_);
-    form->addRow(nameCaption, name_);
+    addField(*form, tr("N&ame"), name_);
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& typed) { logic_.changeName(typed.toStdString()); });
     if (*logic_.words.descrField) {
         descr_ = newBox(logic_.words.descrField, tr("Description"), page);
         descr_->setFixedHeight(4 * fontMetrics().lineSpacing());
-        QLabel* caption = newCaption(tr("Descr&iption"), page);
-        caption->setBuddy(descr_);
-        form->addRow(caption, descr_);
+        addField(*form, tr("Descr&iption"), descr_);
         connect(descr_, &QTextEdit::textChanged, this, [this] { logic_.changeDescr(plainText(*descr_)); });
     }
     rows->addLayout(form);

@@ -29,6 +29,13 @@ QLabel* newCaption(const QString& caption, QWidget* parent) {
     return label;
 }
 
+QLabel* addField(QFormLayout& form, const QString& caption, QWidget* field) {
+    QLabel* label = newCaption(caption, field->parentWidget());
+    label->setBuddy(field);
+    form.addRow(label, field);
+    return label;
+}
+
 QComboBox* newChoice(const QString& name, QWidget* parent) {
     auto* choice = new QComboBox(parent);
     choice->setObjectName(name);

@@ -14,6 +14,9 @@ QFormLayout* newForm();
 /// The caption of a row of a form, on the line of the field beside it.
 QLabel* newCaption(const QString& caption, QWidget* parent);
 
+/// A row of a form. The caption's key leads to the field.
+QLabel* addField(QFormLayout& form, const QString& caption, QWidget* field);
+
 /// A text field of that object name.
 QLineEdit* newField(const QString& name, QWidget* parent);
 
