@@ -1,6 +1,7 @@
 #include "editors/schema_trees.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "entities/key_grammar.h"
 
@@ -160,15 +161,33 @@ void SchemaMarks::show(const std::string& nodeKey, const Uses& uses) {
         value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
         value.ForeColor = used ? kListColours[static_cast<std::size_t>(user - uses.begin())] : 0;
     });
-    if (Tree::Node* parent = node.parent(); parent && parent->parent() && bulk_ == 0) {
-        recomputeParent(tree, *parent);
+    if (Tree::Node* parent = node.parent(); parent && parent->parent()) {
+        recompute(tree, *parent);
     }
+}
+
+void SchemaMarks::recompute(Tree& tree, Tree::Node& parent) {
+    if (bulk_ > 0) {
+        touched_.emplace(&parent, &tree);
+    } else {
+        recomputeParent(tree, parent);
+    }
+}
+
+void SchemaMarks::clear() {
+    const Bulk bulk(*this);
+    for (auto& [nodeKey, uses] : uses_) {
+        uses = {};
+        show(nodeKey, uses);
+    }
+    uses_.clear();
 }
 
 SchemaMarks::Bulk::~Bulk() {
     if (--marks_.bulk_ == 0) {
-        recomputeParents(marks_.graph_);
-        recomputeParents(marks_.database_);
+        for (const auto& [parent, tree] : std::exchange(marks_.touched_, {})) {
+            recomputeParent(*tree, *parent);
+        }
     }
 }
 

@@ -53,13 +53,13 @@ class SchemaMarks {
     void mark(const std::string& nodeKey, int list, const std::string& rowKey);
     void unmark(const std::string& nodeKey, int list, const std::string& rowKey);
 
-    /// Forgets all uses, without changing the trees.
-    void clear() { uses_.clear(); }
+    /// Withdraws all marks.
+    void clear();
 
     /// The first row of the list that uses the node, empty when none does.
     std::string rowOf(const std::string& nodeKey, int list) const;
 
-    /// While one lives, parents are not recomputed; its end recomputes all.
+    /// While one lives, parents are not recomputed; its end recomputes those whose children were marked.
     class Bulk {
       public:
         explicit Bulk(SchemaMarks& marks) : marks_(marks) { ++marks_.bulk_; }
@@ -79,8 +79,11 @@ class SchemaMarks {
 
     forms::Tree& graph_;
     forms::Tree& database_;
+    void recompute(forms::Tree& tree, forms::Tree::Node& parent);
+
     std::unordered_map<std::string, Uses> uses_;
     int bulk_ = 0;
+    std::unordered_map<forms::Tree::Node*, forms::Tree*> touched_;  // parents that wait for the end of `Bulk`
 };
 
 }  // namespace orvent::editors

@@ -4,7 +4,6 @@
 #include <array>
 #include <filesystem>
 
-#include "editors/activity_rename.h"
 #include "forms/name_check.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
@@ -62,6 +61,7 @@ void SetActProp::LoadActivity() {
         txtRejected = folder + std::string(1, std::filesystem::path::preferred_separator) + txtName + ".log";
     }
     txtSQL = tempProp->Act_LDL;
+    buildTrees();
     fillLists();
     if (tempProp->Act_Type >= 0 &&
         static_cast<std::size_t>(tempProp->Act_Type) < services_.catalogue.tables.activityTypes.size()) {
@@ -125,9 +125,8 @@ void SetActProp::followName() {
     if (txtName == membersName_) {
         return;
     }
-    renameActivity(*tempProp, membersName_, txtName);
+    renameOwner(membersName_, txtName);
     membersName_ = txtName;
-    fillLists();
 }
 
 void SetActProp::txtDescr_Change(const std::string& text) {
@@ -186,10 +185,10 @@ void SetActProp::ActTypes_Click(int position) {
         setName(name);
     }
     txtName_Leave();
-    ActTypes = position;
-    if (position != tempProp->Act_Type) {
-        SetActivityType(position);
-        edited();
+    const std::int16_t former = tempProp->Act_Type;
+    SetActivityType(position);
+    if (tempProp->Act_Type != former || position == former) {
+        ActTypes = position;
     }
 }
 
@@ -275,12 +274,9 @@ void SetActProp::MoveAll2Tree_Click() {
 template <class Text>
 void SetActProp::renameRows(Text text) {
     for (int row = 1; row <= frontList().Count(); ++row) {
-        frontList().setText(row, text(*frontList().Item(row)));
-    }
-    for (int row = 1; row <= frontList().Count(); ++row) {
+        setRowText(row, SelectedList, text(*frontList().Item(row)));
         renameMember(row, SelectedList);
     }
-    warnTwins(SelectedList);
 }
 
 void SetActProp::CutFullNamesM_Click() {
@@ -323,7 +319,7 @@ bool SetActProp::AfterLabelEdit(int row, const std::string& text) {
     if (!forms::checkName(text, kLabelRules, messages())) {
         return false;
     }
-    frontList().setText(row, text);
+    setRowText(row, SelectedList, text);
     RenameInList(row, SelectedList);
     return true;
 }

@@ -1,8 +1,9 @@
 #include "editors/set_act_prop_functions.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <utility>
 
+#include "editors/activity_rename.h"
 #include "editors/list_rows.h"
 #include "entities/key_grammar.h"
 #include "zoom/member_links.h"
@@ -38,9 +39,8 @@ SetActProp_Functions::SetActProp_Functions(canvas::CanvasForm& form, canvas::Lab
     : ParForm(form), ActiveNode(node), catalogue_(catalogue), messages_(messages), progress_(progress) {}
 
 void SetActProp_Functions::fillLists() {
-    buildSchemaTrees(ParForm, ActiveNode, ActView, DBView);
-    marks_.clear();
     const SchemaMarks::Bulk bulk(marks_);
+    marks_.clear();
     const auto fill = [&](int number, const auto& addRows) {
         forms::List& target = list(number);
         target.rebuild([&] {
@@ -53,7 +53,7 @@ void SetActProp_Functions::fillLists() {
             refreshRow(number, row);
             MarkRowInTree(*target.Item(row), number, true);
         }
-        warnTwins(number);
+        twins_[static_cast<std::size_t>(number)].reset(target);
     };
     const auto attributes = [](const auto& entities, const char* image) {
         return [&entities, image](forms::List& target) {
@@ -177,7 +177,14 @@ std::vector<std::string> SetActProp_Functions::neighbours(const std::string& key
 
 void SetActProp_Functions::RenameInList(int row, int listNumber) {
     renameMember(row, listNumber);
-    warnTwins(listNumber);
+}
+
+void SetActProp_Functions::setRowText(int row, int listNumber, const std::string& text) {
+    TwinNames& twins = twins_[static_cast<std::size_t>(listNumber)];
+    const std::string key = list(listNumber).Item(row)->Key;
+    twins.went(list(listNumber), key, list(listNumber).Item(row)->Text);
+    list(listNumber).setText(row, text);
+    twins.came(list(listNumber), key, text);
 }
 
 void SetActProp_Functions::renameMember(int row, int listNumber) {
@@ -201,21 +208,37 @@ void SetActProp_Functions::renameMember(int row, int listNumber) {
     }
 }
 
-void SetActProp_Functions::warnTwins(int number) {
-    std::unordered_map<std::string, std::vector<int>> rows;
-    for (int row = 1; row <= list(number).Count(); ++row) {
-        rows[list(number).Item(row)->Text].push_back(row);
-    }
-    for (const auto& [text, twins] : rows) {
-        for (const int row : twins) {
-            const int other = twins.size() < 2 ? 0 : row == twins.front() ? twins[1] : twins.front();
-            const std::string warning =
-                other ? "Row " + std::to_string(other) + " (" + list(number).Item(other)->Key + ") has this name, too."
-                      : std::string();
-            if (list(number).Item(row)->Warning != warning) {
-                list(number).alter(row, [&](ListRow& shown) { shown.Warning = warning; });
+void SetActProp_Functions::renameOwner(const std::string& formerName, const std::string& newName) {
+    const SchemaMarks::Bulk bulk(marks_);
+    const auto eachBrought = [&](const auto& act) {
+        for (int number = kInputs; number <= kParameters; ++number) {
+            for (int row = 1; row <= list(number).Count(); ++row) {
+                const std::string key = withNewHead(list(number).Item(row)->Key, formerName, newName);
+                if (key != list(number).Item(row)->Key) {
+                    act(number, row, key);
+                }
             }
         }
+    };
+    // Marks are withdrawn under the keys by which they were made.
+    std::vector<std::pair<int, int>> brought;
+    eachBrought([&](int number, int row, const std::string&) {
+        MarkRowInTree(*list(number).Item(row), number, false);
+        brought.emplace_back(number, row);
+    });
+    renameActivity(*tempProp, formerName, newName);
+    eachBrought([&](int number, int row, const std::string& key) {
+        list(number).alter(row, [&](ListRow& shown) {
+            shown.Key = key;
+            shown.Text = withNewHead(shown.Text, formerName, newName);
+        });
+    });
+    for (const auto& [number, row] : brought) {
+        MarkRowInTree(*list(number).Item(row), number, true);
+    }
+    refreshRows();
+    for (int number = kInputs; number <= kParameters; ++number) {
+        twins_[static_cast<std::size_t>(number)].reset(list(number));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "canvas/canvas_form.h"
 #include "editors/schema_trees.h"
 #include "editors/tree_view_moving.h"
+#include "editors/twin_names.h"
 #include "entities/nodes.h"
 #include "forms/list.h"
 #include "platform/dialogs.h"
@@ -43,7 +44,8 @@ class SetActProp_Functions : public RowOperations {
 
     forms::List& frontList() { return AttList[static_cast<std::size_t>(SelectedList)]; }
 
-    /// Replaces only what the present type brought. A position beyond the table is told.
+    /// Replaces only what the present type brought. A position beyond the table is told, and so is a type that cannot
+    /// be read whole; then nothing is replaced.
     void SetActivityType(int position);
 
     void RemoveRow(int row);
@@ -55,6 +57,8 @@ class SetActProp_Functions : public RowOperations {
 
     /// Fills the three lists from `tempProp` and marks what they use in the trees.
     void fillLists();
+    /// Members, links and rows follow a new name of the activity.
+    void renameOwner(const std::string& formerName, const std::string& newName);
     /// Sets the columns of all rows again.
     void refreshRows();
 
@@ -74,8 +78,10 @@ class SetActProp_Functions : public RowOperations {
 
     /// The entity takes the text of its row.
     void renameMember(int row, int listNumber);
-    /// Rows of one list that have the same name carry a warning.
-    void warnTwins(int number);
+    /// Sets the text of a row, which its entity does not know yet.
+    void setRowText(int row, int listNumber, const std::string& text);
+    /// Fills the trees with what the scenario offers.
+    void buildTrees() { buildSchemaTrees(ParForm, ActiveNode, ActView, DBView); }
 
     repository::Catalogue& catalogue() const { return catalogue_; }
 
@@ -97,11 +103,12 @@ class SetActProp_Functions : public RowOperations {
     template <class List>
     bool removeMember(List& members, const std::string& key, entities::NodeKindCode kind);
     void unmark(int number, const std::string& key);
+    void addListRow(int number, forms::ListRow row, int position = 0);
     void removeListRow(int number, const std::string& key);
     void note(std::int16_t id, entities::NodeKindCode kind);
     bool unlink(const std::string& nodeKey, int number, const std::string& key);
     void removeTypeMembers();
-    void addTypeMembers(const entities::ActivityTypeProperties& type);
+    void addTypeMembers(const entities::ActivityTypeProperties& type, entities::Act_FunctionsCollection& functions);
 
     /// Marks or unmarks in the trees what the row uses.
     void MarkRowInTree(const forms::ListRow& row, int number, bool used);
@@ -119,6 +126,7 @@ class SetActProp_Functions : public RowOperations {
     platform::MessageBox& messages_;
     platform::Progress& progress_;
     SchemaMarks marks_{ActView, DBView};
+    std::array<TwinNames, 3> twins_;
 };
 
 }  // namespace orvent::editors

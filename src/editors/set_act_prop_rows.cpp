@@ -83,7 +83,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
     input.ProvidedFrom->Add(SecondSegment(node.value().Key), static_cast<LinkType>(input.Tag), linkedKey(node));
     AttributeProperties& added = tempProp->Act_Inputs->AddFullAttribute(input, "", false, position);
     tempProp->Act_Inputs->Changed = true;
-    list(kInputs).add(newRow(key, key, input.Tag, "AttIn"), position);
+    addListRow(kInputs, newRow(key, key, input.Tag, "AttIn"), position);
     if (!tempProp->Act_Outputs->Item(key)) {
         addMirror(added);
     }
@@ -97,7 +97,7 @@ void SetActProp_Functions::addMirror(const AttributeProperties& input) {
         tempProp->Act_Outputs->Add(input.Attribute_Name, input.Attribute_Type, tag, input.Key);
     output.ParentKeyName = tempProp->Act_Name;
     output.ProvidedFrom->Add(tempProp->Act_Name, static_cast<LinkType>(tag), relativeKey(KindInput, input.Key));
-    list(kOutputs).add(newRow(input.Key, input.Attribute_Name, tag, "AttOut"));
+    addListRow(kOutputs, newRow(input.Key, input.Attribute_Name, tag, "AttOut"));
     zoom::SynchronizeAttribute(ParForm, output, self());
 }
 
@@ -110,7 +110,7 @@ void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& 
     output.ParentKeyName = tempProp->Act_Name;
     output.ProviderFor->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     tempProp->Act_Outputs->AddFullAttribute(output, "", false, position);
-    list(kOutputs).add(newRow(key, key, kTagRecordSet, "AttOut"), position);
+    addListRow(kOutputs, newRow(key, key, kTagRecordSet, "AttOut"), position);
 }
 
 void SetActProp_Functions::addParameter(const Tree::Node& node, const std::string& key, int position) {
@@ -127,7 +127,7 @@ void SetActProp_Functions::addParameter(const Tree::Node& node, const std::strin
         parameter.RegulatedFrom->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     }
     tempProp->Act_Parameters->AddFullParameter(parameter, "", false, parameterPlace(position));
-    list(kParameters).add(newRow(key, key, parameter.Tag, constant ? "Const" : "Param"), position);
+    addListRow(kParameters, newRow(key, key, parameter.Tag, constant ? "Const" : "Param"), position);
 }
 
 void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
@@ -136,7 +136,7 @@ void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
             tempProp->Act_Functions->AddFunction(ParForm, name, tempProp->Act_Name, kSourceOwn)) {
         function->Changed = true;
     }
-    list(kParameters).add(newRow(name, name, kTagFunction, "Func"), position);
+    addListRow(kParameters, newRow(name, name, kTagFunction, "Func"), position);
 }
 
 void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
@@ -145,9 +145,17 @@ void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
     }
 }
 
+void SetActProp_Functions::addListRow(int number, ListRow row, int position) {
+    const std::string key = row.Key, text = row.Text;
+    list(number).add(std::move(row), position);
+    twins_[static_cast<std::size_t>(number)].came(list(number), key, text);
+}
+
 void SetActProp_Functions::removeListRow(int number, const std::string& key) {
     if (const int row = list(number).positionOf(key)) {
+        const std::string text = list(number).Item(row)->Text;
         list(number).remove(row);
+        twins_[static_cast<std::size_t>(number)].went(list(number), key, text);
     }
 }
 
@@ -300,6 +308,20 @@ bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, const 
     return stays;
 }
 
+namespace {
+
+/// Types of functions that are read whole or not at all.
+class WholeTypes : public FunctionTypeSource {
+  public:
+    explicit WholeTypes(repository::Catalogue& catalogue) : catalogue_(catalogue) {}
+    FunctionTypeProperties GetFunctionType(std::int16_t index) override { return catalogue_.wholeFunctionType(index); }
+
+  private:
+    repository::Catalogue& catalogue_;
+};
+
+}  // namespace
+
 void SetActProp_Functions::SetActivityType(int position) {
     const bool known = position >= 0 && static_cast<std::size_t>(position) < catalogue_.tables.activityTypes.size();
     if (!known) {
@@ -310,13 +332,25 @@ void SetActProp_Functions::SetActivityType(int position) {
         return;
     }
     const platform::Busy busy(progress_);
-    const ActivityTypeProperties type = catalogue_.GetActivityType(static_cast<std::int16_t>(position));
+    ActivityTypeProperties type;
+    Act_FunctionsCollection functions;
+    try {
+        type = catalogue_.wholeActivityType(static_cast<std::int16_t>(position));
+        WholeTypes types(catalogue_);
+        for (const UsedFunctionProperties& brought : type.ActType_Functions) {
+            functions.AddActivityTypeFunction(types, brought, tempProp->Act_Name,
+                                              tempProp->Act_Name + "." + brought.Function_Name);
+        }
+    } catch (const platform::Fault& fault) {
+        messages_.tell(fault.description(), {}, platform::Icon::critical);
+        return;
+    }
     tempProp->Act_SchemaNo = type.ActType_SchemaNo;
     tempProp->Act_Type = static_cast<std::int16_t>(position);
     tempProp->Changed = true;
     const SchemaMarks::Bulk bulk(marks_);
     removeTypeMembers();
-    addTypeMembers(type);
+    addTypeMembers(type, functions);
     refreshRows();
     edited();
 }
@@ -335,30 +369,23 @@ void SetActProp_Functions::removeTypeMembers() {
     removeTagged(kParameters, kTagTypeFunction, &SetActProp_Functions::removeFunction);
 }
 
-void SetActProp_Functions::addTypeMembers(const ActivityTypeProperties& type) {
+void SetActProp_Functions::addTypeMembers(const ActivityTypeProperties& type, Act_FunctionsCollection& functions) {
     const std::string& owner = tempProp->Act_Name;
     for (const OutputProperties& brought : type.ActType_OutPuts) {
         const std::string key = owner + "." + brought.Output_Name;
-        list(kOutputs).add(newRow(key, brought.Output_Name, kTagTypeOutput, "AttOut"));
+        addListRow(kOutputs, newRow(key, brought.Output_Name, kTagTypeOutput, "AttOut"));
         tempProp->Act_Outputs->Add(key, brought.Output_Type, kTagTypeOutput, key).ParentKeyName = owner;
     }
     for (const ParamProperties& brought : type.ActType_Parameters) {
         const std::string key = owner + "." + brought.Parameter_Name;
-        list(kParameters).add(newRow(key, brought.Parameter_Name, kTagTypeParameter, "Param"));
+        addListRow(kParameters, newRow(key, brought.Parameter_Name, kTagTypeParameter, "Param"));
         tempProp->Act_Parameters->Add(brought.Parameter_Name, brought.Parameter_Type, kTagTypeParameter, key)
             .ParentKeyName = owner;
     }
-    for (const UsedFunctionProperties& brought : type.ActType_Functions) {
-        const std::string key = owner + "." + brought.Function_Name;
-        list(kParameters).add(newRow(key, brought.Function_Name, kTagTypeFunction, "Func"));
-        FunctionProperties& function =
-            tempProp->Act_Functions->AddActivityTypeFunction(catalogue_, brought, owner, key);
-        function.setParentKeyName(owner);
-        for (Lazy<FunctionParameters>* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
-            for (ParameterProperties& parameter : *parameters) {
-                parameter.ParentKeyName = key;
-            }
-        }
+    for (int at = 1; at <= functions.Count(); ++at) {
+        const std::shared_ptr<FunctionProperties> function = functions.share(at);
+        addListRow(kParameters, newRow(function->Function_Key, function->Function_Name, kTagTypeFunction, "Func"));
+        tempProp->Act_Functions->append(function, function->Function_Key);
     }
 }
 

@@ -33,6 +33,11 @@ class Catalogue : public entities::FunctionTypeSource {
     entities::ActivityTypeProperties GetActivityType(std::int16_t index);
     entities::FunctionTypeProperties GetFunctionType(std::int16_t index) override;
 
+    /// The same for a step that must not begin with a part of a type: a failed read throws, and so does a type that the
+    /// repository no longer has.
+    entities::ActivityTypeProperties wholeActivityType(std::int16_t index);
+    entities::FunctionTypeProperties wholeFunctionType(std::int16_t index);
+
     /// The index of a data type. An unknown one is offered to be added; 0 when the user declines.
     std::int16_t DataTypeIndex(const std::string& name);
     std::int16_t FunctionTypeIndex(const std::string& name) const;  ///< 0 when unknown
@@ -55,8 +60,11 @@ class Catalogue : public entities::FunctionTypeSource {
   private:
     template <class Load>
     void loadOrEnd(Load load);
-    template <class Read>
-    void readQuietly(Read read);
+    // False when the repository has no such type.
+    bool read(entities::ActivityTypeProperties& type);
+    bool read(entities::FunctionTypeProperties& type);
+    template <class Type>
+    void readQuietly(Type& type);
     template <class Add>
     void eachParam(StatementCache& repository, std::string_view sql, const std::string& type, std::string_view kind,
                    Add add);

@@ -76,11 +76,10 @@ void Catalogue::LoadActivityTypes() {
     });
 }
 
-template <class Read>
-void Catalogue::readQuietly(Read read) {
+template <class Type>
+void Catalogue::readQuietly(Type& type) {
     try {
-        StatementCache repository = openRepository(services_);
-        read(repository);
+        read(type);
     } catch (const platform::Fault&) {
         // The caller gets what has been read so far, with no word to the user.
     }
@@ -100,55 +99,95 @@ void Catalogue::eachParam(StatementCache& repository, std::string_view sql, cons
     }
 }
 
-ActivityTypeProperties Catalogue::GetActivityType(std::int16_t index) {
+namespace {
+
+ActivityTypeProperties activityTypeAt(const entities::NameTable& names, std::int16_t index) {
     ActivityTypeProperties type;
-    type.ActType_Name = tables.activityTypes.name(index);
+    type.ActType_Name = names.name(index);
     type.ActType_NameIndex = index;
-    readQuietly([&](StatementCache& repository) {
-        Statement& row = repository.run(sql::kActivityType, type.ActType_Name);
-        while (row.fetch()) {
-            type.ActType_Description = row.text(1);
-            type.ActType_SQL = row.text(2);
-            type.ActType_LDL = row.text(3);
-            type.ActType_SchemaNo = checkedI16(row.number(4), "Schema number");
-            type.ActType_ProviderSemantics = checkedI16(row.number(5), "Provider semantics");
-            type.ActType_ConsumerSemantics = checkedI16(row.number(6), "Consumer semantics");
-        }
-        eachParam(repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindParam,
-                  [&](const std::string& name, std::int16_t dataType) {
-                      type.ActType_Parameters->Add(name, dataType, name);
-                  });
-        eachParam(
-            repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindOutput,
-            [&](const std::string& name, std::int16_t dataType) { type.ActType_OutPuts->Add(name, dataType, name); });
-        Statement& functions = repository.run(sql::kActivityTypeFunctions, type.ActType_Name);
-        while (functions.fetch()) {
-            const std::string name = functions.text(1);
-            type.ActType_Functions->Add(name, FunctionTypeIndex(functions.text(2)), name);
-        }
-    });
+    return type;
+}
+
+FunctionTypeProperties functionTypeAt(const entities::NameTable& names, std::int16_t index) {
+    FunctionTypeProperties type;
+    type.FunctionType_Name = names.name(index);
+    type.FunctionType_NameIndex = index;
+    return type;
+}
+
+void demandRow(bool found, const std::string& name) {
+    if (!found) {
+        throw platform::Fault("The repository has no type " + name + " any more.");
+    }
+}
+
+}  // namespace
+
+ActivityTypeProperties Catalogue::GetActivityType(std::int16_t index) {
+    ActivityTypeProperties type = activityTypeAt(tables.activityTypes, index);
+    readQuietly(type);
+    return type;
+}
+
+ActivityTypeProperties Catalogue::wholeActivityType(std::int16_t index) {
+    ActivityTypeProperties type = activityTypeAt(tables.activityTypes, index);
+    demandRow(read(type), type.ActType_Name);
     return type;
 }
 
 FunctionTypeProperties Catalogue::GetFunctionType(std::int16_t index) {
-    FunctionTypeProperties type;
-    type.FunctionType_Name = tables.functionTypes.name(index);
-    type.FunctionType_NameIndex = index;
-    readQuietly([&](StatementCache& repository) {
-        Statement& row = repository.run(sql::kFunctionType, type.FunctionType_Name);
-        while (row.fetch()) {
-            type.FunctionType_Description = row.text(1);
-        }
-        eachParam(repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindInput,
-                  [&](const std::string& name, std::int16_t dataType) {
-                      type.FunctionType_Inputs->Add(name, dataType, name);
-                  });
-        eachParam(repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindOutput,
-                  [&](const std::string& name, std::int16_t dataType) {
-                      type.FunctionType_Outputs->Add(name, dataType, name);
-                  });
-    });
+    FunctionTypeProperties type = functionTypeAt(tables.functionTypes, index);
+    readQuietly(type);
     return type;
+}
+
+FunctionTypeProperties Catalogue::wholeFunctionType(std::int16_t index) {
+    FunctionTypeProperties type = functionTypeAt(tables.functionTypes, index);
+    demandRow(read(type), type.FunctionType_Name);
+    return type;
+}
+
+bool Catalogue::read(ActivityTypeProperties& type) {
+    StatementCache repository = openRepository(services_);
+    bool found = false;
+    Statement& row = repository.run(sql::kActivityType, type.ActType_Name);
+    while (row.fetch()) {
+        found = true;
+        type.ActType_Description = row.text(1);
+        type.ActType_SQL = row.text(2);
+        type.ActType_LDL = row.text(3);
+        type.ActType_SchemaNo = checkedI16(row.number(4), "Schema number");
+        type.ActType_ProviderSemantics = checkedI16(row.number(5), "Provider semantics");
+        type.ActType_ConsumerSemantics = checkedI16(row.number(6), "Consumer semantics");
+    }
+    eachParam(
+        repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindParam,
+        [&](const std::string& name, std::int16_t dataType) { type.ActType_Parameters->Add(name, dataType, name); });
+    eachParam(repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindOutput,
+              [&](const std::string& name, std::int16_t dataType) { type.ActType_OutPuts->Add(name, dataType, name); });
+    Statement& functions = repository.run(sql::kActivityTypeFunctions, type.ActType_Name);
+    while (functions.fetch()) {
+        const std::string name = functions.text(1);
+        type.ActType_Functions->Add(name, FunctionTypeIndex(functions.text(2)), name);
+    }
+    return found;
+}
+
+bool Catalogue::read(FunctionTypeProperties& type) {
+    StatementCache repository = openRepository(services_);
+    bool found = false;
+    Statement& row = repository.run(sql::kFunctionType, type.FunctionType_Name);
+    while (row.fetch()) {
+        found = true;
+        type.FunctionType_Description = row.text(1);
+    }
+    eachParam(
+        repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindInput,
+        [&](const std::string& name, std::int16_t dataType) { type.FunctionType_Inputs->Add(name, dataType, name); });
+    eachParam(
+        repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindOutput,
+        [&](const std::string& name, std::int16_t dataType) { type.FunctionType_Outputs->Add(name, dataType, name); });
+    return found;
 }
 
 std::int16_t Catalogue::DataTypeIndex(const std::string& name) {

@@ -224,7 +224,11 @@ bool MDIForm1::close(canvas::CanvasForm& form) {
             return false;
         }
     }
-    if (!form.Enabled() || !form.QueryUnload()) {
+    if (!form.Enabled()) {
+        ports_.messages.tell(form.Caption() + " stays open until its dialog is closed.", {}, Icon::information);
+        return false;
+    }
+    if (!form.QueryUnload()) {
         return false;
     }
     discard(form);

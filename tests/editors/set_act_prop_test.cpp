@@ -195,9 +195,44 @@ TEST_F(SetActPropTest, AnotherTypeReplacesOnlyWhatTheFormerBrought) {
     EXPECT_EQ(activity().Act_Type, 0) << "the node waits for Apply";
 }
 
-TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
+TEST_F(SetActPropTest, ATypeThatCannotBeReadWholeReplacesNothing) {
+    namespace sql = repository::sql;
     const auto dialog = open();
+    const auto refused = [&](const std::string& words) {
+        messages.expect(words, "", Icon::critical);
+        dialog->ActTypes_Click(1);
+        EXPECT_EQ(dialog->ActTypes, 0);
+        EXPECT_EQ(dialog->tempProp->Act_Type, 0);
+        EXPECT_EQ(keys(dialog->AttList[kOutputs]), "RS_ID Act.Made");
+        EXPECT_TRUE(dialog->Saved);
+    };
+    refused("The repository has no type Join any more.");
+    database.answer(sql::kActivityType, {{"d", "", "", "2", "1", "1"}});
+    database.fail(sql::kActivityTypeParams, testkit::kBroken, 2);
+    refused(testkit::kBroken.description());
+    database.answer(sql::kActivityType, {{"d", "", "", "2", "1", "1"}});
+    database.answer(sql::kActivityTypeFunctions, {{"Key", "SK"}});
+    database.fail(sql::kFunctionTypeParams, testkit::kBroken);
+    refused(testkit::kBroken.description());
+    EXPECT_EQ(form->DeletedNodes->Count(), 0);
+}
+
+TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
+    struct Resets : forms::TreeListener, forms::ListListener {
+        int count = 0;
+        void done(const forms::TreeChange& change) override { count += change.kind == forms::TreeChange::Kind::reset; }
+        void done(const forms::ListChange& change) override { count += change.kind == forms::ListChange::Kind::reset; }
+    } resets;
+    const auto dialog = open();
+    dialog->ActView.watch(&resets);
+    dialog->DBView.watch(&resets);
+    dialog->AttList[kOutputs].watch(&resets);
     dialog->txtName_Change("New");
+    dialog->txtName_Leave();
+    EXPECT_EQ(resets.count, 0) << "trees and lists stay as they are open and selected";
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "RS_ID New.Made");
+    EXPECT_EQ(dialog->AttList[kOutputs].Item(1)->SubItems[1], "New");
+    EXPECT_EQ(image(*dialog, "DB.RS.ID"), "Field-Checked");
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->OK());
     dialog->end();
@@ -246,7 +281,52 @@ TEST_F(SetActPropTest, LabelsAreChecked) {
     EXPECT_TRUE(dialog->Saved);
     EXPECT_TRUE(dialog->AfterLabelEdit(2, "RS_ID"));
     EXPECT_EQ(dialog->tempProp->Act_Inputs->Item("Old")->Attribute_Name, "RS_ID");
-    EXPECT_NE(dialog->AttList[kInputs].Item(1)->Warning, "") << "two rows have one name";
+    const forms::List& inputs = dialog->AttList[kInputs];
+    EXPECT_EQ(inputs.Item(1)->Warning, "The row Old has this name, too.");
+    EXPECT_EQ(inputs.Item(2)->Warning, "The row RS_ID has this name, too.");
+    click(*dialog, "DB.RS.NAME");
+    EXPECT_TRUE(dialog->AfterLabelEdit(3, "RS_ID"));
+    EXPECT_EQ(inputs.Item(3)->Warning, "The row RS_ID has this name, too.");
+    dialog->frontList().select(1);
+    dialog->Move2Tree_Click();
+    EXPECT_EQ(inputs.Item(1)->Warning, "The row RS_NAME has this name, too.");
+    EXPECT_TRUE(dialog->AfterLabelEdit(1, "Other"));
+    EXPECT_EQ(inputs.Item(1)->Warning + inputs.Item(2)->Warning, "");
+}
+
+TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
+    activity().Act_Inputs->Add("C", 0, kTagRecordSet, "C").ParentKeyName = "Act";
+    activity().Act_Inputs->Add("D", 0, kTagRecordSet, "D").ParentKeyName = "Act";
+    activity().Act_Inputs->Add("E", 0, kTagTypeOutput, "E").ParentKeyName = "Act";
+    struct Row {
+        std::vector<int> selected;
+        RowMove move;
+        const char* order;
+        std::vector<int> selectedThen;
+    };
+    for (const Row& row :
+         {Row{{2, 4}, RowMove::top, "Old D RS_ID C E", {1, 2}}, Row{{1, 4}, RowMove::up, "RS_ID Old D C E", {1, 3}},
+          Row{{1, 2, 4}, RowMove::down, "C RS_ID Old E D", {2, 3, 5}},
+          Row{{1, 3}, RowMove::bottom, "Old D E RS_ID C", {4, 5}}}) {
+        const auto dialog = open();
+        dialog->frontList().select(row.selected, row.selected.back());
+        dialog->MoveRow_Click(row.move);
+        EXPECT_EQ(keys(dialog->frontList()), row.order);
+        EXPECT_EQ(dialog->frontList().selection(), row.selectedThen);
+        EXPECT_EQ(dialog->frontList().selected(), row.selectedThen.back());
+        EXPECT_EQ(dialog->tempProp->Act_Inputs->Item(row.selectedThen[0])->Key,
+                  dialog->frontList().Item(row.selectedThen[0])->Key);
+    }
+    const auto dialog = open();
+    dialog->MoveRows({1, 5}, 3);
+    EXPECT_EQ(keys(dialog->frontList()), "Old RS_ID E C D");
+    dialog->MoveRows({2}, 0);
+    EXPECT_EQ(keys(dialog->frontList()), "Old E C D RS_ID");
+    messages.expect("Activity Type's Members Cannot Be Deleted", "", Icon::information);
+    dialog->frontList().select({1, 2, 3}, 1);
+    dialog->Move2Tree_Click();
+    EXPECT_EQ(keys(dialog->frontList()), "E D RS_ID");
+    EXPECT_EQ(dialog->frontList().selection(), std::vector<int>{1}) << "what could not go stays selected";
 }
 
 TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {

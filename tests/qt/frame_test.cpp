@@ -143,7 +143,8 @@ class FrameTest : public WindowTest {
         QVERIFY(entries[5]->isChecked() && !entries[5]->isEnabled());
         QVERIFY(!program.frame.area().windowOf(*two)->isEnabled());
         QVERIFY(!program.menuItem("SaveScenarioM")->isEnabled());
-        program.frame.area().windowOf(*two)->close();  // asks nothing and does nothing
+        program.messages.expect("Two stays open until its dialog is closed.", "", platform::Icon::information);
+        program.frame.area().windowOf(*two)->close();
         QCOMPARE(program.windows(), 2);
 
         entries[4]->trigger();

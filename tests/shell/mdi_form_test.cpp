@@ -164,6 +164,7 @@ TEST_F(Frame, CommandsPassADisabledWindowBy) {
         EXPECT_FALSE(frame.frame.isEnabled(command));
         frame.frame.run(command);
     }
+    repository.messages.expect("a stays open until its dialog is closed.", "", Icon::information);
     EXPECT_FALSE(frame.frame.close(frame.active()));
     repository.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
     frame.frame.run(Command::changeUser);
