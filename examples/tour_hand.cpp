@@ -70,11 +70,17 @@ void Hand::edge(canvas::Point from, canvas::Point to) {
     move({to.x + 30, to.y});
 }
 
+/// A platform without a display gives no window the focus that a closed one had.
+QObject* Hand::focused() {
+    QWidget* widget = QApplication::focusWidget();
+    return widget ? widget : static_cast<QWidget*>(&editor());
+}
+
 void Hand::type(const QString& words) {
     for (const QChar letter : words) {
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
             QKeyEvent event(type, Qt::Key_unknown, Qt::NoModifier, QString(letter));
-            QApplication::sendEvent(QApplication::focusWidget(), &event);
+            QApplication::sendEvent(focused(), &event);
         }
     }
 }
@@ -82,7 +88,7 @@ void Hand::type(const QString& words) {
 void Hand::key(Qt::Key key) {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         QKeyEvent event(type, key, Qt::NoModifier);
-        QApplication::sendEvent(QApplication::focusWidget(), &event);
+        QApplication::sendEvent(focused(), &event);
     }
     QApplication::processEvents();
 }

@@ -31,6 +31,7 @@ class Hand {
     qt::CanvasEditor& editor();
 
   private:
+    QObject* focused();
     void send(QEvent::Type type, canvas::Point at, Qt::MouseButton button, Qt::MouseButtons held);
 
     qt::FrameWindow& frame_;

@@ -11,6 +11,18 @@ namespace orvent::tour {
 
 using shell::Command;
 
+namespace {
+
+/// Opens the small window of a single node, looks at it and leaves it.
+void showItem(Player& player, shell::MDIForm1& frame, zoom::ZoomForm& form, canvas::LabelsD& node, const char* name) {
+    player.during(name, [&] { frame.pointerPorts().windows.openProperties(form, node); }, {[&](QWidget& dialog) {
+                      player.picture(dialog, name);
+                      Player::press(dialog, "Cancel");
+                  }});
+}
+
+}  // namespace
+
 void zoomIntoActivity(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
     canvas::CanvasForm& design = *window.area().active();
     design.SelectedLabels.Clear();
@@ -28,6 +40,13 @@ void zoomIntoActivity(Player& player, qt::FrameWindow& window, shell::MDIForm1& 
     theme.setMode(qt::ThemeMode::dark);
     player.picture(window, "zoom-dark");
     theme.setMode(qt::ThemeMode::light);
+    showItem(player, frame, *zoomed,
+             *zoomed->nodeNamed(zoomed->central()->KeyName() + ".IN." +
+                                zoomed->central()->activity()->Act_Inputs->Item(1)->Key),
+             "zoom-member");
+    zoomed->rules().placeNode(*zoomed, "Function", {1500, 9000});
+    showItem(player, frame, *zoomed, *zoomed->nodeNamed("Function1"), "zoom-free-function");
+    zoomed->Labels.Remove(zoomed->NamesColl.Item("Function1"));
     using Mark = bool zoom::ViewMarks::*;
     struct Filter {
         Mark mark;
