@@ -55,6 +55,26 @@ class ColouringTest : public WindowTest {
         QCOMPARE(looks(box), QStringLiteral("kkkkkk.."));
     }
 
+    void inksFollowThePalette() {
+        QTextEdit box;
+        KeywordColouring colouring(box);
+        showPlainText(box, "SELECT a");
+        colouring.colourAll();
+        box.document()->clearUndoRedoStacks();
+        const auto ink = [&box] {
+            QTextCursor cursor(box.document());
+            cursor.setPosition(1);
+            return cursor.charFormat().foreground().color();
+        };
+        QCOMPARE(ink(), QColor(Qt::blue));
+        QPalette dark = box.palette();
+        dark.setColor(QPalette::Base, Qt::black);
+        dark.setColor(QPalette::Text, Qt::white);
+        box.setPalette(dark);
+        QVERIFY2(ink().lightness() > 150, qPrintable(ink().name()));
+        QVERIFY(!box.document()->isUndoAvailable());
+    }
+
     void oneUndoTakesOneColouringBack() {
         QTextEdit box;
         KeywordColouring colouring(box);

@@ -162,7 +162,19 @@ void KeywordColouring::examine(int key) {
     }
 }
 
+/// The inks fit the new paper; nothing of it can be undone.
+void KeywordColouring::followPalette() {
+    const bool undoable = box_.document()->isUndoAvailable();
+    colourAll();
+    if (!undoable) {
+        box_.document()->clearUndoRedoStacks();
+    }
+}
+
 bool KeywordColouring::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        followPalette();
+    }
     const bool down = event->type() == QEvent::KeyPress;
     if ((down || event->type() == QEvent::KeyRelease) && !box_.isReadOnly()) {
         const auto& stroke = static_cast<const QKeyEvent&>(*event);

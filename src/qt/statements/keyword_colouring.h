@@ -27,6 +27,7 @@ class KeywordColouring : public QObject {
 
   private:
     void examine(int key);
+    void followPalette();
 
     QTextEdit& box_;
     statements::Letters letters_;
