@@ -1,7 +1,6 @@
 #include "statements/replace_all.h"
 
 #include "platform/fault.h"
-#include "statements/ldl_generator.h"
 
 namespace orvent::statements {
 

@@ -38,7 +38,4 @@ void ExpandByPlace(ZoomForm& form, canvas::LabelsD& node);
 /// Collapses an activity, a record set or a function.
 void CollapseWhole(ZoomForm& form, canvas::LabelsD& node);
 
-/// A data type's entity as its tool tip tells it: the name and, in parentheses, the type's name.
-std::string typedName(const ZoomForm& form, const std::string& name, std::int16_t type);
-
 }  // namespace orvent::zoom

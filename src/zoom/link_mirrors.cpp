@@ -1,7 +1,5 @@
 #include "zoom/link_mirrors.h"
 
-#include "zoom/synchronize_functions.h"
-
 namespace orvent::zoom {
 
 using namespace entities;

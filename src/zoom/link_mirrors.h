@@ -19,4 +19,11 @@ void mirrorLinks(Work work, canvas::Canvas& Form, entities::AttributeProperties&
 void mirrorLinks(Work work, canvas::Canvas& Form, entities::ParameterProperties& parameter,
                  entities::ActivityProperties* InDialog);
 
+/// Draws a link between two nodes of the canvas and stores the edge's `Index` on both ends of the link, -1 when one of
+/// the nodes does not exist.
+void AddProviderEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
+                     entities::ProviderProperties& Link, entities::ProviderProperties& Mirror);
+void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
+                      entities::RegulatorProperties& Link, entities::RegulatorProperties& Mirror);
+
 }  // namespace orvent::zoom

@@ -1,9 +1,9 @@
 #include "zoom/member_ties.h"
 
+#include "zoom/drawn_edge.h"
 #include "zoom/member_links.h"
 #include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
-#include "zoom/relationship_rules.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {

@@ -1,8 +1,8 @@
 #include "zoom/relationship_rules.h"
 
-#include "zoom/expand_collapse.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/synchronize_functions.h"
+#include "zoom/typed_name.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/zoom_form.h"
 
@@ -19,10 +19,6 @@ const RelationRow* rowOf(canvas::EdgeTypeCode kind, const RelationEnd& from, con
         return nullptr;
     }
     return kind == canvas::EdgeTypeProvider ? providerRow(from, to) : regulatorRow(from, to);
-}
-
-bool sameKind(const LinesD& edge, const LinesD& other) {
-    return other.ToLabel() == edge.ToLabel() && other.EdgeType() == edge.EdgeType();
 }
 
 /// The node of the activity that ties an end, or of the function whose parameter it is.
@@ -166,28 +162,6 @@ void RemoveRelationship(ZoomForm& form, std::int32_t edge) {
     }
 }
 
-bool CheckDuplicateLine(canvas::Canvas& form, std::int32_t edge) {
-    const LinesD& drawn = *form.Lines.byIndex(edge);
-    const LabelsD* from = form.Labels.byIndex(drawn.FromLabel());
-    if (!from) {
-        return true;
-    }
-    for (const std::int32_t number : from->StartingLines()) {
-        const LinesD* other = form.Lines.byIndex(number);
-        if (number != edge && other && sameKind(drawn, *other)) {
-            form.Lines.RemoveFull(edge);
-            form.messages().tell("THIS LINE ALLREADY EXISTS!!", "", platform::Icon::warning);
-            return false;
-        }
-    }
-    return true;
-}
-
-void RejectRelationship(canvas::Canvas& form, std::int32_t edge) {
-    form.Lines.RemoveFull(edge);
-    form.messages().tell("This Relationship Is Not Valid!", "", platform::Icon::warning);
-}
-
 bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32_t edge) {
     const std::int16_t source = RelationEnd(from).dataType();
     const std::int16_t target = RelationEnd(to).dataType();
@@ -214,14 +188,6 @@ bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32
         take(*parameter, parameter->Parameter_Type, parameter->Parameter_Name);
     }
     return true;
-}
-
-void FlipLine(canvas::Canvas& form, std::int32_t& edge) {
-    const std::unique_ptr<LinesD> former = form.Lines.RemoveFull(edge);
-    const LinesD* reverse =
-        form.Lines.addFullLine(former->ToLabel(), former->ToGrabbingPoint(), former->FromLabel(),
-                               former->FromGrabbingPoint(), former->EdgeType(), former->Angle(), former->Color());
-    edge = reverse->Index();
 }
 
 bool RelationshipRules::mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kind, const LabelsD& from,

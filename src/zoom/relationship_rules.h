@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "canvas/canvas.h"
+#include "zoom/drawn_edge.h"
 #include "zoom/member_ties.h"
 #include "zoom/relationships.h"
 
@@ -19,18 +20,9 @@ void CreateRelationship(ZoomForm& form, std::int32_t& edge);
 /// Takes back what the edge stands for. The edge itself stays.
 void RemoveRelationship(ZoomForm& form, std::int32_t edge);
 
-/// Whether no other edge of that kind joins the two nodes in that direction. If one does, the edge goes, with a
-/// message.
-bool CheckDuplicateLine(canvas::Canvas& form, std::int32_t edge);
-
-void RejectRelationship(canvas::Canvas& form, std::int32_t edge);
-
 /// Whether two nodes (attributes or parameters) have one data type. A target whose type its source defines takes it
 /// over. False: the edge went, with a message.
 bool CheckDataTypes(ZoomForm& form, const canvas::LabelsD& from, canvas::LabelsD& to, std::int32_t edge);
-
-/// Replaces the edge by its reverse.
-void FlipLine(canvas::Canvas& form, std::int32_t& edge);
 
 /// The rules above, as the zoom view asks for them.
 class RelationshipRules : public Relationships {

@@ -34,13 +34,6 @@ void SynchronizeRegulatedFrom(canvas::Canvas& Form, const NearEnd& E, entities::
 void SynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, entities::RegulatorProperties& Link,
                              entities::ActivityProperties* InDialog);
 
-/// Draws a link between two nodes of the canvas and stores the edge's `Index` on both ends of the link, -1 when one of
-/// the nodes does not exist.
-void AddProviderEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
-                     entities::ProviderProperties& Link, entities::ProviderProperties& Mirror);
-void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
-                      entities::RegulatorProperties& Link, entities::RegulatorProperties& Mirror);
-
 /// Carries the new `Key` of an attribute down the data flow: to the inputs that read it, from an input to the outputs
 /// and parameters of its activity, from an output to the inputs downstream, as far as they bear `OldKey`. The caller
 /// has unsynchronised the attribute under its old key and synchronises it afterwards. An owner that has an entity of

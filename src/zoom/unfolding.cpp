@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "entities/link_types.h"
-#include "zoom/expand_collapse.h"
 #include "zoom/member_links.h"
 #include "zoom/members.h"
+#include "zoom/typed_name.h"
 #include "zoom/unfolding_parts.h"
 
 namespace orvent::zoom {
@@ -81,10 +81,6 @@ void refill(List& list, std::vector<std::shared_ptr<EntityOf<List>>>& items) {
 
 const ExpansionRow& expansionRow(Members members) {
     return kRows[static_cast<std::size_t>(members)];
-}
-
-std::string typedName(const ZoomForm& form, const std::string& name, std::int16_t type) {
-    return name + "(" + form.catalogue().dataTypes.name(type) + ")";
 }
 
 const std::string& Unfolding::ownerName() const {

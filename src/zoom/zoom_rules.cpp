@@ -6,6 +6,7 @@
 
 #include "zoom/expand_collapse.h"
 #include "zoom/path_light.h"
+#include "zoom/typed_name.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_form.h"

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "canvas/canvas.h"
+
+namespace orvent::zoom {
+
+// What becomes of an edge that was just drawn, whatever it stands for. Edges are named by their `Index`.
+
+/// Whether no other edge of that kind joins the two nodes in that direction. If one does, the edge goes, with a
+/// message.
+bool CheckDuplicateLine(canvas::Canvas& form, std::int32_t edge);
+
+void RejectRelationship(canvas::Canvas& form, std::int32_t edge);
+
+/// Replaces the edge by its reverse.
+void FlipLine(canvas::Canvas& form, std::int32_t& edge);
+
+}  // namespace orvent::zoom

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+/// A data type's entity as its tool tip tells it: the name and, in parentheses, the type's name.
+inline std::string typedName(const ZoomForm& form, const std::string& name, std::int16_t type) {
+    return name + "(" + form.catalogue().dataTypes.name(type) + ")";
+}
+
+}  // namespace orvent::zoom
