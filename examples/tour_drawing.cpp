@@ -1,9 +1,11 @@
 #include "tour_drawing.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QListWidget>
 #include <QMenu>
 #include <QTabWidget>
+#include <QTimer>
 #include <string>
 
 #include "qt/shell/desk_area.h"
@@ -139,6 +141,11 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     const canvas::DrawForm& form = window.area().active()->scenario();
     player.expect(form.Labels.Count() == 8 && form.Lines.Count() == 7, "the scenario was not drawn whole");
     player.expect(form.SelectedLines.Count() == 1, "no edge was selected");
+    // The mark of unsaved work follows a drawing after a while only.
+    QEventLoop waiting;
+    QTimer::singleShot(400, &waiting, &QEventLoop::quit);
+    waiting.exec();
+    player.expect(window.windowTitle().contains(QChar(0x2022)), "unsaved work is not marked");
     player.picture(window, "drawn");
     player.during("palettes", [&frame] {
         frame.run(Command::toggleNodes);

@@ -67,7 +67,6 @@ void Hand::pull(canvas::Point from, canvas::Point to) {
 void Hand::edge(canvas::Point from, canvas::Point to) {
     pull(from, to);
     release(to);
-    move({to.x + 30, to.y});
 }
 
 /// A platform without a display gives no window the focus that a closed one had.

@@ -64,6 +64,10 @@ class Bench {
         printBudget("pan", nodes, pan(ours, graph.star));
         printBudget("drag feedback", nodes, dragStep(ours, graph.star));
         printBudget("crop rectangle feedback", nodes, cropStep(ours, graph));
+        const GroupDrag group = groupDrag(ours, graph.star);
+        printBudget("drag of 1,000 selected nodes", nodes, group.step);
+        printBudget("drop of 1,000 selected nodes", nodes, group.drop);
+        std::printf("of these nodes %d edge ends follow\n", group.edges);
     }
 
     void growth() {

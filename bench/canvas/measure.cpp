@@ -158,6 +158,38 @@ double cropStep(Ours& ours, const Graph& graph) {
     return time;
 }
 
+GroupDrag groupDrag(Ours& ours, std::int32_t number) {
+    constexpr int kGroup = 1000;
+    canvas::DrawForm& form = ours.form();
+    ours.useTool("Arrow");
+    ours.showNode(number);
+    form.ClearCrop();
+    GroupDrag figures{0, 0, 0};
+    for (std::int32_t index = number - kGroup / 2; index < number + kGroup / 2; ++index) {
+        if (const canvas::LabelsD* node = form.Labels.byIndex(index)) {
+            form.SelectedLabels.Add(index);
+            figures.edges += node->StartingLines().Count() + node->EndingLines().Count();
+        }
+    }
+    settle();
+    const QPoint start = ours.pixelOf(number);
+    mouse(ours, QEvent::MouseButtonPress, start);
+    int step = 0;
+    figures.step = median(kRuns, [&] {
+        ++step;
+        mouse(ours, QEvent::MouseMove, start + QPoint(40 + 4 * step % 160, 40 + 3 * step % 90));
+        settle();
+    });
+    figures.drop = median(1, [&] {
+        mouse(ours, QEvent::MouseButtonRelease, start + QPoint(60, 50));
+        settle();
+    });
+    form.ClearCrop();
+    ours.useTool("Move");
+    settle();
+    return figures;
+}
+
 double zoomStep(Ours& ours, std::int32_t number) {
     constexpr double kStep = 1.25;
     ours.showAll();

@@ -27,6 +27,14 @@ double drop(Subject& subject, std::int32_t number, int runs);
 double hitTest(Subject& subject);
 double selectAll(Subject& subject);
 double cropStep(Ours& ours, const Graph& graph);
+/// One step of a drag with the arrow, with a thousand nodes around that one selected; what the step costs while their
+/// outlines are shown, and what the drop of all of them costs.
+struct GroupDrag {
+    double step;
+    double drop;
+    int edges;  ///< that follow
+};
+GroupDrag groupDrag(Ours& ours, std::int32_t number);
 /// One step nearer at that node, at the slowest of the scales between the whole picture and 1:1.
 double zoomStep(Ours& ours, std::int32_t number);
 /// Scroll bars cost more to paint than all else of a step, and the same on every view.

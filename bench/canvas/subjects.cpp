@@ -26,7 +26,7 @@ QPoint Ours::pixelOf(std::int32_t number) {
 }
 
 bool Ours::hits(QPoint pixel) {
-    return view_.hitAt(pixel).element != canvas::Element::picture || view_.edgeAt(view_.transform().toTwips(pixel), 1);
+    return view_.hitAt(pixel).element != canvas::Element::picture;
 }
 
 void Ours::selectAll() {

@@ -48,6 +48,9 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
 
     const std::string& DrawMode() const override { return tool; }
     void canvasFocused(const canvas::Canvas&) override {}
+    bool pressTool(std::string_view) override { return false; }
+    bool pressLetter(char) override { return false; }
+    void hint(std::string_view) override {}
     void pictureReached() override {}
     void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
@@ -70,6 +73,7 @@ class Ours : public Subject {
     void selectAll() override;
 
     qt::CanvasEditor& view() { return view_; }
+    canvas::DrawForm& form() { return form_; }
     void useTool(const std::string& tool) { host_.tool = tool; }
 
   private:

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "canvas/canvas_listener.h"
 #include "canvas/canvas_settings.h"
@@ -67,6 +68,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     MarkerBox CroppingRect;
     MarkerBox ResizeLabel;            ///< outline of the node that is being resized
     MarkerBox DragOutline;            ///< where a dragged node or handle would go
+    std::vector<Box> DragOutlines;    ///< where the other nodes of a dragged group would go
     std::int32_t EditedComment = -1;  ///< the comment whose text is being edited
 
     /// What is lit while something else is dimmed; empty as a rule.

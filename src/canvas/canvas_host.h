@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
@@ -19,6 +20,13 @@ class ToolState {
     /// A part of this canvas took the focus: the tools of its kind are switched on. Called at every press, so it costs
     /// nothing when they are on already.
     virtual void canvasFocused(const Canvas& canvas) = 0;
+
+    /// Presses the tool of that key, or the one of that letter ('A' to 'Z'). False when there is none that is enabled.
+    virtual bool pressTool(std::string_view key) = 0;
+    virtual bool pressLetter(char letter) = 0;
+
+    /// Tells for a moment why a gesture left nothing.
+    virtual void hint(std::string_view words) = 0;
 
     /// The pointer moves over the picture: a palette that was torn off a moment ago is placed at the pointer, once.
     virtual void pictureReached() = 0;

@@ -10,6 +10,14 @@
 
 namespace orvent::canvas {
 
+namespace {
+
+bool isArrow(const std::string& tool) {
+    return tool.empty() || tool == "Arrow";
+}
+
+}  // namespace
+
 CanvasPointer::CanvasPointer(CanvasForm& form, const PointerPorts& ports)
     : canvas_(form), ports_(ports), hover_(form, ports.tools), subscription_(form.listen(*this)) {}
 
@@ -18,8 +26,12 @@ CanvasPointer::~CanvasPointer() {
 }
 
 /// What a press or a move is meant for. With an edge tool a node is pressed to draw from it, so a handle above it
-/// counts only while its edge is selected.
+/// counts only while its edge is selected. A line counts unless the tool needs the picture below it.
 Hit CanvasPointer::meant(const Hit& hit) const {
+    if (hit.element == Element::line) {
+        const std::string& tool = ports_.tools.DrawMode();
+        return tool == "Crop" || canvas_.rules().places(tool) ? Hit{} : hit;
+    }
     const LinesD* edge = edgeAt(hit);
     const bool drawing = canvas_.rules().edgeTypeOf(ports_.tools.DrawMode()).has_value();
     return edge && drawing && hit.below != 0 && !edge->Selected() ? Hit{Element::node, hit.below} : hit;
@@ -30,13 +42,9 @@ LabelsD* CanvasPointer::nodeAt(const Hit& hit) const {
 }
 
 LinesD* CanvasPointer::edgeAt(const Hit& hit) const {
-    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number)) : nullptr;
-}
-
-template <class Kind, class... Start>
-void CanvasPointer::begin(Start&&... start) {
-    tool_ = ports_.tools.DrawMode();
-    gesture_ = std::make_unique<Kind>(canvas_, std::forward<Start>(start)...);
+    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number))
+           : hit.element == Element::line ? canvas_.Lines.byIndex(hit.number)
+                                          : nullptr;
 }
 
 void CanvasPointer::cancel() {
@@ -83,16 +91,20 @@ void CanvasPointer::press(const PointerEvent& event) {
         }
         return;
     }
+    const bool busy = gesture_ != nullptr;
     // Whatever is left of an earlier gesture ends here: an undecided edge, an editor, a release that never came.
     cancel();
     ports_.tools.canvasFocused(canvas_);
     captures_ = event.button == LeftButton;
-    const Hit hit = meant(event.hit);
+    const Hit hit = busy && event.hit.element == Element::line ? Hit{} : meant(event.hit);
     if (LabelsD* node = nodeAt(hit)) {
         pressNode(*node, event);
     } else if (LinesD* edge = edgeAt(hit)) {
-        pressHandle(*edge, event);
-    } else if (event.hit.element == Element::picture && event.button == LeftButton) {
+        pressEdge(*edge, event);
+        if (hit.element == Element::handle && event.button == LeftButton) {
+            begin<HandleDrag>(ports_.tools, hover_, hit.number);
+        }
+    } else if (hit.element == Element::picture && event.button == LeftButton) {
         pressPicture(event);
     }
 }
@@ -106,10 +118,12 @@ void CanvasPointer::pressPicture(const PointerEvent& event) {
     const Point at{SnapToGrid(event.at.x), SnapToGrid(event.at.y)};
     const std::string& tool = ports_.tools.DrawMode();
     if (tool == "Crop") {
-        begin<Crop>(at);
+        begin<Crop>(at, DragStart(event.at));
     } else if (LabelsD* placed = canvas_.rules().placeNode(canvas_, tool, at)) {
         captures_ = false;  // the dialog takes the release
         ports_.windows.openProperties(canvas_, *placed);
+    } else if (isArrow(tool)) {
+        begin<Crop>(at, DragStart(event.at, event.slack));
     }
 }
 
@@ -122,6 +136,8 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
         }
         return;
     }
+    const bool ofGroup = canvas_.SelectedLabels.Count() > 1 && canvas_.SelectedLabels.Item(node.Index());
+    std::vector<std::int32_t> group = ofGroup ? canvas_.SelectedLabels.members() : std::vector<std::int32_t>{};
     if (!event.ctrl) {
         canvas_.ClearCrop();
     }
@@ -133,15 +149,19 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
     if (tool == "Resize") {
         begin<NodeResize>(node, inside);
     } else if (tool == "Move") {
-        begin<NodeDrag>(node, event.at);
+        begin<NodeDrag>(ports_.tools, node, DragStart(event.at), std::vector<std::int32_t>{});
     } else if (const auto edgeType = canvas_.rules().edgeTypeOf(tool)) {
         if (canvas_.rules().mayStart(*edgeType, node)) {
-            begin<EdgeDrawing>(hover_, node, inside, *edgeType);
+            begin<EdgeDrawing>(ports_.tools, hover_, node, inside, *edgeType);
+        } else {
+            ports_.tools.hint("An edge of this kind cannot start here.");
         }
+    } else if (isArrow(tool) && !event.ctrl) {
+        begin<NodeDrag>(ports_.tools, node, DragStart(event.at, event.slack), std::move(group));
     }
 }
 
-void CanvasPointer::pressHandle(LinesD& edge, const PointerEvent& event) {
+void CanvasPointer::pressEdge(LinesD& edge, const PointerEvent& event) {
     canvas_.ActiveEdge = edge.Index();
     if (event.button == RightButton) {
         if (!edge.Selected()) {
@@ -158,7 +178,6 @@ void CanvasPointer::pressHandle(LinesD& edge, const PointerEvent& event) {
         canvas_.SelectedLines.Remove(edge.Index());
     }
     canvas_.ClearCrop();
-    begin<HandleDrag>(hover_, event.hit.number);
 }
 
 // Moves.
@@ -179,7 +198,7 @@ void CanvasPointer::hover(const PointerEvent& event) {
     const Hit hit = meant(event.hit);
     if (LabelsD* node = nodeAt(hit)) {
         hover_.overNode(*node, node->inside(event.at));
-    } else if (LinesD* edge = edgeAt(hit)) {
+    } else if (LinesD* edge = hit.element == Element::handle ? edgeAt(hit) : nullptr) {
         hover_.overHandle(*edge);
     } else {
         hover_.overPicture();
@@ -200,13 +219,21 @@ void CanvasPointer::release(const PointerEvent& event) {
     // Taken out first: a message at its end runs a loop of its own, in which the pointer may begin anew.
     if (std::unique_ptr<Gesture> held = std::move(gesture_); held && !held->release(event)) {
         gesture_ = std::move(held);
+        hover({event.hit, event.at, NoButton, event.ctrl, event.slack});  // as the first move would
     }
 }
 
 void CanvasPointer::doubleClick(const PointerEvent& event) {
     cancel();
+    if (event.button != LeftButton) {
+        return;
+    }
+    const Hit hit = meant(event.hit);
+    if (LinesD* edge = hit.element == Element::line ? edgeAt(hit) : nullptr; edge && edge->Angle() == AngleNone) {
+        edge->placeMiddle(event.at);
+    }
     LabelsD* node = nodeAt(event.hit);
-    if (!node || event.button != LeftButton) {
+    if (!node) {
         return;
     }
     if (node->NodeType() == NodeTypeComment && node->onText(event.at)) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_host.h"
@@ -22,7 +23,10 @@ struct PointerPorts {
     EntityLinks& links;
 };
 
-/// Codes of the keys of a canvas. The arrows move the selection from node to node, and Escape gives up the gesture.
+/// Codes of the keys of a canvas; those of the letters are 'A' to 'Z'. The arrows move the selection from node to node,
+/// with Ctrl they move the selected nodes. Escape gives up the gesture, or else presses the tool "Arrow". A letter
+/// presses a tool. Enter places a node, or draws an edge from the selected node to the one selected at the next
+/// Enter; with another tool it opens the dialog of the one selected node.
 enum KeyCode : int {
     EnterKey = 13,
     EscapeKey = 27,
@@ -30,7 +34,8 @@ enum KeyCode : int {
     UpKey = 38,
     RightKey = 39,
     DownKey = 40,
-    DeleteKey = 46
+    DeleteKey = 46,
+    MenuKey = 93
 };
 
 /// The gestures of a canvas: which change of the graph or of the selection a press, a move and a release mean, by the
@@ -57,8 +62,8 @@ class CanvasPointer : private CanvasListener {
     void doubleClick(const PointerEvent& event);
 
     /// True when the key means something to the canvas. `DeleteKey` does not while a button is held or a comment is
-    /// edited; `EnterKey` opens the dialog of the one selected node.
-    bool keyDown(int keyCode);
+    /// edited.
+    bool keyDown(int keyCode, bool ctrl = false);
 
     /// An item of a context menu was chosen; `name` is the item's own.
     void choose(std::string_view name);
@@ -89,15 +94,27 @@ class CanvasPointer : private CanvasListener {
     void pressPicture(const PointerEvent& event);
     void pressNode(LabelsD& node, const PointerEvent& event);
     void pressNodeMenu(LabelsD& node, const PointerEvent& event);
-    void pressHandle(LinesD& edge, const PointerEvent& event);
+    void pressEdge(LinesD& edge, const PointerEvent& event);
     void showMenu(std::string_view name, Point at);
 
     template <class Kind, class... Start>
-    void begin(Start&&... start);
+    void begin(Start&&... start) {
+        tool_ = ports_.tools.DrawMode();
+        gesture_ = std::make_unique<Kind>(canvas_, std::forward<Start>(start)...);
+    }
     void hover(const PointerEvent& event);
     void dropIfToolChanged();
     bool deleteSelected();
+
+    // Keys.
+    bool escape();
+    bool arrow(int keyCode, bool ctrl);
+    bool letter(char key);
+    bool enter();
+    bool placeInView();
     bool openSelected();
+    bool openSelectedMenu();
+    LabelsD* selectedNode() const;
     void restoreMenuTargets();
     void runAction(const ContextItem& item);
     Hit meant(const Hit& hit) const;

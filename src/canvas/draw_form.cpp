@@ -15,8 +15,9 @@ std::string DrawForm::titleMark() const {
 
 bool DrawForm::QueryUnload() {
     using namespace platform;
-    return messages().show("ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario", Icon::question,
-                           Buttons::okCancel) == Answer::ok;
+    return messages().showWith(stored.changed ? "Changes that were not saved will be lost." : "Everything is saved.",
+                               "ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario", Icon::question,
+                               Buttons::okCancel) == Answer::ok;
 }
 
 }  // namespace orvent::canvas

@@ -52,6 +52,18 @@ void LinesD::setMiddle(Point value) {
     changed();
 }
 
+void LinesD::placeMiddle(Point value) {
+    middlePlaced_ = true;
+    setMiddle(value);
+}
+
+void LinesD::centreMiddle() {
+    const Point centre = between(start().place, end().place);
+    if (angle_ == AngleNone && !middlePlaced_ && (middle_.x != centre.x || middle_.y != centre.y)) {
+        setMiddle(centre);
+    }
+}
+
 void LinesD::setEdgeType(EdgeTypeCode value) {
     edgeType_ = value;
     takeStyle();
@@ -73,6 +85,8 @@ void LinesD::takeAngle(AngleCode value) {
     const AngleCode former = std::exchange(angle_, value);
     if (value >= AngleNone && value <= AngleStraight) {
         middleHandle_ = value == AngleNone;
+        const bool corner = former == AngleVerticalUp || former == AngleVerticalDown;
+        middlePlaced_ = former != AngleStraight && (middlePlaced_ || (corner && value == AngleNone));
     }
     applyAngle(former);
 }

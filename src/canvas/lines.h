@@ -79,6 +79,10 @@ class LinesD {
     void setStart(Point value);   ///< `X1`, `Y1`; applies `Angle` again
     void setEnd(Point value);     ///< `X2`, `Y2`; applies `Angle` again
     void setMiddle(Point value);  ///< `Xm`, `Ym`
+    /// The middle point goes where a hand puts it, and stays there when nodes move.
+    void placeMiddle(Point value);
+    /// Puts the middle point back to the centre, unless a hand or an angle has placed it.
+    void centreMiddle();
 
     EdgeTypeCode EdgeType() const { return edgeType_; }
     void setEdgeType(EdgeTypeCode value);
@@ -151,6 +155,7 @@ class LinesD {
     EdgeTypeCode edgeType_ = EdgeTypeProvider;
     AngleCode angle_ = AngleNone;
     bool middleHandle_ = true;
+    bool middlePlaced_ = false;  ///< by hand, or left at the corner of an angle
     std::int32_t color_ = 0;
     bool visible_ = true;
     bool highLighted_ = false;
@@ -180,8 +185,7 @@ class LinesCollection : public IndexedTable<LinesD> {
     /// Drops the edge and leaves the lists of its nodes alone. Hands it back, nothing when there is none.
     std::unique_ptr<LinesD> Remove(std::int32_t index);
 
-    /// Drops the edge from the lists of its nodes, too. Hands it back; it still tells where its ends
-    /// were.
+    /// Drops the edge from the lists of its nodes, too. Hands it back; it still tells where its ends were.
     std::unique_ptr<LinesD> RemoveFull(std::int32_t index);
 
     void Clear();
@@ -190,7 +194,6 @@ class LinesCollection : public IndexedTable<LinesD> {
     /// A new edge that nobody is told of yet; `show` tells.
     LinesD& make(EdgeTypeCode EdgeType);
     static LinesD& show(LinesD& edge);
-
     Canvas& canvas_;
 };
 

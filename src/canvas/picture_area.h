@@ -31,6 +31,9 @@ class PictureArea {
     /// The upper left corner of what the view shows. The bars end at their `Max`, a view may reach beyond.
     Point seen() const { return {horizontal_.seen, vertical_.seen}; }
 
+    /// The middle of what the view shows.
+    Point middle() const { return {horizontal_.seen + horizontal_.window / 2, vertical_.seen + vertical_.window / 2}; }
+
     /// The picture never grows beyond this, 0 for no limit.
     void setLargest(float largest) { largest_ = largest; }
 

@@ -4,7 +4,7 @@ namespace orvent::canvas {
 
 void PointedLight::follow() {
     const PointerState state = pointer_.state();
-    if (state == PointerState::drawing || state == PointerState::pending) {
+    if (state == PointerState::drawing || state == PointerState::pending || state == PointerState::joining) {
         node_ = -1;
         stale_ = true;
         return;

@@ -1,10 +1,12 @@
-// Moving and resizing a node, and the crop rectangle.
+// Moving and resizing nodes, and the crop rectangle.
 
 #include "canvas/pointer_boxes.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
+#include "canvas/node_moves.h"
 #include "canvas/resize_zones.h"
 
 namespace orvent::canvas {
@@ -32,32 +34,68 @@ void hideMarker(CanvasForm& canvas, MarkerBox& marker) {
     canvas.tellMarkers();
 }
 
-NodeDrag::NodeDrag(CanvasForm& canvas, const LabelsD& node, Point pressed)
-    : canvas_(canvas), node_(node.Index()), pressed_(pressed) {
-    const Point inside = node.inside(pressed);
+NodeDrag::NodeDrag(CanvasForm& canvas, ToolState& tools, const LabelsD& node, DragStart start,
+                   std::vector<std::int32_t> group)
+    : canvas_(canvas), tools_(tools), node_(node.Index()), start_(start), group_(std::move(group)) {
+    const Point inside = node.inside(start.pressed());
     canvas_.DragStartX = inside.x;
     canvas_.DragStartY = inside.y;
 }
 
 void NodeDrag::follow(const PointerEvent& event) {
+    const bool before = start_.begun();
+    if (!start_.reach(event.at)) {
+        return;
+    }
+    if (!before) {
+        for (const std::int32_t index : group_) {
+            canvas_.SelectedLabels.Add(index);
+        }
+    }
     const LabelsD& node = *canvas_.Labels.byIndex(node_);
-    showDragged(canvas_,
-                {event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()},
-                event.at);
+    const Box box{event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()};
+    canvas_.DragOutlines.clear();
+    for (const std::int32_t index : group_) {
+        const LabelsD* other = index == node_ ? nullptr : canvas_.Labels.byIndex(index);
+        if (other && other->Visible()) {
+            canvas_.DragOutlines.push_back({other->Left() + box.Left - node.Left(), other->Top() + box.Top - node.Top(),
+                                            other->Width(), other->Height()});
+        }
+    }
+    showDragged(canvas_, box, event.at);
+}
+
+void NodeDrag::hide() {
+    canvas_.DragOutlines.clear();
+    hideMarker(canvas_, canvas_.DragOutline);
 }
 
 bool NodeDrag::release(const PointerEvent& event) {
-    hideMarker(canvas_, canvas_.DragOutline);
-    const bool moved = event.at.x != pressed_.x || event.at.y != pressed_.y;
-    if (moved && event.hit.element != Element::outside) {
-        LabelsD& node = *canvas_.Labels.byIndex(node_);
-        node.setBox({event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()});
+    hide();
+    const bool moved = event.at.x != start_.pressed().x || event.at.y != start_.pressed().y;
+    if (!start_.begun() || !moved) {
+        return true;
+    }
+    if (event.hit.element == Element::outside) {
+        tools_.hint("Nothing is moved out of the picture.");
+        return true;
+    }
+    LabelsD& node = *canvas_.Labels.byIndex(node_);
+    const Box box{event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()};
+    if (group_.empty()) {
+        reshape(canvas_, node, box);
+    } else {
+        moveNodes(canvas_, group_, box.Left - node.Left(), box.Top - node.Top());
     }
     return true;
 }
 
 void NodeDrag::cancel() {
-    hideMarker(canvas_, canvas_.DragOutline);
+    if (start_.begun() && !group_.empty()) {
+        canvas_.SelectedLabels.Clear();
+        canvas_.SelectedLabels.Add(node_);
+    }
+    hide();
 }
 
 NodeResize::NodeResize(CanvasForm& canvas, const LabelsD& node, Point inside) : canvas_(canvas), node_(node.Index()) {
@@ -92,7 +130,7 @@ bool NodeResize::release(const PointerEvent&) {
     canvas_.ResizeLabel.Tag = kTagAtRest;
     hideMarker(canvas_, canvas_.ResizeLabel);
     if (outline != node.box()) {
-        node.setBox(outline);
+        reshape(canvas_, node, outline);
     }
     return true;
 }
@@ -101,14 +139,24 @@ void NodeResize::cancel() {
     hideMarker(canvas_, canvas_.ResizeLabel);
 }
 
-Crop::Crop(CanvasForm& canvas, Point at)
-    : canvas_(canvas), CropStartX(at.x), CropStartY(at.y), formerSelection_(canvas.SelectedLabels.members()) {
-    canvas_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
-    canvas_.tellMarkers();
+Crop::Crop(CanvasForm& canvas, Point at, DragStart start)
+    : canvas_(canvas),
+      CropStartX(at.x),
+      CropStartY(at.y),
+      start_(start),
+      formerSelection_(canvas.SelectedLabels.members()) {
+    if (start_.begun()) {
+        canvas_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
+        canvas_.tellMarkers();
+    }
 }
 
 void Crop::follow(const PointerEvent& event) {
+    if (!start_.reach(event.at)) {
+        return;
+    }
     MarkerBox& rect = canvas_.CroppingRect;
+    rect.Visible = true;
     rect.Left = std::min(event.at.x, CropStartX);
     rect.Width = std::max(std::abs(event.at.x - CropStartX), kLeastCrop);
     rect.Top = std::min(event.at.y, CropStartY);
@@ -133,6 +181,9 @@ bool Crop::release(const PointerEvent&) {
 }
 
 void Crop::cancel() {
+    if (!start_.begun()) {
+        return;
+    }
     canvas_.SelectedLabels.Clear();
     for (const std::int32_t index : formerSelection_) {
         canvas_.SelectedLabels.Add(index);

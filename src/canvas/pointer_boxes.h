@@ -3,25 +3,32 @@
 #include <vector>
 
 #include "canvas/canvas_form.h"
+#include "canvas/canvas_host.h"
 #include "canvas/pointer_gesture.h"
 
 namespace orvent::canvas {
 
-/// A node is dragged; an outline shows where it would go.
+/// A node is dragged, alone or with the group to which it belonged; outlines show where they would go.
 class NodeDrag : public Gesture {
   public:
-    NodeDrag(CanvasForm& canvas, const LabelsD& node, Point pressed);
+    /// `group` is selected again as the drag begins, and moves as a whole; empty for the node alone.
+    NodeDrag(CanvasForm& canvas, ToolState& tools, const LabelsD& node, DragStart start,
+             std::vector<std::int32_t> group);
 
-    PointerState state() const override { return PointerState::draggingNode; }
+    PointerState state() const override { return start_.begun() ? PointerState::draggingNode : PointerState::idle; }
     void follow(const PointerEvent& event) override;
     bool release(const PointerEvent& event) override;
     void cancel() override;
     bool needsNode(std::int32_t node) const override { return node == node_; }
 
   private:
+    void hide();
+
     CanvasForm& canvas_;
+    ToolState& tools_;
     std::int32_t node_;
-    Point pressed_;
+    DragStart start_;
+    std::vector<std::int32_t> group_;
 };
 
 /// A node is resized by its border; the outline follows the pointer, and the node takes it at the end.
@@ -43,9 +50,10 @@ class NodeResize : public Gesture {
 /// A rectangle is drawn on the picture, and the selection follows it.
 class Crop : public Gesture {
   public:
-    Crop(CanvasForm& canvas, Point at);
+    /// Its first corner is at `at`; it is shown once the drag has begun.
+    Crop(CanvasForm& canvas, Point at, DragStart start);
 
-    PointerState state() const override { return PointerState::cropping; }
+    PointerState state() const override { return start_.begun() ? PointerState::cropping : PointerState::idle; }
     void follow(const PointerEvent& event) override;
     bool release(const PointerEvent& event) override;
     void cancel() override;
@@ -53,6 +61,7 @@ class Crop : public Gesture {
   private:
     CanvasForm& canvas_;
     float CropStartX, CropStartY;
+    DragStart start_;
     std::vector<std::int32_t> formerSelection_;
 };
 

@@ -1,21 +1,8 @@
-// The key and the context menus of a canvas.
+// The context menus of a canvas.
 
 #include "canvas/canvas_pointer.h"
-#include "canvas/node_walk.h"
 
 namespace orvent::canvas {
-
-namespace {
-
-struct WalkKey {
-    int key;
-    Direction direction;
-};
-
-constexpr WalkKey kWalkKeys[] = {
-    {LeftKey, Direction::left}, {RightKey, Direction::right}, {UpKey, Direction::up}, {DownKey, Direction::down}};
-
-}  // namespace
 
 void CanvasPointer::pressNodeMenu(LabelsD& node, const PointerEvent& event) {
     if (!canvas_.SelectedLabels.Item(node.Index())) {
@@ -34,51 +21,6 @@ void CanvasPointer::showMenu(std::string_view name, Point at) {
         menuEdge_ = canvas_.ActiveEdge;
         ports_.windows.showMenu(canvas_, *menu, at);
     }
-}
-
-bool CanvasPointer::keyDown(int keyCode) {
-    if (keyCode == DeleteKey) {
-        return deleteSelected();
-    }
-    if (keyCode == EnterKey) {
-        return openSelected();
-    }
-    if (keyCode == EscapeKey) {
-        cancel();
-        return true;
-    }
-    for (const WalkKey& row : kWalkKeys) {
-        if (row.key == keyCode) {
-            cancel();
-            if (const LabelsD* node = walk(canvas_, row.direction)) {
-                ports_.windows.reveal(canvas_, *node);
-            }
-            return true;
-        }
-    }
-    return false;
-}
-
-bool CanvasPointer::openSelected() {
-    const auto selected = canvas_.SelectedLabels.members();
-    LabelsD* node = selected.size() == 1 ? canvas_.Labels.byIndex(selected.front()) : nullptr;
-    if (!node || captures_ || state() == PointerState::editing) {
-        return false;
-    }
-    cancel();
-    canvas_.ActiveLabel = node->Index();
-    ports_.windows.openProperties(canvas_, *node);
-    return true;
-}
-
-bool CanvasPointer::deleteSelected() {
-    if (captures_ || state() == PointerState::editing) {
-        return false;
-    }
-    cancel();
-    DeleteSelectedNodes(canvas_, kEveryNodeType, ports_.links, canvas_.rules());
-    DeleteSelectedEdges(canvas_, canvas_.rules());
-    return true;
 }
 
 void CanvasPointer::choose(std::string_view name) {

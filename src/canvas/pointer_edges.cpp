@@ -2,6 +2,11 @@
 
 #include "canvas/pointer_edges.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
 #include "canvas/canvas_rules.h"
 #include "canvas/pointer_boxes.h"
 
@@ -13,10 +18,49 @@ bool isEnd(const LinesD& edge, const LabelsD& node) {
     return node.Index() == edge.FromLabel() || node.Index() == edge.ToLabel();
 }
 
+/// Dims the nodes at which an edge of that kind from the source could not end.
+void lightEnds(CanvasForm& canvas, EdgeTypeCode edgeType, const LabelsD& source) {
+    Light light;
+    light.dimsEdges = false;
+    for (const LabelsD& node : canvas.Labels) {
+        if (node.Index() == source.Index() || canvas.rules().mayRelate(canvas, edgeType, source, node)) {
+            light.nodes.push_back(node.Index());
+        }
+    }
+    std::sort(light.nodes.begin(), light.nodes.end());
+    canvas.setLight(std::move(light));
+}
+
+struct GrabPair {
+    std::int16_t from = 0, to = 0;
+};
+
+GrabPair nearestGrabPoints(const LabelsD& source, const LabelsD& target) {
+    constexpr std::int16_t kMostPoints = 5;
+    GrabPair best;
+    float least = std::numeric_limits<float>::infinity();
+    for (std::int16_t from = 1; from <= kMostPoints; ++from) {
+        for (std::int16_t to = 1; to <= kMostPoints; ++to) {
+            if (source.LineArrowDirection(from).empty() || target.LineArrowDirection(to).empty()) {
+                continue;
+            }
+            const Point a = source.GrabPoint(from);
+            const Point b = target.GrabPoint(to);
+            const float way = std::hypot(a.x - b.x, a.y - b.y);
+            if (way < least) {
+                least = way;
+                best = {from, to};
+            }
+        }
+    }
+    return best;
+}
+
 }  // namespace
 
-EdgeDrawing::EdgeDrawing(CanvasForm& canvas, PointerHover& hover, LabelsD& source, Point inside, EdgeTypeCode edgeType)
-    : canvas_(canvas), source_(source.Index()) {
+EdgeDrawing::EdgeDrawing(CanvasForm& canvas, ToolState& tools, PointerHover& hover, LabelsD& source, Point inside,
+                         EdgeTypeCode edgeType)
+    : canvas_(canvas), tools_(tools), hover_(hover), source_(source.Index()) {
     if (hover.grabNode() != source_) {
         hover.showGrabber(source, inside);
     }
@@ -33,11 +77,25 @@ PointerState EdgeDrawing::state() const {
 }
 
 void EdgeDrawing::follow(const PointerEvent& event) {
-    canvas_.Lines.byIndex(edge_)->setEnd(event.at);
+    LinesD& edge = *canvas_.Lines.byIndex(edge_);
+    const LabelsD& source = *canvas_.Labels.byIndex(source_);
+    if (!std::exchange(lit_, true)) {
+        lightEnds(canvas_, edge.EdgeType(), source);
+    }
+    edge.setEnd(event.at);
+    const bool over = event.hit.element == Element::node || event.hit.element == Element::handle;
+    LabelsD* target =
+        over ? canvas_.Labels.byIndex(event.hit.element == Element::node ? event.hit.number : event.hit.below)
+             : nullptr;
+    if (target && target->Index() != source_ && canvas_.light().holdsNode(target->Index())) {
+        hover_.showGrabber(*target, target->inside(event.at));
+    } else {
+        hover_.hideGrabber();
+    }
 }
 
 void EdgeDrawing::pressAside(Point at) {
-    canvas_.Lines.byIndex(edge_)->setMiddle(at);
+    canvas_.Lines.byIndex(edge_)->placeMiddle(at);
 }
 
 bool EdgeDrawing::release(const PointerEvent&) {
@@ -46,22 +104,24 @@ bool EdgeDrawing::release(const PointerEvent&) {
 }
 
 /// The canvas draws nothing any more, and the edge is on its own.
-LinesD& EdgeDrawing::takeEdge() {
+void EdgeDrawing::letGo() {
     canvas_.RubberBand = false;
     canvas_.ConnectPending = false;
     canvas_.ConnectFromLabel = -1;
+    canvas_.setLight({});
     canvas_.tellMarkers();
-    return *canvas_.Lines.byIndex(edge_);
 }
 
 bool EdgeDrawing::hover(const Hit& hit) {
-    if (!canvas_.ConnectPending || (hit.element != Element::node && hit.element != Element::picture)) {
+    if (!canvas_.ConnectPending || hit.element == Element::handle || hit.element == Element::outside) {
         return false;
     }
     LabelsD* target = hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
-    LinesD& edge = takeEdge();
+    letGo();
+    LinesD& edge = *canvas_.Lines.byIndex(edge_);
     if (!target || target->Index() == source_) {
         canvas_.Lines.Remove(edge_);
+        tools_.hint(target ? "An edge ends at another node than it starts from." : "An edge ends at a node.");
         return true;
     }
     edge.attach(EdgeEnd::start, *canvas_.Labels.byIndex(source_), edge.FromGrabbingPoint());
@@ -71,8 +131,31 @@ bool EdgeDrawing::hover(const Hit& hit) {
 }
 
 void EdgeDrawing::cancel() {
-    takeEdge();
+    letGo();
     canvas_.Lines.Remove(edge_);
+}
+
+EdgeJoining::EdgeJoining(CanvasForm& canvas, ToolState& tools, const LabelsD& source, EdgeTypeCode edgeType)
+    : canvas_(canvas), tools_(tools), source_(source.Index()), edgeType_(edgeType) {
+    lightEnds(canvas_, edgeType, source);
+    tools_.hint("Go to the other node and press Enter.");
+}
+
+void EdgeJoining::cancel() {
+    canvas_.setLight({});
+}
+
+void EdgeJoining::join(const LabelsD& target) {
+    canvas_.setLight({});
+    if (target.Index() == source_) {
+        tools_.hint("An edge ends at another node than it starts from.");
+        return;
+    }
+    const GrabPair points = nearestGrabPoints(*canvas_.Labels.byIndex(source_), target);
+    if (LinesD* edge =
+            canvas_.Lines.addFullLine(source_, points.from, target.Index(), points.to, edgeType_, AngleNone, 0)) {
+        canvas_.rules().edgeCompleted(canvas_, *edge);
+    }
 }
 
 void HandleDrag::follow(const PointerEvent& event) {
@@ -88,7 +171,9 @@ void HandleDrag::cancel() {
 bool HandleDrag::release(const PointerEvent& event) {
     if (begun_) {
         hideMarker(canvas_, canvas_.DragOutline);
-        if (event.hit.element != Element::outside) {
+        if (event.hit.element == Element::outside) {
+            tools_.hint("Nothing is moved out of the picture.");
+        } else {
             drop(*canvas_.Lines.byIndex(edgeOfHandle(handle_)),
                  event.hit.element == Element::node ? canvas_.Labels.byIndex(event.hit.number) : nullptr, event.at);
         }
@@ -99,19 +184,22 @@ bool HandleDrag::release(const PointerEvent& event) {
 void HandleDrag::drop(LinesD& edge, LabelsD* node, Point at) {
     const HandlePart part = partOfHandle(handle_);
     if (part != HandlePart::middle) {
-        if (node && !isEnd(edge, *node)) {
+        if (!node) {
+            tools_.hint("The end of an edge goes to a node.");
+        } else if (!isEnd(edge, *node)) {
             dropEnd(edge, part, *node, node->inside(at));
         }
     } else if (node && isEnd(edge, *node)) {
         canvas_.rules().middleOnOwnEnd(edge);
     } else {
-        edge.setMiddle(at);
+        edge.placeMiddle(at);
     }
 }
 
 void HandleDrag::dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Point inside) {
     const bool atStart = part == HandlePart::start;
     if (!canvas_.rules().mayRedirect(canvas_, edge, atStart, target)) {
+        tools_.hint(atStart ? "This edge cannot start there." : "This edge cannot end there.");
         return;
     }
     target.DrawRect(inside.x, inside.y);

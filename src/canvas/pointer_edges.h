@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/canvas_form.h"
+#include "canvas/canvas_host.h"
 #include "canvas/pointer_gesture.h"
 #include "canvas/pointer_hover.h"
 
@@ -9,7 +10,8 @@ namespace orvent::canvas {
 /// An edge is drawn from a node. It is a member of `Lines` without a target meanwhile.
 class EdgeDrawing : public Gesture {
   public:
-    EdgeDrawing(CanvasForm& canvas, PointerHover& hover, LabelsD& source, Point inside, EdgeTypeCode edgeType);
+    EdgeDrawing(CanvasForm& canvas, ToolState& tools, PointerHover& hover, LabelsD& source, Point inside,
+                EdgeTypeCode edgeType);
 
     PointerState state() const override;
     void follow(const PointerEvent& event) override;
@@ -21,18 +23,40 @@ class EdgeDrawing : public Gesture {
     bool needsEdge(std::int32_t edge) const override { return edge == edge_; }
 
   private:
-    LinesD& takeEdge();
+    void letGo();
 
     CanvasForm& canvas_;
+    ToolState& tools_;
+    PointerHover& hover_;
     std::int32_t source_;
     std::int32_t edge_;
+    bool lit_ = false;  ///< its possible ends are
+};
+
+/// An edge is drawn by the keyboard: its source is settled, and a key will settle its target.
+class EdgeJoining : public Gesture {
+  public:
+    EdgeJoining(CanvasForm& canvas, ToolState& tools, const LabelsD& source, EdgeTypeCode edgeType);
+
+    /// The edge leads to that node, by the grab points that lie nearest to each other.
+    void join(const LabelsD& target);
+
+    PointerState state() const override { return PointerState::joining; }
+    void cancel() override;
+    bool needsNode(std::int32_t node) const override { return node == source_; }
+
+  private:
+    CanvasForm& canvas_;
+    ToolState& tools_;
+    std::int32_t source_;
+    EdgeTypeCode edgeType_;
 };
 
 /// A handle of an edge is held, and dragged once the pointer moves.
 class HandleDrag : public Gesture {
   public:
-    HandleDrag(CanvasForm& canvas, PointerHover& hover, std::int32_t handle)
-        : canvas_(canvas), hover_(hover), handle_(handle) {}
+    HandleDrag(CanvasForm& canvas, ToolState& tools, PointerHover& hover, std::int32_t handle)
+        : canvas_(canvas), tools_(tools), hover_(hover), handle_(handle) {}
 
     PointerState state() const override { return begun_ ? PointerState::draggingHandle : PointerState::idle; }
     void follow(const PointerEvent& event) override;
@@ -45,6 +69,7 @@ class HandleDrag : public Gesture {
     void dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Point inside);
 
     CanvasForm& canvas_;
+    ToolState& tools_;
     PointerHover& hover_;
     std::int32_t handle_;
     bool begun_ = false;

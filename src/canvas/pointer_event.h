@@ -1,17 +1,18 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 #include "canvas/point.h"
 
 namespace orvent::canvas {
 
-/// What lies topmost under the pointer. The view finds it; a visible handle lies above a node.
-enum class Element { picture, node, handle, outside };
+/// What lies topmost under the pointer. The view finds it; a visible handle lies above a node, a node above a line.
+enum class Element { picture, node, handle, line, outside };
 
 struct Hit {
     Element element = Element::picture;
-    std::int32_t number = 0;  ///< the node's `Index`, or the handle's number (`StartBox`, `MidBox`, `EndBox`)
+    std::int32_t number = 0;  ///< the node's `Index`, the handle's number (`StartBox`, ...), or the line's edge
     std::int32_t below = 0;   ///< the node under the handle, 0 for none
 
     bool operator==(const Hit&) const = default;
@@ -27,9 +28,30 @@ struct PointerEvent {
     Point at;               ///< twips on the picture
     int button = NoButton;  ///< press, release: the button that changed; move: the buttons held
     bool ctrl = false;
+    float slack = 0;  ///< how far the pointer may stray, in twips, before a press is a drag
+};
+
+/// Whether a held pointer has gone so far that its press is a drag.
+class DragStart {
+  public:
+    DragStart(Point pressed, float slack) : pressed_(pressed), slack_(slack) {}
+    /// A press that is a drag at once.
+    explicit DragStart(Point pressed) : pressed_(pressed), begun_(true) {}
+
+    bool begun() const { return begun_; }
+    /// True once the pointer was farther than allowed.
+    bool reach(Point at) {
+        return begun_ = begun_ || std::abs(at.x - pressed_.x) + std::abs(at.y - pressed_.y) > slack_;
+    }
+    Point pressed() const { return pressed_; }
+
+  private:
+    Point pressed_;
+    float slack_ = 0;
+    bool begun_ = false;
 };
 
 /// What a canvas is doing with the pointer.
-enum class PointerState { idle, drawing, pending, draggingNode, draggingHandle, resizing, cropping, editing };
+enum class PointerState { idle, drawing, pending, draggingNode, draggingHandle, resizing, cropping, joining, editing };
 
 }  // namespace orvent::canvas

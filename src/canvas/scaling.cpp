@@ -48,6 +48,9 @@ void Zoom(Canvas& canvas, bool ZoomIN, double By, platform::Progress& progress) 
         node.setBox({scaled(node.Left(), factor), scaled(node.Top(), factor), scaled(node.Width(), factor),
                      scaled(node.Height(), factor)});
     }
+    for (LinesD& edge : canvas.Lines) {
+        edge.centreMiddle();
+    }
     canvas.PicForm.setSize(scaled(canvas.PicForm.Width(), factor), scaled(canvas.PicForm.Height(), factor));
     canvas.growPicture();
     progress.status("Ready");

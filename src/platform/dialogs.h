@@ -25,6 +25,13 @@ class MessageBox {
     /// Shows the box and waits for the answer. An empty title shows the program's name.
     virtual Answer show(const std::string& text, const std::string& title, Icon icon, Buttons buttons) = 0;
 
+    /// The same with a smaller line below the text, where the box has one.
+    virtual Answer showWith(const std::string& smaller, const std::string& text, const std::string& title, Icon icon,
+                            Buttons buttons) {
+        static_cast<void>(smaller);
+        return show(text, title, icon, buttons);
+    }
+
     void tell(const std::string& text, const std::string& title = {}, Icon icon = Icon::none) {
         show(text, title, icon, Buttons::ok);
     }

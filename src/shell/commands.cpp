@@ -130,13 +130,19 @@ constexpr std::array<Command, kMenuBarButtons> kMenuBar = {newScenario, loadScen
 
 constexpr std::array kHandyKeys = {
     HandyKey{"Del", "Delete what is selected"},
-    HandyKey{"Esc", "Give up what the mouse is doing"},
+    HandyKey{"Esc", "Give up the gesture; again: the arrow"},
     HandyKey{"Arrow keys", "Select the next node in that direction"},
+    HandyKey{"Ctrl+Arrow keys", "Move the selected nodes by 100 twips"},
+    HandyKey{"Enter", "Open a node; with a tool, place one or draw an edge"},
+    HandyKey{"Shift+F10", "Open the menu of what is selected"},
+    HandyKey{"Drag a node", "Move it, or the whole selection"},
+    HandyKey{"Drag the ground", "Select what lies in a rectangle"},
     HandyKey{"Ctrl+Click", "Select one more, or one less"},
     HandyKey{"Mouse wheel", "Scroll; with Shift, sideways"},
     HandyKey{"Ctrl+Mouse wheel", "Show the picture larger or smaller"},
     HandyKey{"Middle button", "Drag the picture"},
-    HandyKey{"Double click", "Open a node; edit the text of a comment"},
+    HandyKey{"Double click", "Open a node; edit a comment; set a line's corner"},
+    HandyKey{"Ctrl+Q", "End the program"},
 };
 
 }  // namespace

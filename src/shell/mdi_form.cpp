@@ -228,6 +228,7 @@ bool MDIForm1::close(canvas::CanvasForm& form) {
         ports_.messages.tell(form.Caption() + " stays open until its dialog is closed.", {}, Icon::information);
         return false;
     }
+    noticeChanges(form);  // its question tells whether something is lost
     if (!form.QueryUnload()) {
         return false;
     }

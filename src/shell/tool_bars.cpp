@@ -17,28 +17,28 @@ constexpr std::array<ToolButton, kMenuBarButtons> kMenuBar = {{
 }};
 
 constexpr std::array<ToolButton, 4> kArrowBar = {{
-    {"Arrow", "None", "arrow"},
-    {"Move", "Move", "move"},
-    {"Resize", "Resize", "resize"},
-    {"Crop", "Crop", "crop"},
+    {"Arrow", "None", "arrow", 'V'},
+    {"Move", "Move", "move", 'M'},
+    {"Resize", "Resize", "resize", 'S'},
+    {"Crop", "Crop", "crop", 'X'},
 }};
 
 constexpr std::array<ToolButton, 8> kNodeBar = {{
-    {"RecordSet", "Record Set", "record-set"},
-    {"Activity", "Activity", "activity"},
-    {"Comment", "Comment", "comment"},
-    {"Log", "Log", "log"},
-    {"Function", "Function", "function"},
-    {"Constant", "Constant", "constant"},
-    {"Attribute", "Attribute", "attribute"},
-    {"Parameter", "Parameter", "parameter"},
+    {"RecordSet", "Record Set", "record-set", 'R'},
+    {"Activity", "Activity", "activity", 'A'},
+    {"Comment", "Comment", "comment", 'C'},
+    {"Log", "Log", "log", 'L'},
+    {"Function", "Function", "function", 'F'},
+    {"Constant", "Constant", "constant", 'K'},
+    {"Attribute", "Attribute", "attribute", 'T'},
+    {"Parameter", "Parameter", "parameter", 'P'},
 }};
 
 constexpr std::array<ToolButton, 4> kEdgeBar = {{
-    {"Provider", "Provider Relationships", "provider"},
-    {"Description", "Description", "description"},
-    {"Regulator", "Regulator", "regulator"},
-    {"PartOf", "PartOf", "part-of"},
+    {"Provider", "Provider Relationships", "provider", 'E'},
+    {"Description", "Description", "description", 'D'},
+    {"Regulator", "Regulator", "regulator", 'G'},
+    {"PartOf", "PartOf", "part-of", 'O'},
 }};
 
 /// What one of the three states does to a button. `off` also releases it.
@@ -179,6 +179,35 @@ void ToolBars::enablePrintAndSave(bool enabled) {
 
 void ToolBars::canvasFocused(const canvas::Canvas& canvas) {
     canvas.isZoom() ? setZoomState(canvas) : setDesignState(canvas);
+}
+
+template <class Wanted>
+bool ToolBars::pressFirst(const Wanted& wanted) {
+    for (const ToolBar bar : kTools) {
+        int position = 0;
+        for (const ToolButton& button : toolButtons(bar)) {
+            ++position;
+            if (wanted(button) && isEnabled(bar, position)) {
+                press(bar, position);
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+bool ToolBars::pressTool(std::string_view key) {
+    return pressFirst([key](const ToolButton& button) { return button.key == key; });
+}
+
+bool ToolBars::pressLetter(char letter) {
+    return pressFirst([letter](const ToolButton& button) { return button.letter == letter; });
+}
+
+void ToolBars::hint(std::string_view words) {
+    if (hinted) {
+        hinted(words);
+    }
 }
 
 void ToolBars::tell() {

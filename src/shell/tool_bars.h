@@ -22,6 +22,7 @@ struct ToolButton {
     std::string_view key;  ///< what `DrawMode` holds while a tool is pressed
     std::string_view toolTip;
     std::string_view icon;
+    char letter = 0;  ///< the key that presses it on a canvas, 0 for none
 };
 
 /// The buttons of a bar; positions count from 1.
@@ -56,10 +57,14 @@ class ToolBars : public canvas::ToolState {
 
     // canvas::ToolState
     void canvasFocused(const canvas::Canvas& canvas) override;
+    bool pressTool(std::string_view key) override;
+    bool pressLetter(char letter) override;
+    void hint(std::string_view words) override;
     void pictureReached() override { palettes.place(); }
 
     Palettes palettes;
-    std::function<void()> changed;  ///< the bars have to be shown again
+    std::function<void()> changed;                 ///< the bars have to be shown again
+    std::function<void(std::string_view)> hinted;  ///< words are to be shown for a moment
 
   private:
     static constexpr std::size_t kMostButtons = 8;
@@ -71,6 +76,8 @@ class ToolBars : public canvas::ToolState {
     const Button& state(ToolBar bar, int position) const;
     Button& state(ToolBar bar, int position);
     void apply(int column, bool anyDeleted);
+    template <class Wanted>
+    bool pressFirst(const Wanted& wanted);
     void tell();
 
     std::array<std::array<Button, kMostButtons>, kToolBars> buttons_;

@@ -101,7 +101,7 @@ TEST(Scaling, BoxesAndPictureAreMultiplied) {
     EXPECT_EQ(node.Left(), 1500);
     EXPECT_EQ(node.Height(), 450);
     EXPECT_EQ(edge.Y1(), 18225);
-    EXPECT_EQ(edge.Xm(), middle);
+    EXPECT_EQ(edge.Xm(), 1.5F * middle);
     EXPECT_EQ(form.PicForm.Width(), 26250);  // the rightmost node reaches beyond 25500
     EXPECT_EQ(form.PicForm.Height(), 19500);
     Zoom(form, false, 3, progress);

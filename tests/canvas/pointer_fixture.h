@@ -17,6 +17,7 @@ class LoggingHost : public canvas::ToolState,
                     public platform::MessageBox {
   public:
     std::string tool;
+    std::string hints;  ///< what was told for a moment
 
     ~LoggingHost() override { EXPECT_EQ(log_, "") << "asked without being expected"; }
     std::string taken() { return std::exchange(log_, ""); }
@@ -24,6 +25,15 @@ class LoggingHost : public canvas::ToolState,
     const std::string& DrawMode() const override { return tool; }
     void canvasFocused(const canvas::Canvas&) override {}
     void pictureReached() override {}
+    bool pressTool(std::string_view key) override {
+        tool = key;
+        return true;
+    }
+    bool pressLetter(char letter) override {
+        tool = letter == 'M' ? "Move" : tool;
+        return letter == 'M';
+    }
+    void hint(std::string_view words) override { hints += std::string(words) + "|"; }
     void openProperties(canvas::CanvasForm&, canvas::LabelsD& node) override { log_ += " dialog " + node.Caption(); }
     void openZoom(canvas::CanvasForm&, canvas::LabelsD& node) override { log_ += " zoom " + node.Caption(); }
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD& node) override {
@@ -38,6 +48,12 @@ class LoggingHost : public canvas::ToolState,
     platform::Answer show(const std::string& text, const std::string&, platform::Icon, platform::Buttons) override {
         log_ += " says " + text;
         return platform::Answer::ok;
+    }
+    platform::Answer showWith(const std::string& smaller, const std::string& text, const std::string& title,
+                              platform::Icon icon, platform::Buttons buttons) override {
+        const platform::Answer answer = show(text, title, icon, buttons);
+        log_ += " / " + smaller;
+        return answer;
     }
 
   private:
@@ -67,8 +83,8 @@ struct PointerStage {
         form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0);
     }
 
-    /// Plays events, divided by "|": a verb, an element (p picture, o outside, n2 node, h3 handle, h3@2 handle above a
-    /// node) or a word, a place, and letters: R right button, C Ctrl, L left button held.
+    /// Plays events, divided by "|": a verb, an element (p picture, o outside, n2 node, l1 line, h3 handle, h3@2 handle
+    /// above a node) or a word, a place, and letters: R right button, C Ctrl, L left button held.
     void play(const std::string& events) {
         std::istringstream all(events);
         for (std::string one; std::getline(all, one, '|');) {
@@ -78,11 +94,13 @@ struct PointerStage {
             words >> verb >> element >> event.at.x >> event.at.y >> letters;
             const int number = element.size() > 1 ? std::atoi(element.c_str() + 1) : 0;
             using enum canvas::Element;
-            event.hit.element = std::map<char, canvas::Element>{{'n', node}, {'h', handle}, {'o', outside}}[element[0]];
+            event.hit.element =
+                std::map<char, canvas::Element>{{'n', node}, {'h', handle}, {'l', line}, {'o', outside}}[element[0]];
             event.hit.number = number;
             const std::size_t below = element.find('@');
             event.hit.below = below == std::string::npos ? 0 : std::atoi(element.c_str() + below + 1);
             event.ctrl = letters == "C";
+            event.slack = 60;
             event.button = letters == "R" ? canvas::RightButton : canvas::LeftButton;
             if (verb == "move") {
                 event.button = letters == "L" ? canvas::LeftButton : canvas::NoButton;
@@ -94,6 +112,7 @@ struct PointerStage {
                 : verb == "release" ? pointer->release(event)
                 : verb == "double"  ? pointer->doubleClick(event)
                 : verb == "key"     ? void(pointer->keyDown(canvas::DeleteKey))
+                : verb == "code"    ? void(pointer->keyDown(std::stoi(element), words.str().ends_with('C')))
                 : verb == "choose"  ? pointer->choose(element)
                 : verb == "tool"    ? void(host.tool = element)
                 : verb == "cancel"  ? pointer->cancel()

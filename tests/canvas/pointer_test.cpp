@@ -11,32 +11,38 @@ namespace {
 const std::string kDraw = "move n1 1900 1200|press n1 1900 1200|move n1 2500 1100 L|";
 
 TEST(Pointer, WhatAGestureLeaves) {
-    const std::string released = kDraw + "release n5 5000 1200|";
+    const std::string released = kDraw + "release h3 5000 1200|";
     const std::string invalid = " says This Relationship Is Not Valid";
     const struct {
         const char* tool;
         std::string events, seen;
     } rows[] = {
-        // Drawing: the move after the release decides.
+        // Drawing: the release decides, over a handle the move after it.
+        {"Provider", kDraw + "release n5 5100 1200", "1.3-2.1 1.3-5.1 [1/0]"},
+        {"Provider", kDraw + "release p 4500 1200", "1.3-2.1 [1/0]"},
+        {"Provider", kDraw + "release l1 2500 1200", "1.3-2.1 [1/0]"},
+        {"Provider", kDraw + "release n1 1900 1200", "1.3-2.1 [1/0]"},
+        {"Provider", kDraw + "release n3 1500 3100", "1.3-2.1 [1/0]" + invalid},
+        {"Provider", kDraw + "release h3@2 3500 1150", "1.3-2.1 1.3-2.3 [1/0]"},
         {"Provider", released + "move n5 5100 1200", "1.3-2.1 1.3-5.1 [1/0]"},
         {"Provider", released + "move h3 1 1|move o 1 1|move n2 3500 1000", "1.3-2.1 1.3-2.3 [1/0]"},
         {"Provider", released + "move n1 1100 1200", "1.3-2.1 [1/0]"},
         {"Provider", released + "move p 4500 1200", "1.3-2.1 [1/0]"},
         {"Provider", released + "move n3 1500 3100", "1.3-2.1 [1/0]" + invalid},
-        {"Provider", released + "press n5 5100 1200|release n5 1 1", "1.3-2.1 5.1-0.0 [5/0]"},
+        {"Provider", released + "press n5 5100 1200|release n5 1 1", "1.3-2.1 [5/0]"},
         {"Provider", released + "key|", "[/0] unlink RS"},
         {"Provider", kDraw + "key|cancel", "1.3-2.1 [1/0]"},
         {"Provider", kDraw + "tool Arrow|move n1 1 1 L|release n1 1 1", "1.3-2.1 [1/0]"},
         {"Provider", kDraw + "move n5 5100 1200|", "1.3-2.1 [1/0]"},
-        {"Provider", "press n1 1100 1200|release n1 1 1|move n2 3100 1500", "1.3-2.1 1.1-2.2 [1/0]"},
-        {"Description", "press n1 1100 1200|release n1 1 1|move n2 3100 1100", "1.3-2.1 [1/0]"},
-        {"Description", "press n3 1100 3300|release n1 1 1|move n2 3100 1100", "1.3-2.1 3.1-2.1 [3/0]"},
-        {"Description", "press n3 1100 3300|release n1 1 1|move n1 1100 1100", "1.3-2.1 [3/0]" + invalid},
-        {"Description", "press n2 3500 1500|release n1 1 1|move n4 3500 3010", "1.3-2.1 2.5-4.2 [2/0]"},
-        {"Regulator", "press n2 3500 1500|release n1 1 1|move n5 5500 1010", "1.3-2.1 [2/0]"},
+        {"Provider", "press n1 1100 1200|release h3 1 1|move n2 3100 1500", "1.3-2.1 1.1-2.2 [1/0]"},
+        {"Description", "press n1 1100 1200|release h3 1 1|move n2 3100 1100", "1.3-2.1 [1/0]"},
+        {"Description", "press n3 1100 3300|release h3 1 1|move n2 3100 1100", "1.3-2.1 3.1-2.1 [3/0]"},
+        {"Description", "press n3 1100 3300|release h3 1 1|move n1 1100 1100", "1.3-2.1 [3/0]" + invalid},
+        {"Description", "press n2 3500 1500|release h3 1 1|move n4 3500 3010", "1.3-2.1 2.5-4.2 [2/0]"},
+        {"Regulator", "press n2 3500 1500|release h3 1 1|move n5 5500 1010", "1.3-2.1 [2/0]"},
         // With an edge tool a node is taken before the handles above it, but for those of selected edges.
-        {"Provider", "press h3@2 3500 1150|release n2 1 1|move n5 5100 1200", "1.3-2.1 2.3-5.1 [2/0]"},
-        {"Provider", kDraw + "release n2 1 1|move h3@2 3500 1150", "1.3-2.1 1.3-2.3 [1/0]"},
+        {"Provider", "press h3@2 3500 1150|release h3 1 1|move n5 5100 1200", "1.3-2.1 2.3-5.1 [2/0]"},
+        {"Provider", kDraw + "release h3 1 1|move h3@2 3500 1150", "1.3-2.1 1.3-2.3 [1/0]"},
         {"Provider", "press h3@2 3500 1150 R", "1.3-2.1 [2/0] ActivityM"},
         {"Provider", "press h2 1 1|release h2 1 1|press h3@2 3500 1150|move n5 1 1 L|release n5 5100 1200",
          "1.3-5.1 [/1]"},
@@ -51,6 +57,12 @@ TEST(Pointer, WhatAGestureLeaves) {
         {"Arrow", "press n1 1 1|press n2 1 1 C|press n1 1 1 C", "1.3-2.1 [2/0]"},
         {"Arrow", "press n1 1 1|press h2 1 1|press h2 1 1 C|press h2 1 1 C|release h2 1 1|key", "[/0]"},
         {"Arrow", "press h2 1 1|press n1 1 1|press p 1 1 C", "1.3-2.1 [1/0]"},
+        // Lines are pressed as handles are, unless the tool needs the picture below them; they begin no drag.
+        {"Arrow", "press l1 2500 1200|move n5 5100 1200 L|release n5 5100 1200", "1.3-2.1 [/1]"},
+        {"Provider", "press n1 1 1|release n1 1 1|press l1 2500 1200 R", "1.3-2.1 [1/1] EdgesM"},
+        {"Provider", released + "press l1 2500 1200", "1.3-2.1 [/0]"},
+        {"Crop", "press l1 2500 1200", "1.3-2.1 [/0]"},
+        {"RecordSet", "press l1 2500 1200", "1.3-2.1 [/0] dialog RecordSet1"},
         // The menu of an edge that is not selected selects it.
         {"Arrow", "press n1 1 1|release n1 1 1|press h2 1 1 R", "1.3-2.1 [1/1] EdgesM"},
         {"Arrow", "press h2 1 1 R|press h2 1 1 R|choose EdgeDeleteM", "[/0] EdgesM EdgesM"},
@@ -73,6 +85,7 @@ TEST(Pointer, WhatAGestureLeaves) {
         EXPECT_EQ(stage.seen(), row.seen);
         stage.play("cancel");
         EXPECT_EQ(stage.pointer->state(), PointerState::idle);
+        EXPECT_TRUE(stage.form.light().isEmpty() && stage.form.DragOutlines.empty());
         EXPECT_FALSE(stage.form.RubberBand || stage.form.ConnectPending || stage.form.CroppingRect.Visible ||
                      stage.form.ResizeLabel.Visible || stage.form.DragOutline.Visible);
         std::ptrdiff_t ends = 0;
@@ -91,7 +104,7 @@ TEST(Pointer, AnEdgeFollowsThePointerAndKeepsItsCorner) {
     EXPECT_EQ(places(), "2050 1200 2500 1100");
     stage.play("press n1 2600 1700 R|move n1 2700 9000 L");
     EXPECT_EQ(places(), "2600 1700 2700 9000");
-    stage.play("release p 1 1|move n5 5100 1200");
+    stage.play("release h3 1 1|move n5 5100 1200");
     EXPECT_EQ(places(), "2600 1700 4950 1200");
     EXPECT_EQ(edge.arrowImage(), "ArrowR");
 }
@@ -110,6 +123,12 @@ TEST(Pointer, WhereADragEnds) {
         {"Move", at + "move p 3e30 1e12 L|release p 3e30 1e12", "3e+30 1e+12 1000 400", "3e+30 1e+12 1000 400"},
         {"Move", at + "move o 1110 1210 L|release o 1110 1210", "1010 1010 1000 400", still},
         {"Move", at + "move p 5000 5000 L|cancel", "4900 4800 1000 400", still},
+        {"Arrow", at + "move p 1140 1220 L|release p 1140 1220", "hidden", still},
+        {"Arrow", at + "move p 1140 1230 L|move p 1130 1200 L|release p 1120 1200", "1030 1000 1000 400",
+         "1020 1000 1000 400"},
+        {"Arrow", at + "move p 5000 5000 L|cancel", "4900 4800 1000 400", still},
+        {"Arrow", "press n1 1100 1200 C|move p 3000 3000 L|release p 3000 3000", "hidden", still},
+        {"Provider", at + "move p 3000 3000 L|cancel", "hidden", still},
         {"Resize", "press n1 1990 1390|move p 2500 2000 L|release p 0 0", "1000 1000 1500 1000", "1000 1000 1500 1000"},
         {"Resize", "press n1 1010 1010|move p 900 800 L|release p 0 0", "900 800 1100 600", "900 800 1100 600"},
         {"Resize", "press n1 1010 1390|move p 1100 1500 L|release p 0 0", "1100 1000 900 500", "1100 1000 900 500"},
@@ -136,6 +155,67 @@ TEST(Pointer, WhereADragEnds) {
     }
 }
 
+TEST(Pointer, AGroupIsDraggedAsAWhole) {
+    PointerStage stage;
+    const std::string begin = "press n1 1100 1200|press n2 3100 1200 C|press n3 1100 3100 C|press n2 3100 1200|";
+    stage.play(begin + "release n2 3100 1200");
+    EXPECT_EQ(stage.seen(), "1.3-2.1 [2/0]");
+    stage.play(begin + "move p 3300 1210 L");
+    EXPECT_EQ(stage.seen(), "1.3-2.1 [213/0]");
+    EXPECT_EQ(stage.form.DragOutlines.size(), 2U);
+    EXPECT_EQ(stage.form.DragOutlines[0].Left, 1200);
+    stage.play("cancel");
+    EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2), "1.3-2.1 [2/0]1000 1000 1000 4003000 1000 1000 600");
+    stage.play(begin + "move p 3300 1210 L|delete n3|move p 3400 1210 L|release p 3300 1210");
+    EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2), "1.3-2.1 [21/0]1200 1010 1000 4003200 1010 1000 600");
+    stage.play("tool Move|press n2 3300 1210|move p 3400 1210 L|release p 3400 1210");
+    EXPECT_EQ(stage.box(1) + stage.box(2), "1200 1010 1000 4003300 1010 1000 600");
+}
+
+TEST(Pointer, MiddlePointsStayInTheMiddleUntilTheyArePlaced) {
+    const struct {
+        const char* events;
+        float x, y;
+    } rows[] = {
+        {"", 3000, 1200},  // between 3050 1200 and 2950 1200
+        {"press h2 1 1|move p 2400 1900 L|release p 2400 1900", 2400, 1900},
+        {"press l1 2500 1200|release l1 2500 1200|double l1 2500 1300", 2500, 1300},
+        {"press h2 1 1 R|choose EdgeAngleVerticalUpM|choose EdgeAngleNoneM", 2050, 1200},
+        {"press h2 1 1 R|choose EdgeAngleVerticalDownM|choose EdgeAngleStraightM|choose EdgeAngleNoneM", 3000, 1200},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.events);
+        PointerStage stage;
+        stage.play(row.events);
+        stage.host.taken();
+        const LinesD& edge = *stage.form.Lines.byIndex(1);
+        const float before = edge.Xm();
+        stage.form.Labels.byIndex(1)->setLeft(2000);  // no hand: everything stays to the letter
+        EXPECT_EQ(edge.Xm(), before);
+        stage.form.Labels.byIndex(1)->setLeft(1000);
+        stage.play("press n1 1100 1200|move p 2100 1200 L|release p 2100 1200");
+        EXPECT_EQ(edge.Xm(), row.x);
+        EXPECT_EQ(edge.Ym(), row.y);
+    }
+}
+
+TEST(Pointer, WhileAnEdgeIsDrawnItsEndsAreShown) {
+    PointerStage stage("Provider");
+    stage.play(kDraw + "move n5 5010 1200 L");
+    EXPECT_EQ(stage.form.light().nodes, (std::vector<std::int32_t>{1, 2, 5}));
+    EXPECT_TRUE(stage.form.GrabberVisible);
+    EXPECT_EQ(stage.form.Grabber.x, 4950);
+    stage.play("move n3 1500 3100 L");
+    EXPECT_FALSE(stage.form.GrabberVisible);
+    stage.play("release p 1 1");
+    EXPECT_TRUE(stage.form.light().isEmpty());
+    stage.play(kDraw + "release n1 1500 1200|press n4 1 1|release n4 1 1");
+    stage.play("tool Arrow|press h3 0 0|move h3 1 1 L|release p 5100 1200|press h1 0 0|move h1 1 1 L|release n3 1 1");
+    EXPECT_EQ(stage.host.hints,
+              "An edge ends at a node.|An edge ends at another node than it starts from.|An edge of this kind cannot "
+              "start here.|The end of an edge goes to a node.|This edge cannot start there.|");
+}
+
 TEST(Pointer, TheCropRectangleSelects) {
     PointerStage stage("Crop");
     const struct {
@@ -151,6 +231,9 @@ TEST(Pointer, TheCropRectangleSelects) {
         {"press p 9000 9000 C", "9000 9000 15 15", "1.3-2.1 [12/0]"},
         {"move p 2900 2900 L", "2900 2900 6100 6100", "1.3-2.1 [4/0]"},
         {"cancel", "hidden", "1.3-2.1 [12/0]"},
+        {"tool Arrow|press p 900 900|move p 940 915 L", "hidden", "1.3-2.1 [/0]"},  // not yet a drag
+        {"move p 2001 1401 L", "900 900 1101 501", "1.3-2.1 [1/0]"},
+        {"release p 0 0", "hidden", "1.3-2.1 [1/0]"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.events);
@@ -259,7 +342,38 @@ TEST(Pointer, KeysWalkAndGiveUp) {
     stage.play("press n1 1100 1200|move n1 2000 2000 L");
     EXPECT_TRUE(stage.pointer->keyDown(EscapeKey));
     EXPECT_EQ(stage.pointer->state(), PointerState::idle);
-    EXPECT_FALSE(stage.pointer->keyDown(65));
+    EXPECT_EQ(stage.host.tool, "Move");
+    stage.play("code 27");
+    EXPECT_EQ(stage.host.tool, "Arrow");
+    EXPECT_FALSE(stage.pointer->keyDown('Q'));
+    EXPECT_TRUE(stage.pointer->keyDown('M'));
+    stage.play("double n3 2300 3100");
+    EXPECT_FALSE(stage.pointer->keyDown('M'));  // it is a letter of the text
+}
+
+TEST(Pointer, KeysMovePlaceAndDraw) {
+    PointerStage stage;
+    stage.form.PicForm.resizeWindow(6000, 3000);
+    stage.play("press n1 1 1|press n2 1 1 C|code 39 C|code 40 C");
+    EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2),
+              "1.3-2.1 [12/0] show Act show Act1100 1100 1000 4003100 1100 1000 600");
+    // Free space near 3000 1500, where node 2 lies.
+    stage.play("tool RecordSet|code 13");
+    EXPECT_EQ(stage.seen() + stage.box(6), "1.3-2.1 [6/0] show RecordSet1 dialog RecordSet11875 1875 1050 450");
+    stage.play("code 93");
+    EXPECT_EQ(stage.host.taken(), " RecordSetM");
+    // From record set 6 to the activity at its right, by the points that face each other.
+    stage.play("tool Provider|code 13");
+    EXPECT_EQ(stage.pointer->state(), PointerState::joining);
+    EXPECT_EQ(stage.form.light().nodes, (std::vector<std::int32_t>{1, 2, 5, 6}));
+    stage.play("code 39|code 13");
+    EXPECT_EQ(stage.seen(), "1.3-2.1 6.3-2.2 [2/0] show Act");
+    EXPECT_EQ(stage.pointer->state(), PointerState::idle);
+    stage.play("code 13|code 13|code 13|code 27");
+    EXPECT_EQ(stage.seen(), "1.3-2.1 6.3-2.2 [2/0]");
+    EXPECT_TRUE(stage.form.light().isEmpty());
+    stage.play("press p 1 1|press l1 1 1|release l1 1 1|code 93");
+    EXPECT_EQ(stage.host.taken(), " EdgesM");
 }
 
 TEST(Pointer, ACommentIsEditedInItsBox) {
@@ -276,6 +390,17 @@ TEST(Pointer, ACommentIsEditedInItsBox) {
         stage.play(std::string("double n3 2300 3100|") + end);
         EXPECT_EQ(stage.form.EditedComment, -1);
     }
+}
+
+TEST(DrawForm, TheClosingQuestionTellsWhetherAnythingIsLost) {
+    PointerStage stage;
+    stage.form.setScenarioName("Orders");
+    const std::string question = " says ARE YOU SURE YOU WANT TO CLOSE Orders ?";
+    EXPECT_TRUE(stage.form.QueryUnload());
+    EXPECT_EQ(stage.host.taken(), question + " / Everything is saved.");
+    stage.form.stored.changed = true;
+    EXPECT_TRUE(stage.form.QueryUnload());
+    EXPECT_EQ(stage.host.taken(), question + " / Changes that were not saved will be lost.");
 }
 
 TEST(Pointer, AWindowClosedInAGestureLeavesTheGraphAlone) {

@@ -167,12 +167,47 @@ class CanvasViewTest : public WindowTest {
         }
     }
 
+    void arrowHeadsFollowTheirLines() {
+        Scene scene;
+        const canvas::LabelsD& from = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+        const canvas::LabelsD& to = scene.add(canvas::NodeTypeRecordSet, 4500, 3000);
+        const canvas::LinesD& edge = scene.join(from, to);
+        const QPointF way(edge.X2() - edge.X1(), edge.Y2() - edge.Y1());
+        const QPointF along = way / std::hypot(way.x(), way.y());
+        const QImage image = scene.picture();
+        const QPointF end = scene.view.transform().toPixels(Point{edge.X2(), edge.Y2()});
+        const QPointF tip = end + along * (50 / kTwipsPerPixel / along.x());
+        const auto at = [&](double back, double aside) {
+            return image.pixelColor((tip - along * back + QPointF(-along.y(), along.x()) * aside).toPoint());
+        };
+        const CanvasColours& theme = scene.theme.canvas();
+        for (const double aside : {-2.5, 2.5}) {
+            QVERIFY(contrast(at(8, aside), theme.background) > 3);
+            QCOMPARE(at(16, 2.4 * aside), theme.background);
+        }
+        // Where the line runs along the side that it meets, the head points into the side.
+        scene.form.Lines.byIndex(edge.Index())->setAngle(canvas::AngleVerticalDown);
+        const QImage bent = scene.picture();
+        for (const double aside : {-2.5, 2.5}) {
+            QVERIFY(contrast(bent.pixelColor((end + QPointF(50 / kTwipsPerPixel - 8, aside)).toPoint()),
+                             theme.background) > 3);
+        }
+    }
+
     void captionsAreElidedToFit() {
         CaptionCache cache(QApplication::font());
         const QSizeF room(60, 14);
         QVERIFY(!cache.caption(1, "RS1", CaptionForm::line, room, 1).elided);
         const auto& cut = cache.caption(2, "A caption that is much too long", CaptionForm::line, room, 1);
         QVERIFY(cut.elided && cut.text.size().width() <= room.width());
+        // Names that differ at the end only can be told apart, shortened or in two lines.
+        const auto shown = [&](std::int32_t index, const char* name, QSizeF size) {
+            return cache.caption(index, name, CaptionForm::line, size, 1).text.text();
+        };
+        QVERIFY(shown(4, "STG_CUSTOMER_0412", room) != shown(5, "STG_CUSTOMER_0413", room));
+        const auto& broken = cache.caption(6, "STG_CUSTOMER_0412", CaptionForm::line, QSizeF(100, 40), 1);
+        QCOMPARE(broken.text.text(), QStringLiteral("STG_CUSTOMER_") + QChar::LineSeparator + QStringLiteral("0412"));
+        QVERIFY(!broken.elided && broken.text.size().width() <= 100 && broken.text.size().height() <= 40);
         const auto& text = cache.caption(3,
                                          "Three words here\nand then a second paragraph that goes on and on, "
                                          "wordwithoutanyblankthatisverylong",

@@ -1,5 +1,7 @@
 #include "qt/canvas/canvas_editor.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -32,12 +34,21 @@ constexpr Key kKeys[] = {{Qt::Key_Escape, canvas::EscapeKey}, {Qt::Key_Left, can
                          {Qt::Key_Down, canvas::DownKey},     {Qt::Key_Delete, canvas::DeleteKey},
                          {Qt::Key_Return, canvas::EnterKey},  {Qt::Key_Enter, canvas::EnterKey}};
 
-/// The code of a key that the canvas may take, 0 for others. With other keys held, only Delete and Escape are meant.
+/// The code of a key that the canvas may take, 0 for others.
 int codeOf(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    if (event.key() == Qt::Key_F10 && held == Qt::ShiftModifier) {
+        return canvas::MenuKey;
+    }
+    if (event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z) {
+        return held == Qt::NoModifier ? event.key() : 0;
+    }
     for (const Key& row : kKeys) {
         if (row.key == event.key()) {
             const bool arrow = row.code >= canvas::LeftKey && row.code <= canvas::DownKey;
-            return arrow && (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier ? 0 : row.code;
+            const bool meant = held == Qt::NoModifier || row.code == canvas::DeleteKey ||
+                               row.code == canvas::EscapeKey || (arrow && held == Qt::ControlModifier);
+            return meant ? row.code : 0;
         }
     }
     return 0;
@@ -52,7 +63,11 @@ int buttonOf(Qt::MouseButtons buttons) {
 CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                            QWidget* parent)
     : CanvasViewWidget(form, theme, parent), pointer_(form, ports), light_(form, pointer_) {
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(2);
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
+    connect(&theme, &Theme::changed, this, &CanvasEditor::showFocus);
+    showFocus();
 }
 
 CanvasEditor::~CanvasEditor() {
@@ -65,7 +80,8 @@ CanvasEditor::~CanvasEditor() {
 
 canvas::PointerEvent CanvasEditor::pointerEvent(const QMouseEvent& event, int button) const {
     return {hitAt(event.position()), transform().toTwips(event.position()), button,
-            event.modifiers().testFlag(Qt::ControlModifier)};
+            event.modifiers().testFlag(Qt::ControlModifier),
+            static_cast<float>(QApplication::startDragDistance() * kTwipsPerPixel / scale())};
 }
 
 void CanvasEditor::mousePressEvent(QMouseEvent* event) {
@@ -89,6 +105,7 @@ void CanvasEditor::mouseMoveEvent(QMouseEvent* event) {
         showPointerShape();
         light_.follow();
     }
+    Q_EMIT pointed(transform().toTwips(event->position()));
 }
 
 void CanvasEditor::mouseReleaseEvent(QMouseEvent* event) {
@@ -110,14 +127,33 @@ void CanvasEditor::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void CanvasEditor::keyPressEvent(QKeyEvent* event) {
     const int code = codeOf(*event);
-    if (code == 0 || !pointer_.keyDown(code)) {
+    if (code == 0 || !pointer_.keyDown(code, event->modifiers().testFlag(Qt::ControlModifier))) {
         CanvasViewWidget::keyPressEvent(event);
+    }
+}
+
+void CanvasEditor::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        pointer_.keyDown(canvas::MenuKey);
     }
 }
 
 void CanvasEditor::focusInEvent(QFocusEvent* event) {
     CanvasViewWidget::focusInEvent(event);
+    showFocus();
     pointer_.focused();
+}
+
+void CanvasEditor::focusOutEvent(QFocusEvent* event) {
+    CanvasViewWidget::focusOutEvent(event);
+    showFocus();
+}
+
+/// A frame around the picture, in the background's own colour while the keyboard is elsewhere.
+void CanvasEditor::showFocus() {
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, hasFocus() ? theme().canvas().accent : theme().canvas().background);
+    setPalette(colours);
 }
 
 void CanvasEditor::changeEvent(QEvent* event) {
@@ -131,6 +167,7 @@ bool CanvasEditor::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::Leave) {
         pointer_.move({{canvas::Element::outside, 0}, {}, canvas::NoButton, false});
         light_.follow();
+        Q_EMIT pointed(std::nullopt);
     }
     return CanvasViewWidget::viewportEvent(event);
 }

@@ -26,13 +26,19 @@ class CanvasEditor : public CanvasViewWidget {
 
     void markersChanged() override;
 
+  Q_SIGNALS:
+    /// The pointer is at a place of the picture, or not over it.
+    void pointed(std::optional<canvas::Point> place);
+
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,6 +46,7 @@ class CanvasEditor : public CanvasViewWidget {
   private:
     canvas::PointerEvent pointerEvent(const QMouseEvent& event, int button) const;
     void showPointerShape();
+    void showFocus();
     void showCommentEditor();
     void placeCommentEditor();
 

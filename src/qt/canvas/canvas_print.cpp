@@ -51,7 +51,7 @@ void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& 
     painter.scale(factor, factor);
     painter.translate(-plain.toPixels(extent).center());
     painter.setRenderHint(QPainter::Antialiasing);
-    const PaintContext context{painter, plain, colours, std::max(1.0, std::ceil(factor)), Detail::full};
+    const PaintContext context{painter, plain, colours, std::max(1.0, std::ceil(factor)), Detail::full, false};
     NodePainter nodes(QFont{});
     nodes.prepare(context);
     EdgePainter edges(context, canvas, plain.toPixels(extent));
@@ -63,7 +63,8 @@ void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& 
     edges.paint();
     for (const canvas::LabelsD& node : canvas.Labels) {
         if (node.Visible()) {
-            nodes.paint(context, node, {});
+            const bool selected = canvas.SelectedLabels.Item(node.Index()) != nullptr;
+            nodes.paint(context, node, {false, false, selected ? canvas.settings().SelColor : 0});
         }
     }
     painter.restore();

@@ -118,7 +118,11 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     QRegion markerRegion() const;
     void showMarkers();
     void repaintAll();
-    std::int32_t handleAt(canvas::Point place, float reach) const;
+    struct EdgeHit {
+        std::int32_t handle = 0;  ///< 0 for none
+        std::int32_t line = 0;    ///< the edge whose line passes nearest, 0 for none
+    };
+    EdgeHit edgeHitAt(canvas::Point place, float handleReach, float lineReach) const;
     void setPointedEdge(const canvas::LinesD* edge);
     QString toolTipAt(QPoint place);
     const canvas::LabelsD* commentBarAt(QPointF pixel) const;

@@ -41,6 +41,13 @@ QRegion CanvasViewWidget::markerRegion() const {
             region += rimOf(boxOf(now, *box), viewport()->rect());
         }
     }
+    if (!canvas_.DragOutlines.empty()) {
+        QRectF all;
+        for (const canvas::Box& box : canvas_.DragOutlines) {
+            all |= now.toPixels(Extent{box.Left, box.Top, box.right(), box.bottom()});
+        }
+        region += (all & QRectF(viewport()->rect())).toAlignedRect().adjusted(-kRim, -kRim, kRim, kRim);
+    }
     if (canvas_.GrabberVisible) {
         const double reach = std::max(1.0, scale_) * kGrabberReach;
         const QPointF at = now.toPixels(canvas_.Grabber);
@@ -117,6 +124,14 @@ void CanvasViewWidget::paintMarkers(QPainter& painter) {
         const QRectF seen = boxOf(now, *box) & QRectF(viewport()->rect()).adjusted(-5, -5, 5, 5);
         if (box->Visible && !seen.isNull()) {
             painter.setPen(QPen(accent, pen, style));
+            painter.drawRect(context.sharp(seen, pen));
+        }
+    }
+    painter.setPen(QPen(accent, pen));
+    for (const canvas::Box& box : canvas_.DragOutlines) {
+        const QRectF seen = now.toPixels(Extent{box.Left, box.Top, box.right(), box.bottom()}) &
+                            QRectF(viewport()->rect()).adjusted(-5, -5, 5, 5);
+        if (!seen.isNull()) {
             painter.drawRect(context.sharp(seen, pen));
         }
     }

@@ -14,10 +14,41 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr double kEdgeReach = 5;    // pixels beside an edge that count as on it
+constexpr double kLineReach = 4;    // pixels beside an edge that count as on it
 constexpr double kHandleReach = 4;  // pixels around the middle of a handle, however small it is
 constexpr double kWheelStep = 1.2;
 constexpr int kLongestTip = 1000;
+
+/// The square of the distance of a place to a line from one point to another.
+float squareToLine(canvas::Point place, canvas::Point from, canvas::Point to) {
+    const float dx = to.x - from.x;
+    const float dy = to.y - from.y;
+    const float length = dx * dx + dy * dy;
+    const float along =
+        length > 0 ? std::clamp(((place.x - from.x) * dx + (place.y - from.y) * dy) / length, 0.0F, 1.0F) : 0.0F;
+    const float x = place.x - from.x - along * dx;
+    const float y = place.y - from.y - along * dy;
+    return x * x + y * y;
+}
+
+/// How many members the node's entity has, by kind.
+QString countsOf(const canvas::LabelsD& node) {
+    const auto words = [](const char* counted, int count) { return QObject::tr(counted).arg(count); };
+    if (const auto* activity = node.activity()) {
+        return QStringList{words("inputs: %1", activity->Act_Inputs.count()),
+                           words("outputs: %1", activity->Act_Outputs.count()),
+                           words("parameters: %1", activity->Act_Parameters.count())}
+            .join(QStringLiteral(", "));
+    }
+    if (const auto* recordSet = node.recordSet()) {
+        return words("attributes: %1", recordSet->RecordSet_Outputs.count());
+    }
+    if (const auto* function = node.entity<entities::FunctionProperties>()) {
+        return words("inputs: %1", function->Function_Inputs.count()) + QStringLiteral(", ") +
+               words("outputs: %1", function->Function_Outputs.count());
+    }
+    return {};
+}
 
 }  // namespace
 
@@ -49,28 +80,39 @@ const canvas::LinesD* CanvasViewWidget::edgeAt(canvas::Point place, double reach
     return topmost;
 }
 
-/// The number of the handle at a place, those of selected edges first, or 0. On a node only the handle itself counts.
-std::int32_t CanvasViewWidget::handleAt(canvas::Point place, float reach) const {
+/// One look at the edges near a place serves both. Handles of selected edges lie above others.
+CanvasViewWidget::EdgeHit CanvasViewWidget::edgeHitAt(canvas::Point place, float handleReach, float lineReach) const {
     const auto holds = [&](float x, float y) {
-        return std::abs(x - place.x) <= reach && std::abs(y - place.y) <= reach;
+        return std::abs(place.x - x) <= handleReach && std::abs(place.y - y) <= handleReach;
     };
+    const float reach = std::max(handleReach, lineReach);
     const Extent around{place.x - reach, place.y - reach, place.x + reach, place.y + reach};
-    std::int32_t found = 0;
+    EdgeHit hit;
     bool foundSelected = false;
+    float nearest = lineReach * lineReach;
     for (const canvas::LinesD* edge : edges_.at(around)) {
-        if (!edge->Visible() || (foundSelected && !edge->Selected())) {
+        if (!edge->Visible()) {
             continue;
         }
-        const std::int32_t handle = holds(edge->X2(), edge->Y2())                                  ? edge->EndBox()
-                                    : holds(edge->X1(), edge->Y1())                                ? edge->StartBox()
-                                    : edge->middleHandleVisible() && holds(edge->Xm(), edge->Ym()) ? edge->MidBox()
-                                                                                                   : 0;
-        if (handle != 0) {
-            found = handle;
+        const canvas::Point start{edge->X1(), edge->Y1()};
+        const canvas::Point middle{edge->Xm(), edge->Ym()};
+        const canvas::Point end{edge->X2(), edge->Y2()};
+        const std::int32_t handle = holds(end.x, end.y)                                        ? edge->EndBox()
+                                    : holds(start.x, start.y)                                  ? edge->StartBox()
+                                    : edge->middleHandleVisible() && holds(middle.x, middle.y) ? edge->MidBox()
+                                                                                               : 0;
+        if (handle != 0 && (edge->Selected() || !foundSelected)) {
+            hit.handle = handle;
             foundSelected = edge->Selected();
+        } else if (hit.handle == 0 && lineReach > 0) {
+            const float away = std::min(squareToLine(place, start, middle), squareToLine(place, middle, end));
+            if (away <= nearest) {
+                nearest = away;
+                hit.line = edge->Index();
+            }
         }
     }
-    return found;
+    return hit;
 }
 
 canvas::Hit CanvasViewWidget::hitAt(QPointF pixel) const {
@@ -80,12 +122,16 @@ canvas::Hit CanvasViewWidget::hitAt(QPointF pixel) const {
     const canvas::Point place = transform().toTwips(pixel);
     const canvas::LabelsD* node = nodeAt(place);
     const float ofHandle = canvas::kHandleSize / 2;
-    const float reach =
-        node ? ofHandle : std::max(ofHandle, static_cast<float>(kHandleReach * kTwipsPerPixel / scale_));
-    if (const std::int32_t handle = handleAt(place, reach)) {
-        return {canvas::Element::handle, handle, node ? node->Index() : 0};
+    const auto twips = [this](double pixels) { return static_cast<float>(pixels * kTwipsPerPixel / scale_); };
+    const EdgeHit edge =
+        edgeHitAt(place, node ? ofHandle : std::max(ofHandle, twips(kHandleReach)), node ? 0 : twips(kLineReach));
+    if (edge.handle != 0) {
+        return {canvas::Element::handle, edge.handle, node ? node->Index() : 0};
     }
-    return node ? canvas::Hit{canvas::Element::node, node->Index()} : canvas::Hit{canvas::Element::picture, 0};
+    if (node) {
+        return {canvas::Element::node, node->Index()};
+    }
+    return edge.line != 0 ? canvas::Hit{canvas::Element::line, edge.line} : canvas::Hit{};
 }
 
 void CanvasViewWidget::setPointedEdge(const canvas::LinesD* edge) {
@@ -114,8 +160,11 @@ void CanvasViewWidget::mouseMoveEvent(QMouseEvent* event) {
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - by.x());
         verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
     } else if (event->buttons() == Qt::NoButton) {
-        const canvas::Point place = transform().toTwips(event->position());
-        setPointedEdge(nodeAt(place) ? nullptr : edgeAt(place, kEdgeReach));
+        const canvas::Hit hit = hitAt(event->position());
+        const bool onHandle = hit.element == canvas::Element::handle && hit.below == 0;
+        setPointedEdge(onHandle                               ? canvas_.Lines.byIndex(canvas::edgeOfHandle(hit.number))
+                       : hit.element == canvas::Element::line ? canvas_.Lines.byIndex(hit.number)
+                                                              : nullptr);
     }
 }
 
@@ -165,6 +214,9 @@ QString CanvasViewWidget::toolTipAt(QPoint place) {
     QString tip = text(kind.title);
     if (kind.showsReadiness) {
         tip = tr("%1, %2").arg(tip, node->Ready() ? tr("ready") : tr("not ready"));
+    }
+    if (const QString counts = countsOf(*node); !counts.isEmpty()) {
+        tip += QStringLiteral("<br>") + counts;
     }
     // As plain text: a caption may hold characters that a tool tip would take for markup.
     return QStringLiteral("<b>%1</b><br>%2").arg(name.toHtmlEscaped(), tip);

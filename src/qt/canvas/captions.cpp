@@ -39,6 +39,25 @@ QStringList wrapped(const QString& words, const QFont& font, double width) {
     return lines;
 }
 
+/// The text in one line if it fits, else in two, broken behind a mark between its words if there is one.
+QStringList inTwo(const QString& line, const QFontMetricsF& metrics, double width) {
+    if (metrics.horizontalAdvance(line) <= width) {
+        return {line};
+    }
+    qsizetype fitting = 1;
+    while (fitting < line.size() && metrics.horizontalAdvance(line.left(fitting + 1)) <= width) {
+        ++fitting;
+    }
+    qsizetype cut = fitting;
+    for (qsizetype at = fitting; at > fitting / 3; --at) {
+        if (QStringLiteral(" _-.").contains(line.at(at - 1))) {
+            cut = at;
+            break;
+        }
+    }
+    return {line.left(cut).trimmed(), line.mid(cut).trimmed()};
+}
+
 }  // namespace
 
 void CaptionCache::setFont(const QFont& base) {
@@ -90,8 +109,17 @@ const CaptionCache::Caption& CaptionCache::caption(std::int32_t index, std::stri
     } else {
         QString line = words;
         line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-        entry.lines = QStringList(QFontMetricsF(caption.font).elidedText(line, Qt::ElideRight, room.width()));
-        caption.elided = entry.lines.front() != line;
+        const QFontMetricsF metrics(caption.font);
+        entry.lines =
+            room.height() + 1 >= 2 * metrics.lineSpacing() ? inTwo(line, metrics, room.width()) : QStringList(line);
+        for (QString& shown : entry.lines) {
+            // Names of one family differ at their ends.
+            const QString whole = std::exchange(shown, metrics.elidedText(shown, Qt::ElideMiddle, room.width()));
+            caption.elided = caption.elided || shown != whole;
+        }
+        QTextOption option(Qt::AlignHCenter);
+        option.setWrapMode(QTextOption::ManualWrap);
+        caption.text.setTextOption(option);
     }
     caption.text.setTextFormat(Qt::PlainText);
     caption.text.setPerformanceHint(QStaticText::AggressiveCaching);

@@ -2,6 +2,7 @@
 
 #include <QVarLengthArray>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 #include "qt/canvas/node_shapes.h"
@@ -13,7 +14,8 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr double kClearance = 50;  // twips from a grab point to its box
+constexpr double kClearance = 50;      // twips from a grab point to its box
+constexpr double kLeastInwards = 0.2;  // of an arrow: below, its line runs along the side that it meets
 constexpr double kHaloWidth = 6;
 constexpr int kHalo = 0;  // no border style of the model
 
@@ -160,7 +162,8 @@ void EdgePainter::addThin(const canvas::LinesD& edge, QRgb colour) {
 void EdgePainter::add(const canvas::LinesD& edge) {
     const QColor plain = edge.Color() == 0 ? context_.colours.line : fromModel(edge.Color());
     const bool faint = !light_.isEmpty() && !light_.holdsEdge(edge.Index());
-    const QColor shown = edge.Selected() ? context_.colours.accent : plain;
+    const bool selected = edge.Selected() && context_.selection;
+    const QColor shown = selected ? context_.colours.accent : plain;
     const QRgb colour = (faint ? blend(shown, context_.colours.background, kDimmedShare) : shown).rgb();
     const bool full = context_.detail == Detail::full;
     if (context_.image && !full && (context_.detail == Detail::coarse || !dashRow(edge.BorderStyle))) {
@@ -192,7 +195,7 @@ void EdgePainter::add(const canvas::LinesD& edge) {
     }
     const QColor accent = context_.colours.accent;
     for (qsizetype i = 0; i + 1 < path.size(); ++i) {
-        if (edge.Selected() && full) {
+        if (selected && full) {
             const QRgb halo = qRgba(accent.red(), accent.green(), accent.blue(), 70);
             addSegment(path[i], path[i + 1], halo, kHalo, context_.length(kHaloWidth));
         }
@@ -209,11 +212,22 @@ void EdgePainter::add(const canvas::LinesD& edge) {
 }
 
 void EdgePainter::addArrow(const canvas::LinesD& edge, const canvas::LabelsD& target, QRgb colour) {
-    const QPointF direction = directionOf(edge.arrowImage());
-    const canvas::Point reached = moved({edge.X2(), edge.Y2()}, towardsBox(target, edge.ToGrabbingPoint()));
-    const QPointF tip = context_.transform.toPixels(reached);
+    QPointF direction = directionOf(edge.arrowImage());
+    QPointF reach = towardsBox(target, edge.ToGrabbingPoint());
+    QPointF last(edge.X2() - edge.Xm(), edge.Y2() - edge.Ym());
+    if (last.isNull()) {
+        last = QPointF(edge.X2() - edge.X1(), edge.Y2() - edge.Y1());
+    }
+    const double length = std::hypot(last.x(), last.y());
+    const double inwards = length > 0 ? QPointF::dotProduct(last, direction) / length : 0;
+    if (inwards > kLeastInwards) {
+        // Along the line, as far as it takes to the box.
+        direction = last / length;
+        reach = direction * (std::hypot(reach.x(), reach.y()) / inwards);
+    }
+    const QPointF tip = context_.transform.toPixels(moved({edge.X2(), edge.Y2()}, reach));
     const QPointF base = tip - direction * context_.length(9.5);
-    const QPointF side = QPointF(direction.y(), direction.x()) * context_.length(4.6);
+    const QPointF side = QPointF(-direction.y(), direction.x()) * context_.length(4.6);
     marks_.push_back({colour, QPolygonF({tip, base + side, base - side})});
 }
 

@@ -108,10 +108,10 @@ void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& b
 
 }  // namespace
 
-const NodeColours& NodePainter::coloursOf(const canvas::LabelsD& node, const CanvasColours& theme) {
-    const auto [row, isNew] = colours_.try_emplace(node.Color());
+const NodeColours& NodePainter::coloursOf(std::int32_t modelColour, const CanvasColours& theme) {
+    const auto [row, isNew] = colours_.try_emplace(modelColour);
     if (isNew) {
-        row->second = nodeColours(node.Color(), theme);
+        row->second = nodeColours(modelColour, theme);
     }
     return row->second;
 }
@@ -190,7 +190,7 @@ void NodePainter::paintCaption(const PaintContext& context, const canvas::Labels
 }
 
 void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, NodeState state) {
-    const NodeColours& colours = coloursOf(node, context.colours);
+    const NodeColours& colours = coloursOf((node.Color() ^ state.mask) & 0xFFFFFF, context.colours);
     const QRectF place = context.transform.toPixels(boxOf(node));
     if (context.detail != Detail::full) {
         paintThin(context, node.figure(), place, state.dimmed ? dimmed(colours, context.colours).fill : colours.fill);

@@ -15,7 +15,8 @@ namespace orvent::qt {
 /// What a node's picture shows beside the node itself.
 struct NodeState {
     bool selected = false;
-    bool dimmed = false;  ///< others are lit
+    bool dimmed = false;    ///< others are lit
+    std::int32_t mask = 0;  ///< taken out of the node's colour
 };
 
 /// What lets the central node of a canvas stand out, behind it.
@@ -36,8 +37,7 @@ class NodePainter {
         pictures_.clear();
         colours_.clear();
     }
-    /// Fill and caption of the node in a theme; that of the last call is kept for all.
-    const NodeColours& coloursOf(const canvas::LabelsD& node, const CanvasColours& theme);
+    const NodeColours& coloursOf(std::int32_t modelColour, const CanvasColours& theme);
     void forgetCaption(std::int32_t index) { captions_.forget(index); }
     void setFont(const QFont& font) { captions_.setFont(font); }
     std::size_t captions() const { return captions_.count(); }

@@ -23,6 +23,7 @@ struct PaintContext {
     const CanvasColours& colours;
     double pixelRatio;  ///< device pixels per pixel
     Detail detail;
+    bool selection = true;    ///< false on paper, where nothing is selected
     Pixels* image = nullptr;  ///< what the painter paints on, if it can be written into straight
 
     /// A length given for scale 1, in pixels.

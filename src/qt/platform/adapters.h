@@ -22,7 +22,11 @@ inline constexpr const char* kProgramName = "ORVENT II";
 class QtMessageBox : public platform::MessageBox {
   public:
     platform::Answer show(const std::string& text, const std::string& title, platform::Icon icon,
-                          platform::Buttons buttons) override;
+                          platform::Buttons buttons) override {
+        return showWith({}, text, title, icon, buttons);
+    }
+    platform::Answer showWith(const std::string& smaller, const std::string& text, const std::string& title,
+                              platform::Icon icon, platform::Buttons buttons) override;
 };
 
 class QtInputBox : public platform::InputBox {

@@ -61,13 +61,15 @@ Answer answerOf(int button) {
 
 }  // namespace
 
-Answer QtMessageBox::show(const std::string& text, const std::string& title, platform::Icon icon, Buttons buttons) {
+Answer QtMessageBox::showWith(const std::string& smaller, const std::string& text, const std::string& title,
+                              platform::Icon icon, Buttons buttons) {
     const ButtonRow& row = kButtons[static_cast<std::size_t>(buttons)];
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(QString::fromStdString(title.empty() ? kProgramName : title));
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setText(QString::fromStdString(text));
+    box.setInformativeText(QString::fromStdString(smaller));
     box.setIcon(pictureOf(icon));
     box.setStandardButtons(row.shown);
     box.setDefaultButton(row.standard);

@@ -57,6 +57,11 @@ void DeskArea::show(canvas::CanvasForm& form) {
                                   [this](canvas::CanvasForm& asked) { logic_->close(asked); });
     windows_.push_back(window);
     addSubWindow(window);
+    connect(window, &DeskWindow::cornerShown, this, [this, window] {
+        if (window == active_) {
+            Q_EMIT cornerShown(window->corner());
+        }
+    });
     connect(window, &DeskWindow::formShown, this, &DeskArea::activeChanged);
     connect(window, &DeskWindow::settled, this, [this, window] { logic_->noticeChanges(*window->form()); });
     if (viewMode() == SubWindowView) {
@@ -109,6 +114,7 @@ void DeskArea::activated(QMdiSubWindow* window) {
         }
         active_ = next;
         Q_EMIT activeChanged();
+        Q_EMIT cornerShown(next->corner());
     }
 }
 

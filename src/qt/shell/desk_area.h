@@ -55,6 +55,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
   Q_SIGNALS:
     void aboutToShow();  ///< a window comes
     void activeChanged();
+    void cornerShown(const QString& words);  ///< scale and pointer of the active window
 
   private:
     void dropWindow(DeskWindow* window);

@@ -50,7 +50,19 @@ DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canva
     settling_.setSingleShot(true);
     settling_.setInterval(kSettling);
     connect(&settling_, &QTimer::timeout, this, &DeskWindow::settled);
+    connect(editor_, &CanvasEditor::pointed, this, &DeskWindow::showCorner);
+    connect(editor_, &CanvasViewWidget::scaleChanged, this, [this] { showCorner(std::nullopt); });
+    showCorner(std::nullopt);
     formChanged();
+}
+
+void DeskWindow::showCorner(std::optional<canvas::Point> place) {
+    const QLocale plain = locale();
+    corner_ = tr("%1 %").arg(plain.toString(qRound(editor_->scale() * 100)));
+    if (place) {
+        corner_ = tr("%1, %2   %3").arg(plain.toString(qRound(place->x)), plain.toString(qRound(place->y)), corner_);
+    }
+    Q_EMIT cornerShown();
 }
 
 DeskWindow::~DeskWindow() {

@@ -3,6 +3,7 @@
 #include <QMdiSubWindow>
 #include <QTimer>
 #include <functional>
+#include <optional>
 
 #include "canvas/canvas_pointer.h"
 
@@ -34,6 +35,9 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     /// Its size among windows side by side.
     QSize sizeHint() const override { return {720, 480}; }
 
+    /// The view's scale and the pointer's place.
+    const QString& corner() const { return corner_; }
+
     /// Takes input or not, as its form does.
     void showEnabled();
 
@@ -41,13 +45,15 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     void changeSeen();
 
   Q_SIGNALS:
-    void formShown();  ///< its caption, or whether it takes input
-    void settled();    ///< a while after changes
+    void formShown();    ///< its caption, or whether it takes input
+    void settled();      ///< a while after changes
+    void cornerShown();  ///< what the frame's corner tells of it
 
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void showCorner(std::optional<canvas::Point> place);
     void formChanged() override;
     void nodeChanged(const canvas::LabelsD&) override { changeSeen(); }
     void nodeRemoved(const canvas::LabelsD&) override { changeSeen(); }
@@ -62,6 +68,7 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     OfferBar* offer_;
     Legend* legend_;
     QTimer settling_;
+    QString corner_;
 };
 
 }  // namespace orvent::qt

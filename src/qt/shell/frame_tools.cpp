@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <QMouseEvent>
+#include <QStatusBar>
 #include <QStyleOptionToolBar>
 #include <utility>
 
@@ -28,6 +29,8 @@ constexpr SideRow kSides[] = {{DockSide::up, Qt::TopToolBarArea},
                               {DockSide::left, Qt::LeftToolBarArea},
                               {DockSide::right, Qt::RightToolBarArea}};
 
+constexpr int kHintTime = 4000;  // milliseconds
+
 constexpr std::array kPalettes = {Palette::NodeForm, Palette::EdgeForm};
 
 Qt::ToolBarArea areaOf(DockSide side) {
@@ -48,6 +51,9 @@ ToolActions::ToolActions(ToolBar bar, QWidget& container, const std::function<vo
         auto* action = new QAction(icon(text(button.icon)), text(button.toolTip), &container);
         action->setObjectName(text(button.key));
         action->setCheckable(true);
+        if (button.letter != 0) {
+            action->setToolTip(QObject::tr("%1 (%2)").arg(text(button.toolTip), QString(QLatin1Char(button.letter))));
+        }
         QObject::connect(action, &QAction::triggered, &container, [press, position] { press(position); });
         container.addAction(action);
         actions_.push_back(action);
@@ -167,7 +173,13 @@ void FrameTools::bandDropped(Palette palette, QPoint globally) {
 }
 
 void FrameTools::attach(shell::ToolBars* tools) {
+    if (tools_) {
+        tools_->hinted = nullptr;
+    }
     tools_ = tools;
+    if (tools_) {
+        tools_->hinted = [this](std::string_view words) { frame_.statusBar()->showMessage(text(words), kHintTime); };
+    }
     refresh();
 }
 

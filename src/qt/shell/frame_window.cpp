@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -46,6 +47,10 @@ FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
     addDialogWindows(dialogs_, *this);
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
     statusBar()->setSizeGripEnabled(false);
+    viewCorner_ = new QLabel(this);
+    viewCorner_->setObjectName(QStringLiteral("viewCorner"));
+    viewCorner_->setTextFormat(Qt::PlainText);
+    viewCorner_->setContentsMargins(Spacing::gap, 2, Spacing::gap, 2);
     whoAndWhere_ = new QLabel(this);
     whoAndWhere_->setObjectName(QStringLiteral("whoAndWhere"));
     whoAndWhere_->setTextFormat(Qt::PlainText);
@@ -60,7 +65,9 @@ FrameWindow::~FrameWindow() {
 void FrameWindow::attach(shell::MDIForm1& logic) {
     logic_ = &logic;
     area_->attach(&logic);
-    statusBar()->addPermanentWidget(whoAndWhere_);  // at the right of what a progress display has put there
+    // At the right of what a progress display has put there.
+    statusBar()->addPermanentWidget(viewCorner_);
+    statusBar()->addPermanentWidget(whoAndWhere_);
 }
 
 void FrameWindow::detach() {
@@ -90,6 +97,7 @@ void FrameWindow::buildCommands() {
     menuBar()->insertMenu(menuBar()->actions().constLast(), windowMenu_);
     connect(windowMenu_, &QMenu::aboutToShow, this, [this] { area_->fillMenu(*windowMenu_); });
 
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this, &QWidget::close);
     tools_ = new FrameTools(*this, commands_);
     tools_->setParent(this);
 }
@@ -101,6 +109,7 @@ void FrameWindow::buildCentre() {
     }
     connect(area_, &DeskArea::activeChanged, this, &FrameWindow::commandsChanged);
     connect(area_, &DeskArea::aboutToShow, this, [this] { centre_->setCurrentWidget(area_); });
+    connect(area_, &DeskArea::cornerShown, viewCorner_, &QLabel::setText);
     centre_ = new QStackedWidget(this);
     centre_->addWidget(welcome);
     centre_->addWidget(area_);
@@ -172,6 +181,7 @@ void FrameWindow::commandsChanged() {
     commands_.refresh(*logic_);
     tools_->refresh();
     sideMenu_->showCurrent(logic_->currentGroup());
+    viewCorner_->setVisible(area_->active() != nullptr);
     windowMenu_->menuAction()->setVisible(area_->active() != nullptr);
     centre_->setCurrentIndex(logic_->anyScenario() ? 1 : 0);
     const repository::LoginValues& login = logic_->options().repository.login;

@@ -70,6 +70,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     DeskArea* area_;
     SideMenu* sideMenu_ = nullptr;
     QLabel* whoAndWhere_ = nullptr;
+    QLabel* viewCorner_ = nullptr;  ///< the scale of the view in front and the pointer's place in it
     bool takesInput_ = true;
     QPointer<QWidget> focusBefore_;  ///< where the focus was when the frame was disabled
 };

@@ -7,6 +7,7 @@
 #include "qt/shell/command_actions.h"
 #include "qt/text.h"
 #include "qt/theme/theme.h"
+#include "shell/tool_bars.h"
 
 namespace orvent::qt {
 
@@ -57,10 +58,17 @@ ShortcutsForm::ShortcutsForm(QWidget* parent) : FormWindow(tr("Keyboard Shortcut
     for (const shell::HandyKey& key : shell::handyKeys()) {
         canvas.add(text(key.keys), text(key.meaning));
     }
+    KeyList tools(tr("Tools"), this);
+    for (const shell::ToolBar bar : {shell::ToolBar::ArrowBar, shell::ToolBar::NodeBar, shell::ToolBar::EdgeBar}) {
+        for (const shell::ToolButton& button : shell::toolButtons(bar)) {
+            tools.add(QString(QLatin1Char(button.letter)), text(button.key == "Arrow" ? button.key : button.toolTip));
+        }
+    }
     auto* columns = new QHBoxLayout;
     columns->setSpacing(3 * Spacing::section);
     columns->addLayout(commands.layout());
     columns->addLayout(canvas.layout());
+    columns->addLayout(tools.layout());
     body().addLayout(columns);
     addAccept(QStringLiteral("cmdOK"), tr("OK"), [] { return true; });
 }
