@@ -14,6 +14,16 @@ LDLVariable& LDLVariableCollection::Add(const std::string& name) {
     return append(std::move(variable), keyOf(name));
 }
 
+const LDLVariable* LDLVariableCollection::Item(const std::string& name) const {
+    // A text mostly names its variables in their order, and then nothing is to be looked up.
+    const LDLVariable* found = Base::Item(expected_);
+    if (!found || found->VariableName != name) {
+        found = Base::Item(keyOf(name));
+    }
+    expected_ = found ? found->Index + 1 : expected_;
+    return found;
+}
+
 bool isNameCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
 }

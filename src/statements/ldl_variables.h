@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "entities/keyed_collection.h"
 
@@ -64,8 +65,8 @@ class LDLVariableCollection : private entities::KeyedCollection<LDLVariable> {
     LDLVariable& Add(const std::string& name);
 
     /// By key or by 1-based position; nothing when there is none.
-    const LDLVariable* Item(const std::string& name) const { return Base::Item(keyOf(name)); }
-    LDLVariable* Item(const std::string& name) { return Base::Item(keyOf(name)); }
+    const LDLVariable* Item(const std::string& name) const;
+    LDLVariable* Item(const std::string& name) { return const_cast<LDLVariable*>(std::as_const(*this).Item(name)); }
     const LDLVariable* Item(int position) const { return Base::Item(position); }
     LDLVariable* Item(int position) { return Base::Item(position); }
 
@@ -80,6 +81,8 @@ class LDLVariableCollection : private entities::KeyedCollection<LDLVariable> {
   private:
     // The collection below takes an empty key for none.
     static std::string keyOf(const std::string& name) { return '@' + name; }
+
+    mutable int expected_ = 1;  ///< the position that is asked for next, most likely
 };
 
 /// A letter a to z of either case, a digit or "_".

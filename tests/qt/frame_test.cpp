@@ -83,6 +83,20 @@ class FrameTest : public WindowTest {
         }
     }
 
+    void theSideMenuMarksItsCurrentGroup() {
+        Frame program;
+        for (const char* chosen : {"", "GroupMetrics", "GroupDrawing"}) {
+            if (*chosen) {
+                program.press(chosen);
+            }
+            for (const char* group : {"GroupGeneral", "GroupDrawing", "GroupMetrics"}) {
+                const bool current = QLatin1String(group) == QLatin1String(*chosen ? chosen : "GroupGeneral");
+                QCOMPARE(control<QToolButton>(program.frame, group)->isChecked(), current);
+            }
+            QVERIFY2(control<QToolButton>(program.frame, "LDL")->isVisible(), "all groups stay in sight");
+        }
+    }
+
     void newScenarioAndItsCaption() {
         Frame program;
         program.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario1", "50 % & %1");

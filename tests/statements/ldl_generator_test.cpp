@@ -103,6 +103,8 @@ TEST_F(LDLGeneratorTest, Variables) {
     for (const auto& c : cases) {
         EXPECT_EQ(generator().ReplaceVariables(c.text), c.expected) << c.text << "\n" << c.why;
     }
+    constant("ODD", "größe σ");
+    EXPECT_EQ(generator().ReplaceVariables("@ODD"), "GRÖßE Σ") << "letters beyond ASCII, too";
     constant("TWICE", "q@X");
     EXPECT_EQ(generator().ReplaceVariables("@TWICE"), "Q@X") << "what a replacement brings is passed over";
     EXPECT_EQ(generator().ReplaceVariables("@TWICE @TWICE"), "QAB QAB") << "but not where it came up further on";
