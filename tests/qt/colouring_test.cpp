@@ -1,7 +1,9 @@
 // Keyword colouring in a real text box: keys, undo, caret and signals.
 
 #include <QSignalSpy>
+#include <QTextBlock>
 #include <QTextEdit>
+#include <QTextLayout>
 
 #include "qt/statements/keyword_colouring.h"
 #include "qt/statements/text_box.h"
@@ -128,6 +130,36 @@ class ColouringTest : public WindowTest {
         box.undo();
         QCOMPARE(box.toPlainText(), text);
         QVERIFY(!box.document()->isUndoAvailable());
+    }
+
+    void aVeryLongLineIsColouredWhereItIsSeen() {
+        QTextEdit box;
+        KeywordColouring colouring(box);
+        box.resize(400, 300);
+        constexpr int kWords = 2'500;
+        box.setPlainText(QStringLiteral(" from x").repeated(kWords));
+        colouring.colourAll();
+        box.show();
+        QVERIFY(box.toPlainText() == QStringLiteral(" FROM x").repeated(kWords));
+        const auto colours = [&box] { return box.document()->firstBlock().layout()->formats(); };
+        QTRY_VERIFY(colours().size() > 50);
+        QVERIFY2(colours().size() < kWords / 5, "each costs its share of every keystroke");
+        QCOMPARE(colours().constFirst().start, 1);
+        QCOMPARE(colours().constFirst().format.foreground().color(), QColor(Qt::blue));
+
+        // What is typed in front moves them, what becomes another word loses its colour.
+        QTest::keyClicks(&box, QStringLiteral("or x"));
+        QTest::keyClick(&box, Qt::Key_Space);
+        QCOMPARE(colours().constFirst().length, 2);
+        QCOMPARE(colours().at(1).start, 6);
+        QVERIFY(box.toPlainText().startsWith(QStringLiteral("OR x  FROM x ")));
+
+        box.moveCursor(QTextCursor::End);
+        const int last = static_cast<int>(box.toPlainText().lastIndexOf(QStringLiteral("FROM")));
+        QTRY_COMPARE(colours().constLast().start, last);
+        QVERIFY(colours().size() < kWords / 5);
+        box.setPlainText(QStringLiteral("short"));
+        QVERIFY(colours().isEmpty());
     }
 
     void plainTextKeepsEveryCharacter() {

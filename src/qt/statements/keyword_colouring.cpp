@@ -7,7 +7,9 @@
 #include <QTextCursor>
 #include <QTextEdit>
 #include <utility>
+#include <vector>
 
+#include "qt/statements/long_line_colours.h"
 #include "qt/statements/text_box.h"
 #include "qt/theme/model_colour.h"
 
@@ -34,13 +36,22 @@ int virtualKey(int key) {
 /// A text box during one call of the checker. Positions are those of the box's document.
 class BoxText : public statements::ColouredText {
   public:
-    explicit BoxText(QTextEdit& box)
-        : box_(box), quiet_(box), edit_(box.document()), caret_(box.textCursor()), scroll_(box.verticalScrollBar()) {
+    BoxText(QTextEdit& box, LongLineColours& longLines)
+        : box_(box),
+          longLines_(longLines),
+          quiet_(box),
+          edit_(box.document()),
+          caret_(box.textCursor()),
+          scroll_(box.verticalScrollBar()) {
         edit_.beginEditBlock();
     }
 
     ~BoxText() override {
         edit_.endEditBlock();
+        // Only now, when the changed letters have been told.
+        for (const Painted& part : painted_) {
+            longLines_.paint(part.from, part.count, part.format);
+        }
         if (lettersChanged_) {
             const int scrolled = scroll_->value();
             QTextCursor caret(box_.document());
@@ -49,6 +60,7 @@ class BoxText : public statements::ColouredText {
             box_.setTextCursor(caret);
             scroll_->setValue(scrolled);
         }
+        longLines_.show();
         // With a selection the box would colour that.
         if (!box_.textCursor().hasSelection()) {
             box_.setCurrentCharFormat(next_);
@@ -79,7 +91,12 @@ class BoxText : public statements::ColouredText {
 
     void paint(std::size_t from, std::size_t count, std::int32_t colour, bool bold) override {
         const QTextCharFormat wanted = format(colour, bold);
-        if (!shows(from, count, wanted)) {
+        const bool plain = wanted.propertyCount() == 0;
+        const bool inLongLine = longLines_.has(static_cast<int>(from));
+        if (plain || inLongLine) {
+            painted_.push_back({static_cast<int>(from), static_cast<int>(count), wanted});
+        }
+        if ((plain || !inLongLine) && !shows(from, count, wanted)) {
             select(from, count);
             edit_.setCharFormat(wanted);
         }
@@ -88,7 +105,10 @@ class BoxText : public statements::ColouredText {
     void setLetters(std::size_t from, const std::string& letters) override {
         select(from, letters.size());
         edit_.insertText(QString::fromLatin1(letters), QTextCharFormat());
-        block_ = QTextBlock();
+        if (block_.isValid() && block_.contains(static_cast<int>(from))) {
+            text_.replace(static_cast<int>(from) - block_.position(), static_cast<int>(letters.size()),
+                          QString::fromLatin1(letters));
+        }
         lettersChanged_ = true;
     }
 
@@ -124,7 +144,14 @@ class BoxText : public statements::ColouredText {
         edit_.setPosition(static_cast<int>(from + count), QTextCursor::KeepAnchor);
     }
 
+    struct Painted {
+        int from, count;
+        QTextCharFormat format;
+    };
+
     QTextEdit& box_;
+    LongLineColours& longLines_;
+    std::vector<Painted> painted_;
     QSignalBlocker quiet_;
     QTextCursor edit_;
     QTextCursor caret_;
@@ -141,19 +168,19 @@ class BoxText : public statements::ColouredText {
 }  // namespace
 
 KeywordColouring::KeywordColouring(QTextEdit& box, statements::Letters letters)
-    : QObject(&box), box_(box), letters_(letters) {
+    : QObject(&box), box_(box), letters_(letters), longLines_(new LongLineColours(box)) {
     box.installEventFilter(this);
 }
 
 void KeywordColouring::colourAll() {
-    BoxText text(box_);
+    BoxText text(box_, *longLines_);
     checker_.ColourText(text, letters_);
 }
 
 void KeywordColouring::examine(int key) {
     bool lettersChanged = false;
     {
-        BoxText text(box_);
+        BoxText text(box_, *longLines_);
         checker_.txtSQL_KeyDown(key, false, text, letters_);
         lettersChanged = text.lettersChanged();
     }

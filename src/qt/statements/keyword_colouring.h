@@ -8,6 +8,8 @@ class QTextEdit;
 
 namespace orvent::qt {
 
+class LongLineColours;
+
 /// Colours the keywords of a text box while the user types. Each colouring is one undo step, and none when nothing
 /// changes; caret and selection stay. Colours alone send no signal; changed letters send `textChanged` once.
 class KeywordColouring : public QObject {
@@ -32,6 +34,7 @@ class KeywordColouring : public QObject {
     QTextEdit& box_;
     statements::Letters letters_;
     statements::SQL_KeywordChecker checker_;
+    LongLineColours* longLines_;  ///< the box owns it
 };
 
 }  // namespace orvent::qt
