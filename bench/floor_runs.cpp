@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "bench/bare_odbc.h"
 #include "odbc/connection_strings.h"
 #include "odbc/dialect_rules.h"
 #include "testkit/servers.h"
@@ -48,6 +49,22 @@ void Runs::report(benchmark::State& state) {
     state.counters["floor_ms"] = bare * 1000;
     state.counters["program_ms"] = ours * 1000;
     state.counters["ratio"] = ours / bare;
+}
+
+void measureReading(benchmark::State& state, const Target& target, const StatementLog& log,
+                    const std::function<double()>& program) {
+    const BareOdbc floor(log, target.dialect);
+    Runs runs;
+    for (auto _ : state) {
+        const double taken = program();
+        runs.program.push_back(taken);
+        state.SetIterationTime(taken);
+
+        std::size_t rows = 0;
+        runs.floor.push_back(seconds([&] { rows = floor.run(target.connectionString); }));
+        demand(rows == log.rows, std::to_string(rows) + " rows instead of " + std::to_string(log.rows));
+    }
+    runs.report(state);
 }
 
 }  // namespace orvent::bench

@@ -3,10 +3,12 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "bench/statement_log.h"
 #include "odbc/dialect.h"
 #include "testkit/embedded_repository.h"
 
@@ -41,5 +43,9 @@ struct Runs {
 
     void report(benchmark::State& state);
 };
+
+/// Measures a reading: the program's, which gives the seconds it took, and the same rows over bare ODBC, in turn.
+void measureReading(benchmark::State& state, const Target& target, const StatementLog& log,
+                    const std::function<double()>& program);
 
 }  // namespace orvent::bench

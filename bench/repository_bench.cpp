@@ -130,20 +130,10 @@ void load(benchmark::State& state, MakeTarget makeTarget) {
 
     const StatementLog log =
         logOf(*target.repository, [&](Program& other) { other.load(*other.window(), saved->ScenarioID); });
-    const BareOdbc floor(log, target.dialect);
-
-    Runs runs;
-    for (auto _ : state) {
+    measureReading(state, target, log, [&] {
         const auto form = program.window();
-        const double taken = seconds([&] { program.load(*form, saved->ScenarioID); });
-        runs.program.push_back(taken);
-        state.SetIterationTime(taken);
-
-        std::size_t rows = 0;
-        runs.floor.push_back(seconds([&] { rows = floor.run(target.connectionString); }));
-        demand(rows == log.rows, std::to_string(rows) + " rows instead of " + std::to_string(log.rows));
-    }
-    runs.report(state);
+        return seconds([&] { program.load(*form, saved->ScenarioID); });
+    });
 }
 
 /// The shorter the work, the more a single run depends on chance.

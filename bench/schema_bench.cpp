@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "bench/bare_odbc.h"
 #include "bench/floor_runs.h"
+#include "bench/statement_log.h"
 #include "repository/source_schema.h"
 
 namespace orvent::bench {
@@ -42,19 +42,8 @@ void schema(benchmark::State& state, MakeTarget makeTarget) {
     RecordingDatabase recorder(target.repository->database, log);
     readSchema(recorder, source, tables);
     demand(log.rows >= tables * (kColumns + 1), std::to_string(log.rows) + " rows");
-    const BareOdbc floor(log, target.dialect);
-
-    Runs runs;
-    for (auto _ : state) {
-        const double taken = seconds([&] { readSchema(target.repository->database, source, tables); });
-        runs.program.push_back(taken);
-        state.SetIterationTime(taken);
-
-        std::size_t rows = 0;
-        runs.floor.push_back(seconds([&] { rows = floor.run(target.connectionString); }));
-        demand(rows == log.rows, std::to_string(rows) + " rows instead of " + std::to_string(log.rows));
-    }
-    runs.report(state);
+    measureReading(state, target, log,
+                   [&] { return seconds([&] { readSchema(target.repository->database, source, tables); }); });
 }
 
 void registerSchema(const char* name, MakeTarget makeTarget) {
