@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTextEdit>
 
@@ -184,6 +185,7 @@ QWidget* SetActPropWindow::newLists() {
     tabs_->setObjectName(QStringLiteral("TabStrip1"));
     tabs_->setAccessibleName(tr("Members of the activity"));
     tabs_->setDocumentMode(true);
+    tabs_->tabBar()->setDrawBase(false);
     for (int number = 0; number < 3; ++number) {
         tabs_->addTab(newList(number, kTabs[number]), tr(kTabs[number]));
     }

@@ -41,8 +41,9 @@ void NodeView::setNodes(QAbstractItemModel& nodes) {
     setModel(&nodes);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    header()->setSectionResizeMode(1, QHeaderView::Fixed);
-    header()->resizeSection(1, fontMetrics().horizontalAdvance(QStringLiteral("999 of 999")) + Spacing::gap);
+    // Names need the room more than counts do; those in sight are enough to know how wide.
+    header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    header()->setResizeContentsPrecision(0);
 }
 
 void NodeView::keyPressEvent(QKeyEvent* event) {
