@@ -35,6 +35,20 @@ void replace(LabelsD& design, const LabelsD& shown) {
     }
 }
 
+/// A second copy shows what the scenario has now.
+void renew(LabelsD& copy, const LabelsD& design) {
+    if (const ActivityProperties* activity = design.activity()) {
+        const std::int16_t place = copy.activity()->ZoomPosition;
+        copy.Properties = activity->Clone();
+        copy.activity()->ZoomPosition = place;
+    } else if (const RecordSetProperties* recordSet = design.recordSet()) {
+        const std::int16_t place = copy.recordSet()->ZoomPosition;
+        copy.Properties = recordSet->Clone();
+        copy.recordSet()->ZoomPosition = place;
+    }
+    copy.showCaption(design.Caption());
+}
+
 void link(canvas::DrawForm& design, LabelsD& node) {
     if (ActivityProperties* activity = node.activity()) {
         SynchronizeActivity(design, *activity, nullptr);
@@ -54,6 +68,11 @@ void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     form.eachFirstCopy([&](LabelsD&, LabelsD& design) { release(form.ParForm, design); });
     form.eachFirstCopy([&](LabelsD& shown, LabelsD& design) { replace(design, shown); });
     form.eachFirstCopy([&](LabelsD&, LabelsD& design) { link(form.ParForm, design); });
+    form.eachPair([&](LabelsD& shown, const LabelsD& design) {
+        if (!form.bearsName(shown)) {
+            renew(shown, design);
+        }
+    });
     form.applied();
     if (ReExpand) {
         unfolded.restore(form);

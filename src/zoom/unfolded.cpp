@@ -28,7 +28,7 @@ Unfolded::Unfolded(const ZoomForm& form) {
 void Unfolded::restore(ZoomForm& form) const {
     for (const NewANDoldIndex& pair : form.New2OldIndex) {
         LabelsD* node = form.Labels.byIndex(pair.NewIndex);
-        if (node && expanded_.count(node->Index()) && form.bearsName(*node)) {
+        if (node && expanded_.count(node->Index())) {
             ExpandByPlace(form, *node);
         }
     }

@@ -35,6 +35,7 @@ Legend::Legend(canvas::CanvasForm& form, const Theme& theme, QWidget* parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connect(&theme_, &Theme::changed, this, qOverload<>(&QWidget::update));
+    hide();  // until there are figures
 }
 
 Legend::~Legend() = default;
