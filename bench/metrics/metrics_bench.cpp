@@ -40,14 +40,10 @@ double heapMegabytes() {
     return static_cast<double>(info.uordblks + info.hblkhd) / 1e6;
 }
 
-struct QuietProgress : platform::Progress {
+/// Looks at the heap at each step.
+struct HeapPeak : platform::Progress {
     void pointer(int) override {}
     void status(const std::string&) override {}
-    void step(std::size_t, std::size_t) override {}
-};
-
-/// Looks at the heap at each step.
-struct HeapPeak : QuietProgress {
     void step(std::size_t, std::size_t) override { peak = std::max(peak, heapMegabytes()); }
     double peak = 0;
 };
@@ -85,7 +81,8 @@ double bestSeconds(const std::function<void()>& work) {
 }
 
 /// All rows and their sums. Sums beyond 16 bits are refused after the last row; here only the time counts.
-void runScenario(const Scenario& scenario, std::int16_t depth, MetricsViews& views, platform::Progress& progress) {
+void runScenario(const Scenario& scenario, std::int16_t depth, MetricsViews& views,
+                 platform::Progress* progress = nullptr) {
     try {
         analysis::MetricsFunctions(views, depth, progress).ScenarioMetrics(scenario.form);
     } catch (const platform::Fault&) {
@@ -94,11 +91,6 @@ void runScenario(const Scenario& scenario, std::int16_t depth, MetricsViews& vie
         std::fprintf(stderr, "not every node has a row\n");
         std::exit(1);
     }
-}
-
-void runScenario(const Scenario& scenario, std::int16_t depth, MetricsViews& views) {
-    QuietProgress progress;
-    runScenario(scenario, depth, views, progress);
 }
 
 std::int64_t reached(const MetricsViews& views) {
@@ -161,10 +153,9 @@ void hub() {
     const canvas::LabelsD& node = *scenario.form.nodeNamed("Hub");
     for (const std::int16_t depth : kDepths) {
         MetricsViews views;
-        QuietProgress progress;
         const double seconds = bestSeconds([&] {
             try {
-                analysis::MetricsFunctions(views, depth, progress).EntityMetrics(scenario.form, node);
+                analysis::MetricsFunctions(views, depth).EntityMetrics(scenario.form, node);
             } catch (const platform::Fault&) {  // the sums
             }
         });
@@ -179,7 +170,7 @@ void memory(const char* what, const bench::Edges& edges) {
     const double before = heapMegabytes();
     MetricsViews views;
     HeapPeak heap;
-    runScenario(*scenario, 32767, views, heap);
+    runScenario(*scenario, 32767, views, &heap);
     std::printf("%d nodes, %s: the scenario takes %.1f MB, counting at most %.1f MB more, its rows keep %.1f MB\n",
                 edges.nodes, what, before, heap.peak - before, heapMegabytes() - before);
 }

@@ -51,7 +51,7 @@ void MetricsForm::clickEntity(int position) {
     const canvas::DrawForm* form = entry ? scenarios_.at(entry->slot) : nullptr;
     const canvas::LabelsD* node = form && face == Face::Entities ? form->nodeNamed(entry->name) : nullptr;
     twoLists = node && node->activity();
-    MetricsFunctions metrics(views, Counter, progress_);
+    MetricsFunctions metrics(views, Counter, &progress_);
     try {
         if (node) {
             metrics.EntityMetrics(*form, *node);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 
@@ -118,21 +119,29 @@ class NodeLinks {
 /// Shows how far a long count is.
 class Steps {
   public:
-    explicit Steps(platform::Progress& progress) : progress_(progress), busy_(progress) {}
-    ~Steps() { progress_.step(0, 0); }
+    explicit Steps(platform::Progress* progress) : progress_(progress) {
+        if (progress_) {
+            busy_.emplace(*progress_);
+        }
+    }
+    ~Steps() {
+        if (progress_) {
+            progress_->step(0, 0);
+        }
+    }
     Steps(const Steps&) = delete;
     Steps& operator=(const Steps&) = delete;
 
     void at(std::size_t done, std::size_t all) const {
         constexpr std::size_t kEach = 256;
-        if (done % kEach == 0 && all > kEach) {
-            progress_.step(done, all);
+        if (progress_ && done % kEach == 0 && all > kEach) {
+            progress_->step(done, all);
         }
     }
 
   private:
-    platform::Progress& progress_;
-    platform::Busy busy_;
+    platform::Progress* progress_;
+    std::optional<platform::Busy> busy_;
 };
 
 }  // namespace

@@ -56,8 +56,8 @@ struct MetricsViews {
 /// `Fault`; the rows that stand stay. Nothing of the scenario changes.
 class MetricsFunctions {
   public:
-    /// The views are filled anew by each call.
-    MetricsFunctions(MetricsViews& views, std::int16_t TransDepth, platform::Progress& progress)
+    /// The views are filled anew by each call. `progress` shows how far a long count is, unless it is to be quiet.
+    MetricsFunctions(MetricsViews& views, std::int16_t TransDepth, platform::Progress* progress = nullptr)
         : views_(views), depth_(TransDepth), progress_(progress) {}
 
     /// A row for each attribute of a record set, or for each input and output of an activity.
@@ -74,7 +74,7 @@ class MetricsFunctions {
 
     MetricsViews& views_;
     std::int16_t depth_;
-    platform::Progress& progress_;
+    platform::Progress* progress_;
 };
 
 /// The text of a cell: a filler before a value below 10, so that texts sort as numbers do.

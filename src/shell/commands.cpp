@@ -62,6 +62,8 @@ constexpr std::array kView = {
     item("ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"),
     separator(withWindow),
     item("SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"),
+    separator(inDesign),
+    item("ColourByMetricM", "Colour By Metric", colourByMetric, inDesign, "", ""),
     separator(inZoom),
     MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, inZoom},
     item("ViewAttributesM", "Attributes", viewAttributes, inZoom, "", ""),

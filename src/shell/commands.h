@@ -38,6 +38,7 @@ enum class Command {
     viewSmaller,
     viewActualSize,
     viewFit,
+    colourByMetric,
     viewProvider,
     viewPartOf,
     viewRegulator,

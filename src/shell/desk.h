@@ -2,6 +2,7 @@
 
 #include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
+#include "canvas/tints.h"
 
 namespace orvent::shell {
 
@@ -26,6 +27,9 @@ class Desk {
     /// Brings a new window forward with its whole picture, or, where that would be too small to read, with the node in
     /// the middle.
     virtual void present(canvas::CanvasForm& form, const canvas::LabelsD& node) = 0;
+    /// Shows the nodes in shades, which last as long as they are shown, or in their own colours again for nothing. To
+    /// be called again when the shades were counted anew.
+    virtual void showTints(canvas::CanvasForm& form, canvas::Tints* tints) = 0;
     /// Pops a context menu up at a place of the picture.
     virtual void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) = 0;
     /// Lets the user choose a printer and prints the whole picture on one page; with `preview` shows the page first. A

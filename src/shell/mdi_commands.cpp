@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "analysis/metric_tints.h"
 #include "canvas/node_walk.h"
 #include "canvas/scaling.h"
 #include "repository/starter_catalogue.h"
@@ -88,6 +89,8 @@ struct MDIForm1::CommandTable {
         {Command::viewActualSize, inWindow,
          [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::actualSize); }},
         {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
+        {Command::colourByMetric, inDesign, [](MDIForm1& f) { f.toggleTints(); },
+         [](const MDIForm1& f) { return f.tints_.contains(f.activeScenario()); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
@@ -160,6 +163,19 @@ canvas::ItemState MDIForm1::stateOf(Command command) const {
 
 void MDIForm1::toggleMark(bool zoom::ViewMarks::*mark) {
     toggleFilter(*zoomInFront(), mark);
+    host_.commandsChanged();
+}
+
+void MDIForm1::toggleTints() {
+    canvas::DrawForm& form = *activeScenario();
+    if (tints_.contains(&form)) {
+        desk_.showTints(form, nullptr);
+        tints_.erase(&form);
+    } else {
+        const auto [place, isNew] =
+            tints_.emplace(&form, std::make_unique<analysis::MetricTints>(form, options_.TransDepth));
+        desk_.showTints(form, place->second.get());
+    }
     host_.commandsChanged();
 }
 

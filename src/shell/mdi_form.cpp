@@ -265,6 +265,7 @@ void MDIForm1::freeSlot(int slot) {
 /// A form that nobody holds any more goes from the desk.
 void MDIForm1::dropped(canvas::CanvasForm& form) {
     desk_.drop(form);
+    tints_.erase(&form);
     form.clear();
     if (!desk_.active()) {
         tools_.enablePrintAndSave(false);
@@ -303,6 +304,10 @@ void MDIForm1::scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* exc
 
 void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
     repository::isUnsaved(form.scenario());
+    if (const auto place = tints_.find(&form); place != tints_.end()) {
+        place->second->countAnew();
+        desk_.showTints(form, place->second.get());
+    }
 }
 
 void MDIForm1::enableFrame(bool enabled) {

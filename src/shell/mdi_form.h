@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -78,7 +79,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* except) override;
     void enableFrame(bool enabled) override;
 
-    /// Some time has passed since a window changed: marks its scenario when it holds unsaved work.
+    /// Some time has passed since a window changed: marks its scenario when it holds unsaved work, and tints it anew.
     void noticeChanges(canvas::CanvasForm& form);
     /// The current group of the vertical menu, from 1 on.
     int currentGroup() const { return currentGroup_; }
@@ -102,6 +103,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     canvas::CanvasForm* openZoom() const;
     /// The zoom view in front, when it takes input, or nothing.
     zoom::ZoomForm* zoomInFront() const;
+    void toggleTints();
     void toggleMark(bool zoom::ViewMarks::*mark);
     bool marked(bool zoom::ViewMarks::*mark) const;
     void toggleSight(bool zoom::ZoomSight::*mark);
@@ -143,7 +145,8 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
 
     // A slot is used exactly while it holds a scenario.
     std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;
-    std::vector<std::unique_ptr<canvas::CanvasForm>> others_;  ///< windows beside the scenarios'
+    std::vector<std::unique_ptr<canvas::CanvasForm>> others_;                    ///< windows beside the scenarios'
+    std::map<const canvas::CanvasForm*, std::unique_ptr<canvas::Tints>> tints_;  ///< of the windows that show some
 };
 
 }  // namespace orvent::shell

@@ -28,12 +28,11 @@ class Metrics : public testkit::CanvasTest {
         return text;
     }
 
-    void run(std::int16_t depth) { MetricsFunctions(views, depth, progress).ScenarioMetrics(form); }
+    void run(std::int16_t depth) { MetricsFunctions(views, depth).ScenarioMetrics(form); }
 
     canvas::DrawForm form{ports.services()};
     testkit::GraphBuilder graph{form};
     MetricsViews views;
-    testkit::QuietProgress progress;
 };
 
 TEST_F(Metrics, NodesOfAScenario) {
@@ -143,7 +142,7 @@ class AttributeMetrics : public Metrics {
 
     /// The rows of both views of a node, the number of those of the first in `inputs_`.
     std::map<std::string, std::string> rows(const char* node, std::int16_t depth) {
-        MetricsFunctions(views, depth, progress).EntityMetrics(form, *form.nodeNamed(node));
+        MetricsFunctions(views, depth).EntityMetrics(form, *form.nodeNamed(node));
         std::map<std::string, std::string> found;
         for (const MetricsRow& row : views.InpMetrView) {
             found["in " + row.name] = numbers(row);

@@ -11,6 +11,7 @@
 #include "qt/canvas/edge_painter.h"
 #include "qt/canvas/node_painter.h"
 #include "qt/canvas/node_shapes.h"
+#include "qt/canvas/tint_legend.h"
 #include "testkit/scripted_ports.h"
 #include "window_test.h"
 
@@ -191,6 +192,20 @@ class CanvasViewTest : public WindowTest {
         for (const double aside : {-2.5, 2.5}) {
             QVERIFY(contrast(bent.pixelColor((end + QPointF(50 / kTwipsPerPixel - 8, aside)).toPoint()),
                              theme.background) > 3);
+        }
+    }
+
+    void tintsGoFromThePalestToTheFullestInEveryTheme() {
+        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
+            const CanvasColours& theme = Theme(mode).canvas();
+            double former = 0;
+            for (int step = 0; step <= 8; ++step) {
+                const NodeColours colours = nodeColours(tintOf(step / 8.0), theme);
+                const double apart = contrast(colours.fill, theme.paper);
+                QVERIFY2(apart > former && contrast(colours.fill, colours.caption) >= kLeastContrast,
+                         qPrintable(QStringLiteral("%1 %2").arg(step).arg(colours.fill.name())));
+                former = apart;
+            }
         }
     }
 

@@ -2,7 +2,9 @@
 
 #include "qt/analysis/metrics_window.h"
 
+#include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QListView>
 #include <QSpinBox>
 #include <QTableView>
@@ -10,6 +12,7 @@
 #include "qt/canvas/canvas_editor.h"
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "testkit/model_text.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -67,6 +70,39 @@ class MetricsWindowTest : public WindowTest {
         program.logic.run(shell::Command::metrics);
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(program.frame.findChildren<MetricsWindow*>().size(), 1);
+    }
+
+    void theDesignIsTintedAndNothingOfItChanges() {
+        Opened program;
+        program.window->close();
+        canvas::DrawForm& sample = *program.logic.activeScenario();
+        CanvasEditor& editor = *program.frame.findChild<CanvasEditor*>();
+        const auto picture = [&] { return editor.viewport()->grab().toImage().copy(0, 0, 400, 200); };
+        const std::string model = testkit::modelText(sample);
+        sample.SelectedLabels.Clear();
+        const QImage plain = picture();
+        program.choose("ColourByMetricM");
+        QVERIFY(program.menuItem("ColourByMetricM")->isChecked());
+        const QImage tinted = picture();
+        QVERIFY(tinted != plain);
+        auto* choice = control<QComboBox>(editor, "tint");
+        QVERIFY(choice->isVisible());
+        QCOMPARE(choice->currentText(), QStringLiteral("Total_DEGREE"));
+        QTest::keyClick(choice, Qt::Key_Home);  // Local_IN
+        QVERIFY(picture() != tinted);
+        // A new edge counts a while after it was drawn.
+        const QString range = control<QLabel>(editor, "tintRange")->text();
+        for (int edge = 0; edge < 20; ++edge) {
+            sample.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
+        }
+        QTRY_VERIFY(control<QLabel>(editor, "tintRange")->text() != range);
+        for (int edge = 0; edge < 20; ++edge) {
+            sample.Lines.RemoveFull(sample.LinesNo - edge);
+        }
+        program.choose("ColourByMetricM");
+        QVERIFY(!editor.findChild<QComboBox*>(QStringLiteral("tint")));
+        QCOMPARE(testkit::modelText(sample), model);
+        QCOMPARE(picture(), plain);
     }
 };
 

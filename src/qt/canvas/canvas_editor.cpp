@@ -5,7 +5,9 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <utility>
 
+#include "qt/canvas/tint_legend.h"
 #include "qt/menu_filling.h"
 #include "qt/text.h"
 
@@ -210,6 +212,36 @@ void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
 void CanvasEditor::markersChanged() {
     CanvasViewWidget::markersChanged();
     showCommentEditor();
+}
+
+/// The legend stands below the picture and covers nothing of it.
+void CanvasEditor::showTints(canvas::Tints* tints) {
+    setTints(tints);
+    if (!tints) {
+        delete std::exchange(legend_, nullptr);
+        setViewportMargins({});
+        return;
+    }
+    if (!legend_) {
+        legend_ = new TintLegend(*tints, theme(), this);
+        connect(legend_, &TintLegend::chosen, this, [this] { showTints(this->tints()); });
+        setViewportMargins(0, 0, 0, legend_->sizeHint().height());
+        legend_->show();
+    }
+    legend_->refresh();
+    placeLegend();
+}
+
+void CanvasEditor::resizeEvent(QResizeEvent* event) {
+    CanvasViewWidget::resizeEvent(event);
+    placeLegend();
+}
+
+void CanvasEditor::placeLegend() {
+    if (legend_) {
+        const QRect picture = viewport()->geometry();
+        legend_->setGeometry(picture.left(), picture.bottom() + 1, picture.width(), legend_->sizeHint().height());
+    }
 }
 
 void CanvasEditor::showCommentEditor() {

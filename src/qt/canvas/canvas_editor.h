@@ -10,6 +10,8 @@ class QPlainTextEdit;
 
 namespace orvent::qt {
 
+class TintLegend;
+
 /// A canvas that is edited by hand: the view, whose events go to the canvas' gestures.
 class CanvasEditor : public CanvasViewWidget {
     Q_OBJECT
@@ -26,11 +28,15 @@ class CanvasEditor : public CanvasViewWidget {
 
     void markersChanged() override;
 
+    /// Shows the nodes in shades with a legend, or in their own colours again.
+    void showTints(canvas::Tints* tints);
+
   Q_SIGNALS:
     /// The pointer is at a place of the picture, or not over it.
     void pointed(std::optional<canvas::Point> place);
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -49,9 +55,11 @@ class CanvasEditor : public CanvasViewWidget {
     void showFocus();
     void showCommentEditor();
     void placeCommentEditor();
+    void placeLegend();
 
     canvas::CanvasPointer pointer_;
     canvas::PointedLight light_;
+    TintLegend* legend_ = nullptr;      ///< while there are tints
     QPointer<QPlainTextEdit> comment_;  ///< the editor of `EditedComment`, while there is one
 };
 

@@ -6,6 +6,8 @@
 
 #include "qt/canvas/edge_painter.h"
 #include "qt/canvas/node_painter.h"
+#include "qt/canvas/tint_legend.h"
+#include "qt/text.h"
 
 namespace orvent::qt {
 
@@ -29,16 +31,31 @@ Extent printedExtent(const canvas::Canvas& canvas) {
     return extent;
 }
 
-void printTo(const canvas::Canvas& canvas, QPrinter& printer) {
+/// Draws what the shades stand for at the foot of a page, and gives the rest of the page.
+QRectF withoutLegend(const canvas::Tints& tints, QPainter& painter, const QRectF& page) {
+    constexpr int kLines = 3;
+    const double line = painter.fontMetrics().height();
+    const QRectF foot(page.left(), page.bottom() - line, page.width(), line);
+    const QRectF scale(foot.left(), foot.top(), 10 * line, line);
+    const CanvasColours colours = paperColours();
+    paintTintScale(painter, scale, colours);
+    painter.setPen(colours.darkText);
+    painter.drawText(foot.adjusted(scale.width() + line, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+                     text(tints.choices()[tints.chosen()] + ": " + tints.range()));
+    return page.adjusted(0, 0, 0, -kLines * line / 2);
+}
+
+void printTo(const canvas::Canvas& canvas, const canvas::Tints* tints, QPrinter& printer) {
     QPainter painter;
     if (painter.begin(&printer)) {
-        paintOnPage(canvas, painter, QRectF(painter.viewport()));
+        paintOnPage(canvas, painter, QRectF(painter.viewport()), tints);
     }
 }
 
 }  // namespace
 
-void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& page) {
+void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& whole, const canvas::Tints* tints) {
+    const QRectF page = tints ? withoutLegend(*tints, painter, whole) : whole;
     const Extent extent = printedExtent(canvas);
     const double width = std::max(1.0, static_cast<double>(extent.right) - extent.left);
     const double height = std::max(1.0, static_cast<double>(extent.bottom) - extent.top);
@@ -51,17 +68,18 @@ void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& 
     painter.scale(factor, factor);
     painter.translate(-plain.toPixels(extent).center());
     painter.setRenderHint(QPainter::Antialiasing);
-    const PaintContext context{painter, plain, colours, std::max(1.0, std::ceil(factor)), Detail::full, false};
+    const PaintContext context{painter,      plain, colours, std::max(1.0, std::ceil(factor)),
+                               Detail::full, false, nullptr, tints};
     NodePainter nodes(QFont{});
     nodes.prepare(context);
     EdgePainter edges(context, canvas, plain.toPixels(extent));
-    for (const canvas::LinesD& edge : canvas.Lines) {
+    for (const canvas::LinesD& edge : std::as_const(canvas.Lines)) {
         if (edge.Visible() && edge.ToLabel() != 0) {
             edges.add(edge);
         }
     }
     edges.paint();
-    for (const canvas::LabelsD& node : canvas.Labels) {
+    for (const canvas::LabelsD& node : std::as_const(canvas.Labels)) {
         if (node.Visible()) {
             const bool selected = canvas.SelectedLabels.Item(node.Index()) != nullptr;
             nodes.paint(context, node, {false, false, selected ? canvas.settings().SelColor : 0});
@@ -73,7 +91,8 @@ void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& 
 CanvasPrinter::CanvasPrinter() = default;
 CanvasPrinter::~CanvasPrinter() = default;
 
-void CanvasPrinter::print(const canvas::Canvas& canvas, const QString& title, bool preview, QWidget* parent) {
+void CanvasPrinter::print(const canvas::Canvas& canvas, const canvas::Tints* tints, const QString& title, bool preview,
+                          QWidget* parent) {
     if (!printer_) {
         printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     }
@@ -86,14 +105,14 @@ void CanvasPrinter::print(const canvas::Canvas& canvas, const QString& title, bo
         QPrintPreviewDialog dialog(&printer, parent);
         dialog.setObjectName(QStringLiteral("PrintPreview"));
         QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                         [&canvas](QPrinter* target) { printTo(canvas, *target); });
+                         [&canvas, tints](QPrinter* target) { printTo(canvas, tints, *target); });
         dialog.exec();
         return;
     }
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName(QStringLiteral("PrintDialog"));
     if (dialog.exec() == QDialog::Accepted) {
-        printTo(canvas, printer);
+        printTo(canvas, tints, printer);
     }
 }
 

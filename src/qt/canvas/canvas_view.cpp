@@ -153,6 +153,11 @@ void CanvasViewWidget::markDirty(const Extent& extent) {
     }
 }
 
+void CanvasViewWidget::setTints(canvas::Tints* tints) {
+    tints_ = tints;
+    repaintAll();
+}
+
 void CanvasViewWidget::repaintAll() {
     layerDirty_ = viewport()->rect();
     viewport()->update();

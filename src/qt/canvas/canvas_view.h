@@ -42,6 +42,10 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     /// Shows the whole picture where its captions stay readable then, otherwise the node in the middle at full size.
     void present(const canvas::LabelsD& node);
 
+    /// Shades in which the nodes are shown, or nothing.
+    void setTints(canvas::Tints* tints);
+    canvas::Tints* tints() const { return tints_; }
+
     /// From pixels of the viewport to twips and back.
     Transform transform() const;
 
@@ -132,6 +136,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     canvas::CanvasSubscription subscription_;
     const Theme& theme_;
     double scale_ = 1;
+    canvas::Tints* tints_ = nullptr;
     mutable ItemIndex<canvas::LabelsD> nodes_;
     mutable ItemIndex<canvas::LinesD> edges_;
     mutable bool stale_ = true;  ///< the index has to be built anew before its next use

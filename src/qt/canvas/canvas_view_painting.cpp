@@ -37,7 +37,7 @@ void CanvasViewWidget::paintEvent(QPaintEvent* event) {
 }
 
 PaintContext CanvasViewWidget::contextFor(QPainter& painter, const Transform& now) const {
-    return {painter, now, theme_.canvas(), viewport()->devicePixelRatioF(), detailAt(scale_)};
+    return {painter, now, theme_.canvas(), viewport()->devicePixelRatioF(), detailAt(scale_), true, nullptr, tints_};
 }
 
 /// By way of an image that boxes and lines are written into.

@@ -4,6 +4,7 @@
 
 #include "qt/canvas/comment_bar.h"
 #include "qt/canvas/node_shapes.h"
+#include "qt/canvas/tint_legend.h"
 #include "qt/theme/blend.h"
 
 namespace orvent::qt {
@@ -190,7 +191,9 @@ void NodePainter::paintCaption(const PaintContext& context, const canvas::Labels
 }
 
 void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node, NodeState state) {
-    const NodeColours& colours = coloursOf((node.Color() ^ state.mask) & 0xFFFFFF, context.colours);
+    const std::optional<double> tint = context.tints ? context.tints->share(node) : std::nullopt;
+    const std::int32_t colour = tint ? tintOf(*tint) : (node.Color() ^ state.mask) & 0xFFFFFF;
+    const NodeColours& colours = coloursOf(colour, context.colours);
     const QRectF place = context.transform.toPixels(boxOf(node));
     if (context.detail != Detail::full) {
         paintThin(context, node.figure(), place, state.dimmed ? dimmed(colours, context.colours).fill : colours.fill);

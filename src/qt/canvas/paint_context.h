@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "canvas/tints.h"
 #include "qt/canvas/pixels.h"
 #include "qt/canvas/transform.h"
 #include "qt/theme/theme.h"
@@ -23,8 +24,9 @@ struct PaintContext {
     const CanvasColours& colours;
     double pixelRatio;  ///< device pixels per pixel
     Detail detail;
-    bool selection = true;    ///< false on paper, where nothing is selected
-    Pixels* image = nullptr;  ///< what the painter paints on, if it can be written into straight
+    bool selection = true;                 ///< false on paper, where nothing is selected
+    Pixels* image = nullptr;               ///< what the painter paints on, if it can be written into straight
+    const canvas::Tints* tints = nullptr;  ///< shades instead of the nodes' colours, if there are any
 
     /// A length given for scale 1, in pixels.
     double length(double pixels) const { return pixels * transform.scale; }

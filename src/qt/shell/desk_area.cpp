@@ -173,12 +173,16 @@ void DeskArea::present(canvas::CanvasForm& form, const canvas::LabelsD& node) {
     window->editor().present(node);
 }
 
+void DeskArea::showTints(canvas::CanvasForm& form, canvas::Tints* tints) {
+    windowOf(form)->editor().showTints(tints);
+}
+
 void DeskArea::showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) {
     windowOf(form)->editor().showMenu(menu, at);
 }
 
 void DeskArea::print(canvas::CanvasForm& form, bool preview) {
-    printer_.print(form, text(form.Caption()), preview, this);
+    printer_.print(form, windowOf(form)->editor().tints(), text(form.Caption()), preview, this);
 }
 
 void DeskArea::cancelGesture() {

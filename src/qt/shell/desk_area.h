@@ -36,6 +36,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void changeView(canvas::CanvasForm& form, shell::ViewChange change) override;
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
     void present(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
+    void showTints(canvas::CanvasForm& form, canvas::Tints* tints) override;
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
     void print(canvas::CanvasForm& form, bool preview) override;
 

@@ -1,0 +1,54 @@
+#include "analysis/metric_tints.h"
+
+#include <algorithm>
+
+#include "platform/fault.h"
+
+namespace orvent::analysis {
+
+MetricTints::MetricTints(const canvas::DrawForm& form, const std::int16_t& TransDepth)
+    : form_(form), depth_(TransDepth) {
+    countAnew();
+}
+
+void MetricTints::countAnew() {
+    fault_.clear();
+    rows_.clear();
+    places_.assign(static_cast<std::size_t>(form_.LabelsNo) + 1, 0);
+    MetricsViews views;
+    try {
+        MetricsFunctions(views, depth_).addNodeRows(form_);
+    } catch (const platform::Fault& fault) {
+        fault_ = fault.what();  // the legend tells it
+        return;
+    }
+    rows_ = std::move(views.InpMetrView);
+    for (std::size_t at = 0; at < rows_.size(); ++at) {
+        places_[static_cast<std::size_t>(rows_[at].node)] = at + 1;
+    }
+    choose(column_);
+}
+
+void MetricTints::choose(std::size_t choice) {
+    column_ = choice;
+    largest_ = 0;
+    for (const MetricsRow& row : rows_) {
+        largest_ = std::max<int>(largest_, row.values[column_]);
+    }
+}
+
+std::optional<double> MetricTints::share(const canvas::LabelsD& node) const {
+    const auto index = static_cast<std::size_t>(node.Index());
+    const std::size_t place = index < places_.size() ? places_[index] : 0;
+    if (place == 0 || !node.Ready()) {
+        return std::nullopt;
+    }
+    const int value = rows_[place - 1].values[column_];
+    return value > 0 ? static_cast<double>(value) / largest_ : 0;
+}
+
+std::string MetricTints::range() const {
+    return fault_.empty() ? "0 to " + std::to_string(largest_) : fault_;
+}
+
+}  // namespace orvent::analysis
