@@ -14,6 +14,7 @@
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
 #include "tour_drawing.h"
+#include "tour_metrics.h"
 #include "tour_nothing.h"
 #include "tour_player.h"
 #include "tour_wizard.h"
@@ -43,6 +44,7 @@ class Tour {
         openSample();
         save();
         closeAndLoad();
+        countMetrics(player_, window(), frame(), theme_);
         zoomIntoActivity(player_, window(), frame(), theme_);
         writeFiles();
         drawFromNothing(player_, window(), frame(), theme_, home_);

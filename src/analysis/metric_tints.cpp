@@ -6,6 +6,18 @@
 
 namespace orvent::analysis {
 
+namespace {
+
+/// A node whose readiness was never told has the colour of its kind.
+bool isShownUnready(const canvas::LabelsD& node) {
+    const canvas::Canvas& canvas = node.canvas();
+    const bool selected = canvas.SelectedLabels.Item(node.Index()) != nullptr;
+    const std::int32_t plain = selected ? node.Color() ^ canvas.settings().SelColor : node.Color();
+    return !node.Ready() && canvas::nodeKind(node.NodeType()).showsReadiness && plain == node.NotReadyColor;
+}
+
+}  // namespace
+
 MetricTints::MetricTints(const canvas::DrawForm& form, const std::int16_t& TransDepth)
     : form_(form), depth_(TransDepth) {
     countAnew();
@@ -40,7 +52,7 @@ void MetricTints::choose(std::size_t choice) {
 std::optional<double> MetricTints::share(const canvas::LabelsD& node) const {
     const auto index = static_cast<std::size_t>(node.Index());
     const std::size_t place = index < places_.size() ? places_[index] : 0;
-    if (place == 0 || !node.Ready()) {
+    if (place == 0 || isShownUnready(node)) {
         return std::nullopt;
     }
     const int value = rows_[place - 1].values[column_];

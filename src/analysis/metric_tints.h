@@ -10,8 +10,8 @@
 
 namespace orvent::analysis {
 
-/// The nodes of a scenario in the shades of one column of its metrics. A node that is not ready, or has come since the
-/// last count, keeps its colour.
+/// The nodes of a scenario in the shades of one column of its metrics. A node that is shown as not ready, or has come
+/// since the last count, keeps its colour.
 class MetricTints : public canvas::Tints {
   public:
     /// The scenario outlives it, and so does the depth of the run.

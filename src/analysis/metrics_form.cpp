@@ -7,8 +7,8 @@
 namespace orvent::analysis {
 
 MetricsForm::MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store,
-                         platform::Progress& progress, int slot)
-    : scenarios_(scenarios), depth_(TransDepth), store_(store), progress_(progress), slot_(slot) {
+                         platform::Progress& progress, int scenario)
+    : scenarios_(scenarios), depth_(TransDepth), store_(store), progress_(progress), scenario_(scenario) {
     EntitiesView();
 }
 
@@ -26,10 +26,10 @@ void MetricsForm::turn(Face to, const char* entityLabel, const char* switchText,
 
 void MetricsForm::EntitiesView() {
     turn(Face::Entities, "Structured Entities", "Scenario Metrics", "ATTRIBUTE NAME");
-    if (const canvas::DrawForm* form = scenarios_.at(slot_)) {
+    if (const canvas::DrawForm* form = scenarios_.at(scenario_)) {
         for (const canvas::LabelsD& node : form->Labels) {
             if (node.NodeType() == canvas::NodeTypeRecordSet || node.NodeType() == canvas::NodeTypeActivity) {
-                Entities.push_back({node.Caption(), slot_});
+                Entities.push_back({node.Caption(), scenario_});
             }
         }
     }
@@ -38,8 +38,8 @@ void MetricsForm::EntitiesView() {
 
 void MetricsForm::ScenariosView() {
     turn(Face::Scenarios, "Scenarios:", "Entities Metrics", "ENTITY NAME");
-    for (const int slot : scenarios_.openSlots()) {
-        Entities.push_back({scenarios_.at(slot)->Caption(), slot});
+    for (const int scenario : scenarios_.open()) {
+        Entities.push_back({scenarios_.at(scenario)->Caption(), scenario});
     }
     showState();
 }
@@ -48,7 +48,7 @@ void MetricsForm::clickEntity(int position) {
     views.clear();
     selected = position >= 0 && position < static_cast<int>(Entities.size()) ? position : -1;
     const Entry* entry = selected < 0 ? nullptr : &Entities[static_cast<std::size_t>(selected)];
-    const canvas::DrawForm* form = entry ? scenarios_.at(entry->slot) : nullptr;
+    const canvas::DrawForm* form = entry ? scenarios_.at(entry->scenario) : nullptr;
     const canvas::LabelsD* node = form && face == Face::Entities ? form->nodeNamed(entry->name) : nullptr;
     twoLists = node && node->activity();
     MetricsFunctions metrics(views, Counter, &progress_);
@@ -116,14 +116,14 @@ std::int16_t MetricsForm::largest(std::size_t column) const {
     return value;
 }
 
-int MetricsForm::slotOfTables() const {
-    return selected < 0 ? -1 : Entities[static_cast<std::size_t>(selected)].slot;
+int MetricsForm::scenarioOfTables() const {
+    return selected < 0 ? -1 : Entities[static_cast<std::size_t>(selected)].scenario;
 }
 
 void MetricsForm::reveal(const MetricsRow& row) {
-    const canvas::DrawForm* form = scenarios_.at(slotOfTables());
+    const canvas::DrawForm* form = scenarios_.at(scenarioOfTables());
     if (form && form->Labels.byIndex(row.node)) {
-        scenarios_.reveal(slotOfTables(), row.node);
+        scenarios_.reveal(scenarioOfTables(), row.node);
     }
 }
 

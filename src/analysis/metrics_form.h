@@ -16,12 +16,12 @@ class OpenScenarios {
   public:
     virtual ~OpenScenarios() = default;
 
-    /// The slots in use, in order.
-    virtual std::vector<int> openSlots() const = 0;
-    /// The scenario in a slot, or nothing.
-    virtual const canvas::DrawForm* at(int slot) const = 0;
+    /// The open scenarios, each by a number of its own that no later one gets.
+    virtual std::vector<int> open() const = 0;
+    /// The scenario of a number, or nothing when it was closed.
+    virtual const canvas::DrawForm* at(int scenario) const = 0;
     /// Brings a scenario's window forward and shows the node.
-    virtual void reveal(int slot, std::int32_t node) = 0;
+    virtual void reveal(int scenario, std::int32_t node) = 0;
 };
 
 /// The window of metrics. It has two faces: the record sets and activities of the scenario for which it was opened,
@@ -33,12 +33,12 @@ class MetricsForm {
     /// An entry of the list `Entities`.
     struct Entry {
         std::string name;
-        int slot;
+        int scenario;
     };
 
     /// `TransDepth` is the value of the run that goes with the stored setting. Opens in the entities face.
     MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store,
-                platform::Progress& progress, int slot);
+                platform::Progress& progress, int scenario);
 
     Face face = Face::Entities;
     std::string lblEntity;
@@ -67,6 +67,7 @@ class MetricsForm {
     std::vector<std::size_t> order(const std::vector<MetricsRow>& view) const;
     bool isSorted() const { return sorted_; }
     bool isAscending() const { return ascending_; }
+    std::size_t sortColumn() const { return sortColumn_; }
     /// The text of a cell.
     static std::string cell(const MetricsRow& row, std::size_t column) {
         return PadColumns(std::to_string(row.values[column]));
@@ -83,13 +84,13 @@ class MetricsForm {
   private:
     void turn(Face to, const char* entityLabel, const char* switchText, const char* nameHead);
     void showState() const;
-    int slotOfTables() const;
+    int scenarioOfTables() const;
 
     OpenScenarios& scenarios_;
     std::int16_t& depth_;
     platform::SettingsStore& store_;
     platform::Progress& progress_;
-    int slot_;
+    int scenario_;
     bool sorted_ = false;
     bool ascending_ = true;
     std::size_t sortColumn_ = 0;

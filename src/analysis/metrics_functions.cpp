@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
-#include <optional>
+#include <memory>
 #include <string_view>
 #include <unordered_map>
 
 #include "analysis/attribute_walks.h"
 #include "analysis/budgeted_walk.h"
 #include "platform/fault.h"
+#include "platform/steps.h"
 
 namespace orvent::analysis {
 
@@ -116,33 +117,24 @@ class NodeLinks {
     std::vector<Edge> edges_;            ///< by `Index`
 };
 
-/// Shows how far a long count is.
-class Steps {
-  public:
-    explicit Steps(platform::Progress* progress) : progress_(progress) {
-        if (progress_) {
-            busy_.emplace(*progress_);
-        }
-    }
-    ~Steps() {
-        if (progress_) {
-            progress_->step(0, 0);
-        }
-    }
-    Steps(const Steps&) = delete;
-    Steps& operator=(const Steps&) = delete;
+/// Busy, and how far a long count is.
+struct Counting {
+    Counting(platform::Progress& progress, std::size_t total) : busy(progress), steps(progress, total) {}
 
-    void at(std::size_t done, std::size_t all) const {
-        constexpr std::size_t kEach = 256;
-        if (progress_ && done % kEach == 0 && all > kEach) {
-            progress_->step(done, all);
-        }
-    }
-
-  private:
-    platform::Progress* progress_;
-    std::optional<platform::Busy> busy_;
+    platform::Busy busy;
+    platform::Steps steps;
 };
+
+/// Nothing for a count that is to be quiet.
+std::unique_ptr<Counting> begin(platform::Progress* progress, std::size_t total) {
+    return progress ? std::make_unique<Counting>(*progress, total) : nullptr;
+}
+
+void next(const std::unique_ptr<Counting>& counting) {
+    if (counting) {
+        counting->steps.next();
+    }
+}
 
 }  // namespace
 
@@ -155,7 +147,6 @@ void MetricsViews::clear() {
 
 void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& node) {
     views_.clear();
-    const Steps steps(progress_);
     AttributeWalks in(form, AttributeWalks::Direction::In);
     AttributeWalks out(form, AttributeWalks::Direction::Out);
     const auto addRows = [&](const auto& attributes, std::vector<MetricsRow>& view) {
@@ -163,9 +154,9 @@ void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& 
             in.include(attribute);
             out.include(attribute);
         }
-        const auto all = static_cast<std::size_t>(attributes.count());
+        const auto counting = begin(progress_, static_cast<std::size_t>(attributes.count()));
         for (const entities::AttributeProperties& attribute : attributes) {
-            steps.at(view.size(), all);
+            next(counting);
             view.push_back(rowOf(attribute.Attribute_Name, node.Index(),
                                  {in.local(attribute), out.local(attribute), in.count(attribute, depth_),
                                   out.count(attribute, depth_)}));
@@ -187,8 +178,8 @@ void MetricsFunctions::ScenarioMetrics(const canvas::Canvas& form) {
 }
 
 void MetricsFunctions::addNodeRows(const canvas::Canvas& form) {
-    const Steps steps(progress_);
     const auto nodes = static_cast<std::size_t>(form.Labels.Count());
+    const auto counting = begin(progress_, 2 * nodes);
     const NodeLinks links(form);
     // One direction after the other: the tables for it are gone before those of the next are made.
     std::array<std::vector<std::int32_t>, 2> totals;
@@ -197,7 +188,7 @@ void MetricsFunctions::addNodeRows(const canvas::Canvas& form) {
         BudgetedWalk walk(graph);
         std::vector<std::int32_t>& total = totals[incoming ? 0 : 1];
         while (total.size() < nodes) {
-            steps.at(total.size() + (incoming ? 0 : nodes), 2 * nodes);
+            next(counting);
             total.push_back(walk.count(total.size(), depth_));
         }
     }

@@ -234,7 +234,8 @@ void MDIForm1::showOptions() {
 
 void MDIForm1::showMetrics() {
     host_.dialogs().open(std::make_unique<analysis::MetricsForm>(metricsScenarios_, options_.TransDepth, ports_.store,
-                                                                 ports_.progress, activeScenario()->slot()));
+                                                                 ports_.progress,
+                                                                 metricsScenarios_.numberOf(activeScenario()->slot())));
 }
 
 void MDIForm1::showTypes(editors::TypeKind kind) {

@@ -39,7 +39,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
       dialogs_(desk, *this, {services_, catalogue_, wizard_, ports.folder, ports.saveDialog, nodes_, host.dialogs()}),
-      metricsScenarios_(*this, desk, kSlots) {
+      metricsScenarios_(*this, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;
     tools_.palettes.atPointer = [this](Palette palette) { host_.placePalette(palette); };
@@ -259,6 +259,7 @@ void MDIForm1::freeSlot(int slot) {
             discard(*view);
         }
         dropped(*form);
+        metricsScenarios_.slotFreed(slot);
     }
 }
 

@@ -141,7 +141,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     CanvasDialogs dialogs_;
     zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;
-    MetricsScenarios metricsScenarios_;
+    MetricsScenarios<kSlots> metricsScenarios_;
 
     // A slot is used exactly while it holds a scenario.
     std::array<std::unique_ptr<canvas::DrawForm>, kSlots> ScenarioForms;

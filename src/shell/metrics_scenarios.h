@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "analysis/metrics_form.h"
@@ -8,33 +9,38 @@
 
 namespace orvent::shell {
 
-/// The scenarios of the frame, for the window of metrics.
+/// The scenarios of the frame, for the window of metrics. A slot can be used again, so a scenario's number also holds
+/// how many were closed there before.
+template <int kSlots>
 class MetricsScenarios : public analysis::OpenScenarios {
   public:
-    MetricsScenarios(repository::ScenarioWindows& windows, Desk& desk, int slotCount)
-        : windows_(windows), desk_(desk), slotCount_(slotCount) {}
+    MetricsScenarios(repository::ScenarioWindows& windows, Desk& desk) : windows_(windows), desk_(desk) {}
 
-    std::vector<int> openSlots() const override {
+    int numberOf(int slot) const { return slot + kSlots * closed_[static_cast<std::size_t>(slot)]; }
+    void slotFreed(int slot) { ++closed_[static_cast<std::size_t>(slot)]; }
+
+    std::vector<int> open() const override {
         std::vector<int> used;
-        for (int slot = 0; slot < slotCount_; ++slot) {
-            if (at(slot)) {
-                used.push_back(slot);
+        for (int slot = 0; slot < kSlots; ++slot) {
+            if (windows_.scenario(slot)) {
+                used.push_back(numberOf(slot));
             }
         }
         return used;
     }
-    const canvas::DrawForm* at(int slot) const override {
-        return slot >= 0 && slot < slotCount_ ? windows_.scenario(slot) : nullptr;
+    const canvas::DrawForm* at(int scenario) const override {
+        const int slot = scenario % kSlots;
+        return scenario >= 0 && numberOf(slot) == scenario ? windows_.scenario(slot) : nullptr;
     }
-    void reveal(int slot, std::int32_t node) override {
-        canvas::DrawForm& form = *windows_.scenario(slot);
+    void reveal(int scenario, std::int32_t node) override {
+        canvas::DrawForm& form = *windows_.scenario(scenario % kSlots);
         desk_.reveal(form, *form.Labels.byIndex(node));
     }
 
   private:
     repository::ScenarioWindows& windows_;
     Desk& desk_;
-    int slotCount_;
+    std::array<int, kSlots> closed_ = {};
 };
 
 }  // namespace orvent::shell

@@ -11,8 +11,8 @@ class MetricTintsTest : public testkit::CanvasTest {
     MetricTintsTest() {
         for (const char* name : {"a", "b", "c", "unready"}) {
             graph.recordSet(name);
-            form.nodeNamed(name)->setReady(true);
         }
+        form.nodeNamed("a")->setReady(true);
         form.nodeNamed("unready")->setReady(false);
         graph.edge("a", "b");
         graph.edge("b", "c");
@@ -41,6 +41,9 @@ TEST_F(MetricTintsTest, SharesOfTheChosenColumn) {
         EXPECT_EQ(share(tints, "b"), row.b) << row.column;
         EXPECT_EQ(share(tints, "c"), row.c) << row.column;
         EXPECT_EQ(share(tints, "unready"), std::nullopt);
+        form.SelectedLabels.Add(form.nodeNamed("unready")->Index());
+        EXPECT_EQ(share(tints, "unready"), std::nullopt) << "selected";
+        form.SelectedLabels.Clear();
         EXPECT_EQ(tints.range(), row.range);
     }
     // Without walks what lies beyond the direct neighbours is below 0; no shade is.

@@ -22,9 +22,11 @@ class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
         form.EntitiesView();
     }
 
-    std::vector<int> openSlots() const override { return open; }
+    std::vector<int> open() const override { return numbers; }
     const canvas::DrawForm* at(int slot) const override {
-        return std::find(open.begin(), open.end(), slot) == open.end() ? nullptr : slot == 3 ? &first : &second;
+        return std::find(numbers.begin(), numbers.end(), slot) == numbers.end() ? nullptr
+               : slot == 3                                                      ? &first
+                                                                                : &second;
     }
     void reveal(int slot, std::int32_t node) override {
         revealed = std::to_string(slot) + " " + at(slot)->Labels.byIndex(node)->Caption();
@@ -33,12 +35,12 @@ class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
     std::string names() const {
         std::string text;
         for (const MetricsForm::Entry& entry : form.Entities) {
-            text += entry.name + "@" + std::to_string(entry.slot) + " ";
+            text += entry.name + "@" + std::to_string(entry.scenario) + " ";
         }
         return text;
     }
 
-    std::vector<int> open = {3, 5};
+    std::vector<int> numbers = {3, 5};
     std::string revealed;
     canvas::DrawForm first{ports.services()}, second{ports.services()};
     testkit::MemorySettings store;
@@ -73,7 +75,7 @@ TEST_F(MetricsWindow, FacesEntriesAndTables) {
     form.clickEntity(0);
     EXPECT_EQ(form.views.InpMetrView.size(), 3U) << "a row for each node";
     EXPECT_EQ(form.largest(Local_IN), 1);
-    open = {5};
+    numbers = {5};
     form.clickEntity(0);
     EXPECT_TRUE(form.views.InpMetrView.empty()) << "that scenario was closed";
     EXPECT_EQ(form.views.SumView[0], kNoMetric);

@@ -22,8 +22,11 @@ class MetricsWindowTest : public WindowTest {
 
     struct Opened : StartedProgram {
         Opened() {
+            frame.show();
+            frame.resize(1280, 800);
             logic.run(shell::Command::loadTestGraph);
             logic.run(shell::Command::metrics);
+            QApplication::processEvents();
             window = frame.findChild<MetricsWindow*>();
         }
         void clickEntry(int row) {
@@ -72,12 +75,44 @@ class MetricsWindowTest : public WindowTest {
         QCOMPARE(program.frame.findChildren<MetricsWindow*>().size(), 1);
     }
 
+    void itStandsBesideTheCanvasAndFindsEntries() {
+        Opened program;
+        const auto placeOf = [](const QWidget& widget) { return QRect(widget.mapToGlobal(QPoint()), widget.size()); };
+        QVERIFY(!placeOf(*program.window).intersects(placeOf(program.frame.area())));
+        auto* list = control<QListView>(*program.window, "Entities");
+        control<QLineEdit>(*program.window, "search")->setText(QStringLiteral("vity2"));
+        QCOMPARE(list->model()->rowCount(), 1);
+        program.clickEntry(0);
+        QCOMPARE(program.cell("InpMetrView", 1, 1), QStringLiteral(" 2"));
+        // The depth counts with the next click, also one on the entry that is chosen already.
+        control<QSpinBox>(*program.window, "txtCounter")->setValue(0);
+        QVERIFY(program.cell("SumView", 0, 9) != QStringLiteral(" 0"));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
+        QCOMPARE(program.cell("SumView", 0, 9), QStringLiteral(" 0"));
+    }
+
+    void anotherScenarioInTheSlotIsNotTheOneItWasOpenedFor() {
+        Opened program;
+        program.clickEntry(7);
+        program.answerClose("Sample", platform::Answer::ok);
+        program.logic.run(shell::Command::loadTestGraph);
+        click(*program.window, "RefreshBut");
+        QCOMPARE(program.cell("SumView", 0, 1), QStringLiteral("-----"));
+        QCOMPARE(program.table("InpMetrView")->model()->rowCount(), 0);
+        click(*program.window, "Switch");
+        program.clickEntry(0);
+        QCOMPARE(program.table("InpMetrView")->model()->rowCount(), 9);
+    }
+
     void theDesignIsTintedAndNothingOfItChanges() {
         Opened program;
         program.window->close();
         canvas::DrawForm& sample = *program.logic.activeScenario();
         CanvasEditor& editor = *program.frame.findChild<CanvasEditor*>();
-        const auto picture = [&] { return editor.viewport()->grab().toImage().copy(0, 0, 400, 200); };
+        const auto picture = [&] {
+            QApplication::processEvents();
+            return editor.viewport()->grab().toImage().copy(0, 0, editor.viewport()->width(), 200);
+        };
         const std::string model = testkit::modelText(sample);
         sample.SelectedLabels.Clear();
         const QImage plain = picture();

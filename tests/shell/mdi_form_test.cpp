@@ -220,6 +220,7 @@ TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
                                                   {"ViewSmallerM", viewSmaller},
                                                   {"ViewActualSizeM", viewActualSize},
                                                   {"ViewFitM", viewFit},
+                                                  {"ColourByMetricM", colourByMetric},
                                                   {"SelectAllM", selectAll},
                                                   {"ViewPartOfM", viewPartOf},
                                                   {"ViewInstanceOfM", viewInstanceOf},

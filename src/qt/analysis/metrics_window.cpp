@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QSortFilterProxyModel>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStringListModel>
@@ -27,7 +28,8 @@ namespace orvent::qt {
 namespace {
 
 constexpr int kNameWidth = 150;
-constexpr int kNumberWidth = 88;
+constexpr int kBesideHead = 30;  // margins and the mark of the order, in pixels
+constexpr int kWidth = 1190;
 
 /// Rows of numbers that cannot be edited.
 void dress(QTableView& table) {
@@ -43,34 +45,37 @@ void dress(QTableView& table) {
     table.horizontalHeader()->setHighlightSections(false);
     table.horizontalHeader()->resizeSection(0, kNameWidth);
     for (int column = 1; column <= static_cast<int>(analysis::kMetricsColumns); ++column) {
-        table.horizontalHeader()->resizeSection(column, kNumberWidth);
+        const char* head = analysis::kMetricsHeads[static_cast<std::size_t>(column - 1)];
+        table.horizontalHeader()->resizeSection(
+            column, table.fontMetrics().horizontalAdvance(QLatin1String(head)) + kBesideHead);
     }
 }
 
 }  // namespace
 
 MetricsWindow::MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidget* parent)
-    : QDialog(parent),
+    : QDockWidget(parent),
       form_(std::move(form)),
       inputs_(new MetricsModel(*form_, form_->views.InpMetrView, this)),
       outputs_(new MetricsModel(*form_, form_->views.OutMetrView, this)),
       totals_(new MetricsTotals(*form_, this)),
-      entries_(new QStringListModel(this)) {
+      entries_(new QStringListModel(this)),
+      found_(new QSortFilterProxyModel(this)) {
     setObjectName(QStringLiteral("MetricsForm"));
     setWindowTitle(tr("Metrics"));
     setAttribute(Qt::WA_DeleteOnClose);
-    auto* split = new QSplitter(this);
+    auto* inner = new QWidget(this);
+    auto* split = new QSplitter(inner);
     split->addWidget(buildEntries());
     split->addWidget(buildTables());
     split->setStretchFactor(1, 1);
     split->setChildrenCollapsible(false);
-    auto* box = new QHBoxLayout(this);
+    auto* box = new QHBoxLayout(inner);
     box->addWidget(split);
-    split->setSizes({180, kNameWidth + 9 * kNumberWidth + 40});
-    resize(1190, 600);
-    form_->show = [this] { show(); };
-    show();
-    QDialog::show();
+    setWidget(inner);
+    split->setSizes({180, kWidth});
+    form_->show = [this] { showState(); };
+    showState();
 }
 
 MetricsWindow::~MetricsWindow() = default;
@@ -82,7 +87,10 @@ QWidget* MetricsWindow::buildEntries() {
     lblEntity_ = new QLabel(side);
     list_ = new QListView(side);
     list_->setObjectName(QStringLiteral("Entities"));
-    list_->setModel(entries_);
+    found_->setSourceModel(entries_);
+    found_->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    list_->setModel(found_);
+    list_->viewport()->installEventFilter(this);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list_->setUniformItemSizes(true);
     lblEntity_->setBuddy(list_);
@@ -98,9 +106,13 @@ QWidget* MetricsWindow::buildEntries() {
     box->addWidget(search_);
     box->addWidget(list_, 1);
     box->addWidget(switch_);
-    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& entry) { form_->clickEntity(entry.row()); });
-    connect(search_, &QLineEdit::textChanged, this, [this] { show(); });
+    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &MetricsWindow::clickEntry);
+    connect(list_, &QListView::clicked, this, [this](const QModelIndex& entry) {
+        if (!counted_) {
+            clickEntry(entry);
+        }
+    });
+    connect(search_, &QLineEdit::textChanged, found_, &QSortFilterProxyModel::setFilterFixedString);
     connect(switch_, &QPushButton::clicked, this, [this] { form_->clickSwitch(); });
     side->setMinimumWidth(150);
     return side;
@@ -156,9 +168,28 @@ void MetricsWindow::addTotals(QVBoxLayout& box) {
                 each->horizontalHeader()->resizeSection(section, to);
             }
         });
-        connect(other->horizontalScrollBar(), &QScrollBar::valueChanged, table->horizontalScrollBar(),
-                &QScrollBar::setValue);
+        link(*other, *table);
     }
+    link(*inpView_, *outView_);
+    link(*outView_, *inpView_);
+    sumView_ = table;
+}
+
+void MetricsWindow::link(QTableView& one, QTableView& other) {
+    connect(one.horizontalScrollBar(), &QScrollBar::valueChanged, other.horizontalScrollBar(), &QScrollBar::setValue);
+}
+
+// The entry that is chosen already counts anew when it is clicked; another one has counted when it was chosen.
+bool MetricsWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        counted_ = false;
+    }
+    return QDockWidget::eventFilter(watched, event);
+}
+
+void MetricsWindow::clickEntry(const QModelIndex& entry) {
+    counted_ = true;
+    form_->clickEntity(found_->mapToSource(entry).row());
 }
 
 void MetricsWindow::addRowOfTools(QVBoxLayout& box) {
@@ -187,7 +218,7 @@ void MetricsWindow::addRowOfTools(QVBoxLayout& box) {
     box.addLayout(row);
 }
 
-void MetricsWindow::show() {
+void MetricsWindow::showState() {
     lblEntity_->setText(text(form_->lblEntity));
     switch_->setText(text(form_->Switch));
     QStringList names;
@@ -198,9 +229,6 @@ void MetricsWindow::show() {
         const QSignalBlocker quiet(list_->selectionModel());
         entries_->setStringList(names);
     }
-    for (int at = 0; at < names.size(); ++at) {
-        list_->setRowHidden(at, !names[at].contains(search_->text(), Qt::CaseInsensitive));
-    }
     const QSignalBlocker quiet(counter_);
     counter_->setValue(form_->Counter);
     inputs_->refresh();
@@ -208,6 +236,18 @@ void MetricsWindow::show() {
     totals_->refresh();
     inOutLbl_->setVisible(form_->twoLists);
     outView_->setVisible(form_->twoLists);
+    // One bar moves all columns.
+    inpView_->setHorizontalScrollBarPolicy(form_->twoLists ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    showOrder();
+}
+
+void MetricsWindow::showOrder() {
+    const int column = form_->isSorted() ? static_cast<int>(form_->sortColumn()) + 1 : -1;
+    for (QTableView* table : {inpView_, outView_}) {
+        table->horizontalHeader()->setSortIndicatorShown(form_->isSorted());
+        table->horizontalHeader()->setSortIndicator(column,
+                                                    form_->isAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+    }
 }
 
 void MetricsWindow::saveAsCsv() {

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QDialog>
+#include <QDockWidget>
 #include <memory>
 
 #include "analysis/metrics_form.h"
 
+class QSortFilterProxyModel;
 class QLabel;
 class QLineEdit;
 class QListView;
@@ -19,8 +20,9 @@ namespace orvent::qt {
 class MetricsModel;
 class MetricsTotals;
 
-/// The window of `MetricsForm`, beside the frame: the entries at the left, the tables of numbers at the right.
-class MetricsWindow : public QDialog {
+/// The window of `MetricsForm`, beside the canvas or floating: the entries at the left, the tables of numbers at the
+/// right.
+class MetricsWindow : public QDockWidget {
     Q_OBJECT
 
   public:
@@ -29,13 +31,19 @@ class MetricsWindow : public QDialog {
 
     analysis::MetricsForm& form() { return *form_; }
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     QWidget* buildEntries();
     QWidget* buildTables();
     QTableView* addTable(QVBoxLayout& box, const QString& name, const QString& words, MetricsModel& model);
     void addTotals(QVBoxLayout& box);
     void addRowOfTools(QVBoxLayout& box);
-    void show();
+    void link(QTableView& one, QTableView& other);
+    void clickEntry(const QModelIndex& entry);
+    void showState();
+    void showOrder();
     void saveAsCsv();
 
     std::unique_ptr<analysis::MetricsForm> form_;
@@ -43,6 +51,8 @@ class MetricsWindow : public QDialog {
     MetricsModel* outputs_;
     MetricsTotals* totals_;
     QStringListModel* entries_;
+    QSortFilterProxyModel* found_;  ///< the entries that the search finds
+    bool counted_ = false;          ///< the press under way has chosen another entry, which was counted
     QLabel* lblEntity_ = nullptr;
     QListView* list_ = nullptr;
     QLineEdit* search_ = nullptr;
@@ -51,6 +61,7 @@ class MetricsWindow : public QDialog {
     QLabel* inOutLbl_ = nullptr;
     QTableView* inpView_ = nullptr;
     QTableView* outView_ = nullptr;
+    QTableView* sumView_ = nullptr;
 };
 
 }  // namespace orvent::qt

@@ -1,6 +1,7 @@
 #include "qt/shell/dialog_windows.h"
 
 #include <QApplication>
+#include <QMainWindow>
 #include <QPointer>
 #include <memory>
 
@@ -78,6 +79,11 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
                 last->close();
             }
             last = new MetricsWindow(std::move(form), &frame);
+            if (auto* area = qobject_cast<QMainWindow*>(&frame)) {
+                area->addDockWidget(Qt::BottomDockWidgetArea, last);
+                area->resizeDocks({last.data()}, {frame.height() * 2 / 5}, Qt::Vertical);
+            }
+            last->show();
         });
     add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
     add<shell::AboutForm, AboutForm>(dialogs, frame);
