@@ -135,7 +135,7 @@ constexpr std::array kHandyKeys = {
     HandyKey{"Esc", "Give up the gesture; again: the arrow"},
     HandyKey{"Arrow keys", "Select the next node in that direction"},
     HandyKey{"Ctrl+Arrow keys", "Move the selected nodes by 100 twips"},
-    HandyKey{"Enter", "Open a node; with a tool, place one or draw an edge"},
+    HandyKey{"Enter", "Open a node, place one, or draw an edge"},
     HandyKey{"Shift+F10", "Open the menu of what is selected"},
     HandyKey{"Drag a node", "Move it, or the whole selection"},
     HandyKey{"Drag the ground", "Select what lies in a rectangle"},

@@ -65,7 +65,7 @@ ShortcutsForm::ShortcutsForm(QWidget* parent) : FormWindow(tr("Keyboard Shortcut
         }
     }
     auto* columns = new QHBoxLayout;
-    columns->setSpacing(3 * Spacing::section);
+    columns->setSpacing(2 * Spacing::section);
     columns->addLayout(commands.layout());
     columns->addLayout(canvas.layout());
     columns->addLayout(tools.layout());
