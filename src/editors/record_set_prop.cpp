@@ -183,9 +183,7 @@ void RecordSetProp::MoveRows(const std::vector<int>& rows, int place) {
 void RecordSetProp::moveRowTo(int row, int to) {
     const std::string name = AttList.Item(row)->Text;
     AttList.move(row, to);
-    if (auto held = tempProp->RecordSet_Outputs->Remove(name)) {
-        tempProp->RecordSet_Outputs->insert(to, held, name);
-    }
+    tempProp->RecordSet_Outputs->move(tempProp->RecordSet_Outputs->positionOf(name), to);
 }
 
 /// The attribute takes the last place, and its row with it.

@@ -251,22 +251,16 @@ void SetActProp_Functions::moveRowTo(int row, int to) {
     const bool function = isFunctionRow(*moved);
     frontList().move(row, to);
     frontList().select(to);
-    const auto move = [&](auto& entities, int place) {
-        auto held = entities.Remove(key);
-        if (held) {
-            entities.insert(std::min(place, entities.Count() + 1), held, key);
-        }
-    };
+    const auto move = [&](auto& entities, int place) { entities.move(entities.positionOf(key), place); };
     if (SelectedList == kInputs) {
         move(*tempProp->Act_Inputs, to);
         tempProp->Act_Inputs->Changed = true;
     } else if (SelectedList == kOutputs) {
         move(*tempProp->Act_Outputs, to);
     } else if (!function) {
-        auto held = tempProp->Act_Parameters->Remove(key);
-        if (held) {
-            tempProp->Act_Parameters->insert(parameterPlace(to), held, key);
-        }
+        // The place counts the parameter itself while it stands above.
+        const int place = parameterPlace(to);
+        move(*tempProp->Act_Parameters, tempProp->Act_Parameters->positionOf(key) < place ? place - 1 : place);
     }
     edited();
 }

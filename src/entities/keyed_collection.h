@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <concepts>
 #include <cstddef>
 #include <memory>
@@ -21,19 +22,7 @@ namespace orvent::entities {
 template <class T, class Holder = std::unique_ptr<T>, class Slot = KeyedSlot<Holder>>
 class KeyedCollection {
     template <class Value>
-    class Iterator {
-      public:
-        explicit Iterator(const Slot* slot) : slot_(slot) {}
-        Value& operator*() const { return *slot_->item; }
-        Iterator& operator++() {
-            ++slot_;
-            return *this;
-        }
-        bool operator!=(const Iterator& other) const { return slot_ != other.slot_; }
-
-      private:
-        const Slot* slot_;
-    };
+    using Iterator = SlotIterator<Value, Slot>;
 
   public:
     int Count() const { return static_cast<int>(slots_.size()); }
@@ -86,6 +75,19 @@ class KeyedCollection {
     Holder Remove(const std::string& key) {
         const std::size_t at = find(key);
         return at < slots_.size() ? take(at) : Holder{};
+    }
+
+    /// Brings an item to another place; those between the two give way. Nothing when one of them is no position.
+    void move(int from, int to) {
+        if (!holds(from) || !holds(to)) {
+            return;
+        }
+        const auto first = slots_.begin() + std::min(from, to) - 1;
+        const auto last = slots_.begin() + std::max(from, to);
+        std::rotate(first, from < to ? first + 1 : last - 1, last);
+        if (positions_ && !keyAt(to).empty()) {
+            (*positions_)[keyAt(to)] = index(to);
+        }
     }
 
     void Clear() {

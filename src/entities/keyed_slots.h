@@ -24,4 +24,20 @@ struct OwnKeySlot {
     Holder item;
 };
 
+/// Walks the items of a row of places.
+template <class Value, class Slot>
+class SlotIterator {
+  public:
+    explicit SlotIterator(const Slot* slot) : slot_(slot) {}
+    Value& operator*() const { return *slot_->item; }
+    SlotIterator& operator++() {
+        ++slot_;
+        return *this;
+    }
+    bool operator!=(const SlotIterator& other) const { return slot_ != other.slot_; }
+
+  private:
+    const Slot* slot_;
+};
+
 }  // namespace orvent::entities

@@ -13,15 +13,30 @@ const ListRow* List::Item(int position) const {
 
 int List::positionOf(const std::string& Key) const {
     const auto range = byKey_.equal_range(Key);
-    const auto first = range.first, last = range.second;
-    if (first == last) {
-        return 0;
+    int first = 0;
+    for (auto entry = range.first; entry != range.second; ++entry) {
+        const int place = placeOf(*entry->second);
+        first = first == 0 ? place : std::min(first, place);
     }
-    const bool alone = std::next(first) == last;
-    const auto row = std::find_if(rows_.begin(), rows_.end(), [&](const std::unique_ptr<ListRow>& each) {
-        return alone ? each.get() == first->second : each->Key == Key;
-    });
-    return static_cast<int>(row - rows_.begin()) + 1;
+    return first;
+}
+
+// Rows that come and go above a row shift it a little, so it stands near the place where it was seen last. Past some
+// distance the places of all rows are renewed.
+int List::placeOf(const Held& row) const {
+    constexpr int kDrift = 64;
+    const auto isAt = [&](int place) { return holds(place) && rows_[index(place)].get() == &row; };
+    for (int step = 0; step <= kDrift; ++step) {
+        for (const int place : {row.place - step, row.place + step}) {
+            if (isAt(place)) {
+                return row.place = place;
+            }
+        }
+    }
+    for (int place = 1; place <= Count(); ++place) {
+        rows_[index(place)]->place = place;
+    }
+    return row.place;
 }
 
 void List::tell(const ListChange& change, const std::function<void()>& act) {
@@ -39,7 +54,8 @@ int List::add(ListRow row, int position) {
     clearHint();
     const int at = holds(position) ? position : Count() + 1;
     tell({Kind::inserted, at}, [&] {
-        auto held = std::make_unique<ListRow>(std::move(row));
+        auto held = std::make_unique<Held>(std::move(row));
+        held->place = at;
         byKey_.emplace(held->Key, held.get());
         rows_.insert(rows_.begin() + at - 1, std::move(held));
         shiftSelection([at](int each) { return each >= at ? each + 1 : each; });
@@ -47,7 +63,7 @@ int List::add(ListRow row, int position) {
     return at;
 }
 
-void List::unlist(const ListRow& row) {
+void List::unlist(const Held& row) {
     const auto [first, last] = byKey_.equal_range(row.Key);
     byKey_.erase(std::find_if(first, last, [&](const auto& entry) { return entry.second == &row; }));
 }
@@ -71,6 +87,7 @@ void List::move(int from, int to) {
         const auto first = rows_.begin() + std::min(from, to) - 1;
         const auto last = rows_.begin() + std::max(from, to);
         std::rotate(first, from < to ? first + 1 : last - 1, last);
+        rows_[index(to)]->place = to;
         shiftSelection([from, to](int each) {
             if (each == from) {
                 return to;
@@ -86,7 +103,7 @@ void List::alter(int position, const std::function<void(ListRow&)>& change) {
         return;
     }
     tell({Kind::altered, position}, [&] {
-        ListRow& row = *rows_[index(position)];
+        Held& row = *rows_[index(position)];
         unlist(row);
         change(row);
         byKey_.emplace(row.Key, &row);

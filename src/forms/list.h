@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace orvent::forms {
@@ -45,7 +46,12 @@ enum class RowMove { top, up, down, bottom };
 /// The rows of a list view with its selection and its prompt: a plain value of a dialog's logic, which a window only
 /// shows. Positions are 1-based; 0 stands for none. Two rows may have one key; then the first is found.
 class List {
-    using Place = std::vector<std::unique_ptr<ListRow>>::const_iterator;
+    /// A row, and where it was seen last.
+    struct Held : ListRow {
+        explicit Held(ListRow row) : ListRow(std::move(row)) {}
+        mutable int place = 0;
+    };
+    using Place = std::vector<std::unique_ptr<Held>>::const_iterator;
 
     class Iterator {
       public:
@@ -112,11 +118,12 @@ class List {
     bool holds(int position) const { return position >= 1 && position <= Count(); }
     std::size_t index(int position) const { return static_cast<std::size_t>(position - 1); }
     void shiftSelection(const std::function<int(int)>& where);
-    void unlist(const ListRow& row);
+    int placeOf(const Held& row) const;
+    void unlist(const Held& row);
     void tell(const ListChange& change, const std::function<void()>& act);
 
-    std::vector<std::unique_ptr<ListRow>> rows_;
-    std::unordered_multimap<std::string, const ListRow*> byKey_;
+    std::vector<std::unique_ptr<Held>> rows_;
+    std::unordered_multimap<std::string, const Held*> byKey_;
     std::vector<int> selection_;
     int current_ = 0;
     std::optional<std::string> hint_;

@@ -105,6 +105,30 @@ TEST(KeyedCollection, BehavesAsAPlainListOfPairs) {
     }
 }
 
+TEST(KeyedCollection, MovesAnItemAndFindsAllOthers) {
+    for (const int size : {5, 200}) {
+        KeyedCollection<int> items;
+        std::vector<int> wanted;
+        for (int number = 0; number < size; ++number) {
+            items.append(std::make_unique<int>(number), std::to_string(number));
+            wanted.push_back(number);
+        }
+        for (const auto& [from, to] : {std::pair{1, size}, {size, 1}, {2, 3}, {4, 2}, {3, 3}, {0, 2}, {2, size + 1}}) {
+            if (items.Item(from) && items.Item(to)) {
+                const int moved = wanted[static_cast<std::size_t>(from - 1)];
+                wanted.erase(wanted.begin() + from - 1);
+                wanted.insert(wanted.begin() + to - 1, moved);
+            }
+            items.move(from, to);
+            for (int place = 1; place <= size; ++place) {
+                const int number = wanted[static_cast<std::size_t>(place - 1)];
+                ASSERT_EQ(*items.Item(place), number) << from << " to " << to;
+                ASSERT_EQ(items.positionOf(std::to_string(number)), place) << from << " to " << to;
+            }
+        }
+    }
+}
+
 TEST(KeyedCollection, TakesAnOrderAndKeepsItsItems) {
     for (const int size : {4, 40}) {
         KeyedCollection<int> items;

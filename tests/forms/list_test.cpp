@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <vector>
 
 namespace orvent::forms {
 namespace {
@@ -128,6 +130,34 @@ TEST(List, WhoShowsItCanFollowEveryChange) {
         const std::size_t first = copy.rows.find(key);
         ASSERT_EQ(list.positionOf(key), first == std::string::npos ? 0 : static_cast<int>(first) + 1);
     }
+}
+
+TEST(List, ARowIsFoundHoweverFarItWasShifted) {
+    List list;
+    std::vector<std::string> wanted;
+    const auto check = [&] {
+        for (std::size_t at = 0; at < wanted.size(); ++at) {
+            ASSERT_EQ(list.positionOf(wanted[at]), static_cast<int>(at) + 1) << wanted[at];
+        }
+    };
+    for (int number = 0; number < 600; ++number) {
+        wanted.push_back("k" + std::to_string(number));
+        list.add({.Key = wanted.back()});
+    }
+    check();
+    for (int gone = 0; gone < 200; ++gone) {
+        list.remove(1);
+    }
+    wanted.erase(wanted.begin(), wanted.begin() + 200);
+    check();
+    for (int number = 0; number < 90; ++number) {
+        wanted.insert(wanted.begin(), "n" + std::to_string(number));
+        list.add({.Key = wanted.front()}, 1);
+    }
+    list.move(1, list.Count());
+    std::rotate(wanted.begin(), wanted.begin() + 1, wanted.end());
+    check();
+    EXPECT_EQ(list.positionOf("k0"), 0);
 }
 
 }  // namespace
