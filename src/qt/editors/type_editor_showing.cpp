@@ -38,6 +38,7 @@ void fill(QListWidget& list, const std::vector<QString>& lines, const char* pict
         } else {
             list.item(row)->setText(lines[at]);
         }
+        list.item(row)->setToolTip(lines[at]);  // a long one is cut
     }
     list.setCurrentRow(selected);
 }

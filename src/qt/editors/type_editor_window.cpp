@@ -69,6 +69,7 @@ TypeEditorWindow::TypeEditorWindow(TypeEditor& logic, QWidget* parent)
     setObjectName(QLatin1String(logic.words.window));
     auto* sides = new QSplitter(this);
     sides->setChildrenCollapsible(false);
+    sides->setHandleWidth(Spacing::margin);
     sides->addWidget(newTypesSide());
     sides->addWidget(newEditSide());
     sides->setStretchFactor(1, 1);
@@ -166,6 +167,7 @@ QWidget* TypeEditorWindow::newTextPage(QTextEdit* box, QWidget* beside) {
     }
     auto* page = new QSplitter(this);
     page->setChildrenCollapsible(false);
+    page->setHandleWidth(Spacing::margin);
     page->addWidget(box);
     page->addWidget(beside);
     page->setStretchFactor(0, 3);
