@@ -35,7 +35,9 @@ template <class List>
 void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
     auto& entity = *node.entity<EntityOf<List>>();
     const std::string key = entity.Key.empty() ? node.Caption() : entity.Key;
-    const std::string name = owner.Caption() + row.infix + node.Caption();
+    // A node that was freed beside another one of its name has lost its caption; it bears its key again now.
+    const bool nameless = node.Caption() == canvas::kErrorName;
+    const std::string name = owner.Caption() + row.infix + (nameless ? key : node.Caption());
     if (list.Item(key) || form.isNameTaken(name)) {
         form.Lines.RemoveFull(edge);
         form.messages().tell(row.taken);
@@ -43,6 +45,9 @@ void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const 
     }
     entity.NodeKind = row.kind;
     node.setKeyName(name);
+    if (nameless) {
+        node.showCaption(key);
+    }
     entity.ParentKeyName = owner.Caption();
     addMember(node, list, key);
     if constexpr (requires { list.Changed; }) {

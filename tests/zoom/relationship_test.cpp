@@ -313,6 +313,25 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     EXPECT_EQ(form.DeletedNodes->Item(1)->NodeKind, KindInput);
 }
 
+TEST_F(Relationship, AMemberFreedBesideItsNameIsTiedUnderItsKeyAgain) {
+    LabelsD& input = node("A.IN.i");
+    form.Labels.Add({0, 0, 300, 300}, "i", canvas::NodeTypeAttribute);
+    const std::int32_t tie =
+        form.Lines.FindConnectingLine(node("A").Index(), input.Index(), canvas::EdgeTypePartOf, false)->Index();
+    ports.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
+                          "DUPLICATE NAME!", Icon::critical);
+    zoom::RemoveRelationship(form, tie);
+    form.Lines.RemoveFull(tie);
+    std::int32_t edge =
+        form.Lines
+            .addFullLine(node("A").Index(), 1, input.Index(), 2, canvas::EdgeTypePartOf, canvas::AngleStraight, 0)
+            ->Index();
+    zoom::CreateRelationship(form, edge);
+    EXPECT_EQ(form.nodeNamed("A.IN.i"), &input);
+    EXPECT_EQ(input.Caption(), "i");
+    EXPECT_NE(node("A").activity()->Act_Inputs->Item("i"), nullptr);
+}
+
 TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     const std::int32_t tie =
         form.Lines.FindConnectingLine(node("A").Index(), node("F").Index(), canvas::EdgeTypePartOf, false)->Index();
