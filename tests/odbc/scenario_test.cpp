@@ -131,7 +131,7 @@ TEST_P(EveryRepository, WhatTheDialogsMadeComesBackAndIsGenerated) {
     graph.edge("Source", "Large");
     graph.edge("Large", "Target");
     frame_->host.atRecordSet = [&](editors::RecordSetProp& dialog) {
-        takeTable(dialog, repository_->settings.login, "USEDFUNCTIONS");
+        takeTable(dialog, repository_->settings.login, "SCENARIOS");
     };
     frame_->host.atWizard = [&](statements::LDLForm& wizard) {
         for (const char* answer : {"in 0 0", "const >", "const 100"}) {
