@@ -95,6 +95,11 @@ class FrameTest : public WindowTest {
             }
             QVERIFY2(control<QToolButton>(program.frame, "LDL")->isVisible(), "all groups stay in sight");
         }
+        QPalette otherTheme = program.frame.palette();
+        otherTheme.setColor(QPalette::WindowText, QColor(1, 2, 3));
+        program.frame.setPalette(otherTheme);
+        QCOMPARE(control<QToolButton>(program.frame, "GroupDrawing")->palette().color(QPalette::ButtonText),
+                 QColor(1, 2, 3));
     }
 
     void newScenarioAndItsCaption() {

@@ -1,5 +1,6 @@
 #include "qt/shell/side_menu.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -60,14 +61,23 @@ SideMenu::SideMenu(CommandActions& actions, const std::function<void(int)>& choo
 }
 
 void SideMenu::showCurrent(int group) {
+    current_ = group;
     for (std::size_t at = 0; at < captions_.size(); ++at) {
         const bool current = static_cast<int>(at) + 1 == group;
         captions_[at]->setChecked(current);
-        QPalette colours = palette();
+        QPalette colours;
         colours.setColor(QPalette::ButtonText,
-                         colours.color(current ? QPalette::WindowText : QPalette::PlaceholderText));
+                         palette().color(current ? QPalette::WindowText : QPalette::PlaceholderText));
         captions_[at]->setPalette(colours);
     }
+}
+
+// The captions keep the colours that they were given, so they are given those of the new theme.
+void SideMenu::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        showCurrent(current_);
+    }
+    QFrame::changeEvent(event);
 }
 
 void SideMenu::paintEvent(QPaintEvent*) {

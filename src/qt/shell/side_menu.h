@@ -22,10 +22,12 @@ class SideMenu : public QFrame {
     void showCurrent(int group);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
     std::vector<QToolButton*> captions_;
+    int current_ = 0;
 };
 
 }  // namespace orvent::qt
