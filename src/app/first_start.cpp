@@ -5,6 +5,7 @@
 
 #include "odbc/database.h"
 #include "platform/text.h"
+#include "qt/platform/settings_file.h"
 #include "repository/repository_check.h"
 
 namespace orvent::app {
@@ -58,6 +59,7 @@ FirstStart::FirstStart(const Places& places, platform::Database& database, platf
 
 void FirstStart::run() {
     try {
+        setAside();
         // A start that broke off half-way has stored no repository; the next one does the rest.
         const bool chosen = fs::exists(places_.settings) && !store_.value("DB", "ReposConnString", "").empty();
         if (chosen) {
@@ -68,6 +70,19 @@ void FirstStart::run() {
     } catch (const std::exception& fault) {
         messages_.tell(fault.what(), {}, platform::Icon::critical);
     }
+}
+
+/// A settings file that holds none would be taken for a very first start, and lost with the first write.
+void FirstStart::setAside() {
+    if (!fs::exists(places_.settings) || qt::holdsSettings(QString::fromStdString(places_.settings.string()))) {
+        return;
+    }
+    fs::path kept = places_.settings;
+    kept += ".unreadable";
+    fs::rename(places_.settings, kept);
+    messages_.tell(
+        "The settings cannot be read. The program begins with new ones; the old file was kept as\n" + kept.string(), {},
+        platform::Icon::warning);
 }
 
 void FirstStart::provision() {

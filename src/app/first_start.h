@@ -19,6 +19,7 @@ class FirstStart {
     void run();
 
   private:
+    void setAside();
     void provision();
     void makeFolders();
     void makeRepository();

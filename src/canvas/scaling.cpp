@@ -1,7 +1,9 @@
 #include "canvas/scaling.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
+#include <vector>
 
 #include "platform/text.h"
 
@@ -11,6 +13,9 @@ namespace {
 
 // Nothing is placed beyond, so that no ratio ever makes a place that is no number.
 constexpr double kFarthest = 1e30;
+
+constexpr double kFarthestZoomed = 1e6;  // twips that a zoom may carry a node to
+constexpr double kApart = 100;           // twips between nodes that a zoom must not push into one
 
 float scaled(float value, double factor) {
     return static_cast<float>(std::clamp(value * factor, -kFarthest, kFarthest));
@@ -32,6 +37,32 @@ double GetRatio(platform::InputBox& input, platform::MessageBox& messages, const
         messages.tell(ratio == 0 ? "WRONG NUMBER FORMAT!!" : "PLEASE GIVE A ZOOM RATIO MORE THAN ONE!!", "",
                       platform::Icon::warning);
     }
+}
+
+bool mayZoom(const Canvas& canvas, bool ZoomIN, double By) {
+    std::vector<Point> places;
+    for (const LabelsD& node : canvas.Labels) {
+        const Box& box = node.box();
+        const double farthest =
+            std::max({std::abs(box.Left), std::abs(box.Top), std::abs(box.right()), std::abs(box.bottom())});
+        if (ZoomIN && farthest <= kFarthestZoomed && farthest * By > kFarthestZoomed) {
+            return false;
+        }
+        places.push_back({box.Left, box.Top});
+    }
+    if (ZoomIN || By <= kApart) {
+        return true;
+    }
+    std::sort(places.begin(), places.end(), [](const Point& a, const Point& b) { return a.x < b.x; });
+    for (auto one = places.begin(); one != places.end(); ++one) {
+        for (auto other = one + 1; other != places.end() && double{other->x} - one->x < By; ++other) {
+            const double distance = std::hypot(double{other->x} - one->x, double{other->y} - one->y);
+            if (distance >= kApart && distance < By) {
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 void Zoom(Canvas& canvas, bool ZoomIN, double By, platform::Progress& progress) {

@@ -244,8 +244,13 @@ void MDIForm1::showTypes(editors::TypeKind kind) {
 }
 
 void MDIForm1::zoom(bool in) {
-    const double by = canvas::GetRatio(ports_.input, ports_.messages, in ? "IN" : "OUT");
-    canvas::Zoom(*activeEnabled(), in, by, ports_.progress);
+    canvas::CanvasForm& form = *activeEnabled();
+    double by = canvas::GetRatio(ports_.input, ports_.messages, in ? "IN" : "OUT");
+    while (!canvas::mayZoom(form, in, by)) {
+        ports_.messages.tell("PLEASE GIVE A SMALLER ZOOM RATIO!!", "", Icon::warning);
+        by = canvas::GetRatio(ports_.input, ports_.messages, in ? "IN" : "OUT");
+    }
+    canvas::Zoom(form, in, by, ports_.progress);
 }
 
 void MDIForm1::saveAs(canvas::DrawForm& form) {

@@ -311,6 +311,11 @@ void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
     }
 }
 
+void MDIForm1::frontChanged() {
+    canvas::CanvasForm* form = desk_.active();
+    ldl_.cameForward(form ? &form->scenario() : nullptr);
+}
+
 void MDIForm1::enableFrame(bool enabled) {
     host_.enableFrame(enabled);
 }

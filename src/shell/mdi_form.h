@@ -81,6 +81,8 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
 
     /// Some time has passed since a window changed: marks its scenario when it holds unsaved work, and tints it anew.
     void noticeChanges(canvas::CanvasForm& form);
+    /// Another window is in front now.
+    void frontChanged();
     /// The current group of the vertical menu, from 1 on.
     int currentGroup() const { return currentGroup_; }
     void chooseGroup(int group);

@@ -19,6 +19,9 @@ struct OptionField {
     const char* key;
     float canvas::CanvasSettings::*value;
 
+    /// What can be entered, in pixels. A stored value beyond stays until it is changed.
+    int least() const { return group == OptionGroup::zoom && part.empty() ? 5 : 15; }
+    int most() const { return group == OptionGroup::zoom && part.empty() ? 2000 : 1000; }
     const char* section() const { return group == OptionGroup::zoom ? "Zoom" : "Draw"; }
 };
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <limits>
 
 #include "platform/fault.h"
@@ -69,6 +70,11 @@ void OptionsForm::SqlOpen() {
     if (!path.empty()) {
         txtSQL = path;
     }
+}
+
+bool OptionsForm::hasScript() const {
+    std::error_code unreachable;
+    return std::filesystem::is_regular_file(txtSQL, unreachable);
 }
 
 }  // namespace orvent::shell

@@ -31,6 +31,8 @@ class OptionsForm : public forms::Editor {
     void butDefault();
     void chooseColour();
     void SqlOpen();
+    /// Whether the file of `txtSQL` is there.
+    bool hasScript() const;
 
   protected:
     bool apply() override;

@@ -68,8 +68,16 @@ void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
         names += (names.empty() ? "" : ", ") + statement.activity;
     }
     progress_.status("Without a whole statement: " + names);
+    reported_ = &form;
     if (report_) {
         report_->showUnfinished(form, statements);
+    }
+}
+
+void LDLScenarioWriter::cameForward(const canvas::DrawForm* form) {
+    if (reported_ && form != reported_) {
+        reported_ = nullptr;
+        progress_.status({});
     }
 }
 

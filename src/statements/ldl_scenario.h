@@ -41,6 +41,9 @@ class LDLScenarioWriter {
     /// that are not whole are reported.
     void LDLScenario(canvas::DrawForm& form);
 
+    /// Another window came forward, or none: what the status says of a scenario's statements is of the past.
+    void cameForward(const canvas::DrawForm* form);
+
   private:
     void gatherStatements(canvas::DrawForm& form);
     void reportUnfinished(canvas::DrawForm& form);
@@ -50,6 +53,7 @@ class LDLScenarioWriter {
     platform::Progress& progress_;
     ActivityWizard* wizard_;
     StatementReport* report_;
+    const canvas::DrawForm* reported_ = nullptr;  ///< of which the status tells; only compared
 };
 
 }  // namespace orvent::statements

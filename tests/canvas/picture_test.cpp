@@ -87,6 +87,29 @@ TEST(Ratio, AsksUntilItIsOne) {
     }
 }
 
+TEST(Scaling, APictureThatWouldNotComeBackIsRefused) {
+    struct Row {
+        Box one, other;
+        bool in;
+        double by;
+        bool may;
+    };
+    const Box far{900000, 0, 99000, 300}, beyond{2e6F, 0, 100, 100}, home{0, 0, 1000, 300};
+    for (const Row& row :
+         {Row{home, {3000, 0, 1000, 300}, true, 250, true}, Row{home, {3000, 0, 1000, 300}, true, 251, false},
+          Row{home, far, true, 1.001, true}, Row{home, far, true, 1.1, false}, Row{home, beyond, true, 1.5, true},
+          Row{{-600000, 0, 10, 10}, home, true, 2, false}, Row{home, {0, -990000, 10, 10}, true, 2, false},
+          Row{home, {99, 0, 1000, 300}, false, 1e6, true}, Row{home, {100, 0, 1000, 300}, false, 100, true},
+          Row{home, {100, 0, 1000, 300}, false, 101, false}, Row{home, {3000, 4000, 1000, 300}, false, 5000, true},
+          Row{home, {3000, 4000, 1000, 300}, false, 5001, false}}) {
+        testkit::CanvasPorts ports;
+        Canvas form(ports.services());
+        form.Labels.Add(row.one, "A", NodeTypeRecordSet);
+        form.Labels.Add(row.other, "B", NodeTypeRecordSet);
+        EXPECT_EQ(mayZoom(form, row.in, row.by), row.may) << row.other.Left << (row.in ? " in " : " out ") << row.by;
+    }
+}
+
 TEST(Scaling, BoxesAndPictureAreMultiplied) {
     testkit::CanvasPorts ports;
     testkit::QuietProgress progress;

@@ -6,10 +6,14 @@
 #include <QFile>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <QUrl>
 #include <numeric>
 
@@ -17,6 +21,7 @@
 #include "platform/fault.h"
 #include "platform/scramble.h"
 #include "qt/platform/application.h"
+#include "qt/platform/help_window.h"
 #include "qt/platform/settings_file.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
@@ -165,8 +170,34 @@ class AdaptersTest : public WindowTest {
         QVERIFY(QFile(QString::fromStdString(path)).open(QIODevice::WriteOnly));
         QCOMPARE(faultOf(open), std::string());
         QCOMPARE(opened.toLocalFile().toStdString(), path);
-        answers = false;
-        QVERIFY(faultOf(open).find(path) != std::string::npos);
+    }
+
+    void helpWithoutAViewerComesInAWindow() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("help.chm"));
+        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+        QtHelpViewer help([](const QUrl&) { return false; });
+        help.open(path.toStdString());
+        help.open(path.toStdString());
+        QList<HelpWindow*> open;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<HelpWindow*>(window)) {
+                open.append(found);
+            }
+        }
+        QCOMPARE(open.size(), 1);
+        auto* contents = open[0]->findChild<QListWidget*>();
+        auto* page = open[0]->findChild<QTextBrowser*>();
+        QVERIFY(contents->count() >= 6);
+        QVERIFY(page->toPlainText().startsWith(contents->currentItem()->text()));
+        open[0]->findChild<QLineEdit*>()->setText(QStringLiteral("spreadsheet"));
+        QCOMPARE(contents->currentItem()->text(), QStringLiteral("Metrics"));
+        QCOMPARE(page->textCursor().selectedText(), QStringLiteral("spreadsheet"));
+        open[0]->close();
+    }
+
+    void theVersionHasANumber() {
+        QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$")).match(programVersion()).hasMatch());
     }
 
     void faultsInHandlersAreShownAndTheLoopGoesOn() {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QMessageBox>
 #include <QTimer>
 #include <deque>
 #include <functional>
@@ -44,6 +45,17 @@ class DialogScript {
         });
     }
 
+    /// Every window can be made small enough for a screen of 1024 x 700, and for one of 1600 x 1000 at 200 %.
+    static void fits(const QDialog& dialog) {
+        constexpr QSize screen(800, 500);
+        constexpr QSize around(20, 40);  // its border and title
+        const QSize least = dialog.minimumSizeHint().expandedTo(dialog.minimumSize()) + around;
+        if (least.width() > screen.width() || least.height() > screen.height()) {
+            failQt(dialog.objectName().toStdString() + " needs " + std::to_string(least.width()) + " x " +
+                   std::to_string(least.height()) + " pixels");
+        }
+    }
+
     void look() {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (!dialog || dialog == handled_) {
@@ -54,6 +66,9 @@ class DialogScript {
             const Act act = std::move(steps_.front().act);
             steps_.pop_front();
             handled_ = dialog;
+            if (!qobject_cast<QMessageBox*>(dialog)) {  // as high as its text
+                fits(*dialog);
+            }
             act(*dialog);
             handled_ = nullptr;
         } else if (++waited_ > kPatience) {

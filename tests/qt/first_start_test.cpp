@@ -42,6 +42,22 @@ class FirstStartTest : public WindowTest {
         QCOMPARE(fs::last_write_time(places.data / "ORVENTII.sql"), written);
     }
 
+    void settingsThatCannotBeReadAreKeptBeside() {
+        const testkit::TemporaryFolder folder;
+        const app::Places places = app::Places::in(folder.path() / "home");
+        start(places);
+        std::ofstream(places.settings, std::ios::binary) << std::string("\0\xFF[no]\nline without a value", 28);
+        const auto kept = places.settings.string() + ".unreadable";
+        messages_.expect(
+            "The settings cannot be read. The program begins with new ones; the old file was kept as\n" + kept, {},
+            platform::Icon::warning);
+        start(places);
+        QCOMPARE(fs::file_size(kept), std::uintmax_t{28});
+        QCOMPARE(QtSettingsStore(QString::fromStdString(places.settings.string())).value("DB", "ReposConnString", ""),
+                 std::string("ORVENT Embedded"));
+        start(places);  // and says nothing more
+    }
+
     void offersToMakeAMissingRepositoryAnew() {
         const testkit::TemporaryFolder folder;
         const app::Places places = app::Places::in(folder.path());

@@ -10,6 +10,7 @@
 
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "qt/shell/palette_window.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -186,6 +187,67 @@ class FrameTest : public WindowTest {
         QCOMPARE(program.title(), QStringLiteral("One — ORVENT II"));
     }
 
+    void theNeighbourComesForwardAndFillsItsTab() {
+        Frame program;
+        DeskArea& area = program.frame.area();
+        program.open("One");
+        canvas::DrawForm* two = program.open("Two");
+        DeskWindow* three = area.windowOf(*program.open("Three"));
+        DeskWindow* four = area.windowOf(*program.open("Four"));
+        const auto closes = [&](const char* name) {
+            program.answerClose(name, Answer::ok);
+            program.choose("CloseScenarioM");
+        };
+        area.setActiveSubWindow(area.windowOf(*two));
+        closes("Two");
+        QCOMPARE(area.active(), three->form());
+        QVERIFY(three->isMaximized() && three->width() == area.width());
+        area.setActiveSubWindow(four);
+        QVERIFY(four->isMaximized());
+        closes("Four");
+        QCOMPARE(area.active(), three->form());
+        three->showNormal();
+        program.arrange("TabsM");
+        QVERIFY(three->isMaximized());
+    }
+
+    void tabsOfOneNameAreNumbered() {
+        Frame program;
+        program.open("One");
+        program.open("Two")->setCaption("One");
+        auto* tabs = program.frame.area().findChild<QTabBar*>();
+        QCOMPARE(tabs->tabText(0), QStringLiteral("One (1)"));
+        QCOMPARE(tabs->tabText(1), QStringLiteral("One (2)"));
+        QCOMPARE(program.title(), QStringLiteral("One — ORVENT II"));
+        program.answerClose("One", Answer::ok);
+        program.choose("CloseScenarioM");
+        QCOMPARE(tabs->tabText(0), QStringLiteral("One"));
+    }
+
+    void everyMenuHasAKeyOfItsOwn() {
+        Frame program;
+        QStringList keys;
+        for (const QAction* menu : program.frame.menuBar()->actions()) {
+            const qsizetype mark = menu->text().indexOf(u'&');
+            QVERIFY2(mark >= 0, qPrintable(menu->text()));
+            keys.append(menu->text().mid(mark + 1, 1).toLower());
+        }
+        QCOMPARE(keys.removeDuplicates(), 0);
+    }
+
+    void bothPalettesCanBeSeen() {
+        Frame program;
+        program.logic.run(shell::Command::toggleNodes);
+        program.logic.run(shell::Command::toggleEdges);
+        const QList<PaletteWindow*> palettes = program.frame.findChildren<PaletteWindow*>();
+        QCOMPARE(palettes.size(), 2);
+        QVERIFY(palettes[0]->isVisible() && palettes[1]->isVisible());
+        QVERIFY(!palettes[0]->frameGeometry().intersects(palettes[1]->frameGeometry()));
+        for (const PaletteWindow* palette : palettes) {
+            QVERIFY(palette->width() >= palette->fontMetrics().horizontalAdvance(palette->windowTitle()) + 100);
+        }
+    }
+
     void theFrameClosesUnlessItIsDisabledOrTheUserCancels() {
         Frame program;
         program.open("One");
@@ -274,6 +336,15 @@ class FrameTest : public WindowTest {
         program.dialogs.at(QStringLiteral("OptionsForm"), [&](QDialog& window) {
             auto* width = control<QDoubleSpinBox>(window, "Text8");
             QCOMPARE(width->value(), 70.0);
+            width->setValue(99999);
+            QCOMPARE(width->value(), 1000.0);
+            width->setValue(0);
+            QCOMPARE(width->value(), 15.0);
+            const QAction* missing = control<QAction>(window, "missing");
+            QVERIFY(!missing->isVisible());
+            QTest::keyClicks(control<QLineEdit>(window, "txtSQL"), QStringLiteral("x"));
+            QVERIFY2(missing->isVisible(), "there is no such script");
+            QTest::keyClick(control<QLineEdit>(window, "txtSQL"), Qt::Key_Backspace);
             width->setFocus();
             width->selectAll();
             QTest::keyClicks(width, QStringLiteral("100"));

@@ -218,6 +218,16 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
                                                 {"Open", "@P[2] has not been declared."},
                                                 {"Stopped", "@Fun22 was not replaced."},
                                                 {"Broken", "The loops of the template could not be expanded."}}));
+    // The status speaks of this scenario, and goes when another comes forward.
+    const std::string words = progress.statuses.back();
+    EXPECT_EQ(words, "Without a whole statement: Empty, Open, Stopped, Broken");
+    reporting.cameForward(&form);
+    EXPECT_EQ(progress.statuses.back(), words);
+    reporting.cameForward(nullptr);
+    EXPECT_EQ(progress.statuses.back(), "");
+    progress.statuses.push_back("Another's words");
+    reporting.cameForward(&form);
+    EXPECT_EQ(progress.statuses.back(), "Another's words");
 }
 
 TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {

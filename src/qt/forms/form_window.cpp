@@ -3,11 +3,41 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {
+
+namespace {
+
+// The contents of a dialog can shrink to that, which fits with its buttons and title on the smallest screen meant.
+constexpr QSize kLeastBody(560, 320);
+constexpr int kAround = 40;  // a window's title and a strip of what lies below
+
+/// The contents of a dialog; what a low screen cannot show is scrolled to.
+class BodyArea : public QScrollArea {
+  public:
+    explicit BodyArea(QWidget* parent) : QScrollArea(parent) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        viewport()->setAutoFillBackground(false);
+    }
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+    QSize minimumSizeHint() const override { return widget()->minimumSizeHint().boundedTo(kLeastBody); }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
 
 FormWindow::FormWindow(const QString& title, QWidget* parent)
     : QDialog(parent), body_(new QVBoxLayout), lastRow_(new QHBoxLayout), buttons_(new QDialogButtonBox(this)) {
@@ -17,7 +47,13 @@ FormWindow::FormWindow(const QString& title, QWidget* parent)
     rows->setContentsMargins(Spacing::section, Spacing::section, Spacing::section, Spacing::margin);
     rows->setSpacing(Spacing::section);
     body_->setSpacing(Spacing::gap);
-    rows->addLayout(body_, 1);
+    auto* contents = new QWidget;
+    body_->setContentsMargins({});
+    contents->setLayout(body_);
+    auto* area = new BodyArea(this);
+    area->setWidget(contents);
+    contents->setAutoFillBackground(false);
+    rows->addWidget(area, 1);
     lastRow_->setSpacing(Spacing::section);
     lastRow_->addWidget(buttons_, 1);
     rows->addLayout(lastRow_);
@@ -26,6 +62,11 @@ FormWindow::FormWindow(const QString& title, QWidget* parent)
 
 FormWindow::FormWindow(const QString& title, forms::Editor& editor, QWidget* parent) : FormWindow(title, parent) {
     editor_ = &editor;
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+    resize(size().boundedTo(screen()->availableSize() - QSize(kAround, kAround)));
+    QDialog::showEvent(event);
 }
 
 void FormWindow::done(int result) {

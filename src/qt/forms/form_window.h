@@ -23,6 +23,8 @@ class FormWindow : public QDialog {
     void done(int result) override;
 
   protected:
+    void showEvent(QShowEvent* event) override;
+
     FormWindow(const QString& title, QWidget* parent);
 
     /// The window is one of an editor: what OK and closing do is the editor's.

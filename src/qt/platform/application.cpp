@@ -7,8 +7,13 @@
 
 namespace orvent::qt {
 
+QString programVersion() {
+    return QStringLiteral(ORVENT_VERSION);
+}
+
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QLatin1String(platform::kApplicationKey));
+    setApplicationVersion(programVersion());
     // The base class has taken over the user's locale; numbers in files and statements stay in the C locale, also
     // those that a database driver writes.
     std::setlocale(LC_NUMERIC, "C");

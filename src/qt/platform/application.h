@@ -6,6 +6,9 @@
 
 namespace orvent::qt {
 
+/// The number of this version, as the build has it.
+QString programVersion();
+
 /// The program's event loop. A fault that leaves an event handler is shown, and the loop goes on; the step that raised
 /// it has stopped where it was.
 class Application : public QApplication {

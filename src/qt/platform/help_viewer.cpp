@@ -4,6 +4,7 @@
 
 #include "platform/fault.h"
 #include "qt/platform/adapters.h"
+#include "qt/platform/help_window.h"
 
 namespace orvent::qt {
 
@@ -18,7 +19,7 @@ void QtHelpViewer::open(const std::string& path) {
         throw platform::Fault(path + "\nThe help file cannot be read.");
     }
     if (!opener_(QUrl::fromLocalFile(file.absoluteFilePath()))) {
-        throw platform::Fault(path + "\nNo program on this desktop opens this kind of file.");
+        showHelpWindow();  // no program on this desktop opens this kind of file
     }
 }
 

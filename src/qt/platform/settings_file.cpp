@@ -17,6 +17,14 @@ QString entry(const std::string& section, const std::string& key) {
 
 }  // namespace
 
+bool holdsSettings(const QString& path) {
+    QFile file(path);
+    const bool isText = file.open(QIODevice::ReadOnly) && !file.readAll().contains('\0');
+    QSettings settings(path, QSettings::IniFormat);
+    settings.sync();
+    return isText && settings.status() == QSettings::NoError;
+}
+
 QtSettingsStore::QtSettingsStore()
     : path_(QStringLiteral("%1/%2/%2.ini")
                 .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),

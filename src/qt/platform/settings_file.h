@@ -6,6 +6,9 @@
 
 namespace orvent::qt {
 
+/// Whether a file holds settings: some other file, or one that was damaged, reads like one without any.
+bool holdsSettings(const QString& path);
+
 /// The settings of the user in an INI file. The file is replaced as a whole at each write, so a crash leaves the old or
 /// the new one; changes of another process are kept.
 class QtSettingsStore : public platform::SettingsStore {

@@ -1,10 +1,10 @@
 #include "qt/shell/about_form.h"
 
-#include <QCoreApplication>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "qt/forms/program_header.h"
+#include "qt/platform/application.h"
 
 namespace orvent::qt {
 
@@ -16,7 +16,7 @@ constexpr int kWidth = 340;
 
 AboutForm::AboutForm(QWidget* parent) : FormWindow(tr("About ORVENT II"), parent) {
     setObjectName(QStringLiteral("AboutForm"));
-    body().addWidget(newProgramHeader(tr("Version %1").arg(QCoreApplication::applicationVersion()), this));
+    body().addWidget(newProgramHeader(tr("Version %1").arg(programVersion()), this));
     body().addWidget(newHint(tr("Free software under the MIT licence."), this));
     body().addStretch();
     setMinimumWidth(kWidth);

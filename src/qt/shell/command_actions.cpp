@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenuBar>
 #include <QToolBar>
+#include <algorithm>
 
 #include "qt/menu_filling.h"
 #include "qt/text.h"
@@ -14,6 +15,22 @@ namespace orvent::qt {
 QList<QKeySequence> shortcutsOf(std::string_view shortcut) {
     return QKeySequence::listFromString(text(shortcut), QKeySequence::PortableText);
 }
+
+namespace {
+
+/// The caption with its first letter marked that is the Alt key of no other menu.
+QString withFreeKey(QString caption, const std::vector<QMenu*>& others) {
+    for (qsizetype at = 0; at < caption.size(); ++at) {
+        const QString key = QLatin1Char('&') + caption[at];
+        if (std::none_of(others.begin(), others.end(),
+                         [&](const QMenu* menu) { return menu->title().contains(key, Qt::CaseInsensitive); })) {
+            return caption.insert(at, u'&');
+        }
+    }
+    return caption;
+}
+
+}  // namespace
 
 QAction* CommandActions::newAction(std::string_view name, std::string_view caption, std::string_view iconName,
                                    shell::Command command, QObject* parent) {
@@ -29,7 +46,7 @@ QAction* CommandActions::newAction(std::string_view name, std::string_view capti
 
 void CommandActions::fill(QMenuBar& bar) {
     for (const shell::Menu& menu : shell::menus()) {
-        QMenu* shown = bar.addMenu(QLatin1Char('&') + text(menu.caption));
+        QMenu* shown = bar.addMenu(withFreeKey(text(menu.caption), menus_));
         shown->setObjectName(text(menu.name));
         menus_.push_back(shown);
         fillMenu(

@@ -76,14 +76,25 @@ void DeskArea::drop(canvas::CanvasForm& form) {
     if (!window) {
         return;
     }
+    DeskWindow* next = window == active_ ? behind(*window) : active_;
     dropWindow(window);
-    if (active_) {
-        bringForward(active_);  // the keyboard goes on there
-    } else if (!windows_.empty()) {
-        // The toolkit passes over windows that take no input, as the one does over which a view was open.
-        DeskWindow* below = windowOf(form.scenario());
-        bringForward(below ? below : windows_.back());
+    if (next) {
+        bringForward(next);  // the keyboard goes on there
     }
+}
+
+/// What comes forward when a window closes: the one below a view, also while it takes no input, or the neighbour among
+/// the tabs.
+DeskWindow* DeskArea::behind(const DeskWindow& window) const {
+    if (DeskWindow* below = windowOf(window.form()->scenario()); below && below != &window) {
+        return below;
+    }
+    const std::vector<DeskWindow*> list = inTabOrder();
+    const auto place = std::find(list.begin(), list.end(), &window);
+    if (place == list.end() || list.size() == 1) {
+        return nullptr;
+    }
+    return place + 1 != list.end() ? *(place + 1) : *(place - 1);
 }
 
 // It is deleted later, since its own close request may be under way.
@@ -113,6 +124,7 @@ void DeskArea::activated(QMdiSubWindow* window) {
             active_->editor().cancelGesture();
         }
         active_ = next;
+        fillTab(*next);
         Q_EMIT activeChanged();
         Q_EMIT cornerShown(next->corner());
     }
@@ -214,7 +226,7 @@ void DeskArea::dressTabs() {
     for (int i = 0; i < tabs->count() && i < static_cast<int>(list.size()); ++i) {
         DeskWindow* window = list[static_cast<std::size_t>(i)];
         const QString name = window->windowTitle();
-        tabs->setTabText(i, shortName(name, tabs->fontMetrics()));
+        tabs->setTabText(i, shortName(name, tabs->fontMetrics()) + numberAmong(*window));
         tabs->setTabToolTip(i, name);
         if (!tabs->tabButton(i, QTabBar::RightSide)) {
             tabs->setTabButton(i, QTabBar::RightSide, newCloseButton(window, tabs));
@@ -222,21 +234,39 @@ void DeskArea::dressTabs() {
     }
 }
 
+/// " (2)" for the second window of one caption, in order of opening; nothing for a caption that stands alone.
+QString DeskArea::numberAmong(const DeskWindow& window) const {
+    int all = 0;
+    int place = 0;
+    for (const DeskWindow* other : windows_) {
+        if (other->form()->Caption() == window.form()->Caption()) {
+            ++all;
+            place = other == &window ? all : place;
+        }
+    }
+    return all > 1 ? QStringLiteral(" (%1)").arg(place) : QString();
+}
+
 void DeskArea::bringForward(DeskWindow* window) {
     setActiveSubWindow(window);
-    // The toolkit lets a window fill its tab only when it takes input at once, which one below a view that closes does
-    // not.
-    if (viewMode() == TabbedView && !window->isMaximized()) {
-        window->showMaximized();
-    }
+    fillTab(*window);
     window->setFocus();
     activated(window);
+}
+
+// The toolkit lets a window fill its tab only when it takes input at once and another one was filling it before.
+void DeskArea::fillTab(DeskWindow& window) {
+    if (viewMode() == TabbedView && !window.isMaximized()) {
+        window.showMaximized();
+    }
 }
 
 void DeskArea::arrange(ViewMode mode, void (QMdiArea::*step)()) {
     setViewMode(mode);
     if (step) {
         (this->*step)();
+    } else if (active_) {
+        fillTab(*active_);
     }
     refresh();
 }
@@ -253,8 +283,8 @@ void DeskArea::fillMenu(QMenu& menu) {
     addArrangement(QStringLiteral("TileM"), tr("Tile"), SubWindowView, &QMdiArea::tileSubWindows);
     menu.addSeparator();
     for (DeskWindow* window : inTabOrder()) {
-        QAction* action = menu.addAction(shortName(window->windowTitle(), menu.fontMetrics()), window,
-                                         [this, window] { bringForward(window); });
+        QAction* action = menu.addAction(shortName(window->windowTitle(), menu.fontMetrics()) + numberAmong(*window),
+                                         window, [this, window] { bringForward(window); });
         action->setCheckable(true);
         action->setChecked(window == active_);
         action->setEnabled(window->isEnabled());

@@ -63,6 +63,9 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void activated(QMdiSubWindow* window);
     void arrange(ViewMode mode, void (QMdiArea::*step)());
     void bringForward(DeskWindow* window);
+    void fillTab(DeskWindow& window);
+    DeskWindow* behind(const DeskWindow& window) const;
+    QString numberAmong(const DeskWindow& window) const;
     void dressTabs();
     DeskWindow* own(const QMdiSubWindow* window) const;
     std::vector<DeskWindow*> inTabOrder() const;

@@ -108,6 +108,11 @@ void FrameWindow::buildCentre() {
         welcome->addChoice(*commands_.menuAction(step.item), tr(step.line));
     }
     connect(area_, &DeskArea::activeChanged, this, &FrameWindow::commandsChanged);
+    connect(area_, &DeskArea::activeChanged, this, [this] {
+        if (logic_) {
+            logic_->frontChanged();
+        }
+    });
     connect(area_, &DeskArea::aboutToShow, this, [this] { centre_->setCurrentWidget(area_); });
     connect(area_, &DeskArea::cornerShown, viewCorner_, &QLabel::setText);
     centre_ = new QStackedWidget(this);

@@ -14,7 +14,6 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr double kLargest = 100000;  // pixels
 constexpr int kNumberWidth = 92;
 constexpr QSize kSwatch(34, 14);
 
@@ -52,7 +51,7 @@ QDoubleSpinBox* OptionsWindow::newNumber(std::size_t index) {
     auto* number = new PixelBox(this);
     number->setObjectName(QStringLiteral("Text%1").arg(shell::optionFields()[index].number));
     number->setLocale(QLocale::c());
-    number->setRange(0, kLargest);
+    number->setRange(shell::optionFields()[index].least(), shell::optionFields()[index].most());
     number->setDecimals(2);
     number->setSuffix(tr(" px"));
     number->setMinimumWidth(kNumberWidth);
@@ -121,7 +120,13 @@ void OptionsWindow::buildRest() {
 
     auto* row = new QHBoxLayout;
     txtSQL_ = newField(QStringLiteral("txtSQL"), this);
-    connect(txtSQL_, &QLineEdit::textEdited, this, [this](const QString& path) { logic_.txtSQL = path.toStdString(); });
+    missing_ = txtSQL_->addAction(icon(QStringLiteral("warning")), QLineEdit::TrailingPosition);
+    missing_->setObjectName(QStringLiteral("missing"));
+    missing_->setToolTip(tr("There is no such file"));
+    connect(txtSQL_, &QLineEdit::textEdited, this, [this](const QString& path) {
+        logic_.txtSQL = path.toStdString();
+        showState();
+    });
     auto* open = new QPushButton(icon(QStringLiteral("open")), QString(), this);
     open->setObjectName(QStringLiteral("SqlOpen"));
     open->setToolTip(tr("Choose a file"));
@@ -146,6 +151,7 @@ void OptionsWindow::showState() {
     if (txtSQL_->text() != QString::fromStdString(logic_.txtSQL)) {
         txtSQL_->setText(QString::fromStdString(logic_.txtSQL));
     }
+    missing_->setVisible(!logic_.hasScript());
 }
 
 }  // namespace orvent::qt

@@ -30,6 +30,7 @@ class OptionsWindow : public FormWindow {
     std::array<QDoubleSpinBox*, 14> numbers_{};  ///< `Text1` to `Text14`
     QPushButton* lblColor_ = nullptr;
     QLineEdit* txtSQL_ = nullptr;
+    QAction* missing_ = nullptr;  ///< marks a script that is not there
 };
 
 }  // namespace orvent::qt

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kColumns = 4;
 constexpr int kSmallIcon = 14;
+constexpr int kTitleExtras = 110;  // what a title bar has beside the title, in pixels
 
 struct DockButton {
     const char* name;
@@ -52,6 +53,7 @@ PaletteWindow::PaletteWindow(const QString& name, const QString& title, QWidget*
     rows->setSizeConstraint(QLayout::SetFixedSize);
     tools_->setSpacing(2);
     rows->addLayout(tools_);
+    rows->addSpacerItem(new QSpacerItem(fontMetrics().horizontalAdvance(title) + kTitleExtras, 0));  // a whole title
     auto* docks = new QHBoxLayout;
     docks->setSpacing(0);
     docks->addStretch();
@@ -85,8 +87,12 @@ void PaletteWindow::showNear(const QWidget& frame) {
     if (!placed_) {
         const QWidget* middle = static_cast<const QMainWindow&>(frame).centralWidget();
         adjustSize();
-        moveTo(middle->mapToGlobal(QPoint(middle->width() - width() - 2 * Spacing::section, 3 * Spacing::section)));
-        placed_ = false;
+        move(middle->mapToGlobal(QPoint(middle->width() - width() - 2 * Spacing::section, 3 * Spacing::section)));
+        for (const PaletteWindow* other : frame.findChildren<PaletteWindow*>()) {
+            if (other != this && other->isVisible() && other->frameGeometry().intersects(frameGeometry())) {
+                move(other->x() - width() - 2 * Spacing::section, other->y());
+            }
+        }
     }
     show();
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+class QListWidget;
+class QTextBrowser;
+
+namespace orvent::qt {
+
+/// The pages of the help with their contents and a search, for desktops without a viewer of the help file.
+class HelpWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    HelpWindow();
+
+  private:
+    void find(const QString& words);
+    void showPage();
+
+    QLineEdit* search_;
+    QListWidget* contents_;  ///< the titles of the pages in which the words are found
+    QTextBrowser* page_;
+};
+
+/// Opens the window, or brings the open one forward.
+void showHelpWindow();
+
+}  // namespace orvent::qt
