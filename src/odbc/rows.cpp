@@ -57,6 +57,7 @@ void Rows::open() {
     } else {
         widen();
     }
+    before_ = 0;
     isOpen_ = !columns_.empty();
 }
 
@@ -77,7 +78,8 @@ void Rows::closeCursor() {
 void Rows::describe() {
     SQLSMALLINT count = 0;
     check(SQLNumResultCols(statement_, &count));
-    const bool single = givesSingleValues_;
+    scrolls_ = !givesSingleValues_ && holdsResult();
+    const bool single = givesSingleValues_ || scrolls_;
     bool bound = true;
     for (SQLSMALLINT i = 1; i <= count; ++i) {
         Column column;
@@ -97,6 +99,12 @@ void Rows::describe() {
     if (count > 0) {
         bindColumns();
     }
+}
+
+bool Rows::holdsResult() const {
+    SQLULEN cursor = SQL_CURSOR_FORWARD_ONLY;
+    return SQL_SUCCEEDED(SQLGetStmtAttr(statement_, SQL_ATTR_CURSOR_TYPE, &cursor, 0, nullptr)) &&
+           cursor == SQL_CURSOR_STATIC;
 }
 
 /// The C type and the width that holds every value of the column as it was declared.
@@ -136,9 +144,13 @@ void Rows::bindColumns() {
         }
         // Left without a value: of a cell only what is filled is ever touched.
         column.cells = std::make_unique_for_overwrite<char[]>(column.width * block_);
-        check(SQLBindCol(statement_, column.number, column.type, column.cells.get(), static_cast<SQLLEN>(column.width),
-                         column.lengths.get()));
+        bind(column);
     }
+}
+
+void Rows::bind(const Column& column) const {
+    check(SQLBindCol(statement_, column.number, column.type, column.cells.get(), static_cast<SQLLEN>(column.width),
+                     column.lengths.get()));
 }
 
 /// Makes room for texts as the last execution had, where a cell can hold them.
@@ -160,6 +172,7 @@ bool Rows::fetch() {
         ++present_;
         return true;
     }
+    before_ += fetched_;
     fetched_ = 0;
     present_ = 0;
     if (!isOpen_) {
@@ -185,21 +198,73 @@ void Rows::gather() {
     for (Column& column : columns_) {
         column.whole.clear();
     }
+    bool moved = false;
     for (std::size_t row = 0; row < fetched_; ++row) {
-        bool there = block_ == 1;
+        bool there = block_ == 1 || scrolls_;
         for (Column& column : columns_) {
-            SQLLEN& told = column.lengths[row];
-            const bool fits = column.width > 0 && (column.type != SQL_C_CHAR || told == SQL_NULL_DATA ||
-                                                   (told >= 0 && static_cast<std::size_t>(told) < column.width));
-            if (fits) {
+            if (fits(column, row)) {
                 continue;
             }
             if (!there) {
                 check(SQLSetPos(statement_, static_cast<SQLSETPOSIROW>(row + 1), SQL_POSITION, SQL_LOCK_NO_CHANGE));
                 there = true;
             }
-            told = ask(column, row);
+            SQLLEN& told = column.lengths[row];
+            told = scrolls_ ? fetchAgain(column, row) : ask(column, row);
+            moved = moved || scrolls_;
             column.wanted = std::max(column.wanted, static_cast<std::size_t>(std::max<SQLLEN>(told, 0)) + 1);
+        }
+    }
+    if (moved) {
+        resume();
+    }
+}
+
+bool Rows::fits(const Column& column, std::size_t row) const {
+    const SQLLEN told = column.lengths[row];
+    return column.width > 0 && (column.type != SQL_C_CHAR || told == SQL_NULL_DATA ||
+                                (told >= 0 && static_cast<std::size_t>(told) < column.width));
+}
+
+/// Fetches the row alone, with only this column bound to a cell that holds it. Gives what `ask` gives.
+SQLLEN Rows::fetchAgain(Column& column, std::size_t row) {
+    const SQLLEN told = column.lengths[row];
+    std::string& text = column.whole[row];
+    text.resize(told > 0 ? static_cast<std::size_t>(told) : kFirstAsk);
+    SQLFreeStmt(statement_, SQL_UNBIND);
+    SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), 0);
+    SQLSetStmtAttr(statement_, SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+    while (true) {
+        SQLLEN length = 0;
+        // The place behind the last character is the text's own closing null, which the driver writes anew.
+        check(SQLBindCol(statement_, column.number, SQL_C_CHAR, text.data(), static_cast<SQLLEN>(text.size() + 1),
+                         &length));
+        check(SQLFetchScroll(statement_, SQL_FETCH_ABSOLUTE, static_cast<SQLLEN>(before_ + row + 1)));
+        if (length == SQL_NULL_DATA) {
+            text.clear();
+            return SQL_NULL_DATA;
+        }
+        if (length >= 0 && static_cast<std::size_t>(length) <= text.size()) {
+            text.resize(static_cast<std::size_t>(length));
+            return length;
+        }
+        text.resize(length > 0 ? static_cast<std::size_t>(length) : text.size() * 2);
+    }
+}
+
+/// Binds the columns as they were and stands behind the block, where the next one begins.
+void Rows::resume() {
+    SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), 0);
+    SQLFreeStmt(statement_, SQL_UNBIND);
+    check(SQLFetchScroll(statement_, SQL_FETCH_ABSOLUTE, static_cast<SQLLEN>(before_ + fetched_)));
+    SQLSetStmtAttr(statement_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(block_), 0);
+    SQLSetStmtAttr(statement_, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0);
+    for (const Column& column : columns_) {
+        if (column.width > 0) {
+            // A driver may clear the first length as it binds.
+            const SQLLEN first = column.lengths[0];
+            bind(column);
+            column.lengths[0] = first;
         }
     }
 }

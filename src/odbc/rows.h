@@ -15,7 +15,8 @@ namespace orvent::odbc {
 ///
 /// Columns are bound to buffers that are filled a block of rows at a time. What a column is declared for says little of
 /// its texts, and drivers fill a cell to its end; so cells begin narrow, and a text that does not fit is asked for by
-/// itself as soon as its block is there. A driver that cannot give a single value of a block gets cells of the declared
+/// itself as soon as its block is there. Of a driver that cannot give a single value of a block but holds the whole
+/// result, its row is fetched once more into a cell that is wide enough. Any other driver gets cells of the declared
 /// size, and columns too long for that are asked for row by row. Nothing is ever executed twice: another session may
 /// have written in between.
 class Rows {
@@ -51,14 +52,19 @@ class Rows {
 
     void describe();
     void describe(Column& column) const;
+    bool holdsResult() const;
     void bindColumns();
+    void bind(const Column& column) const;
     void widen();
     void closeCursor();
     void gather();
     Column& at(int column);
     SQLLEN length(const Column& column) const { return column.lengths[present_]; }
     std::string_view characters(const Column& column) const;
+    bool fits(const Column& column, std::size_t row) const;
     SQLLEN ask(Column& column, std::size_t row);
+    SQLLEN fetchAgain(Column& column, std::size_t row);
+    void resume();
     void check(SQLRETURN outcome) const;
 
     template <class Value>
@@ -69,7 +75,9 @@ class Rows {
     const std::string& where_;
 
     bool described_ = false;
-    bool isOpen_ = false;  // there may be more rows than were fetched
+    bool isOpen_ = false;     // there may be more rows than were fetched
+    bool scrolls_ = false;    // single rows are fetched once more
+    std::size_t before_ = 0;  // rows before the block
     std::vector<Column> columns_;
     std::size_t block_ = 1;    // rows that one fetch may bring
     SQLULEN fetched_ = 0;      // rows that the last fetch brought
