@@ -83,6 +83,20 @@ TEST_F(MetricsWindow, FacesEntriesAndTables) {
     EXPECT_EQ(names(), "");
 }
 
+TEST_F(MetricsWindow, ATableForOtherProgramsKeepsOddNamesAndANodeThatIsGoneIsEmpty) {
+    testkit::GraphBuilder{first}.recordSet("S", {"a,\"b"});
+    form.EntitiesView();
+    ASSERT_EQ(names(), "R@3 A@3 S@3 ");
+    form.clickEntity(2);
+    const std::string table = form.asText(',');
+    EXPECT_EQ(table.substr(table.find('\n') + 1),
+              "\"a,\"\"b\",0,0,0,0,0,0,0,0,0\nSum,0,0,0,0,0,0,0,0,0\nAverage,0,0,0,0,0,0,0,0,0\n");
+    first.Labels.Remove(first.nodeNamed("S")->Index());
+    form.RefreshBut();
+    EXPECT_TRUE(form.views.InpMetrView.empty());
+    EXPECT_EQ(form.views.SumView[0], kNoMetric);
+}
+
 TEST_F(MetricsWindow, TheCounterIsStoredAtOnceAndCountsAtTheNextRefresh) {
     form.clickEntity(1);
     form.changeCounter(0);

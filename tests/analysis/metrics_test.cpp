@@ -167,6 +167,11 @@ TEST_F(AttributeMetrics, CountThroughParametersAndNeverConstants) {
     // Links to what is gone count and lead nowhere.
     links.add("A2.IN.SONUM <- 1 GONE GONE.SONUM");
     EXPECT_EQ(rows("A2", 100)["in SONUM"], "SONUM 2 1 3 0 0 0 2 1 3");
+    // A cycle ends with the budget; the largest one finds no more than what goes round many times.
+    links.add("A3.OUT.AU_ID -> 2 A2 A2.IN.AU_ID");
+    links.add("A2.IN.AU_ID <- 2 A3 A3.OUT.AU_ID");
+    EXPECT_NE(rows("A2", 400)["in AU_ID"], a2["in AU_ID"]);
+    EXPECT_EQ(rows("A2", 32767), rows("A2", 400));
 }
 
 TEST_F(AttributeMetrics, WalksOfRandomLinksEqualPlainOnes) {
