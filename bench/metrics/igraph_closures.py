@@ -1,4 +1,4 @@
-#!/ usr / bin / env python3
+#!/usr/bin/env python3
 """Counts what each node of a graph reaches and is reached from, by igraph.
 
 usage: igraph_closures.py FILE    FILE has the number of nodes, then a line "from to" for each edge; nodes count from 0
