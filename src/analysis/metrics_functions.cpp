@@ -145,30 +145,59 @@ void MetricsViews::clear() {
     AvgView.fill(kNoMetric);
 }
 
-void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& node) {
-    views_.clear();
-    AttributeWalks in(form, AttributeWalks::Direction::In);
-    AttributeWalks out(form, AttributeWalks::Direction::Out);
-    const auto addRows = [&](const auto& attributes, std::vector<MetricsRow>& view) {
+/// Counts the attributes of one node, in both directions.
+class MetricsFunctions::AttributeRows {
+  public:
+    AttributeRows(const canvas::Canvas& form, const LabelsD& node, std::int16_t depth, platform::Progress* progress)
+        : in_(form, AttributeWalks::Direction::In),
+          out_(form, AttributeWalks::Direction::Out),
+          node_(node.Index()),
+          depth_(depth),
+          progress_(progress) {}
+
+    /// A row for each of the attributes, at the end of the view.
+    template <class Attributes>
+    void add(const Attributes& attributes, std::vector<MetricsRow>& view) {
         for (const entities::AttributeProperties& attribute : attributes) {
-            in.include(attribute);
-            out.include(attribute);
+            in_.include(attribute);
+            out_.include(attribute);
         }
         const auto counting = begin(progress_, static_cast<std::size_t>(attributes.count()));
         for (const entities::AttributeProperties& attribute : attributes) {
             next(counting);
-            view.push_back(rowOf(attribute.Attribute_Name, node.Index(),
-                                 {in.local(attribute), out.local(attribute), in.count(attribute, depth_),
-                                  out.count(attribute, depth_)}));
+            view.push_back(rowOf(attribute.Attribute_Name, node_,
+                                 {in_.local(attribute), out_.local(attribute), in_.count(attribute, depth_),
+                                  out_.count(attribute, depth_)}));
         }
-    };
+    }
+
+  private:
+    AttributeWalks in_, out_;
+    std::int32_t node_;
+    std::int16_t depth_;
+    platform::Progress* progress_;
+};
+
+void MetricsFunctions::EntityMetrics(const canvas::Canvas& form, const LabelsD& node) {
+    views_.clear();
+    AttributeRows rows(form, node, depth_, progress_);
     if (const auto* recordSet = node.recordSet()) {
-        addRows(recordSet->RecordSet_Outputs, views_.InpMetrView);
+        RecordSetMetrics(rows, *recordSet, views_);
     } else if (const auto* activity = node.activity()) {
-        addRows(activity->Act_Inputs, views_.InpMetrView);
-        addRows(activity->Act_Outputs, views_.OutMetrView);
+        ActivityMetrics(rows, *activity, views_);
     }
     SumsAndAverages();
+}
+
+void MetricsFunctions::RecordSetMetrics(AttributeRows& rows, const entities::RecordSetProperties& recordSet,
+                                        MetricsViews& views) {
+    rows.add(recordSet.RecordSet_Outputs, views.InpMetrView);
+}
+
+void MetricsFunctions::ActivityMetrics(AttributeRows& rows, const entities::ActivityProperties& activity,
+                                       MetricsViews& views) {
+    rows.add(activity.Act_Inputs, views.InpMetrView);
+    rows.add(activity.Act_Outputs, views.OutMetrView);
 }
 
 void MetricsFunctions::ScenarioMetrics(const canvas::Canvas& form) {

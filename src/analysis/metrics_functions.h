@@ -70,6 +70,11 @@ class MetricsFunctions {
     void addNodeRows(const canvas::Canvas& form);
 
   private:
+    class AttributeRows;
+
+    static void RecordSetMetrics(AttributeRows& rows, const entities::RecordSetProperties& recordSet,
+                                 MetricsViews& views);
+    static void ActivityMetrics(AttributeRows& rows, const entities::ActivityProperties& activity, MetricsViews& views);
     void SumsAndAverages();
 
     MetricsViews& views_;
