@@ -31,7 +31,8 @@ std::int32_t tintOf(double share) {
 void paintTintScale(QPainter& painter, const QRectF& room, const CanvasColours& colours) {
     const double width = room.width() / kSteps;
     for (int step = 0; step < kSteps; ++step) {
-        painter.fillRect(QRectF(room.left() + step * width, room.top(), width, room.height()),
+        // Each shade goes on to the end, under those that follow: where two only met, paper would show between them.
+        painter.fillRect(room.adjusted(step * width, 0, 0, 0),
                          nodeColours(tintOf(step / (kSteps - 1.0)), colours).fill);
     }
     painter.setPen(colours.outline);
