@@ -56,6 +56,9 @@ void LabelsD::setHeight(float value) {
 
 void LabelsD::setBox(const Box& value) {
     box_ = {value.Left, value.Top, std::max(value.Width, kLeastWidth), std::max(value.Height, kLeastHeight)};
+    if (canvas_.isZoom() && box_.bottom() >= canvas_.BiggestHeight) {
+        canvas_.BiggestHeight = box_.bottom() + 3 * canvas_.settings().BigHeight;
+    }
     moved();
 }
 

@@ -182,7 +182,6 @@ class LabelsCollection : public IndexedTable<LabelsD> {
     LabelsD& beginNode(const Box& box, NodeTypeCode NodeType);
     void finishNode(LabelsD& node, NodeProperties entity);
     static LabelsD& show(LabelsD& node);
-    void raisePicture(const LabelsD& node);
 
     Canvas& canvas_;
 };

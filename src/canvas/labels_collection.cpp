@@ -67,7 +67,6 @@ void LabelsCollection::finishNode(LabelsD& node, NodeProperties entity) {
     node.Expanded = node.NodeType() == NodeTypeConstant;
     node.Properties = std::move(entity);
     node.setVisible(true);
-    raisePicture(node);
 }
 
 LabelsD& LabelsCollection::show(LabelsD& node) {
@@ -82,13 +81,6 @@ LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
     node.Properties = cloned(Label.Properties);
     node.setReady(Label.Ready());
     return show(node);
-}
-
-void LabelsCollection::raisePicture(const LabelsD& node) {
-    const float bottom = node.box().bottom();
-    if (canvas_.isZoom() && bottom >= canvas_.BiggestHeight) {
-        canvas_.BiggestHeight = bottom + 3 * canvas_.settings().BigHeight;
-    }
 }
 
 std::unique_ptr<LabelsD> LabelsCollection::Remove(std::int32_t index) {

@@ -26,11 +26,6 @@ Lazy<RegulatorLinks>& linksInto(ParameterProperties& parameter) {
     return parameter.RegulatedFrom;
 }
 
-/// The code of a link from an input to another member of its activity, by the input's `Tag`.
-LinkType innerLink(std::int16_t tag) {
-    return tag == 0 ? LinkActivityInput : static_cast<LinkType>(tag + 2);
-}
-
 }  // namespace
 
 SetActProp_Functions::SetActProp_Functions(canvas::CanvasForm& form, canvas::LabelsD& node,

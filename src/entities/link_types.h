@@ -31,6 +31,11 @@ constexpr std::int16_t tagOf(LinkType type) {
     return static_cast<std::int16_t>(type);
 }
 
+/// The code of a link from an input to another member of its own activity, by the input's `Tag`: 4 for a new input.
+constexpr LinkType innerLink(std::int16_t tag) {
+    return tag == 0 ? LinkActivityInput : static_cast<LinkType>(tag + 2);
+}
+
 /// How a list labels where a thing comes from, by link type code.
 inline constexpr std::array<std::string_view, 16> kFromLabels = {"Activity Output",
                                                                  "RecordSet",

@@ -213,6 +213,7 @@ void MDIForm1::zoomSelected() {
     canvas::DrawForm& form = *activeScenario();
     const auto selected = form.SelectedLabels.members();
     if (selected.size() == 1) {
+        form.CurrentNode = selected.front();
         ZoomActivity(form.slot(), selected.front());
     }
 }

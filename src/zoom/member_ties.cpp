@@ -103,11 +103,13 @@ void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) 
 }
 
 void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
+    const RelationEnd end(node);
+    if (!end.present() || (end.kind() != KindInput && end.kind() != KindOutput && end.kind() != KindParameter)) {
+        return;  // the edge meant nothing
+    }
     const auto release = [&](auto& entity) {
         unlinkMember(form, entity, true, nullptr);
-        if (entity.SubNode_ID != 0) {
-            form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
-        }
+        form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
         switch (entity.NodeKind) {
             case KindInput:
                 owner.Act_Inputs->Remove(entity.Key);

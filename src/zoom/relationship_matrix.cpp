@@ -64,10 +64,10 @@ LinkType fixed(const End&, const End&) {
 }
 /// Inside one activity the type tells where the input comes from.
 LinkType byOriginOfSource(const End& from, const End&) {
-    return from.tag() == 0 ? LinkActivityInput : static_cast<LinkType>(from.tag() + 2);
+    return innerLink(from.tag());
 }
 LinkType byOriginOfTarget(const End&, const End& to) {
-    return static_cast<LinkType>(to.tag() + 2);
+    return innerLink(to.tag());
 }
 
 constexpr auto kProvider = std::to_array<RelationRow>({

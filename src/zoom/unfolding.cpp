@@ -7,7 +7,9 @@
 
 #include "entities/link_types.h"
 #include "zoom/member_links.h"
+#include "zoom/member_ties.h"
 #include "zoom/members.h"
+#include "zoom/relationship_matrix.h"
 #include "zoom/typed_name.h"
 #include "zoom/unfolding_parts.h"
 
@@ -83,17 +85,24 @@ const ExpansionRow& expansionRow(Members members) {
     return kRows[static_cast<std::size_t>(members)];
 }
 
+const std::string& ownerNameOf(const ZoomForm& form, const LabelsD& owner) {
+    const ActivityProperties* activity = owner.activity();
+    const RecordSetProperties* recordSet = owner.recordSet();
+    const auto* function = owner.entity<FunctionProperties>();
+    if (form.bearsName(owner) || !(activity || recordSet || function)) {
+        return owner.KeyName();
+    }
+    return activity ? activity->Act_Name : recordSet ? recordSet->RecordSet_Name : function->Function_Key;
+}
+
+bool isMemberOf(const ZoomForm& form, const LabelsD& node, const LabelsD& owner) {
+    const RelationEnd end(node);
+    return end.present() && end.kind() != KindFree && end.kind() != KindConstant &&
+           (end.parentKeyName() == ownerNameOf(form, owner) || isFree(form, end.parentKeyName()));
+}
+
 const std::string& Unfolding::ownerName() const {
-    if (form_.bearsName(owner_)) {
-        return owner_.KeyName();
-    }
-    if (const ActivityProperties* activity = owner_.activity()) {
-        return activity->Act_Name;
-    }
-    if (const RecordSetProperties* recordSet = owner_.recordSet()) {
-        return recordSet->RecordSet_Name;
-    }
-    return owner_.entity<FunctionProperties>()->Function_Key;
+    return ownerNameOf(form_, owner_);
 }
 
 float Unfolding::rowTop(int halfRows) const {
@@ -230,7 +239,7 @@ void Unfolding::fold(Lazy<List>& items, const ExpansionRow& row) {
     for (const std::int32_t edge : partOfEdges(form_, owner_)) {
         LabelsD* node = targetOf(form_, edge);
         const auto* held = std::get_if<std::shared_ptr<Entity>>(&node->Properties);
-        if (held && *held && (*held)->NodeKind == row.kind) {
+        if (held && *held && (*held)->NodeKind == row.kind && isMemberOf(form_, *node, owner_)) {
             folded.push_back(*held);
             form_.Labels.Remove(node->Index());
         }

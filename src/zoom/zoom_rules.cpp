@@ -7,6 +7,7 @@
 #include "zoom/expand_collapse.h"
 #include "zoom/path_light.h"
 #include "zoom/typed_name.h"
+#include "zoom/unfolding_parts.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_form.h"
@@ -49,11 +50,13 @@ bool standsForLinks(const LinesD& edge) {
                        [&](const EdgeTool& tool) { return tool.edgeType == edge.EdgeType(); });
 }
 
-/// A part-of edge may go when it ties a member to an activity. Those of a record set and of a function hold what the
-/// design window or the catalogue made.
-bool tiesMember(const ZoomForm& form, const LinesD& edge) {
+/// Whether a part-of edge holds what the design window or the catalogue made: an attribute of a record set, or an input
+/// or output of a function. Such an edge stays; one that ties a member to an activity may go, and so may one that was
+/// drawn between nodes of other kinds and means nothing.
+bool holdsGivenMember(const ZoomForm& form, const LinesD& edge) {
     const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
-    return from && from->activity();
+    const LabelsD* to = form.Labels.byIndex(edge.ToLabel());
+    return edge.EdgeType() == canvas::EdgeTypePartOf && from && to && !from->activity() && isMemberOf(form, *to, *from);
 }
 
 }  // namespace
@@ -98,7 +101,7 @@ bool ZoomRules::mayRelate(const canvas::Canvas&, canvas::EdgeTypeCode edgeType, 
 }
 
 bool ZoomRules::mayRedirect(canvas::Canvas&, LinesD& edge, bool, const LabelsD&) {
-    if (!standsForLinks(edge) || (edge.EdgeType() == canvas::EdgeTypePartOf && !tiesMember(form_, edge))) {
+    if (!standsForLinks(edge) || holdsGivenMember(form_, edge)) {
         return false;
     }
     form_.touch();
@@ -119,7 +122,7 @@ bool ZoomRules::releaseEdge(canvas::Canvas&, LinesD& edge) {
     if (!standsForLinks(edge)) {
         return true;
     }
-    if (edge.EdgeType() == canvas::EdgeTypePartOf && !tiesMember(form_, edge)) {
+    if (holdsGivenMember(form_, edge)) {
         return false;
     }
     form_.touch();
@@ -136,7 +139,7 @@ bool ZoomRules::mayDelete(canvas::Canvas&, const LabelsD& node) {
         parameter && (parameter->NodeKind == KindFunctionInput || parameter->NodeKind == KindFunctionOutput);
     // What a second copy shows is deleted at the first.
     const bool shownTwice = !form_.bearsName(node) && node.EndingLines().Count() > 0;
-    if (ofFunction || shownTwice) {
+    if (ofFunction || shownTwice || !node.Visible()) {  // what a filter hides does not go unseen
         return false;
     }
     form_.touch();

@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "testkit/model_text.h"
 #include "testkit/test_frame.h"
 #include "zoom/make_room.h"
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 using namespace orvent;
 using platform::Answer;
@@ -36,6 +37,12 @@ class ZoomCommand : public ::testing::Test {
     void expectApply(Answer answer) {
         repository.messages.expect("DO YOU WANT TO APPLY THE CHANGES TO SCENARIO Sample ?", "Closing Scenario",
                                    platform::Icon::question, platform::Buttons::yesNoCancel, answer);
+    }
+    void expectLogin() {
+        repository.messages.expect(
+            "All active Scenarios must close in order to login as a different user!\n"
+            "Are you sure you want to continue?",
+            "Login", platform::Icon::none, platform::Buttons::okCancel, Answer::ok);
     }
     void expectClosing() {
         repository.messages.expect("ARE YOU SURE YOU WANT TO CLOSE Sample ?", "Closing Scenario",
@@ -136,17 +143,28 @@ TEST_F(ZoomCommand, ASecondZoomClosesTheFirst) {
 
 TEST_F(ZoomCommand, WhatClosesAScenarioAsksItsZoomFirst) {
     select({"Activity2"});
-    for (const auto& close :
-         {std::function<void()>([&] { frame.close(*design); }), std::function<void()>([&] { frame.unload(); }),
-          std::function<void()>([&] { frame.run(Command::loadTestGraph); })}) {
+    struct Row {
+        std::function<void()> close;
+        bool asksBefore = false;
+    };
+    for (const Row& row :
+         {Row{[&] { frame.close(*design); }}, Row{[&] { frame.unload(); }},
+          Row{[&] { frame.run(Command::loadTestGraph); }}, Row{[&] { frame.run(Command::changeUser); }, true}}) {
+        const auto close = [&](Answer answer) {
+            if (row.asksBefore) {
+                expectLogin();
+            }
+            expectApply(answer);
+            if (answer == Answer::no) {
+                expectClosing();
+            }
+            row.close();
+        };
         select({"Activity2"});
         frame.run(Command::activityZoom);
-        expectApply(Answer::cancel);
-        close();
+        close(Answer::cancel);
         EXPECT_TRUE(zoomInFront());
-        expectApply(Answer::no);
-        expectClosing();
-        close();
+        close(Answer::no);
         EXPECT_FALSE(zoomInFront());
         if (!frame.scenario(10)) {
             frame.run(Command::loadTestGraph);
@@ -158,6 +176,62 @@ TEST_F(ZoomCommand, WhatClosesAScenarioAsksItsZoomFirst) {
     frame.run(Command::activityZoom);
     frame.discardScenario(10);
     EXPECT_TRUE(stage.desk.windows.empty());
+}
+
+TEST_F(ZoomCommand, TheDesignCanvasCommandsWorkOnIt) {
+    const std::string before = testkit::modelText(*design);
+    select({"Activity2"});
+    frame.run(Command::activityZoom);
+    zoom::ZoomForm& zoomed = *zoomInFront();
+    frame.run(Command::viewAttributes);
+    frame.run(Command::selectAll);
+    int visible = 0;
+    for (const canvas::LabelsD& node : zoomed.Labels) {
+        visible += node.Visible() ? 1 : 0;
+        EXPECT_EQ(zoomed.SelectedLabels.Item(node.Index()) != nullptr, node.Visible()) << node.KeyName();
+    }
+    EXPECT_LT(visible, zoomed.Labels.Count());
+    frame.run(Command::printScenario);
+    EXPECT_EQ(stage.desk.prints, std::vector<std::string>{"Sample - Expand"});
+    frame.run(Command::viewFit);
+    EXPECT_EQ(stage.desk.viewChanges, std::vector{shell::ViewChange::fit});
+
+    const canvas::Box former = zoomed.nodeNamed("Activity2.IN.SONUM")->box();
+    repository.input.expect("ZOOM IN RATIO :", "Zooming IN", "", "1,5");
+    frame.run(Command::zoomIn);
+    const auto isZoomed = [&] {
+        const canvas::Box& now = zoomed.nodeNamed("Activity2.IN.SONUM")->box();
+        return now.Left == former.Left * 1.5F && now.Width == former.Width * 1.5F;
+    };
+    EXPECT_TRUE(isZoomed());
+    EXPECT_LE(zoomed.PicForm.Width(), zoom::ZoomForm::kLargestPicture);
+    zoom::ApplyZoomChanges(zoomed, true);
+    EXPECT_TRUE(isZoomed()) << "applying leaves the picture as it is";
+    EXPECT_EQ(testkit::modelText(*design), before);
+}
+
+TEST_F(ZoomCommand, AStoredScenarioThatIsDeletedMeanwhileIsStoredAnew) {
+    stage.saved();
+    stage.saveAs("First");
+    select({"Activity2"});
+    frame.run(Command::activityZoom);
+    zoom::ZoomForm& zoomed = *zoomInFront();
+    zoomed.central()->activity()->Act_Description = "Changed in the zoom";
+    stage.remove("First");
+    ASSERT_EQ(zoomInFront(), &zoomed);
+    EXPECT_EQ(design->ScenarioID, 0);
+    stage.saved();
+    stage.host.atScenarios = [](repository::ViewScenarios& dialog) {
+        dialog.changeName("Second");
+        dialog.OKButton();
+    };
+    frame.run(Command::saveScenario);
+    EXPECT_EQ(zoomed.Caption(), "Second - Expand");
+    const std::string stored = testkit::modelText(*design);
+    EXPECT_NE(stored.find("Changed in the zoom"), std::string::npos);
+    stage.load("Second");
+    EXPECT_NE(&stage.active(), design);
+    EXPECT_EQ(testkit::modelText(stage.active()), stored);
 }
 
 TEST_F(ZoomCommand, SaveStoresTheScenarioBehindTheZoom) {

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "zoom/check_consistency.h"
+#include "zoom/expand_collapse.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/zoom_fixture.h"
 
@@ -268,6 +269,45 @@ TEST_F(Relationship, DataTypesMustAgreeUnlessTheSourceDefinesThem) {
     EXPECT_EQ(parameter.Parameter_Type, 0);
 }
 
+TEST_F(Relationship, ANewInputIsLinkedAsIfAnActivityFedIt) {
+    node("A.IN.i").entity<AttributeProperties>()->Tag = 0;
+    for (const auto& [kind, from, to] : {std::tuple(P, "A.IN.i", "A.OUT.o"), std::tuple(R, "A.IN.i", "A.PARAM.p"),
+                                         std::tuple(R, "A.PARAM.p", "A.IN.i")}) {
+        const std::int32_t edge = draw(from, to, kind);
+        ASSERT_EQ(links().size(), 2U);
+        EXPECT_NE(links()[0].find("> 4 A ."), std::string::npos) << links()[0];
+        zoom::RemoveRelationship(form, edge);
+        form.Lines.RemoveFull(edge);
+    }
+}
+
+TEST_F(Relationship, PartOfEdgesOfOtherPairsMeanNothing) {
+    LabelsD& other = form.Labels.Add({0, 0, 1050, 450}, "S", canvas::NodeTypeRecordSet);
+    other.recordSet()->RecordSet_Outputs->Add("s", 0, "s");
+    zoom::ExpandRecordSet(form, other.Index());
+    draw("C", "A.PARAM.p", R);
+    const auto before = links();
+    for (const auto& [from, to] : {std::pair("R", "S.s"), std::pair("F", "R.r"), std::pair("A", "C"),
+                                   std::pair("A", "D"), std::pair("R.r", "A"), std::pair("R", "F")}) {
+        SCOPED_TRACE(from + std::string(" to ") + to);
+        const std::int32_t edge = draw(from, to, canvas::EdgeTypePartOf);
+        for (const char* owner : {"R", "F"}) {
+            zoom::CollapseWhole(form, node(owner));
+            EXPECT_EQ(node("R").recordSet()->RecordSet_Outputs.count(), 1);
+            zoom::ExpandRecordSet(form, node("R").Index());
+            zoom::ExpandFunction(form, node("F").Index());
+        }
+        if (canvas::LinesD* drawn = form.Lines.byIndex(edge)) {
+            EXPECT_TRUE(form.rules().releaseEdge(form, *drawn));
+            form.Lines.RemoveFull(edge);
+        }
+        EXPECT_EQ(node("C").entity<ParameterProperties>()->NodeKind, KindConstant);
+        EXPECT_EQ(links().size(), before.size());
+        EXPECT_NE(form.nodeNamed("S.s"), nullptr);
+        EXPECT_NE(form.nodeNamed("R.r"), nullptr);
+    }
+}
+
 TEST_F(Relationship, PartOfEdgesMakeMembers) {
     const auto place = [&](const char* name, canvas::NodeTypeCode kind) -> LabelsD& {
         return form.Labels.Add({0, 0, 300, 300}, name, kind);
@@ -330,6 +370,7 @@ TEST_F(Relationship, AMemberFreedBesideItsNameIsTiedUnderItsKeyAgain) {
     EXPECT_EQ(form.nodeNamed("A.IN.i"), &input);
     EXPECT_EQ(input.Caption(), "i");
     EXPECT_NE(node("A").activity()->Act_Inputs->Item("i"), nullptr);
+    EXPECT_EQ(form.DeletedNodes->Count(), 1) << "one that was never stored is noted, too";
 }
 
 TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {

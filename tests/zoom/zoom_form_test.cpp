@@ -4,6 +4,7 @@
 #include "platform/codes.h"
 #include "zoom/entity_links.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
 
 using namespace orvent;
@@ -79,6 +80,11 @@ TEST_F(ZoomWindow, DeletedMembersLeaveTheirOwner) {
     // Whole nodes, and inputs of functions, stay.
     remove({"A2", "RS4", "A1", "F1.IN.I1"});
     EXPECT_EQ(form->Labels.Count(), 34);
+    // What a filter hides is selected as before, and does not go unseen.
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewAttributesM);
+    remove({"A2.PARAM.PUB_ID", "F1", "C1"});
+    EXPECT_EQ(form->Labels.Count(), 34);
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewAttributesM);
     EXPECT_FALSE(form->unapplied());
     remove({"A2.OUT.ED_ID", "A2.PARAM.PUB_ID", "RS4.SONUM", "C1"});
     EXPECT_EQ(rows(), "2:5 3:0 4:0 ");

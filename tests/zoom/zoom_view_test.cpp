@@ -101,10 +101,9 @@ TEST_F(ZoomView, DrawsTheLinksOfTheModel) {
     EXPECT_EQ(edges(), expected);
     expectSound();
     for (const LabelsD& each : form->Labels) {
-        const int owners =
-            static_cast<int>(std::count_if(each.EndingLines().begin(), each.EndingLines().end(), [&](std::int32_t line) {
-                return form->Lines.byIndex(line)->EdgeType() == canvas::EdgeTypePartOf;
-            }));
+        const int owners = static_cast<int>(std::count_if(
+            each.EndingLines().begin(), each.EndingLines().end(),
+            [&](std::int32_t line) { return form->Lines.byIndex(line)->EdgeType() == canvas::EdgeTypePartOf; }));
         const bool member = each.entity<AttributeProperties>() || each.NodeType() == canvas::NodeTypeParameter ||
                             each.entity<FunctionProperties>();
         EXPECT_EQ(owners, member ? 1 : 0) << each.KeyName();
@@ -130,6 +129,7 @@ TEST_F(ZoomView, ApplyWithoutEditsChangesNothing) {
     node("A2.IN.SONUM").setLeft(2222);
     node("F1.OUT.O1").setReady(false);
     node("RS4").setTop(9999);
+    EXPECT_EQ(form->BiggestHeight, 9999 + 450 + 3 * 450) << "a moved node counts as a new one does";
     const Texts shown = boxes(), drawn = edges(true);
     for (int twice = 0; twice < 2; ++twice) {
         zoom::ApplyZoomChanges(*form, true);
