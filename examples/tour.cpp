@@ -45,8 +45,8 @@ class Tour {
         save();
         closeAndLoad();
         countMetrics(player_, window(), frame(), theme_);
-        zoomIntoActivity(player_, window(), frame(), theme_);
         writeFiles();
+        zoomIntoActivity(player_, window(), frame(), theme_);
         drawFromNothing(player_, window(), frame(), theme_, home_);
         drawByHand(player_, window(), frame(), theme_);
         playWizard(player_, window(), frame(), theme_);

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "bench/canvas/measure.h"
+#include "bench/zoom/stage.h"
 
 namespace orvent::bench {
 namespace {
@@ -15,12 +16,6 @@ constexpr int kLarge = 30000;
 constexpr double kFrame = 16;
 constexpr double kGrowthAim = 1.3;
 constexpr double kBytesPerNode = 2048;
-
-struct Silent : platform::MessageBox {
-    platform::Answer show(const std::string&, const std::string&, platform::Icon, platform::Buttons) override {
-        return platform::Answer::ok;
-    }
-};
 
 const char* verdict(bool met) {
     return met ? "met" : "MISSED";
@@ -68,6 +63,27 @@ class Bench {
         printBudget("drag of 1,000 selected nodes", nodes, group.step);
         printBudget("drop of 1,000 selected nodes", nodes, group.drop);
         std::printf("of these nodes %d edge ends follow\n", group.edges);
+    }
+
+    /// The same on the zoom of an activity, and the light on a path.
+    void zoomCanvas(int subNodes) {
+        Stage stage(subNodes, 0);
+        stage.open();
+        Graph graph;
+        graph.star = stage.form->NamesColl.Item("STAR.IN.M1");
+        graph.form = std::move(stage.form);
+        printBudget("zoom: open to the first whole picture", subNodes, openToPicture(open<Ours>(graph)));
+        Ours ours(graph, window_);
+        show(ours);
+        printBudget("zoom: repaint of the whole picture", subNodes, repaintAll(ours));
+        printBudget("zoom: pan", subNodes, pan(ours, graph.star));
+        printBudget("zoom: drag feedback", subNodes, dragStep(ours, graph.star));
+        printBudget("zoom: drop of a member", subNodes, drop(ours, graph.star, kDrops));
+        printBudget("zoom: light on a path, whole picture", subNodes, lightStep(ours, graph.star, true));
+        printBudget("zoom: light on a path, at 1:1", subNodes, lightStep(ours, graph.star, false));
+        ours.showAll();
+        settle();
+        printBudget("zoom: a thousand hit tests", subNodes, 1000 * hitTest(ours));
     }
 
     void growth() {
@@ -175,6 +191,7 @@ int main(int argc, char* argv[]) {
     bench.compare();
     bench.budgets(10000);
     bench.budgets(30000);
+    bench.zoomCanvas(6000);
     bench.growth();
     bench.memory();
     return 0;

@@ -85,12 +85,13 @@ class Drawer {
 
 Graph drawGraph(const canvas::CanvasServices& services, int nodes, bool withHub) {
     Graph graph;
-    graph.form = std::make_unique<canvas::DrawForm>(services);
-    Drawer drawer(*graph.form, nodes);
+    auto form = std::make_unique<canvas::DrawForm>(services);
+    Drawer drawer(*form, nodes);
     drawer.drawNodes();
     graph.star = drawer.drawStar();
     graph.hub = withHub ? drawer.drawHub() : 0;
     drawer.drawRest();
+    graph.form = std::move(form);
     return graph;
 }
 

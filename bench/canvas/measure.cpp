@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <chrono>
+#include <limits>
 #include <vector>
 
 namespace orvent::bench {
@@ -160,7 +161,7 @@ double cropStep(Ours& ours, const Graph& graph) {
 
 GroupDrag groupDrag(Ours& ours, std::int32_t number) {
     constexpr int kGroup = 1000;
-    canvas::DrawForm& form = ours.form();
+    canvas::CanvasForm& form = ours.form();
     ours.useTool("Arrow");
     ours.showNode(number);
     form.ClearCrop();
@@ -188,6 +189,27 @@ GroupDrag groupDrag(Ours& ours, std::int32_t number) {
     ours.useTool("Move");
     settle();
     return figures;
+}
+
+double lightStep(Ours& ours, std::int32_t number, bool wholePicture) {
+    wholePicture ? ours.showAll() : ours.showNode(number);
+    settle();
+    const auto off = [&] {
+        mouse(ours, QEvent::MouseMove, QPoint(1, 1));
+        settle();
+    };
+    off();
+    const double time = median(
+        kRuns,
+        [&] {
+            mouse(ours, QEvent::MouseMove, ours.pixelOf(number));
+            settle();
+        },
+        off);
+    mouse(ours, QEvent::MouseMove, ours.pixelOf(number));
+    const bool lit = !ours.form().light().isEmpty();
+    off();
+    return lit && ours.form().light().isEmpty() ? time : std::numeric_limits<double>::infinity();
 }
 
 double zoomStep(Ours& ours, std::int32_t number) {

@@ -35,6 +35,8 @@ struct GroupDrag {
     int edges;  ///< that follow
 };
 GroupDrag groupDrag(Ours& ours, std::int32_t number);
+/// The pointer comes to rest on that node, whose path is then lit while the rest is dimmed.
+double lightStep(Ours& ours, std::int32_t number, bool wholePicture);
 /// One step nearer at that node, at the slowest of the scales between the whole picture and 1:1.
 double zoomStep(Ours& ours, std::int32_t number);
 /// Scroll bars cost more to paint than all else of a step, and the same on every view.

@@ -81,7 +81,7 @@ class BoxItem : public QGraphicsItem {
 
 }  // namespace
 
-ReferenceView::ReferenceView(const canvas::DrawForm& form, QWidget* parent) : QGraphicsView(parent) {
+ReferenceView::ReferenceView(const canvas::Canvas& form, QWidget* parent) : QGraphicsView(parent) {
     setFrameShape(QFrame::NoFrame);
     setRenderHint(QPainter::Antialiasing);
     setViewportUpdateMode(MinimalViewportUpdate);

@@ -3,14 +3,14 @@
 #include <QGraphicsView>
 #include <unordered_map>
 
-#include "canvas/draw_form.h"
+#include "canvas/canvas.h"
 
 namespace orvent::bench {
 
 /// What a Qt programmer would write first to show a graph: a scene with an item for each box and each edge.
 class ReferenceView : public QGraphicsView {
   public:
-    ReferenceView(const canvas::DrawForm& form, QWidget* parent);
+    ReferenceView(const canvas::Canvas& form, QWidget* parent);
 
     /// The item of the node with that number.
     QGraphicsItem* box(std::int32_t number) const { return boxes_.at(number); }

@@ -73,11 +73,11 @@ class Ours : public Subject {
     void selectAll() override;
 
     qt::CanvasEditor& view() { return view_; }
-    canvas::DrawForm& form() { return form_; }
+    canvas::CanvasForm& form() { return form_; }
     void useTool(const std::string& tool) { host_.tool = tool; }
 
   private:
-    canvas::DrawForm& form_;
+    canvas::CanvasForm& form_;
     Host host_;
     qt::Theme theme_{qt::ThemeMode::light};
     qt::CanvasEditor view_;

@@ -100,10 +100,17 @@ class IndexedTable {
         return index ? find(static_cast<std::int32_t>(*index)) : items_.size();
     }
 
+    /// Each `Index` is larger than the one before by one at least, so its distance from both ends bounds the place. As
+    /// a rule no number is missing on one of the two sides, and nothing has to be searched.
     std::size_t find(std::int32_t index) const {
-        const auto place = std::lower_bound(indices_.begin(), indices_.end(), index);
-        return place != indices_.end() && *place == index ? static_cast<std::size_t>(place - indices_.begin())
-                                                          : items_.size();
+        if (indices_.empty() || index < indices_.front() || index > indices_.back()) {
+            return items_.size();
+        }
+        const std::ptrdiff_t last = std::ssize(indices_) - 1;
+        const auto least = indices_.begin() + std::max<std::ptrdiff_t>(0, last - (indices_.back() - index));
+        const auto most = indices_.begin() + std::min<std::ptrdiff_t>(last, index - indices_.front());
+        const auto place = *least == index ? least : *most == index ? most : std::lower_bound(least, most, index);
+        return *place == index ? static_cast<std::size_t>(place - indices_.begin()) : items_.size();
     }
 
     void closeHoles() const {

@@ -119,9 +119,7 @@ void LabelsD::setKeyName(const std::string& value) {
 }
 
 void LabelsD::takeName(const std::string& value) {
-    if (!keyName_.empty() && canvas_.NamesColl.Item(keyName_) == index_) {
-        canvas_.NamesColl.Remove(keyName_);
-    }
+    canvas_.NamesColl.Release(index_, keyName_);
     if (canvas_.NamesColl.Add(index_, value) != -1) {
         keyName_ = value;
         return;
@@ -155,10 +153,9 @@ void LabelsD::takeNumberedName(std::string_view word, const std::string& taken) 
 }
 
 void LabelsD::releaseNames() {
-    for (const std::string* name : {&keyName_, &caption_}) {
-        if (canvas_.NamesColl.Item(*name) == index_) {
-            canvas_.NamesColl.Remove(*name);
-        }
+    canvas_.NamesColl.Release(index_, keyName_);
+    if (nodeKind(nodeType_).naming == Naming::numbered) {
+        canvas_.NamesColl.Release(index_, caption_);
     }
 }
 
@@ -166,8 +163,8 @@ void LabelsD::setCaption(const std::string& value) {
     const std::string former = caption_;
     caption_ = value;
     if (nodeKind(nodeType_).naming != Naming::own) {
-        if (former != keyName_ && canvas_.NamesColl.Item(former) == index_) {
-            canvas_.NamesColl.Remove(former);  // a numbered name that only the caption held
+        if (former != keyName_) {
+            canvas_.NamesColl.Release(index_, former);  // a numbered name that only the caption held
         }
         takeName(value);
     }

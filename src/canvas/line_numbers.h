@@ -12,6 +12,10 @@ class LineNumbers {
     int Count() const { return static_cast<int>(numbers_.size()); }
     void Add(std::int32_t line) { numbers_.push_back(line); }
     void Remove(std::int32_t line) {
+        if (!numbers_.empty() && numbers_.back() == line) {
+            numbers_.pop_back();  // a walk from the last to the first searches nothing
+            return;
+        }
         const auto found = std::find(numbers_.begin(), numbers_.end(), line);
         if (found != numbers_.end()) {
             numbers_.erase(found);

@@ -23,6 +23,13 @@ class Names2IndexColl {
     /// -1 (true) on success, 0 otherwise.
     int Remove(const std::string& sKey) { return names_.erase(sKey) ? -1 : 0; }
 
+    /// Removes the name if it is that node's.
+    void Release(std::int32_t Index, const std::string& sKey) {
+        if (const auto found = names_.find(sKey); found != names_.end() && found->second == Index) {
+            names_.erase(found);
+        }
+    }
+
     int Count() const { return static_cast<int>(names_.size()); }
     void Clear() { names_.clear(); }
 

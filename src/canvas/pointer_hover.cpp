@@ -50,6 +50,7 @@ void PointerHover::overNode(LabelsD& node, Point inside) {
 
 void PointerHover::overHandle(LinesD& edge) {
     hideGrabber();
+    leaveNode();
     if (canvas_.CurrentEdge != edge.Index()) {
         leaveEdge();
     }

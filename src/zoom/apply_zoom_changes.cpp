@@ -61,6 +61,7 @@ void link(canvas::DrawForm& design, LabelsD& node) {
 
 void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     const platform::Busy busy(form.progress());
+    const canvas::ManyChanges many(form);
     const Unfolded unfolded(form);
     form.eachPair([&](LabelsD& shown, const LabelsD& design) { foldNode(form, shown, &design); });
     // All old entities are unlinked before the first is replaced, and all are replaced before the first is linked

@@ -1,5 +1,6 @@
 #include "zoom/check_consistency.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -15,20 +16,36 @@ using canvas::LinesD;
 
 namespace {
 
-/// Names in the order in which they came, each once.
+/// Names in the order in which they came, each once. The names live in the links that were walked.
 class Sources {
   public:
     void add(const std::string& name) {
-        if (known_.insert(name).second) {
-            names_.push_back(name);
+        const auto is = [&](const std::string* known) { return *known == name; };
+        if (names_.size() < kWalk ? std::none_of(names_.begin(), names_.end(), is) : addToTable(name)) {
+            names_.push_back(&name);
         }
     }
     auto begin() const { return names_.begin(); }
     auto end() const { return names_.end(); }
+    void clear() {
+        names_.clear();
+        table_.clear();
+    }
 
   private:
-    std::unordered_set<std::string_view> known_;
-    std::vector<std::string_view> names_;
+    static constexpr std::size_t kWalk = 8;  // below this a walk is as quick as a table
+
+    bool addToTable(const std::string& name) {
+        if (table_.empty()) {
+            for (const std::string* known : names_) {
+                table_.insert(*known);
+            }
+        }
+        return table_.insert(name).second;
+    }
+
+    std::vector<const std::string*> names_;
+    std::unordered_set<std::string_view> table_;
 };
 
 struct NodeSources {
@@ -57,8 +74,9 @@ void addRegulators(const List& members, const LabelsD& node, Sources& sources) {
     }
 }
 
-NodeSources sourcesOf(const LabelsD& node) {
-    NodeSources sources;
+void findSources(const LabelsD& node, NodeSources& sources) {
+    sources.data.clear();
+    sources.control.clear();
     if (const ActivityProperties* activity = node.activity()) {
         addProviders(activity->Act_Inputs, sources.data);
         addRegulators(activity->Act_Parameters, node, sources.control);
@@ -69,11 +87,10 @@ NodeSources sourcesOf(const LabelsD& node) {
     } else if (const RecordSetProperties* recordSet = node.recordSet()) {
         addProviders(recordSet->RecordSet_Outputs, sources.data);
     }
-    return sources;
 }
 
-void drawFrom(canvas::Canvas& form, std::string_view name, const LabelsD& node, bool control) {
-    const LabelsD* source = form.nodeNamed(std::string(name));
+void drawFrom(canvas::Canvas& form, const std::string& name, const LabelsD& node, bool control) {
+    const LabelsD* source = form.nodeNamed(name);
     if (!source || !(source->activity() || source->recordSet())) {
         return;
     }
@@ -99,16 +116,18 @@ bool CheckConsistency(canvas::Canvas& form, platform::Progress& progress) {
             former.push_back(edge.Index());
         }
     }
-    for (const std::int32_t edge : former) {
-        form.Lines.RemoveFull(edge);
+    // The last one first, since that is where the nodes' lists end.
+    for (auto edge = former.rbegin(); edge != former.rend(); ++edge) {
+        form.Lines.RemoveFull(*edge);
     }
+    NodeSources sources;
     for (const LabelsD& node : form.Labels) {
-        const NodeSources sources = sourcesOf(node);
-        for (const std::string_view name : sources.data) {
-            drawFrom(form, name, node, false);
+        findSources(node, sources);
+        for (const std::string* name : sources.data) {
+            drawFrom(form, *name, node, false);
         }
-        for (const std::string_view name : sources.control) {
-            drawFrom(form, name, node, true);
+        for (const std::string* name : sources.control) {
+            drawFrom(form, *name, node, true);
         }
     }
     return true;

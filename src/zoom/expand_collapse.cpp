@@ -36,24 +36,13 @@ void expandActivity(LabelsD& node, Unfolding unfolding) {
     node.Expanded = true;
 }
 
-void collapseActivity(LabelsD& node, Unfolding unfolding) {
-    if (!node.activity()) {
-        return;
-    }
-    unfolding.collapseFunctions();
-    for (const Members members : {Members::Parameters, Members::Outputs, Members::Inputs}) {
-        unfolding.collapse(members);
-    }
-    node.Expanded = false;
-}
-
 }  // namespace
 
 void ExpandActivity(ZoomForm& form, std::int32_t node) {
     onNode(form, node, expandActivity);
 }
 void CollapseActivity(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, collapseActivity);
+    onNode(form, node, [](LabelsD&, Unfolding unfolding) { unfolding.collapseActivity(); });
 }
 
 void ExpandInputs(ZoomForm& form, std::int32_t node) {
@@ -115,11 +104,7 @@ void ExpandByPlace(ZoomForm& form, LabelsD& node) {
 }
 
 void CollapseWhole(ZoomForm& form, LabelsD& node) {
-    onNode(form, node.Index(), [](LabelsD& held, Unfolding unfolding) {
-        collapseActivity(held, unfolding);
-        unfolding.collapse(Members::RecordSet);
-        unfolding.collapseFunction();
-    });
+    onNode(form, node.Index(), [](LabelsD&, Unfolding unfolding) { unfolding.collapseWhole(); });
 }
 
 }  // namespace orvent::zoom

@@ -85,7 +85,12 @@ std::vector<std::string> keysOf(const entities::Lazy<List>& list) {
 /// The items themselves stay the same objects.
 template <class List>
 void restoreOrder(entities::Lazy<List>& items, const std::vector<std::string>& keys) {
-    if (List* list = items.peek()) {
+    List* list = items.peek();
+    bool stands = list && static_cast<std::size_t>(list->Count()) >= keys.size();
+    for (std::size_t at = 0; stands && at < keys.size(); ++at) {
+        stands = list->keyAt(static_cast<int>(at) + 1) == keys[at];
+    }
+    if (list && !stands) {
         list->reorder(keys);
     }
 }

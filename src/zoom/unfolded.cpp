@@ -5,6 +5,7 @@
 
 #include "zoom/expand_collapse.h"
 #include "zoom/members.h"
+#include "zoom/unfolding.h"
 
 namespace orvent::zoom {
 
@@ -12,6 +13,7 @@ using namespace entities;
 using canvas::LabelsD;
 
 Unfolded::Unfolded(const ZoomForm& form) {
+    places_.reserve(static_cast<std::size_t>(form.Labels.Count()));
     for (const LabelsD& node : form.Labels) {
         if (node.Expanded && (node.activity() || node.recordSet() || node.entity<FunctionProperties>())) {
             expanded_.insert(node.Index());
@@ -56,88 +58,60 @@ void Unfolded::Place::restore(LabelsD& node) const {
 
 namespace {
 
-/// The orders in which an owner's members stand, by the names of its collections. Members that were renamed in the
-/// view are known by the names that they have there.
-class MemberOrders {
+/// Puts the members of the view's nodes into the order of the scenario's; those that only the view has come last.
+/// Members that were renamed in the view are known by the names that they have there.
+class ScenarioOrder {
   public:
-    /// The orders of a node of the view itself.
-    explicit MemberOrders(const LabelsD& node) : MemberOrders(node, nullptr) {}
-    /// Those of a scenario's node, for the view.
-    MemberOrders(const LabelsD& design, const ZoomForm& form) : MemberOrders(design, &form) {}
+    explicit ScenarioOrder(const ZoomForm& form) : form_(form) {}
 
-    void restore(LabelsD& node) const {
-        if (ActivityProperties* activity = node.activity()) {
-            put("inputs", activity->Act_Inputs);
-            put("outputs", activity->Act_Outputs);
-            put("parameters", activity->Act_Parameters);
-            put("functions", activity->Act_Functions);
-            for (FunctionProperties& function : activity->Act_Functions) {
-                putFunction(function);
-            }
-        } else if (auto* function = node.entity<FunctionProperties>()) {
-            putFunction(*function);
-        } else if (RecordSetProperties* recordSet = node.recordSet()) {
-            put("outputs", recordSet->RecordSet_Outputs);
+    void restore(LabelsD& node, const LabelsD& design) const {
+        if (ActivityProperties* activity = node.activity(); activity && design.activity()) {
+            restore(*activity, *design.activity());
+        } else if (RecordSetProperties* recordSet = node.recordSet(); recordSet && design.recordSet()) {
+            const RecordSetProperties& former = *design.recordSet();
+            restore(recordSet->RecordSet_Outputs, former.RecordSet_Outputs, former.RecordSet_Name,
+                    KindRecordSetAttribute);
         }
     }
 
   private:
-    MemberOrders(const LabelsD& node, const ZoomForm* renames) : renames_(renames) {
-        if (const ActivityProperties* activity = node.activity()) {
-            keep("inputs", activity->Act_Inputs, activity->Act_Name, KindInput);
-            keep("outputs", activity->Act_Outputs, activity->Act_Name, KindOutput);
-            keep("parameters", activity->Act_Parameters, activity->Act_Name, KindParameter);
-            keep("functions", activity->Act_Functions, {}, KindFunction);
-            for (const FunctionProperties& function : activity->Act_Functions) {
-                keepFunction(function);
+    void restore(ActivityProperties& activity, const ActivityProperties& former) const {
+        restore(activity.Act_Inputs, former.Act_Inputs, former.Act_Name, KindInput);
+        restore(activity.Act_Outputs, former.Act_Outputs, former.Act_Name, KindOutput);
+        restore(activity.Act_Parameters, former.Act_Parameters, former.Act_Name, KindParameter);
+        restore(activity.Act_Functions, former.Act_Functions, {}, KindFunction);
+        Act_FunctionsCollection* functions = activity.Act_Functions.peek();
+        for (const FunctionProperties& function : former.Act_Functions) {
+            const std::string& key = form_.nameNow(function.Function_Key);
+            if (FunctionProperties* shown = functions ? functions->Item(key) : nullptr) {
+                restore(shown->Function_Inputs, function.Function_Inputs, key, KindFunctionInput);
+                restore(shown->Function_Outputs, function.Function_Outputs, key, KindFunctionOutput);
             }
-        } else if (const auto* function = node.entity<FunctionProperties>()) {
-            keepFunction(*function);
-        } else if (const RecordSetProperties* recordSet = node.recordSet()) {
-            keep("outputs", recordSet->RecordSet_Outputs, recordSet->RecordSet_Name, KindRecordSetAttribute);
         }
-    }
-
-    const std::string& nameNow(const std::string& key) const { return renames_ ? renames_->nameNow(key) : key; }
-
-    void keepFunction(const FunctionProperties& function) {
-        const std::string& key = nameNow(function.Function_Key);
-        keep("in " + key, function.Function_Inputs, key, KindFunctionInput);
-        keep("out " + key, function.Function_Outputs, key, KindFunctionOutput);
-    }
-    void putFunction(FunctionProperties& function) const {
-        put("in " + function.Function_Key, function.Function_Inputs);
-        put("out " + function.Function_Key, function.Function_Outputs);
     }
 
     template <class List>
-    void keep(const std::string& name, const Lazy<List>& list, const std::string& owner, NodeKindCode kind) {
-        std::vector<std::string> keys = keysOf(list);
-        const std::size_t head = wholeKey(owner, kind, "").size();
-        for (std::string& key : keys) {
-            key = nameNow(wholeKey(owner, kind, key)).substr(head);
+    void restore(Lazy<List>& list, const Lazy<List>& former, const std::string& owner, NodeKindCode kind) const {
+        std::vector<std::string> keys = keysOf(former);
+        if (form_.anyRenamed()) {
+            const std::size_t head = wholeKey(owner, kind, "").size();
+            for (std::string& key : keys) {
+                key = form_.nameNow(wholeKey(owner, kind, key)).substr(head);
+            }
         }
-        orders_[name] = std::move(keys);
-    }
-    template <class List>
-    void put(const std::string& name, Lazy<List>& list) const {
-        if (const auto order = orders_.find(name); order != orders_.end()) {
-            restoreOrder(list, order->second);
-        }
+        restoreOrder(list, keys);
     }
 
-    const ZoomForm* renames_;
-    std::map<std::string, std::vector<std::string>> orders_;
+    const ZoomForm& form_;
 };
 
 }  // namespace
 
 void foldNode(ZoomForm& form, LabelsD& node, const LabelsD* design) {
-    const MemberOrders shown(node);
-    CollapseWhole(form, node);
-    shown.restore(node);
+    const platform::Busy busy(form.progress());
+    Unfolding(form, node, FoldedOrder::kept).collapseWhole();
     if (design) {
-        MemberOrders(*design, form).restore(node);
+        ScenarioOrder(form).restore(node, *design);
     }
 }
 

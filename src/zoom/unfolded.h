@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
 
 #include "zoom/zoom_form.h"
 
@@ -29,7 +29,7 @@ class Unfolded {
 
     std::set<std::int32_t> expanded_;
     std::set<std::string> expandedNames_;
-    std::map<std::string, Place> places_;
+    std::unordered_map<std::string, Place> places_;
 };
 
 /// Folds an activity, a record set or a function. Its members keep the order that they have; with `design` they take

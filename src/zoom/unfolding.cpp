@@ -61,21 +61,22 @@ constexpr std::array<ExpansionRow, 6> kRows = {{
     {canvas::NodeTypeAttribute, KindRecordSetAttribute, 4, true, LinkUnset, belowOwner},
 }};
 
-/// Adds `items`, then those of the former content whose keys they do not bear: a member without a node is kept.
+/// Sees that a collection holds these very items, and puts them into their order; a member without a node comes last.
 template <class List>
-void refill(List& list, std::vector<std::shared_ptr<EntityOf<List>>>& items) {
-    std::vector<std::shared_ptr<EntityOf<List>>> former;
-    for (int position = 1; position <= list.Count(); ++position) {
-        former.push_back(list.share(position));
-    }
-    list.Clear();
-    for (auto* source : {&items, &former}) {
-        for (auto& item : *source) {
-            const std::string key = keyOf(*item);
-            if (!list.Item(key)) {
-                list.append(std::move(item), key);
-            }
+void refill(List& list, const std::vector<std::shared_ptr<EntityOf<List>>>& items, FoldedOrder order) {
+    std::vector<std::string> keys;
+    keys.reserve(items.size());
+    for (const auto& item : items) {
+        const std::string& key = keyOf(*item);
+        const auto* held = list.Item(key);
+        if (held != item.get()) {
+            list.Remove(key);
+            list.append(item, key);
         }
+        keys.push_back(key);
+    }
+    if (order == FoldedOrder::reversed) {
+        list.reorder(keys);
     }
 }
 
@@ -99,10 +100,6 @@ bool isMemberOf(const ZoomForm& form, const LabelsD& node, const LabelsD& owner)
     const RelationEnd end(node);
     return end.present() && end.kind() != KindFree && end.kind() != KindConstant &&
            (end.parentKeyName() == ownerNameOf(form, owner) || isFree(form, end.parentKeyName()));
-}
-
-const std::string& Unfolding::ownerName() const {
-    return ownerNameOf(form_, owner_);
 }
 
 float Unfolding::rowTop(int halfRows) const {
@@ -161,19 +158,18 @@ void Unfolding::show(Lazy<List>& items, const ExpansionRow& row, int firstRow) {
 template <class Entity>
 void Unfolding::showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top) {
     const CanvasSettings& sizes = form_.settings();
-    const bool named = form_.bearsName(owner_);
     Entity& shown = *entity;
-    shown.ParentKeyName = ownerName();
+    shown.ParentKeyName = ownerName_;
     shown.NodeKind = row.kind;
     LabelsD& node =
         form_.Labels.AddShown({row.left(owner_, sizes), top, sizes.Width, sizes.Height}, nameOf(shown), row.nodeType,
-                              named ? wholeKey(ownerName(), row.kind, shown.Key) : std::string(), std::int16_t{0});
+                              named_ ? wholeKey(ownerName_, row.kind, shown.Key) : std::string(), std::int16_t{0});
     node.setToolTipText(typedName(form_, nameOf(shown), typeOf(shown)));
     form_.Lines.addFullLine(owner_.Index(), row.fromGrab, node.Index(), 2, canvas::EdgeTypePartOf,
                             canvas::AngleVerticalUp, 0);
     bindNode(node, std::move(entity));
     grow(node, row.widens);
-    if (!named) {
+    if (!named_) {
         return;  // links are drawn at the first copy
     }
     if constexpr (std::is_same_v<Entity, ParameterProperties>) {
@@ -231,6 +227,23 @@ void Unfolding::collapse(Members members) {
     }
 }
 
+void Unfolding::collapseActivity() {
+    if (!owner_.activity()) {
+        return;
+    }
+    collapseFunctions();
+    for (const Members members : {Members::Parameters, Members::Outputs, Members::Inputs}) {
+        collapse(members);
+    }
+    owner_.Expanded = false;
+}
+
+void Unfolding::collapseWhole() {
+    collapseActivity();
+    collapse(Members::RecordSet);
+    collapseFunction();
+}
+
 // From the last edge to the first, since a node that goes shortens the owner's list.
 template <class List>
 void Unfolding::fold(Lazy<List>& items, const ExpansionRow& row) {
@@ -239,12 +252,13 @@ void Unfolding::fold(Lazy<List>& items, const ExpansionRow& row) {
     for (const std::int32_t edge : partOfEdges(form_, owner_)) {
         LabelsD* node = targetOf(form_, edge);
         const auto* held = std::get_if<std::shared_ptr<Entity>>(&node->Properties);
-        if (held && *held && (*held)->NodeKind == row.kind && isMemberOf(form_, *node, owner_)) {
+        if (held && *held && (*held)->NodeKind == row.kind &&
+            ((*held)->ParentKeyName == ownerName_ || isFree(form_, (*held)->ParentKeyName))) {
             folded.push_back(*held);
             form_.Labels.Remove(node->Index());
         }
     }
-    refill(*items, folded);
+    refill(*items, folded, order_);
 }
 
 }  // namespace orvent::zoom

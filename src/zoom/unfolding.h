@@ -15,10 +15,22 @@ enum class Members { Inputs, Outputs, Parameters, FunctionInputs, FunctionOutput
 struct ExpansionRow;
 const ExpansionRow& expansionRow(Members members);
 
-/// Expands and folds the members of one owner.
+/// The order in which folded members stand in their collection: that of their edges from the last to the first, or as
+/// they stood before.
+enum class FoldedOrder { reversed, kept };
+
+/// What its members call an owner; a second copy does not bear that name as its `KeyName`.
+const std::string& ownerNameOf(const ZoomForm& form, const canvas::LabelsD& owner);
+
+/// Expands and folds the members of one owner, whose name stays the same meanwhile.
 class Unfolding {
   public:
-    Unfolding(ZoomForm& form, canvas::LabelsD& owner) : form_(form), owner_(owner) {}
+    Unfolding(ZoomForm& form, canvas::LabelsD& owner, FoldedOrder order = FoldedOrder::reversed)
+        : form_(form),
+          owner_(owner),
+          order_(order),
+          named_(form.bearsName(owner)),
+          ownerName_(named_ ? owner.KeyName() : ownerNameOf(form, owner)) {}
 
     // Both do nothing when the owner has no such members, or when they are in that state already.
     void expand(Members members);
@@ -27,6 +39,9 @@ class Unfolding {
     void collapseFunctions();
     void expandFunction();
     void collapseFunction();
+    void collapseActivity();
+    /// Whatever the owner is.
+    void collapseWhole();
 
   private:
     template <class List>
@@ -42,11 +57,11 @@ class Unfolding {
     float rowTop(int halfRows) const;
     void grow(const canvas::LabelsD& node, bool widens);
 
-    /// The owner's name, which a second copy does not bear as its `KeyName`.
-    const std::string& ownerName() const;
-
     ZoomForm& form_;
     canvas::LabelsD& owner_;
+    FoldedOrder order_;
+    bool named_;  ///< the owner bears its name, and so do its members
+    const std::string& ownerName_;
 };
 
 }  // namespace orvent::zoom

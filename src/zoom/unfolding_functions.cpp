@@ -76,7 +76,7 @@ void Unfolding::expandFunctions() {
 void Unfolding::showFunction(std::shared_ptr<FunctionProperties> function, float left, float top) {
     const CanvasSettings& sizes = form_.settings();
     function->NodeKind = KindFunction;
-    function->setParentKeyName(ownerName());
+    function->setParentKeyName(ownerName_);
     LabelsD& node = form_.Labels.AddShown({left, top, sizes.Width, sizes.BigHeight}, function->Function_Name,
                                           canvas::NodeTypeFunction, function->Function_Key, function);
     form_.Lines.addFullLine(owner_.Index(), kFunctionGrab, node.Index(), 2, canvas::EdgeTypePartOf,
@@ -94,7 +94,7 @@ void Unfolding::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> f
     Unfolding(form_, node).collapseFunction();
     form_.Lines.addFullLine(owner_.Index(), kFunctionGrab, node.Index(), 2, canvas::EdgeTypePartOf,
                             canvas::AngleVerticalUp, 0);
-    function->setParentKeyName(ownerName());
+    function->setParentKeyName(ownerName_);
     function->NodeKind = KindFunction;
     bindNode(node, std::move(function));
     Unfolding(form_, node).expandFunction();
@@ -126,6 +126,7 @@ void Unfolding::collapseFunctions() {
         return;
     }
     Act_FunctionsCollection& functions = *activity->Act_Functions;
+    const std::vector<std::string> order = keysOf(activity->Act_Functions);
     std::vector<std::shared_ptr<FunctionProperties>> former;
     for (int position = 1; position <= functions.Count(); ++position) {
         former.push_back(functions.share(position));
@@ -137,8 +138,8 @@ void Unfolding::collapseFunctions() {
         if (!function || function->NodeKind != KindFunction) {
             continue;
         }
-        Unfolding(form_, node).collapseFunction();
-        if (!functions.AddFunction(form_, node.KeyName(), ownerName(), function->Function_Source)) {
+        Unfolding(form_, node, order_).collapseFunction();
+        if (!functions.AddFunction(form_, node.KeyName(), ownerName_, function->Function_Source)) {
             functions.AddFunctionProps(*function, function->Function_Key, 1);  // its node bears no name
         }
         if (function->Function_Source == kSourceActivityType) {
@@ -149,7 +150,7 @@ void Unfolding::collapseFunctions() {
             function->setParentKeyName({});
             for (auto* parameters : {&function->Function_Inputs, &function->Function_Outputs}) {
                 for (ParameterProperties& parameter : *parameters) {
-                    parameter.ParentFunctionActivity = ownerName();
+                    parameter.ParentFunctionActivity = ownerName_;
                 }
             }
             form_.Lines.RemoveFull(edge);
@@ -160,6 +161,9 @@ void Unfolding::collapseFunctions() {
         if (!functions.Item(key)) {
             functions.append(std::move(function), key);
         }
+    }
+    if (order_ == FoldedOrder::kept) {
+        functions.reorder(order);
     }
     functions.Expanded = false;
 }

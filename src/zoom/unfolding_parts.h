@@ -13,9 +13,6 @@ std::vector<std::int32_t> partOfEdges(const ZoomForm& form, const canvas::Labels
 
 canvas::LabelsD* targetOf(ZoomForm& form, std::int32_t edge);
 
-/// What its members call an owner; a second copy does not bear that name as its `KeyName`.
-const std::string& ownerNameOf(const ZoomForm& form, const canvas::LabelsD& owner);
-
 /// Whether an attribute or a parameter belongs to the owner from which a part-of edge leads to it. One that was drawn
 /// between nodes of other kinds, or to what another owner has, means nothing.
 bool isMemberOf(const ZoomForm& form, const canvas::LabelsD& node, const canvas::LabelsD& owner);

@@ -113,6 +113,7 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
 
     /// A member bears another whole key from now on.
     void noteRename(const std::string& former, const std::string& now);
+    bool anyRenamed() const { return !renamed_.empty(); }
     /// The whole key that a member of the scenario bears in the view.
     const std::string& nameNow(const std::string& wholeKey) const;
 

@@ -269,7 +269,7 @@ TEST(Pointer, WhatAMoveShows) {
         EXPECT_EQ(node.MousePointer(), row.pointer);
     }
     stage.play("move h1 0 0");
-    EXPECT_FALSE(edge.HighLighted() || form.OverLine);
+    EXPECT_FALSE(edge.HighLighted() || form.OverLine || form.OverLabel);
     stage.play("press h1 0 0|release h1 0 0|move h2 0 0");
     EXPECT_TRUE(edge.HighLighted() && form.OverLine && form.ActiveEdge == 1);
     stage.play("move p 0 0");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "repository/stored_content.h"
 #include "testkit/model_text.h"
 #include "testkit/test_frame.h"
 #include "zoom/make_room.h"
@@ -215,6 +216,7 @@ TEST_F(ZoomCommand, AStoredScenarioThatIsDeletedMeanwhileIsStoredAnew) {
     stage.saveAs("First");
     select({"Activity2"});
     frame.run(Command::activityZoom);
+    EXPECT_FALSE(repository::isUnsaved(*design)) << "to look is no change";
     zoom::ZoomForm& zoomed = *zoomInFront();
     zoomed.central()->activity()->Act_Description = "Changed in the zoom";
     stage.remove("First");
