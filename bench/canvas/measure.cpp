@@ -78,7 +78,10 @@ double repaintAll(Subject& subject) {
 double pan(Subject& subject, std::int32_t number) {
     subject.showNode(number);
     settle();
-    QScrollBar* bar = subject.area().horizontalScrollBar();
+    QScrollBar* across = subject.area().horizontalScrollBar();
+    // A tall picture may be shown in its whole width.
+    const bool isWider = across->maximum() - across->value() > 2 * kRuns * kPanPixels;
+    QScrollBar* bar = isWider ? across : subject.area().verticalScrollBar();
     return median(2 * kRuns, [&] {
         bar->setValue(bar->value() + kPanPixels);
         settle();
@@ -194,22 +197,19 @@ GroupDrag groupDrag(Ours& ours, std::int32_t number) {
 double lightStep(Ours& ours, std::int32_t number, bool wholePicture) {
     wholePicture ? ours.showAll() : ours.showNode(number);
     settle();
-    const auto off = [&] {
-        mouse(ours, QEvent::MouseMove, QPoint(1, 1));
+    canvas::CanvasForm& form = ours.form();
+    const auto on = [&] {
+        form.setLight(form.rules().pathOf(form, *form.Labels.byIndex(number)));
         settle();
     };
+    const auto off = [&] {
+        form.setLight({});
+        settle();
+    };
+    const double time = median(kRuns, on, off);
+    const bool lit = !form.light().isEmpty();
     off();
-    const double time = median(
-        kRuns,
-        [&] {
-            mouse(ours, QEvent::MouseMove, ours.pixelOf(number));
-            settle();
-        },
-        off);
-    mouse(ours, QEvent::MouseMove, ours.pixelOf(number));
-    const bool lit = !ours.form().light().isEmpty();
-    off();
-    return lit && ours.form().light().isEmpty() ? time : std::numeric_limits<double>::infinity();
+    return lit ? time : std::numeric_limits<double>::infinity();
 }
 
 double zoomStep(Ours& ours, std::int32_t number) {

@@ -35,7 +35,7 @@ struct GroupDrag {
     int edges;  ///< that follow
 };
 GroupDrag groupDrag(Ours& ours, std::int32_t number);
-/// The pointer comes to rest on that node, whose path is then lit while the rest is dimmed.
+/// The path of that node is worked out and lit, and the rest is dimmed.
 double lightStep(Ours& ours, std::int32_t number, bool wholePicture);
 /// One step nearer at that node, at the slowest of the scales between the whole picture and 1:1.
 double zoomStep(Ours& ours, std::int32_t number);
