@@ -5,12 +5,11 @@
 
 #include "platform/fault.h"
 #include "testkit/graph_builder.h"
-#include "testkit/scripted_ports.h"
 
 namespace orvent::analysis {
 namespace {
 
-class FlowOrderTest : public testkit::CanvasTest {
+class FlowOrderTest : public testkit::GraphTest {
   protected:
     /// Draws edges such as "ab": one from node a to node b; a node is made when it is first named.
     void draw(const std::vector<std::string>& edges) {
@@ -36,8 +35,6 @@ class FlowOrderTest : public testkit::CanvasTest {
     }
 
     testkit::QuietProgress progress;
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     FlowOrder order{progress};
 };
 

@@ -1,12 +1,11 @@
 #include "analysis/metric_tints.h"
 
 #include "testkit/graph_builder.h"
-#include "testkit/scripted_ports.h"
 
 namespace orvent::analysis {
 namespace {
 
-class MetricTintsTest : public testkit::CanvasTest {
+class MetricTintsTest : public testkit::GraphTest {
   protected:
     MetricTintsTest() {
         for (const char* name : {"a", "b", "c", "unready"}) {
@@ -22,8 +21,6 @@ class MetricTintsTest : public testkit::CanvasTest {
         return tints.share(*form.nodeNamed(node));
     }
 
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     std::int16_t depth = 5;
 };
 

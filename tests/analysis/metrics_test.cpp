@@ -7,7 +7,6 @@
 #include "platform/fault.h"
 #include "testkit/graph_builder.h"
 #include "testkit/plain_walk.h"
-#include "testkit/scripted_ports.h"
 #include "zoom/link_graph.h"
 
 namespace orvent::analysis {
@@ -17,7 +16,7 @@ using namespace entities;
 using canvas::LabelsD;
 using testkit::PlainWalk;
 
-class Metrics : public testkit::CanvasTest {
+class Metrics : public testkit::GraphTest {
   protected:
     /// The numbers of a row, each behind a blank.
     static std::string numbers(const MetricsRow& row) {
@@ -30,8 +29,6 @@ class Metrics : public testkit::CanvasTest {
 
     void run(std::int16_t depth) { MetricsFunctions(views, depth).ScenarioMetrics(form); }
 
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     MetricsViews views;
 };
 

@@ -8,13 +8,12 @@
 #include "platform/fault.h"
 #include "testkit/file_text.h"
 #include "testkit/graph_builder.h"
-#include "testkit/scripted_ports.h"
 #include "testkit/temporary_folder.h"
 
 namespace orvent::analysis {
 namespace {
 
-class TextExportTest : public testkit::CanvasTest {
+class TextExportTest : public testkit::GraphTest {
   public:
     TextExportTest() {
         form.setCaption("Sales");
@@ -26,8 +25,6 @@ class TextExportTest : public testkit::CanvasTest {
     platform::ProgramFolder folder{scratch.path()};
     testkit::QuietProgress progress;
     entities::CatalogueTables catalogue;
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     TextExport exporter{ports.messages, folder, progress, catalogue};
 };
 

@@ -10,13 +10,7 @@ using repository::SaveResult;
 
 class ChangedElsewhereTest : public StoredScenarioTest {
   protected:
-    SaveResult saveAgain() {
-        user.toQuestions = Answer::cancel;
-        user.told.clear();
-        return loadSave.SaveScenario(*form, false);
-    }
-
-    void run(const std::string& sql) { repository::openRepository(services).run(sql); }
+    SaveResult saveAgain() { return save(*form, false, Answer::cancel); }
 
     std::unique_ptr<canvas::DrawForm> form = savedGraph();
     RecordingWindows otherWindows;
@@ -44,13 +38,7 @@ TEST_F(ChangedElsewhereTest, AReplacedScenarioIsNotMixedWithTheNewOne) {
 
 TEST_F(ChangedElsewhereTest, NodesThatAreGoneAreWrittenAnew) {
     const auto thinning = loaded(1);
-    thinning->DeletedNodes->Add(recordSet(*thinning, "RS2").NodeID, entities::DeletedRecordSet);
-    thinning->DeletedNodes->Add(activity(*thinning).NodeID, entities::DeletedActivity);
-    thinning->DeletedNodes->Add(5, entities::DeletedComment);
-    thinning->DeletedNodes->Add(6, entities::DeletedLog);
-    for (const char* name : {"RS2", "Act1", "Comment0", "LOG1"}) {
-        thinning->Labels.Remove(thinning->nodeNamed(name)->Index());
-    }
+    deleteNodes(*thinning, {"RS2", "Act1", "Comment0", "LOG1"});
     EXPECT_EQ(other.SaveScenario(*thinning, false), SaveResult::saved);
     EXPECT_EQ(saveAgain(), SaveResult::saved);
     expectStoredInAnyOrder(*form, modelText(*form));
@@ -89,15 +77,7 @@ TEST_F(ChangedElsewhereTest, RewrittenRowsThatAreGoneAreWrittenAnew) {
 }
 
 TEST_F(ChangedElsewhereTest, OwnDeletionsAreNoReplacement) {
-    for (const char* name : {"RS1", "RS2", "Bare"}) {
-        form->DeletedNodes->Add(recordSet(*form, name).NodeID, entities::DeletedRecordSet);
-    }
-    form->DeletedNodes->Add(activity(*form).NodeID, entities::DeletedActivity);
-    form->DeletedNodes->Add(5, entities::DeletedComment);
-    form->DeletedNodes->Add(6, entities::DeletedLog);
-    for (const char* name : {"RS1", "RS2", "Bare", "Act1", "Comment0", "LOG1"}) {
-        form->Labels.Remove(form->nodeNamed(name)->Index());
-    }
+    deleteNodes(*form, {"RS1", "RS2", "Bare", "Act1", "Comment0", "LOG1"});
     GraphBuilder(*form).recordSet("RS9", {"A"});
     EXPECT_EQ(saveAgain(), SaveResult::saved);
     expectStored(*form, modelText(*form));

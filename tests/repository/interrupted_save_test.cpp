@@ -7,83 +7,70 @@ namespace orvent::testkit {
 
 namespace {
 
-class InterruptedSaveTest : public StoredScenarioTest {
-  protected:
-    using Side = HookedDatabase::Side;
+using Side = HookedDatabase::Side;
+using InterruptedSaveTest = StoredScenarioTest;
 
-    /// Breaks a save off at each statement, before it or behind it, when only its reply is lost; then the user saves
-    /// once more.
-    void breakOffEverywhere(bool storedBefore, bool SaveAs, Answer toTheFault, Side side = Side::before) {
-        for (int at = 1;; ++at) {
-            SCOPED_TRACE("broken off at statement " + std::to_string(at));
-            auto form = graph("Demo" + std::to_string(at));
-            const std::string before = modelText(*form);
-            if (storedBefore) {
-                save(*form, true, Answer::cancel);
-                GraphBuilder(*form).recordSet("RS3", {"B"}).Changed = true;
-                auto& parameter = activity(*form).Act_Parameters->Add("Q", 1, 8, "Q");
-                parameter.ParentKeyName = "Act1";
-                parameter.NodeKind = entities::KindParameter;
-            }
-            const std::string expected = modelText(*form);
-            const std::int16_t first = form->ScenarioID;
-            if (SaveAs) {
-                form->setCaption("Other" + std::to_string(at));
-            }
-            repository.hooked.after(
-                at, [] { throw kBroken; }, side);
-            save(*form, SaveAs, toTheFault);
-            if (!repository.hooked.happened()) {
-                repository.hooked.after(0, [] {});
-                EXPECT_GT(at, 10);
-                break;
-            }
-            if (user.told.back() != "Saved") {
-                save(*form, SaveAs || form->ScenarioID == 0, Answer::yes);
-            }
-            expectStoredInAnyOrder(*form, expected);
-            if (SaveAs) {
-                ASSERT_NE(form->ScenarioID, first);
-                EXPECT_EQ(modelText(*loaded(first)), before) << "the scenario that the window showed first";
-            }
-            loadSave.RemoveScenario(SaveAs ? first : std::int16_t{0}, true);
-            const long long rows = storedRows();
-            loadSave.RemoveScenario(form->ScenarioID, true);
-            save(*form, true, Answer::cancel);
-            EXPECT_EQ(rows, storedRows()) << "rows that nobody knows";
-            loadSave.RemoveScenario(form->ScenarioID, true);
-            EXPECT_EQ(storedRows(), 0);
-        }
-    }
+struct Way {
+    const char* name;
+    bool storedBefore, SaveAs;
+    Answer toTheFault = Answer::cancel;
+    Side side = Side::before;  ///< of the statement; behind it only its reply is lost
 };
 
-TEST_F(InterruptedSaveTest, FirstSaveBreaksOff) {
-    breakOffEverywhere(false, false, Answer::cancel);
+class SaveBreaksOff : public StoredScenarioTest, public ::testing::WithParamInterface<Way> {};
+
+// At each statement in turn; then the user saves once more.
+TEST_P(SaveBreaksOff, AndNothingIsLostOrLeft) {
+    const auto& [name, storedBefore, SaveAs, toTheFault, side] = GetParam();
+    for (int at = 1;; ++at) {
+        SCOPED_TRACE("broken off at statement " + std::to_string(at));
+        auto form = graph("Demo" + std::to_string(at));
+        const std::string before = modelText(*form);
+        if (storedBefore) {
+            save(*form, true, Answer::cancel);
+            GraphBuilder(*form).recordSet("RS3", {"B"}).Changed = true;
+            auto& parameter = activity(*form).Act_Parameters->Add("Q", 1, 8, "Q");
+            parameter.ParentKeyName = "Act1";
+            parameter.NodeKind = entities::KindParameter;
+        }
+        const std::string expected = modelText(*form);
+        const std::int16_t first = form->ScenarioID;
+        if (SaveAs) {
+            form->setCaption("Other" + std::to_string(at));
+        }
+        repository.hooked.after(
+            at, [] { throw kBroken; }, side);
+        save(*form, SaveAs, toTheFault);
+        if (!repository.hooked.happened()) {
+            repository.hooked.after(0, [] {});
+            EXPECT_GT(at, 10);
+            break;
+        }
+        if (user.told.back() != "Saved") {
+            save(*form, SaveAs || form->ScenarioID == 0, Answer::yes);
+        }
+        expectStoredInAnyOrder(*form, expected);
+        if (SaveAs) {
+            ASSERT_NE(form->ScenarioID, first);
+            EXPECT_EQ(modelText(*loaded(first)), before) << "the scenario that the window showed first";
+        }
+        loadSave.RemoveScenario(SaveAs ? first : std::int16_t{0}, true);
+        const long long rows = storedRows();
+        loadSave.RemoveScenario(form->ScenarioID, true);
+        save(*form, true, Answer::cancel);
+        EXPECT_EQ(rows, storedRows()) << "rows that nobody knows";
+        loadSave.RemoveScenario(form->ScenarioID, true);
+        EXPECT_EQ(storedRows(), 0);
+    }
 }
 
-TEST_F(InterruptedSaveTest, PlainSaveBreaksOff) {
-    breakOffEverywhere(true, false, Answer::cancel);
-}
-
-TEST_F(InterruptedSaveTest, FirstSaveLosesAReply) {
-    breakOffEverywhere(false, false, Answer::cancel, Side::behind);
-}
-
-TEST_F(InterruptedSaveTest, PlainSaveLosesAReply) {
-    breakOffEverywhere(true, false, Answer::cancel, Side::behind);
-}
-
-TEST_F(InterruptedSaveTest, SaveAsLosesAReply) {
-    breakOffEverywhere(true, true, Answer::cancel, Side::behind);
-}
-
-TEST_F(InterruptedSaveTest, SaveAsBreaksOffAndLeavesTheFirstScenarioWhole) {
-    breakOffEverywhere(true, true, Answer::cancel);
-}
-
-TEST_F(InterruptedSaveTest, SaveBreaksOffAndReplacesAtOnce) {
-    breakOffEverywhere(true, false, Answer::yes);
-}
+INSTANTIATE_TEST_SUITE_P(Ways, SaveBreaksOff,
+                         ::testing::Values(Way{"First", false, false}, Way{"Plain", true, false}, Way{"As", true, true},
+                                           Way{"AndReplacesAtOnce", true, false, Answer::yes},
+                                           Way{"FirstLosesAReply", false, false, Answer::cancel, Side::behind},
+                                           Way{"PlainLosesAReply", true, false, Answer::cancel, Side::behind},
+                                           Way{"AsLosesAReply", true, true, Answer::cancel, Side::behind}),
+                         [](const auto& way) { return std::string(way.param.name); });
 
 TEST_F(InterruptedSaveTest, AnOnlyNodeThatIsMadeNewIsStillTheWindowsOwn) {
     const auto form = newForm("One");

@@ -9,8 +9,6 @@ namespace {
 
 class LastIdentifiersTest : public StoredScenarioTest {
   protected:
-    void run(const std::string& sql) { repository::openRepository(services).run(sql); }
-
     void setSequence(const std::string& name, int last) {
         run("UPDATE orvent_sequences SET value=" + std::to_string(last) + " WHERE name='" + name + "'");
     }

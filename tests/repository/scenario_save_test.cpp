@@ -3,13 +3,13 @@
 
 #include "repository/scenario_statements.h"
 #include "repository_fixture.h"
+#include "testkit/questions.h"
 
 namespace orvent::testkit {
 
 using canvas::DrawForm;
 using canvas::LabelsD;
 using platform::Answer;
-using platform::Buttons;
 using platform::Icon;
 namespace sql = repository::sql;
 using Texts = std::vector<std::string>;
@@ -39,10 +39,6 @@ class ScenarioSaveTest : public RepositoryTest {
     void expectUntyped() {
         messages.expect("Activity \"Bare\" has no activity type defined and will not be saved!", "", Icon::warning);
     }
-    void expectQuestion(Answer answer) {
-        messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                        Icon::question, Buttons::destroyYesNoCancel, answer);
-    }
     /// The nodes that a first save has stored are still there, and those of somebody else.
     void expectStoredNodes(const Rows& others = {}) {
         Rows nodes{{"101", "5"}, {"102", "8"}, {"103", "10"}, {"104", "9"}};
@@ -55,7 +51,7 @@ class ScenarioSaveTest : public RepositoryTest {
     void interruptAndSaveAnother(const std::function<void()>& login) {
         database.fail("INSERT INTO RelationShips", kBroken);
         expectFault("line is down");
-        expectQuestion(Answer::cancel);
+        expectOverwrite(messages, Answer::cancel);
         loadSave.SaveScenario(*form, false);
         login();
         const auto other = newForm("Other");
@@ -113,7 +109,7 @@ TEST_F(ScenarioSaveTest, TakenNameReplacesTheOtherScenario) {
     database.fail("INSERT INTO Scenarios", kRefused);
     database.answer(sql::kScenarioOwner, {{"ann"}});
     database.answer(sql::kScenarioByName, {{"7"}});
-    expectQuestion(Answer::yes);
+    expectOverwrite(messages, Answer::yes);
     save(true);
     EXPECT_EQ(form->ScenarioID, 7);
     EXPECT_EQ(recordSet().NodeID, 102) << "written anew, behind the number that was drawn to see what is left";
@@ -128,7 +124,7 @@ TEST_F(ScenarioSaveTest, TakenNameIsReplacedByAnother) {
     form->ScenarioID = 5;
     recordSet().NodeID = 3;
     database.fail("INSERT INTO Scenarios", kRefused);
-    expectQuestion(Answer::no);
+    expectOverwrite(messages, Answer::no);
     inputBox.expect(prompt, "Scenario Name", "", "Demo");
     inputBox.expect(again, "Scenario Name", "", "Demo");
     inputBox.expect(again, "Scenario Name", "", "");
@@ -139,7 +135,7 @@ TEST_F(ScenarioSaveTest, TakenNameIsReplacedByAnother) {
     EXPECT_EQ(recordSet().NodeID, 3) << "nothing was written";
 
     database.fail("INSERT INTO Scenarios", kRefused);
-    expectQuestion(Answer::no);
+    expectOverwrite(messages, Answer::no);
     inputBox.expect(prompt, "Scenario Name", "", "Other");
     save(true);
     EXPECT_EQ(form->Caption(), "Other");
@@ -155,7 +151,7 @@ TEST_F(ScenarioSaveTest, OtherErrorsAreToldFirst) {
 
     database.fail("INSERT INTO Scenarios", kBroken);
     expectFault("line is down");
-    expectQuestion(Answer::cancel);
+    expectOverwrite(messages, Answer::cancel);
     loadSave.SaveScenario(*form, false);
     EXPECT_EQ(form->ScenarioID, 0);
 
@@ -164,7 +160,7 @@ TEST_F(ScenarioSaveTest, OtherErrorsAreToldFirst) {
     recordSet().RecordSet_Outputs->Item("A")->SubNode_ID = 0;
     database.fail("INSERT INTO RecordSetOutputs", kBroken);
     expectFault("line is down");
-    expectQuestion(Answer::yes);
+    expectOverwrite(messages, Answer::yes);
     expectFault("There is no scenario of the name \"Demo\".");
     loadSave.SaveScenario(*form, false);
     EXPECT_EQ(form->ScenarioID, 11);
@@ -176,7 +172,7 @@ TEST_F(ScenarioSaveTest, ARefusedMemberIsNoLostOne) {
     recordSet().RecordSet_Outputs->Item("A")->SubNode_ID = 0;
     database.fail("INSERT INTO RecordSetOutputs", kRefused);
     expectFault("constraint violated");
-    expectQuestion(Answer::cancel);
+    expectOverwrite(messages, Answer::cancel);
     loadSave.SaveScenario(*form, false);
     EXPECT_EQ(recordSet().NodeID, 101) << "its rows are still there";
 }
@@ -185,7 +181,7 @@ TEST_F(ScenarioSaveTest, AnotherUsersScenarioIsNotReplaced) {
     database.fail("INSERT INTO Scenarios", kRefused);
     database.answer(sql::kScenarioOwner, {{"bob"}});
     database.answer(sql::kScenarioByName, {{"7"}});
-    expectQuestion(Answer::yes);
+    expectOverwrite(messages, Answer::yes);
     messages.expect("This scenario belongs to bob.", "", Icon::information);
     inputBox.expect("PLEASE GIVE A NEW NAME FOR THIS SCENARIO:\n(give an empty name if you wish to exit)",
                     "Scenario Name", "", "Mine");

@@ -12,26 +12,13 @@ class StarterCatalogueTest : public StoredScenarioTest {
   protected:
     void empty(std::initializer_list<const char*> tables) {
         for (const char* table : tables) {
-            repository::openRepository(services).run("DELETE FROM " + std::string(table));
+            run("DELETE FROM " + std::string(table));
         }
-        load();
-    }
-
-    void load() {
-        catalogue.LoadDataTypes();
-        catalogue.LoadFunctionTypes();
-        catalogue.LoadActivityTypes();
+        catalogue.load();
     }
 
     long long parameterRows() {
-        repository::StatementCache open = repository::openRepository(services);
-        long long rows = 0;
-        for (const char* sql : {"SELECT COUNT(*) FROM FunctionTypesParams", "SELECT COUNT(*) FROM ActivityTypesParams",
-                                "SELECT COUNT(*) FROM ActivityTypesFunctions"}) {
-            platform::Statement& count = open.run(sql);
-            rows += count.fetch() ? count.number(1) : -1;
-        }
-        return rows;
+        return rowsIn(services, {"FunctionTypesParams", "ActivityTypesParams", "ActivityTypesFunctions"});
     }
 
     void offer(Answer answer) {

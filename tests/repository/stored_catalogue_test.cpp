@@ -36,16 +36,11 @@ TEST(CreationScript, EveryColumnOfATypeRefersToIt) {
 
 class StoredCatalogueTest : public ::testing::Test {
   protected:
-    StoredCatalogueTest() {
-        catalogue.LoadDataTypes();
-        catalogue.LoadFunctionTypes();
-        catalogue.LoadActivityTypes();
-    }
     void expectInformation(const char* text) { repository.messages.expect(text, "", platform::Icon::information); }
 
     TestRepository repository;
     repository::Services services = repository.services();
-    repository::Catalogue catalogue{services, [] { FAIL() << "the catalogue could not be read"; }};
+    StoredCatalogue catalogue{services};
 };
 
 TEST_F(StoredCatalogueTest, HasTheNamesThatTheProgramLooksFor) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "canvas/node_kinds.h"
 #include "repository/scenario_load_save.h"
 #include "repository_fixture.h"
 #include "testkit/embedded_repository.h"
@@ -29,12 +30,6 @@ struct SteadyUser : platform::MessageBox {
 
 class StoredScenarioTest : public ::testing::Test {
   protected:
-    StoredScenarioTest() {
-        catalogue.LoadDataTypes();
-        catalogue.LoadFunctionTypes();
-        catalogue.LoadActivityTypes();
-    }
-
     std::unique_ptr<canvas::DrawForm> newForm(const std::string& name) {
         auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{user, canvasSettings});
         form->setCaption(name);
@@ -96,16 +91,11 @@ class StoredScenarioTest : public ::testing::Test {
     }
 
     long long storedRows() {
-        repository::StatementCache open = repository::openRepository(services);
-        long long rows = 0;
-        for (const char* table : {"ScenarioNodes", "Activities", "ActivitySubNodes", "ActivityFunctions", "Lines",
-                                  "FunctionSubNodes", "RecordSets", "RecordSetOutputs", "RelationShips", "Comments"}) {
-            const std::string sql = std::string("SELECT COUNT(*) FROM ") + table;
-            platform::Statement& count = open.run(sql);
-            rows += count.fetch() ? count.number(1) : -1;
-        }
-        return rows;
+        return rowsIn(services, {"ScenarioNodes", "Activities", "ActivitySubNodes", "ActivityFunctions", "Lines",
+                                 "FunctionSubNodes", "RecordSets", "RecordSetOutputs", "RelationShips", "Comments"});
     }
+
+    void run(const std::string& sql) { repository::openRepository(services).run(sql); }
 
     void applyDeletions(canvas::DrawForm& form) {
         repository::StatementCache open = repository::openRepository(services);
@@ -113,10 +103,24 @@ class StoredScenarioTest : public ::testing::Test {
         form.DeletedNodes->Clear();
     }
 
-    void save(canvas::DrawForm& form, bool SaveAs, Answer toQuestions) {
+    /// Takes stored nodes of the graph off its canvas, and notes them for the next save.
+    static void deleteNodes(canvas::DrawForm& form, std::initializer_list<const char*> names) {
+        for (const char* name : names) {
+            const canvas::LabelsD& node = *form.nodeNamed(name);
+            const auto* comment = node.entity<entities::CommentProperties>();
+            const std::int16_t id = node.recordSet()  ? node.recordSet()->NodeID
+                                    : node.activity() ? node.activity()->NodeID
+                                    : comment         ? comment->NodeID
+                                                      : std::get<std::int16_t>(node.Properties);
+            form.DeletedNodes->Add(id, canvas::nodeKind(node.NodeType()).deleted);
+            form.Labels.Remove(node.Index());
+        }
+    }
+
+    repository::SaveResult save(canvas::DrawForm& form, bool SaveAs, Answer toQuestions) {
         user.toQuestions = toQuestions;
         user.told.clear();
-        loadSave.SaveScenario(form, SaveAs);
+        return loadSave.SaveScenario(form, SaveAs);
     }
 
     /// As `expectStored`, for rows that were written anew and so come behind the others.
@@ -152,7 +156,7 @@ class StoredScenarioTest : public ::testing::Test {
     repository::Services services{repository.hooked,   repository.dataSources, user,
                                   repository.input,    repository.files,       repository.store,
                                   repository.progress, repository.settings};
-    repository::Catalogue catalogue{services, [] { FAIL() << "the catalogue could not be read"; }};
+    StoredCatalogue catalogue{services};
     repository::ScenarioLoadSave loadSave{services, catalogue, windows};
 };
 

@@ -13,7 +13,7 @@ TEST_F(StoredScenarioTest, ComesBackFromOddRowsToo) {
                             "INSERT INTO ActivitySubNodes VALUES (4,SubNode_ID_seq.NEXTVAL,'odd',99,'odd','DATE',3)",
                             "INSERT INTO FunctionSubNodes VALUES (1,SubNode_ID_seq.NEXTVAL,'odd',99,'odd','DATE')",
                             "INSERT INTO RelationShips VALUES (4,4,4,'odd','odd',1)"}) {
-        repository::openRepository(services).run(sql);
+        run(sql);
     }
     windows.calls.clear();
     const auto back = loaded(1);
@@ -96,12 +96,7 @@ TEST_F(StoredScenarioTest, DeletedMembersLeaveNoRow) {
 
 TEST_F(StoredScenarioTest, DeletedNodesLeaveNoRow) {
     const auto form = savedGraph();
-    for (const char* name : {"RS1", "RS2", "Bare"}) {
-        form->DeletedNodes->Add(recordSet(*form, name).NodeID, entities::DeletedRecordSet);
-    }
-    form->DeletedNodes->Add(activity(*form).NodeID, entities::DeletedActivity);
-    form->DeletedNodes->Add(5, entities::DeletedComment);
-    form->DeletedNodes->Add(6, entities::DeletedLog);
+    deleteNodes(*form, {"RS1", "RS2", "Bare", "Act1", "Comment0", "LOG1"});
     applyDeletions(*form);
     EXPECT_EQ(storedRows(), 0);
 }

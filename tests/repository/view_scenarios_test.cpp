@@ -2,6 +2,7 @@
 
 #include "repository/scenario_statements.h"
 #include "repository_fixture.h"
+#include "testkit/questions.h"
 
 namespace orvent::testkit {
 
@@ -78,8 +79,7 @@ TEST_F(ViewScenariosTest, SavesUnderTheNameOrKeepsTheCaption) {
     EXPECT_EQ(dialog.txtScenarioName, "Scenario1");
     dialog.changeName("mine");
     database.fail("INSERT", kRefused);
-    messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario", Icon::question,
-                    Buttons::destroyYesNoCancel, Answer::cancel);
+    expectOverwrite(messages, Answer::cancel);
     EXPECT_TRUE(dialog.OKButton());
     EXPECT_EQ(form->Caption(), "Scenario1");
     messages.verify();

@@ -35,20 +35,7 @@ class ZoomCommand : public ::testing::Test {
         repository.messages.expect("You are allready Zooming on another Activity\nAre you sure you want to continue?",
                                    "Activity Zoom", platform::Icon::question, platform::Buttons::okCancel, answer);
     }
-    void expectApply(Answer answer) {
-        repository.messages.expect("DO YOU WANT TO APPLY THE CHANGES TO SCENARIO Sample ?", "Closing Scenario",
-                                   platform::Icon::question, platform::Buttons::yesNoCancel, answer);
-    }
-    void expectLogin() {
-        repository.messages.expect(
-            "All active Scenarios must close in order to login as a different user!\n"
-            "Are you sure you want to continue?",
-            "Login", platform::Icon::none, platform::Buttons::okCancel, Answer::ok);
-    }
-    void expectClosing() {
-        repository.messages.expect("ARE YOU SURE YOU WANT TO CLOSE Sample ?", "Closing Scenario",
-                                   platform::Icon::question, platform::Buttons::okCancel, Answer::ok);
-    }
+    void expectApply(Answer answer) { testkit::expectApply(repository.messages, "Sample", answer); }
 
     testkit::TestRepository repository;
     testkit::TestFrame stage{repository};
@@ -153,11 +140,11 @@ TEST_F(ZoomCommand, WhatClosesAScenarioAsksItsZoomFirst) {
           Row{[&] { frame.run(Command::loadTestGraph); }}, Row{[&] { frame.run(Command::changeUser); }, true}}) {
         const auto close = [&](Answer answer) {
             if (row.asksBefore) {
-                expectLogin();
+                testkit::expectLogin(repository.messages);
             }
             expectApply(answer);
             if (answer == Answer::no) {
-                expectClosing();
+                testkit::expectClose(repository.messages, "Sample");
             }
             row.close();
         };

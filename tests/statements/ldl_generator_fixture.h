@@ -8,13 +8,12 @@
 #include "canvas/draw_form.h"
 #include "statements/ldl_generator.h"
 #include "testkit/graph_builder.h"
-#include "testkit/scripted_ports.h"
 
 namespace orvent::statements {
 
 /// An activity CheckAge that reads AU_ID and AGE from record set AUTHORS and CITY from the activity Other, and writes
 /// ID and FULL; and the variables of a template as a test wants them.
-class LDLGeneratorTest : public testkit::CanvasTest {
+class LDLGeneratorTest : public testkit::GraphTest {
   protected:
     LDLGeneratorTest() {
         graph.recordSet("AUTHORS", {"AU_ID", "AGE"});
@@ -48,8 +47,6 @@ class LDLGeneratorTest : public testkit::CanvasTest {
 
     LDLGenerator generator() const { return {variables, sources, outputs, *activity, form}; }
 
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     entities::ActivityProperties* activity = nullptr;
     LDLsourceColl sources;
     entities::Act_OutputsCollection outputs;

@@ -160,10 +160,7 @@ TEST_F(LDLGuideTest, ExplainsTypeVariablesAndSources) {
 TEST_F(LDLGuideTest, KnowsEveryStarterTemplate) {
     testkit::TestRepository repository;
     repository::Services stored = repository.services();
-    repository::Catalogue types(stored, [] {});
-    types.LoadDataTypes();
-    types.LoadFunctionTypes();
-    types.LoadActivityTypes();
+    testkit::StoredCatalogue types(stored);
     const std::map<std::string, std::string> roles = {
         {"Sample Derivation", "Arg12 4, Fun12 6, Output12 8, Param12 1, Value12 7, "},
         {"Sample Combination", "Arg22 4, Fun22 6, Kept 2, Output22 8, SourceCount 1, Value22 7, "},

@@ -7,7 +7,6 @@
 #include "statements/ldl_sources.h"
 #include "testkit/file_text.h"
 #include "testkit/graph_builder.h"
-#include "testkit/scripted_ports.h"
 #include "testkit/temporary_folder.h"
 
 namespace orvent::statements {
@@ -24,7 +23,7 @@ std::string crlf(std::string_view text) {
     return result;
 }
 
-class LDLScenarioTest : public testkit::CanvasTest {
+class LDLScenarioTest : public testkit::GraphTest {
   protected:
     LDLScenarioTest() { form.setCaption("Night load"); }
 
@@ -39,8 +38,6 @@ class LDLScenarioTest : public testkit::CanvasTest {
     testkit::TemporaryFolder scratch;
     platform::ProgramFolder folder{scratch.path()};
     testkit::QuietProgress progress;
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     LDLScenarioWriter writer{ports.messages, folder, progress};
 };
 

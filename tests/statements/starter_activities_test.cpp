@@ -68,12 +68,6 @@ void answer(LDLForm& wizard, const Words& variables) {
 
 class StarterActivitiesTest : public testkit::CanvasTest {
   protected:
-    StarterActivitiesTest() {
-        catalogue.LoadDataTypes();
-        catalogue.LoadFunctionTypes();
-        catalogue.LoadActivityTypes();
-    }
-
     /// Draws the activity and takes it through the wizard; gives its statement.
     std::string throughTheWizard(StarterActivity& starter) {
         canvas::DrawForm form(ports.services());
@@ -109,7 +103,7 @@ class StarterActivitiesTest : public testkit::CanvasTest {
 
     testkit::TestRepository repository;
     repository::Services services = repository.services();
-    repository::Catalogue catalogue{services, [] {}};
+    testkit::StoredCatalogue catalogue{services};
     FakeWizardServices wizardServices;
     WizardScript window;
 };

@@ -9,7 +9,6 @@
 #include "canvas/draw_form.h"
 #include "statements/ldl_form.h"
 #include "testkit/graph_builder.h"
-#include "testkit/scripted_ports.h"
 
 namespace orvent::statements {
 
@@ -89,7 +88,7 @@ inline void defineCurrent(LDLForm& form, LDLVariableType kind, const std::string
 }
 
 /// An activity Act that reads ID and AGE from record set SRC and writes the hand-made output OUT.
-class WizardTest : public testkit::CanvasTest {
+class WizardTest : public testkit::GraphTest {
   protected:
     WizardTest() {
         for (const char* name : {"NUMBER", "VARCHAR2"}) {
@@ -115,8 +114,6 @@ class WizardTest : public testkit::CanvasTest {
         EXPECT_TRUE(form.Enabled());
     }
 
-    canvas::DrawForm form{ports.services()};
-    testkit::GraphBuilder graph{form};
     entities::ActivityProperties* activity = nullptr;
     entities::CatalogueTables catalogue;
     FakeWizardServices services;

@@ -6,6 +6,7 @@
 
 #include "odbc/database.h"
 #include "platform/database.h"
+#include "repository/catalogue.h"
 #include "repository/repository_check.h"
 #include "repository/services.h"
 #include "testkit/file_text.h"
@@ -74,6 +75,30 @@ class TestRepository {
     MemorySettings store;
     QuietProgress progress;
     repository::RepositorySettings settings;
+};
+
+/// How many rows stand in these tables together.
+inline long long rowsIn(repository::Services& services, std::initializer_list<const char*> tables) {
+    repository::StatementCache open = repository::openRepository(services);
+    long long rows = 0;
+    for (const char* table : tables) {
+        platform::Statement& count = open.run(std::string("SELECT COUNT(*) FROM ") + table);
+        rows += count.fetch() ? count.number(1) : -1;
+    }
+    return rows;
+}
+
+/// The types that a repository holds.
+struct StoredCatalogue : repository::Catalogue {
+    explicit StoredCatalogue(repository::Services& services)
+        : Catalogue(services, [] { ADD_FAILURE() << "the catalogue could not be read"; }) {
+        load();
+    }
+    void load() {
+        LoadDataTypes();
+        LoadFunctionTypes();
+        LoadActivityTypes();
+    }
 };
 
 }  // namespace orvent::testkit

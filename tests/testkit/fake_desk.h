@@ -16,7 +16,6 @@ class FakeDesk : public shell::Desk {
     std::vector<std::string> prints;  ///< captions, with "?" for a preview
     std::vector<std::string> menus;   ///< captions and names of the context menus shown
     std::vector<std::string> revealed;
-    canvas::Tints* shownTints = nullptr;
 
     void show(canvas::CanvasForm& form) override { windows.push_back(&form); }
     void drop(canvas::CanvasForm& form) override { std::erase(windows, &form); }
@@ -24,7 +23,7 @@ class FakeDesk : public shell::Desk {
     void changeView(canvas::CanvasForm&, shell::ViewChange change) override { viewChanges.push_back(change); }
     void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
     void present(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
-    void showTints(canvas::CanvasForm&, canvas::Tints* tints) override { shownTints = tints; }
+    void showTints(canvas::CanvasForm&, canvas::Tints*) override {}
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {
         menus.push_back(form.Caption() + " " + std::string(menu.name));
     }

@@ -1,13 +1,11 @@
 #pragma once
 
 #include <functional>
-#include <vector>
 
 #include "editors/record_set_prop.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/frame_host.h"
-#include "shell/options_form.h"
 #include "shell/plain_forms.h"
 #include "statements/ldl_form.h"
 
@@ -19,7 +17,6 @@ class FakeFrameHost : public shell::FrameHost {
     FakeFrameHost() {
         dialogs_.add<repository::UserLogin>([this](auto& login) { atLogin(login); });
         dialogs_.add<repository::ViewScenarios>([this](auto& dialog) { atScenarios(dialog); });
-        dialogs_.add<shell::OptionsForm>([this](auto& dialog) { atOptions(dialog); });
         dialogs_.add<statements::LDLForm>([this](auto& wizard) {
             if (atWizard) {
                 atWizard(wizard);
@@ -27,40 +24,25 @@ class FakeFrameHost : public shell::FrameHost {
         });
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
         dialogs_.add<editors::SetActProp>([this](auto& dialog) { atActivity(dialog); });
-        dialogs_.add<shell::UnfinishedForm>([this](auto& form) {
-            unfinished = form.statements;
-            form.goTo = goTo;
-        });
-        dialogs_.add<shell::ShortcutsForm>([](auto&) {});
-        dialogs_.add<shell::AboutForm>([this](auto&) { ++aboutShown; });
+        dialogs_.add<shell::UnfinishedForm>([](auto&) {});
     }
 
     std::function<void(repository::UserLogin&)> atLogin;
     std::function<void(repository::ViewScenarios&)> atScenarios;
-    std::function<bool()> atUnload;
     std::function<void(statements::LDLForm&)> atWizard;  ///< without it the wizard is closed at once
-    std::function<void(shell::OptionsForm&)> atOptions;
     std::function<void(editors::RecordSetProp&)> atRecordSet;
     std::function<void(editors::SetActProp&)> atActivity;
-    std::vector<statements::UnfinishedStatement> unfinished;  ///< as they were shown
-    std::string goTo;                                         ///< the one to go to
-    std::vector<shell::Palette> palettesPlaced;
-    int aboutShown = 0;
     bool placed = false;
     int maximized = 0;
     bool ended = false;
 
     const forms::Dialogs& dialogs() const override { return dialogs_; }
-    void placePalette(shell::Palette palette) override { palettesPlaced.push_back(palette); }
+    void placePalette(shell::Palette) override {}
     void placeFrame(int, int, int, int) override { placed = true; }
     void maximizeFrame() override { ++maximized; }
     void enableFrame(bool) override {}
     void commandsChanged() override {}
-    void unloadFrame() override {
-        if (atUnload) {
-            atUnload();
-        }
-    }
+    void unloadFrame() override {}
     void endProgram() override { ended = true; }
 
   private:

@@ -6,6 +6,7 @@
 #include "canvas/draw_form.h"
 #include "entities/key_grammar.h"
 #include "entities/link_types.h"
+#include "testkit/scripted_ports.h"
 
 namespace orvent::testkit {
 
@@ -75,6 +76,13 @@ class GraphBuilder {
     canvas::LabelsD& node(const std::string& key) { return *form_.nodeNamed(owner(key)); }
 
     canvas::DrawForm& form_;
+};
+
+/// A fixture with a scenario to build.
+class GraphTest : public CanvasTest {
+  public:
+    canvas::DrawForm form{ports.services()};
+    GraphBuilder graph{form};
 };
 
 }  // namespace orvent::testkit

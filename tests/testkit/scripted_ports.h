@@ -23,8 +23,8 @@ inline void failGoogleTest(const std::string& words) {
 }
 
 /// Answers in the order of the script. A question beside the script is a failure, and so is a step that is left over
-/// when the script is verified or ends.
-template <class Question, class Reply>
+/// when the script is verified or ends. In an expected question "*" stands for any text, where a driver has the words.
+template <class Reply>
 class Script {
   public:
     Script(std::string port, Fail fail) : port_(std::move(port)), fail_(std::move(fail)) {}
@@ -32,44 +32,47 @@ class Script {
     Script(const Script&) = delete;
     Script& operator=(const Script&) = delete;
 
-    void expect(Question question, Reply reply) { steps_.emplace_back(std::move(question), std::move(reply)); }
+    void expect(std::string question, Reply reply) { steps_.emplace_back(std::move(question), std::move(reply)); }
 
-    Reply answer(const Question& asked, Reply otherwise) {
+    Reply answer(const std::string& asked, Reply otherwise) {
         if (steps_.empty()) {
-            fail_(port_ + ": unexpected " + asked.words());
+            fail_(port_ + ": unexpected " + asked);
             return otherwise;
         }
-        auto [question, reply] = std::move(steps_.front());
+        const auto [question, reply] = std::move(steps_.front());
         steps_.pop_front();
-        if (!(question == asked)) {
-            fail_(port_ + ": expected " + question.words() + "\n but got " + asked.words());
-            return otherwise;
+        if (question.starts_with("\"*\"") ? asked.ends_with(question.substr(2)) : asked == question) {
+            return reply;
         }
-        return reply;
+        fail_(port_ + ": expected " + question + "\n but got " + asked);
+        return otherwise;
     }
+
+    bool isAwaited() const { return !steps_.empty(); }
 
     /// Fails for every step that was not used, and forgets them.
     void verify() {
         for (const auto& [question, reply] : std::exchange(steps_, {})) {
-            fail_(port_ + ": never asked " + question.words());
+            fail_(port_ + ": never asked " + question);
         }
     }
 
   private:
     std::string port_;
     Fail fail_;
-    std::deque<std::pair<Question, Reply>> steps_;
+    std::deque<std::pair<std::string, Reply>> steps_;
 };
 
 class ScriptedMessageBox : public platform::MessageBox {
   public:
     explicit ScriptedMessageBox(Fail fail = failGoogleTest) : script_("message box", std::move(fail)) {}
 
-    void expect(std::string text, std::string title = "", platform::Icon icon = platform::Icon::none,
+    void expect(const std::string& text, const std::string& title = "", platform::Icon icon = platform::Icon::none,
                 platform::Buttons buttons = platform::Buttons::ok, platform::Answer answer = platform::Answer::ok) {
-        script_.expect({std::move(text), std::move(title), icon, buttons}, answer);
+        script_.expect(words(text, title, icon, buttons), answer);
     }
     void verify() { script_.verify(); }
+    bool isAwaited() const { return script_.isAwaited(); }  ///< a box of the script has not been shown yet
 
     /// Answers whatever is asked, when it is set: for walks whose questions nobody knows before.
     std::function<platform::Answer(const std::string& text)> anyway;
@@ -81,70 +84,44 @@ class ScriptedMessageBox : public platform::MessageBox {
         }
         using enum platform::Answer;
         static constexpr platform::Answer kClosed[] = {ok, cancel, no, cancel, cancel, no, cancel};
-        return script_.answer({text, title, icon, buttons}, kClosed[static_cast<std::size_t>(buttons)]);
+        return script_.answer(words(text, title, icon, buttons), kClosed[static_cast<std::size_t>(buttons)]);
     }
 
   private:
-    struct Question {
-        std::string text, title;
-        platform::Icon icon;
-        platform::Buttons buttons;
-
-        // An expected text of "*" stands for any, where a driver has the words.
-        bool operator==(const Question& asked) const {
-            return (text == "*" || text == asked.text) && title == asked.title && icon == asked.icon &&
-                   buttons == asked.buttons;
-        }
-        std::string words() const {
-            return "\"" + text + "\", title \"" + title + "\", icon " + std::to_string(static_cast<int>(icon)) +
-                   ", buttons " + std::to_string(static_cast<int>(buttons));
-        }
-    };
-    Script<Question, platform::Answer> script_;
+    static std::string words(const std::string& text, const std::string& title, platform::Icon icon,
+                             platform::Buttons buttons) {
+        return "\"" + text + "\", title \"" + title + "\", icon " + std::to_string(static_cast<int>(icon)) +
+               ", buttons " + std::to_string(static_cast<int>(buttons));
+    }
+    Script<platform::Answer> script_;
 };
 
 class ScriptedInputBox : public platform::InputBox {
   public:
     explicit ScriptedInputBox(Fail fail = failGoogleTest) : script_("input box", std::move(fail)) {}
 
-    void expect(std::string prompt, std::string title, std::string proposal, std::string answer) {
-        script_.expect({std::move(prompt), std::move(title), std::move(proposal)}, std::move(answer));
+    void expect(const std::string& prompt, const std::string& title, const std::string& proposal, std::string answer) {
+        script_.expect(words(prompt, title, proposal), std::move(answer));
     }
     void verify() { script_.verify(); }
-
     std::string ask(const std::string& prompt, const std::string& title, const std::string& proposal) override {
-        return script_.answer({prompt, title, proposal}, "");
+        return script_.answer(words(prompt, title, proposal), "");
     }
 
   private:
-    struct Question {
-        std::string prompt, title, proposal;
-
-        bool operator==(const Question&) const = default;
-        std::string words() const {
-            return "\"" + prompt + "\", title \"" + title + "\", proposal \"" + proposal + "\"";
-        }
-    };
-    Script<Question, std::string> script_;
+    static std::string words(const std::string& prompt, const std::string& title, const std::string& proposal) {
+        return "\"" + prompt + "\", title \"" + title + "\", proposal \"" + proposal + "\"";
+    }
+    Script<std::string> script_;
 };
 
 class ScriptedFileDialog : public platform::FileDialog {
   public:
-    explicit ScriptedFileDialog(Fail fail = failGoogleTest) : script_("file dialog", std::move(fail)) {}
-
-    void expect(std::string filter, std::string path) { script_.expect({std::move(filter)}, std::move(path)); }
-    void verify() { script_.verify(); }
-
-    std::string openFile(const std::string& filter) override { return script_.answer({filter}, ""); }
+    void expect(const std::string& filter, std::string path) { script_.expect(filter, std::move(path)); }
+    std::string openFile(const std::string& filter) override { return script_.answer(filter, ""); }
 
   private:
-    struct Question {
-        std::string filter;
-
-        bool operator==(const Question&) const = default;
-        std::string words() const { return "filter \"" + filter + "\""; }
-    };
-    Script<Question, std::string> script_;
+    Script<std::string> script_{"file dialog", failGoogleTest};
 };
 
 class MemorySettings : public platform::SettingsStore {

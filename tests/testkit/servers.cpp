@@ -19,6 +19,7 @@
 #include <thread>
 
 #include "odbc/database.h"
+#include "testkit/file_text.h"
 
 namespace orvent::testkit {
 
@@ -73,8 +74,13 @@ std::vector<std::string> postgresFolders() {
 
 }  // namespace
 
-DatabaseServer::DatabaseServer(std::string systemUser, std::string binary, std::vector<std::string> binaryFolders)
-    : systemUser_(std::move(systemUser)), binaryFolders_(std::move(binaryFolders)), port_(freePort()) {
+DatabaseServer::DatabaseServer(std::string systemUser, const std::string& binary,
+                               std::vector<std::string> binaryFolders, std::string driver, std::string firstDatabase)
+    : systemUser_(std::move(systemUser)),
+      binaryFolders_(std::move(binaryFolders)),
+      driver_(std::move(driver)),
+      firstDatabase_(std::move(firstDatabase)),
+      port_(freePort()) {
     program(binary);
     if (geteuid() == 0) {
         const passwd* user = getpwnam(systemUser_.c_str());
@@ -128,15 +134,13 @@ void DatabaseServer::run(const std::vector<std::string>& command) const {
 }
 
 void DatabaseServer::fail(const std::string& words) const {
-    std::ostringstream log;
-    log << std::ifstream(file("log")).rdbuf();
-    const std::string text = log.str();
+    const std::string text = fileText(file("log"));
     throw std::runtime_error(words + "\n" + text.substr(text.size() > 2000 ? text.size() - 2000 : 0));
 }
 
 bool DatabaseServer::takesConnections() const {
     try {
-        odbc::OdbcDatabase database({.named = {{"server", connectionString(firstDatabase())}}});
+        odbc::OdbcDatabase database({.named = {{"server", connectionString(firstDatabase_)}}});
         database.open("server", kUser, kPassword);
         return true;
     } catch (const platform::DatabaseError&) {
@@ -148,7 +152,7 @@ void DatabaseServer::start() {
     if (process_ != 0) {
         return;
     }
-    process_ = launch(serverCommand());
+    process_ = launch(serverCommand_);
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
     while (!takesConnections()) {
         if (waitpid(process_, nullptr, WNOHANG) != 0) {
@@ -178,32 +182,42 @@ void DatabaseServer::stop() {
 }
 
 std::string DatabaseServer::createDatabase(const std::string& name) {
-    run(createCommand(name));
+    std::vector<std::string> command = createCommand_;
+    command.back() += name;
+    run(command);
     return connectionString(name);
 }
 
-PostgresServer::PostgresServer() : DatabaseServer("postgres", "initdb", postgresFolders()) {
+std::string DatabaseServer::connectionString(const std::string& database) const {
+    return "DRIVER={" + driver_ + "};Server=127.0.0.1;Port=" + port() + ";Database=" + database;
+}
+
+PostgresServer::PostgresServer()
+    : DatabaseServer("postgres", "initdb", postgresFolders(), "PostgreSQL Unicode", "postgres") {
+    serverCommand_ = {program("postgres"), "-D", file("data"), "-p", port(), "-k", file("")};
+    serverCommand_.insert(serverCommand_.end(), {"-c", "listen_addresses=127.0.0.1", "-c", "fsync=off"});
+    createCommand_ = {program("createdb"), "-h", file(""), "-p", port(), "-U", kUser, ""};
     write("password", kPassword);
     run({program("initdb"), "-D", file("data"), "-U", kUser, "--pwfile=" + file("password"), "--auth-local=trust",
          "--auth-host=scram-sha-256", "-E", "UTF8", "--locale=C", "--no-sync"});
     start();
 }
 
-std::vector<std::string> PostgresServer::serverCommand() const {
-    return {program("postgres"),          "-D", file("data"), "-p", std::to_string(port()), "-k", file(""), "-c",
-            "listen_addresses=127.0.0.1", "-c", "fsync=off"};
-}
-
-std::vector<std::string> PostgresServer::createCommand(const std::string& database) const {
-    return {program("createdb"), "-h", file(""), "-p", std::to_string(port()), "-U", kUser, database};
-}
-
-std::string PostgresServer::connectionString(const std::string& database) const {
-    return "DRIVER={PostgreSQL Unicode};Server=127.0.0.1;Port=" + std::to_string(port()) + ";Database=" + database;
-}
-
-MariaDbServer::MariaDbServer() : DatabaseServer("mysql", "mariadbd", {}) {
+MariaDbServer::MariaDbServer() : DatabaseServer("mysql", "mariadbd", {}, "MariaDB Unicode", "mysql") {
     const std::string user = std::string("'") + kUser + "'@'%'";
+    serverCommand_ = {program("mariadbd"), "--no-defaults", "--datadir=" + file("data"), "--socket=" + file("socket")};
+    serverCommand_.insert(
+        serverCommand_.end(),
+        {"--pid-file=" + file("pid"), "--init-file=" + file("first.sql"), "--port=" + port(),
+         "--bind-address=127.0.0.1", "--skip-name-resolve", "--character-set-server=utf8mb4",
+         "--collation-server=utf8mb4_bin", "--innodb-flush-log-at-trx-commit=0", "--innodb-buffer-pool-size=32M"});
+    createCommand_ = {program("mariadb"),
+                      "--no-defaults",
+                      "--host=127.0.0.1",
+                      "--port=" + port(),
+                      std::string("--user=") + kUser,
+                      std::string("--password=") + kPassword,
+                      "--execute=CREATE DATABASE "};
     write("first.sql", "CREATE USER IF NOT EXISTS " + user + " IDENTIFIED BY '" + kPassword +
                            "';\nGRANT ALL ON *.* TO " + user + ";\n");
     std::vector<std::string> install = {program("mariadb-install-db"), "--no-defaults", "--datadir=" + file("data"),
@@ -213,34 +227,6 @@ MariaDbServer::MariaDbServer() : DatabaseServer("mysql", "mariadbd", {}) {
     }
     run(install);
     start();
-}
-
-std::vector<std::string> MariaDbServer::serverCommand() const {
-    return {program("mariadbd"),
-            "--no-defaults",
-            "--datadir=" + file("data"),
-            "--socket=" + file("socket"),
-            "--pid-file=" + file("pid"),
-            "--bind-address=127.0.0.1",
-            "--port=" + std::to_string(port()),
-            "--skip-name-resolve",
-            "--init-file=" + file("first.sql"),
-            "--innodb-flush-log-at-trx-commit=0",
-            "--innodb-buffer-pool-size=32M"};
-}
-
-std::vector<std::string> MariaDbServer::createCommand(const std::string& database) const {
-    return {program("mariadb"),
-            "--no-defaults",
-            "--host=127.0.0.1",
-            "--port=" + std::to_string(port()),
-            std::string("--user=") + kUser,
-            std::string("--password=") + kPassword,
-            "--execute=CREATE DATABASE " + database + " CHARACTER SET utf8mb4 COLLATE utf8mb4_bin"};
-}
-
-std::string MariaDbServer::connectionString(const std::string& database) const {
-    return "DRIVER={MariaDB Unicode};Server=127.0.0.1;Port=" + std::to_string(port()) + ";Database=" + database;
 }
 
 }  // namespace orvent::testkit

@@ -30,53 +30,42 @@ class DatabaseServer {
     void stop();   ///< in a hurry, with connections cut; the data stays
 
   protected:
-    /// `systemUser` runs the server, `binary` is looked for in `binaryFolders` and in the search path.
-    DatabaseServer(std::string systemUser, std::string binary, std::vector<std::string> binaryFolders);
-
-    virtual std::vector<std::string> serverCommand() const = 0;
-    virtual std::vector<std::string> createCommand(const std::string& database) const = 0;
-    virtual std::string connectionString(const std::string& database) const = 0;
-    virtual std::string firstDatabase() const = 0;
+    /// `systemUser` runs the server, `binary` is looked for in `binaryFolders` and in the search path. `driver` is how
+    /// ODBC knows it, `firstDatabase` one that is always there.
+    DatabaseServer(std::string systemUser, const std::string& binary, std::vector<std::string> binaryFolders,
+                   std::string driver, std::string firstDatabase);
 
     std::string program(const std::string& name) const;  ///< the path of a program of the server
     void write(const std::string& name, const std::string& text) const;
     void run(const std::vector<std::string>& command) const;
     std::string file(const std::string& name) const { return (folder_.path() / name).string(); }
     const std::string& systemUser() const { return systemUser_; }
-    int port() const { return port_; }
+    std::string port() const { return std::to_string(port_); }
+
+    std::vector<std::string> serverCommand_;
+    std::vector<std::string> createCommand_;  ///< the name of the new database goes to its end
 
   private:
     pid_t launch(const std::vector<std::string>& command) const;
     [[noreturn]] void fail(const std::string& words) const;
     bool takesConnections() const;
+    std::string connectionString(const std::string& database) const;
 
     std::string systemUser_;
     std::vector<std::string> binaryFolders_;
+    std::string driver_;
+    std::string firstDatabase_;
     TemporaryFolder folder_;
     int port_;
     pid_t process_ = 0;
 };
 
-class PostgresServer : public DatabaseServer {
-  public:
+struct PostgresServer : DatabaseServer {
     PostgresServer();
-
-  private:
-    std::vector<std::string> serverCommand() const override;
-    std::vector<std::string> createCommand(const std::string& database) const override;
-    std::string connectionString(const std::string& database) const override;
-    std::string firstDatabase() const override { return "postgres"; }
 };
 
-class MariaDbServer : public DatabaseServer {
-  public:
+struct MariaDbServer : DatabaseServer {
     MariaDbServer();
-
-  private:
-    std::vector<std::string> serverCommand() const override;
-    std::vector<std::string> createCommand(const std::string& database) const override;
-    std::string connectionString(const std::string& database) const override;
-    std::string firstDatabase() const override { return "mysql"; }
 };
 
 }  // namespace orvent::testkit

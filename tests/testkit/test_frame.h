@@ -9,6 +9,7 @@
 #include "testkit/embedded_repository.h"
 #include "testkit/fake_desk.h"
 #include "testkit/fake_frame_host.h"
+#include "testkit/questions.h"
 
 namespace orvent::testkit {
 
@@ -51,48 +52,32 @@ class TestFrame {
     canvas::DrawForm& active() { return desk.active()->scenario(); }
 
     /// Saves the active scenario under a name for the first time.
-    void saveAs(const std::string& name) {
-        host.atScenarios = [name](repository::ViewScenarios& dialog) {
-            dialog.changeName(name);
-            dialog.OKButton();
-        };
-        frame.run(shell::Command::saveScenarioAs);
-    }
-
+    void saveAs(const std::string& name) { choose(name, shell::Command::saveScenarioAs); }
     void saved() { repository_.messages.expect("Saved"); }
-
     /// Loads the scenario of that name into a new window.
-    void load(const std::string& name) {
-        host.atScenarios = [name](repository::ViewScenarios& dialog) {
-            for (std::size_t at = 0; at < dialog.ScenarioView.size(); ++at) {
-                if (dialog.ScenarioView[at].name == name) {
-                    dialog.clickItem(static_cast<int>(at));
-                }
-            }
-            dialog.OKButton();
-        };
-        frame.run(shell::Command::loadScenario);
-    }
-
+    void load(const std::string& name) { choose(name, shell::Command::loadScenario); }
     /// Deletes the stored scenario of that name.
     void remove(const std::string& name) {
-        host.atScenarios = [name](repository::ViewScenarios& dialog) {
-            dialog.changeName(name);
-            dialog.OKButton();
-        };
         repository_.messages.expect("ARE YOU SURE YOU WANT TO DELETE SCENARIO " + platform::upperCase(name) + " ?",
                                     "Deleting Scenario", platform::Icon::question, platform::Buttons::destroyYesNo,
                                     platform::Answer::yes);
-        frame.run(shell::Command::deleteScenario);
+        choose(name, shell::Command::deleteScenario);
     }
 
     void close() {
-        repository_.messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + active().Caption() + " ?", "Closing Scenario",
-                                    platform::Icon::question, platform::Buttons::okCancel, platform::Answer::ok);
+        expectClose(repository_.messages, active().Caption());
         frame.close(*desk.active());
     }
 
   private:
+    void choose(const std::string& name, shell::Command command) {
+        host.atScenarios = [name](repository::ViewScenarios& dialog) {
+            dialog.changeName(name);
+            dialog.OKButton();
+        };
+        frame.run(command);
+    }
+
     TestRepository& repository_;
     platform::ProgramFolder folder_;
     NoColours colours_;
