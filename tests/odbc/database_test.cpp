@@ -301,8 +301,12 @@ TEST_P(EveryDatabase, AnUpdateMovesNoRowAndReachesThoseThatRefer) {
         run(*connection, "INSERT INTO DataTypes VALUES (?)", {name});
         run(*connection, "INSERT INTO RecordSetOutPuts VALUES (5,?)", {name});
     }
-    for (const std::string_view name : {"c", "no such row"}) {
-        run(*connection, "UPDATE DataTypes SET DataType_name=? WHERE DataType_name=?", {"z", name});
+    const auto update = connection->prepare("UPDATE DataTypes SET DataType_name=? WHERE DataType_name=?");
+    update->bind(1, "z");
+    for (const auto& [name, found] : {std::pair{"c", 1}, {"no such row", 0}}) {
+        update->bind(2, name);
+        update->execute();
+        EXPECT_EQ(update->changedRows(), found);
     }
     run(*connection, "DELETE FROM RecordSetOutputs WHERE Output_Type='b'");
     run(*connection, "DELETE FROM DataTypes WHERE Datatype_name='b'");

@@ -1,7 +1,5 @@
 #include "databases.h"
 
-#include <stdexcept>
-
 #ifdef __SANITIZE_ADDRESS__
 /// PostgreSQL's driver loses a little memory with every prepared statement that the server refuses.
 extern "C" const char* __lsan_default_suppressions() {
@@ -12,29 +10,6 @@ extern "C" const char* __lsan_default_suppressions() {
 namespace orvent::odbc {
 
 namespace {
-
-/// Holds the servers until all tests are done. One that cannot be had fails the program before its first test.
-class Servers : public ::testing::Environment {
-  public:
-    void SetUp() override {
-        try {
-            postgres = std::make_unique<testkit::PostgresServer>();
-            mariaDb = std::make_unique<testkit::MariaDbServer>();
-        } catch (const std::runtime_error& fault) {
-            FAIL() << fault.what();
-        }
-    }
-
-    void TearDown() override {
-        postgres.reset();
-        mariaDb.reset();
-    }
-
-    std::unique_ptr<testkit::PostgresServer> postgres;
-    std::unique_ptr<testkit::MariaDbServer> mariaDb;
-};
-
-Servers& servers = *static_cast<Servers*>(::testing::AddGlobalTestEnvironment(new Servers));
 
 std::unique_ptr<platform::Statement> executed(platform::Connection& connection, std::string_view sql, Texts bound) {
     auto statement = connection.prepare(sql);
@@ -53,7 +28,12 @@ std::string nameOf(Kind kind) {
 }
 
 testkit::DatabaseServer& server(Kind kind) {
-    return kind == Kind::postgres ? static_cast<testkit::DatabaseServer&>(*servers.postgres) : *servers.mariaDb;
+    if (kind == Kind::postgres) {
+        static testkit::PostgresServer postgres;
+        return postgres;
+    }
+    static testkit::MariaDbServer mariaDb;
+    return mariaDb;
 }
 
 void run(platform::Connection& connection, std::string_view sql, Texts bound) {

@@ -17,7 +17,8 @@ enum class Kind { sqlite, postgres, mariaDb };
 
 std::string nameOf(Kind kind);
 
-/// The servers that all tests of this program share. They start when first asked for.
+/// The servers that all tests of this program share. They start when first asked for and stop with the program; one
+/// that cannot be had fails the test.
 testkit::DatabaseServer& server(Kind kind);
 
 using Texts = std::initializer_list<std::string_view>;

@@ -1,24 +1,21 @@
 // Whole scenarios through the whole program, without windows, on real databases.
 
 #include <sys/mount.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <functional>
-#include <set>
 
 #include "../statements/wizard_fixture.h"
 #include "databases.h"
 #include "testkit/graph_builder.h"
 #include "testkit/model_text.h"
+#include "testkit/questions.h"
 #include "testkit/test_frame.h"
 
 namespace orvent::odbc {
 namespace {
 
 using platform::Answer;
-using platform::Buttons;
 using platform::Icon;
 using shell::Command;
 
@@ -234,23 +231,6 @@ TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {
     EXPECT_EQ(testkit::modelText(form()), before);
 }
 
-TEST_P(EveryRepository, AnotherScenarioOfThatNameIsReplacedOnlyOnYes) {
-    std::string name = "x";
-    frame_->frame.NewScenario(name);
-    saveAs("x");
-    frame_->close();
-    frame_->frame.run(Command::loadTestGraph);
-    const std::string sample = testkit::modelText(form());
-    const std::string question = "This Scenario Allready Exists.Would You Like To Replace It?";
-    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::destroyYesNoCancel, Answer::cancel);
-    frame_->saveAs("x");
-    EXPECT_EQ(form().Caption(), "Sample");
-    messages().expect(question, "Overwrite Scenario", Icon::question, Buttons::destroyYesNoCancel, Answer::yes);
-    saveAs("x");
-    closeAndLoad("x");
-    EXPECT_EQ(testkit::modelText(form()), sample);
-}
-
 using Side = testkit::HookedDatabase::Side;
 
 /// Interrupts the first save at a statement, mends the repository, and saves again.
@@ -262,8 +242,7 @@ void saveThroughFault(testkit::TestRepository& repository, testkit::TestFrame& f
     const std::string name = "broken " + std::to_string(statement);
     repository.hooked.after(statement, breakIt, side);
     repository.messages.expect("*", "", Icon::critical);
-    repository.messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                               Icon::question, Buttons::destroyYesNoCancel, Answer::cancel);
+    testkit::expectOverwrite(repository.messages, Answer::cancel);
     frame.saveAs(name);
     ASSERT_TRUE(repository.hooked.happened());
     mendIt();
@@ -271,8 +250,7 @@ void saveThroughFault(testkit::TestRepository& repository, testkit::TestFrame& f
     // The dialog's list comes first, then the scenario's own row with its identifier. Later on a part of the scenario
     // stands under its name.
     if (statement > 3) {
-        repository.messages.expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                                   Icon::question, Buttons::destroyYesNoCancel, Answer::yes);
+        testkit::expectOverwrite(repository.messages, Answer::yes);
     }
     frame.saved();
     frame.saveAs(name);
@@ -292,19 +270,6 @@ TEST_P(EveryServerRepository, AServerThatGoesInTheMiddleOfASaveLosesNothing) {
         saveThroughFault(
             *repository_, *frame_, statement, [] { server(GetParam()).stop(); }, [] { server(GetParam()).start(); });
     }
-}
-
-/// How many rows stand in the tables whose rows have identifiers of their own.
-long long identifiedRows(repository::Services& services) {
-    repository::StatementCache open = repository::openRepository(services);
-    long long rows = 0;
-    for (const char* sql : {"SELECT COUNT(*) FROM ScenarioNodes", "SELECT COUNT(*) FROM ActivitySubNodes",
-                            "SELECT COUNT(*) FROM ActivityFunctions", "SELECT COUNT(*) FROM FunctionSubNodes",
-                            "SELECT COUNT(*) FROM RecordSetOutPuts", "SELECT COUNT(*) FROM RelationShips"}) {
-        platform::Statement& count = open.run(sql);
-        rows += count.fetch() ? count.number(1) : -1;
-    }
-    return rows;
 }
 
 /// A record set with attributes, and an output and a function of a stored activity: 4 + 1 + 2 rows.
@@ -334,53 +299,19 @@ TEST_P(EveryServerRepository, ARowWhoseReplyIsLostIsNotWrittenTwice) {
             repository_->hooked.after(
                 1, [] { throw platform::DatabaseError("the line is down", "08S01", 0, false); }, Side::behind, insert);
             messages().expect("the line is down", "", Icon::critical);
-            messages().expect("This Scenario Allready Exists.Would You Like To Replace It?", "Overwrite Scenario",
-                              Icon::question, Buttons::destroyYesNoCancel, Answer::cancel);
+            testkit::expectOverwrite(messages(), Answer::cancel);
             frame_->frame.run(Command::saveScenario);
             ASSERT_TRUE(repository_->hooked.happened());
         }
         saveAgain();
-        const long long rows = identifiedRows(frame_->frame.services());
+        const long long rows =
+            testkit::rowsIn(frame_->frame.services(), {"ScenarioNodes", "ActivitySubNodes", "ActivityFunctions",
+                                                       "FunctionSubNodes", "RecordSetOutPuts", "RelationShips"});
         expected = *insert ? expected : rows;
         EXPECT_EQ(rows, expected);
         frame_->close();
         frame_->remove("Sample");
     }
-}
-
-TEST_P(EveryRepository, WhatAnotherProgramHasTakenAwayIsWrittenAnew) {
-    frame_->frame.run(Command::loadTestGraph);
-    saveAs("Sample");
-    testkit::TestFrame other(*repository_);
-    ASSERT_TRUE(other.frame.start());
-    other.load("Sample");
-    canvas::DrawForm& thinned = other.active();
-    canvas::LabelsD& gone = *thinned.nodeNamed("RS5");
-    thinned.DeletedNodes->Add(gone.recordSet()->NodeID, entities::DeletedRecordSet);
-    thinned.Labels.Remove(gone.Index());
-    other.saved();
-    other.frame.run(Command::saveScenario);
-
-    const std::int16_t ScenarioID = form().ScenarioID;
-    const std::int16_t before = form().nodeNamed("RS5")->recordSet()->NodeID;
-    form().nodeNamed("Activity1")->activity()->Changed = true;
-    saveAgain();
-    EXPECT_NE(form().nodeNamed("RS5")->recordSet()->NodeID, before);
-    const std::string whole = testkit::modelText(form());
-    // The same values once more: a server that counts changed rows only finds none.
-    const std::int16_t kept = form().nodeNamed("Activity1")->activity()->NodeID;
-    saveAgain();
-    EXPECT_EQ(form().nodeNamed("Activity1")->activity()->NodeID, kept);
-    closeAndLoad("Sample");
-    EXPECT_EQ(form().ScenarioID, ScenarioID);
-    EXPECT_EQ(testkit::modelText(form()).size(), whole.size()) << testkit::modelText(form()) << whole;
-
-    other.close();
-    other.remove("Sample");
-    bool asked = false;
-    frame_->host.atScenarios = [&asked](repository::ViewScenarios& dialog) { asked = dialog.OKCaption == "SAVE"; };
-    frame_->frame.run(Command::saveScenario);
-    EXPECT_TRUE(asked) << "the scenario is gone";
 }
 
 TEST(EmbeddedRepositoryFaults, AFullDiskInTheMiddleOfASaveLosesNothing) {
@@ -402,97 +333,6 @@ TEST(EmbeddedRepositoryFaults, AFullDiskInTheMiddleOfASaveLosesNothing) {
         saveThroughFault(repository, frame, 40, fill, [&] { std::filesystem::remove(ballast); });
     }
     umount(small.path().c_str());
-}
-
-TEST(EmbeddedRepositoryFaults, AFileMadeReadOnlyIsToldAndSavedLater) {
-    namespace fs = std::filesystem;
-    testkit::TestRepository repository;
-    testkit::TestFrame frame(repository);
-    ASSERT_TRUE(frame.frame.start());
-    frame.frame.run(Command::loadTestGraph);
-    frame.saved();
-    frame.saveAs("Sample");
-    const std::string whole = testkit::modelText(frame.active());
-    const std::int16_t identifier = frame.active().ScenarioID;
-
-    fs::permissions(repository.folder.path(), fs::perms::all);
-    fs::permissions(repository.file(), fs::perms::owner_read | fs::perms::others_read);
-    const bool root = geteuid() == 0 && seteuid(65534) == 0;  // nothing is read-only for root
-    repository.messages.expect("*", "", Icon::critical);
-    frame.frame.run(Command::saveScenario);
-    if (root) {
-        ASSERT_EQ(seteuid(0), 0);
-    }
-    EXPECT_EQ(testkit::modelText(frame.active()), whole);
-    EXPECT_EQ(frame.active().ScenarioID, identifier);
-
-    fs::permissions(repository.file(), fs::perms::owner_all);
-    frame.saved();
-    frame.frame.run(Command::saveScenario);
-    frame.close();
-    frame.load("Sample");
-    EXPECT_EQ(testkit::modelText(frame.active()), whole);
-}
-
-constexpr int kProcesses = 2;
-constexpr int kScenarios = 3;
-
-std::string nameOf(int process, int scenario) {
-    return "process " + std::to_string(process) + " scenario " + std::to_string(scenario);
-}
-
-/// Saves scenarios of its own, as one of several processes; ends with 0 when nothing went wrong.
-[[noreturn]] void saveAsProcess(const std::filesystem::path& place, int process) {
-    {
-        testkit::TestRepository repository(place);
-        testkit::TestFrame frame(repository);
-        frame.frame.start();
-        for (int scenario = 0; scenario < kScenarios; ++scenario) {
-            frame.frame.run(Command::loadTestGraph);
-            frame.saved();
-            frame.saveAs(nameOf(process, scenario));
-            frame.close();
-        }
-    }
-    _exit(::testing::Test::HasFailure() ? 1 : 0);
-}
-
-TEST(EmbeddedRepositoryFaults, TwoProcessesSaveIntoOneRepositoryAtOnce) {
-    testkit::TemporaryFolder place;
-    std::string whole;
-    {
-        testkit::TestRepository repository(place.path());
-        testkit::TestFrame frame(repository);
-        frame.frame.start();
-        frame.frame.run(Command::loadTestGraph);
-        whole = testkit::modelText(frame.active());
-        frame.close();
-    }
-    for (int process = 0; process < kProcesses; ++process) {
-        if (fork() == 0) {
-            saveAsProcess(place.path(), process);
-        }
-    }
-    for (int process = 0; process < kProcesses; ++process) {
-        int status = -1;
-        ASSERT_GT(wait(&status), 0);
-        EXPECT_EQ(status, 0);
-    }
-    testkit::TestRepository repository(place.path());
-    testkit::TestFrame frame(repository);
-    frame.frame.start();
-    std::set<std::int16_t> identifiers;
-    for (int process = 0; process < kProcesses; ++process) {
-        for (int scenario = 0; scenario < kScenarios; ++scenario) {
-            frame.load(nameOf(process, scenario));
-            EXPECT_EQ(testkit::modelText(frame.active()), whole);
-            for (const canvas::LabelsD& node : frame.active().Labels) {
-                const std::int16_t id = node.activity() ? node.activity()->NodeID : node.recordSet()->NodeID;
-                EXPECT_TRUE(identifiers.insert(id).second) << id;
-            }
-            frame.close();
-        }
-    }
 }
 
 }  // namespace

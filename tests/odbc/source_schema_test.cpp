@@ -7,7 +7,6 @@
 #include "databases.h"
 #include "odbc/connection.h"
 #include "odbc/connection_strings.h"
-#include "testkit/hooked_database.h"
 
 namespace orvent::odbc {
 
@@ -67,28 +66,7 @@ TEST_P(SourceSchema, OfNothingIsEmpty) {
     EXPECT_EQ(empty.shortfall(), "TEST shows no tables of ORVENT.");
 }
 
-/// A file that is open cannot be taken away.
-class ServerSchema : public SourceSchema {};
-
-TEST_P(ServerSchema, KeepsWhatCameBeforeItWentAway) {
-    for (const char* name : {"a", "b", "c"}) {
-        native(std::string("CREATE TABLE ") + name + " (id INTEGER)");
-    }
-    OdbcDatabase opened = database();
-    testkit::HookedDatabase hooked(opened);
-    SchemaReader reader(hooked, kSource);
-    reader.readTables();
-    ASSERT_NE(reader.next(), nullptr);
-    hooked.after(1, [] { server(GetParam()).stop(); });
-    EXPECT_THROW(reader.next(), platform::DatabaseError);
-    server(GetParam()).start();
-    EXPECT_EQ(reader.shortfall(), "Only 1 of 3 tables of TEST were loaded, and a part of b.");
-}
-
 INSTANTIATE_TEST_SUITE_P(Databases, SourceSchema, ::testing::Values(Kind::sqlite, Kind::postgres, Kind::mariaDb),
-                         [](const auto& kind) { return nameOf(kind.param); });
-
-INSTANTIATE_TEST_SUITE_P(Servers, ServerSchema, ::testing::Values(Kind::postgres, Kind::mariaDb),
                          [](const auto& kind) { return nameOf(kind.param); });
 
 }  // namespace
