@@ -1,34 +1,14 @@
-#include "forms/editor.h"
-
 #include <gtest/gtest.h>
 
 #include "forms/name_check.h"
+#include "testkit/note.h"
 #include "testkit/scripted_ports.h"
 
 namespace orvent::forms {
 namespace {
 
 using platform::Answer;
-
-class Note : public Editor {
-  public:
-    explicit Note(platform::MessageBox& messages) : Editor(messages) {}
-
-    bool applies = true;
-    bool complete = true;
-    std::optional<ClosingQuestion> question;
-    int applied = 0;
-    int ended = 0;
-
-  protected:
-    bool apply() override {
-        applied += applies ? 1 : 0;
-        return applies;
-    }
-    bool isComplete() const override { return complete; }
-    std::optional<ClosingQuestion> closingQuestion() const override { return question; }
-    void closing() override { ++ended; }
-};
+using testkit::Note;
 
 TEST(Editor, OkAppliesOnlyWhatIsUnsavedAndStaysWhenRefused) {
     testkit::ScriptedMessageBox messages;

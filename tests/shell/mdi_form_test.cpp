@@ -16,8 +16,7 @@ using platform::Icon;
 class Frame : public ::testing::Test {
   protected:
     void expectClose(const std::string& name, Answer answer) {
-        repository.messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + name + " ?", "Closing Scenario", Icon::question,
-                                   Buttons::okCancel, answer);
+        testkit::expectClose(repository.messages, name, answer);
     }
     int open(std::string name) { return frame.frame.NewScenario(name); }
 
@@ -174,85 +173,25 @@ TEST_F(Frame, AnotherUserClosesAllScenariosFirst) {
     frame.frame.start();
     open("a");
     open("b");
-    const auto change = [this](Answer answer) {
-        repository.messages.expect(
-            "All active Scenarios must close in order to login as a different user!\n"
-            "Are you sure you want to continue?",
-            "Login", Icon::none, Buttons::okCancel, answer);
-    };
     frame.host.atLogin = [](repository::UserLogin&) { FAIL() << "a scenario is open"; };
-    change(Answer::cancel);
+    testkit::expectLogin(repository.messages, Answer::cancel);
     frame.frame.chooseGroup(3);
     frame.frame.run(Command::changeUser);
     EXPECT_EQ(frame.frame.currentGroup(), 3);
-    change(Answer::ok);
+    testkit::expectLogin(repository.messages, Answer::ok);
     expectClose("a", Answer::cancel);
     frame.frame.run(Command::changeUser);
     frame.host.atLogin = [](repository::UserLogin& dialog) {
         dialog.txtUser = "berta";
         dialog.Login();
     };
-    change(Answer::ok);
+    testkit::expectLogin(repository.messages, Answer::ok);
     expectClose("a", Answer::ok);
     expectClose("b", Answer::ok);
     frame.frame.run(Command::changeUser);
     EXPECT_EQ(frame.frame.options().repository.login.User, "berta");
     EXPECT_EQ(frame.host.maximized, 1) << "as at the start";
     EXPECT_EQ(frame.frame.currentGroup(), 1);
-}
-
-TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
-    using enum Command;
-    const std::map<std::string, Command> meant = {{"NewScenarioM", newScenario},
-                                                  {"LoadScenarioM", loadScenario},
-                                                  {"SaveScenarioM", saveScenario},
-                                                  {"SaveScenarioAsM", saveScenarioAs},
-                                                  {"SaveChangesM", saveScenario},
-                                                  {"DeleteScenarioM", deleteScenario},
-                                                  {"PrintScenarioM", printScenario},
-                                                  {"PrintZoomM", printScenario},
-                                                  {"PrintPreviewM", printPreview},
-                                                  {"ExportTxtM", exportText},
-                                                  {"CloseScenarioM", closeScenario},
-                                                  {"CloseZoomingM", closeScenario},
-                                                  {"LoginM", login},
-                                                  {"ViewLargerM", viewLarger},
-                                                  {"ViewSmallerM", viewSmaller},
-                                                  {"ViewActualSizeM", viewActualSize},
-                                                  {"ViewFitM", viewFit},
-                                                  {"ColourByMetricM", colourByMetric},
-                                                  {"SelectAllM", selectAll},
-                                                  {"ViewPartOfM", viewPartOf},
-                                                  {"ViewInstanceOfM", viewInstanceOf},
-                                                  {"ViewRegulatorM", viewRegulator},
-                                                  {"ViewProviderM", viewProvider},
-                                                  {"ViewDerivedM", viewDerived},
-                                                  {"ViewAttributesM", viewAttributes},
-                                                  {"MakeRoomM", makeRoom},
-                                                  {"LightPathsM", lightPaths},
-                                                  {"LegendM", legend},
-                                                  {"ZoomInM", zoomIn},
-                                                  {"ZoomOutM", zoomOut},
-                                                  {"ActivityZoomM", activityZoom},
-                                                  {"ShowDataTypesM", showDataTypes},
-                                                  {"ShowFunctionTypesM", showFunctionTypes},
-                                                  {"ShowActivityTypesM", showActivityTypes},
-                                                  {"LoadTestGraph", loadTestGraph},
-                                                  {"HelpETLM", help},
-                                                  {"HelpShortcutsM", shortcuts},
-                                                  {"HelpAboutM", about}};
-    std::map<std::string, Command> found;
-    const std::function<void(std::span<const MenuItem>)> collect = [&](std::span<const MenuItem> items) {
-        for (const MenuItem& item : items) {
-            collect(item.items);
-            const bool plain = !item.name.empty() && item.items.empty();
-            EXPECT_TRUE(!plain || found.emplace(item.name, item.action).second) << item.name << " twice";
-        }
-    };
-    for (const Menu& menu : menus()) {
-        collect(menu.items);
-    }
-    EXPECT_EQ(found, meant);
 }
 
 TEST(Commands, KeysOfSeveralItemsAreListedOnce) {

@@ -25,17 +25,6 @@ class SampleScenario : public ::testing::Test {
     testkit::TestFrame frame{repository};
 };
 
-TEST_F(SampleScenario, StandsInTheLastSlotWithItsNodesAndEdges) {
-    EXPECT_EQ(form().Tag, "10");
-    EXPECT_EQ(form().Labels.Count(), 9);
-    EXPECT_EQ(form().Lines.Count(), 9);
-    const canvas::LabelsD& node = *form().nodeNamed("Activity4");
-    EXPECT_EQ(node.Index(), 9);
-    EXPECT_EQ(node.Left(), 12000);
-    EXPECT_EQ(node.Top(), 5500);
-    EXPECT_FALSE(node.Ready());
-}
-
 TEST_F(SampleScenario, RichActivityHoldsItsMembersAndFunctions) {
     const auto keysOf = [](auto& items) {
         std::string keys;
@@ -82,8 +71,7 @@ TEST_F(SampleScenario, ASecondLoadAsksToCloseTheFirst) {
     canvas::DrawForm* first = &form();
     for (const auto answer : {platform::Answer::cancel, platform::Answer::ok}) {
         EXPECT_EQ(&form(), first);
-        repository.messages.expect("ARE YOU SURE YOU WANT TO CLOSE Sample ?", "Closing Scenario",
-                                   platform::Icon::question, platform::Buttons::okCancel, answer);
+        testkit::expectClose(repository.messages, "Sample", answer);
         frame.frame.run(Command::loadTestGraph);
     }
     EXPECT_EQ(frame.desk.windows.size(), 1U);
