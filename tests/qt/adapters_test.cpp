@@ -2,19 +2,6 @@
 
 #include "qt/platform/adapters.h"
 
-#include <QDir>
-#include <QFile>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMessageBox>
-#include <QProgressBar>
-#include <QRegularExpression>
-#include <QStatusBar>
-#include <QTemporaryDir>
-#include <QTextBrowser>
-#include <QUrl>
 #include <numeric>
 
 #include "dialog_script.h"
@@ -194,10 +181,6 @@ class AdaptersTest : public WindowTest {
         QCOMPARE(contents->currentItem()->text(), QStringLiteral("Metrics"));
         QCOMPARE(page->textCursor().selectedText(), QStringLiteral("spreadsheet"));
         open[0]->close();
-    }
-
-    void theVersionHasANumber() {
-        QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$")).match(programVersion()).hasMatch());
     }
 
     void faultsInHandlersAreShownAndTheLoopGoesOn() {

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QApplication>
-#include <QDialog>
-#include <QMessageBox>
-#include <QTimer>
 #include <deque>
 #include <functional>
 

@@ -1,15 +1,10 @@
-// A small dialog of the tests' own: its logic, its window and the line that makes it known.
-
-#include <QLineEdit>
-#include <QPushButton>
+// A small dialog of the tests' own: its window and the line that makes it known to its logic.
 
 #include "dialog_script.h"
 #include "forms/dialog_port.h"
-#include "forms/editor.h"
-#include "forms/name_check.h"
 #include "qt/forms/fields.h"
 #include "qt/forms/form_window.h"
-#include "testkit/scripted_ports.h"
+#include "testkit/note.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -19,46 +14,13 @@ namespace {
 using platform::Answer;
 using platform::Buttons;
 
-class NameForm : public forms::Editor {
+class NoteWindow : public FormWindow {
   public:
-    NameForm(platform::MessageBox& messages, std::string& target)
-        : Editor(messages), txtName(target), target_(target) {}
-
-    std::string txtName;
-    int ended = 0;
-
-    void changeName(const std::string& text) {
-        txtName = text;
-        Saved = false;
-    }
-
-  protected:
-    bool apply() override {
-        static constexpr forms::NameRule kRules[] = {{forms::NameFault::empty, "A name, please"}};
-        if (!forms::checkName(txtName, kRules, messages())) {
-            return false;
-        }
-        target_ = txtName;
-        return true;
-    }
-    std::optional<forms::ClosingQuestion> closingQuestion() const override {
-        return forms::ClosingQuestion{.text = "Keep it?", .title = "Name"};
-    }
-    void closing() override { ++ended; }
-
-  private:
-    std::string& target_;
-};
-
-class NameWindow : public FormWindow {
-  public:
-    NameWindow(NameForm& logic, QWidget* parent) : FormWindow(tr("Name"), logic, parent) {
-        setObjectName(QStringLiteral("NameForm"));
-        QLineEdit* name = newField(QStringLiteral("txtName"), this);
-        name->setText(QString::fromStdString(logic.txtName));
-        body().addWidget(name);
-        connect(name, &QLineEdit::textChanged, this,
-                [&logic](const QString& typed) { logic.changeName(typed.toStdString()); });
+    explicit NoteWindow(testkit::Note& logic) : FormWindow(tr("Note"), logic, nullptr) {
+        setObjectName(QStringLiteral("Note"));
+        QLineEdit* text = newField(QStringLiteral("txtNote"), this);
+        body().addWidget(text);
+        connect(text, &QLineEdit::textChanged, this, [&logic] { logic.Saved = false; });
         addOK(QStringLiteral("OK"), tr("OK"));
         addCancel(QStringLiteral("Cancel"));
     }
@@ -74,40 +36,39 @@ class FormsTest : public WindowTest {
         enum class Way { ok, cancel, escape, closeButton };
         struct Row {
             Way way;
-            const char* typed;  ///< null: nothing
-            Answer answer;
-            const char* name;  ///< afterwards
+            bool typed;
+            Answer answer;  ///< to whether to keep it
+            bool applies;
+            int applied;
             bool closes;
         };
         const Row rows[] = {
-            {Way::ok, nullptr, Answer::ok, "old", true},
-            {Way::ok, "new", Answer::ok, "new", true},
-            {Way::ok, "", Answer::ok, "old", false},
-            {Way::cancel, nullptr, Answer::ok, "old", true},
-            {Way::cancel, "new", Answer::yes, "new", true},
-            {Way::escape, "new", Answer::no, "old", true},
-            {Way::closeButton, "new", Answer::cancel, "old", false},
+            {Way::ok, false, Answer::ok, true, 0, true},
+            {Way::ok, true, Answer::ok, true, 1, true},
+            {Way::ok, true, Answer::ok, false, 0, false},
+            {Way::cancel, false, Answer::ok, true, 0, true},
+            {Way::cancel, true, Answer::yes, true, 1, true},
+            {Way::escape, true, Answer::no, true, 0, true},
+            {Way::closeButton, true, Answer::cancel, true, 0, false},
         };
         for (const Row& row : rows) {
             testkit::ScriptedMessageBox messages{failQt};
             forms::Dialogs dialogs;
-            dialogs.add<NameForm>([](NameForm& form) { NameWindow(form, nullptr).exec(); });
-
-            std::string name = "old";
-            NameForm form(messages, name);
+            dialogs.add<testkit::Note>([](testkit::Note& note) { NoteWindow(note).exec(); });
+            testkit::Note note(messages);
+            note.question = forms::ClosingQuestion{.text = "Keep it?", .title = "Note"};
+            note.applies = row.applies;
             DialogScript script;
-            script.at(QStringLiteral("NameForm"), [&](QDialog& window) {
+            script.at(QStringLiteral("Note"), [&](QDialog& window) {
                 if (row.typed) {
-                    typeInto(window, "txtName", QLatin1String(row.typed));
+                    typeInto(window, "txtNote", QStringLiteral("new"));
                 }
-                if (row.way == Way::ok && !row.closes) {
-                    messages.expect("A name, please", "", platform::Icon::warning);
-                } else if (row.typed && row.way != Way::ok) {
-                    messages.expect("Keep it?", "Name", platform::Icon::question, Buttons::yesNoCancel, row.answer);
+                if (row.typed && row.way != Way::ok) {
+                    messages.expect("Keep it?", "Note", platform::Icon::question, Buttons::yesNoCancel, row.answer);
                 }
                 switch (row.way) {
                     case Way::ok:
-                        QTest::keyClick(control<QLineEdit>(window, "txtName"), Qt::Key_Return);
+                        QTest::keyClick(control<QLineEdit>(window, "txtNote"), Qt::Key_Return);
                         break;
                     case Way::cancel:
                         click(window, "Cancel");
@@ -120,13 +81,13 @@ class FormsTest : public WindowTest {
                         break;
                 }
                 QCOMPARE(window.isVisible(), !row.closes);
-                QCOMPARE(form.ended, row.closes ? 1 : 0);
-                form.Saved = true;
+                QCOMPARE(note.ended, row.closes ? 1 : 0);
+                note.Saved = true;
                 window.close();
             });
-            dialogs.show(form);
-            QCOMPARE(name, std::string(row.name));
-            QCOMPARE(form.ended, 1);
+            dialogs.show(note);
+            QCOMPARE(note.applied, row.applied);
+            QCOMPARE(note.ended, 1);
             messages.verify();
         }
     }

@@ -1,13 +1,6 @@
 // The frame over its real logic: start, commands by state, the scenarios' windows and their closing, tool bars,
 // palettes and options.
 
-#include <QDoubleSpinBox>
-#include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QTabBar>
-#include <QToolBar>
-#include <QToolButton>
-
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "qt/shell/palette_window.h"
@@ -266,10 +259,7 @@ class FrameTest : public WindowTest {
 
     void anotherUserLogsIn() {
         Frame program;
-        program.messages.expect(
-            "All active Scenarios must close in order to login as a different user!\n"
-            "Are you sure you want to continue?",
-            "Login", platform::Icon::none, platform::Buttons::okCancel);
+        testkit::expectLogin(program.messages);
         program.dialogs.at(QStringLiteral("UserLogin"), [](QDialog& window) {
             QCOMPARE(control<QLineEdit>(window, "txtUser")->text(), QStringLiteral("anna"));
             typeInto(window, "txtUser", QStringLiteral("bert"));

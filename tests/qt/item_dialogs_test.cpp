@@ -1,7 +1,5 @@
 // The dialogs of single nodes of a zoom view, from their menu to the view.
 
-#include <QComboBox>
-
 #include "qt/editors/item_window.h"
 #include "window_program.h"
 

@@ -1,7 +1,5 @@
 // The models of lists and trees: every change arrives as itself, and the toolkit's own examiner finds no fault.
 
-#include <QAbstractItemModelTester>
-#include <QSignalSpy>
 #include <random>
 
 #include "qt/forms/list_model.h"

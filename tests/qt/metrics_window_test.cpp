@@ -2,14 +2,6 @@
 
 #include "qt/analysis/metrics_window.h"
 
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QListView>
-#include <QPainter>
-#include <QSpinBox>
-#include <QTableView>
-
 #include "analysis/metric_tints.h"
 #include "qt/canvas/canvas_editor.h"
 #include "qt/canvas/canvas_print.h"

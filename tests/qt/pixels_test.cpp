@@ -2,8 +2,6 @@
 
 #include "qt/canvas/pixels.h"
 
-#include <QPainter>
-
 #include "window_test.h"
 
 namespace orvent::qt {

@@ -1,10 +1,5 @@
 // The windows of the catalogue's editors: keys, buttons and what they show.
 
-#include <QComboBox>
-#include <QListWidget>
-#include <QRadioButton>
-#include <QTextEdit>
-
 #include "window_program.h"
 
 namespace orvent::qt {

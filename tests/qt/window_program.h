@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QLineEdit>
-#include <QPushButton>
-#include <QStatusBar>
-
 #include "dialog_script.h"
 #include "qt/platform/adapters.h"
 #include "qt/shell/desk_area.h"
@@ -11,6 +7,7 @@
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
 #include "testkit/embedded_repository.h"
+#include "testkit/questions.h"
 #include "testkit/test_frame.h"
 
 namespace orvent::qt {
@@ -94,10 +91,7 @@ class WindowProgram {
         choose("SaveScenarioAsM");
     }
 
-    void answerClose(const std::string& name, platform::Answer answer) {
-        messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + name + " ?", "Closing Scenario", platform::Icon::question,
-                        platform::Buttons::okCancel, answer);
-    }
+    void answerClose(const std::string& name, platform::Answer answer) { testkit::expectClose(messages, name, answer); }
 
     testkit::TestRepository repository;
     testkit::ScriptedMessageBox messages{failQt};

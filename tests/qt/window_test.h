@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QRegularExpression>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <string>
 
 namespace orvent::qt {
