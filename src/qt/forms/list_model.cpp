@@ -132,41 +132,31 @@ void ListModel::about(const forms::ListChange& change) {
     switch (change.kind) {
         case Kind::inserted:
             beginInsertRows({}, at, at);
+            end_ = &ListModel::endInsertRows;
             break;
         case Kind::removed:
             beginRemoveRows({}, at, at);
+            end_ = &ListModel::endRemoveRows;
             break;
         case Kind::moved:
             beginMoveRows({}, at, at, {}, change.to > change.position ? change.to : change.to - 1);
+            end_ = &ListModel::endMoveRows;
             break;
         case Kind::reset:
             beginResetModel();
+            end_ = &ListModel::endResetModel;
             break;
         case Kind::altered:
         case Kind::selected:
-            break;
+            end_ = nullptr;
     }
 }
 
 void ListModel::done(const forms::ListChange& change) {
-    switch (change.kind) {
-        case Kind::inserted:
-            endInsertRows();
-            break;
-        case Kind::removed:
-            endRemoveRows();
-            break;
-        case Kind::moved:
-            endMoveRows();
-            break;
-        case Kind::reset:
-            endResetModel();
-            break;
-        case Kind::altered:
-            Q_EMIT dataChanged(index(change.position - 1, 0), index(change.position - 1, columnCount() - 1));
-            break;
-        case Kind::selected:
-            break;
+    if (end_) {
+        (this->*end_)();
+    } else if (change.kind == Kind::altered) {
+        Q_EMIT dataChanged(index(change.position - 1, 0), index(change.position - 1, columnCount() - 1));
     }
     changing_ = false;
     if (change.kind != Kind::altered) {

@@ -73,6 +73,7 @@ class ListModel : public QAbstractTableModel, private forms::ListListener {
     Picture picture_;
     std::int32_t colour_ = 0;
     bool changing_ = false;
+    void (QAbstractItemModel::*end_)() = nullptr;  // of the change that is being made; none where no row comes or goes
 };
 
 }  // namespace orvent::qt

@@ -148,34 +148,27 @@ void TreeModel::about(const forms::TreeChange& change) {
     switch (change.kind) {
         case Kind::inserted:
             beginInsertRows(indexOf(change.parent), change.position, change.position);
+            end_ = &TreeModel::endInsertRows;
             break;
         case Kind::removed:
             beginRemoveRows(indexOf(change.parent), change.position, change.position);
+            end_ = &TreeModel::endRemoveRows;
             break;
         case Kind::reset:
             beginResetModel();
+            end_ = &TreeModel::endResetModel;
             break;
         case Kind::altered:
-            break;
+            end_ = nullptr;
     }
 }
 
 void TreeModel::done(const forms::TreeChange& change) {
-    switch (change.kind) {
-        case Kind::inserted:
-            endInsertRows();
-            break;
-        case Kind::removed:
-            endRemoveRows();
-            break;
-        case Kind::reset:
-            endResetModel();
-            break;
-        case Kind::altered: {
-            const QModelIndex altered = index(change.position, 0, indexOf(change.parent));
-            Q_EMIT dataChanged(altered, altered);
-            break;
-        }
+    if (end_) {
+        (this->*end_)();
+    } else {
+        const QModelIndex altered = index(change.position, 0, indexOf(change.parent));
+        Q_EMIT dataChanged(altered, altered);
     }
     // A parent's count is one of its children.
     if (change.parent && change.kind != Kind::reset) {

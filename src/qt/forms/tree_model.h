@@ -42,6 +42,7 @@ class TreeModel : public QAbstractItemModel, private forms::TreeListener {
 
     forms::Tree& tree_;
     Picture picture_;
+    void (QAbstractItemModel::*end_)() = nullptr;  // of the change that is being made; none where no row comes or goes
 };
 
 }  // namespace orvent::qt
