@@ -64,7 +64,9 @@ class Catalogue : public entities::FunctionTypeSource {
     bool read(entities::ActivityTypeProperties& type);
     bool read(entities::FunctionTypeProperties& type);
     template <class Type>
-    void readQuietly(Type& type);
+    Type readAll(Type type);
+    template <class Type>
+    Type readWhatComes(Type type);
     template <class Add>
     void eachParam(StatementCache& repository, std::string_view sql, const std::string& type, std::string_view kind,
                    Add add);

@@ -103,26 +103,39 @@ void ScenarioWriter::saveRecordSet(RecordSetProperties& recordSet, LabelsD& node
     }
 }
 
-void ScenarioWriter::SaveRecordSetNode(RecordSetProperties& recordSet, LabelsD& node) {
-    const auto addOwnRow = [&](std::int16_t id) { repository_.run(sql::kAddRecordSet, id, recordSet.RecordSet_SQL); };
-    if (recordSet.NodeID != 0 && recordSet.Changed) {
-        changeNodeRow(recordSet.RecordSet_Name, node, recordSet.NodeID);
+/// Adds or rewrites the row of a node and the row of its entity. `addOwn` adds the latter under an identifier;
+/// `changeOwn` rewrites it, and sets the identifier to 0 when it is gone. True when the node was stored already.
+template <class Entity, class Add, class Change>
+bool ScenarioWriter::saveRows(Entity& entity, const std::string& name, LabelsD& node, Add addOwn, Change changeOwn) {
+    if (entity.NodeID != 0 && entity.Changed) {
+        changeNodeRow(name, node, entity.NodeID);
     }
-    if (recordSet.NodeID == 0) {
-        if (const std::int16_t id = addNodeRow(recordSet.RecordSet_Name, node)) {
-            addOwnRow(id);
-            recordSet.NodeID = id;
+    if (entity.NodeID == 0) {
+        if (const std::int16_t id = addNodeRow(name, node)) {
+            addOwn(id);
+            entity.NodeID = id;
         }
-        return;
+        return false;
     }
-    if (recordSet.Changed) {
-        std::int16_t id = recordSet.NodeID;
-        change(id, sql::kHasRecordSet, sql::kChangeRecordSet, recordSet.RecordSet_SQL);
+    if (entity.Changed) {
+        std::int16_t id = entity.NodeID;
+        changeOwn(id);
         if (id == 0) {
-            addOwnRow(recordSet.NodeID);
+            addOwn(entity.NodeID);
         }
     }
-    repository_.run(sql::kDropNodeLinks, recordSet.NodeID);
+    return true;
+}
+
+void ScenarioWriter::SaveRecordSetNode(RecordSetProperties& recordSet, LabelsD& node) {
+    const std::string& text = recordSet.RecordSet_SQL;
+    const bool wasStored = saveRows(
+        recordSet, recordSet.RecordSet_Name, node,
+        [&](std::int16_t id) { repository_.run(sql::kAddRecordSet, id, text); },
+        [&](std::int16_t& id) { change(id, sql::kHasRecordSet, sql::kChangeRecordSet, text); });
+    if (wasStored) {
+        repository_.run(sql::kDropNodeLinks, recordSet.NodeID);
+    }
 }
 
 void ScenarioWriter::SaveRecordSetOutput(const RecordSetProperties& recordSet, AttributeProperties& attribute) {
@@ -198,29 +211,19 @@ void ScenarioWriter::saveActivityFunctions(ActivityProperties& activity) {
 
 void ScenarioWriter::SaveActivityNode(ActivityProperties& activity, LabelsD& node) {
     const std::string& type = tables_.activityTypes.name(activity.Act_Type);
-    const auto addOwnRow = [&](std::int16_t id) {
-        repository_.run(sql::kAddActivity, id, activity.Act_Description, type, activity.Act_Log, activity.Act_SQL,
-                        activity.Act_SchemaNo, activity.Act_LDL);
-    };
-    if (activity.NodeID != 0 && activity.Changed) {
-        changeNodeRow(activity.Act_Name, node, activity.NodeID);
+    const bool wasStored = saveRows(
+        activity, activity.Act_Name, node,
+        [&](std::int16_t id) {
+            repository_.run(sql::kAddActivity, id, activity.Act_Description, type, activity.Act_Log, activity.Act_SQL,
+                            activity.Act_SchemaNo, activity.Act_LDL);
+        },
+        [&](std::int16_t& id) {
+            change(id, sql::kHasActivity, sql::kChangeActivity, activity.Act_Description, type, activity.Act_Log,
+                   activity.Act_SQL, activity.Act_LDL, activity.Act_SchemaNo);
+        });
+    if (wasStored) {
+        repository_.run(sql::kDropNodeLinks, activity.NodeID);
     }
-    if (activity.NodeID == 0) {
-        if (const std::int16_t id = addNodeRow(activity.Act_Name, node)) {
-            addOwnRow(id);
-            activity.NodeID = id;
-        }
-        return;
-    }
-    if (activity.Changed) {
-        std::int16_t id = activity.NodeID;
-        change(id, sql::kHasActivity, sql::kChangeActivity, activity.Act_Description, type, activity.Act_Log,
-               activity.Act_SQL, activity.Act_LDL, activity.Act_SchemaNo);
-        if (id == 0) {
-            addOwnRow(activity.NodeID);
-        }
-    }
-    repository_.run(sql::kDropNodeLinks, activity.NodeID);
 }
 
 void ScenarioWriter::SaveActivityFunction(const ActivityProperties& activity, FunctionProperties& function) {
@@ -305,21 +308,9 @@ void ScenarioWriter::SaveRegulatorLink(std::int16_t NodeID, std::int16_t SubNode
 }
 
 void ScenarioWriter::SaveCommentNode(CommentProperties& comment, LabelsD& node) {
-    if (comment.NodeID != 0 && comment.Changed) {
-        changeNodeRow(node.Caption(), node, comment.NodeID);
-    }
-    if (comment.NodeID == 0) {
-        if (const std::int16_t id = addNodeRow(node.Caption(), node)) {
-            repository_.run(sql::kAddComment, id, comment.Comment);
-            comment.NodeID = id;
-        }
-    } else if (comment.Changed) {
-        std::int16_t id = comment.NodeID;
-        change(id, sql::kHasComment, sql::kChangeComment, comment.Comment);
-        if (id == 0) {
-            repository_.run(sql::kAddComment, comment.NodeID, comment.Comment);
-        }
-    }
+    saveRows(
+        comment, node.Caption(), node, [&](std::int16_t id) { repository_.run(sql::kAddComment, id, comment.Comment); },
+        [&](std::int16_t& id) { change(id, sql::kHasComment, sql::kChangeComment, comment.Comment); });
 }
 
 void ScenarioWriter::SavePlainNode(LabelsD& node) {

@@ -65,6 +65,8 @@ class ScenarioWriter {
     template <class Member>
     void saveSubNode(const entities::ActivityProperties& activity, Member& member, const std::string& name,
                      std::int16_t dataType);
+    template <class Entity, class Add, class Change>
+    bool saveRows(Entity& entity, const std::string& name, canvas::LabelsD& node, Add addOwn, Change changeOwn);
     template <class... Values>
     std::int16_t add(const NewRow& row, const Values&... values);
     template <class... Values>

@@ -76,15 +76,6 @@ void Catalogue::LoadActivityTypes() {
     });
 }
 
-template <class Type>
-void Catalogue::readQuietly(Type& type) {
-    try {
-        read(type);
-    } catch (const platform::Fault&) {
-        // The caller gets what has been read so far, with no word to the user.
-    }
-}
-
 template <class Add>
 void Catalogue::eachParam(StatementCache& repository, std::string_view sql, const std::string& type,
                           std::string_view kind, Add add) {
@@ -115,36 +106,48 @@ FunctionTypeProperties functionTypeAt(const entities::NameTable& names, std::int
     return type;
 }
 
-void demandRow(bool found, const std::string& name) {
-    if (!found) {
-        throw platform::Fault("The repository has no type " + name + " any more.");
-    }
+const std::string& nameOf(const ActivityTypeProperties& type) {
+    return type.ActType_Name;
+}
+
+const std::string& nameOf(const FunctionTypeProperties& type) {
+    return type.FunctionType_Name;
 }
 
 }  // namespace
 
-ActivityTypeProperties Catalogue::GetActivityType(std::int16_t index) {
-    ActivityTypeProperties type = activityTypeAt(tables.activityTypes, index);
-    readQuietly(type);
+template <class Type>
+Type Catalogue::readAll(Type type) {
+    if (!read(type)) {
+        throw platform::Fault("The repository has no type " + nameOf(type) + " any more.");
+    }
     return type;
+}
+
+template <class Type>
+Type Catalogue::readWhatComes(Type type) {
+    try {
+        read(type);
+    } catch (const platform::Fault&) {
+        // The caller gets what has been read so far, with no word to the user.
+    }
+    return type;
+}
+
+ActivityTypeProperties Catalogue::GetActivityType(std::int16_t index) {
+    return readWhatComes(activityTypeAt(tables.activityTypes, index));
 }
 
 ActivityTypeProperties Catalogue::wholeActivityType(std::int16_t index) {
-    ActivityTypeProperties type = activityTypeAt(tables.activityTypes, index);
-    demandRow(read(type), type.ActType_Name);
-    return type;
+    return readAll(activityTypeAt(tables.activityTypes, index));
 }
 
 FunctionTypeProperties Catalogue::GetFunctionType(std::int16_t index) {
-    FunctionTypeProperties type = functionTypeAt(tables.functionTypes, index);
-    readQuietly(type);
-    return type;
+    return readWhatComes(functionTypeAt(tables.functionTypes, index));
 }
 
 FunctionTypeProperties Catalogue::wholeFunctionType(std::int16_t index) {
-    FunctionTypeProperties type = functionTypeAt(tables.functionTypes, index);
-    demandRow(read(type), type.FunctionType_Name);
-    return type;
+    return readAll(functionTypeAt(tables.functionTypes, index));
 }
 
 bool Catalogue::read(ActivityTypeProperties& type) {

@@ -161,6 +161,7 @@ class LDLForm : public ActivityWizard {
     void buildOutputsView();
     void layOutWithoutVariables();
     void fillLists();
+    void chooseValueIn(LDLList& list, int at);
     void showPanel(LDLVariableType option);
     void reset();
     void clearPanel();

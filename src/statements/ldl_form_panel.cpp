@@ -171,32 +171,26 @@ void LDLForm::selectLDLvar(int at) {
     }
 }
 
-void LDLForm::selectInputAttribute(int at) {
-    if (!valuesEnabled()) {
-        return;
+void LDLForm::chooseValueIn(LDLList& list, int at) {
+    if (valuesEnabled()) {
+        list.choose(at);
     }
-    listInputAttributes.choose(at);
+}
+
+void LDLForm::selectInputAttribute(int at) {
+    chooseValueIn(listInputAttributes, at);
 }
 
 void LDLForm::selectRSattribute(int at) {
-    if (!valuesEnabled()) {
-        return;
-    }
-    listRSattributes.choose(at);
+    chooseValueIn(listRSattributes, at);
 }
 
 void LDLForm::selectDataType(int at) {
-    if (!valuesEnabled()) {
-        return;
-    }
-    listDataTypes.choose(at);
+    chooseValueIn(listDataTypes, at);
 }
 
 void LDLForm::selectLDLSubVar(int at) {
-    if (!valuesEnabled()) {
-        return;
-    }
-    listLDLSubVars.choose(at);
+    chooseValueIn(listLDLSubVars, at);
 }
 
 void LDLForm::chooseValue(LDLRegulatorType option) {
