@@ -1,10 +1,12 @@
 // The way back from the zoom view into the scenario, and of new identifiers the other way.
 
 #include "zoom/members.h"
+#include "zoom/rename_node.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unfolded.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
+#include "zoom/waiting_functions.h"
 #include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
@@ -57,12 +59,25 @@ void link(canvas::DrawForm& design, LabelsD& node) {
     }
 }
 
+/// Functions that no activity has do not come into the scenario, and neither may links to them.
+template <class Step>
+void eachFreeFunction(ZoomForm& form, Step step) {
+    for (LabelsD& node : form.Labels) {
+        auto* function = node.entity<FunctionProperties>();
+        if (function && standsAlone(form, node) && !awaitedActivity(form, node)) {
+            step(*function);
+        }
+    }
+}
+
 }  // namespace
 
 void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     const platform::Busy busy(form.progress());
     const canvas::ManyChanges many(form);
     const Unfolded unfolded(form);
+    bringUpAll(form);
+    eachFreeFunction(form, [&](FunctionProperties& free) { UnSynchronizeFunction(form, free, false, nullptr); });
     form.eachPair([&](LabelsD& shown, const LabelsD& design) { foldNode(form, shown, &design); });
     // All old entities are unlinked before the first is replaced, and all are replaced before the first is linked
     // again: so the lists of links keep their order.
@@ -77,6 +92,7 @@ void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     form.applied();
     if (ReExpand) {
         unfolded.restore(form);
+        eachFreeFunction(form, [&](FunctionProperties& free) { SynchronizeFunction(form, free, nullptr); });
     }
     refreshFilters(form);
 }
@@ -98,19 +114,22 @@ void copyIds(const Lazy<List>& from, Lazy<List>& to, Id id) {
     }
 }
 
+void copyIds(const ActivityProperties& from, FunctionProperties& function) {
+    const auto* functions = from.Act_Functions.peek();
+    if (const FunctionProperties* stored = functions ? functions->Item(function.Function_Key) : nullptr) {
+        function.FunctionID = stored->FunctionID;
+        copyIds(stored->Function_Inputs, function.Function_Inputs, &ParameterProperties::SubNode_ID);
+        copyIds(stored->Function_Outputs, function.Function_Outputs, &ParameterProperties::SubNode_ID);
+    }
+}
+
 void copyIds(const ActivityProperties& from, ActivityProperties& to) {
     to.NodeID = from.NodeID;
     copyIds(from.Act_Inputs, to.Act_Inputs, &AttributeProperties::SubNode_ID);
     copyIds(from.Act_Outputs, to.Act_Outputs, &AttributeProperties::SubNode_ID);
     copyIds(from.Act_Parameters, to.Act_Parameters, &ParameterProperties::SubNode_ID);
-    copyIds(from.Act_Functions, to.Act_Functions, &FunctionProperties::FunctionID);
     for (FunctionProperties& function : to.Act_Functions) {
-        const FunctionProperties* stored =
-            from.Act_Functions.peek() ? from.Act_Functions.peek()->Item(function.Function_Key) : nullptr;
-        if (stored) {
-            copyIds(stored->Function_Inputs, function.Function_Inputs, &ParameterProperties::SubNode_ID);
-            copyIds(stored->Function_Outputs, function.Function_Outputs, &ParameterProperties::SubNode_ID);
-        }
+        copyIds(from, function);
     }
     if (from.Act_Inputs.peek()) {
         to.Act_Inputs->Changed = from.Act_Inputs.peek()->Changed;
@@ -119,7 +138,8 @@ void copyIds(const ActivityProperties& from, ActivityProperties& to) {
 
 }  // namespace
 
-// The nodes of members hold the very objects of the collections, so they have the identifiers at once.
+// The nodes of members hold the very objects of the collections, so they have the identifiers at once; those of
+// functions that wait for their activity do not.
 void RefreshZoomIdentities(ZoomForm& form) {
     form.eachFirstCopy([](LabelsD& shown, LabelsD& design) {
         if (shown.activity() && design.activity()) {
@@ -130,6 +150,12 @@ void RefreshZoomIdentities(ZoomForm& form) {
                     &AttributeProperties::SubNode_ID);
         }
     });
+    for (const auto& [node, activity] : form.waiting) {
+        LabelsD* function = form.Labels.byIndex(node);
+        if (const LabelsD* awaited = function ? awaitedActivity(form, *function) : nullptr) {
+            copyIds(*awaited->activity(), *function->entity<FunctionProperties>());
+        }
+    }
 }
 
 }  // namespace orvent::zoom

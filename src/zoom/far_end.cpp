@@ -122,11 +122,19 @@ class Search {
                 const std::string& nodeKey) const {
         using Entity = std::remove_cvref_t<decltype(*list->Item(key))>;
         if (!expanded) {
-            setEntity(far, list ? list->Item(key) : nullptr);
+            if (const Entity* item = list ? list->Item(key) : nullptr) {
+                setEntity(far, item);
+                far.node = shownNode(*item);  // it may have been drawn at its owner while the others are folded
+            }
         } else if (const canvas::LabelsD* node = form_.nodeNamed(nodeKey)) {
             setEntity(far, node->entity<Entity>());
             far.node = node;
         }
+    }
+
+    template <class Entity>
+    const canvas::LabelsD* shownNode(const Entity& item) const {
+        return item.LabelIndex > 0 ? form_.Labels.byIndex(NearEnd(item).labelIn(form_)) : nullptr;
     }
 
     template <class List>

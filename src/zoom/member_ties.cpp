@@ -1,9 +1,15 @@
 #include "zoom/member_ties.h"
 
+#include <vector>
+
+#include "canvas/canvas_rules.h"
 #include "zoom/drawn_edge.h"
+#include "zoom/far_end.h"
 #include "zoom/member_links.h"
 #include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
+#include "zoom/rename_node.h"
+#include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
@@ -35,9 +41,7 @@ template <class List>
 void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
     auto& entity = *node.entity<EntityOf<List>>();
     const std::string key = entity.Key.empty() ? node.Caption() : entity.Key;
-    // A node that was freed beside another one of its name has lost its caption; it bears its key again now.
-    const bool nameless = node.Caption() == canvas::kErrorName;
-    const std::string name = owner.Caption() + row.infix + (nameless ? key : node.Caption());
+    const std::string name = owner.Caption() + row.infix + key;
     if (list.Item(key) || form.isNameTaken(name)) {
         form.Lines.RemoveFull(edge);
         form.messages().tell(row.taken);
@@ -45,8 +49,8 @@ void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const 
     }
     entity.NodeKind = row.kind;
     node.setKeyName(name);
-    if (nameless) {
-        node.showCaption(key);
+    if (node.Caption() == canvas::kErrorName) {
+        node.showCaption(key);  // it was freed beside another one of its name
     }
     entity.ParentKeyName = owner.Caption();
     addMember(node, list, key);
@@ -72,6 +76,31 @@ void bindParameters(ZoomForm& form, LabelsD& function, FunctionProperties& bound
     }
 }
 
+/// Runs a step after which record sets call the inputs of a function by another key, and gives their links that key.
+template <class Step>
+void keepMirrors(canvas::Canvas& form, FunctionProperties& function, Step step) {
+    struct Mirror {
+        RegulatorLinks& links;
+        std::string key;
+        const ParameterProperties& input;
+        KeyForm keyForm;
+    };
+    std::vector<Mirror> mirrors;
+    for (ParameterProperties& input : function.Function_Inputs) {
+        for (const RegulatorProperties& link : input.RegulatedFrom) {
+            const FarEnd far =
+                findFarEnd(form, Direction::RegulatedFrom, input, {link.name(), link.type(), link.key()}, nullptr);
+            if (far.attribute) {
+                mirrors.push_back({*far.attribute->RegulatorFor, NearEnd(input).keyAs(far.mirror), input, far.mirror});
+            }
+        }
+    }
+    step();
+    for (const Mirror& mirror : mirrors) {
+        mirror.links.rekey(mirror.key, NearEnd(mirror.input).keyAs(mirror.keyForm));
+    }
+}
+
 }  // namespace
 
 bool isFree(const canvas::Canvas& form, const std::string& owner) {
@@ -81,7 +110,8 @@ bool isFree(const canvas::Canvas& form, const std::string& owner) {
 void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) {
     auto* activity = from.activity();
     if (const auto* function = to.entity<FunctionProperties>(); activity && function) {
-        if (!isFree(form, function->ParentKeyName()) || activity->Act_Functions->Item(function->Function_Key)) {
+        if (!isFree(form, function->ParentKeyName()) || awaitedActivity(form, to) ||
+            activity->Act_Functions->Item(function->Function_Key)) {
             RejectRelationship(form, edge);
         } else {
             AttachFunction(form, to, from, false);
@@ -123,6 +153,9 @@ void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
         }
         entity.SubNode_ID = 0;
         entity.NodeKind = KindFree;
+        if constexpr (requires { entity.ProvidedFrom; }) {
+            entity.Tag = 0;  // without links it comes from nowhere, and may come back among other members
+        }
         entity.ParentKeyName.clear();
     };
     const std::shared_ptr<void> held = std::visit(
@@ -148,7 +181,7 @@ void AttachFunction(ZoomForm& form, LabelsD& function, LabelsD& activity, bool D
                                canvas::AngleVerticalUp, 0);
     }
     auto& entity = *function.entity<FunctionProperties>();
-    entity.setParentKeyName(activity.activity()->Act_Name);
+    keepMirrors(form, entity, [&] { entity.setParentKeyName(activity.activity()->Act_Name); });
     entity.Function_Source = kSourceOwn;
     const std::string key = entity.Function_Key.empty() ? function.Caption() : entity.Function_Key;
     bindParameters(form, function, addMember(function, *activity.activity()->Act_Functions, key));
@@ -174,6 +207,12 @@ void DetachFunction(ZoomForm& form, LabelsD& function, LabelsD* activity) {
     }
     if (ParameterProperties* output = entity.Function_Outputs->Item(1)) {
         output->SubNode_ID = 0;
+    }
+    // Alone it has no owner in its name either.
+    if (const std::string head = activity->activity()->Act_Name + "."; entity.Function_Key.starts_with(head)) {
+        const std::string bare = entity.Function_Key.substr(head.size());
+        std::int32_t counter = 0;
+        RenameNode(form, function, form.isNameTaken(bare) ? canvas::freeName(form, bare, counter) : bare);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "zoom/synchronize_functions.h"
 #include "zoom/typed_name.h"
 #include "zoom/unsynchronize_functions.h"
+#include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
@@ -21,10 +22,29 @@ const RelationRow* rowOf(canvas::EdgeTypeCode kind, const RelationEnd& from, con
     return kind == canvas::EdgeTypeProvider ? providerRow(from, to) : regulatorRow(from, to);
 }
 
-/// The node of the activity that ties an end, or of the function whose parameter it is.
-LabelsD* ownerOf(canvas::Canvas& form, const RelationEnd& end) {
-    return form.nodeNamed(end.parentKeyName());
-}
+/// A free function and the activity that it comes to by an edge to one of its parameters.
+template <class Node>
+struct AttachmentOf {
+    Node* function = nullptr;
+    Node* activity = nullptr;
+
+    template <class Form>
+    AttachmentOf(Form& form, const RelationRow& row, const RelationEnd& from, const RelationEnd& to) {
+        const RelationEnd& ofFunction = from.isFunctionParameter() ? from : to;
+        if (row.attach && ofFunction.activityName().empty()) {
+            function = form.nodeNamed(ofFunction.parentKeyName());
+            activity = form.nodeNamed((&ofFunction == &from ? to : from).parentKeyName());
+        }
+    }
+    bool due() const { return function && activity; }
+    /// The activity has one of that key already, be it shown or not.
+    bool refused() const {
+        const auto* functions = due() ? activity->activity()->Act_Functions.peek() : nullptr;
+        return functions && functions->Item(function->KeyName());
+    }
+};
+using Attachment = AttachmentOf<LabelsD>;
+using AttachmentView = AttachmentOf<const LabelsD>;
 
 // Links
 
@@ -81,7 +101,7 @@ void removeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const Relation
 void relate(ZoomForm& form, std::int32_t& edge, canvas::EdgeTypeCode kind, LabelsD& from, LabelsD& to) {
     const RelationEnd drawnFrom(from), drawnTo(to);
     const RelationRow* row = rowOf(kind, drawnFrom, drawnTo);
-    if (!row || !row->allowed(drawnFrom, drawnTo)) {
+    if (!row || !row->allowed(drawnFrom, drawnTo) || Attachment(form, *row, drawnFrom, drawnTo).refused()) {
         RejectRelationship(form, edge);
         return;
     }
@@ -90,20 +110,17 @@ void relate(ZoomForm& form, std::int32_t& edge, canvas::EdgeTypeCode kind, Label
     }
     if (row->flip) {
         FlipLine(form, edge);
+        if (!CheckDuplicateLine(form, edge)) {
+            return;
+        }
     }
     const LinkEnds ends = row->flip ? LinkEnds{to, from} : LinkEnds{from, to};
     writeLinks(kind, ends, *row, row->type(drawnFrom, drawnTo), edge);
     if (row->setTag >= 0) {
         to.entity<AttributeProperties>()->Tag = row->setTag;
     }
-    const RelationEnd& ofFunction = drawnFrom.isFunctionParameter() ? drawnFrom : drawnTo;
-    const RelationEnd& ofActivity = drawnFrom.isFunctionParameter() ? drawnTo : drawnFrom;
-    if (row->attach && ofFunction.activityName().empty()) {
-        LabelsD* function = ownerOf(form, ofFunction);
-        LabelsD* activity = ownerOf(form, ofActivity);
-        if (function && activity) {
-            AttachFunction(form, *function, *activity, true);
-        }
+    if (const Attachment attachment(form, *row, drawnFrom, drawnTo); attachment.due()) {
+        AttachFunction(form, *attachment.function, *attachment.activity, true);
     }
 }
 
@@ -119,7 +136,12 @@ void CreateRelationship(ZoomForm& form, std::int32_t& edge) {
     if (!from || !to) {
         return;
     }
-    switch (const canvas::EdgeTypeCode kind = drawn.EdgeType(); kind) {
+    const canvas::EdgeTypeCode kind = drawn.EdgeType();
+    if (form.repeats(*from) || form.repeats(*to)) {
+        RejectRelationship(form, edge);  // nothing of it would reach the scenario
+        return;
+    }
+    switch (kind) {
         case canvas::EdgeTypeProvider:
         case canvas::EdgeTypeRegulator:
             relate(form, edge, kind, *from, *to);
@@ -192,6 +214,9 @@ bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32
 
 bool RelationshipRules::mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kind, const LabelsD& from,
                                   const LabelsD& to) const {
+    if (form.repeats(from) || form.repeats(to)) {
+        return false;
+    }
     if (kind == canvas::EdgeTypePartOf) {
         const LabelsD& owner = to.activity() ? to : from;
         const LabelsD& member = to.activity() ? from : to;
@@ -199,14 +224,14 @@ bool RelationshipRules::mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kin
             return false;
         }
         if (const auto* function = member.entity<FunctionProperties>()) {
-            return isFree(form, function->ParentKeyName());
+            return isFree(form, function->ParentKeyName()) && !awaitedActivity(form, member);
         }
         const RelationEnd end(member);
         return !to.activity() && end.present() && end.kind() != KindConstant && isFree(form, end.parentKeyName());
     }
     const RelationEnd source(from), target(to);
     const RelationRow* row = rowOf(kind, source, target);
-    if (!row || !row->allowed(source, target)) {
+    if (!row || !row->allowed(source, target) || AttachmentView(form, *row, source, target).refused()) {
         return false;
     }
     const NameTable& types = form.catalogue().dataTypes;

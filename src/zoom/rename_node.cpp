@@ -7,6 +7,7 @@
 #include "zoom/link_mirrors.h"
 #include "zoom/members.h"
 #include "zoom/unsynchronize_functions.h"
+#include "zoom/waiting_functions.h"
 
 namespace orvent::zoom {
 
@@ -113,7 +114,7 @@ void eachParameter(FunctionProperties& function, Step step) {
 }
 
 bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function, const std::string& key) {
-    LabelsD* owner = standsAlone(form, node) ? nullptr : form.nodeNamed(function.ParentKeyName());
+    LabelsD* owner = standsAlone(form, node) ? awaitedActivity(form, node) : form.nodeNamed(function.ParentKeyName());
     Act_FunctionsCollection* list = owner && owner->activity() ? &*owner->activity()->Act_Functions : nullptr;
     if (isTaken(form, list, function.Function_Key, key) || !takeName(node, key, key)) {
         return false;
@@ -132,6 +133,7 @@ bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function,
     });
     eachParameter(function,
                   [&](ParameterProperties& parameter) { mirrorLinks(Work::Write, form, parameter, nullptr); });
+    bringUp(form, node);
     return true;
 }
 
@@ -169,6 +171,11 @@ void ReplaceFunction(ZoomForm& form, LabelsD& node, std::shared_ptr<FunctionProp
         form.DeletedNodes->Add(former.FunctionID, KindFunction);
     }
     function->FunctionID = 0;
+    const LabelsD* awaited = awaitedActivity(form, node);
+    eachParameter(*function, [&](ParameterProperties& parameter) {
+        parameter.ParentKeyName = function->Function_Key;
+        parameter.ParentFunctionActivity = awaited ? awaited->activity()->Act_Name : std::string();
+    });
     node.Properties = std::move(function);
     if (expanded) {
         ExpandFunction(form, node.Index());

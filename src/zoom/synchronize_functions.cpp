@@ -27,14 +27,18 @@ void SynchronizeParameter(canvas::Canvas& Form, ParameterProperties& parameter, 
     mirrorLinks(Work::Write, Form, parameter, InDialog);
 }
 
+void SynchronizeFunction(canvas::Canvas& Form, FunctionProperties& function, ActivityProperties* InDialog) {
+    writeAll(Form, function.Function_Inputs, InDialog);
+    writeAll(Form, function.Function_Outputs, InDialog);
+}
+
 void SynchronizeActivity(canvas::Canvas& Form, ActivityProperties& activity, ActivityProperties* InDialog) {
     writeAll(Form, activity.Act_Inputs, InDialog);
     writeAll(Form, activity.Act_Outputs, InDialog);
     writeAll(Form, activity.Act_Parameters, InDialog);
     if (Act_FunctionsCollection* functions = activity.Act_Functions.peek()) {
         for (FunctionProperties& function : *functions) {
-            writeAll(Form, function.Function_Inputs, InDialog);
-            writeAll(Form, function.Function_Outputs, InDialog);
+            SynchronizeFunction(Form, function, InDialog);
         }
     }
 }

@@ -19,6 +19,8 @@ void SynchronizeAttribute(canvas::Canvas& Form, entities::AttributeProperties& a
                           entities::ActivityProperties* InDialog);
 void SynchronizeParameter(canvas::Canvas& Form, entities::ParameterProperties& parameter,
                           entities::ActivityProperties* InDialog);
+void SynchronizeFunction(canvas::Canvas& Form, entities::FunctionProperties& function,
+                         entities::ActivityProperties* InDialog);
 void SynchronizeActivity(canvas::Canvas& Form, entities::ActivityProperties& activity,
                          entities::ActivityProperties* InDialog);
 void SynchronizeRecordSet(canvas::Canvas& Form, entities::RecordSetProperties& recordSet);

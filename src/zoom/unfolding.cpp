@@ -150,6 +150,9 @@ void Unfolding::show(Lazy<List>& items, const ExpansionRow& row, int firstRow) {
     requireTypes(form_, items);
     const std::int32_t active = form_.ActiveLabel;
     for (int position = 1; position <= list->Count(); ++position) {
+        if (NearEnd(*list->Item(position)).labelIn(form_)) {
+            continue;  // it was drawn at its owner while the others were folded
+        }
         showMember(list->share(position), row, rowTop(2 * (firstRow + position - 1) + 1));
     }
     form_.ActiveLabel = active;

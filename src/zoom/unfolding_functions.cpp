@@ -7,6 +7,8 @@
 #include "zoom/members.h"
 #include "zoom/unfolding.h"
 #include "zoom/unfolding_parts.h"
+#include "zoom/unsynchronize_functions.h"
+#include "zoom/waiting_functions.h"
 
 namespace orvent::zoom {
 
@@ -66,6 +68,9 @@ void Unfolding::expandFunctions() {
             showFunction(functions.share(position), owner_.Left() - 5 * Width / 2, rowTop(2 * row + 2));
             row += rowsOf(function);
         } else if (node && function.Function_Source != kSourceActivityType) {
+            if (awaitedActivity(form_, *node) == &owner_) {
+                bringUp(form_, *node);
+            }
             tieFunction(*node, functions.share(position));
         }
     }
@@ -87,11 +92,13 @@ void Unfolding::showFunction(std::shared_ptr<FunctionProperties> function, float
 
 /// Ties a function's node, which stayed without an owner when the activity was folded, on to it again.
 void Unfolding::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> function) {
-    const auto* free = node.entity<FunctionProperties>();
+    auto* free = node.entity<FunctionProperties>();
     if (!free || form_.isNameTaken(free->ParentKeyName())) {
         return;
     }
     Unfolding(form_, node).collapseFunction();
+    UnSynchronizeFunction(form_, *free, false, nullptr);
+    form_.waiting.erase(node.Index());
     form_.Lines.addFullLine(owner_.Index(), kFunctionGrab, node.Index(), 2, canvas::EdgeTypePartOf,
                             canvas::AngleVerticalUp, 0);
     function->setParentKeyName(ownerName_);
@@ -154,6 +161,7 @@ void Unfolding::collapseFunctions() {
                 }
             }
             form_.Lines.RemoveFull(edge);
+            form_.waiting[node.Index()] = owner_.Index();
         }
     }
     for (auto& function : former) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "zoom/make_room.h"
+#include "zoom/rename_node.h"
 #include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
@@ -11,10 +12,15 @@ using namespace platform;
 
 namespace {
 
-/// Takes the identifiers over that a save gave, also when it breaks off.
-struct IdentitiesFollow {
+/// Takes over what a save did, also when it breaks off: the identifiers that it gave, and that one which writes
+/// everything anew has forgotten the rows to delete.
+struct SaveFollows {
     ZoomForm& form;
-    ~IdentitiesFollow() { RefreshZoomIdentities(form); }
+    int& appliedRows;
+    ~SaveFollows() {
+        RefreshZoomIdentities(form);
+        appliedRows = form.DeletedNodes->mark();
+    }
 };
 
 }  // namespace
@@ -42,6 +48,10 @@ void ZoomForm::formChanged() {
     if (const std::string caption = ParForm.Caption() + " - Expand"; caption != Caption()) {
         setCaption(caption);
     }
+}
+
+bool ZoomForm::repeats(const canvas::LabelsD& node) const {
+    return !bearsName(node) && (node.activity() || node.recordSet() || !standsAlone(*this, node));
 }
 
 void ZoomForm::touch() {
@@ -121,7 +131,7 @@ std::span<const canvas::LegendEntry> ZoomForm::legend() const {
 
 void ZoomForm::Save() {
     ApplyZoomChanges(*this, true);
-    const IdentitiesFollow follow{*this};
+    const SaveFollows follow{*this, appliedRows_};
     ParForm.Save();
 }
 

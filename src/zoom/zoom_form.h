@@ -71,6 +71,8 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     std::int32_t FunctionCounter = 0;
     std::int32_t ParameterCounter = 0;
     ViewMarks marks;
+    /// Nodes of functions that wait for their folded activity, and the activity's node.
+    std::unordered_map<std::int32_t, std::int32_t> waiting;
 
     const entities::CatalogueTables& catalogue() const { return services_.catalogue; }
     platform::Progress& progress() const { return services_.progress; }
@@ -80,6 +82,10 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
 
     /// False for a node whose name another one bears: a second copy, or a sub-node of one.
     bool bearsName(const canvas::LabelsD& node) const { return NamesColl.Item(node.KeyName()) == node.Index(); }
+
+    /// True for a second copy and its sub-nodes: what they show is edited at the first. A free node that lost its name
+    /// beside a namesake repeats nothing.
+    bool repeats(const canvas::LabelsD& node) const;
 
     /// Runs `step` for each node of the view that was copied from a design node: `step(zoom node, design node)`.
     template <class Step>

@@ -10,6 +10,7 @@
 #include "zoom/unfolding_parts.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
+#include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
@@ -51,12 +52,15 @@ bool standsForLinks(const LinesD& edge) {
 }
 
 /// Whether a part-of edge holds what the design window or the catalogue made: an attribute of a record set, or an input
-/// or output of a function. Such an edge stays; one that ties a member to an activity may go, and so may one that was
-/// drawn between nodes of other kinds and means nothing.
+/// or output of a function; or what a second copy shows. Such an edge stays; one that ties a member to an activity may
+/// go, and so may one that was drawn between nodes of other kinds and means nothing.
 bool holdsGivenMember(const ZoomForm& form, const LinesD& edge) {
     const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
     const LabelsD* to = form.Labels.byIndex(edge.ToLabel());
-    return edge.EdgeType() == canvas::EdgeTypePartOf && from && to && !from->activity() && isMemberOf(form, *to, *from);
+    if (edge.EdgeType() != canvas::EdgeTypePartOf || !from || !to) {
+        return false;
+    }
+    return form.repeats(*from) || (!from->activity() && isMemberOf(form, *to, *from));
 }
 
 }  // namespace
@@ -137,9 +141,7 @@ bool ZoomRules::mayDelete(canvas::Canvas&, const LabelsD& node) {
     const auto* parameter = node.entity<ParameterProperties>();
     const bool ofFunction =
         parameter && (parameter->NodeKind == KindFunctionInput || parameter->NodeKind == KindFunctionOutput);
-    // What a second copy shows is deleted at the first.
-    const bool shownTwice = !form_.bearsName(node) && node.EndingLines().Count() > 0;
-    if (ofFunction || shownTwice || !node.Visible()) {  // what a filter hides does not go unseen
+    if (ofFunction || form_.repeats(node) || !node.Visible()) {  // what a filter hides does not go unseen
         return false;
     }
     form_.touch();
@@ -154,7 +156,8 @@ bool ZoomRules::releaseFunction(canvas::Canvas&, LabelsD& node) {
     form_.DeletedNodes->Add(function->FunctionID, KindFunction);
     CollapseFunction(form_, node.Index());
     UnSynchronizeFunction(form_, *function, true, nullptr);
-    relationships_.detachFunction(form_, node, form_.nodeNamed(function->ParentKeyName()));
+    LabelsD* awaited = awaitedActivity(form_, node);
+    relationships_.detachFunction(form_, node, awaited ? awaited : form_.nodeNamed(function->ParentKeyName()));
     return true;
 }
 

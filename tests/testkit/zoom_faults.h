@@ -7,6 +7,7 @@
 
 #include "zoom/far_end.h"
 #include "zoom/link_graph.h"
+#include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::testkit {
@@ -26,6 +27,7 @@ class CanvasFaults {
     }
 
     static Lines ofZoom(zoom::ZoomForm& form) {
+        zoom::bringUpAll(form);  // as Apply does; till then an activity's list knows its waiting functions as they were
         CanvasFaults found(form);
         for (canvas::LabelsD& node : form.Labels) {
             if (form.bearsName(node)) {
@@ -134,6 +136,11 @@ class CanvasFaults {
                 far.parameter && far.parameter->NodeKind == entities::KindConstant && !near.labelIn(form_);
             if (folded) {
                 continue;
+            }
+            const bool toConstant =
+                link.type() == entities::LinkConstant || link.type() == entities::LinkConstantFunction;
+            if (!form_.isZoom() && !far.attribute && !far.parameter && !(direction == RegulatedFrom && toConstant)) {
+                fault("leads nowhere", who, where);
             }
             const auto mirrored = [&](auto& mirrors) {
                 if (!mirrors.peek() || !mirrors.peek()->Item(near.keyAs(far.mirror))) {

@@ -206,6 +206,18 @@ TEST_F(ZoomWindow, WhatWasAppliedStaysDeletedAfterNo) {
     EXPECT_EQ(rows(), "2:0 ");
 }
 
+TEST_F(ZoomWindow, WhatWasDeletedAfterASaveIsTakenBackByNo) {
+    design.setCaption("Sales");
+    open();
+    remove({"A2.OUT.ED_ID"});
+    store.save = [](canvas::DrawForm& saved) { saved.DeletedNodes->Clear(); };  // as a full write does
+    form->Save();
+    remove({"A2.OUT.SONUM"});
+    expectQuestion(Answer::no);
+    form->QueryUnload();
+    EXPECT_EQ(rows(), "");
+}
+
 TEST_F(ZoomWindow, SavingStoresTheScenarioAndTakesItsIdentifiers) {
     design.setCaption("Sales");
     open();

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+// A function that was drawn by itself keeps its node while its activity is folded. The node waits free, with a record
+// of its own that is edited and linked meanwhile; the activity's list holds a clone.
+
+/// The activity for which a function's node waits, or nothing.
+canvas::LabelsD* awaitedActivity(ZoomForm& form, const canvas::LabelsD& function);
+const canvas::LabelsD* awaitedActivity(const ZoomForm& form, const canvas::LabelsD& function);
+
+/// The activity's list takes over what has become of a function that waits for it.
+void bringUp(ZoomForm& form, const canvas::LabelsD& function);
+/// The same for all that wait.
+void bringUpAll(ZoomForm& form);
+
+}  // namespace orvent::zoom

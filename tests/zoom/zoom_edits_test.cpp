@@ -1,0 +1,266 @@
+// Edits of the zoom view that reach the scenario whole, or are refused.
+
+#include "canvas/deletion.h"
+#include "testkit/zoom_faults.h"
+#include "zoom/entity_links.h"
+#include "zoom/expand_collapse.h"
+#include "zoom/relationship_rules.h"
+#include "zoom/rename_node.h"
+#include "zoom/zoom_fixture.h"
+
+using namespace orvent;
+using namespace orvent::entities;
+using canvas::LabelsD;
+using platform::Icon;
+
+namespace {
+
+constexpr auto P = canvas::EdgeTypeProvider;
+constexpr auto R = canvas::EdgeTypeRegulator;
+constexpr auto T = canvas::EdgeTypePartOf;
+
+class ZoomEdits : public testkit::ZoomTest {
+  protected:
+    zoom::ZoomForm& open(const std::string& activity = "A2") {
+        form.reset();
+        form =
+            std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress, rules}, design);
+        zoom::buildZoomView(*form, *design.nodeNamed(activity));
+        return *form;
+    }
+
+    /// Draws an edge as a gesture does; nothing when it was refused.
+    canvas::LinesD* draw(const LabelsD& from, const LabelsD& to, canvas::EdgeTypeCode kind, std::int16_t grab = 1) {
+        canvas::LinesD& edge =
+            *form->Lines.addFullLine(from.Index(), grab, to.Index(), 2, kind, canvas::AngleStraight, 0);
+        form->rules().edgeCompleted(*form, edge);
+        return form->Lines.FindConnectingLine(from.Index(), to.Index(), kind, false);
+    }
+    canvas::LinesD* draw(const char* from, const char* to, canvas::EdgeTypeCode kind, std::int16_t grab = 1) {
+        return draw(node(from), node(to), kind, grab);
+    }
+
+    void refuse(const std::string& words = "This Relationship Is Not Valid!", Icon icon = Icon::warning) {
+        ports.messages.expect(words, "", icon);
+    }
+
+    LabelsD& place(const char* name, canvas::NodeTypeCode kind) {
+        return form->Labels.Add({0, 0, 300, 300}, name, kind);
+    }
+
+    void remove(const LabelsD& shown) {
+        form->SelectedLabels.Add(shown.Index());
+        canvas::DeleteSelectedNodes(*form, canvas::kEveryNodeType, links, form->rules());
+    }
+
+    LabelsD& secondCopy(const std::string& caption) {
+        for (LabelsD& each : form->Labels) {
+            if (!form->bearsName(each) && each.Caption() == caption) {
+                return each;
+            }
+        }
+        throw std::runtime_error(caption);
+    }
+
+    void expectWhole() {
+        EXPECT_EQ(testkit::CanvasFaults::ofZoom(*form), testkit::CanvasFaults::Lines{});
+        zoom::ApplyZoomChanges(*form, true);
+        EXPECT_EQ(testkit::CanvasFaults::ofZoom(*form), testkit::CanvasFaults::Lines{});
+        EXPECT_EQ(testkit::CanvasFaults::ofScenario(design), testkit::CanvasFaults::Lines{});
+        const std::string applied = testkit::modelText(design);
+        zoom::ApplyZoomChanges(*form, true);
+        EXPECT_EQ(testkit::modelText(design), applied);
+    }
+
+    zoom::RelationshipRules rules;
+    zoom::CanvasLinks links;
+};
+
+TEST_F(ZoomEdits, NothingIsDrawnAtASecondCopy) {
+    edge("A2", "RS4");
+    edge("A2", "A2");
+    open();
+    const std::string before = testkit::modelText(*form);
+    place("X", canvas::NodeTypeAttribute);
+    struct Row {
+        LabelsD& from;
+        LabelsD& to;
+        canvas::EdgeTypeCode kind;
+    };
+    for (const Row& row :
+         {Row{node("A1.OUT.AU_ID"), secondCopy("SONUM"), P}, Row{secondCopy("AU_ID"), node("RS2.ED_ID"), P},
+          Row{secondCopy("SONUM"), node("A2.PARAM.PUB_ID"), R}, Row{secondCopy("A2"), node("X"), T}}) {
+        SCOPED_TRACE(row.from.Caption() + " to " + row.to.Caption());
+        EXPECT_FALSE(rules.mayRelate(*form, row.kind, row.from, row.to));
+        refuse();
+        EXPECT_EQ(draw(row.from, row.to, row.kind), nullptr);
+    }
+    // What ties its members stays, too.
+    canvas::LinesD& tie = *form->Lines.byIndex(secondCopy("AU_ID").EndingLines().at(1));
+    EXPECT_FALSE(form->rules().mayRedirect(*form, tie, false, node("X")));
+    EXPECT_FALSE(form->rules().releaseEdge(*form, tie));
+    form->Labels.Remove(index("X"));
+    EXPECT_EQ(testkit::modelText(*form), before);
+}
+
+TEST_F(ZoomEdits, AnEdgeThatIsTurnedRoundIsDrawnOnce) {
+    open();
+    graph.activity("A2");
+    for (const auto& [from, to] : {std::pair("A2.OUT.ED_ID", "A2.PARAM.AU_ID"), {"A2.OUT.ED_ID", "F1.OUT.O1"}}) {
+        draw(from, to, R);
+        const Texts drawn = edges();
+        refuse("THIS LINE ALLREADY EXISTS!!");
+        draw(from, to, R);
+        EXPECT_EQ(edges(), drawn);
+    }
+    expectWhole();
+}
+
+TEST_F(ZoomEdits, AMemberComesToAnotherOwnerAsItWasFreed) {
+    open();
+    node("A2.IN.SONUM").entity<AttributeProperties>()->Tag = 9;
+    graph.activity("A2");
+    const auto untie = [&](const char* owner, const char* member) -> LabelsD& {
+        LabelsD& freed = node(member);
+        canvas::LinesD& tie = *form->Lines.FindConnectingLine(index(owner), freed.Index(), T, false);
+        EXPECT_TRUE(form->rules().releaseEdge(*form, tie));
+        form->Lines.RemoveFull(tie.Index());
+        return freed;
+    };
+    LabelsD& attribute = untie("A2", "A2.IN.SONUM");
+    EXPECT_NE(draw(node("A1"), attribute, T), nullptr);
+    EXPECT_EQ(node("A1.IN.SONUM").entity<AttributeProperties>()->Tag, 0) << "it comes from nowhere";
+    LabelsD& parameter = untie("A2", "A2.PARAM.AU_ID");
+    parameter.showCaption("other");
+    EXPECT_NE(draw(node("A1"), parameter, T), nullptr);
+    EXPECT_EQ(parameter.KeyName(), "A1.PARAM.AU_ID") << "the name follows the key";
+    // An input without origin gives the type of one that an activity feeds, whichever way the edge was drawn.
+    parameter.entity<ParameterProperties>()->Tag = tagOf(LinkTypeParameter);
+    draw(parameter, attribute, R);
+    EXPECT_EQ(parameter.entity<ParameterProperties>()->RegulatedFrom->Item(1)->Regulator_type, LinkActivityInput);
+    expectWhole();
+}
+
+TEST_F(ZoomEdits, AMemberStandsBesideFoldedOnes) {
+    open();
+    zoom::CollapseWhole(*form, node("A3"));
+    struct Row {
+        const char* owner;
+        const char* name;
+        canvas::NodeTypeCode kind;
+        std::int16_t grab;
+    };
+    for (const Row& row : {Row{"A3", "Y", canvas::NodeTypeAttribute, 1}, Row{"A1", "Q", canvas::NodeTypeParameter, 1},
+                           Row{"A3", "Z", canvas::NodeTypeAttribute, 4}}) {
+        place(row.name, row.kind);
+        draw(row.owner, row.name, T, row.grab);
+    }
+    node("A1.PARAM.Q").entity<ParameterProperties>()->Tag = tagOf(LinkTypeParameter);
+    for (const auto& [from, to, kind] :
+         {std::tuple("A1.PARAM.Q", "A1.OUT.AU_ID", R), {"A2.OUT.SONUM", "A3.IN.Y", P}, {"A3.OUT.Z", "RS4.SONUM", P}}) {
+        EXPECT_NE(draw(from, to, kind), nullptr);
+    }
+    expectWhole();
+    EXPECT_TRUE(zoom::RenameNode(*form, node("A1.PARAM.Q"), "Q2"));
+    zoom::ExpandByPlace(*form, node("A3"));
+    expectWhole();
+    const Texts drawn = edges();
+    EXPECT_EQ(std::count(drawn.begin(), drawn.end(), "A2.OUT.SONUM 0 A3.IN.Y"), 1);
+    EXPECT_EQ(std::count(drawn.begin(), drawn.end(), "A1.PARAM.Q2 3 A1.OUT.AU_ID"), 1);
+}
+
+TEST_F(ZoomEdits, AFunctionIsEditedWhileItsActivityIsFolded) {
+    struct Row {
+        const char* name;
+        std::function<void()> edit;
+        const char* key;  ///< of the activity's function then, null for none
+    };
+    const auto give = [&](std::int16_t number) {
+        for (FunctionProperties& each : graph.activity("A2").Act_Functions) {
+            each.FunctionID = each.FunctionID ? each.FunctionID : number;
+        }
+    };
+    for (const Row& row : {Row{"linked", [&] { draw("F1.IN.I4", "RS3.PUB_ID", R); }, "F1"},
+                           Row{"renamed", [&] { EXPECT_TRUE(zoom::RenameNode(*form, node("F1"), "G")); }, "G"},
+                           Row{"tied to another",
+                               [&] {
+                                   refuse();
+                                   EXPECT_EQ(draw("A1", "G", T), nullptr);
+                               },
+                               "G"},
+                           Row{"filled anew",
+                               [&] {
+                                   auto filled = std::make_shared<FunctionProperties>();
+                                   filled->Function_Key = filled->Function_Name = "G";
+                                   filled->Function_Source = kSourceOwn;
+                                   filled->Function_Inputs->Add("fresh", 0, "fresh").NodeKind = KindFunctionInput;
+                                   zoom::ReplaceFunction(*form, node("G"), filled);
+                                   draw("RS3.PUB_ID", "G.IN.fresh", R);
+                               },
+                               "G"},
+                           Row{"deleted", [&] { remove(node("G")); }, nullptr}}) {
+        SCOPED_TRACE(row.name);
+        if (row.key && *row.key == 'F') {
+            auto& inputs = *graph.activity("A2").Act_Functions->Item("F1")->Function_Inputs;
+            auto& input = inputs.Add("I4", 0, "I4");
+            input.NodeKind = KindFunctionInput;
+            input.ParentKeyName = "F1";
+            input.ParentFunctionActivity = "A2";
+        }
+        open();
+        zoom::CollapseActivity(*form, index("A2"));
+        if (LabelsD* function = form->nodeNamed(index("F1") > 0 ? "F1" : "G")) {
+            zoom::ExpandFunction(*form, function->Index());
+        }
+        row.edit();
+        expectWhole();
+        const FunctionProperties* function = row.key ? graph.activity("A2").Act_Functions->Item(row.key) : nullptr;
+        EXPECT_EQ(graph.activity("A2").Act_Functions->Count(), row.key ? 2 : 1);
+        ASSERT_EQ(function != nullptr, row.key != nullptr);
+        if (function) {
+            EXPECT_EQ(function->ParentKeyName(), "A2");
+            give(7);
+            zoom::RefreshZoomIdentities(*form);
+            zoom::ApplyZoomChanges(*form, true);
+            EXPECT_EQ(graph.activity("A2").Act_Functions->Item(row.key)->FunctionID, 7) << "its row would come twice";
+            zoom::ExpandActivity(*form, index("A2"));
+            EXPECT_EQ(node(row.key).entity<FunctionProperties>(), node("A2").activity()->Act_Functions->Item(row.key));
+            expectWhole();
+        }
+    }
+}
+
+TEST_F(ZoomEdits, AFunctionDoesNotJoinItsNamesake) {
+    graph.activity("A1").Act_Functions->AddFunctionProps({}, "F9", 0).setParentKeyName("A1");
+    open();  // which does not show it
+    auto& output =
+        place("F9", canvas::NodeTypeFunction).entity<FunctionProperties>()->Function_Outputs->Add("O", 0, "O");
+    output.NodeKind = KindFunctionOutput;
+    zoom::ExpandFunction(*form, index("F9"));
+    EXPECT_FALSE(rules.mayRelate(*form, R, node("A1.OUT.AU_ID"), node("F9.OUT.O")));
+    refuse();
+    EXPECT_EQ(draw("A1.OUT.AU_ID", "F9.OUT.O", R), nullptr);
+    expectWhole();
+}
+
+TEST_F(ZoomEdits, AFunctionOfNoActivityLeavesNoLinkInTheScenario) {
+    open();
+    LabelsD& brought = node("A2.F2");
+    canvas::LinesD& tie = *form->Lines.FindConnectingLine(index("A2"), brought.Index(), T, false);
+    EXPECT_TRUE(form->rules().releaseEdge(*form, tie));
+    form->Lines.RemoveFull(tie.Index());
+    EXPECT_EQ(brought.KeyName(), "F2") << "alone it has no owner in its name";
+    EXPECT_EQ(node("F2.IN.I1").entity<ParameterProperties>()->ParentKeyName, "F2");
+    ASSERT_NE(draw("RS3.PUB_ID", "F2.IN.I2", R), nullptr);
+    const Texts drawn = edges();
+    expectWhole();
+    EXPECT_EQ(testkit::modelText(design).find("F2.IN"), std::string::npos);
+    EXPECT_EQ(edges(), drawn) << "the view keeps it";
+    // Tied to an activity the input is called by another key, and its edge stays.
+    ASSERT_NE(draw("A1", "F2", T), nullptr);
+    EXPECT_NE(node("RS3.PUB_ID").entity<AttributeProperties>()->RegulatorFor->Item("F2.A1.I2"), nullptr);
+    expectWhole();
+    EXPECT_EQ(edges(), drawn);
+}
+
+}  // namespace
