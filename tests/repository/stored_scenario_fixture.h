@@ -28,13 +28,15 @@ struct SteadyUser : platform::MessageBox {
     }
 };
 
-class StoredScenarioTest : public ::testing::Test {
+class StoredScenarioTest : public ::testing::Test, public canvas::ScenarioStore {
   protected:
     std::unique_ptr<canvas::DrawForm> newForm(const std::string& name) {
-        auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{user, canvasSettings});
+        auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{user, canvasSettings}, this);
         form->setCaption(name);
         return form;
     }
+
+    void saveScenario(canvas::DrawForm& form) override { save(form, form.ScenarioID == 0, Answer::cancel); }
 
     std::unique_ptr<canvas::DrawForm> graph(const std::string& name) {
         auto form = newForm(name);
