@@ -1,6 +1,8 @@
 #include <unistd.h>
 
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 #include "databases.h"
 #include "odbc/connection.h"
@@ -68,7 +70,7 @@ TEST_F(EmbeddedFile, ReadOnlyIsTold) {
     expectWords(words, "cannot be read and written", file_);
 }
 
-TEST_F(EmbeddedFile, LockedForLongFails) {
+TEST_F(EmbeddedFile, LockedForLongFailsAndForAWhileIsWaitedFor) {
     createEmbedded(file_);
     OdbcDatabase database({.embedded = EmbeddedRepository{.file = file_}});
     const auto connection = database.open("ORVENT Embedded", "", "");
@@ -78,7 +80,10 @@ TEST_F(EmbeddedFile, LockedForLongFails) {
     other.run("BEGIN EXCLUSIVE");
     expectWords(wordsOf([&] { run(*connection, "INSERT INTO DataTypes VALUES ('x')"); }), "locked", file_);
     EXPECT_EQ(column(*connection, "SELECT Datatype_name FROM DataTypes"), "");
-    other.run("COMMIT");
+    const std::jthread release([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        other.run("COMMIT");
+    });
     run(*connection, "INSERT INTO DataTypes VALUES ('x')");
 }
 
