@@ -212,21 +212,18 @@ double lightStep(Ours& ours, std::int32_t number, bool wholePicture) {
     return lit ? time : std::numeric_limits<double>::infinity();
 }
 
-double zoomStep(Ours& ours, std::int32_t number) {
+double zoomStep(Subject& subject, std::int32_t number, int runs) {
     constexpr double kStep = 1.25;
-    ours.showAll();
+    subject.showAll();
     settle();
     double slowest = 0;
-    for (double scale = ours.view().scale(); scale <= 1; scale *= kStep) {
-        const auto out = [&] {
-            ours.view().setScale(scale / kStep, ours.pixelOf(number));
+    for (double scale = subject.scale(); scale <= 1; scale *= kStep) {
+        const auto zoom = [&](double to) {
+            subject.zoomTo(to, number);
             settle();
         };
-        const auto in = [&] {
-            ours.view().setScale(scale, ours.pixelOf(number));
-            settle();
-        };
-        slowest = std::max(slowest, median(9, in, out));
+        slowest = std::max(slowest, median(
+                                        runs, [&] { zoom(scale); }, [&] { zoom(scale / kStep); }));
     }
     return slowest;
 }

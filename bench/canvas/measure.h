@@ -38,7 +38,7 @@ GroupDrag groupDrag(Ours& ours, std::int32_t number);
 /// The path of that node is worked out and lit, and the rest is dimmed.
 double lightStep(Ours& ours, std::int32_t number, bool wholePicture);
 /// One step nearer at that node, at the slowest of the scales between the whole picture and 1:1.
-double zoomStep(Ours& ours, std::int32_t number);
+double zoomStep(Subject& subject, std::int32_t number, int runs);
 /// Scroll bars cost more to paint than all else of a step, and the same on every view.
 void hideBars(Subject& subject);
 

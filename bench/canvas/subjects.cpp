@@ -10,6 +10,11 @@ void Reference::showNode(std::int32_t number) {
     view_.centerOn(view_.box(number));
 }
 
+void Reference::zoomTo(double scale, std::int32_t number) {
+    view_.setTransform(QTransform::fromScale(scale, scale));
+    view_.centerOn(view_.box(number));
+}
+
 QPoint Reference::pixelOf(std::int32_t number) {
     return view_.mapFromScene(view_.box(number)->sceneBoundingRect().center());
 }

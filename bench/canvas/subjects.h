@@ -21,6 +21,10 @@ class Subject {
     virtual void showAll() = 0;
     /// At 1:1, with that node in the middle.
     virtual void showNode(std::int32_t number) = 0;
+    /// Pixels of the screen for 15 twips of the picture.
+    virtual double scale() const = 0;
+    /// Changes the scale around that node.
+    virtual void zoomTo(double scale, std::int32_t number) = 0;
     /// The middle of the node, in pixels of the viewport.
     virtual QPoint pixelOf(std::int32_t number) = 0;
     virtual bool hits(QPoint pixel) = 0;
@@ -34,6 +38,8 @@ class Reference : public Subject {
     QAbstractScrollArea& area() override { return view_; }
     void showAll() override { view_.fitInView(view_.sceneRect(), Qt::KeepAspectRatio); }
     void showNode(std::int32_t number) override;
+    double scale() const override { return view_.transform().m11(); }
+    void zoomTo(double scale, std::int32_t number) override;
     QPoint pixelOf(std::int32_t number) override;
     bool hits(QPoint pixel) override { return view_.itemAt(pixel) != nullptr; }
     void selectAll() override { view_.selectAll(); }
@@ -55,6 +61,7 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm&) override {}
     void reveal(canvas::CanvasForm&, const canvas::LabelsD&) override {}
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
@@ -68,6 +75,8 @@ class Ours : public Subject {
     QAbstractScrollArea& area() override { return view_; }
     void showAll() override { view_.fit(); }
     void showNode(std::int32_t number) override;
+    double scale() const override { return view_.scale(); }
+    void zoomTo(double scale, std::int32_t number) override { view_.setScale(scale, pixelOf(number)); }
     QPoint pixelOf(std::int32_t number) override;
     bool hits(QPoint pixel) override;
     void selectAll() override;

@@ -47,6 +47,10 @@ class CanvasWindows {
     /// The template wizard on an activity.
     virtual void openTemplateWizard(CanvasForm& form, LabelsD& activity) = 0;
 
+    /// The catalogue's name of the node's type: that of an activity or a function, or the data type of an attribute or
+    /// a parameter. Empty for other nodes, and while no type is chosen that the catalogue holds.
+    virtual std::string typeOf(const LabelsD& node) const = 0;
+
     /// Closes a window as by its own close button: it may ask, and it may stay.
     virtual void close(CanvasForm& form) = 0;
 

@@ -10,6 +10,7 @@
 #include "canvas/canvas_host.h"
 #include "canvas/canvas_rules.h"
 #include "canvas/deletion.h"
+#include "canvas/node_tip.h"
 #include "canvas/pointer_event.h"
 #include "canvas/pointer_gesture.h"
 #include "canvas/pointer_hover.h"
@@ -80,6 +81,9 @@ class CanvasPointer : private CanvasListener {
     /// frame is about to run. Graph and markers are as before the gesture, and so is the selection that a crop changed;
     /// the text of a comment stays as edited. The next release means nothing.
     void cancel();
+
+    /// What is told of a node.
+    NodeTip tipOf(const LabelsD& node) const { return canvas::tipOf(node, ports_.windows.typeOf(node)); }
 
     /// The window took the focus.
     void focused();

@@ -44,4 +44,22 @@ void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD
     services_.wizard.LDLCreate(form.scenario(), *activity.activity());
 }
 
+std::string CanvasDialogs::typeOf(const canvas::LabelsD& node) const {
+    const entities::CatalogueTables& tables = services_.catalogue.tables;
+    const auto nameIn = [](const entities::NameTable& types, std::int16_t type) {
+        return type >= 0 && static_cast<std::size_t>(type) < types.size() ? types.name(type) : std::string();
+    };
+    if (const auto* activity = node.activity()) {
+        return nameIn(tables.activityTypes, activity->Act_Type);
+    }
+    if (const auto* function = node.entity<entities::FunctionProperties>()) {
+        return nameIn(tables.functionTypes, function->Function_Type);
+    }
+    if (const auto* attribute = node.entity<entities::AttributeProperties>()) {
+        return nameIn(tables.dataTypes, attribute->Attribute_Type);
+    }
+    const auto* parameter = node.entity<entities::ParameterProperties>();
+    return parameter ? nameIn(tables.dataTypes, parameter->Parameter_Type) : std::string();
+}
+
 }  // namespace orvent::shell

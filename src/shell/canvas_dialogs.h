@@ -32,6 +32,7 @@ class CanvasDialogs : public canvas::CanvasWindows {
         windows_.ZoomActivity(form.scenario().slot(), activity.Index());
     }
     void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override;
+    std::string typeOf(const canvas::LabelsD& node) const override;
     void close(canvas::CanvasForm& form) override { windows_.close(form); }
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {

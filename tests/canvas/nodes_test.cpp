@@ -1,3 +1,4 @@
+#include "canvas/node_tip.h"
 #include "canvas/pointer_fixture.h"
 #include "platform/codes.h"
 
@@ -54,6 +55,34 @@ TEST_F(Nodes, GrabPointsAndArrows) {
         }
         EXPECT_EQ(place(node.GrabPoint(row.point)), row.place);
         EXPECT_EQ(node.LineArrowDirection(row.point), row.arrow);
+    }
+}
+
+TEST_F(Nodes, TipsTellNameTypeStateAndMembers) {
+    LabelsD& activity = add(NodeTypeActivity, "Join1");
+    activity.activity()->Act_Inputs->Add("A", 0, 0, "A");
+    activity.activity()->Act_Inputs->Add("B", 0, 0, "B");
+    activity.activity()->Act_Outputs->Add("C", 0, 0, "C");
+    LabelsD& recordSet = add(NodeTypeRecordSet, "RS");
+    recordSet.recordSet()->RecordSet_Outputs->Add("A", 0, "A");
+    recordSet.setReady(true);
+    LabelsD& function = add(NodeTypeFunction, "F", "Join1.F");
+    function.setToolTipText("Join1.F");
+    const struct {
+        const LabelsD& node;
+        const char *type, *name, *kind, *counts;
+    } rows[] = {
+        {activity, "Join", "Join1", "Activity, Join, not ready", "inputs: 2, outputs: 1, parameters: 0"},
+        {activity, "", "Join1", "Activity, not ready", "inputs: 2, outputs: 1, parameters: 0"},
+        {recordSet, "", "RS", "Record set, ready", "attributes: 1"},
+        {function, "SUM", "Join1.F", "Function, SUM, not ready", "inputs: 0, outputs: 0"},
+        {add(NodeTypeLog, "LOG1"), "", "LOG", "Log", ""},
+    };
+    for (const auto& row : rows) {
+        const NodeTip tip = tipOf(row.node, row.type);
+        EXPECT_EQ(tip.name, row.name);
+        EXPECT_EQ(tip.kind, row.kind);
+        EXPECT_EQ(tip.counts, row.counts);
     }
 }
 

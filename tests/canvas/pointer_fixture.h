@@ -39,6 +39,7 @@ class LoggingHost : public canvas::ToolState,
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD& node) override {
         log_ += " wizard " + node.Caption();
     }
+    std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm& form) override { log_ += " close " + form.Caption(); }
     void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { log_ += " show " + node.Caption(); }
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point) override {

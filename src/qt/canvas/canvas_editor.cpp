@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <utility>
 
 #include "qt/canvas/tint_legend.h"
@@ -14,6 +16,8 @@
 namespace orvent::qt {
 
 namespace {
+
+constexpr int kLongestTip = 1000;  // letters of a name
 
 struct PointerShape {
     int MousePointer;
@@ -170,8 +174,27 @@ bool CanvasEditor::viewportEvent(QEvent* event) {
         pointer_.move({{canvas::Element::outside, 0}, {}, canvas::NoButton, false});
         light_.follow();
         Q_EMIT pointed(std::nullopt);
+    } else if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), viewport());
+        return true;
     }
     return CanvasViewWidget::viewportEvent(event);
+}
+
+QString CanvasEditor::toolTipAt(QPoint place) const {
+    const canvas::LabelsD* node = nodeAt(transform().toTwips(place));
+    if (!node) {
+        return {};
+    }
+    const canvas::NodeTip tip = pointer_.tipOf(*node);
+    QStringList lines{text(tip.kind).toHtmlEscaped()};
+    if (!tip.counts.empty()) {
+        lines << text(tip.counts);
+    }
+    // Escaped: a caption may hold characters that a tool tip would take for markup.
+    return QStringLiteral("<b>%1</b><br>%2")
+        .arg(text(tip.name).left(kLongestTip).toHtmlEscaped(), lines.join(QStringLiteral("<br>")));
 }
 
 void CanvasEditor::showPointerShape() {

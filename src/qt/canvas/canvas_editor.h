@@ -51,6 +51,7 @@ class CanvasEditor : public CanvasViewWidget {
 
   private:
     canvas::PointerEvent pointerEvent(const QMouseEvent& event, int button) const;
+    QString toolTipAt(QPoint place) const;
     void showPointerShape();
     void showFocus();
     void showCommentEditor();

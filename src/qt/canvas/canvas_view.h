@@ -128,7 +128,6 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     };
     EdgeHit edgeHitAt(canvas::Point place, float handleReach, float lineReach) const;
     void setPointedEdge(const canvas::LinesD* edge);
-    QString toolTipAt(QPoint place);
     const canvas::LabelsD* commentBarAt(QPointF pixel) const;
     bool scrollComment(const canvas::LabelsD& node, int first);
 

@@ -1,9 +1,7 @@
 // What lies under the pointer, and the wheel and the middle button.
 
-#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include "qt/canvas/canvas_view.h"
@@ -17,7 +15,6 @@ namespace {
 constexpr double kLineReach = 4;    // pixels beside an edge that count as on it
 constexpr double kHandleReach = 4;  // pixels around the middle of a handle, however small it is
 constexpr double kWheelStep = 1.2;
-constexpr int kLongestTip = 1000;
 
 /// The square of the distance of a place to a line from one point to another.
 float squareToLine(canvas::Point place, canvas::Point from, canvas::Point to) {
@@ -29,25 +26,6 @@ float squareToLine(canvas::Point place, canvas::Point from, canvas::Point to) {
     const float x = place.x - from.x - along * dx;
     const float y = place.y - from.y - along * dy;
     return x * x + y * y;
-}
-
-/// How many members the node's entity has, by kind.
-QString countsOf(const canvas::LabelsD& node) {
-    const auto words = [](const char* counted, int count) { return QObject::tr(counted).arg(count); };
-    if (const auto* activity = node.activity()) {
-        return QStringList{words("inputs: %1", activity->Act_Inputs.count()),
-                           words("outputs: %1", activity->Act_Outputs.count()),
-                           words("parameters: %1", activity->Act_Parameters.count())}
-            .join(QStringLiteral(", "));
-    }
-    if (const auto* recordSet = node.recordSet()) {
-        return words("attributes: %1", recordSet->RecordSet_Outputs.count());
-    }
-    if (const auto* function = node.entity<entities::FunctionProperties>()) {
-        return words("inputs: %1", function->Function_Inputs.count()) + QStringLiteral(", ") +
-               words("outputs: %1", function->Function_Outputs.count());
-    }
-    return {};
 }
 
 }  // namespace
@@ -195,31 +173,8 @@ void CanvasViewWidget::wheelEvent(QWheelEvent* event) {
 bool CanvasViewWidget::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::Leave) {
         setPointedEdge(nullptr);
-    } else if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), viewport());
-        return true;
     }
     return QAbstractScrollArea::viewportEvent(event);
-}
-
-QString CanvasViewWidget::toolTipAt(QPoint place) {
-    const canvas::LabelsD* node = nodeAt(transform().toTwips(place));
-    if (!node) {
-        return {};
-    }
-    const std::string_view words = node->ToolTipText().empty() ? node->shownText() : node->ToolTipText();
-    const QString name = text(words).left(kLongestTip);
-    const canvas::NodeKind& kind = canvas::nodeKind(node->NodeType());
-    QString tip = text(kind.title);
-    if (kind.showsReadiness) {
-        tip = tr("%1, %2").arg(tip, node->Ready() ? tr("ready") : tr("not ready"));
-    }
-    if (const QString counts = countsOf(*node); !counts.isEmpty()) {
-        tip += QStringLiteral("<br>") + counts;
-    }
-    // As plain text: a caption may hold characters that a tool tip would take for markup.
-    return QStringLiteral("<b>%1</b><br>%2").arg(name.toHtmlEscaped(), tip);
 }
 
 void CanvasViewWidget::changeEvent(QEvent* event) {
