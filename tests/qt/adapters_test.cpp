@@ -66,7 +66,8 @@ class AdaptersTest : public WindowTest {
             Answer atReturn, atEscape;
         };
         DialogScript dialogs;
-        const QString text = QStringLiteral("<b>1 < 2</b>") + QStringLiteral(" several words").repeated(200);
+        const QString text = QStringLiteral("<b>1 < 2</b>") + QStringLiteral(" several words").repeated(200) +
+                             QStringLiteral("/a/folder").repeated(100);
         for (const Row& row : {Row{Buttons::ok, Answer::ok, Answer::ok},
                                {Buttons::okCancel, Answer::ok, Answer::cancel},
                                {Buttons::yesNo, Answer::yes, Answer::no},
@@ -80,7 +81,6 @@ class AdaptersTest : public WindowTest {
                     QCOMPARE(box.windowTitle(), QStringLiteral("ORVENT II"));
                     QCOMPARE(box.text(), text);
                     QCOMPARE(box.textFormat(), Qt::PlainText);
-                    QVERIFY2(box.width() < 900, qPrintable(QString::number(box.width())));
                     QTest::keyClick(&window, key);
                 });
                 const Answer got = QtMessageBox().show(text.toStdString(), "", platform::Icon::question, row.buttons);

@@ -1,5 +1,8 @@
 #include <QApplication>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <array>
 
 #include "qt/platform/adapters.h"
@@ -59,6 +62,34 @@ Answer answerOf(int button) {
     }
 }
 
+/// A text that is too high for a small screen, or has a word that is too wide for it, stands in a field that scrolls
+/// and breaks words. Other texts stay as the toolkit lays them out.
+void fitText(QMessageBox& box) {
+    constexpr QSize room(460, 240);
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!label || !grid) {
+        return;
+    }
+    const QSize needed =
+        label->fontMetrics().boundingRect(QRect(0, 0, room.width(), 0), Qt::TextWordWrap, box.text()).size();
+    if (needed.width() <= room.width() && needed.height() <= room.height()) {
+        return;
+    }
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(label), &row, &column, &rows, &columns);
+    auto* field = new QPlainTextEdit(box.text(), &box);
+    field->setReadOnly(true);
+    field->setTabChangesFocus(true);
+    field->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    field->setFixedSize(room);
+    label->hide();
+    grid->addWidget(field, row, column, rows, columns);
+}
+
 }  // namespace
 
 Answer QtMessageBox::showWith(const std::string& smaller, const std::string& text, const std::string& title,
@@ -74,6 +105,7 @@ Answer QtMessageBox::showWith(const std::string& smaller, const std::string& tex
     box.setStandardButtons(row.shown);
     box.setDefaultButton(row.standard);
     box.setEscapeButton(row.escape);
+    fitText(box);
     return answerOf(box.exec());
 }
 
