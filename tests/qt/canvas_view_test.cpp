@@ -168,6 +168,17 @@ class CanvasViewTest : public WindowTest {
         }
     }
 
+    void nothingShinesThroughADimmedBox() {
+        Scene scene;
+        const canvas::LabelsD& from = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+        const canvas::LinesD& edge = scene.join(from, scene.add(canvas::NodeTypeRecordSet, 4500, 300));
+        scene.add(canvas::NodeTypeComment, 2400, 150);
+        scene.form.setLight({{1, 2}, {edge.Index()}, true});
+        const QImage image = scene.picture();
+        QVERIFY(contrast(scene.at(image, 2000, 525), scene.theme.canvas().background) > 3);
+        QCOMPARE(scene.at(image, 2500, 525), scene.at(image, 2500, 405));
+    }
+
     void arrowHeadsFollowTheirLines() {
         Scene scene;
         const canvas::LabelsD& from = scene.add(canvas::NodeTypeRecordSet, 300, 300);

@@ -98,13 +98,19 @@ void paintThin(const PaintContext& context, canvas::Figure figure, const QRectF&
     }
 }
 
-void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill) {
+void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill, bool faint) {
     const double pen = context.penWidth(1);
     const QPen border(context.colours.outline, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     const QPainterPath outline = nodeShape(figure).outline(box, context.transform.scale);
+    if (faint) {
+        // What lies below does not shine through.
+        context.painter.fillPath(outline, context.colours.background);
+        context.painter.setOpacity(1 - kDimmedShare);
+    }
     context.painter.fillPath(outline, fill);
     paintMarks(context, figure, box, fill, border);
     context.painter.strokePath(outline, border);
+    context.painter.setOpacity(1);
 }
 
 }  // namespace
@@ -136,15 +142,16 @@ void NodePainter::prepare(const PaintContext& context) {
     }
 }
 
-void NodePainter::paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill) {
+void NodePainter::paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill,
+                           bool faint) {
     const int width = static_cast<int>(std::lround(box.width() * context.pixelRatio));
     const int height = static_cast<int>(std::lround(box.height() * context.pixelRatio));
     if (width > kLargestPicture || height > kLargestPicture) {
-        drawBox(context, figure, box, fill);
+        drawBox(context, figure, box, fill, faint);
         return;
     }
     // Boxes stand on whole device pixels, so the same picture fits all of them.
-    QPixmap& picture = pictures_[{figure, width, height, fill.rgb()}];
+    QPixmap& picture = pictures_[{figure, width, height, fill.rgb(), faint}];
     const double margin =
         kPictureMargin + box.left() - std::floor(box.left() * context.pixelRatio) / context.pixelRatio;
     if (picture.isNull()) {
@@ -155,7 +162,7 @@ void NodePainter::paintBox(const PaintContext& context, canvas::Figure figure, c
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
         const PaintContext inside{painter, context.transform, context.colours, context.pixelRatio, context.detail};
-        drawBox(inside, figure, QRectF(QPointF(margin, margin), box.size()), fill);
+        drawBox(inside, figure, QRectF(QPointF(margin, margin), box.size()), fill, faint);
     }
     context.painter.drawPixmap(box.topLeft() - QPointF(margin, margin), picture);
 }
@@ -199,8 +206,8 @@ void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node
         paintThin(context, node.figure(), place, state.dimmed ? dimmed(colours, context.colours).fill : colours.fill);
     } else {
         const QRectF box = context.sharp(place, context.penWidth(1));
+        paintBox(context, node.figure(), box, colours.fill, state.dimmed);
         context.painter.setOpacity(state.dimmed ? 1 - kDimmedShare : 1);
-        paintBox(context, node.figure(), box, colours.fill);
         paintCaption(context, node, box, colours.caption);
         context.painter.setOpacity(1);
     }

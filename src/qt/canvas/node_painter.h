@@ -46,9 +46,11 @@ class NodePainter {
     const CaptionCache& cache() const { return captions_; }
 
   private:
-    using PictureKey = std::tuple<canvas::Figure, int, int, QRgb>;  // figure, width and height in device pixels, fill
+    /// Figure, width and height in device pixels, fill, and whether it is faint.
+    using PictureKey = std::tuple<canvas::Figure, int, int, QRgb, bool>;
 
-    void paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill);
+    void paintBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill,
+                  bool faint);
     void paintCaption(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box,
                       const QColor& colour);
 
