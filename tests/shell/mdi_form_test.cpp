@@ -220,9 +220,16 @@ TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     repository.input.expect("ZOOM IN RATIO :", "Zooming IN", "", "1,5");
     frame.frame.run(Command::zoomIn);
     EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
-    repository.input.expect("ZOOM OUT RATIO :", "Zooming OUT", "", "");
-    frame.frame.run(Command::zoomOut);
-    EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
+    // A ratio that would spoil the picture is refused, and asked for again.
+    for (const auto& [command, direction] : {std::pair{Command::zoomIn, "IN"}, {Command::zoomOut, "OUT"}}) {
+        frame.active().Labels.Add({100, 300, 1000, 500}, std::string("Below") + direction, canvas::NodeTypeRecordSet);
+        const std::string asked = std::string("ZOOM ") + direction + " RATIO :";
+        repository.input.expect(asked, std::string("Zooming ") + direction, "", "1000000");
+        repository.messages.expect("PLEASE GIVE A SMALLER ZOOM RATIO!!", "", platform::Icon::warning);
+        repository.input.expect(asked, std::string("Zooming ") + direction, "", "");
+        frame.frame.run(command);
+        EXPECT_EQ(frame.active().nodeNamed("RS")->Width(), 1500);
+    }
 
     frame.active().DeletedNodes->Add(1, entities::DeletedRecordSet);
     frame.frame.tools().setEmptyState();
