@@ -137,6 +137,7 @@ constexpr std::array kHandyKeys = {
     HandyKey{"Ctrl+Arrow keys", "Move the selected nodes by 100 twips"},
     HandyKey{"Enter", "Open a node, place one, or draw an edge"},
     HandyKey{"Shift+F10", "Open the menu of what is selected"},
+    HandyKey{"Tab", "Go to the side menu and the tabs"},
     HandyKey{"Drag a node", "Move it, or the whole selection"},
     HandyKey{"Drag the ground", "Select what lies in a rectangle"},
     HandyKey{"Ctrl+Click", "Select one more, or one less"},

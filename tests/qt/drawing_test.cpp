@@ -1,5 +1,7 @@
 // A scenario drawn by hand: real mouse and key events from an empty canvas to the repository and back.
 
+#include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -7,6 +9,7 @@
 #include <QPrinter>
 #include <QScrollBar>
 #include <QToolBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -456,9 +459,63 @@ class DrawingTest : public WindowTest {
         QCOMPARE(pressed(), "Arrow");
         QCOMPARE(desk.node("Comment0").Comment(), "m");
         QVERIFY(desk.editor().hasFocus());
+        desk.clickAt({desk.node("Comment0").Left() + 300, desk.node("Comment0").Top() + 200});
+        QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(desk.window(), &menuKey);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QCOMPARE(QApplication::activePopupWidget()->objectName(), QStringLiteral("CommentM"));
+        QApplication::activePopupWidget()->close();
+        desk.frame.activateWindow();
+        QApplication::processEvents();
         desk.answerClose("By hand", platform::Answer::cancel);
         desk.key(Qt::Key_Q, Qt::ControlModifier);
         QVERIFY(desk.frame.isVisible());
+        desk.answerClose("By hand", platform::Answer::ok);
+        desk.key(Qt::Key_Q, Qt::ControlModifier);
+        QVERIFY(!desk.frame.isVisible() && !desk.logic.anyScenario());
+    }
+
+    void tabWalksOutOfTheCanvasAndBack() {
+        Desk desk;
+        desk.open("Behind");
+        CanvasEditor& behind = desk.editor();
+        desk.open("In front");
+        const auto rim = [&] { return desk.editor().grab().toImage().pixelColor(0, desk.editor().height() / 2); };
+        const QColor accent = desk.theme.canvas().accent;
+        for (const auto& [key, modifiers] :
+             {std::pair{Qt::Key_Tab, Qt::NoModifier}, {Qt::Key_Backtab, Qt::ShiftModifier}}) {
+            QVERIFY(desk.editor().hasFocus());
+            QCOMPARE(rim(), accent);
+            QSet<QWidget*> passed;
+            for (int presses = 0; presses < 40 && (passed.isEmpty() || !desk.editor().hasFocus()); ++presses) {
+                desk.key(key, modifiers);
+                passed.insert(QApplication::focusWidget());
+                QVERIFY(desk.editor().hasFocus() || rim() != accent);
+            }
+            QVERIFY(desk.editor().hasFocus());
+            QVERIFY(passed.contains(control<QWidget>(desk.frame, "LDL")) && !passed.contains(&behind));
+        }
+    }
+
+    void whatAGestureOrTheRestingPointerTells() {
+        Desk desk;
+        desk.tool("NodeBar", "Activity");
+        desk.place("Activity", {3000, 3000});
+        desk.node("Activity1").activity()->Act_Type = 1;
+        const QPoint at = desk.editor().transform().toPixels(Point{3000, 3000}).toPoint();
+        QHelpEvent help(QEvent::ToolTip, at, desk.editor().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(desk.editor().viewport(), &help);
+        const QString type = QString::fromStdString(desk.logic.catalogue().tables.activityTypes.name(1));
+        QVERIFY(!type.isEmpty());
+        QCOMPARE(QToolTip::text(), QStringLiteral("<b>Activity1</b><br>Activity, %1, ready<br>inputs: 0, outputs: "
+                                                  "0, parameters: 0")
+                                       .arg(type));
+        QToolTip::hideText();
+        desk.tool("EdgeBar", "Provider");
+        desk.drag({3400, 3000}, {9000, 9000});
+        desk.moveTo({9100, 9000});
+        QCOMPARE(desk.form().Lines.Count(), 0);
+        QCOMPARE(desk.frame.statusBar()->currentMessage(), QStringLiteral("An edge ends at a node."));
     }
 
     void theCornerTellsScaleAndPlace() {

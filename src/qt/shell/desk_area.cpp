@@ -41,6 +41,7 @@ QToolButton* newCloseButton(DeskWindow* window, QTabBar* tabs) {
 DeskArea::DeskArea(const Theme& theme, QWidget* parent) : QMdiArea(parent), theme_(theme) {
     setDocumentMode(true);
     setFrameShape(NoFrame);
+    setFocusPolicy(Qt::NoFocus);
     setTabsMovable(true);
     setViewMode(TabbedView);
     connect(this, &QMdiArea::subWindowActivated, this, &DeskArea::activated);
@@ -122,7 +123,9 @@ void DeskArea::activated(QMdiSubWindow* window) {
     if (DeskWindow* next = own(window)) {
         if (active_ && active_ != next) {
             active_->editor().cancelGesture();
+            active_->showInFront(false);
         }
+        next->showInFront(true);
         active_ = next;
         fillTab(*next);
         Q_EMIT activeChanged();

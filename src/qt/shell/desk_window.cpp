@@ -22,6 +22,17 @@ constexpr std::chrono::milliseconds kSettling(300);
 
 }  // namespace
 
+bool walkFocus(QWidget& from, bool next) {
+    const auto step = [next](const QWidget* at) { return next ? at->nextInFocusChain() : at->previousInFocusChain(); };
+    for (QWidget* at = step(&from); at && at != &from; at = step(at)) {
+        if (at->focusPolicy() & Qt::TabFocus && at->isVisible() && at->isEnabled() && !from.isAncestorOf(at)) {
+            at->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+    }
+    return false;
+}
+
 DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                        AskClose askClose)
     : form_(&form),
@@ -96,6 +107,11 @@ void DeskWindow::formChanged() {
     legend_->refresh();
     changeSeen();
     Q_EMIT formShown();
+}
+
+// The toolkit keeps the Tab key within a child window.
+bool DeskWindow::focusNextPrevChild(bool next) {
+    return walkFocus(*this, next);
 }
 
 void DeskWindow::closeEvent(QCloseEvent* event) {

@@ -38,6 +38,9 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     /// The view's scale and the pointer's place.
     const QString& corner() const { return corner_; }
 
+    /// Only the window in front is on the way of the Tab key.
+    void showInFront(bool front) { setFocusPolicy(front ? Qt::StrongFocus : Qt::ClickFocus); }
+
     /// Takes input or not, as its form does.
     void showEnabled();
 
@@ -51,6 +54,7 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     void showCorner(std::optional<canvas::Point> place);
@@ -70,5 +74,10 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     QTimer settling_;
     QString corner_;
 };
+
+/// Takes the focus from a control of the frame to the next, or the one before, at which the Tab key stops. The window
+/// of the scenario in front is one of them, which the toolkit would pass by for the sake of its focus proxy. False when
+/// there is none.
+bool walkFocus(QWidget& from, bool next);
 
 }  // namespace orvent::qt

@@ -13,6 +13,7 @@
 #include <cstdlib>
 
 #include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 #include "qt/shell/dialog_windows.h"
 #include "qt/shell/frame_tools.h"
 #include "qt/shell/side_menu.h"
@@ -215,6 +216,11 @@ void FrameWindow::changeEvent(QEvent* event) {
         logic_->tools().palettes.minimize(isMinimized());
     }
     QMainWindow::changeEvent(event);
+}
+
+bool FrameWindow::focusNextPrevChild(bool next) {
+    QWidget* from = focusWidget();
+    return walkFocus(from ? *from : *this, next);
 }
 
 void FrameWindow::leaveProcess() {

@@ -49,6 +49,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     static void leaveProcess();

@@ -56,9 +56,10 @@ void drawToolButton(const QStyleOption* option, QPainter* painter) {
     } else if (option->state & QStyle::State_MouseOver) {
         share = 0.13;
     }
-    if (share > 0) {
+    const bool focus = option->state & QStyle::State_HasFocus;
+    if (share > 0 || focus) {
         panel(painter, option->rect, blend(colours.color(QPalette::Window), colours.color(QPalette::Highlight), share),
-              {});
+              focus ? colours.color(QPalette::Highlight) : QColor());
     }
 }
 
