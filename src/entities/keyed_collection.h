@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <concepts>
 #include <cstddef>
 #include <memory>
@@ -11,12 +10,14 @@
 
 #include "entities/keyed_slots.h"
 #include "platform/fault.h"
+#include "platform/tiered_vector.h"
 
 namespace orvent::entities {
 
-/// A keyed collection: keeps insertion order, inserts at a position, finds by key and by 1-based position in constant
-/// time. A number is always a position and a text always a key. `Item` and `Remove` of what is not there yield
-/// nothing. Adding under a taken key throws a `Fault` and changes nothing. An item's address never changes.
+/// A keyed collection: keeps insertion order, finds by key and by 1-based position in constant time, and inserts and
+/// removes anywhere at nearly the same cost whatever its length. A number is always a position and a text always a key.
+/// `Item` and `Remove` of what is not there yield nothing. Adding under a taken key throws a `Fault` and changes
+/// nothing. An item's address never changes.
 ///
 /// `Holder` is a `unique_ptr`, or a `shared_ptr` where a node of a canvas holds the same item.
 template <class T, class Holder = std::unique_ptr<T>, class Slot = KeyedSlot<Holder>>
@@ -42,7 +43,7 @@ class KeyedCollection {
     }
 
     /// The collection key of the item at `position`, empty when it was added without one.
-    const std::string& keyAt(int position) const { return slots_.at(index(position)).key(); }
+    const std::string& keyAt(int position) const { return slots_[index(position)].key(); }
 
     /// The 1-based position of the key, 0 when there is none.
     int positionOf(const std::string& key) const {
@@ -59,9 +60,9 @@ class KeyedCollection {
             throw platform::Fault("This key is already associated with an element of this collection: " + key);
         }
         T& result = *item;
-        slots_.insert(slots_.begin() + (position - 1), Slot(std::move(item), key));
+        slots_.insert(index(position), Slot(std::move(item), key));
         if (positions_ && !key.empty()) {
-            (*positions_)[key] = index(position);
+            positions_->seen[key] = index(position);
         }
         return result;
     }
@@ -82,11 +83,9 @@ class KeyedCollection {
         if (!holds(from) || !holds(to)) {
             return;
         }
-        const auto first = slots_.begin() + std::min(from, to) - 1;
-        const auto last = slots_.begin() + std::max(from, to);
-        std::rotate(first, from < to ? first + 1 : last - 1, last);
+        slots_.insert(index(to), slots_.erase(index(from)));
         if (positions_ && !keyAt(to).empty()) {
-            (*positions_)[keyAt(to)] = index(to);
+            positions_->seen[keyAt(to)] = index(to);
         }
     }
 
@@ -111,8 +110,7 @@ class KeyedCollection {
                 places.push_back(at);
             }
         }
-        std::vector<Slot> ordered;
-        ordered.reserve(slots_.size());
+        platform::TieredVector<Slot> ordered;
         for (const std::size_t at : places) {
             ordered.push_back(std::move(slots_[at]));
         }
@@ -120,16 +118,14 @@ class KeyedCollection {
         positions_.reset();
     }
 
-    auto begin() { return Iterator<T>(slots_.data()); }
-    auto end() { return Iterator<T>(slots_.data() + slots_.size()); }
-    auto begin() const { return Iterator<const T>(slots_.data()); }
-    auto end() const { return Iterator<const T>(slots_.data() + slots_.size()); }
+    auto begin() { return Iterator<T>(slots_.begin()); }
+    auto end() { return Iterator<T>(); }
+    auto begin() const { return Iterator<const T>(slots_.begin()); }
+    auto end() const { return Iterator<const T>(); }
 
   private:
     // Below this many items a walk is as quick as a table and takes no room.
     static constexpr std::size_t kWalk = 8;
-    // A remembered position may lag behind insertions and removals; past this distance all are renewed.
-    static constexpr std::size_t kDrift = 64;
 
     static std::size_t index(int position) { return static_cast<std::size_t>(position - 1); }
     bool holds(int position) const { return position >= 1 && position <= Count(); }
@@ -152,46 +148,49 @@ class KeyedCollection {
         if (!positions_) {
             renew();
         }
-        const auto entry = positions_->find(key);
-        if (entry == positions_->end()) {
+        const auto entry = positions_->seen.find(key);
+        if (entry == positions_->seen.end()) {
             return slots_.size();
         }
-        std::size_t& hint = entry->second;
-        for (std::size_t step = 0; step <= kDrift; ++step) {
-            if (step <= hint && isAt(hint - step, key)) {
-                return hint -= step;
-            }
-            if (isAt(hint + step, key)) {
-                return hint += step;
-            }
+        if (isAt(entry->second, key)) {
+            return entry->second;
+        }
+        const auto at =
+            platform::searchNear(entry->second, positions_->drift, [&](std::size_t place) { return isAt(place, key); });
+        if (at != platform::kNowhere) {
+            return entry->second = at;
         }
         renew();
-        return positions_->find(key)->second;
+        return positions_->seen.find(key)->second;
     }
 
     void renew() const {
         if (!positions_) {
             positions_ = std::make_unique<Positions>();
         }
-        for (std::size_t at = 0; at < slots_.size(); ++at) {
-            if (!slots_[at].key().empty()) {
-                (*positions_)[slots_[at].key()] = at;
+        std::size_t at = 0;
+        for (auto slot = slots_.begin(); slot != slots_.end(); ++slot, ++at) {
+            if (!(*slot).key().empty()) {
+                positions_->seen[(*slot).key()] = at;
             }
         }
+        positions_->drift = 0;
     }
 
     Holder take(std::size_t at) {
         if (positions_) {
-            positions_->erase(slots_[at].key());
+            positions_->seen.erase(slots_[at].key());
         }
-        Holder item = std::move(slots_[at].item);
-        slots_.erase(slots_.begin() + static_cast<std::ptrdiff_t>(at));
-        return item;
+        return std::move(slots_.erase(at).item);
     }
 
-    using Positions = std::unordered_map<std::string, std::size_t>;
+    /// Where each key was seen last. That may lag behind insertions and removals.
+    struct Positions {
+        std::unordered_map<std::string, std::size_t> seen;
+        std::ptrdiff_t drift = 0;
+    };
 
-    std::vector<Slot> slots_;
+    platform::TieredVector<Slot> slots_;
     mutable std::unique_ptr<Positions> positions_;  // only of a collection that is too long to be walked
 };
 

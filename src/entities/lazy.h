@@ -34,7 +34,7 @@ class Lazy {
   private:
     template <class Part>
     static auto none() {
-        return decltype(std::declval<Part&>().begin())(nullptr);
+        return decltype(std::declval<Part&>().begin())();
     }
 
     std::unique_ptr<T> value_;

@@ -21,21 +21,18 @@ int List::positionOf(const std::string& Key) const {
     return first;
 }
 
-// Rows that come and go above a row shift it a little, so it stands near the place where it was seen last. Past some
-// distance the places of all rows are renewed.
 int List::placeOf(const Held& row) const {
-    constexpr int kDrift = 64;
-    const auto isAt = [&](int place) { return holds(place) && rows_[index(place)].get() == &row; };
-    for (int step = 0; step <= kDrift; ++step) {
-        for (const int place : {row.place - step, row.place + step}) {
-            if (isAt(place)) {
-                return row.place = place;
-            }
-        }
+    const std::size_t at = platform::searchNear(index(row.place), drift_, [&](std::size_t place) {
+        return place < rows_.size() && rows_[place].get() == &row;
+    });
+    if (at != platform::kNowhere) {
+        return row.place = static_cast<int>(at) + 1;
     }
-    for (int place = 1; place <= Count(); ++place) {
-        rows_[index(place)]->place = place;
+    int place = 0;
+    for (auto held = rows_.begin(); held != rows_.end(); ++held) {
+        (*held)->place = ++place;
     }
+    drift_ = 0;
     return row.place;
 }
 
@@ -57,7 +54,7 @@ int List::add(ListRow row, int position) {
         auto held = std::make_unique<Held>(std::move(row));
         held->place = at;
         byKey_.emplace(held->Key, held.get());
-        rows_.insert(rows_.begin() + at - 1, std::move(held));
+        rows_.insert(index(at), std::move(held));
         shiftSelection([at](int each) { return each >= at ? each + 1 : each; });
     });
     return at;
@@ -74,7 +71,7 @@ void List::remove(int position) {
     }
     tell({Kind::removed, position}, [&] {
         unlist(*rows_[index(position)]);
-        rows_.erase(rows_.begin() + position - 1);
+        rows_.erase(index(position));
         shiftSelection([position](int each) { return each == position ? 0 : each > position ? each - 1 : each; });
     });
 }
@@ -84,9 +81,7 @@ void List::move(int from, int to) {
         return;
     }
     tell({Kind::moved, from, to}, [&] {
-        const auto first = rows_.begin() + std::min(from, to) - 1;
-        const auto last = rows_.begin() + std::max(from, to);
-        std::rotate(first, from < to ? first + 1 : last - 1, last);
+        rows_.insert(index(to), rows_.erase(index(from)));
         rows_[index(to)]->place = to;
         shiftSelection([from, to](int each) {
             if (each == from) {

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/tiered_vector.h"
+
 namespace orvent::forms {
 
 /// A row of a list.
@@ -51,11 +53,11 @@ class List {
         explicit Held(ListRow row) : ListRow(std::move(row)) {}
         mutable int place = 0;
     };
-    using Place = std::vector<std::unique_ptr<Held>>::const_iterator;
+    using Place = platform::TieredVector<std::unique_ptr<Held>>::Iterator;
 
     class Iterator {
       public:
-        explicit Iterator(Place at) : at_(at) {}
+        explicit Iterator(const Place& at) : at_(at) {}
         const ListRow& operator*() const { return **at_; }
         Iterator& operator++() {
             ++at_;
@@ -122,8 +124,9 @@ class List {
     void unlist(const Held& row);
     void tell(const ListChange& change, const std::function<void()>& act);
 
-    std::vector<std::unique_ptr<Held>> rows_;
+    platform::TieredVector<std::unique_ptr<Held>> rows_;
     std::unordered_multimap<std::string, const Held*> byKey_;
+    mutable std::ptrdiff_t drift_ = 0;  // by how much the row that was looked for last had been shifted
     std::vector<int> selection_;
     int current_ = 0;
     std::optional<std::string> hint_;
