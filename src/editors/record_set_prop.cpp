@@ -245,7 +245,7 @@ bool RecordSetProp::apply() {
         return false;
     }
     if (forms::hasFault(txtRecordSetName, forms::NameFault::dot)) {
-        tell("DOTS ARE NOT ALLOWED IN NAMES");
+        tell("DOTS ARE NOT ALLLOWED IN NAMES");
         return false;
     }
     const std::string former = ActiveNode.Caption();

@@ -95,7 +95,7 @@ void SetActProp::txtName_Leave() {
     }
     leaving_ = true;
     if (forms::hasFault(txtName, forms::NameFault::dot)) {
-        tell("DOTS ARE NOT ALLOWED IN NAMES", Icon::warning);
+        tell("DOTS ARE NOT ALLLOWED IN NAMES", Icon::warning);
         setName(ActiveNode.Caption());
     } else {
         const std::string former = ActiveNode.Caption();

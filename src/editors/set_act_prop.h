@@ -107,6 +107,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void LoadActivity();
     bool ApplyActivity();
     void bindFunctions(const entities::ActivityProperties& former, entities::ActivityProperties& now);
+    void carryBroughtKeys(entities::ActivityProperties& record, const std::string& formerName);
     bool takeName(const std::string& name);
     void followName();
     void setName(const std::string& text);

@@ -1,5 +1,6 @@
 // How the activity dialog gives its copy to the graph, and what its end puts back.
 
+#include "editors/activity_rename.h"
 #include "editors/set_act_prop.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
@@ -83,12 +84,27 @@ bool SetActProp::ApplyActivity() {
     ActiveNode.Properties = record;
     bindFunctions(*former, *record);
     zoom::SynchronizeActivity(ParForm, *record, nullptr);
+    carryBroughtKeys(*record, keptCaption_);
     keptCaption_ = txtName;
     deletedMark_ = ParForm.DeletedNodes->mark();
     ParForm.tellChanged(ActiveNode);
     Saved = true;
     tell("Properties Saved", Icon::information);
     return true;
+}
+
+/// Outputs that the type brought bear the activity's name in their keys, and so do the members downstream that they
+/// feed: these follow a new name.
+void SetActProp::carryBroughtKeys(ActivityProperties& record, const std::string& formerName) {
+    if (record.Act_Name == formerName) {
+        return;
+    }
+    for (AttributeProperties& output : record.Act_Outputs) {
+        const std::string formerKey = withNewHead(output.Key, record.Act_Name, formerName);
+        if (formerKey != output.Key) {
+            zoom::PropagateRename(ParForm, output, formerKey);
+        }
+    }
 }
 
 /// The nodes of functions that the activity uses show the very objects of its collection; those that it gave up are

@@ -57,11 +57,10 @@ std::string farKey(const Row& row, const std::string& name, const std::string& k
     return row.relative ? relativeKey(row.to, key) : wholeKey(name, row.to, key);
 }
 
-/// A link follows when its far end bears the old key. Old keys with a dot, as brought members have them, are never
-/// followed.
+/// A link follows when its far end bears the old key as a whole.
 template <class Link>
 bool follows(const Row& row, const Link& link, const std::string& oldKey) {
-    return (link.type() == row.types[0] || link.type() == row.types[1]) && AfterLastDot(link.key()) == oldKey &&
+    return (link.type() == row.types[0] || link.type() == row.types[1]) &&
            link.key() == farKey(row, link.name(), oldKey);
 }
 

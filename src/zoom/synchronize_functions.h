@@ -39,7 +39,8 @@ void SynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, entities::R
 /// Carries the new `Key` of an attribute down the data flow: to the inputs that read it, from an input to the outputs
 /// and parameters of its activity, from an output to the inputs downstream, as far as they bear `OldKey`. The caller
 /// has unsynchronised the attribute under its old key and synchronises it afterwards. An owner that has an entity of
-/// the new key already ends the chain. Every renamed entity is replaced by a clone at its place, with `Changed` set.
+/// the new key already ends the chain. A key that a type brought, `<activity>.<name>`, is followed like any other.
+/// Every renamed entity is replaced by a clone at its place, with `Changed` set.
 void PropagateRename(canvas::Canvas& Form, entities::AttributeProperties& A, const std::string& OldKey);
 
 }  // namespace orvent::zoom

@@ -163,7 +163,7 @@ TEST_F(RecordSetPropTest, OKCarriesNamesDownstream) {
 TEST_F(RecordSetPropTest, OKIsRefusedInOrder) {
     RecordSetProp dialog = open();
     dialog.txtRecordSetName_Change("a.b");
-    messages.expect("DOTS ARE NOT ALLOWED IN NAMES", "", Icon::warning);
+    messages.expect("DOTS ARE NOT ALLLOWED IN NAMES", "", Icon::warning);
     EXPECT_FALSE(dialog.OK());
     dialog.MoveAll2Tree_Click();
     messages.expect("PLEASE SET THE RECORDSET'S DATA", "", Icon::warning);

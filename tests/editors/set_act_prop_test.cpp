@@ -46,10 +46,10 @@ class SetActPropTest : public testkit::RepositoryTest {
     }
 
     ActivityProperties& activity() { return *form->nodeNamed("Act")->activity(); }
-    std::unique_ptr<SetActProp> open() {
+    std::unique_ptr<SetActProp> open(const char* node = "Act") {
         return std::make_unique<SetActProp>(
             EditorServices{services, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
-            *form->nodeNamed("Act"));
+            *form->nodeNamed(node));
     }
     static void click(SetActProp& dialog, const std::string& key) {
         forms::Tree& tree = key.starts_with("DB") ? dialog.DBView : dialog.ActView;
@@ -223,6 +223,13 @@ TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
         void done(const forms::TreeChange& change) override { count += change.kind == forms::TreeChange::Kind::reset; }
         void done(const forms::ListChange& change) override { count += change.kind == forms::ListChange::Kind::reset; }
     } resets;
+    testkit::GraphBuilder graph(*form);
+    ActivityProperties& after = *form->nodeNamed("After")->activity();
+    after.Act_Outputs->Add("Act.Made", 0, 0, "Act.Made").ParentKeyName = "After";
+    after.Act_Inputs->Item("Act.Made")->SubNode_ID = 77;
+    graph.pass("After", "Act.Made", "Act.Made");
+    graph.activity("Last", {"Act.Made", "Act.Other"});
+    graph.feed("After.OUT.Act.Made", "Last.IN.Act.Made");
     const auto dialog = open();
     dialog->ActView.watch(&resets);
     dialog->DBView.watch(&resets);
@@ -242,17 +249,57 @@ TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
     ASSERT_TRUE(made);
     EXPECT_EQ(made->ParentKeyName, "New");
     EXPECT_EQ(renamed.Act_Outputs.peek()->Item("RS_ID")->ProvidedFrom.peek()->Item(".IN.RS_ID")->Provider_Name, "New");
-    testkit::GraphBuilder graph(*form);
-    EXPECT_TRUE(graph.attribute("After.IN.Act.Made").ProvidedFrom.peek()->Item("New.OUT.New.Made"));
-    EXPECT_EQ(graph.attribute("After.IN.Act.Made").ProvidedFrom.count(), 1);
+    // What the brought output feeds bears the new name, too, as far as the key goes.
+    ActivityProperties& last = *form->nodeNamed("Last")->activity();
+    for (const auto& [member, provider] : {std::pair{after.Act_Inputs->Item("New.Made"), "New.OUT.New.Made"},
+                                           {after.Act_Outputs->Item("New.Made"), ".IN.New.Made"},
+                                           {last.Act_Inputs->Item("New.Made"), "After.OUT.New.Made"}}) {
+        ASSERT_TRUE(member) << provider;
+        EXPECT_TRUE(member->ProvidedFrom.peek()->Item(provider)) << provider;
+        EXPECT_EQ(member->ProvidedFrom.count(), 1) << provider;
+        EXPECT_TRUE(member->Changed) << provider;
+    }
+    EXPECT_EQ(after.Act_Inputs->Count(), 1);
+    EXPECT_EQ(after.Act_Inputs->Item(1)->SubNode_ID, 77) << "it stays the same stored member";
+    EXPECT_EQ(made->ProviderFor.count(), 1);
+    EXPECT_TRUE(made->ProviderFor.peek()->Item("After.IN.New.Made"));
+    EXPECT_TRUE(last.Act_Inputs->Item("Act.Other")) << "nothing feeds it";
     EXPECT_TRUE(graph.attribute("RS.ID").ProviderFor.peek()->Item("New.IN.RS_ID"));
     EXPECT_FALSE(graph.attribute("RS.ID").ProviderFor.peek()->Item("Act.IN.RS_ID"));
+}
+
+TEST_F(SetActPropTest, TwoDialogsOverOneScenarioLeaveItsLinksWhole) {
+    const std::string before = testkit::modelText(*form);
+    for (const bool outerFirst : {true, false}) {
+        auto outer = open(), inner = open("After");
+        click(*outer, "DB.RS.NAME");
+        click(*inner, "DB.RS.PRICE");
+        for (const bool which : {outerFirst, !outerFirst}) {
+            answerClosing(Answer::no);
+            EXPECT_TRUE((which ? outer : inner)->mayClose());
+            (which ? outer : inner)->end();
+        }
+        EXPECT_EQ(testkit::modelText(*form), before);
+    }
+    auto outer = open(), inner = open("After");
+    click(*inner, "DB.RS.PRICE");
+    inner->ActTypes = outer->ActTypes = 0;
+    outer->Saved = false;
+    for (SetActProp* dialog : {inner.get(), outer.get()}) {
+        messages.expect("Properties Saved", "", Icon::information);
+        EXPECT_TRUE(dialog->OK());
+        dialog->end();
+    }
+    const ActivityProperties& after = *form->nodeNamed("After")->activity();
+    EXPECT_TRUE(after.Act_Inputs.peek()->Item("Act.Made")->ProvidedFrom.peek()->Item("Act.OUT.Act.Made"));
+    EXPECT_TRUE(activity().Act_Outputs->Item("Act.Made")->ProviderFor->Item("After.IN.Act.Made"));
+    EXPECT_TRUE(after.Act_Inputs.peek()->Item("RS_PRICE"));
 }
 
 TEST_F(SetActPropTest, NamesAreCheckedWhenTheBoxIsLeft) {
     const auto dialog = open();
     dialog->txtName_Change("a.b");
-    messages.expect("DOTS ARE NOT ALLOWED IN NAMES", "", Icon::warning);
+    messages.expect("DOTS ARE NOT ALLLOWED IN NAMES", "", Icon::warning);
     dialog->txtName_Leave();
     EXPECT_EQ(dialog->txtName, "Act");
     dialog->txtName_Change("RS");
