@@ -97,8 +97,9 @@ void TypeEditorWindow::showFields() {
         }
     }
     if (ldl_) {
-        showPlainText(*sql_, logic_.txtSQL);
-        sqlColouring_->colourAll();
+        if (showPlainText(*sql_, logic_.txtSQL)) {
+            sqlColouring_->colourAll();
+        }
         showPlainText(*ldl_, logic_.txtLDL);
         sql_->setReadOnly(!editing);
         ldl_->setReadOnly(!editing);

@@ -36,14 +36,15 @@ int virtualKey(int key) {
 /// A text box during one call of the checker. Positions are those of the box's document.
 class BoxText : public statements::ColouredText {
   public:
-    BoxText(QTextEdit& box, LongLineColours& longLines)
+    /// `joined`: what changes is undone together with the step before it.
+    BoxText(QTextEdit& box, LongLineColours& longLines, bool joined)
         : box_(box),
           longLines_(longLines),
           quiet_(box),
           edit_(box.document()),
           caret_(box.textCursor()),
           scroll_(box.verticalScrollBar()) {
-        edit_.beginEditBlock();
+        joined ? edit_.joinPreviousEditBlock() : edit_.beginEditBlock();
     }
 
     ~BoxText() override {
@@ -172,15 +173,22 @@ KeywordColouring::KeywordColouring(QTextEdit& box, statements::Letters letters)
     box.installEventFilter(this);
 }
 
-void KeywordColouring::colourAll() {
-    BoxText text(box_, *longLines_);
-    checker_.ColourText(text, letters_);
+int KeywordColouring::undoSteps() const {
+    return box_.document()->availableUndoSteps();
 }
 
-void KeywordColouring::examine(int key) {
+void KeywordColouring::colourAll() {
+    {
+        BoxText text(box_, *longLines_, false);
+        checker_.ColourText(text, letters_);
+    }
+    box_.document()->clearUndoRedoStacks();
+}
+
+void KeywordColouring::examine(int key, bool joined) {
     bool lettersChanged = false;
     {
-        BoxText text(box_, *longLines_);
+        BoxText text(box_, *longLines_, joined);
         checker_.txtSQL_KeyDown(key, false, text, letters_);
         lettersChanged = text.lettersChanged();
     }
@@ -189,28 +197,49 @@ void KeywordColouring::examine(int key) {
     }
 }
 
-/// The inks fit the new paper; nothing of it can be undone.
-void KeywordColouring::followPalette() {
-    const bool undoable = box_.document()->isUndoAvailable();
-    colourAll();
-    if (!undoable) {
-        box_.document()->clearUndoRedoStacks();
+/// Colours what ends with the key and lets the box take the key.
+void KeywordColouring::strike(QKeyEvent& stroke) {
+    const int before = undoSteps();
+    const int key = virtualKey(stroke.key());
+    if (key != 0 && !(stroke.modifiers() & Qt::ShiftModifier)) {
+        examine(key, false);
     }
+    QTextCursor step(box_.document());
+    undoSteps() > before ? step.joinPreviousEditBlock() : step.beginEditBlock();
+    static_cast<QObject&>(box_).event(&stroke);
+    step.endEditBlock();
+    stepped_ = undoSteps() > before;
+}
+
+/// The inks fit the new paper; that is no step of its own.
+void KeywordColouring::followPalette() {
+    if (undoSteps() == 0) {
+        colourAll();
+        return;
+    }
+    BoxText text(box_, *longLines_, true);
+    checker_.ColourText(text, letters_);
 }
 
 bool KeywordColouring::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::PaletteChange) {
         followPalette();
     }
-    const bool down = event->type() == QEvent::KeyPress;
-    if ((down || event->type() == QEvent::KeyRelease) && !box_.isReadOnly()) {
-        const auto& stroke = static_cast<const QKeyEvent&>(*event);
-        const int key = virtualKey(stroke.key());
-        // What delete and backspace leave behind is known when they are up again.
-        const bool deletes = stroke.key() == Qt::Key_Delete || stroke.key() == Qt::Key_Backspace;
-        if (key != 0 && !(stroke.modifiers() & Qt::ShiftModifier) && (down || deletes)) {
-            examine(key);
+    if ((event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) || box_.isReadOnly()) {
+        return QObject::eventFilter(watched, event);
+    }
+    auto& stroke = static_cast<QKeyEvent&>(*event);
+    const int key = virtualKey(stroke.key());
+    if (event->type() == QEvent::KeyPress) {
+        const bool types = !stroke.text().isEmpty() && stroke.text().front().isPrint();
+        if ((types || key != 0) && !stroke.matches(QKeySequence::Undo) && !stroke.matches(QKeySequence::Redo)) {
+            strike(stroke);
+            return true;
         }
+    } else if ((stroke.key() == Qt::Key_Delete || stroke.key() == Qt::Key_Backspace) &&
+               !(stroke.modifiers() & Qt::ShiftModifier)) {
+        // What they leave behind is known when they are up again.
+        examine(key, stepped_);
     }
     return QObject::eventFilter(watched, event);
 }

@@ -47,12 +47,9 @@ QCheckBox* StatementBox::addSwitch(const char* name, const QString& caption, con
 }
 
 void StatementBox::showText(const std::string& text) {
-    if (plainText(*box_) == text) {
-        return;
+    if (showPlainText(*box_, text)) {
+        colouring_->colourAll();
     }
-    showPlainText(*box_, text);
-    colouring_->colourAll();
-    box_->document()->clearUndoRedoStacks();
 }
 
 void StatementBox::setLetters(statements::Letters letters) {

@@ -14,14 +14,16 @@ std::string plainText(const QTextEdit& box) {
     return text.toStdString();
 }
 
-void showPlainText(QTextEdit& box, const std::string& text) {
+bool showPlainText(QTextEdit& box, const std::string& text) {
     QString lines = QString::fromStdString(text);
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    if (plainText(box) != lines.toStdString()) {
-        const QSignalBlocker quiet(box);
-        box.setPlainText(lines);
+    if (plainText(box) == lines.toStdString()) {
+        return false;
     }
+    const QSignalBlocker quiet(box);
+    box.setPlainText(lines);
+    return true;
 }
 
 }  // namespace orvent::qt
