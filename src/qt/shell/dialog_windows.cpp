@@ -45,17 +45,18 @@ void add(forms::Dialogs& dialogs, QWidget& frame) {
     });
 }
 
-/// The same for a window that takes the sizes of its last opening.
+/// The same for a window that takes the sizes of its last opening, by which name it is known.
 template <class Form, class Window>
-void addSized(forms::Dialogs& dialogs, QWidget& frame) {
-    dialogs.add<Form>([&frame, sizes = std::make_shared<WindowSizes>()](Form& form) {
-        Window(form, *sizes, parentOver(frame)).exec();
+void addSized(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes, const char* name) {
+    dialogs.add<Form>([&frame, &sizes, name](Form& form) {
+        Window(form, sizes.of(name), parentOver(frame)).exec();
+        sizes.store(name);
     });
 }
 
 }  // namespace
 
-void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
+void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes) {
     add<repository::UserLogin, UserLoginWindow>(dialogs, frame);
     add<repository::ReposForm, ReposFormWindow>(dialogs, frame);
     add<repository::frmDBLogin, DBLoginWindow>(dialogs, frame);
@@ -67,8 +68,8 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame) {
         window.exec();
         form.goTo = window.chosen();
     });
-    addSized<editors::SetActProp, SetActPropWindow>(dialogs, frame);
-    addSized<editors::RecordSetProp, RecordSetPropWindow>(dialogs, frame);
+    addSized<editors::SetActProp, SetActPropWindow>(dialogs, frame, sizes, "SetActProp");
+    addSized<editors::RecordSetProp, RecordSetPropWindow>(dialogs, frame, sizes, "RecordSetProp");
     add<editors::TypeEditor, TypeEditorWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
     add<editors::ItemProp, ItemWindow>(dialogs, frame);

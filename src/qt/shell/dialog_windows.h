@@ -6,7 +6,10 @@ class QWidget;
 
 namespace orvent::qt {
 
-/// Makes the windows of all dialogs known. They open over the dialog that is in front, or over the frame.
-void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame);
+class SizeMemory;
+
+/// Makes the windows of all dialogs known. They open over the dialog that is in front, or over the frame. The large
+/// ones take their sizes from `sizes` and leave them there.
+void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes);
 
 }  // namespace orvent::qt

@@ -45,7 +45,7 @@ FrameWindow::FrameWindow(const Theme& theme, std::function<void()> endAtOnce)
       commands_([this](shell::Command command) { run(command); }, nullptr),
       area_(new DeskArea(theme, this)) {
     setObjectName(QStringLiteral("MDIForm1"));
-    addDialogWindows(dialogs_, *this);
+    addDialogWindows(dialogs_, *this, sizes_);
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
     statusBar()->setSizeGripEnabled(false);
     viewCorner_ = new QLabel(this);
@@ -66,6 +66,7 @@ FrameWindow::~FrameWindow() {
 void FrameWindow::attach(shell::MDIForm1& logic) {
     logic_ = &logic;
     area_->attach(&logic);
+    sizes_.attach(&logic.services().store);
     // At the right of what a progress display has put there.
     statusBar()->addPermanentWidget(viewCorner_);
     statusBar()->addPermanentWidget(whoAndWhere_);
@@ -74,6 +75,7 @@ void FrameWindow::attach(shell::MDIForm1& logic) {
 void FrameWindow::detach() {
     area_->dropAll();
     area_->attach(nullptr);
+    sizes_.attach(nullptr);
     if (tools_) {
         tools_->attach(nullptr);
     }

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <functional>
 
+#include "qt/forms/window_sizes.h"
 #include "qt/shell/command_actions.h"
 #include "shell/frame_host.h"
 
@@ -63,6 +64,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     const Theme& theme_;
     std::function<void()> endAtOnce_;
     shell::MDIForm1* logic_ = nullptr;
+    SizeMemory sizes_;
     forms::Dialogs dialogs_;
     CommandActions commands_;
     QMenu* windowMenu_ = nullptr;
