@@ -130,9 +130,9 @@ QWidget* SetActPropWindow::newStatement() {
     language_->setObjectName(QStringLiteral("LangSelector"));
     language_->setAccessibleName(tr("Language of the statement"));
     language_->addItems({QStringLiteral("LDL"), QStringLiteral("SQL")});
-    auto* refresh = new QPushButton(icon(QStringLiteral("ldl")), tr("&Generate…"), side);
-    refresh->setObjectName(QStringLiteral("butRefresh"));
-    refresh->setAutoDefault(false);
+    refresh_ = new QPushButton(icon(QStringLiteral("ldl")), tr("&Generate…"), side);
+    refresh_->setObjectName(QStringLiteral("butRefresh"));
+    refresh_->setAutoDefault(false);
     statement_ = new StatementBox(QStringLiteral("txtSQL"), tr("Statement of the activity"), side);
     statement_->edited = [this](const std::string& text) { logic_.txtSQL_Change(text); };
     statement_->box().setMinimumSize(260, 3 * fontMetrics().lineSpacing());
@@ -141,19 +141,19 @@ QWidget* SetActPropWindow::newStatement() {
     connect(language_, &QComboBox::activated, this, [this](int row) {
         act([&] { logic_.LangSelector_Click(row == 0 ? SetActProp::Language::LDL : SetActProp::Language::SQL); });
     });
-    connect(refresh, &QPushButton::clicked, this, [this] { act([&] { logic_.butRefresh_Click(); }); });
+    connect(refresh_, &QPushButton::clicked, this, [this] { act([&] { logic_.butRefresh_Click(); }); });
     auto* head = new QHBoxLayout;
     head->addWidget(caption);
     head->addStretch();
     head->addWidget(language_);
-    head->addWidget(refresh);
+    head->addWidget(refresh_);
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins({});
     rows->setSpacing(Spacing::gap / 2);
     rows->addLayout(head);
     rows->addWidget(statement_, 1);
-    setTabOrder(language_, refresh);
-    setTabOrder(refresh, statement_);
+    setTabOrder(language_, refresh_);
+    setTabOrder(refresh_, statement_);
     return side;
 }
 
@@ -326,9 +326,11 @@ void SetActPropWindow::showState() {
     showLine(*log_, logic_.txtRejected);
     showPlainText(*descr_, logic_.txtDescr);
     showTypes();
-    language_->setCurrentIndex(logic_.LangSelector == SetActProp::Language::LDL ? 0 : 1);
-    statement_->setLetters(logic_.LangSelector == SetActProp::Language::LDL ? statements::Letters::kept
-                                                                            : statements::Letters::upper);
+    const bool ldl = logic_.LangSelector == SetActProp::Language::LDL;
+    language_->setCurrentIndex(ldl ? 0 : 1);
+    refresh_->setEnabled(ldl);
+    refresh_->setToolTip(ldl ? QString() : tr("Choose LDL first: the wizard makes no SQL"));
+    statement_->setLetters(ldl ? statements::Letters::kept : statements::Letters::upper);
     statement_->showText(logic_.txtSQL);
     tabs_->setCurrentIndex(logic_.TabStrip1);
     for (RowView* list : lists_) {

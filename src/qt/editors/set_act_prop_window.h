@@ -10,6 +10,7 @@
 class QComboBox;
 class QLineEdit;
 class QMenu;
+class QPushButton;
 class QSplitter;
 class QTabWidget;
 class QTextEdit;
@@ -57,6 +58,7 @@ class SetActPropWindow : public FormWindow {
     QComboBox* types_;
     QTextEdit* descr_;
     QComboBox* language_;
+    QPushButton* refresh_;
     StatementBox* statement_;
     QSplitter* trees_;
     RowButtons* rowButtons_;

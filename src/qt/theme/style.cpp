@@ -66,9 +66,29 @@ void drawToolButton(const QStyleOption* option, QPainter* painter) {
 void drawField(const QStyleOption* option, QPainter* painter, bool filled) {
     const QPalette& colours = option->palette;
     const bool focus = (option->state & QStyle::State_HasFocus) && (option->state & QStyle::State_Enabled);
-    const QColor fill =
-        filled ? colours.color(option->state & QStyle::State_Enabled ? QPalette::Base : QPalette::Window) : QColor();
+    const bool editable = (option->state & QStyle::State_Enabled) && !(option->state & QStyle::State_ReadOnly);
+    const QColor fill = filled ? colours.color(editable ? QPalette::Base : QPalette::Window) : QColor();
     panel(painter, option->rect, fill, colours.color(focus ? QPalette::Highlight : QPalette::Mid));
+}
+
+/// The arrow that opens and closes a tree row, in the ink of its row.
+void drawBranch(const QStyleOption* option, QPainter* painter) {
+    if (!(option->state & QStyle::State_Children)) {
+        return;
+    }
+    const bool active = option->state & QStyle::State_Active;
+    const bool onSelection = option->state & QStyle::State_Selected;
+    const QPalette::ColorGroup group = active ? QPalette::Active : QPalette::Inactive;
+    const double half = std::min({option->rect.width(), option->rect.height(), 18}) / 4.0;
+    const bool leftToRight = option->direction == Qt::LeftToRight;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(QRectF(option->rect).center());
+    painter->rotate(option->state & QStyle::State_Open ? 90 : leftToRight ? 0 : 180);
+    painter->setPen(QPen(option->palette.color(group, onSelection ? QPalette::HighlightedText : QPalette::Text), 1.4,
+                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(QPolygonF({{-half / 2, -half}, {half / 2, 0}, {-half / 2, half}}));
+    painter->restore();
 }
 
 /// Check boxes and radio buttons, also those of list items.
@@ -165,6 +185,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
                 return;  // the border shows it
             }
             break;
+        case PE_IndicatorBranch:
+            drawBranch(option, painter);
+            return;
         case PE_PanelStatusBar:
             painter->fillRect(option->rect, option->palette.color(QPalette::Window));
             painter->fillRect(QRect(option->rect.topLeft(), QSize(option->rect.width(), 1)),
