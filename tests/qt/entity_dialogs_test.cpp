@@ -7,6 +7,8 @@
 #include <QTreeView>
 
 #include "qt/forms/list_model.h"
+#include "qt/forms/window_sizes.h"
+#include "qt/shell/desk_window.h"
 #include "testkit/graph_builder.h"
 #include "window_program.h"
 
@@ -95,11 +97,20 @@ class EntityDialogsTest : public WindowTest {
         desk.messages.expect("Properties Saved", "", Icon::information);
         desk.edit("Act", "SetActProp", [&](QDialog& window) {
             QVERIFY(!desk.form->nodeNamed("Act")->Ready());
+            desk.messages.expect("S stays open until its dialog is closed.", "", Icon::information);
+            desk.frame.area().windowOf(*desk.form)->close();
+            QVERIFY(window.isVisible());
             auto* types = control<QComboBox>(window, "ActTypes");
             QCOMPARE(types->currentIndex(), -1);
             types->setFocus();
             QTest::keyClick(types, Qt::Key_Down);
             QCOMPARE(types->currentIndex(), 0);
+            auto* language = control<QComboBox>(window, "LangSelector");
+            language->setFocus();
+            QTest::keyClick(language, Qt::Key_Down);
+            QVERIFY(!control<QPushButton>(window, "butRefresh")->isEnabled());
+            QTest::keyClick(language, Qt::Key_Up);
+            QVERIFY(control<QPushButton>(window, "butRefresh")->isEnabled());
             QTreeView& database = *view(window, "DBView");
             QTreeView& inputs = *view(window, "AttList(0)");
             check(database, "RS");
@@ -179,6 +190,88 @@ class EntityDialogsTest : public WindowTest {
             control<QLineEdit>(window, "DBViewFilter")->clear();
             QCOMPARE(rows(database), QStringLiteral("Record Sets RS ID NAME PRICE"));
             QVERIFY(!database.isExpanded(indexOf(database, "RS")));
+            window.close();
+        });
+    }
+
+    void sizesOutliveTheProgram() {
+        Desk desk;
+        QSize left;
+        desk.edit("Act", "SetActProp", [&](QDialog& window) {
+            window.resize(770, 530);
+            left = window.size();
+            window.close();
+        });
+        SizeMemory next;
+        next.attach(&desk.repository.store);
+        QWidget window;
+        next.of("SetActProp").give(window);
+        QCOMPARE(window.size(), left);
+        QVERIFY(next.of("SetActProp").text().find(" zones=") != std::string::npos);
+        for (const char* damaged : {"", "x", "770", "a b zones=?", "-5 530", "770 530x"}) {
+            WindowSizes sizes;
+            sizes.read(damaged);
+            window.resize(300, 200);
+            sizes.give(window);
+            QCOMPARE(window.size(), QSize(300, 200));
+        }
+    }
+
+    void typesThatChangeUnderneathAreShownByTheirNewNames() {
+        Desk desk;
+        repository::Catalogue& catalogue = desk.logic.catalogue();
+        desk.edit("Act", "SetActProp", [&](QDialog& window) {
+            auto* types = control<QComboBox>(window, "ActTypes");
+            types->setFocus();
+            QTest::keyClick(types, Qt::Key_Down);
+            QTest::keyClick(types, Qt::Key_Down);
+            QCOMPARE(types->currentIndex(), 1);
+            entities::ActivityTypeProperties added = catalogue.GetActivityType(0);
+            added.ActType_Name = "Added";
+            catalogue.SaveActivityType(added);
+            entities::ActivityTypeProperties renamed = catalogue.GetActivityType(1);
+            renamed.ActType_Name = "Renamed";
+            catalogue.UpdateActivityType(renamed);
+            control<QTabWidget>(window, "TabStrip1")->setCurrentIndex(1);
+            QCOMPARE(types->currentText(), QStringLiteral("Renamed"));
+            QCOMPARE(types->currentIndex(), 1);
+            QCOMPARE(types->itemText(types->count() - 1), QStringLiteral("Added"));
+            QTest::keyClick(types, Qt::Key_End);
+            QCOMPARE(types->currentText(), QStringLiteral("Added"));
+            desk.messages.expect("Properties Saved", "", Icon::information);
+            click(window, "Apply");
+            window.close();
+        });
+        QCOMPARE(desk.activity().Act_Type, catalogue.ActivityTypeIndex("Added"));
+    }
+
+    void aLoadThatIsCancelledKeepsWhatCame() {
+        Desk desk;
+        desk.edit("RS", "RecordSetProp", [&](QDialog& window) {
+            const auto load = [&] {
+                desk.dialogs.at(QStringLiteral("frmDBLogin"), [&](QDialog& login) {
+                    auto* names = control<QComboBox>(login, "DSNNames");
+                    names->setCurrentIndex(names->findText(QString::fromStdString(desk.source())));
+                    click(login, "cmdOK");
+                });
+                click(window, "butLoadDB");
+            };
+            const QTreeView& databases = *view(window, "DBView");
+            const auto tables = [&] { return databases.model()->rowCount(databases.model()->index(0, 0)); };
+            load();
+            const int whole = tables();
+            const std::string alias = databases.model()->index(0, 0).data().toString().toStdString();
+            QVERIFY(whole > 10);
+            desk.messages.expect("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase", Icon::question,
+                                 Buttons::yesNoCancel, Answer::yes);
+            desk.repository.hooked.after(
+                3, [&] { control<QDialog>(window, "loading")->findChild<QPushButton*>()->click(); },
+                testkit::HookedDatabase::Side::before, "SELECT column_name");
+            desk.messages.expect("Only 3 of " + std::to_string(whole) + " tables of " + alias + " were loaded.", "",
+                                 Icon::critical);
+            load();
+            QCOMPARE(tables(), 3);
+            QVERIFY(!window.findChild<QDialog*>(QStringLiteral("loading")));
             window.close();
         });
     }
