@@ -104,6 +104,17 @@ class ColouringTest : public WindowTest {
         QVERIFY(!box.document()->isUndoAvailable());
     }
 
+    void theCaretStaysInSightWhileLinesAreTyped() {
+        QTextEdit box;
+        KeywordColouring colouring(box);
+        box.resize(200, 120);
+        box.show();
+        for (int line = 0; line < 30; ++line) {
+            QTest::keyClick(&box, Qt::Key_Return);
+            QVERIFY2(box.viewport()->rect().contains(box.cursorRect().center()), qPrintable(QString::number(line)));
+        }
+    }
+
     void changedLettersAreToldOnce() {
         QTextEdit box;
         KeywordColouring colouring(box);

@@ -208,6 +208,7 @@ void KeywordColouring::strike(QKeyEvent& stroke) {
     undoSteps() > before ? step.joinPreviousEditBlock() : step.beginEditBlock();
     static_cast<QObject&>(box_).event(&stroke);
     step.endEditBlock();
+    box_.ensureCursorVisible();  // lines are laid out only when the step has ended
     stepped_ = undoSteps() > before;
 }
 
