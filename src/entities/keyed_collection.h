@@ -83,7 +83,7 @@ class KeyedCollection {
         if (!holds(from) || !holds(to)) {
             return;
         }
-        slots_.insert(index(to), slots_.erase(index(from)));
+        slots_.move(index(from), index(to));
         if (positions_ && !keyAt(to).empty()) {
             positions_->seen[keyAt(to)] = index(to);
         }

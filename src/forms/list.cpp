@@ -81,7 +81,7 @@ void List::move(int from, int to) {
         return;
     }
     tell({Kind::moved, from, to}, [&] {
-        rows_.insert(index(to), rows_.erase(index(from)));
+        rows_.move(index(from), index(to));
         rows_[index(to)]->place = to;
         shiftSelection([from, to](int each) {
             if (each == from) {

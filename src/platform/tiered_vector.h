@@ -101,6 +101,22 @@ class TieredVector {
         return item;
     }
 
+    /// Brings an item to another index; those between the two give way.
+    void move(std::size_t from, std::size_t to) {
+        if (from > to + kRing || to > from + kRing) {
+            insert(to, erase(from));
+            return;
+        }
+        T item = std::move((*this)[from]);
+        for (; from < to; ++from) {
+            (*this)[from] = std::move((*this)[from + 1]);
+        }
+        for (; from > to; --from) {
+            (*this)[from] = std::move((*this)[from - 1]);
+        }
+        (*this)[to] = std::move(item);
+    }
+
     void clear() { *this = TieredVector(); }
 
     TieredVector() = default;

@@ -94,10 +94,10 @@ class EntityDialogsTest : public WindowTest {
   private Q_SLOTS:
     void anActivityIsDefinedByKeys() {
         Desk desk;
+        desk.messages.expect("S stays open until its dialog is closed.", "", Icon::information);
         desk.messages.expect("Properties Saved", "", Icon::information);
         desk.edit("Act", "SetActProp", [&](QDialog& window) {
             QVERIFY(!desk.form->nodeNamed("Act")->Ready());
-            desk.messages.expect("S stays open until its dialog is closed.", "", Icon::information);
             desk.frame.area().windowOf(*desk.form)->close();
             QVERIFY(window.isVisible());
             auto* types = control<QComboBox>(window, "ActTypes");
@@ -226,6 +226,8 @@ class EntityDialogsTest : public WindowTest {
             QTest::keyClick(types, Qt::Key_Down);
             QTest::keyClick(types, Qt::Key_Down);
             QCOMPARE(types->currentIndex(), 1);
+            desk.messages.expect("Activity TYPE SAVED", "", Icon::information);
+            desk.messages.expect("Activity TYPE UPDATED", "", Icon::information);
             entities::ActivityTypeProperties added = catalogue.GetActivityType(0);
             added.ActType_Name = "Added";
             catalogue.SaveActivityType(added);

@@ -91,7 +91,7 @@ void TypeEditorWindow::showFields() {
     usedBy_->setText(text(logic_.usedBy));
     if (descr_) {
         showPlainText(*descr_, logic_.txtDescr);
-        descr_->setReadOnly(!editing);
+        showEditable(*descr_, editing);
         if (logic_.descrIsHint) {
             descr_->selectAll();
         }
@@ -101,8 +101,8 @@ void TypeEditorWindow::showFields() {
             sqlColouring_->colourAll();
         }
         showPlainText(*ldl_, logic_.txtLDL);
-        sql_->setReadOnly(!editing);
-        ldl_->setReadOnly(!editing);
+        showEditable(*sql_, editing);
+        showEditable(*ldl_, editing);
     }
     for (const Options& each : options_) {
         const int chosen = logic_.*each.option;

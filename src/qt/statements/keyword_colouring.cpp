@@ -206,8 +206,13 @@ void KeywordColouring::strike(QKeyEvent& stroke) {
     }
     QTextCursor step(box_.document());
     undoSteps() > before ? step.joinPreviousEditBlock() : step.beginEditBlock();
+    const int coloured = undoSteps();
     static_cast<QObject&>(box_).event(&stroke);
-    step.endEditBlock();
+    {
+        const bool changed = undoSteps() != coloured;
+        const QSignalBlocker quiet(changed ? nullptr : &box_);  // the end of a step always tells of a change
+        step.endEditBlock();
+    }
     box_.ensureCursorVisible();  // lines are laid out only when the step has ended
     stepped_ = undoSteps() > before;
 }

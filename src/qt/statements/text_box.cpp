@@ -26,4 +26,9 @@ bool showPlainText(QTextEdit& box, const std::string& text) {
     return true;
 }
 
+void showEditable(QTextEdit& box, bool editable) {
+    box.setReadOnly(!editable);
+    box.viewport()->setBackgroundRole(editable ? QPalette::Base : QPalette::Window);
+}
+
 }  // namespace orvent::qt

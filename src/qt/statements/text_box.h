@@ -13,4 +13,7 @@ std::string plainText(const QTextEdit& box);
 /// is false. No signals.
 bool showPlainText(QTextEdit& box, const std::string& text);
 
+/// Lets a text be edited, or only be read on the ground of the window.
+void showEditable(QTextEdit& box, bool editable);
+
 }  // namespace orvent::qt

@@ -101,6 +101,7 @@ QPalette Theme::palette() const {
         palette.setColor(QPalette::Disabled, role, disabled);
     }
     palette.setColor(QPalette::Disabled, QPalette::Highlight, palette.color(QPalette::Mid));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, palette.color(QPalette::Text));
     return palette;
 }
 
