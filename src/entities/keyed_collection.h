@@ -10,6 +10,7 @@
 
 #include "entities/keyed_slots.h"
 #include "platform/fault.h"
+#include "platform/search_near.h"
 #include "platform/tiered_vector.h"
 
 namespace orvent::entities {

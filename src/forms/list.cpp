@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "platform/search_near.h"
+
 namespace orvent::forms {
 
 using Kind = ListChange::Kind;

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
+
+#include "platform/ring.h"
 
 namespace orvent::platform {
 
@@ -19,48 +20,7 @@ namespace orvent::platform {
 template <class T>
 class TieredVector {
     static constexpr std::size_t kRing = 256;
-
-    class Ring {
-      public:
-        T& operator[](std::size_t at) { return (*cells_)[(first_ + at) % kRing]; }
-        /// Makes room at `at` among `count` items, from the nearer end.
-        void open(std::size_t at, std::size_t count) {
-            if (at < count / 2) {
-                turnBack();
-                for (std::size_t each = 0; each < at; ++each) {
-                    (*this)[each] = std::move((*this)[each + 1]);
-                }
-                return;
-            }
-            for (; count > at; --count) {
-                (*this)[count] = std::move((*this)[count - 1]);
-            }
-        }
-        /// Closes the gap at `at` among `count` items.
-        void close(std::size_t at, std::size_t count) {
-            if (at < count / 2) {
-                for (; at > 0; --at) {
-                    (*this)[at] = std::move((*this)[at - 1]);
-                }
-                (*this)[0] = T();
-                turn();
-                return;
-            }
-            for (; at + 1 < count; ++at) {
-                (*this)[at] = std::move((*this)[at + 1]);
-            }
-            (*this)[at] = T();
-        }
-        /// The last place becomes the first, or the first the last.
-        void turnBack() { first_ = (first_ + kRing - 1) % kRing; }
-        void turn() { first_ = (first_ + 1) % kRing; }
-        /// How many items from `at` on lie side by side.
-        std::size_t sideBySide(std::size_t at) const { return std::min(kRing - at, kRing - (first_ + at) % kRing); }
-
-      private:
-        std::unique_ptr<std::array<T, kRing>> cells_ = std::make_unique<std::array<T, kRing>>();
-        std::size_t first_ = 0;
-    };
+    using Ring = platform::Ring<T, kRing>;
 
   public:
     std::size_t size() const { return size_; }
@@ -228,27 +188,5 @@ class TieredVector {
     std::uint32_t size_ = 0;
     std::uint32_t room_ = 0;  // of the array
 };
-
-/// Beyond every index: there is no such item.
-inline constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
-
-/// Where an item stands now that was seen at `seen`: `isAt` tells whether it stands at an index. What comes and goes
-/// shifts neighbours alike, so it is also looked for where `drift`, the last shift that was found, would bring it.
-/// `kNowhere` when it is not near; then all places are to be renewed.
-template <class IsAt>
-std::size_t searchNear(std::size_t seen, std::ptrdiff_t& drift, const IsAt& isAt) {
-    constexpr std::ptrdiff_t kNear = 64;
-    const auto start = static_cast<std::ptrdiff_t>(seen);
-    for (std::ptrdiff_t step = 0; step <= kNear; ++step) {
-        for (const std::ptrdiff_t at : {start - step, start + step, start + drift - step, start + drift + step}) {
-            if (at >= 0 && isAt(static_cast<std::size_t>(at))) {
-                const bool fresh = at - start >= -1 && at - start <= 1;  // tells nothing about the others
-                drift = fresh ? drift : at - start;
-                return static_cast<std::size_t>(at);
-            }
-        }
-    }
-    return kNowhere;
-}
 
 }  // namespace orvent::platform
