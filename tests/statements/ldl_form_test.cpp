@@ -209,7 +209,9 @@ TEST_F(LDLFormTest, ValuesWaitForAnElement) {
             open.chooseValue(RegInput);
             open.selectInput(0);
             open.selectLDLvar(0);
+            open.selectDataType(0);
             EXPECT_EQ(open.value, RegUndefined) << "what no element would take is not entered";
+            EXPECT_EQ(open.listDataTypes.ListIndex, -1);
             EXPECT_EQ(open.listInputs.ListIndex, -1);
             EXPECT_EQ(open.listLDLvars.ListIndex, -1);
             open.selectArrity(0);
