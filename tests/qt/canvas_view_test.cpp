@@ -3,6 +3,7 @@
 #include "qt/canvas/canvas_view.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QScrollBar>
 #include <functional>
 #include <random>
@@ -55,6 +56,11 @@ struct Scene {
     canvas::LinesD& join(const canvas::LabelsD& from, const canvas::LabelsD& to) {
         return *form.Lines.addFullLine(from.Index(), 3, to.Index(), 1, canvas::EdgeTypeProvider, canvas::AngleStraight,
                                        0);
+    }
+    /// What the window itself holds of the picture.
+    QImage held() {
+        const auto& whole = *static_cast<QImage*>(view.backingStore()->paintDevice());
+        return whole.copy(QRect(view.viewport()->pos(), view.viewport()->size()));
     }
     void settle() {
         for (int i = 0; i < 3; ++i) {
@@ -297,6 +303,13 @@ class CanvasViewTest : public WindowTest {
             painter.drawImage(0, 0, whole);
             painter.end();
             QCOMPARE(kept, whole);  // nothing outside of the repainted region was meant to change
+            QCOMPARE(scene.held().convertToFormat(whole.format()), whole);
+        }
+        for (QScrollBar* bar : {scene.view.horizontalScrollBar(), scene.view.verticalScrollBar()}) {
+            bar->setValue(bar->value() + 60);
+            scene.settle();
+            const QImage whole = scene.picture();
+            QCOMPARE(scene.held().convertToFormat(whole.format()), whole);
         }
     }
 

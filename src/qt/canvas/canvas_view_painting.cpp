@@ -12,6 +12,27 @@ namespace {
 constexpr double kDotDistance = 300;  // twips
 constexpr double kLeastDotDistance = 12;
 
+/// The part of the painter's device that shows an area of its widget, as an image over the same memory. Nothing where
+/// the device has no pixels of its own, or where the area does not lie on whole ones.
+std::optional<QImage> partOf(const QPainter& painter, const QRect& area) {
+    QPaintDevice* device = painter.paintEngine()->paintDevice();
+    if (!device || device->devType() != QInternal::Image) {
+        return std::nullopt;
+    }
+    auto& whole = *static_cast<QImage*>(device);
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF exact = toDevice.mapRect(QRectF(area));
+    const QRect place = exact.toRect();
+    const bool plain = whole.format() == QImage::Format_RGB32 || whole.format() == QImage::Format_ARGB32_Premultiplied;
+    const bool onWholePixels = toDevice.type() <= QTransform::TxScale && QRectF(place) == exact &&
+                               toDevice.m11() == std::floor(toDevice.m11());
+    if (!plain || !onWholePixels || !whole.isDetached() || !whole.rect().contains(place)) {
+        return std::nullopt;
+    }
+    uchar* first = whole.bits() + place.y() * whole.bytesPerLine() + place.x() * qsizetype{sizeof(QRgb)};
+    return QImage(first, place.width(), place.height(), whole.bytesPerLine(), whole.format());
+}
+
 }  // namespace
 
 void CanvasViewWidget::paintEvent(QPaintEvent* event) {
@@ -40,13 +61,14 @@ PaintContext CanvasViewWidget::contextFor(QPainter& painter, const Transform& no
     return {painter, now, theme_.canvas(), viewport()->devicePixelRatioF(), detailAt(scale_), true, nullptr, tints_};
 }
 
-/// By way of an image that boxes and lines are written into.
+/// Boxes and lines are written into the device's own pixels where it has some, and otherwise by way of an image.
 void CanvasViewWidget::paintPart(QPainter& painter, const QRegion& region) {
     const QRect area = region.boundingRect();
     const double ratio = viewport()->devicePixelRatioF();
     const QRect device = QRectF(QPointF(area.topLeft()) * ratio, QSizeF(area.size()) * ratio).toAlignedRect();
     const QPointF origin = QPointF(device.topLeft()) / ratio;
-    QImage image(device.size(), QImage::Format_RGB32);
+    std::optional<QImage> part = region.rectCount() == 1 ? partOf(painter, area) : std::nullopt;
+    QImage image = part ? std::move(*part) : QImage(device.size(), QImage::Format_RGB32);
     image.fill(theme_.canvas().background);
     image.setDevicePixelRatio(ratio);
     Pixels pixels(image, origin, ratio);
@@ -60,7 +82,9 @@ void CanvasViewWidget::paintPart(QPainter& painter, const QRegion& region) {
     paintDots(context, area);
     paintPicture(context, region);
     inner.end();
-    painter.drawImage(origin, image);
+    if (!part) {
+        painter.drawImage(origin, image);
+    }
 }
 
 void CanvasViewWidget::paintDots(const PaintContext& context, const QRect& area) {
