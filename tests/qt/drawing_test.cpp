@@ -482,6 +482,8 @@ class DrawingTest : public WindowTest {
         desk.open("In front");
         const auto rim = [&] { return desk.editor().grab().toImage().pixelColor(0, desk.editor().height() / 2); };
         const QColor accent = desk.theme.canvas().accent;
+        const auto bar = [&] { return desk.editor().horizontalScrollBar()->grab().toImage(); };
+        const QImage former = bar();
         for (const auto& [key, modifiers] :
              {std::pair{Qt::Key_Tab, Qt::NoModifier}, {Qt::Key_Backtab, Qt::ShiftModifier}}) {
             QVERIFY(desk.editor().hasFocus());
@@ -491,6 +493,7 @@ class DrawingTest : public WindowTest {
                 desk.key(key, modifiers);
                 passed.insert(QApplication::focusWidget());
                 QVERIFY(desk.editor().hasFocus() || rim() != accent);
+                QCOMPARE(bar(), former);
             }
             QVERIFY(desk.editor().hasFocus());
             QVERIFY(passed.contains(control<QWidget>(desk.frame, "LDL")) && !passed.contains(&behind));

@@ -17,7 +17,8 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kLongestTip = 1000;  // letters of a name
+constexpr int kLongestTip = 1000;                            // letters of a name
+constexpr QPalette::ColorRole kRim = QPalette::LinkVisited;  // one that no part of the view takes its colour from
 
 struct PointerShape {
     int MousePointer;
@@ -71,6 +72,7 @@ CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const c
     : CanvasViewWidget(form, theme, parent), pointer_(form, ports), light_(form, pointer_) {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(2);
+    setForegroundRole(kRim);
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
     connect(&theme, &Theme::changed, this, &CanvasEditor::showFocus);
     showFocus();
@@ -158,7 +160,7 @@ void CanvasEditor::focusOutEvent(QFocusEvent* event) {
 /// A frame around the picture, in the background's own colour while the keyboard is elsewhere.
 void CanvasEditor::showFocus() {
     QPalette colours = palette();
-    colours.setColor(QPalette::WindowText, hasFocus() ? theme().canvas().accent : theme().canvas().background);
+    colours.setColor(kRim, hasFocus() ? theme().canvas().accent : theme().canvas().background);
     setPalette(colours);
 }
 

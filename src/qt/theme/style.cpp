@@ -56,10 +56,9 @@ void drawToolButton(const QStyleOption* option, QPainter* painter) {
     } else if (option->state & QStyle::State_MouseOver) {
         share = 0.13;
     }
-    const bool focus = option->state & QStyle::State_HasFocus;
-    if (share > 0 || focus) {
+    if (share > 0) {
         panel(painter, option->rect, blend(colours.color(QPalette::Window), colours.color(QPalette::Highlight), share),
-              focus ? colours.color(QPalette::Highlight) : QColor());
+              {});
     }
 }
 
@@ -183,6 +182,10 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         case PE_FrameFocusRect:
             if (qobject_cast<const QPushButton*>(widget)) {
                 return;  // the border shows it
+            }
+            if (qobject_cast<const QToolButton*>(widget)) {
+                panel(painter, option->rect, {}, option->palette.color(QPalette::Highlight));
+                return;
             }
             break;
         case PE_IndicatorBranch:
