@@ -62,9 +62,7 @@ class DialogScript {
             const Act act = std::move(steps_.front().act);
             steps_.pop_front();
             handled_ = dialog;
-            if (!qobject_cast<QMessageBox*>(dialog)) {  // as high as its text
-                fits(*dialog);
-            }
+            fits(*dialog);
             act(*dialog);
             handled_ = nullptr;
         } else if (++waited_ > kPatience) {

@@ -217,6 +217,14 @@ class FrameTest : public WindowTest {
         QCOMPARE(tabs->tabText(0), QStringLiteral("One"));
     }
 
+    void theFrameFitsASmallScreen() {
+        Frame program;
+        program.open("One");
+        program.frame.showNormal();
+        QVERIFY2(program.frame.minimumSizeHint().height() <= 460 && program.frame.minimumSizeHint().width() <= 780,
+                 "1600 x 1000 at 200 %");
+    }
+
     void everyMenuHasAKeyOfItsOwn() {
         Frame program;
         QStringList keys;

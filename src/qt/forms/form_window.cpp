@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "qt/theme/theme.h"
@@ -37,6 +38,13 @@ class BodyArea : public QScrollArea {
     }
 };
 
+/// Its parts shrink as far as they can before anything is scrolled; the toolkit would ask for their preferred heights.
+class Contents : public QWidget {
+  public:
+    using QWidget::QWidget;
+    int heightForWidth(int width) const override { return layout()->totalMinimumHeightForWidth(width); }
+};
+
 }  // namespace
 
 FormWindow::FormWindow(const QString& title, QWidget* parent)
@@ -47,7 +55,7 @@ FormWindow::FormWindow(const QString& title, QWidget* parent)
     rows->setContentsMargins(Spacing::section, Spacing::section, Spacing::section, Spacing::margin);
     rows->setSpacing(Spacing::section);
     body_->setSpacing(Spacing::gap);
-    auto* contents = new QWidget;
+    auto* contents = new Contents;
     body_->setContentsMargins({});
     contents->setLayout(body_);
     auto* area = new BodyArea(this);
@@ -65,7 +73,13 @@ FormWindow::FormWindow(const QString& title, forms::Editor& editor, QWidget* par
 }
 
 void FormWindow::showEvent(QShowEvent* event) {
-    resize(size().boundedTo(screen()->availableSize() - QSize(kAround, kAround)));
+    // The toolkit gives a window without a size of its own two thirds of the screen at most.
+    QSize wanted = testAttribute(Qt::WA_Resized) ? size() : size().expandedTo(sizeHint());
+    const QSize room = screen()->availableSize() - QSize(kAround, kAround);
+    if (wanted.height() > room.height()) {
+        wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // it scrolls downwards alone
+    }
+    resize(wanted.boundedTo(room));
     QDialog::showEvent(event);
 }
 

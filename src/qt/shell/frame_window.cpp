@@ -128,7 +128,7 @@ void FrameWindow::buildCentre() {
     columns->setSpacing(0);
     sideMenu_ = new SideMenu(
         commands_, [this](int group) { logic_->chooseGroup(group); }, row);
-    columns->addWidget(sideMenu_);
+    columns->addWidget(sideMenu_->scrolling());
     columns->addWidget(centre_, 1);
     setCentralWidget(row);
 }

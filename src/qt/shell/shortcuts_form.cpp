@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QKeySequence>
 #include <QLabel>
+#include <QScreen>
 
 #include "qt/shell/command_actions.h"
 #include "qt/text.h"
@@ -12,6 +13,8 @@
 namespace orvent::qt {
 
 namespace {
+
+constexpr int kWide = 1024;  // pixels of a screen that has room for all lists side by side
 
 /// A column of keys and what they do.
 class KeyList {
@@ -64,12 +67,14 @@ ShortcutsForm::ShortcutsForm(QWidget* parent) : FormWindow(tr("Keyboard Shortcut
             tools.add(QString(QLatin1Char(button.letter)), text(button.key == "Arrow" ? button.key : button.toolTip));
         }
     }
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(2 * Spacing::section);
-    columns->addLayout(commands.layout());
-    columns->addLayout(canvas.layout());
-    columns->addLayout(tools.layout());
-    body().addLayout(columns);
+    // Side by side, or one below the other on a screen that is not wide enough.
+    auto* lists =
+        new QBoxLayout(screen()->availableSize().width() < kWide ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    lists->setSpacing(2 * Spacing::section);
+    lists->addLayout(commands.layout());
+    lists->addLayout(canvas.layout());
+    lists->addLayout(tools.layout());
+    body().addLayout(lists);
     addAccept(QStringLiteral("cmdOK"), tr("OK"), [] { return true; });
 }
 

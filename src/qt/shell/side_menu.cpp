@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QScrollArea>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -33,7 +34,6 @@ QToolButton* newCaption(const QString& caption, QWidget* parent) {
 
 SideMenu::SideMenu(CommandActions& actions, const std::function<void(int)>& choose, QWidget* parent) : QFrame(parent) {
     setObjectName(QStringLiteral("VerticalMenu"));
-    setFixedWidth(kWidth);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(Spacing::gap, Spacing::margin, Spacing::gap, Spacing::gap);
     rows->setSpacing(2);
@@ -58,6 +58,17 @@ SideMenu::SideMenu(CommandActions& actions, const std::function<void(int)>& choo
         rows->addSpacing(Spacing::section);
     }
     rows->addStretch();
+}
+
+QWidget* SideMenu::scrolling() {
+    auto* room = new QScrollArea(parentWidget());
+    room->setFrameShape(QFrame::NoFrame);
+    room->setFocusPolicy(Qt::NoFocus);
+    room->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    room->setWidgetResizable(true);
+    room->setFixedWidth(kWidth);
+    room->setWidget(this);
+    return room;
 }
 
 void SideMenu::showCurrent(int group) {

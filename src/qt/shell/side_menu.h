@@ -18,6 +18,9 @@ class SideMenu : public QFrame {
     /// `choose` is called with the number of a group whose caption or command is pressed, from 1 on.
     SideMenu(CommandActions& actions, const std::function<void(int)>& choose, QWidget* parent);
 
+    /// A frame around the menu, beside it in its parent: on a low screen the menu is scrolled.
+    QWidget* scrolling();
+
     /// Marks the group of that number.
     void showCurrent(int group);
 
