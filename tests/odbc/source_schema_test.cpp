@@ -66,7 +66,35 @@ TEST_P(SourceSchema, OfNothingIsEmpty) {
     EXPECT_EQ(empty.shortfall(), "TEST shows no tables of ORVENT.");
 }
 
+class ServerSchema : public SourceSchema {};
+
+TEST_P(ServerSchema, ShowsEachUserOnlyWhatItMayRead) {
+    const bool postgres = GetParam() == Kind::postgres;
+    for (const char* name : {"seen", "hidden"}) {
+        native(std::string("CREATE TABLE ") + name + " (id INTEGER)");
+    }
+    for (const char* user : {"clerk", "guest"}) {
+        native(std::string("CREATE USER ") + user + (postgres ? " PASSWORD 'pw'" : " IDENTIFIED BY 'pw'"));
+    }
+    native("GRANT SELECT ON seen TO clerk");
+    OdbcDatabase opened = database();
+    SchemaReader clerk(opened, {"test", "clerk", "pw"});
+    EXPECT_EQ(everything(clerk), "seen: id NUMBER,| ");
+    EXPECT_EQ(clerk.shortfall(), "");
+    if (postgres) {
+        SchemaReader guest(opened, {"test", "guest", "pw"});
+        EXPECT_EQ(everything(guest), "");
+        EXPECT_EQ(guest.shortfall(), "TEST shows no tables of GUEST.");
+    } else {
+        EXPECT_THROW(SchemaReader(opened, {"test", "guest", "pw"}), platform::DatabaseError);
+    }
+    EXPECT_THROW(SchemaReader(opened, {"test", "clerk", "wrong"}), platform::DatabaseError);
+}
+
 INSTANTIATE_TEST_SUITE_P(Databases, SourceSchema, ::testing::Values(Kind::sqlite, Kind::postgres, Kind::mariaDb),
+                         [](const auto& kind) { return nameOf(kind.param); });
+
+INSTANTIATE_TEST_SUITE_P(Servers, ServerSchema, ::testing::Values(Kind::postgres, Kind::mariaDb),
                          [](const auto& kind) { return nameOf(kind.param); });
 
 }  // namespace

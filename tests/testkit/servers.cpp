@@ -219,7 +219,7 @@ MariaDbServer::MariaDbServer() : DatabaseServer("mysql", "mariadbd", {}, "MariaD
                       std::string("--password=") + kPassword,
                       "--execute=CREATE DATABASE "};
     write("first.sql", "CREATE USER IF NOT EXISTS " + user + " IDENTIFIED BY '" + kPassword +
-                           "';\nGRANT ALL ON *.* TO " + user + ";\n");
+                           "';\nGRANT ALL ON *.* TO " + user + " WITH GRANT OPTION;\n");
     std::vector<std::string> install = {program("mariadb-install-db"), "--no-defaults", "--datadir=" + file("data"),
                                         "--auth-root-authentication-method=normal", "--skip-test-db"};
     if (geteuid() == 0) {
