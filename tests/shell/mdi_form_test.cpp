@@ -203,6 +203,60 @@ TEST(Commands, KeysOfSeveralItemsAreListedOnce) {
     EXPECT_EQ(listed.at("Ctrl+Shift+P"), "Print Preview");
 }
 
+TEST_F(Frame, EveryMenuItemNamesACommandOfItsOwn) {
+    using enum Command;
+    const std::map<std::string, Command> meant = {{"NewScenarioM", newScenario},
+                                                  {"LoadScenarioM", loadScenario},
+                                                  {"SaveScenarioM", saveScenario},
+                                                  {"SaveScenarioAsM", saveScenarioAs},
+                                                  {"SaveChangesM", saveScenario},
+                                                  {"DeleteScenarioM", deleteScenario},
+                                                  {"PrintScenarioM", printScenario},
+                                                  {"PrintZoomM", printScenario},
+                                                  {"PrintPreviewM", printPreview},
+                                                  {"ExportTxtM", exportText},
+                                                  {"CloseScenarioM", closeScenario},
+                                                  {"CloseZoomingM", closeScenario},
+                                                  {"LoginM", login},
+                                                  {"ViewLargerM", viewLarger},
+                                                  {"ViewSmallerM", viewSmaller},
+                                                  {"ViewActualSizeM", viewActualSize},
+                                                  {"ViewFitM", viewFit},
+                                                  {"ColourByMetricM", colourByMetric},
+                                                  {"SelectAllM", selectAll},
+                                                  {"ViewPartOfM", viewPartOf},
+                                                  {"ViewInstanceOfM", viewInstanceOf},
+                                                  {"ViewRegulatorM", viewRegulator},
+                                                  {"ViewProviderM", viewProvider},
+                                                  {"ViewDerivedM", viewDerived},
+                                                  {"ViewAttributesM", viewAttributes},
+                                                  {"MakeRoomM", makeRoom},
+                                                  {"LightPathsM", lightPaths},
+                                                  {"LegendM", legend},
+                                                  {"ZoomInM", zoomIn},
+                                                  {"ZoomOutM", zoomOut},
+                                                  {"ActivityZoomM", activityZoom},
+                                                  {"ShowDataTypesM", showDataTypes},
+                                                  {"ShowFunctionTypesM", showFunctionTypes},
+                                                  {"ShowActivityTypesM", showActivityTypes},
+                                                  {"LoadTestGraph", loadTestGraph},
+                                                  {"HelpETLM", help},
+                                                  {"HelpShortcutsM", shortcuts},
+                                                  {"HelpAboutM", about}};
+    std::map<std::string, Command> found;
+    const std::function<void(std::span<const MenuItem>)> collect = [&](std::span<const MenuItem> items) {
+        for (const MenuItem& item : items) {
+            collect(item.items);
+            const bool plain = !item.name.empty() && item.items.empty();
+            EXPECT_TRUE(!plain || found.emplace(item.name, item.action).second) << item.name << " twice";
+        }
+    };
+    for (const Menu& menu : menus()) {
+        collect(menu.items);
+    }
+    EXPECT_EQ(found, meant);
+}
+
 TEST_F(Frame, ToolsPrintUndoAndZoomGoToTheWindowInFront) {
     frame.frame.start();
     for (const Command command : {Command::printScenario, Command::undo, Command::zoomIn, Command::viewFit}) {
