@@ -25,6 +25,7 @@ RecordSetProp::RecordSetProp(const EditorServices& services, canvas::CanvasForm&
     txtSQL = record.RecordSet_SQL;
     SQLOption = !txtSQL.empty();
     fillList();
+    mirrorOrder_.emplace(ParForm, record);
     zoom::UnSynchronizeRecordSet(ParForm, record, false, nullptr);
 }
 
@@ -295,6 +296,7 @@ void RecordSetProp::closing() {
     ParForm.DeletedNodes->cutBack(deletedMark_);
     RecordSetProperties& record = *ActiveNode.recordSet();
     zoom::SynchronizeRecordSet(ParForm, record);
+    mirrorOrder_->restore(ParForm, record);
     ActiveNode.setReady(!record.RecordSet_Name.empty() && record.RecordSet_Outputs.count() > 0);
     services_.nodes.refresh(ParForm, ActiveNode);
     ParForm.setEnabled(true);

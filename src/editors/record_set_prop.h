@@ -9,6 +9,7 @@
 
 #include "editors/set_act_prop.h"
 #include "repository/source_schema.h"
+#include "zoom/mirror_order.h"
 
 namespace orvent::editors {
 
@@ -87,6 +88,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
 
     EditorServices services_;
     std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once
+    std::optional<zoom::MirrorOrder> mirrorOrder_;              ///< of the neighbours as the dialog found it
     int deletedMark_ = 0;
     int many_ = 0;
 };

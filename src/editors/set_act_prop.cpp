@@ -49,6 +49,7 @@ SetActProp::~SetActProp() {
 void SetActProp::LoadActivity() {
     ActivityProperties& record = *ActiveNode.activity();
     tempProp = record.Clone();
+    mirrorOrder_.emplace(ParForm, record, nullptr);
     zoom::UnSynchronizeActivity(ParForm, record, false, nullptr);
     keptCaption_ = ActiveNode.Caption();
     txtName = record.Act_Name.empty() ? keptCaption_ : record.Act_Name;

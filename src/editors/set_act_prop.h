@@ -11,6 +11,7 @@
 #include "platform/program_folder.h"
 #include "platform/save_dialog.h"
 #include "statements/activity_wizard.h"
+#include "zoom/mirror_order.h"
 
 namespace orvent::editors {
 
@@ -118,8 +119,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void tell(const char* text, platform::Icon icon) { messages().tell(text, {}, icon); }
 
     EditorServices services_;
-    std::string keptCaption_;  ///< the caption that closing without Apply puts back
-    std::string membersName_;  ///< the name that keys and links of the copy bear
+    std::string keptCaption_;                       ///< the caption that closing without Apply puts back
+    std::string membersName_;                       ///< the name that keys and links of the copy bear
+    std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours as the dialog found it
     int deletedMark_ = 0;
     bool leaving_ = false;
 };

@@ -144,6 +144,7 @@ void SetActProp::closing() {
         ActiveNode.setCaption(keptCaption_);
     }
     zoom::SynchronizeActivity(ParForm, *ActiveNode.activity(), nullptr);
+    mirrorOrder_->restore(ParForm, *ActiveNode.activity(), nullptr);
     ActiveNode.setReady(true);
     services_.nodes.refresh(ParForm, ActiveNode);
     ParForm.setEnabled(true);

@@ -305,7 +305,11 @@ void MDIForm1::scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* exc
 }
 
 void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
-    repository::isUnsaved(form.scenario());
+    canvas::DrawForm& scenario = form.scenario();
+    // A dialog over the design takes its entity out of the graph while it is open; that is no change.
+    if (scenario.Enabled() || viewOver(scenario)) {
+        repository::isUnsaved(scenario);
+    }
     if (const auto place = tints_.find(&form); place != tints_.end()) {
         place->second->countAnew();
         desk_.showTints(form, place->second.get());

@@ -16,6 +16,7 @@ void LDLForm::reset() {
     form_ = nullptr;
     dialog_ = nullptr;
     round_ = nullptr;
+    mirrorOrder_.reset();
     type_ = {};
     generatorFaults_.clear();
     generated_ = false;
@@ -57,6 +58,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     FromDialog = dialog != nullptr;
     txtTemplate = std::string(platform::trimmed(catalogue_.activityTypeLdl[type]));
     enableCaller(false);
+    mirrorOrder_.emplace(form, activity, inDialog());
     zoom::UnSynchronizeActivity(form, activity, false, inDialog());
     Sources = sourcesOf(activity);
     buildOutputsView();
@@ -77,6 +79,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
 void LDLForm::close() {
     enableCaller(true);
     zoom::SynchronizeActivity(*form_, *Activity, inDialog());
+    mirrorOrder_->restore(*form_, *Activity, inDialog());
     reset();
 }
 

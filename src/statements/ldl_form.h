@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "statements/ldl_panel.h"
 #include "statements/ldl_sources.h"
 #include "statements/ldl_variables.h"
+#include "zoom/mirror_order.h"
 
 namespace orvent::statements {
 
@@ -146,8 +148,6 @@ class LDLForm : public ActivityWizard {
     /// The same of an element of the current variable, which is an array.
     bool isElementComplete(const LDLVariable& element) const;
 
-    // The steps of the above.
-
     /// Adds the template's variables to `Variables`. A fault is told, and ends the scan with what was found.
     void ScanTemplateVariables(const std::string& text);
     void StoreCurrentVariable();
@@ -188,6 +188,7 @@ class LDLForm : public ActivityWizard {
     canvas::DrawForm* form_ = nullptr;  ///< the design window
     ActivityDialog* dialog_ = nullptr;
     WizardRound* round_ = nullptr;
+    std::optional<zoom::MirrorOrder> mirrorOrder_;
     std::string trouble_;  ///< why the activity was built in part only
     entities::ActivityTypeProperties type_;
     std::vector<std::string> generatorFaults_;

@@ -1,30 +1,12 @@
 #include "zoom/link_mirrors.h"
 
+#include "zoom/mirror_lists.h"
+
 namespace orvent::zoom {
 
 using namespace entities;
 
 namespace {
-
-/// The list of the far end that holds the mirrors, or nothing.
-template <class Link>
-Lazy<LinkCollection<Link>>* mirrorsOf(const FarEnd& far, Direction direction) {
-    if constexpr (std::is_same_v<Link, ProviderProperties>) {
-        if (far.attribute) {
-            return direction == Direction::ProvidedFrom ? &far.attribute->ProviderFor : &far.attribute->ProvidedFrom;
-        }
-        return nullptr;
-    } else {
-        const bool regulated = direction == Direction::RegulatedFrom;
-        if (far.attribute) {
-            return regulated ? &far.attribute->RegulatorFor : &far.attribute->RegulatedFrom;
-        }
-        if (far.parameter) {
-            return regulated ? &far.parameter->RegulatorFor : &far.parameter->RegulatedFrom;
-        }
-        return nullptr;
-    }
-}
 
 bool comesFromFarEnd(Direction direction) {
     return direction == Direction::ProvidedFrom || direction == Direction::RegulatedFrom;

@@ -4,6 +4,8 @@
 
 #include <map>
 
+#include "repository/stored_content.h"
+#include "testkit/model_text.h"
 #include "testkit/test_frame.h"
 
 namespace orvent::shell {
@@ -123,6 +125,33 @@ TEST_F(Frame, UnsavedWorkIsMarkedUntilItIsSaved) {
     form.nodeNamed("Comment0")->setLeft(100);
     frame.frame.noticeChanges(form);
     EXPECT_EQ(form.titleMark(), " \u2022");
+}
+
+TEST_F(Frame, ADialogThatIsLeftChangesNothing) {
+    frame.frame.start();
+    frame.frame.run(Command::loadTestGraph);
+    canvas::DrawForm& form = frame.active();
+    repository::markStored(form);
+    const std::string before = testkit::modelText(form);
+    int opened = 0;
+    const auto look = [&](auto&) {
+        ++opened;
+        frame.frame.noticeChanges(form);  // the windows' clock does not stop
+    };
+    frame.host.atWizard = look;
+    frame.host.atActivity = look;
+    frame.host.atRecordSet = look;
+    canvas::CanvasWindows& windows = frame.frame.pointerPorts().windows;
+    for (canvas::LabelsD& node : form.Labels) {
+        windows.openProperties(form, node);
+        if (node.activity()) {
+            windows.openTemplateWizard(form, node);
+        }
+        frame.frame.noticeChanges(form);
+        EXPECT_EQ(form.titleMark(), "") << node.Caption();
+        EXPECT_EQ(testkit::modelText(form), before) << node.Caption();
+    }
+    EXPECT_GT(opened, 8);
 }
 
 TEST_F(Frame, AScenarioThatAnotherProgramRemovedIsSavedUnderAName) {
