@@ -27,6 +27,23 @@ void mouse(Subject& subject, QEvent::Type type, QPoint at) {
     QCoreApplication::sendEvent(viewport, &event);
 }
 
+/// Counts what a widget is asked to paint, so that a step that shows nothing is not taken for a quick one.
+class Paintings : public QObject {
+  public:
+    explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count_ += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    /// The time as it is when each of so many steps was painted, endless otherwise.
+    double time(double measured, int steps) const {
+        return count_ >= steps ? measured : std::numeric_limits<double>::infinity();
+    }
+
+  private:
+    int count_ = 0;
+};
+
 }  // namespace
 
 double median(int runs, const std::function<void()>& work, const std::function<void()>& prepare) {
@@ -94,15 +111,17 @@ double dragStep(Subject& subject, std::int32_t number) {
     const QPoint start = subject.pixelOf(number);
     mouse(subject, QEvent::MouseButtonPress, start);
     int step = 0;
+    const Paintings paintings(*subject.area().viewport());
     const double time = median(2 * kRuns, [&] {
         ++step;
         mouse(subject, QEvent::MouseMove, start + QPoint(4 * step % 160, 3 * step % 90));
         settle();
     });
+    const double painted = paintings.time(time, step);
     mouse(subject, QEvent::MouseMove, start);
     mouse(subject, QEvent::MouseButtonRelease, start);
     settle();
-    return time;
+    return painted;
 }
 
 double drop(Subject& subject, std::int32_t number, int runs) {
@@ -151,15 +170,17 @@ double cropStep(Ours& ours, const Graph& graph) {
     settle();
     mouse(ours, QEvent::MouseButtonPress, QPoint(100, 20));
     int step = 0;
+    const Paintings paintings(*ours.area().viewport());
     const double time = median(2 * kRuns, [&] {
         ++step;
         mouse(ours, QEvent::MouseMove, QPoint(200 + 20 * step, 100 + 11 * step));
         settle();
     });
+    const double painted = paintings.time(time, step);
     mouse(ours, QEvent::MouseButtonRelease, QPoint(200, 100));
     ours.useTool("Move");
     settle();
-    return time;
+    return painted;
 }
 
 GroupDrag groupDrag(Ours& ours, std::int32_t number) {
@@ -179,11 +200,13 @@ GroupDrag groupDrag(Ours& ours, std::int32_t number) {
     const QPoint start = ours.pixelOf(number);
     mouse(ours, QEvent::MouseButtonPress, start);
     int step = 0;
+    const Paintings paintings(*ours.area().viewport());
     figures.step = median(kRuns, [&] {
         ++step;
         mouse(ours, QEvent::MouseMove, start + QPoint(40 + 4 * step % 160, 40 + 3 * step % 90));
         settle();
     });
+    figures.step = paintings.time(figures.step, step);
     figures.drop = median(1, [&] {
         mouse(ours, QEvent::MouseButtonRelease, start + QPoint(60, 50));
         settle();
