@@ -81,17 +81,18 @@ std::vector<std::string> keysOf(const entities::Lazy<List>& list) {
     return keys;
 }
 
-/// Puts the items of a collection into the order of `keys`; those that it does not name follow in the order they had.
-/// The items themselves stay the same objects.
+/// Puts the items of a collection into the order that another one has; those whose keys it does not have follow in the
+/// order they had. The items themselves stay the same objects.
 template <class List>
-void restoreOrder(entities::Lazy<List>& items, const std::vector<std::string>& keys) {
+void restoreOrder(entities::Lazy<List>& items, const entities::Lazy<List>& former) {
     List* list = items.peek();
-    bool stands = list && static_cast<std::size_t>(list->Count()) >= keys.size();
-    for (std::size_t at = 0; stands && at < keys.size(); ++at) {
-        stands = list->keyAt(static_cast<int>(at) + 1) == keys[at];
+    const List* order = former.peek();
+    bool stands = list && (!order || list->Count() >= order->Count());
+    for (int at = 1; order && stands && at <= order->Count(); ++at) {
+        stands = list->keyAt(at) == order->keyAt(at);
     }
     if (list && !stands) {
-        list->reorder(keys);
+        list->reorder(keysOf(former));
     }
 }
 

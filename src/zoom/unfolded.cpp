@@ -21,8 +21,8 @@ Unfolded::Unfolded(const ZoomForm& form) {
         }
         if (form.bearsName(node)) {
             const bool selected = form.SelectedLabels.Item(node.Index()) != nullptr;
-            places_[node.KeyName()] = {node.box(), selected ? node.Color() ^ form.settings().SelColor : node.Color(),
-                                       node.Ready()};
+            places_.push_back({node.KeyName(), node.box(),
+                               selected ? node.Color() ^ form.settings().SelColor : node.Color(), node.Ready()});
         }
     }
 }
@@ -39,10 +39,9 @@ void Unfolded::restore(ZoomForm& form) const {
             foldNode(form, node);
         }
     }
-    for (LabelsD& node : form.Labels) {
-        const auto place = form.bearsName(node) ? places_.find(node.KeyName()) : places_.end();
-        if (place != places_.end()) {
-            place->second.restore(node);
+    for (const Place& place : places_) {
+        if (LabelsD* node = form.nodeNamed(place.name)) {
+            place.restore(*node);
         }
     }
 }
@@ -92,14 +91,18 @@ class ScenarioOrder {
 
     template <class List>
     void restore(Lazy<List>& list, const Lazy<List>& former, const std::string& owner, NodeKindCode kind) const {
-        std::vector<std::string> keys = keysOf(former);
-        if (form_.anyRenamed()) {
-            const std::size_t head = wholeKey(owner, kind, "").size();
-            for (std::string& key : keys) {
-                key = form_.nameNow(wholeKey(owner, kind, key)).substr(head);
-            }
+        if (!form_.anyRenamed()) {
+            restoreOrder(list, former);
+            return;
         }
-        restoreOrder(list, keys);
+        std::vector<std::string> keys = keysOf(former);
+        const std::size_t head = wholeKey(owner, kind, "").size();
+        for (std::string& key : keys) {
+            key = form_.nameNow(wholeKey(owner, kind, key)).substr(head);
+        }
+        if (List* shown = list.peek()) {
+            shown->reorder(keys);
+        }
     }
 
     const ZoomForm& form_;

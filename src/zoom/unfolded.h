@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
-#include <unordered_map>
+#include <vector>
 
 #include "zoom/zoom_form.h"
 
@@ -20,6 +20,7 @@ class Unfolded {
 
   private:
     struct Place {
+        std::string name;  ///< of its node; the number may be another one afterwards
         canvas::Box box;
         std::int32_t color;
         bool ready;
@@ -29,7 +30,7 @@ class Unfolded {
 
     std::set<std::int32_t> expanded_;
     std::set<std::string> expandedNames_;
-    std::unordered_map<std::string, Place> places_;
+    std::vector<Place> places_;
 };
 
 /// Folds an activity, a record set or a function. Its members keep the order that they have; with `design` they take

@@ -64,18 +64,19 @@ constexpr std::array<ExpansionRow, 6> kRows = {{
 /// Sees that a collection holds these very items, and puts them into their order; a member without a node comes last.
 template <class List>
 void refill(List& list, const std::vector<std::shared_ptr<EntityOf<List>>>& items, FoldedOrder order) {
-    std::vector<std::string> keys;
-    keys.reserve(items.size());
     for (const auto& item : items) {
         const std::string& key = keyOf(*item);
-        const auto* held = list.Item(key);
-        if (held != item.get()) {
+        if (list.Item(key) != item.get()) {
             list.Remove(key);
             list.append(item, key);
         }
-        keys.push_back(key);
     }
     if (order == FoldedOrder::reversed) {
+        std::vector<std::string> keys;
+        keys.reserve(items.size());
+        for (const auto& item : items) {
+            keys.push_back(keyOf(*item));
+        }
         list.reorder(keys);
     }
 }
