@@ -41,9 +41,11 @@ std::string replacePlainly(const LDLGenerator& generator, std::string text, std:
 class Tokens {
   public:
     void add(std::string_view token, std::string replacement) {
-        Slot& slot = slotOf(token);
-        if (slot.number < 0) {
+        if (Slot& slot = slotOf(token); slot.number < 0) {
             slot = {hashOf(token), static_cast<int>(entries_.size())};
+            if (2 * ++used_ >= slots_.size()) {
+                widen();
+            }
         }
         if (std::find(lengths_.begin(), lengths_.end(), token.size()) == lengths_.end()) {
             lengths_.push_back(token.size());
@@ -51,7 +53,7 @@ class Tokens {
         }
         entries_.push_back({token, std::move(replacement)});
     }
-    /// Room for all tokens that will come.
+    /// Room for as many tokens at once; more may come.
     void reserve(std::size_t count) {
         entries_.reserve(count);
         slots_.assign(std::bit_ceil(2 * count + 1), {});
@@ -108,9 +110,23 @@ class Tokens {
         }
     }
     Slot& slotOf(std::string_view token) { return const_cast<Slot&>(std::as_const(*this).slotOf(token)); }
+    void widen() {
+        std::vector<Slot> wider(4 * slots_.size());
+        for (const Slot& slot : slots_) {
+            std::size_t at = slot.hash;
+            while (slot.number >= 0 && wider[at & (wider.size() - 1)].number >= 0) {
+                ++at;
+            }
+            if (slot.number >= 0) {
+                wider[at & (wider.size() - 1)] = slot;
+            }
+        }
+        slots_ = std::move(wider);
+    }
 
     std::vector<Entry> entries_;
-    std::vector<Slot> slots_;
+    std::vector<Slot> slots_;  ///< a power of two, half of them free
+    std::size_t used_ = 0;
     std::vector<std::size_t> lengths_;
     std::size_t longest_ = 0;
     std::set<std::string_view> sorted_;  ///< the first `listed_` of the entries
@@ -122,13 +138,14 @@ class Tokens {
 /// brings a new "@" and no two references grow together; otherwise the way ends as `NotSimple`.
 class QuickReplacement {
   public:
-    /// `fault` tells what ended the pass, if anything does.
-    QuickReplacement(const LDLGenerator& generator, const std::string& text, std::string& fault)
-        : generator_(generator), text_(text), fault_(fault) {}
+    /// So many variables are `declared`. `fault` tells what ended the pass, if anything does.
+    QuickReplacement(const LDLGenerator& generator, int declared, const std::string& text, std::string& fault)
+        : generator_(generator), declared_(static_cast<std::size_t>(declared)), text_(text), fault_(fault) {}
 
     std::string run() {
         result_.reserve(text_.size() + text_.size() / 4);  // replacements are often longer than their tokens
-        tokens_.reserve(static_cast<std::size_t>(std::count(text_.begin(), text_.end(), '@')));
+        // A text names as a rule no more than what is declared, however often.
+        tokens_.reserve(std::min<std::size_t>(declared_, text_.size() / 2));
         std::size_t done = 0;
         for (std::size_t at = text_.find('@'); at != kNone; at = text_.find('@', done)) {
             result_.append(text_, done, at - done);
@@ -197,6 +214,7 @@ class QuickReplacement {
     }
 
     const LDLGenerator& generator_;
+    std::size_t declared_;
     const std::string& text_;
     std::string& fault_;
     std::string result_;
@@ -208,7 +226,7 @@ class QuickReplacement {
 
 std::string LDLGenerator::replaceVariables(const std::string& text, std::string& fault) const {
     try {
-        return QuickReplacement(*this, text, fault).run();
+        return QuickReplacement(*this, variables_.Count(), text, fault).run();
     } catch (const NotSimple&) {
         fault.clear();
         return replacePlainly(*this, text, fault);
