@@ -1,5 +1,7 @@
 #include "editors/record_set_prop.h"
 
+#include <utility>
+
 #include "editors/list_rows.h"
 #include "forms/name_check.h"
 #include "statements/sql_creator.h"
@@ -83,7 +85,9 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
     }
     const std::string name = AfterLastDot(rowKey);
     if (tempProp->RecordSet_Outputs->Item(name)) {
-        messages().tell("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
+        if (many_ == 0 || !std::exchange(toldTaken_, true)) {
+            messages().tell("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
+        }
         return;
     }
     AttributeProperties attribute;
@@ -117,6 +121,7 @@ void RecordSetProp::markNode(const std::string& key, bool used) {
 }
 
 void RecordSetProp::moveMany(const std::function<void()>& moves) {
+    toldTaken_ = toldTaken_ && many_ > 0;
     ++many_;
     moves();
     if (--many_ == 0) {
@@ -205,7 +210,7 @@ bool RecordSetProp::rename(int row, const std::string& name) {
 }
 
 bool RecordSetProp::AfterLabelEdit(int row, const std::string& text) {
-    if (!AttList.Item(row) || text.empty()) {
+    if (!AttList.Item(row) || forms::hasFault(text, forms::NameFault::empty)) {
         return false;
     }
     if (forms::hasFault(text, forms::NameFault::dot)) {
@@ -237,7 +242,7 @@ void RecordSetProp::RestoreFullNames_Click() {
 }
 
 bool RecordSetProp::apply() {
-    if (txtRecordSetName.empty()) {
+    if (forms::hasFault(txtRecordSetName, forms::NameFault::empty)) {
         tell("PLEASE GIVE A VALID NAME");
         return false;
     }

@@ -91,6 +91,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     std::optional<zoom::MirrorOrder> mirrorOrder_;              ///< of the neighbours as the dialog found it
     int deletedMark_ = 0;
     int many_ = 0;
+    bool toldTaken_ = false;  // of several nodes that move together, one refusal is told
 };
 
 }  // namespace orvent::editors

@@ -21,9 +21,8 @@ constexpr std::array<forms::NameRule, 3> kLabelRules = {{
     {forms::NameFault::dot, "DOTS ARE NOT ALLLOWED IN NAMES"},
 }};
 
-std::string folderOf(const std::string& path) {
-    const std::size_t at = path.find_last_of("/\\");
-    return at == std::string::npos ? std::string() : path.substr(0, at);
+bool isBlank(const std::string& name) {
+    return forms::hasFault(name, forms::NameFault::empty);
 }
 
 }  // namespace
@@ -64,9 +63,9 @@ void SetActProp::LoadActivity() {
     txtSQL = tempProp->Act_LDL;
     buildTrees();
     fillLists();
-    if (tempProp->Act_Type >= 0 &&
-        static_cast<std::size_t>(tempProp->Act_Type) < services_.catalogue.tables.activityTypes.size()) {
-        ActTypes = tempProp->Act_Type;
+    ActTypes = tempProp->Act_Type;
+    if (!showsType()) {
+        ActTypes = -1;
     }
     Saved = true;
     ActiveNode.setReady(false);
@@ -91,7 +90,7 @@ void SetActProp::txtName_Change(const std::string& text) {
 }
 
 void SetActProp::txtName_Leave() {
-    if (leaving_ || txtName.empty() || (txtName == membersName_ && txtName == ActiveNode.Caption())) {
+    if (leaving_ || isBlank(txtName) || (txtName == membersName_ && txtName == ActiveNode.Caption())) {
         return;
     }
     leaving_ = true;
@@ -142,7 +141,9 @@ void SetActProp::txtRejected_Change(const std::string& text) {
     if (txtRejected != text) {
         tempProp->Act_Log = txtRejected = text;
         tempProp->Changed = true;
-        services_.repository.store.setValue("General", "LogPath", folderOf(text));
+        if (const std::size_t name = text.find_last_of("/\\"); name != std::string::npos) {
+            services_.repository.store.setValue("General", "LogPath", text.substr(0, name));
+        }
         edited();
     }
 }
@@ -175,11 +176,11 @@ void SetActProp::LangSelector_Click(Language language) {
 }
 
 void SetActProp::ActTypes_Click(int position) {
-    if (txtName.empty()) {
+    if (isBlank(txtName)) {
         const std::string name =
             services_.repository.input.ask("You Have To Give A Name For This Activity Before Setting Its Type!",
                                            "Activity's Name", ActiveNode.Caption());
-        if (name.empty()) {
+        if (isBlank(name)) {
             ActTypes = -1;
             return;
         }

@@ -53,6 +53,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     bool ReportView = true;                      ///< the lists show their columns
     bool Enabled = true;                         ///< false while the wizard is open over it
     std::function<void(bool enabled)> onEnable;  ///< set by the window
+    std::function<void()> onEnd;                 ///< set by who opens it: its window takes input again
 
     void txtName_Change(const std::string& text);
     void txtName_Leave();
@@ -115,6 +116,8 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     template <class Text>
     void renameRows(Text text);
     std::string& statement();
+    /// Whether `ActTypes` shows a type: another user may have shortened the table.
+    bool showsType() const { return ActTypes >= 0 && static_cast<std::size_t>(ActTypes) < typeNames().rows(); }
     std::vector<forms::Tree::Node*> takenOf(const std::vector<std::string>& nodeKeys) const;
     void tell(const char* text, platform::Icon icon) { messages().tell(text, {}, icon); }
 

@@ -2,6 +2,7 @@
 
 #include "editors/activity_rename.h"
 #include "editors/set_act_prop.h"
+#include "forms/name_check.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
 
@@ -53,11 +54,11 @@ canvas::LabelsD* functionNode(canvas::Canvas& form, const FunctionProperties& fu
 
 bool SetActProp::apply() {
     txtName_Leave();
-    if (txtName.empty()) {
+    if (forms::hasFault(txtName, forms::NameFault::empty)) {
         tell("PLEASE GIVE THE ACTIVITY's NAME", Icon::warning);
         return false;
     }
-    if (ActTypes < 0) {
+    if (!showsType()) {
         tell("PLEASE SELECT AN ACTIVITY TYPE", Icon::warning);
         return false;
     }
@@ -130,7 +131,7 @@ void SetActProp::bindFunctions(const ActivityProperties& former, ActivityPropert
 }
 
 bool SetActProp::isComplete() const {
-    return !txtName.empty() && ActTypes >= 0;
+    return !forms::hasFault(txtName, forms::NameFault::empty) && showsType();
 }
 
 std::optional<forms::ClosingQuestion> SetActProp::closingQuestion() const {
@@ -148,6 +149,9 @@ void SetActProp::closing() {
     ActiveNode.setReady(true);
     services_.nodes.refresh(ParForm, ActiveNode);
     ParForm.setEnabled(true);
+    if (onEnd) {
+        onEnd();
+    }
 }
 
 }  // namespace orvent::editors

@@ -35,10 +35,8 @@ forms::List& SetActProp_Functions::listFor(const Tree::Node& node) {
     const int receives = isFunctionNode(node) || isConstantNode(node) ? kParameters
                          : isDatabaseNode(node)                       ? SelectedList
                                                                       : kInputs;
-    if (receives != SelectedList) {
-        SelectedList = receives;
-        tabMoved();
-    }
+    SelectedList = receives;
+    tabMoved();  // the log may stand in front
     return frontList();
 }
 
@@ -323,7 +321,7 @@ class WholeTypes : public FunctionTypeSource {
 }  // namespace
 
 void SetActProp_Functions::SetActivityType(int position) {
-    const bool known = position >= 0 && static_cast<std::size_t>(position) < catalogue_.tables.activityTypes.size();
+    const bool known = position >= 0 && static_cast<std::size_t>(position) < catalogue_.tables.activityTypes.rows();
     if (!known) {
         messages_.tell("UNIDENTIFIED ACTIVITY TYPE", {}, platform::Icon::critical);
         return;

@@ -65,12 +65,14 @@ void DropNode(RowOperations& dialog, Tree::Node& node, int position) {
 }
 
 void DropNodes(RowOperations& dialog, const std::vector<Tree::Node*>& nodes, int position) {
-    for (Tree::Node* node : nodes) {
-        const forms::List& list = dialog.listFor(*node);
-        const int before = list.Count();
-        DropNode(dialog, *node, position);
-        position = position > 0 ? position + list.Count() - before : 0;
-    }
+    dialog.moveMany([&] {
+        for (Tree::Node* node : nodes) {
+            const forms::List& list = dialog.listFor(*node);
+            const int before = list.Count();
+            DropNode(dialog, *node, position);
+            position = position > 0 ? position + list.Count() - before : 0;
+        }
+    });
 }
 
 namespace {

@@ -8,25 +8,25 @@ namespace orvent::editors {
 
 void ZoomNodes::prepare(canvas::CanvasForm& form, canvas::LabelsD& node) {
     if (auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form)) {
-        unfolded_.emplace(*zoom);
+        zoom::Unfolded before(*zoom);
         foldNode(*zoom, node);
-        entity_ = node.Properties;
+        folded_.insert_or_assign(&form, Folded{std::move(before), node.Properties});
     }
 }
 
 void ZoomNodes::refresh(canvas::CanvasForm& form, canvas::LabelsD& node) {
     auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form);
-    if (!zoom || !unfolded_) {
+    const auto folded = folded_.extract(&form);
+    if (!zoom || folded.empty()) {
         return;
     }
     const bool ready = node.Ready();
-    std::exchange(unfolded_, std::nullopt)->restore(*zoom);
+    folded.mapped().before.restore(*zoom);
     node.setReady(ready);
     refreshFilters(*zoom);
-    if (node.Properties != entity_) {
+    if (node.Properties != folded.mapped().entity) {
         zoom->touch();  // the dialog gave it another record
     }
-    entity_ = std::int16_t{0};
 }
 
 }  // namespace orvent::editors

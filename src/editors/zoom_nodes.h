@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <unordered_map>
 
 #include "editors/set_act_prop.h"
 #include "zoom/unfolded.h"
@@ -8,15 +8,18 @@
 namespace orvent::editors {
 
 /// Folds the node of a zoom view while its dialog is open, and unfolds it as it was. A view takes no input meanwhile,
-/// so there is one such node at a time.
+/// so there is one such node of each at a time.
 class ZoomNodes : public NodePreparation {
   public:
     void prepare(canvas::CanvasForm& form, canvas::LabelsD& node) override;
     void refresh(canvas::CanvasForm& form, canvas::LabelsD& node) override;
 
   private:
-    std::optional<zoom::Unfolded> unfolded_;
-    canvas::NodeProperties entity_;  ///< as the dialog opened
+    struct Folded {
+        zoom::Unfolded before;
+        canvas::NodeProperties entity;  ///< as the dialog opened
+    };
+    std::unordered_map<const canvas::CanvasForm*, Folded> folded_;
 };
 
 }  // namespace orvent::editors

@@ -7,6 +7,9 @@ using platform::Answer;
 bool Editor::Apply() {
     const bool done = apply();
     Saved = Saved || done;
+    if (!done) {
+        changed();  // a refusal may empty or put back what was typed
+    }
     return done;
 }
 

@@ -18,7 +18,7 @@ class RecordSetPropTest : public testkit::RepositoryTest {
     RecordSetPropTest() {
         database.answer("SELECT table_name FROM all_tables WHERE owner=?", {{"BOOKS"}, {"SHOPS"}});
         database.answer(kColumns, {{"ID", "INTEGER"}, {"TITLE", "STRING"}});
-        database.answer(kColumns, {{"ID", "INTEGER"}});
+        database.answer(kColumns, {{"ID", "INTEGER"}, {"TITLE", "STRING"}});
         testkit::GraphBuilder graph(*form);
         RecordSetProperties& books = graph.recordSet("Books", {"ID"});
         books.RecordSet_Name = "Books";
@@ -60,6 +60,12 @@ TEST_F(RecordSetPropTest, ALoadedDatabaseShowsWhatTheListHas) {
     EXPECT_EQ(dialog.DBView.find("SHOP.BOOKS")->value().Image, "Table-Checked");
     messages.expect("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
     click(dialog, "SHOP.SHOPS.ID");
+    messages.verify();
+    for (const bool drop : {false, true}) {
+        messages.expect("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
+        drop ? dialog.Drop({"SHOP.SHOPS.ID", "SHOP.SHOPS.TITLE"}, 1) : click(dialog, "SHOP.SHOPS");
+        messages.verify();
+    }
     EXPECT_EQ(dialog.AttList.Count(), 2) << "one column name of two tables";
 
     dialog.SQLAuto_Click();
@@ -168,9 +174,11 @@ TEST_F(RecordSetPropTest, OKIsRefusedInOrder) {
     dialog.MoveAll2Tree_Click();
     messages.expect("PLEASE SET THE RECORDSET'S DATA", "", Icon::warning);
     EXPECT_FALSE(dialog.OK());
-    dialog.txtRecordSetName_Change("");
-    messages.expect("PLEASE GIVE A VALID NAME", "", Icon::warning);
-    EXPECT_FALSE(dialog.OK());
+    for (const char* name : {"", "  "}) {
+        dialog.txtRecordSetName_Change(name);
+        messages.expect("PLEASE GIVE A VALID NAME", "", Icon::warning);
+        EXPECT_FALSE(dialog.OK());
+    }
 }
 
 }  // namespace

@@ -152,8 +152,13 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     EXPECT_EQ(keys(dialog->AttList[kParameters]), "C1 F1");
     EXPECT_EQ(dialog->AttList[kParameters].Item(1)->SubItems[2], "Constant");
     EXPECT_FALSE(dialog->AttList[kParameters].Item(2)->Editable);
+    dialog->TabStrip1_Click(SetActProp::kLogTab);
     click(*dialog, "GRAPH.Before.B");
     EXPECT_EQ(dialog->SelectedList, kInputs);
+    EXPECT_EQ(dialog->TabStrip1, kInputs);
+    dialog->TabStrip1_Click(SetActProp::kLogTab);
+    click(*dialog, "DB.RS.PRICE");
+    EXPECT_EQ(dialog->TabStrip1, kInputs) << "the list that takes the node comes before the log";
     EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Before_B")->Tag, kTagActivityMirror);
 
     messages.expect("Properties Saved", "", Icon::information);
@@ -312,6 +317,81 @@ TEST_F(SetActPropTest, NamesAreCheckedWhenTheBoxIsLeft) {
     EXPECT_EQ(dialog->ActiveNode.Caption(), "Act") << "closing without Apply puts the name back";
 }
 
+TEST_F(SetActPropTest, WhatIsMissingIsAskedForOrTold) {
+    open()->end();
+    const std::string before = testkit::modelText(*form);
+    const auto dialog = open();
+    const auto refuse = [&](const char* words, auto act) {
+        messages.expect(words, "", Icon::warning);
+        EXPECT_FALSE(act());
+        messages.verify();
+    };
+    const char* const nameless = "PLEASE GIVE THE ACTIVITY's NAME";
+    const char* const typeless = "PLEASE SELECT AN ACTIVITY TYPE";
+    const auto askName = [&](const char* answer) {
+        inputBox.expect("You Have To Give A Name For This Activity Before Setting Its Type!", "Activity's Name", "Act",
+                        answer);
+    };
+    inputBox.expect("Please Give A Name", "An Activity Can Not Be Nameless", "", "");
+    dialog->txtName_Change("");
+    askName(" ");
+    dialog->ActTypes_Click(1);
+    EXPECT_EQ(dialog->ActTypes, -1);
+    refuse(nameless, [&] { return dialog->Apply(); });
+    dialog->txtName_Change("  ");
+    refuse(nameless, [&] { return dialog->OK(); });
+    EXPECT_EQ(dialog->ActiveNode.Caption(), "Act");
+    askName("Named");
+    messages.expect("UNIDENTIFIED ACTIVITY TYPE", "", Icon::critical);
+    dialog->ActTypes_Click(9);
+    EXPECT_EQ(dialog->txtName, "Named");
+    refuse(typeless, [&] { return dialog->Apply(); });
+    answerClosing(Answer::yes);
+    refuse(typeless, [&] { return dialog->mayClose(); });
+    answerClosing(Answer::cancel);
+    EXPECT_FALSE(dialog->mayClose());
+    dialog->end();
+    EXPECT_EQ(testkit::modelText(*form), before);
+}
+
+TEST_F(SetActPropTest, ACatalogueThatSomeoneEmptiedHasNoNamesToShow) {
+    const auto dialog = open();
+    catalogue.tables = {};
+    click(*dialog, "DB.RS.NAME");
+    click(*dialog, "GRAPH.F1");
+    dialog->RefreshHeadersM_Click();
+    EXPECT_EQ(dialog->AttList[kInputs].Item("RS_NAME")->SubItems[0], "");
+    messages.expect("UNIDENTIFIED ACTIVITY TYPE", "", Icon::critical);
+    dialog->ActTypes_Click(1);
+    dialog->tempProp->Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
+    messages.expect("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: .\nTarget: .", "",
+                    Icon::warning);
+    dialog->SendOutput(2);
+    messages.expect("PLEASE SELECT AN ACTIVITY TYPE", "", Icon::warning);
+    EXPECT_FALSE(dialog->Apply()) << "the type that it had shows no name any more";
+}
+
+TEST_F(SetActPropTest, AnyNameWithoutADotIsTakenWhole) {
+    std::string present = "Act";
+    for (const std::string& name : {std::string(1000, 'x'), std::string("a \"b\" 'c'"), std::string("größe_Ü"),
+                                    std::string("12"), std::string(" x ")}) {
+        SCOPED_TRACE(name);
+        const auto dialog = open(present.c_str());
+        dialog->txtName_Change(name);
+        const bool label = name != "12";
+        EXPECT_TRUE(!label || dialog->AfterLabelEdit(1, name));
+        messages.expect("Properties Saved", "", Icon::information);
+        ASSERT_TRUE(dialog->OK());
+        dialog->end();
+        canvas::LabelsD* node = form->nodeNamed(name);
+        ASSERT_TRUE(node);
+        EXPECT_EQ(node->activity()->Act_Name, name);
+        EXPECT_TRUE(!label || node->activity()->Act_Inputs->Item(1)->Attribute_Name == name);
+        EXPECT_TRUE(testkit::GraphBuilder(*form).attribute("RS.ID").ProviderFor->Item(name + ".IN.RS_ID"));
+        present = name;
+    }
+}
+
 TEST_F(SetActPropTest, LabelsAreChecked) {
     struct Row {
         const char* label;
@@ -442,6 +522,9 @@ TEST_F(SetActPropTest, TheFolderOfTheLogIsKeptForTheNextOne) {
     dialog->RejectedFileOpen_Click();
     EXPECT_EQ(dialog->tempProp->Act_Log, chosen.path);
     EXPECT_EQ(store.value("General", "LogPath", ""), "/var/spool");
+    dialog->txtRejected_Change("rows.log");
+    EXPECT_EQ(store.value("General", "LogPath", ""), "/var/spool") << "it names no folder";
+    dialog->txtRejected_Change(chosen.path);
     dialog->ActTypes = 0;
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->OK());
