@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPixmap>
@@ -16,6 +17,19 @@ namespace orvent::tour {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr int kPause = 20;         // milliseconds
+constexpr int kPatience = 10'000;  // for a window that is awaited
+
+/// The modal window, or a dialog in front beside which the program goes on.
+QWidget* front() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : qobject_cast<QDialog*>(QApplication::activeWindow());
+}
+
+}  // namespace
+
 Player::Player(fs::path folder) : folder_(std::move(folder)) {}
 
 void Player::during(const char* what, const std::function<void()>& action, std::deque<Answer> answers) {
@@ -26,6 +40,15 @@ void Player::during(const char* what, const std::function<void()>& action, std::
     playing_ = true;
     lookSoon();
     action();
+    for (QElapsedTimer waited; !answers_.empty() || front();) {  // a dialog beside which the program goes on
+        if (!waited.isValid()) {
+            waited.start();
+        }
+        QApplication::processEvents(QEventLoop::AllEvents, kPause);
+        if (waited.elapsed() > kPatience) {
+            break;
+        }
+    }
     playing_ = false;
     QApplication::processEvents();
     expect(answers_.empty(), std::string(what) + ": a window that should have opened did not");
@@ -34,7 +57,7 @@ void Player::during(const char* what, const std::function<void()>& action, std::
 
 // A timer of its own for each look, since an answer may open a further window and a timer does not fire inside itself.
 void Player::lookSoon() {
-    QTimer::singleShot(20, QApplication::instance(), [this] {
+    QTimer::singleShot(kPause, QApplication::instance(), [this] {
         if (playing_) {
             lookSoon();
             lookForWindow();
@@ -43,7 +66,7 @@ void Player::lookSoon() {
 }
 
 void Player::lookForWindow() {
-    QWidget* window = QApplication::activeModalWidget();
+    QWidget* window = front();
     if (!window || answered_.contains(window) || qobject_cast<QProgressDialog*>(window)) {
         return;
     }

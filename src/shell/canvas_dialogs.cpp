@@ -1,5 +1,7 @@
 #include "shell/canvas_dialogs.h"
 
+#include <memory>
+
 #include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
 
@@ -28,8 +30,10 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
     }
     const Awake awake(windows_);
     if (node.activity()) {
-        editors::SetActProp dialog(services_, form, node);
-        services_.dialogs.show(dialog);
+        // The program goes on while it is open; only the window that it belongs to takes no input.
+        auto dialog = std::make_unique<editors::SetActProp>(services_, form, node);
+        dialog->onEnd = [&windows = windows_] { windows.enabledChanged(); };
+        services_.dialogs.open(std::move(dialog));
     } else if (node.recordSet()) {
         editors::RecordSetProp dialog(services_, form, node);
         services_.dialogs.show(dialog);

@@ -18,6 +18,12 @@ class DialogScript {
 
     void at(const QString& name, Act act) { steps_.push_back({name, std::move(act)}); }
 
+    /// Goes on when all steps were played and no dialog is left.
+    void settle() {
+        QTRY_VERIFY(steps_.empty() && !handled_ && !front());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     void verify() {
         for (const Step& step : steps_) {
             failQt(step.name.toStdString() + " never opened");
@@ -52,8 +58,14 @@ class DialogScript {
         }
     }
 
+    /// The modal window, or a dialog in front beside which the program goes on.
+    static QDialog* front() {
+        QWidget* modal = QApplication::activeModalWidget();
+        return qobject_cast<QDialog*>(modal ? modal : QApplication::activeWindow());
+    }
+
     void look() {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        QDialog* const dialog = front();
         if (!dialog || dialog == handled_) {
             waited_ = 0;
             return;
@@ -61,10 +73,10 @@ class DialogScript {
         if (!steps_.empty() && steps_.front().name == dialog->objectName() && dialog->isActiveWindow()) {
             const Act act = std::move(steps_.front().act);
             steps_.pop_front();
-            handled_ = dialog;
+            QDialog* const outer = std::exchange(handled_, dialog);
             fits(*dialog);
             act(*dialog);
-            handled_ = nullptr;
+            handled_ = outer;
         } else if (++waited_ > kPatience) {
             failQt("unexpected window " + dialog->objectName().toStdString());
             dialog->reject();

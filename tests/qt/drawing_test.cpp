@@ -88,6 +88,7 @@ struct Desk : StartedProgram {
                        [](QDialog& window) { window.reject(); });
         }
         clickAt(at);
+        dialogs.settle();
         // A platform without a display gives no window the focus that a closed one had.
         frame.activateWindow();
         QApplication::processEvents();

@@ -7,6 +7,7 @@
 #include <QTreeView>
 
 #include "qt/forms/list_model.h"
+#include "qt/forms/row_view.h"
 #include "qt/forms/window_sizes.h"
 #include "qt/shell/desk_window.h"
 #include "testkit/graph_builder.h"
@@ -34,6 +35,7 @@ struct Desk : StartedProgram {
     void edit(const char* node, const char* window, DialogScript::Act act) {
         dialogs.at(QLatin1String(window), std::move(act));
         logic.pointerPorts().windows.openProperties(*form, *form->nodeNamed(node));
+        dialogs.settle();
     }
     void answerSave(Answer answer) {
         messages.expect("THE ACTIVITY'S PROPERTIES HAVE NOT BEEN SAVED.\nDO YOU WANT TO SAVE BEFORE EXIT?", "",
@@ -84,6 +86,38 @@ void select(QTreeView& tree, const char* words) {
 void check(QTreeView& tree, const char* words) {
     select(tree, words);
     QTest::keyClick(&tree, Qt::Key_Space);
+}
+
+/// A click on the box beside a node.
+void tick(QTreeView& tree, const char* words) {
+    tree.scrollTo(indexOf(tree, words));  // opens its parent
+    const QRect row = tree.visualRect(indexOf(tree, words));
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, QPoint(row.left() + 9, row.center().y()));
+}
+
+/// Opens the menu of a list and looks at it.
+void inMenu(QTreeView& list, const std::function<void(QMenu&)>& look) {
+    bool seen = false;
+    QTimer::singleShot(0, &list, [&] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            seen = true;
+            look(*menu);
+            menu->close();
+        }
+    });
+    Q_EMIT list.customContextMenuRequested({5, 5});
+    QVERIFY(seen);
+}
+
+/// The greyed items, as "name: why".
+QString greyed(const QMenu& menu) {
+    QStringList items;
+    for (const QAction* item : menu.actions()) {
+        if (!item->isEnabled() && !item->isSeparator()) {
+            items << item->objectName() + QStringLiteral(": ") + item->toolTip();
+        }
+    }
+    return items.join(QStringLiteral(", "));
 }
 
 }  // namespace
@@ -144,6 +178,148 @@ class EntityDialogsTest : public WindowTest {
         QCOMPARE(desk.activity().Act_Inputs.peek()->Item("RS_NAME")->Attribute_Name, std::string("Title"));
         QVERIFY(desk.activity().Act_Parameters.peek()->Item("C1"));
         QCOMPARE(desk.activity().Act_Type, std::int16_t(0));
+    }
+
+    void theProgramGoesOnBesideAnActivity() {
+        Desk desk;
+        desk.edit("Act", "SetActProp", [&](QDialog& first) {
+            QVERIFY(!QApplication::activeModalWidget());
+            canvas::DrawForm& other = *desk.open("T");
+            testkit::GraphBuilder(other).node("B", canvas::NodeTypeActivity);
+            desk.logic.pointerPorts().windows.openProperties(other, *other.nodeNamed("B"));
+            QDialog* second = nullptr;
+            for (auto* dialog : desk.frame.findChildren<QDialog*>(QStringLiteral("SetActProp"))) {
+                second = dialog != &first ? dialog : second;
+            }
+            QVERIFY(second && second->isVisible() && first.isVisible());
+            QVERIFY(!desk.frame.area().windowOf(other)->isEnabled());
+            desk.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
+            desk.logic.run(shell::Command::changeUser);
+            first.close();
+            QVERIFY(desk.form->Enabled() && desk.frame.area().windowOf(*desk.form)->isEnabled());
+            QVERIFY(!other.Enabled());
+            second->close();
+            QVERIFY(desk.frame.area().windowOf(other)->isEnabled());
+        });
+        QVERIFY(!desk.frame.findChild<QDialog*>());
+    }
+
+    void whatIsGreySaysWhy() {
+        Desk desk;
+        desk.edit("Act", "SetActProp", [&](QDialog& window) {
+            const auto why = [&](const char* button) {
+                const auto* shown = control<QAbstractButton>(window, button);
+                return shown->isEnabled() ? QStringLiteral("-") : shown->toolTip();
+            };
+            QCOMPARE(why("OK"), QStringLiteral("Choose an activity type first"));
+            QTest::keyClicks(control<QTextEdit>(window, "txtDescr"), QStringLiteral("x"));
+            QCOMPARE(why("OK"), QStringLiteral("-"));
+            QVERIFY(why("Move2Tree").endsWith(QStringLiteral("The list has no rows")));
+            QTreeView& inputs = *view(window, "AttList(0)");
+            const QString noRow = QStringLiteral("Choose a row first");
+            const QString sends = QStringLiteral("ItemSendParamM: %1, ItemSendOutputM: %1, ");
+            const QString rest = QStringLiteral("ItemEditM: %1, ItemDeleteM: %1").arg(noRow);
+            inMenu(inputs, [&](QMenu& menu) {
+                const QString none = QStringLiteral(
+                    ", CutFullNamesM: The list has no rows, RestoreNamesM: The list has no rows, "
+                    "RefreshHeadersM: The list has no rows");
+                QCOMPARE(greyed(menu), sends.arg(noRow) + rest + none);
+            });
+            check(*view(window, "DBView"), "RS");
+            inMenu(inputs, [&](QMenu& menu) { QCOMPARE(greyed(menu), sends.arg(noRow) + rest); });
+            select(inputs, "RS_ID");
+            inMenu(inputs, [&](QMenu& menu) { QCOMPARE(greyed(menu), QString()); });
+            control<QTabWidget>(window, "TabStrip1")->setCurrentIndex(1);
+            QTreeView& outputs = *view(window, "AttList(1)");
+            select(outputs, "RS_ID");
+            inMenu(outputs, [&](QMenu& menu) {
+                QCOMPARE(greyed(menu) + QStringLiteral(", "), sends.arg(QStringLiteral("Only an input is sent")));
+            });
+            desk.answerSave(Answer::no);
+            window.close();
+        });
+    }
+
+    void keysMoveEditAndTurn() {
+        Desk desk;
+        desk.edit("Act", "SetActProp", [&](QDialog& window) {
+            check(*view(window, "DBView"), "RS");
+            QTreeView& inputs = *view(window, "AttList(0)");
+            QVERIFY(view(window, "DBView")->hasFocus());
+            tick(*view(window, "DBView"), "NAME");
+            QCOMPARE(rows(inputs), QStringLiteral("RS_ID RS_PRICE"));
+            tick(*view(window, "DBView"), "NAME");
+            QVERIFY2(inputs.hasFocus(), "the list shows what the mouse brought");
+            struct Row {
+                Qt::Key key;
+                const char* order;
+            };
+            select(inputs, "RS_NAME");
+            for (const Row& row :
+                 {Row{Qt::Key_Home, "RS_NAME RS_ID RS_PRICE"}, Row{Qt::Key_Down, "RS_ID RS_NAME RS_PRICE"},
+                  Row{Qt::Key_End, "RS_ID RS_PRICE RS_NAME"}, Row{Qt::Key_Up, "RS_ID RS_NAME RS_PRICE"}}) {
+                QTest::keyClick(&inputs, row.key, Qt::AltModifier);
+                QCOMPARE(rows(inputs), QLatin1String(row.order));
+            }
+            QTest::keyClick(&inputs, Qt::Key_F2);
+            auto* label = inputs.findChild<QLineEdit*>();
+            QVERIFY(label);
+            label->setText(QStringLiteral("Other"));
+            QTest::keyClick(label, Qt::Key_Escape);
+            QCOMPARE(rows(inputs), QStringLiteral("RS_ID RS_NAME RS_PRICE"));
+            auto* descr = control<QTextEdit>(window, "txtDescr");
+            descr->setFocus();
+            QTest::keyClick(descr, Qt::Key_Return);
+            QCOMPARE(descr->toPlainText(), QStringLiteral("\n"));
+            const auto* tabs = control<QTabWidget>(window, "TabStrip1");
+            for (const int tab : {3, 2}) {
+                QTest::keyClick(&window, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+                QCOMPARE(tabs->currentIndex(), tab);
+            }
+            QVERIFY(window.isVisible());
+            desk.answerSave(Answer::no);
+            QTest::keyClick(&window, Qt::Key_Escape);
+            QVERIFY(!window.isVisible());
+        });
+    }
+
+    void rowsShowTheLineOfADragAndTheMarkOfATwin() {
+        forms::List list;
+        for (const char* key : {"A", "B", "C"}) {
+            list.add({.Key = key, .Text = key});
+        }
+        ListModel model(
+            list, {QStringLiteral("Name")}, [](const std::string&, std::int32_t) { return QIcon(); }, nullptr);
+        model.dropRows = [](const std::vector<int>&, int) {};
+        RowView shown(model, QStringLiteral("rows"), nullptr);
+        shown.resize(300, 200);
+        shown.show();
+        const auto picture = [&] { return shown.viewport()->grab().toImage(); };
+        const QImage plain = picture();
+        const std::unique_ptr<QMimeData> dragged(model.mimeData({model.index(0, 0)}));
+        const QPoint between(30, shown.visualRect(model.index(1, 0)).bottom());
+        QDragEnterEvent enter(between, Qt::MoveAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent move(between, Qt::MoveAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(shown.viewport(), &enter);
+        QApplication::sendEvent(shown.viewport(), &move);
+        QVERIFY(move.isAccepted());
+        const QImage lined = picture();
+        const auto inked = [&](int y) {
+            int count = 0;
+            for (int x = 0; x < plain.width(); ++x) {
+                count += lined.pixel(x, y) != plain.pixel(x, y);
+            }
+            return count;
+        };
+        QVERIFY2(std::max(inked(between.y()), inked(between.y() + 1)) > 200, "the line lies between the rows");
+        QCOMPARE(inked(between.y() - 8), 0);
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(shown.viewport(), &leave);
+        QCOMPARE(picture(), plain);
+        list.alter(2, [](forms::ListRow& row) { row.Warning = "The row A has this name, too."; });
+        QVERIFY(picture() != plain);
+        QCOMPARE(model.index(1, 0).data(Qt::ToolTipRole).toString(),
+                 QStringLiteral("B\nThe row A has this name, too."));
     }
 
     void leavingWithANameThatIsTakenAsksOnlyOnce() {
@@ -298,6 +474,18 @@ class EntityDialogsTest : public WindowTest {
             QVERIFY(statement->isEnabled());
             QVERIFY(statement->toPlainText().contains(QStringLiteral("scenario_name AS scenario_name")));
             QVERIFY(!statement->document()->isUndoAvailable());
+            typeInto(window, "txtRecordSetName", QStringLiteral("Act"));
+            desk.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
+                                 "DUPLICATE NAME!", Icon::critical);
+            auto* name = control<QLineEdit>(window, "txtRecordSetName");
+            for (int refused = 0; refused < 2; ++refused) {
+                click(window, "OK");
+                QCOMPARE(name->text(), QString());
+                QCOMPARE(window.focusWidget(), name);
+                desk.messages.verify();
+                desk.messages.expect("PLEASE GIVE A VALID NAME", "", Icon::warning);
+            }
+            click(window, "OK");
             typeInto(window, "txtRecordSetName", QStringLiteral("Scenarios"));
             QTest::keyClick(control<QLineEdit>(window, "txtRecordSetName"), Qt::Key_Return);
             QVERIFY(!window.isVisible());

@@ -66,6 +66,38 @@ class TypeEditorsTest : public WindowTest {
         program.choose("ShowActivityTypesM");
     }
 
+    void whatIsGreySaysWhyAndSizesAreKept() {
+        StartedProgram program;
+        QSize left;
+        program.dialogs.at(QStringLiteral("DBFunctionType"), [&](QDialog& window) {
+            const auto whys = [&] {
+                QStringList list;
+                for (const char* name : {"But_NEW", "But_EDIT", "But_DELETE", "AddInput", "RemInput"}) {
+                    const auto* button = control<QPushButton>(window, name);
+                    list << (button->isEnabled() ? QStringLiteral("-") : button->toolTip());
+                }
+                return list.join(QLatin1Char('|'));
+            };
+            auto* types = control<QListWidget>(window, "FunctionTypes");
+            types->setCurrentRow(1);
+            const QString begin = QStringLiteral("Choose New or Edit first");
+            QCOMPARE(whys(), QStringLiteral("-|-|-|") + begin + QLatin1Char('|') + begin);
+            QCOMPARE(control<QLabel>(window, "usedBy")->text(), QStringLiteral("Used by no stored activity"));
+            QTest::keyClick(types, Qt::Key_F2);
+            const QString end = QStringLiteral("Save or cancel first");
+            QCOMPARE(whys(), QStringLiteral("%1|%1|%1|-|Choose a line of the list first").arg(end));
+            window.resize(740, 530);
+            left = window.size();
+            window.close();
+        });
+        program.choose("ShowFunctionTypesM");
+        program.dialogs.at(QStringLiteral("DBFunctionType"), [&](QDialog& window) {
+            QCOMPARE(window.size(), left);
+            window.close();
+        });
+        program.choose("ShowFunctionTypesM");
+    }
+
     void aPressOnTheDisabledDeleteTellsWhy() {
         StartedProgram program;
         program.open("S");

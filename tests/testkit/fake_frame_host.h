@@ -23,7 +23,7 @@ class FakeFrameHost : public shell::FrameHost {
             }
         });
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
-        dialogs_.add<editors::SetActProp>([this](auto& dialog) { atActivity(dialog); });
+        dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
     }
 

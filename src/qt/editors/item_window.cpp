@@ -23,7 +23,7 @@ ItemWindow::ItemWindow(editors::ItemProp& logic, QWidget* parent)
         return closes;
     });
     addCancel(QStringLiteral("Cancel"));
-    name->selectAll();
+    selectFromStart(*name);
     name->setFocus();
 }
 

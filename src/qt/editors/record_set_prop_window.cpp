@@ -25,6 +25,7 @@ namespace {
 
 constexpr QSize kSize(900, 660);
 constexpr int kStatementHeight = 150;
+constexpr int kNameWidth = 270;
 constexpr int kPatience = 300;  // milliseconds of loading before its progress is shown
 
 }  // namespace
@@ -56,7 +57,13 @@ RecordSetPropWindow::RecordSetPropWindow(editors::RecordSetProp& logic, WindowSi
     middle->setStretchFactor(1, 1);
     zones->setStretchFactor(0, 1);
     body().addWidget(zones, 1);
-    addOK(QStringLiteral("OK"), tr("&OK"));
+    addAccept(QStringLiteral("OK"), tr("&OK"), [this] {
+        const bool closes = logic_.OK();
+        if (!closes && name_->text().trimmed().isEmpty()) {
+            name_->setFocus();
+        }
+        return closes;
+    });
     addCancel(QStringLiteral("Cancel")).setText(tr("&Cancel"));
     resize(kSize);
     middle->setSizes({400, 480});
@@ -65,7 +72,7 @@ RecordSetPropWindow::RecordSetPropWindow(editors::RecordSetProp& logic, WindowSi
     logic_.show = [this] { showState(); };
     showState();
     name_->setFocus();
-    name_->selectAll();
+    selectFromStart(*name_);
 }
 
 void RecordSetPropWindow::act(const std::function<void()>& step) {
@@ -85,6 +92,7 @@ QWidget* RecordSetPropWindow::newDatabases() {
     databases_ = new TreePanel(logic_.DBView, entityPicture, tr("DATA&BASES"), QStringLiteral("DBView"), this);
     databases_->setHint(tr("Load a database to choose from its columns"));
     databases_->click = [this](forms::Tree::Node& node) { act([&] { logic_.NodeClick(node); }); };
+    databases_->clicked = [this] { list_->setFocus(); };
     databases_->dropRows = [this] { act([&] { logic_.Move2Tree_Click(); }); };
     connect(&databases_->view(), &QWidget::customContextMenuRequested, this, &RecordSetPropWindow::showDatabaseMenu);
     connect(databases_->view().selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { showState(); });
@@ -103,7 +111,10 @@ QWidget* RecordSetPropWindow::newDatabases() {
 QWidget* RecordSetPropWindow::newAttributes() {
     auto* side = new QWidget(this);
     rowButtons_ = new RowButtons(side);
-    rowButtons_->move = [this](forms::RowMove where) { act([&] { logic_.MoveRow_Click(where); }); };
+    rowButtons_->move = [this](forms::RowMove where) {
+        act([&] { logic_.MoveRow_Click(where); });
+        list_->setFocus();
+    };
     rowButtons_->remove = [this] { act([&] { logic_.Move2Tree_Click(); }); };
     rowButtons_->removeAll = [this] { act([&] { logic_.MoveAll2Tree_Click(); }); };
     auto* model = new ListModel(logic_.AttList, {tr("Attribute Name"), tr("Attribute Type")}, entityPicture, this);
@@ -118,10 +129,12 @@ QWidget* RecordSetPropWindow::newAttributes() {
     model->takesNodes = [](const std::vector<std::string>&) { return true; };
     model->dropNodes = [this](const std::vector<std::string>& keys, int place) {
         act([&] { logic_.Drop(keys, place); });
+        list_->setFocus();
     };
     model->dropRows = [this](const std::vector<int>& rows, int place) { act([&] { logic_.MoveRows(rows, place); }); };
     list_ = new RowView(*model, QStringLiteral("AttList"), side);
     list_->setAccessibleName(tr("ATTRIBUTES"));
+    list_->setColumnWidth(0, kNameWidth);
     list_->removeRows = rowButtons_->remove;
     list_->moveRows = rowButtons_->move;
     connect(list_, &QWidget::customContextMenuRequested, this, &RecordSetPropWindow::showListMenu);
@@ -216,8 +229,9 @@ void RecordSetPropWindow::showState() {
     if (name_->text() != text(logic_.txtRecordSetName)) {
         name_->setText(text(logic_.txtRecordSetName));
     }
+    name_->setToolTip(name_->text());  // a long one is cut
     setWindowTitle(tr("%1 — Record Set Properties").arg(name_->text()));
-    rowButtons_->showState(logic_.ListButtons());
+    rowButtons_->showState(logic_.ListButtons() ? QString() : tr("The list has no rows"));
     inUse_->setChecked(logic_.SQLOption);
     statement_->showText(logic_.txtSQL);
     statement_->box().setEnabled(logic_.SQLOption);
@@ -229,10 +243,8 @@ void RecordSetPropWindow::showState() {
 void RecordSetPropWindow::done(int result) {
     sizes_.keep(*this);
     FormWindow::done(result);
-    if (!isVisible() && logic_.hasEnded()) {
+    if (logic_.hasEnded()) {
         logic_.show = {};
-    } else if (logic_.txtRecordSetName.empty()) {
-        name_->setFocus();
     }
 }
 

@@ -54,10 +54,10 @@ RowButtons::RowButtons(QWidget* parent) : QWidget(parent) {
     column->addStretch();
 }
 
-void RowButtons::showState(bool enabled) {
+void RowButtons::showState(const QString& whyNot) {
     for (const Button& button : buttons_) {
-        button.shown->setEnabled(enabled);
-        button.shown->setToolTip(enabled ? button.tip : tr("%1. The list has no rows.").arg(button.tip));
+        button.shown->setEnabled(whyNot.isEmpty());
+        button.shown->setToolTip(whyNot.isEmpty() ? button.tip : button.tip + QStringLiteral(". ") + whyNot);
     }
 }
 

@@ -21,8 +21,8 @@ class RowButtons : public QWidget {
     std::function<void(forms::RowMove where)> move;
     std::function<void()> remove, removeAll;
 
-    /// Grey buttons say why.
-    void showState(bool enabled);
+    /// With a reason they are grey and say it.
+    void showState(const QString& whyNot);
 
   private:
     struct Button {

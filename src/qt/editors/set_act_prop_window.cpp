@@ -83,7 +83,7 @@ SetActPropWindow::SetActPropWindow(SetActProp& logic, WindowSizes& sizes, QWidge
     logic_.onEnable = [this](bool enabled) { setEnabled(enabled); };
     showState();
     name_->setFocus();
-    name_->selectAll();
+    selectFromStart(*name_);
 }
 
 template <class Act>
@@ -111,7 +111,10 @@ QWidget* SetActPropWindow::newDefinition() {
     descr_->setAcceptRichText(false);
     descr_->setTabChangesFocus(true);
     descr_->setMinimumSize(200, 3 * fontMetrics().lineSpacing());
-    connect(descr_, &QTextEdit::textChanged, this, [this] { logic_.txtDescr_Change(plainText(*descr_)); });
+    connect(descr_, &QTextEdit::textChanged, this, [this] {
+        logic_.txtDescr_Change(plainText(*descr_));
+        showOK();
+    });
     const auto addRow = [&](const char* name, const QString& caption, QWidget* field) {
         addField(*form, caption, field)->setObjectName(QLatin1String(name));
         field->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
@@ -134,7 +137,10 @@ QWidget* SetActPropWindow::newStatement() {
     refresh_->setObjectName(QStringLiteral("butRefresh"));
     refresh_->setAutoDefault(false);
     statement_ = new StatementBox(QStringLiteral("txtSQL"), tr("Statement of the activity"), side);
-    statement_->edited = [this](const std::string& text) { logic_.txtSQL_Change(text); };
+    statement_->edited = [this](const std::string& text) {
+        logic_.txtSQL_Change(text);
+        showOK();
+    };
     statement_->box().setMinimumSize(260, 3 * fontMetrics().lineSpacing());
     statement_->tools().addStretch();
     caption->setBuddy(&statement_->box());
@@ -170,6 +176,7 @@ QWidget* SetActPropWindow::newTrees() {
 TreePanel* SetActPropWindow::newTree(forms::Tree& tree, const QString& caption, const QString& name) {
     auto* panel = new TreePanel(tree, entityPicture, caption, name, this);
     panel->click = [this, &tree](forms::Tree::Node& node) { act([&] { logic_.NodeClick(tree, node); }); };
+    panel->clicked = [this] { focusList(); };
     panel->leaves = [this](forms::Tree::Node& node) { act([&] { logic_.DragOut(node); }); };
     panel->dropRows = [this] { act([&] { logic_.Move2Tree_Click(); }); };
     return panel;
@@ -178,7 +185,10 @@ TreePanel* SetActPropWindow::newTree(forms::Tree& tree, const QString& caption, 
 QWidget* SetActPropWindow::newLists() {
     auto* side = new QWidget(this);
     rowButtons_ = new RowButtons(side);
-    rowButtons_->move = [this](forms::RowMove where) { act([&] { logic_.MoveRow_Click(where); }); };
+    rowButtons_->move = [this](forms::RowMove where) {
+        act([&] { logic_.MoveRow_Click(where); });
+        focusList();
+    };
     rowButtons_->remove = [this] { act([&] { logic_.Move2Tree_Click(); }); };
     rowButtons_->removeAll = [this] { act([&] { logic_.MoveAll2Tree_Click(); }); };
     tabs_ = new QTabWidget(side);
@@ -215,6 +225,7 @@ RowView* SetActPropWindow::newList(int number, const char* caption) {
     model->takesNodes = [this](const std::vector<std::string>& keys) { return logic_.takes(keys); };
     model->dropNodes = [this](const std::vector<std::string>& keys, int place) {
         act([&] { logic_.Drop(keys, place); });
+        focusList();
     };
     model->dropRows = [this](const std::vector<int>& rows, int place) { act([&] { logic_.MoveRows(rows, place); }); };
     lists_[at] = new RowView(*model, QStringLiteral("AttList(%1)").arg(number), this);
@@ -226,13 +237,17 @@ RowView* SetActPropWindow::newList(int number, const char* caption) {
     return lists_[at];
 }
 
+void SetActPropWindow::focusList() {
+    lists_[static_cast<std::size_t>(logic_.SelectedList)]->setFocus();
+}
+
 QWidget* SetActPropWindow::newLog() {
     auto* page = new QWidget(this);
     page->setObjectName(QStringLiteral("RejectedPanel"));
     log_ = newField(QStringLiteral("txtRejected"), page);
     log_->setAccessibleName(tr("LOG FILE"));
     connect(log_, &QLineEdit::textEdited, this,
-            [this](const QString& typed) { logic_.txtRejected_Change(typed.toStdString()); });
+            [this](const QString& typed) { act([&] { logic_.txtRejected_Change(typed.toStdString()); }); });
     auto* browse = new QPushButton(tr("B&rowse…"), page);
     browse->setObjectName(QStringLiteral("RejectedFileOpen"));
     browse->setAutoDefault(false);
@@ -253,7 +268,7 @@ QWidget* SetActPropWindow::newLog() {
 
 void SetActPropWindow::addButtons() {
     addSideButton(QStringLiteral("Apply"), tr("&APPLY"), [this] { act([&] { logic_.Apply(); }); });
-    addOK(QStringLiteral("OK"), tr("&OK"));
+    ok_ = &addOK(QStringLiteral("OK"), tr("&OK"));
     addCancel(QStringLiteral("Cancel")).setText(tr("&CANCEL"));
 }
 
@@ -296,53 +311,21 @@ void SetActPropWindow::showMenu(RowView& list, const QPoint& at) {
     menu.exec(list.viewport()->mapToGlobal(at));
 }
 
-/// The types may change while the dialog is open: another user's reach it with the wizard.
-void SetActPropWindow::showTypes() {
-    const entities::NameTable& types = logic_.typeNames();
-    const auto rows = static_cast<int>(types.rows());
-    for (int row = 0; row < rows; ++row) {
-        const QString name = text(types.name(static_cast<std::int16_t>(row)));
-        if (row == types_->count()) {
-            types_->addItem(name);
-        } else if (types_->itemText(row) != name) {
-            types_->setItemText(row, name);
-        }
+/// The rest of the program goes on beside it: types may have come or changed their names.
+bool SetActPropWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        showState();
     }
-    while (types_->count() > rows) {
-        types_->removeItem(types_->count() - 1);
-    }
-    types_->setCurrentIndex(logic_.ActTypes);
-}
-
-void SetActPropWindow::showState() {
-    showing_ = true;
-    const auto showLine = [](QLineEdit& field, const std::string& value) {
-        if (field.text() != text(value)) {
-            field.setText(text(value));
-        }
-    };
-    setWindowTitle(tr("%1 — Activity Properties").arg(text(logic_.txtName)));
-    showLine(*name_, logic_.txtName);
-    showLine(*log_, logic_.txtRejected);
-    showPlainText(*descr_, logic_.txtDescr);
-    showTypes();
-    const bool ldl = logic_.LangSelector == SetActProp::Language::LDL;
-    language_->setCurrentIndex(ldl ? 0 : 1);
-    refresh_->setEnabled(ldl);
-    refresh_->setToolTip(ldl ? QString() : tr("Choose LDL first: the wizard makes no SQL"));
-    statement_->setLetters(ldl ? statements::Letters::kept : statements::Letters::upper);
-    statement_->showText(logic_.txtSQL);
-    tabs_->setCurrentIndex(logic_.TabStrip1);
-    for (RowView* list : lists_) {
-        list->setReport(logic_.ReportView);
-    }
-    rowButtons_->showState(logic_.ListButtons());
-    showing_ = false;
+    return FormWindow::event(event);
 }
 
 bool SetActPropWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == name_ && event->type() == QEvent::FocusOut && isVisible() && !going_) {
-        logic_.txtName_Leave();
+        // Another window in front, or a menu, does not leave the box.
+        const Qt::FocusReason reason = static_cast<QFocusEvent&>(*event).reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+            logic_.txtName_Leave();
+        }
     }
     // The wheel turns the page, not the type: another type would replace members.
     if (watched == types_ && event->type() == QEvent::Wheel) {

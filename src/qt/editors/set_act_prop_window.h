@@ -32,6 +32,7 @@ class SetActPropWindow : public FormWindow {
     SetActPropWindow(editors::SetActProp& logic, WindowSizes& sizes, QWidget* parent);
 
     void done(int result) override;
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -51,6 +52,8 @@ class SetActPropWindow : public FormWindow {
     void act(Act step);
     void showState();
     void showTypes();
+    void showOK();
+    void focusList();
 
     editors::SetActProp& logic_;
     WindowSizes& sizes_;
@@ -65,6 +68,7 @@ class SetActPropWindow : public FormWindow {
     QTabWidget* tabs_;
     std::array<RowView*, 3> lists_{};
     QLineEdit* log_;
+    QPushButton* ok_;
     bool showing_ = false;
     bool going_ = false;
 };

@@ -51,6 +51,12 @@ std::vector<QString> linesOf(const forms::List& list) {
     return lines;
 }
 
+/// A button that cannot work is grey and says why; with nothing to say it works.
+void greyWith(QPushButton& button, const QString& why) {
+    button.setEnabled(why.isEmpty());
+    button.setToolTip(why);
+}
+
 }  // namespace
 
 void TypeEditorWindow::act(Event handler) {
@@ -131,19 +137,23 @@ void TypeEditorWindow::showLists() {
 
 void TypeEditorWindow::showButtons() {
     const bool editing = logic_.isEditing();
-    const QString choose = logic_.hasSelection() ? QString() : tr("Choose a type first");
-    new_->setEnabled(!editing);
-    edit_->setEnabled(!editing && logic_.hasSelection());
-    edit_->setToolTip(choose);
-    delete_->setEnabled(!editing && logic_.canDelete());
+    const QString end = editing ? tr("Save or cancel first") : QString();
+    const QString choose = editing || logic_.hasSelection() ? end : tr("Choose a type first");
+    const QString begin = editing ? QString() : tr("Choose New or Edit first");
+    greyWith(*new_, end);
+    greyWith(*edit_, choose);
+    greyWith(*delete_, choose);
+    if (!logic_.canDelete()) {
+        delete_->setEnabled(false);
+        delete_->setToolTip({});  // a press tells why
+    }
     save_->setVisible(editing);
     cancel_->setVisible(editing);
     (editing ? save_ : ok_)->setDefault(true);
     for (std::size_t at = 0; at < lists_.size(); ++at) {
-        const bool possible = logic_.canAdd(at);
-        lists_[at].add->setEnabled(editing && possible);
-        lists_[at].add->setToolTip(possible ? QString() : tr("A function type has one output"));
-        lists_[at].remove->setEnabled(editing && logic_.lists[at].selected() > 0);
+        greyWith(*lists_[at].add, editing && !logic_.canAdd(at) ? tr("A function type has one output") : begin);
+        greyWith(*lists_[at].remove,
+                 editing && logic_.lists[at].selected() == 0 ? tr("Choose a line of the list first") : begin);
     }
 }
 

@@ -64,10 +64,11 @@ QTextEdit* newBox(const char* name, const QString& what, QWidget* parent) {
 
 }  // namespace
 
-TypeEditorWindow::TypeEditorWindow(TypeEditor& logic, QWidget* parent)
-    : FormWindow(tr("Types"), logic, parent), logic_(logic) {
+TypeEditorWindow::TypeEditorWindow(TypeEditor& logic, WindowSizes& sizes, QWidget* parent)
+    : FormWindow(tr("Types"), logic, parent), logic_(logic), sizes_(sizes) {
     setObjectName(QLatin1String(logic.words.window));
     auto* sides = new QSplitter(this);
+    sides->setObjectName(QStringLiteral("sides"));
     sides->setChildrenCollapsible(false);
     sides->setHandleWidth(Spacing::margin);
     sides->addWidget(newTypesSide());
@@ -76,6 +77,7 @@ TypeEditorWindow::TypeEditorWindow(TypeEditor& logic, QWidget* parent)
     body().addWidget(sides, 1);
     ok_ = &addAccept(QStringLiteral("But_OK"), tr("&OK"), [this] { return logic_.But_OK(); });
     resize(kSizes[static_cast<std::size_t>(logic.kind)]);
+    sizes_.give(*this);
     showState();
     types_->setFocus();
 }
@@ -166,6 +168,7 @@ QWidget* TypeEditorWindow::newTextPage(QTextEdit* box, QWidget* beside) {
         return box;
     }
     auto* page = new QSplitter(this);
+    page->setObjectName(QStringLiteral("template"));
     page->setChildrenCollapsible(false);
     page->setHandleWidth(Spacing::margin);
     page->addWidget(box);
@@ -180,7 +183,7 @@ QWidget* TypeEditorWindow::newDefinition() {
     auto* rows = new QVBoxLayout(page);
     QFormLayout* form = newForm();
     name_ = newField(QLatin1String(logic_.words.nameField), page);
-    addField(*form, tr("N&ame"), name_);
+    addField(*form, tr("Na&me"), name_);
     connect(name_, &QLineEdit::textEdited, this,
             [this](const QString& typed) { logic_.changeName(typed.toStdString()); });
     if (*logic_.words.descrField) {
@@ -237,8 +240,8 @@ QWidget* TypeEditorWindow::newLists(QWidget* parent) {
         const editors::TypeListWords& words = logic_.words.lists[at];
         auto* column = new QVBoxLayout;
         column->addWidget(new QLabel(tr(words.caption), area));
-        LineList line{newList(QLatin1String(words.list), area), new QPushButton(tr("Add…"), area),
-                      new QPushButton(tr("Remove"), area)};
+        LineList line{newList(QLatin1String(words.list), area), new QPushButton(tr("&Add…"), area),
+                      new QPushButton(tr("&Remove"), area)};
         line.lines->setAccessibleName(tr(words.caption));
         line.lines->setMinimumHeight(70);
         line.add->setObjectName(QLatin1String(words.add));
@@ -270,6 +273,11 @@ QWidget* TypeEditorWindow::newLists(QWidget* parent) {
         lists_.push_back(line);
     }
     return area;
+}
+
+void TypeEditorWindow::done(int result) {
+    sizes_.keep(*this);
+    FormWindow::done(result);
 }
 
 void TypeEditorWindow::mousePressEvent(QMouseEvent* event) {

@@ -4,6 +4,7 @@
 
 #include "editors/type_editor.h"
 #include "qt/forms/form_window.h"
+#include "qt/forms/window_sizes.h"
 
 class QButtonGroup;
 class QGroupBox;
@@ -21,7 +22,10 @@ class TypeEditorWindow : public FormWindow {
     Q_OBJECT
 
   public:
-    explicit TypeEditorWindow(editors::TypeEditor& logic, QWidget* parent = nullptr);
+    /// Takes the sizes of the last opening, and leaves its own.
+    TypeEditorWindow(editors::TypeEditor& logic, WindowSizes& sizes, QWidget* parent);
+
+    void done(int result) override;
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -54,6 +58,7 @@ class TypeEditorWindow : public FormWindow {
     void showButtons();
 
     editors::TypeEditor& logic_;
+    WindowSizes& sizes_;
     bool showing_ = false;  ///< controls are being filled
     QGroupBox* title_ = nullptr;
     QListWidget* types_ = nullptr;

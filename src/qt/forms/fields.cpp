@@ -51,6 +51,11 @@ QLineEdit* newField(const QString& name, QWidget* parent) {
     return field;
 }
 
+void selectFromStart(QLineEdit& field) {
+    const int length = static_cast<int>(field.text().size());
+    field.setSelection(length, -length);
+}
+
 HintList::HintList(QString hint, QWidget* parent) : QListWidget(parent), hint_(std::move(hint)) {
     setIconSize({Spacing::icon, Spacing::icon});
     setUniformItemSizes(true);

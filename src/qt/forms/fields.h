@@ -23,6 +23,9 @@ QLineEdit* newField(const QString& name, QWidget* parent);
 /// A choice of one of several.
 QComboBox* newChoice(const QString& name, QWidget* parent);
 
+/// Selects the whole text so that a long one shows its beginning.
+void selectFromStart(QLineEdit& field);
+
 /// A list that tells in its middle why it is empty.
 class HintList : public QListWidget {
     Q_OBJECT

@@ -110,7 +110,7 @@ QPushButton& FormWindow::addAccept(const QString& name, const QString& text, std
 }
 
 QPushButton& FormWindow::addCancel(const QString& name) {
-    QPushButton* cancel = buttons_->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+    QPushButton* cancel = buttons_->addButton(tr("&Cancel"), QDialogButtonBox::RejectRole);
     cancel->setObjectName(name);
     cancel->setAutoDefault(false);
     return *cancel;

@@ -68,6 +68,7 @@ void NodeView::mouseDoubleClickEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->pos());
     if (index.isValid() && model()->rowCount(index.siblingAtColumn(0)) == 0 && !onBox(index, event->pos())) {
         panel_.clickSelected();
+        panel_.tellClicked();
     } else {
         QTreeView::mouseDoubleClickEvent(event);
     }

@@ -38,9 +38,13 @@ class RowDelegate : public QStyledItemDelegate {
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyleOptionViewItem label = option;
         if (!index.data(ListModel::WarningRole).toString().isEmpty()) {
+            // The mark stands on the ground of its row.
+            option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
             label.rect.adjust(0, 0, -kMark - Spacing::gap, 0);
             const QPoint corner(label.rect.right() + Spacing::gap / 2, option.rect.center().y() - kMark / 2 + 1);
-            icon(QStringLiteral("warning")).paint(painter, QRect(corner, QSize(kMark, kMark)));
+            const bool selected = option.state.testFlag(QStyle::State_Selected);
+            icon(QStringLiteral("warning"), selected ? option.palette.color(QPalette::HighlightedText) : QColor())
+                .paint(painter, QRect(corner, QSize(kMark, kMark)));
         }
         QStyledItemDelegate::paint(painter, label, index);
     }

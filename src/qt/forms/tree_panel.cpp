@@ -62,7 +62,10 @@ TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const 
     filter_->setClearButtonEnabled(true);
     shown_->setSourceModel(&model_);
     view_->setNodes(*shown_);
-    model_.click = [this](Tree::Node& node) { click(node); };
+    model_.click = [this](Tree::Node& node) {
+        click(node);
+        tellClicked();
+    };
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins({});

@@ -23,6 +23,8 @@ class TreePanel : public QWidget {
 
     /// Set by the window: the user checks or unchecks a node.
     std::function<void(forms::Tree::Node& node)> click;
+    /// The mouse did it: what came into a list is looked at there. Who checks by keys stays in the tree.
+    std::function<void()> clicked;
     /// A dragged node comes near the edge of the tree, on its way to a list.
     std::function<void(forms::Tree::Node& node)> leaves;
     /// Rows of a list are dropped back.
@@ -42,6 +44,11 @@ class TreePanel : public QWidget {
     void expandAgain();
     std::vector<forms::Tree::Node*> selected() const;
     void clickSelected();
+    void tellClicked() {
+        if (clicked) {
+            clicked();
+        }
+    }
 
     TreeModel model_;
     QSortFilterProxyModel* shown_;

@@ -27,8 +27,10 @@ namespace orvent::qt {
 namespace {
 
 QWidget* parentOver(QWidget& frame) {
-    if (QWidget* front = QApplication::activeModalWidget()) {
-        return front;
+    for (QWidget* front : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
+        if (qobject_cast<QDialog*>(front)) {
+            return front;
+        }
     }
     return frame.isVisible() ? &frame : nullptr;
 }
@@ -54,6 +56,22 @@ void addSized(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes, const 
     });
 }
 
+/// The dialog of an activity, beside which the program goes on, with its window; it goes when that is closed.
+struct OpenActivity : QObject {
+    OpenActivity(std::unique_ptr<editors::SetActProp> form, SizeMemory& sizes, QWidget& frame)
+        : QObject(&frame), logic(std::move(form)), window(*logic, sizes.of("SetActProp"), &frame) {
+        setObjectName(QLatin1String(kOpenDialog));
+        connect(&window, &QDialog::finished, this, [this, &sizes, &frame] {
+            sizes.store("SetActProp");
+            frame.activateWindow();
+            deleteLater();
+        });
+    }
+
+    const std::unique_ptr<editors::SetActProp> logic;
+    SetActPropWindow window;
+};
+
 }  // namespace
 
 void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes) {
@@ -68,9 +86,14 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         window.exec();
         form.goTo = window.chosen();
     });
-    addSized<editors::SetActProp, SetActPropWindow>(dialogs, frame, sizes, "SetActProp");
+    dialogs.addWindow<editors::SetActProp>([&frame, &sizes](std::unique_ptr<editors::SetActProp> form) {
+        (new OpenActivity(std::move(form), sizes, frame))->window.show();
+    });
     addSized<editors::RecordSetProp, RecordSetPropWindow>(dialogs, frame, sizes, "RecordSetProp");
-    add<editors::TypeEditor, TypeEditorWindow>(dialogs, frame);
+    dialogs.add<editors::TypeEditor>([&frame, &sizes](editors::TypeEditor& form) {
+        TypeEditorWindow(form, sizes.of(form.words.window), parentOver(frame)).exec();
+        sizes.store(form.words.window);
+    });
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
     add<editors::ItemProp, ItemWindow>(dialogs, frame);
     // There is one window of metrics at a time.

@@ -73,6 +73,8 @@ void FrameWindow::attach(shell::MDIForm1& logic) {
 }
 
 void FrameWindow::detach() {
+    // Their logic stands on that of the program.
+    qDeleteAll(findChildren<QObject*>(QLatin1String(kOpenDialog), Qt::FindDirectChildrenOnly));
     area_->dropAll();
     area_->attach(nullptr);
     sizes_.attach(nullptr);
