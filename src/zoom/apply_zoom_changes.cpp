@@ -78,7 +78,7 @@ void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     const Unfolded unfolded(form);
     bringUpAll(form);
     eachFreeFunction(form, [&](FunctionProperties& free) { UnSynchronizeFunction(form, free, false, nullptr); });
-    form.eachPair([&](LabelsD& shown, const LabelsD& design) { foldNode(form, shown, &design); });
+    form.eachPair([&](LabelsD& shown, const LabelsD&) { foldNode(form, shown); });
     // All old entities are unlinked before the first is replaced, and all are replaced before the first is linked
     // again: so the lists of links keep their order.
     form.eachFirstCopy([&](LabelsD&, LabelsD& design) { release(form.ParForm, design); });

@@ -81,19 +81,4 @@ std::vector<std::string> keysOf(const entities::Lazy<List>& list) {
     return keys;
 }
 
-/// Puts the items of a collection into the order that another one has; those whose keys it does not have follow in the
-/// order they had. The items themselves stay the same objects.
-template <class List>
-void restoreOrder(entities::Lazy<List>& items, const entities::Lazy<List>& former) {
-    List* list = items.peek();
-    const List* order = former.peek();
-    bool stands = list && (!order || list->Count() >= order->Count());
-    for (int at = 1; order && stands && at <= order->Count(); ++at) {
-        stands = list->keyAt(at) == order->keyAt(at);
-    }
-    if (list && !stands) {
-        list->reorder(keysOf(former));
-    }
-}
-
 }  // namespace orvent::zoom

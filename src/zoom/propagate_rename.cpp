@@ -154,7 +154,7 @@ auto& rename(canvas::Canvas& Form, List& list, const std::string& oldKey, const 
     auto& renamed = add(list, *former, position);
     rebindNode(Form, list, *former, formerKey, renamed);
     if (auto* zoom = dynamic_cast<ZoomForm*>(&Form)) {
-        zoom->noteRename(formerKey, wholeKey(renamed.ParentKeyName, renamed.NodeKind, newKey));
+        zoom->order.rename(renamed.ParentKeyName, renamed.NodeKind, oldKey, newKey);
     }
     return renamed;
 }

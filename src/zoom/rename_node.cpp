@@ -91,8 +91,7 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
     mirrorLinks(Work::Erase, form, entity, nullptr);
     if (list) {
         rekey(*list, former, name);
-        form.noteRename(wholeKey(entity.ParentKeyName, entity.NodeKind, former),
-                        wholeKey(entity.ParentKeyName, entity.NodeKind, name));
+        form.order.rename(entity.ParentKeyName, entity.NodeKind, former, name);
         noteKey(*owner, entity.NodeKind, former, name);
     }
     if (node.NodeType() == canvas::NodeTypeConstant) {
@@ -120,9 +119,9 @@ bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function,
         return false;
     }
     UnSynchronizeFunction(form, function, false, nullptr);
+    form.order.rename(list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key);
     if (list) {
         rekey(*list, function.Function_Key, key);
-        form.noteRename(function.Function_Key, key);
     }
     function.Function_Key = function.Function_Name = key;
     eachParameter(function, [&](ParameterProperties& parameter) {
@@ -166,6 +165,7 @@ void ReplaceFunction(ZoomForm& form, LabelsD& node, std::shared_ptr<FunctionProp
     const bool expanded = node.Expanded;
     CollapseFunction(form, node.Index());
     FunctionProperties& former = *node.entity<FunctionProperties>();
+    form.order.forgetFunction(former.Function_Key);
     UnSynchronizeFunction(form, former, true, nullptr);
     if (former.FunctionID != 0) {
         form.DeletedNodes->Add(former.FunctionID, KindFunction);

@@ -1,10 +1,6 @@
 #include "zoom/unfolded.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "zoom/expand_collapse.h"
-#include "zoom/members.h"
 #include "zoom/unfolding.h"
 
 namespace orvent::zoom {
@@ -55,66 +51,11 @@ void Unfolded::Place::restore(LabelsD& node) const {
     }
 }
 
-namespace {
-
-/// Puts the members of the view's nodes into the order of the scenario's; those that only the view has come last.
-/// Members that were renamed in the view are known by the names that they have there.
-class ScenarioOrder {
-  public:
-    explicit ScenarioOrder(const ZoomForm& form) : form_(form) {}
-
-    void restore(LabelsD& node, const LabelsD& design) const {
-        if (ActivityProperties* activity = node.activity(); activity && design.activity()) {
-            restore(*activity, *design.activity());
-        } else if (RecordSetProperties* recordSet = node.recordSet(); recordSet && design.recordSet()) {
-            const RecordSetProperties& former = *design.recordSet();
-            restore(recordSet->RecordSet_Outputs, former.RecordSet_Outputs, former.RecordSet_Name,
-                    KindRecordSetAttribute);
-        }
-    }
-
-  private:
-    void restore(ActivityProperties& activity, const ActivityProperties& former) const {
-        restore(activity.Act_Inputs, former.Act_Inputs, former.Act_Name, KindInput);
-        restore(activity.Act_Outputs, former.Act_Outputs, former.Act_Name, KindOutput);
-        restore(activity.Act_Parameters, former.Act_Parameters, former.Act_Name, KindParameter);
-        restore(activity.Act_Functions, former.Act_Functions, {}, KindFunction);
-        Act_FunctionsCollection* functions = activity.Act_Functions.peek();
-        for (const FunctionProperties& function : former.Act_Functions) {
-            const std::string& key = form_.nameNow(function.Function_Key);
-            if (FunctionProperties* shown = functions ? functions->Item(key) : nullptr) {
-                restore(shown->Function_Inputs, function.Function_Inputs, key, KindFunctionInput);
-                restore(shown->Function_Outputs, function.Function_Outputs, key, KindFunctionOutput);
-            }
-        }
-    }
-
-    template <class List>
-    void restore(Lazy<List>& list, const Lazy<List>& former, const std::string& owner, NodeKindCode kind) const {
-        if (!form_.anyRenamed()) {
-            restoreOrder(list, former);
-            return;
-        }
-        std::vector<std::string> keys = keysOf(former);
-        const std::size_t head = wholeKey(owner, kind, "").size();
-        for (std::string& key : keys) {
-            key = form_.nameNow(wholeKey(owner, kind, key)).substr(head);
-        }
-        if (List* shown = list.peek()) {
-            shown->reorder(keys);
-        }
-    }
-
-    const ZoomForm& form_;
-};
-
-}  // namespace
-
-void foldNode(ZoomForm& form, LabelsD& node, const LabelsD* design) {
+void foldNode(ZoomForm& form, LabelsD& node) {
     const platform::Busy busy(form.progress());
     Unfolding(form, node, FoldedOrder::kept).collapseWhole();
-    if (design) {
-        ScenarioOrder(form).restore(node, *design);
+    if (form.bearsName(node)) {
+        form.order.giveBack(node);
     }
 }
 

@@ -33,8 +33,8 @@ class Unfolded {
     std::vector<Place> places_;
 };
 
-/// Folds an activity, a record set or a function. Its members keep the order that they have; with `design` they take
-/// that of the scenario's node, and those that only the view has come last.
-void foldNode(ZoomForm& form, canvas::LabelsD& node, const canvas::LabelsD* design = nullptr);
+/// Folds an activity, a record set or a function. Its members keep the order that they had before it was folded by
+/// hand.
+void foldNode(ZoomForm& form, canvas::LabelsD& node);
 
 }  // namespace orvent::zoom

@@ -262,6 +262,9 @@ void Unfolding::fold(Lazy<List>& items, const ExpansionRow& row) {
             form_.Labels.Remove(node->Index());
         }
     }
+    if (order_ == FoldedOrder::reversed && named_) {
+        form_.order.keep(ownerName_, row.kind, keysOf(items));
+    }
     refill(*items, folded, order_);
 }
 

@@ -96,7 +96,7 @@ void Unfolding::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> f
     if (!free || form_.isNameTaken(free->ParentKeyName())) {
         return;
     }
-    Unfolding(form_, node).collapseFunction();
+    Unfolding(form_, node, FoldedOrder::kept).collapseFunction();
     UnSynchronizeFunction(form_, *free, false, nullptr);
     form_.waiting.erase(node.Index());
     form_.Lines.addFullLine(owner_.Index(), kFunctionGrab, node.Index(), 2, canvas::EdgeTypePartOf,
@@ -138,6 +138,9 @@ void Unfolding::collapseFunctions() {
     for (int position = 1; position <= functions.Count(); ++position) {
         former.push_back(functions.share(position));
     }
+    if (order_ == FoldedOrder::reversed && named_) {
+        form_.order.keep(ownerName_, KindFunction, order);
+    }
     functions.Clear();
     for (const std::int32_t edge : partOfEdges(form_, owner_)) {
         LabelsD& node = *targetOf(form_, edge);
@@ -146,6 +149,9 @@ void Unfolding::collapseFunctions() {
             continue;
         }
         Unfolding(form_, node, order_).collapseFunction();
+        if (order_ == FoldedOrder::kept && form_.bearsName(node)) {
+            form_.order.giveBack(node);  // before it is cloned
+        }
         if (!functions.AddFunction(form_, node.KeyName(), ownerName_, function->Function_Source)) {
             functions.AddFunctionProps(*function, function->Function_Key, 1);  // its node bears no name
         }

@@ -19,8 +19,9 @@ LabelsD* awaitedActivity(ZoomForm& form, const LabelsD& function) {
     return const_cast<LabelsD*>(awaitedActivity(std::as_const(form), function));
 }
 
-void bringUp(ZoomForm& form, const LabelsD& function) {
+void bringUp(ZoomForm& form, LabelsD& function) {
     if (LabelsD* owner = awaitedActivity(form, function)) {
+        form.order.giveBack(function);
         std::shared_ptr<FunctionProperties> clone = function.entity<FunctionProperties>()->Clone();
         clone->setParentKeyName(owner->activity()->Act_Name);
         Act_FunctionsCollection& functions = *owner->activity()->Act_Functions;
@@ -33,7 +34,7 @@ void bringUp(ZoomForm& form, const LabelsD& function) {
 
 void bringUpAll(ZoomForm& form) {
     for (const auto& [node, activity] : form.waiting) {
-        if (const LabelsD* function = form.Labels.byIndex(node)) {
+        if (LabelsD* function = form.Labels.byIndex(node)) {
             bringUp(form, *function);
         }
     }

@@ -12,7 +12,7 @@ canvas::LabelsD* awaitedActivity(ZoomForm& form, const canvas::LabelsD& function
 const canvas::LabelsD* awaitedActivity(const ZoomForm& form, const canvas::LabelsD& function);
 
 /// The activity's list takes over what has become of a function that waits for it.
-void bringUp(ZoomForm& form, const canvas::LabelsD& function);
+void bringUp(ZoomForm& form, canvas::LabelsD& function);
 /// The same for all that wait.
 void bringUpAll(ZoomForm& form);
 

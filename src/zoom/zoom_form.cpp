@@ -61,23 +61,7 @@ void ZoomForm::touch() {
     }
 }
 
-void ZoomForm::noteRename(const std::string& former, const std::string& now) {
-    for (auto& [scenarios, views] : renamed_) {
-        if (views == former) {
-            views = now;
-            return;
-        }
-    }
-    renamed_[former] = now;
-}
-
-const std::string& ZoomForm::nameNow(const std::string& wholeKey) const {
-    const auto found = renamed_.find(wholeKey);
-    return found == renamed_.end() ? wholeKey : found->second;
-}
-
 void ZoomForm::applied() {
-    renamed_.clear();
     appliedRows_ = DeletedNodes->mark();
     unapplied_ = false;
     tellForm();

@@ -8,6 +8,7 @@
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
 #include "platform/dialogs.h"
+#include "zoom/member_order.h"
 #include "zoom/zoom_rules.h"
 
 namespace orvent::zoom {
@@ -71,6 +72,7 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     std::int32_t FunctionCounter = 0;
     std::int32_t ParameterCounter = 0;
     ViewMarks marks;
+    MemberOrder order;  ///< of what was folded by hand
     /// Nodes of functions that wait for their folded activity, and the activity's node.
     std::unordered_map<std::int32_t, std::int32_t> waiting;
 
@@ -117,12 +119,6 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
 
     bool unapplied() const { return unapplied_; }
 
-    /// A member bears another whole key from now on.
-    void noteRename(const std::string& former, const std::string& now);
-    bool anyRenamed() const { return !renamed_.empty(); }
-    /// The whole key that a member of the scenario bears in the view.
-    const std::string& nameNow(const std::string& wholeKey) const;
-
     /// Something was edited that the scenario does not have yet.
     void touch();
     /// The scenario has all of it now, also the rows that were deleted so far.
@@ -151,7 +147,6 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     bool unapplied_ = false;
     bool crowded_ = false;
     ZoomSight sight_;
-    std::unordered_map<std::string, std::string> renamed_;  ///< of members, by the scenario's whole keys
 };
 
 }  // namespace orvent::zoom

@@ -155,6 +155,7 @@ bool ZoomRules::releaseFunction(canvas::Canvas&, LabelsD& node) {
     }
     form_.DeletedNodes->Add(function->FunctionID, KindFunction);
     CollapseFunction(form_, node.Index());
+    form_.order.forgetFunction(function->Function_Key);
     UnSynchronizeFunction(form_, *function, true, nullptr);
     LabelsD* awaited = awaitedActivity(form_, node);
     relationships_.detachFunction(form_, node, awaited ? awaited : form_.nodeNamed(function->ParentKeyName()));

@@ -7,6 +7,8 @@
 #include "editors/zoom_nodes.h"
 #include "repository/catalogue_statements.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/members.h"
+#include "zoom/rename_node.h"
 #include "zoom/zoom_fixture.h"
 
 using namespace orvent;
@@ -125,6 +127,60 @@ TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
         expectSound();
         EXPECT_TRUE(design.nodeNamed(now));
         EXPECT_EQ(graph.present(), renamed(before, name, now));
+    }
+}
+
+TEST_F(ZoomDialogs, TheOrderOfTheRowsReachesTheScenario) {
+    struct Row {
+        const char* name;
+        std::function<void()> before;
+        std::function<void(SetActProp&)> edit;
+        std::function<void()> after;
+        Texts inputs;
+    };
+    const auto rename = [&](const std::string& shown, const char* name) {
+        ASSERT_TRUE(zoom::RenameNode(*form, node(shown), name));
+    };
+    const auto nothing = [] {};
+    // Folded and unfolded the members stand in the view the other way round.
+    const auto fold = [&] {
+        zoom::CollapseActivity(*form, form->CentralActivityNo);
+        zoom::ExpandActivity(*form, form->CentralActivityNo);
+    };
+    for (const Row& row :  // each begins with what the one before has left
+         {Row{"moved",
+              nothing,
+              [](SetActProp& dialog) { dialog.MoveRows({3}, 1); },
+              nothing,
+              {"SONUM", "A1.O12", "AU_ID"}},
+          Row{"another name for the activity after one for a member",
+              [&] { rename("A2.IN.SONUM", "S"); },
+              [](SetActProp& dialog) { dialog.txtName_Change("N"); },
+              nothing,
+              {"S", "A1.O12", "AU_ID"}},
+          Row{"the other way round",
+              nothing,
+              [](SetActProp& dialog) { dialog.txtName_Change("A2"); },
+              [&] { rename("A2.IN.S", "SONUM"); },
+              {"SONUM", "A1.O12", "AU_ID"}}}) {
+        SCOPED_TRACE(row.name);
+        const std::string former = design.nodeNamed("A2") ? "A2" : "N";
+        open(former);
+        row.before();
+        fold();
+        {
+            const auto dialog = openOn<SetActProp>(former);
+            dialog->ActTypes = 0;
+            row.edit(*dialog);
+            ports.messages.expect("Properties Saved", "", Icon::information);
+            EXPECT_TRUE(dialog->OK());
+            dialog->end();
+        }
+        fold();
+        row.after();
+        zoom::ApplyZoomChanges(*form, true);
+        EXPECT_EQ(zoom::keysOf(form->central()->activity()->Act_Inputs), row.inputs);
+        EXPECT_EQ(zoom::keysOf(design.nodeNamed(form->central()->Caption())->activity()->Act_Inputs), row.inputs);
     }
 }
 

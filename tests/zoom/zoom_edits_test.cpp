@@ -4,6 +4,7 @@
 #include "testkit/zoom_faults.h"
 #include "zoom/entity_links.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/members.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/rename_node.h"
 #include "zoom/zoom_fixture.h"
@@ -226,6 +227,95 @@ TEST_F(ZoomEdits, AFunctionIsEditedWhileItsActivityIsFolded) {
             zoom::ExpandActivity(*form, index("A2"));
             EXPECT_EQ(node(row.key).entity<FunctionProperties>(), node("A2").activity()->Act_Functions->Item(row.key));
             expectWhole();
+        }
+    }
+}
+
+TEST_F(ZoomEdits, MembersKeepTheirPlacesWhateverWasFolded) {
+    struct Row {
+        const char* name;
+        std::function<void()> edit;
+        Texts inputs;
+        const char* function;
+        Texts parameters;
+    };
+    const auto rename = [&](const std::string& shown, const char* name) {
+        ASSERT_TRUE(zoom::RenameNode(*form, node(shown), name)) << shown;
+    };
+    const auto add = [&](const char* name) {
+        place(name, canvas::NodeTypeAttribute);
+        draw("A2", name, T);
+    };
+    const auto fold = [&] {
+        zoom::CollapseInputs(*form, index("A2"));
+        zoom::ExpandInputs(*form, index("A2"));
+        for (LabelsD& each : form->Labels) {
+            if (each.entity<FunctionProperties>()) {
+                zoom::CollapseFunction(*form, each.Index());
+                zoom::ExpandFunction(*form, each.Index());
+            }
+        }
+    };
+    const auto made = [](const Texts& inputs) {
+        auto function = std::make_shared<FunctionProperties>();
+        function->Function_Key = function->Function_Name = "K";
+        for (const std::string& input : inputs) {
+            function->Function_Inputs->Add(input, 0, input).NodeKind = KindFunctionInput;
+        }
+        return function;
+    };
+    for (const Row& row :  // each begins with what the one before has left
+         {Row{"an input renamed, then its function",
+              [&] { rename("F1.IN.I1", "X"), rename("F1", "G"); },
+              {"A1.O12", "AU_ID", "SONUM"},
+              "G",
+              {"X", "I2", "I3"}},
+          Row{"a function renamed, then its input",
+              [&] { rename("G", "H"), rename("H.IN.I2", "Y"), rename("H", "K"); },
+              {"A1.O12", "AU_ID", "SONUM"},
+              "K",
+              {"X", "Y", "I3"}},
+          Row{"two names exchanged",
+              [&] { rename("A2.IN.SONUM", "T"), rename("A2.IN.AU_ID", "SONUM"), rename("A2.IN.T", "AU_ID"); },
+              {"A1.O12", "SONUM", "AU_ID"},
+              "K",
+              {"X", "Y", "I3"}},
+          Row{"new ones, of which one takes a name that became free and gives it up",
+              [&] { rename("A2.IN.SONUM", "T"), add("SONUM"), add("V"), fold(), rename("A2.IN.SONUM", "U"); },
+              {"A1.O12", "T", "AU_ID", "U", "V"},
+              "K",
+              {"X", "Y", "I3"}},
+          Row{"one takes the name of one that is gone",
+              [&] { remove(node("A2.IN.T")), rename("A2.IN.U", "T"); },
+              {"A1.O12", "AU_ID", "T", "V"},
+              "K",
+              {"X", "Y", "I3"}},
+          Row{"other parameters under the same names",
+              [&] {
+                  zoom::ReplaceFunction(*form, node("K"), made({"I3", "Y", "X"}));
+              },
+              {"A1.O12", "AU_ID", "T", "V"},
+              "K",
+              {"I3", "Y", "X"}},
+          Row{"another function under the name of one that is gone",
+              [&] {
+                  remove(node("K")), remove(node("A2.F2"));
+                  node("A2").activity()->Act_Functions->AddFunctionProps(*made({"X", "I3", "Y"}), "K", 0);
+              },
+              {"A1.O12", "AU_ID", "T", "V"},
+              "K",
+              {"X", "I3", "Y"}}}) {
+        SCOPED_TRACE(row.name);
+        open();
+        fold();
+        row.edit();
+        for (int twice = 0; twice < 2; ++twice) {
+            zoom::ApplyZoomChanges(*form, true);
+            const ActivityProperties& applied = graph.activity("A2");
+            EXPECT_EQ(zoom::keysOf(applied.Act_Inputs), row.inputs);
+            EXPECT_EQ(applied.Act_Functions.peek()->keyAt(1), row.function);
+            EXPECT_EQ(zoom::keysOf(applied.Act_Functions.peek()->Item(1)->Function_Inputs), row.parameters);
+            EXPECT_EQ(testkit::CanvasFaults::ofScenario(design), testkit::CanvasFaults::Lines{});
         }
     }
 }

@@ -1,0 +1,79 @@
+#include "zoom/member_order.h"
+
+#include <algorithm>
+
+#include "canvas/labels.h"
+#include "zoom/members.h"
+
+namespace orvent::zoom {
+
+using namespace entities;
+
+void MemberOrder::keep(const std::string& owner, NodeKindCode kind, const std::vector<std::string>& keys) {
+    std::vector<std::string>& order = orders_[{owner, kind}];
+    if (order.empty()) {
+        order = keys;
+        return;
+    }
+    for (const std::string& key : keys) {
+        if (std::find(order.begin(), order.end(), key) == order.end()) {
+            order.push_back(key);
+        }
+    }
+}
+
+void MemberOrder::rename(const std::string& owner, NodeKindCode kind, const std::string& former,
+                         const std::string& now) {
+    if (const auto list = orders_.find({owner, kind}); list != orders_.end()) {
+        std::vector<std::string>& order = list->second;
+        std::erase(order, now);  // one that was there under this name is gone
+        std::replace(order.begin(), order.end(), former, now);
+    }
+    if (kind == KindFunction) {
+        for (const NodeKindCode parameters : {KindFunctionInput, KindFunctionOutput}) {
+            if (auto own = orders_.extract({former, parameters})) {
+                own.key().first = now;
+                orders_.insert(std::move(own));
+            }
+        }
+    }
+}
+
+void MemberOrder::forgetFunction(const std::string& key) {
+    orders_.erase({key, KindFunctionInput});
+    orders_.erase({key, KindFunctionOutput});
+}
+
+void MemberOrder::giveBack(canvas::LabelsD& node) {
+    if (orders_.empty()) {
+        return;
+    }
+    if (ActivityProperties* activity = node.activity()) {
+        const std::string& name = activity->Act_Name;
+        giveBack(activity->Act_Inputs, name, KindInput);
+        giveBack(activity->Act_Outputs, name, KindOutput);
+        giveBack(activity->Act_Parameters, name, KindParameter);
+        giveBack(activity->Act_Functions, name, KindFunction);
+        for (FunctionProperties& function : activity->Act_Functions) {
+            giveBack(function);
+        }
+    } else if (RecordSetProperties* recordSet = node.recordSet()) {
+        giveBack(recordSet->RecordSet_Outputs, recordSet->RecordSet_Name, KindRecordSetAttribute);
+    } else if (auto* function = node.entity<FunctionProperties>()) {
+        giveBack(*function);
+    }
+}
+
+void MemberOrder::giveBack(FunctionProperties& function) {
+    giveBack(function.Function_Inputs, function.Function_Key, KindFunctionInput);
+    giveBack(function.Function_Outputs, function.Function_Key, KindFunctionOutput);
+}
+
+template <class Items>
+void MemberOrder::giveBack(Lazy<Items>& items, const std::string& owner, NodeKindCode kind) {
+    if (const auto order = orders_.extract({owner, kind}); !order.empty() && items.peek()) {
+        items->reorder(order.mapped());
+    }
+}
+
+}  // namespace orvent::zoom
