@@ -211,6 +211,16 @@ TEST_F(ItemDialog, ChecksComeInTheirOrder) {
     }
 }
 
+TEST_F(ItemDialog, ACatalogueThatSomeoneEmptiedOffersNoType) {
+    open();
+    place("Parameter");
+    catalogue.dataTypes.clear();
+    ports.messages.expect("PLEASE SELECT ONE OF THE SUPPORTED DATATYPES", "", Icon::warning);
+    EXPECT_FALSE(play("Parameter1", "New", 0));
+    EXPECT_EQ(ItemProp(*form, node("A2.IN.SONUM"), types).txtType, "");
+    EXPECT_TRUE(play("A2.IN.SONUM", "NEW"));
+}
+
 TEST_F(ItemDialog, AFreeItemTakesNameAndType) {
     open();
     for (const char* tool : {"Attribute", "Parameter", "Constant"}) {

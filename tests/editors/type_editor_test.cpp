@@ -58,6 +58,7 @@ TEST_F(TypeEditorTest, ChecksComeInTheirOrderAndKeepTheMode) {
     };
     const Row rows[] = {
         {TypeKind::data, "", "", "PLEASE GIVE A NAME FOR THIS DATA TYPE"},
+        {TypeKind::data, "  ", "", "PLEASE GIVE A NAME FOR THIS DATA TYPE"},
         {TypeKind::data, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
         {TypeKind::function, "", "", "PLEASE GIVE A NAME FOR THIS FUNCTION TYPE"},
         {TypeKind::function, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
@@ -173,6 +174,27 @@ TEST_F(TypeEditorTest, WhatTheRepositoryRefusesKeepsTheMode) {
     functions.But_SAVE();
     EXPECT_TRUE(functions.isEditing());
     EXPECT_FALSE(catalogue.tables.functionTypes.indexOf("TWICE"));
+}
+
+TEST_F(TypeEditorTest, AnyNameWithoutADotComesBackFromTheRepository) {
+    const std::string names[] = {std::string(1000, 'x'), "a \"b\" 'c'", "größe_Ü", "12", " x "};
+    TypeEditor types = editor(TypeKind::function);
+    for (const std::string& name : names) {
+        types.But_NEW();
+        types.changeName(name);
+        addLine(types, 0, name);
+        addLine(types, 1, name + "2");
+        inform("FUNCTION TYPE SAVED");
+        types.But_SAVE();
+        EXPECT_EQ(types.txtName, name);
+    }
+    catalogue.LoadFunctionTypes();
+    TypeEditor again = editor(TypeKind::function);
+    for (const std::string& name : names) {
+        again.selectType(again.Types.positionOf(name));
+        ASSERT_EQ(again.lists[0].Count(), 1) << name;
+        EXPECT_EQ(again.lists[0].Item(1)->Key + again.lists[1].Item(1)->Key, name + name + "2");
+    }
 }
 
 TEST_F(TypeEditorTest, DeletingIsAskedAndBlockedByOpenScenarios) {
