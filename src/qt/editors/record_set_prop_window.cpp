@@ -1,6 +1,7 @@
 #include "qt/editors/record_set_prop_window.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressDialog>
@@ -25,7 +26,6 @@ namespace {
 
 constexpr QSize kSize(900, 660);
 constexpr int kStatementHeight = 150;
-constexpr int kNameWidth = 270;
 constexpr int kPatience = 300;  // milliseconds of loading before its progress is shown
 
 }  // namespace
@@ -134,7 +134,8 @@ QWidget* RecordSetPropWindow::newAttributes() {
     model->dropRows = [this](const std::vector<int>& rows, int place) { act([&] { logic_.MoveRows(rows, place); }); };
     list_ = new RowView(*model, QStringLiteral("AttList"), side);
     list_->setAccessibleName(tr("ATTRIBUTES"));
-    list_->setColumnWidth(0, kNameWidth);
+    list_->header()->setStretchLastSection(false);
+    list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);  // names need the room more than types do
     list_->removeRows = rowButtons_->remove;
     list_->moveRows = rowButtons_->move;
     connect(list_, &QWidget::customContextMenuRequested, this, &RecordSetPropWindow::showListMenu);
