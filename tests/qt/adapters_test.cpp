@@ -201,6 +201,35 @@ class AdaptersTest : public WindowTest {
         QVERIFY(!shown.value(1).isEmpty());
     }
 
+    void marksAndPagesStandOutFromTheirGround() {
+        Theme theme(ThemeMode::light);
+        theme.apply(*qApp);
+        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
+            theme.setMode(mode);
+            const auto drawn = [](QStyle::PrimitiveElement element, QPalette::ColorRole ground, QStyle::State state) {
+                QImage image(20, 20, QImage::Format_RGB32);
+                image.fill(qApp->palette().color(ground));
+                QStyleOptionTabWidgetFrame option;
+                option.palette = qApp->palette();
+                option.rect = QRect(3, 3, 14, 14);
+                option.state = QStyle::State_Enabled | QStyle::State_Active | state;
+                QPainter painter(&image);
+                qApp->style()->drawPrimitive(element, &option, &painter);
+                return image;
+            };
+            for (const QPalette::ColorRole ground : {QPalette::Base, QPalette::Highlight}) {
+                const bool chosen = ground == QPalette::Highlight;
+                const QImage box = drawn(QStyle::PE_IndicatorItemViewItemCheck, ground,
+                                         QStyle::State_On | (chosen ? QStyle::State_Selected : QStyle::State_None));
+                const int rim = box.pixelColor(3, 10).lightness();
+                QVERIFY2(std::abs(rim - qApp->palette().color(ground).lightness()) > 40, chosen ? "chosen" : "plain");
+            }
+            QCOMPARE(drawn(QStyle::PE_FrameTabWidget, QPalette::Window, {}).pixelColor(10, 10),
+                     qApp->palette().color(QPalette::Base));
+        }
+        theme.setMode(ThemeMode::light);
+    }
+
     void iconsFollowTheThemeAndTheScale() {
         Theme theme(ThemeMode::light);
         theme.apply(*qApp);

@@ -55,7 +55,21 @@ class ZoomWindowTest : public WindowTest {
         QVERIFY(zoomed.isShown("offer") && zoomed.isShown("legend"));
         QCOMPARE(control<QPushButton>(zoomed.window(), "takeOffer")->text(), QStringLiteral("Make Room"));
         QVERIFY2(control<QWidget>(zoomed.window(), "legend")->height() > 30, "two rows of figures");
-        click(zoomed.window(), "takeOffer");
+        zoomed.frame.showNormal();
+        zoomed.frame.resize(800, 460);
+        QApplication::processEvents();
+        QCOMPARE(zoomed.window().size(), zoomed.frame.area().viewport()->size());
+        for (const auto& [key, part] : {std::pair{Qt::Key_Tab, "takeOffer"},
+                                        {Qt::Key_Tab, "closeOffer"},
+                                        {Qt::Key_Backtab, "takeOffer"},
+                                        {Qt::Key_Backtab, ""},
+                                        {Qt::Key_Tab, "takeOffer"}}) {
+            QTest::keyClick(zoomed.frame.focusWidget(), key);
+            const QWidget* focused = zoomed.frame.focusWidget();
+            QVERIFY2(*part ? focused->objectName() == QLatin1String(part) : focused == &zoomed.editor(), part);
+        }
+        QTest::keyClick(zoomed.frame.focusWidget(), Qt::Key_Space);
+        QVERIFY(zoomed.editor().hasFocus());
         QVERIFY(!zoomed.isShown("offer") && !zoom::boxesOverlap(*zoomed.form));
         zoomed.choose("LegendM");
         QVERIFY(!zoomed.isShown("legend"));

@@ -38,6 +38,7 @@ TEST_F(StoredScenarioTest, ALoadThatBreaksOffLeavesNoScenarioToSave) {
             break;
         }
         EXPECT_EQ(form->ScenarioID, 0) << "a part could be saved in place of the whole";
+        EXPECT_EQ(form->Caption(), "Demo (in part)");
         EXPECT_EQ(user.told.back(), "line is down");
         EXPECT_EQ(windows.calls.back(), "enable");
     }

@@ -283,7 +283,6 @@ void CanvasEditor::showCommentEditor() {
     } else if (node && !comment_) {
         comment_ = new QPlainTextEdit(viewport());
         comment_->setObjectName(QStringLiteral("commentEditor"));
-        comment_->setFrameShape(QFrame::NoFrame);
         comment_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         comment_->setTabChangesFocus(true);
         comment_->setPlainText(QString::fromStdString(node->Comment()));
@@ -305,13 +304,15 @@ void CanvasEditor::showCommentEditor() {
 void CanvasEditor::placeCommentEditor() {
     const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().EditedComment);
     if (node && comment_) {
-        constexpr QSize leastRoom(90, 36);
+        constexpr QSize leastRoom(64, 26);
         constexpr int leastLetters = 9;
         QFont letters = font();
         letters.setPixelSize(std::max(leastLetters, static_cast<int>(std::lround(kParagraphPixels * scale()))));
         comment_->setFont(letters);
         const QRect box = transform().toPixels(boxOf(*node)).toAlignedRect().adjusted(2, 2, -2, -2);
-        comment_->setGeometry(QRect(box.topLeft(), box.size().expandedTo(leastRoom)));
+        const QSize room = box.size().expandedTo(leastRoom);
+        comment_->setFrameShape(room == box.size() ? QFrame::NoFrame : QFrame::Box);  // it stands out of a small box
+        comment_->setGeometry(QRect(box.topLeft(), room));
     }
 }
 

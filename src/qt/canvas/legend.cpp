@@ -70,7 +70,7 @@ void Legend::refresh() {
         entries_.push_back(entry);
     }
     setVisible(!entries_.empty());
-    updateGeometry();
+    takeRows();
     update();
 }
 
@@ -82,19 +82,19 @@ int Legend::entryWidth() const {
     return kFigure.width() + Spacing::gap + widest + Spacing::section;
 }
 
-int Legend::columns(int width) const {
-    return std::max(1, (width - 2 * Spacing::gap + Spacing::section) / entryWidth());
+int Legend::columns() const {
+    return std::max(1, (width() - 2 * Spacing::gap + Spacing::section) / entryWidth());
 }
 
-int Legend::heightForWidth(int width) const {
+// A layout that reckons with heights by width would hold the window open for all rows one below the other.
+void Legend::takeRows() {
     const int count = static_cast<int>(entries_.size());
-    const int across = columns(width);
-    return count == 0 ? 0 : (count + across - 1) / across * kRow + 2 * kAround;
+    setFixedHeight(count == 0 ? 0 : (count + columns() - 1) / columns() * kRow + 2 * kAround);
 }
 
-QSize Legend::sizeHint() const {
-    const int wide = std::max(width(), entryWidth());
-    return {entryWidth(), heightForWidth(wide)};
+void Legend::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    takeRows();
 }
 
 void Legend::paintEvent(QPaintEvent*) {
@@ -103,7 +103,7 @@ void Legend::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), theme_.canvas().background);
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawLine(QPointF(0, 0.5), QPointF(width(), 0.5));
-    const int across = columns(width());
+    const int across = columns();
     for (std::size_t at = 0; at < entries_.size(); ++at) {
         const int column = static_cast<int>(at) % across, row = static_cast<int>(at) / across;
         const QRect place(Spacing::gap + column * entryWidth(), kAround + row * kRow, entryWidth(), kRow);

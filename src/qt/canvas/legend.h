@@ -19,18 +19,16 @@ class Legend : public QWidget {
     /// Shows the form's figures as they are now; hidden when there are none.
     void refresh();
 
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
-    QSize sizeHint() const override;
-
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     struct Entry;
 
     int entryWidth() const;
-    int columns(int width) const;
+    int columns() const;
+    void takeRows();
     void paintFigure(QPainter& painter, const Entry& entry, QPointF corner) const;
 
     canvas::CanvasForm& form_;

@@ -62,6 +62,12 @@ QTextEdit* newBox(const char* name, const QString& what, QWidget* parent) {
     return box;
 }
 
+/// On a narrow screen a button needs no more than its words.
+void mayShrink(QPushButton& button) {
+    const QString words = button.text().remove(QLatin1Char('&'));
+    button.setMinimumWidth(button.fontMetrics().horizontalAdvance(words) + 2 * Spacing::gap);
+}
+
 }  // namespace
 
 TypeEditorWindow::TypeEditorWindow(TypeEditor& logic, WindowSizes& sizes, QWidget* parent)
@@ -110,6 +116,7 @@ QWidget* TypeEditorWindow::newTypesSide() {
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(Spacing::gap);
     for (QPushButton* button : {new_, edit_, delete_}) {
+        mayShrink(*button);
         buttons->addWidget(button);
     }
     rows->addLayout(buttons);
@@ -181,6 +188,9 @@ QWidget* TypeEditorWindow::newTextPage(QTextEdit* box, QWidget* beside) {
 QWidget* TypeEditorWindow::newDefinition() {
     auto* page = new QWidget(this);
     auto* rows = new QVBoxLayout(page);
+    if (logic_.kind != TypeKind::activity) {
+        rows->setContentsMargins({});  // no page's frame around it
+    }
     QFormLayout* form = newForm();
     name_ = newField(QLatin1String(logic_.words.nameField), page);
     addField(*form, tr("Na&me"), name_);
@@ -251,6 +261,7 @@ QWidget* TypeEditorWindow::newLists(QWidget* parent) {
         auto* buttons = new QHBoxLayout;
         for (QPushButton* button : {line.add, line.remove}) {
             button->setAutoDefault(false);
+            mayShrink(*button);
             buttons->addWidget(button);
         }
         connect(line.lines, &QListWidget::currentRowChanged, this, [this, at](int row) {

@@ -26,6 +26,9 @@ QFormLayout* newForm() {
 QLabel* newCaption(const QString& caption, QWidget* parent) {
     auto* label = new QLabel(caption, parent);
     label->setMinimumHeight(kFieldHeight);
+    // In line with the first line of its field, also of a high one.
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setContentsMargins(0, (kFieldHeight - label->fontMetrics().height()) / 2, 0, 0);
     return label;
 }
 

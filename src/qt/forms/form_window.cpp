@@ -59,6 +59,8 @@ FormWindow::FormWindow(const QString& title, QWidget* parent)
     body_->setContentsMargins({});
     contents->setLayout(body_);
     auto* area = new BodyArea(this);
+    area->setObjectName(QStringLiteral("body"));
+    area_ = area;
     area->setWidget(contents);
     contents->setAutoFillBackground(false);
     rows->addWidget(area, 1);
@@ -75,6 +77,9 @@ FormWindow::FormWindow(const QString& title, forms::Editor& editor, QWidget* par
 void FormWindow::showEvent(QShowEvent* event) {
     // The toolkit gives a window without a size of its own two thirds of the screen at most.
     QSize wanted = testAttribute(Qt::WA_Resized) ? size() : size().expandedTo(sizeHint());
+    // Also narrower ones get what their contents cannot do without.
+    const int beside = sizeHint().width() - area_->sizeHint().width();
+    wanted.setWidth(std::max(wanted.width(), area_->widget()->minimumSizeHint().width() + beside));
     const QSize room = screen()->availableSize() - QSize(kAround, kAround);
     if (wanted.height() > room.height()) {
         wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // it scrolls downwards alone

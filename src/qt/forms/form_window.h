@@ -9,6 +9,7 @@ class QDialogButtonBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace orvent::qt {
@@ -52,6 +53,7 @@ class FormWindow : public QDialog {
   private:
     forms::Editor* editor_ = nullptr;
     QVBoxLayout* body_;
+    QScrollArea* area_ = nullptr;  ///< in which the contents stand
     QHBoxLayout* lastRow_;
     QDialogButtonBox* buttons_;
     QPushButton* accept_ = nullptr;

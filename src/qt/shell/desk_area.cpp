@@ -19,9 +19,11 @@ namespace {
 constexpr int kNameWidth = 220;  // of a scenario's name in a tab or menu, in pixels
 constexpr int kCloseSize = 18;
 
-/// A name as a tab or menu shows it: not too long, and "&" as itself.
-QString shortName(const QString& name, const QFontMetrics& metrics) {
-    return metrics.elidedText(name.simplified(), Qt::ElideRight, kNameWidth).replace(u'&', QLatin1String("&&"));
+/// A window's name as a tab or menu shows it: not too long, its mark whole behind it, and "&" as itself.
+QString shortName(const DeskWindow& window, const QFontMetrics& metrics) {
+    const QString name = text(window.form()->Caption()).simplified();
+    QString whole = metrics.elidedText(name, Qt::ElideRight, kNameWidth) + text(window.form()->titleMark());
+    return whole.replace(u'&', QLatin1String("&&"));
 }
 
 QToolButton* newCloseButton(DeskWindow* window, QTabBar* tabs) {
@@ -229,7 +231,7 @@ void DeskArea::dressTabs() {
     for (int i = 0; i < tabs->count() && i < static_cast<int>(list.size()); ++i) {
         DeskWindow* window = list[static_cast<std::size_t>(i)];
         const QString name = window->windowTitle();
-        tabs->setTabText(i, shortName(name, tabs->fontMetrics()) + numberAmong(*window));
+        tabs->setTabText(i, shortName(*window, tabs->fontMetrics()) + numberAmong(*window));
         tabs->setTabToolTip(i, name);
         if (!tabs->tabButton(i, QTabBar::RightSide)) {
             tabs->setTabButton(i, QTabBar::RightSide, newCloseButton(window, tabs));
@@ -286,8 +288,8 @@ void DeskArea::fillMenu(QMenu& menu) {
     addArrangement(QStringLiteral("TileM"), tr("Tile"), SubWindowView, &QMdiArea::tileSubWindows);
     menu.addSeparator();
     for (DeskWindow* window : inTabOrder()) {
-        QAction* action = menu.addAction(shortName(window->windowTitle(), menu.fontMetrics()) + numberAmong(*window),
-                                         window, [this, window] { bringForward(window); });
+        QAction* action = menu.addAction(shortName(*window, menu.fontMetrics()) + numberAmong(*window), window,
+                                         [this, window] { bringForward(window); });
         action->setCheckable(true);
         action->setChecked(window == active_);
         action->setEnabled(window->isEnabled());

@@ -1,11 +1,14 @@
 #include "qt/shell/desk_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <chrono>
 #include <utility>
+#include <vector>
 
 #include "qt/canvas/canvas_editor.h"
 #include "qt/canvas/legend.h"
@@ -39,7 +42,7 @@ DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canva
       subscription_(form.listen(*this)),
       askClose_(std::move(askClose)),
       editor_(new CanvasEditor(form, theme, ports, this)),
-      offer_(new OfferBar(form, this)),
+      offer_(new OfferBar(form, *editor_, this)),
       legend_(new Legend(form, theme, this)) {
     setAttribute(Qt::WA_DeleteOnClose, false);
     // Tabs take the place of a maximized window, for which the toolkit would rewrite the frame's title.
@@ -109,9 +112,19 @@ void DeskWindow::formChanged() {
     Q_EMIT formShown();
 }
 
-// The toolkit keeps the Tab key within a child window.
+// The toolkit keeps the Tab key within a child window. Here it goes from the canvas to what the window offers, and on.
 bool DeskWindow::focusNextPrevChild(bool next) {
-    return walkFocus(*this, next);
+    std::vector<QWidget*> stops{editor_};
+    if (offer_ && offer_->isVisible()) {
+        stops.insert(stops.end(), offer_->buttons().begin(), offer_->buttons().end());
+    }
+    const auto at = std::find(stops.begin(), stops.end(), QApplication::focusWidget());
+    const bool ends = at == stops.end() || (next ? at + 1 == stops.end() : at == stops.begin());
+    if (ends) {
+        return walkFocus(*this, next);
+    }
+    (*(next ? at + 1 : at - 1))->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 void DeskWindow::closeEvent(QCloseEvent* event) {

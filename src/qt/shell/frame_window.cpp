@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -121,7 +122,12 @@ void FrameWindow::buildCentre() {
     connect(area_, &DeskArea::aboutToShow, this, [this] { centre_->setCurrentWidget(area_); });
     connect(area_, &DeskArea::cornerShown, viewCorner_, &QLabel::setText);
     centre_ = new QStackedWidget(this);
-    centre_->addWidget(welcome);
+    // It scrolls when it has to, so that it does not hold the frame open.
+    auto* rolling = new QScrollArea(centre_);
+    rolling->setFrameShape(QFrame::NoFrame);
+    rolling->setWidgetResizable(true);
+    rolling->setWidget(welcome);
+    centre_->addWidget(rolling);
     centre_->addWidget(area_);
 
     auto* row = new QWidget(this);

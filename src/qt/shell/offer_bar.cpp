@@ -1,5 +1,6 @@
 #include "qt/shell/offer_bar.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -12,9 +13,10 @@
 
 namespace orvent::qt {
 
-OfferBar::OfferBar(canvas::CanvasForm& form, QWidget* parent)
+OfferBar::OfferBar(canvas::CanvasForm& form, QWidget& keys, QWidget* parent)
     : QWidget(parent), form_(form), words_(new QLabel(this)), take_(new QPushButton(this)) {
     setObjectName(QStringLiteral("offer"));
+    setFocusProxy(&keys);
     words_->setTextFormat(Qt::PlainText);
     take_->setObjectName(QStringLiteral("takeOffer"));
     auto* close = new QToolButton(this);
@@ -23,8 +25,9 @@ OfferBar::OfferBar(canvas::CanvasForm& form, QWidget* parent)
     close->setIconSize({12, 12});
     close->setAutoRaise(true);
     close->setToolTip(tr("Leave it as it is"));
-    for (QWidget* button : {static_cast<QWidget*>(take_), static_cast<QWidget*>(close)}) {
-        button->setFocusPolicy(Qt::NoFocus);  // the keys stay with the canvas
+    buttons_ = {take_, close};
+    for (QWidget* button : buttons_) {
+        button->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the canvas
     }
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(Spacing::gap, 3, Spacing::gap, 3);
@@ -42,6 +45,8 @@ void OfferBar::refresh() {
     if (offer) {
         words_->setText(text(offer->words));
         take_->setText(text(offer->button));
+    } else if (isAncestorOf(QApplication::focusWidget())) {
+        focusProxy()->setFocus();
     }
     setVisible(offer.has_value());
 }

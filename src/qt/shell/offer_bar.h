@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <array>
 
 #include "canvas/canvas_form.h"
 
@@ -9,13 +10,18 @@ class QPushButton;
 
 namespace orvent::qt {
 
-/// The line above a canvas: what its window offers, a button that takes it, and one that turns it down.
+/// The line above a canvas: what its window offers, a button that takes it, and one that turns it down. The Tab key
+/// goes on from the canvas to them; a click on them leaves the keys with the canvas.
 class OfferBar : public QWidget {
   public:
-    OfferBar(canvas::CanvasForm& form, QWidget* parent);
+    /// `keys` gets the focus when the offer goes.
+    OfferBar(canvas::CanvasForm& form, QWidget& keys, QWidget* parent);
 
     /// Shows the form's offer as it is now; hidden when there is none.
     void refresh();
+
+    /// In the order in which the Tab key passes them.
+    const std::array<QWidget*, 2>& buttons() const { return buttons_; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -24,6 +30,7 @@ class OfferBar : public QWidget {
     canvas::CanvasForm& form_;
     QLabel* words_;
     QPushButton* take_;
+    std::array<QWidget*, 2> buttons_;
 };
 
 }  // namespace orvent::qt

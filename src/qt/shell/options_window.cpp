@@ -90,18 +90,18 @@ void OptionsWindow::buildSizes() {
 
 void OptionsWindow::buildZoom() {
     auto* group = new QGroupBox(tr("Zoom view"), this);
-    QFormLayout* form = newForm();
+    auto* grid = new QGridLayout(group);
+    int row = 0;
     const auto fields = shell::optionFields();
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].group == shell::OptionGroup::zoom) {
             QString caption = text(fields[i].caption);
             caption += fields[i].part.empty() ? QString() : QStringLiteral(" %1:").arg(text(fields[i].part));
-            form->addRow(newCaption(caption, group), newNumber(i));
+            grid->addWidget(new QLabel(caption, group), row, 0);
+            grid->addWidget(newNumber(i), row++, 1);
         }
     }
-    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    form->setFormAlignment(Qt::AlignLeft);
-    group->setLayout(form);
+    grid->setColumnStretch(0, 1);  // its numbers stand below those of the new nodes
     body().addWidget(group);
 }
 

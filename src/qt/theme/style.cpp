@@ -91,7 +91,8 @@ void drawBranch(const QStyleOption* option, QPainter* painter) {
 }
 
 /// Check boxes and radio buttons, also those of list items.
-void drawIndicator(const QStyleOption* option, QPainter* painter, bool round) {
+void drawIndicator(QStyle::PrimitiveElement element, const QStyleOption* option, QPainter* painter) {
+    const bool round = element == QStyle::PE_IndicatorRadioButton;
     const QPalette& colours = option->palette;
     const bool enabled = option->state & QStyle::State_Enabled;
     const bool set = option->state & (QStyle::State_On | QStyle::State_NoChange);
@@ -104,7 +105,9 @@ void drawIndicator(const QStyleOption* option, QPainter* painter, bool round) {
     painter->setRenderHint(QPainter::Antialiasing);
     const QColor border =
         blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText), enabled ? 0.5 : 0.25);
-    painter->setPen(QPen(set || hot ? mark : border, 1));
+    // A selected row has the colour of the mark.
+    const bool onMark = element == QStyle::PE_IndicatorItemViewItemCheck && option->state & QStyle::State_Selected;
+    painter->setPen(QPen(onMark ? colours.color(QPalette::HighlightedText) : set || hot ? mark : border, 1));
     painter->setBrush(set ? mark : colours.color(enabled ? QPalette::Base : QPalette::Window));
     const double radius = round ? side / 2 : 3;
     painter->drawRoundedRect(box, radius, radius);
@@ -122,6 +125,14 @@ void drawIndicator(const QStyleOption* option, QPainter* painter, bool round) {
                                   : QPolygonF({at(0.25, 0.5), at(0.75, 0.5)}));
     }
     painter->restore();
+}
+
+/// Square, since the contents reach into the corners. A page is one with its tab.
+void drawFrame(QStyle::PrimitiveElement element, const QStyleOption* option, QPainter* painter) {
+    const bool page = element == QStyle::PE_FrameTabWidget;
+    painter->setPen(option->palette.color(QPalette::Mid));
+    painter->setBrush(page ? QBrush(option->palette.color(QPalette::Base)) : QBrush(Qt::NoBrush));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
 }
 
 void drawProgressGroove(const QStyleOption* option, QPainter* painter) {
@@ -204,13 +215,11 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         case PE_IndicatorCheckBox:
         case PE_IndicatorItemViewItemCheck:
         case PE_IndicatorRadioButton:
-            drawIndicator(option, painter, element == PE_IndicatorRadioButton);
+            drawIndicator(element, option, painter);
             return;
         case PE_Frame:
-            // Square, since the contents reach into the corners.
-            painter->setPen(option->palette.color(QPalette::Mid));
-            painter->setBrush(Qt::NoBrush);
-            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        case PE_FrameTabWidget:
+            drawFrame(element, option, painter);
             return;
         case PE_FrameGroupBox: {
             const int title =
