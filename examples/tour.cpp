@@ -1,7 +1,9 @@
 // The tour: plays the program through its real windows on a real embedded repository in a throw-away folder, and leaves
-// pictures of each step and the files written. Usage: orvent_tour FOLDER. Exits with 1 when a step fails.
+// pictures of each step and the files written. Usage: orvent_tour FOLDER [WIDTHxHEIGHT]; the screen has that size, 1280
+// x 800 when none is given. QT_SCALE_FACTOR=2 plays it on a fine screen. Exits with 1 when a step fails.
 
 #include <QListWidget>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <fstream>
@@ -84,7 +86,9 @@ class Tour {
                         },
                         pressing("OK", "connection-tested")});
         window().showNormal();
-        window().resize(1280, 800);
+        window().setGeometry(window().screen()->availableGeometry());
+        QApplication::processEvents();
+        player_.expect(window().size() == window().screen()->availableSize(), "the frame does not fit the screen");
         player_.picture(window(), "empty-frame");
     }
 
@@ -177,21 +181,39 @@ static void quietHandler(QtMsgType, const QMessageLogContext&, const QString& me
     }
 }
 
+/// Gives the platform without a display a screen of that size, in pixels of the toolkit's.
+static void makeScreen(const QDir& folder, QSize size) {
+    const double factor = std::max(1.0, qEnvironmentVariable("QT_SCALE_FACTOR").toDouble());
+    QFile file(folder.filePath(QStringLiteral("screen.json")));
+    file.open(QIODevice::WriteOnly);
+    file.write(
+        QStringLiteral(R"({"screens":[{"name":"tour","x":0,"y":0,"width":%1,"height":%2,"logicalDpi":96,"dpr":1}]})")
+            .arg(qRound(size.width() * factor))
+            .arg(qRound(size.height() * factor))
+            .toUtf8());
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+}
+
 int main(int argc, char* argv[]) {
     using namespace orvent;
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s FOLDER\n", argv[0]);
+    QSize screen(1280, 800);
+    if (argc == 3) {
+        const QStringList sides = QString::fromLocal8Bit(argv[2]).split(QLatin1Char('x'));
+        screen = {sides.value(0).toInt(), sides.value(1).toInt()};
+    }
+    if (argc < 2 || argc > 3 || screen.isEmpty()) {
+        std::fprintf(stderr, "usage: %s FOLDER [WIDTHxHEIGHT]\n", argv[0]);
         return 2;
     }
     const tour::fs::path folder = argv[1];
     tour::fs::remove_all(folder);
     tour::fs::create_directories(folder);
     qInstallMessageHandler(quietHandler);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir home;
+    makeScreen(QDir(home.path()), screen);
     qt::Application application(argc, argv);
     qt::Theme theme(qt::ThemeMode::light);
     theme.apply(application);
-    const QTemporaryDir home;
     try {
         return tour::Tour(folder, home.path().toStdString(), theme).play();
     } catch (const std::exception& fault) {

@@ -63,6 +63,8 @@ void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
     hand.type(QStringLiteral("Rows that arrive late wait for the next day."));
     player.picture(window, "editing-a-comment");
     hand.key(Qt::Key_Escape);
+    player.expect(window.area().active()->nodeNamed("Comment0")->Comment().ends_with("the next day."),
+                  "the comment was not typed");
     hand.tool("Move");
     hand.pull(kNodes[5].at, {8400, 4500});
     player.picture(window, "moving-a-node");
@@ -133,6 +135,7 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
             std::string name = "Drawn by hand";
             frame.NewScenario(name);
             QApplication::processEvents();
+            hand.show({13500, 7000});
             drawNodes(hand);
             drawEdges(player, window, hand);
             showGestures(player, window, hand);

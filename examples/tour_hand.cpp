@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QToolButton>
 #include <stdexcept>
 
@@ -24,6 +26,27 @@ void Hand::tool(const char* key) {
         }
     }
     throw std::runtime_error(std::string("the tour finds no tool ") + key);
+}
+
+void Hand::choose(const char* item) {
+    for (const QMenu* menu : frame_.menuBar()->findChildren<QMenu*>()) {
+        for (QAction* action : menu->actions()) {
+            if (action->objectName() == QLatin1String(item)) {
+                action->trigger();
+                return;
+            }
+        }
+    }
+    throw std::runtime_error(std::string("the tour finds no menu item ") + item);
+}
+
+void Hand::show(canvas::Point farthest) {
+    const auto isSeen = [&] {
+        return editor().viewport()->rect().contains(editor().transform().toPixels(farthest).toPoint());
+    };
+    for (int steps = 0; steps < 5 && !isSeen(); ++steps) {
+        choose("ViewSmallerM");
+    }
 }
 
 void Hand::send(QEvent::Type type, canvas::Point at, Qt::MouseButton button, Qt::MouseButtons held) {
@@ -69,10 +92,14 @@ void Hand::edge(canvas::Point from, canvas::Point to) {
     release(to);
 }
 
-/// A platform without a display gives no window the focus that a closed one had.
 QObject* Hand::focused() {
-    QWidget* widget = QApplication::focusWidget();
-    return widget ? widget : static_cast<QWidget*>(&editor());
+    // A platform without a display gives no window the focus that a closed one had; the frame still knows its own.
+    for (QWidget* widget : {QApplication::focusWidget(), frame_.focusWidget()}) {
+        if (widget) {
+            return widget;
+        }
+    }
+    return &editor();
 }
 
 void Hand::type(const QString& words) {

@@ -29,6 +29,10 @@ class Hand {
     void key(Qt::Key key);
 
     qt::CanvasEditor& editor();
+    /// Chooses an item of the menu bar.
+    void choose(const char* item);
+    /// Makes the view show the picture as far as that place, when it does not yet.
+    void show(canvas::Point farthest);
 
   private:
     QObject* focused();

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTabWidget>
 #include <QTreeView>
@@ -44,8 +45,11 @@ class FromNothing {
         : player_(player), window_(window), frame_(frame), theme_(theme), hand_(window) {}
 
     void play(const fs::path& home) {
-        std::string name = kName;
-        player_.during("an empty canvas", [&] { frame_.NewScenario(name); });
+        player_.during("an empty canvas", [&] { hand_.choose("NewScenarioM"); }, {[](QWidget& box) {
+                           Player::type(*box.findChild<QLineEdit*>(), QLatin1String(kName));
+                           Player::press(box, "OK");
+                       }});
+        hand_.show({kTarget.x + 600, kTarget.y});
         placeRecordSet("ORDER_LINES", kOrders, true);
         placeRecordSet("LARGE_LINES", kTarget, false);
         placeActivity();
