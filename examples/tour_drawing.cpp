@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolTip>
 #include <string>
 
 #include "qt/shell/desk_area.h"
@@ -58,12 +59,55 @@ void drawEdges(Player& player, qt::FrameWindow& window, Hand& hand) {
     hand.move({6000, 9000});
 }
 
+/// What the arrow does with lines, nodes and the ground.
+void useArrow(Player& player, qt::FrameWindow& window, Hand& hand) {
+    canvas::CanvasForm& form = *window.area().active();
+    hand.tool("Arrow");
+    const canvas::LinesD* line = form.Lines.at(3);
+    hand.click({(line->X1() + line->X2()) / 2, (line->Y1() + line->Y2()) / 2});
+    player.expect(form.SelectedLines.Count() == 1, "a click on a line did not select it");
+    hand.pull({600, 600}, {6000, 6000});
+    player.picture(window, "rubber-band");
+    hand.release({6000, 6000});
+    player.expect(form.SelectedLabels.Count() == 4, "the rubber band did not select what lies in it");
+    hand.pull(kNodes[3].at, {kNodes[3].at.x + 700, kNodes[3].at.y + 500});
+    player.picture(window, "moving-a-group");
+    hand.key(Qt::Key_Escape);
+    hand.release(kNodes[3].at);
+    hand.click({600, 8000});
+}
+
+/// A tool by its letter, a node and an edge by Enter, the tip of a node.
+void useKeys(Player& player, qt::FrameWindow& window, Hand& hand) {
+    canvas::CanvasForm& form = *window.area().active();
+    hand.key(Qt::Key_C);
+    hand.key(Qt::Key_Return);
+    hand.key(Qt::Key_D);
+    hand.key(Qt::Key_Return);
+    player.picture(window, "edge-by-keys");
+    hand.key(Qt::Key_Left);
+    hand.key(Qt::Key_Return);
+    player.expect(form.Labels.Count() == 9 && form.Lines.Count() == 8, "the keys did not place and join a node");
+    form.SelectedLabels.Clear();
+    form.SelectedLabels.Add(form.LabelsNo);
+    hand.key(Qt::Key_Delete);
+    hand.key(Qt::Key_Escape);
+    hand.key(Qt::Key_Escape);
+    hand.rest(kNodes[3].at);
+    for (QWidget* tip : QApplication::topLevelWidgets()) {
+        if (tip->inherits("QTipLabel")) {
+            player.picture(*tip, "tool-tip");
+        }
+    }
+    QToolTip::hideText();
+}
+
 void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
     hand.doubleClick({7700, 6500});
     hand.type(QStringLiteral("Rows that arrive late wait for the next day."));
     player.picture(window, "editing-a-comment");
     hand.key(Qt::Key_Escape);
-    player.expect(window.area().active()->nodeNamed("Comment0")->Comment().ends_with("the next day."),
+    player.expect(window.area().active()->Labels.at(7)->Comment().ends_with("the next day."),
                   "the comment was not typed");
     hand.tool("Move");
     hand.pull(kNodes[5].at, {8400, 4500});
@@ -73,6 +117,8 @@ void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
     hand.pull({600, 600}, {6000, 6000});
     player.picture(window, "selecting");
     hand.release({6000, 6000});
+    useArrow(player, window, hand);
+    useKeys(player, window, hand);
     hand.tool("Arrow");
     const canvas::LinesD* edge = window.area().active()->Lines.at(2);
     hand.click({edge->X2(), edge->Y2()});

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -78,6 +79,13 @@ void Hand::click(canvas::Point at) {
 void Hand::doubleClick(canvas::Point at) {
     send(QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton);
     release(at);
+}
+
+void Hand::rest(canvas::Point at) {
+    const QPoint place = editor().transform().toPixels(at).toPoint();
+    QHelpEvent event(QEvent::ToolTip, place, editor().viewport()->mapToGlobal(place));
+    QApplication::sendEvent(editor().viewport(), &event);
+    QApplication::processEvents();
 }
 
 void Hand::pull(canvas::Point from, canvas::Point to) {

@@ -20,6 +20,8 @@ class Hand {
     void release(canvas::Point at, Qt::MouseButton button = Qt::LeftButton);
     void click(canvas::Point at);
     void doubleClick(canvas::Point at);
+    /// Rests long enough for a tool tip.
+    void rest(canvas::Point at);
     /// Presses at one place and drags to the other; the button stays down.
     void pull(canvas::Point from, canvas::Point to);
     /// Draws an edge; the first move after the release decides its target.
