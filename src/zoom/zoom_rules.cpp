@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "entities/link_types.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/path_light.h"
 #include "zoom/typed_name.h"
@@ -63,6 +64,39 @@ bool holdsGivenMember(const ZoomForm& form, const LinesD& edge) {
     return form.repeats(*from) || (!from->activity() && isMemberOf(form, *to, *from));
 }
 
+template <class List>
+bool hasConstant(const List& parameters, const std::string& name) {
+    for (const ParameterProperties& parameter : parameters) {
+        for (const RegulatorProperties& link : parameter.RegulatedFrom) {
+            const bool toConstant = link.Regulator_type == LinkConstant || link.Regulator_type == LinkConstantFunction;
+            if (toConstant && link.Regulator_Key() == name) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// Whether a member of the view is linked to a constant of that name, which has no node while the member is folded.
+bool isLinkedConstant(const ZoomForm& form, const std::string& name) {
+    for (const LabelsD& node : form.Labels) {
+        const auto* function = node.entity<FunctionProperties>();
+        const ActivityProperties* activity = node.activity();
+        if ((function && hasConstant(function->Function_Inputs, name)) ||
+            (activity && hasConstant(activity->Act_Parameters, name))) {
+            return true;
+        }
+        if (activity) {
+            for (const FunctionProperties& owned : activity->Act_Functions) {
+                if (hasConstant(owned.Function_Inputs, name)) {
+                    return true;
+                }
+            }
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Point at) {
@@ -71,10 +105,13 @@ LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Po
         if (kind.tool != tool) {
             continue;
         }
-        LabelsD& node = form_.Labels.Add(canvas::placedBox(kind, form_.settings(), at),
-                                         canvas::freeName(form_, kind.word, form_.*row.counter), row.nodeType);
+        std::string name;
+        do {
+            name = canvas::freeName(form_, kind.word, form_.*row.counter);
+        } while (row.nodeType == canvas::NodeTypeConstant && isLinkedConstant(form_, name));
+        LabelsD& node = form_.Labels.Add(canvas::placedBox(kind, form_.settings(), at), name, row.nodeType);
         if (row.nodeType != canvas::NodeTypeFunction) {
-            node.setToolTipText(typedName(form_, node.Caption(), 0));
+            node.setToolTipText(typedName(form_, name, 0));
         }
         form_.touch();
     }

@@ -1,9 +1,11 @@
 // The zoom's window: what stands around its canvas, how it opens, and the light on a path.
 
 #include <QLabel>
+#include <QPainter>
 #include <QToolButton>
 
 #include "qt/canvas/canvas_editor.h"
+#include "qt/canvas/canvas_print.h"
 #include "qt/shell/desk_window.h"
 #include "window_program.h"
 #include "zoom/make_room.h"
@@ -102,6 +104,33 @@ class ZoomWindowTest : public WindowTest {
         large.editor().reveal(last);
         QVERIFY(large.room().contains(large.place(last)));
         QCOMPARE(large.editor().nodeAt({last.Left() + 10, last.Top() + 10}), &last);
+    }
+
+    void paperShowsWhatTheFiltersShow() {
+        Zoomed zoomed;
+        const auto page = [&] {
+            QImage image(1600, 1200, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            paintOnPage(*zoomed.form, painter, QRectF(image.rect()));
+            return image;
+        };
+        const QImage whole = page();
+        zoomed.choose("ViewAttributesM");
+        zoomed.choose("ViewProviderM");
+        const QImage filtered = page();
+        for (const canvas::LinesD& edge : zoomed.form->Lines) {
+            if (!edge.Visible()) {
+                zoomed.form->Lines.RemoveFull(edge.Index());
+            }
+        }
+        for (const canvas::LabelsD& node : std::as_const(zoomed.form->Labels)) {
+            if (!node.Visible()) {
+                zoomed.form->Labels.Remove(node.Index());
+            }
+        }
+        QVERIFY(page() != whole);
+        QCOMPARE(page(), filtered);
     }
 
     void pointingAtAMemberLightsItsPath() {

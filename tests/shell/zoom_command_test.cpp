@@ -51,9 +51,11 @@ TEST_F(ZoomCommand, ActsOnOneSelectedActivity) {
     for (const Row& row :
          {Row{{}, false}, Row{{"RS1"}, false}, Row{{"Activity1", "Activity2"}, false}, Row{{"Activity2"}, true}}) {
         select(row.selected);
+        design->CurrentNode = design->NamesColl.Item("RS1");  // on its way to the menu the pointer passed over it
         frame.run(Command::activityZoom);
         EXPECT_EQ(zoomInFront() != nullptr, row.opens);
     }
+    EXPECT_EQ(design->CurrentNode, design->NamesColl.Item("Activity2"));
     EXPECT_EQ(zoomInFront()->Caption(), "Sample - Expand");
     EXPECT_EQ(stage.desk.revealed, std::vector<std::string>{"Activity2"});
     EXPECT_FALSE(design->Enabled());

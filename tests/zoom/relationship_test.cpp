@@ -61,6 +61,23 @@ class Relationship : public testkit::CanvasTest {
         return made;
     }
 
+    /// Another function like that one, shown with its parameters.
+    void addFunction(const std::string& key, std::int16_t source, bool free) {
+        LabelsD& shown = form.Labels.Add({0, 0, 1050, 450}, key, canvas::NodeTypeFunction);
+        auto& added = *shown.entity<FunctionProperties>();
+        added.Function_Inputs->AddFullParameter(*function().Function_Inputs->Item(1), "fi", false, 0);
+        added.Function_Outputs->AddFullParameter(*function().Function_Outputs->Item(1), "fo", false, 0);
+        added.NodeKind = KindFunction;
+        for (ParameterProperties* parameter : {added.Function_Inputs->Item(1), added.Function_Outputs->Item(1)}) {
+            parameter->ParentKeyName = key;
+        }
+        if (!free) {
+            zoom::AttachFunction(form, shown, node("A"), true);
+            shown.entity<FunctionProperties>()->Function_Source = source;
+        }
+        zoom::ExpandFunction(form, shown.Index());
+    }
+
     static void own(ActivityProperties& activity, const std::string& name) {
         activity.Act_Name = name;
         for (auto& item : activity.Act_Inputs) {
@@ -227,6 +244,13 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
              Row{R, {"C", "A.PARAM.p"}, {"A.PARAM.p", "R.r"}, "This Relationship Is Not Valid!"},
              Row{R, {"R.r", "F.IN.fi"}, {"A.IN.i", "F.IN.fi"}, "This Relationship Is Not Valid!"},
              Row{R, {"R.r", "F.IN.fi"}, {"F.IN.fi", "C"}, "This Relationship Is Not Valid!"},
+             Row{P, {"B.OUT.bo", "A.IN.i"}, {"R.r", "A.IN.i"}, "This Relationship Is Not Valid!"},
+             Row{R, {"A.IN.i", "A.PARAM.p"}, {"A.PARAM.p", "C"}, "This Relationship Is Not Valid!"},
+             Row{R, {"A.IN.i", "A.PARAM.p"}, {"C", "A.PARAM.p"}, "This Relationship Is Not Valid!"},
+             Row{R, {"R.r", "F.IN.fi"}, {"C", "F.IN.fi"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "F.IN.fi"}, {"F.IN.fi", "R.r"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "F.IN.fi"}, {"R.r", "F.IN.fi"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "A.PARAM.p"}, {"R.r", "A.PARAM.p"}, "This Relationship Is Not Valid!"},
              Row{P, {"R.r", "A.IN.i"}, {"R.r", "A.IN.i"}, "THIS LINE ALLREADY EXISTS!!"},
          }) {
         SCOPED_TRACE(row.second[0] + std::string(" to ") + row.second[1]);
@@ -428,6 +452,85 @@ TEST_F(Relationship, WithoutItsConstantAParameterKeepsItsOtherEdges) {
     EXPECT_EQ(links()[0], "A.OUT.o <~ 10 A .PARAM.p " + std::to_string(other->Index()));
 }
 
+/// Every edge to a function's parameter, for a function that is free, one that was attached by hand, and one that the
+/// activity's type brought. "@" stands for the function's key, "*" for how a record set names its input.
+TEST_F(Relationship, FunctionsGiveTheirLinksBack) {
+    struct Function {
+        const char* key;
+        const char* recordSetsKey;
+        std::int16_t source;
+        bool free;
+    };
+    struct Row {
+        const char* from;
+        const char* to;
+        const char* source;
+        const char* target;
+        bool attaches = false;
+    };
+    const std::vector<Row> rows = {
+        {"A.IN.i", "@.IN.fi", "A.IN.i ~> 13 @ @.IN.fi", "@.IN.fi <~ 13 A .IN.i", true},
+        {"@.IN.fi", "A.IN.i", "A.IN.i ~> 13 @ @.IN.fi", "@.IN.fi <~ 13 A .IN.i", true},
+        {"A.OUT.o", "@.OUT.fo", "@.OUT.fo ~> 11 A .OUT.o", "A.OUT.o <~ 11 @ @.OUT.fo", true},
+        {"@.OUT.fo", "A.OUT.o", "@.OUT.fo ~> 11 A .OUT.o", "A.OUT.o <~ 11 @ @.OUT.fo", true},
+        {"C", "@.IN.fi", "C ~> 14 @ @.IN.fi", "@.IN.fi <~ 14 C C"},
+        {"@.IN.fi", "C", "C ~> 14 @ @.IN.fi", "@.IN.fi <~ 14 C C"},
+        {"R.r", "@.IN.fi", "R.r ~> 12 @ *", "@.IN.fi <~ 12 R R.r"},
+        {"@.IN.fi", "R.r", "R.r ~> 14 @ *", "@.IN.fi <~ 14 R R.r"},
+        // Members of another activity take a free function only.
+        {"D.IN.di", "@.IN.fi", "D.IN.di ~> 13 @ @.IN.fi", "@.IN.fi <~ 13 D .IN.di", true},
+        {"@.IN.fi", "D.IN.di", "D.IN.di ~> 13 @ @.IN.fi", "@.IN.fi <~ 13 D .IN.di", true},
+        {"B.OUT.bo", "@.OUT.fo", "@.OUT.fo ~> 11 B .OUT.bo", "B.OUT.bo <~ 11 @ @.OUT.fo", true},
+        {"@.OUT.fo", "B.OUT.bo", "@.OUT.fo ~> 11 B .OUT.bo", "B.OUT.bo <~ 11 @ @.OUT.fo", true},
+    };
+    for (const Function& made : {Function{"F", "F.A.fi", kSourceOwn, false}, Function{"G", "G.IN.fi", 0, true},
+                                 Function{"A.T", "A.T.IN.fi", kSourceActivityType, false}}) {
+        const std::string key = made.key;
+        const auto filled = [&](std::string text) {
+            for (const auto& [mark, word] : {std::pair('@', made.key), std::pair('*', made.recordSetsKey)}) {
+                for (std::size_t at; (at = text.find(mark)) != std::string::npos;) {
+                    text.replace(at, 1, word);
+                }
+            }
+            return text;
+        };
+        for (const Row& row : rows) {
+            const std::string from = filled(row.from), to = filled(row.to);
+            SCOPED_TRACE(from + " to " + to);
+            if (!form.nodeNamed(key)) {
+                addFunction(key, made.source, made.free);
+            }
+            const bool stands = made.free || (row.source + std::string(row.target)).find_first_of("BD") > 99;
+            EXPECT_EQ(rules.mayRelate(form, R, node(from), node(to)), stands);
+            if (!stands) {
+                expectWarning("This Relationship Is Not Valid!");
+            }
+            const std::int32_t edge = draw(from, to, R);
+            const std::string number = " " + std::to_string(edge);
+            std::vector<std::string> expected = {filled(row.source) + number, filled(row.target) + number};
+            std::sort(expected.begin(), expected.end());
+            EXPECT_EQ(links(), stands ? expected : std::vector<std::string>{});
+            const bool attached = made.free && row.attaches;
+            const std::string owner = node(key).entity<FunctionProperties>()->ParentKeyName();
+            EXPECT_EQ(owner, attached ? std::string(1, row.source[0] == '@' ? row.target[0] : row.source[0])
+                                      : std::string(made.free ? "" : "A"));
+            if (stands) {
+                zoom::RemoveRelationship(form, edge);
+                form.Lines.RemoveFull(edge);
+            }
+            EXPECT_EQ(links(), std::vector<std::string>{});
+            EXPECT_EQ(node(key).entity<FunctionProperties>()->ParentKeyName(), owner) << "attached it stays";
+            if (attached) {
+                form.Lines.RemoveFull(
+                    form.Lines
+                        .FindConnectingLine(node(owner).Index(), node(key).Index(), canvas::EdgeTypePartOf, false)
+                        ->Index());
+                zoom::DetachFunction(form, node(key), &node(owner));
+            }
+        }
+    }
+}
+
 class Consistency : public testkit::CanvasTest {
   protected:
     void expectQuestion(platform::Answer answer) {
@@ -482,6 +585,17 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
         EXPECT_EQ(edges(), expected);
         EXPECT_EQ(progress.pointerShape, 1);
     }
+    // A node whose name another one bears is fed, and feeds nobody.
+    design.quietNames = true;
+    LabelsD& second = design.Labels.addLabel(*design.nodeNamed("A2"));
+    LabelsD& third = design.Labels.addLabel(*design.nodeNamed("RS4"));
+    ASSERT_EQ(third.KeyName(), canvas::kErrorName);
+    graph.add("A3.IN.TWICE <- 1 Error_myCode Error_myCode.SONUM");
+    expectQuestion(platform::Answer::ok);
+    zoom::CheckConsistency(design, progress);
+    EXPECT_EQ(design.Lines.Count(), static_cast<int>(expected.size()) + 5);
+    EXPECT_EQ(second.StartingLines().Count() + third.StartingLines().Count(), 0);
+    EXPECT_EQ(second.EndingLines().Count(), 5);
 }
 
 }  // namespace

@@ -68,9 +68,22 @@ TEST_F(ZoomWindow, ToolsPlaceFreeNodes) {
     EXPECT_EQ(node("Function1").entity<FunctionProperties>()->Function_Key, "Function1");
     form->rules().placeNode(*form, "Attribute", {0, 0});
     EXPECT_EQ(node("Attribute2").box(), (canvas::Box{0, 0, 1050, 225}));
+    // A constant does not take the name of one that a folded member is linked to.
+    auto& folded = *node("F1").entity<FunctionProperties>()->Function_Inputs->Item("I1");
+    folded.RegulatedFrom->Add("Constant3", LinkConstantFunction, "Constant3");
+    node("A1")
+        .activity()
+        ->Act_Parameters->Add("P", 0, 0, "P")
+        .RegulatedFrom->Add("Constant4", LinkConstant, "Constant4");
+    zoom::CollapseFunction(*form, index("F1"));
+    form->rules().placeNode(*form, "Constant", {0, 0});
+    EXPECT_TRUE(form->nodeNamed("Constant5"));
     const int count = form->Labels.Count();
     form->rules().placeNode(*form, "RecordSet", {0, 0});
     EXPECT_EQ(form->Labels.Count(), count);
+    catalogue.dataTypes.clear();  // a catalogue without types has the empty one
+    form->rules().placeNode(*form, "Attribute", {0, 0});
+    EXPECT_EQ(node("Attribute3").ToolTipText(), "Attribute3()");
 }
 
 TEST_F(ZoomWindow, DeletedMembersLeaveTheirOwner) {
