@@ -156,6 +156,12 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     click(*dialog, "GRAPH.Before.B");
     EXPECT_EQ(dialog->SelectedList, kInputs);
     EXPECT_EQ(dialog->TabStrip1, kInputs);
+    dialog->DragOut(*dialog->ActView.find("GRAPH.C1"));
+    EXPECT_EQ(dialog->TabStrip1, kParameters) << "a dragged node brings its list forward on its way";
+    EXPECT_TRUE(dialog->takes({"GRAPH.C1"}));
+    dialog->DragOut(*dialog->ActView.find("GRAPH.Before"));
+    EXPECT_EQ(dialog->TabStrip1, kInputs);
+    EXPECT_FALSE(dialog->takes({"GRAPH.C1"})) << "no constant becomes an input";
     dialog->TabStrip1_Click(SetActProp::kLogTab);
     click(*dialog, "DB.RS.PRICE");
     EXPECT_EQ(dialog->TabStrip1, kInputs) << "the list that takes the node comes before the log";

@@ -29,6 +29,7 @@ struct Desk : StartedProgram {
         graph.recordSet("RS", {"ID", "NAME", "PRICE"});
         graph.node("Act", canvas::NodeTypeActivity);
         graph.node("C1", canvas::NodeTypeConstant);
+        graph.node("F1", canvas::NodeTypeFunction);
     }
 
     /// Opens the dialog of a node, as a double click on it does.
@@ -234,6 +235,12 @@ class EntityDialogsTest : public WindowTest {
             select(outputs, "RS_ID");
             inMenu(outputs, [&](QMenu& menu) {
                 QCOMPARE(greyed(menu) + QStringLiteral(", "), sends.arg(QStringLiteral("Only an input is sent")));
+            });
+            check(*view(window, "ActView"), "F1");
+            QTreeView& parameters = *view(window, "AttList(2)");
+            select(parameters, "F1");
+            inMenu(parameters, [&](QMenu& menu) {
+                QVERIFY(greyed(menu).endsWith(QStringLiteral("ItemEditM: A function keeps its own name")));
             });
             desk.answerSave(Answer::no);
             window.close();

@@ -285,7 +285,7 @@ void SetActPropWindow::showMenu(RowView& list, const QPoint& at) {
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("AttListM"));
     menu.setToolTipsVisible(true);
-    const bool row = logic_.frontList().selected() > 0;
+    const forms::ListRow* row = logic_.frontList().Item(logic_.frontList().selected());
     const auto add = [&](const char* name, const QString& caption, const QString& why, auto step) {
         QAction* item = menu.addAction(caption, this, [this, step] { act(step); });
         item->setObjectName(QLatin1String(name));
@@ -295,11 +295,12 @@ void SetActPropWindow::showMenu(RowView& list, const QPoint& at) {
     };
     const QString noRow = row ? QString() : tr("Choose a row first");
     const QString noInput = logic_.SelectedList == editors::kInputs ? noRow : tr("Only an input is sent");
+    const QString noEdit = row && !row->Editable ? tr("A function keeps its own name") : noRow;
     const QString noRows = logic_.ListButtons() ? QString() : tr("The list has no rows");
     add("ItemSendParamM", tr("Send To &Parameter"), noInput, [this] { logic_.ItemSendParamM_Click(); });
     add("ItemSendOutputM", tr("Send To &Output"), noInput, [this] { logic_.ItemSendOutputM_Click(); });
     menu.addSeparator();
-    add("ItemEditM", tr("&Edit Name"), noRow, [&list] { list.editLabel(); })->setShortcut(Qt::Key_F2);
+    add("ItemEditM", tr("&Edit Name"), noEdit, [&list] { list.editLabel(); })->setShortcut(Qt::Key_F2);
     add("ItemDeleteM", tr("&Delete"), noRow, [this] { logic_.Move2Tree_Click(); })->setShortcut(Qt::Key_Delete);
     menu.addSeparator();
     QAction* details = add("ShowDetailsM", tr("&Show Details"), {}, [this] { logic_.ShowDetailsM_Click(); });
