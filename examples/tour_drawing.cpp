@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QToolTip>
 #include <string>
+#include <string_view>
 
 #include "qt/shell/desk_area.h"
 #include "tour_hand.h"
@@ -37,10 +38,19 @@ struct EdgeStep {
 constexpr EdgeStep kEdges[] = {{"Provider", 0, 3},    {"Provider", 1, 4}, {"Provider", 3, 5},   {"Provider", 4, 5},
                                {"Description", 6, 5}, {"Provider", 5, 2}, {"Description", 5, 7}};
 
-void drawNodes(Hand& hand) {
+/// Each record set and activity asks what it is as it is placed, and the canvas waits for the answer.
+void drawNodes(Player& player, Hand& hand) {
     for (const NodeStep& step : kNodes) {
-        hand.tool(step.tool);
-        hand.click(step.at);
+        const std::string_view tool = step.tool;
+        const bool asks = tool == "RecordSet" || tool == "Activity";
+        const std::deque<Player::Answer> later(asks ? 1 : 0, [](QWidget& dialog) { Player::press(dialog, "Cancel"); });
+        player.during(
+            step.tool,
+            [&] {
+                hand.tool(step.tool);
+                hand.click(step.at);
+            },
+            later);
     }
 }
 
@@ -173,20 +183,17 @@ void showTypes(Player& player, shell::MDIForm1& frame, const std::string& suffix
 
 void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
     Hand hand(window);
-    // Each record set and activity asks what it is as it is placed.
-    const std::deque<Player::Answer> later(6, [](QWidget& dialog) { Player::press(dialog, "Cancel"); });
-    player.during(
-        "draw a scenario by hand",
-        [&] {
-            std::string name = "Drawn by hand";
-            frame.NewScenario(name);
-            QApplication::processEvents();
-            hand.show({13500, 7000});
-            drawNodes(hand);
-            drawEdges(player, window, hand);
-            showGestures(player, window, hand);
-        },
-        later);
+    player.during("an empty drawing", [&] {
+        std::string name = "Drawn by hand";
+        frame.NewScenario(name);
+        QApplication::processEvents();
+        hand.show({13500, 7000});
+    });
+    drawNodes(player, hand);
+    player.during("draw a scenario by hand", [&] {
+        drawEdges(player, window, hand);
+        showGestures(player, window, hand);
+    });
     const canvas::DrawForm& form = window.area().active()->scenario();
     player.expect(form.Labels.Count() == 8 && form.Lines.Count() == 7, "the scenario was not drawn whole");
     player.expect(form.SelectedLines.Count() == 1, "no edge was selected");
