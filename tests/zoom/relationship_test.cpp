@@ -249,6 +249,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
              Row{R, {"A.IN.i", "A.PARAM.p"}, {"C", "A.PARAM.p"}, "This Relationship Is Not Valid!"},
              Row{R, {"R.r", "F.IN.fi"}, {"C", "F.IN.fi"}, "This Relationship Is Not Valid!"},
              Row{R, {"C", "F.IN.fi"}, {"F.IN.fi", "R.r"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "F.IN.fi"}, {"F.IN.fi", "A.IN.i"}, "This Relationship Is Not Valid!"},
              Row{R, {"C", "F.IN.fi"}, {"R.r", "F.IN.fi"}, "This Relationship Is Not Valid!"},
              Row{R, {"C", "A.PARAM.p"}, {"R.r", "A.PARAM.p"}, "This Relationship Is Not Valid!"},
              Row{P, {"R.r", "A.IN.i"}, {"R.r", "A.IN.i"}, "THIS LINE ALLREADY EXISTS!!"},
@@ -257,11 +258,35 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
         const std::int32_t first = draw(row.first[0], row.first[1], row.kind);
         const std::vector<std::string> before = links();
         expectWarning(row.message);
-        EXPECT_EQ(form.Lines.byIndex(draw(row.second[0], row.second[1], row.kind)), nullptr);
+        ASSERT_EQ(form.Lines.byIndex(draw(row.second[0], row.second[1], row.kind)), nullptr);
         EXPECT_EQ(links(), before);
         zoom::RemoveRelationship(form, first);
         form.Lines.RemoveFull(first);
     }
+    // What regulates a parameter depends on where it came from.
+    for (const auto& [tag, from, to, stands] : {std::tuple(0, "A.IN.i", "A.PARAM.p", true),
+                                                {3, "A.IN.i", "A.PARAM.p", false},
+                                                {0, "A.PARAM.p", "A.IN.i", false},
+                                                {3, "A.PARAM.p", "R.r", false},
+                                                {0, "A.PARAM.p", "C", true}}) {
+        SCOPED_TRACE(from + std::string(" to ") + to);
+        node("A.PARAM.p").entity<ParameterProperties>()->Tag = static_cast<std::int16_t>(tag);
+        if (!stands) {
+            expectWarning("This Relationship Is Not Valid!");
+        }
+        const std::int32_t edge = draw(from, to, R);
+        ASSERT_EQ(form.Lines.byIndex(edge) != nullptr, stands);
+        if (stands) {
+            zoom::RemoveRelationship(form, edge);
+            form.Lines.RemoveFull(edge);
+        }
+    }
+    // A record set may know a function's input by either key.
+    const std::int32_t twoKeys = draw("R.r", "F.IN.fi", R);
+    node("R.r").entity<AttributeProperties>()->RegulatorFor->Add("F", LinkRecordSetFunction, "F.IN.fi");
+    zoom::RemoveRelationship(form, twoKeys);
+    form.Lines.RemoveFull(twoKeys);
+    EXPECT_EQ(links(), std::vector<std::string>{});
     // An output may be provided many times.
     draw("A.OUT.o", "R.r", P);
     draw("B.OUT.bo", "R.r", P);
