@@ -256,6 +256,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
          }) {
         SCOPED_TRACE(row.second[0] + std::string(" to ") + row.second[1]);
         const std::int32_t first = draw(row.first[0], row.first[1], row.kind);
+        ASSERT_NE(form.Lines.byIndex(first), nullptr);
         const std::vector<std::string> before = links();
         expectWarning(row.message);
         ASSERT_EQ(form.Lines.byIndex(draw(row.second[0], row.second[1], row.kind)), nullptr);
@@ -531,6 +532,7 @@ TEST_F(Relationship, FunctionsGiveTheirLinksBack) {
                 expectWarning("This Relationship Is Not Valid!");
             }
             const std::int32_t edge = draw(from, to, R);
+            ASSERT_EQ(form.Lines.byIndex(edge) != nullptr, stands);
             const std::string number = " " + std::to_string(edge);
             std::vector<std::string> expected = {filled(row.source) + number, filled(row.target) + number};
             std::sort(expected.begin(), expected.end());
