@@ -13,8 +13,13 @@ struct NoZoom : NodePreparation {
     void prepare(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void refresh(canvas::CanvasForm&, canvas::LabelsD&) override {}
 };
+/// Chooses no file, and keeps the folder in which it was to begin.
 struct NoFile : platform::SaveDialog {
-    std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+    std::string saveFile(const std::string&, const std::string&, const std::string& start) override {
+        began = start;
+        return {};
+    }
+    std::string began;
 };
 
 }  // namespace orvent::editors
