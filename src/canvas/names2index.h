@@ -9,6 +9,8 @@ namespace orvent::canvas {
 /// `NamesColl` of a canvas: every node's name and the node's `Index`. Names compare exactly.
 class Names2IndexColl {
   public:
+    Names2IndexColl() { names_.max_load_factor(0.5F); }
+
     /// `Index`, or -1 when the name is taken.
     std::int32_t Add(std::int32_t Index, const std::string& sKey) {
         return names_.emplace(sKey, Index).second ? Index : -1;
