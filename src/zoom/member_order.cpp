@@ -1,6 +1,8 @@
 #include "zoom/member_order.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 
 #include "canvas/labels.h"
 #include "zoom/members.h"
@@ -15,11 +17,9 @@ void MemberOrder::keep(const std::string& owner, NodeKindCode kind, const std::v
         order = keys;
         return;
     }
-    for (const std::string& key : keys) {
-        if (std::find(order.begin(), order.end(), key) == order.end()) {
-            order.push_back(key);
-        }
-    }
+    const std::unordered_set<std::string> known(order.begin(), order.end());
+    std::copy_if(keys.begin(), keys.end(), std::back_inserter(order),
+                 [&](const std::string& key) { return !known.count(key); });
 }
 
 void MemberOrder::rename(const std::string& owner, NodeKindCode kind, const std::string& former,
