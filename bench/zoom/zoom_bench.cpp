@@ -69,7 +69,7 @@ void synchronisePlainly(Stage& stage) {
 }
 
 struct Times {
-    double open, plain, apply, fold, relate, filter, light;
+    double open, plain, apply, fold, relate, filter, light, applyFolded;
 };
 
 /// Of as many stages alike, one after the other.
@@ -91,7 +91,7 @@ Times measure(int subNodes, int around, int stages = 1) {
         const canvas::ManyChanges many(*stage.form);
         zoom::toggleFilter(*stage.form, &zoom::ViewMarks::ViewProviderM);
     };
-    std::vector<double> open, plain, apply, fold, relate, filter, light;
+    std::vector<double> open, plain, apply, fold, relate, filter, light, applyFolded;
     for (int run = 0; run < kRuns; ++run) {
         timed([](Stage& stage) { stage.form.reset(); });
         open.push_back(timed([](Stage& stage) { stage.open(); }));
@@ -99,6 +99,8 @@ Times measure(int subNodes, int around, int stages = 1) {
             drawPlainly(stage);
             synchronisePlainly(stage);
         }));
+        const auto applyAll = [](Stage& stage) { zoom::ApplyZoomChanges(*stage.form, true); };
+        apply.push_back(timed(applyAll));
         fold.push_back(timed([](Stage& stage) {
             zoom::CollapseActivity(*stage.form, stage.form->CentralActivityNo);
             zoom::ExpandActivity(*stage.form, stage.form->CentralActivityNo);
@@ -122,9 +124,10 @@ Times measure(int subNodes, int around, int stages = 1) {
                              }
                          }) /
                          kTimes / stages);
-        apply.push_back(timed([](Stage& stage) { zoom::ApplyZoomChanges(*stage.form, true); }));
+        applyFolded.push_back(timed(applyAll));
     }
-    return {median(open), median(plain), median(apply), median(fold), median(relate), median(filter), median(light)};
+    return {median(open),   median(plain),  median(apply), median(fold),
+            median(relate), median(filter), median(light), median(applyFolded)};
 }
 
 /// A scenario in which the activities have a parameter each that a record set regulates, so that 30,000 nodes have
@@ -215,6 +218,8 @@ void run() {
     print("open, 6,000 sub-nodes, beside plain calls", middle.open / middle.plain, 3, middle.plain, middle.open);
     print("open, 30,000 nodes around beside none", middle.open / alone.open, 1.2, alone.open, middle.open);
     print("apply and unfold beside open", middle.apply / middle.open, 2, middle.open, middle.apply);
+    print("the same once the activity was folded by hand", middle.applyFolded / middle.open, 2, middle.open,
+          middle.applyFolded);
     print("a path worked out, 6,000 sub-nodes, beside one frame", middle.light / 16, 1, 16, middle.light);
     // Ten small views have the memory of the large one, so that neither stays in the caches.
     const Times small = measure(kSmall, 0, kLarge / kSmall);

@@ -61,14 +61,26 @@ constexpr std::array<ExpansionRow, 6> kRows = {{
     {canvas::NodeTypeAttribute, KindRecordSetAttribute, 4, true, LinkUnset, belowOwner},
 }};
 
+/// Whether a collection holds these very items and no other ones, the last one first.
+template <class List>
+bool holdsReversed(const List& list, const std::vector<std::shared_ptr<EntityOf<List>>>& items) {
+    bool holds = static_cast<std::size_t>(list.Count()) == items.size();
+    for (int at = 1; holds && at <= list.Count(); ++at) {
+        holds = list.Item(at) == items[items.size() - static_cast<std::size_t>(at)].get();
+    }
+    return holds;
+}
+
 /// Sees that a collection holds these very items, and puts them into their order; a member without a node comes last.
 template <class List>
 void refill(List& list, const std::vector<std::shared_ptr<EntityOf<List>>>& items, FoldedOrder order) {
-    for (const auto& item : items) {
-        const std::string& key = keyOf(*item);
-        if (list.Item(key) != item.get()) {
-            list.Remove(key);
-            list.append(item, key);
+    if (!holdsReversed(list, items)) {
+        for (const auto& item : items) {
+            const std::string& key = keyOf(*item);
+            if (list.Item(key) != item.get()) {
+                list.Remove(key);
+                list.append(item, key);
+            }
         }
     }
     if (order == FoldedOrder::reversed) {
