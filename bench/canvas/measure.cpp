@@ -99,10 +99,16 @@ double pan(Subject& subject, std::int32_t number) {
     // A tall picture may be shown in its whole width.
     const bool isWider = across->maximum() - across->value() > 2 * kRuns * kPanPixels;
     QScrollBar* bar = isWider ? across : subject.area().verticalScrollBar();
-    return median(2 * kRuns, [&] {
-        bar->setValue(bar->value() + kPanPixels);
+    const Paintings paintings(*subject.area().viewport());
+    int step = 0;
+    const double time = median(2 * kRuns, [&] {
+        // In a small picture to and fro, since it ends soon.
+        const bool back = bar->value() + kPanPixels > bar->maximum() || (!isWider && step % 2 == 1);
+        ++step;
+        bar->setValue(bar->value() + (back ? -kPanPixels : kPanPixels));
         settle();
     });
+    return paintings.time(time, step);
 }
 
 double dragStep(Subject& subject, std::int32_t number) {
