@@ -1,5 +1,10 @@
 // The way back from the zoom view into the scenario, and of new identifiers the other way.
 
+#include <memory>
+#include <utility>
+#include <variant>
+#include <vector>
+
 #include "zoom/members.h"
 #include "zoom/rename_node.h"
 #include "zoom/synchronize_functions.h"
@@ -16,11 +21,19 @@ using canvas::LabelsD;
 
 namespace {
 
-void release(canvas::DrawForm& design, LabelsD& node) {
-    if (ActivityProperties* activity = node.activity()) {
-        UnSynchronizeActivity(design, *activity, false, nullptr);
-    } else if (RecordSetProperties* recordSet = node.recordSet()) {
-        UnSynchronizeRecordSet(design, *recordSet, false, nullptr);
+/// Takes the entities out of the design nodes that get new ones, and erases their mirrors at the far ends. Those that
+/// are replaced themselves are out of reach by then: what is erased in them would go with them.
+void release(ZoomForm& form) {
+    std::vector<canvas::NodeProperties> former;
+    form.eachFirstCopy([&](LabelsD&, LabelsD& design) {
+        former.push_back(std::exchange(design.Properties, canvas::NodeProperties()));
+    });
+    for (const canvas::NodeProperties& entity : former) {
+        if (const auto* activity = std::get_if<std::shared_ptr<ActivityProperties>>(&entity)) {
+            UnSynchronizeActivity(form.ParForm, **activity, false, nullptr);
+        } else if (const auto* recordSet = std::get_if<std::shared_ptr<RecordSetProperties>>(&entity)) {
+            UnSynchronizeRecordSet(form.ParForm, **recordSet, false, nullptr);
+        }
     }
 }
 
@@ -81,7 +94,7 @@ void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     form.eachPair([&](LabelsD& shown, const LabelsD&) { foldNode(form, shown); });
     // All old entities are unlinked before the first is replaced, and all are replaced before the first is linked
     // again: so the lists of links keep their order.
-    form.eachFirstCopy([&](LabelsD&, LabelsD& design) { release(form.ParForm, design); });
+    release(form);
     form.eachFirstCopy([&](LabelsD& shown, LabelsD& design) { replace(design, shown); });
     form.eachFirstCopy([&](LabelsD&, LabelsD& design) { link(form.ParForm, design); });
     form.eachPair([&](LabelsD& shown, const LabelsD& design) {

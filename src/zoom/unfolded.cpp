@@ -1,5 +1,7 @@
 #include "zoom/unfolded.h"
 
+#include <string_view>
+
 #include "zoom/expand_collapse.h"
 #include "zoom/unfolding.h"
 
@@ -17,7 +19,8 @@ Unfolded::Unfolded(const ZoomForm& form) {
         }
         if (form.bearsName(node)) {
             const bool selected = form.SelectedLabels.Item(node.Index()) != nullptr;
-            places_.push_back({node.KeyName(), node.box(),
+            names_ += node.KeyName();
+            places_.push_back({names_.size(), node.box(),
                                selected ? node.Color() ^ form.settings().SelColor : node.Color(), node.Ready()});
         }
     }
@@ -35,9 +38,18 @@ void Unfolded::restore(ZoomForm& form) const {
             foldNode(form, node);
         }
     }
-    for (const Place& place : places_) {
-        if (LabelsD* node = form.nodeNamed(place.name)) {
-            place.restore(*node);
+    // Most nodes come back in the order in which they stood, so they are found without looking their names up.
+    std::size_t next = 0, start = 0;
+    const auto name = [&] { return std::string_view(names_).substr(start, places_[next].nameEnd - start); };
+    for (LabelsD& node : form.Labels) {
+        if (next < places_.size() && name() == node.KeyName()) {
+            places_[next].restore(node);
+            start = places_[next++].nameEnd;
+        }
+    }
+    for (; next < places_.size(); start = places_[next++].nameEnd) {
+        if (LabelsD* node = form.nodeNamed(std::string(name()))) {
+            places_[next].restore(*node);
         }
     }
 }

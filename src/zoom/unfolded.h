@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -20,7 +21,7 @@ class Unfolded {
 
   private:
     struct Place {
-        std::string name;  ///< of its node; the number may be another one afterwards
+        std::size_t nameEnd;  ///< in `names_`
         canvas::Box box;
         std::int32_t color;
         bool ready;
@@ -30,6 +31,7 @@ class Unfolded {
 
     std::set<std::int32_t> expanded_;
     std::set<std::string> expandedNames_;
+    std::string names_;  ///< of the nodes of the places, one behind the other; their numbers may be other ones later
     std::vector<Place> places_;
 };
 
