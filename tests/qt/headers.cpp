@@ -1,0 +1,1 @@
+// Holds nothing: the headers that all window tests include are compiled with it.
