@@ -1,4 +1,5 @@
 #include "canvas/node_tip.h"
+#include "canvas/node_walk.h"
 #include "canvas/pointer_fixture.h"
 #include "platform/codes.h"
 
@@ -263,6 +264,24 @@ TEST_F(Nodes, ACopyOnAnotherCanvas) {
     zoom.Labels.Add({0, 2600, 300, 300}, "B", NodeTypeRecordSet);
     EXPECT_EQ(zoom.BiggestHeight, 2000 + 600 + 3 * 450);
     EXPECT_EQ(form.BiggestHeight, 0);
+}
+
+TEST_F(Nodes, AWalkFollowsRowsAndColumns) {
+    EXPECT_EQ(walk(form, Direction::right), nullptr);
+    for (const auto& [name, left, top] :
+         {std::tuple{"a", 0.0F, 0.0F}, {"b", 3000.0F, 300.0F}, {"c", 1500.0F, 3000.0F}, {"d", 9000.0F, 0.0F}}) {
+        form.Labels.Add({left, top, 1050, 450}, name, NodeTypeRecordSet);
+    }
+    using enum Direction;
+    for (const auto& [direction, name] :
+         {std::pair{right, "a"}, {right, "b"}, {right, "d"}, {right, ""}, {left, "b"}, {down, "c"}, {up, "b"}}) {
+        const LabelsD* node = walk(form, direction);
+        EXPECT_EQ(node ? node->KeyName() : "", name);
+        EXPECT_EQ(form.SelectedLabels.Count(), 1);
+    }
+    form.nodeNamed("c")->setVisible(false);
+    selectAllNodes(form);
+    EXPECT_EQ(form.SelectedLabels.Count(), 3) << "what is not seen is not taken";
 }
 
 }  // namespace
