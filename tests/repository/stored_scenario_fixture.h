@@ -128,22 +128,16 @@ class StoredScenarioTest : public ::testing::Test, public canvas::ScenarioStore 
     /// As `expectStored`, for rows that were written anew and so come behind the others.
     void expectStoredInAnyOrder(const canvas::DrawForm& form, const std::string& expected) {
         ASSERT_EQ(user.told.back(), "Saved");
-        EXPECT_EQ(sortedLines(modelText(*loaded(form.ScenarioID))), sortedLines(expected));
+        EXPECT_EQ(linesOf(modelText(*loaded(form.ScenarioID))), linesOf(expected));
     }
 
-    static std::string sortedLines(const std::string& text) {
+    static std::multiset<std::string> linesOf(const std::string& text) {
         std::istringstream in(text);
-        std::set<std::string> sorted;
+        std::multiset<std::string> lines;
         for (std::string line; std::getline(in, line);) {
-            while (!sorted.insert(line).second) {
-                line += " again";
-            }
+            lines.insert(line);
         }
-        std::string all;
-        for (const std::string& line : sorted) {
-            all += line + "\n";
-        }
-        return all;
+        return lines;
     }
 
     void expectStored(const canvas::DrawForm& form, const std::string& expected) {
