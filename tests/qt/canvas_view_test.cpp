@@ -2,9 +2,6 @@
 
 #include "qt/canvas/canvas_view.h"
 
-#include <QApplication>
-#include <QBackingStore>
-#include <QScrollBar>
 #include <functional>
 #include <random>
 

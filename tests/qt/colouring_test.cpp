@@ -1,10 +1,5 @@
 // Keyword colouring in a real text box: keys, undo, caret and signals.
 
-#include <QSignalSpy>
-#include <QTextBlock>
-#include <QTextEdit>
-#include <QTextLayout>
-
 #include "qt/statements/keyword_colouring.h"
 #include "qt/statements/text_box.h"
 #include "window_test.h"

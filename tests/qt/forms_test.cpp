@@ -33,23 +33,27 @@ class FormsTest : public WindowTest {
 
   private Q_SLOTS:
     void aNewDialogIsItsLogicItsWindowAndOneLine() {
-        enum class Way { ok, cancel, escape, closeButton };
+        using Act = void (*)(QDialog&);
+        const Act ok = [](QDialog& window) { QTest::keyClick(control<QLineEdit>(window, "txtNote"), Qt::Key_Return); };
+        const Act cancel = [](QDialog& window) { click(window, "Cancel"); };
+        const Act escape = [](QDialog& window) { QTest::keyClick(&window, Qt::Key_Escape); };
+        const Act closeButton = [](QDialog& window) { window.close(); };
         struct Row {
-            Way way;
+            Act leave;
             bool typed;
-            Answer answer;  ///< to whether to keep it
+            std::optional<Answer> answer;  ///< to whether to keep it
             bool applies;
             int applied;
             bool closes;
         };
         const Row rows[] = {
-            {Way::ok, false, Answer::ok, true, 0, true},
-            {Way::ok, true, Answer::ok, true, 1, true},
-            {Way::ok, true, Answer::ok, false, 0, false},
-            {Way::cancel, false, Answer::ok, true, 0, true},
-            {Way::cancel, true, Answer::yes, true, 1, true},
-            {Way::escape, true, Answer::no, true, 0, true},
-            {Way::closeButton, true, Answer::cancel, true, 0, false},
+            {ok, false, {}, true, 0, true},
+            {ok, true, {}, true, 1, true},
+            {ok, true, {}, false, 0, false},
+            {cancel, false, {}, true, 0, true},
+            {cancel, true, Answer::yes, true, 1, true},
+            {escape, true, Answer::no, true, 0, true},
+            {closeButton, true, Answer::cancel, true, 0, false},
         };
         for (const Row& row : rows) {
             testkit::ScriptedMessageBox messages{failQt};
@@ -63,23 +67,10 @@ class FormsTest : public WindowTest {
                 if (row.typed) {
                     typeInto(window, "txtNote", QStringLiteral("new"));
                 }
-                if (row.typed && row.way != Way::ok) {
-                    messages.expect("Keep it?", "Note", platform::Icon::question, Buttons::yesNoCancel, row.answer);
+                if (row.answer) {
+                    messages.expect("Keep it?", "Note", platform::Icon::question, Buttons::yesNoCancel, *row.answer);
                 }
-                switch (row.way) {
-                    case Way::ok:
-                        QTest::keyClick(control<QLineEdit>(window, "txtNote"), Qt::Key_Return);
-                        break;
-                    case Way::cancel:
-                        click(window, "Cancel");
-                        break;
-                    case Way::escape:
-                        QTest::keyClick(&window, Qt::Key_Escape);
-                        break;
-                    case Way::closeButton:
-                        window.close();
-                        break;
-                }
+                row.leave(window);
                 QCOMPARE(window.isVisible(), !row.closes);
                 QCOMPARE(note.ended, row.closes ? 1 : 0);
                 note.Saved = true;

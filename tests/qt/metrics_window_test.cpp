@@ -4,7 +4,6 @@
 
 #include "analysis/metric_tints.h"
 #include "qt/canvas/canvas_editor.h"
-#include "qt/canvas/canvas_print.h"
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "testkit/model_text.h"
@@ -143,24 +142,13 @@ class MetricsWindowTest : public WindowTest {
         const std::int16_t depth = 10;
         analysis::MetricTints tints(sample, depth);
         tints.countAnew();
-        const auto page = [&](const canvas::Tints* with) {
-            QImage image(1200, 800, QImage::Format_RGB32);
-            image.fill(Qt::white);
-            QPainter painter(&image);
-            paintOnPage(sample, painter, QRectF(image.rect()), with);
-            return image;
-        };
-        const auto isWhite = [](const QImage& image) {
-            QImage white(image.size(), image.format());
-            white.fill(Qt::white);
-            return image == white;
-        };
+        const auto page = [&](const canvas::Tints* with) { return onPage(sample, {1200, 800}, with); };
         const int foot = QFontMetrics(QFont()).height();
         const QRect place(0, 800 - foot, 8 * foot, foot);
-        QVERIFY(isWhite(page(nullptr).copy(place.translated(300, 0))));
-        QVERIFY(!isWhite(page(&tints).copy(place)));
+        QVERIFY(isBlank(page(nullptr).copy(place.translated(300, 0))));
+        QVERIFY(!isBlank(page(&tints).copy(place)));
         // The picture ends above it.
-        QVERIFY(isWhite(page(&tints).copy(0, 800 - foot - foot / 3, 1200, foot / 4)));
+        QVERIFY(isBlank(page(&tints).copy(0, 800 - foot - foot / 3, 1200, foot / 4)));
     }
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialog_script.h"
+#include "qt/canvas/canvas_print.h"
 #include "qt/platform/adapters.h"
 #include "qt/shell/desk_area.h"
 #include "qt/shell/frame_window.h"
@@ -24,6 +25,22 @@ Control* control(const QWidget& window, const char* name) {
 
 inline void click(const QWidget& window, const char* name) {
     QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
+}
+
+/// A canvas as it is printed on white paper of that size.
+inline QImage onPage(const canvas::Canvas& canvas, QSize size, const canvas::Tints* tints = nullptr) {
+    QImage page(size, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    paintOnPage(canvas, painter, QRectF(QPointF(), QSizeF(size)), tints);
+    painter.end();
+    return page;
+}
+
+inline bool isBlank(const QImage& paper) {
+    QImage white(paper.size(), paper.format());
+    white.fill(Qt::white);
+    return paper == white;
 }
 
 /// Replaces the text of a field as a user does, with any letters.
