@@ -5,6 +5,7 @@
 #include "canvas/taken_name.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/link_mirrors.h"
+#include "zoom/linked_constant.h"
 #include "zoom/members.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/waiting_functions.h"
@@ -69,14 +70,17 @@ void noteKey(LabelsD& owner, NodeKindCode kind, const std::string& former, const
     }
 }
 
-/// A taken name among members that have no node of their own.
-template <class List>
-bool isTaken(ZoomForm& form, const List* list, const std::string& former, const std::string& key) {
-    if (key == former || !list || !list->Item(key)) {
-        return false;
+/// Tells that a name is taken by what has no node of its own.
+bool tellWhenTaken(ZoomForm& form, bool taken) {
+    if (taken) {
+        canvas::tellTakenName(form.messages());
     }
-    canvas::tellTakenName(form.messages());
-    return true;
+    return taken;
+}
+
+template <class List>
+bool holds(const List* list, const std::string& key) {
+    return list && list->Item(key);
 }
 
 template <class Entity>
@@ -84,7 +88,9 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
     LabelsD* owner = standsAlone(form, node) ? nullptr : form.nodeNamed(entity.ParentKeyName);
     auto* list = owner ? listOf(*owner, entity) : nullptr;
     const std::string former = entity.Key;
-    if (isTaken(form, list, former, name) ||
+    const bool isConstant = node.NodeType() == canvas::NodeTypeConstant;
+    const bool taken = holds(list, name) || (isConstant && isLinkedConstant(form, name));
+    if (tellWhenTaken(form, taken && name != former) ||
         !takeName(node, list ? wholeKey(entity.ParentKeyName, entity.NodeKind, name) : name, name)) {
         return false;
     }
@@ -94,7 +100,7 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
         form.order.rename(entity.ParentKeyName, entity.NodeKind, former, name);
         noteKey(*owner, entity.NodeKind, former, name);
     }
-    if (node.NodeType() == canvas::NodeTypeConstant) {
+    if (isConstant) {
         entity.ParentKeyName = name;  // a constant is its own owner
     }
     entity.Key = nameOf(entity) = name;
@@ -115,7 +121,7 @@ void eachParameter(FunctionProperties& function, Step step) {
 bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function, const std::string& key) {
     LabelsD* owner = standsAlone(form, node) ? awaitedActivity(form, node) : form.nodeNamed(function.ParentKeyName());
     Act_FunctionsCollection* list = owner && owner->activity() ? &*owner->activity()->Act_Functions : nullptr;
-    if (isTaken(form, list, function.Function_Key, key) || !takeName(node, key, key)) {
+    if (tellWhenTaken(form, key != function.Function_Key && holds(list, key)) || !takeName(node, key, key)) {
         return false;
     }
     UnSynchronizeFunction(form, function, false, nullptr);

@@ -4,8 +4,8 @@
 #include <array>
 #include <string>
 
-#include "entities/link_types.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/linked_constant.h"
 #include "zoom/path_light.h"
 #include "zoom/typed_name.h"
 #include "zoom/unfolding_parts.h"
@@ -62,39 +62,6 @@ bool holdsGivenMember(const ZoomForm& form, const LinesD& edge) {
         return false;
     }
     return form.repeats(*from) || (!from->activity() && isMemberOf(form, *to, *from));
-}
-
-template <class List>
-bool hasConstant(const List& parameters, const std::string& name) {
-    for (const ParameterProperties& parameter : parameters) {
-        for (const RegulatorProperties& link : parameter.RegulatedFrom) {
-            const bool toConstant = link.Regulator_type == LinkConstant || link.Regulator_type == LinkConstantFunction;
-            if (toConstant && link.Regulator_Key() == name) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
-/// Whether a member of the view is linked to a constant of that name, which has no node while the member is folded.
-bool isLinkedConstant(const ZoomForm& form, const std::string& name) {
-    for (const LabelsD& node : form.Labels) {
-        const auto* function = node.entity<FunctionProperties>();
-        const ActivityProperties* activity = node.activity();
-        if ((function && hasConstant(function->Function_Inputs, name)) ||
-            (activity && hasConstant(activity->Act_Parameters, name))) {
-            return true;
-        }
-        if (activity) {
-            for (const FunctionProperties& owned : activity->Act_Functions) {
-                if (hasConstant(owned.Function_Inputs, name)) {
-                    return true;
-                }
-            }
-        }
-    }
-    return false;
 }
 
 }  // namespace

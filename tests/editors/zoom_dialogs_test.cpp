@@ -137,6 +137,7 @@ TEST_F(ZoomDialogs, TheOrderOfTheRowsReachesTheScenario) {
         std::function<void(SetActProp&)> edit;
         std::function<void()> after;
         Texts inputs;
+        const char* other = nullptr;  ///< whose dialog it is, when not the central activity's
     };
     const auto rename = [&](const std::string& shown, const char* name) {
         ASSERT_TRUE(zoom::RenameNode(*form, node(shown), name));
@@ -162,14 +163,20 @@ TEST_F(ZoomDialogs, TheOrderOfTheRowsReachesTheScenario) {
               nothing,
               [](SetActProp& dialog) { dialog.txtName_Change("A2"); },
               [&] { rename("A2.IN.S", "SONUM"); },
-              {"SONUM", "A1.O12", "AU_ID"}}}) {
+              {"SONUM", "A1.O12", "AU_ID"}},
+          Row{"another name for the activity whose brought output feeds one",
+              nothing,
+              [](SetActProp& dialog) { dialog.txtName_Change("N"); },
+              nothing,
+              {"SONUM", "N.O12", "AU_ID"},
+              "A1"}}) {
         SCOPED_TRACE(row.name);
         const std::string former = design.nodeNamed("A2") ? "A2" : "N";
         open(former);
         row.before();
         fold();
         {
-            const auto dialog = openOn<SetActProp>(former);
+            const auto dialog = openOn<SetActProp>(row.other ? row.other : former);
             dialog->ActTypes = 0;
             row.edit(*dialog);
             ports.messages.expect("Properties Saved", "", Icon::information);

@@ -84,10 +84,10 @@ class CanvasFaults {
 
     template <class Entity>
     void seeMember(zoom::ZoomForm& form, const canvas::LabelsD& node, Entity& entity) {
-        if (entity.LabelIndex != node.Index() && entity.LabelIndex != 0) {
+        canvas::LabelsD* owner = form.nodeNamed(entity.ParentKeyName);
+        if (entity.LabelIndex != node.Index() && (owner || entity.LabelIndex != 0)) {
             fault("another label", node.KeyName(), std::to_string(entity.LabelIndex));
         }
-        canvas::LabelsD* owner = form.nodeNamed(entity.ParentKeyName);
         if (!owner || entity.ParentKeyName.empty() || entity.NodeKind == entities::KindConstant) {
             return;
         }

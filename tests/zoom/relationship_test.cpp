@@ -97,7 +97,8 @@ class Relationship : public testkit::CanvasTest {
     std::int32_t draw(const std::string& from, const std::string& to, canvas::EdgeTypeCode kind,
                       std::int16_t fromGrab = 3) {
         std::int32_t edge =
-            form.Lines.addFullLine(node(from).Index(), fromGrab, node(to).Index(), 1, kind, canvas::AngleStraight, 0)
+            form.Lines
+                .addFullLine(node(from).Index(), fromGrab, node(to).Index(), 1, kind, canvas::AngleVerticalDown, 5)
                 ->Index();
         zoom::CreateRelationship(form, edge);
         return edge;
@@ -211,6 +212,10 @@ TEST_F(Relationship, EveryPairStandsAsToldOrIsRefused) {
                 ASSERT_NE(drawn, nullptr);
                 EXPECT_EQ(form.Labels.byIndex(drawn->FromLabel())->KeyName(), row->source);
                 EXPECT_EQ(form.Labels.byIndex(drawn->ToLabel())->KeyName(), row->target);
+                EXPECT_EQ(drawn->FromGrabbingPoint(), row->source == from ? 3 : 1) << "the end keeps its place";
+                EXPECT_EQ(drawn->ToGrabbingPoint(), row->source == from ? 1 : 3);
+                EXPECT_EQ(drawn->Angle(), canvas::AngleVerticalDown);
+                EXPECT_EQ(drawn->Color(), 5);
                 std::vector<std::string> expected = {
                     std::string(row->source) + " " + row->sourceLink + " " + std::to_string(edge),
                     std::string(row->target) + " " + row->targetLink + " " + std::to_string(edge)};
@@ -242,6 +247,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
              Row{P, {"R.r", "A.IN.i"}, {"B.OUT.bo", "A.IN.i"}, "This Relationship Is Not Valid!"},
              Row{R, {"C", "A.PARAM.p"}, {"A.IN.i", "A.PARAM.p"}, "This Relationship Is Not Valid!"},
              Row{R, {"C", "A.PARAM.p"}, {"A.PARAM.p", "R.r"}, "This Relationship Is Not Valid!"},
+             Row{R, {"C", "A.PARAM.p"}, {"A.PARAM.p", "A.IN.i"}, "This Relationship Is Not Valid!"},
              Row{R, {"R.r", "F.IN.fi"}, {"A.IN.i", "F.IN.fi"}, "This Relationship Is Not Valid!"},
              Row{R, {"R.r", "F.IN.fi"}, {"F.IN.fi", "C"}, "This Relationship Is Not Valid!"},
              Row{P, {"B.OUT.bo", "A.IN.i"}, {"R.r", "A.IN.i"}, "This Relationship Is Not Valid!"},
@@ -340,6 +346,7 @@ TEST_F(Relationship, PartOfEdgesOfOtherPairsMeanNothing) {
     for (const auto& [from, to] : {std::pair("R", "S.s"), std::pair("F", "R.r"), std::pair("A", "C"),
                                    std::pair("A", "D"), std::pair("R.r", "A"), std::pair("R", "F")}) {
         SCOPED_TRACE(from + std::string(" to ") + to);
+        EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, node(from), node(to)));
         const std::int32_t edge = draw(from, to, canvas::EdgeTypePartOf);
         for (const char* owner : {"R", "F"}) {
             zoom::CollapseWhole(form, node(owner));
@@ -365,6 +372,8 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     LabelsD& attribute = place("X", canvas::NodeTypeAttribute);
     ActivityProperties& a = *node("A").activity();
     a.Act_Inputs->Changed = false;
+    EXPECT_TRUE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("A"), attribute));
+    EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, attribute, node("A")));
     const std::int32_t edge = draw("A", "X", canvas::EdgeTypePartOf, 1);
     EXPECT_EQ(attribute.KeyName(), "A.IN.X");
     EXPECT_TRUE(a.Act_Inputs->Changed);
@@ -377,6 +386,7 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     draw("R.r", "A.IN.X", P);
 
     // A second owner is refused, and so is a name that is there.
+    EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("D"), node("A.IN.X")));
     expectWarning("This Relationship Is Not Valid!");
     draw("D", "A.IN.X", canvas::EdgeTypePartOf, 4);
     place("i", canvas::NodeTypeAttribute);
@@ -386,6 +396,9 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     EXPECT_EQ(node("i").entity<AttributeProperties>()->NodeKind, KindFree);
     draw("A", "i", canvas::EdgeTypePartOf, 4);
     EXPECT_NE(a.Act_Outputs->Item("i"), nullptr);
+    place("o", canvas::NodeTypeAttribute);
+    expectWarning("An Output With The Same Name Allready Exists.\nPlease Rename The Current Attribute!", Icon::none);
+    draw("A", "o", canvas::EdgeTypePartOf, 4);
     place("p", canvas::NodeTypeParameter);
     expectWarning("A Parameter With The Same Name Allready Exists.\nPlease Rename The Current Parameter!", Icon::none);
     draw("A", "p", canvas::EdgeTypePartOf);
@@ -429,6 +442,7 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     FunctionProperties& owned = *node("F").entity<FunctionProperties>();
     owned.FunctionID = 5;
     owned.Function_Inputs->Item("fi")->SubNode_ID = 6;
+    owned.Function_Outputs->Item("fo")->SubNode_ID = 7;
     draw("R.r", "F.IN.fi", R);
     zoom::RemoveRelationship(form, tie);
     form.Lines.RemoveFull(tie);
@@ -437,7 +451,7 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     EXPECT_EQ(free->ParentKeyName(), "");
     EXPECT_EQ(free->Function_Source, 0);
     EXPECT_EQ(free->FunctionID, 0);
-    EXPECT_EQ(free->Function_Inputs->Item("fi")->SubNode_ID, 0);
+    EXPECT_EQ(free->Function_Inputs->Item("fi")->SubNode_ID + free->Function_Outputs->Item("fo")->SubNode_ID, 0);
     EXPECT_EQ(links(), std::vector<std::string>{}) << "the record set's link under the function's old key goes too";
     ASSERT_EQ(form.DeletedNodes->Count(), 1);
     EXPECT_EQ(form.DeletedNodes->Item(1)->NodeKind, KindFunction);
@@ -457,8 +471,12 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     EXPECT_EQ(drawn->ToGrabbingPoint(), 2);
 
     // Drawn from the function the edge is turned round, and is the only one.
+    zoom::DetachFunction(form, node("F"), nullptr);
+    EXPECT_EQ(node("A").activity()->Act_Functions->Item("F"), tied) << "of no activity";
+    EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("D"), node("F")));
     zoom::DetachFunction(form, node("F"), &node("A"));
     form.Lines.RemoveFull(drawn->Index());
+    EXPECT_TRUE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("F"), node("A")));
     const std::int32_t edge = draw("F", "A", canvas::EdgeTypePartOf);
     EXPECT_EQ(form.Lines.byIndex(edge)->FromLabel(), node("A").Index());
     EXPECT_NE(node("A").activity()->Act_Functions->Item("F"), nullptr);
@@ -595,6 +613,7 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     draw("A3", "RS1", canvas::EdgeTypeDescription);
     graph.add("A3.IN.AU_ID <- 2 GONE GONE.OUT.AU_ID");
     graph.add("A3.IN.OWN <- 2 A3 A3.OUT.AU_ID");
+    graph.add("F1.OUT.O1 <~ 12 RS1 RS1.AU_ID");
     const std::vector<std::string> before = edges();
     expectQuestion(platform::Answer::cancel);
     EXPECT_FALSE(zoom::CheckConsistency(design, progress));
@@ -603,8 +622,8 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     const std::vector<std::string> expected = {
         "A1 4 0 A2 1 3",  // one for two inputs
         "A2 4 0 A3 1 3",  "A2 4 0 RS2 1 3", "A3 3 4 RS1 1 0", "A3 4 0 A3 1 3", "RS1 3 0 A1 1 3",
-        "RS3 3 0 A2 5 3",  // regulates
-        "RS4 3 0 A2 1 3", "RS4 3 0 A2 5 3",
+        "RS1 3 0 A2 5 3",  // regulates
+        "RS3 3 0 A2 5 3", "RS4 3 0 A2 1 3", "RS4 3 0 A2 5 3",
     };
     for (int run = 0; run < 2; ++run) {
         expectQuestion(platform::Answer::ok);
@@ -620,9 +639,9 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     graph.add("A3.IN.TWICE <- 1 Error_myCode Error_myCode.SONUM");
     expectQuestion(platform::Answer::ok);
     zoom::CheckConsistency(design, progress);
-    EXPECT_EQ(design.Lines.Count(), static_cast<int>(expected.size()) + 5);
+    EXPECT_EQ(design.Lines.Count(), static_cast<int>(expected.size()) + 6);
     EXPECT_EQ(second.StartingLines().Count() + third.StartingLines().Count(), 0);
-    EXPECT_EQ(second.EndingLines().Count(), 5);
+    EXPECT_EQ(second.EndingLines().Count(), 6);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 // What gestures, menus, saving and closing mean in the zoom window.
 
 #include "canvas/deletion.h"
+#include "canvas/pointer_fixture.h"
 #include "platform/codes.h"
 #include "zoom/entity_links.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/rename_node.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
 
@@ -68,16 +70,27 @@ TEST_F(ZoomWindow, ToolsPlaceFreeNodes) {
     EXPECT_EQ(node("Function1").entity<FunctionProperties>()->Function_Key, "Function1");
     form->rules().placeNode(*form, "Attribute", {0, 0});
     EXPECT_EQ(node("Attribute2").box(), (canvas::Box{0, 0, 1050, 225}));
-    // A constant does not take the name of one that a folded member is linked to.
-    auto& folded = *node("F1").entity<FunctionProperties>()->Function_Inputs->Item("I1");
-    folded.RegulatedFrom->Add("Constant3", LinkConstantFunction, "Constant3");
-    node("A1")
-        .activity()
-        ->Act_Parameters->Add("P", 0, 0, "P")
-        .RegulatedFrom->Add("Constant4", LinkConstant, "Constant4");
-    zoom::CollapseFunction(*form, index("F1"));
+    // A constant does not take the name of one that a folded member is linked to, neither as a new one nor later.
+    ActivityProperties& neighbour = *node("A1").activity();
+    const auto folded = [](FunctionProperties& function) -> ParameterProperties& {
+        return function.Function_Inputs->Add("Folded", 0, "Folded");
+    };
+    folded(*node("Function1").entity<FunctionProperties>())
+        .RegulatedFrom->Add("Constant3", LinkConstantFunction, "Constant3");
+    neighbour.Act_Parameters->Add("P", 0, 0, "P").RegulatedFrom->Add("Constant4", LinkConstant, "Constant4");
+    folded(neighbour.Act_Functions->AddFunctionProps({}, "A1.F", 0))
+        .RegulatedFrom->Add("Constant5", LinkConstantFunction, "Constant5");
     form->rules().placeNode(*form, "Constant", {0, 0});
-    EXPECT_TRUE(form->nodeNamed("Constant5"));
+    LabelsD& constant = *form->Labels.at(form->Labels.Count());
+    EXPECT_EQ(constant.KeyName(), "Constant6");
+    for (const char* linked : {"Constant3", "Constant4", "Constant5"}) {
+        SCOPED_TRACE(linked);
+        ports.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
+                              "DUPLICATE NAME!", platform::Icon::critical);
+        EXPECT_FALSE(zoom::RenameNode(*form, constant, linked));
+        EXPECT_FALSE(form->nodeNamed(linked));
+    }
+    EXPECT_TRUE(zoom::RenameNode(*form, node("C1"), "C1")) << "it bears the name itself";
     const int count = form->Labels.Count();
     form->rules().placeNode(*form, "RecordSet", {0, 0});
     EXPECT_EQ(form->Labels.Count(), count);
@@ -182,9 +195,61 @@ TEST_F(ZoomWindow, ExpandedIsAMark) {
         EXPECT_EQ(form->Labels.Count(), count);
         EXPECT_TRUE(node(name).Expanded);
     }
-    // Folding the middle means to close the window.
-    EXPECT_FALSE(form->rules().toggleExpanded(*form, node("A2")));
+}
+
+TEST_F(ZoomWindow, MenusActOnTheKindTheyWereOpenedOn) {
+    open();
+    testkit::LoggingHost host;
+    canvas::CanvasPointer pointer(*form, {host, host, host});
+    const auto openMenu = [&](const char* shown) {
+        canvas::PointerEvent event;
+        event.hit = {canvas::Element::node, index(shown)};
+        event.button = canvas::RightButton;
+        pointer.press(event);
+        return host.taken();
+    };
+    struct Row {
+        const char* shown;
+        std::string kind;
+        bool folds, goes;
+    };
+    for (const Row& row :
+         {Row{"RS4", "RecordSet", true, false}, Row{"A1", "Activity", true, false}, Row{"F1", "Function", true, true},
+          Row{"C1", "Constant", false, true}, Row{"A2.IN.SONUM", "Attribute", false, true},
+          Row{"A2.PARAM.PUB_ID", "Parameter", false, true}}) {
+        SCOPED_TRACE(row.shown);
+        EXPECT_EQ(openMenu(row.shown), " " + row.kind + "M");
+        LabelsD& shown = node(row.shown);
+        const bool expanded = shown.Expanded;
+        shown.setReady(true);
+        for (const char* item : {"NotReadyM", "PropertiesM", "ExpandedM"}) {
+            pointer.choose(row.kind + item);
+        }
+        EXPECT_EQ(host.taken(), " dialog " + shown.Caption());
+        EXPECT_FALSE(shown.Ready());
+        EXPECT_EQ(shown.Expanded, expanded != row.folds);
+        for (const std::string other : {"RecordSet", "Activity", "Function", "Constant", "Attribute", "Parameter"}) {
+            if (other != row.kind) {
+                openMenu(row.shown);
+                pointer.choose(other + "DeleteM");
+            }
+        }
+        EXPECT_TRUE(form->nodeNamed(row.shown));
+        openMenu(row.shown);
+        pointer.choose(row.kind + "DeleteM");
+        EXPECT_EQ(form->nodeNamed(row.shown) == nullptr, row.goes);
+        host.taken();
+    }
+    openMenu("A2");
+    pointer.choose("ActivityExpandedM");
+    EXPECT_EQ(host.taken(), " close " + form->Caption()) << "to fold the middle means to close the window";
     EXPECT_TRUE(node("A2").Expanded);
+    for (const auto& [tool, kind] : {std::pair("Provider", canvas::EdgeTypeProvider),
+                                     {"Regulator", canvas::EdgeTypeRegulator},
+                                     {"PartOf", canvas::EdgeTypePartOf}}) {
+        EXPECT_EQ(form->rules().edgeTypeOf(tool), kind);
+    }
+    EXPECT_FALSE(form->rules().edgeTypeOf("Description"));
 }
 
 TEST_F(ZoomWindow, ClosingAsksWhetherToApply) {

@@ -1,5 +1,6 @@
 #include "entities/link_types.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/members.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
 
@@ -18,6 +19,12 @@ class ZoomView : public testkit::ZoomTest {
             count += static_cast<int>(each.EdgeType()) == kind && each.Visible() ? 1 : 0;
         }
         return count;
+    }
+
+    /// Grab points, angle and colour of an edge.
+    static std::string stroke(const canvas::LinesD& edge) {
+        return std::to_string(edge.FromGrabbingPoint()) + " " + std::to_string(edge.ToGrabbingPoint()) + " " +
+               std::to_string(static_cast<int>(edge.Angle())) + " " + std::to_string(edge.Color());
     }
 
     template <class List>
@@ -80,6 +87,7 @@ TEST_F(ZoomView, ShowsEveryMemberAtItsPlaceUnderItsWholeKey) {
     EXPECT_EQ(boxes(), expected);
     EXPECT_EQ(node("A2.IN.SONUM").ToolTipText(), "SONUM(NUMBER)");
     EXPECT_EQ(node("C1").ToolTipText(), "C1(NUMBER)");
+    EXPECT_EQ(node("F1").ToolTipText(), "");
     EXPECT_EQ(progress.pointerShape, 1);
 }
 
@@ -108,19 +116,56 @@ TEST_F(ZoomView, DrawsTheLinksOfTheModel) {
                             each.entity<FunctionProperties>();
         EXPECT_EQ(owners, member ? 1 : 0) << each.KeyName();
     }
+    for (const auto& [name, grab] : {std::pair("A2.IN.SONUM", 1),
+                                     {"A2.OUT.SONUM", 4},
+                                     {"A2.PARAM.SONUM", 5},
+                                     {"A2.F2", 5},
+                                     {"F1", 5},
+                                     {"F1.IN.I1", 4},
+                                     {"F1.OUT.O1", 4},
+                                     {"RS4.SONUM", 4}}) {
+        EXPECT_EQ(stroke(*form->Lines.byIndex(node(name).EndingLines().at(1))), std::to_string(grab) + " 2 1 0")
+            << name;
+    }
+}
+
+TEST_F(ZoomView, UnfoldingGrowsThePicture) {
+    open();
+    struct Row {
+        const char* owner;
+        void (*unfold)(zoom::ZoomForm&, std::int32_t);
+        const char* last;  ///< of what then appears
+        bool widens;
+    };
+    for (const Row& row :
+         {Row{"A2", zoom::ExpandInputs, "A2.IN.SONUM", false}, Row{"A2", zoom::ExpandOutputs, "A2.OUT.SONUM", true},
+          Row{"A2", zoom::ExpandParameters, "A2.PARAM.SONUM", false},
+          Row{"F1", zoom::ExpandFunction, "F1.OUT.O1", true}, Row{"RS4", zoom::ExpandRecordSet, "RS4.SONUM", true}}) {
+        SCOPED_TRACE(row.last);
+        zoom::CollapseWhole(*form, node(row.owner));
+        node(row.owner).setBox({20000, 12900, 1050, 450});
+        form->PicForm.setSize(17000, 13000);
+        row.unfold(*form, index(row.owner));
+        const LabelsD& last = node(row.last);
+        EXPECT_EQ(form->PicForm.Width(), row.widens ? last.box().right() + last.Width() : 17000);
+        EXPECT_GT(form->PicForm.Height(), 13000 + 3 * 450);
+        EXPECT_LE(form->PicForm.Height(), last.box().bottom() + 3 * 450);
+    }
 }
 
 TEST_F(ZoomView, NeighboursComeByProviderEdgesOnly) {
     edge("RS1", "A1", canvas::EdgeTypeRegulator);
     edge("RS1", "A1", canvas::EdgeTypeDescription);
+    edge("A1", "RS3");
     open("A1");
     EXPECT_EQ(index("RS1"), -1);
-    EXPECT_NE(index("A2"), -1);
+    EXPECT_EQ(node("RS3").Top(), node("A2").Top() + 450 + 150 + 4 * (225 + 150) - 37.5F) << "below four outputs";
     EXPECT_FALSE(node("A2").activity()->Act_Outputs->Expanded);
     open("A3");
     EXPECT_TRUE(node("A2").Expanded);
     EXPECT_TRUE(node("A2").activity()->Act_Outputs->Expanded);
     EXPECT_FALSE(node("A2").activity()->Act_Inputs->Expanded);
+    EXPECT_TRUE(node("A3").activity()->Act_Parameters->Expanded) << "without any";
 }
 
 TEST_F(ZoomView, ApplyWithoutEditsChangesNothing) {
@@ -155,6 +200,7 @@ TEST_F(ZoomView, ApplyKeepsTheOrderWhateverWasFolded) {
     zoom::CollapseActivity(*form, index("A2"));
     // The new one has no node, so it stays where it is; the others come back in reverse.
     EXPECT_EQ(keys(activity.Act_Outputs), (Texts{order[3], order[2], order[1], order[0], "NEW"}));
+    EXPECT_EQ(zoom::keysOf(activity.Act_Functions), (Texts{"A2.F2", "F1"}));
     zoom::ExpandActivity(*form, index("A2"));
     zoom::ApplyZoomChanges(*form, true);
     EXPECT_EQ(keys(design.nodeNamed("A2")->activity()->Act_Outputs), order);
@@ -235,6 +281,10 @@ TEST_F(ZoomView, NoConstantIsMadeForWhatIsNone) {
     parameter.RegulatedFrom->Add("RS2", LinkConstant, "RS2");  // one in it
     parameter.RegulatedFrom->Add("A2.IN.SONUM", LinkConstant, "A2.IN.SONUM");
     parameter.RegulatedFrom->Add("C.2", LinkConstant, "C.2");
+    parameter.RegulatedFrom->Add("C3", LinkConstantFunction, "C3");  // of another kind of member
+    auto& input = *graph.activity("A2").Act_Functions->Item("F1")->Function_Inputs->Item("I1");
+    input.RegulatedFrom->Add("C4", LinkConstant, "C4");
+    input.RegulatedFrom->Add("C5", LinkConstantFunction, "C5");
     open();
     Texts constants;
     for (const LabelsD& each : form->Labels) {
@@ -242,7 +292,7 @@ TEST_F(ZoomView, NoConstantIsMadeForWhatIsNone) {
             constants.push_back(each.KeyName());
         }
     }
-    EXPECT_EQ(sorted(constants), (Texts{"C.2", "C1"}));
+    EXPECT_EQ(sorted(constants), (Texts{"C.2", "C1", "C5"}));
     expectSound();
 }
 
@@ -267,6 +317,7 @@ TEST_F(ZoomView, NewIdentifiersReachTheView) {
     stored.Act_Parameters->Item("PUB_ID")->SubNode_ID = id++;
     stored.Act_Functions->Item("F1")->FunctionID = id++;
     stored.Act_Functions->Item("A2.F2")->Function_Outputs->Item("O1")->SubNode_ID = id++;
+    stored.Act_Functions->Item("F1")->Function_Inputs->Item("I1")->SubNode_ID = id++;
     design.nodeNamed("RS4")->recordSet()->NodeID = id++;
     design.nodeNamed("RS4")->recordSet()->RecordSet_Outputs->Item("SONUM")->SubNode_ID = id++;
     zoom::RefreshZoomIdentities(*form);
@@ -277,9 +328,10 @@ TEST_F(ZoomView, NewIdentifiersReachTheView) {
                                     node("A2.PARAM.PUB_ID").entity<ParameterProperties>()->SubNode_ID,
                                     node("F1").entity<FunctionProperties>()->FunctionID,
                                     node("A2.F2.OUT.O1").entity<ParameterProperties>()->SubNode_ID,
+                                    node("F1.IN.I1").entity<ParameterProperties>()->SubNode_ID,
                                     node("RS4").recordSet()->NodeID,
                                     node("RS4.SONUM").entity<AttributeProperties>()->SubNode_ID};
-    EXPECT_EQ(found, (std::vector<int>{100, 101, 102, 103, 104, 105, 106, 107}));
+    EXPECT_EQ(found, (std::vector<int>{100, 101, 102, 103, 104, 105, 106, 107, 108}));
     EXPECT_FALSE(shown.Act_Inputs.peek()->Changed);
 }
 
@@ -319,7 +371,9 @@ TEST_F(ZoomView, InstanceOfShowsEachTypeOnce) {
     const std::size_t nodes = boxes().size(), drawn = edges().size();
     const int top = static_cast<int>(form->BiggestHeight) - 450 - 50;
     for (int twice = 0; twice < 2; ++twice) {
+        form->PicForm.setSize(5000, 13000);
         zoom::toggleFilter(*form, &ViewMarks::ViewInstanceOfM);
+        EXPECT_EQ(form->PicForm.Width(), node("VARCHAR2(20)").box().right());
         EXPECT_EQ(boxes().size(), nodes + 3);
         EXPECT_EQ(edges().size(), drawn + 27);  // all but the activities, the record sets and the constant
         const auto box = [&](const std::string& name, int left) {
@@ -331,9 +385,15 @@ TEST_F(ZoomView, InstanceOfShowsEachTypeOnce) {
         }
         EXPECT_EQ(node("NUMBER").Color(), 128 | 0 << 8 | 64 << 16);
         EXPECT_EQ(node("VARCHAR2(20)").Color(), 0 | 192 << 8 | 0 << 16);
-        const canvas::LinesD& line = *form->Lines.byIndex(node("VARCHAR2(20)").EndingLines().at(1));
-        EXPECT_EQ(form->Labels.byIndex(line.FromLabel())->KeyName(), "A2.IN.SONUM");
-        EXPECT_EQ(line.Color(), 192 << 8);
+        const auto strokeTo = [&](const char* type, const char* from) {
+            const auto* edge =
+                form->Lines.FindConnectingLine(index(from), index(type), canvas::EdgeTypeReserved, false);
+            return edge ? stroke(*edge) : std::string();
+        };
+        EXPECT_EQ(strokeTo("VARCHAR2(20)", "A2.IN.SONUM"), "3 2 1 " + std::to_string(192 << 8));
+        EXPECT_EQ(strokeTo("NUMBER", "A2.PARAM.SONUM"), "3 2 1 " + std::to_string(128 | 64 << 16));
+        EXPECT_EQ(strokeTo("NUMBER", "F1.IN.I1"), "4 2 1 " + std::to_string(128 | 64 << 16));
+        EXPECT_EQ(strokeTo("SUM", "F1"), "1 2 1 16711680");
         zoom::ApplyZoomChanges(*form, true);
         EXPECT_EQ(edges().size(), drawn + 27);
         zoom::toggleFilter(*form, &ViewMarks::ViewInstanceOfM);
@@ -343,6 +403,8 @@ TEST_F(ZoomView, InstanceOfShowsEachTypeOnce) {
 }
 
 TEST_F(ZoomView, DerivedEdgesShowWhatAnOutputDependsOn) {
+    graph.add("A2.PARAM.PUB_ID ~> 10 A2 .OUT.ED_ID");
+    graph.add("A2.OUT.ED_ID <~ 10 A2 .PARAM.PUB_ID");
     open();
     const Texts drawn = edges();
     for (int twice = 0; twice < 2; ++twice) {
@@ -350,7 +412,8 @@ TEST_F(ZoomView, DerivedEdgesShowWhatAnOutputDependsOn) {
         Texts all = edges();
         Texts derived;
         std::set_difference(all.begin(), all.end(), drawn.begin(), drawn.end(), std::back_inserter(derived));
-        EXPECT_EQ(derived, Texts{"A2.IN.AU_ID 5 A2.OUT.AU_ID"});
+        EXPECT_EQ(derived, (Texts{"A2.IN.AU_ID 5 A2.OUT.AU_ID", "RS3.PUB_ID 5 A2.OUT.ED_ID"}));
+        EXPECT_EQ(stroke(*form->Lines.at(form->Lines.Count())), "3 1 3 0");
         zoom::toggleFilter(*form, &ViewMarks::ViewDerivedM);
         EXPECT_EQ(visible(5), 0);
     }
