@@ -84,7 +84,11 @@ class DialogScript {
             handled_ = outer;
         } else if (++waited_ > kPatience) {
             failQt("unexpected window " + dialog->objectName().toStdString());
+            waited_ = 0;
             dialog->reject();
+            if (dialog->isVisible()) {
+                dialog->done(QDialog::Accepted);  // its question has nobody to answer it; an accepted one asks none
+            }
         }
     }
 
