@@ -35,6 +35,13 @@ const entities::NameTable& TypeEditor::table() const {
     return catalogue_.tables.activityTypes;
 }
 
+void TypeEditor::loadTable() {
+    static constexpr std::array<void (repository::Catalogue::*)(), 3> kLoads = {
+        &repository::Catalogue::LoadDataTypes, &repository::Catalogue::LoadFunctionTypes,
+        &repository::Catalogue::LoadActivityTypes};
+    (catalogue_.*kLoads[static_cast<std::size_t>(kind)])();
+}
+
 void TypeEditor::fillTypes(const std::string& selected) {
     Types.rebuild([this] {
         Types.Clear();
@@ -111,7 +118,8 @@ void TypeEditor::read() {
 
 void TypeEditor::readUsage() {
     const repository::TypeUsage usage = repository::usageOfType(services_, kind, txtName);
-    usedBy = usage.count == 0   ? "Used by no stored activity"
+    usedBy = !usage.isStored    ? "The repository has no such type any more"
+             : usage.count == 0 ? "Used by no stored activity"
              : usage.count == 1 ? "Used by 1 stored activity"
                                 : "Used by " + std::to_string(usage.count) + " stored activities";
     std::string separator = "\nYours: ";
@@ -182,8 +190,9 @@ void TypeEditor::But_EDIT() {
 }
 
 void TypeEditor::But_Cancel() {
+    const forms::ListRow* row = Types.Item(Types.selected());
     mode = TypeMode::browse;
-    read();
+    fillTypes(row ? std::string(row->Key) : std::string());
 }
 
 void TypeEditor::But_DELETE() {
@@ -270,6 +279,11 @@ bool TypeEditor::apply() {
         if (!store()) {
             return false;
         }
+    } catch (const repository::TypeGone& gone) {
+        mode = TypeMode::create;  // what was typed stays
+        loadTable();
+        messages().tell(gone.description() + "\nSaving once more makes it a new type.", {}, Icon::critical);
+        return false;
     } catch (const platform::Fault& fault) {
         messages().tell(fault.description(), {}, Icon::critical);
         return false;
@@ -287,6 +301,7 @@ bool TypeEditor::store() {
                 catalogue_.UpdateDataType(index(), txtName);
                 return true;
             }
+            loadTable();  // another user's deletion is no failure of this step
             const std::size_t before = table().rows();
             catalogue_.SaveDataType(txtName);
             return table().rows() > before;

@@ -75,6 +75,7 @@ class TypeEditor : public forms::Editor {
     const entities::NameTable& table() const;
     std::int16_t index() const { return static_cast<std::int16_t>(Types.selected() - 1); }
     void write(std::string& field, const std::string& text);
+    void loadTable();
     void fillTypes(const std::string& selected);
     void clearFields();
     void read();

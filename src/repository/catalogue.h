@@ -12,6 +12,12 @@
 
 namespace orvent::repository {
 
+/// A type that another user has deleted meanwhile.
+class TypeGone : public platform::Fault {
+  public:
+    explicit TypeGone(const std::string& name) : Fault("The repository has no type " + name + " any more.") {}
+};
+
 /// The type catalogue: its name tables, and the ways from and to the repository. Every operation opens a connection
 /// of its own, and nothing runs in a transaction. Save and update operations throw the first error and leave what was
 /// written before it; deletions tell theirs.
@@ -33,8 +39,8 @@ class Catalogue : public entities::FunctionTypeSource {
     entities::ActivityTypeProperties GetActivityType(std::int16_t index);
     entities::FunctionTypeProperties GetFunctionType(std::int16_t index) override;
 
-    /// The same for a step that must not begin with a part of a type: a failed read throws, and so does a type that the
-    /// repository no longer has.
+    /// The same for a step that must not begin with a part of a type: a failed read throws, and a type that the
+    /// repository no longer has is a `TypeGone`.
     entities::ActivityTypeProperties wholeActivityType(std::int16_t index);
     entities::FunctionTypeProperties wholeFunctionType(std::int16_t index);
 
@@ -43,6 +49,7 @@ class Catalogue : public entities::FunctionTypeSource {
     std::int16_t FunctionTypeIndex(const std::string& name) const;  ///< 0 when unknown
     std::int16_t ActivityTypeIndex(const std::string& name) const;  ///< 0 when unknown
 
+    // An update of a type that is gone throws `TypeGone` before anything is written.
     void SaveFunctionType(const entities::FunctionTypeProperties& type);
     void UpdateFunctionType(const entities::FunctionTypeProperties& type);
     void SaveActivityType(const entities::ActivityTypeProperties& type);

@@ -20,6 +20,11 @@ constexpr std::array<std::string_view, 3> kActivitiesOfType = {
     "SELECT Node_Name,Scenario_ID FROM ScenarioNodes WHERE Node_ID IN "
     "(SELECT Activity_ID FROM Activities WHERE Activity_Type=?)"};
 
+constexpr std::array<std::string_view, 3> kTypeItself = {
+    "SELECT DataType_name FROM DataTypes WHERE DataType_name=?",
+    "SELECT FunctionType_name FROM FunctionTypes WHERE FunctionType_name=?",
+    "SELECT ActivityType_name FROM ActivityTypes WHERE ActivityType_name=?"};
+
 }  // namespace
 
 TypeUsage usageOfType(Services& services, TypeKind kind, const std::string& name) {
@@ -30,6 +35,7 @@ TypeUsage usageOfType(Services& services, TypeKind kind, const std::string& name
         scenarios[own.number(2)] = own.text(1);
     }
     TypeUsage usage;
+    usage.isStored = repository.run(kTypeItself[static_cast<std::size_t>(kind)], name).fetch();
     platform::Statement& row = repository.run(kActivitiesOfType[static_cast<std::size_t>(kind)], name);
     while (row.fetch()) {
         ++usage.count;

@@ -16,6 +16,7 @@ struct TypeUsage {
         std::string scenario;
         std::string name;
     };
+    bool isStored = false;      ///< the catalogue has the type; another user may have deleted it
     int count = 0;              ///< of all users
     std::vector<Activity> own;  ///< those of the user
 };

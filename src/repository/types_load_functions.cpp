@@ -119,7 +119,7 @@ const std::string& nameOf(const FunctionTypeProperties& type) {
 template <class Type>
 Type Catalogue::readAll(Type type) {
     if (!read(type)) {
-        throw platform::Fault("The repository has no type " + nameOf(type) + " any more.");
+        throw TypeGone(nameOf(type));
     }
     return type;
 }

@@ -16,6 +16,15 @@ std::uint32_t deleteErrorNumber(const platform::DatabaseError& error) {
     return error.integrityViolation() ? platform::kStillReferred : 0;
 }
 
+bool isStored(StatementCache& repository, const std::string& dataType) {
+    platform::Statement& names = repository.run(sql::kDataTypes);
+    bool found = false;
+    while (names.fetch()) {
+        found = found || names.text(1) == dataType;
+    }
+    return found;
+}
+
 }  // namespace
 
 void Catalogue::tell(const std::string& text) {
@@ -69,7 +78,7 @@ void Catalogue::SaveFunctionType(const FunctionTypeProperties& type) {
 }
 
 void Catalogue::UpdateFunctionType(const FunctionTypeProperties& type) {
-    const std::string oldName = GetFunctionType(type.FunctionType_NameIndex).FunctionType_Name;
+    const std::string oldName = wholeFunctionType(type.FunctionType_NameIndex).FunctionType_Name;
     {
         StatementCache repository = openRepository(services_);
         repository.run(sql::kDropFunctionTypeParams, oldName);
@@ -94,7 +103,7 @@ void Catalogue::SaveActivityType(const ActivityTypeProperties& type) {
 
 void Catalogue::UpdateActivityType(const ActivityTypeProperties& type) {
     const std::int16_t index = type.ActType_NameIndex;
-    const std::string oldName = GetActivityType(index).ActType_Name;
+    const std::string oldName = wholeActivityType(index).ActType_Name;
     {
         StatementCache repository = openRepository(services_);
         repository.run(sql::kDropActivityTypeParams, oldName);
@@ -129,7 +138,15 @@ std::int16_t Catalogue::SaveDataType(const std::string& name) {
 }
 
 void Catalogue::UpdateDataType(std::int16_t oldIndex, const std::string& newName) {
-    openRepository(services_).run(sql::kChangeDataType, newName, tables.dataTypes.name(oldIndex));
+    const std::string oldName = tables.dataTypes.name(oldIndex);
+    {
+        StatementCache repository = openRepository(services_);
+        // A driver may leave out a row that bears the name already.
+        if (repository.run(sql::kChangeDataType, newName, oldName).changedRows() == 0 &&
+            (newName != oldName || !isStored(repository, oldName))) {
+            throw TypeGone(oldName);
+        }
+    }
     tell("DATA TYPE UPDATED");
     LoadDataTypes();
 }

@@ -176,6 +176,80 @@ TEST_F(TypeEditorTest, WhatTheRepositoryRefusesKeepsTheMode) {
     EXPECT_FALSE(catalogue.tables.functionTypes.indexOf("TWICE"));
 }
 
+TEST_F(TypeEditorTest, ATypeThatAnotherUserDeletesIsToldAndNothingTypedIsLost) {
+    struct Row {
+        TypeKind kind;
+        const char* word;
+        const char* newName;
+        std::vector<const char*> deletions;
+    };
+    const Row rows[] = {
+        {TypeKind::data, "DATA TYPE", "Odd", {"DELETE FROM DataTypes WHERE DataType_name='Odd'"}},
+        {TypeKind::data, "DATA TYPE", "Even", {"DELETE FROM DataTypes WHERE DataType_name='Odd'"}},
+        {TypeKind::function,
+         "FUNCTION TYPE",
+         "Odd",
+         {"DELETE FROM FunctionTypesParams WHERE FunctionType_name='Odd'",
+          "DELETE FROM FunctionTypes WHERE FunctionType_name='Odd'"}},
+        {TypeKind::activity,
+         "Activity TYPE",
+         "Even",
+         {"DELETE FROM ActivityTypesParams WHERE ActivityType_name='Odd'",
+          "DELETE FROM ActivityTypes WHERE ActivityType_name='Odd'"}},
+    };
+    for (const Row& row : rows) {
+        const auto deleteElsewhere = [&] {
+            const auto other = services.database.open(repository.settings.login.ReposConnString, "", "");
+            for (const char* sql : row.deletions) {
+                other->prepare(sql)->execute();
+            }
+        };
+        const std::string saved = std::string(row.word) + " SAVED";
+        TypeEditor types = editor(row.kind);
+        SCOPED_TRACE(types.words.window);
+        types.But_NEW();
+        types.changeName("Odd");
+        for (std::size_t list = 0; list < types.lists.size() && list < 2; ++list) {
+            addLine(types, list, "L" + std::to_string(list));
+        }
+        inform(saved);
+        types.But_SAVE();
+        const std::string newName = row.newName;
+        types.But_EDIT();
+        types.changeName(newName);
+        types.changeDescr("typed");
+        types.changeLDL("a_out(@X)");
+        deleteElsewhere();
+        messages.expect("The repository has no type Odd any more.\nSaving once more makes it a new type.", "",
+                        Icon::critical);
+        types.But_SAVE();
+        messages.verify();
+        EXPECT_EQ(types.txtName + types.txtDescr + types.txtLDL, newName + "typeda_out(@X)");
+        inform(saved);
+        types.But_SAVE();
+        messages.verify();
+        TypeEditor again = editor(row.kind);
+        again.selectType(again.Types.positionOf(newName));
+        EXPECT_EQ(again.usedBy, "Used by no stored activity");
+        EXPECT_EQ(again.txtLDL, types.kind == TypeKind::activity ? "a_out(@X)" : "");
+        for (const forms::List& list : again.lists) {
+            EXPECT_EQ(list.Count(), &list == &again.lists.front() || &list == &again.lists[1] ? 1 : 0);
+        }
+
+        // One that is gone before it is chosen.
+        if (newName != "Odd") {
+            again.But_EDIT();
+            again.changeName("Odd");
+            inform(std::string(row.word) + " UPDATED");
+            again.But_SAVE();
+        }
+        deleteElsewhere();
+        TypeEditor late = editor(row.kind);
+        late.selectType(late.Types.positionOf("Odd"));
+        EXPECT_EQ(late.usedBy, "The repository has no such type any more");
+    }
+}
+
 TEST_F(TypeEditorTest, AnyNameWithoutADotComesBackFromTheRepository) {
     const std::string names[] = {std::string(1000, 'x'), "a \"b\" 'c'", "größe_Ü", "12", " x "};
     TypeEditor types = editor(TypeKind::function);

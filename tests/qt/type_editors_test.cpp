@@ -72,20 +72,23 @@ class TypeEditorsTest : public WindowTest {
         program.dialogs.at(QStringLiteral("DBFunctionType"), [&](QDialog& window) {
             const auto whys = [&] {
                 QStringList list;
-                for (const char* name : {"But_NEW", "But_EDIT", "But_DELETE", "AddInput", "RemInput"}) {
+                for (const char* name : {"But_NEW", "But_EDIT", "But_DELETE", "AddInput", "RemInput", "AddOutPut"}) {
                     const auto* button = control<QPushButton>(window, name);
                     list << (button->isEnabled() ? QStringLiteral("-") : button->toolTip());
                 }
                 return list.join(QLatin1Char('|'));
             };
             auto* types = control<QListWidget>(window, "FunctionTypes");
-            types->setCurrentRow(1);
+            types->setCurrentRow(-1);
             const QString begin = QStringLiteral("Choose New or Edit first");
-            QCOMPARE(whys(), QStringLiteral("-|-|-|") + begin + QLatin1Char('|') + begin);
+            QCOMPARE(whys(), QStringLiteral("-|%1|%1|%2|%2|%2").arg(QStringLiteral("Choose a type first"), begin));
+            types->setCurrentRow(1);
+            QCOMPARE(whys(), QStringLiteral("-|-|-|%1|%1|%1").arg(begin));
             QCOMPARE(control<QLabel>(window, "usedBy")->text(), QStringLiteral("Used by no stored activity"));
             QTest::keyClick(types, Qt::Key_F2);
             const QString end = QStringLiteral("Save or cancel first");
-            QCOMPARE(whys(), QStringLiteral("%1|%1|%1|-|Choose a line of the list first").arg(end));
+            const QString one = QStringLiteral("A function type has one output");
+            QCOMPARE(whys(), QStringLiteral("%1|%1|%1|-|Choose a line of the list first|%2").arg(end, one));
             window.resize(740, 530);
             left = window.size();
             window.close();
