@@ -175,7 +175,7 @@ void RecordSetProp::Drop(const std::vector<std::string>& nodeKeys, int position)
             nodes.push_back(node);
         }
     }
-    DropNodes(*this, nodes, position);
+    DropNodes(*this, nodes, AttList, position);
 }
 
 void RecordSetProp::MoveRow_Click(forms::RowMove where) {

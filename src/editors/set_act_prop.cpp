@@ -292,12 +292,28 @@ void SetActProp::NodeClick(forms::Tree& tree, forms::Tree::Node& node) {
     NodeCheck(*this, tree, node);
 }
 
+namespace {
+
+/// From the graph, activities and what they provide are dropped on the inputs, and any node on the parameters.
+bool counts(const forms::Tree::Node& node, int front) {
+    if (!node.parent()) {
+        return false;
+    }
+    if (isFunctionNode(node) || isConstantNode(node)) {
+        return front == kParameters;
+    }
+    const bool hasMembers = node.parent()->parent() || !node.children().empty();
+    return hasMembers && (node.value().Key.starts_with("DB") || front != kOutputs);
+}
+
+}  // namespace
+
 /// Those of the nodes whose drop on the list in front counts.
 std::vector<forms::Tree::Node*> SetActProp::takenOf(const std::vector<std::string>& nodeKeys) const {
     std::vector<forms::Tree::Node*> nodes;
     for (const std::string& key : nodeKeys) {
         forms::Tree::Node* node = (key.starts_with("DB") ? DBView : ActView).find(key);
-        if (node && TabStrip1 != kLogTab && (!rowKeyOf(*node).empty() || !node->children().empty())) {
+        if (node && TabStrip1 != kLogTab && counts(*node, SelectedList)) {
             nodes.push_back(node);
         }
     }
@@ -309,7 +325,7 @@ bool SetActProp::takes(const std::vector<std::string>& nodeKeys) const {
 }
 
 void SetActProp::Drop(const std::vector<std::string>& nodeKeys, int position) {
-    DropNodes(*this, takenOf(nodeKeys), position);
+    DropNodes(*this, takenOf(nodeKeys), frontList(), position);
 }
 
 bool SetActProp::AfterLabelEdit(int row, const std::string& text) {

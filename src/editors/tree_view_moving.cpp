@@ -64,13 +64,16 @@ void DropNode(RowOperations& dialog, Tree::Node& node, int position) {
     }
 }
 
-void DropNodes(RowOperations& dialog, const std::vector<Tree::Node*>& nodes, int position) {
+void DropNodes(RowOperations& dialog, const std::vector<Tree::Node*>& nodes, forms::List& onto, int position) {
+    if (position > 0 && !nodes.empty()) {
+        onto.select(position);
+    }
     dialog.moveMany([&] {
         for (Tree::Node* node : nodes) {
-            const forms::List& list = dialog.listFor(*node);
-            const int before = list.Count();
-            DropNode(dialog, *node, position);
-            position = position > 0 ? position + list.Count() - before : 0;
+            const bool there = &dialog.listFor(*node) == &onto;
+            const int before = onto.Count();
+            DropNode(dialog, *node, there ? position : 0);
+            position = there && position > 0 ? position + onto.Count() - before : position;
         }
     });
 }

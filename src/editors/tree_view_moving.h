@@ -39,8 +39,9 @@ void AddNodeToList(RowOperations& dialog, forms::Tree::Node& node);
 
 /// A drop on the list before the row at `position`, 0 for behind the last. It only adds: what is in the list stays.
 void DropNode(RowOperations& dialog, forms::Tree::Node& node, int position);
-/// Several nodes, one behind the other.
-void DropNodes(RowOperations& dialog, const std::vector<forms::Tree::Node*>& nodes, int position);
+/// Several nodes on the list `onto`, one behind the other. The row under the pointer is selected; a node that another
+/// list receives goes behind the last row there.
+void DropNodes(RowOperations& dialog, const std::vector<forms::Tree::Node*>& nodes, forms::List& onto, int position);
 
 // What is done to all selected rows of a list. The selection goes with the rows.
 

@@ -179,6 +179,42 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     EXPECT_EQ(form->nodeNamed("F1")->entity<FunctionProperties>()->Function_Source, 0);
 }
 
+TEST_F(SetActPropTest, ADropGoesWhereItCounts) {
+    struct Row {
+        int front;
+        const char* node;
+        const char* inputs;  ///< then, null when the drop does not count
+        const char* parameters;
+        int selected = 2;  ///< of the list under the pointer
+    };
+    for (const Row& row : {Row{kInputs, "DB.RS.NAME", "RS_ID RS_NAME Old", "P1 P2", 3},
+                           {kInputs, "GRAPH.Before", "RS_ID Before_B Old", "P1 P2", 3},
+                           {kInputs, "GRAPH.Before.B", "RS_ID Before_B Old", "P1 P2", 3},
+                           {kInputs, "GRAPH.C1", nullptr, nullptr},
+                           {kInputs, "DB", nullptr, nullptr},
+                           {kOutputs, "GRAPH.Before", nullptr, nullptr},
+                           {kOutputs, "GRAPH.Before.B", nullptr, nullptr},
+                           {kParameters, "DB.RS.NAME", "RS_ID Old", "P1 RS_NAME P2", 3},
+                           {kParameters, "GRAPH.F1", "RS_ID Old", "P1 F1 P2", 3},
+                           {kParameters, "GRAPH.Before", "RS_ID Old Before_B", "P1 P2"},
+                           {kParameters, "GRAPH.Before.B", "RS_ID Old Before_B", "P1 P2"}}) {
+        SCOPED_TRACE(std::string(row.node) + " over list " + std::to_string(row.front));
+        const auto dialog = open();
+        for (const char* parameter : {"P1", "P2"}) {
+            dialog->tempProp->Act_Parameters->Add(parameter, 0, kTagTypeParameter, parameter).ParentKeyName = "Act";
+        }
+        dialog->activityBuilt();  // fills the lists
+        dialog->TabStrip1_Click(row.front);
+        dialog->frontList().select(1);
+        EXPECT_EQ(dialog->takes({row.node}), row.inputs != nullptr);
+        dialog->Drop({row.node}, 2);
+        EXPECT_EQ(keys(dialog->AttList[kInputs]), row.inputs ? row.inputs : "RS_ID Old");
+        EXPECT_EQ(keys(dialog->AttList[kParameters]), row.inputs ? row.parameters : "P1 P2");
+        EXPECT_EQ(dialog->AttList[static_cast<std::size_t>(row.front)].selected(), row.inputs ? row.selected : 1)
+            << "the row that was under the pointer";
+    }
+}
+
 TEST_F(SetActPropTest, MembersOfTheTypeAreNotDeleted) {
     const auto dialog = open();
     dialog->TabStrip1_Click(kOutputs);
