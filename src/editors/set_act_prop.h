@@ -53,7 +53,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     bool ReportView = true;                      ///< the lists show their columns
     bool Enabled = true;                         ///< false while the wizard is open over it
     std::function<void(bool enabled)> onEnable;  ///< set by the window
-    std::function<void()> onEnd;                 ///< set by who opens it: its window takes input again
+    // Set by who opens it.
+    std::function<void()> onApplied;  ///< the graph holds what the dialog shows
+    std::function<void()> onEnd;      ///< its window takes input again
 
     void txtName_Change(const std::string& text);
     void txtName_Leave();

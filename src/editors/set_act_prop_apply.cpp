@@ -86,10 +86,14 @@ bool SetActProp::ApplyActivity() {
     bindFunctions(*former, *record);
     zoom::SynchronizeActivity(ParForm, *record, nullptr);
     carryBroughtKeys(*record, keptCaption_);
+    mirrorOrder_->restore(ParForm, *record, nullptr);
     keptCaption_ = txtName;
     deletedMark_ = ParForm.DeletedNodes->mark();
     ParForm.tellChanged(ActiveNode);
     Saved = true;
+    if (onApplied) {
+        onApplied();
+    }
     tell("Properties Saved", Icon::information);
     return true;
 }

@@ -32,6 +32,7 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
     if (node.activity()) {
         // The program goes on while it is open; only the window that it belongs to takes no input.
         auto dialog = std::make_unique<editors::SetActProp>(services_, form, node);
+        dialog->onApplied = [&windows = windows_, &form] { windows.applied(form); };
         dialog->onEnd = [&windows = windows_] { windows.enabledChanged(); };
         services_.dialogs.open(std::move(dialog));
     } else if (node.recordSet()) {

@@ -17,6 +17,9 @@ class WindowKeeper {
     /// The close request of a window: asks, and drops it. False when it stays, and always while it takes no input.
     virtual bool close(canvas::CanvasForm& form) = 0;
 
+    /// A dialog over the window gave it what it holds, and stays open.
+    virtual void applied(canvas::CanvasForm& form) = 0;
+
     /// A window takes input again, or takes none: commands and the focus follow.
     virtual void enabledChanged() = 0;
 };

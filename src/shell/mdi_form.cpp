@@ -316,6 +316,11 @@ void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
     }
 }
 
+/// For the moment the graph is whole, though the dialog stays open.
+void MDIForm1::applied(canvas::CanvasForm& form) {
+    repository::isUnsaved(form.scenario());
+}
+
 void MDIForm1::frontChanged() {
     canvas::CanvasForm* form = desk_.active();
     ldl_.cameForward(form ? &form->scenario() : nullptr);

@@ -65,6 +65,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     /// A scenario's window closes the views over it first.
     bool close(canvas::CanvasForm& form) override;
     void ZoomActivity(int Slot, std::int32_t NodeIndex) override;
+    void applied(canvas::CanvasForm& form) override;
     void enabledChanged() override { host_.commandsChanged(); }
     /// The frame's close request: closes the windows beside the scenarios', then every scenario in slot order. False
     /// when one of them was kept.

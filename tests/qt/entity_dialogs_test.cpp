@@ -6,10 +6,12 @@
 #include <QTextEdit>
 #include <QTreeView>
 
+#include "qt/canvas/canvas_editor.h"
 #include "qt/forms/list_model.h"
 #include "qt/forms/row_view.h"
 #include "qt/forms/window_sizes.h"
 #include "qt/shell/desk_window.h"
+#include "repository/stored_content.h"
 #include "testkit/graph_builder.h"
 #include "window_program.h"
 
@@ -37,6 +39,14 @@ struct Desk : StartedProgram {
         dialogs.at(QLatin1String(window), std::move(act));
         logic.pointerPorts().windows.openProperties(*form, *form->nodeNamed(node));
         dialogs.settle();
+    }
+    /// Clicks at the first node of a scenario, by way of the frame, from which a modal window would keep the mouse.
+    void press(canvas::DrawForm& scenario, bool twice) {
+        const CanvasEditor& editor = frame.area().windowOf(scenario)->editor();
+        const QPoint at =
+            editor.viewport()->mapTo(&frame, editor.transform().toPixels(canvas::Point{500, 200}).toPoint());
+        twice ? QTest::mouseDClick(frame.windowHandle(), Qt::LeftButton, {}, at)
+              : QTest::mouseClick(frame.windowHandle(), Qt::LeftButton, {}, at);
     }
     void answerSave(Answer answer) {
         messages.expect("THE ACTIVITY'S PROPERTIES HAVE NOT BEEN SAVED.\nDO YOU WANT TO SAVE BEFORE EXIT?", "",
@@ -159,13 +169,17 @@ class EntityDialogsTest : public WindowTest {
             QTest::keyClick(&inputs, Qt::Key_Delete);
             QCOMPARE(rows(inputs), QStringLiteral("RS_PRICE RS_NAME"));
             QCOMPARE(inputs.currentIndex().data().toString(), QStringLiteral("RS_NAME"));
-            QTest::keyClick(&inputs, Qt::Key_F2);
-            auto* label = inputs.findChild<QLineEdit*>();
-            QVERIFY(label);
-            label->setText(QStringLiteral("Title"));
-            QTest::keyClick(label, Qt::Key_Return);
-            QTRY_COMPARE(rows(inputs), QStringLiteral("RS_PRICE Title"));
-            QVERIFY(window.isVisible());
+            for (const auto& [key, order] :
+                 {std::pair{Qt::Key_Escape, "RS_PRICE RS_NAME"}, {Qt::Key_Return, "RS_PRICE Title"}}) {
+                QTest::keyClick(&inputs, Qt::Key_F2);
+                QPointer<QLineEdit> label = inputs.findChild<QLineEdit*>();
+                QVERIFY(label);
+                label->setText(QStringLiteral("Title"));
+                QTest::keyClick(label, key);
+                QTRY_VERIFY(!label);
+                QCOMPARE(rows(inputs), QLatin1String(order));
+                QVERIFY2(window.isVisible(), "the key is the label's");
+            }
 
             QTest::keyClick(&window, Qt::Key_Tab, Qt::ControlModifier);
             QCOMPARE(control<QTabWidget>(window, "TabStrip1")->currentIndex(), 1);
@@ -184,15 +198,18 @@ class EntityDialogsTest : public WindowTest {
     void theProgramGoesOnBesideAnActivity() {
         Desk desk;
         desk.edit("Act", "SetActProp", [&](QDialog& first) {
-            QVERIFY(!QApplication::activeModalWidget());
+            desk.frame.activateWindow();
+            QTRY_VERIFY(!first.isActiveWindow());
+            desk.press(*desk.form, false);
+            QTRY_VERIFY2(first.isActiveWindow(), "what holds the scenario comes forward");
             canvas::DrawForm& other = *desk.open("T");
             testkit::GraphBuilder(other).node("B", canvas::NodeTypeActivity);
-            desk.logic.pointerPorts().windows.openProperties(other, *other.nodeNamed("B"));
+            desk.press(other, true);
             QDialog* second = nullptr;
             for (auto* dialog : desk.frame.findChildren<QDialog*>(QStringLiteral("SetActProp"))) {
                 second = dialog != &first ? dialog : second;
             }
-            QVERIFY(second && second->isVisible() && first.isVisible());
+            QVERIFY2(second && second->isVisible() && first.isVisible(), "a scenario beside it takes the mouse");
             QVERIFY(!desk.frame.area().windowOf(other)->isEnabled());
             desk.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
             desk.logic.run(shell::Command::changeUser);
@@ -247,7 +264,7 @@ class EntityDialogsTest : public WindowTest {
         });
     }
 
-    void keysMoveEditAndTurn() {
+    void keysMoveAndTurn() {
         Desk desk;
         desk.edit("Act", "SetActProp", [&](QDialog& window) {
             check(*view(window, "DBView"), "RS");
@@ -268,12 +285,6 @@ class EntityDialogsTest : public WindowTest {
                 QTest::keyClick(&inputs, row.key, Qt::AltModifier);
                 QCOMPARE(rows(inputs), QLatin1String(row.order));
             }
-            QTest::keyClick(&inputs, Qt::Key_F2);
-            auto* label = inputs.findChild<QLineEdit*>();
-            QVERIFY(label);
-            label->setText(QStringLiteral("Other"));
-            QTest::keyClick(label, Qt::Key_Escape);
-            QCOMPARE(rows(inputs), QStringLiteral("RS_ID RS_NAME RS_PRICE"));
             auto* descr = control<QTextEdit>(window, "txtDescr");
             descr->setFocus();
             QTest::keyClick(descr, Qt::Key_Return);
@@ -329,6 +340,24 @@ class EntityDialogsTest : public WindowTest {
                  QStringLiteral("B\nThe row A has this name, too."));
     }
 
+    void whatIsAppliedMarksTheScenarioAtOnce() {
+        Desk desk;
+        testkit::GraphBuilder(*desk.form).activity("Typed", {"RS_ID"});
+        testkit::GraphBuilder(*desk.form).feed("RS.ID", "Typed.IN.RS_ID");
+        repository::markStored(*desk.form);
+        desk.edit("Typed", "SetActProp", [&](QDialog& window) {
+            for (const bool changes : {false, true}) {
+                if (changes) {
+                    QTest::keyClicks(control<QTextEdit>(window, "txtDescr"), QStringLiteral("x"));
+                }
+                desk.messages.expect("Properties Saved", "", Icon::information);
+                click(window, "Apply");
+                QCOMPARE(desk.frame.windowTitle().contains(QChar(0x2022)), changes);
+            }
+            window.close();
+        });
+    }
+
     void leavingWithANameThatIsTakenAsksOnlyOnce() {
         Desk desk;
         desk.edit("Act", "SetActProp", [&](QDialog& window) {
@@ -351,6 +380,7 @@ class EntityDialogsTest : public WindowTest {
             QVERIFY(inputs.model()->canDropMimeData(dragged.get(), Qt::CopyAction, 0, 0, {}));
             inputs.model()->dropMimeData(dragged.get(), Qt::CopyAction, 0, 0, {});
             QCOMPARE(rows(inputs), QStringLiteral("RS_NAME RS_PRICE RS_ID"));
+            QCOMPARE(inputs.currentIndex().data().toString(), QStringLiteral("RS_ID"));
             const std::unique_ptr<QMimeData> moved(
                 inputs.model()->mimeData({inputs.model()->index(0, 0), inputs.model()->index(1, 0)}));
             inputs.model()->dropMimeData(moved.get(), Qt::MoveAction, 3, 0, {});
@@ -459,6 +489,26 @@ class EntityDialogsTest : public WindowTest {
             QVERIFY(!window.findChild<QDialog*>(QStringLiteral("loading")));
             window.close();
         });
+    }
+
+    void aTypeIsShownWholeWithinReason() {
+        Desk desk;
+        entities::RecordSet_OutputsCollection& attributes = *desk.form->nodeNamed("RS")->recordSet()->RecordSet_Outputs;
+        attributes.Item("ID")->Attribute_Type = desk.logic.catalogue().DataTypeIndex("BINARY_DOUBLE");
+        for (const bool endless : {false, true}) {
+            if (endless) {
+                desk.messages.expect("DATA TYPE SAVED", "", Icon::information);
+                attributes.Item("ID")->Attribute_Type = desk.logic.catalogue().SaveDataType(std::string(500, 'W'));
+            }
+            desk.edit("RS", "RecordSetProp", [&](QDialog& window) {
+                const QTreeView& list = *view(window, "AttList");
+                const QModelIndex type = list.model()->index(0, 1);
+                const int needed = list.fontMetrics().horizontalAdvance(type.data().toString());
+                QCOMPARE(list.columnWidth(1) > needed, !endless);
+                QVERIFY2(list.columnWidth(0) + 1 >= list.columnWidth(1), "names need the room more");
+                window.close();
+            });
+        }
     }
 
     void aRecordSetIsMadeFromASourceDatabase() {

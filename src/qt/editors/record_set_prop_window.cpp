@@ -136,6 +136,7 @@ QWidget* RecordSetPropWindow::newAttributes() {
     list_->setAccessibleName(tr("ATTRIBUTES"));
     list_->header()->setStretchLastSection(false);
     list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);  // names need the room more than types do
+    list_->fitColumn(1);
     list_->removeRows = rowButtons_->remove;
     list_->moveRows = rowButtons_->move;
     connect(list_, &QWidget::customContextMenuRequested, this, &RecordSetPropWindow::showListMenu);

@@ -90,6 +90,16 @@ void RowView::setReport(bool report) {
     }
 }
 
+void RowView::fitColumn(int column) {
+    header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    header()->setResizeContentsPrecision(0);
+}
+
+int RowView::sizeHintForColumn(int column) const {
+    return std::clamp(QTreeView::sizeHintForColumn(column), kColumnWidth,
+                      std::max(kColumnWidth, viewport()->width() / 2));
+}
+
 void RowView::editLabel() {
     const QModelIndex current = model_.index(model_.list().selected() - 1, 0);
     if (current.isValid() && current.flags().testFlag(Qt::ItemIsEditable)) {

@@ -21,11 +21,14 @@ class RowView : public QTreeView {
 
     /// With columns and their heads, or the labels alone.
     void setReport(bool report);
+    /// The column is as wide as what is in sight of it, but at most half of the view.
+    void fitColumn(int column);
     /// Edits the label of the current row.
     void editLabel();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    int sizeHintForColumn(int column) const override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

@@ -1,6 +1,7 @@
 #include "qt/shell/desk_area.h"
 
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTabBar>
 #include <QToolButton>
 #include <algorithm>
@@ -264,6 +265,17 @@ void DeskArea::fillTab(DeskWindow& window) {
     if (viewMode() == TabbedView && !window.isMaximized()) {
         window.showMaximized();
     }
+}
+
+/// Presses on a window that takes no input come through to the area.
+void DeskArea::mousePressEvent(QMouseEvent* event) {
+    for (QWidget* at = viewport()->childAt(event->position().toPoint()); at; at = at->parentWidget()) {
+        if (qobject_cast<DeskWindow*>(at) && !at->isEnabled()) {
+            Q_EMIT pressedInVain(at);
+            break;
+        }
+    }
+    QMdiArea::mousePressEvent(event);
 }
 
 void DeskArea::arrange(ViewMode mode, void (QMdiArea::*step)()) {

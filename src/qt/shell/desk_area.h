@@ -57,6 +57,10 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void aboutToShow();  ///< a window comes
     void activeChanged();
     void cornerShown(const QString& words);  ///< scale and pointer of the active window
+    void pressedInVain(QWidget* window);     ///< a press on a window that takes no input
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
 
   private:
     void dropWindow(DeskWindow* window);

@@ -16,6 +16,8 @@
 #include "qt/repository/user_login_window.h"
 #include "qt/repository/view_scenarios_window.h"
 #include "qt/shell/about_form.h"
+#include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 #include "qt/shell/options_window.h"
 #include "qt/shell/shortcuts_form.h"
 #include "qt/statements/ldl_form_window.h"
@@ -66,6 +68,15 @@ struct OpenActivity : QObject {
             frame.activateWindow();
             deleteLater();
         });
+        // Who wants to go on with its scenario finds what holds it.
+        if (auto* area = frame.findChild<DeskArea*>()) {
+            connect(area, &DeskArea::pressedInVain, this, [this, area](QWidget* pressed) {
+                if (pressed == area->windowOf(logic->ParForm)) {
+                    window.raise();
+                    window.activateWindow();
+                }
+            });
+        }
     }
 
     const std::unique_ptr<editors::SetActProp> logic;
