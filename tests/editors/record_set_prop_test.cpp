@@ -71,10 +71,17 @@ TEST_F(RecordSetPropTest, ALoadedDatabaseShowsWhatTheListHas) {
     dialog.SQLAuto_Click();
     EXPECT_EQ(dialog.tempProp->RecordSet_SQL, " SELECT BOOKS.ID AS ID, BOOKS.TITLE AS TITLE FROM BOOKS;");
     EXPECT_TRUE(dialog.SQLOption);
-    messages.expect("Are You Sure You Want To Unload Database SHOP?", "", Icon::question, Buttons::okCancel,
-                    Answer::ok);
-    dialog.UnLoadDB_Click(*dialog.DBView.find("SHOP"));
-    EXPECT_TRUE(dialog.DBView.roots().empty());
+    for (const bool restored : {true, false}) {
+        restored ? dialog.RestoreFullNames_Click() : dialog.CutFullNames_Click();
+        EXPECT_EQ(dialog.AttList.Item(2)->Text, restored ? "BOOKS_TITLE" : "TITLE");
+        EXPECT_TRUE(dialog.tempProp->RecordSet_Outputs->Item(restored ? "BOOKS_TITLE" : "TITLE"));
+    }
+    for (const Answer answer : {Answer::cancel, Answer::ok}) {
+        messages.expect("Are You Sure You Want To Unload Database SHOP?", "", Icon::question, Buttons::okCancel,
+                        answer);
+        dialog.UnLoadDB_Click(*dialog.DBView.find("SHOP"));
+        EXPECT_EQ(dialog.DBView.roots().empty(), answer == Answer::ok);
+    }
 }
 
 TEST_F(RecordSetPropTest, ACancelledLoadKeepsWhatIsThereAndSaysSo) {
@@ -100,9 +107,12 @@ TEST_F(RecordSetPropTest, AFailedLoadSaysHowFarItCame) {
     dialog.LoadDatabase(shop, all);
     EXPECT_TRUE(dialog.DBView.find("SHOP.BOOKS.TITLE"));
     EXPECT_FALSE(dialog.DBView.find("SHOP.SHOPS.ID"));
-    messages.expect("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase", Icon::question,
-                    Buttons::yesNoCancel, Answer::yes);
-    EXPECT_TRUE(dialog.LoadDB_Click());
+    for (const Answer answer : {Answer::cancel, Answer::no, Answer::yes}) {
+        messages.expect("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase", Icon::question,
+                        Buttons::yesNoCancel, answer);
+        EXPECT_EQ(dialog.LoadDB_Click(), answer != Answer::cancel);
+        EXPECT_EQ(dialog.DBView.roots().empty(), answer == Answer::yes);
+    }
     database.answer("SELECT table_name FROM all_tables WHERE owner=?", {});
     dialog.LoadDatabase(shop, all);
     EXPECT_TRUE(dialog.DBView.find("SHOP.SHOPS.ID")) << "the second try is whole";

@@ -215,14 +215,46 @@ TEST_F(SetActPropTest, ADropGoesWhereItCounts) {
     }
 }
 
+TEST_F(SetActPropTest, NamesAreCutToTheirLastPartAndRestored) {
+    const auto dialog = open();
+    dialog->TabStrip1_Click(kOutputs);
+    for (const char* name : {"Made", "Act.Made"}) {
+        dialog->Saved = true;
+        std::string_view(name) == "Made" ? dialog->CutFullNamesM_Click() : dialog->RestoreNamesM_Click();
+        EXPECT_EQ(dialog->frontList().Item(1)->Text, "RS_ID");
+        EXPECT_EQ(dialog->frontList().Item(2)->Text, name);
+        EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Act.Made")->Attribute_Name, name);
+        EXPECT_FALSE(dialog->Saved);
+    }
+}
+
+TEST_F(SetActPropTest, EachLanguageHasAStatementOfItsOwn) {
+    using Language = SetActProp::Language;
+    const auto dialog = open();
+    for (const auto& [language, statement] : {std::pair{Language::LDL, "a<-b."}, {Language::SQL, "SELECT 1"}}) {
+        dialog->LangSelector_Click(language);
+        EXPECT_EQ(dialog->txtSQL, "");
+        dialog->Saved = true;
+        dialog->txtSQL_Change(statement);
+        EXPECT_FALSE(dialog->Saved);
+    }
+    EXPECT_EQ(dialog->tempProp->Act_LDL + dialog->tempProp->Act_SQL, "a<-b.SELECT 1");
+    dialog->LangSelector_Click(Language::LDL);
+    EXPECT_EQ(dialog->txtSQL, "a<-b.");
+}
+
 TEST_F(SetActPropTest, MembersOfTheTypeAreNotDeleted) {
+    activity().Act_Outputs->Add("Wizard", 0, kTagWizard, "Wizard").ParentKeyName = "Act";
     const auto dialog = open();
     dialog->TabStrip1_Click(kOutputs);
     dialog->frontList().select(2);
     messages.expect("Activity Type's Members Cannot Be Deleted", "", Icon::information);
     dialog->Move2Tree_Click();
     dialog->MoveAll2Tree_Click();
-    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "Act.Made");
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "Act.Made Wizard");
+    dialog->frontList().select(2);
+    dialog->Move2Tree_Click();
+    EXPECT_EQ(keys(dialog->AttList[kOutputs]), "Act.Made") << "what the wizard made goes one by one";
 }
 
 TEST_F(SetActPropTest, AnotherTypeReplacesOnlyWhatTheFormerBrought) {

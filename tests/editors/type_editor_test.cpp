@@ -224,6 +224,7 @@ TEST_F(TypeEditorTest, ATypeThatAnotherUserDeletesIsToldAndNothingTypedIsLost) {
                         Icon::critical);
         types.But_SAVE();
         messages.verify();
+        EXPECT_EQ(editor(row.kind).Types.positionOf("Odd"), 0) << "it is offered no more";
         EXPECT_EQ(types.txtName + types.txtDescr + types.txtLDL, newName + "typeda_out(@X)");
         inform(saved);
         types.But_SAVE();

@@ -342,8 +342,11 @@ class EntityDialogsTest : public WindowTest {
 
     void whatIsAppliedMarksTheScenarioAtOnce() {
         Desk desk;
-        testkit::GraphBuilder(*desk.form).activity("Typed", {"RS_ID"});
-        testkit::GraphBuilder(*desk.form).feed("RS.ID", "Typed.IN.RS_ID");
+        testkit::GraphBuilder graph(*desk.form);
+        for (const std::string name : {"Typed", "Beside"}) {
+            graph.activity(name, {"RS_ID"});
+            graph.feed("RS.ID", name + ".IN.RS_ID");
+        }
         repository::markStored(*desk.form);
         desk.edit("Typed", "SetActProp", [&](QDialog& window) {
             for (const bool changes : {false, true}) {
