@@ -103,6 +103,15 @@ class CanvasViewTest : public WindowTest {
             scene.add(kind, 300, 300).setColor(0x00FFFF);  // only the shape may tell them apart
             seen.push_back(scene.picture());
         }
+        for (const canvas::EdgeTypeCode kind :
+             {canvas::EdgeTypeProvider, canvas::EdgeTypePartOf, canvas::EdgeTypeReserved, canvas::EdgeTypeRegulator,
+              canvas::EdgeTypeDescription, canvas::EdgeTypeDerived}) {
+            Scene scene;
+            const canvas::LabelsD& from = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+            const canvas::LabelsD& to = scene.add(canvas::NodeTypeRecordSet, 4500, 300);
+            scene.form.Lines.addFullLine(from.Index(), 3, to.Index(), 1, kind, canvas::AngleStraight, 0xFF);
+            seen.push_back(scene.picture());
+        }
         for (std::size_t i = 0; i < seen.size(); ++i) {
             for (std::size_t j = i + 1; j < seen.size(); ++j) {
                 QVERIFY2(seen[i] != seen[j], qPrintable(QStringLiteral("rows %1 and %2").arg(i).arg(j)));
@@ -180,6 +189,33 @@ class CanvasViewTest : public WindowTest {
         const QImage image = scene.picture();
         QVERIFY(contrast(scene.at(image, 2000, 525), scene.theme.canvas().background) > 3);
         QCOMPARE(scene.at(image, 2500, 525), scene.at(image, 2500, 405));
+    }
+
+    void dimmedBoxesArePaleAtEveryScale() {
+        Scene scene;
+        scene.add(canvas::NodeTypeRecordSet, 300, 300, 3000, 1500).setColor(0xFF);
+        scene.add(canvas::NodeTypeRecordSet, 300, 2400, 3000, 1500).setColor(0xFFFFFF);  // with a dark caption
+        const canvas::LabelsD& lit = scene.add(canvas::NodeTypeRecordSet, 4500, 300);
+        for (const double scale : {1.0, 0.3, 0.12}) {
+            scene.view.setScale(scale);
+            const auto strongest = [&] {
+                const QImage image = scene.picture();
+                double most = 0;
+                for (const float top : {300.0F, 2400.0F}) {
+                    for (float y = top + 500; y < top + 1000; y += 15) {
+                        for (float x = 1000; x < 2800; x += 15) {
+                            most = std::max(most, contrast(scene.at(image, x, y), scene.theme.canvas().background));
+                        }
+                    }
+                }
+                return most;
+            };
+            scene.form.setLight({});
+            const double plain = strongest();
+            scene.form.setLight({{lit.Index()}, {}, true});
+            const QByteArray words = QByteArray::number(plain) + " " + QByteArray::number(strongest());
+            QVERIFY2(plain > 3 && strongest() < 2.6, words);
+        }
     }
 
     void arrowHeadsFollowTheirLines() {
@@ -290,7 +326,10 @@ class CanvasViewTest : public WindowTest {
                                                     }},
                                                     {[&] { mark(10); }},    // at the left side
                                                     {[&] { mark(1940); }},  // and at the right one
-                                                    {[&] { scene.form.SelectedLines.Add(3); }}}) {
+                                                    {[&] { scene.form.SelectedLines.Add(3); }},
+                                                    {[&] {
+                                                        scene.form.setLight({{3}, {}, true});
+                                                    }}}) {
             QImage kept = scene.picture();
             const QRegion region = scene.repainted(change);
             const QImage whole = scene.picture();

@@ -92,6 +92,11 @@ class ZoomWindowTest : public WindowTest {
             for (const canvas::LabelsD& node : std::as_const(small.form->Labels)) {
                 QVERIFY2(small.room().contains(small.place(node)), node.KeyName().c_str());
             }
+            const QImage image = small.editor().viewport()->grab().toImage();
+            const auto above = [&](const canvas::LabelsD& node) {
+                return image.pixelColor((small.place(node).topLeft() + QPointF(20, -3)).toPoint());
+            };
+            QVERIFY2(above(*small.form->central()) != above(*small.form->nodeNamed("RS4")), "it stands out");
         }
         Zoomed large(300);
         QCOMPARE(large.editor().scale(), 1.0);
