@@ -22,4 +22,20 @@ struct NoFile : platform::SaveDialog {
     std::string began;
 };
 
+/// What the dialogs of record sets and activities need over a scenario.
+class EntityDialogTest : public testkit::RepositoryTest {
+  protected:
+    EditorServices needs(statements::ActivityWizard* otherWizard = nullptr, platform::SaveDialog* chooser = nullptr) {
+        return {services, catalogue, otherWizard ? *otherWizard : wizard, folder, chooser ? *chooser : saveDialog,
+                nodes,    dialogs};
+    }
+
+    std::unique_ptr<canvas::DrawForm> form = newForm("Demo");
+    NoWizard wizard;
+    NoZoom nodes;
+    NoFile saveDialog;
+    forms::Dialogs dialogs;
+    platform::ProgramFolder folder{"/data"};
+};
+
 }  // namespace orvent::editors

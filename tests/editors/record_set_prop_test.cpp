@@ -13,7 +13,7 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-class RecordSetPropTest : public testkit::RepositoryTest {
+class RecordSetPropTest : public EntityDialogTest {
   protected:
     RecordSetPropTest() {
         database.answer("SELECT table_name FROM all_tables WHERE owner=?", {{"BOOKS"}, {"SHOPS"}});
@@ -28,21 +28,12 @@ class RecordSetPropTest : public testkit::RepositoryTest {
         graph.feed("Books.ID", "Act.IN.ID");
     }
 
-    RecordSetProp open() {
-        return RecordSetProp({services, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
-                             *form->nodeNamed("Books"));
-    }
+    RecordSetProp open() { return RecordSetProp(needs(), *form, *form->nodeNamed("Books")); }
     static void click(RecordSetProp& dialog, const std::string& key) { dialog.NodeClick(*dialog.DBView.find(key)); }
     static bool all(std::size_t, std::size_t) { return true; }
 
     static constexpr const char* kColumns =
         "SELECT column_name,data_type FROM all_tab_columns WHERE owner=? AND table_name=?";
-    std::unique_ptr<canvas::DrawForm> form = newForm("Demo");
-    NoWizard wizard;
-    NoZoom nodes;
-    NoFile saveDialog;
-    forms::Dialogs dialogs;
-    platform::ProgramFolder folder{"/data"};
     const repository::SourceDatabase shop{"shop", "scott", "tiger"};
 };
 

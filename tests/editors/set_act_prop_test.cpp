@@ -18,7 +18,7 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-class SetActPropTest : public testkit::RepositoryTest {
+class SetActPropTest : public EntityDialogTest {
   protected:
     SetActPropTest() {
         namespace sql = repository::sql;
@@ -46,10 +46,9 @@ class SetActPropTest : public testkit::RepositoryTest {
     }
 
     ActivityProperties& activity() { return *form->nodeNamed("Act")->activity(); }
-    std::unique_ptr<SetActProp> open(const char* node = "Act") {
-        return std::make_unique<SetActProp>(
-            EditorServices{services, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
-            *form->nodeNamed(node));
+    std::unique_ptr<SetActProp> open(const char* node = "Act", statements::ActivityWizard* otherWizard = nullptr,
+                                     platform::SaveDialog* chooser = nullptr) {
+        return std::make_unique<SetActProp>(needs(otherWizard, chooser), *form, *form->nodeNamed(node));
     }
     static void click(SetActProp& dialog, const std::string& key) {
         forms::Tree& tree = key.starts_with("DB") ? dialog.DBView : dialog.ActView;
@@ -71,13 +70,6 @@ class SetActPropTest : public testkit::RepositoryTest {
         messages.expect("THE ACTIVITY'S PROPERTIES HAVE NOT BEEN SAVED.\nDO YOU WANT TO SAVE BEFORE EXIT?", "",
                         Icon::question, Buttons::yesNoCancel, answer);
     }
-
-    std::unique_ptr<canvas::DrawForm> form = newForm("Demo");
-    NoWizard wizard;
-    NoZoom nodes;
-    NoFile saveDialog;
-    forms::Dialogs dialogs;
-    platform::ProgramFolder folder{"/data"};
 };
 
 TEST_F(SetActPropTest, OpensWithMarkedTreesAndBlocksItsWindow) {
@@ -532,42 +524,36 @@ TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
 
 TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
     activity().Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
-    const auto dialog = open();
-    messages.expect("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: INTEGER.\nTarget: STRING.",
-                    "", Icon::warning);
-    dialog->SendOutput(2);
-    dialog->tempProp->Act_Outputs->Item("Old")->Attribute_Type = 2;
-    dialog->SendOutput(2);
-    const AttributeProperties* output = dialog->tempProp->Act_Outputs->Item("Old");
-    EXPECT_EQ(output->Attribute_Type, 0);
-    EXPECT_EQ(output->ProvidedFrom.peek()->Item(".IN.Old")->Provider_Type, LinkActivityInput);
-    messages.expect(
-        "This Relationship Is Not Valid!\n"
-        "An Attribute With The Same Name Allready Exists And Is Provided By An Other Source.",
-        "", Icon::warning);
-    dialog->SendOutput(2);
-}
-
-TEST_F(SetActPropTest, AnInputIsSentToItsParameter) {
-    ParameterProperties& stored = activity().Act_Parameters->Add("Old", 1, 0, "Old");
-    stored.ParentKeyName = "Act";
+    activity().Act_Parameters->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
     const auto dialog = open();
     dialog->SendParameter(1);  // no parameter of that key: nothing
     EXPECT_TRUE(dialog->Saved);
-    messages.expect("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: INTEGER.\nTarget: STRING.",
-                    "", Icon::warning);
-    dialog->SendParameter(2);
-    dialog->tempProp->Act_Parameters->Item("Old")->Parameter_Type = 2;
-    dialog->SendParameter(2);
-    const ParameterProperties* parameter = dialog->tempProp->Act_Parameters->Item("Old");
-    EXPECT_EQ(parameter->Parameter_Type, 0) << "what is defined by its source takes its type";
-    EXPECT_EQ(parameter->RegulatedFrom.peek()->Item(".IN.Old")->Regulator_type, LinkActivityInput);
+    AttributeProperties& output = *dialog->tempProp->Act_Outputs->Item("Old");
+    ParameterProperties& parameter = *dialog->tempProp->Act_Parameters->Item("Old");
+    const struct {
+        void (SetActProp::*send)(int);
+        std::int16_t& type;
+        const char* taken;
+    } rows[] = {
+        {&SetActProp::SendOutput, output.Attribute_Type,
+         "An Attribute With The Same Name Allready Exists And Is Provided By An Other Source."},
+        {&SetActProp::SendParameter, parameter.Parameter_Type,
+         "A Parameter With The Same Name Allready Exists And Is Regulated By An Other Source."},
+    };
+    for (const auto& [send, type, taken] : rows) {
+        const std::string invalid = "This Relationship Is Not Valid!\n";
+        messages.expect(invalid + "Different Data Types Found.\nSource: INTEGER.\nTarget: STRING.", "", Icon::warning);
+        (*dialog.*send)(2);
+        type = 2;
+        (*dialog.*send)(2);
+        EXPECT_EQ(type, 0) << "what is defined by its source takes its type";
+        messages.expect(invalid + taken, "", Icon::warning);
+        (*dialog.*send)(2);
+        messages.verify();
+    }
+    EXPECT_EQ(output.ProvidedFrom.peek()->Item(".IN.Old")->Provider_Type, LinkActivityInput);
+    EXPECT_EQ(parameter.RegulatedFrom.peek()->Item(".IN.Old")->Regulator_type, LinkActivityInput);
     EXPECT_TRUE(dialog->tempProp->Act_Inputs->Item("Old")->RegulatorFor.peek()->Item(".PARAM.Old"));
-    messages.expect(
-        "This Relationship Is Not Valid!\n"
-        "A Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.",
-        "", Icon::warning);
-    dialog->SendParameter(2);
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->Apply());
     dialog->end();
@@ -583,11 +569,7 @@ TEST_F(SetActPropTest, TheFolderOfTheLogIsKeptForTheNextOne) {
             return path;
         }
     } chosen;
-    const auto openWith = [&] {
-        return std::make_unique<SetActProp>(EditorServices{services, catalogue, wizard, folder, chosen, nodes, dialogs},
-                                            *form, *form->nodeNamed("Act"));
-    };
-    const auto dialog = openWith();
+    const auto dialog = open("Act", nullptr, &chosen);
     EXPECT_EQ(dialog->txtRejected, "/logs/Act.log");
     dialog->RejectedFileOpen_Click();
     EXPECT_EQ(chosen.asked, "Save Log File As|Log Files (*.log)|*.log|" + folder.path("\\Logs\\Demo"));
@@ -603,10 +585,8 @@ TEST_F(SetActPropTest, TheFolderOfTheLogIsKeptForTheNextOne) {
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->OK());
     dialog->end();
-    EXPECT_EQ(openWith()->txtRejected, chosen.path) << "the activity's own path";
-    const SetActProp other(EditorServices{services, catalogue, wizard, folder, chosen, nodes, dialogs}, *form,
-                           *form->nodeNamed("After"));
-    EXPECT_EQ(other.txtRejected, "/var/spool/After.log");
+    EXPECT_EQ(open()->txtRejected, chosen.path) << "the activity's own path";
+    EXPECT_EQ(open("After")->txtRejected, "/var/spool/After.log");
 }
 
 TEST_F(SetActPropTest, TheWizardWorksOnTheCopy) {
@@ -625,9 +605,7 @@ TEST_F(SetActPropTest, TheWizardWorksOnTheCopy) {
     };
     for (const bool applies : {false, true}) {
         SCOPED_TRACE(applies);
-        const auto dialog =
-            std::make_unique<SetActProp>(EditorServices{services, catalogue, real, folder, saveDialog, nodes, dialogs},
-                                         *form, *form->nodeNamed("Act"));
+        const auto dialog = open("Act", &real);
         catalogue.tables.activityTypeLdl[0] = "a_out(@LIMIT)";
         std::string enabled;
         dialog->onEnable = [&](bool on) { enabled += on ? "on " : "off "; };
