@@ -225,22 +225,4 @@ TEST_F(ZoomCommand, AStoredScenarioThatIsDeletedMeanwhileIsStoredAnew) {
     EXPECT_EQ(testkit::modelText(stage.active()), stored);
 }
 
-TEST_F(ZoomCommand, SaveStoresTheScenarioBehindTheZoom) {
-    select({"Activity2"});
-    frame.run(Command::activityZoom);
-    zoom::ZoomForm& zoomed = *zoomInFront();
-    stage.saved();
-    stage.host.atScenarios = [](repository::ViewScenarios& dialog) {
-        dialog.changeName("Stored");
-        dialog.OKButton();
-    };
-    frame.run(Command::saveScenario);
-    EXPECT_EQ(zoomed.Caption(), "Stored - Expand");
-    EXPECT_NE(zoomed.central()->activity()->NodeID, 0);
-    // The second save finds all identifiers and inserts nothing again.
-    stage.saved();
-    frame.run(Command::saveScenario);
-    EXPECT_EQ(zoomed.central()->activity()->NodeID, design->nodeNamed("Activity2")->activity()->NodeID);
-}
-
 }  // namespace
