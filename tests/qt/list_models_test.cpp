@@ -82,9 +82,15 @@ class ListModelsTest : public WindowTest {
             QCOMPARE(follower.shown[at], follower.label(at));
         }
         QCOMPARE(follower.resets, 0);
+        list.rebuild([&] {
+            list.Clear();
+            list.add(row("only"));
+        });
+        QCOMPARE(model.rowCount(), 1);
+        QCOMPARE(follower.resets, 1);
         list.Clear();
         QCOMPARE(model.rowCount(), 0);
-        QCOMPARE(follower.resets, 1);
+        QCOMPARE(follower.resets, 2);
     }
 
     void aSelectedRowStaysSelectedWhereverItGoes() {
