@@ -87,12 +87,6 @@ TEST_F(EmbeddedFile, LockedForLongFailsAndForAWhileIsWaitedFor) {
     run(*connection, "INSERT INTO DataTypes VALUES ('x')");
 }
 
-TEST(OdbcDatabase, AnUnknownSourceAndAWrongPasswordAreFaults) {
-    OdbcDatabase database({.named = {{"server", server(Kind::mariaDb).createDatabase("wrong")}}});
-    EXPECT_NE(wordsOf([&] { database.open("(None)", "", ""); }), "no fault");
-    EXPECT_NE(wordsOf([&] { database.open("server", testkit::DatabaseServer::kUser, "x"); }), "no fault");
-}
-
 }  // namespace
 
 }  // namespace orvent::odbc

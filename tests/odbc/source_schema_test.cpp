@@ -59,13 +59,6 @@ TEST_P(SourceSchema, IsReadWithNamesInQuotes) {
     EXPECT_EQ(reader.shortfall(), "");
 }
 
-TEST_P(SourceSchema, OfNothingIsEmpty) {
-    OdbcDatabase opened = database();
-    SchemaReader empty(opened, kSource);
-    EXPECT_EQ(everything(empty), "");
-    EXPECT_EQ(empty.shortfall(), "TEST shows no tables of ORVENT.");
-}
-
 class ServerSchema : public SourceSchema {};
 
 TEST_P(ServerSchema, ShowsEachUserOnlyWhatItMayRead) {

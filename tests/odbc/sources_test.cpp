@@ -63,6 +63,7 @@ TEST(OdbcDatabase, OpensADataSourceOfTheUser) {
     }
     const UserSources user(list);
     OdbcDatabase database({});
+    EXPECT_THROW(database.open("(None)", "", ""), platform::DatabaseError);
     for (const char* const name : {"My PostgreSQL Unicode", "My MariaDB Unicode"}) {
         const auto connection = database.open(name, testkit::DatabaseServer::kUser, testkit::DatabaseServer::kPassword);
         run(*connection, "CREATE TABLE DataTypes (Datatype_name VARCHAR2(10))");
