@@ -1,7 +1,11 @@
-// The zoom's window among those of the scenarios: what the frame does for the window in front, it does for this one,
-// too; what stands around its canvas, how it opens, and the light on a path.
+// The zoom's window: what stands around its canvas, how it opens, and the light on a path.
+
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
 
 #include "qt/canvas/canvas_editor.h"
+#include "qt/canvas/canvas_print.h"
 #include "qt/shell/desk_window.h"
 #include "window_program.h"
 #include "zoom/make_room.h"
@@ -48,73 +52,6 @@ class ZoomWindowTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void itsCommandsAndToolsGoToIt() {
-        Zoomed zoomed;
-        QCOMPARE(zoomed.frame.windowTitle(), QStringLiteral("Sample - Expand — ORVENT II"));
-        QVERIFY(!zoomed.frame.area().windowOf(*zoomed.design)->isEnabled());
-        auto* nodes = control<QToolBar>(zoomed.frame, "NodeBar");
-        QVERIFY(control<QAction>(*nodes, "Constant")->isEnabled());
-        QVERIFY(!control<QAction>(*nodes, "Activity")->isEnabled());
-        zoomed.messages.expect("Saved");
-        zoomed.dialogs.at(QStringLiteral("ViewScenarios"), [](QDialog& window) {
-            typeInto(window, "txtScenarioName", QStringLiteral("Other"));
-            click(window, "OKButton");
-        });
-        QTest::keyClick(&zoomed.editor(), Qt::Key_S, Qt::ControlModifier);
-        QCOMPARE(zoomed.frame.windowTitle(), QStringLiteral("Other - Expand — ORVENT II"));
-        const double scale = zoomed.editor().scale();
-        zoomed.choose("ViewSmallerM");
-        QVERIFY(zoomed.editor().scale() < scale);
-        zoomed.dialogs.at(QStringLiteral("PrintDialog"), [](QDialog& dialog) { dialog.reject(); });
-        zoomed.choose("PrintZoomM");
-    }
-
-    void itsContextMenuPopsUpInItAlsoWhileAnotherWindowIsInFront() {
-        Zoomed zoomed;
-        DeskArea& area = zoomed.frame.area();
-        const canvas::DrawForm* other = zoomed.open("Two");
-        QCOMPARE(area.active(), other);
-        area.showMenu(*zoomed.form, zoomed.form->rules().menus()[0], {1500, 1200});
-        auto* menu = zoomed.window().findChild<QMenu*>(QStringLiteral("RecordSetM"));
-        QVERIFY(menu && menu->isVisible());
-        menu->close();
-        canvas::LabelsD& node = *zoomed.form->nodeNamed("RS4");
-        area.reveal(*zoomed.form, node);
-        QCOMPARE(area.active(), zoomed.form);
-        for (const bool expanded : {true, false}) {
-            QTest::mouseClick(zoomed.editor().viewport(), Qt::RightButton, {}, zoomed.place(node).center().toPoint());
-            QVERIFY(zoomed.form->SelectedLabels.Item(node.Index()));
-            auto* opened = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            QVERIFY(opened && opened->defaultAction()->objectName() == QStringLiteral("RecordSetPropertiesM"));
-            auto* item = control<QAction>(*opened, "RecordSetExpandedM");
-            QVERIFY(item->isCheckable() && !control<QAction>(*opened, "RecordSetNotReadyM")->isCheckable());
-            QCOMPARE(item->isChecked(), expanded);
-            opened->close();
-            item->trigger();
-            QApplication::processEvents();
-        }
-        QVERIFY(node.Expanded);
-    }
-
-    void itClosesBeforeTheScenarios() {
-        Zoomed zoomed;
-        const auto answerApply = [&](platform::Answer answer) {
-            testkit::expectApply(zoomed.messages, "Sample", answer);
-        };
-        answerApply(platform::Answer::cancel);
-        zoomed.choose("CloseZoomingM");
-        QVERIFY(zoomed.window().isVisible());
-        answerApply(platform::Answer::cancel);
-        QVERIFY2(!zoomed.frame.close(), "no scenario was asked");
-        answerApply(platform::Answer::no);
-        zoomed.answerClose("Sample", platform::Answer::cancel);
-        QVERIFY(!zoomed.frame.close());
-        QCOMPARE(zoomed.frame.area().active(), zoomed.design);
-        QVERIFY2(zoomed.design->Enabled(), "the view over it has gone");
-        QVERIFY2(zoomed.frame.area().windowOf(*zoomed.design)->isMaximized(), "it fills its tab");
-        QTRY_VERIFY2(zoomed.logic.tools().DesignToolsOn(), "its canvas has the focus");
-    }
-
     void whatIsAmissIsOfferedAboveAndTheFiguresAreToldBelow() {
         Zoomed zoomed;
         QVERIFY(zoomed.isShown("offer") && zoomed.isShown("legend"));
@@ -176,7 +113,13 @@ class ZoomWindowTest : public WindowTest {
 
     void paperShowsWhatTheFiltersShow() {
         Zoomed zoomed;
-        const auto page = [&] { return onPage(*zoomed.form, {1600, 1200}); };
+        const auto page = [&] {
+            QImage image(1600, 1200, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            paintOnPage(*zoomed.form, painter, QRectF(image.rect()));
+            return image;
+        };
         const QImage whole = page();
         zoomed.choose("ViewAttributesM");
         zoomed.choose("ViewProviderM");
