@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QAccessible>
+#include <QHash>
 #include <deque>
 #include <functional>
 
@@ -63,6 +65,39 @@ class DialogScript {
         }
     }
 
+    /// A button that shows a value, such as a colour, has its caption beside it.
+    static bool captioned(const QDialog& dialog, const QPushButton& button) {
+        const auto labels = dialog.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&](const QLabel* label) { return label->buddy() == &button; });
+    }
+
+    /// A reader of the screen can name every control that the keyboard reaches, and each button has a letter;
+    /// only buttons alike share one.
+    static void isNamed(const QDialog& dialog) {
+        QHash<QKeySequence, QString> letters;
+        for (QWidget* control : dialog.findChildren<QWidget*>()) {
+            const bool own = !control->objectName().startsWith(QLatin1String("qt_"));  // no part of a toolkit's control
+            if (!own || !control->isVisible() || !(control->focusPolicy() & Qt::TabFocus)) {
+                continue;
+            }
+            const std::string place = dialog.objectName().toStdString() + "/" + control->objectName().toStdString() +
+                                      " " + control->metaObject()->className();
+            QAccessibleInterface* read = QAccessible::queryAccessibleInterface(control);
+            if (!read || read->text(QAccessible::Name).isEmpty()) {
+                failQt(place + " has no name");
+            }
+            if (const auto* button = qobject_cast<QPushButton*>(control);
+                button && !button->text().isEmpty() && !captioned(dialog, *button)) {
+                const QKeySequence letter = QKeySequence::mnemonic(button->text());
+                if (letter.isEmpty() || letters.value(letter, button->text()) != button->text()) {
+                    failQt(place + " has no letter of its own: " + button->text().toStdString());
+                }
+                letters.insert(letter, button->text());
+            }
+        }
+    }
+
     /// The modal window, or a dialog in front beside which the program goes on.
     static QDialog* front() {
         QWidget* modal = QApplication::activeModalWidget();
@@ -80,6 +115,9 @@ class DialogScript {
             steps_.pop_front();
             QDialog* const outer = std::exchange(handled_, dialog);
             fits(*dialog);
+            if (!dialog->objectName().isEmpty() && !dialog->objectName().startsWith(QLatin1String("Print"))) {
+                isNamed(*dialog);
+            }
             act(*dialog);
             handled_ = outer;
         } else if (++waited_ > kPatience) {

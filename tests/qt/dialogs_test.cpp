@@ -149,7 +149,7 @@ class DialogsTest : public WindowTest {
             program.dialogs.at(QStringLiteral("ViewScenarios"), [&row](QDialog& window) {
                 const Scenarios shown(window);
                 QCOMPARE(window.windowTitle(), QLatin1String(row.title));
-                QCOMPARE(shown.ok.text(), QLatin1String(row.button));
+                QCOMPARE(shown.ok.text(), QLatin1Char('&') + QLatin1String(row.button));
                 QCOMPARE(shown.name.text(), QLatin1String(row.name));
                 QCOMPARE(shown.ok.isEnabled(), !shown.name.text().isEmpty());
                 click(window, "CancelButton");

@@ -19,9 +19,10 @@ class NoteWindow : public FormWindow {
     explicit NoteWindow(testkit::Note& logic) : FormWindow(tr("Note"), logic, nullptr) {
         setObjectName(QStringLiteral("Note"));
         QLineEdit* text = newField(QStringLiteral("txtNote"), this);
+        text->setAccessibleName(tr("Note"));
         body().addWidget(text);
         connect(text, &QLineEdit::textChanged, this, [&logic] { logic.Saved = false; });
-        addOK(QStringLiteral("OK"), tr("OK"));
+        addOK(QStringLiteral("OK"), tr("&OK"));
         addCancel(QStringLiteral("Cancel"));
     }
 };

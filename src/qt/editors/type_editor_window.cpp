@@ -134,6 +134,7 @@ QWidget* TypeEditorWindow::newEditSide() {
         inner->addWidget(newDefinition());
     } else {
         auto* pages = new QTabWidget(editArea_);
+        pages->setAccessibleName(tr("Pages of the type"));
         pages->addTab(newDefinition(), tr("Definition"));
         sql_ = newBox("txtSQL", tr("SQL template"), this);
         sqlColouring_ = new KeywordColouring(*sql_);

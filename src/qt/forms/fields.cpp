@@ -39,6 +39,11 @@ QLabel* addField(QFormLayout& form, const QString& caption, QWidget* field) {
     return label;
 }
 
+QString withLetter(QString caption, QLatin1Char letter) {
+    const auto at = caption.indexOf(letter);
+    return at < 0 ? caption : caption.insert(at, QLatin1Char('&'));
+}
+
 QComboBox* newChoice(const QString& name, QWidget* parent) {
     auto* choice = new QComboBox(parent);
     choice->setObjectName(name);

@@ -17,6 +17,9 @@ QLabel* newCaption(const QString& caption, QWidget* parent);
 /// A row of a form. The caption's key leads to the field.
 QLabel* addField(QFormLayout& form, const QString& caption, QWidget* field);
 
+/// The caption with that letter as its key; a caption without the letter stays as it is.
+QString withLetter(QString caption, QLatin1Char letter);
+
 /// A text field of that object name.
 QLineEdit* newField(const QString& name, QWidget* parent);
 

@@ -24,6 +24,7 @@ class BodyArea : public QScrollArea {
     explicit BodyArea(QWidget* parent) : QScrollArea(parent) {
         setFrameShape(QFrame::NoFrame);
         setWidgetResizable(true);
+        setFocusPolicy(Qt::NoFocus);  // it follows the control that has the focus
         viewport()->setAutoFillBackground(false);
     }
     QSize sizeHint() const override { return widget()->sizeHint(); }

@@ -12,7 +12,7 @@ DBLoginWindow::DBLoginWindow(repository::frmDBLogin& logic, QWidget* parent)
     setObjectName(QStringLiteral("frmDBLogin"));
     txtUserName->setText(QString::fromStdString(logic.txtUserName));
     txtPassword->setText(QString::fromStdString(logic.txtPassword));
-    addAccept(QStringLiteral("cmdOK"), tr("OK"), [&logic] { return logic.cmdOK(); });
+    addAccept(QStringLiteral("cmdOK"), tr("&OK"), [&logic] { return logic.cmdOK(); });
     addCancel(QStringLiteral("cmdCancel"));
 
     connect(DSNNames, &QComboBox::currentIndexChanged, this, [&logic](int index) { logic.DSNIndex = index; });

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "qt/forms/fields.h"
 #include "qt/theme/icons.h"
 
 namespace orvent::qt {
@@ -14,11 +15,11 @@ ReposFormWindow::ReposFormWindow(repository::ReposForm& logic, QWidget* parent)
     setObjectName(QStringLiteral("ReposForm"));
     txtUserName->setText(QString::fromStdString(logic.txtUserName));
     txtPassword->setText(QString::fromStdString(logic.txtPassword));
-    addSideButton(QStringLiteral("TestConn"), tr("Test Connection"), [this, &logic] {
+    addSideButton(QStringLiteral("TestConn"), withLetter(tr("Test Connection"), QLatin1Char('T')), [this, &logic] {
         logic.TestConn();
         showStatus(logic.status);
     }).setIcon(icon(QStringLiteral("test-connection")));
-    addAccept(QStringLiteral("cmdOK"), tr("OK"), [this, &logic] {
+    addAccept(QStringLiteral("cmdOK"), tr("&OK"), [this, &logic] {
         const bool done = logic.cmdOK();
         showStatus(logic.status);
         return done;

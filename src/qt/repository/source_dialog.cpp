@@ -24,9 +24,9 @@ SourceDialog::SourceDialog(const QString& title, const QString& hint, const std:
     txtPassword->setEchoMode(QLineEdit::Password);
 
     QFormLayout* form = newForm();
-    form->addRow(newCaption(tr("Data source"), this), DSNNames);
-    form->addRow(newCaption(tr("User name"), this), txtUserName);
-    form->addRow(newCaption(tr("Password"), this), txtPassword);
+    addField(*form, tr("&Data source"), DSNNames);
+    addField(*form, tr("&User name"), txtUserName);
+    addField(*form, tr("&Password"), txtPassword);
     body().addWidget(newHint(hint, this));
     body().addSpacing(Spacing::gap);
     body().addLayout(form);

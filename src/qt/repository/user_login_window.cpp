@@ -20,7 +20,7 @@ UserLoginWindow::UserLoginWindow(repository::UserLogin& logic, QWidget* parent)
     txtRepos_->setFocusPolicy(Qt::ClickFocus);
     txtRepos_->setPlaceholderText(tr("No repository selected"));
     txtRepos_->addAction(icon(QStringLiteral("database")), QLineEdit::LeadingPosition);
-    changeRepos_ = new QPushButton(tr("Change…"), this);
+    changeRepos_ = new QPushButton(tr("C&hange…"), this);
     changeRepos_->setObjectName(QStringLiteral("ChangeRepos"));
     changeRepos_->setAutoDefault(false);
     txtUser_ = newField(QStringLiteral("txtUser"), this);
@@ -34,13 +34,13 @@ UserLoginWindow::UserLoginWindow(repository::UserLogin& logic, QWidget* parent)
     repository->addWidget(changeRepos_);
     QFormLayout* form = newForm();
     form->addRow(newCaption(tr("Repository"), this), repository);
-    form->addRow(newCaption(tr("User"), this), txtUser_);
+    addField(*form, tr("&User"), txtUser_);
 
     body().addWidget(newProgramHeader(tr("Logical design of ETL scenarios"), this));
     body().addSpacing(Spacing::section);
     body().addLayout(form);
     body().addStretch();
-    login_ = &addAccept(QStringLiteral("Login"), tr("Login"), [this] { return logic_.Login(); });
+    login_ = &addAccept(QStringLiteral("Login"), tr("&Login"), [this] { return logic_.Login(); });
     addCancel(QStringLiteral("cmdCancel"));
 
     connect(txtUser_, &QLineEdit::textChanged, this,

@@ -48,7 +48,7 @@ ViewScenariosWindow::ViewScenariosWindow(repository::ViewScenarios& logic, QWidg
     body().addSpacing(Spacing::gap);
     body().addWidget(lblScenarioName_);
     body().addWidget(txtScenarioName_);
-    ok_ = &addAccept(QStringLiteral("OKButton"), QString::fromStdString(logic_.OKCaption),
+    ok_ = &addAccept(QStringLiteral("OKButton"), QLatin1Char('&') + QString::fromStdString(logic_.OKCaption),
                      [this] { return logic_.OKButton(); });
     addCancel(QStringLiteral("CancelButton"));
     hint_ = &addNote(QStringLiteral("lblHint"));
@@ -69,6 +69,7 @@ ViewScenariosWindow::ViewScenariosWindow(repository::ViewScenarios& logic, QWidg
 void ViewScenariosWindow::buildList() {
     scenarioView_ = new HintList(tr("No scenarios saved yet"), this);
     scenarioView_->setObjectName(QStringLiteral("ScenarioView"));
+    scenarioView_->setAccessibleName(tr("Scenarios"));
     scenarioView_->setMinimumSize(kListSize);
     scenarioView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     scenarioView_->setContextMenuPolicy(Qt::CustomContextMenu);

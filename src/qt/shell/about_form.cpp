@@ -20,7 +20,7 @@ AboutForm::AboutForm(QWidget* parent) : FormWindow(tr("About ORVENT II"), parent
     body().addWidget(newHint(tr("Free software under the MIT licence."), this));
     body().addStretch();
     setMinimumWidth(kWidth);
-    addAccept(QStringLiteral("cmdOK"), tr("OK"), [] { return true; });
+    addAccept(QStringLiteral("cmdOK"), tr("&OK"), [] { return true; });
 }
 
 }  // namespace orvent::qt

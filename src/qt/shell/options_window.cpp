@@ -39,9 +39,10 @@ OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
     buildZoom();
     buildRest();
     logic_.show = [this] { showState(); };
-    addSideButton(QStringLiteral("butDefault"), tr("Default"), [this] { logic_.butDefault(); });
-    addSideButton(QStringLiteral("butAplly"), tr("Apply"), [this] { logic_.butAplly(); });
-    addAccept(QStringLiteral("butOK"), tr("OK"), [this] { return logic_.butOK(); });
+    addSideButton(QStringLiteral("butDefault"), withLetter(tr("Default"), QLatin1Char('D')),
+                  [this] { logic_.butDefault(); });
+    addSideButton(QStringLiteral("butAplly"), withLetter(tr("Apply"), QLatin1Char('A')), [this] { logic_.butAplly(); });
+    addAccept(QStringLiteral("butOK"), tr("&OK"), [this] { return logic_.butOK(); });
     addCancel(QStringLiteral("butCancel"));
     showState();
     numbers_[7]->setFocus();
@@ -116,7 +117,7 @@ void OptionsWindow::buildRest() {
         logic_.chooseColour();
         showState();
     });
-    form->addRow(newCaption(tr("Selected Node Applied Color:"), this), lblColor_);
+    addField(*form, tr("Selected Node Applied Color:"), lblColor_);
 
     auto* row = new QHBoxLayout;
     txtSQL_ = newField(QStringLiteral("txtSQL"), this);
@@ -130,6 +131,7 @@ void OptionsWindow::buildRest() {
     auto* open = new QPushButton(icon(QStringLiteral("open")), QString(), this);
     open->setObjectName(QStringLiteral("SqlOpen"));
     open->setToolTip(tr("Choose a file"));
+    open->setAccessibleName(open->toolTip());
     open->setAutoDefault(false);
     connect(open, &QPushButton::clicked, this, [this] {
         logic_.SqlOpen();
@@ -137,7 +139,9 @@ void OptionsWindow::buildRest() {
     });
     row->addWidget(txtSQL_, 1);
     row->addWidget(open);
-    form->addRow(newCaption(tr("Repository's Creation SQL File:"), this), row);
+    QLabel* caption = newCaption(tr("Repository's Creation SQL File:"), this);
+    caption->setBuddy(txtSQL_);
+    form->addRow(caption, row);
     body().addLayout(form);
 }
 

@@ -85,7 +85,7 @@ ShortcutsForm::ShortcutsForm(QWidget* parent) : FormWindow(tr("Keyboard Shortcut
         }
     }
     body().addLayout(columns);
-    addAccept(QStringLiteral("cmdOK"), tr("OK"), [] { return true; });
+    addAccept(QStringLiteral("cmdOK"), tr("&OK"), [] { return true; });
 }
 
 }  // namespace orvent::qt

@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "qt/forms/fields.h"
 #include "qt/statements/guide.h"
 #include "qt/statements/template_box.h"
 #include "qt/statements/text_pair.h"
@@ -56,14 +57,14 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
     body().addLayout(sides, 1);
     whyNotOK_ = &addNote(QStringLiteral("whyNotOK"));
     whyNotOK_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    cmdOK_ = &addAccept(QStringLiteral("cmdOK"), tr("OK"), [this] {
+    cmdOK_ = &addAccept(QStringLiteral("cmdOK"), tr("&OK"), [this] {
         logic_.cmdOK();
         showState();
         return !logic_.isOpen();
     });
     addCancel(QStringLiteral("cmdCancel"));
     if (!logic_.roundText().empty()) {
-        addSideButton(QStringLiteral("cmdLeaveRest"), tr("Leave The Rest"), [this] {
+        addSideButton(QStringLiteral("cmdLeaveRest"), tr("&Leave The Rest"), [this] {
             logic_.cmdLeaveRest();
             reject();
         });
@@ -125,7 +126,7 @@ QWidget* LDLFormWindow::newChoices(QWidget* side) {
         logic_.setWholeNumbers(on);
         showState();
     });
-    editTemplate_ = new QPushButton(tr("Edit Template"), row);
+    editTemplate_ = new QPushButton(tr("&Edit Template"), row);
     editTemplate_->setObjectName(QStringLiteral("cmdEditTemplate"));
     editTemplate_->setAutoDefault(false);
     editTemplate_->setToolTip(tr("Gives the template back to be edited; what was defined is lost."));
@@ -149,12 +150,12 @@ QWidget* LDLFormWindow::newTemplateSide() {
     auto* stages = new QHBoxLayout;
     stages->setSpacing(Spacing::gap);
     stages->addWidget(
-        newButton(LDLButton::cmdParseLDL, "cmdParseLDL", statements::kParseCaption, &LDLForm::cmdParseLDL), 1);
+        newButton(LDLButton::cmdParseLDL, "cmdParseLDL", statements::kParseCaption, 'P', &LDLForm::cmdParseLDL), 1);
+    stages->addWidget(newButton(LDLButton::cmdGenerateLDL, "cmdGenerateLDL", statements::kGenerateCaption, 'G',
+                                &LDLForm::cmdGenerateLDL),
+                      1);
     stages->addWidget(
-        newButton(LDLButton::cmdGenerateLDL, "cmdGenerateLDL", statements::kGenerateCaption, &LDLForm::cmdGenerateLDL),
-        1);
-    stages->addWidget(
-        newButton(LDLButton::cmdCreateAct, "cmdCreateAct", statements::kCreateCaption, &LDLForm::cmdCreateAct), 1);
+        newButton(LDLButton::cmdCreateAct, "cmdCreateAct", statements::kCreateCaption, 'A', &LDLForm::cmdCreateAct), 1);
 
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins({});
@@ -177,9 +178,9 @@ QWidget* LDLFormWindow::newVariableSide() {
     place_->setFixedHeight(kButtonHeight);
     auto* columns = new QHBoxLayout(steps_);
     columns->setContentsMargins({});
-    columns->addWidget(newButton(LDLButton::cmdPrev, "cmdPrev", statements::kPrevCaption, &LDLForm::cmdPrev), 1);
+    columns->addWidget(newButton(LDLButton::cmdPrev, "cmdPrev", statements::kPrevCaption, 'r', &LDLForm::cmdPrev), 1);
     columns->addWidget(place_, 1, Qt::AlignTop);
-    columns->addWidget(newButton(LDLButton::cmdNext, "cmdNext", statements::kNextCaption, &LDLForm::cmdNext), 1);
+    columns->addWidget(newButton(LDLButton::cmdNext, "cmdNext", statements::kNextCaption, 'N', &LDLForm::cmdNext), 1);
     auto* rows = new QVBoxLayout(side);
     rows->setContentsMargins({});
     rows->setSpacing(Spacing::margin);
@@ -187,6 +188,7 @@ QWidget* LDLFormWindow::newVariableSide() {
     auto* room = new QScrollArea(side);
     room->setFrameShape(QFrame::NoFrame);
     room->setWidgetResizable(true);
+    room->setFocusPolicy(Qt::NoFocus);
     room->viewport()->setAutoFillBackground(false);
     panel_->setAutoFillBackground(false);
     room->setWidget(panel_);
@@ -195,8 +197,9 @@ QWidget* LDLFormWindow::newVariableSide() {
     return side;
 }
 
-GuidedButton* LDLFormWindow::newButton(LDLButton which, const char* name, const char* caption, Event step) {
-    auto* button = new GuidedButton(QLatin1String(name), QLatin1String(caption), this);
+GuidedButton* LDLFormWindow::newButton(LDLButton which, const char* name, const char* caption, char letter,
+                                       Event step) {
+    auto* button = new GuidedButton(QLatin1String(name), withLetter(QLatin1String(caption), QLatin1Char(letter)), this);
     connect(&button->button(), &QPushButton::clicked, this, [this, step] { act(step); });
     guided_.push_back({which, button});
     return button;

@@ -34,7 +34,8 @@ class LDLFormWindow : public FormWindow {
     QWidget* newTexts(QWidget* side);
     QWidget* newChoices(QWidget* side);
     QWidget* newVariableSide();
-    GuidedButton* newButton(statements::LDLButton which, const char* name, const char* caption, Event handler);
+    GuidedButton* newButton(statements::LDLButton which, const char* name, const char* caption, char letter,
+                            Event handler);
     QString reason(statements::LDLButton which) const;
     void act(Event handler);
     void showState();

@@ -23,6 +23,7 @@ UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedState
     words->setWordWrap(true);
     body().addWidget(words);
     list_->setObjectName(QStringLiteral("unfinished"));
+    list_->setAccessibleName(tr("Activities"));
     list_->setHeaderHidden(true);
     list_->setColumnCount(2);
     list_->setRootIsDecorated(false);
@@ -37,11 +38,11 @@ UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedState
     list_->setCurrentItem(list_->topLevelItem(0));
     body().addWidget(list_, 1);
     connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { press(); });
-    addAccept(QStringLiteral("cmdGoTo"), tr("Go To Activity"), [this] {
+    addAccept(QStringLiteral("cmdGoTo"), tr("&Go To Activity"), [this] {
         chosen_ = list_->currentItem()->text(0).toStdString();
         return true;
     });
-    addCancel(QStringLiteral("cmdClose")).setText(tr("Close"));
+    addCancel(QStringLiteral("cmdClose")).setText(tr("&Close"));
     resize(kSize);
 }
 
