@@ -531,7 +531,7 @@ TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
     AttributeProperties& output = *dialog->tempProp->Act_Outputs->Item("Old");
     ParameterProperties& parameter = *dialog->tempProp->Act_Parameters->Item("Old");
     const struct {
-        void (SetActProp::*send)(int);
+        void (SetActProp_Functions::*send)(int);
         std::int16_t& type;
         const char* taken;
     } rows[] = {
