@@ -21,6 +21,12 @@ function(orvent_options target)
   endif()
 endfunction()
 
+# Sources of a room are compiled several in one go: the headers they share are most of the work. So names of a file's own
+# (in its unnamed namespace) are unique in their room.
+function(orvent_together target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+endfunction()
+
 function(orvent_room name)
   file(GLOB sources CONFIGURE_DEPENDS ${ORVENT_ROOT}/src/${name}/*.cpp)
   add_library(orvent_${name} STATIC ${sources})
@@ -29,6 +35,7 @@ function(orvent_room name)
   list(TRANSFORM ARGN PREPEND orvent_)
   target_link_libraries(orvent_${name} PUBLIC ${ARGN})
   orvent_options(orvent_${name})
+  orvent_together(orvent_${name})
 endfunction()
 
 # The rooms of the logic from the bottom of the house to its top; an arrow may only run down.

@@ -8,13 +8,13 @@ namespace {
 
 using enum MenuAction;
 
-constexpr std::array kRecordSet = {
+constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetPropertiesM", "Properties", properties, {}, true, {}},
     ContextItem{"RecordSetNotReadyM", "Mark As Not Ready", notReady},
     ContextItem{"RecordSetDeleteM", "Delete", deleteNodes, NodeTypeRecordSet},
 };
 
-constexpr std::array kActivity = {
+constexpr std::array kActivityMenu = {
     ContextItem{"ActivityPropertiesM", "Properties", properties, {}, true, {}},
     ContextItem{"ActivityZoomM", "Zoom", zoom},
     ContextItem{"ActivityNotReadyM", "Mark As Not Ready", notReady},
@@ -22,11 +22,11 @@ constexpr std::array kActivity = {
     ContextItem{"ActivityDeleteM", "Delete", deleteNodes, NodeTypeActivity},
 };
 
-constexpr std::array kComment = {
+constexpr std::array kCommentMenu = {
     ContextItem{"CommentDeleteM", "Delete", deleteNodes, NodeTypeComment},
 };
 
-constexpr std::array kLog = {
+constexpr std::array kLogMenu = {
     ContextItem{"LogDeleteM", "Delete", deleteNodes, NodeTypeLog},
 };
 
@@ -45,10 +45,10 @@ constexpr std::array kEdges = {
 constexpr ContextMenu kEdgesMenu{"EdgesM", kEdges};
 
 constexpr std::array kDesignMenus = {
-    ContextMenu{"RecordSetM", kRecordSet},
-    ContextMenu{"ActivityM", kActivity},
-    ContextMenu{"CommentM", kComment},
-    ContextMenu{"LogM", kLog},
+    ContextMenu{"RecordSetM", kRecordSetMenu},
+    ContextMenu{"ActivityM", kActivityMenu},
+    ContextMenu{"CommentM", kCommentMenu},
+    ContextMenu{"LogM", kLogMenu},
     kEdgesMenu,
 };
 

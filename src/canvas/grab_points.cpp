@@ -25,7 +25,7 @@ constexpr std::array<GrabRow, 4> kOrdinary = {{
     {0.5F, 1.0F, 0, kClearance, "ArrowU"},
 }};
 
-constexpr std::array<GrabRow, 5> kActivity = {{
+constexpr std::array<GrabRow, 5> kActivityGrabs = {{
     {0.0F, 1.0F / 3, -kClearance, 0, "ArrowR"},
     {0.0F, 2.0F / 3, -kClearance, 0, "ArrowR"},
     {0.5F, 0.25F, kClearance, 0, "ArrowD"},
@@ -35,7 +35,7 @@ constexpr std::array<GrabRow, 5> kActivity = {{
 
 const GrabRow* grabRow(NodeTypeCode nodeType, int point) {
     if (nodeType == NodeTypeActivity) {
-        return point >= 1 && point <= 5 ? &kActivity[static_cast<std::size_t>(point - 1)] : nullptr;
+        return point >= 1 && point <= 5 ? &kActivityGrabs[static_cast<std::size_t>(point - 1)] : nullptr;
     }
     return point >= 1 && point <= 4 ? &kOrdinary[static_cast<std::size_t>(point - 1)] : nullptr;
 }

@@ -31,7 +31,7 @@ constexpr std::array<ItemCheck, 5> kFunctionChecks = {{
     {ItemFault::namedAsType, "THE FUNCTION'S NAME AND THE FUNCTION TYPE's NAME \nCAN NOT BE THE SAME!"},
 }};
 
-const std::array<ItemWords, 4> kWords = {{
+const std::array<ItemWords, 4> kItemWords = {{
     {canvas::NodeTypeAttribute, "AttributeProp", "Attribute Properties", "txtAttributeName", "DataTypes",
      &CatalogueTables::dataTypes, true, kItemChecks},
     {canvas::NodeTypeParameter, "ParameterProp", "Parameter Properties", "txtParamName", "DataTypes",
@@ -43,7 +43,7 @@ const std::array<ItemWords, 4> kWords = {{
 }};
 
 const ItemWords* wordsOf(const LabelsD& node) {
-    for (const ItemWords& row : kWords) {
+    for (const ItemWords& row : kItemWords) {
         if (row.nodeType == node.NodeType()) {
             return &row;
         }

@@ -16,7 +16,7 @@ constexpr std::array<TypeListWords, 3> kActivityLists = {{
 }};
 
 /// By `TypeKind`.
-const std::array<TypeWords, 3> kWords = {{
+const std::array<TypeWords, 3> kTypeWords = {{
     {"DBDataTypes",
      "DataTypes",
      "txtDataTypeName",
@@ -55,7 +55,7 @@ const std::array<TypeWords, 3> kWords = {{
 }  // namespace
 
 const TypeWords& typeWords(TypeKind kind) {
-    return kWords[static_cast<std::size_t>(kind)];
+    return kTypeWords[static_cast<std::size_t>(kind)];
 }
 
 }  // namespace orvent::editors

@@ -7,8 +7,6 @@
 
 namespace orvent::forms {
 
-using Kind = ListChange::Kind;
-
 const ListRow* List::Item(int position) const {
     return holds(position) ? rows_[index(position)].get() : nullptr;
 }
@@ -52,7 +50,7 @@ void List::tell(const ListChange& change, const std::function<void()>& act) {
 int List::add(ListRow row, int position) {
     clearHint();
     const int at = holds(position) ? position : Count() + 1;
-    tell({Kind::inserted, at}, [&] {
+    tell({ListChange::Kind::inserted, at}, [&] {
         auto held = std::make_unique<Held>(std::move(row));
         held->place = at;
         byKey_.emplace(held->Key, held.get());
@@ -71,7 +69,7 @@ void List::remove(int position) {
     if (!holds(position)) {
         return;
     }
-    tell({Kind::removed, position}, [&] {
+    tell({ListChange::Kind::removed, position}, [&] {
         unlist(*rows_[index(position)]);
         rows_.erase(index(position));
         shiftSelection([position](int each) { return each == position ? 0 : each > position ? each - 1 : each; });
@@ -82,7 +80,7 @@ void List::move(int from, int to) {
     if (!holds(from) || !holds(to) || from == to) {
         return;
     }
-    tell({Kind::moved, from, to}, [&] {
+    tell({ListChange::Kind::moved, from, to}, [&] {
         rows_.move(index(from), index(to));
         rows_[index(to)]->place = to;
         shiftSelection([from, to](int each) {
@@ -99,7 +97,7 @@ void List::alter(int position, const std::function<void(ListRow&)>& change) {
     if (!holds(position)) {
         return;
     }
-    tell({Kind::altered, position}, [&] {
+    tell({ListChange::Kind::altered, position}, [&] {
         Held& row = *rows_[index(position)];
         unlist(row);
         change(row);
@@ -112,7 +110,7 @@ void List::setText(int position, const std::string& text) {
 }
 
 void List::Clear() {
-    tell({Kind::reset}, [this] {
+    tell({ListChange::Kind::reset}, [this] {
         rows_.clear();
         byKey_.clear();
         selection_.clear();
@@ -123,7 +121,7 @@ void List::Clear() {
 
 void List::rebuild(const std::function<void()>& changes) {
     assert(!quiet_);
-    tell({Kind::reset}, [&] {
+    tell({ListChange::Kind::reset}, [&] {
         quiet_ = true;
         changes();
         quiet_ = false;
@@ -162,7 +160,7 @@ void List::select(std::vector<int> positions, int current) {
     if (positions == selection_ && now == current_) {
         return;
     }
-    tell({Kind::selected, now}, [&] {
+    tell({ListChange::Kind::selected, now}, [&] {
         selection_ = std::move(positions);
         current_ = now;
     });
@@ -178,14 +176,14 @@ void List::shiftSelection(const std::function<int(int)>& where) {
 }
 
 void List::showHint(std::string text) {
-    tell({Kind::reset}, [&] { hint_ = std::move(text); });
+    tell({ListChange::Kind::reset}, [&] { hint_ = std::move(text); });
 }
 
 bool List::clearHint() {
     if (!hint_) {
         return false;
     }
-    tell({Kind::reset}, [this] { hint_.reset(); });
+    tell({ListChange::Kind::reset}, [this] { hint_.reset(); });
     return true;
 }
 

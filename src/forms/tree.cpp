@@ -5,8 +5,6 @@
 
 namespace orvent::forms {
 
-using Kind = TreeChange::Kind;
-
 Tree::Node* Tree::find(const std::string& Key) const {
     const auto entry = byKey_.find(Key);
     return entry == byKey_.end() ? nullptr : entry->second;
@@ -29,7 +27,7 @@ Tree::Node& Tree::add(TreeNode value, Node* parent) {
     std::unique_ptr<Node> held(new Node(std::move(value), parent));
     Node& node = *held;
     node.position_ = position;
-    tell({Kind::inserted, parent, position}, [&] {
+    tell({TreeChange::Kind::inserted, parent, position}, [&] {
         byKey_.emplace(node.Key, &node);
         siblings.push_back(std::move(held));
         if (parent && node.Checked) {
@@ -51,7 +49,7 @@ void Tree::remove(Node& node) {
     Node* const parent = node.parent_;
     std::vector<std::unique_ptr<Node>>& siblings = parent ? parent->children_ : roots_;
     const int position = node.position_;
-    tell({Kind::removed, parent, position}, [&] {
+    tell({TreeChange::Kind::removed, parent, position}, [&] {
         unlist(node);
         if (parent && node.Checked) {
             --parent->checkedChildren_;
@@ -62,7 +60,7 @@ void Tree::remove(Node& node) {
 }
 
 void Tree::alter(Node& node, const std::function<void(TreeNode&)>& change) {
-    tell({Kind::altered, node.parent_, node.position_}, [&] {
+    tell({TreeChange::Kind::altered, node.parent_, node.position_}, [&] {
         const bool before = node.Checked;
         change(node);
         if (node.parent_) {
@@ -72,7 +70,7 @@ void Tree::alter(Node& node, const std::function<void(TreeNode&)>& change) {
 }
 
 void Tree::Clear() {
-    tell({Kind::reset}, [this] {
+    tell({TreeChange::Kind::reset}, [this] {
         roots_.clear();
         byKey_.clear();
     });
@@ -80,7 +78,7 @@ void Tree::Clear() {
 
 void Tree::rebuild(const std::function<void()>& changes) {
     assert(!quiet_);
-    tell({Kind::reset}, [&] {
+    tell({TreeChange::Kind::reset}, [&] {
         quiet_ = true;
         changes();
         quiet_ = false;

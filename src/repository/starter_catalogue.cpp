@@ -22,7 +22,7 @@ struct CatalogueTable {
     std::string_view owner;
 };
 
-constexpr std::array<CatalogueTable, 6> kTables = {{
+constexpr std::array<CatalogueTable, 6> kCatalogueTables = {{
     {"DataTypes", "DataTypes"},
     {"FunctionTypes", "FunctionTypes"},
     {"FunctionTypesParams", "FunctionTypes"},
@@ -53,7 +53,7 @@ std::optional<TypeRow> typeRow(const std::string& statement) {
     }
     at += kInsert.size();
     const std::string table = upTo(statement, " (", at);
-    for (const CatalogueTable& known : kTables) {
+    for (const CatalogueTable& known : kCatalogueTables) {
         if (platform::equalIgnoringCase(table, known.table)) {
             upTo(statement, "'", at);
             return TypeRow{&known, upTo(statement, "'", at)};

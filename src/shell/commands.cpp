@@ -13,10 +13,10 @@ using enum Command;
 using canvas::WindowKind;
 using canvas::WindowKinds;
 
-constexpr WindowKinds always = canvas::kEveryWindow;
+constexpr WindowKinds anyWindow = canvas::kEveryWindow;
 constexpr WindowKinds withoutWindow(WindowKind::none);
-constexpr WindowKinds inDesign(WindowKind::design);
-constexpr WindowKinds inZoom(WindowKind::zoom);
+constexpr WindowKinds designWindow(WindowKind::design);
+constexpr WindowKinds zoomWindow(WindowKind::zoom);
 constexpr WindowKinds withWindow(WindowKind::design, WindowKind::zoom);
 
 constexpr MenuItem item(std::string_view name, std::string_view caption, Command command, WindowKinds windows,
@@ -29,30 +29,30 @@ constexpr MenuItem separator(WindowKinds windows) {
 }
 
 constexpr std::array kFile = {
-    item("NewScenarioM", "New Scenario", newScenario, always, "new", "Ctrl+N"),
-    item("LoadScenarioM", "Load Scenario", loadScenario, always, "open", "Ctrl+O"),
-    item("SaveScenarioM", "Save Scenario", saveScenario, inDesign, "save", "Ctrl+S"),
-    item("SaveScenarioAsM", "Save Scenario As", saveScenarioAs, inDesign, "save-as", "Ctrl+Shift+S"),
-    item("SaveChangesM", "Save Changes", saveScenario, inZoom, "save", "Ctrl+S"),
-    item("DeleteScenarioM", "Delete Scenario", deleteScenario, always, "delete", ""),
+    item("NewScenarioM", "New Scenario", newScenario, anyWindow, "new", "Ctrl+N"),
+    item("LoadScenarioM", "Load Scenario", loadScenario, anyWindow, "open", "Ctrl+O"),
+    item("SaveScenarioM", "Save Scenario", saveScenario, designWindow, "save", "Ctrl+S"),
+    item("SaveScenarioAsM", "Save Scenario As", saveScenarioAs, designWindow, "save-as", "Ctrl+Shift+S"),
+    item("SaveChangesM", "Save Changes", saveScenario, zoomWindow, "save", "Ctrl+S"),
+    item("DeleteScenarioM", "Delete Scenario", deleteScenario, anyWindow, "delete", ""),
     separator(withWindow),
-    item("PrintScenarioM", "Print Scenario", printScenario, inDesign, "print", "Ctrl+P"),
-    item("PrintZoomM", "Print Zoom", printScenario, inZoom, "print", "Ctrl+P"),
+    item("PrintScenarioM", "Print Scenario", printScenario, designWindow, "print", "Ctrl+P"),
+    item("PrintZoomM", "Print Zoom", printScenario, zoomWindow, "print", "Ctrl+P"),
     item("PrintPreviewM", "Print Preview", printPreview, withWindow, "", "Ctrl+Shift+P"),
-    item("ExportTxtM", "Export To Text", exportText, inDesign, "export-text", "Ctrl+E"),
+    item("ExportTxtM", "Export To Text", exportText, designWindow, "export-text", "Ctrl+E"),
     separator(withWindow),
-    item("CloseScenarioM", "Close Scenario", closeScenario, inDesign, "close", "Ctrl+W"),
-    item("CloseZoomingM", "Close Zooming", closeScenario, inZoom, "close", "Ctrl+W"),
+    item("CloseScenarioM", "Close Scenario", closeScenario, designWindow, "close", "Ctrl+W"),
+    item("CloseZoomingM", "Close Zooming", closeScenario, zoomWindow, "close", "Ctrl+W"),
     separator(withoutWindow),
     item("LoginM", "Login", login, withoutWindow, "login", ""),
 };
 
 constexpr std::array kRelationships = {
-    item("ViewPartOfM", "Part Of", viewPartOf, inZoom, "", ""),
-    item("ViewInstanceOfM", "Instance Of", viewInstanceOf, inZoom, "", ""),
-    item("ViewRegulatorM", "Regulator", viewRegulator, inZoom, "", ""),
-    item("ViewProviderM", "Provider", viewProvider, inZoom, "", ""),
-    item("ViewDerivedM", "Derived", viewDerived, inZoom, "", ""),
+    item("ViewPartOfM", "Part Of", viewPartOf, zoomWindow, "", ""),
+    item("ViewInstanceOfM", "Instance Of", viewInstanceOf, zoomWindow, "", ""),
+    item("ViewRegulatorM", "Regulator", viewRegulator, zoomWindow, "", ""),
+    item("ViewProviderM", "Provider", viewProvider, zoomWindow, "", ""),
+    item("ViewDerivedM", "Derived", viewDerived, zoomWindow, "", ""),
 };
 
 constexpr std::array kView = {
@@ -62,39 +62,39 @@ constexpr std::array kView = {
     item("ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"),
     separator(withWindow),
     item("SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"),
-    separator(inDesign),
-    item("ColourByMetricM", "Colour By Metric", colourByMetric, inDesign, "", ""),
-    separator(inZoom),
-    MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, inZoom},
-    item("ViewAttributesM", "Attributes", viewAttributes, inZoom, "", ""),
-    separator(inZoom),
-    item("MakeRoomM", "Make Room", makeRoom, inZoom, "", ""),
-    item("LightPathsM", "Light Paths", lightPaths, inZoom, "", ""),
-    item("LegendM", "Legend", legend, inZoom, "", ""),
+    separator(designWindow),
+    item("ColourByMetricM", "Colour By Metric", colourByMetric, designWindow, "", ""),
+    separator(zoomWindow),
+    MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, zoomWindow},
+    item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", ""),
+    separator(zoomWindow),
+    item("MakeRoomM", "Make Room", makeRoom, zoomWindow, "", ""),
+    item("LightPathsM", "Light Paths", lightPaths, zoomWindow, "", ""),
+    item("LegendM", "Legend", legend, zoomWindow, "", ""),
 };
 
 constexpr std::array kZoom = {
     item("ZoomInM", "Zoom In", zoomIn, withWindow, "zoom-in", ""),
     item("ZoomOutM", "Zoom Out", zoomOut, withWindow, "zoom-out", ""),
-    separator(inDesign),
-    item("ActivityZoomM", "Activity Zoom", activityZoom, inDesign, "activity-zoom", "Alt+Return"),
+    separator(designWindow),
+    item("ActivityZoomM", "Activity Zoom", activityZoom, designWindow, "activity-zoom", "Alt+Return"),
 };
 
 constexpr std::array kTypes = {
-    item("ShowDataTypesM", "Show Data Types", showDataTypes, always, "", ""),
-    item("ShowFunctionTypesM", "Show Function Types", showFunctionTypes, always, "", ""),
-    item("ShowActivityTypesM", "Show Activity Types", showActivityTypes, always, "", ""),
+    item("ShowDataTypesM", "Show Data Types", showDataTypes, anyWindow, "", ""),
+    item("ShowFunctionTypesM", "Show Function Types", showFunctionTypes, anyWindow, "", ""),
+    item("ShowActivityTypesM", "Show Activity Types", showActivityTypes, anyWindow, "", ""),
 };
 
 constexpr std::array kTest = {
-    item("LoadTestGraph", "Load Test Graph", loadTestGraph, always, "scenario", "Ctrl+T"),
+    item("LoadTestGraph", "Load Test Graph", loadTestGraph, anyWindow, "scenario", "Ctrl+T"),
 };
 
 constexpr std::array kHelp = {
-    item("HelpETLM", "Help In ORVENT II", help, always, "help", "F1"),
-    item("HelpShortcutsM", "Keyboard Shortcuts", shortcuts, always, "", "Ctrl+F1"),
-    separator(always),
-    item("HelpAboutM", "About ORVENT II", about, always, "about", ""),
+    item("HelpETLM", "Help In ORVENT II", help, anyWindow, "help", "F1"),
+    item("HelpShortcutsM", "Keyboard Shortcuts", shortcuts, anyWindow, "", "Ctrl+F1"),
+    separator(anyWindow),
+    item("HelpAboutM", "About ORVENT II", about, anyWindow, "about", ""),
 };
 
 constexpr std::array kMenus = {
@@ -127,7 +127,7 @@ constexpr std::array kVertical = {
     ButtonGroup{"Metrics", kMetrics},
 };
 
-constexpr std::array<Command, kMenuBarButtons> kMenuBar = {newScenario, loadScenario, saveScenario, printScenario,
+constexpr std::array<Command, kMenuBarButtons> kMenuBarCommands = {newScenario, loadScenario, saveScenario, printScenario,
                                                            undo};
 
 constexpr std::array kHandyKeys = {
@@ -159,7 +159,7 @@ std::span<const ButtonGroup> verticalMenu() {
 }
 
 std::span<const Command> menuBarCommands() {
-    return kMenuBar;
+    return kMenuBarCommands;
 }
 
 std::vector<CommandKeys> commandKeys() {

@@ -23,19 +23,6 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-/// When a command can be chosen.
-enum class When {
-    always,
-    inWindow,   ///< a window with a canvas is in front, and no dialog of it is open
-    inDesign,   ///< the same, and it is a design window
-    inZoom,     ///< likewise a zoom view
-    withSave,   ///< the same, and the button of `MenuBar` is on
-    withPrint,  ///< likewise
-    withUndo,   ///< the button of `MenuBar` is on
-    withoutWindows
-};
-using enum When;
-
 template <class Form>
 void tell(FrameHost& host) {
     Form form;
@@ -45,6 +32,18 @@ void tell(FrameHost& host) {
 }  // namespace
 
 struct MDIForm1::CommandRow {
+    /// When a command can be chosen.
+    enum class When {
+        always,
+        inWindow,   ///< a window with a canvas is in front, and no dialog of it is open
+        inDesign,   ///< the same, and it is a design window
+        inZoom,     ///< likewise a zoom view
+        withSave,   ///< the same, and the button of `MenuBar` is on
+        withPrint,  ///< likewise
+        withUndo,   ///< the button of `MenuBar` is on
+        withoutWindows
+    };
+
     Command command;
     When when;
     void (*run)(MDIForm1&);
@@ -53,6 +52,7 @@ struct MDIForm1::CommandRow {
 
 struct MDIForm1::CommandTable {
     using Mode = repository::ViewScenarios::Mode;
+    using enum CommandRow::When;
 
     static constexpr std::array<CommandRow, kCommands> rows = {{
         {Command::newScenario, always,
@@ -135,6 +135,7 @@ void MDIForm1::run(Command command) {
 }
 
 bool MDIForm1::isEnabled(Command command) const {
+    using enum CommandRow::When;
     switch (commandRows()[static_cast<std::size_t>(command)].when) {
         case always:
             return true;

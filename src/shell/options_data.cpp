@@ -13,7 +13,7 @@ namespace orvent::shell {
 namespace {
 
 constexpr const char* kScript = "\\ORVENTII.sql";
-constexpr const char* kHelp = "\\ORVENTII.chm";
+constexpr const char* kHelpFile = "\\ORVENTII.chm";
 
 /// Reads numbers of the store and remembers the first one that is none.
 class NumberReader {
@@ -66,7 +66,7 @@ void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store) {
 }
 
 std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, const platform::ProgramFolder& folder) {
-    options.HelpFile = folder.path(kHelp);
+    options.HelpFile = folder.path(kHelpFile);
     options.DefaultScript = folder.path(kScript);
 
     repository::LoginValues& login = options.repository.login;

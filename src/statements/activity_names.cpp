@@ -8,13 +8,12 @@
 #include "platform/fault.h"
 #include "platform/text.h"
 #include "statements/ldl_generator.h"
+#include "statements/no_place.h"
 #include "statements/replace_all.h"
 
 namespace orvent::statements {
 
 namespace {
-
-constexpr std::size_t kNone = std::string_view::npos;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';

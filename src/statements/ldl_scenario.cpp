@@ -10,7 +10,7 @@ namespace orvent::statements {
 
 namespace {
 
-constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kCrLf = "\r\n";
 
 /// The wizard takes its template from the activity's type; without one there is nothing to ask.
 bool isToBeAsked(const canvas::LabelsD& node) {
@@ -53,7 +53,7 @@ void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
                 wizard_->LDLCreate(form, *activity, nullptr, &round);
             }
         }
-        form.txtLDL.append(activity->Act_LDL).append(kLineEnd).append(kLineEnd);
+        form.txtLDL.append(activity->Act_LDL).append(kCrLf).append(kCrLf);
     }
 }
 
@@ -85,10 +85,10 @@ void LDLScenarioWriter::LDLScenario(canvas::DrawForm& form) {
     try {
         gatherStatements(form);
         form.txtLDL += ScenarioLinkRules(form);
-        platform::writeFile(folder_.file("\\LDLS\\", form.Caption(), ".ldl"), form.txtLDL + kLineEnd);
+        platform::writeFile(folder_.file("\\LDLS\\", form.Caption(), ".ldl"), form.txtLDL + kCrLf);
         form.txtLDL.clear();
     } catch (const platform::Fault& fault) {
-        messages_.tell(std::string("Could Not Write To The File!") + kLineEnd + fault.description(), {},
+        messages_.tell(std::string("Could Not Write To The File!") + kCrLf + fault.description(), {},
                        platform::Icon::critical);
         return;
     }

@@ -9,6 +9,7 @@
 #include "platform/text.h"
 #include "statements/ldl_generator.h"
 #include "statements/loop_spans.h"
+#include "statements/no_place.h"
 #include "statements/replace_all.h"
 
 namespace orvent::statements {
@@ -16,11 +17,6 @@ namespace orvent::statements {
 using platform::Fault;
 
 namespace {
-
-constexpr std::size_t kNone = std::string_view::npos;
-
-/// Where a text is met that the quick way cannot tell; the pass starts over in the plain way.
-struct NotSimple {};
 
 /// A fault with the position at which it came, in characters from 1.
 struct FaultAt {

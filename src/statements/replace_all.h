@@ -22,6 +22,9 @@ class WorkLimit {
     std::size_t left_ = 100 * kMostCharacters;
 };
 
+/// Thrown where a pass meets a text that its quick way cannot tell; the pass starts over in the plain way.
+struct NotSimple {};
+
 /// Replaces every occurrence of `from`, which is not empty, from left to right. A result beyond `kMostCharacters` is a
 /// `Fault` and changes nothing.
 void replaceAll(std::string& text, std::string_view from, std::string_view to, WorkLimit& limit);

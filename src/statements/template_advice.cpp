@@ -5,13 +5,13 @@
 
 #include "platform/text.h"
 #include "statements/activity_builder.h"
+#include "statements/no_place.h"
 
 namespace orvent::statements {
 
 namespace {
 
 constexpr int kFirstCut = 10;  // the first number that holds another one as its head
-constexpr std::size_t kNone = std::string::npos;
 
 bool holds(const std::string& text, const std::string& part) {
     return text.find(part) != kNone;

@@ -5,12 +5,11 @@
 #include <vector>
 
 #include "platform/text.h"
+#include "statements/no_place.h"
 
 namespace orvent::statements {
 
 namespace {
-
-constexpr std::size_t kNone = std::string_view::npos;
 
 bool holdsWord(std::string_view text, std::string_view word) {
     for (std::size_t at = text.find(word); at != kNone; at = text.find(word, at + 1)) {

@@ -8,6 +8,7 @@
 
 #include "platform/fault.h"
 #include "statements/ldl_generator.h"
+#include "statements/no_place.h"
 #include "statements/replace_all.h"
 
 namespace orvent::statements {
@@ -15,11 +16,6 @@ namespace orvent::statements {
 using platform::Fault;
 
 namespace {
-
-constexpr std::size_t kNone = std::string_view::npos;
-
-/// Where a text is met that the quick way cannot tell; the pass starts over in the plain way.
-struct NotSimple {};
 
 /// The pass as the language tells it: each reference is replaced in the whole text at once.
 std::string replacePlainly(const LDLGenerator& generator, std::string text, std::string& fault) {

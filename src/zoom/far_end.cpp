@@ -17,7 +17,7 @@ enum class Place { Inputs, Outputs, Parameters, RecordSet, Constant, FunctionInp
 /// What a link of a dialog's working copy may reach.
 enum class Reach { Nothing, Dialog, Scenario };
 
-struct Row {
+struct FarEndRow {
     Direction direction;
     LinkType type;
     Place place;
@@ -31,7 +31,7 @@ constexpr auto kProviderFor = Direction::ProviderFor;
 constexpr auto kRegulatedFrom = Direction::RegulatedFrom;
 constexpr auto kRegulatorFor = Direction::RegulatorFor;
 
-constexpr std::array<Row, 26> kRows = {{
+constexpr std::array<FarEndRow, 26> kFarEnds = {{
     {kProvidedFrom, LinkRecordSet, Place::Outputs, true, false, Reach::Nothing},
     {kProvidedFrom, LinkActivity, Place::Outputs, false, false, Reach::Nothing},
     {kProvidedFrom, LinkInput, Place::Inputs, false, true, Reach::Dialog},
@@ -63,8 +63,8 @@ constexpr std::array<Row, 26> kRows = {{
     {kRegulatorFor, LinkConstantFunction, Place::FunctionInputs, false, false, Reach::Nothing},
 }};
 
-const Row* rowOf(Direction direction, LinkType type) {
-    for (const Row& row : kRows) {
+const FarEndRow* rowOf(Direction direction, LinkType type) {
+    for (const FarEndRow& row : kFarEnds) {
         if (row.direction == direction && row.type == type) {
             return &row;
         }
@@ -93,7 +93,7 @@ class Search {
     Search(const canvas::Canvas& form, const NearEnd& near, const LinkData& link, const ActivityProperties* dialog)
         : form_(form), near_(near), link_(link), dialog_(dialog) {}
 
-    FarEndView find(const Row& row) const {
+    FarEndView find(const FarEndRow& row) const {
         FarEndView far;
         const canvas::LabelsD* peer = form_.nodeNamed(link_.name);
         const RecordSetProperties* recordSet = row.orRecordSet && peer ? peer->recordSet() : nullptr;
@@ -253,7 +253,7 @@ const AttributeProperties* attributeUnder(const ActivityProperties& activity, No
 
 FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
                       const ActivityProperties* InDialog) {
-    const Row* row = rowOf(direction, link.type);
+    const FarEndRow* row = rowOf(direction, link.type);
     if (!row || (InDialog && row->inDialog == Reach::Nothing)) {
         return {};
     }

@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "zoom/view_filters.h"
+
 namespace orvent::zoom {
 
 using canvas::Box;
@@ -51,10 +53,6 @@ using Group = GroupOf<LabelsD>;
 
 ZoomPlace placeOf(const LabelsD& node) {
     return static_cast<ZoomPlace>(node.activity() ? node.activity()->ZoomPosition : node.recordSet()->ZoomPosition);
-}
-
-bool isTypeNode(const LabelsD& node) {
-    return node.NodeType() == canvas::NodeTypeDataType || node.NodeType() == canvas::NodeTypeFunctionType;
 }
 
 /// The central group first, then the neighbours.

@@ -16,7 +16,7 @@ using namespace entities;
 namespace {
 
 /// Which links carry a new key on, and to what of the activity that the link names.
-struct Row {
+struct RenameRow {
     NodeKindCode from;
     Direction links;
     std::array<LinkType, 2> types;
@@ -26,20 +26,20 @@ struct Row {
 };
 
 constexpr std::array<LinkType, 2> kInner = {LinkInput, LinkActivityInput};
-constexpr std::array<LinkType, 2> kActivity = {LinkActivity, LinkActivity};
-constexpr std::array<LinkType, 2> kRecordSet = {LinkRecordSet, LinkRecordSet};
+constexpr std::array<LinkType, 2> kByActivity = {LinkActivity, LinkActivity};
+constexpr std::array<LinkType, 2> kByRecordSet = {LinkRecordSet, LinkRecordSet};
 
-constexpr std::array<Row, 6> kRows = {{
+constexpr std::array<RenameRow, 6> kRenames = {{
     {KindInput, Direction::ProviderFor, kInner, KindOutput, true, true},
     {KindInput, Direction::RegulatorFor, kInner, KindParameter, true, false},
-    {KindOutput, Direction::ProviderFor, kActivity, KindInput, false, true},
-    {KindRecordSetAttribute, Direction::ProvidedFrom, kRecordSet, KindOutput, false, false},
-    {KindRecordSetAttribute, Direction::ProviderFor, kRecordSet, KindInput, false, true},
-    {KindRecordSetAttribute, Direction::RegulatorFor, kRecordSet, KindParameter, false, false},
+    {KindOutput, Direction::ProviderFor, kByActivity, KindInput, false, true},
+    {KindRecordSetAttribute, Direction::ProvidedFrom, kByRecordSet, KindOutput, false, false},
+    {KindRecordSetAttribute, Direction::ProviderFor, kByRecordSet, KindInput, false, true},
+    {KindRecordSetAttribute, Direction::RegulatorFor, kByRecordSet, KindParameter, false, false},
 }};
 
 struct Match {
-    const Row* row;
+    const RenameRow* row;
     std::string name;
     LinkType type;
     std::string key;
@@ -53,19 +53,19 @@ struct Step {
 };
 
 /// The key by which a link of that row names an entity of the activity `name`.
-std::string farKey(const Row& row, const std::string& name, const std::string& key) {
+std::string farKey(const RenameRow& row, const std::string& name, const std::string& key) {
     return row.relative ? relativeKey(row.to, key) : wholeKey(name, row.to, key);
 }
 
 /// A link follows when its far end bears the old key as a whole.
 template <class Link>
-bool follows(const Row& row, const Link& link, const std::string& oldKey) {
+bool follows(const RenameRow& row, const Link& link, const std::string& oldKey) {
     return (link.type() == row.types[0] || link.type() == row.types[1]) &&
            link.key() == farKey(row, link.name(), oldKey);
 }
 
 template <class Links>
-void collect(const Row& row, const Lazy<Links>& links, const std::string& oldKey, std::vector<Match>& matches) {
+void collect(const RenameRow& row, const Lazy<Links>& links, const std::string& oldKey, std::vector<Match>& matches) {
     const Links* present = links.peek();
     for (int at = links.count(); at >= 1; --at) {
         const auto& link = *present->Item(at);
@@ -77,7 +77,7 @@ void collect(const Row& row, const Lazy<Links>& links, const std::string& oldKey
 
 Step stepAt(AttributeProperties& attribute, const std::string& oldKey) {
     Step step{&attribute, {}};
-    for (const Row& row : kRows) {
+    for (const RenameRow& row : kRenames) {
         if (row.from != attribute.NodeKind) {
             continue;
         }
@@ -207,7 +207,7 @@ class Propagation {
         }
     }
 
-    void goOn(const Row& row, AttributeProperties& renamed) {
+    void goOn(const RenameRow& row, AttributeProperties& renamed) {
         if (row.travelsOn) {
             stack_.push_back(stepAt(renamed, oldKey_));
         } else {

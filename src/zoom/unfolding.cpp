@@ -52,7 +52,7 @@ float rightHalf(const LabelsD& owner, const CanvasSettings& sizes) {
 }
 
 // In the order of `Members`.
-constexpr std::array<ExpansionRow, 6> kRows = {{
+constexpr std::array<ExpansionRow, 6> kExpansions = {{
     {canvas::NodeTypeAttribute, KindInput, 1, false, LinkUnset, leftOfOwner},
     {canvas::NodeTypeAttribute, KindOutput, 4, true, LinkUnset, rightOfOwner},
     {canvas::NodeTypeParameter, KindParameter, 5, false, LinkConstant, belowOwner},
@@ -96,7 +96,7 @@ void refill(List& list, const std::vector<std::shared_ptr<EntityOf<List>>>& item
 }  // namespace
 
 const ExpansionRow& expansionRow(Members members) {
-    return kRows[static_cast<std::size_t>(members)];
+    return kExpansions[static_cast<std::size_t>(members)];
 }
 
 const std::string& ownerNameOf(const ZoomForm& form, const LabelsD& owner) {

@@ -54,10 +54,6 @@ void setVisible(Item& item, bool visible) {
     }
 }
 
-bool isTypeNode(const LabelsD& node) {
-    return node.NodeType() == canvas::NodeTypeDataType || node.NodeType() == canvas::NodeTypeFunctionType;
-}
-
 /// The type indices of one kind in order of first sight, and the node of each.
 class TypeNodes {
   public:

@@ -4,6 +4,11 @@
 
 namespace orvent::zoom {
 
+/// Whether the node stands for a data type or a function type in the instance-of view.
+inline bool isTypeNode(const canvas::LabelsD& node) {
+    return node.NodeType() == canvas::NodeTypeDataType || node.NodeType() == canvas::NodeTypeFunctionType;
+}
+
 /// Shows and hides edges, and the nodes of parameters, functions and constants, as the form's marks say. Nothing of it
 /// touches a link. Linear in nodes and edges.
 void applyFilters(ZoomForm& form);

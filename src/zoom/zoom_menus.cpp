@@ -17,38 +17,38 @@ constexpr const char* kNotReady = "Mark As Not Ready";
 constexpr const char* kDelete = "Delete";
 constexpr const char* kProperties = "Properties";
 
-constexpr std::array kRecordSet = {
+constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetExpandedM", kExpanded, expanded},
     ContextItem{"RecordSetNotReadyM", kNotReady, notReady},
     ContextItem{"RecordSetPropertiesM", kProperties, properties, {}, true, {}},
 };
 
-constexpr std::array kActivity = {
+constexpr std::array kActivityMenu = {
     ContextItem{"ActivityExpandedM", kExpanded, expanded},
     ContextItem{"ActivityNotReadyM", kNotReady, notReady},
     ContextItem{"ActivityPropertiesM", kProperties, properties, {}, true, {}},
 };
 
-constexpr std::array kFunction = {
+constexpr std::array kFunctionMenu = {
     ContextItem{"FunctionExpandedM", kExpanded, expanded},
     ContextItem{"FunctionNotReadyM", kNotReady, notReady},
     ContextItem{"FunctionDeleteM", kDelete, deleteNodes, canvas::NodeTypeFunction},
     ContextItem{"FunctionPropertiesM", kProperties, properties, {}, true, {}},
 };
 
-constexpr std::array kConstant = {
+constexpr std::array kConstantMenu = {
     ContextItem{"ConstantNotReadyM", kNotReady, notReady},
     ContextItem{"ConstantDeleteM", kDelete, deleteNodes, canvas::NodeTypeConstant},
     ContextItem{"ConstantPropertiesM", kProperties, properties, {}, true, {}},
 };
 
-constexpr std::array kAttribute = {
+constexpr std::array kAttributeMenu = {
     ContextItem{"AttributeNotReadyM", kNotReady, notReady},
     ContextItem{"AttributeDeleteM", kDelete, deleteNodes, canvas::NodeTypeAttribute},
     ContextItem{"AttributePropertiesM", kProperties, properties, {}, true, {}},
 };
 
-constexpr std::array kParameter = {
+constexpr std::array kParameterMenu = {
     ContextItem{"ParameterNotReadyM", kNotReady, notReady},
     ContextItem{"ParameterDeleteM", kDelete, deleteNodes, canvas::NodeTypeParameter},
     ContextItem{"ParameterPropertiesM", kProperties, properties, {}, true, {}},
@@ -58,12 +58,12 @@ constexpr std::array kParameter = {
 
 std::span<const ContextMenu> ZoomRules::menus() const {
     static const std::array kMenus = {
-        ContextMenu{"RecordSetM", kRecordSet},
-        ContextMenu{"ActivityM", kActivity},
-        ContextMenu{"FunctionM", kFunction},
-        ContextMenu{"ConstantM", kConstant},
-        ContextMenu{"AttributeM", kAttribute},
-        ContextMenu{"ParameterM", kParameter},
+        ContextMenu{"RecordSetM", kRecordSetMenu},
+        ContextMenu{"ActivityM", kActivityMenu},
+        ContextMenu{"FunctionM", kFunctionMenu},
+        ContextMenu{"ConstantM", kConstantMenu},
+        ContextMenu{"AttributeM", kAttributeMenu},
+        ContextMenu{"ParameterM", kParameterMenu},
         canvas::edgesMenu(),
     };
     return kMenus;
