@@ -12,7 +12,7 @@ using namespace orvent::entities;
 using canvas::LabelsD;
 using platform::Icon;
 
-namespace {
+namespace relationships {
 
 /// A view around the activity A: providers B and R, consumer D, a function F of its own, and a constant C. Nothing is
 /// linked yet.
@@ -644,4 +644,4 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     EXPECT_EQ(second.EndingLines().Count(), 6);
 }
 
-}  // namespace
+}  // namespace relationships
