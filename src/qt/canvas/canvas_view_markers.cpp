@@ -9,7 +9,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kRim = 3;              // pixels to both sides of an outline
+constexpr int kMarkerRim = 3;        // pixels to both sides of an outline
 constexpr int kGrabberReach = 8;     // pixels around the grab point, at scale 1
 constexpr int kMostDirtyParts = 16;  // more are cheaper to paint as one
 
@@ -19,12 +19,13 @@ QRectF boxOf(const Transform& transform, const canvas::MarkerBox& box) {
 
 /// The rim of a box within the viewport; what lies inside stays as it is.
 QRegion rimOf(const QRectF& box, const QRect& room) {
-    const QRectF near = box & QRectF(room).adjusted(-2 * kRim, -2 * kRim, 2 * kRim, 2 * kRim);
+    const QRectF near = box & QRectF(room).adjusted(-2 * kMarkerRim, -2 * kMarkerRim, 2 * kMarkerRim, 2 * kMarkerRim);
     if (near.isNull()) {
         return {};
     }
     const QRect rect = near.toAlignedRect();
-    return QRegion(rect.adjusted(-kRim, -kRim, kRim, kRim)) - rect.adjusted(kRim, kRim, -kRim, -kRim);
+    return QRegion(rect.adjusted(-kMarkerRim, -kMarkerRim, kMarkerRim, kMarkerRim)) -
+           rect.adjusted(kMarkerRim, kMarkerRim, -kMarkerRim, -kMarkerRim);
 }
 
 }  // namespace
@@ -46,7 +47,9 @@ QRegion CanvasViewWidget::markerRegion() const {
         for (const canvas::Box& box : canvas_.DragOutlines) {
             all |= now.toPixels(Extent{box.Left, box.Top, box.right(), box.bottom()});
         }
-        region += (all & QRectF(viewport()->rect())).toAlignedRect().adjusted(-kRim, -kRim, kRim, kRim);
+        region += (all & QRectF(viewport()->rect()))
+                      .toAlignedRect()
+                      .adjusted(-kMarkerRim, -kMarkerRim, kMarkerRim, kMarkerRim);
     }
     if (canvas_.GrabberVisible) {
         const double reach = std::max(1.0, scale_) * kGrabberReach;

@@ -9,9 +9,9 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr double kWidth = 4;       // of the bar, in pixels
-constexpr double kMargin = 3;      // above and below it
-constexpr double kLeastThumb = 8;  // so that it can be taken
+constexpr double kBarWidth = 4;      // of the bar, in pixels
+constexpr double kBarMargin = 3;     // above and below it
+constexpr double kCommentThumb = 8;  // so that it can be taken
 
 }  // namespace
 
@@ -23,12 +23,12 @@ QRectF commentStrip(const QRectF& box, double scale) {
 CommentBar::CommentBar(const QRectF& box, double scale, const CaptionCache::Caption& caption) {
     const QRectF strip = commentStrip(box, scale);
     // Below the folded corner, which takes as much as the strip is wide.
-    const double top = box.top() + std::min(strip.width(), box.height() / 3) + kMargin;
-    track = QRectF(strip.center().x() - kWidth / 2, top, kWidth, std::max(1.0, box.bottom() - kMargin - top));
+    const double top = box.top() + std::min(strip.width(), box.height() / 3) + kBarMargin;
+    track = QRectF(strip.center().x() - kBarWidth / 2, top, kBarWidth, std::max(1.0, box.bottom() - kBarMargin - top));
     const double length =
-        std::min(track.height(), std::max(kLeastThumb, track.height() * caption.shown / caption.lines));
+        std::min(track.height(), std::max(kCommentThumb, track.height() * caption.shown / caption.lines));
     const double way = caption.scrolls() ? static_cast<double>(caption.first) / (caption.lines - caption.shown) : 0;
-    thumb = QRectF(track.left(), track.top() + (track.height() - length) * way, kWidth, length);
+    thumb = QRectF(track.left(), track.top() + (track.height() - length) * way, kBarWidth, length);
 }
 
 int CommentBar::firstLineAt(double y, const CaptionCache::Caption& caption) const {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr QSize kFigure(34, 14);  // pixels
 constexpr int kRow = 22;
-constexpr int kAround = 4;  // above the first row and below the last one
+constexpr int kLegendMargin = 4;  // above the first row and below the last one
 constexpr float kTwips = static_cast<float>(kTwipsPerPixel);
 constexpr std::int32_t kPaper = 0xFFFFFF;  // a node that is ready
 
@@ -89,7 +89,7 @@ int Legend::columns() const {
 // A layout that reckons with heights by width would hold the window open for all rows one below the other.
 void Legend::takeRows() {
     const int count = static_cast<int>(entries_.size());
-    setFixedHeight(count == 0 ? 0 : (count + columns() - 1) / columns() * kRow + 2 * kAround);
+    setFixedHeight(count == 0 ? 0 : (count + columns() - 1) / columns() * kRow + 2 * kLegendMargin);
 }
 
 void Legend::resizeEvent(QResizeEvent* event) {
@@ -106,7 +106,7 @@ void Legend::paintEvent(QPaintEvent*) {
     const int across = columns();
     for (std::size_t at = 0; at < entries_.size(); ++at) {
         const int column = static_cast<int>(at) % across, row = static_cast<int>(at) / across;
-        const QRect place(Spacing::gap + column * entryWidth(), kAround + row * kRow, entryWidth(), kRow);
+        const QRect place(Spacing::gap + column * entryWidth(), kLegendMargin + row * kRow, entryWidth(), kRow);
         paintFigure(painter, entries_[at], QPointF(place.left(), place.center().y() - kFigure.height() / 2));
         painter.setPen(palette().color(QPalette::WindowText));
         painter.setFont(font());

@@ -172,7 +172,7 @@ QRectF roundRoom(const QRectF& box, double unit) {
 }
 
 // By figure.
-constexpr std::array<NodeShape, 11> kShapes = {{
+constexpr std::array<NodeShape, 11> kNodeShapes = {{
     {plainOutline, plainRoom, CaptionForm::line},       // plain
     {plainOutline, plainRoom, CaptionForm::line},       // field
     {tagOutline, tagRoom, CaptionForm::line},           // tag
@@ -189,7 +189,7 @@ constexpr std::array<NodeShape, 11> kShapes = {{
 }  // namespace
 
 const NodeShape& nodeShape(canvas::Figure figure) {
-    return kShapes[static_cast<std::size_t>(figure)];
+    return kNodeShapes[static_cast<std::size_t>(figure)];
 }
 
 QPainterPath funnelMouth(const QRectF& box, double unit) {

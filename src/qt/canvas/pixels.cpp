@@ -21,7 +21,7 @@ std::uint64_t spread(QRgb colour) {
 }
 
 /// `covered` of 256 parts of the pixel take the colour, which comes spread.
-void blend(QRgb& pixel, std::uint64_t colour, unsigned covered) {
+void cover(QRgb& pixel, std::uint64_t colour, unsigned covered) {
     const std::uint64_t present = spread(pixel);
     const std::uint64_t mixed = ((present << kCoveredBits) + (colour - present) * covered) >> kCoveredBits;
     pixel = 0xFF000000U | (static_cast<QRgb>(mixed) & 0xFF00FFU) | (static_cast<QRgb>(mixed >> 24) & 0x00FF00U);
@@ -134,7 +134,7 @@ void Pixels::paintParts(const Course& course, const Strips& strips, Steps steps)
             const std::int64_t place = from >> kCoveredBits;
             const std::int64_t next = std::min(end, (place + 1) << kCoveredBits);
             if (place >= 0 && place < course.room) {
-                blend(pixels[place * course.nextAcross], strips.channels,
+                cover(pixels[place * course.nextAcross], strips.channels,
                       static_cast<unsigned>(next - from) * weight >> kCoveredBits);
             }
             from = next;
@@ -150,7 +150,7 @@ void Pixels::paintWhole(const Course& course, const Strips& strips, Steps steps)
         std::int64_t left = strips.extent;
         if (const std::int64_t before = from & (kCovered - 1); before > 0 || left < kCovered) {
             const std::int64_t part = std::min(left, kCovered - before);
-            blend(*pixel, strips.channels, static_cast<unsigned>(part));
+            cover(*pixel, strips.channels, static_cast<unsigned>(part));
             pixel += course.nextAcross;
             left -= part;
         }
@@ -158,7 +158,7 @@ void Pixels::paintWhole(const Course& course, const Strips& strips, Steps steps)
             *pixel = strips.colour;
         }
         if (left > 0) {
-            blend(*pixel, strips.channels, static_cast<unsigned>(left));
+            cover(*pixel, strips.channels, static_cast<unsigned>(left));
         }
     }
 }

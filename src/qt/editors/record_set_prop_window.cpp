@@ -24,7 +24,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr QSize kSize(900, 660);
+constexpr QSize kRecordSetSize(900, 660);
 constexpr int kStatementHeight = 150;
 constexpr int kPatience = 300;  // milliseconds of loading before its progress is shown
 
@@ -65,9 +65,9 @@ RecordSetPropWindow::RecordSetPropWindow(editors::RecordSetProp& logic, WindowSi
         return closes;
     });
     addCancel(QStringLiteral("Cancel")).setText(tr("&Cancel"));
-    resize(kSize);
+    resize(kRecordSetSize);
     middle->setSizes({400, 480});
-    zones->setSizes({kSize.height() - kStatementHeight, kStatementHeight});
+    zones->setSizes({kRecordSetSize.height() - kStatementHeight, kStatementHeight});
     sizes_.give(*this);
     logic_.show = [this] { showState(); };
     showState();

@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* kTypePictures[] = {"attribute", "function", "activity"};         // by `TypeKind`
 constexpr const char* kLinePictures[] = {"input", "parameter", "output", "function"};  // by `TypeListRole`
-constexpr int kRowHeight = 26;
+constexpr int kTypeRowHeight = 26;
 
 /// Shows the lines with a picture beside each, none when `picture` is null.
 void fill(QListWidget& list, const std::vector<QString>& lines, const char* picture, int selected) {
@@ -31,7 +31,7 @@ void fill(QListWidget& list, const std::vector<QString>& lines, const char* pict
         const int row = static_cast<int>(at);
         if (row == list.count()) {
             auto* item = new QListWidgetItem(lines[at], &list);
-            item->setSizeHint({0, kRowHeight});
+            item->setSizeHint({0, kTypeRowHeight});
             if (picture) {
                 item->setIcon(icon(QLatin1String(picture)));
             }

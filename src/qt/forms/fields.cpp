@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kFieldWidth = 240;
 constexpr int kFieldHeight = 28;  // as buttons
-constexpr int kRowHeight = 28;
+constexpr int kTypeRow = 28;
 
 }  // namespace
 
@@ -71,7 +71,7 @@ HintList::HintList(QString hint, QWidget* parent) : QListWidget(parent), hint_(s
 
 QListWidgetItem* HintList::addRow(const QIcon& icon) {
     auto* row = new QListWidgetItem(icon, QString(), this);
-    row->setSizeHint({0, kRowHeight});
+    row->setSizeHint({0, kTypeRow});
     return row;
 }
 

@@ -11,12 +11,14 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kPicture = 56;
+constexpr int kHeaderPicture = 56;
 
 /// Draws an icon at its label's own pixel ratio, whatever screen it is moved to.
-class Picture : public QWidget {
+class HeaderPicture : public QWidget {
   public:
-    Picture(const QIcon& icon, int size, QWidget* parent) : QWidget(parent), icon_(icon) { setFixedSize(size, size); }
+    HeaderPicture(const QIcon& icon, int size, QWidget* parent) : QWidget(parent), icon_(icon) {
+        setFixedSize(size, size);
+    }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -31,7 +33,7 @@ class Picture : public QWidget {
 }  // namespace
 
 QWidget* newPicture(const QIcon& icon, int size, QWidget* parent) {
-    return new Picture(icon, size, parent);
+    return new HeaderPicture(icon, size, parent);
 }
 
 QLabel* newHint(const QString& text, QWidget* parent) {
@@ -53,7 +55,7 @@ QWidget* newProgramHeader(const QString& line, QWidget* parent) {
     grid->setContentsMargins({});
     grid->setHorizontalSpacing(Spacing::margin);
     grid->setVerticalSpacing(0);
-    grid->addWidget(new Picture(programIcon(), kPicture, header), 0, 0, 2, 1);
+    grid->addWidget(new HeaderPicture(programIcon(), kHeaderPicture, header), 0, 0, 2, 1);
     grid->addWidget(name, 0, 1, Qt::AlignBottom);
     grid->addWidget(newHint(line, header), 1, 1, Qt::AlignTop);
     grid->setColumnStretch(1, 1);

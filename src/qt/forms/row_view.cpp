@@ -16,7 +16,7 @@ using forms::RowMove;
 namespace {
 
 constexpr int kRowHeight = 26;
-constexpr int kNameWidth = 190;
+constexpr int kNameColumn = 190;
 constexpr int kColumnWidth = 110;
 constexpr int kMark = 16;
 
@@ -75,7 +75,7 @@ RowView::RowView(ListModel& model, const QString& name, QWidget* parent) : QTree
     setModel(&model);
     header()->setHighlightSections(false);
     header()->setDefaultSectionSize(kColumnWidth);
-    header()->resizeSection(0, kNameWidth);
+    header()->resizeSection(0, kNameColumn);
     setMinimumWidth(220);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &RowView::tellSelection);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &RowView::tellSelection);

@@ -10,7 +10,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr QSize kAround(0, 40);  // a window's title
+constexpr QSize kScreenMargin(0, 40);  // a window's title
 constexpr const char* kSection = "Windows";
 
 }  // namespace
@@ -26,7 +26,7 @@ void WindowSizes::keep(const QWidget& window) {
 
 void WindowSizes::give(QWidget& window) const {
     const QSize wanted = size_.isValid() ? size_ : window.size();
-    window.resize(wanted.boundedTo(window.screen()->availableSize() - kAround));
+    window.resize(wanted.boundedTo(window.screen()->availableSize() - kScreenMargin));
     for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
         if (splitters_.contains(splitter->objectName())) {
             splitter->restoreState(splitters_[splitter->objectName()]);

@@ -17,7 +17,7 @@ namespace orvent::qt {
 namespace {
 
 constexpr const char* kFolder = ":/orvent/help/";
-constexpr QSize kSize(760, 520);
+constexpr QSize kHelpSize(760, 520);
 constexpr int kContentsWidth = 220;
 
 QString readAll(const QString& name) {
@@ -50,10 +50,10 @@ HelpWindow::HelpWindow()
     split->addWidget(page_);
     split->setStretchFactor(1, 1);
     split->setChildrenCollapsible(false);
-    split->setSizes({kContentsWidth, kSize.width() - kContentsWidth});
+    split->setSizes({kContentsWidth, kHelpSize.width() - kContentsWidth});
     auto* box = new QVBoxLayout(this);
     box->addWidget(split);
-    resize(kSize);
+    resize(kHelpSize);
 
     static const QRegularExpression entry(
         QStringLiteral("name=\"Name\" value=\"([^\"]*)\".*name=\"Local\" value=\"([^\"]*)\""));

@@ -14,14 +14,14 @@ namespace {
 using platform::Answer;
 using platform::Buttons;
 
-struct ButtonRow {
+struct BoxButton {
     Buttons asked;
     QMessageBox::StandardButtons shown;
     QMessageBox::StandardButton standard;  ///< pressed by Return
     QMessageBox::StandardButton escape;    ///< meant by closing the box
 };
 
-const std::array<ButtonRow, 7> kButtons = {{
+const std::array<BoxButton, 7> kBoxButtons = {{
     {Buttons::ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
     {Buttons::okCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
     {Buttons::yesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
@@ -94,7 +94,7 @@ void fitText(QMessageBox& box) {
 
 Answer QtMessageBox::showWith(const std::string& smaller, const std::string& text, const std::string& title,
                               platform::Icon icon, Buttons buttons) {
-    const ButtonRow& row = kButtons[static_cast<std::size_t>(buttons)];
+    const BoxButton& row = kBoxButtons[static_cast<std::size_t>(buttons)];
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(QString::fromStdString(title.empty() ? kProgramName : title));
     box.setTextFormat(Qt::PlainText);

@@ -10,7 +10,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kWidth = 340;
+constexpr int kAboutWidth = 340;
 
 }  // namespace
 
@@ -19,7 +19,7 @@ AboutForm::AboutForm(QWidget* parent) : FormWindow(tr("About ORVENT II"), parent
     body().addWidget(newProgramHeader(tr("Version %1").arg(programVersion()), this));
     body().addWidget(newHint(tr("Free software under the MIT licence."), this));
     body().addStretch();
-    setMinimumWidth(kWidth);
+    setMinimumWidth(kAboutWidth);
     addAccept(QStringLiteral("cmdOK"), tr("&OK"), [] { return true; });
 }
 

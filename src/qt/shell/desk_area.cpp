@@ -17,13 +17,13 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kNameWidth = 220;  // of a scenario's name in a tab or menu, in pixels
+constexpr int kTabNameWidth = 220;  // of a scenario's name in a tab or menu, in pixels
 constexpr int kCloseSize = 18;
 
 /// A window's name as a tab or menu shows it: not too long, its mark whole behind it, and "&" as itself.
 QString shortName(const DeskWindow& window, const QFontMetrics& metrics) {
     const QString name = text(window.form()->Caption()).simplified();
-    QString whole = metrics.elidedText(name, Qt::ElideRight, kNameWidth) + text(window.form()->titleMark());
+    QString whole = metrics.elidedText(name, Qt::ElideRight, kTabNameWidth) + text(window.form()->titleMark());
     return whole.replace(u'&', QLatin1String("&&"));
 }
 

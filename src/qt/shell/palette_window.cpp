@@ -12,7 +12,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kColumns = 4;
+constexpr int kPaletteColumns = 4;
 constexpr int kSmallIcon = 14;
 constexpr int kTitleExtras = 110;  // what a title bar has beside the title, in pixels
 
@@ -73,7 +73,7 @@ void PaletteWindow::addTools(const std::vector<QAction*>& actions) {
     for (QAction* action : actions) {
         QToolButton* button = newButton(Spacing::icon, this);
         button->setDefaultAction(action);
-        tools_->addWidget(button, at / kColumns, at % kColumns);
+        tools_->addWidget(button, at / kPaletteColumns, at % kPaletteColumns);
         ++at;
     }
 }

@@ -14,9 +14,9 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kWidth = 168;
+constexpr int kMenuWidth = 168;
 
-QToolButton* newCaption(const QString& caption, QWidget* parent) {
+QToolButton* newGroupCaption(const QString& caption, QWidget* parent) {
     auto* button = new QToolButton(parent);
     button->setText(caption);
     button->setAutoRaise(true);
@@ -38,7 +38,7 @@ SideMenu::SideMenu(CommandActions& actions, const std::function<void(int)>& choo
     rows->setContentsMargins(Spacing::gap, Spacing::margin, Spacing::gap, Spacing::gap);
     rows->setSpacing(2);
     for (const shell::ButtonGroup& group : shell::verticalMenu()) {
-        QToolButton* caption = newCaption(text(group.caption), this);
+        QToolButton* caption = newGroupCaption(text(group.caption), this);
         caption->setObjectName(QStringLiteral("Group") + text(group.caption));
         captions_.push_back(caption);
         const int number = static_cast<int>(captions_.size());
@@ -66,7 +66,7 @@ QWidget* SideMenu::scrolling() {
     room->setFocusPolicy(Qt::NoFocus);
     room->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     room->setWidgetResizable(true);
-    room->setFixedWidth(kWidth);
+    room->setFixedWidth(kMenuWidth);
     room->setWidget(this);
     return room;
 }

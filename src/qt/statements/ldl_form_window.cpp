@@ -27,8 +27,8 @@ namespace {
 using statements::LDLButton;
 using statements::LDLForm;
 
-constexpr QSize kSize(1040, 730);
-constexpr int kAround = 40;  // a window's title and a strip of what lies below
+constexpr QSize kWizardSize(1040, 730);
+constexpr int kWizardMargin = 40;  // a window's title and a strip of what lies below
 constexpr int kVariablesHeight = 130;
 constexpr int kButtonHeight = 28;
 
@@ -70,7 +70,7 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
         });
     }
     showState();
-    resize(kSize.boundedTo(screen()->availableSize() - QSize(kAround, kAround)));
+    resize(kWizardSize.boundedTo(screen()->availableSize() - QSize(kWizardMargin, kWizardMargin)));
     if (logic_.CurrentVariable) {
         panel_->focusKind();
     } else {

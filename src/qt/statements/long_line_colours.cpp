@@ -10,7 +10,7 @@ namespace orvent::qt {
 namespace {
 
 constexpr int kLong = 10'000;  // characters
-constexpr int kAround = 1'000;
+constexpr int kColoursAround = 1'000;
 
 }  // namespace
 
@@ -78,8 +78,8 @@ void LongLineColours::show() {
         return;
     }
     stale_ = false;
-    seenFrom_ = std::max(0, first - kAround);
-    seenEnd_ = last + kAround;
+    seenFrom_ = std::max(0, first - kColoursAround);
+    seenEnd_ = last + kColoursAround;
     for (QTextBlock line = document()->findBlock(first); line.isValid() && line.position() <= last;
          line = line.next()) {
         rehighlightBlock(line);

@@ -12,7 +12,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr QSize kSize(560, 320);
+constexpr QSize kUnfinishedSize(560, 320);
 
 }  // namespace
 
@@ -43,7 +43,7 @@ UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedState
         return true;
     });
     addCancel(QStringLiteral("cmdClose")).setText(tr("&Close"));
-    resize(kSize);
+    resize(kUnfinishedSize);
 }
 
 }  // namespace orvent::qt

@@ -11,7 +11,7 @@ namespace orvent::qt {
 namespace {
 
 enum Column { NameColumn, KindColumn, MeaningColumn, Columns };
-constexpr int kIcon = 16;
+constexpr int kVariableIcon = 16;
 
 QString kindCaption(statements::LDLVariableType kind) {
     for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
@@ -31,7 +31,7 @@ VariableList::VariableList(QWidget* parent, std::function<void(const QString&)> 
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setFocusPolicy(Qt::NoFocus);
-    setIconSize({kIcon, kIcon});
+    setIconSize({kVariableIcon, kVariableIcon});
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // the meaning is shortened, and whole in its tool tip
     // Names are as wide as they are; what the columns leave is for the meaning.
     header()->setSectionResizeMode(NameColumn, QHeaderView::ResizeToContents);

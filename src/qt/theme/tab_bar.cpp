@@ -9,7 +9,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kMark = 2;  // height of the line, in pixels
+constexpr int kTabMark = 2;  // height of the line, in pixels
 constexpr double kHover = 0.10;
 
 }  // namespace
@@ -26,7 +26,7 @@ bool drawTab(const QStyleOptionTab& tab, QPainter& painter) {
                                : pointed ? blend(ground, accent, kHover)
                                          : ground);
     if (chosen) {
-        painter.fillRect(QRect(tab.rect.left(), tab.rect.top(), tab.rect.width(), kMark), accent);
+        painter.fillRect(QRect(tab.rect.left(), tab.rect.top(), tab.rect.width(), kTabMark), accent);
     }
     return true;
 }

@@ -14,7 +14,7 @@ namespace {
 
 enum class Glyph { minimise, maximise, restore, close };
 
-struct ButtonRow {
+struct TitleButton {
     QStyle::SubControl control;
     Qt::WindowType hint;
     Glyph glyph;
@@ -22,7 +22,7 @@ struct ButtonRow {
     bool always;
 };
 
-constexpr std::array<ButtonRow, 5> kButtons = {{
+constexpr std::array<TitleButton, 5> kTitleButtons = {{
     {QStyle::SC_TitleBarMinButton, Qt::WindowMinimizeButtonHint, Glyph::minimise, Qt::WindowMinimized, false},
     {QStyle::SC_TitleBarMaxButton, Qt::WindowMaximizeButtonHint, Glyph::maximise, Qt::WindowMaximized, false},
     {QStyle::SC_TitleBarNormalButton, Qt::WindowMinimizeButtonHint, Glyph::restore, Qt::WindowMinimized, true},
@@ -30,7 +30,7 @@ constexpr std::array<ButtonRow, 5> kButtons = {{
     {QStyle::SC_TitleBarCloseButton, Qt::WindowSystemMenuHint, Glyph::close, Qt::WindowNoState, false},
 }};
 
-bool isShown(const ButtonRow& row, const QStyleOptionTitleBar& bar) {
+bool isShown(const TitleButton& row, const QStyleOptionTitleBar& bar) {
     if (!(bar.titleBarFlags & row.hint)) {
         return false;
     }
@@ -63,7 +63,7 @@ void drawGlyph(QPainter& painter, Glyph glyph, QPointF middle) {
 void drawButtons(const QProxyStyle& style, const QStyleOptionTitleBar& bar, const QColor& ground, QPainter& painter,
                  const QWidget* widget) {
     const QColor ink = painter.pen().color();
-    for (const ButtonRow& row : kButtons) {
+    for (const TitleButton& row : kTitleButtons) {
         if (!isShown(row, bar)) {
             continue;
         }
