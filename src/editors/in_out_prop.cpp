@@ -12,8 +12,9 @@ InOutProp::InOutProp(platform::MessageBox& messages, const entities::CatalogueTa
     const bool function = kind == "FUNCTION";
     item_ = function ? "A FUNCTION OR A PARAMETER " : "AN OUTPUT ";
     const entities::NameTable& types = function ? catalogue.functionTypes : catalogue.dataTypes;
-    for (std::size_t at = 0; at < types.rows(); ++at) {
-        InOutTypes.push_back(types.name(static_cast<std::int16_t>(at)));
+    indices_ = types.listed();
+    for (const std::int16_t index : indices_) {
+        InOutTypes.push_back(types.name(index));
     }
 }
 
@@ -28,8 +29,8 @@ bool InOutProp::apply() {
     if (!forms::checkName(txtInOutName, rules, messages())) {
         return false;
     }
-    target_.add(
-        inOutRow(txtInOutName, static_cast<std::int16_t>(TypeIndex), InOutTypes[static_cast<std::size_t>(TypeIndex)]));
+    const auto chosen = static_cast<std::size_t>(TypeIndex);
+    target_.add(inOutRow(txtInOutName, indices_[chosen], InOutTypes[chosen]));
     added = true;
     return true;
 }

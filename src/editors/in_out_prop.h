@@ -32,7 +32,8 @@ class InOutProp : public forms::Editor {
     bool apply() override;
 
   private:
-    std::string item_;  ///< what the line is called in messages
+    std::string item_;                   ///< what the line is called in messages
+    std::vector<std::int16_t> indices_;  ///< of the types, in the catalogue
     forms::List& target_;
 };
 

@@ -1,5 +1,6 @@
 #include "editors/item_prop.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -72,10 +73,6 @@ ItemProp::ItemProp(zoom::ZoomForm& form, LabelsD& node, FunctionTypeSource& func
       form_(form),
       node_(node),
       functionTypes_(functionTypes) {
-    const NameTable& table = form_.catalogue().*words.types;
-    for (std::size_t at = 0; at < table.rows(); ++at) {
-        Types.push_back(table.name(static_cast<std::int16_t>(at)));
-    }
     readEntity();
     shownName_ = txtName;
 }
@@ -92,11 +89,18 @@ void ItemProp::readEntity() {
             txtName.erase(0, head_.size());
         }
     }
-    if (txtName.empty()) {
+    const bool fresh = txtName.empty();
+    indices_ = table().listed(fresh ? -1 : *type());
+    for (const std::int16_t index : indices_) {
+        Types.push_back(table().shown(index));
+    }
+    if (fresh) {
         txtName = node_.Caption();
         return;
     }
-    TypeIndex = *type();
+    if (const auto held = std::find(indices_.begin(), indices_.end(), *type()); held != indices_.end()) {
+        TypeIndex = static_cast<int>(held - indices_.begin());
+    }
     txtType = typeIsChosen() ? Types[static_cast<std::size_t>(TypeIndex)] : std::string();
 }
 
@@ -122,7 +126,7 @@ bool ItemProp::hasFault(ItemFault fault) const {
         case ItemFault::dot:
             return !kept && forms::hasFault(txtName, forms::NameFault::dot);
         case ItemFault::namedAsType:
-            return typeIsChosen() && txtName == Types[static_cast<std::size_t>(TypeIndex)];
+            return typeIsChosen() && txtName == table().name(chosenType());
     }
     return false;
 }
@@ -142,8 +146,8 @@ bool ItemProp::apply() {
         return false;
     }
     const bool renamed = txtName != shownName_;
-    const auto chosen = static_cast<std::int16_t>(TypeIndex);
-    const bool retyped = TypesInUse && chosen != *type();
+    const std::int16_t chosen = TypesInUse ? chosenType() : *type();
+    const bool retyped = chosen != *type();
     std::shared_ptr<FunctionProperties> rebuilt;
     if (const auto* function = node_.entity<FunctionProperties>(); function && retyped) {
         // Read before anything changes, since the repository may fail.
@@ -178,7 +182,7 @@ void ItemProp::markChanged() {
         function->Changed = true;
     }
     if (typeIsChosen()) {
-        node_.setToolTipText(keyOf(txtName) + "(" + Types[static_cast<std::size_t>(TypeIndex)] + ")");
+        node_.setToolTipText(keyOf(txtName) + "(" + table().name(chosenType()) + ")");
     }
 }
 

@@ -45,7 +45,7 @@ class ItemProp : public forms::Editor {
 
     const ItemWords& words;
     std::string txtName;
-    std::vector<std::string> Types;  ///< names of the catalogue
+    std::vector<std::string> Types;  ///< names of the catalogue; one that is gone only where the item has it
     int TypeIndex = -1;              ///< the chosen one, from 0
     const bool TypesInUse;           ///< false: the type is settled by what holds the item, and only `txtType` shows it
     std::string txtType;
@@ -61,6 +61,8 @@ class ItemProp : public forms::Editor {
 
   private:
     std::int16_t* type() const;
+    const entities::NameTable& table() const { return form_.catalogue().*words.types; }
+    std::int16_t chosenType() const { return indices_[static_cast<std::size_t>(TypeIndex)]; }
     void readEntity();
     bool hasFault(ItemFault fault) const;
     bool check() const;
@@ -71,8 +73,9 @@ class ItemProp : public forms::Editor {
     zoom::ZoomForm& form_;
     canvas::LabelsD& node_;
     entities::FunctionTypeSource& functionTypes_;
-    std::string shownName_;  ///< as the dialog opened
-    std::string head_;       ///< of a function's key: the owner's name and a dot, or nothing
+    std::vector<std::int16_t> indices_;  ///< of the types, in the catalogue
+    std::string shownName_;              ///< as the dialog opened
+    std::string head_;                   ///< of a function's key: the owner's name and a dot, or nothing
 };
 
 }  // namespace orvent::editors

@@ -56,7 +56,7 @@ void RefreshAttributeRow(const AttributeProperties& attribute, forms::ListRow& r
         targets.add(link.Provider_Name, link.Provider_Name + std::string(kProviderForSuffix));
     }
     targets.addAll(attribute.RegulatorFor, kForLabels);
-    put(row, nameAt(tables.dataTypes, attribute.Attribute_Type), sources, targets);
+    put(row, tables.dataTypes.shown(attribute.Attribute_Type), sources, targets);
 }
 
 void RefreshParameterRow(const ParameterProperties& parameter, forms::ListRow& row, const CatalogueTables& tables) {
@@ -64,14 +64,14 @@ void RefreshParameterRow(const ParameterProperties& parameter, forms::ListRow& r
     sources.addAll(parameter.RegulatedFrom, kFromLabels);
     FarEnds targets;
     targets.addAll(parameter.RegulatorFor, kForLabels);
-    put(row, nameAt(tables.dataTypes, parameter.Parameter_Type), sources, targets);
+    put(row, tables.dataTypes.shown(parameter.Parameter_Type), sources, targets);
 }
 
 void refreshFunctionRow(const FunctionProperties& function, std::int16_t activityType, forms::ListRow& row,
                         const CatalogueTables& tables) {
     const bool brought = function.Function_Source == kSourceActivityType;
-    row.SubItems = {nameAt(tables.functionTypes, function.Function_Type),
-                    brought ? nameAt(tables.activityTypes, activityType) : function.Function_Name,
+    row.SubItems = {tables.functionTypes.shown(function.Function_Type),
+                    brought ? tables.activityTypes.shown(activityType) : function.Function_Name,
                     std::string(kFromLabels[brought ? 9 : 5]), "", ""};
 }
 

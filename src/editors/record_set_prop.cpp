@@ -41,7 +41,7 @@ void RecordSetProp::fillList() {
         for (const AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
             const std::string dbKey = tempProp->dbKey(attribute.Key);
             forms::ListRow row = newRow(dbKey.empty() ? attribute.Key : dbKey, attribute.Key, 0, "AttOut");
-            row.SubItems[0] = nameAt(services_.catalogue.tables.dataTypes, attribute.Attribute_Type);
+            row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
             AttList.add(std::move(row));
             OldKeys[attribute.Key] = attribute.Key;
         }
@@ -100,7 +100,7 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
     tempProp->Changed = true;
     OldKeys[name] = name;
     forms::ListRow row = newRow(rowKey, name, 0, "AttOut");
-    row.SubItems[0] = nameAt(services_.catalogue.tables.dataTypes, attribute.Attribute_Type);
+    row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
     AttList.add(std::move(row), position);
     markNode(rowKey, true);
 }

@@ -16,10 +16,6 @@ int listOfColour(std::int32_t colour) {
     return found == kListColours.end() ? -1 : static_cast<int>(found - kListColours.begin());
 }
 
-std::string nameAt(const NameTable& table, std::int16_t index) {
-    return index >= 0 && static_cast<std::size_t>(index) < table.size() ? table.name(index) : std::string();
-}
-
 bool isFunctionNode(const Tree::Node& node) {
     return node.value().Image.starts_with("Function-");
 }

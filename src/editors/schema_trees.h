@@ -24,9 +24,6 @@ inline constexpr std::array<std::int32_t, 3> kListColours = {0x800000, 0x000080,
 /// The list of that colour, -1 for black.
 int listOfColour(std::int32_t colour);
 
-/// The name at an index, nothing beyond the table: another user may have shortened it.
-std::string nameAt(const entities::NameTable& table, std::int16_t index);
-
 // Which kinds of entity a tree node stands for, told by its image.
 
 bool isFunctionNode(const forms::Tree::Node& node);

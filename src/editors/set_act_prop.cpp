@@ -63,6 +63,7 @@ void SetActProp::LoadActivity() {
     txtSQL = tempProp->Act_LDL;
     buildTrees();
     fillLists();
+    shownTypes_ = typeChanges();
     ActTypes = tempProp->Act_Type;
     if (!showsType()) {
         ActTypes = -1;
@@ -174,7 +175,7 @@ void SetActProp::LangSelector_Click(Language language) {
     txtSQL = statement();
 }
 
-void SetActProp::ActTypes_Click(int position) {
+void SetActProp::ActTypes_Click(int index) {
     if (isBlank(txtName)) {
         const std::string name =
             services_.repository.input.ask("You Have To Give A Name For This Activity Before Setting Its Type!",
@@ -187,9 +188,21 @@ void SetActProp::ActTypes_Click(int position) {
     }
     txtName_Leave();
     const std::int16_t former = tempProp->Act_Type;
-    SetActivityType(position);
-    if (tempProp->Act_Type != former || position == former) {
-        ActTypes = position;
+    SetActivityType(index);
+    if (tempProp->Act_Type != former || index == former) {
+        ActTypes = index;
+    }
+}
+
+std::array<std::uint32_t, 3> SetActProp::typeChanges() const {
+    const CatalogueTables& tables = catalogue().tables;
+    return {tables.dataTypes.changes(), tables.functionTypes.changes(), tables.activityTypes.changes()};
+}
+
+void SetActProp::followTypes() {
+    if (shownTypes_ != typeChanges()) {
+        shownTypes_ = typeChanges();
+        refreshRows();
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -47,7 +49,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
 
     // Controls.
     std::string txtName, txtDescr, txtRejected, txtSQL;
-    int ActTypes = -1;                           ///< position in the type table
+    int ActTypes = -1;                           ///< the chosen type's index in the catalogue
     Language LangSelector = Language::LDL;       ///< which statement `txtSQL` shows
     int TabStrip1 = kInputs;                     ///< the three lists, then the log's tab
     bool ReportView = true;                      ///< the lists show their columns
@@ -64,7 +66,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void RejectedFileOpen_Click();
     void txtSQL_Change(const std::string& text);
     void LangSelector_Click(Language language);
-    void ActTypes_Click(int position);
+    void ActTypes_Click(int index);
     void butRefresh_Click();
     void TabStrip1_Click(int tab);
     void ShowDetailsM_Click() { ReportView = !ReportView; }
@@ -91,8 +93,11 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     /// False: the label keeps its text.
     bool AfterLabelEdit(int row, const std::string& text);
 
-    /// What `ActTypes` offers.
     const entities::NameTable& typeNames() const { return catalogue().tables.activityTypes; }
+    /// What `ActTypes` offers, by index; a type that is gone only while the activity has it.
+    std::vector<std::int16_t> offeredTypes() const { return typeNames().listed(tempProp->Act_Type); }
+    /// The catalogue may have other names by now: the rows tell those of their types.
+    void followTypes();
 
     // ActivityDialog
     void setEnabled(bool enabled) override;
@@ -118,8 +123,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     template <class Text>
     void renameRows(Text text);
     std::string& statement();
-    /// Whether `ActTypes` shows a type: another user may have shortened the table.
-    bool showsType() const { return ActTypes >= 0 && static_cast<std::size_t>(ActTypes) < typeNames().rows(); }
+    /// Whether `ActTypes` shows a type.
+    bool showsType() const { return ActTypes >= 0 && !typeNames().shown(static_cast<std::int16_t>(ActTypes)).empty(); }
+    std::array<std::uint32_t, 3> typeChanges() const;
     std::vector<forms::Tree::Node*> takenOf(const std::vector<std::string>& nodeKeys) const;
     void tell(const char* text, platform::Icon icon) { messages().tell(text, {}, icon); }
 
@@ -129,6 +135,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours as the dialog found it
     int deletedMark_ = 0;
     bool leaving_ = false;
+    std::array<std::uint32_t, 3> shownTypes_{};  ///< the tables as the rows tell them
 };
 
 }  // namespace orvent::editors

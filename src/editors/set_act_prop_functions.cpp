@@ -313,12 +313,13 @@ bool SetActProp_Functions::takesType(std::int16_t source, std::int16_t& target) 
         return true;
     }
     const NameTable& types = catalogue_.tables.dataTypes;
-    if (nameAt(types, target) == kDefinedBySource) {
+    const bool known = target >= 0 && static_cast<std::size_t>(target) < types.size();
+    if (known && types.name(target) == kDefinedBySource) {
         target = source;
         return true;
     }
-    messages_.tell(std::string(kInvalid) + "\nDifferent Data Types Found.\nSource: " + nameAt(types, source) +
-                       ".\nTarget: " + nameAt(types, target) + ".",
+    messages_.tell(std::string(kInvalid) + "\nDifferent Data Types Found.\nSource: " + types.shown(source) +
+                       ".\nTarget: " + types.shown(target) + ".",
                    {}, platform::Icon::warning);
     return false;
 }

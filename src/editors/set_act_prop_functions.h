@@ -44,9 +44,9 @@ class SetActProp_Functions : public RowOperations {
 
     forms::List& frontList() { return AttList[static_cast<std::size_t>(SelectedList)]; }
 
-    /// Replaces only what the present type brought. A position beyond the table is told, and so is a type that cannot
-    /// be read whole; then nothing is replaced.
-    void SetActivityType(int position);
+    /// Replaces only what the present type brought. An index beyond the table is told, and so is a type that cannot be
+    /// read whole; then nothing is replaced.
+    void SetActivityType(int index);
 
     void RemoveRow(int row);
     void SendOutput(int row);

@@ -306,35 +306,21 @@ bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, const 
     return stays;
 }
 
-namespace {
-
-/// Types of functions that are read whole or not at all.
-class WholeTypes : public FunctionTypeSource {
-  public:
-    explicit WholeTypes(repository::Catalogue& catalogue) : catalogue_(catalogue) {}
-    FunctionTypeProperties GetFunctionType(std::int16_t index) override { return catalogue_.wholeFunctionType(index); }
-
-  private:
-    repository::Catalogue& catalogue_;
-};
-
-}  // namespace
-
-void SetActProp_Functions::SetActivityType(int position) {
-    const bool known = position >= 0 && static_cast<std::size_t>(position) < catalogue_.tables.activityTypes.rows();
-    if (!known) {
+void SetActProp_Functions::SetActivityType(int index) {
+    const auto chosen = static_cast<std::int16_t>(index);
+    if (catalogue_.tables.activityTypes.shown(chosen).empty()) {
         messages_.tell("UNIDENTIFIED ACTIVITY TYPE", {}, platform::Icon::critical);
         return;
     }
-    if (position == tempProp->Act_Type) {
+    if (index == tempProp->Act_Type) {
         return;
     }
     const platform::Busy busy(progress_);
     ActivityTypeProperties type;
     Act_FunctionsCollection functions;
     try {
-        type = catalogue_.wholeActivityType(static_cast<std::int16_t>(position));
-        WholeTypes types(catalogue_);
+        type = catalogue_.wholeActivityType(chosen);
+        repository::WholeFunctionTypes types(catalogue_);
         for (const UsedFunctionProperties& brought : type.ActType_Functions) {
             functions.AddActivityTypeFunction(types, brought, tempProp->Act_Name,
                                               tempProp->Act_Name + "." + brought.Function_Name);
@@ -344,7 +330,7 @@ void SetActProp_Functions::SetActivityType(int position) {
         return;
     }
     tempProp->Act_SchemaNo = type.ActType_SchemaNo;
-    tempProp->Act_Type = static_cast<std::int16_t>(position);
+    tempProp->Act_Type = chosen;
     tempProp->Changed = true;
     const SchemaMarks::Bulk bulk(marks_);
     removeTypeMembers();

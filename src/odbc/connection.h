@@ -54,6 +54,7 @@ class OdbcConnection : public platform::Connection {
         : session_(environment, connectionString, user, std::move(where)) {}
 
     std::unique_ptr<platform::Statement> prepare(std::string_view sql) override;
+    platform::KeyLimit keyLimit(std::size_t width) const override { return session_.dialect().keyLimit(width); }
 
     /// From now on the database refuses to change. Of SQLite's own.
     void onlyRead() { session_.run("PRAGMA query_only=ON"); }

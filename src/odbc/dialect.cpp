@@ -1,5 +1,7 @@
 #include "odbc/dialect.h"
 
+#include <algorithm>
+
 #include "odbc/dialect_rules.h"
 #include "odbc/translator.h"
 #include "platform/text.h"
@@ -27,6 +29,18 @@ std::string Dialect::nextNumber(std::string_view sequence) const {
 
 std::string Dialect::setUp() const {
     return rules_ != nullptr ? std::string(rules_->setUp) : std::string();
+}
+
+platform::KeyLimit Dialect::keyLimit(std::size_t width) const {
+    if (rules_ == nullptr) {
+        return {.characters = width, .bytes = 0};
+    }
+    if (!rules_->keepsWidths) {
+        return {};
+    }
+    const auto most = static_cast<std::size_t>(rules_->keyWidth);
+    return {.characters = most == 0 ? width : std::min(width, most),
+            .bytes = static_cast<std::size_t>(rules_->keyBytes)};
 }
 
 bool Dialect::keepsPlaceInBlock() const {

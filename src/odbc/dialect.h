@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/database.h"
 
 namespace orvent::odbc {
 
@@ -44,6 +47,9 @@ class Dialect {
 
     /// False for a driver that loses its place when it is asked for a single value of a block of rows.
     bool keepsPlaceInBlock() const;
+
+    /// What a key column takes that was created with `width` characters.
+    platform::KeyLimit keyLimit(std::size_t width) const;
 
   private:
     const DialectRules* rules_;

@@ -98,6 +98,8 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "",
      .tableOptions = "",
      .keyWidth = 0,
+     .keyBytes = 0,
+     .keepsWidths = false,
      .keepsPlaceInBlock = true,
      // BIGINT and not INTEGER: an INTEGER key would take the place of the rowid, and with it the order of insertion.
      .types = {"VARCHAR", "TEXT", "BIGINT", "NUMERIC", "DOUBLE PRECISION", "TIMESTAMP"},
@@ -118,6 +120,8 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "\"orvent_order\" BIGSERIAL",
      .tableOptions = "",
      .keyWidth = 0,
+     .keyBytes = 2692,  // a third of a page, without the heads of the entry and of its text
+     .keepsWidths = true,
      .keepsPlaceInBlock = true,
      .types = {"VARCHAR", "TEXT", "BIGINT", "NUMERIC", "DOUBLE PRECISION", "TIMESTAMP"},
      .views = kPostgresViews},
@@ -138,6 +142,8 @@ constexpr DialectRules kRules[] = {
      .orderDefinition = "`orvent_order` BIGINT NOT NULL AUTO_INCREMENT INVISIBLE UNIQUE",
      .tableOptions = " ENGINE=InnoDB ROW_FORMAT=DYNAMIC CHARACTER SET=utf8mb4 COLLATE=utf8mb4_nopad_bin",
      .keyWidth = 768,  // the 3072 bytes of a key, in characters of four bytes
+     .keyBytes = 0,
+     .keepsWidths = true,
      .keepsPlaceInBlock = false,
      .types = {"VARCHAR", "LONGTEXT", "BIGINT", "DECIMAL", "DOUBLE", "DATETIME"},
      .views = kMariaDbViews},

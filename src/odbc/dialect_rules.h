@@ -44,7 +44,9 @@ struct DialectRules {
     std::string_view orderColumn;      ///< tells the order of insertion
     std::string_view orderDefinition;  ///< what a created table must get for it, or empty
     std::string_view tableOptions;
-    long keyWidth;  ///< the most characters of a text column in a key; 0 for no limit
+    long keyWidth;     ///< the most characters of a text column in a key; 0 for no limit
+    long keyBytes;     ///< and the most bytes of its texts
+    bool keepsWidths;  ///< refuses a text that is wider than its column
 
     bool keepsPlaceInBlock;  ///< the driver goes on behind the block after a single value of it was asked for
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -55,6 +56,12 @@ class Statement {
     virtual float realNumber(int column) = 0;  ///< null reads as 0
 };
 
+/// The most that a text of a key column may have; 0 for no limit.
+struct KeyLimit {
+    std::size_t characters = 0;
+    std::size_t bytes = 0;
+};
+
 /// An open connection in auto-commit. It closes with its destruction; its statements must be gone by then.
 class Connection {
   public:
@@ -63,6 +70,12 @@ class Connection {
     /// Prepares `sql` in the Oracle dialect, with `?` for parameters. Some drivers report a faulty statement only at
     /// `execute`.
     virtual std::unique_ptr<Statement> prepare(std::string_view sql) = 0;
+
+    /// What this database takes in a key column to which the creation script gives `width` characters.
+    virtual KeyLimit keyLimit(std::size_t width) const {
+        static_cast<void>(width);
+        return {};
+    }
 };
 
 /// The way to data sources.

@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "entities/name_tables.h"
 #include "entities/type_records.h"
@@ -23,7 +25,8 @@ class TypeGone : public platform::Fault {
 /// written before it; deletions tell theirs.
 class Catalogue : public entities::FunctionTypeSource {
   public:
-    /// `endProgram` ends the program at once, without questions; `workIsOpen` tells whether that would lose any.
+    /// `endProgram` ends the program at once, without questions; `workIsOpen` tells whether that would lose any. While
+    /// work is open it holds indices of the name tables, which go on meaning their names.
     Catalogue(Services& services, std::function<void()> endProgram, std::function<bool()> workIsOpen = {});
 
     entities::CatalogueTables tables;
@@ -33,6 +36,9 @@ class Catalogue : public entities::FunctionTypeSource {
     void LoadDataTypes();
     void LoadFunctionTypes();
     void LoadActivityTypes();
+
+    /// The same for all three over an open connection, with every index kept. Throws what fails.
+    void refreshTables(StatementCache& repository);
 
     // Read one whole type by its index. A failed read tells nothing and gives what was read before it; an index out of
     // bounds is a fault.
@@ -44,29 +50,43 @@ class Catalogue : public entities::FunctionTypeSource {
     entities::ActivityTypeProperties wholeActivityType(std::int16_t index);
     entities::FunctionTypeProperties wholeFunctionType(std::int16_t index);
 
-    /// The index of a data type. An unknown one is offered to be added; 0 when the user declines.
+    /// The index of a data type. An unknown one is offered to be added; that of the first one when the user declines.
     std::int16_t DataTypeIndex(const std::string& name);
-    std::int16_t FunctionTypeIndex(const std::string& name) const;  ///< 0 when unknown
-    std::int16_t ActivityTypeIndex(const std::string& name) const;  ///< 0 when unknown
+    std::int16_t FunctionTypeIndex(const std::string& name) const;  ///< that of the first one when unknown
+    std::int16_t ActivityTypeIndex(const std::string& name) const;  ///< likewise
 
-    // An update of a type that is gone throws `TypeGone` before anything is written.
+    // An update of a type that is gone throws `TypeGone` before anything is written. One that breaks off may have
+    // stored the new name already; the next reload finds that out, and the index has the name that is stored.
     void SaveFunctionType(const entities::FunctionTypeProperties& type);
     void UpdateFunctionType(const entities::FunctionTypeProperties& type);
     void SaveActivityType(const entities::ActivityTypeProperties& type);
     void UpdateActivityType(const entities::ActivityTypeProperties& type);
 
-    /// Adds a data type and gives its index. A failure is told and gives 0.
+    // The same over an open connection and without a word; the tables know the type at once.
+    void addDataType(StatementCache& repository, const std::string& name);
+    void addFunctionType(StatementCache& repository, const entities::FunctionTypeProperties& type);
+    void addActivityType(StatementCache& repository, const entities::ActivityTypeProperties& type);
+
+    /// Adds a data type and gives its index. A failure is told and gives that of the first one.
     std::int16_t SaveDataType(const std::string& name);
     void UpdateDataType(std::int16_t oldIndex, const std::string& newName);
 
-    // True when the type is gone. A type that the repository still refers to loses its parameter rows all the same.
+    // True when the type is gone; that another user has deleted it before is told. A type that the repository still
+    // refers to loses its parameter rows all the same.
     bool DeleteFunctionType(std::int16_t index);
     bool DeleteActivityType(std::int16_t index);
     bool DeleteDataType(std::int16_t index);
 
   private:
-    template <class Load>
-    void loadOrEnd(Load load);
+    void loadOrEnd(const std::function<void(StatementCache&)>& load);
+    bool keepsIndices() const { return workIsOpen_ && workIsOpen_(); }
+    void readDataTypes(StatementCache& repository, bool keepIndices);
+    void readFunctionTypes(StatementCache& repository, bool keepIndices);
+    void readActivityTypes(StatementCache& repository, bool keepIndices);
+    void reload(entities::NameTable& table, const std::vector<std::string>& names, bool keepIndices);
+    template <class Write>
+    bool rename(entities::NameTable& table, std::int16_t index, const std::string& newName, Write write);
+    void settleRenaming();
     // False when the repository has no such type.
     bool read(entities::ActivityTypeProperties& type);
     bool read(entities::FunctionTypeProperties& type);
@@ -81,12 +101,32 @@ class Catalogue : public entities::FunctionTypeSource {
     void writeParams(StatementCache& repository, const entities::FunctionTypeProperties& type) const;
     void writeDependents(StatementCache& repository, const entities::ActivityTypeProperties& type) const;
     bool removeType(const std::string& name, std::initializer_list<std::string_view> statements,
-                    const std::string& refusal);
+                    const std::string& deleted, const std::string& refusal);
     void tell(const std::string& text);
 
     Services& services_;
     std::function<void()> endProgram_;
     std::function<bool()> workIsOpen_;
+
+    /// A new name whose update broke off.
+    struct Renaming {
+        entities::NameTable* table;
+        std::int16_t index;
+        std::string newName;
+    };
+    std::optional<Renaming> renaming_;
+};
+
+/// The function types of a catalogue, each read whole or not at all.
+class WholeFunctionTypes : public entities::FunctionTypeSource {
+  public:
+    explicit WholeFunctionTypes(Catalogue& catalogue) : catalogue_(catalogue) {}
+    entities::FunctionTypeProperties GetFunctionType(std::int16_t index) override {
+        return catalogue_.wholeFunctionType(index);
+    }
+
+  private:
+    Catalogue& catalogue_;
 };
 
 }  // namespace orvent::repository

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/steps.h"
+#include "repository/missing_types.h"
 #include "repository/node_rows.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_statements.h"
@@ -67,6 +68,10 @@ SaveResult ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
     try {
         refuseNullCharacters(form);
         repository.emplace(openRepository(services_));
+        catalogue_.refreshTables(*repository);
+        if (!hasItsTypes(form, services_, catalogue_, *repository)) {
+            return SaveResult::givenUp;
+        }
     } catch (const platform::Fault& fault) {
         showFault(services_, fault);
         return SaveResult::givenUp;

@@ -36,6 +36,8 @@ class StatementCache {
         return statement;
     }
 
+    platform::KeyLimit keyLimit(std::size_t width) const { return connection_->keyLimit(width); }
+
     /// Whether a query by one identifier has a row.
     bool finds(std::string_view sql, std::int16_t identifier) {
         platform::Statement& row = run(sql, identifier);

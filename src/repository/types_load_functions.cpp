@@ -1,5 +1,6 @@
 // Reading the type catalogue.
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -20,8 +21,7 @@ using platform::Statement;
 Catalogue::Catalogue(Services& services, std::function<void()> endProgram, std::function<bool()> workIsOpen)
     : services_(services), endProgram_(std::move(endProgram)), workIsOpen_(std::move(workIsOpen)) {}
 
-template <class Load>
-void Catalogue::loadOrEnd(Load load) {
+void Catalogue::loadOrEnd(const std::function<void(StatementCache&)>& load) {
     try {
         StatementCache repository = openRepository(services_);
         load(repository);
@@ -37,43 +37,76 @@ void Catalogue::loadOrEnd(Load load) {
 
 namespace {
 
-void loadNames(StatementCache& repository, std::string_view sql, entities::NameTable& table) {
-    Statement& names = repository.run(sql);
-    entities::NameTable read;
-    while (names.fetch()) {
-        read.add(names.text(1));
+std::vector<std::string> namesIn(StatementCache& repository, std::string_view sql) {
+    std::vector<std::string> names;
+    Statement& row = repository.run(sql);
+    while (row.fetch()) {
+        names.push_back(row.text(1));
     }
-    table = std::move(read);
+    return names;
 }
 
 }  // namespace
 
+/// The one way by which a name table takes what is stored.
+void Catalogue::reload(entities::NameTable& table, const std::vector<std::string>& names, bool keepIndices) {
+    if (renaming_ && renaming_->table == &table) {
+        const auto isStored = [&names](const std::string& name) {
+            return std::ranges::find(names, name) != names.end();
+        };
+        if (isStored(renaming_->newName) && !isStored(table.name(renaming_->index))) {
+            table.rename(renaming_->index, renaming_->newName);
+        }
+        renaming_.reset();
+    }
+    table.reload(names, keepIndices);
+}
+
+void Catalogue::readDataTypes(StatementCache& repository, bool keepIndices) {
+    reload(tables.dataTypes, namesIn(repository, sql::kDataTypes), keepIndices);
+}
+
+void Catalogue::readFunctionTypes(StatementCache& repository, bool keepIndices) {
+    reload(tables.functionTypes, namesIn(repository, sql::kFunctionTypes), keepIndices);
+}
+
+void Catalogue::readActivityTypes(StatementCache& repository, bool keepIndices) {
+    std::vector<std::string> names;
+    std::vector<std::pair<std::string, std::string>> texts;
+    Statement& types = repository.run(sql::kActivityTypes);
+    while (types.fetch()) {
+        names.push_back(types.text(1));
+        texts.emplace_back(types.text(2), types.text(3));
+    }
+    reload(tables.activityTypes, names, keepIndices);
+    // The texts stand parallel to the names, of which there is always one. A type that is gone keeps its own.
+    tables.activityTypeSql.resize(keepIndices ? tables.activityTypeSql.size() : 0);
+    tables.activityTypeLdl.resize(keepIndices ? tables.activityTypeLdl.size() : 0);
+    tables.activityTypeSql.resize(tables.activityTypes.size());
+    tables.activityTypeLdl.resize(tables.activityTypes.size());
+    for (std::size_t at = 0; at < names.size(); ++at) {
+        const auto index = static_cast<std::size_t>(*tables.activityTypes.indexOf(names[at]));
+        tables.activityTypeSql[index] = std::move(texts[at].first);
+        tables.activityTypeLdl[index] = std::move(texts[at].second);
+    }
+}
+
+void Catalogue::refreshTables(StatementCache& repository) {
+    readDataTypes(repository, true);
+    readFunctionTypes(repository, true);
+    readActivityTypes(repository, true);
+}
+
 void Catalogue::LoadDataTypes() {
-    loadOrEnd([this](StatementCache& repository) { loadNames(repository, sql::kDataTypes, tables.dataTypes); });
+    loadOrEnd([this](StatementCache& repository) { readDataTypes(repository, keepsIndices()); });
 }
 
 void Catalogue::LoadFunctionTypes() {
-    loadOrEnd([this](StatementCache& repository) { loadNames(repository, sql::kFunctionTypes, tables.functionTypes); });
+    loadOrEnd([this](StatementCache& repository) { readFunctionTypes(repository, keepsIndices()); });
 }
 
 void Catalogue::LoadActivityTypes() {
-    loadOrEnd([this](StatementCache& repository) {
-        Statement& types = repository.run(sql::kActivityTypes);
-        entities::NameTable names;
-        std::vector<std::string> sqlTexts;
-        std::vector<std::string> ldlTexts;
-        while (types.fetch()) {
-            names.add(types.text(1));
-            sqlTexts.push_back(types.text(2));
-            ldlTexts.push_back(types.text(3));
-        }
-        // The texts stand parallel to the names, of which there is always one.
-        sqlTexts.resize(names.size());
-        ldlTexts.resize(names.size());
-        tables.activityTypes = std::move(names);
-        tables.activityTypeSql = std::move(sqlTexts);
-        tables.activityTypeLdl = std::move(ldlTexts);
-    });
+    loadOrEnd([this](StatementCache& repository) { readActivityTypes(repository, keepsIndices()); });
 }
 
 template <class Add>
@@ -197,21 +230,22 @@ std::int16_t Catalogue::DataTypeIndex(const std::string& name) {
     if (const auto index = tables.dataTypes.indexOf(name)) {
         return *index;
     }
-    const std::string question =
-        "The Data Type " + platform::upperLetters(name) + "  Does Not Exist Among The Defined Data Types" +
-        "\nWould You Like It To Be Added To The Existing Data Types?" +
-        "\n\n(if you choose CANCEL ,the object's datatype will be reset to" + tables.dataTypes.name(0) + ")";
+    const std::string question = "The Data Type " + platform::upperLetters(name) +
+                                 "  Does Not Exist Among The Defined Data Types" +
+                                 "\nWould You Like It To Be Added To The Existing Data Types?" +
+                                 "\n\n(if you choose CANCEL ,the object's datatype will be reset to" +
+                                 tables.dataTypes.name(tables.dataTypes.first()) + ")";
     const Answer answer =
         services_.messages.show(question, "DATA TYPE NOT RPOPERLY SET", Icon::question, Buttons::okCancel);
-    return answer == Answer::ok ? SaveDataType(name) : std::int16_t{0};
+    return answer == Answer::ok ? SaveDataType(name) : tables.dataTypes.first();
 }
 
 std::int16_t Catalogue::FunctionTypeIndex(const std::string& name) const {
-    return tables.functionTypes.indexOf(name).value_or(0);
+    return tables.functionTypes.indexOf(name).value_or(tables.functionTypes.first());
 }
 
 std::int16_t Catalogue::ActivityTypeIndex(const std::string& name) const {
-    return tables.activityTypes.indexOf(name).value_or(0);
+    return tables.activityTypes.indexOf(name).value_or(tables.activityTypes.first());
 }
 
 }  // namespace orvent::repository

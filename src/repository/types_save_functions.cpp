@@ -67,35 +67,84 @@ void Catalogue::writeDependents(StatementCache& repository, const ActivityTypePr
     }
 }
 
+void Catalogue::addDataType(StatementCache& repository, const std::string& name) {
+    repository.run(sql::kAddDataType, name);
+    tables.dataTypes.take(name);
+}
+
+void Catalogue::addFunctionType(StatementCache& repository, const FunctionTypeProperties& type) {
+    repository.run(sql::kAddFunctionType, type.FunctionType_Name, type.FunctionType_Description);
+    writeParams(repository, type);
+    tables.functionTypes.take(type.FunctionType_Name);
+}
+
+void Catalogue::addActivityType(StatementCache& repository, const ActivityTypeProperties& type) {
+    repository.run(sql::kAddActivityType, type.ActType_Name, type.ActType_Description, type.ActType_SQL,
+                   type.ActType_SchemaNo, type.ActType_ProviderSemantics, type.ActType_ConsumerSemantics,
+                   type.ActType_LDL);
+    writeDependents(repository, type);
+    tables.activityTypes.take(type.ActType_Name);
+    tables.activityTypeSql.resize(tables.activityTypes.size());
+    tables.activityTypeLdl.resize(tables.activityTypes.size());
+    const auto index = static_cast<std::size_t>(ActivityTypeIndex(type.ActType_Name));
+    tables.activityTypeSql[index] = type.ActType_SQL;
+    tables.activityTypeLdl[index] = type.ActType_LDL;
+}
+
+/// What an index means gets another name. False when `write` found nothing to change.
+template <class Write>
+bool Catalogue::rename(entities::NameTable& table, std::int16_t index, const std::string& newName, Write write) {
+    renaming_ = Renaming{&table, index, newName};
+    bool found = false;
+    try {
+        StatementCache repository = openRepository(services_);
+        found = write(repository);
+    } catch (const platform::Fault&) {
+        settleRenaming();
+        throw;
+    }
+    renaming_.reset();
+    if (found) {
+        table.rename(index, newName);
+    }
+    return found;
+}
+
+/// A step broke off: looks which name is stored. When the line is down it is the next reload that finds out.
+void Catalogue::settleRenaming() {
+    try {
+        StatementCache repository = openRepository(services_);
+        refreshTables(repository);
+    } catch (const platform::Fault&) {
+        // The first fault is the one to be told.
+    }
+}
+
 void Catalogue::SaveFunctionType(const FunctionTypeProperties& type) {
     {
         StatementCache repository = openRepository(services_);
-        repository.run(sql::kAddFunctionType, type.FunctionType_Name, type.FunctionType_Description);
-        writeParams(repository, type);
+        addFunctionType(repository, type);
     }
     LoadFunctionTypes();
     tell("FUNCTION TYPE SAVED");
 }
 
 void Catalogue::UpdateFunctionType(const FunctionTypeProperties& type) {
-    const std::string oldName = wholeFunctionType(type.FunctionType_NameIndex).FunctionType_Name;
-    {
-        StatementCache repository = openRepository(services_);
+    const std::int16_t index = type.FunctionType_NameIndex;
+    const std::string oldName = wholeFunctionType(index).FunctionType_Name;
+    rename(tables.functionTypes, index, type.FunctionType_Name, [&](StatementCache& repository) {
         repository.run(sql::kDropFunctionTypeParams, oldName);
         repository.run(sql::kChangeFunctionType, type.FunctionType_Name, type.FunctionType_Description, oldName);
         writeParams(repository, type);
-    }
-    tables.functionTypes.rename(type.FunctionType_NameIndex, type.FunctionType_Name);
+        return true;
+    });
     tell("FUNCTION TYPE UPDATED");
 }
 
 void Catalogue::SaveActivityType(const ActivityTypeProperties& type) {
     {
         StatementCache repository = openRepository(services_);
-        repository.run(sql::kAddActivityType, type.ActType_Name, type.ActType_Description, type.ActType_SQL,
-                       type.ActType_SchemaNo, type.ActType_ProviderSemantics, type.ActType_ConsumerSemantics,
-                       type.ActType_LDL);
-        writeDependents(repository, type);
+        addActivityType(repository, type);
     }
     LoadActivityTypes();
     tell("Activity TYPE SAVED");
@@ -104,16 +153,15 @@ void Catalogue::SaveActivityType(const ActivityTypeProperties& type) {
 void Catalogue::UpdateActivityType(const ActivityTypeProperties& type) {
     const std::int16_t index = type.ActType_NameIndex;
     const std::string oldName = wholeActivityType(index).ActType_Name;
-    {
-        StatementCache repository = openRepository(services_);
+    rename(tables.activityTypes, index, type.ActType_Name, [&](StatementCache& repository) {
         repository.run(sql::kDropActivityTypeParams, oldName);
         repository.run(sql::kDropActivityTypeFunctions, oldName);
         repository.run(sql::kChangeActivityType, type.ActType_Name, type.ActType_Description, type.ActType_SQL,
                        type.ActType_SchemaNo, type.ActType_ProviderSemantics, type.ActType_ConsumerSemantics,
                        type.ActType_LDL, oldName);
         writeDependents(repository, type);
-    }
-    tables.activityTypes.rename(index, type.ActType_Name);
+        return true;
+    });
     // The generators take their templates from these tables, so the texts follow the name.
     tables.activityTypeSql[static_cast<std::size_t>(index)] = type.ActType_SQL;
     tables.activityTypeLdl[static_cast<std::size_t>(index)] = type.ActType_LDL;
@@ -122,56 +170,59 @@ void Catalogue::UpdateActivityType(const ActivityTypeProperties& type) {
 
 std::int16_t Catalogue::SaveDataType(const std::string& name) {
     try {
-        openRepository(services_).run(sql::kAddDataType, name);
-        tables.dataTypes.add(name);
+        StatementCache repository = openRepository(services_);
+        addDataType(repository, name);
     } catch (const platform::Fault& fault) {
         showFault(services_, fault);
-        return 0;
+        return tables.dataTypes.first();
     }
     try {
-        LoadDataTypes();
+        // Whoever asked may hold indices already: a scenario or a type that is half read.
+        loadOrEnd([this](StatementCache& repository) { readDataTypes(repository, true); });
         tell("DATA TYPE SAVED");
     } catch (const platform::Fault& fault) {
         showFault(services_, fault);  // stored it is, and the table holds it
     }
-    return tables.dataTypes.indexOf(name).value_or(0);
+    return tables.dataTypes.indexOf(name).value_or(tables.dataTypes.first());
 }
 
 void Catalogue::UpdateDataType(std::int16_t oldIndex, const std::string& newName) {
     const std::string oldName = tables.dataTypes.name(oldIndex);
-    {
-        StatementCache repository = openRepository(services_);
+    const bool found = rename(tables.dataTypes, oldIndex, newName, [&](StatementCache& repository) {
         // A driver may leave out a row that bears the name already.
-        if (repository.run(sql::kChangeDataType, newName, oldName).changedRows() == 0 &&
-            (newName != oldName || !isStored(repository, oldName))) {
-            throw TypeGone(oldName);
-        }
+        return repository.run(sql::kChangeDataType, newName, oldName).changedRows() != 0 ||
+               (newName == oldName && isStored(repository, oldName));
+    });
+    if (!found) {
+        throw TypeGone(oldName);
     }
     tell("DATA TYPE UPDATED");
     LoadDataTypes();
 }
 
 bool Catalogue::removeType(const std::string& name, std::initializer_list<std::string_view> statements,
-                           const std::string& refusal) {
+                           const std::string& deleted, const std::string& refusal) {
+    long long rows = 0;
     try {
         StatementCache repository = openRepository(services_);
         for (const std::string_view statement : statements) {
-            repository.run(statement, name);
+            rows = repository.run(statement, name).changedRows();
         }
-        return true;
     } catch (const platform::DatabaseError& error) {
         const bool referred = deleteErrorNumber(error) == platform::kStillReferred;
         services_.messages.tell(referred ? refusal : error.description(), {}, Icon::critical);
+        return false;
     }
-    return false;
+    tell(rows == 0 ? TypeGone(name).description() : deleted);  // the last one deletes the type itself
+    return true;
 }
 
 bool Catalogue::DeleteFunctionType(std::int16_t index) {
     if (!removeType(tables.functionTypes.name(index), {sql::kDropFunctionTypeParams, sql::kDropFunctionType},
+                    "FUNCTION TYPE DELETED",
                     "THIS FUNCTION IS USED BY OTHER SCENARIOS IN THE DATABASE AND CANNOT BE DELETED!")) {
         return false;
     }
-    tell("FUNCTION TYPE DELETED");
     LoadFunctionTypes();
     return true;
 }
@@ -179,20 +230,19 @@ bool Catalogue::DeleteFunctionType(std::int16_t index) {
 bool Catalogue::DeleteActivityType(std::int16_t index) {
     if (!removeType(tables.activityTypes.name(index),
                     {sql::kDropActivityTypeParams, sql::kDropActivityTypeFunctions, sql::kDropActivityType},
+                    "Activity TYPE DELETED",
                     "THIS ACTIVITY TYPE IS USED BY OTHER SCENARIOS IN THE DATABASE AND CANNOT BE DELETED!")) {
         return false;
     }
-    tell("Activity TYPE DELETED");
     LoadActivityTypes();
     return true;
 }
 
 bool Catalogue::DeleteDataType(std::int16_t index) {
-    if (!removeType(tables.dataTypes.name(index), {sql::kDropDataType},
+    if (!removeType(tables.dataTypes.name(index), {sql::kDropDataType}, "DATA TYPE DELETED",
                     "THIS DATATYPE IS USED BY OTHER SCENARIOS IN THE DATABASE AND CANNOT BE DELETED!")) {
         return false;
     }
-    tell("DATA TYPE DELETED");
     LoadDataTypes();
     return true;
 }

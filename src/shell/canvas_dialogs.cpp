@@ -39,7 +39,8 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
         editors::RecordSetProp dialog(services_, form, node);
         services_.dialogs.show(dialog);
     } else if (zoom && editors::ItemProp::edits(*zoom, node)) {
-        editors::ItemProp dialog(*zoom, node, services_.catalogue);
+        repository::WholeFunctionTypes types(services_.catalogue);
+        editors::ItemProp dialog(*zoom, node, types);
         services_.dialogs.show(dialog);
     }
 }
@@ -51,20 +52,17 @@ void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD
 
 std::string CanvasDialogs::typeOf(const canvas::LabelsD& node) const {
     const entities::CatalogueTables& tables = services_.catalogue.tables;
-    const auto nameIn = [](const entities::NameTable& types, std::int16_t type) {
-        return type >= 0 && static_cast<std::size_t>(type) < types.size() ? types.name(type) : std::string();
-    };
     if (const auto* activity = node.activity()) {
-        return nameIn(tables.activityTypes, activity->Act_Type);
+        return tables.activityTypes.shown(activity->Act_Type);
     }
     if (const auto* function = node.entity<entities::FunctionProperties>()) {
-        return nameIn(tables.functionTypes, function->Function_Type);
+        return tables.functionTypes.shown(function->Function_Type);
     }
     if (const auto* attribute = node.entity<entities::AttributeProperties>()) {
-        return nameIn(tables.dataTypes, attribute->Attribute_Type);
+        return tables.dataTypes.shown(attribute->Attribute_Type);
     }
     const auto* parameter = node.entity<entities::ParameterProperties>();
-    return parameter ? nameIn(tables.dataTypes, parameter->Parameter_Type) : std::string();
+    return parameter ? tables.dataTypes.shown(parameter->Parameter_Type) : std::string();
 }
 
 }  // namespace orvent::shell

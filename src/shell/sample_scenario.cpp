@@ -1,7 +1,9 @@
 #include "shell/sample_scenario.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "shell/sample_data.h"
 #include "zoom/synchronize_functions.h"
@@ -51,17 +53,17 @@ class SampleBuilder {
             canvas::LabelsD& node = form_.Labels.Add({row.left, row.top, settings.Width, settings.BigHeight},
                                                      std::string(row.name), row.nodeType);
             if (ActivityProperties* activity = node.activity()) {
-                activity->Act_Type = row.activityType;
+                activity->Act_Type = typeAt(row.activityType);
             }
         }
     }
 
     bool readTypes() {
-        if (catalogue_.tables.activityTypes.rows() < types_.size()) {
+        if (places_.size() < types_.size()) {
             return false;
         }
-        for (std::size_t index = 0; index < types_.size(); ++index) {
-            types_[index] = catalogue_.GetActivityType(static_cast<std::int16_t>(index));
+        for (std::size_t place = 0; place < types_.size(); ++place) {
+            types_[place] = catalogue_.GetActivityType(places_[place]);
         }
         return true;
     }
@@ -71,7 +73,7 @@ class SampleBuilder {
             RecordSetProperties& recordSet = *node(row.name).recordSet();
             recordSet.RecordSet_SQL = row.sql;
             const std::string key(row.attribute);
-            recordSet.RecordSet_Outputs->Add(key, 0, key).ParentKeyName = row.name;
+            recordSet.RecordSet_Outputs->Add(key, dataType_, key).ParentKeyName = row.name;
             recordSet.addDbKey(key, std::string(row.dbKey));
         }
     }
@@ -135,10 +137,19 @@ class SampleBuilder {
     }
 
   private:
+    /// The index of the catalogue's first, second or third activity type; -1 when it has fewer.
+    std::int16_t typeAt(std::int16_t place) const {
+        const auto at = static_cast<std::size_t>(place);
+        return at < places_.size() ? places_[at] : std::int16_t{-1};
+    }
+
     canvas::LabelsD& node(std::string_view name) { return *form_.nodeNamed(std::string(name)); }
     ActivityProperties& activity(std::string_view name) { return *node(name).activity(); }
     ActivityTypeProperties& typeOf(const ActivityProperties& held) {
-        return types_[static_cast<std::size_t>(held.Act_Type)];
+        const auto isIt = [&held](const ActivityTypeProperties& type) {
+            return type.ActType_NameIndex == held.Act_Type;
+        };
+        return *std::find_if(types_.begin(), types_.end(), isIt);
     }
 
     std::string firstBroughtOutput() {
@@ -154,13 +165,13 @@ class SampleBuilder {
         ActivityProperties& owner = activity(row.activity);
         switch (row.nodeKind) {
             case KindInput:
-                owner.Act_Inputs->Add(*name, 0, row.tag, *name).ParentKeyName = owner.Act_Name;
+                owner.Act_Inputs->Add(*name, dataType_, row.tag, *name).ParentKeyName = owner.Act_Name;
                 break;
             case KindOutput:
-                owner.Act_Outputs->Add(*name, 0, row.tag, *name).ParentKeyName = owner.Act_Name;
+                owner.Act_Outputs->Add(*name, dataType_, row.tag, *name).ParentKeyName = owner.Act_Name;
                 break;
             default:
-                owner.Act_Parameters->Add(*name, 0, row.tag, *name).ParentKeyName = owner.Act_Name;
+                owner.Act_Parameters->Add(*name, dataType_, row.tag, *name).ParentKeyName = owner.Act_Name;
         }
     }
 
@@ -286,6 +297,8 @@ class SampleBuilder {
     canvas::DrawForm& form_;
     repository::Catalogue& catalogue_;
     std::array<ActivityTypeProperties, 3> types_;
+    const std::vector<std::int16_t> places_ = catalogue_.tables.activityTypes.listed();
+    const std::int16_t dataType_ = catalogue_.tables.dataTypes.first();
     std::string brought_;
     std::string typeFunctionKey_;
 };

@@ -109,7 +109,7 @@ void ActivityBuilder::createFunctions() {
         made.Function_Name = variable.RegulatorName;
         made.Function_Key = variable.RegulatorName;
         made.Function_Source = kSourceOwn;
-        made.Function_Type = catalogue_.functionTypes.indexOf("[EMPTY]").value_or(0);
+        made.Function_Type = catalogue_.functionTypes.indexOf("[EMPTY]").value_or(catalogue_.functionTypes.first());
         made.setParentKeyName(activity_.Act_Name);
         refuseTaken(activity_.Act_Functions->Item(made.Function_Key), "function", made.Function_Key);
         activity_.Act_Functions->AddFunctionProps(made, "", 0);

@@ -47,14 +47,20 @@ void LDLList::choose(int at) {
     ListIndex = at >= 0 && at < static_cast<int>(items.size()) ? at : -1;
 }
 
+void LDLList::chooseHeld(std::int16_t held) {
+    const auto found = std::find(indices.begin(), indices.end(), held);
+    choose(indices.empty() ? held : found == indices.end() ? -1 : static_cast<int>(found - indices.begin()));
+}
+
 void LDLForm::fillLists() {
     clearPanel();
     for (int source = 1; source <= Sources.Count(); ++source) {
         listInputs.items.push_back("a_in" + std::to_string(source));
     }
     const entities::NameTable& types = catalogue_.dataTypes;
-    for (std::size_t type = 0; type < types.size(); ++type) {
-        listDataTypes.items.push_back(types.name(static_cast<std::int16_t>(type)));
+    listDataTypes.indices = types.listed();
+    for (const std::int16_t type : listDataTypes.indices) {
+        listDataTypes.items.push_back(types.name(type));
     }
     for (int node = 1; node <= form_->Labels.Count(); ++node) {
         const canvas::LabelsD& label = *form_->Labels.at(node);

@@ -91,7 +91,7 @@ void LDLForm::showValue(const LDLVariable& holder) {
             break;
         case RegConstant:
             txtConst = holder.RegulatorName;
-            listDataTypes.choose(holder.RegulatedFrom);
+            listDataTypes.chooseHeld(holder.RegulatedFrom);
             break;
         case RegOutputVariable:
             value = RegUndefined;
@@ -134,7 +134,7 @@ void LDLForm::ShowCurrentVariable() {
             selectRS(listRS.ListIndex);
             break;
         case VarFunctionOutput:
-            listDataTypes.choose(variable.RegulatedFrom);
+            listDataTypes.chooseHeld(variable.RegulatedFrom);
             break;
         case VarOutput:
             showRegulator(variable);

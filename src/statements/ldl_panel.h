@@ -13,13 +13,19 @@ namespace orvent::statements {
 /// A list control as a plain value.
 struct LDLList {
     std::vector<std::string> items;
-    int ListIndex = -1;  ///< 0-based, -1 while nothing is selected
+    std::vector<std::int16_t> indices;  ///< in the catalogue, beside the items of a list of types
+    int ListIndex = -1;                 ///< 0-based, -1 while nothing is selected
 
     /// The selected entry, empty while nothing is selected.
     std::string Text() const { return ListIndex < 0 ? std::string() : items[static_cast<std::size_t>(ListIndex)]; }
     void clear() { *this = {}; }
-    /// The selection as a variable holds it.
-    std::int16_t position() const { return static_cast<std::int16_t>(ListIndex); }
+    /// The selection as a variable holds it: its position, or for a type its index.
+    std::int16_t position() const {
+        return indices.empty() || ListIndex < 0 ? static_cast<std::int16_t>(ListIndex)
+                                                : indices[static_cast<std::size_t>(ListIndex)];
+    }
+    /// Selects what a variable holds.
+    void chooseHeld(std::int16_t held);
     /// Selects the entry at that position, or nothing when there is none.
     void choose(int at);
     /// Selects the first entry that equals `text`, or nothing.

@@ -205,6 +205,25 @@ TEST_F(ItemDialog, ACatalogueThatSomeoneEmptiedOffersNoType) {
     EXPECT_TRUE(play("A2.IN.SONUM", "NEW"));
 }
 
+TEST_F(ItemDialog, AGoneTypeIsOfferedOnlyToTheItemThatHasIt) {
+    open();
+    place("Parameter");
+    EXPECT_TRUE(play("Parameter1", "P", 0));
+    catalogue.dataTypes.reload({"VARCHAR2(20)"}, true);
+    {
+        ItemProp item(*form, node("P"), types);
+        EXPECT_EQ(item.Types, (std::vector<std::string>{"NUMBER (gone)", "VARCHAR2(20)"}));
+        EXPECT_EQ(item.TypeIndex, 0);
+    }
+    EXPECT_TRUE(play("P", "Q"));
+    EXPECT_EQ(node("Q").entity<ParameterProperties>()->Parameter_Type, 0) << "it keeps what it means";
+    EXPECT_TRUE(play("Q", "Q", 1));
+    EXPECT_EQ(node("Q").entity<ParameterProperties>()->Parameter_Type, 1);
+    EXPECT_EQ(ItemProp(*form, node("Q"), types).Types, std::vector<std::string>{"VARCHAR2(20)"});
+    EXPECT_TRUE(play("Q", "Q", 0));
+    EXPECT_EQ(node("Q").entity<ParameterProperties>()->Parameter_Type, 1) << "the first row is now that of the second";
+}
+
 TEST_F(ItemDialog, AFreeItemTakesNameAndType) {
     open();
     for (const char* tool : {"Attribute", "Parameter", "Constant"}) {

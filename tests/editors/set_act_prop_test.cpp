@@ -266,6 +266,22 @@ TEST_F(SetActPropTest, AnotherTypeReplacesOnlyWhatTheFormerBrought) {
     EXPECT_EQ(activity().Act_Type, 0) << "the node waits for Apply";
 }
 
+TEST_F(SetActPropTest, RowsFollowTheCatalogueAndAGoneTypeIsOfferedToItsOwnerOnly) {
+    using Indices = std::vector<std::int16_t>;
+    const auto dialog = open();
+    dialog->followTypes();
+    catalogue.tables.dataTypes.rename(0, "NUMBER");
+    catalogue.tables.activityTypes.reload({"Join"}, true);
+    dialog->followTypes();
+    EXPECT_EQ(dialog->AttList[kInputs].Item("RS_ID")->SubItems[0], "NUMBER");
+    EXPECT_EQ(dialog->offeredTypes(), (Indices{0, 1}));
+    EXPECT_EQ(dialog->typeNames().shown(0), "Filter (gone)");
+    database.answer(repository::sql::kActivityType, {{"d", "", "", "2", "1", "1"}});
+    dialog->ActTypes_Click(1);
+    EXPECT_EQ(dialog->tempProp->Act_Type, 1);
+    EXPECT_EQ(dialog->offeredTypes(), (Indices{1}));
+}
+
 TEST_F(SetActPropTest, ATypeThatCannotBeReadWholeReplacesNothing) {
     namespace sql = repository::sql;
     const auto dialog = open();

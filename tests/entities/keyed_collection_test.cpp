@@ -186,4 +186,27 @@ TEST(NameTable, IsNeverEmptyAndKeepsTheFirstOfEqualNames) {
     EXPECT_THROW(table.add("one too many"), Fault);
 }
 
+TEST(NameTable, AKeptIndexGoesOnMeaningItsName) {
+    using Indices = std::vector<std::int16_t>;
+    NameTable table;
+    table.reload({"a", "b", "c"}, false);
+    table.reload({"x", "c"}, true);
+    EXPECT_EQ(table.name(0) + table.name(1) + table.name(2) + table.name(3), "abcx");
+    EXPECT_EQ(table.indexOf("a"), std::nullopt);
+    EXPECT_EQ(table.shown(0) + table.shown(2) + table.shown(9), "a (gone)c");
+    EXPECT_EQ(table.listed(), (Indices{2, 3}));
+    EXPECT_EQ(table.listed(1), (Indices{1, 2, 3}));
+    EXPECT_EQ(table.first(), 2);
+    table.take("b");
+    EXPECT_EQ(table.indexOf("b"), 1) << "what returns has its former index";
+    table.reload({}, true);
+    EXPECT_EQ(table.name(table.first()), "") << "none falls back on what is gone";
+    EXPECT_EQ(table.listed(table.first()), Indices());
+    table.reload({"y"}, true);
+    EXPECT_EQ(table.indexOf("y"), 5);
+    table.reload({"y"}, false);
+    EXPECT_EQ(table.indexOf("y"), 0);
+    EXPECT_EQ(table.size(), 1U);
+}
+
 }  // namespace

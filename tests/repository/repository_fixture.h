@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "canvas/draw_form.h"
+#include "repository/catalogue_statements.h"
 #include "repository/scenario_load_save.h"
 #include "testkit/scripted_database.h"
 #include "testkit/scripted_ports.h"
@@ -51,6 +52,9 @@ class RepositoryTest : public ::testing::Test {
         catalogue.tables.functionTypes.add("SK");
         catalogue.tables.activityTypes.add("Filter");
         catalogue.tables.activityTypes.add("Join");
+        database.standing(repository::sql::kDataTypes, {{"INTEGER"}, {"STRING"}});
+        database.standing(repository::sql::kFunctionTypes, {{"[EMPTY]"}, {"SK"}});
+        database.standing(repository::sql::kActivityTypes, {{"Filter", "", ""}, {"Join", "", ""}});
     }
     ~RepositoryTest() override {
         EXPECT_EQ(database.openNow, 0) << "a connection was left open";

@@ -66,6 +66,14 @@ class ScenarioSaveTest : public RepositoryTest {
             EXPECT_EQ(text.find("900"), std::string::npos) << text << ": a node of somebody else";
         }
     }
+    /// What was sent since the last look, without the names of types that each save reads first.
+    Texts sent() {
+        Texts log = database.takeLog();
+        std::erase_if(log, [](const std::string& text) {
+            return text == sql::kDataTypes || text == sql::kFunctionTypes || text == sql::kActivityTypes;
+        });
+        return log;
+    }
     void save(bool SaveAs) {
         expectUntyped();
         messages.expect("Saved");
@@ -85,7 +93,7 @@ TEST_F(ScenarioSaveTest, UnchangedSaveRewritesLinksAndLinesOnlyAndSaveAsAll) {
     form->DeletedNodes->Add(77, entities::DeletedLog);
     expectStoredNodes();
     save(false);
-    EXPECT_EQ(database.takeLog(),
+    EXPECT_EQ(sent(),
               (Texts{"SELECT Scenario_Name FROM Scenarios WHERE Scenario_ID =? [11]",
                      "SELECT Node_ID,Node_Type FROM ScenarioNodes WHERE Scenario_ID=? [11]",
                      "DELETE FROM ScenarioNodes WHERE Node_ID=? [77]", "DELETE FROM Lines WHERE Scenario_ID=? [11]",
@@ -130,7 +138,7 @@ TEST_F(ScenarioSaveTest, TakenNameIsReplacedByAnother) {
     inputBox.expect(again, "Scenario Name", "", "");
     loadSave.SaveScenario(*form, true);
     EXPECT_EQ(form->Caption(), "Scenario1");
-    EXPECT_EQ(database.takeLog().size(), 1u);
+    EXPECT_EQ(sent().size(), 1u);
     EXPECT_EQ(form->ScenarioID, 5);
     EXPECT_EQ(recordSet().NodeID, 3) << "nothing was written";
 
@@ -139,7 +147,7 @@ TEST_F(ScenarioSaveTest, TakenNameIsReplacedByAnother) {
     inputBox.expect(prompt, "Scenario Name", "", "Other");
     save(true);
     EXPECT_EQ(form->Caption(), "Other");
-    EXPECT_EQ(database.log.at(1), "INSERT INTO Scenarios VALUES (?,Scenario_ID_seq.NEXTVAL,?) [Other,ann]");
+    EXPECT_EQ(sent().at(1), "INSERT INTO Scenarios VALUES (?,Scenario_ID_seq.NEXTVAL,?) [Other,ann]");
 }
 
 TEST_F(ScenarioSaveTest, OtherErrorsAreToldFirst) {

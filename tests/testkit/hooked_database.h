@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -23,6 +24,7 @@ class HookedDatabase : public platform::Database {
         hook_ = std::move(hook);
         side_ = side;
     }
+    std::optional<platform::KeyLimit> keyLimit;  ///< in the place of the real one's
     bool happened() const { return !hook_; }
 
     std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
@@ -69,6 +71,9 @@ class HookedDatabase : public platform::Database {
 
         std::unique_ptr<platform::Statement> prepare(std::string_view sql) override {
             return std::make_unique<HookedStatement>(owner_, sql, real_->prepare(sql));
+        }
+        platform::KeyLimit keyLimit(std::size_t width) const override {
+            return owner_.keyLimit ? *owner_.keyLimit : real_->keyLimit(width);
         }
 
       private:

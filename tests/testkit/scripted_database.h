@@ -31,6 +31,9 @@ class ScriptedDatabase : public platform::Database {
     /// The next execution of `sql` has these rows; further answers wait in line and the last one stays.
     void answer(std::string_view sql, Rows rows) { answers_[std::string(sql)].push_back(std::move(rows)); }
 
+    /// The rows of `sql` whenever no other answer waits.
+    void standing(std::string_view sql, Rows rows) { standing_[std::string(sql)] = std::move(rows); }
+
     /// The `nth` execution from now on of a text that begins so fails.
     void fail(std::string_view beginning, const platform::DatabaseError& error, int nth = 1) {
         failures_.push_back({std::string(beginning), nth, error});
@@ -122,7 +125,8 @@ class ScriptedDatabase : public platform::Database {
         }
         std::deque<Rows>& waiting = answers_[sql];
         if (waiting.empty()) {
-            return {};
+            const auto always = standing_.find(sql);
+            return always == standing_.end() ? Rows() : always->second;
         }
         const Rows rows = waiting.front();
         if (waiting.size() > 1) {
@@ -132,6 +136,7 @@ class ScriptedDatabase : public platform::Database {
     }
 
     std::map<std::string, std::deque<Rows>> answers_;
+    std::map<std::string, Rows> standing_;
     std::vector<Failure> failures_;
     std::vector<std::string> missing_;
     // Apart from each other, so that one identifier is not mistaken for another.

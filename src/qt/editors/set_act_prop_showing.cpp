@@ -19,24 +19,25 @@ using editors::SetActProp;
 
 /// The types may change while the dialog is open: another user's reach it with the wizard.
 void SetActPropWindow::showTypes() {
-    const entities::NameTable& types = logic_.typeNames();
-    const auto rows = static_cast<int>(types.rows());
-    for (int row = 0; row < rows; ++row) {
-        const QString name = text(types.name(static_cast<std::int16_t>(row)));
+    int row = 0;
+    for (const std::int16_t type : logic_.offeredTypes()) {
+        const QString name = text(logic_.typeNames().shown(type));
         if (row == types_->count()) {
             types_->addItem(name);
         } else if (types_->itemText(row) != name) {
             types_->setItemText(row, name);
         }
+        types_->setItemData(row++, int{type});
     }
-    while (types_->count() > rows) {
+    while (types_->count() > row) {
         types_->removeItem(types_->count() - 1);
     }
-    types_->setCurrentIndex(logic_.ActTypes);
+    types_->setCurrentIndex(types_->findData(logic_.ActTypes));
 }
 
 void SetActPropWindow::showState() {
     showing_ = true;
+    logic_.followTypes();
     const auto showLine = [](QLineEdit& field, const std::string& value) {
         if (field.text() != text(value)) {
             field.setText(text(value));

@@ -105,7 +105,8 @@ QWidget* SetActPropWindow::newDefinition() {
     types_->setPlaceholderText(tr("Choose a type"));
     types_->setFocusPolicy(Qt::StrongFocus);
     types_->installEventFilter(this);
-    connect(types_, &QComboBox::activated, this, [this](int row) { act([&] { logic_.ActTypes_Click(row); }); });
+    connect(types_, &QComboBox::activated, this,
+            [this](int row) { act([&] { logic_.ActTypes_Click(types_->itemData(row).toInt()); }); });
     descr_ = new QTextEdit(side);
     descr_->setObjectName(QStringLiteral("txtDescr"));
     descr_->setAcceptRichText(false);

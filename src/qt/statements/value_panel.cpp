@@ -153,8 +153,8 @@ QLineEdit* ValuePanel::newFunctionField() {
     names->setInsertPolicy(QComboBox::NoInsert);
     names->setCompleter(nullptr);  // it would put another's letters in the place of those typed
     const entities::NameTable& types = logic_.functionTypes();
-    for (std::size_t type = 0; type < types.rows(); ++type) {
-        const QString name = QString::fromStdString(types.name(static_cast<std::int16_t>(type)));
+    for (const std::int16_t type : types.listed()) {
+        const QString name = QString::fromStdString(types.name(type));
         if (!name.startsWith(QLatin1Char('['))) {
             names->addItem(name);
         }
