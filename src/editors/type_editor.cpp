@@ -1,6 +1,5 @@
 #include "editors/type_editor.h"
 
-#include "forms/name_check.h"
 #include "platform/fault.h"
 #include "statements/ldl_variables.h"
 
@@ -9,6 +8,15 @@ namespace orvent::editors {
 using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
+
+namespace {
+
+/// Of a type's name in the creation script.
+constexpr std::size_t kNameWidth = 1000;
+
+constexpr const char* kGone = "The repository has no such type any more";
+
+}  // namespace
 
 TypeEditor::TypeEditor(TypeKind kindOfType, repository::Services& services, repository::Catalogue& catalogue,
                        const forms::Dialogs& dialogs, bool scenarioOpen)
@@ -35,19 +43,23 @@ const entities::NameTable& TypeEditor::table() const {
     return catalogue_.tables.activityTypes;
 }
 
-void TypeEditor::loadTable() {
-    static constexpr std::array<void (repository::Catalogue::*)(), 3> kLoads = {
-        &repository::Catalogue::LoadDataTypes, &repository::Catalogue::LoadFunctionTypes,
-        &repository::Catalogue::LoadActivityTypes};
-    (catalogue_.*kLoads[static_cast<std::size_t>(kind)])();
+const entities::NameTable& TypeEditor::typesOf(TypeListRole role) const {
+    return role == TypeListRole::function ? catalogue_.tables.functionTypes : catalogue_.tables.dataTypes;
+}
+
+/// The names as they are stored now. Indices that the lines hold go on meaning their names.
+void TypeEditor::refreshTables() {
+    repository::StatementCache repository = repository::openRepository(services_);
+    catalogue_.refreshTables(repository);
+    nameLimit_ = repository.keyLimit(kNameWidth);
 }
 
 void TypeEditor::fillTypes(const std::string& selected) {
     Types.rebuild([this] {
         Types.Clear();
-        for (std::size_t at = 0; at < table().rows(); ++at) {
-            const std::string& name = table().name(static_cast<std::int16_t>(at));
-            Types.add({.Key = name, .Text = name});
+        for (const std::int16_t type : table().listed()) {
+            const std::string& name = table().name(type);
+            Types.add({.Key = name, .Text = name, .Tag = type});
         }
     });
     Types.select(Types.positionOf(selected));
@@ -96,29 +108,41 @@ void TypeEditor::clearFields() {
     }
 }
 
-void TypeEditor::read() {
+bool TypeEditor::read() {
     clearFields();
     Saved = true;
     const forms::ListRow* row = Types.Item(Types.selected());
     if (!row) {
-        return;
+        return false;
     }
     txtName = row->Text;
     try {
-        if (kind == TypeKind::function) {
-            readFunctionType();
-        } else if (kind == TypeKind::activity) {
-            readActivityType();
-        }
+        readType();
         readUsage();
+        return true;
+    } catch (const repository::TypeGone&) {
+        usedBy = kGone;
     } catch (const platform::Fault& fault) {
         messages().tell(fault.description(), {}, Icon::critical);
+    }
+    return false;
+}
+
+void TypeEditor::readType() {
+    if (kind == TypeKind::function) {
+        const entities::FunctionTypeProperties type = catalogue_.wholeFunctionType(index());
+        readState_ = stateOf(type);
+        show(type);
+    } else if (kind == TypeKind::activity) {
+        const entities::ActivityTypeProperties type = catalogue_.wholeActivityType(index());
+        readState_ = stateOf(type);
+        show(type);
     }
 }
 
 void TypeEditor::readUsage() {
     const repository::TypeUsage usage = repository::usageOfType(services_, kind, txtName);
-    usedBy = !usage.isStored    ? "The repository has no such type any more"
+    usedBy = !usage.isStored    ? kGone
              : usage.count == 0 ? "Used by no stored activity"
              : usage.count == 1 ? "Used by 1 stored activity"
                                 : "Used by " + std::to_string(usage.count) + " stored activities";
@@ -129,8 +153,7 @@ void TypeEditor::readUsage() {
     }
 }
 
-void TypeEditor::readFunctionType() {
-    const entities::FunctionTypeProperties type = catalogue_.GetFunctionType(index());
+void TypeEditor::show(const entities::FunctionTypeProperties& type) {
     txtDescr = type.FunctionType_Description;
     for (const entities::InputProperties& each : type.FunctionType_Inputs) {
         addLine(TypeListRole::input, each.Input_Name, each.Input_Type);
@@ -140,9 +163,8 @@ void TypeEditor::readFunctionType() {
     }
 }
 
-void TypeEditor::readActivityType() {
+void TypeEditor::show(const entities::ActivityTypeProperties& type) {
     const auto option = [](std::int16_t value) { return value == 1 || value == 2 ? value - 1 : -1; };
-    const entities::ActivityTypeProperties type = catalogue_.GetActivityType(index());
     txtDescr = type.ActType_Description;
     txtSQL = type.ActType_SQL;
     txtLDL = type.ActType_LDL;
@@ -161,12 +183,10 @@ void TypeEditor::readActivityType() {
 }
 
 void TypeEditor::addLine(TypeListRole role, const std::string& name, std::int16_t type) {
-    const entities::CatalogueTables& tables = catalogue_.tables;
-    const entities::NameTable& names = role == TypeListRole::function ? tables.functionTypes : tables.dataTypes;
-    list(role).add(inOutRow(name, type, names.name(type)));
+    list(role).add(inOutRow(name, type, typesOf(role).shown(type)));
 }
 
-forms::List& TypeEditor::list(TypeListRole role) {
+const forms::List& TypeEditor::list(TypeListRole role) const {
     std::size_t at = 0;
     while (words.lists[at].role != role) {
         ++at;
@@ -174,25 +194,48 @@ forms::List& TypeEditor::list(TypeListRole role) {
     return lists[at];
 }
 
+forms::List& TypeEditor::list(TypeListRole role) {
+    return const_cast<forms::List&>(static_cast<const TypeEditor&>(*this).list(role));
+}
+
 void TypeEditor::But_NEW() {
     mode = TypeMode::create;
+    edited_.clear();
     clearFields();
     txtDescr = words.hint;
     descrIsHint = !txtDescr.empty();
     Saved = true;
 }
 
+/// What is edited is what is stored now, whole: what is missing here would go from the store.
 void TypeEditor::But_EDIT() {
-    if (hasSelection()) {
-        mode = TypeMode::edit;
-        Saved = true;
+    if (!hasSelection() || isEditing()) {
+        return;
     }
+    if (!read()) {
+        if (usedBy == kGone) {
+            messages().tell(repository::TypeGone(txtName).description(), {}, Icon::critical);
+        }
+        return;
+    }
+    mode = TypeMode::edit;
+    edited_ = txtName;
 }
 
 void TypeEditor::But_Cancel() {
     const forms::ListRow* row = Types.Item(Types.selected());
+    std::string selected = row ? std::string(row->Key) : std::string();
     mode = TypeMode::browse;
-    fillTypes(row ? std::string(row->Key) : std::string());
+    if (begun_) {  // it may stand in part
+        selected = *begun_;
+        begun_.reset();
+        try {
+            refreshTables();
+        } catch (const platform::Fault& fault) {
+            messages().tell(fault.description(), {}, Icon::critical);
+        }
+    }
+    fillTypes(selected);
 }
 
 void TypeEditor::But_DELETE() {
@@ -244,119 +287,6 @@ void TypeEditor::remove(std::size_t at) {
         lists[at].remove(lists[at].selected());
         Saved = false;
     }
-}
-
-bool TypeEditor::check() {
-    const std::string kindOfType = words.kindOfType;
-    const std::string nameless = "PLEASE GIVE A NAME FOR THIS " + kindOfType;
-    const std::array<forms::NameRule, 2> rules = {
-        {{forms::NameFault::empty, nameless}, {forms::NameFault::dot, "DOTS ARE NOT ALLLOWED IN NAMES"}}};
-    if (!forms::checkName(txtName, rules, messages())) {
-        return false;
-    }
-    if (*words.descrField && txtDescr.empty()) {
-        messages().tell("PLEASE GIVE A DESCRIPTION FOR THIS " + kindOfType, {}, Icon::warning);
-        return false;
-    }
-    return kind != TypeKind::function || confirmEmptyLists();
-}
-
-bool TypeEditor::confirmEmptyLists() {
-    const std::string question = "\nARE YOU SURE YOU WANT TO SAVE THIS FUNCTION TYPE?";
-    const auto agreed = [&](TypeListRole role, const char* missing) {
-        return list(role).Count() > 0 ||
-               messages().show(missing + question, {}, Icon::question, Buttons::yesNo) == Answer::yes;
-    };
-    return agreed(TypeListRole::input, "THERE ARE NO INPUTS SET.") &&
-           agreed(TypeListRole::output, "THERE ARE NO OUTPUTS SET");
-}
-
-bool TypeEditor::apply() {
-    if (!isEditing() || !check()) {
-        return false;
-    }
-    try {
-        if (!store()) {
-            return false;
-        }
-    } catch (const repository::TypeGone& gone) {
-        mode = TypeMode::create;  // what was typed stays
-        loadTable();
-        messages().tell(gone.description() + "\nSaving once more makes it a new type.", {}, Icon::critical);
-        return false;
-    } catch (const platform::Fault& fault) {
-        messages().tell(fault.description(), {}, Icon::critical);
-        return false;
-    }
-    mode = TypeMode::browse;
-    fillTypes(std::string(txtName));
-    return true;
-}
-
-bool TypeEditor::store() {
-    const bool isNew = mode == TypeMode::create;
-    switch (kind) {
-        case TypeKind::data: {
-            if (!isNew) {
-                catalogue_.UpdateDataType(index(), txtName);
-                return true;
-            }
-            loadTable();  // another user's deletion is no failure of this step
-            const std::size_t before = table().rows();
-            catalogue_.SaveDataType(txtName);
-            return table().rows() > before;
-        }
-        case TypeKind::function: {
-            const entities::FunctionTypeProperties type = functionType();
-            isNew ? catalogue_.SaveFunctionType(type) : catalogue_.UpdateFunctionType(type);
-            break;
-        }
-        case TypeKind::activity: {
-            const entities::ActivityTypeProperties type = activityType();
-            isNew ? catalogue_.SaveActivityType(type) : catalogue_.UpdateActivityType(type);
-            break;
-        }
-    }
-    return true;
-}
-
-// A name that stands in a list twice is refused by the collection, before anything is written.
-
-entities::FunctionTypeProperties TypeEditor::functionType() {
-    entities::FunctionTypeProperties type;
-    type.FunctionType_Name = txtName;
-    type.FunctionType_Description = txtDescr;
-    type.FunctionType_NameIndex = mode == TypeMode::edit ? index() : std::int16_t{0};
-    for (const forms::ListRow& row : list(TypeListRole::input).rows()) {
-        type.FunctionType_Inputs->Add(row.Key, row.Tag, row.Key);
-    }
-    for (const forms::ListRow& row : list(TypeListRole::output).rows()) {
-        type.FunctionType_Outputs->Add(row.Key, row.Tag, row.Key);
-    }
-    return type;
-}
-
-entities::ActivityTypeProperties TypeEditor::activityType() {
-    const auto value = [](int option) { return static_cast<std::int16_t>(option + 1); };
-    entities::ActivityTypeProperties type;
-    type.ActType_Name = txtName;
-    type.ActType_NameIndex = mode == TypeMode::edit ? index() : std::int16_t{0};
-    type.ActType_Description = txtDescr + " ";
-    type.ActType_SQL = txtSQL;
-    type.ActType_LDL = txtLDL;
-    type.ActType_SchemaNo = value(RsNoOption);
-    type.ActType_ProviderSemantics = value(ProvSemOption);
-    type.ActType_ConsumerSemantics = value(ConsSemOption);
-    for (const forms::ListRow& row : list(TypeListRole::parameter).rows()) {
-        type.ActType_Parameters->Add(row.Key, row.Tag, row.Key);
-    }
-    for (const forms::ListRow& row : list(TypeListRole::output).rows()) {
-        type.ActType_OutPuts->Add(row.Key, row.Tag, row.Key);
-    }
-    for (const forms::ListRow& row : list(TypeListRole::function).rows()) {
-        type.ActType_Functions->Add(row.Key, row.Tag, row.Key);
-    }
-    return type;
 }
 
 std::vector<std::string> TypeEditor::templateVariables() const {

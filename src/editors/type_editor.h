@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,7 +26,7 @@ class TypeEditor : public forms::Editor {
     const TypeWords& words;
 
     TypeMode mode = TypeMode::browse;
-    forms::List Types;  ///< the existing entries; the row's position - 1 is the catalogue's index
+    forms::List Types;  ///< the existing entries; the row's tag is the catalogue's index
     std::string txtName;
     std::string txtDescr;
     bool descrIsHint = false;  ///< the description is still the prompt of a new type
@@ -73,28 +75,45 @@ class TypeEditor : public forms::Editor {
 
   private:
     const entities::NameTable& table() const;
-    std::int16_t index() const { return static_cast<std::int16_t>(Types.selected() - 1); }
+    const entities::NameTable& typesOf(TypeListRole role) const;
+    std::int16_t index() const { return Types.Item(Types.selected())->Tag; }
     void write(std::string& field, const std::string& text);
-    void loadTable();
+    void refreshTables();
     void fillTypes(const std::string& selected);
     void clearFields();
-    void read();
-    void readActivityType();
-    void readFunctionType();
+    /// Shows the chosen type as it is stored. False when it could not be read whole; then only its name is shown.
+    bool read();
+    void readType();
+    void show(const entities::ActivityTypeProperties& type);
+    void show(const entities::FunctionTypeProperties& type);
     void readUsage();
     void addLine(TypeListRole role, const std::string& name, std::int16_t type);
     forms::List& list(TypeListRole role);
     bool check();
     bool confirmEmptyLists();
-    /// False when it failed, which was told.
+    // What follows a look at the stored types. False when something is in the way, which was told.
     bool store();
-    entities::ActivityTypeProperties activityType();
-    entities::FunctionTypeProperties functionType();
+    bool isFree(std::optional<std::int16_t> stored) const;
+    bool fits(std::optional<std::int16_t> stored) const;
+    bool hasItsTypes() const;
+    bool mayReplace(std::int16_t stored) const;
+    std::optional<std::int16_t> storedIndex() const;
+    bool write(std::optional<std::int16_t> stored);
+    // All that is stored of a type but its name.
+    std::vector<std::string> stateOf(const entities::ActivityTypeProperties& type) const;
+    std::vector<std::string> stateOf(const entities::FunctionTypeProperties& type) const;
+    entities::ActivityTypeProperties activityType(std::int16_t index) const;
+    entities::FunctionTypeProperties functionType(std::int16_t index) const;
+    const forms::List& list(TypeListRole role) const;
 
     repository::Services& services_;
     repository::Catalogue& catalogue_;
     const forms::Dialogs& dialogs_;
     const bool scenarioOpen_;
+    std::string edited_;                  ///< the type that is edited, by the name with which that began
+    std::vector<std::string> readState_;  ///< what it held when it was read
+    std::optional<std::string> begun_;    ///< the name of a save that broke off: what stands there is this editor's own
+    platform::KeyLimit nameLimit_;
 };
 
 }  // namespace orvent::editors

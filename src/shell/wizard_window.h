@@ -29,7 +29,7 @@ class WizardAnswers : public statements::WizardServices {
         : options_(options), store_(store), catalogue_(catalogue) {}
 
     entities::ActivityTypeProperties activityType(std::int16_t index) override {
-        return catalogue_.GetActivityType(index);
+        return catalogue_.wholeActivityType(index);
     }
     bool WholeNumbers() const override { return options_.WholeNumbers; }
     void setWholeNumbers(bool on) override {

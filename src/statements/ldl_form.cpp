@@ -51,6 +51,12 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
         throw platform::Fault("The activity's type is not in the catalogue.");
     }
     reset();
+    try {
+        type_ = services_.activityType(activity.Act_Type);
+    } catch (const platform::Fault& fault) {
+        messages_.tell(fault.description(), {}, platform::Icon::critical);
+        return;
+    }
     form_ = &form;
     dialog_ = dialog;
     round_ = round;
@@ -62,7 +68,6 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     zoom::UnSynchronizeActivity(form, activity, false, inDialog());
     Sources = sourcesOf(activity);
     buildOutputsView();
-    type_ = services_.activityType(activity.Act_Type);
     open_ = true;
     try {
         if (txtTemplate.find('@') != std::string::npos) {

@@ -22,7 +22,7 @@ class LDLForm;
 class WizardServices {
   public:
     virtual ~WizardServices() = default;
-    /// The whole type of an activity, as far as it can be read.
+    /// The whole type of an activity; throws when it cannot be read whole.
     virtual entities::ActivityTypeProperties activityType(std::int16_t index) = 0;
     /// The stored choice to read the numbers of tokens whole.
     virtual bool WholeNumbers() const = 0;

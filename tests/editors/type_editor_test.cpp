@@ -33,6 +33,39 @@ class TypeEditorTest : public ::testing::Test {
     }
     void warn(const std::string& text) { messages.expect(text, "", Icon::warning); }
     void inform(const std::string& text) { messages.expect(text, "", Icon::information); }
+    void expectTaken(const std::string& kindOfType) {
+        messages.expect("THIS NAME IS USED FOR ANOTHER " + kindOfType + ".\nPLEASE GIVE ANOTHER NAME!",
+                        "DUPLICATE NAME!", Icon::critical);
+    }
+    void elsewhere(const std::string& sql) {
+        const auto other = services.database.open(repository.settings.login.ReposConnString, "", "");
+        other->prepare(sql)->execute();
+    }
+    /// Makes a type with a line in each of its first two lists.
+    void make(TypeEditor& types, const std::string& name) {
+        types.But_NEW();
+        types.changeName(name);
+        for (std::size_t list = 0; list < types.lists.size() && list < 2; ++list) {
+            addLine(types, list, "L" + std::to_string(list), 1);
+        }
+        types.changeDescr("first");
+    }
+    /// All that is stored of a type, and how many lines.
+    std::string stored(TypeKind kind, const std::string& name) {
+        catalogue.LoadDataTypes();
+        catalogue.LoadFunctionTypes();
+        catalogue.LoadActivityTypes();
+        TypeEditor types = editor(kind);
+        const int position = types.Types.positionOf(name);
+        types.selectType(position);
+        std::string lines;
+        for (const forms::List& list : types.lists) {
+            for (const forms::ListRow& row : list.rows()) {
+                lines += " " + row.Text;
+            }
+        }
+        return position == 0 ? "nothing" : types.txtName + ": " + types.txtDescr + lines;
+    }
     void addLine(TypeEditor& to, std::size_t list, const std::string& name, int type = 0) {
         line = name;
         lineType = type;
@@ -157,7 +190,7 @@ TEST_F(TypeEditorTest, WhatTheRepositoryRefusesKeepsTheMode) {
         types.selectType(2);
         edit ? types.But_EDIT() : types.But_NEW();
         types.changeName(taken);
-        messages.expect("*", "", Icon::critical);
+        expectTaken("DATA TYPE");
         types.But_SAVE();
         messages.verify();
         EXPECT_TRUE(types.isEditing());
@@ -270,6 +303,196 @@ TEST_F(TypeEditorTest, AnyNameWithoutADotComesBackFromTheRepository) {
         ASSERT_EQ(again.lists[0].Count(), 1) << name;
         EXPECT_EQ(again.lists[0].Item(1)->Key + again.lists[1].Item(1)->Key, name + name + "2");
     }
+}
+
+TEST_F(TypeEditorTest, ATakenNameIsRefusedBeforeAnythingIsWritten) {
+    const std::pair<TypeKind, const char*> kinds[] = {
+        {TypeKind::data, "DATA TYPE"}, {TypeKind::function, "FUNCTION TYPE"}, {TypeKind::activity, "ACTIVITY TYPE"}};
+    elsewhere("INSERT INTO DataTypes VALUES ('NEWS')");
+    elsewhere("INSERT INTO FunctionTypes VALUES ('NEWS','')");
+    elsewhere("INSERT INTO ActivityTypes VALUES ('NEWS','','',1,1,1,'')");
+    for (const auto& [kind, word] : kinds) {
+        SCOPED_TRACE(word);
+        TypeEditor types = editor(kind);
+        messages.anyway = [](const std::string&) { return Answer::ok; };
+        make(types, "Mine");
+        types.But_SAVE();
+        messages.anyway = {};
+        const std::string before = stored(kind, "Mine");
+        types.But_EDIT();
+        for (const char* taken : {"NEWS", types.Types.Item(1)->Key.c_str()}) {  // NEWS is another user's
+            types.changeName(taken);
+            expectTaken(word);
+            types.But_SAVE();
+            messages.verify();
+            EXPECT_EQ(types.mode, TypeMode::edit);
+        }
+        EXPECT_EQ(stored(kind, "Mine"), before);
+    }
+}
+
+// At each statement of a save in turn; then the user presses once more.
+TEST_F(TypeEditorTest, ASaveThatBreaksOffIsTakenUpAgain) {
+    struct Way {
+        bool edit;  ///< a type that stands is edited and renamed
+        testkit::HookedDatabase::Side side;
+    };
+    using enum testkit::HookedDatabase::Side;
+    const Way ways[] = {{false, behind}, {true, before}, {true, behind}};
+    repository::Catalogue busy{services, [] { ADD_FAILURE() << "work would be lost"; }, [] { return true; }};
+    busy.tables = catalogue.tables;
+    bool broken = false;
+    for (const TypeKind kind : {TypeKind::data, TypeKind::function, TypeKind::activity}) {
+        for (const Way& way : ways) {
+            for (int at = 1;; ++at) {
+                SCOPED_TRACE(std::string(typeWords(kind).window) + (way.edit ? " edit" : " new") +
+                             (way.side == behind ? " behind " : " before ") + std::to_string(at));
+                messages.anyway = [&broken](const std::string& text) {
+                    broken = broken || text.starts_with("line is down");
+                    return text.find("DELETE") != std::string::npos ? Answer::yes : Answer::ok;
+                };
+                TypeEditor types(kind, services, busy, dialogs, false);
+                make(types, "Odd");
+                if (way.edit) {
+                    types.But_SAVE();
+                    types.But_EDIT();
+                    types.changeName("Even");
+                    types.changeDescr("second");
+                    for (std::size_t list = 0; list < types.lists.size() && list < 1; ++list) {
+                        addLine(types, list, "M", 2);
+                    }
+                }
+                broken = false;
+                repository.hooked.after(
+                    at, [] { throw platform::DatabaseError("line is down", "08S01", 7, false); }, way.side);
+                types.But_SAVE();
+                const bool happened = repository.hooked.happened();
+                repository.hooked.after(0, [] {});
+                if (broken && types.isEditing()) {
+                    types.But_SAVE();
+                }
+                EXPECT_FALSE(types.isEditing());
+                const std::string name = types.txtName;
+                const std::string descr = way.edit ? "second" : "first";
+                const std::string type = catalogue.tables.dataTypes.name(1);
+                const std::string more = way.edit ? " M(" + catalogue.tables.dataTypes.name(2) + ")" : "";
+                const std::string blank = kind == TypeKind::activity ? " " : "";
+                EXPECT_EQ(stored(kind, name), name + ": " +
+                                                  (kind == TypeKind::data ? ""
+                                                                          : descr + blank + " L0(" + type + ")" + more +
+                                                                                " L1(" + type + ")"));
+                EXPECT_EQ(stored(kind, way.edit ? "Odd" : "Even"), "nothing");
+                TypeEditor after = editor(kind);
+                after.selectType(after.Types.positionOf(name));
+                after.But_DELETE();
+                messages.anyway = {};
+                if (!happened) {
+                    EXPECT_GT(at, 3);
+                    break;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(TypeEditorTest, ATypeThatCannotBeReadWholeIsNeitherShownNorEdited) {
+    for (const TypeKind kind : {TypeKind::function, TypeKind::activity}) {
+        TypeEditor types = editor(kind);
+        messages.anyway = [](const std::string&) { return Answer::ok; };
+        make(types, "Mine");
+        types.But_SAVE();
+        messages.anyway = {};
+        types.selectType(1);
+        for (int at = 1; at <= 3; ++at) {
+            const auto breakOff = [&] {
+                repository.hooked.after(at, [] { throw platform::DatabaseError("line is down", "08S01", 7, false); });
+                messages.expect("line is down", "", Icon::critical);
+            };
+            breakOff();
+            types.selectType(types.Types.positionOf("Mine"));
+            EXPECT_EQ(types.txtDescr, "");
+            EXPECT_EQ(types.lists[0].Count() + types.lists[1].Count(), 0);
+            breakOff();
+            types.But_EDIT();
+            EXPECT_FALSE(types.isEditing());
+            messages.verify();
+            types.But_EDIT();
+            EXPECT_TRUE(types.isEditing());
+            EXPECT_EQ(types.lists[0].Count() + types.lists[1].Count(), 2);
+            types.But_Cancel();
+            types.selectType(1);
+        }
+    }
+}
+
+TEST_F(TypeEditorTest, WhatAnotherUserDidToATypeIsToldOrAskedAbout) {
+    for (const TypeKind kind : {TypeKind::function, TypeKind::activity}) {
+        repository::Catalogue others{services, [] { FAIL(); }};
+        others.tables = catalogue.tables;
+        TypeEditor first(kind, services, others, dialogs, false);
+        messages.anyway = [](const std::string&) { return Answer::ok; };
+        make(first, "Both");
+        first.But_SAVE();
+        messages.anyway = {};
+        catalogue.tables = others.tables;
+        TypeEditor second = editor(kind);
+        second.selectType(second.Types.positionOf("Both"));
+        const auto edit = [&](TypeEditor& types, const std::string& descr) {
+            types.But_EDIT();
+            types.changeDescr(descr);
+        };
+        const auto ask = [&](Answer answer) {
+            messages.expect(
+                "Another user has changed the type Both since you began to edit it.\n"
+                "Would you like to replace what is stored by what you see here?",
+                "Type Changed", Icon::question, Buttons::destroyYesNo, answer);
+        };
+        const std::string updated = kind == TypeKind::function ? "FUNCTION TYPE UPDATED" : "Activity TYPE UPDATED";
+        edit(second, "of the second");
+        edit(first, "of the first");
+        inform(updated);
+        first.But_SAVE();
+        ask(Answer::no);
+        second.But_SAVE();
+        messages.verify();
+        EXPECT_EQ(second.mode, TypeMode::edit);
+        EXPECT_TRUE(stored(kind, "Both").starts_with("Both: of the first"));
+        ask(Answer::yes);
+        inform(updated);
+        second.But_SAVE();
+        EXPECT_TRUE(stored(kind, "Both").starts_with("Both: of the second"));
+
+        // Both delete it.
+        messages.anyway = [](const std::string&) { return Answer::yes; };
+        first.But_DELETE();
+        messages.anyway = {};
+        messages.expect(second.words.deleteQuestion + std::string("Both"), second.words.deleteTitle, Icon::question,
+                        Buttons::destroyYesNo, Answer::yes);
+        inform("The repository has no type Both any more.");
+        second.But_DELETE();
+        messages.verify();
+        EXPECT_EQ(second.Types.positionOf("Both"), 0);
+    }
+}
+
+TEST_F(TypeEditorTest, ANameThatTheDatabaseCannotKeepIsRefusedInWords) {
+    repository.hooked.keyLimit = platform::KeyLimit{.characters = 6, .bytes = 9};
+    TypeEditor types = editor(TypeKind::activity);
+    make(types, "");
+    const auto refuse = [&](const std::string& name, const std::string& has, const std::string& most) {
+        types.changeName(name);
+        warn("The name is too long: it has " + has + ", and this repository keeps at most " + most +
+             " of a type's name.\nPlease give a shorter one.");
+        types.But_SAVE();
+        messages.verify();
+        EXPECT_TRUE(types.isEditing());
+    };
+    refuse("sevenxx", "7 characters", "6");
+    refuse("größßß", "10 bytes", "9");
+    types.changeName("größß");
+    inform("Activity TYPE SAVED");
+    types.But_SAVE();
+    EXPECT_FALSE(types.isEditing());
 }
 
 TEST_F(TypeEditorTest, DeletingIsAskedAndBlockedByOpenScenarios) {

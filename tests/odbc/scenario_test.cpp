@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <functional>
+#include <random>
 
 #include "../statements/wizard_fixture.h"
 #include "databases.h"
@@ -201,6 +202,29 @@ TEST_P(EveryRepository, TypesThatChangeUnderADialogStayWhatTheyAre) {
     EXPECT_EQ(types.tables.activityTypes.name(act.Act_Type), "Choice");
     EXPECT_EQ(types.tables.dataTypes.name(act.Act_Inputs.peek()->Item("RS_DAY")->Attribute_Type), "DAY");
     EXPECT_EQ(types.tables.dataTypes.name(act.Act_Inputs.peek()->Item("RS_ID")->Attribute_Type), "NUMBER");
+}
+
+// The longest name that is said to fit is stored, whatever its letters.
+TEST_P(EveryRepository, ATypesNameMayBeAsLongAsIsSaid) {
+    repository::Services services = repository_->services();
+    repository::StatementCache open = repository::openRepository(services);
+    const platform::KeyLimit most = open.keyLimit(1000);
+    EXPECT_EQ(most.characters == 0, GetParam() == Kind::sqlite);
+    std::mt19937 random(7);
+    for (const std::size_t bytes : {std::size_t{1}, std::size_t{3}}) {
+        std::string name;
+        std::size_t characters = 0;
+        const std::size_t limit = most.characters == 0 ? 2000 : most.characters;
+        for (; characters < limit && (most.bytes == 0 || name.size() + bytes <= most.bytes); ++characters) {
+            // No letter is like the other, so that nothing is made shorter.
+            const auto letter = static_cast<char>('a' + random() % 26);
+            name += bytes == 1 ? std::string(1, letter)
+                               : std::string("\xE4") + static_cast<char>(0xB8 + random() % 8) +
+                                     static_cast<char>(0x80 + random() % 64);
+        }
+        messages().expect("DATA TYPE SAVED", "", Icon::information);
+        EXPECT_EQ(frame_->frame.catalogue().tables.dataTypes.name(frame_->frame.catalogue().SaveDataType(name)), name);
+    }
 }
 
 TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {

@@ -245,6 +245,31 @@ TEST_F(LDLFormTest, LeavesTheRestOfARound) {
     });
 }
 
+TEST_F(LDLFormTest, ATypeThatCannotBeReadWholeOpensNothing) {
+    services.fault = "line is down";
+    const std::string before = testkit::modelText(form);
+    ports.messages.expect("line is down", "", platform::Icon::critical);
+    run("@X", [](LDLForm&) { ADD_FAILURE() << "a template without its type"; });
+    EXPECT_EQ(testkit::modelText(form), before);
+}
+
+TEST_F(LDLFormTest, ADataTypeIsTakenByItsIndexAndNotByItsPlace) {
+    const std::string left = catalogue.dataTypes.name(1);
+    catalogue.dataTypes.reload({left}, true);
+    run("@A", [&](LDLForm& open) {
+        EXPECT_EQ(open.listDataTypes.items, std::vector<std::string>{left});
+        open.chooseKind(VarParameter);
+        open.chooseValue(RegConstant);
+        open.txtConst = "7";
+        open.selectDataType(0);
+        open.cmdGenerateLDL();
+        EXPECT_EQ(open.Variables.Item("A")->RegulatedFrom, 1);
+        open.goTo("A");
+        EXPECT_EQ(open.listDataTypes.Text(), left);
+        open.cmdCancel();
+    });
+}
+
 TEST_F(LDLFormTest, ATemplateIsParsedAtOnceAndCanBeEditedAgain) {
     run("@A @B", [](LDLForm& open) {
         EXPECT_EQ(open.progressText(), "Variable 1 of 2: @A");

@@ -24,6 +24,9 @@ class WizardScript : public LDLFormWindow {
 class FakeWizardServices : public WizardServices {
   public:
     entities::ActivityTypeProperties activityType(std::int16_t) override {
+        if (!fault.empty()) {
+            throw platform::Fault(fault);
+        }
         entities::ActivityTypeProperties type;
         type.ActType_Name = name;
         type.ActType_Description = description;
@@ -33,6 +36,7 @@ class FakeWizardServices : public WizardServices {
     void setWholeNumbers(bool on) override { whole = on; }
 
     std::string name, description;
+    std::string fault;  ///< the type cannot be read whole
     bool whole = false;
 };
 
