@@ -25,6 +25,14 @@ std::string bareName(const std::string& name, const std::string& activity) {
     return name.starts_with(activity + ".") ? name.substr(activity.size() + 1) : name;
 }
 
+/// Adds a line to a type under its name, as a type that is read has it; the second one of a name is left out.
+template <class Lines>
+void addLine(Lines& lines, const std::string& name, std::int16_t type) {
+    if (!lines.Item(name)) {
+        lines.Add(name, type, name);
+    }
+}
+
 /// The types of a scenario that are gone, in the order in which they can be added.
 class MissingTypes {
   public:
@@ -142,10 +150,10 @@ class MissingTypes {
         FunctionTypeProperties type;
         type.FunctionType_Name = catalogue_.tables.functionTypes.name(function.Function_Type);
         for (const ParameterProperties& input : function.Function_Inputs) {
-            type.FunctionType_Inputs->Add(input.Parameter_Name, input.Parameter_Type, "");
+            addLine(*type.FunctionType_Inputs, input.Parameter_Name, input.Parameter_Type);
         }
         for (const ParameterProperties& output : function.Function_Outputs) {
-            type.FunctionType_Outputs->Add(output.Parameter_Name, output.Parameter_Type, "");
+            addLine(*type.FunctionType_Outputs, output.Parameter_Name, output.Parameter_Type);
         }
         return type;
     }
@@ -159,20 +167,20 @@ class MissingTypes {
         type.ActType_SchemaNo = activity.Act_SchemaNo;
         for (const AttributeProperties& output : activity.Act_Outputs) {
             if (output.Tag == kTagTypeOutput) {
-                type.ActType_OutPuts->Add(bareName(output.Attribute_Name, activity.Act_Name), output.Attribute_Type,
-                                          "");
+                addLine(*type.ActType_OutPuts, bareName(output.Attribute_Name, activity.Act_Name),
+                        output.Attribute_Type);
             }
         }
         for (const ParameterProperties& parameter : activity.Act_Parameters) {
             if (parameter.Tag == kTagTypeParameter) {
-                type.ActType_Parameters->Add(bareName(parameter.Parameter_Name, activity.Act_Name),
-                                             parameter.Parameter_Type, "");
+                addLine(*type.ActType_Parameters, bareName(parameter.Parameter_Name, activity.Act_Name),
+                        parameter.Parameter_Type);
             }
         }
         for (const FunctionProperties& function : activity.Act_Functions) {
             if (function.Function_Source == kSourceActivityType) {
-                type.ActType_Functions->Add(bareName(function.Function_Key, activity.Act_Name), function.Function_Type,
-                                            "");
+                addLine(*type.ActType_Functions, bareName(function.Function_Key, activity.Act_Name),
+                        function.Function_Type);
             }
         }
         return type;
