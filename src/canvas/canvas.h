@@ -112,7 +112,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
 
     /// Forgets a node or an edge that goes, in the selections and in all fields that name it.
     void forgetNode(const LabelsD& node);
-    void forgetEdge(const LinesD& edge);
+    virtual void forgetEdge(const LinesD& edge);
 
   private:
     friend class ManyChanges;

@@ -50,8 +50,14 @@ class CanvasForm : public Canvas {
     virtual std::string titleMark() const { return {}; }
 
     /// What the window offers above its canvas; taken by its button, or turned down.
-    virtual std::optional<Offer> offer() const { return std::nullopt; }
-    virtual void answerOffer(bool) {}
+    virtual std::optional<Offer> offer() const;
+    virtual void answerOffer(bool taken);
+
+    /// A gesture has drawn an edge. The first crooked one is offered to be straightened.
+    void edgeDrawn(const LinesD& edge);
+    void forgetEdge(const LinesD& edge) override;
+    /// Straightens one edge; the selection when that one belongs to it or when there is none.
+    void straightenEdges(LinesD* edge);
 
     /// The figures that the window explains below its canvas.
     virtual std::span<const LegendEntry> legend() const { return {}; }
@@ -70,6 +76,8 @@ class CanvasForm : public Canvas {
 
   private:
     std::string caption_;
+    std::int32_t crooked_ = 0;  ///< the edge that is offered to be straightened
+    bool straightOffered_ = false;
     bool enabled_ = true;
 };
 

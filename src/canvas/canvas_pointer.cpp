@@ -117,11 +117,16 @@ void CanvasPointer::pressPicture(const PointerEvent& event) {
     canvas_.ActiveLabel = -1;
     const Point at{SnapToGrid(event.at.x), SnapToGrid(event.at.y)};
     const std::string& tool = ports_.tools.DrawMode();
+    const std::int32_t former = canvas_.LabelsNo;
     if (tool == "Crop") {
         begin<Crop>(at, DragStart(event.at));
     } else if (LabelsD* placed = canvas_.rules().placeNode(canvas_, tool, at)) {
         captures_ = false;  // the dialog takes the release
         ports_.windows.openProperties(canvas_, *placed);
+    } else if (const LabelsD* made = canvas_.LabelsNo == former ? nullptr : canvas_.Labels.byIndex(canvas_.LabelsNo);
+               made && made->NodeType() == NodeTypeComment) {
+        captures_ = false;
+        begin<CommentEditing>(*made);  // it takes what is typed
     } else if (isArrow(tool)) {
         begin<Crop>(at, DragStart(event.at, event.slack));
     }

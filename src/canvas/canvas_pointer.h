@@ -88,6 +88,9 @@ class CanvasPointer : private CanvasListener {
     /// The window took the focus.
     void focused();
 
+    /// The tool resizes what it presses.
+    bool resizes() const { return ports_.tools.DrawMode() == "Resize"; }
+
     PointerState state() const { return gesture_ ? gesture_->state() : PointerState::idle; }
 
   private:

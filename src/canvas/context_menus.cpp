@@ -40,6 +40,7 @@ constexpr std::array kAngles = {
 constexpr std::array kEdges = {
     ContextItem{"EdgeDeleteM", "Delete", deleteEdges},
     ContextItem{"EdgeAngleM", "Angle", submenu, {}, false, kAngles},
+    ContextItem{"EdgeStraightenM", "Straighten", MenuAction::straightenEdge},
 };
 
 constexpr ContextMenu kEdgesMenu{"EdgesM", kEdges};

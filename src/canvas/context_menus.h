@@ -17,6 +17,7 @@ enum class MenuAction {
     deleteNodes,
     deleteEdges,
     setAngle,
+    straightenEdge,  ///< the selection, when the edge is part of it, else the edge alone
 };
 
 using ContextItem = MenuItem<MenuAction>;

@@ -129,9 +129,21 @@ void LinesD::detach(EdgeEnd which) {
     changed();
 }
 
+void LinesD::setGrabPoint(EdgeEnd which, std::int16_t grabPoint) {
+    const LabelsD* node = canvas_.Labels.byIndex(at(which).label);
+    if (node && at(which).grabPoint != grabPoint) {
+        take(which, *node, grabPoint);
+        changed();
+    }
+}
+
 void LinesD::lead(EdgeEnd which, LabelsD& node, std::int16_t grabPoint) {
-    at(which) = {node.Index(), grabPoint, node.GrabPoint(grabPoint)};
     node.linesAt(which).Add(index_);
+    take(which, node, grabPoint);
+}
+
+void LinesD::take(EdgeEnd which, const LabelsD& node, std::int16_t grabPoint) {
+    at(which) = {node.Index(), grabPoint, node.GrabPoint(grabPoint)};
     if (which == EdgeEnd::end && edgeStyle(edgeType_).arrow) {
         arrow_ = node.LineArrowDirection(grabPoint);
     }

@@ -101,6 +101,8 @@ class LinesD {
     /// Leads one end to a grab point of a node: the edge leaves the list of the node where that end was and enters the
     /// list of this one, and its end and its arrow head follow. Nothing else writes the lists of the nodes.
     void attach(EdgeEnd which, LabelsD& node, std::int16_t grabPoint);
+    /// Leads one end to another grab point of the node where it is.
+    void setGrabPoint(EdgeEnd which, std::int16_t grabPoint);
     /// Takes one end from its node; its place stays.
     void detach(EdgeEnd which);
 
@@ -142,6 +144,7 @@ class LinesD {
     const End& end() const { return ends_[1]; }
     End& at(EdgeEnd which) { return ends_[static_cast<std::size_t>(which)]; }
     void lead(EdgeEnd which, LabelsD& node, std::int16_t grabPoint);
+    void take(EdgeEnd which, const LabelsD& node, std::int16_t grabPoint);
     void leave(EdgeEnd which);
     void takeStyle();
     void takeAngle(AngleCode value);

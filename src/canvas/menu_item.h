@@ -49,6 +49,7 @@ struct MenuItem {
     WindowKinds windows = kEveryWindow;    ///< that have it in their menu
     std::string_view icon = {};            ///< empty for none
     std::string_view shortcut = {};        ///< portable text, several after "; ", empty for none
+    std::string_view tip = {};             ///< what it does, where the caption does not tell
 };
 
 /// One menu. A menu of the bar without an item to show is not shown.

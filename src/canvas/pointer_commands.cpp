@@ -91,6 +91,11 @@ void CanvasPointer::runAction(const ContextItem& item) {
                 edge->setAngle(std::get<AngleCode>(item.value));
             }
             break;
+        case MenuAction::straightenEdge:
+            if (edge) {
+                canvas_.straightenEdges(edge);
+            }
+            break;
     }
 }
 

@@ -3,12 +3,11 @@
 #include "canvas/pointer_edges.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <utility>
 
 #include "canvas/canvas_rules.h"
 #include "canvas/pointer_boxes.h"
+#include "canvas/straighten.h"
 
 namespace orvent::canvas {
 
@@ -29,31 +28,6 @@ void lightEnds(CanvasForm& canvas, EdgeTypeCode edgeType, const LabelsD& source)
     }
     std::sort(light.nodes.begin(), light.nodes.end());
     canvas.setLight(std::move(light));
-}
-
-struct GrabPair {
-    std::int16_t from = 0, to = 0;
-};
-
-GrabPair nearestGrabPoints(const LabelsD& source, const LabelsD& target) {
-    constexpr std::int16_t kMostPoints = 5;
-    GrabPair best;
-    float least = std::numeric_limits<float>::infinity();
-    for (std::int16_t from = 1; from <= kMostPoints; ++from) {
-        for (std::int16_t to = 1; to <= kMostPoints; ++to) {
-            if (source.LineArrowDirection(from).empty() || target.LineArrowDirection(to).empty()) {
-                continue;
-            }
-            const Point a = source.GrabPoint(from);
-            const Point b = target.GrabPoint(to);
-            const float way = std::hypot(a.x - b.x, a.y - b.y);
-            if (way < least) {
-                least = way;
-                best = {from, to};
-            }
-        }
-    }
-    return best;
 }
 
 }  // namespace
@@ -126,7 +100,16 @@ bool EdgeDrawing::hover(const Hit& hit) {
     }
     edge.attach(EdgeEnd::start, *canvas_.Labels.byIndex(source_), edge.FromGrabbingPoint());
     edge.attach(EdgeEnd::end, *target, static_cast<std::int16_t>(canvas_.GrabbingPoint));
+    const std::int32_t to = target->Index();
+    const EdgeTypeCode kind = edge.EdgeType();
     canvas_.rules().edgeCompleted(canvas_, edge);
+    const LinesD* drawn = canvas_.Lines.byIndex(edge_);
+    if (!drawn) {  // refused, or turned round
+        drawn = canvas_.Lines.FindConnectingLine(to, source_, kind, false);
+    }
+    if (drawn && drawn->Index() >= edge_) {
+        canvas_.edgeDrawn(*drawn);
+    }
     return true;
 }
 

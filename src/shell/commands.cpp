@@ -20,8 +20,8 @@ constexpr WindowKinds zoomWindow(WindowKind::zoom);
 constexpr WindowKinds withWindow(WindowKind::design, WindowKind::zoom);
 
 constexpr MenuItem item(std::string_view name, std::string_view caption, Command command, WindowKinds windows,
-                        std::string_view icon, std::string_view shortcut) {
-    return {name, caption, command, {}, false, {}, windows, icon, shortcut};
+                        std::string_view icon, std::string_view shortcut, std::string_view tip = "") {
+    return {name, caption, command, {}, false, {}, windows, icon, shortcut, tip};
 }
 
 constexpr MenuItem separator(WindowKinds windows) {
@@ -45,6 +45,8 @@ constexpr std::array kFile = {
     item("CloseZoomingM", "Close Zooming", closeScenario, zoomWindow, "close", "Ctrl+W"),
     separator(withoutWindow),
     item("LoginM", "Login", login, withoutWindow, "login", ""),
+    separator(anyWindow),
+    item("QuitM", "Quit", quit, anyWindow, "", "Ctrl+Q"),
 };
 
 constexpr std::array kRelationships = {
@@ -66,7 +68,8 @@ constexpr std::array kView = {
     item("ColourByMetricM", "Colour By Metric", colourByMetric, designWindow, "", ""),
     separator(zoomWindow),
     MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, zoomWindow},
-    item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", ""),
+    item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", "",
+         "Shows or hides parameters, functions and constants with their edges; attributes always stay"),
     separator(zoomWindow),
     item("MakeRoomM", "Make Room", makeRoom, zoomWindow, "", ""),
     item("LightPathsM", "Light Paths", lightPaths, zoomWindow, "", ""),
@@ -113,6 +116,7 @@ constexpr std::array kDrawing = {
     Button{"ActivityZoom", "Activity Zoom", activityZoom, "activity-zoom"},
     Button{"ZoomIn", "Zoom In", zoomIn, "zoom-in"},
     Button{"ZoomOut", "Zoom Out", zoomOut, "zoom-out"},
+    Button{"Straighten", "Straighten", straighten, "straighten"},
 };
 
 constexpr std::array kMetrics = {
@@ -127,8 +131,8 @@ constexpr std::array kVertical = {
     ButtonGroup{"Metrics", kMetrics},
 };
 
-constexpr std::array<Command, kMenuBarButtons> kMenuBarCommands = {newScenario, loadScenario, saveScenario, printScenario,
-                                                           undo};
+constexpr std::array<Command, kMenuBarButtons> kMenuBarCommands = {newScenario, loadScenario, saveScenario,
+                                                                   printScenario, undo};
 
 constexpr std::array kHandyKeys = {
     HandyKey{"Del", "Delete what is selected"},
@@ -145,7 +149,6 @@ constexpr std::array kHandyKeys = {
     HandyKey{"Ctrl+Mouse wheel", "Show the picture larger or smaller"},
     HandyKey{"Middle button", "Drag the picture"},
     HandyKey{"Double click", "Open a node; edit a comment; set a line's corner"},
-    HandyKey{"Ctrl+Q", "End the program"},
 };
 
 }  // namespace

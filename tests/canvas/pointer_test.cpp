@@ -1,4 +1,5 @@
 #include <cmath>
+#include <memory>
 
 #include "canvas/pointer_fixture.h"
 
@@ -301,7 +302,9 @@ TEST(Pointer, ToolsPlaceNodes) {
         EXPECT_EQ(node.Caption(), row.caption);
         EXPECT_EQ(stage.box(node.Index()), row.box);
         EXPECT_EQ(stage.host.taken(), row.asked);
+        stage.pointer->editComment("typed at once");
     }
+    EXPECT_EQ(stage.form.nodeNamed("Comment9")->Comment(), "typed at once");
     EXPECT_FALSE(std::signbit(SnapToGrid(-40)));
     EXPECT_EQ(SnapToGrid(250), 200);
     EXPECT_EQ(SnapToGrid(350), 400);
@@ -332,6 +335,58 @@ TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
     stage.play("press h1 1 1|choose EdgeDeleteM|press n2 1 1|choose ActivityDeleteM");
     EXPECT_EQ(stage.seen(), "[/0] unlink Act");
     stage.play("choose ActivityPropertiesM|choose ActivityNotReadyM|choose EdgeAngleNoneM");  // both are gone
+}
+
+TEST(Pointer, CrookedEdgesAreStraightened) {
+    // A point at an activity stays one of its meaning: data comes in at 1 and 2, control at 5, and data goes out at 4.
+    const struct {
+        const char* tool;
+        std::string events, offered, straight;
+    } rows[] = {
+        {"Provider", "press n1 1500 1100|release n2 3100 1100", "1.2-2.1", "1.3-2.1"},
+        {"Provider", "press n1 1500 1100|release n5 5500 1350", "1.2-5.4", "1.3-5.1"},
+        {"Provider", "press n1 1500 1100|release n2 3500 1500", "1.2-2.5", "1.3-2.5"},
+        {"Provider", "press n2 3500 1100|release n5 5500 1350", "2.3-5.4", "2.4-5.1"},
+        {"Provider", "press n5 5500 1100|release n2 3100 1500", "5.2-2.2", "5.1-2.1"},
+        {"Description", "press n3 1100 3300|release n2 3500 1500", "3.1-2.5", "3.3-2.5"},
+        {"Provider", "press n1 1950 1200|release n5 5050 1200", "", "1.3-5.1"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.events);
+        const auto stage = [&] {
+            auto made = std::make_unique<PointerStage>(row.tool);
+            made->form.Lines.RemoveFull(1);
+            made->play(row.events);
+            return made;
+        };
+        const auto ends = [](PointerStage& played) { return played.seen().substr(0, 7); };
+        const auto offered = stage();
+        ASSERT_EQ(offered->form.offer().has_value(), !row.offered.empty());
+        if (!row.offered.empty()) {
+            EXPECT_EQ(offered->form.offer()->button, "Straighten");
+            EXPECT_EQ(ends(*offered), row.offered);
+            offered->form.answerOffer(true);
+            EXPECT_EQ(ends(*offered), row.straight);
+            EXPECT_FALSE(offered->form.offer());
+            offered->form.Lines.RemoveFull(2);
+            offered->play(row.events);
+            EXPECT_FALSE(offered->form.offer()) << "offered once";
+        }
+        const auto chosen = stage();
+        chosen->play("press h4 1 1 R|choose EdgeStraightenM");
+        EXPECT_EQ(ends(*chosen), row.straight) << "by the edge's menu";
+        EXPECT_EQ(chosen->form.Lines.byIndex(2)->Angle(), AngleStraight);
+        EXPECT_FALSE(chosen->form.offer());
+    }
+    PointerStage many;
+    many.form.Lines.addFullLine(1, 2, 5, 2, EdgeTypeProvider, AngleNone, 0);
+    many.form.Lines.addFullLine(3, 1, 4, 3, EdgeTypeDescription, AngleNone, 0);
+    many.form.SelectedLabels.Add(3);
+    many.form.straightenEdges(nullptr);
+    EXPECT_EQ(many.seen(), "1.3-2.1 1.2-5.2 3.3-4.1 [3/0]");
+    many.form.SelectedLabels.Clear();
+    many.form.straightenEdges(nullptr);
+    EXPECT_EQ(many.seen(), "1.3-2.1 1.3-5.1 3.3-4.1 [/0]") << "all of them";
 }
 
 TEST(Pointer, KeysWalkAndGiveUp) {

@@ -236,6 +236,12 @@ class CanvasViewTest : public WindowTest {
             QVERIFY(contrast(at(8, aside), theme.background) > 3);
             QCOMPARE(at(16, 2.4 * aside), theme.background);
         }
+        // A sloped line leaves its box as it goes on, also one that is in two parts, as a loaded one is.
+        scene.form.Lines.byIndex(edge.Index())->setAngle(canvas::AngleNone);
+        const QImage sloped = scene.picture();
+        QCOMPARE(scene.at(sloped, edge.X1(), edge.Y1()), theme.background);
+        const QPointF ten = scene.view.transform().toPixels(Point{edge.X1() - 50, edge.Y1()}) + along * 10;
+        QVERIFY(contrast(sloped.pixelColor(ten.toPoint()), theme.background) > 3);
         // Where the line runs along the side that it meets, the head points into the side.
         scene.form.Lines.byIndex(edge.Index())->setAngle(canvas::AngleVerticalDown);
         const QImage bent = scene.picture();

@@ -94,7 +94,7 @@ canvas::PointerEvent CanvasEditor::pointerEvent(const QMouseEvent& event, int bu
 
 void CanvasEditor::mousePressEvent(QMouseEvent* event) {
     CanvasViewWidget::mousePressEvent(event);
-    if (event->button() == Qt::LeftButton && takeCommentBar(event->position())) {
+    if (event->button() == Qt::LeftButton && !pointer_.resizes() && takeCommentBar(event->position())) {
         return;
     }
     if (const int button = buttonOf(event->button())) {

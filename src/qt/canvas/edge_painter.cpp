@@ -75,6 +75,13 @@ canvas::Point moved(canvas::Point place, QPointF by) {
     return {place.x + static_cast<float>(by.x()), place.y + static_cast<float>(by.y())};
 }
 
+/// Whether a line goes away from a box as its grab point does. Then it needs no bend there.
+bool leavesAtOnce(QPointF inwards, canvas::Point grabPoint, canvas::Point next) {
+    const QPointF way(next.x - grabPoint.x, next.y - grabPoint.y);
+    return -QPointF::dotProduct(way, inwards) >
+           kLeastInwards * std::hypot(way.x(), way.y()) * std::hypot(inwards.x(), inwards.y());
+}
+
 /// The line as it is drawn: as a whole, so that its pixels do not depend on what of it is seen, unless it is so long
 /// that the numbers would lose their precision.
 QLineF drawn(const QLineF& whole, const QLineF& seen) {
@@ -181,17 +188,22 @@ void EdgePainter::add(const canvas::LinesD& edge) {
     const canvas::Point end{edge.X2(), edge.Y2()};
     const bool reachesBack = from && !partOf;
     const bool reachesOn = to && edge.arrowImage().empty();
+    const bool straight = start.x == middle.x && start.y == middle.y;
+    const QPointF back = reachesBack ? towardsBox(*from, edge.FromGrabbingPoint()) : QPointF();
+    const QPointF on = reachesOn ? towardsBox(*to, edge.ToGrabbingPoint()) : QPointF();
     QVarLengthArray<QPointF, 5> path;
-    path.push_back(place(reachesBack ? moved(start, towardsBox(*from, edge.FromGrabbingPoint())) : start));
-    if (start.x != middle.x || start.y != middle.y) {
-        if (reachesBack) {
+    path.push_back(place(moved(start, back)));
+    if (!straight) {
+        if (reachesBack && !leavesAtOnce(back, start, middle)) {
             path.push_back(place(start));
         }
         path.push_back(place(middle));
     }
-    path.push_back(place(end));
+    if (!reachesOn || straight || !leavesAtOnce(on, end, middle)) {
+        path.push_back(place(end));
+    }
     if (reachesOn) {
-        path.push_back(place(moved(end, towardsBox(*to, edge.ToGrabbingPoint()))));
+        path.push_back(place(moved(end, on)));
     }
     const QColor accent = context_.colours.accent;
     for (qsizetype i = 0; i + 1 < path.size(); ++i) {

@@ -54,6 +54,10 @@ void CommandActions::fill(QMenuBar& bar) {
             [this](const shell::MenuItem& item, QMenu& holder) {
                 QAction* action = newAction(item.name, item.caption, item.icon, item.action, &holder);
                 action->setShortcuts(shortcutsOf(item.shortcut));
+                if (!item.tip.empty()) {
+                    action->setToolTip(text(item.tip));
+                    holder.setToolTipsVisible(true);
+                }
                 return action;
             },
             [this](const shell::MenuItem& item, QAction& action) {

@@ -6,7 +6,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -103,7 +102,6 @@ void FrameWindow::buildCommands() {
     menuBar()->insertMenu(menuBar()->actions().constLast(), windowMenu_);
     connect(windowMenu_, &QMenu::aboutToShow, this, [this] { area_->fillMenu(*windowMenu_); });
 
-    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this, &QWidget::close);
     tools_ = new FrameTools(*this, commands_);
     tools_->setParent(this);
 }
