@@ -43,6 +43,9 @@ class CanvasRules {
     /// suit; the reference is dead then.
     virtual void edgeCompleted(Canvas& canvas, LinesD& edge) = 0;
 
+    /// Nodes or edges were deleted: what is shown of the graph besides follows.
+    virtual void edited(Canvas&) {}
+
     /// The middle handle was dropped on one of the edge's own end nodes.
     virtual void middleOnOwnEnd(LinesD& edge) = 0;
 

@@ -136,6 +136,7 @@ void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& lin
         canvas.Labels.Remove(index);
     }
     canvas.ClearCrop();
+    rules.edited(canvas);
 }
 
 void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules) {
@@ -149,6 +150,7 @@ void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules) {
         }
         canvas.Lines.RemoveFull(index);
     }
+    rules.edited(canvas);
 }
 
 }  // namespace orvent::canvas

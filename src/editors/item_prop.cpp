@@ -167,6 +167,7 @@ bool ItemProp::apply() {
     markChanged();
     if (renamed || retyped) {
         form_.touch();
+        form_.rules().edited(form_);
     }
     return true;
 }

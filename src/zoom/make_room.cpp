@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "zoom/unfolding.h"
+#include "zoom/unfolding_parts.h"
 #include "zoom/view_filters.h"
 
 namespace orvent::zoom {
@@ -55,28 +57,39 @@ ZoomPlace placeOf(const LabelsD& node) {
     return static_cast<ZoomPlace>(node.activity() ? node.activity()->ZoomPosition : node.recordSet()->ZoomPosition);
 }
 
+/// Whether a part-of edge from the owner ties what belongs to it.
+bool belongsTo(const ZoomForm& form, const LabelsD& node, const LabelsD& owner) {
+    const auto* function = node.entity<entities::FunctionProperties>();
+    return function ? function->ParentKeyName() == ownerNameOf(form, owner) : isMemberOf(form, node, owner);
+}
+
 /// The central group first, then the neighbours.
 template <class Form>
 auto groupsOf(Form& form) {
     using Node = std::remove_pointer_t<decltype(form.Labels.byIndex(0))>;
     std::vector<GroupOf<Node>> groups(1);
     std::unordered_map<std::int32_t, std::size_t> owner;
+    std::vector<Node*> open;  // owners whose members are to be found
     for (const NewANDoldIndex& pair : form.New2OldIndex) {
         Node* node = form.Labels.byIndex(pair.NewIndex);
-        if (!node || placeOf(*node) == ZoomPlace::Central) {
-            continue;
-        }
-        groups.push_back({placeOf(*node), {}});
-        owner[node->Index()] = groups.size() - 1;
-        for (const std::int32_t number : node->StartingLines()) {
-            const canvas::LinesD* edge = form.Lines.byIndex(number);
-            if (edge && edge->EdgeType() == canvas::EdgeTypePartOf) {
-                owner[edge->ToLabel()] = groups.size() - 1;
-            }
+        if (node && placeOf(*node) != ZoomPlace::Central) {
+            groups.push_back({placeOf(*node), {}});
+            owner[node->Index()] = groups.size() - 1;
+            open.push_back(node);
         }
     }
-    for (const NewANDoldIndex& pair : form.New2OldIndex) {
-        owner.try_emplace(pair.NewIndex, 0);
+    while (!open.empty()) {
+        Node* holder = open.back();
+        open.pop_back();
+        for (const std::int32_t number : holder->StartingLines()) {
+            const canvas::LinesD* edge = form.Lines.byIndex(number);
+            Node* node =
+                edge && edge->EdgeType() == canvas::EdgeTypePartOf ? form.Labels.byIndex(edge->ToLabel()) : nullptr;
+            if (node && belongsTo(form, *node, *holder) &&
+                owner.try_emplace(node->Index(), owner[holder->Index()]).second) {
+                open.push_back(node);
+            }
+        }
     }
     for (auto& node : form.Labels) {
         if (!isTypeNode(node)) {
@@ -89,6 +102,35 @@ auto groupsOf(Form& form) {
 
 bool cross(const Box& a, const Box& b) {
     return a.Left < b.right() && b.Left < a.right() && a.Top < b.bottom() && b.Top < a.bottom();
+}
+
+/// Whether one node stands with its middle left of the other's.
+bool isLeftOf(const Box& a, const Box& b) {
+    return a.Left + a.right() < b.Left + b.right();
+}
+
+/// Whether a member of a column stands on the wrong side of one that it is joined with in another column.
+bool standsOnWrongSide(const ZoomForm& form) {
+    std::unordered_map<std::int32_t, ZoomPlace> places;
+    for (const auto& group : groupsOf(form)) {
+        for (const LabelsD* node : group.nodes) {
+            places[node->Index()] = group.place;
+        }
+    }
+    for (const canvas::LinesD& edge : form.Lines) {
+        const auto from = places.find(edge.FromLabel()), to = places.find(edge.ToLabel());
+        const bool links = edge.EdgeType() == canvas::EdgeTypeProvider || edge.EdgeType() == canvas::EdgeTypeRegulator;
+        if (!links || from == places.end() || to == places.end() || from->second == to->second) {
+            continue;
+        }
+        const bool onwards = from->second < to->second;
+        const Box left = form.Labels.byIndex(onwards ? from->first : to->first)->box();
+        const Box right = form.Labels.byIndex(onwards ? to->first : from->first)->box();
+        if (!isLeftOf(left, right)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -115,6 +157,10 @@ bool boxesOverlap(const ZoomForm& form) {
         }
     }
     return false;
+}
+
+Disorder disorderOf(const ZoomForm& form) {
+    return boxesOverlap(form) ? Disorder::overlap : standsOnWrongSide(form) ? Disorder::wrongSide : Disorder::none;
 }
 
 void MakeRoom(ZoomForm& form) {
@@ -156,7 +202,7 @@ void MakeRoom(ZoomForm& form) {
     }
     moveRight(ZoomPlace::Consumers, farthest(ZoomPlace::Central) + gap);
     form.growPicture();
-    form.setCrowded(false);
+    form.setDisorder(Disorder::none);
 }
 
 }  // namespace orvent::zoom

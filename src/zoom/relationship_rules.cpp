@@ -175,13 +175,8 @@ void RemoveRelationship(ZoomForm& form, std::int32_t edge) {
     if (!row) {
         return;
     }
+    // What else the two take part in stays as it is, edges, numbers and order.
     removeLinks(kind, {*from, *to}, *row);
-    if (source.kind() == KindConstant && target.kind() == KindParameter) {
-        // What else the parameter takes part in is drawn anew.
-        ParameterProperties& parameter = *to->entity<ParameterProperties>();
-        UnSynchronizeParameter(form, parameter, false, nullptr);
-        SynchronizeParameter(form, parameter, nullptr);
-    }
 }
 
 bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32_t edge) {
@@ -210,6 +205,11 @@ bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32
         take(*parameter, parameter->Parameter_Type, parameter->Parameter_Name);
     }
     return true;
+}
+
+bool RelationshipRules::create(ZoomForm& form, std::int32_t edge) {
+    CreateRelationship(form, edge);
+    return form.Lines.byIndex(edge) != nullptr;
 }
 
 bool RelationshipRules::mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kind, const LabelsD& from,

@@ -27,7 +27,7 @@ bool CheckDataTypes(ZoomForm& form, const canvas::LabelsD& from, canvas::LabelsD
 /// The rules above, as the zoom view asks for them.
 class RelationshipRules : public Relationships {
   public:
-    void create(ZoomForm& form, std::int32_t edge) override { CreateRelationship(form, edge); }
+    bool create(ZoomForm& form, std::int32_t edge) override;
     void remove(ZoomForm& form, std::int32_t edge) override { RemoveRelationship(form, edge); }
     void detachFunction(ZoomForm& form, canvas::LabelsD& function, canvas::LabelsD* activity) override {
         DetachFunction(form, function, activity);

@@ -15,8 +15,8 @@ class Relationships {
     virtual ~Relationships() = default;
 
     /// The edge was drawn, or an end of it was moved: writes its links, or removes it with a message. It may be
-    /// replaced by another edge.
-    virtual void create(ZoomForm& form, std::int32_t edge) = 0;
+    /// replaced by another edge. False: it was refused.
+    virtual bool create(ZoomForm& form, std::int32_t edge) = 0;
 
     /// Takes back what stands behind the edge. The edge itself stays.
     virtual void remove(ZoomForm& form, std::int32_t edge) = 0;

@@ -10,7 +10,7 @@ namespace orvent::zoom {
 using namespace entities;
 using canvas::LabelsD;
 
-Unfolded::Unfolded(const ZoomForm& form) {
+Unfolded::Unfolded(const ZoomForm& form) : strokes_(form) {
     places_.reserve(static_cast<std::size_t>(form.Labels.Count()));
     for (const LabelsD& node : form.Labels) {
         if (node.Expanded && (node.activity() || node.recordSet() || node.entity<FunctionProperties>())) {
@@ -52,6 +52,7 @@ void Unfolded::restore(ZoomForm& form) const {
             places_[next].restore(*node);
         }
     }
+    strokes_.restore(form);
 }
 
 void Unfolded::Place::restore(LabelsD& node) const {

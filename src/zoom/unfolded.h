@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "zoom/zoom_form.h"
+#include "zoom/edge_strokes.h"
 
 namespace orvent::zoom {
 
@@ -16,7 +16,7 @@ class Unfolded {
   public:
     explicit Unfolded(const ZoomForm& form);
 
-    /// Expands what was expanded and puts every node back to its place.
+    /// Expands what was expanded, puts every node back to its place and leads edges as a hand had led them.
     void restore(ZoomForm& form) const;
 
   private:
@@ -29,6 +29,7 @@ class Unfolded {
         void restore(canvas::LabelsD& node) const;
     };
 
+    EdgeStrokes strokes_;
     std::set<std::int32_t> expanded_;
     std::set<std::string> expandedNames_;
     std::string names_;  ///< of the nodes of the places, one behind the other; their numbers may be other ones later

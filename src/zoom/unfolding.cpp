@@ -115,6 +115,13 @@ bool isMemberOf(const ZoomForm& form, const LabelsD& node, const LabelsD& owner)
            (end.parentKeyName() == ownerNameOf(form, owner) || isFree(form, end.parentKeyName()));
 }
 
+std::int16_t ownerGrabPoint(const LabelsD& member) {
+    const RelationEnd end(member);
+    const auto row = std::find_if(kExpansions.begin(), kExpansions.end(),
+                                  [&](const ExpansionRow& each) { return end.present() && each.kind == end.kind(); });
+    return row == kExpansions.end() ? kFunctionGrab : row->fromGrab;
+}
+
 float Unfolding::rowTop(int halfRows) const {
     return owner_.Top() + owner_.Height() + static_cast<float>(halfRows) * form_.settings().HDist;
 }

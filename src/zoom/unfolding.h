@@ -19,8 +19,14 @@ const ExpansionRow& expansionRow(Members members);
 /// they stood before.
 enum class FoldedOrder { reversed, kept };
 
+/// The grab point of an activity at which its functions hang.
+inline constexpr std::int16_t kFunctionGrab = 5;
+
 /// What its members call an owner; a second copy does not bear that name as its `KeyName`.
 const std::string& ownerNameOf(const ZoomForm& form, const canvas::LabelsD& owner);
+
+/// The grab point of an owner at which unfolding draws the part-of edge to such a node.
+std::int16_t ownerGrabPoint(const canvas::LabelsD& member);
 
 /// Expands and folds the members of one owner, whose name stays the same meanwhile.
 class Unfolding {

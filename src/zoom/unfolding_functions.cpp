@@ -18,8 +18,6 @@ using canvas::LabelsD;
 
 namespace {
 
-constexpr std::int16_t kFunctionGrab = 5;
-
 int rowsOf(const FunctionProperties& function) {
     return std::max(function.Function_Inputs.count(), function.Function_Outputs.count()) + 2;
 }

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "entities/link_types.h"
@@ -140,6 +142,77 @@ void removeEdges(ZoomForm& form, canvas::EdgeTypeCode kind) {
     }
 }
 
+/// Two nodes that an edge joins.
+using Joined = std::pair<std::int32_t, std::int32_t>;
+
+std::vector<Joined> joinedBy(const ZoomForm& form, canvas::EdgeTypeCode kind) {
+    std::vector<Joined> joined;
+    for (const LinesD& edge : form.Lines) {
+        if (edge.EdgeType() == kind) {
+            joined.emplace_back(edge.FromLabel(), edge.ToLabel());
+        }
+    }
+    return joined;
+}
+
+/// Whether the types that are shown, and the edges to them, are those of the nodes.
+bool instanceOfStands(ZoomForm& form) {
+    std::vector<Joined> wanted;
+    std::unordered_set<std::int32_t> types;
+    bool present = true;
+    const auto expect = [&](const LabelsD& node, const NameTable& names, canvas::NodeTypeCode kind, std::int16_t type) {
+        const LabelsD* typeNode = form.nodeNamed(names.name(type));
+        present = present && typeNode;
+        if (typeNode && typeNode->NodeType() == kind) {
+            wanted.emplace_back(node.Index(), typeNode->Index());
+            types.insert(typeNode->Index());
+        }
+    };
+    eachTyped(
+        nodesOf(form),
+        [&](const LabelsD& node, std::int16_t type, std::int16_t) {
+            expect(node, form.catalogue().dataTypes, canvas::NodeTypeDataType, type);
+        },
+        [&](const LabelsD& node, std::int16_t type) {
+            expect(node, form.catalogue().functionTypes, canvas::NodeTypeFunctionType, type);
+        });
+    for (const LabelsD& node : form.Labels) {
+        present = present && (!isTypeNode(node) || types.count(node.Index()));
+    }
+    return present && joinedBy(form, canvas::EdgeTypeReserved) == wanted;
+}
+
+/// What regulates a parameter on which an output of the central activity depends, and the output.
+std::vector<Joined> derivedEnds(const ZoomForm& form) {
+    std::vector<Joined> ends;
+    const LabelsD* central = form.central();
+    const ActivityProperties* activity = central ? central->activity() : nullptr;
+    if (!activity) {
+        return ends;
+    }
+    for (const AttributeProperties& output : activity->Act_Outputs) {
+        const LabelsD* target = form.nodeNamed(wholeKey(activity->Act_Name, KindOutput, output.Key));
+        for (const RegulatorProperties& link : output.RegulatedFrom) {
+            const LabelsD* node = link.Regulator_type == LinkParameterOutput
+                                      ? form.nodeNamed(link.Regulator_name + link.Regulator_Key())
+                                      : nullptr;
+            const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
+            if (!parameter || !target) {
+                continue;
+            }
+            for (const RegulatorProperties& source : parameter->RegulatedFrom) {
+                const LabelsD* from = form.nodeNamed(source.Regulator_type == LinkRecordSet
+                                                         ? source.Regulator_Key()
+                                                         : source.Regulator_name + source.Regulator_Key());
+                if (from) {
+                    ends.emplace_back(from->Index(), target->Index());
+                }
+            }
+        }
+    }
+    return ends;
+}
+
 }  // namespace
 
 void applyFilters(ZoomForm& form) {
@@ -161,6 +234,17 @@ void applyFilters(ZoomForm& form) {
 void refreshFilters(ZoomForm& form) {
     hideInstanceOf(form);
     if (form.marks.ViewInstanceOfM) {
+        showInstanceOf(form);
+    }
+    if (form.marks.ViewDerivedM) {
+        showDerived(form);
+    }
+    applyFilters(form);
+}
+
+void followEdits(ZoomForm& form) {
+    if (form.marks.ViewInstanceOfM && !instanceOfStands(form)) {
+        hideInstanceOf(form);
         showInstanceOf(form);
     }
     if (form.marks.ViewDerivedM) {
@@ -206,32 +290,13 @@ void hideInstanceOf(ZoomForm& form) {
 }
 
 void showDerived(ZoomForm& form) {
-    removeEdges(form, canvas::EdgeTypeDerived);
-    const LabelsD* central = form.central();
-    const ActivityProperties* activity = central ? central->activity() : nullptr;
-    if (!activity) {
+    const std::vector<Joined> ends = derivedEnds(form);
+    if (joinedBy(form, canvas::EdgeTypeDerived) == ends) {
         return;
     }
-    for (const AttributeProperties& output : activity->Act_Outputs) {
-        const LabelsD* target = form.nodeNamed(wholeKey(activity->Act_Name, KindOutput, output.Key));
-        for (const RegulatorProperties& link : output.RegulatedFrom) {
-            const LabelsD* node = link.Regulator_type == LinkParameterOutput
-                                      ? form.nodeNamed(link.Regulator_name + link.Regulator_Key())
-                                      : nullptr;
-            const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
-            if (!parameter || !target) {
-                continue;
-            }
-            for (const RegulatorProperties& source : parameter->RegulatedFrom) {
-                const LabelsD* from = form.nodeNamed(source.Regulator_type == LinkRecordSet
-                                                         ? source.Regulator_Key()
-                                                         : source.Regulator_name + source.Regulator_Key());
-                if (from) {
-                    form.Lines.addFullLine(from->Index(), 3, target->Index(), 1, canvas::EdgeTypeDerived,
-                                           canvas::AngleStraight, 0);
-                }
-            }
-        }
+    removeEdges(form, canvas::EdgeTypeDerived);
+    for (const auto& [from, to] : ends) {
+        form.Lines.addFullLine(from, 3, to, 1, canvas::EdgeTypeDerived, canvas::AngleStraight, 0);
     }
 }
 

@@ -17,6 +17,10 @@ void applyFilters(ZoomForm& form);
 /// and applies all filters.
 void refreshFilters(ZoomForm& form);
 
+/// After an edit: hides what a filter hides of it, and brings the instance-of view and the derived edges up to date. A
+/// view that is up to date stays as it stands.
+void followEdits(ZoomForm& form);
+
 // The items of the view menu: each turns its mark and shows or hides what it stands for.
 void toggleFilter(ZoomForm& form, bool ViewMarks::*mark);
 

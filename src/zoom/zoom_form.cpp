@@ -55,6 +55,7 @@ bool ZoomForm::repeats(const canvas::LabelsD& node) const {
 }
 
 void ZoomForm::touch() {
+    edited_ = true;
     if (!unapplied_) {
         unapplied_ = true;
         tellForm();
@@ -72,9 +73,9 @@ void ZoomForm::setSight(const ZoomSight& sight) {
     tellForm();
 }
 
-void ZoomForm::setCrowded(bool crowded) {
-    if (crowded_ != crowded) {
-        crowded_ = crowded;
+void ZoomForm::setDisorder(Disorder disorder) {
+    if (disorder_ != disorder) {
+        disorder_ = disorder;
         tellForm();
     }
 }
@@ -84,11 +85,22 @@ std::string ZoomForm::titleMark() const {
 }
 
 std::optional<canvas::Offer> ZoomForm::offer() const {
-    return crowded_ ? std::optional(canvas::Offer{"Some boxes lie on each other.", "Make Room"}) : std::nullopt;
+    if (disorder_ == Disorder::none || roomDeclined_) {
+        return CanvasForm::offer();
+    }
+    return canvas::Offer{disorder_ == Disorder::overlap
+                             ? "Some boxes lie on each other."
+                             : "Some boxes stand on the wrong side of what they are joined with.",
+                         "Make Room"};
 }
 
 void ZoomForm::answerOffer(bool taken) {
-    setCrowded(false);
+    if (disorder_ == Disorder::none || roomDeclined_) {
+        CanvasForm::answerOffer(taken);
+        return;
+    }
+    roomDeclined_ = !taken;
+    setDisorder(Disorder::none);
     if (taken) {
         MakeRoom(*this);
     }

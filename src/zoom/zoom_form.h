@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "canvas/draw_form.h"
@@ -24,6 +25,13 @@ enum class ZoomPlace : std::int16_t {
 struct NewANDoldIndex {
     std::int32_t NewIndex;
     std::int32_t OldIndex;
+};
+
+/// What makes the columns of the view unreadable.
+enum class Disorder {
+    none,
+    overlap,    ///< boxes of neighbours lie on each other
+    wrongSide,  ///< a member stands on the wrong side of what it is joined with
 };
 
 /// The check marks of the view menu.
@@ -114,13 +122,16 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     const ZoomSight& sight() const { return sight_; }
     void setSight(const ZoomSight& sight);
 
-    /// Whether boxes of neighbours lie on each other, as the view was built or room was made last.
-    void setCrowded(bool crowded);
+    /// What cannot be read since the view was built, nodes were unfolded or room was made. Not offered to be mended
+    /// once that was turned down.
+    void setDisorder(Disorder disorder);
 
     bool unapplied() const { return unapplied_; }
 
     /// Something was edited that the scenario does not have yet.
     void touch();
+    /// Whether something was edited since this was asked last.
+    bool takeEdits() { return std::exchange(edited_, false); }
     /// The scenario has all of it now, also the rows that were deleted so far.
     void applied();
 
@@ -145,7 +156,9 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     canvas::CanvasSubscription design_;
     int appliedRows_;  ///< mark in the rows to delete
     bool unapplied_ = false;
-    bool crowded_ = false;
+    bool edited_ = false;
+    Disorder disorder_ = Disorder::none;
+    bool roomDeclined_ = false;
     ZoomSight sight_;
 };
 

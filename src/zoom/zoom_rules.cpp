@@ -6,6 +6,7 @@
 
 #include "zoom/expand_collapse.h"
 #include "zoom/linked_constant.h"
+#include "zoom/make_room.h"
 #include "zoom/path_light.h"
 #include "zoom/typed_name.h"
 #include "zoom/unfolding_parts.h"
@@ -81,6 +82,7 @@ LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Po
             node.setToolTipText(typedName(form_, name, 0));
         }
         form_.touch();
+        edited(form_);
     }
     return nullptr;  // no dialog opens by itself
 }
@@ -118,8 +120,16 @@ bool ZoomRules::mayRedirect(canvas::Canvas&, LinesD& edge, bool, const LabelsD&)
 }
 
 void ZoomRules::edgeCompleted(canvas::Canvas&, LinesD& edge) {
-    form_.touch();
-    relationships_.create(form_, edge.Index());
+    if (relationships_.create(form_, edge.Index())) {
+        form_.touch();
+    }
+    edited(form_);
+}
+
+void ZoomRules::edited(canvas::Canvas&) {
+    if (form_.takeEdits()) {
+        followEdits(form_);
+    }
 }
 
 void ZoomRules::middleOnOwnEnd(LinesD& edge) {
@@ -127,6 +137,9 @@ void ZoomRules::middleOnOwnEnd(LinesD& edge) {
 }
 
 bool ZoomRules::releaseEdge(canvas::Canvas&, LinesD& edge) {
+    if (!edge.Visible()) {  // what a filter hides does not go unseen
+        return false;
+    }
     if (!standsForLinks(edge)) {
         return true;
     }
@@ -178,6 +191,9 @@ bool ZoomRules::toggleExpanded(canvas::Canvas&, LabelsD& node) {
         ExpandByPlace(form_, node);
     }
     refreshFilters(form_);
+    if (node.Expanded) {
+        form_.setDisorder(disorderOf(form_));
+    }
     return true;
 }
 

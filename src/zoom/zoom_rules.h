@@ -19,6 +19,7 @@ class ZoomRules : public canvas::CanvasRules {
     bool mayRedirect(canvas::Canvas& canvas, canvas::LinesD& edge, bool atStart,
                      const canvas::LabelsD& target) override;
     void edgeCompleted(canvas::Canvas& canvas, canvas::LinesD& edge) override;
+    void edited(canvas::Canvas& canvas) override;
     void middleOnOwnEnd(canvas::LinesD& edge) override;
     bool releaseEdge(canvas::Canvas& canvas, canvas::LinesD& edge) override;
     bool mayDelete(canvas::Canvas& canvas, const canvas::LabelsD& node) override;

@@ -100,7 +100,7 @@ void buildZoomView(ZoomForm& form, const LabelsD& activity) {
     ExpandActivity(form, form.CentralActivityNo);
     form.ActiveLabel = -1;
     refreshFilters(form);
-    form.setCrowded(boxesOverlap(form));
+    form.setDisorder(disorderOf(form));
 }
 
 }  // namespace orvent::zoom

@@ -7,6 +7,7 @@
 #include "zoom/members.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/rename_node.h"
+#include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
 
 using namespace orvent;
@@ -100,8 +101,56 @@ TEST_F(ZoomEdits, NothingIsDrawnAtASecondCopy) {
     canvas::LinesD& tie = *form->Lines.byIndex(secondCopy("AU_ID").EndingLines().at(1));
     EXPECT_FALSE(form->rules().mayRedirect(*form, tie, false, node("X")));
     EXPECT_FALSE(form->rules().releaseEdge(*form, tie));
+    EXPECT_FALSE(form->unapplied());
     form->Labels.Remove(index("X"));
     EXPECT_EQ(testkit::modelText(*form), before);
+}
+
+TEST_F(ZoomEdits, SelectedEdgesGoTogetherUnlessAFilterHidesThem) {
+    open();
+    const Texts drawn = edges();
+    for (const char* regulator : {"A2.IN.SONUM", "C1"}) {
+        form->SelectedLines.Add(
+            form->Lines.FindConnectingLine(index(regulator), index("A2.PARAM.SONUM"), R, false)->Index());
+    }
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewRegulatorM);
+    canvas::DeleteSelectedEdges(*form, form->rules());
+    EXPECT_EQ(edges(), drawn);
+    EXPECT_FALSE(form->unapplied());
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewRegulatorM);
+    canvas::DeleteSelectedEdges(*form, form->rules());
+    Texts left = edges();
+    left.insert(left.end(), {"A2.IN.SONUM 3 A2.PARAM.SONUM", "C1 3 A2.PARAM.SONUM"});
+    EXPECT_EQ(sorted(left), drawn);
+    expectWhole();
+}
+
+TEST_F(ZoomEdits, WhatIsShownBesidesFollowsEdits) {
+    open();
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewProviderM);
+    ASSERT_NE(draw("A2.OUT.SONUM", "RS2.ED_ID", P), nullptr);
+    const auto shown = [&](const char* from, const char* to, canvas::EdgeTypeCode kind) {
+        const canvas::LinesD* edge = form->Lines.FindConnectingLine(index(from), index(to), kind, false);
+        return edge && edge->Visible();
+    };
+    EXPECT_FALSE(shown("A2.OUT.SONUM", "RS2.ED_ID", P)) << "its kind is filtered out";
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewInstanceOfM);
+    zoom::toggleFilter(*form, &zoom::ViewMarks::ViewDerivedM);
+    node("NUMBER").setLeft(1111);
+    canvas::LinesD* regulator = draw("A2.PARAM.PUB_ID", "A2.OUT.ED_ID", R);
+    ASSERT_NE(regulator, nullptr);
+    EXPECT_TRUE(shown("RS3.PUB_ID", "A2.OUT.ED_ID", canvas::EdgeTypeDerived));
+    EXPECT_EQ(node("NUMBER").Left(), 1111) << "what is up to date stands where it was put";
+    form->SelectedLines.Add(regulator->Index());
+    canvas::DeleteSelectedEdges(*form, form->rules());
+    EXPECT_FALSE(shown("RS3.PUB_ID", "A2.OUT.ED_ID", canvas::EdgeTypeDerived));
+    form->rules().placeNode(*form, "Attribute", {1000, 1000});
+    EXPECT_TRUE(shown("Attribute1", "NUMBER", canvas::EdgeTypeReserved));
+    for (const char* function : {"F1", "A2.F2"}) {
+        EXPECT_TRUE(shown(function, "SUM", canvas::EdgeTypeReserved));
+        remove(node(function));
+    }
+    EXPECT_EQ(index("SUM"), -1) << "nothing of that type is left";
 }
 
 TEST_F(ZoomEdits, AnEdgeThatIsTurnedRoundIsDrawnOnce) {
@@ -334,6 +383,10 @@ TEST_F(ZoomEdits, AFunctionDoesNotJoinItsNamesake) {
 }
 
 TEST_F(ZoomEdits, AFunctionOfNoActivityLeavesNoLinkInTheScenario) {
+    open();
+    place("F2", canvas::NodeTypeAttribute);
+    form->rules().releaseEdge(*form, *form->Lines.FindConnectingLine(index("A2"), index("A2.F2"), T, false));
+    EXPECT_NE(index("F21"), -1) << "its bare name is taken";
     open();
     LabelsD& brought = node("A2.F2");
     canvas::LinesD& tie = *form->Lines.FindConnectingLine(index("A2"), brought.Index(), T, false);

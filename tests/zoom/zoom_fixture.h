@@ -20,7 +20,10 @@ class LoggedRelationships : public zoom::Relationships {
   public:
     std::string log;
 
-    void create(zoom::ZoomForm& form, std::int32_t edge) override { write("create", form, edge); }
+    bool create(zoom::ZoomForm& form, std::int32_t edge) override {
+        write("create", form, edge);
+        return true;
+    }
     void remove(zoom::ZoomForm& form, std::int32_t edge) override { write("remove", form, edge); }
     void detachFunction(zoom::ZoomForm&, canvas::LabelsD& function, canvas::LabelsD* activity) override {
         log += "detach " + function.KeyName() + " " + (activity ? activity->KeyName() : "-") + "|";
@@ -34,8 +37,8 @@ class LoggedRelationships : public zoom::Relationships {
     void write(const std::string& word, const zoom::ZoomForm& form, std::int32_t number) {
         const canvas::LinesD& edge = *form.Lines.byIndex(number);
         log += word + " " + form.Labels.byIndex(edge.FromLabel())->KeyName() + " " +
-               std::to_string(static_cast<int>(edge.EdgeType())) + " " + form.Labels.byIndex(edge.ToLabel())->KeyName() +
-               "|";
+               std::to_string(static_cast<int>(edge.EdgeType())) + " " +
+               form.Labels.byIndex(edge.ToLabel())->KeyName() + "|";
     }
 };
 

@@ -2,10 +2,12 @@
 
 #include "zoom/expand_collapse.h"
 #include "zoom/make_room.h"
+#include "zoom/member_ties.h"
 #include "zoom/path_light.h"
 #include "zoom/zoom_fixture.h"
 
 using namespace orvent;
+using entities::FunctionProperties;
 
 namespace {
 
@@ -58,19 +60,53 @@ TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
     }
     open();
     ASSERT_TRUE(zoom::boxesOverlap(*form));
+    EXPECT_EQ(form->offer()->words, "Some boxes lie on each other.");
+    // A neighbour's function goes with it to its parameters; what an edge without meaning ends at does not.
+    FunctionProperties& function =
+        *form->Labels.Add({0, 0, 300, 300}, "F9", canvas::NodeTypeFunction).entity<FunctionProperties>();
+    function.Function_Outputs->Add("O", 0, "O");
+    zoom::ExpandFunction(*form, index("F9"));
+    zoom::AttachFunction(*form, node("F9"), node("A1"), true);
+    form->Lines.addFullLine(index("RS4"), 1, index("A2"), 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
+    const float fromOwner = node("F9.OUT.O").Left() - node("A1").Left();
     const Texts drawn = edges(true);
     const float inner = node("A2.IN.SONUM").Left() - node("A2").Left();
     const float own = node("RS2.ED_ID").Top() - node("RS2").Top();
     zoom::MakeRoom(*form);
     EXPECT_FALSE(zoom::boxesOverlap(*form));
     EXPECT_EQ(edges(true), drawn);
+    EXPECT_EQ(form->offer(), std::nullopt);
     // Members went with their owners.
+    EXPECT_EQ(node("F9.OUT.O").Left() - node("A1").Left(), fromOwner);
     EXPECT_EQ(node("A2.IN.SONUM").Left() - node("A2").Left(), inner);
     EXPECT_EQ(node("RS2.ED_ID").Top() - node("RS2").Top(), own);
     const Texts placed = boxes();
     zoom::MakeRoom(*form);
     EXPECT_EQ(boxes(), placed);
     EXPECT_GE(form->PicForm.Width(), node("A3").box().right());
+}
+
+TEST_F(ZoomSight, RoomIsOfferedWhileAMemberStandsOnTheWrongSide) {
+    open("A3");  // it is only fed, from the left
+    EXPECT_FALSE(form->offer());
+    open("A1");  // whose outputs stand right of the inputs that they feed
+    ASSERT_FALSE(zoom::boxesOverlap(*form));
+    ASSERT_TRUE(form->offer());
+    EXPECT_EQ(form->offer()->words, "Some boxes stand on the wrong side of what they are joined with.");
+    form->answerOffer(true);
+    EXPECT_FALSE(form->offer());
+    EXPECT_EQ(zoom::disorderOf(*form), zoom::Disorder::none);
+    // What is unfolded at its place in the plan stands wrong again, until that was turned down.
+    for (const bool offered : {true, false}) {
+        for (const char* name : {"A2", "A1"}) {
+            node(name).setLeft(node("A1").Left());
+        }
+        form->rules().toggleExpanded(*form, node("A2"));
+        form->rules().toggleExpanded(*form, node("A2"));
+        EXPECT_EQ(form->offer().has_value(), offered);
+        form->answerOffer(false);
+        EXPECT_FALSE(form->offer());
+    }
 }
 
 }  // namespace

@@ -175,12 +175,32 @@ TEST_F(ZoomView, ApplyWithoutEditsChangesNothing) {
     node("F1.OUT.O1").setReady(false);
     node("RS4").setTop(9999);
     EXPECT_EQ(form->BiggestHeight, 9999 + 450 + 3 * 450) << "a moved node counts as a new one does";
-    const Texts shown = boxes(), drawn = edges(true);
+    // Edges that a hand has led.
+    canvas::LinesD& bent =
+        *form->Lines.FindConnectingLine(index("A1.OUT.AU_ID"), index("A2.IN.AU_ID"), canvas::EdgeTypeProvider, false);
+    bent.setGrabPoint(canvas::EdgeEnd::start, 4);
+    bent.setAngle(canvas::AngleNone);
+    bent.placeMiddle({123, 456});
+    form->Lines.FindConnectingLine(index("A2"), index("A2.OUT.ED_ID"), canvas::EdgeTypePartOf, false)
+        ->setAngle(canvas::AngleVerticalDown);
+    form->Lines.FindConnectingLine(index("F1.OUT.O1"), index("A2.OUT.A1.O12"), canvas::EdgeTypeRegulator, false)
+        ->setGrabPoint(canvas::EdgeEnd::end, 2);
+    const auto strokes = [&] {
+        Texts lines;
+        for (const canvas::LinesD& edge : form->Lines) {
+            lines.push_back(form->Labels.byIndex(edge.FromLabel())->KeyName() + " " +
+                            form->Labels.byIndex(edge.ToLabel())->KeyName() + " " + stroke(edge) + " " +
+                            std::to_string(edge.Xm()) + " " + std::to_string(edge.Y2()));
+        }
+        return sorted(lines);
+    };
+    const Texts shown = boxes(), drawn = edges(true), led = strokes();
     for (int twice = 0; twice < 2; ++twice) {
         zoom::ApplyZoomChanges(*form, true);
         EXPECT_EQ(testkit::modelText(design), before);
         EXPECT_EQ(boxes(), shown);
         EXPECT_EQ(edges(true), drawn);
+        EXPECT_EQ(strokes(), led);
         EXPECT_EQ(node("F1.OUT.O1").Color(), 255);
         expectSound();
     }

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "zoom/zoom_form.h"
+
+namespace orvent::zoom {
+
+/// How edges run that a hand has led other than unfolding draws them, by the names of their ends: taken before nodes
+/// are folded for a while, and given back when they are unfolded again.
+class EdgeStrokes {
+  public:
+    explicit EdgeStrokes(const ZoomForm& form);
+
+    /// Leads the edges that are there again as they ran. Linear in the edges of the view.
+    void restore(ZoomForm& form) const;
+
+  private:
+    struct Stroke {
+        std::string from, to;
+        canvas::EdgeTypeCode kind;
+        std::int16_t fromGrab, toGrab;
+        canvas::AngleCode angle;
+        canvas::Point middle;  ///< where a hand has put it, as far as the angle leaves it free
+    };
+
+    static void lead(canvas::LinesD& edge, const Stroke& stroke);
+
+    std::vector<Stroke> strokes_;
+};
+
+}  // namespace orvent::zoom
