@@ -1,9 +1,16 @@
+#include <cstdio>
+
+#include "app/command_line.h"
 #include "app/program.h"
 #include "qt/platform/application.h"
 #include "qt/theme/theme.h"
 
 int main(int argc, char* argv[]) {
     using namespace orvent;
+    if (const auto answer = app::answerTo({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)})) {
+        std::fputs(answer->c_str(), stdout);
+        return 0;
+    }
     qt::Application application(argc, argv);
     qt::Theme theme(qt::Theme::modeOf(QApplication::palette()));
     theme.apply(application);

@@ -17,7 +17,7 @@ bool DrawForm::QueryUnload() {
     using namespace platform;
     return messages().showWith(stored.changed ? "Changes that were not saved will be lost." : "Everything is saved.",
                                "ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario", Icon::question,
-                               Buttons::okCancel) == Answer::ok;
+                               Buttons::destroyOkCancel) == Answer::ok;
 }
 
 }  // namespace orvent::canvas

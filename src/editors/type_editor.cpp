@@ -146,6 +146,9 @@ void TypeEditor::readUsage() {
              : usage.count == 0 ? "Used by no stored activity"
              : usage.count == 1 ? "Used by 1 stored activity"
                                 : "Used by " + std::to_string(usage.count) + " stored activities";
+    if (usage.isStored && usage.count == 0 && !canDelete()) {
+        usedBy += "; to delete it, close all scenarios";
+    }
     std::string separator = "\nYours: ";
     for (const repository::TypeUsage::Activity& activity : usage.own) {
         usedBy += separator + activity.name + " (" + activity.scenario + ")";

@@ -10,11 +10,12 @@ namespace orvent::platform {
 /// The picture of a message box.
 enum class Icon { none, information, question, warning, critical };
 
-/// The buttons of a message box. Return presses the first, but where stored data would be destroyed: there it presses
-/// Cancel, or No where there is no Cancel.
-enum class Buttons { ok, okCancel, yesNo, yesNoCancel, destroyOkCancel, destroyYesNo, destroyYesNoCancel };
+/// The buttons of a message box. Return presses the first, but where something would be destroyed: there it presses
+/// Cancel, No where there is no Cancel, or Go On beside Discard.
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel, destroyOkCancel, destroyYesNo, destroyYesNoCancel, discardGoOn };
 
-/// The button that was pressed. Closing the box counts as `cancel`, or `no` where there is no Cancel, or `ok`.
+/// The button that was pressed; Discard is `ok`, and Go On is `cancel`. Closing the box counts as `cancel`, or `no`
+/// where there is no Cancel, or `ok`.
 enum class Answer { ok, cancel, yes, no };
 
 /// Modal message boxes.

@@ -93,6 +93,10 @@ bool ViewScenarios::OKButton() {
 void ViewScenarios::saveTarget() {
     target_->KeptCaption = target_->Caption();
     target_->setCaption(txtScenarioName);
+    if (std::ranges::find(ScenarioView, txtScenarioName, &Item::name) == ScenarioView.end()) {
+        ScenarioView.push_back({txtScenarioName, 0});  // the list is seen behind what the save says
+        show();
+    }
     loadSave_.SaveScenario(*target_, true);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,9 @@ class ViewScenarios {
     std::string txtScenarioName;
     std::string title;
     std::string OKCaption;
+
+    /// Shows the state again while a step is under way.
+    std::function<void()> show = [] {};
 
     /// Sets up a mode and fills the list. `target` is the window to save. In save mode its caption is the proposed
     /// name. False when the list could not be read, which was told.

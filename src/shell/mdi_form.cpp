@@ -129,6 +129,7 @@ int MDIForm1::NewScenario(std::string& name) {
         name = ports_.input.ask("Give The Name Of The New Scenario:", "Scenario Name",
                                 "Scenario" + std::to_string(slot + 1));
         if (name.empty()) {
+            ports_.progress.status("No scenario was made.");
             return -1;
         }
     }

@@ -63,6 +63,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     Activity = &activity;
     FromDialog = dialog != nullptr;
     txtTemplate = std::string(platform::trimmed(catalogue_.activityTypeLdl[type]));
+    openedText_ = txtTemplate;
     enableCaller(false);
     mirrorOrder_.emplace(form, activity, inDialog());
     zoom::UnSynchronizeActivity(form, activity, false, inDialog());
@@ -79,6 +80,20 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
         throw;
     }
     close();
+}
+
+bool LDLForm::mayDismiss() {
+    bool defined = kind != VarUndefined;
+    for (const LDLVariable& each : Variables) {
+        defined = defined || each.Defined;
+    }
+    const bool edited = (OriginalTemplate.empty() ? txtTemplate : OriginalTemplate) != openedText_;
+    if (!defined && !edited && !ActivityCreated) {
+        return true;
+    }
+    using namespace platform;
+    return messages_.show("What was defined since this window opened will be lost.", "Generate From LDL", Icon::warning,
+                          Buttons::discardGoOn) == Answer::ok;
 }
 
 void LDLForm::close() {

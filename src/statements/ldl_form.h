@@ -96,6 +96,8 @@ class LDLForm : public ActivityWizard {
     void cmdPrev();
     void cmdOK();
     void cmdCancel() { open_ = false; }
+    /// Whether the window may go without a press on its buttons: asks when something was defined since it opened.
+    bool mayDismiss();
     /// Gives the template back to be edited; all definitions are lost, as at a new parse.
     void cmdEditTemplate();
     /// Stores what is on screen and shows that variable; an unknown name does nothing.
@@ -192,6 +194,7 @@ class LDLForm : public ActivityWizard {
     std::string trouble_;  ///< why the activity was built in part only
     entities::ActivityTypeProperties type_;
     std::vector<std::string> generatorFaults_;
+    std::string openedText_;  ///< the template as the window got it
     bool generated_ = false;
     bool open_ = false;
 };

@@ -563,6 +563,9 @@ TEST_F(TypeEditorTest, WhoUsesATypeIsSaidAndTheUsersOwnAreNamed) {
     TypeEditor functions = editor(TypeKind::function);
     functions.selectType(1);
     EXPECT_EQ(functions.usedBy, "Used by no stored activity");
+    TypeEditor blocked = editor(TypeKind::function, true);
+    blocked.selectType(1);
+    EXPECT_EQ(blocked.usedBy, "Used by no stored activity; to delete it, close all scenarios");
 }
 
 TEST_F(TypeEditorTest, OnlyUnsavedChangesAreAskedAboutAtTheEnd) {

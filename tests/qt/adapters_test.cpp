@@ -74,7 +74,8 @@ class AdaptersTest : public WindowTest {
                                {Buttons::yesNoCancel, Answer::yes, Answer::cancel},
                                {Buttons::destroyOkCancel, Answer::cancel, Answer::cancel},
                                {Buttons::destroyYesNo, Answer::no, Answer::no},
-                               {Buttons::destroyYesNoCancel, Answer::cancel, Answer::cancel}}) {
+                               {Buttons::destroyYesNoCancel, Answer::cancel, Answer::cancel},
+                               {Buttons::discardGoOn, Answer::cancel, Answer::cancel}}) {
             for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
                 dialogs.at({}, [&](QDialog& window) {
                     const auto& box = static_cast<const QMessageBox&>(window);
@@ -87,6 +88,49 @@ class AdaptersTest : public WindowTest {
                 QVERIFY(got == (key == Qt::Key_Return ? row.atReturn : row.atEscape));
             }
         }
+    }
+
+    /// Whatever opens while something is loaded lies over the window that loads, and the progress steps back for it.
+    void boxesLieOverTheWindowAtWork() {
+        DialogScript dialogs;
+        QMainWindow frame;
+        frame.show();
+        QDialog window(&frame);
+        window.setObjectName(QStringLiteral("window"));
+        for (const bool shown : {true, false}) {  // or due while the box is open
+            QVERIFY2(!QApplication::activeModalWidget(), "a window is left");
+            dialogs.at(QStringLiteral("window"), [&](QDialog&) {
+                QProgressDialog progress(QStringLiteral("loading"), QStringLiteral("Cancel"), 0, 9, &window);
+                progress.setObjectName(QStringLiteral("progress"));
+                progress.setWindowModality(Qt::WindowModal);
+                progress.setMinimumDuration(shown ? 0 : 60);
+                progress.setValue(shown ? 8 : 0);
+                QCOMPARE(progress.isVisible(), shown);
+                const auto ask = [&](const char* what, const std::function<void()>& open) {
+                    QPointer<QWidget> opened;
+                    dialogs.at({}, [&](QDialog& box) {
+                        opened = &box;
+                        QTest::qWait(shown ? 0 : 120);
+                        QVERIFY2(!progress.isVisible(), what);
+                        QVERIFY2(box.parentWidget() == &window, what);
+                        box.reject();
+                    });
+                    open();
+                    QCOMPARE(progress.isVisible(), shown);
+                };
+                ask("message", [] { QtMessageBox().tell("DATA TYPE"); });
+                ask("input", [] { QtInputBox().ask("p", "t", "2"); });
+                ask("colour", [] { QVERIFY(!QtColourDialog().choose(0)); });
+                progress.setValue(9);
+                window.accept();
+            });
+            window.exec();
+        }
+        dialogs.at({}, [&](QDialog& box) {
+            QCOMPARE(box.parentWidget(), &frame);
+            box.reject();
+        });
+        QtMessageBox().tell("nothing loads");
     }
 
     void inputBoxAnswers() {

@@ -117,6 +117,7 @@ class DialogsTest : public WindowTest {
             QTest::keyClick(sources, Qt::Key_Return);  // the test fails: the dialog stays and says why
             QVERIFY(window.isVisible());
             QVERIFY(!control<QLabel>(window, "status")->text().isEmpty());
+            QTRY_COMPARE(control<QScrollArea>(window, "body")->verticalScrollBar()->maximum(), 0);
             click(window, "cmdCancel");
         });
         ReposFormWindow(logic).exec();

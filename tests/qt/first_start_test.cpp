@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "app/command_line.h"
 #include "odbc/database.h"
 #include "qt/platform/settings_file.h"
 #include "repository/source_schema.h"
@@ -20,6 +21,17 @@ class FirstStartTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
+    void wordsAreAnsweredWithoutADisplay() {
+        const auto answer = [](const char* word) {
+            std::string text = word;
+            char* words[] = {text.data()};
+            return app::answerTo(words);
+        };
+        QVERIFY(answer("--version")->starts_with("ORVENT II "));
+        QVERIFY(answer("--help")->find("--version") != std::string::npos);
+        QVERIFY(!answer("-platform"));
+    }
+
     void makesEverythingOnce() {
         const testkit::TemporaryFolder folder;
         const app::Places places = app::Places::in(folder.path() / "home");

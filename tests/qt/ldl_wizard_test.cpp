@@ -218,9 +218,14 @@ class LdlWizardTest : public WindowTest {
             QVERIFY(lineOf(window, "type").startsWith(QLatin1String("Attribute Function: Adds NEWFIELD")));
             QCOMPARE(lineOf(window, "progress"), QStringLiteral("Variable 1 of 4: @FUNCNAME"));
             QVERIFY(lineOf(window, "meaning").contains(QLatin1String("FUNCNAME gives")));
+            QCOMPARE(lineOf(window, "whichText"), QStringLiteral("The template"));
+            const auto* role = control<QRadioButton>(window, "optFunctionOutput");
+            const QPoint place = role->mapTo(&window, QPoint());
             Q_EMIT control<QLabel>(window, "proposal")->linkActivated(QStringLiteral("take"));
             QVERIFY(control<QRadioButton>(window, "optFunction")->isChecked());
             QVERIFY(!isShown(window, "proposal"));
+            QTest::qWait(1);
+            QCOMPARE(role->mapTo(&window, QPoint()), place);
             auto* names = control<QComboBox>(window, "functionNames");
             names->setCurrentText(QStringLiteral("ROUND"));
             click(window, "cmdNext");
@@ -237,13 +242,31 @@ class LdlWizardTest : public WindowTest {
             QVERIFY(!isShown(window, "original"));
             click(window, "cmdGenerateLDL");
             QVERIFY(isShown(window, "original"));
+            QCOMPARE(lineOf(window, "whichText"), QStringLiteral("The statement that was generated"));
             const QSize least = window.layout()->totalMinimumSize();
             QVERIFY2(least.width() <= 1000 && least.height() <= 660, "it fits a screen of 1024 x 700");
             QVERIFY(lineOf(window, "hint").startsWith(QLatin1String("The statement is not complete. @ARGUMENT[1]")));
             auto* strip = control<QLabel>(window, "progress")->parentWidget();
             QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(4, 4));
             QCOMPARE(lineOf(window, "lblVariable"), QStringLiteral("ARGUMENT"));
+            const auto expect = [&](Answer answer) {
+                wizard.messages.expect("What was defined since this window opened will be lost.", "Generate From LDL",
+                                       platform::Icon::warning, platform::Buttons::discardGoOn, answer);
+            };
+            expect(Answer::cancel);
             QTest::keyClick(&window, Qt::Key_Escape);
+            expect(Answer::cancel);
+            window.close();
+            QVERIFY(window.isVisible());
+            expect(Answer::ok);
+            QTest::keyClick(&window, Qt::Key_Escape);
+            QVERIFY(!window.isVisible());
+        });
+        wizard.run("Attribute Function", [](QDialog& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+        wizard.run("Attribute Function", [](QDialog& window) {
+            option(window, "optFunction");
+            click(window, "cmdCancel");
+            QVERIFY2(!window.isVisible(), "Cancel asks nothing");
         });
     }
 

@@ -78,10 +78,13 @@ TEST_F(ViewScenariosTest, SavesUnderTheNameOrKeepsTheCaption) {
     open(Mode::Save);
     EXPECT_EQ(dialog.txtScenarioName, "Scenario1");
     dialog.changeName("mine");
+    std::string behind;  // what is seen behind the boxes of the save
+    dialog.show = [&] { behind = dialog.ScenarioView.back().name; };
     database.fail("INSERT", kRefused);
     expectOverwrite(messages, Answer::cancel);
     EXPECT_TRUE(dialog.OKButton());
     EXPECT_EQ(form->Caption(), "Scenario1");
+    EXPECT_EQ(behind, "mine");
     messages.verify();
 
     messages.expect("Saved");

@@ -10,7 +10,7 @@ namespace orvent::testkit {
 inline void expectClose(ScriptedMessageBox& messages, const std::string& name,
                         platform::Answer answer = platform::Answer::ok) {
     messages.expect("ARE YOU SURE YOU WANT TO CLOSE " + name + " ?", "Closing Scenario", platform::Icon::question,
-                    platform::Buttons::okCancel, answer);
+                    platform::Buttons::destroyOkCancel, answer);
 }
 
 /// The question before a zoom view closes.

@@ -83,7 +83,7 @@ class ScriptedMessageBox : public platform::MessageBox {
             return anyway(text);
         }
         using enum platform::Answer;
-        static constexpr platform::Answer kClosed[] = {ok, cancel, no, cancel, cancel, no, cancel};
+        static constexpr platform::Answer kClosed[] = {ok, cancel, no, cancel, cancel, no, cancel, cancel};
         return script_.answer(words(text, title, icon, buttons), kClosed[static_cast<std::size_t>(buttons)]);
     }
 

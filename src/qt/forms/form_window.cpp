@@ -68,7 +68,7 @@ FormWindow::FormWindow(const QString& title, QWidget* parent)
     lastRow_->setSpacing(Spacing::section);
     lastRow_->addWidget(buttons_, 1);
     rows->addLayout(lastRow_);
-    connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(buttons_, &QDialogButtonBox::rejected, this, &FormWindow::cancel);
 }
 
 FormWindow::FormWindow(const QString& title, forms::Editor& editor, QWidget* parent) : FormWindow(title, parent) {
@@ -87,6 +87,25 @@ void FormWindow::showEvent(QShowEvent* event) {
     }
     resize(wanted.boundedTo(room));
     QDialog::showEvent(event);
+}
+
+void FormWindow::growToContents() {
+    if (!isVisible()) {
+        return;
+    }
+    layout()->activate();
+    const QWidget& contents = *area_->widget();
+    const int missing = contents.layout()->totalMinimumHeightForWidth(contents.width()) - area_->viewport()->height();
+    const int room = screen()->availableSize().height() - kAround;
+    if (missing > 0) {
+        resize(width(), std::max(height(), std::min(height() + missing, room)));
+    }
+}
+
+void FormWindow::reject() {
+    if (mayDismiss()) {
+        cancel();
+    }
 }
 
 void FormWindow::done(int result) {

@@ -22,8 +22,15 @@ class FormWindow : public QDialog {
   public:
     /// Every way out ends here. Of a window that shows an editor: asks it first, unless it was OK that closed.
     void done(int result) override;
+    /// Escape and the close button of the window: asked about first, which the Cancel button is not.
+    void reject() override;
 
   protected:
+    /// Whether Escape or the close button may take the window away; asks what has to be asked.
+    virtual bool mayDismiss() { return true; }
+    /// Takes the window away without asking.
+    void cancel() { QDialog::reject(); }
+
     void showEvent(QShowEvent* event) override;
 
     FormWindow(const QString& title, QWidget* parent);
@@ -46,6 +53,9 @@ class FormWindow : public QDialog {
 
     /// A quiet line at the other side of the row of buttons.
     QLabel& addNote(const QString& name);
+
+    /// Makes the window as high as its contents have become, as far as the screen has room.
+    void growToContents();
 
     /// Does what a press on the accept button does.
     void press();

@@ -18,7 +18,7 @@ namespace orvent::qt {
 /// The name that stands over boxes without a title of their own.
 inline constexpr const char* kProgramName = "ORVENT II";
 
-/// The modal boxes below belong to the window in front.
+/// The modal boxes below belong to the window that works at the moment.
 class QtMessageBox : public platform::MessageBox {
   public:
     platform::Answer show(const std::string& text, const std::string& title, platform::Icon icon,

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -7,12 +6,14 @@
 #include <QStringList>
 
 #include "qt/platform/adapters.h"
+#include "qt/platform/working_window.h"
 #include "qt/theme/model_colour.h"
 
 namespace orvent::qt {
 
 std::string QtInputBox::ask(const std::string& prompt, const std::string& title, const std::string& proposal) {
-    QInputDialog dialog(QApplication::activeWindow());
+    const WorkingWindow over;
+    QInputDialog dialog(over.widget());
     dialog.setWindowTitle(QString::fromStdString(title.empty() ? kProgramName : title));
     dialog.setLabelText(QString::fromStdString(prompt));
     dialog.setTextValue(QString::fromStdString(proposal));
@@ -36,8 +37,8 @@ QString toolkitFilter(const std::string& filter) {
 }
 
 std::string QtFileDialog::openFile(const std::string& filter) {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), toolkitFilter(filter))
-        .toStdString();
+    const WorkingWindow over;
+    return QFileDialog::getOpenFileName(over.widget(), QString(), QString(), toolkitFilter(filter)).toStdString();
 }
 
 std::string QtSaveDialog::saveFile(const std::string& title, const std::string& filter, const std::string& folder) {
@@ -46,13 +47,15 @@ std::string QtSaveDialog::saveFile(const std::string& title, const std::string& 
     while (!start.isDir() && !start.isRoot() && start.path() != start.filePath()) {
         start.setFile(start.path());
     }
-    return QFileDialog::getSaveFileName(QApplication::activeWindow(), QString::fromStdString(title), start.filePath(),
+    const WorkingWindow over;
+    return QFileDialog::getSaveFileName(over.widget(), QString::fromStdString(title), start.filePath(),
                                         toolkitFilter(filter), nullptr, QFileDialog::DontConfirmOverwrite)
         .toStdString();
 }
 
 std::optional<std::int32_t> QtColourDialog::choose(std::int32_t present) {
-    const QColor chosen = QColorDialog::getColor(fromModel(present), QApplication::activeWindow());
+    const WorkingWindow over;
+    const QColor chosen = QColorDialog::getColor(fromModel(present), over.widget());
     return chosen.isValid() ? std::optional(toModel(chosen)) : std::nullopt;
 }
 

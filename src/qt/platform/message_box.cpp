@@ -1,11 +1,12 @@
-#include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <array>
 
 #include "qt/platform/adapters.h"
+#include "qt/platform/working_window.h"
 
 namespace orvent::qt {
 
@@ -21,7 +22,7 @@ struct BoxButton {
     QMessageBox::StandardButton escape;    ///< meant by closing the box
 };
 
-const std::array<BoxButton, 7> kBoxButtons = {{
+const std::array<BoxButton, 8> kBoxButtons = {{
     {Buttons::ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
     {Buttons::okCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
     {Buttons::yesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
@@ -31,6 +32,7 @@ const std::array<BoxButton, 7> kBoxButtons = {{
     {Buttons::destroyYesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No},
     {Buttons::destroyYesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel,
      QMessageBox::Cancel},
+    {Buttons::discardGoOn, QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Cancel, QMessageBox::Cancel},
 }};
 
 QMessageBox::Icon pictureOf(platform::Icon icon) {
@@ -95,7 +97,8 @@ void fitText(QMessageBox& box) {
 Answer QtMessageBox::showWith(const std::string& smaller, const std::string& text, const std::string& title,
                               platform::Icon icon, Buttons buttons) {
     const BoxButton& row = kBoxButtons[static_cast<std::size_t>(buttons)];
-    QMessageBox box(QApplication::activeWindow());
+    const WorkingWindow over;
+    QMessageBox box(over.widget());
     box.setWindowTitle(QString::fromStdString(title.empty() ? kProgramName : title));
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -105,6 +108,10 @@ Answer QtMessageBox::showWith(const std::string& smaller, const std::string& tex
     box.setStandardButtons(row.shown);
     box.setDefaultButton(row.standard);
     box.setEscapeButton(row.escape);
+    if (buttons == Buttons::discardGoOn) {
+        box.button(QMessageBox::Discard)->setText(QMessageBox::tr("&Discard"));
+        box.button(QMessageBox::Cancel)->setText(QMessageBox::tr("&Go On"));
+    }
     fitText(box);
     return answerOf(box.exec());
 }

@@ -43,6 +43,7 @@ SourceDialog::SourceDialog(const QString& title, const QString& hint, const std:
 void SourceDialog::showStatus(const std::string& status) {
     status_->setText(QString::fromStdString(status));
     status_->setAccessibleName(status_->text());
+    growToContents();
 }
 
 }  // namespace orvent::qt

@@ -57,6 +57,7 @@ ViewScenariosWindow::ViewScenariosWindow(repository::ViewScenarios& logic, QWidg
         logic_.changeName(text.toStdString());
         showState();
     });
+    logic_.show = [this] { showState(); };
     showState();
     if (logic_.txtScenarioName.empty()) {
         scenarioView_->setFocus();

@@ -1,6 +1,5 @@
 #include "qt/shell/dialog_windows.h"
 
-#include <QApplication>
 #include <QMainWindow>
 #include <QPointer>
 #include <memory>
@@ -11,6 +10,7 @@
 #include "qt/editors/record_set_prop_window.h"
 #include "qt/editors/set_act_prop_window.h"
 #include "qt/editors/type_editor_window.h"
+#include "qt/platform/working_window.h"
 #include "qt/repository/db_login_window.h"
 #include "qt/repository/repos_form_window.h"
 #include "qt/repository/user_login_window.h"
@@ -28,23 +28,15 @@ namespace orvent::qt {
 
 namespace {
 
-QWidget* parentOver(QWidget& frame) {
-    for (QWidget* front : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
-        if (qobject_cast<QDialog*>(front)) {
-            return front;
-        }
-    }
-    return frame.isVisible() ? &frame : nullptr;
-}
-
 /// `Window` shows `Form`.
 template <class Form, class Window>
 void add(forms::Dialogs& dialogs, QWidget& frame) {
     dialogs.add<Form>([&frame](Form& form) {
+        const WorkingWindow over(&frame);
         if constexpr (std::is_constructible_v<Window, Form&, QWidget*>) {
-            Window(form, parentOver(frame)).exec();
+            Window(form, over.widget()).exec();
         } else {
-            Window(parentOver(frame)).exec();
+            Window(over.widget()).exec();
         }
     });
 }
@@ -53,7 +45,8 @@ void add(forms::Dialogs& dialogs, QWidget& frame) {
 template <class Form, class Window>
 void addSized(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes, const char* name) {
     dialogs.add<Form>([&frame, &sizes, name](Form& form) {
-        Window(form, sizes.of(name), parentOver(frame)).exec();
+        const WorkingWindow over(&frame);
+        Window(form, sizes.of(name), over.widget()).exec();
         sizes.store(name);
     });
 }
@@ -93,7 +86,8 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
     add<shell::OptionsForm, OptionsWindow>(dialogs, frame);
     add<statements::LDLForm, LDLFormWindow>(dialogs, frame);
     dialogs.add<shell::UnfinishedForm>([&frame](shell::UnfinishedForm& form) {
-        UnfinishedWindow window(form.statements, parentOver(frame));
+        const WorkingWindow over(&frame);
+        UnfinishedWindow window(form.statements, over.widget());
         window.exec();
         form.goTo = window.chosen();
     });
@@ -102,7 +96,8 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
     });
     addSized<editors::RecordSetProp, RecordSetPropWindow>(dialogs, frame, sizes, "RecordSetProp");
     dialogs.add<editors::TypeEditor>([&frame, &sizes](editors::TypeEditor& form) {
-        TypeEditorWindow(form, sizes.of(form.words.window), parentOver(frame)).exec();
+        const WorkingWindow over(&frame);
+        TypeEditorWindow(form, sizes.of(form.words.window), over.widget()).exec();
         sizes.store(form.words.window);
     });
     add<editors::InOutProp, InOutWindow>(dialogs, frame);

@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kPicture = 24;
 constexpr int kReasonLines = 2;
-constexpr int kMostNotes = 3;
 constexpr double kGround = 0.12;
 
 QLabel* newLine(const QString& name, QWidget* parent) {
@@ -41,7 +40,8 @@ GuideStrip::GuideStrip(QWidget* parent, std::function<void(const QString&)> go)
     notes_->setObjectName(QStringLiteral("notes"));
     notes_->setTextFormat(Qt::RichText);
     notes_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    notes_->setWordWrap(true);
+    notes_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    notes_->setFixedHeight(notes_->fontMetrics().lineSpacing());  // what lies below stays where it is
     connect(notes_, &QLabel::linkActivated, this, [this](const QString& target) { go_(target); });
     auto* lines = new QVBoxLayout(this);
     lines->setContentsMargins(Spacing::margin + kPicture + Spacing::margin, Spacing::gap, Spacing::margin,
@@ -60,21 +60,17 @@ void GuideStrip::show(const QIcon& icon, const QString& place, const GuideLine& 
     hint_->setText(hint.words);
     hint_->setToolTip(hint.words);
     setCursor(target_.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
-    QStringList shown;
+    QString first;
     QStringList all;
     for (const GuideLine& note : notes) {
         const QString words = note.words.toHtmlEscaped();
-        all << words;
-        if (shown.size() < kMostNotes) {
-            shown << (note.target.isEmpty() ? words : QStringLiteral("<a href=\"%1\">%2</a>").arg(note.target, words));
+        if (all.isEmpty()) {
+            first = note.target.isEmpty() ? words : QStringLiteral("<a href=\"%1\">%2</a>").arg(note.target, words);
         }
+        all << words;
     }
-    if (all.size() > shown.size()) {
-        shown << tr("%1 more").arg(all.size() - shown.size());
-    }
-    notes_->setText(shown.join(QStringLiteral("<br>")));
+    notes_->setText(all.size() > 1 ? tr("%1 (%2 more)").arg(first).arg(all.size() - 1) : first);
     notes_->setToolTip(all.join(QStringLiteral("<br>")));
-    notes_->setVisible(!shown.isEmpty());
     update();
 }
 

@@ -12,6 +12,7 @@
 
 #include "qt/forms/fields.h"
 #include "qt/statements/guide.h"
+#include "qt/statements/keep_place.h"
 #include "qt/statements/template_box.h"
 #include "qt/statements/text_pair.h"
 #include "qt/statements/variable_list.h"
@@ -32,12 +33,18 @@ constexpr int kWizardMargin = 40;  // a window's title and a strip of what lies 
 constexpr int kVariablesHeight = 130;
 constexpr int kButtonHeight = 28;
 
-/// A group that is the frame of its one widget.
-void putInto(QGroupBox& group, QAbstractScrollArea& contents) {
+/// A group that is the frame of its one widget, and of a line below it, if there is one.
+void putInto(QGroupBox& group, QAbstractScrollArea& contents, QLabel* line = nullptr) {
     contents.setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(&group);
     layout->setContentsMargins({});
+    layout->setSpacing(0);
     layout->addWidget(&contents);
+    if (line) {
+        line->setForegroundRole(QPalette::PlaceholderText);
+        line->setContentsMargins(Spacing::gap, 0, Spacing::gap, 2);
+        layout->addWidget(line);
+    }
 }
 
 }  // namespace
@@ -66,7 +73,7 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
     if (!logic_.roundText().empty()) {
         addSideButton(QStringLiteral("cmdLeaveRest"), tr("&Leave The Rest"), [this] {
             logic_.cmdLeaveRest();
-            reject();
+            cancel();
         });
     }
     showState();
@@ -104,12 +111,14 @@ QWidget* LDLFormWindow::newTexts(QWidget* side) {
     original_ = new TemplateBox(frameOriginal_);
     original_->setObjectName(QStringLiteral("original"));
     original_->setReadOnly(true);
-    putInto(*frameOriginal_, *original_);
+    putInto(*frameOriginal_, *original_, new QLabel(tr("The template"), frameOriginal_));
     auto* frameTemplate = new QGroupBox(QLatin1String(statements::kFrameTemplateCaption), texts_);
     frameTemplate->setObjectName(QStringLiteral("frameTemplate"));
     txtTemplate_ = new TemplateBox(frameTemplate);
     txtTemplate_->setObjectName(QStringLiteral("txtTemplate"));
-    putInto(*frameTemplate, *txtTemplate_);
+    whichText_ = new QLabel(frameTemplate);
+    whichText_->setObjectName(QStringLiteral("whichText"));
+    putInto(*frameTemplate, *txtTemplate_, whichText_);
     connect(txtTemplate_, &QTextEdit::textChanged, this, [this] {
         logic_.txtTemplate = txtTemplate_->edited();
         showState();
@@ -136,6 +145,7 @@ QWidget* LDLFormWindow::newChoices(QWidget* side) {
     columns->addWidget(editTemplate_);
     columns->addStretch();
     columns->addWidget(wholeNumbers_);
+    keepPlace(*wholeNumbers_);
     return row;
 }
 
@@ -268,6 +278,7 @@ void LDLFormWindow::showState() {
     }
     showGuide();
     frameOriginal_->setVisible(logic_.hasStatement());
+    whichText_->setText(logic_.hasStatement() ? tr("The statement that was generated") : tr("The template"));
     original_->showTemplate(logic_.OriginalTemplate, logic_.templateMarks());
     wholeNumbers_->setChecked(logic_.WholeNumbers());
     editTemplate_->setVisible(!logic_.Enabled.txtTemplate);
@@ -284,11 +295,11 @@ void LDLFormWindow::showState() {
     showButtons();
 }
 
-void LDLFormWindow::reject() {
+void LDLFormWindow::done(int result) {
     if (logic_.isOpen()) {
         logic_.cmdCancel();
     }
-    FormWindow::reject();
+    FormWindow::done(result);
 }
 
 }  // namespace orvent::qt

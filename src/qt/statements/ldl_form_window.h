@@ -24,7 +24,10 @@ class LDLFormWindow : public FormWindow {
   public:
     explicit LDLFormWindow(statements::LDLForm& logic, QWidget* parent = nullptr);
 
-    void reject() override;
+    void done(int result) override;
+
+  protected:
+    bool mayDismiss() override { return !logic_.isOpen() || logic_.mayDismiss(); }
 
   private:
     using Event = void (statements::LDLForm::*)();
@@ -55,6 +58,7 @@ class LDLFormWindow : public FormWindow {
     TemplateBox* txtTemplate_ = nullptr;
     TemplateBox* original_ = nullptr;
     QGroupBox* frameOriginal_ = nullptr;
+    QLabel* whichText_ = nullptr;
     QCheckBox* wholeNumbers_ = nullptr;
     QPushButton* editTemplate_ = nullptr;
     QGroupBox* frameVariables_ = nullptr;

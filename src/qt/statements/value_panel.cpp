@@ -110,7 +110,9 @@ QWidget* ValuePanel::newRow(std::initializer_list<QWidget*> cells) {
     auto* layout = new QHBoxLayout(row);
     layout->setSpacing(Spacing::gap);
     for (QWidget* cell : cells) {
-        layout->addWidget(cell, 1);
+        const auto* choice = cell->findChild<QComboBox*>();
+        const bool attributes = choice && choice->objectName().endsWith(QLatin1String("ttributes"));
+        layout->addWidget(cell, attributes ? 3 : 2);  // they have the longer names
     }
     rows_.push_back({row, cells});
     return row;

@@ -10,6 +10,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "qt/statements/keep_place.h"
 #include "qt/statements/option_group.h"
 #include "qt/statements/value_panel.h"
 #include "qt/theme/icons.h"
@@ -117,6 +118,7 @@ void VariablePanel::addWords(QGroupBox& frame) {
     proposal_->setTextFormat(Qt::RichText);
     proposal_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     proposal_->setWordWrap(true);
+    keepPlace(*proposal_);  // what lies below stays where it is when the proposal is taken
     connect(proposal_, &QLabel::linkActivated, this, [this] {
         logic_.chooseKind(statements::LDLGuide(logic_).proposal().kind);
         changed_();

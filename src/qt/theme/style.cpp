@@ -349,6 +349,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     switch (hint) {
         case SH_DialogButtonBox_ButtonsHaveIcons:
         case SH_EtchDisabledText:
+        case SH_ComboBox_Popup:  // a list on the ground of lists, not a menu that is as grey as the window
             return 0;
         default:
             return QProxyStyle::styleHint(hint, option, widget, data);
