@@ -14,8 +14,8 @@ namespace {
 
 enum class Place { Inputs, Outputs, Parameters, RecordSet, Constant, FunctionInputs, FunctionOutputs };
 
-/// What a link of a dialog's working copy may reach.
-enum class Reach { Nothing, Dialog, Scenario };
+/// What a link of a dialog's working copy may reach: `Itself` when the activity feeds itself.
+enum class Reach { Nothing, Itself, Dialog, Scenario };
 
 struct FarEndRow {
     Direction direction;
@@ -33,12 +33,12 @@ constexpr auto kRegulatorFor = Direction::RegulatorFor;
 
 constexpr std::array<FarEndRow, 26> kFarEnds = {{
     {kProvidedFrom, LinkRecordSet, Place::Outputs, true, false, Reach::Nothing},
-    {kProvidedFrom, LinkActivity, Place::Outputs, false, false, Reach::Nothing},
+    {kProvidedFrom, LinkActivity, Place::Outputs, false, false, Reach::Itself},
     {kProvidedFrom, LinkInput, Place::Inputs, false, true, Reach::Dialog},
     {kProvidedFrom, LinkActivityInput, Place::Inputs, false, true, Reach::Dialog},
 
     {kProviderFor, LinkRecordSet, Place::Inputs, true, false, Reach::Nothing},
-    {kProviderFor, LinkActivity, Place::Inputs, false, false, Reach::Nothing},
+    {kProviderFor, LinkActivity, Place::Inputs, false, false, Reach::Itself},
     {kProviderFor, LinkInput, Place::Outputs, false, true, Reach::Dialog},
     {kProviderFor, LinkActivityInput, Place::Outputs, false, true, Reach::Dialog},
 
@@ -159,6 +159,10 @@ class Search {
     }
 
     void constant(FarEndView& far, const canvas::LabelsD* peer) const {
+        const auto* shown = near_.isOfFunction() ? functionAt(form_.nodeNamed(near_.owner())) : nullptr;
+        if (shown && activityOf(*shown) != near_.activity()) {
+            return;  // a constant's link means the function of that key that is shown
+        }
         if (peer && peer->NodeType() == canvas::NodeTypeConstant) {
             far.parameter = peer->entity<ParameterProperties>();
             far.node = peer;
@@ -166,7 +170,10 @@ class Search {
     }
 
     void functionParameter(FarEndView& far, const canvas::LabelsD* peer, Place place) const {
-        const FunctionProperties* function = peer && !dialog_ ? peer->entity<FunctionProperties>() : nullptr;
+        const FunctionProperties* function = dialog_ ? nullptr : functionAt(peer);
+        if (function && !isMeant(*function)) {
+            function = nullptr;
+        }
         const bool expanded = function && peer->Expanded;
         if (!function) {
             function = functionWithoutNode();
@@ -178,6 +185,32 @@ class Search {
         const std::string key = AfterLastDot(link_.key);
         inList(far, (inputs ? function->Function_Inputs : function->Function_Outputs).peek(), key, expanded,
                wholeKey(function->Function_Key, inputs ? KindFunctionInput : KindFunctionOutput, key));
+    }
+
+    static const FunctionProperties* functionAt(const canvas::LabelsD* node) {
+        return node ? node->entity<FunctionProperties>() : nullptr;
+    }
+
+    /// The activity that has a function or for which it waits; empty for a free one.
+    static const std::string& activityOf(const FunctionProperties& function) {
+        for (const auto* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
+            if (function.ParentKeyName().empty() && parameters->count() > 0) {
+                return parameters->peek()->Item(1)->ParentFunctionActivity;
+            }
+        }
+        return function.ParentKeyName();
+    }
+
+    /// Whether the link leads to this very function: several activities may have own ones of the same key.
+    bool isMeant(const FunctionProperties& function) const {
+        if (HasDot(function.Function_Key)) {
+            return true;
+        }
+        const std::string& activity = activityOf(function);
+        if (link_.type == LinkFunctionOutput || link_.type == LinkInputFunction) {
+            return activity == near_.owner();
+        }
+        return !near_.isAttribute() || SecondSegment(link_.key) == (activity.empty() ? "IN" : activity);
     }
 
     static const FunctionProperties* functionOf(const ActivityProperties* activity, const std::string& key) {
@@ -201,7 +234,8 @@ class Search {
         if (const std::string owner = BeforeFirstDot(link_.name); !owner.empty()) {
             return functionOf(activityNamed(owner), link_.name);
         }
-        return functionOf(activityNamed(SecondSegment(link_.key)), BeforeFirstDot(link_.key));
+        return near_.isAttribute() ? functionOf(activityNamed(SecondSegment(link_.key)), BeforeFirstDot(link_.key))
+                                   : nullptr;
     }
 
     const canvas::Canvas& form_;
@@ -254,7 +288,9 @@ const AttributeProperties* attributeUnder(const ActivityProperties& activity, No
 FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
                       const ActivityProperties* InDialog) {
     const FarEndRow* row = rowOf(direction, link.type);
-    if (!row || (InDialog && row->inDialog == Reach::Nothing)) {
+    const bool beyond =
+        row && (row->inDialog == Reach::Nothing || (row->inDialog == Reach::Itself && link.name != near.owner()));
+    if (!row || (InDialog && beyond)) {
         return {};
     }
     const ActivityProperties* dialog = row->inDialog == Reach::Scenario ? nullptr : InDialog;

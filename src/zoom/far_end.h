@@ -35,6 +35,13 @@ class NearEnd {
     /// The name that a mirror gets: the owning record set or activity, or the key of the owning function.
     const std::string& owner() const { return owner_; }
 
+    /// The activity that has it, also as a parameter of a function; empty for one of a free function.
+    const std::string& activity() const { return isOfFunction() ? parameter_->ParentFunctionActivity : owner_; }
+    bool isOfFunction() const {
+        return parameter_ && (kind_ == entities::KindFunctionInput || kind_ == entities::KindFunctionOutput);
+    }
+    bool isAttribute() const { return attribute_ != nullptr; }
+
     /// The key under which a link at the far end stands. A record set names an input of a function that was drawn by
     /// itself `<function>.<activity>.<input>`, and every other entity by its whole key.
     std::string keyAs(KeyForm form) const;

@@ -10,4 +10,10 @@ namespace orvent::zoom {
 /// folded; another one that took its name would be joined to the member unseen, and known to one end only.
 bool isLinkedConstant(const ZoomForm& form, const std::string& name);
 
+/// Whether a constant may not bear the name, though no node of the view does: a linked constant has it, or a node of
+/// the scenario, of which links by that name would be taken to speak.
+inline bool isTakenFromConstants(const ZoomForm& form, const std::string& name) {
+    return form.ParForm.isNameTaken(name) || isLinkedConstant(form, name);
+}
+
 }  // namespace orvent::zoom

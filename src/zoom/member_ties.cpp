@@ -65,8 +65,9 @@ void bindParameters(ZoomForm& form, LabelsD& function, FunctionProperties& bound
         const LinesD* edge = form.Lines.byIndex(number);
         LabelsD* node = edge ? form.Labels.byIndex(edge->ToLabel()) : nullptr;
         const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
-        if (!parameter || edge->EdgeType() != canvas::EdgeTypePartOf) {
-            continue;
+        if (!parameter || edge->EdgeType() != canvas::EdgeTypePartOf ||
+            parameter->ParentKeyName != bound.Function_Key) {
+            continue;  // the edge means nothing, and its end is another one's
         }
         FunctionParameters& list =
             parameter->NodeKind == KindFunctionInput ? *bound.Function_Inputs : *bound.Function_Outputs;
@@ -187,6 +188,15 @@ void AttachFunction(ZoomForm& form, LabelsD& function, LabelsD& activity, bool D
     bindParameters(form, function, addMember(function, *activity.activity()->Act_Functions, key));
 }
 
+void forgetRows(FunctionProperties& function) {
+    function.FunctionID = 0;
+    for (auto* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
+        for (ParameterProperties& parameter : *parameters) {
+            parameter.SubNode_ID = 0;
+        }
+    }
+}
+
 void DetachFunction(ZoomForm& form, LabelsD& function, LabelsD* activity) {
     if (!activity) {
         return;
@@ -200,14 +210,8 @@ void DetachFunction(ZoomForm& form, LabelsD& function, LabelsD* activity) {
     activity->activity()->Act_Functions->Remove(entity.Function_Key);
     if (entity.FunctionID != 0) {
         form.DeletedNodes->Add(entity.FunctionID, KindFunction);
-        entity.FunctionID = 0;
     }
-    for (ParameterProperties& input : entity.Function_Inputs) {
-        input.SubNode_ID = 0;
-    }
-    if (ParameterProperties* output = entity.Function_Outputs->Item(1)) {
-        output->SubNode_ID = 0;
-    }
+    forgetRows(entity);
     // Alone it has no owner in its name either.
     if (const std::string head = activity->activity()->Act_Name + "."; entity.Function_Key.starts_with(head)) {
         const std::string bare = entity.Function_Key.substr(head.size());

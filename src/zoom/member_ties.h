@@ -24,6 +24,9 @@ void freeMember(ZoomForm& form, entities::ActivityProperties& owner, canvas::Lab
 /// Ties a free function to an activity; with `DrawEdge` by a part-of edge too, unless one joins them already.
 void AttachFunction(ZoomForm& form, canvas::LabelsD& function, canvas::LabelsD& activity, bool DrawEdge);
 
+/// Makes a function a new one for the repository, with all its inputs and outputs.
+void forgetRows(entities::FunctionProperties& function);
+
 /// Unties a function from its activity: it has no owner, no links, and is a new one for the repository. Nothing happens
 /// without an activity.
 void DetachFunction(ZoomForm& form, canvas::LabelsD& function, canvas::LabelsD* activity);

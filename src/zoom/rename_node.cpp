@@ -89,7 +89,7 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
     auto* list = owner ? listOf(*owner, entity) : nullptr;
     const std::string former = entity.Key;
     const bool isConstant = node.NodeType() == canvas::NodeTypeConstant;
-    const bool taken = holds(list, name) || (isConstant && isLinkedConstant(form, name));
+    const bool taken = holds(list, name) || (isConstant && isTakenFromConstants(form, name));
     if (tellWhenTaken(form, taken && name != former) ||
         !takeName(node, list ? wholeKey(entity.ParentKeyName, entity.NodeKind, name) : name, name)) {
         return false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <unordered_set>
 
 #include "zoom/expand_collapse.h"
 #include "zoom/linked_constant.h"
@@ -65,6 +66,35 @@ bool holdsGivenMember(const ZoomForm& form, const LinesD& edge) {
     return form.repeats(*from) || (!from->activity() && isMemberOf(form, *to, *from));
 }
 
+/// The names of the functions that activities have, also those beyond the view and those that are folded.
+std::unordered_set<std::string> functionNames(const ZoomForm& form) {
+    std::unordered_set<std::string> names;
+    const auto add = [&](const canvas::Canvas& canvas) {
+        for (const LabelsD& node : canvas.Labels) {
+            if (const ActivityProperties* activity = node.activity()) {
+                for (const FunctionProperties& function : activity->Act_Functions) {
+                    names.insert({function.Function_Key, function.Function_Name});
+                }
+            }
+        }
+    };
+    add(form);
+    add(form.ParForm);
+    return names;
+}
+
+/// A default name that nothing bears by which links might be taken to mean the new node.
+std::string newName(ZoomForm& form, const canvas::NodeKind& kind, std::int32_t& counter) {
+    const bool function = kind.nodeType == canvas::NodeTypeFunction;
+    const std::unordered_set<std::string> functions =
+        function ? functionNames(form) : std::unordered_set<std::string>();
+    std::string name;
+    do {
+        name = canvas::freeName(form, kind.word, counter);
+    } while (functions.count(name) || (kind.nodeType == canvas::NodeTypeConstant && isTakenFromConstants(form, name)));
+    return name;
+}
+
 }  // namespace
 
 LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Point at) {
@@ -73,10 +103,7 @@ LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Po
         if (kind.tool != tool) {
             continue;
         }
-        std::string name;
-        do {
-            name = canvas::freeName(form_, kind.word, form_.*row.counter);
-        } while (row.nodeType == canvas::NodeTypeConstant && isLinkedConstant(form_, name));
+        const std::string name = newName(form_, kind, form_.*row.counter);
         LabelsD& node = form_.Labels.Add(canvas::placedBox(kind, form_.settings(), at), name, row.nodeType);
         if (row.nodeType != canvas::NodeTypeFunction) {
             node.setToolTipText(typedName(form_, name, 0));

@@ -538,6 +538,21 @@ TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
     EXPECT_EQ(dialog->frontList().selection(), std::vector<int>{1}) << "what could not go stays selected";
 }
 
+TEST_F(SetActPropTest, WhatFeedsItsOwnActivityGoesAtBothEnds) {
+    testkit::GraphBuilder(*form).feed("Act.OUT.RS_ID", "Act.IN.Old");
+    for (const auto& [list, key] : {std::pair(kInputs, "Old"), {kOutputs, "RS_ID"}}) {
+        const auto dialog = open();
+        dialog->TabStrip1_Click(list);
+        dialog->frontList().select(dialog->frontList().positionOf(key));
+        dialog->Move2Tree_Click();
+        EXPECT_EQ(list == kInputs ? dialog->tempProp->Act_Outputs->Item("RS_ID")->ProviderFor.count()
+                                  : dialog->tempProp->Act_Inputs->Item("Old")->ProvidedFrom.count(),
+                  0);
+        answerClosing(Answer::no);
+        EXPECT_TRUE(dialog->mayClose());
+    }
+}
+
 TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
     activity().Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
     activity().Act_Parameters->Add("Old", 1, 0, "Old").ParentKeyName = "Act";

@@ -10,6 +10,7 @@
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
 #include "platform/codes.h"
+#include "zoom/synchronize_functions.h"
 
 namespace orvent::testkit {
 
@@ -103,6 +104,30 @@ class LinkGraph {
         }
         call("<~", entity.RegulatedFrom);
         call("~>", entity.RegulatorFor);
+    }
+
+    /// Gives another activity a function of the same key, with links of the same kinds to members of its own.
+    static void addNamesake(canvas::Canvas& canvas, const entities::FunctionProperties& function,
+                            const std::string& owner, const std::string& member) {
+        using namespace entities;
+        ActivityProperties& activity = *canvas.nodeNamed(owner)->activity();
+        FunctionProperties& same = activity.Act_Functions->AddFunctionProps(function, "", 0);
+        for (auto* parameters : {&same.Function_Inputs, &same.Function_Outputs}) {
+            for (ParameterProperties& parameter : *parameters) {
+                for (auto* links : {&parameter.RegulatedFrom, &parameter.RegulatorFor}) {
+                    for (int at = links->count(); at >= 1; --at) {
+                        const RegulatorProperties& link = *(*links)->Item(at);
+                        if (const LinkType type = link.type(); link.name() == function.ParentKeyName()) {
+                            (*links)->Remove(at);
+                            (*links)->Add(owner, type,
+                                          relativeKey(type == LinkInputFunction ? KindInput : KindOutput, member));
+                        }
+                    }
+                }
+            }
+        }
+        same.setParentKeyName(owner);
+        zoom::SynchronizeActivity(canvas, activity, nullptr);
     }
 
     static std::string holderOf(const std::string& line) { return line.substr(0, line.find(' ')); }

@@ -46,6 +46,9 @@ TEST_F(ZoomCases, OddScenariosAreGivenBackAsTheyWere) {
     for (const Row& row :
          {Row{"a neighbour reached twice", "A2", [&] { edge("A2", "RS4"), edge("A1", "A2"); }},
           Row{"an activity that feeds itself", "A2", [&] { feed("SONUM", "LOOP"); }},
+          Row{"a neighbour with a function of the same key", "A2",
+              [&] { graph.addNamesake(design, *graph.activity("A2").Act_Functions->Item("F1"), "A3", "AU_ID"); }},
+          Row{"the same function, seen from there", "A3", [] {}},
           Row{"a constant named like a record set", "A2",
               [&] {
                   graph.add("A2.PARAM.NEW <~ 6 RS4 RS4");

@@ -369,6 +369,52 @@ TEST_F(ZoomEdits, MembersKeepTheirPlacesWhateverWasFolded) {
     }
 }
 
+TEST_F(ZoomEdits, AFunctionThatIsTiedAgainIsNewWithAllItsRows) {
+    FunctionProperties& stored = *graph.activity("A2").Act_Functions->Item("F1");
+    stored.Function_Outputs->Add("O2", 0, "O2").NodeKind = KindFunctionOutput;
+    std::int16_t id = stored.FunctionID = 5;
+    for (auto* parameters : {&stored.Function_Inputs, &stored.Function_Outputs}) {
+        for (ParameterProperties& each : *parameters) {
+            each.ParentKeyName = "F1";
+            each.SubNode_ID = ++id;
+        }
+    }
+    open();
+    canvas::LinesD& tie = *form->Lines.FindConnectingLine(index("A2"), index("F1"), T, false);
+    EXPECT_TRUE(form->rules().releaseEdge(*form, tie));
+    form->Lines.RemoveFull(tie.Index());
+    // It is drawn to what another function has, which means nothing and takes nothing from that one.
+    ASSERT_NE(draw("F1", "A2.F2.IN.I1", T), nullptr);
+    ASSERT_NE(draw("A2", "F1", T), nullptr);
+    expectWhole();
+    EXPECT_EQ(form->DeletedNodes->Item(1)->NodeID, 5);
+    const FunctionProperties& tied = *graph.activity("A2").Act_Functions->Item("F1");
+    EXPECT_EQ(tied.FunctionID, 0);
+    for (auto* parameters : {&tied.Function_Inputs, &tied.Function_Outputs}) {
+        for (const ParameterProperties& each : *parameters) {
+            EXPECT_EQ(each.SubNode_ID, 0) << each.Key;
+        }
+    }
+}
+
+TEST_F(ZoomEdits, NewNodesTakeNoNameByWhichOthersAreLinked) {
+    const auto addFunction = [&](const char* owner, const char* key) {
+        graph.activity(owner).Act_Functions->AddFunctionProps({}, key, 0);
+    };
+    addFunction("A1", "Function1");
+    design.Labels.Add({0, 0, 300, 300}, "Far", canvas::NodeTypeActivity);
+    addFunction("Far", "Function2");
+    design.Labels.Add({0, 0, 300, 300}, "Constant1", canvas::NodeTypeRecordSet);
+    open();
+    form->rules().placeNode(*form, "Function", {1000, 1000});
+    EXPECT_NE(form->nodeNamed("Function3"), nullptr);
+    form->rules().placeNode(*form, "Constant", {1000, 1000});
+    ASSERT_NE(form->nodeNamed("Constant2"), nullptr);
+    ports.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
+                          "DUPLICATE NAME!", Icon::critical);
+    EXPECT_FALSE(zoom::RenameNode(*form, node("Constant2"), "Far"));
+}
+
 TEST_F(ZoomEdits, AFunctionDoesNotJoinItsNamesake) {
     graph.activity("A1").Act_Functions->AddFunctionProps({}, "F9", 0).setParentKeyName("A1");
     open();  // which does not show it
