@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "editors/function_nodes.h"
 #include "entities/key_grammar.h"
 
 namespace orvent::editors {
@@ -48,8 +49,14 @@ void addLeaves(Tree& tree, Tree::Node& parent, const Attributes& attributes, con
     }
 }
 
-void addNode(const canvas::LabelsD& node, const canvas::LabelsD& edited, Tree& graph, Tree::Node& graphRoot,
-             Tree& database, Tree::Node& databaseRoot) {
+/// Two activities with one function would hold one row.
+std::string refusalOf(const canvas::Canvas& form, const canvas::LabelsD& function, const canvas::LabelsD& edited) {
+    const canvas::LabelsD* owner = ownerOfFunction(form, function);
+    return owner && owner != &edited ? "This function belongs to " + owner->Caption() + " already." : std::string();
+}
+
+void addNode(const canvas::Canvas& form, const canvas::LabelsD& node, const canvas::LabelsD& edited, Tree& graph,
+             Tree::Node& graphRoot, Tree& database, Tree::Node& databaseRoot) {
     const std::string& name = node.Caption();
     if (const ActivityProperties* activity = node.activity(); activity && &node != &edited) {
         addLeaves(graph, graph.add({"GRAPH." + name, name, 4, "Activity-UnChecked"}, &graphRoot), activity->Act_Outputs,
@@ -63,7 +70,9 @@ void addNode(const canvas::LabelsD& node, const canvas::LabelsD& edited, Tree& g
         graph.add({"GRAPH." + name, name, constant->Parameter_Type, "Constant-UnChecked"}, &graphRoot);
     } else if (const auto* function = node.entity<FunctionProperties>();
                function && function->Function_Source != kSourceActivityType) {
-        graph.add({"GRAPH." + name, name, function->Function_Type, "Function-UnChecked"}, &graphRoot);
+        TreeNode shown{"GRAPH." + name, name, function->Function_Type, "Function-UnChecked"};
+        shown.Refusal = refusalOf(form, node, edited);
+        graph.add(std::move(shown), &graphRoot);
     }
 }
 
@@ -83,7 +92,7 @@ void buildSchemaTrees(const canvas::Canvas& form, const canvas::LabelsD& edited,
             Tree::Node& graphRoot = graph.add(root("GRAPH", "Graph"));
             Tree::Node& databaseRoot = database.add(root("DB", "Record Sets"));
             for (const canvas::LabelsD& node : form.Labels) {
-                addNode(node, edited, graph, graphRoot, database, databaseRoot);
+                addNode(form, node, edited, graph, graphRoot, database, databaseRoot);
             }
         });
     });
@@ -119,7 +128,8 @@ Tree* SchemaMarks::treeOf(const std::string& nodeKey) const {
 
 void SchemaMarks::mark(const std::string& nodeKey, int list, const std::string& rowKey) {
     const Tree* tree = treeOf(nodeKey);
-    if (!tree || !tree->find(nodeKey)) {
+    const Tree::Node* node = tree ? tree->find(nodeKey) : nullptr;
+    if (!node || !node->value().Refusal.empty()) {
         return;
     }
     Uses& uses = uses_[nodeKey];

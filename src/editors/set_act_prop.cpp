@@ -309,7 +309,7 @@ namespace {
 
 /// From the graph, activities and what they provide are dropped on the inputs, and any node on the parameters.
 bool counts(const forms::Tree::Node& node, int front) {
-    if (!node.parent()) {
+    if (!node.parent() || !node.value().Refusal.empty()) {
         return false;
     }
     if (isFunctionNode(node) || isConstantNode(node)) {

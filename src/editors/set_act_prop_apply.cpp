@@ -1,6 +1,7 @@
 // How the activity dialog gives its copy to the graph, and what its end puts back.
 
 #include "editors/activity_rename.h"
+#include "editors/function_nodes.h"
 #include "editors/set_act_prop.h"
 #include "forms/name_check.h"
 #include "zoom/synchronize_functions.h"
@@ -24,31 +25,6 @@ class QuietNames {
   private:
     canvas::Canvas& canvas_;
 };
-
-bool joins(const canvas::LinesD& edge, std::int32_t one, std::int32_t other) {
-    return (edge.FromLabel() == one && edge.ToLabel() == other) || (edge.FromLabel() == other && edge.ToLabel() == one);
-}
-
-void removeEdges(canvas::Canvas& form, const canvas::LabelsD& one, const canvas::LabelsD& other) {
-    std::vector<std::int32_t> ties;
-    for (const canvas::LineNumbers* lines : {&one.StartingLines(), &one.EndingLines()}) {
-        for (const std::int32_t line : *lines) {
-            const canvas::LinesD* edge = form.Lines.byIndex(line);
-            if (edge && joins(*edge, one.Index(), other.Index())) {
-                ties.push_back(line);
-            }
-        }
-    }
-    for (const std::int32_t line : ties) {
-        form.Lines.RemoveFull(line);
-    }
-}
-
-/// The node of the canvas that shows a function of that key.
-canvas::LabelsD* functionNode(canvas::Canvas& form, const FunctionProperties& function) {
-    canvas::LabelsD* node = form.nodeNamed(function.Function_Key);
-    return node && node->entity<FunctionProperties>() ? node : nullptr;
-}
 
 }  // namespace
 
@@ -82,8 +58,8 @@ bool SetActProp::ApplyActivity() {
         tempProp->NodeID = former->NodeID;
     }
     const std::shared_ptr<ActivityProperties> record = tempProp->Clone();
-    ActiveNode.Properties = record;
     bindFunctions(*former, *record);
+    ActiveNode.Properties = record;
     zoom::SynchronizeActivity(ParForm, *record, nullptr);
     carryBroughtKeys(*record, keptCaption_);
     mirrorOrder_->restore(ParForm, *record, nullptr);
@@ -112,24 +88,27 @@ void SetActProp::carryBroughtKeys(ActivityProperties& record, const std::string&
     }
 }
 
-/// The nodes of functions that the activity uses show the very objects of its collection; those that it gave up are
-/// free again.
+/// The nodes of functions that the activity uses show those of its new record; those that it gave up are free again. A
+/// function of that key which another activity has is none of them.
 void SetActProp::bindFunctions(const ActivityProperties& former, ActivityProperties& now) {
+    const auto isOurs = [this](const canvas::LabelsD& node) {
+        return ownerOfFunction(ParForm, node) == &ActiveNode ||
+               node.entity<FunctionProperties>()->ParentKeyName() == keptCaption_;
+    };
+    std::vector<canvas::LabelsD*> gone;
     for (const FunctionProperties& function : former.Act_Functions) {
-        canvas::LabelsD* node = functionNode(ParForm, function);
-        if (node && !now.Act_Functions->Item(function.Function_Key)) {
-            removeEdges(ParForm, *node, ActiveNode);
-            FunctionProperties& freed = *node->entity<FunctionProperties>();
-            freed.setParentKeyName({});
-            freed.Function_Source = 0;
+        canvas::LabelsD* node = functionNode(ParForm, function.Function_Key);
+        if (node && !now.Act_Functions->Item(function.Function_Key) && isOurs(*node)) {
+            gone.push_back(node);
         }
     }
+    for (canvas::LabelsD* node : gone) {
+        freeFunctionNode(ParForm, *node, ActiveNode);
+    }
     for (const FunctionProperties& function : now.Act_Functions) {
-        if (function.Function_Source != kSourceOwn) {
-            continue;
-        }
-        if (canvas::LabelsD* node = functionNode(ParForm, function)) {
-            node->Properties = now.Act_Functions->share(function.Function_Key);
+        canvas::LabelsD* node = functionNode(ParForm, function.Function_Key);
+        if (node && function.Function_Source == kSourceOwn && (isOurs(*node) || !ownerOfFunction(ParForm, *node))) {
+            bindFunctionNode(ParForm, *node, ActiveNode, now.Act_Functions->share(function.Function_Key));
         }
     }
 }

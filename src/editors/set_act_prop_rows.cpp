@@ -1,9 +1,11 @@
 // The rows of the activity dialog's lists as they come and go.
 
+#include "editors/function_nodes.h"
 #include "editors/list_rows.h"
 #include "editors/set_act_prop_functions.h"
 #include "entities/key_grammar.h"
 #include "zoom/member_links.h"
+#include "zoom/member_ties.h"
 
 namespace orvent::editors {
 
@@ -133,6 +135,11 @@ void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
     if (FunctionProperties* function =
             tempProp->Act_Functions->AddFunction(ParForm, name, tempProp->Act_Name, kSourceOwn)) {
         function->Changed = true;
+        zoom::forgetRows(*function);
+        if (ownerOfFunction(ParForm, *functionNode(ParForm, name))) {
+            // It was taken out in this dialog, with its links, and its row is to go.
+            zoom::UnSynchronizeFunction(ParForm, *function, true, self());
+        }
     }
     addListRow(kParameters, newRow(name, name, kTagFunction, "Func"), position);
 }

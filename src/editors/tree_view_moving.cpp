@@ -10,6 +10,9 @@ namespace {
 
 /// The new row comes in at the selected one.
 void addAt(RowOperations& dialog, Tree::Node& node, int position) {
+    if (!node.value().Refusal.empty()) {
+        return;
+    }
     forms::List& list = dialog.listFor(node);
     const std::string key = dialog.rowKeyOf(node);
     if (!key.empty() && !list.Item(key)) {
@@ -38,7 +41,7 @@ void AddNodeToList(RowOperations& dialog, Tree::Node& node) {
 }
 
 void NodeCheck(RowOperations& dialog, Tree& tree, Tree::Node& node) {
-    if (!node.parent()) {
+    if (!node.parent() || !node.value().Refusal.empty()) {
         return;
     }
     if (!node.value().Checked) {

@@ -10,7 +10,7 @@ void ZoomNodes::prepare(canvas::CanvasForm& form, canvas::LabelsD& node) {
     if (auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form)) {
         zoom::Unfolded before(*zoom);
         foldNode(*zoom, node);
-        folded_.insert_or_assign(&form, Folded{std::move(before), node.Properties});
+        folded_.insert_or_assign(&form, Folded{std::move(before), zoom::DrawnMembers(*zoom, node), node.Properties});
     }
 }
 
@@ -21,6 +21,7 @@ void ZoomNodes::refresh(canvas::CanvasForm& form, canvas::LabelsD& node) {
         return;
     }
     const bool ready = node.Ready();
+    folded.mapped().drawn.restore(*zoom, node);
     folded.mapped().before.restore(*zoom);
     node.setReady(ready);
     refreshFilters(*zoom);

@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "editors/set_act_prop.h"
+#include "zoom/drawn_members.h"
 #include "zoom/unfolded.h"
 
 namespace orvent::editors {
@@ -17,6 +18,7 @@ class ZoomNodes : public NodePreparation {
   private:
     struct Folded {
         zoom::Unfolded before;
+        zoom::DrawnMembers drawn;
         canvas::NodeProperties entity;  ///< as the dialog opened
     };
     std::unordered_map<const canvas::CanvasForm*, Folded> folded_;

@@ -20,6 +20,7 @@ struct TreeNode {
     bool Bold = false;
     bool Expanded = false;
     std::int32_t ForeColor = 0;  ///< blue in the high byte
+    std::string Refusal = {};    ///< why it cannot be used; then it is shown grey
 };
 
 /// One change of a tree.

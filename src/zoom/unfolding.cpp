@@ -178,8 +178,32 @@ void Unfolding::show(Lazy<List>& items, const ExpansionRow& row, int firstRow) {
     form_.ActiveLabel = active;
 }
 
+LabelsD* Unfolding::showAlone(Members members, const std::string& key) {
+    ActivityProperties* activity = owner_.activity();
+    const auto show = [&](auto& items) -> LabelsD* {
+        auto entity = items->share(key);
+        if (!entity || NearEnd(*entity).labelIn(form_)) {
+            return nullptr;
+        }
+        return &showMember(entity, expansionRow(members), rowTop(2 * items->positionOf(key) - 1));
+    };
+    if (!activity) {
+        return nullptr;
+    }
+    switch (members) {
+        case Members::Inputs:
+            return show(activity->Act_Inputs);
+        case Members::Outputs:
+            return show(activity->Act_Outputs);
+        case Members::Parameters:
+            return show(activity->Act_Parameters);
+        default:
+            return nullptr;
+    }
+}
+
 template <class Entity>
-void Unfolding::showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top) {
+LabelsD& Unfolding::showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top) {
     const CanvasSettings& sizes = form_.settings();
     Entity& shown = *entity;
     shown.ParentKeyName = ownerName_;
@@ -193,12 +217,13 @@ void Unfolding::showMember(std::shared_ptr<Entity> entity, const ExpansionRow& r
     bindNode(node, std::move(entity));
     grow(node, row.widens);
     if (!named_) {
-        return;  // links are drawn at the first copy
+        return node;  // links are drawn at the first copy
     }
     if constexpr (std::is_same_v<Entity, ParameterProperties>) {
         showConstants(node, shown, row);
     }
     linkMember(form_, shown, nullptr);
+    return node;
 }
 
 void Unfolding::showConstants(const LabelsD& node, const ParameterProperties& parameter, const ExpansionRow& row) {

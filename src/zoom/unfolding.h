@@ -45,6 +45,10 @@ class Unfolding {
     void collapseFunctions();
     void expandFunction();
     void collapseFunction();
+    /// Shows one member alone. Nothing when the owner has no such member, or when it is shown.
+    canvas::LabelsD* showAlone(Members members, const std::string& key);
+    /// Ties the functions on again that wait for the activity.
+    void tieWaiting();
     void collapseActivity();
     /// Whatever the owner is.
     void collapseWhole();
@@ -53,7 +57,7 @@ class Unfolding {
     template <class List>
     void show(entities::Lazy<List>& items, const ExpansionRow& row, int firstRow);
     template <class Entity>
-    void showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top);
+    canvas::LabelsD& showMember(std::shared_ptr<Entity> entity, const ExpansionRow& row, float top);
     template <class List>
     void fold(entities::Lazy<List>& items, const ExpansionRow& row);
     void showConstants(const canvas::LabelsD& node, const entities::ParameterProperties& parameter,

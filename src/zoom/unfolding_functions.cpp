@@ -105,6 +105,24 @@ void Unfolding::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> f
     Unfolding(form_, node).expandFunction();
 }
 
+void Unfolding::tieWaiting() {
+    std::vector<std::int32_t> nodes;
+    for (const auto& [node, activity] : form_.waiting) {
+        if (activity == owner_.Index()) {
+            nodes.push_back(node);
+        }
+    }
+    std::sort(nodes.begin(), nodes.end());
+    for (const std::int32_t number : nodes) {
+        LabelsD* node = form_.Labels.byIndex(number);
+        if (node && awaitedActivity(form_, *node) == &owner_) {
+            bringUp(form_, *node);
+            const std::string key = node->entity<FunctionProperties>()->Function_Key;
+            tieFunction(*node, owner_.activity()->Act_Functions->share(key));
+        }
+    }
+}
+
 void Unfolding::expandFunction() {
     const auto* function = owner_.entity<FunctionProperties>();
     if (!function || owner_.Expanded) {
@@ -156,16 +174,8 @@ void Unfolding::collapseFunctions() {
         if (function->Function_Source == kSourceActivityType) {
             form_.Labels.Remove(node.Index());
         } else {
-            // The clone in the collection keeps the owner; the node waits for it without one. Its inputs and outputs
-            // are still called by that owner's name, in the links that record sets have to them.
-            function->setParentKeyName({});
-            for (auto* parameters : {&function->Function_Inputs, &function->Function_Outputs}) {
-                for (ParameterProperties& parameter : *parameters) {
-                    parameter.ParentFunctionActivity = ownerName_;
-                }
-            }
+            letWait(form_, node, owner_);  // the clone in the collection keeps the owner
             form_.Lines.RemoveFull(edge);
-            form_.waiting[node.Index()] = owner_.Index();
         }
     }
     for (auto& function : former) {

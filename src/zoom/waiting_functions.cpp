@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "zoom/unfolding.h"
+
 namespace orvent::zoom {
 
 using namespace entities;
@@ -17,6 +19,19 @@ const LabelsD* awaitedActivity(const ZoomForm& form, const LabelsD& function) {
 
 LabelsD* awaitedActivity(ZoomForm& form, const LabelsD& function) {
     return const_cast<LabelsD*>(awaitedActivity(std::as_const(form), function));
+}
+
+// Its parameters go on to bear the activity's name, by which record sets know them.
+void letWait(ZoomForm& form, LabelsD& function, const LabelsD& owner) {
+    auto& entity = *function.entity<FunctionProperties>();
+    const std::string& activity = ownerNameOf(form, owner);
+    entity.setParentKeyName({});
+    for (auto* parameters : {&entity.Function_Inputs, &entity.Function_Outputs}) {
+        for (ParameterProperties& parameter : *parameters) {
+            parameter.ParentFunctionActivity = activity;
+        }
+    }
+    form.waiting[function.Index()] = owner.Index();
 }
 
 void bringUp(ZoomForm& form, LabelsD& function) {

@@ -11,6 +11,9 @@ namespace orvent::zoom {
 canvas::LabelsD* awaitedActivity(ZoomForm& form, const canvas::LabelsD& function);
 const canvas::LabelsD* awaitedActivity(const ZoomForm& form, const canvas::LabelsD& function);
 
+/// A function's node, which is folded and has a record of its own, waits for the activity from now on.
+void letWait(ZoomForm& form, canvas::LabelsD& function, const canvas::LabelsD& owner);
+
 /// The activity's list takes over what has become of a function that waits for it.
 void bringUp(ZoomForm& form, canvas::LabelsD& function);
 /// The same for all that wait.

@@ -6,7 +6,9 @@
 #include "editors/record_set_prop.h"
 #include "editors/zoom_nodes.h"
 #include "repository/catalogue_statements.h"
+#include "testkit/zoom_faults.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/member_ties.h"
 #include "zoom/members.h"
 #include "zoom/rename_node.h"
 #include "zoom/zoom_fixture.h"
@@ -35,6 +37,18 @@ class ZoomDialogs : public testkit::ZoomTest {
         return std::make_unique<Dialog>(
             editors::EditorServices{services, types, wizard, folder, saveDialog, zoomNodes, dialogs}, *form,
             node(name));
+    }
+
+    /// Draws a member at an activity, whose list is folded.
+    canvas::LabelsD& drawAt(const std::string& owner, const char* name, canvas::NodeTypeCode kind) {
+        canvas::LabelsD& member = form->Labels.Add({100, 200, 300, 400}, name, kind);
+        const std::int16_t grab = kind == canvas::NodeTypeAttribute ? 1 : 5;
+        std::int32_t edge =
+            form->Lines
+                .addFullLine(index(owner), grab, member.Index(), 2, canvas::EdgeTypePartOf, canvas::AngleVerticalUp, 0)
+                ->Index();
+        zoom::makeMember(*form, edge, node(owner), member);
+        return member;
     }
 
     /// The scenario's links with the name of a node replaced.
@@ -75,9 +89,19 @@ TEST_F(ZoomDialogs, ClosingUnfoldsTheNodeAsItWas) {
     open();
     node("A2.IN.SONUM").setLeft(node("A2.IN.SONUM").Left() + 700);
     zoom::CollapseFunction(*form, index("F1"));
+    for (const char* owner : {"A1", "A3"}) {  // whose inputs or functions are folded
+        canvas::LabelsD& own = drawAt(owner, owner[1] == '1' ? "G1" : "G3", canvas::NodeTypeFunction);
+        auto& input = own.entity<FunctionProperties>()->Function_Inputs->Add("I", 0, "I");
+        input.ParentKeyName = own.KeyName();
+        input.NodeKind = KindFunctionInput;
+        input.ParentFunctionActivity = owner;
+        zoom::ExpandFunction(*form, own.Index());
+    }
+    drawAt("A1", "Y", canvas::NodeTypeAttribute);
+    drawAt("A3", "P", canvas::NodeTypeParameter);
     const Texts places = boxes(), drawn = edges(true), links = graph.present();
     const Texts entities = model();
-    for (const char* name : {"A2", "A1", "A3", "RS4"}) {
+    const auto close = [&](const std::string& name, bool applied) {
         SCOPED_TRACE(name);
         const bool activity = node(name).activity() != nullptr;
         std::unique_ptr<forms::Editor> dialog;
@@ -86,17 +110,88 @@ TEST_F(ZoomDialogs, ClosingUnfoldsTheNodeAsItWas) {
         EXPECT_FALSE(node(name).Expanded);
         if (auto* recordSet = dynamic_cast<RecordSetProp*>(dialog.get())) {
             EXPECT_FALSE(recordSet->ListItemEditM());
+        } else if (auto* properties = dynamic_cast<SetActProp*>(dialog.get()); applied) {
+            properties->ActTypes = 0;
+            properties->txtDescr_Change("words");
+            ports.messages.expect("Properties Saved", "", Icon::information);
+            EXPECT_TRUE(dialog->OK());
         }
         dialog.reset();
         EXPECT_TRUE(form->Enabled());
         EXPECT_EQ(boxes(), places);
         EXPECT_EQ(edges(true), drawn);
-        EXPECT_EQ(model(), entities);
-        expectSound();
-        EXPECT_FALSE(form->unapplied());
+        EXPECT_EQ(testkit::CanvasFaults::ofZoom(*form), testkit::CanvasFaults::Lines{});
+        EXPECT_EQ(form->unapplied(), applied);
+        if (!applied) {
+            EXPECT_EQ(model(), entities);
+        }
+    };
+    for (const char* name : {"A2", "A1", "A3", "RS4"}) {
+        close(name, false);
     }
+    for (const char* name : {"A2", "A1", "A3"}) {
+        close(name, true);
+    }
+    EXPECT_TRUE(zoom::RenameNode(*form, node("A1.IN.Y"), "Z"));
     zoom::ApplyZoomChanges(*form, false);
     EXPECT_EQ(graph.present(), links);
+    EXPECT_NE(graph.activity("A1").Act_Inputs->Item("Z"), nullptr);
+    EXPECT_NE(graph.activity("A3").Act_Functions->Item("G3"), nullptr);
+}
+
+TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
+    graph.add("F1.IN.I4 <~ 14 C1 C1");
+    graph.addNamesake(design, *graph.activity("A2").Act_Functions->Item("F1"), "A1", "AU_ID");
+    graph.activity("A2").Act_Functions->Item("F1")->FunctionID = 5;
+    open();
+    const Texts drawn = edges(true);
+    const auto change = [&](const char* name, const auto& edit) {
+        const auto dialog = openOn<SetActProp>(name);
+        dialog->ActTypes = 0;
+        dialog->TabStrip1_Click(editors::kParameters);
+        edit(*dialog);
+        ports.messages.expect("Properties Saved", "", Icon::information);
+        EXPECT_TRUE(dialog->OK());
+    };
+    const auto takeOut = [](SetActProp& dialog) {
+        dialog.frontList().select(dialog.frontList().positionOf("F1"));
+        dialog.Move2Tree_Click();
+    };
+    // One has none of that key, the other one of its own.
+    for (const auto& row : {std::pair("A3", false), {"A1", false}, {"A1", true}}) {
+        change(row.first, [&](SetActProp& dialog) {
+            auto& shown = *dialog.ActView.find("GRAPH.F1");
+            EXPECT_EQ(shown.value().Refusal, "This function belongs to A2 already.");
+            EXPECT_FALSE(shown.value().Checked);
+            const int rows = dialog.frontList().Count();
+            dialog.NodeClick(dialog.ActView, shown);
+            EXPECT_FALSE(dialog.takes({"GRAPH.F1"}));
+            EXPECT_EQ(dialog.frontList().Count(), rows);
+            dialog.txtDescr_Change("words");
+            if (row.second) {
+                takeOut(dialog);
+            }
+        });
+        EXPECT_EQ(edges(true), drawn) << "the other one is untouched";
+        EXPECT_EQ(testkit::CanvasFaults::ofZoom(*form), testkit::CanvasFaults::Lines{});
+    }
+    // Given up it is free and a new one; taken out and in again it is new at its place.
+    change("A2", [&](SetActProp& dialog) {
+        takeOut(dialog);
+        dialog.NodeClick(dialog.ActView, *dialog.ActView.find("GRAPH.F1"));
+    });
+    EXPECT_EQ(node("F1").entity<FunctionProperties>()->FunctionID, 0);
+    node("F1").entity<FunctionProperties>()->FunctionID = 6;
+    EXPECT_NE(form->Lines.FindConnectingLine(index("A2"), index("F1"), canvas::EdgeTypePartOf, false), nullptr);
+    EXPECT_EQ(testkit::CanvasFaults::ofZoom(*form), testkit::CanvasFaults::Lines{});
+    change("A2", takeOut);
+    EXPECT_EQ(node("F1").entity<FunctionProperties>()->ParentKeyName(), "");
+    EXPECT_EQ(testkit::CanvasFaults::ofZoom(*form), testkit::CanvasFaults::Lines{});
+    zoom::ApplyZoomChanges(*form, true);
+    EXPECT_EQ(testkit::CanvasFaults::ofScenario(design), testkit::CanvasFaults::Lines{});
+    ASSERT_EQ(design.DeletedNodes->Count(), 2);
+    EXPECT_EQ(design.DeletedNodes->Item(1)->NodeID, 5);
+    EXPECT_EQ(design.DeletedNodes->Item(2)->NodeID, 6);
 }
 
 TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {

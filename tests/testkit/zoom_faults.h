@@ -33,6 +33,7 @@ class CanvasFaults {
             if (form.bearsName(node)) {
                 found.seeOwner(node);
                 found.seeShown(form, node);
+                found.seeUnfolded(form, node);
             }
         }
         for (const canvas::LinesD& edge : form.Lines) {
@@ -82,6 +83,18 @@ class CanvasFaults {
         }
     }
 
+    /// Functions that are shown one by one are shown all, each at its owner.
+    void seeUnfolded(zoom::ZoomForm& form, const canvas::LabelsD& owner) {
+        const auto* functions = owner.activity() ? owner.activity()->Act_Functions.peek() : nullptr;
+        for (int at = 1; functions && functions->Expanded && at <= functions->Count(); ++at) {
+            const canvas::LabelsD* node = form.nodeNamed(functions->Item(at)->Function_Key);
+            if (!node || node->entity<entities::FunctionProperties>() != functions->Item(at) ||
+                !form.Lines.FindConnectingLine(owner.Index(), node->Index(), canvas::EdgeTypePartOf, false)) {
+                fault("not at its activity", functions->Item(at)->Function_Key, owner.KeyName());
+            }
+        }
+    }
+
     template <class Entity>
     void seeMember(zoom::ZoomForm& form, const canvas::LabelsD& node, Entity& entity) {
         canvas::LabelsD* owner = form.nodeNamed(entity.ParentKeyName);
@@ -121,6 +134,21 @@ class CanvasFaults {
         }
         see(zoom::Direction::RegulatedFrom, entity, entity.RegulatedFrom);
         see(zoom::Direction::RegulatorFor, entity, entity.RegulatorFor);
+        if constexpr (requires { entity.ParentFunctionActivity; }) {
+            if (entity.NodeKind == entities::KindFunctionInput && entity.RegulatedFrom.count() > 1) {
+                fault("regulated twice", entity.ParentFunctionActivity, entity.ParentKeyName + " " + entity.Key);
+            }
+            for (const auto* links : {&entity.RegulatedFrom, &entity.RegulatorFor}) {
+                for (const auto& link : *links) {
+                    const bool inside =
+                        link.type() == entities::LinkInputFunction || link.type() == entities::LinkFunctionOutput;
+                    if (inside && link.name() != entity.ParentFunctionActivity) {
+                        fault("linked to another activity", entity.ParentFunctionActivity,
+                              entity.ParentKeyName + " " + entity.Key + " to " + link.name());
+                    }
+                }
+            }
+        }
     }
 
     template <class Entity, class Links>

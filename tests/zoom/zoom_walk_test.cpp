@@ -3,8 +3,10 @@
 
 #include <random>
 
+#include "../editors/editor_doubles.h"
 #include "canvas/deletion.h"
 #include "editors/item_prop.h"
+#include "editors/zoom_nodes.h"
 #include "repository/stored_scenario_fixture.h"
 #include "shell/sample_scenario.h"
 #include "testkit/zoom_faults.h"
@@ -65,6 +67,7 @@ class ZoomWalk : public StoredScenarioTest {
         loop.Act_Inputs->Add("LOOP", 0, 2, "LOOP").ParentKeyName = "Activity2";
         loop.Act_Inputs->Item("LOOP")->ProvidedFrom->Add("Activity2", entities::LinkActivity, "Activity2.OUT.SONUM");
         loop.Act_Outputs->Item("SONUM")->ProviderFor->Add("Activity2", entities::LinkActivity, "Activity2.IN.LOOP");
+        LinkGraph::addNamesake(design, *loop.Act_Functions->Item("MyFun"), "Activity4", "ED_ID");
     }
 
     /// Steps until the first fault, and says what was done last.
@@ -74,10 +77,11 @@ class ZoomWalk : public StoredScenarioTest {
         applied_ = modelText(design);
         using Gesture = std::pair<int, void (ZoomWalk::*)()>;
         static constexpr Gesture gestures[] = {
-            {300, &ZoomWalk::draw},      {130, &ZoomWalk::redirect},   {110, &ZoomWalk::place},
-            {35, &ZoomWalk::deleteNode}, {80, &ZoomWalk::deleteEdge},  {150, &ZoomWalk::toggle},
-            {90, &ZoomWalk::edit},       {40, &ZoomWalk::filter},      {35, &ZoomWalk::apply},
-            {10, &ZoomWalk::save},       {10, &ZoomWalk::closeWithNo}, {10, &ZoomWalk::closeWithYes}};
+            {300, &ZoomWalk::draw},       {130, &ZoomWalk::redirect},  {110, &ZoomWalk::place},
+            {35, &ZoomWalk::deleteNode},  {80, &ZoomWalk::deleteEdge}, {150, &ZoomWalk::toggle},
+            {90, &ZoomWalk::edit},        {20, &ZoomWalk::filter},     {20, &ZoomWalk::dialog},
+            {35, &ZoomWalk::apply},       {10, &ZoomWalk::save},       {10, &ZoomWalk::closeWithNo},
+            {10, &ZoomWalk::closeWithYes}};
         for (int at = 1; at <= steps && !HasFailure(); ++at) {
             const Gesture* gesture = gestures;
             for (int chance = pick(1000); chance >= gesture->first; ++gesture) {
@@ -222,6 +226,42 @@ class ZoomWalk : public StoredScenarioTest {
         dialog.end();
     }
 
+    /// The dialog of an activity, with some rows taken out and some tree nodes clicked.
+    void dialog() {
+        LabelsD* node = &anyNode();
+        while (!node->activity() || !form_->bearsName(*node)) {
+            node = &anyNode();
+        }
+        tell("dialog " + name(*node));
+        editors::SetActProp dialog({services, catalogue, wizard_, folder_, chooser_, nodes_, dialogs_}, *form_, *node);
+        for (int edits = pick(4); edits > 0; --edits) {
+            dialog.TabStrip1_Click(pick(3));
+            if (pick(2)) {
+                clickTree(dialog);
+            } else if (const int rows = dialog.frontList().Count()) {
+                dialog.frontList().select(1 + pick(rows));
+                tell(", out " + dialog.frontList().Item(dialog.frontList().selected())->Key);
+                dialog.Move2Tree_Click();
+            }
+        }
+        dialog.txtDescr_Change("D" + std::to_string(pick(60)));
+        user.toQuestions = Answer::no;
+        const bool ok = pick(3) > 0;
+        tell(ok ? ", OK" : ", No");
+        EXPECT_TRUE(ok ? dialog.OK() : dialog.mayClose());
+        dialog.end();
+    }
+
+    void clickTree(editors::SetActProp& dialog) {
+        forms::Tree& tree = pick(2) ? dialog.ActView : dialog.DBView;
+        const forms::Tree::Node* at = tree.roots().front().get();
+        while (!at->children().empty()) {
+            at = at->children()[static_cast<std::size_t>(pick(static_cast<int>(at->children().size())))].get();
+        }
+        tell(", click " + at->value().Key);
+        dialog.NodeClick(tree, *tree.find(at->value().Key));
+    }
+
     void filter() {
         static constexpr bool zoom::ViewMarks::*marks[] = {
             &zoom::ViewMarks::ViewProviderM,   &zoom::ViewMarks::ViewPartOfM,  &zoom::ViewMarks::ViewRegulatorM,
@@ -240,6 +280,7 @@ class ZoomWalk : public StoredScenarioTest {
 
     void save() {
         tell("save");
+        form_->Save();
         form_->Save();
         taken();
         expectEqualWhenLoaded();
@@ -304,6 +345,11 @@ class ZoomWalk : public StoredScenarioTest {
     canvas::DrawForm& design = *owned_;
     zoom::RelationshipRules relationships_;
     zoom::CanvasLinks links_;
+    editors::NoWizard wizard_;
+    editors::NoFile chooser_;
+    editors::ZoomNodes nodes_;
+    forms::Dialogs dialogs_;
+    platform::ProgramFolder folder_{"/data"};
     std::unique_ptr<zoom::ZoomForm> form_;
     std::mt19937 random_;
     std::map<std::int16_t, std::int16_t> tagsInRows_;

@@ -98,10 +98,15 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return text(value.Text);
         case Qt::ToolTipRole:
-            return of.parent() ? text(value.Text) : QString();
+            return !value.Refusal.empty() ? text(value.Text + "\n" + value.Refusal)
+                   : of.parent()          ? text(value.Text)
+                                          : QString();
         case Qt::DecorationRole:
             return picture_(value.Image, value.ForeColor);
         case Qt::ForegroundRole:
+            if (!value.Refusal.empty()) {
+                return QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text);
+            }
             return value.ForeColor != 0 ? QVariant(letterColour(value.ForeColor, QGuiApplication::palette()))
                                         : QVariant();
         case Qt::FontRole:
@@ -109,7 +114,7 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
         case Qt::CheckStateRole:
             return of.parent() ? QVariant(checkOf(value)) : QVariant();
         case Qt::AccessibleDescriptionRole:
-            return countOf(of);
+            return value.Refusal.empty() ? countOf(of) : text(value.Refusal);
         default:
             return {};
     }
@@ -127,7 +132,7 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) {
         return Qt::NoItemFlags;
     }
-    const bool inner = node(index)->parent() != nullptr;
+    const bool inner = node(index)->parent() && node(index)->value().Refusal.empty();
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable |
            (inner ? Qt::ItemIsDragEnabled | Qt::ItemIsUserCheckable : Qt::NoItemFlags);
 }
