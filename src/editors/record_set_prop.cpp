@@ -2,9 +2,13 @@
 
 #include <utility>
 
+#include "canvas/taken_name.h"
 #include "editors/list_rows.h"
+#include "editors/scenario_names.h"
 #include "forms/name_check.h"
 #include "statements/sql_creator.h"
+#include "zoom/member_rename.h"
+#include "zoom/mirror_exchange.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
 
@@ -255,43 +259,77 @@ bool RecordSetProp::apply() {
         return false;
     }
     const std::string former = ActiveNode.Caption();
-    const bool takenInScenario =
-        ParForm.isZoom() && former != txtRecordSetName && ParForm.scenario().isNameTaken(txtRecordSetName);
-    if (!takenInScenario) {
+    const bool taken = isTakenBeyond(ParForm, ActiveNode, txtRecordSetName);
+    if (taken) {
+        canvas::tellTakenName(messages());
+    } else {
         ActiveNode.setCaption(txtRecordSetName);
     }
-    if (takenInScenario || ActiveNode.KeyName() == canvas::kErrorName) {
+    if (taken || ActiveNode.KeyName() == canvas::kErrorName) {
         ActiveNode.setCaption(former);
         txtRecordSetName_Change({});
         return false;
     }
-    applyRecord();
+    applyRecord(former);
     return true;
 }
 
-void RecordSetProp::applyRecord() {
-    const platform::Busy busy(services_.repository.progress);
-    if (tempProp->NodeID == 0) {
-        tempProp->NodeID = ActiveNode.recordSet()->NodeID;
+/// The record set is in the links again, as the dialog found it.
+void RecordSetProp::putBack() {
+    if (mirrorOrder_) {
+        RecordSetProperties& record = *ActiveNode.recordSet();
+        zoom::SynchronizeRecordSet(ParForm, record);
+        mirrorOrder_->restore(ParForm, record);
+        mirrorOrder_.reset();
     }
-    ActiveNode.Properties = tempProp;
-    std::vector<std::pair<AttributeProperties*, std::string>> renamed;
+}
+
+/// The record set's record takes its new name and the new keys of its attributes before the copy replaces it, so that
+/// the far ends keep what they know of it in its place; what reads it follows. Attributes that are gone leave first:
+/// another one may bear their key.
+void RecordSetProp::renameInGraph(RecordSetProperties& record, const std::string& formerName) {
+    std::unordered_map<std::string, std::string> newKeys;
+    for (const AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
+        // A new one may bear the key that a renamed one had.
+        if (const std::string& former = OldKeys[attribute.Key]; former == attribute.Key) {
+            newKeys.emplace(former, attribute.Key);
+        } else {
+            newKeys[former] = attribute.Key;
+        }
+    }
+    for (int at = record.RecordSet_Outputs.count(); at >= 1; --at) {
+        AttributeProperties& attribute = *record.RecordSet_Outputs->Item(at);
+        if (!newKeys.count(attribute.Key)) {
+            zoom::UnSynchronizeAttribute(ParForm, attribute, true, nullptr);
+            record.RecordSet_Outputs->Remove(at);
+        }
+    }
+    if (formerName != tempProp->RecordSet_Name) {
+        zoom::renameOwner(ParForm, record, formerName, tempProp->RecordSet_Name);
+    }
+    const zoom::Renames renames = zoom::renameMembers(ParForm, record, newKeys);
+    zoom::followRenames(*tempProp, renames);
+}
+
+void RecordSetProp::applyRecord(const std::string& formerName) {
+    const platform::Busy busy(services_.repository.progress);
+    const auto former = std::get<std::shared_ptr<RecordSetProperties>>(ActiveNode.Properties);
+    if (tempProp->NodeID == 0) {
+        tempProp->NodeID = former->NodeID;
+    }
     for (AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
         if (attribute.ParentKeyName != tempProp->RecordSet_Name) {
             attribute.ParentKeyName = tempProp->RecordSet_Name;
             attribute.Changed = true;
         }
-        if (const std::string& old = OldKeys[attribute.Key]; !old.empty() && old != attribute.Key) {
-            renamed.emplace_back(&attribute, old);
-        }
     }
-    for (const auto& [attribute, old] : renamed) {
-        zoom::UnSynchronizeAttribute(ParForm, *attribute, false, nullptr);
-        zoom::PropagateRename(ParForm, *attribute, old);
-        zoom::SynchronizeAttribute(ParForm, *attribute, nullptr);
-        OldKeys[attribute->Key] = attribute->Key;
-    }
-    zoom::SynchronizeRecordSet(ParForm, *tempProp);
+    putBack();
+    renameInGraph(*former, formerName);
+    zoom::MirrorExchange exchange(ParForm);
+    exchange.leave(*former);
+    ActiveNode.Properties = tempProp;
+    exchange.come(*tempProp);
+    exchange.finish();
     deletedMark_ = ParForm.DeletedNodes->mark();
     ActiveNode.setReady(true);
     ParForm.tellChanged(ActiveNode);
@@ -299,9 +337,8 @@ void RecordSetProp::applyRecord() {
 
 void RecordSetProp::closing() {
     ParForm.DeletedNodes->cutBack(deletedMark_);
-    RecordSetProperties& record = *ActiveNode.recordSet();
-    zoom::SynchronizeRecordSet(ParForm, record);
-    mirrorOrder_->restore(ParForm, record);
+    putBack();
+    const RecordSetProperties& record = *ActiveNode.recordSet();
     ActiveNode.setReady(!record.RecordSet_Name.empty() && record.RecordSet_Outputs.count() > 0);
     services_.nodes.refresh(ParForm, ActiveNode);
     ParForm.setEnabled(true);

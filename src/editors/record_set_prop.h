@@ -83,12 +83,14 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void markNode(const std::string& key, bool used);
     bool rename(int row, const std::string& name);
     void renameAll(const std::function<std::string(const std::string& rowKey)>& name);
-    void applyRecord();
+    void putBack();
+    void renameInGraph(entities::RecordSetProperties& record, const std::string& formerName);
+    void applyRecord(const std::string& formerName);
     void tell(const char* text) { messages().tell(text, {}, platform::Icon::warning); }
 
     EditorServices services_;
     std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once
-    std::optional<zoom::MirrorOrder> mirrorOrder_;              ///< of the neighbours as the dialog found it
+    std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours, while the record set is out of the links
     int deletedMark_ = 0;
     int many_ = 0;
     bool toldTaken_ = false;  // of several nodes that move together, one refusal is told

@@ -92,6 +92,9 @@ void buildSchemaTrees(const canvas::Canvas& form, const canvas::LabelsD& edited,
             Tree::Node& graphRoot = graph.add(root("GRAPH", "Graph"));
             Tree::Node& databaseRoot = database.add(root("DB", "Record Sets"));
             for (const canvas::LabelsD& node : form.Labels) {
+                if (form.isZoom() && form.NamesColl.Item(node.KeyName()) != node.Index()) {
+                    continue;  // a second copy shows what the first one has, or had
+                }
                 addNode(form, node, edited, graph, graphRoot, database, databaseRoot);
             }
         });
@@ -177,6 +180,17 @@ void SchemaMarks::recompute(Tree& tree, Tree::Node& parent) {
         touched_.emplace(&parent, &tree);
     } else {
         recomputeParent(tree, parent);
+    }
+}
+
+void SchemaMarks::rename(const std::string& formerKey, const std::string& key, const std::string& text) {
+    Tree* tree = treeOf(formerKey);
+    if (Tree::Node* node = tree ? tree->find(formerKey) : nullptr) {
+        tree->rename(*node, key, text);
+        if (auto uses = uses_.extract(formerKey)) {
+            uses.key() = key;
+            uses_.insert(std::move(uses));
+        }
     }
 }
 

@@ -50,6 +50,9 @@ class SchemaMarks {
     void mark(const std::string& nodeKey, int list, const std::string& rowKey);
     void unmark(const std::string& nodeKey, int list, const std::string& rowKey);
 
+    /// The node bears another key and text; what uses it stays marked.
+    void rename(const std::string& formerKey, const std::string& key, const std::string& text);
+
     /// Withdraws all marks.
     void clear();
 

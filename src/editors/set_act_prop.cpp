@@ -4,6 +4,8 @@
 #include <array>
 #include <filesystem>
 
+#include "canvas/taken_name.h"
+#include "editors/scenario_names.h"
 #include "forms/name_check.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
@@ -113,8 +115,8 @@ void SetActProp::txtName_Leave() {
 
 /// The node's caption takes the name; false when another node has it. Over a zoom view the scenario is asked, too.
 bool SetActProp::takeName(const std::string& name) {
-    canvas::DrawForm& scenario = ParForm.scenario();
-    if (ParForm.isZoom() && name != keptCaption_ && scenario.isNameTaken(name)) {
+    if (isTakenBeyond(ParForm, ActiveNode, name)) {
+        canvas::tellTakenName(messages());
         return false;
     }
     ActiveNode.setCaption(name);

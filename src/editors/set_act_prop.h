@@ -13,6 +13,7 @@
 #include "platform/program_folder.h"
 #include "platform/save_dialog.h"
 #include "statements/activity_wizard.h"
+#include "zoom/member_rename.h"
 #include "zoom/mirror_order.h"
 
 namespace orvent::editors {
@@ -114,9 +115,10 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
 
   private:
     void LoadActivity();
+    void putBack();
     bool ApplyActivity();
     void bindFunctions(const entities::ActivityProperties& former, entities::ActivityProperties& now);
-    void carryBroughtKeys(entities::ActivityProperties& record, const std::string& formerName);
+    zoom::Renames renameInGraph(entities::ActivityProperties& record);
     bool takeName(const std::string& name);
     void followName();
     void setName(const std::string& text);
@@ -132,7 +134,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     EditorServices services_;
     std::string keptCaption_;                       ///< the caption that closing without Apply puts back
     std::string membersName_;                       ///< the name that keys and links of the copy bear
-    std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours as the dialog found it
+    std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours, while the activity is out of the links
     int deletedMark_ = 0;
     bool leaving_ = false;
     std::array<std::uint32_t, 3> shownTypes_{};  ///< the tables as the rows tell them

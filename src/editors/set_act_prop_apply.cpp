@@ -1,11 +1,10 @@
 // How the activity dialog gives its copy to the graph, and what its end puts back.
 
-#include "editors/activity_rename.h"
 #include "editors/function_nodes.h"
 #include "editors/set_act_prop.h"
 #include "forms/name_check.h"
+#include "zoom/mirror_exchange.h"
 #include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
 
 namespace orvent::editors {
 
@@ -41,9 +40,17 @@ bool SetActProp::apply() {
     return ApplyActivity();
 }
 
+/// The activity is in the links again, as the dialog found it.
+void SetActProp::putBack() {
+    if (mirrorOrder_) {
+        ActivityProperties& record = *ActiveNode.activity();
+        zoom::SynchronizeActivity(ParForm, record, nullptr);
+        mirrorOrder_->restore(ParForm, record, nullptr);
+        mirrorOrder_.reset();
+    }
+}
+
 bool SetActProp::ApplyActivity() {
-    const auto former = std::get<std::shared_ptr<ActivityProperties>>(ActiveNode.Properties);
-    zoom::UnSynchronizeActivity(ParForm, *former, false, nullptr);
     {
         const QuietNames quiet(ParForm);
         ActiveNode.setCaption(txtName);
@@ -54,15 +61,19 @@ bool SetActProp::ApplyActivity() {
             return false;
         }
     }
+    const auto former = std::get<std::shared_ptr<ActivityProperties>>(ActiveNode.Properties);
+    putBack();
+    followRenames(renameInGraph(*former));
     if (tempProp->NodeID == 0) {
         tempProp->NodeID = former->NodeID;
     }
+    zoom::MirrorExchange exchange(ParForm);
+    exchange.leave(*former);
     const std::shared_ptr<ActivityProperties> record = tempProp->Clone();
     bindFunctions(*former, *record);
     ActiveNode.Properties = record;
-    zoom::SynchronizeActivity(ParForm, *record, nullptr);
-    carryBroughtKeys(*record, keptCaption_);
-    mirrorOrder_->restore(ParForm, *record, nullptr);
+    exchange.come(*record);
+    exchange.finish();
     keptCaption_ = txtName;
     deletedMark_ = ParForm.DeletedNodes->mark();
     ParForm.tellChanged(ActiveNode);
@@ -74,26 +85,36 @@ bool SetActProp::ApplyActivity() {
     return true;
 }
 
-/// Outputs that the type brought bear the activity's name in their keys, and so do the members downstream that they
-/// feed: these follow a new name.
-void SetActProp::carryBroughtKeys(ActivityProperties& record, const std::string& formerName) {
-    if (record.Act_Name == formerName) {
-        return;
+/// The activity's record takes its new name before the copy replaces it, so that the far ends keep what they know of
+/// it in its place. Outputs that the type brought bear the name in their keys, and so do the members downstream that
+/// they feed: these follow. Gives what was renamed downstream.
+zoom::Renames SetActProp::renameInGraph(ActivityProperties& record) {
+    zoom::Renames renames;
+    if (txtName == keptCaption_) {
+        return renames;
     }
+    std::vector<std::string> formerKeys;
+    for (const AttributeProperties& output : record.Act_Outputs) {
+        formerKeys.push_back(output.Key);
+    }
+    zoom::renameOwner(ParForm, record, keptCaption_, txtName);
+    auto formerKey = formerKeys.begin();
     for (AttributeProperties& output : record.Act_Outputs) {
-        const std::string formerKey = withNewHead(output.Key, record.Act_Name, formerName);
-        if (formerKey != output.Key) {
-            zoom::PropagateRename(ParForm, output, formerKey);
+        if (tempProp->Act_Outputs->Item(output.Key)) {
+            const zoom::Renames carried = zoom::PropagateRename(ParForm, output, *formerKey);
+            renames.insert(renames.end(), carried.begin(), carried.end());
         }
+        ++formerKey;
     }
+    return renames;
 }
 
 /// The nodes of functions that the activity uses show those of its new record; those that it gave up are free again. A
 /// function of that key which another activity has is none of them.
 void SetActProp::bindFunctions(const ActivityProperties& former, ActivityProperties& now) {
-    const auto isOurs = [this](const canvas::LabelsD& node) {
+    const auto isOurs = [this, &former](const canvas::LabelsD& node) {
         return ownerOfFunction(ParForm, node) == &ActiveNode ||
-               node.entity<FunctionProperties>()->ParentKeyName() == keptCaption_;
+               node.entity<FunctionProperties>()->ParentKeyName() == former.Act_Name;
     };
     std::vector<canvas::LabelsD*> gone;
     for (const FunctionProperties& function : former.Act_Functions) {
@@ -127,8 +148,7 @@ void SetActProp::closing() {
         const QuietNames quiet(ParForm);
         ActiveNode.setCaption(keptCaption_);
     }
-    zoom::SynchronizeActivity(ParForm, *ActiveNode.activity(), nullptr);
-    mirrorOrder_->restore(ParForm, *ActiveNode.activity(), nullptr);
+    putBack();
     ActiveNode.setReady(true);
     services_.nodes.refresh(ParForm, ActiveNode);
     ParForm.setEnabled(true);

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "editors/activity_rename.h"
 #include "editors/list_rows.h"
 #include "entities/key_grammar.h"
 #include "zoom/member_links.h"
 #include "zoom/members.h"
+#include "zoom/rename_activity.h"
 
 namespace orvent::editors {
 
@@ -208,7 +208,7 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
     const auto eachBrought = [&](const auto& act) {
         for (int number = kInputs; number <= kParameters; ++number) {
             for (int row = 1; row <= list(number).Count(); ++row) {
-                const std::string key = withNewHead(list(number).Item(row)->Key, formerName, newName);
+                const std::string key = zoom::withNewHead(list(number).Item(row)->Key, formerName, newName);
                 if (key != list(number).Item(row)->Key) {
                     act(number, row, key);
                 }
@@ -221,11 +221,11 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
         MarkRowInTree(*list(number).Item(row), number, false);
         brought.emplace_back(number, row);
     });
-    renameActivity(*tempProp, formerName, newName);
+    zoom::renameActivity(*tempProp, formerName, newName);
     eachBrought([&](int number, int row, const std::string& key) {
         list(number).alter(row, [&](ListRow& shown) {
             shown.Key = key;
-            shown.Text = withNewHead(shown.Text, formerName, newName);
+            shown.Text = zoom::withNewHead(shown.Text, formerName, newName);
         });
     });
     for (const auto& [number, row] : brought) {
@@ -234,6 +234,21 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
     refreshRows();
     for (int number = kInputs; number <= kParameters; ++number) {
         twins_[static_cast<std::size_t>(number)].reset(list(number));
+    }
+}
+
+void SetActProp_Functions::followRenames(const zoom::Renames& renames) {
+    zoom::followRenames(*tempProp, renames);
+    for (const zoom::Rename& rename : renames) {
+        const canvas::LabelsD* node = rename.kind == KindOutput ? ParForm.nodeNamed(rename.owner) : nullptr;
+        if (node && node->activity()) {
+            const std::string parent = "GRAPH." + rename.owner + ".";
+            marks_.rename(parent + rename.former, parent + rename.now,
+                          node->activity()->Act_Outputs.peek()->Item(rename.now)->Attribute_Name);
+        }
+    }
+    if (!renames.empty()) {
+        refreshRows();
     }
 }
 

@@ -12,6 +12,7 @@
 #include "forms/list.h"
 #include "platform/dialogs.h"
 #include "repository/catalogue.h"
+#include "zoom/member_rename.h"
 
 namespace orvent::editors {
 
@@ -59,6 +60,8 @@ class SetActProp_Functions : public RowOperations {
     void fillLists();
     /// Members, links and rows follow a new name of the activity.
     void renameOwner(const std::string& formerName, const std::string& newName);
+    /// The copy and the trees follow what was renamed in the graph.
+    void followRenames(const zoom::Renames& renames);
     /// Sets the columns of all rows again.
     void refreshRows();
 

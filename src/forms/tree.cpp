@@ -41,6 +41,10 @@ void Tree::unlist(const Node& node) {
     for (const std::unique_ptr<Node>& child : node.children_) {
         unlist(*child);
     }
+    unlistKey(node);
+}
+
+void Tree::unlistKey(const Node& node) {
     const auto [first, last] = byKey_.equal_range(node.Key);
     byKey_.erase(std::find_if(first, last, [&](const auto& entry) { return entry.second == &node; }));
 }
@@ -66,6 +70,15 @@ void Tree::alter(Node& node, const std::function<void(TreeNode&)>& change) {
         if (node.parent_) {
             node.parent_->checkedChildren_ += (node.Checked ? 1 : 0) - (before ? 1 : 0);
         }
+    });
+}
+
+void Tree::rename(Node& node, const std::string& Key, const std::string& Text) {
+    tell({TreeChange::Kind::altered, node.parent_, node.position_}, [&] {
+        unlistKey(node);
+        node.Key = Key;
+        node.Text = Text;
+        byKey_.emplace(node.Key, &node);
     });
 }
 

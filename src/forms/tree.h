@@ -71,6 +71,8 @@ class Tree {
     void remove(Node& node);
     /// Changes the node in place, but not its key.
     void alter(Node& node, const std::function<void(TreeNode&)>& change);
+    /// Gives the node another key and text.
+    void rename(Node& node, const std::string& Key, const std::string& Text);
     void Clear();
     /// Many changes that are told as one.
     void rebuild(const std::function<void()>& changes);
@@ -80,6 +82,7 @@ class Tree {
 
   private:
     void unlist(const Node& node);
+    void unlistKey(const Node& node);
     void tell(const TreeChange& change, const std::function<void()>& act);
 
     std::vector<std::unique_ptr<Node>> roots_;

@@ -5,7 +5,9 @@
 #include <variant>
 #include <vector>
 
+#include "zoom/member_rename.h"
 #include "zoom/members.h"
+#include "zoom/mirror_exchange.h"
 #include "zoom/rename_node.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unfolded.h"
@@ -21,21 +23,29 @@ using canvas::LabelsD;
 
 namespace {
 
-/// Takes the entities out of the design nodes that get new ones, and erases their mirrors at the far ends. Those that
-/// are replaced themselves are out of reach by then: what is erased in them would go with them.
-void release(ZoomForm& form) {
-    std::vector<canvas::NodeProperties> former;
-    form.eachFirstCopy([&](LabelsD&, LabelsD& design) {
-        former.push_back(std::exchange(design.Properties, canvas::NodeProperties()));
-    });
-    for (const canvas::NodeProperties& entity : former) {
-        if (const auto* activity = std::get_if<std::shared_ptr<ActivityProperties>>(&entity)) {
-            UnSynchronizeActivity(form.ParForm, **activity, false, nullptr);
-        } else if (const auto* recordSet = std::get_if<std::shared_ptr<RecordSetProperties>>(&entity)) {
-            UnSynchronizeRecordSet(form.ParForm, **recordSet, false, nullptr);
+/// The entities of the design nodes that get new ones. Out of their nodes they are no far ends of each other: what the
+/// one holds of the other goes with it.
+class Former {
+  public:
+    explicit Former(ZoomForm& form) {
+        form.eachFirstCopy([&](LabelsD&, LabelsD& design) {
+            held_.push_back(std::exchange(design.Properties, canvas::NodeProperties()));
+        });
+    }
+
+    void leave(MirrorExchange& exchange) const {
+        for (const canvas::NodeProperties& entity : held_) {
+            if (const auto* activity = std::get_if<std::shared_ptr<ActivityProperties>>(&entity)) {
+                exchange.leave(**activity);
+            } else if (const auto* recordSet = std::get_if<std::shared_ptr<RecordSetProperties>>(&entity)) {
+                exchange.leave(**recordSet);
+            }
         }
     }
-}
+
+  private:
+    std::vector<canvas::NodeProperties> held_;
+};
 
 /// Puts a clone of the view's entity into the design node, whose caption follows the entity's name.
 void replace(LabelsD& design, const LabelsD& shown) {
@@ -64,11 +74,11 @@ void renew(LabelsD& copy, const LabelsD& design) {
     copy.showCaption(design.Caption());
 }
 
-void link(canvas::DrawForm& design, LabelsD& node) {
+void come(MirrorExchange& exchange, LabelsD& node) {
     if (ActivityProperties* activity = node.activity()) {
-        SynchronizeActivity(design, *activity, nullptr);
+        exchange.come(*activity);
     } else if (RecordSetProperties* recordSet = node.recordSet()) {
-        SynchronizeRecordSet(design, *recordSet);
+        exchange.come(*recordSet);
     }
 }
 
@@ -92,11 +102,15 @@ void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
     bringUpAll(form);
     eachFreeFunction(form, [&](FunctionProperties& free) { UnSynchronizeFunction(form, free, false, nullptr); });
     form.eachPair([&](LabelsD& shown, const LabelsD&) { foldNode(form, shown); });
-    // All old entities are unlinked before the first is replaced, and all are replaced before the first is linked
-    // again: so the lists of links keep their order.
-    release(form);
+    // All old entities leave before the first is replaced, and all are replaced before the first is linked again: so
+    // the lists of links keep their order, beside the view as well as in it.
+    replayRenames(form.ParForm, form.renames);
+    MirrorExchange exchange(form.ParForm);
+    const Former former(form);
+    former.leave(exchange);
     form.eachFirstCopy([&](LabelsD& shown, LabelsD& design) { replace(design, shown); });
-    form.eachFirstCopy([&](LabelsD&, LabelsD& design) { link(form.ParForm, design); });
+    form.eachFirstCopy([&](LabelsD&, LabelsD& design) { come(exchange, design); });
+    exchange.finish();
     form.eachPair([&](LabelsD& shown, const LabelsD& design) {
         if (!form.bearsName(shown)) {
             renew(shown, design);

@@ -1,7 +1,5 @@
 #include "zoom/link_mirrors.h"
 
-#include "zoom/mirror_lists.h"
-
 namespace orvent::zoom {
 
 using namespace entities;
@@ -44,39 +42,42 @@ void draw(canvas::Canvas& Form, Direction direction, std::int32_t near, std::int
 }
 
 template <class Link>
-void mirror(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near, Link& link,
-            ActivityProperties* InDialog) {
-    const FarEnd far = findFarEnd(Form, direction, near, {link.name(), link.type(), link.key()}, InDialog);
-    Lazy<LinkCollection<Link>>* mirrors = mirrorsOf<Link>(far, direction);
-    if (!mirrors) {
-        return;
+Link& write(canvas::Canvas& Form, Link& link, Lazy<LinkCollection<Link>>& mirrors, const MirrorEnds& ends) {
+    Link& written = mirrors->Add(ends.near.owner(), link.type(), ends.near.keyAs(ends.far.mirror));
+    if (ends.far.node) {
+        draw(Form, ends.direction, ends.near.labelIn(Form), ends.far.node->Index(), link, written);
     }
-    const std::int32_t nearLabel = far.node ? near.labelIn(Form) : 0;
+    return written;
+}
+
+template <class Link>
+void work(Work work, canvas::Canvas& Form, Link& link, Lazy<LinkCollection<Link>>& mirrors, const MirrorEnds& ends) {
     if (work == Work::Write) {
-        Link& written = (*mirrors)->Add(near.owner(), link.type(), near.keyAs(far.mirror));
-        if (far.node) {
-            draw(Form, direction, nearLabel, far.node->Index(), link, written);
-        }
+        write(Form, link, mirrors, ends);
         return;
     }
-    if (LinkCollection<Link>* present = mirrors->peek()) {
-        present->Remove(near.keyAs(far.mirror));
+    if (LinkCollection<Link>* present = mirrors.peek()) {
+        present->Remove(ends.near.keyAs(ends.far.mirror));
     }
-    if (far.node && edgeBetween(Form, link.LineIndex, nearLabel, far.node->Index())) {
+    const canvas::LabelsD* far = ends.far.node;
+    if (far && edgeBetween(Form, link.LineIndex, ends.near.labelIn(Form), far->Index())) {
         Form.Lines.RemoveFull(link.LineIndex);
     }
 }
 
-/// A mirror goes into a list of the opposite direction, so the list that is walked stays as it is even when a link
-/// leads back to its holder.
-template <class Links>
-void walk(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near, Lazy<Links>& links,
-          ActivityProperties* InDialog) {
-    if (Links* present = links.peek()) {
-        for (auto& link : *present) {
-            mirror(work, Form, direction, near, link, InDialog);
-        }
+template <class Link>
+void one(Work what, canvas::Canvas& Form, Direction direction, const NearEnd& near, Link& link,
+         ActivityProperties* InDialog) {
+    const FarEnd far = findFarEnd(Form, direction, near, {link.name(), link.type(), link.key()}, InDialog);
+    if (Lazy<LinkCollection<Link>>* mirrors = mirrorsOf<Link>(far, direction)) {
+        work(what, Form, link, *mirrors, {direction, near, far});
     }
+}
+
+template <class Entity>
+void all(Work what, canvas::Canvas& Form, Entity& entity, ActivityProperties* InDialog) {
+    eachMirrorList(Form, entity, InDialog,
+                   [&](auto& link, auto& mirrors, const MirrorEnds& ends) { work(what, Form, link, mirrors, ends); });
 }
 
 }  // namespace
@@ -91,26 +92,32 @@ void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t
     addEdge(Form, FromLabel, ToLabel, canvas::EdgeTypeRegulator, Link, Mirror);
 }
 
+ProviderProperties& writeMirror(canvas::Canvas& Form, ProviderProperties& link, Lazy<ProviderLinks>& mirrors,
+                                const MirrorEnds& ends) {
+    return write(Form, link, mirrors, ends);
+}
+
+RegulatorProperties& writeMirror(canvas::Canvas& Form, RegulatorProperties& link, Lazy<RegulatorLinks>& mirrors,
+                                 const MirrorEnds& ends) {
+    return write(Form, link, mirrors, ends);
+}
+
 void mirrorLink(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near, ProviderProperties& link,
                 ActivityProperties* InDialog) {
-    mirror(work, Form, direction, near, link, InDialog);
+    one(work, Form, direction, near, link, InDialog);
 }
 
 void mirrorLink(Work work, canvas::Canvas& Form, Direction direction, const NearEnd& near, RegulatorProperties& link,
                 ActivityProperties* InDialog) {
-    mirror(work, Form, direction, near, link, InDialog);
+    one(work, Form, direction, near, link, InDialog);
 }
 
 void mirrorLinks(Work work, canvas::Canvas& Form, AttributeProperties& attribute, ActivityProperties* InDialog) {
-    walk(work, Form, Direction::ProvidedFrom, attribute, attribute.ProvidedFrom, InDialog);
-    walk(work, Form, Direction::ProviderFor, attribute, attribute.ProviderFor, InDialog);
-    walk(work, Form, Direction::RegulatedFrom, attribute, attribute.RegulatedFrom, InDialog);
-    walk(work, Form, Direction::RegulatorFor, attribute, attribute.RegulatorFor, InDialog);
+    all(work, Form, attribute, InDialog);
 }
 
 void mirrorLinks(Work work, canvas::Canvas& Form, ParameterProperties& parameter, ActivityProperties* InDialog) {
-    walk(work, Form, Direction::RegulatedFrom, parameter, parameter.RegulatedFrom, InDialog);
-    walk(work, Form, Direction::RegulatorFor, parameter, parameter.RegulatorFor, InDialog);
+    all(work, Form, parameter, InDialog);
 }
 
 }  // namespace orvent::zoom

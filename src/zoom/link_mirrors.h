@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zoom/far_end.h"
+#include "zoom/mirror_lists.h"
 
 namespace orvent::zoom {
 
@@ -18,6 +18,12 @@ void mirrorLinks(Work work, canvas::Canvas& Form, entities::AttributeProperties&
                  entities::ActivityProperties* InDialog);
 void mirrorLinks(Work work, canvas::Canvas& Form, entities::ParameterProperties& parameter,
                  entities::ActivityProperties* InDialog);
+
+/// Writes the mirror of a link and draws the edge where both ends have a node. A mirror that is there stays as it is.
+entities::ProviderProperties& writeMirror(canvas::Canvas& Form, entities::ProviderProperties& link,
+                                          entities::Lazy<entities::ProviderLinks>& mirrors, const MirrorEnds& ends);
+entities::RegulatorProperties& writeMirror(canvas::Canvas& Form, entities::RegulatorProperties& link,
+                                           entities::Lazy<entities::RegulatorLinks>& mirrors, const MirrorEnds& ends);
 
 /// Draws a link between two nodes of the canvas and stores the edge's `Index` on both ends of the link, -1 when one of
 /// the nodes does not exist.

@@ -4,7 +4,7 @@
 
 #include "canvas/canvas_rules.h"
 #include "zoom/drawn_edge.h"
-#include "zoom/far_end.h"
+#include "zoom/kept_mirrors.h"
 #include "zoom/member_links.h"
 #include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
@@ -74,31 +74,6 @@ void bindParameters(ZoomForm& form, LabelsD& function, FunctionProperties& bound
         if (auto item = list.share(parameter->Key)) {
             bindNode(*node, std::move(item));
         }
-    }
-}
-
-/// Runs a step after which record sets call the inputs of a function by another key, and gives their links that key.
-template <class Step>
-void keepMirrors(canvas::Canvas& form, FunctionProperties& function, Step step) {
-    struct Mirror {
-        RegulatorLinks& links;
-        std::string key;
-        const ParameterProperties& input;
-        KeyForm keyForm;
-    };
-    std::vector<Mirror> mirrors;
-    for (ParameterProperties& input : function.Function_Inputs) {
-        for (const RegulatorProperties& link : input.RegulatedFrom) {
-            const FarEnd far =
-                findFarEnd(form, Direction::RegulatedFrom, input, {link.name(), link.type(), link.key()}, nullptr);
-            if (far.attribute) {
-                mirrors.push_back({*far.attribute->RegulatorFor, NearEnd(input).keyAs(far.mirror), input, far.mirror});
-            }
-        }
-    }
-    step();
-    for (const Mirror& mirror : mirrors) {
-        mirror.links.rekey(mirror.key, NearEnd(mirror.input).keyAs(mirror.keyForm));
     }
 }
 
@@ -182,7 +157,11 @@ void AttachFunction(ZoomForm& form, LabelsD& function, LabelsD& activity, bool D
                                canvas::AngleVerticalUp, 0);
     }
     auto& entity = *function.entity<FunctionProperties>();
-    keepMirrors(form, entity, [&] { entity.setParentKeyName(activity.activity()->Act_Name); });
+    // Record sets call the inputs by another key then.
+    KeptMirrors mirrors(form);
+    mirrors.hold(entity);
+    entity.setParentKeyName(activity.activity()->Act_Name);
+    mirrors.rekey();
     entity.Function_Source = kSourceOwn;
     const std::string key = entity.Function_Key.empty() ? function.Caption() : entity.Function_Key;
     bindParameters(form, function, addMember(function, *activity.activity()->Act_Functions, key));

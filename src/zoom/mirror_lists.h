@@ -26,4 +26,80 @@ entities::Lazy<entities::LinkCollection<Link>>* mirrorsOf(const FarEnd& far, Dir
     }
 }
 
+/// The link lists of an attribute or a parameter in the fixed order: `step(direction, links)`.
+template <class Entity, class Step>
+void eachLinkList(Entity& entity, Step step) {
+    if constexpr (requires { entity.ProvidedFrom; }) {
+        step(Direction::ProvidedFrom, entity.ProvidedFrom);
+        step(Direction::ProviderFor, entity.ProviderFor);
+    }
+    step(Direction::RegulatedFrom, entity.RegulatedFrom);
+    step(Direction::RegulatorFor, entity.RegulatorFor);
+}
+
+/// What a link and its mirror have to do with each other.
+struct MirrorEnds {
+    Direction direction;
+    NearEnd near;
+    FarEnd far;
+};
+
+/// Runs `step(link, mirrors, ends)` for each link of an attribute or a parameter whose far end is within reach; a
+/// mirror of the link stands, or would stand, in `mirrors`. Mirrors go into lists of the opposite direction, so the
+/// list that is walked stays as it is even when a link leads back to its holder. `InDialog` as in `findFarEnd`.
+template <class Entity, class Step>
+void eachMirrorList(canvas::Canvas& Form, Entity& entity, entities::ActivityProperties* InDialog, Step step) {
+    const NearEnd near(entity);
+    eachLinkList(entity, [&](Direction direction, auto& links) {
+        for (auto& link : links) {
+            using Link = std::remove_cvref_t<decltype(link)>;
+            const FarEnd far = findFarEnd(Form, direction, near, {link.name(), link.type(), link.key()}, InDialog);
+            if (auto* mirrors = mirrorsOf<Link>(far, direction)) {
+                step(link, *mirrors, MirrorEnds{direction, near, far});
+            }
+        }
+    });
+}
+
+// The members that may have links, of whatever owns some: `step(attribute or parameter)`.
+
+template <class Step>
+void eachLinked(entities::FunctionProperties& function, Step step) {
+    for (entities::ParameterProperties& input : function.Function_Inputs) {
+        step(input);
+    }
+    for (entities::ParameterProperties& output : function.Function_Outputs) {
+        step(output);
+    }
+}
+template <class Step>
+void eachLinked(entities::ActivityProperties& activity, Step step) {
+    for (entities::AttributeProperties& input : activity.Act_Inputs) {
+        step(input);
+    }
+    for (entities::AttributeProperties& output : activity.Act_Outputs) {
+        step(output);
+    }
+    for (entities::ParameterProperties& parameter : activity.Act_Parameters) {
+        step(parameter);
+    }
+    for (entities::FunctionProperties& function : activity.Act_Functions) {
+        eachLinked(function, step);
+    }
+}
+template <class Step>
+void eachLinked(entities::RecordSetProperties& recordSet, Step step) {
+    for (entities::AttributeProperties& attribute : recordSet.RecordSet_Outputs) {
+        step(attribute);
+    }
+}
+template <class Step>
+void eachLinked(entities::AttributeProperties& attribute, Step step) {
+    step(attribute);
+}
+template <class Step>
+void eachLinked(entities::ParameterProperties& parameter, Step step) {
+    step(parameter);
+}
+
 }  // namespace orvent::zoom

@@ -8,59 +8,17 @@ using namespace entities;
 
 namespace {
 
-/// Shows each list that mirrors a link of an entity, some of them more than once.
-template <class Visit>
-class MirrorWalk {
-  public:
-    MirrorWalk(canvas::Canvas& Form, ActivityProperties* InDialog, Visit visit)
-        : form_(Form), dialog_(InDialog), visit_(std::move(visit)) {}
-
-    void walk(ActivityProperties& activity) {
-        each(activity.Act_Inputs);
-        each(activity.Act_Outputs);
-        each(activity.Act_Parameters);
-        for (FunctionProperties& function : activity.Act_Functions) {
-            each(function.Function_Inputs);
-            each(function.Function_Outputs);
-        }
-    }
-    void walk(RecordSetProperties& recordSet) { each(recordSet.RecordSet_Outputs); }
-
-  private:
-    template <class Collection>
-    void each(Lazy<Collection>& items) {
-        for (auto& item : items) {
-            walk(item);
-        }
-    }
-
-    void walk(AttributeProperties& attribute) {
-        links(Direction::ProvidedFrom, attribute, attribute.ProvidedFrom);
-        links(Direction::ProviderFor, attribute, attribute.ProviderFor);
-        links(Direction::RegulatedFrom, attribute, attribute.RegulatedFrom);
-        links(Direction::RegulatorFor, attribute, attribute.RegulatorFor);
-    }
-
-    void walk(ParameterProperties& parameter) {
-        links(Direction::RegulatedFrom, parameter, parameter.RegulatedFrom);
-        links(Direction::RegulatorFor, parameter, parameter.RegulatorFor);
-    }
-
-    template <class Link>
-    void links(Direction direction, const NearEnd& near, Lazy<LinkCollection<Link>>& held) {
-        for (const Link& link : held) {
-            const FarEnd far = findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, dialog_);
-            Lazy<LinkCollection<Link>>* mirrors = mirrorsOf<Link>(far, direction);
-            if (mirrors && mirrors->count() > 1) {
-                visit_(**mirrors);
+/// Shows each list that mirrors a link of an owner, and that has an order, some of them more than once.
+template <class Owner, class Visit>
+void eachOrder(canvas::Canvas& Form, Owner& owner, ActivityProperties* InDialog, Visit visit) {
+    eachLinked(owner, [&](auto& member) {
+        eachMirrorList(Form, member, InDialog, [&](const auto&, auto& mirrors, const MirrorEnds&) {
+            if (mirrors.count() > 1) {
+                visit(*mirrors);
             }
-        }
-    }
-
-    canvas::Canvas& form_;
-    ActivityProperties* dialog_;
-    Visit visit_;
-};
+        });
+    });
+}
 
 std::vector<std::string> orderOf(const auto& links) {
     std::vector<std::string> keys;
@@ -73,15 +31,15 @@ std::vector<std::string> orderOf(const auto& links) {
 using Orders = std::unordered_map<const void*, std::vector<std::string>>;
 
 void note(canvas::Canvas& Form, auto& entity, ActivityProperties* InDialog, Orders& orders) {
-    MirrorWalk(Form, InDialog, [&orders](auto& mirrors) {
+    eachOrder(Form, entity, InDialog, [&orders](auto& mirrors) {
         if (const auto [order, isNew] = orders.try_emplace(&mirrors); isNew) {
             order->second = orderOf(mirrors);
         }
-    }).walk(entity);
+    });
 }
 
 void putBack(canvas::Canvas& Form, auto& entity, ActivityProperties* InDialog, Orders& orders) {
-    MirrorWalk(Form, InDialog, [&orders](auto& mirrors) {
+    eachOrder(Form, entity, InDialog, [&orders](auto& mirrors) {
         const auto order = orders.find(&mirrors);
         if (order == orders.end()) {
             return;
@@ -90,7 +48,7 @@ void putBack(canvas::Canvas& Form, auto& entity, ActivityProperties* InDialog, O
             mirrors.reorder(order->second);
         }
         orders.erase(order);
-    }).walk(entity);
+    });
 }
 
 }  // namespace

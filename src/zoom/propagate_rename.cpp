@@ -3,11 +3,9 @@
 #include <vector>
 
 #include "entities/link_types.h"
-#include "zoom/link_mirrors.h"
+#include "zoom/kept_mirrors.h"
 #include "zoom/members.h"
 #include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
-#include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
 
@@ -96,11 +94,13 @@ Step stepAt(AttributeProperties& attribute, const std::string& oldKey) {
     return step;
 }
 
+/// The link keeps its place; one that is not there is added.
 template <class Links>
 void replaceLink(Lazy<Links>& links, const std::string& oldKey, const std::string& name, LinkType type,
                  const std::string& newKey) {
-    links->Remove(oldKey);
-    links->Add(name, type, newKey);
+    if (!links->rekey(oldKey, newKey)) {
+        links->Add(name, type, newKey);
+    }
 }
 
 void replaceMatch(AttributeProperties& attribute, const Match& match, const std::string& newKey) {
@@ -114,23 +114,15 @@ void replaceMatch(AttributeProperties& attribute, const Match& match, const std:
     }
 }
 
-AttributeProperties& add(AttributeCollection& list, const AttributeProperties& attribute, int position) {
-    return list.AddFullAttribute(attribute, attribute.Key, false, position);
-}
-ParameterProperties& add(ParameterCollection& list, const ParameterProperties& parameter, int position) {
-    return list.AddFullParameter(parameter, parameter.Key, false, position);
-}
-
-/// Binds the node that showed the entity to its renamed clone.
-template <class List, class Entity>
-void rebindNode(canvas::Canvas& Form, List& list, const Entity& former, const std::string& formerKey, Entity& renamed) {
+/// The node that shows the entity, if there is one, follows.
+template <class Entity>
+void renameNode(canvas::Canvas& Form, const std::string& formerKey, const Entity& renamed) {
     canvas::LabelsD* node = Form.nodeNamed(formerKey);
-    if (!node || node->entity<Entity>() != &former) {
+    if (!node || node->entity<Entity>() != &renamed) {
         return;
     }
     const std::string formerName = node->Caption();
     const std::string& name = nameOf(renamed);
-    node->Properties = list.share(renamed.Key);
     node->setKeyName(wholeKey(renamed.ParentKeyName, renamed.NodeKind, renamed.Key));
     node->setCaption(name);
     if (node->ToolTipText().starts_with(formerName + "(")) {
@@ -138,33 +130,12 @@ void rebindNode(canvas::Canvas& Form, List& list, const Entity& former, const st
     }
 }
 
-/// Takes the entity under `oldKey` out of the links and of its list, and puts a clone under `newKey` at its place.
-template <class List>
-auto& rename(canvas::Canvas& Form, List& list, const std::string& oldKey, const std::string& newKey) {
-    const int position = list.positionOf(oldKey);
-    auto& present = *list.Item(position);
-    mirrorLinks(Work::Erase, Form, present, nullptr);
-    const std::string formerKey = wholeKey(present.ParentKeyName, present.NodeKind, oldKey);
-    const auto former = list.Remove(position);
-    if (nameOf(*former) == oldKey) {
-        nameOf(*former) = newKey;
-    }
-    former->Key = newKey;
-    former->Changed = true;
-    auto& renamed = add(list, *former, position);
-    rebindNode(Form, list, *former, formerKey, renamed);
-    if (auto* zoom = dynamic_cast<ZoomForm*>(&Form)) {
-        zoom->order.rename(renamed.ParentKeyName, renamed.NodeKind, oldKey, newKey);
-    }
-    return renamed;
-}
-
 class Propagation {
   public:
     Propagation(canvas::Canvas& form, const std::string& oldKey) : form_(form), oldKey_(oldKey) {}
 
     // The chain may be as long as the scenario, so it is followed with a stack of its own.
-    void run(AttributeProperties& first) {
+    Renames run(AttributeProperties& first) {
         stack_.push_back(stepAt(first, oldKey_));
         while (!stack_.empty()) {
             Step& step = stack_.back();
@@ -178,6 +149,7 @@ class Propagation {
                 SynchronizeAttribute(form_, done, nullptr);
             }
         }
+        return std::move(renames_);
     }
 
   private:
@@ -200,9 +172,7 @@ class Propagation {
                 }
                 return;
             default:
-                if (ParameterProperties* parameter = regulated(attribute, match, activity->Act_Parameters.peek())) {
-                    SynchronizeParameter(form_, *parameter, nullptr);
-                }
+                regulated(attribute, match, activity->Act_Parameters.peek());
                 return;
         }
     }
@@ -221,23 +191,40 @@ class Propagation {
         return list && list->Item(oldKey_) && !list->Item(attribute.Key);
     }
 
+    /// Gives the entity under the old key the new one, at its place.
+    template <class List>
+    auto& rename(List& list, const std::string& newKey) {
+        rekeyMember(form_, list, oldKey_, newKey);
+        auto& renamed = *list.Item(newKey);
+        if (nameOf(renamed) == oldKey_) {
+            nameOf(renamed) = newKey;
+        }
+        renamed.Changed = true;
+        renameNode(form_, wholeKey(renamed.ParentKeyName, renamed.NodeKind, oldKey_), renamed);
+        renames_.push_back({renamed.ParentKeyName, renamed.NodeKind, oldKey_, newKey});
+        noteRename(form_, renames_.back());
+        return renamed;
+    }
+
     template <class List>
     AttributeProperties* rekey(AttributeProperties& attribute, const Match& match, List* list) {
         if (!canRename(attribute, list)) {
             return nullptr;
         }
         replaceMatch(attribute, match, farKey(*match.row, match.name, attribute.Key));
-        return &rename(form_, *list, oldKey_, attribute.Key);
+        return &rename(*list, attribute.Key);
     }
 
-    ParameterProperties* regulated(AttributeProperties& attribute, const Match& match, Act_ParametersCollection* list) {
+    void regulated(AttributeProperties& attribute, const Match& match, Act_ParametersCollection* list) {
         if (!canRename(attribute, list)) {
-            return nullptr;
+            return;
         }
         replaceMatch(attribute, match, farKey(*match.row, match.name, attribute.Key));
-        replaceLink(list->Item(oldKey_)->RegulatedFrom, keyOf(attribute, match, oldKey_), attribute.ParentKeyName,
-                    match.type, keyOf(attribute, match, attribute.Key));
-        return &rename(form_, *list, oldKey_, attribute.Key);
+        auto& links = list->Item(oldKey_)->RegulatedFrom;
+        if (const std::string key = keyOf(attribute, match, attribute.Key); !links->Item(key)) {
+            replaceLink(links, keyOf(attribute, match, oldKey_), attribute.ParentKeyName, match.type, key);
+        }
+        SynchronizeParameter(form_, rename(*list, attribute.Key), nullptr);
     }
 
     static std::string keyOf(const AttributeProperties& attribute, const Match& match, const std::string& key) {
@@ -248,14 +235,13 @@ class Propagation {
     canvas::Canvas& form_;
     const std::string& oldKey_;
     std::vector<Step> stack_;
+    Renames renames_;
 };
 
 }  // namespace
 
-void PropagateRename(canvas::Canvas& Form, AttributeProperties& A, const std::string& OldKey) {
-    if (A.Key != OldKey) {
-        Propagation(Form, OldKey).run(A);
-    }
+Renames PropagateRename(canvas::Canvas& Form, AttributeProperties& A, const std::string& OldKey) {
+    return A.Key == OldKey ? Renames() : Propagation(Form, OldKey).run(A);
 }
 
 }  // namespace orvent::zoom

@@ -4,8 +4,9 @@
 
 #include "canvas/taken_name.h"
 #include "zoom/expand_collapse.h"
-#include "zoom/link_mirrors.h"
+#include "zoom/kept_mirrors.h"
 #include "zoom/linked_constant.h"
+#include "zoom/member_rename.h"
 #include "zoom/members.h"
 #include "zoom/unsynchronize_functions.h"
 #include "zoom/waiting_functions.h"
@@ -83,6 +84,15 @@ bool holds(const List* list, const std::string& key) {
     return list && list->Item(key);
 }
 
+Rename renameOf(const LabelsD&, const AttributeProperties& entity, const std::string& now) {
+    return {entity.ParentKeyName, entity.NodeKind, entity.Key, now};
+}
+Rename renameOf(const LabelsD& owner, const ParameterProperties& entity, const std::string& now) {
+    const auto* function = owner.entity<FunctionProperties>();
+    return {function ? function->ParentKeyName() : entity.ParentKeyName, entity.NodeKind, entity.Key, now,
+            function ? function->Function_Key : std::string()};
+}
+
 template <class Entity>
 bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::string& name) {
     LabelsD* owner = standsAlone(form, node) ? nullptr : form.nodeNamed(entity.ParentKeyName);
@@ -94,28 +104,19 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
         !takeName(node, list ? wholeKey(entity.ParentKeyName, entity.NodeKind, name) : name, name)) {
         return false;
     }
-    mirrorLinks(Work::Erase, form, entity, nullptr);
+    KeptMirrors mirrors(form);
+    mirrors.hold(entity);
     if (list) {
         rekey(*list, former, name);
-        form.order.rename(entity.ParentKeyName, entity.NodeKind, former, name);
+        noteRename(form, renameOf(*owner, entity, name));
         noteKey(*owner, entity.NodeKind, former, name);
     }
     if (isConstant) {
         entity.ParentKeyName = name;  // a constant is its own owner
     }
     entity.Key = nameOf(entity) = name;
-    mirrorLinks(Work::Write, form, entity, nullptr);
+    mirrors.rekey();
     return true;
-}
-
-template <class Step>
-void eachParameter(FunctionProperties& function, Step step) {
-    for (ParameterProperties& input : function.Function_Inputs) {
-        step(input);
-    }
-    for (ParameterProperties& output : function.Function_Outputs) {
-        step(output);
-    }
 }
 
 bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function, const std::string& key) {
@@ -124,20 +125,20 @@ bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function,
     if (tellWhenTaken(form, key != function.Function_Key && holds(list, key)) || !takeName(node, key, key)) {
         return false;
     }
-    UnSynchronizeFunction(form, function, false, nullptr);
-    form.order.rename(list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key);
+    KeptMirrors mirrors(form);
+    mirrors.hold(function);
+    noteRename(form, {list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key});
     if (list) {
         rekey(*list, function.Function_Key, key);
     }
-    function.Function_Key = function.Function_Name = key;
-    eachParameter(function, [&](ParameterProperties& parameter) {
-        parameter.ParentKeyName = key;
+    setKey(function, key);
+    function.Function_Name = key;
+    eachLinked(function, [&](ParameterProperties& parameter) {
         if (LabelsD* shown = form.Labels.byIndex(NearEnd(parameter).labelIn(form))) {
             shown->setKeyName(wholeKey(key, parameter.NodeKind, parameter.Key));
         }
     });
-    eachParameter(function,
-                  [&](ParameterProperties& parameter) { mirrorLinks(Work::Write, form, parameter, nullptr); });
+    mirrors.rekey();
     bringUp(form, node);
     return true;
 }
@@ -178,7 +179,7 @@ void ReplaceFunction(ZoomForm& form, LabelsD& node, std::shared_ptr<FunctionProp
     }
     function->FunctionID = 0;
     const LabelsD* awaited = awaitedActivity(form, node);
-    eachParameter(*function, [&](ParameterProperties& parameter) {
+    eachLinked(*function, [&](ParameterProperties& parameter) {
         parameter.ParentKeyName = function->Function_Key;
         parameter.ParentFunctionActivity = awaited ? awaited->activity()->Act_Name : std::string();
     });

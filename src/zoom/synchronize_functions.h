@@ -6,6 +6,7 @@
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
 #include "zoom/far_end.h"
+#include "zoom/member_rename.h"
 
 namespace orvent::zoom {
 
@@ -37,10 +38,11 @@ void SynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, entities::R
                              entities::ActivityProperties* InDialog);
 
 /// Carries the new `Key` of an attribute down the data flow: to the inputs that read it, from an input to the outputs
-/// and parameters of its activity, from an output to the inputs downstream, as far as they bear `OldKey`. The caller
-/// has unsynchronised the attribute under its old key and synchronises it afterwards. An owner that has an entity of
-/// the new key already ends the chain. A key that a type brought, `<activity>.<name>`, is followed like any other.
-/// Every renamed entity is replaced by a clone at its place, with `Changed` set.
-void PropagateRename(canvas::Canvas& Form, entities::AttributeProperties& A, const std::string& OldKey);
+/// and parameters of its activity, from an output to the inputs downstream, as far as they bear `OldKey`. The
+/// attribute is either out of the links under its old key, and is synchronised afterwards, or in them under its new
+/// one. An owner that has an entity of the new key already ends the chain. A key that a type brought,
+/// `<activity>.<name>`, is followed like any other. Every renamed entity keeps its place, and so do the links on both
+/// sides of it; `Changed` is set. Gives what was renamed.
+Renames PropagateRename(canvas::Canvas& Form, entities::AttributeProperties& A, const std::string& OldKey);
 
 }  // namespace orvent::zoom

@@ -64,6 +64,7 @@ void ZoomForm::touch() {
 
 void ZoomForm::applied() {
     appliedRows_ = DeletedNodes->mark();
+    renames.clear();
     unapplied_ = false;
     tellForm();
 }

@@ -10,6 +10,7 @@
 #include "entities/name_tables.h"
 #include "platform/dialogs.h"
 #include "zoom/member_order.h"
+#include "zoom/member_rename.h"
 #include "zoom/zoom_rules.h"
 
 namespace orvent::zoom {
@@ -81,6 +82,7 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     std::int32_t ParameterCounter = 0;
     ViewMarks marks;
     MemberOrder order;  ///< of what was folded by hand
+    Renames renames;    ///< since the scenario has all of it; `noteRename` adds to them
     /// Nodes of functions that wait for their folded activity, and the activity's node.
     std::unordered_map<std::int32_t, std::int32_t> waiting;
 
@@ -93,8 +95,8 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     /// False for a node whose name another one bears: a second copy, or a sub-node of one.
     bool bearsName(const canvas::LabelsD& node) const { return NamesColl.Item(node.KeyName()) == node.Index(); }
 
-    /// True for a second copy and its sub-nodes: what they show is edited at the first. A free node that lost its name
-    /// beside a namesake repeats nothing.
+    /// True for a second copy and its sub-nodes: what they show is edited at the first. No other node is without a
+    /// name.
     bool repeats(const canvas::LabelsD& node) const;
 
     /// Runs `step` for each node of the view that was copied from a design node: `step(zoom node, design node)`.

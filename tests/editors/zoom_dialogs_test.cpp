@@ -1,89 +1,20 @@
 // The dialogs of activities and record sets over a zoom view.
 
-#include <regex>
-
-#include "editors/editor_doubles.h"
-#include "editors/record_set_prop.h"
-#include "editors/zoom_nodes.h"
-#include "repository/catalogue_statements.h"
+#include "editors/zoom_dialogs_fixture.h"
 #include "testkit/zoom_faults.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/member_ties.h"
 #include "zoom/members.h"
 #include "zoom/rename_node.h"
-#include "zoom/zoom_fixture.h"
 
 using namespace orvent;
 using namespace orvent::entities;
 using editors::RecordSetProp;
 using editors::SetActProp;
 using platform::Icon;
+using testkit::ZoomDialogs;
 
 namespace {
-
-class ZoomDialogs : public testkit::ZoomTest {
-  protected:
-    ZoomDialogs() {
-        namespace sql = repository::sql;
-        database.answer(sql::kActivityTypes, {{"Filter", "", ""}});
-        database.answer(sql::kFunctionTypes, {{"SUM"}});
-        database.answer(sql::kDataTypes, {{"NUMBER"}, {"VARCHAR2(20)"}});
-        graph.activity("A2").Act_Type = 0;
-        design.setCaption("Sales");
-    }
-
-    template <class Dialog>
-    std::unique_ptr<Dialog> openOn(const std::string& name) {
-        return std::make_unique<Dialog>(
-            editors::EditorServices{services, types, wizard, folder, saveDialog, zoomNodes, dialogs}, *form,
-            node(name));
-    }
-
-    /// Draws a member at an activity, whose list is folded.
-    canvas::LabelsD& drawAt(const std::string& owner, const char* name, canvas::NodeTypeCode kind) {
-        canvas::LabelsD& member = form->Labels.Add({100, 200, 300, 400}, name, kind);
-        const std::int16_t grab = kind == canvas::NodeTypeAttribute ? 1 : 5;
-        std::int32_t edge =
-            form->Lines
-                .addFullLine(index(owner), grab, member.Index(), 2, canvas::EdgeTypePartOf, canvas::AngleVerticalUp, 0)
-                ->Index();
-        zoom::makeMember(*form, edge, node(owner), member);
-        return member;
-    }
-
-    /// The scenario's links with the name of a node replaced.
-    static Texts renamed(Texts lines, const std::string& former, const std::string& now) {
-        const std::regex word("(^|[ .])" + former + "(?=[ .]|$)");
-        for (std::string& line : lines) {
-            line = std::regex_replace(line, word, "$1" + now);
-        }
-        return sorted(lines);
-    }
-
-    /// The lines of the view's model, sorted, since nodes that come back are the last ones.
-    Texts model() const {
-        std::istringstream in(testkit::modelText(*form));
-        Texts lines;
-        for (std::string line; std::getline(in, line);) {
-            lines.push_back(line);
-        }
-        return sorted(lines);
-    }
-
-    testkit::ScriptedInputBox inputBox;
-    testkit::ScriptedFileDialog files;
-    testkit::MemorySettings store;
-    testkit::ScriptedDatabase database;
-    testkit::ListedSources sources;
-    repository::RepositorySettings settings{{"REPO", "scott", "tiger", "ann"}, ""};
-    repository::Services services{database, sources, ports.messages, inputBox, files, store, progress, settings};
-    repository::Catalogue types{services, [] {}};
-    editors::NoWizard wizard;
-    editors::NoFile saveDialog;
-    editors::ZoomNodes zoomNodes;
-    forms::Dialogs dialogs;
-    platform::ProgramFolder folder{"/data"};
-};
 
 TEST_F(ZoomDialogs, ClosingUnfoldsTheNodeAsItWas) {
     open();
@@ -195,6 +126,10 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
 }
 
 TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
+    const auto refuse = [&] {
+        ports.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
+                              "DUPLICATE NAME!", Icon::critical);
+    };
     for (const char* name : {"A2", "RS4", "A3"}) {
         SCOPED_TRACE(name);
         const Texts before = graph.present();
@@ -203,14 +138,17 @@ TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
         if (node(name).activity()) {
             const auto dialog = openOn<SetActProp>(name);
             dialog->ActTypes = 0;
-            dialog->txtName_Change("A3");  // the scenario's names count, too
-            dialog->txtName_Change(now);
+            dialog->txtName_Change("RS1");  // beyond the view, yet taken
+            refuse();
+            inputBox.expect("Give A New Name For This Activity", "DUPLICATE NAME!", "RS1", now);
+            dialog->txtName_Leave();
             ports.messages.expect("Properties Saved", "", Icon::information);
             EXPECT_TRUE(dialog->OK());
             dialog->end();
         } else {
             const auto dialog = openOn<RecordSetProp>(name);
-            dialog->txtRecordSetName_Change("RS1");  // beyond the view, yet taken
+            dialog->txtRecordSetName_Change("RS1");
+            refuse();
             EXPECT_FALSE(dialog->OK());
             dialog->txtRecordSetName_Change(now);
             EXPECT_TRUE(dialog->OK());

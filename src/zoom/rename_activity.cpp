@@ -1,10 +1,12 @@
-#include "editors/activity_rename.h"
+#include "zoom/rename_activity.h"
 
 #include <memory>
 #include <utility>
 #include <vector>
 
-namespace orvent::editors {
+#include "zoom/kept_mirrors.h"
+
+namespace orvent::zoom {
 
 using namespace entities;
 
@@ -78,22 +80,17 @@ class Renaming {
   private:
     bool names(const std::string& name) const { return name == former_ || name.starts_with(former_ + "."); }
 
-    /// A link that names the activity, or a function of it, is made anew in its place.
-    template <class Links>
-    void links(Lazy<Links>& present) {
-        bool any = false;
-        for (const auto& link : present) {
-            any = any || names(link.name()) || link.key().starts_with(former_ + ".");
+    /// A link that names the activity, or a function of it, keeps its place.
+    template <class Link>
+    void links(Lazy<LinkCollection<Link>>& present) {
+        RekeyedLinks<Link> renamed;
+        for (Link& link : present) {
+            if (names(link.name()) || link.key().starts_with(former_ + ".")) {
+                renamed.add(*present, link, keyOf(link.key()));
+                setName(link, link.name() == former_ ? new_ : withNewHead(link.name(), former_, new_));
+            }
         }
-        if (!any) {
-            return;
-        }
-        auto renamed = std::make_unique<Links>();
-        for (const auto& link : present) {
-            const std::string name = link.name() == former_ ? new_ : withNewHead(link.name(), former_, new_);
-            renamed->Add(name, link.type(), keyOf(link.key()), link.LineIndex);
-        }
-        present.replace(std::move(renamed));
+        renamed.apply();
     }
 
     /// A key of the activity itself, whole or relative, with the brought member that it may lead to.
@@ -130,4 +127,4 @@ void renameActivity(ActivityProperties& activity, const std::string& formerName,
     activity.Changed = true;
 }
 
-}  // namespace orvent::editors
+}  // namespace orvent::zoom
