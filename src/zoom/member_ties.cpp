@@ -9,6 +9,7 @@
 #include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/rename_node.h"
+#include "zoom/typed_name.h"
 #include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
@@ -49,9 +50,6 @@ void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const 
     }
     entity.NodeKind = row.kind;
     node.setKeyName(name);
-    if (node.Caption() == canvas::kErrorName) {
-        node.showCaption(key);  // it was freed beside another one of its name
-    }
     entity.ParentKeyName = owner.Caption();
     addMember(node, list, key);
     if constexpr (requires { list.Changed; }) {
@@ -108,6 +106,29 @@ void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) 
     }
 }
 
+namespace {
+
+/// A node that is free now goes by its caption, or, where another one has that name, by the next free one.
+void takeFreeName(ZoomForm& form, LabelsD& node) {
+    if (form.isNameTaken(node.Caption())) {
+        std::int32_t counter = 0;
+        const std::string name = canvas::freeName(form, node.Caption(), counter);
+        const auto take = [&](auto& entity) {
+            entity.Key = nameOf(entity) = name;
+            node.setToolTipText(typedName(form, name, typeOf(entity)));
+        };
+        if (auto* attribute = node.entity<AttributeProperties>()) {
+            take(*attribute);
+        } else if (auto* parameter = node.entity<ParameterProperties>()) {
+            take(*parameter);
+        }
+        node.showCaption(name);
+    }
+    node.setKeyName(node.Caption());
+}
+
+}  // namespace
+
 void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
     const RelationEnd end(node);
     if (!end.present() || (end.kind() != KindInput && end.kind() != KindOutput && end.kind() != KindParameter)) {
@@ -148,7 +169,7 @@ void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
     } else if (auto* parameter = node.entity<ParameterProperties>()) {
         release(*parameter);
     }
-    node.setKeyName(node.Caption());
+    takeFreeName(form, node);
 }
 
 void AttachFunction(ZoomForm& form, LabelsD& function, LabelsD& activity, bool DrawEdge) {

@@ -51,7 +51,7 @@ void ZoomForm::formChanged() {
 }
 
 bool ZoomForm::repeats(const canvas::LabelsD& node) const {
-    return !bearsName(node) && (node.activity() || node.recordSet() || !standsAlone(*this, node));
+    return !bearsName(node);
 }
 
 void ZoomForm::touch() {

@@ -126,15 +126,24 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
 }
 
 TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
+    edge("A2", "RS4");  // shown twice
     const auto refuse = [&] {
         ports.messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!",
                               "DUPLICATE NAME!", Icon::critical);
+    };
+    const auto copies = [&] {
+        int count = 0;
+        for (const canvas::LabelsD& each : form->Labels) {
+            count += form->repeats(each) ? 1 : 0;
+        }
+        return count;
     };
     for (const char* name : {"A2", "RS4", "A3"}) {
         SCOPED_TRACE(name);
         const Texts before = graph.present();
         open(design.nodeNamed("A2") ? "A2" : "N_A2");
         const std::string now = std::string("N_") + name;
+        const auto repeated = copies();
         if (node(name).activity()) {
             const auto dialog = openOn<SetActProp>(name);
             dialog->ActTypes = 0;
@@ -156,6 +165,7 @@ TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
         }
         expectSound();
         EXPECT_TRUE(form->unapplied());
+        EXPECT_EQ(copies(), repeated) << "a second copy stays one";
         zoom::ApplyZoomChanges(*form, true);
         expectSound();
         EXPECT_TRUE(design.nodeNamed(now));

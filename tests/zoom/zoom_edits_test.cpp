@@ -188,6 +188,17 @@ TEST_F(ZoomEdits, AMemberComesToAnotherOwnerAsItWasFreed) {
     parameter.entity<ParameterProperties>()->Tag = tagOf(LinkTypeParameter);
     draw(parameter, attribute, R);
     EXPECT_EQ(parameter.entity<ParameterProperties>()->RegulatedFrom->Item(1)->Regulator_type, LinkActivityInput);
+    // Of two of one name the second goes by the next free one, and can be used like any other.
+    untie("A2", "A2.IN.AU_ID");
+    LabelsD& second = untie("A2", "A2.OUT.AU_ID");
+    const auto& entity = *second.entity<AttributeProperties>();
+    for (const std::string& name : {second.KeyName(), second.Caption(), entity.Key, entity.Attribute_Name}) {
+        EXPECT_EQ(name, "AU_ID1");
+    }
+    EXPECT_EQ(second.ToolTipText(), "AU_ID1(NUMBER)");
+    EXPECT_TRUE(zoom::RenameNode(*form, second, "Second"));
+    EXPECT_NE(draw(node("A1"), second, T), nullptr);
+    EXPECT_TRUE(form->nodeNamed("A1.IN.Second"));
     expectWhole();
 }
 
