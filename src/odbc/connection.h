@@ -25,6 +25,7 @@ class Session {
     const Dialect& dialect() const { return dialect_; }
     bool givesSingleValues() const { return givesSingleValues_; }
     const std::string& where() const { return where_; }
+    bool readOnly() const { return link_.readOnly(); }
 
     /// Runs a statement of the database's own.
     void run(const std::string& sql);
@@ -56,11 +57,17 @@ class OdbcConnection : public platform::Connection {
     std::unique_ptr<platform::Statement> prepare(std::string_view sql) override;
     platform::KeyLimit keyLimit(std::size_t width) const override { return session_.dialect().keyLimit(width); }
 
+    bool readOnly() const override { return onlyRead_ || session_.readOnly(); }
+
     /// From now on the database refuses to change. Of SQLite's own.
-    void onlyRead() { session_.run("PRAGMA query_only=ON"); }
+    void onlyRead() {
+        session_.run("PRAGMA query_only=ON");
+        onlyRead_ = true;
+    }
 
   private:
     Session session_;
+    bool onlyRead_ = false;
 };
 
 }  // namespace orvent::odbc

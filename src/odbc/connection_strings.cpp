@@ -50,6 +50,15 @@ std::string login(std::string_view driver, const std::string& user, const std::s
     return user.empty() ? std::string() : ";UID=" + userName(driver, user) + ";PWD=" + enclosed(password);
 }
 
+/// A path as it stands in an address.
+std::string escaped(const std::string& path) {
+    std::string result;
+    for (const char c : path) {
+        result += c == '%' ? "%25" : c == '?' ? "%3f" : c == '#' ? "%23" : std::string(1, c);
+    }
+    return result;
+}
+
 /// Text goes as UTF-8 through the driver's narrow calls; MariaDB's must be told so.
 std::string characterSet(std::string_view driver) {
     return isMariaDbDriver(driver) ? ";CHARSET=utf8mb4" : "";
@@ -119,6 +128,17 @@ std::string embeddedString(const std::filesystem::path& file, bool create) {
     // twice.
     return "DRIVER={SQLite3};Database=" + file.string() +
            ";FKSupport=1;JournalMode=WAL;SyncPragma=NORMAL;Timeout=2500;NoCreat=" + (create ? "0" : "1");
+}
+
+std::string onlyReadString(const std::filesystem::path& file) {
+    std::string name = file.string();
+    const bool inUse = std::filesystem::exists(name + "-wal") || std::filesystem::exists(name + "-shm");
+    if (!inUse) {
+        // SQLite cannot read a file with write-ahead logging unless it may write beside it, or knows that nobody else
+        // writes. That can be told in an address only.
+        name = "file:" + escaped(std::filesystem::absolute(file).string()) + "?immutable=1";
+    }
+    return "DRIVER={SQLite3};Database=" + name + ";FKSupport=1;Timeout=2500;NoCreat=1";
 }
 
 std::string sampleString(const std::filesystem::path& file, bool create) {

@@ -28,6 +28,9 @@ std::string namedString(const NamedSource& source, const std::string& user, cons
 /// The connection string for the embedded repository's file.
 std::string embeddedString(const std::filesystem::path& file, bool create);
 
+/// The same for a user who may not write the file, or not beside it.
+std::string onlyReadString(const std::filesystem::path& file);
+
 /// The same for a file that nobody writes to.
 std::string sampleString(const std::filesystem::path& file, bool create);
 

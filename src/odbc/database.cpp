@@ -26,7 +26,11 @@ DatabaseError atFile(const DatabaseError& fault, const std::string& file) {
     return {words, fault.sqlState(), fault.nativeCode(), fault.integrityViolation()};
 }
 
-void checkFile(const std::filesystem::path& file, const std::string& what, int access) {
+bool may(const std::filesystem::path& place, int access) {
+    return faccessat(AT_FDCWD, place.c_str(), access, AT_EACCESS) == 0;
+}
+
+void checkFile(const std::filesystem::path& file, const std::string& what) {
     std::error_code fault;
     const auto kind = std::filesystem::status(file, fault).type();
     const char* words = nullptr;
@@ -36,12 +40,17 @@ void checkFile(const std::filesystem::path& file, const std::string& what, int a
         words = " is a folder: ";
     } else if (file.string().find(';') != std::string::npos) {
         words = " cannot have a semicolon in its path: ";
-    } else if (faccessat(AT_FDCWD, file.c_str(), access, AT_EACCESS) != 0) {
-        words = (access & W_OK) != 0 ? " cannot be read and written: " : " cannot be read: ";
+    } else if (!may(file, R_OK)) {
+        words = " cannot be read: ";
     }
     if (words != nullptr) {
         throw DatabaseError(what + words + file.string(), "08001", 0, false);
     }
+}
+
+/// SQLite writes beside its file, too.
+bool canBeWritten(const std::filesystem::path& file) {
+    return may(file, W_OK) && may(std::filesystem::absolute(file).parent_path(), W_OK | X_OK);
 }
 
 /// An empty file that only its user can read; SQLite takes it for an empty database.
@@ -85,10 +94,14 @@ std::unique_ptr<platform::Connection> OdbcDatabase::open(const std::string& sour
 
 std::unique_ptr<platform::Connection> OdbcDatabase::openEmbedded(const std::filesystem::path& file,
                                                                  const std::string& user) {
-    checkFile(file, "The repository file", R_OK | W_OK);
+    checkFile(file, "The repository file");
     try {
-        auto connection =
-            std::make_unique<OdbcConnection>(*environment_, embeddedString(file, false), user, file.string());
+        const bool onlyRead = !canBeWritten(file);
+        auto connection = std::make_unique<OdbcConnection>(
+            *environment_, onlyRead ? onlyReadString(file) : embeddedString(file, false), user, file.string());
+        if (onlyRead) {
+            connection->onlyRead();
+        }
         // SQLite looks into a file only at the first statement.
         connection->prepare("SELECT table_name FROM user_tables")->execute();
         return connection;
@@ -99,7 +112,7 @@ std::unique_ptr<platform::Connection> OdbcDatabase::openEmbedded(const std::file
 
 std::unique_ptr<platform::Connection> OdbcDatabase::openSample(const std::filesystem::path& file,
                                                                const std::string& user) {
-    checkFile(file, "The sample source's file", R_OK);
+    checkFile(file, "The sample source's file");
     try {
         auto connection =
             std::make_unique<OdbcConnection>(*environment_, sampleString(file, false), user, file.string());

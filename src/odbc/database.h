@@ -20,7 +20,8 @@ class OdbcDatabase : public platform::Database {
     explicit OdbcDatabase(OwnSources own);
     ~OdbcDatabase() override;
 
-    /// An embedded repository whose file is missing or no database is refused; it is never created here.
+    /// An embedded repository whose file is missing or no database is refused; it is never created here. One that the
+    /// user may not write opens for reading.
     std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
                                                const std::string& password) override;
 

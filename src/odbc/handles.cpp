@@ -90,6 +90,13 @@ std::string Link::dbmsName() const {
     return name.data();
 }
 
+bool Link::readOnly() const {
+    std::array<char, 4> answer{};
+    SQLGetInfo(handle_.get(), SQL_DATA_SOURCE_READ_ONLY, answer.data(), static_cast<SQLSMALLINT>(answer.size()),
+               nullptr);
+    return answer[0] == 'Y';
+}
+
 bool Link::givesSingleValues() const {
     constexpr SQLUINTEGER wanted = SQL_GD_BLOCK | SQL_GD_BOUND | SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER;
     SQLUINTEGER extensions = 0;

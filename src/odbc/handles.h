@@ -62,6 +62,9 @@ class Link {
     /// What the database calls itself, such as "Oracle" or "SQLite".
     std::string dbmsName() const;
 
+    /// True when the driver says that the data source is one to be read only.
+    bool readOnly() const;
+
     /// True when the driver says that it gives any value of a block of rows once more.
     bool givesSingleValues() const;
 

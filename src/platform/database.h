@@ -46,8 +46,8 @@ class Statement {
     virtual void execute() = 0;
     virtual bool fetch() = 0;  ///< steps to the next row; false behind the last one
 
-    /// How many rows the INSERT, UPDATE or DELETE just executed has reached, -1 when the driver cannot say. Some drivers
-    /// leave out a row whose values were the same already.
+    /// How many rows the INSERT, UPDATE or DELETE just executed has reached, -1 when the driver cannot say. Some
+    /// drivers leave out a row whose values were the same already.
     virtual long long changedRows() = 0;
 
     virtual bool isNull(int column) = 0;
@@ -76,6 +76,9 @@ class Connection {
         static_cast<void>(width);
         return {};
     }
+
+    /// The database is known to refuse every change. False may also mean that it has not said so.
+    virtual bool readOnly() const { return false; }
 };
 
 /// The way to data sources.

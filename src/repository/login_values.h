@@ -15,7 +15,8 @@ struct LoginValues {
 /// The settings of the run that the repository's dialogs read and change.
 struct RepositorySettings {
     LoginValues login;
-    std::string SQLPath;  ///< path of the script that creates a repository
+    std::string SQLPath;    ///< path of the script that creates a repository
+    bool onlyRead = false;  ///< the repository was open last for reading only
 };
 
 }  // namespace orvent::repository

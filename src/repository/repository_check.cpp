@@ -95,6 +95,9 @@ bool checkRepository(Services& services, platform::Connection& connection) {
     if (missing.empty()) {
         return true;
     }
+    if (connection.readOnly()) {
+        return false;
+    }
     const Answer answer =
         services.messages.show(kMissingTables, "TABLES MISSING", Icon::question, Buttons::destroyOkCancel);
     return answer == Answer::ok && createRepository(services, connection);

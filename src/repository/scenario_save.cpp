@@ -68,6 +68,9 @@ SaveResult ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
     try {
         refuseNullCharacters(form);
         repository.emplace(openRepository(services_));
+        if (repository->readOnly()) {
+            throw OnlyRead();
+        }
         catalogue_.refreshTables(*repository);
         if (!hasItsTypes(form, services_, catalogue_, *repository)) {
             return SaveResult::givenUp;

@@ -23,7 +23,9 @@ struct Services {
 /// Opens the repository with the three login values. A connection serves one operation and is dropped at its end.
 inline StatementCache openRepository(Services& services) {
     const LoginValues& login = services.settings.login;
-    return StatementCache(services.database.open(login.ReposConnString, login.ReposLogin, login.ReposPasw));
+    StatementCache repository(services.database.open(login.ReposConnString, login.ReposLogin, login.ReposPasw));
+    services.settings.onlyRead = repository.readOnly();
+    return repository;
 }
 
 /// Shows a fault's own words.

@@ -94,9 +94,10 @@ void offerStarterCatalogue(Services& services, Catalogue& catalogue) {
     lookAt(tables.dataTypes, "data types");
     lookAt(tables.functionTypes, "function types");
     lookAt(tables.activityTypes, "activity types");
-    if (missing.empty() || services.messages.show("The catalogue of this repository has no " + missing +
-                                                      ".\nWould you like the starter catalogue to be added?",
-                                                  "Empty Catalogue", Icon::question, Buttons::okCancel) != Answer::ok) {
+    if (missing.empty() || services.settings.onlyRead ||
+        services.messages.show("The catalogue of this repository has no " + missing +
+                                   ".\nWould you like the starter catalogue to be added?",
+                               "Empty Catalogue", Icon::question, Buttons::okCancel) != Answer::ok) {
         return;
     }
     try {

@@ -9,13 +9,21 @@
 #include <utility>
 
 #include "platform/database.h"
+#include "platform/text.h"
 
 namespace orvent::repository {
+
+/// The repository can only be read, and something was to be stored.
+class OnlyRead : public platform::Fault {
+  public:
+    OnlyRead() : Fault("This repository can only be read. Nothing was stored.") {}
+};
 
 /// An open connection and the statements prepared on it, each prepared once and used again.
 class StatementCache {
   public:
-    explicit StatementCache(std::unique_ptr<platform::Connection> connection) : connection_(std::move(connection)) {}
+    explicit StatementCache(std::unique_ptr<platform::Connection> connection)
+        : connection_(std::move(connection)), readOnly_(connection_->readOnly()) {}
 
     /// The prepared statement of that text, which must outlive the cache (the texts are constants).
     platform::Statement& prepared(std::string_view sql) {
@@ -26,9 +34,14 @@ class StatementCache {
         return *statement;
     }
 
-    /// Binds the values in order and executes.
+    bool readOnly() const { return readOnly_; }
+
+    /// Binds the values in order and executes. Throws `OnlyRead` for what would change a repository that takes none.
     template <class... Values>
     platform::Statement& run(std::string_view sql, const Values&... values) {
+        if (readOnly_ && !platform::equalIgnoringCase(platform::trimmed(sql).substr(0, 6), "SELECT")) {
+            throw OnlyRead();
+        }
         platform::Statement& statement = prepared(sql);
         int parameter = 0;
         (bind(statement, ++parameter, values), ...);
@@ -65,6 +78,7 @@ class StatementCache {
     }
 
     std::unique_ptr<platform::Connection> connection_;
+    bool readOnly_;
     std::unordered_map<std::string_view, std::unique_ptr<platform::Statement>> statements_;  // goes first
 };
 

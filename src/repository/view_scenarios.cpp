@@ -39,6 +39,9 @@ bool ViewScenarios::open(Mode mode, canvas::DrawForm* target) {
     ScenarioView.clear();
     try {
         StatementCache repository = openRepository(services_);
+        if (mode == Mode::Save && repository.readOnly()) {
+            throw OnlyRead();  // before anybody thinks of a name
+        }
         platform::Statement& row = repository.run(sql::kScenariosOfUser, services_.settings.login.User);
         while (row.fetch()) {
             if (const long long identifier = row.number(2); fits(identifier)) {  // no other can be loaded

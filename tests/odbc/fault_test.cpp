@@ -59,15 +59,31 @@ TEST_F(EmbeddedFile, IsMadeOnceAndKept) {
     EXPECT_EQ(column(*database.open("ORVENT Embedded", "", ""), "SELECT table_name FROM user_tables"), "kept|");
 }
 
-TEST_F(EmbeddedFile, ReadOnlyIsTold) {
+TEST_F(EmbeddedFile, ThatCannotBeWrittenOpensForReading) {
     namespace fs = std::filesystem;
+    const fs::path folder = folder_.path() / "a%20?#";
+    fs::create_directory(folder);
+    file_ = folder / "r.db";
     createEmbedded(file_);
+    OdbcDatabase database({.embedded = EmbeddedRepository{.file = file_}});
+    const auto open = [&] { return database.open("ORVENT Embedded", "", ""); };
+    run(*open(), "CREATE TABLE kept (a CLOB)");
     fs::permissions(folder_.path(), fs::perms::all);
-    fs::permissions(file_, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
-    const bool root = geteuid() == 0 && seteuid(65534) == 0;  // nothing is read-only for root
-    const std::string words = opening(file_);
-    ASSERT_TRUE(!root || seteuid(0) == 0);
-    expectWords(words, "cannot be read and written", file_);
+    for (const auto& [ofFolder, ofFile] : {std::pair{0777, 0444}, {0555, 0666}, {0555, 0444}}) {
+        fs::permissions(folder, fs::perms(ofFolder));
+        fs::permissions(file_, fs::perms(ofFile));
+        const bool root = geteuid() == 0 && seteuid(65534) == 0;  // nothing is read-only for root
+        const auto connection = open();
+        const std::string tables = column(*connection, "SELECT table_name FROM user_tables");
+        const std::string refused = wordsOf([&] { run(*connection, "INSERT INTO kept VALUES ('x')"); });
+        ASSERT_TRUE(!root || seteuid(0) == 0);
+        EXPECT_TRUE(connection->readOnly());
+        EXPECT_EQ(tables, "kept|");
+        expectWords(refused, "readonly", file_);
+    }
+    fs::permissions(folder, fs::perms(0700));
+    fs::permissions(file_, fs::perms(0600));
+    EXPECT_FALSE(open()->readOnly());
 }
 
 TEST_F(EmbeddedFile, LockedForLongFailsAndForAWhileIsWaitedFor) {

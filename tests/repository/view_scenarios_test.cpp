@@ -132,6 +132,28 @@ TEST_F(ViewScenariosTest, DeletesAfterTheQuestion) {
     EXPECT_EQ(dialog.ScenarioView.size(), 1u);
 }
 
+TEST_F(ViewScenariosTest, AReadOnlyRepositoryIsReadAndNothingElse) {
+    const std::string words = "This repository can only be read. Nothing was stored.";
+    database.readOnly = true;
+    messages.expect(words, {}, Icon::critical);
+    EXPECT_FALSE(dialog.open(Mode::Save, form.get())) << "nobody is asked for a name";
+    form->ScenarioID = 11;
+    messages.expect(words, {}, Icon::critical);
+    EXPECT_EQ(loadSave.SaveScenario(*form, false), repository::SaveResult::givenUp);
+    EXPECT_EQ(form->ScenarioID, 11);
+
+    open(Mode::Delete);
+    dialog.clickItem(1);
+    expectDeletion(Answer::yes);
+    messages.expect(words, {}, Icon::critical);
+    EXPECT_FALSE(dialog.ScenarioViewDelete());
+    messages.expect(words, {}, Icon::critical);
+    dialog.ScenarioViewRename(0, "three");
+    messages.expect(words, {}, Icon::critical);
+    catalogue.SaveDataType("BLOB");
+    EXPECT_EQ(database.takeLog(), Texts{});
+}
+
 TEST_F(ViewScenariosTest, RenamesInTheListEvenWhenRefused) {
     open(Mode::Load);
     dialog.ScenarioViewRename(0, "");

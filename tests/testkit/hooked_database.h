@@ -75,6 +75,7 @@ class HookedDatabase : public platform::Database {
         platform::KeyLimit keyLimit(std::size_t width) const override {
             return owner_.keyLimit ? *owner_.keyLimit : real_->keyLimit(width);
         }
+        bool readOnly() const override { return real_->readOnly(); }
 
       private:
         HookedDatabase& owner_;

@@ -27,6 +27,7 @@ class ScriptedDatabase : public platform::Database {
     std::vector<std::string> opened;      ///< "source/user/password"
     int openNow = 0;
     std::optional<platform::DatabaseError> refuseOpen;
+    bool readOnly = false;
 
     /// The next execution of `sql` has these rows; further answers wait in line and the last one stays.
     void answer(std::string_view sql, Rows rows) { answers_[std::string(sql)].push_back(std::move(rows)); }
@@ -96,6 +97,7 @@ class ScriptedDatabase : public platform::Database {
             ++owner.prepared[std::string(sql)];
             return std::make_unique<OpenStatement>(owner, std::string(sql));
         }
+        bool readOnly() const override { return owner.readOnly; }
         ScriptedDatabase& owner;
     };
 

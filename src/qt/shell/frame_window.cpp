@@ -206,7 +206,8 @@ void FrameWindow::commandsChanged() {
 
 void FrameWindow::showTitle() {
     const canvas::CanvasForm* form = area_->active();
-    const QString program = QStringLiteral("ORVENT II");
+    const bool onlyRead = logic_ && logic_->options().repository.onlyRead;
+    const QString program = onlyRead ? tr("ORVENT II (read-only repository)") : QStringLiteral("ORVENT II");
     setWindowTitle(form ? tr("%1 — %2").arg(text(form->Caption() + form->titleMark()), program) : program);
     area_->refresh();
 }
