@@ -79,18 +79,34 @@ void FirstStart::setAside() {
     }
     fs::path kept = places_.settings;
     kept += ".unreadable";
-    fs::rename(places_.settings, kept);
+    for (int number = 2; fs::exists(kept); ++number) {  // what was kept before stays
+        kept = places_.settings.string() + ".unreadable" + std::to_string(number);
+    }
+    std::error_code fault;
+    fs::rename(places_.settings, kept, fault);
+    if (fault) {
+        messages_.tell("The settings cannot be read: " + places_.settings.string(), {}, platform::Icon::warning);
+        return;
+    }
     messages_.tell(
         "The settings cannot be read. The program begins with new ones; the old file was kept as\n" + kept.string(), {},
         platform::Icon::warning);
 }
 
 void FirstStart::provision() {
-    makeFolders();
-    platform::writeFile((places_.data / "ORVENTII.sql").string(), builtIn("sql/ORVENTII.sql"));
-    platform::writeFile((places_.data / "ORVENTII.chm").string(), builtIn("help/ORVENTII.chm"));
-    makeRepository();
-    makeSample();
+    try {
+        makeFolders();
+        platform::writeFile((places_.data / "ORVENTII.sql").string(), builtIn("sql/ORVENTII.sql"));
+        platform::writeFile((places_.data / "ORVENTII.chm").string(), builtIn("help/ORVENTII.chm"));
+        makeRepository();
+        makeSample();
+    } catch (const std::exception& fault) {
+        if (!fs::exists(places_.repository())) {
+            throw;
+        }
+        // A folder that can only be read, with a repository of before in it: that one can be opened still.
+        messages_.tell(fault.what(), {}, platform::Icon::warning);
+    }
     store_.setValue("DB", "ReposConnString", odbc::EmbeddedRepository{}.name);
     store_.setValue("DB", "User", userName());
 }

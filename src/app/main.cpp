@@ -1,7 +1,10 @@
 #include <cstdio>
+#include <cstdlib>
 
 #include "app/command_line.h"
 #include "app/program.h"
+#include "platform/fault.h"
+#include "qt/platform/adapters.h"
 #include "qt/platform/application.h"
 #include "qt/theme/theme.h"
 
@@ -14,6 +17,11 @@ int main(int argc, char* argv[]) {
     qt::Application application(argc, argv);
     qt::Theme theme(qt::Theme::modeOf(QApplication::palette()));
     theme.apply(application);
-    app::Program program(app::Places::ofUser(), theme);
-    return program.start() ? QApplication::exec() : 0;
+    try {
+        app::Program program(app::Places::ofUser(), theme);
+        return program.start() ? QApplication::exec() : 0;
+    } catch (const platform::Fault& fault) {
+        qt::QtMessageBox().tell(fault.description(), {}, platform::Icon::critical);
+        return EXIT_FAILURE;
+    }
 }

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "platform/fault.h"
+
 namespace orvent::app {
 
 namespace {
@@ -13,7 +15,16 @@ std::filesystem::path variable(const char* name) {
 
 std::filesystem::path folder(const char* name, const char* inHome) {
     const std::filesystem::path given = variable(name);
-    return given.is_absolute() ? given : variable("HOME") / inHome;
+    if (given.is_absolute()) {
+        return given;
+    }
+    const std::filesystem::path home = variable("HOME");
+    if (!home.is_absolute()) {
+        throw platform::Fault(
+            "The program does not know where your files belong: the environment variable HOME names no folder.\n"
+            "Set it, or let ORVENT_HOME name the folder that is to hold everything.");
+    }
+    return home / inHome;
 }
 
 }  // namespace

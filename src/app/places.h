@@ -13,7 +13,7 @@ struct Places {
     std::filesystem::path repository() const { return data / "repository.db"; }
 
     /// The usual folders of the system. The environment variable ORVENT_HOME puts everything into one folder, for
-    /// portable use.
+    /// portable use. Throws a `Fault` when the environment names no home: nothing is put into the current folder.
     static Places ofUser();
     static Places in(const std::filesystem::path& folder) { return {folder, folder / "Mapflow.conf"}; }
 };

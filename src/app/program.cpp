@@ -4,6 +4,7 @@
 
 #include "app/first_start.h"
 #include "odbc/database.h"
+#include "platform/kept_settings.h"
 #include "qt/platform/adapters.h"
 #include "qt/platform/settings_file.h"
 #include "qt/shell/desk_area.h"
@@ -28,7 +29,7 @@ struct Program::Parts {
         : folder(places.data),
           database(sources(places)),
           dataSources(sources(places)),
-          store(QString::fromStdString(places.settings.string())),
+          file(QString::fromStdString(places.settings.string())),
           window(theme),
           firstStart(places, database, store, messages),
           frame({database, dataSources, messages, input, files, colours, store, progress, help, folder, saveDialog},
@@ -44,8 +45,9 @@ struct Program::Parts {
     platform::ProgramFolder folder;
     odbc::OdbcDatabase database;
     odbc::OdbcDataSources dataSources;
-    qt::QtSettingsStore store;
+    qt::QtSettingsStore file;
     qt::QtMessageBox messages;
+    platform::KeptSettings store{file, messages};
     qt::QtInputBox input;
     qt::QtFileDialog files;
     qt::QtColourDialog colours;

@@ -1,5 +1,7 @@
 #include "repository/user_login.h"
 
+#include "platform/text.h"
+
 namespace orvent::repository {
 
 void UserLogin::open() {
@@ -23,7 +25,7 @@ bool UserLogin::Login() {
     if (txtRepos.empty()) {
         return refuse("NO REPOSITORY SELECTED!!");
     }
-    if (txtUser.empty()) {
+    if (platform::trimmed(txtUser).empty()) {
         return refuse("NO USERNAME PROVIDED!!");
     }
     services_.store.setValue("DB", "User", txtUser);

@@ -1,16 +1,22 @@
 #include "app/first_start.h"
 
 #include <sys/mount.h>
+#include <unistd.h>
 
 #include <fstream>
 
 #include "app/command_line.h"
+#include "app/program.h"
+#include "dialog_script.h"
 #include "odbc/database.h"
 #include "qt/platform/settings_file.h"
+#include "qt/shell/frame_window.h"
+#include "qt/theme/theme.h"
 #include "repository/source_schema.h"
+#include "shell/mdi_form.h"
+#include "testkit/file_text.h"
 #include "testkit/scripted_ports.h"
 #include "testkit/temporary_folder.h"
-#include "window_test.h"
 
 namespace orvent::qt {
 
@@ -58,16 +64,109 @@ class FirstStartTest : public WindowTest {
         const testkit::TemporaryFolder folder;
         const app::Places places = app::Places::in(folder.path() / "home");
         start(places);
-        std::ofstream(places.settings, std::ios::binary) << std::string("\0\xFF[no]\nline without a value", 28);
-        const auto kept = places.settings.string() + ".unreadable";
-        messages_.expect(
-            "The settings cannot be read. The program begins with new ones; the old file was kept as\n" + kept, {},
-            platform::Icon::warning);
+        std::string random;
+        for (int byte = 1; byte < 256; ++byte) {
+            random += static_cast<char>(byte);
+        }
+        std::string kept = places.settings.string() + ".unreadable";
+        int number = 1;
+        for (const std::string& rubbish :
+             {std::string("\0\xFF[no]\nline without a value", 28), "[DB]\nUser=\xFF\xFE", "[DB]\n" + random,
+              "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">", "{\"DB\": {\"User\": \"a=b\"}}",
+              "{\n  \"User\":\n  \"a=b\"\n}", "USER=anna\nHOME=/home/anna\n", "\xFF\xFE[\0D\0B\0]\0"}) {
+            std::ofstream(places.settings, std::ios::binary | std::ios::trunc) << rubbish;
+            QVERIFY_THROWS_EXCEPTION(
+                platform::Fault,
+                QtSettingsStore(QString::fromStdString(places.settings.string())).setValue("a", "b", "c"));
+            messages_.expect(
+                "The settings cannot be read. The program begins with new ones; the old file was kept as\n" + kept, {},
+                platform::Icon::warning);
+            start(places);
+            QCOMPARE(testkit::fileText(kept), rubbish);
+            QCOMPARE(stored(places, "ReposConnString"), std::string("ORVENT Embedded"));
+            start(places);  // and says nothing more
+            kept = places.settings.string() + ".unreadable" + std::to_string(++number);
+        }
+        const std::string sound = testkit::fileText(places.settings.string());
+        std::ofstream(places.settings, std::ios::trunc) << "\xEF\xBB\xBF; a note\r\n" + sound;
         start(places);
-        QCOMPARE(fs::file_size(kept), std::uintmax_t{28});
-        QCOMPARE(QtSettingsStore(QString::fromStdString(places.settings.string())).value("DB", "ReposConnString", ""),
-                 std::string("ORVENT Embedded"));
-        start(places);  // and says nothing more
+        QCOMPARE(stored(places, "ReposConnString"), std::string("ORVENT Embedded"));
+    }
+
+    void goesOnWithSettingsThatCannotBeWritten() {
+        const testkit::TemporaryFolder folder;
+        const Theme theme{ThemeMode::light};
+        app::Program program({folder.path() / "home", "/dev/null/Mapflow.conf"}, theme);
+        DialogScript dialogs;
+        dialogs.at({}, [](QDialog& box) {
+            QVERIFY(static_cast<QMessageBox&>(box).text().contains(QStringLiteral("lasts until the program ends")));
+            box.accept();
+        });
+        logIn(dialogs);
+        QVERIFY(program.start());
+        QCOMPARE(program.frame().options().repository.login.User, std::string("anna"));
+    }
+
+    void opensForReadingWhatCannotBeWritten() {
+        const testkit::TemporaryFolder folder;
+        const app::Places places = app::Places::in(folder.path() / "home");
+        start(places);
+        fs::permissions(folder.path(), fs::perms::all);
+        fs::permissions(places.repository(), fs::perms(0444));
+        fs::permissions(places.settings, fs::perms(0444));
+        fs::permissions(places.data, fs::perms(0555));
+        const bool root = geteuid() == 0 && seteuid(65534) == 0;  // nothing is read-only for root
+        const Theme theme{ThemeMode::light};
+        app::Program program(places, theme);
+        DialogScript dialogs;
+        logIn(dialogs);
+        const auto told = [&dialogs](const char* words) {
+            dialogs.at({}, [words](QDialog& box) {
+                const QString text = static_cast<QMessageBox&>(box).text();
+                QVERIFY2(text.contains(QLatin1String(words)), qPrintable(text));
+                box.accept();
+            });
+        };
+        told("lasts until the program ends");
+        const bool started = program.start();
+        QVERIFY(program.window().windowTitle().contains(QStringLiteral("read-only")));
+        std::string name = "Draft";
+        program.frame().NewScenario(name);
+        told("can only be read");
+        program.frame().run(shell::Command::saveScenario);
+        dialogs.settle();
+        QVERIFY(!root || seteuid(0) == 0);
+        QVERIFY(started && fs::file_size(places.repository().string()) > 0);
+        fs::permissions(places.data, fs::perms::owner_all);
+    }
+
+    void needsAHome() {
+        struct Row {
+            const char *home, *data, *config;
+            const char* settings;  ///< nothing: there is no place for them
+        };
+        for (const Row& row : {Row{"/h", nullptr, nullptr, "/h/.config/Mapflow.conf"},
+                               {"/h", "/d", "c", "/h/.config/Mapflow.conf"},
+                               {nullptr, "/d", "/c", "/c/Mapflow.conf"},
+                               {nullptr, nullptr, "/c", nullptr},
+                               {"", "/d", nullptr, nullptr},
+                               {"h", nullptr, nullptr, nullptr}}) {
+            const auto give = [](const char* name, const char* value) {
+                value ? qputenv(name, value) : qunsetenv(name);
+            };
+            const QByteArray home = qgetenv("HOME");
+            give("HOME", row.home);
+            give("XDG_DATA_HOME", row.data);
+            give("XDG_CONFIG_HOME", row.config);
+            std::string settings;
+            try {
+                settings = app::Places::ofUser().settings.string();
+            } catch (const platform::Fault& fault) {
+                QVERIFY(fault.description().find("HOME") != std::string::npos);
+            }
+            qputenv("HOME", home);
+            QCOMPARE(settings, std::string(row.settings ? row.settings : ""));
+        }
     }
 
     void offersToMakeAMissingRepositoryAnew() {
@@ -156,6 +255,17 @@ class FirstStartTest : public WindowTest {
         odbc::OdbcDatabase database(sources(places));
         QtSettingsStore store(QString::fromStdString(places.settings.string()));
         app::FirstStart(places, database, store, box).run();
+    }
+
+    static std::string stored(const app::Places& places, const char* key) {
+        return QtSettingsStore(QString::fromStdString(places.settings.string())).value("DB", key, "");
+    }
+
+    static void logIn(DialogScript& dialogs) {
+        dialogs.at(QStringLiteral("UserLogin"), [](QDialog& window) {
+            window.findChild<QLineEdit*>(QStringLiteral("txtUser"))->setText(QStringLiteral("anna"));
+            window.findChild<QPushButton*>(QStringLiteral("Login"))->click();
+        });
     }
 
     void start(const app::Places& places) {

@@ -179,9 +179,11 @@ TEST_F(LoginTest, UserLoginNeedsRepositoryAndName) {
     EXPECT_FALSE(login.Login());
     login.ChangeRepos();
     EXPECT_EQ(login.txtRepos, "NEW");
-    login.txtUser.clear();
-    messages.expect("UNABLE TO LOGIN!\nNO USERNAME PROVIDED!!", "Unable To Login", Icon::warning);
-    EXPECT_FALSE(login.Login());
+    for (const char* nobody : {"", "  "}) {
+        login.txtUser = nobody;
+        messages.expect("UNABLE TO LOGIN!\nNO USERNAME PROVIDED!!", "Unable To Login", Icon::warning);
+        EXPECT_FALSE(login.Login());
+    }
     login.txtUser = "bob";
     EXPECT_TRUE(login.Login());
     EXPECT_TRUE(login.loggedIn);

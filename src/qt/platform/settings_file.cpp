@@ -2,8 +2,10 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QStringDecoder>
 
 #include "platform/fault.h"
 
@@ -15,14 +17,36 @@ QString entry(const std::string& section, const std::string& key) {
     return QString::fromStdString(section + "/" + key);
 }
 
+/// The toolkit takes nearly any line with a "=" for a key. Here a key is one that it would write itself, and stands
+/// below a section.
+bool isSettings(QByteArray file) {
+    static const QRegularExpression section(QStringLiteral("^\\[[^\\[\\]]+\\]$"));
+    static const QRegularExpression keyAndValue(QStringLiteral("^[-\\w.%\\\\ ]+=[^\\p{Cc}]*$"),
+                                                QRegularExpression::UseUnicodePropertiesOption);
+    if (file.startsWith("\xEF\xBB\xBF")) {  // some editors put one in front of a text
+        file.remove(0, 3);
+    }
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(file);
+    bool below = false;
+    for (const QString& part : text.split(QLatin1Char('\n'))) {
+        const QString line = part.trimmed();
+        below = below || section.match(line).hasMatch();
+        const bool isNote = line.isEmpty() || line.startsWith(QLatin1Char(';')) || line.startsWith(QLatin1Char('#'));
+        if (!isNote && !section.match(line).hasMatch() && !(below && keyAndValue.match(line).hasMatch())) {
+            return false;
+        }
+    }
+    return !utf8.hasError();
+}
+
 }  // namespace
 
 bool holdsSettings(const QString& path) {
     QFile file(path);
-    const bool isText = file.open(QIODevice::ReadOnly) && !file.readAll().contains('\0');
     QSettings settings(path, QSettings::IniFormat);
     settings.sync();
-    return isText && settings.status() == QSettings::NoError;
+    return file.open(QIODevice::ReadOnly) && isSettings(file.readAll()) && settings.status() == QSettings::NoError;
 }
 
 QtSettingsStore::QtSettingsStore()
@@ -40,6 +64,9 @@ std::string QtSettingsStore::value(const std::string& section, const std::string
 }
 
 void QtSettingsStore::setValue(const std::string& section, const std::string& key, const std::string& value) {
+    if (exists() && !holdsSettings(path_)) {
+        throw platform::Fault("The settings file holds something else, and is left as it is:\n" + path_.toStdString());
+    }
     // A file object for each write: its status speaks of this write alone.
     QSettings file(path_, QSettings::IniFormat);
     file.setValue(entry(section, key), QString::fromStdString(value));

@@ -22,7 +22,7 @@ class QtSettingsStore : public platform::SettingsStore {
     bool exists() const;
 
     std::string value(const std::string& section, const std::string& key, const std::string& standard) override;
-    /// Throws a `Fault` with the file's path when it cannot be written.
+    /// Throws a `Fault` with the file's path when it cannot be written, or holds something else than settings.
     void setValue(const std::string& section, const std::string& key, const std::string& value) override;
 
   private:
