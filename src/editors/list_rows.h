@@ -10,6 +10,9 @@
 
 namespace orvent::editors {
 
+/// The lines of a row's tip that say the whole keys of its far ends; each may be empty.
+std::string linksTip(const std::string& sources, const std::string& targets);
+
 /// A row without columns.
 forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, const char* image);
 

@@ -19,6 +19,7 @@ bool RecordSetProp::LoadDB_Click() {
     if (answer == Answer::yes) {
         DBView.Clear();
         LoadedDatabases.clear();
+        DBLoaded = false;
     }
     return answer != Answer::cancel;
 }
@@ -41,6 +42,7 @@ void RecordSetProp::LoadDatabase(const repository::SourceDatabase& source, const
         messages().tell("This Database Is Allready Loaded");
         return;
     }
+    askedTypes_.clear();
     std::string words;
     try {
         repository::SchemaReader reader(services_.repository.database, source);

@@ -18,6 +18,19 @@ using namespace entities;
 using forms::Tree;
 using platform::Icon;
 
+namespace {
+
+/// The whole keys of what the attribute provides.
+std::string targetsOf(const AttributeProperties& attribute) {
+    std::string keys;
+    for (const ProviderProperties& link : attribute.ProviderFor) {
+        keys += (keys.empty() ? "" : ", ") + link.Provider_Key();
+    }
+    return keys;
+}
+
+}  // namespace
+
 RecordSetProp::RecordSetProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node)
     : Editor(services.repository.messages), ParForm(form), ActiveNode(node), services_(services) {
     services_.nodes.prepare(ParForm, ActiveNode);
@@ -46,16 +59,28 @@ void RecordSetProp::fillList() {
             const std::string dbKey = tempProp->dbKey(attribute.Key);
             forms::ListRow row = newRow(dbKey.empty() ? attribute.Key : dbKey, attribute.Key, 0, "AttOut");
             row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
+            row.Tip = linksTip(dbKey, targetsOf(attribute));
             AttList.add(std::move(row));
             OldKeys[attribute.Key] = attribute.Key;
         }
     });
 }
 
+void RecordSetProp::markEdited() {
+    tempProp->Changed = true;
+    edited_ = true;
+}
+
+bool RecordSetProp::mayDismiss() {
+    return !edited_ || messages().show("The changes of this record set have not been applied.", "Record Set Properties",
+                                       platform::Icon::warning,
+                                       platform::Buttons::discardGoOn) == platform::Answer::ok;
+}
+
 void RecordSetProp::txtRecordSetName_Change(const std::string& text) {
     if (txtRecordSetName != text) {
         tempProp->RecordSet_Name = txtRecordSetName = text;
-        tempProp->Changed = true;
+        markEdited();
     }
 }
 
@@ -63,7 +88,7 @@ void RecordSetProp::txtSQL_Change(const std::string& text) {
     txtSQL = text;
     if (tempProp->RecordSet_SQL != text) {
         tempProp->RecordSet_SQL = text;
-        tempProp->Changed = true;
+        markEdited();
     }
 }
 
@@ -101,10 +126,11 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
     attribute.ParentKeyName = tempProp->RecordSet_Name;
     tempProp->RecordSet_Outputs->AddFullAttribute(attribute, "", false, position);
     tempProp->addDbKey(name, rowKey);
-    tempProp->Changed = true;
+    markEdited();
     OldKeys[name] = name;
     forms::ListRow row = newRow(rowKey, name, 0, "AttOut");
     row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
+    row.Tip = linksTip(rowKey, {});
     AttList.add(std::move(row), position);
     markNode(rowKey, true);
 }
@@ -153,7 +179,7 @@ void RecordSetProp::RemoveRow(int row) {
     }
     tempProp->DB2Key->Remove(name);
     OldKeys.erase(name);
-    tempProp->Changed = true;
+    markEdited();
     AttList.remove(row);
 }
 
@@ -192,6 +218,7 @@ void RecordSetProp::MoveRows(const std::vector<int>& rows, int place) {
 
 void RecordSetProp::moveRowTo(int row, int to) {
     const std::string name = AttList.Item(row)->Text;
+    edited_ = edited_ || row != to;
     AttList.move(row, to);
     tempProp->RecordSet_Outputs->move(tempProp->RecordSet_Outputs->positionOf(name), to);
 }
@@ -208,7 +235,7 @@ bool RecordSetProp::rename(int row, const std::string& name) {
         AttList.setText(row, name);
         AttList.move(row, AttList.Count());
         AttList.select(AttList.Count());
-        tempProp->Changed = true;
+        markEdited();
     }
     return true;
 }

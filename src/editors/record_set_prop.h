@@ -35,6 +35,8 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void txtRecordSetName_Change(const std::string& text);
     void txtSQL_Change(const std::string& text);
     void SQLOption_Click(bool on) { SQLOption = on; }
+    /// The window is closed neither by OK nor by Cancel: asks when that would lose changes. True when it closes.
+    bool mayDismiss();
     void SQLAuto_Click();
 
     /// Asked while a database is loaded, before each of its tables; false ends the loading.
@@ -75,6 +77,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) override { recomputeParent(tree, parent); }
     void moveMany(const std::function<void()>& moves) override;
 
+    void markEdited();
     void fillList();
     void addTable(forms::Tree::Node& root, const repository::SourceTable& table);
     std::int16_t typeOf(const std::string& dataType);
@@ -89,8 +92,9 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void tell(const char* text) { messages().tell(text, {}, platform::Icon::warning); }
 
     EditorServices services_;
-    std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once
-    std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours, while the record set is out of the links
+    std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once in a load
+    std::optional<zoom::MirrorOrder> mirrorOrder_;              ///< of the neighbours as the dialog found it
+    bool edited_ = false;                                       ///< something was changed by hand
     int deletedMark_ = 0;
     int many_ = 0;
     bool toldTaken_ = false;  // of several nodes that move together, one refusal is told

@@ -58,6 +58,10 @@ std::string refusalOf(const canvas::Canvas& form, const canvas::LabelsD& functio
 void addNode(const canvas::Canvas& form, const canvas::LabelsD& node, const canvas::LabelsD& edited, Tree& graph,
              Tree::Node& graphRoot, Tree& database, Tree::Node& databaseRoot) {
     const std::string& name = node.Caption();
+    // A zoom view shows a neighbour twice that is read and written; the first one is the node.
+    if (graph.find("GRAPH." + name) || database.find("DB." + name)) {
+        return;
+    }
     if (const ActivityProperties* activity = node.activity(); activity && &node != &edited) {
         addLeaves(graph, graph.add({"GRAPH." + name, name, 4, "Activity-UnChecked"}, &graphRoot), activity->Act_Outputs,
                   "Activity-Out-UnChecked");

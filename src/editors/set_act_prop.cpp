@@ -97,15 +97,21 @@ void SetActProp::txtName_Leave() {
         return;
     }
     leaving_ = true;
-    if (forms::hasFault(txtName, forms::NameFault::dot)) {
-        tell("DOTS ARE NOT ALLLOWED IN NAMES", Icon::warning);
+    const auto hasDot = [this](const std::string& name) {
+        const bool dot = forms::hasFault(name, forms::NameFault::dot);
+        if (dot) {
+            tell("DOTS ARE NOT ALLLOWED IN NAMES", Icon::warning);
+        }
+        return dot;
+    };
+    if (hasDot(txtName)) {
         setName(ActiveNode.Caption());
     } else {
         const std::string former = ActiveNode.Caption();
         while (!takeName(txtName)) {
             const std::string answer =
                 services_.repository.input.ask("Give A New Name For This Activity", "DUPLICATE NAME!", txtName);
-            setName(answer.empty() || forms::hasFault(answer, forms::NameFault::dot) ? former : answer);
+            setName(isBlank(answer) || hasDot(answer) ? former : answer);
         }
         followName();
     }

@@ -38,10 +38,13 @@ void SetActProp_Functions::fillLists() {
     marks_.clear();
     const auto fill = [&](int number, const auto& addRows) {
         forms::List& target = list(number);
+        const bool prompts = !filled_ || target.hint();  // the prompt of a list that was emptied does not come back
         target.rebuild([&] {
             target.Clear();
-            target.showHint(number == kParameters ? "Drag parameters, functions and constants here"
-                                                  : "Drag attributes here");
+            if (prompts) {
+                target.showHint(number == kParameters ? "Drag parameters, functions and constants here"
+                                                      : "Drag attributes here");
+            }
             addRows(target);
         });
         for (int row = 1; row <= target.Count(); ++row) {
@@ -70,6 +73,7 @@ void SetActProp_Functions::fillLists() {
                               "Func"));
         }
     });
+    filled_ = true;
 }
 
 void SetActProp_Functions::MarkRowInTree(const ListRow& row, int number, bool used) {
@@ -320,6 +324,20 @@ void SetActProp_Functions::SendParameter(int row) {
     const ListRow* shown = list(kInputs).Item(row);
     sendInput(row, shown ? tempProp->Act_Parameters->Item(shown->Key) : nullptr,
               "\nA Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.");
+}
+
+std::string SetActProp_Functions::whyNotSent(bool toOutput) const {
+    const ListRow* shown = AttList[kInputs].Item(AttList[kInputs].selected());
+    if (SelectedList != kInputs) {
+        return "Only an input is sent";
+    }
+    if (!shown) {
+        return "Choose a row first";
+    }
+    if (toOutput) {
+        return tempProp->Act_Outputs->Item(shown->Key) ? "" : "The activity has no output " + shown->Key;
+    }
+    return tempProp->Act_Parameters->Item(shown->Key) ? "" : "The activity has no parameter " + shown->Key;
 }
 
 /// Whether a value of the source's type may flow into the target; a target that is defined by its source takes it on.

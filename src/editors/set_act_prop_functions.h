@@ -52,6 +52,8 @@ class SetActProp_Functions : public RowOperations {
     void RemoveRow(int row);
     void SendOutput(int row);
     void SendParameter(int row);
+    /// Why the chosen input cannot be sent to the output, or else to the parameter, of its key; empty when it can.
+    std::string whyNotSent(bool toOutput) const;
     void RenameInList(int row, int listNumber);
     /// Brings the row of the list in front to another place, and its entity with it.
     void moveRowTo(int row, int to);
@@ -130,6 +132,7 @@ class SetActProp_Functions : public RowOperations {
     platform::Progress& progress_;
     SchemaMarks marks_{ActView, DBView};
     std::array<TwinNames, 3> twins_;
+    bool filled_ = false;  ///< the lists have been filled once
 };
 
 }  // namespace orvent::editors

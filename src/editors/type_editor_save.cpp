@@ -29,7 +29,8 @@ bool TypeEditor::check() {
     if (!forms::checkName(txtName, rules, messages())) {
         return false;
     }
-    if (*words.descrField && txtDescr.empty()) {
+    const bool undescribed = descrIsHint || forms::hasFault(txtDescr, forms::NameFault::empty);
+    if (*words.descrField && undescribed) {
         messages().tell("PLEASE GIVE A DESCRIPTION FOR THIS " + kindOfType, {}, Icon::warning);
         return false;
     }

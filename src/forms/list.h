@@ -24,6 +24,7 @@ struct ListRow {
     std::int32_t ForeColor = 0;                ///< blue in the high byte; 0 is the ordinary colour
     bool Editable = true;                      ///< its label can be edited
     std::string Warning = {};                  ///< words of a warning mark, which has none when they are empty
+    std::string Tip = {};                      ///< lines that only the row's tip shows
 };
 
 /// One change of a list.

@@ -104,11 +104,28 @@ TEST_F(RecordSetPropTest, AFailedLoadSaysHowFarItCame) {
         EXPECT_EQ(dialog.LoadDB_Click(), answer != Answer::cancel);
         EXPECT_EQ(dialog.DBView.roots().empty(), answer == Answer::yes);
     }
+    dialogs.add<repository::frmDBLogin>([](auto&) {});
+    dialog.LoadDB(all);
+    EXPECT_TRUE(dialog.LoadDB_Click()) << "all were unloaded, and the login was cancelled";
     database.answer("SELECT table_name FROM all_tables WHERE owner=?", {});
     dialog.LoadDatabase(shop, all);
     EXPECT_TRUE(dialog.DBView.find("SHOP.SHOPS.ID")) << "the second try is whole";
     messages.expect("CLOSED shows no tables of ANN.", "", Icon::critical);
     dialog.LoadDatabase({"closed", "ann", ""}, all);
+}
+
+TEST_F(RecordSetPropTest, AnUnknownTypeIsAskedAboutOnceInEachLoad) {
+    testkit::ScriptedDatabase odd;
+    odd.answer("SELECT table_name FROM all_tables WHERE owner=?", {{"BOOKS"}, {"SHOPS"}});
+    odd.answer(kColumns, {{"COVER", "blob"}});
+    repository::Services others{odd, sources, messages, inputBox, files, store, progress, settings};
+    RecordSetProp dialog({others, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
+                         *form->nodeNamed("Books"));
+    for (const char* name : {"one", "two"}) {
+        messages.expect("*", "DATA TYPE NOT RPOPERLY SET", Icon::question, Buttons::okCancel, Answer::cancel);
+        dialog.LoadDatabase({name, "scott", "tiger"}, all);
+        messages.verify();
+    }
 }
 
 TEST_F(RecordSetPropTest, AnyNameOfASourceBecomesAnAttribute) {
@@ -140,11 +157,18 @@ TEST_F(RecordSetPropTest, CancelLeavesTheScenarioEqual) {
     const std::string before = testkit::modelText(*form);
     {
         RecordSetProp dialog = open();
+        EXPECT_TRUE(dialog.mayDismiss()) << "nothing was changed, so nothing is asked";
+        EXPECT_EQ(dialog.AttList.Item(1)->Tip, "From SHOP.BOOKS.ID\nTo Act.IN.ID");
         dialog.AttList.select(1);
         dialog.AfterLabelEdit(1, "KEY");
         dialog.Move2Tree_Click();
         EXPECT_EQ(form->DeletedNodes->Count(), 1);
         EXPECT_TRUE(dialog.mayClose());
+        for (const platform::Answer answer : {platform::Answer::cancel, platform::Answer::ok}) {
+            messages.expect("The changes of this record set have not been applied.", "Record Set Properties",
+                            platform::Icon::warning, platform::Buttons::discardGoOn, answer);
+            EXPECT_EQ(dialog.mayDismiss(), answer == platform::Answer::ok);
+        }
     }
     EXPECT_EQ(testkit::modelText(*form), before);
     EXPECT_EQ(form->DeletedNodes->Count(), 0);

@@ -392,6 +392,14 @@ TEST_F(SetActPropTest, NamesAreCheckedWhenTheBoxIsLeft) {
     dialog->txtName_Change("RS");
     messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!", "DUPLICATE NAME!",
                     Icon::critical);
+    inputBox.expect("Give A New Name For This Activity", "DUPLICATE NAME!", "RS", "x.y");
+    messages.expect("DOTS ARE NOT ALLLOWED IN NAMES", "", Icon::warning);
+    dialog->txtName_Leave();
+    EXPECT_EQ(dialog->txtName, "Act");
+    messages.verify();
+    dialog->txtName_Change("RS");
+    messages.expect("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!", "DUPLICATE NAME!",
+                    Icon::critical);
     inputBox.expect("Give A New Name For This Activity", "DUPLICATE NAME!", "RS", "Other");
     dialog->txtName_Leave();
     EXPECT_EQ(form->nodeNamed("Other")->Index(), dialog->ActiveNode.Index());
@@ -557,6 +565,10 @@ TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
     activity().Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
     activity().Act_Parameters->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
     const auto dialog = open();
+    EXPECT_EQ(dialog->whyNotSent(true), "Choose a row first");
+    dialog->frontList().select(1);
+    EXPECT_EQ(dialog->whyNotSent(true), "") << "that it has a source is told when it is sent";
+    EXPECT_EQ(dialog->whyNotSent(false), "The activity has no parameter RS_ID");
     dialog->SendParameter(1);  // no parameter of that key: nothing
     EXPECT_TRUE(dialog->Saved);
     AttributeProperties& output = *dialog->tempProp->Act_Outputs->Item("Old");
@@ -659,6 +671,15 @@ TEST_F(SetActPropTest, TheWizardWorksOnTheCopy) {
             EXPECT_EQ(testkit::modelText(*form), before);
         }
     }
+}
+
+TEST_F(SetActPropTest, AListThatWasEmptiedStaysWithoutItsPrompt) {
+    const auto dialog = open();
+    EXPECT_EQ(dialog->AttList[kInputs].Item(1)->Tip, "From RS.ID\nTo Act.OUT.RS_ID");
+    dialog->MoveAll2Tree_Click();
+    dialog->butRefresh_Click();
+    EXPECT_FALSE(dialog->AttList[kInputs].hint());
+    EXPECT_TRUE(dialog->AttList[kParameters].hint()) << "this one never had a row";
 }
 
 TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {

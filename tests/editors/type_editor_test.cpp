@@ -86,7 +86,7 @@ TEST_F(TypeEditorTest, ChecksComeInTheirOrderAndKeepTheMode) {
     struct Row {
         TypeKind kind;
         const char* name;
-        const char* descr;
+        const char* descr;  ///< nothing: the hint is left as it is
         const char* words;
     };
     const Row rows[] = {
@@ -95,16 +95,21 @@ TEST_F(TypeEditorTest, ChecksComeInTheirOrderAndKeepTheMode) {
         {TypeKind::data, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
         {TypeKind::function, "", "", "PLEASE GIVE A NAME FOR THIS FUNCTION TYPE"},
         {TypeKind::function, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
+        {TypeKind::function, "F", nullptr, "PLEASE GIVE A DESCRIPTION FOR THIS FUNCTION TYPE"},
+        {TypeKind::function, "F", " \n", "PLEASE GIVE A DESCRIPTION FOR THIS FUNCTION TYPE"},
         {TypeKind::function, "F", "", "PLEASE GIVE A DESCRIPTION FOR THIS FUNCTION TYPE"},
         {TypeKind::activity, "", "", "PLEASE GIVE A NAME FOR THIS ACTIVITY TYPE"},
         {TypeKind::activity, "a.b", "", "DOTS ARE NOT ALLLOWED IN NAMES"},
+        {TypeKind::activity, "A", nullptr, "PLEASE GIVE A DESCRIPTION FOR THIS ACTIVITY TYPE"},
         {TypeKind::activity, "A", "", "PLEASE GIVE A DESCRIPTION FOR THIS ACTIVITY TYPE"},
     };
     for (const Row& row : rows) {
         TypeEditor types = editor(row.kind);
         types.But_NEW();
         types.changeName(row.name);
-        types.changeDescr(row.descr);
+        if (row.descr) {
+            types.changeDescr(row.descr);
+        }
         warn(row.words);
         types.But_SAVE();
         EXPECT_EQ(types.mode, TypeMode::create) << row.words;
@@ -122,6 +127,7 @@ TEST_F(TypeEditorTest, AnEmptyFunctionTypeIsAskedAboutTwice) {
     EXPECT_TRUE(types.descrIsHint);
     EXPECT_EQ(types.txtDescr, "Give A Description For This Function Type");
     types.changeName("CLOCK");
+    types.changeDescr("The time");
     ask("THERE ARE NO INPUTS SET.", Answer::no);
     types.But_SAVE();
     ask("THERE ARE NO INPUTS SET.", Answer::yes);

@@ -125,6 +125,23 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
     EXPECT_EQ(design.DeletedNodes->Item(2)->NodeID, 6);
 }
 
+TEST_F(ZoomDialogs, ANeighbourThatIsShownTwiceStandsOnceInTheTree) {
+    edge("A2", "RS4");
+    open();
+    int shown = 0;
+    for (const canvas::LabelsD& each : form->Labels) {
+        shown += each.Caption() == "RS4" ? 1 : 0;
+    }
+    EXPECT_EQ(shown, 2);
+    const auto dialog = openOn<SetActProp>("A2");
+    int listed = 0;
+    for (const auto& each : dialog->DBView.roots().front()->children()) {
+        listed += each->value().Text == "RS4" ? 1 : 0;
+    }
+    EXPECT_EQ(listed, 1);
+    dialog->end();
+}
+
 TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
     edge("A2", "RS4");  // shown twice
     const auto refuse = [&] {

@@ -236,6 +236,7 @@ class EntityDialogsTest : public WindowTest {
             QTreeView& inputs = *view(window, "AttList(0)");
             const QString noRow = QStringLiteral("Choose a row first");
             const QString sends = QStringLiteral("ItemSendParamM: %1, ItemSendOutputM: %1, ");
+            const QString noParameter = QStringLiteral("ItemSendParamM: The activity has no parameter RS_ID");
             const QString rest = QStringLiteral("ItemEditM: %1, ItemDeleteM: %1").arg(noRow);
             inMenu(inputs, [&](QMenu& menu) {
                 const QString none = QStringLiteral(
@@ -246,7 +247,7 @@ class EntityDialogsTest : public WindowTest {
             check(*view(window, "DBView"), "RS");
             inMenu(inputs, [&](QMenu& menu) { QCOMPARE(greyed(menu), sends.arg(noRow) + rest); });
             select(inputs, "RS_ID");
-            inMenu(inputs, [&](QMenu& menu) { QCOMPARE(greyed(menu), QString()); });
+            inMenu(inputs, [&](QMenu& menu) { QCOMPARE(greyed(menu), noParameter); });
             control<QTabWidget>(window, "TabStrip1")->setCurrentIndex(1);
             QTreeView& outputs = *view(window, "AttList(1)");
             select(outputs, "RS_ID");
@@ -403,11 +404,48 @@ class EntityDialogsTest : public WindowTest {
             QCOMPARE(rows(database), QStringLiteral("Record Sets RS PRICE"));
             QVERIFY(database.isExpanded(indexOf(database, "RS")));
             QCOMPARE(indexOf(database, "RS").siblingAtColumn(1).data().toString(), QStringLiteral("0 of 3"));
-            control<QLineEdit>(window, "DBViewFilter")->clear();
+            auto* filter = control<QLineEdit>(window, "DBViewFilter");
+            filter->setFocus();
+            QTest::keyClick(filter, Qt::Key_Return);
+            QVERIFY(database.hasFocus());
+            QCOMPARE(database.currentIndex().data().toString(), QStringLiteral("PRICE"));
+            filter->setFocus();
+            QTest::keyClick(filter, Qt::Key_Escape);
+            QVERIFY2(window.isVisible(), "the keys are the box's");
             QCOMPARE(rows(database), QStringLiteral("Record Sets RS ID NAME PRICE"));
-            QVERIFY(!database.isExpanded(indexOf(database, "RS")));
-            window.close();
+            QVERIFY2(database.isExpanded(indexOf(database, "RS")), "what was found stays in sight");
+            filter->setFocus();
+            QTest::keyClick(filter, Qt::Key_Escape);
+            QVERIFY2(!window.isVisible(), "with nothing to clear it is the window's");
         });
+    }
+
+    void aRecordSetAsksOnceBeforeItDropsChanges() {
+        Desk desk;
+        desk.form->nodeNamed("RS")->recordSet()->RecordSet_SQL = "select id from rs";
+        for (const bool cancels : {false, true}) {
+            desk.edit("RS", "RecordSetProp", [&](QDialog& window) {
+                QVERIFY(view(window, "AttList")->model()->index(0, 1).data(Qt::ToolTipRole).isValid());
+                auto* statement = control<QTextEdit>(window, "txtSQL");
+                QTextCursor caret = statement->textCursor();
+                caret.setPosition(8);
+                statement->setTextCursor(caret);
+                typeInto(window, "txtRecordSetName", QStringLiteral("Other"));
+                QCOMPARE(statement->textCursor().position(), 8);
+                if (cancels) {
+                    click(window, "Cancel");
+                    return;
+                }
+                for (const Answer answer : {Answer::cancel, Answer::ok}) {
+                    desk.messages.expect("The changes of this record set have not been applied.",
+                                         "Record Set Properties", Icon::warning, platform::Buttons::discardGoOn,
+                                         answer);
+                    answer == Answer::cancel ? QTest::keyClick(&window, Qt::Key_Escape) : void(window.close());
+                    QCOMPARE(window.isVisible(), answer == Answer::cancel);
+                }
+            });
+        }
+        QVERIFY(desk.form->nodeNamed("RS"));
     }
 
     void sizesOutliveTheProgram() {

@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QSaveFile>
@@ -21,6 +20,7 @@
 
 #include "platform/fault.h"
 #include "qt/analysis/metrics_model.h"
+#include "qt/forms/search_field.h"
 #include "qt/text.h"
 
 namespace orvent::qt {
@@ -94,11 +94,12 @@ QWidget* MetricsWindow::buildEntries() {
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list_->setUniformItemSizes(true);
     lblEntity_->setBuddy(list_);
-    search_ = new QLineEdit(side);
-    search_->setObjectName(QStringLiteral("search"));
-    search_->setPlaceholderText(tr("Search"));
+    search_ = new SearchField(QStringLiteral("search"), tr("Search"), side);
     search_->setAccessibleName(tr("Search the entries"));
-    search_->setClearButtonEnabled(true);
+    search_->goToFirst = [this] {
+        list_->setCurrentIndex(found_->index(0, 0));
+        list_->setFocus();
+    };
     switch_ = new QPushButton(side);
     switch_->setObjectName(QStringLiteral("Switch"));
     switch_->setAutoDefault(false);
@@ -112,7 +113,7 @@ QWidget* MetricsWindow::buildEntries() {
             clickEntry(entry);
         }
     });
-    connect(search_, &QLineEdit::textChanged, found_, &QSortFilterProxyModel::setFilterFixedString);
+    connect(search_, &SearchField::textChanged, found_, &QSortFilterProxyModel::setFilterFixedString);
     connect(switch_, &QPushButton::clicked, this, [this] { form_->clickSwitch(); });
     side->setMinimumWidth(150);
     return side;

@@ -7,7 +7,6 @@
 
 class QSortFilterProxyModel;
 class QLabel;
-class QLineEdit;
 class QListView;
 class QSpinBox;
 class QPushButton;
@@ -19,6 +18,7 @@ namespace orvent::qt {
 
 class MetricsModel;
 class MetricsTotals;
+class SearchField;
 
 /// The window of `MetricsForm`, beside the canvas or floating: the entries at the left, the tables of numbers at the
 /// right.
@@ -55,7 +55,7 @@ class MetricsWindow : public QDockWidget {
     bool counted_ = false;          ///< the press under way has chosen another entry, which was counted
     QLabel* lblEntity_ = nullptr;
     QListView* list_ = nullptr;
-    QLineEdit* search_ = nullptr;
+    SearchField* search_ = nullptr;
     QSpinBox* counter_ = nullptr;
     QPushButton* switch_ = nullptr;
     QLabel* inOutLbl_ = nullptr;

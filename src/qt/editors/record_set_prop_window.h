@@ -27,6 +27,9 @@ class RecordSetPropWindow : public FormWindow {
 
     void done(int result) override;
 
+  protected:
+    bool mayDismiss() override { return logic_.mayDismiss(); }
+
   private:
     QWidget* newDatabases();
     QWidget* newAttributes();

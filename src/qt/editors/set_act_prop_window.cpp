@@ -295,11 +295,12 @@ void SetActPropWindow::showMenu(RowView& list, const QPoint& at) {
         return item;
     };
     const QString noRow = row ? QString() : tr("Choose a row first");
-    const QString noInput = logic_.SelectedList == editors::kInputs ? noRow : tr("Only an input is sent");
     const QString noEdit = row && !row->Editable ? tr("A function keeps its own name") : noRow;
     const QString noRows = logic_.ListButtons() ? QString() : tr("The list has no rows");
-    add("ItemSendParamM", tr("Send To &Parameter"), noInput, [this] { logic_.ItemSendParamM_Click(); });
-    add("ItemSendOutputM", tr("Send To &Output"), noInput, [this] { logic_.ItemSendOutputM_Click(); });
+    add("ItemSendParamM", tr("Send To &Parameter"), text(logic_.whyNotSent(false)),
+        [this] { logic_.ItemSendParamM_Click(); });
+    add("ItemSendOutputM", tr("Send To &Output"), text(logic_.whyNotSent(true)),
+        [this] { logic_.ItemSendOutputM_Click(); });
     menu.addSeparator();
     add("ItemEditM", tr("&Edit Name"), noEdit, [&list] { list.editLabel(); })->setShortcut(Qt::Key_F2);
     add("ItemDeleteM", tr("&Delete"), noRow, [this] { logic_.Move2Tree_Click(); })->setShortcut(Qt::Key_Delete);

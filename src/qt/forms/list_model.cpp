@@ -38,8 +38,13 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
             return text(words);
         case Qt::DecorationRole:
             return first ? picture_(shown.Image, shown.ForeColor != 0 ? shown.ForeColor : colour_) : QVariant();
-        case Qt::ToolTipRole:
-            return first && !shown.Warning.empty() ? text(words + "\n" + shown.Warning) : text(words);
+        case Qt::ToolTipRole: {
+            QStringList lines{text(words)};
+            lines += first ? text(shown.Warning) : QString();
+            lines += text(shown.Tip);
+            lines.removeAll(QString());
+            return lines.join(QLatin1Char('\n'));
+        }
         case Qt::AccessibleDescriptionRole:
         case WarningRole:
             return first ? text(shown.Warning) : QString();

@@ -1,11 +1,11 @@
 #include "qt/forms/tree_panel.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QSortFilterProxyModel>
 #include <QVBoxLayout>
 
 #include "qt/forms/node_view.h"
+#include "qt/forms/search_field.h"
 #include "qt/text.h"
 #include "qt/theme/theme.h"
 
@@ -14,6 +14,11 @@ namespace orvent::qt {
 using forms::Tree;
 
 namespace {
+
+/// The name of a root is no answer: all would be shown.
+bool answers(const Tree::Node& node, const QString& words) {
+    return node.parent() && text(node.value().Text).contains(words, Qt::CaseInsensitive);
+}
 
 /// Keeps the nodes whose text holds the words, with all below and above them.
 class NodeFilter : public QSortFilterProxyModel {
@@ -30,13 +35,8 @@ class NodeFilter : public QSortFilterProxyModel {
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
-        if (words_.isEmpty()) {
-            return true;
-        }
         const auto& model = static_cast<const TreeModel&>(*sourceModel());
-        const Tree::Node* node = model.node(model.index(row, 0, parent));
-        // The name of a root is no answer: all would be shown.
-        return node->parent() && text(node->value().Text).contains(words_, Qt::CaseInsensitive);
+        return words_.isEmpty() || answers(*model.node(model.index(row, 0, parent)), words_);
     }
 
   private:
@@ -50,16 +50,14 @@ TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const 
       model_(tree, std::move(picture), this),
       shown_(new NodeFilter(this)),
       view_(new NodeView(*this)),
-      filter_(new QLineEdit(this)) {
+      filter_(new SearchField(name + QStringLiteral("Filter"), tr("Filter"), this)) {
     auto* label = new QLabel(caption, this);
     label->setObjectName(name + QStringLiteral("Label"));
     label->setBuddy(view_);
     view_->setObjectName(name);
     view_->setAccessibleName(label->text().remove(QLatin1Char('&')));
-    filter_->setObjectName(name + QStringLiteral("Filter"));
-    filter_->setPlaceholderText(tr("Filter"));
     filter_->setAccessibleName(tr("Filter of %1").arg(view_->accessibleName()));
-    filter_->setClearButtonEnabled(true);
+    filter_->goToFirst = [this] { goToFirst(); };
     shown_->setSourceModel(&model_);
     view_->setNodes(*shown_);
     model_.click = [this](Tree::Node& node) {
@@ -130,6 +128,17 @@ void TreePanel::narrow(const QString& words) {
         view_->scrollTo(view_->currentIndex());
     } else {
         view_->expandAll();
+    }
+}
+
+void TreePanel::goToFirst() {
+    QModelIndex at = shown_->index(0, 0);
+    while (at.isValid() && !answers(*model_.node(shown_->mapToSource(at)), filter_->text())) {
+        at = view_->indexBelow(at);
+    }
+    if (at.isValid()) {
+        view_->setCurrentIndex(at);
+        view_->setFocus();
     }
 }
 

@@ -6,12 +6,12 @@
 #include "qt/forms/tree_model.h"
 
 class QLabel;
-class QLineEdit;
 class QSortFilterProxyModel;
 
 namespace orvent::qt {
 
 class NodeView;
+class SearchField;
 
 /// A tree of a dialog's logic below its caption and a box that narrows it while one types; the box only hides nodes.
 /// Space and the box beside a node check it, as a double click on a leaf does.
@@ -41,6 +41,7 @@ class TreePanel : public QWidget {
   private:
     friend class NodeView;
     void narrow(const QString& words);
+    void goToFirst();
     void expandAgain();
     std::vector<forms::Tree::Node*> selected() const;
     void clickSelected();
@@ -53,7 +54,7 @@ class TreePanel : public QWidget {
     TreeModel model_;
     QSortFilterProxyModel* shown_;
     NodeView* view_;
-    QLineEdit* filter_;
+    SearchField* filter_;
     QSet<QString> collapsedRoots_;
     QSet<QString> expanded_;  // below the roots
     bool narrowing_ = false;

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QRegularExpression>
 #include <QSplitter>
@@ -10,6 +9,7 @@
 #include <QTextDocumentFragment>
 #include <QVBoxLayout>
 
+#include "qt/forms/search_field.h"
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {
@@ -28,14 +28,14 @@ QString readAll(const QString& name) {
 }  // namespace
 
 HelpWindow::HelpWindow()
-    : search_(new QLineEdit(this)), contents_(new QListWidget(this)), page_(new QTextBrowser(this)) {
+    : search_(new SearchField(QStringLiteral("search"), tr("Search"), this)),
+      contents_(new QListWidget(this)),
+      page_(new QTextBrowser(this)) {
     setObjectName(QStringLiteral("HelpWindow"));
     setWindowTitle(tr("Help In ORVENT II"));
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_QuitOnClose, false);
-    search_->setObjectName(QStringLiteral("search"));
-    search_->setPlaceholderText(tr("Search"));
-    search_->setClearButtonEnabled(true);
+    search_->goToFirst = [this] { contents_->setFocus(); };
     contents_->setObjectName(QStringLiteral("contents"));
     page_->setObjectName(QStringLiteral("page"));
     page_->document()->setDocumentMargin(Spacing::margin);

@@ -2,11 +2,12 @@
 
 #include <QWidget>
 
-class QLineEdit;
 class QListWidget;
 class QTextBrowser;
 
 namespace orvent::qt {
+
+class SearchField;
 
 /// The pages of the help with their contents and a search, for desktops without a viewer of the help file.
 class HelpWindow : public QWidget {
@@ -19,7 +20,7 @@ class HelpWindow : public QWidget {
     void find(const QString& words);
     void showPage();
 
-    QLineEdit* search_;
+    SearchField* search_;
     QListWidget* contents_;  ///< the titles of the pages in which the words are found
     QTextBrowser* page_;
 };

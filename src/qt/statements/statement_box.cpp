@@ -47,9 +47,14 @@ QCheckBox* StatementBox::addSwitch(const char* name, const QString& caption, con
 }
 
 void StatementBox::showText(const std::string& text) {
+    if (text == given_ && plainText(*box_) == asColoured_) {
+        return;  // small letters of a keyword, which stand here in capitals
+    }
     if (showPlainText(*box_, text)) {
         colouring_->colourAll();
     }
+    given_ = text;
+    asColoured_ = plainText(*box_);
 }
 
 void StatementBox::setLetters(statements::Letters letters) {

@@ -38,6 +38,7 @@ class StatementBox : public QWidget {
 
     QHBoxLayout* tools_;
     QTextEdit* box_;
+    std::string given_, asColoured_;  ///< the text that was shown last, and what colouring has made of it
     KeywordColouring* colouring_;
 };
 
