@@ -7,6 +7,7 @@
 #include "canvas/taken_name.h"
 #include "editors/scenario_names.h"
 #include "forms/name_check.h"
+#include "statements/statement_fit.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
 
@@ -227,6 +228,10 @@ void SetActProp::butRefresh_Click() {
     }
     fillLists();
     changed();
+}
+
+std::string SetActProp::statementNote() const {
+    return LangSelector == Language::LDL ? statements::misfitLine(*tempProp) : std::string();
 }
 
 void SetActProp::setEnabled(bool enabled) {

@@ -94,6 +94,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     /// False: the label keeps its text.
     bool AfterLabelEdit(int row, const std::string& text);
 
+    /// Where the shown statement does not fit the members any more; empty when it does, or was written by hand.
+    std::string statementNote() const;
+
     const entities::NameTable& typeNames() const { return catalogue().tables.activityTypes; }
     /// What `ActTypes` offers, by index; a type that is gone only while the activity has it.
     std::vector<std::int16_t> offeredTypes() const { return typeNames().listed(tempProp->Act_Type); }

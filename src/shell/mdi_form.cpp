@@ -35,7 +35,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       wizardAnswers_(options_, ports.store, catalogue_),
       wizardWindow_(host),
       wizard_(ports.messages, catalogue_.tables, wizardAnswers_, wizardWindow_),
-      unfinished_(host, desk),
+      unfinished_(host, desk, wizard_),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
       dialogs_(desk, *this, {services_, catalogue_, wizard_, ports.folder, ports.saveDialog, nodes_, host.dialogs()}),

@@ -43,23 +43,34 @@ class WizardAnswers : public statements::WizardServices {
     repository::Catalogue& catalogue_;
 };
 
-/// Tells which statements are not whole, and brings the activity that is chosen into view.
+/// Tells which statements are not whole or do not fit, brings the activity that is chosen into view, or makes its
+/// statement anew.
 class UnfinishedStatements : public statements::StatementReport {
   public:
-    UnfinishedStatements(FrameHost& host, Desk& desk) : host_(host), desk_(desk) {}
+    UnfinishedStatements(FrameHost& host, Desk& desk, statements::ActivityWizard& wizard)
+        : host_(host), desk_(desk), wizard_(wizard) {}
 
     void showUnfinished(canvas::DrawForm& form,
                         const std::vector<statements::UnfinishedStatement>& statements) override {
-        UnfinishedForm unfinished{statements, {}};
-        host_.dialogs().show(unfinished);
-        if (const canvas::LabelsD* node = form.nodeNamed(unfinished.goTo)) {
-            desk_.reveal(form, *node);
+        for (auto left = statements; !left.empty(); left = statements::unfinishedStatements(form)) {
+            UnfinishedForm unfinished{left, {}};
+            host_.dialogs().show(unfinished);
+            canvas::LabelsD* node = form.nodeNamed(unfinished.goTo);
+            if (!node || !node->activity()) {
+                return;
+            }
+            if (!unfinished.generate) {
+                desk_.reveal(form, *node);
+                return;
+            }
+            wizard_.LDLCreate(form, *node->activity());
         }
     }
 
   private:
     FrameHost& host_;
     Desk& desk_;
+    statements::ActivityWizard& wizard_;
 };
 
 }  // namespace orvent::shell

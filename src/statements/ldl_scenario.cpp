@@ -4,6 +4,7 @@
 #include "platform/steps.h"
 #include "platform/text.h"
 #include "statements/scenario_link_rules.h"
+#include "statements/statement_fit.h"
 #include "statements/template_advice.h"
 
 namespace orvent::statements {
@@ -25,8 +26,9 @@ std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& fo
     for (const canvas::LabelsD& node : form.Labels) {
         if (const entities::ActivityProperties* activity = node.activity()) {
             const std::vector<Advice> faults = faultsOf(activity->Act_LDL);
-            if (!faults.empty()) {
-                result.push_back({activity->Act_Name, faults.front().words});
+            const std::string why = faults.empty() ? misfitLine(*activity) : faults.front().words;
+            if (!why.empty()) {
+                result.push_back({activity->Act_Name, why, faults.empty()});
             }
         }
     }
@@ -63,11 +65,14 @@ void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
         progress_.status({});
         return;
     }
-    std::string names;
+    std::string names, outdated;
     for (const UnfinishedStatement& statement : statements) {
-        names += (names.empty() ? "" : ", ") + statement.activity;
+        std::string& those = statement.outdated ? outdated : names;
+        those += (those.empty() ? "" : ", ") + statement.activity;
     }
-    progress_.status("Without a whole statement: " + names);
+    const std::string whole = names.empty() ? "" : "Without a whole statement: " + names;
+    const std::string fitting = outdated.empty() ? "" : "With an outdated statement: " + outdated;
+    progress_.status(whole + (whole.empty() || fitting.empty() ? "" : ". ") + fitting);
     reported_ = &form;
     if (report_) {
         report_->showUnfinished(form, statements);

@@ -10,18 +10,20 @@
 
 namespace orvent::statements {
 
-/// An activity whose statement is not whole, and why.
+/// An activity whose statement is not whole, or does not fit it any more, and why.
 struct UnfinishedStatement {
     std::string activity;
     std::string why;
+    bool outdated = false;  ///< it is whole, but of an activity that was changed behind it
 
     bool operator==(const UnfinishedStatement&) const = default;
 };
 
-/// The activities whose statement is empty or holds a name that has not been declared, in the order of their nodes.
+/// The activities whose statement is empty, holds a name that has not been declared, or does not fit its activity, in
+/// the order of their nodes.
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form);
 
-/// Shows which statements are not whole, and leads to their activities.
+/// Shows which statements are not whole or do not fit, and leads to their activities.
 class StatementReport {
   public:
     virtual ~StatementReport() = default;

@@ -682,6 +682,20 @@ TEST_F(SetActPropTest, AListThatWasEmptiedStaysWithoutItsPrompt) {
     EXPECT_TRUE(dialog->AttList[kParameters].hint()) << "this one never had a row";
 }
 
+TEST_F(SetActPropTest, AStatementThatDoesNotFitIsSaidWhileItIsShown) {
+    activity().Act_LDL = "act_out(Act_OUT_RS_ID,Act_OUT_Made)<-act_in1(Act_IN1_RS_ID).";
+    activity().Act_Outputs->Item("Act.Made")->Attribute_Name = "Made";
+    const auto dialog = open();
+    EXPECT_EQ(dialog->statementNote(), "");
+    dialog->AfterLabelEdit(1, "KEY");
+    EXPECT_EQ(dialog->statementNote(), "Source 1 (RS) gives no input RS_ID.");
+    dialog->LangSelector_Click(SetActProp::Language::SQL);
+    EXPECT_EQ(dialog->statementNote(), "");
+    dialog->LangSelector_Click(SetActProp::Language::LDL);
+    dialog->txtSQL_Change("act_out(Act_OUT_RS_ID,Act_OUT_Made)<-act_in1(Act_IN1_KEY).");
+    EXPECT_EQ(dialog->statementNote(), "");
+}
+
 TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {
     // The first opening completes the mirrors that the graph above leaves out.
     open()->end();

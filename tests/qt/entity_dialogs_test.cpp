@@ -448,6 +448,22 @@ class EntityDialogsTest : public WindowTest {
         QVERIFY(desk.form->nodeNamed("RS"));
     }
 
+    void aStatementThatDoesNotFitHasALineOfItsOwn() {
+        Desk desk;
+        desk.form->nodeNamed("Act")->activity()->Act_LDL = "act_out(Act_OUT_X).";
+        desk.edit("Act", "SetActProp", [&](QDialog& window) {
+            const auto* line = control<QLabel>(window, "misfit");
+            QCOMPARE(line->text(),
+                     QStringLiteral(
+                         "Does not fit any more: act_out has 1 argument, the activity has 0 outputs. (and 1 more)"));
+            QVERIFY(line->isVisible() && line->toolTip().contains(QStringLiteral("Generate…")));
+            control<QTextEdit>(window, "txtSQL")->clear();
+            QVERIFY(!line->isVisible());
+            desk.answerSave(Answer::no);
+            window.close();
+        });
+    }
+
     void sizesOutliveTheProgram() {
         Desk desk;
         QSize left;

@@ -205,8 +205,13 @@ class LdlWizardTest : public WindowTest {
             auto* list = control<QTreeWidget>(window, "unfinished");
             QCOMPARE(list->topLevelItemCount(), 2);
             list->setCurrentItem(list->topLevelItem(1));
-            click(window, "cmdGoTo");
+            click(window, "cmdGenerate");
         });
+        wizard.dialogs.at(QStringLiteral("LDLForm"), [](QDialog& window) {
+            QVERIFY(window.windowTitle().startsWith(QLatin1String("Rest ")));
+            window.close();
+        });
+        wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) { click(window, "cmdGoTo"); });
         auto* button = control<QToolButton>(wizard.frame, "LDL");
         QTest::mouseClick(button, Qt::LeftButton);
         QVERIFY(button->isEnabled());

@@ -1,10 +1,12 @@
 #include "statements/ldl_scenario.h"
 
+#include <functional>
 #include <string>
 
 #include "platform/codes.h"
 #include "platform/fault.h"
 #include "statements/ldl_sources.h"
+#include "statements/statement_fit.h"
 #include "testkit/file_text.h"
 #include "testkit/graph_builder.h"
 #include "testkit/temporary_folder.h"
@@ -201,6 +203,7 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     graph.activity("Open").Act_LDL = "open_out(!! \"P[2]\" Has Not Been Declared!!).";
     graph.activity("Stopped").Act_LDL = "stopped_out(X)<-@Fun22(X).";
     graph.activity("Broken").Act_LDL = "CRITICAL ERROR AT POSITION: 7...";
+    graph.activity("Old", {}, {"KEY"}).Act_LDL = "old_out(Old_OUT_ID).";
     struct : StatementReport {
         std::vector<UnfinishedStatement> shown;
         void showUnfinished(canvas::DrawForm&, const std::vector<UnfinishedStatement>& statements) override {
@@ -214,10 +217,11 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
               (std::vector<UnfinishedStatement>{{"Empty", "The statement is empty."},
                                                 {"Open", "@P[2] has not been declared."},
                                                 {"Stopped", "@Fun22 was not replaced."},
-                                                {"Broken", "The loops of the template could not be expanded."}}));
+                                                {"Broken", "The loops of the template could not be expanded."},
+                                                {"Old", "The activity has no output ID.", true}}));
     // The status speaks of this scenario, and goes when another comes forward.
     const std::string words = progress.statuses.back();
-    EXPECT_EQ(words, "Without a whole statement: Empty, Open, Stopped, Broken");
+    EXPECT_EQ(words, "Without a whole statement: Empty, Open, Stopped, Broken. With an outdated statement: Old");
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), words);
     reporting.cameForward(nullptr);
@@ -225,6 +229,59 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     progress.statuses.push_back("Another's words");
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), "Another's words");
+}
+
+/// What is done to an activity behind its statement, and what is then said of it.
+TEST_F(LDLScenarioTest, AStatementThatDoesNotFitSaysWhere) {
+    using Activity = entities::ActivityProperties;
+    struct Row {
+        std::function<void(Activity&, testkit::GraphBuilder&)> change;
+        std::string words;
+    };
+    const Row rows[] = {
+        {[](Activity&, auto&) {}, ""},
+        {[](Activity& a, auto&) { a.Act_Inputs->Item(2)->Attribute_Name = "YEARS"; },
+         "Source 1 (SRC) gives no input AGE."},
+        {[](Activity& a, auto&) { a.Act_Inputs->Item(2)->Attribute_Name = "A"; }, "Source 1 (SRC) gives no input AGE."},
+        {[](Activity& a, auto&) { a.Act_Outputs->Item(1)->Attribute_Name = "KEY"; }, "The activity has no output ID."},
+        {[](Activity& a, auto&) { a.Act_Inputs->move(1, 2); },
+         "act_in1 has the inputs in another order than the activity."},
+        {[](Activity& a, auto&) { a.Act_Outputs->move(1, 2); },
+         "act_out has the outputs in another order than the activity."},
+        {[](Activity& a, auto&) { a.Act_Inputs->Remove("AGE"); },
+         "act_in1 has 2 arguments, source 1 (SRC) gives 1 input. (and 1 more)"},
+        {[](Activity& a, auto&) { a.Act_Outputs->Add("MORE", 0, 0, "MORE"); },
+         "act_out has 2 arguments, the activity has 3 outputs."},
+        {[](Activity& a, auto&) { a.Act_Inputs->Item("KEY")->ProvidedFrom->Clear(); },
+         "There is no source 2: the activity has 1 source."},
+        {[](Activity& a, auto& drawn) {
+             a.Act_Inputs->Add("NEW", 0, 0, "NEW").ParentKeyName = "Act";
+             drawn.recordSet("THIRD", {"NEW"});
+             drawn.feed("THIRD.NEW", "Act.IN.NEW");
+         },
+         "Source 3 (THIRD) is not read."},
+        {[](Activity& a, auto&) { a.Act_Name = "Later"; }, "It is written for Act, and the activity is Later."},
+        // What the text does not show, and what was written by hand.
+        {[](Activity& a, auto&) { a.Act_LDL = "other_out(X) <- act_in1(X), Y = acct_in7(A)."; }, ""},
+        {[](Activity& a, auto&) { a.Act_LDL = "act_out(X) <- act_in1(X,1,2)."; }, ""},
+        {[](Activity& a, auto&) { a.Act_LDL = "act_out(Act_OUT_ID,1) <- act_in1(Act_IN1_AGE,f(1,2)),act_in2(_)."; },
+         ""},
+    };
+    for (const Row& row : rows) {
+        canvas::DrawForm scenario(ports.services());
+        testkit::GraphBuilder own(scenario);
+        own.recordSet("SRC", {"ID", "AGE"});
+        own.recordSet("LOOK", {"KEY"});
+        Activity& activity = own.activity("Act", {"ID", "AGE", "KEY"}, {"ID", "Sum_1"});
+        own.feed("SRC.ID", "Act.IN.ID");
+        own.feed("SRC.AGE", "Act.IN.AGE");
+        own.feed("LOOK.KEY", "Act.IN.KEY");
+        activity.Act_LDL =
+            "act_out(Act_OUT_ID,Act_OUT_SUM_1)<-act_in1(Act_IN1_ID,Act_IN1_AGE),act_in2(Act_IN2_KEY),\n"
+            "Act_OUT_ID=Act_IN1_ID,fun(Act_IN1_AGE,5,Act_OUT_SUM_1).";
+        row.change(activity, own);
+        EXPECT_EQ(misfitLine(activity), row.words) << activity.Act_LDL;
+    }
 }
 
 TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {

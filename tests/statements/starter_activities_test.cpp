@@ -7,6 +7,7 @@
 
 #include "platform/text.h"
 #include "repository/catalogue.h"
+#include "statements/statement_fit.h"
 #include "testkit/embedded_repository.h"
 #include "wizard_fixture.h"
 
@@ -98,6 +99,7 @@ class StarterActivitiesTest : public testkit::CanvasTest {
         window.play = [&starter](LDLForm& wizard) { answer(wizard, starter["var"]); };
         ports.messages.expect("Activity Created", "", platform::Icon::information);
         LDLForm(ports.messages, catalogue.tables, wizardServices, window).LDLCreate(form, activity);
+        EXPECT_EQ(misfitLine(activity), "") << activity.Act_LDL;
         return activity.Act_LDL;
     }
 

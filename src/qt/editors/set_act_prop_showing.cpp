@@ -1,6 +1,7 @@
 // How the window of the activity dialog shows the logic's state.
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -56,6 +57,7 @@ void SetActPropWindow::showState() {
     refresh_->setToolTip(ldl ? QString() : tr("Choose LDL first: the wizard makes no SQL"));
     statement_->setLetters(ldl ? statements::Letters::kept : statements::Letters::upper);
     statement_->showText(logic_.txtSQL);
+    showMisfit();
     tabs_->setCurrentIndex(logic_.TabStrip1);
     for (RowView* list : lists_) {
         list->setReport(logic_.ReportView);
@@ -65,6 +67,13 @@ void SetActPropWindow::showState() {
                                                                      : tr("The list has no rows"));
     showOK();
     showing_ = false;
+}
+
+void SetActPropWindow::showMisfit() {
+    const QString misfit = text(logic_.statementNote());
+    misfit_->setText(misfit.isEmpty() ? QString() : tr("Does not fit any more: %1").arg(misfit));
+    misfit_->setToolTip(misfit.isEmpty() ? QString() : misfit + tr("\nGenerate… makes the statement anew."));
+    misfit_->setVisible(!misfit.isEmpty());
 }
 
 /// With nothing to apply OK only closes, which it does not without a type; otherwise a press tells what is missing.

@@ -140,10 +140,16 @@ QWidget* SetActPropWindow::newStatement() {
     statement_ = new StatementBox(QStringLiteral("txtSQL"), tr("Statement of the activity"), side);
     statement_->edited = [this](const std::string& text) {
         logic_.txtSQL_Change(text);
+        showMisfit();
         showOK();
     };
     statement_->box().setMinimumSize(260, 3 * fontMetrics().lineSpacing());
     statement_->tools().addStretch();
+    misfit_ = new QLabel(side);
+    misfit_->setObjectName(QStringLiteral("misfit"));
+    misfit_->setTextFormat(Qt::PlainText);
+    misfit_->setForegroundRole(QPalette::PlaceholderText);
+    misfit_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long one is cut, and whole in its tip
     caption->setBuddy(&statement_->box());
     connect(language_, &QComboBox::activated, this, [this](int row) {
         act([&] { logic_.LangSelector_Click(row == 0 ? SetActProp::Language::LDL : SetActProp::Language::SQL); });
@@ -158,6 +164,7 @@ QWidget* SetActPropWindow::newStatement() {
     rows->setContentsMargins({});
     rows->setSpacing(Spacing::gap / 2);
     rows->addLayout(head);
+    rows->addWidget(misfit_);
     rows->addWidget(statement_, 1);
     setTabOrder(language_, refresh_);
     setTabOrder(refresh_, statement_);

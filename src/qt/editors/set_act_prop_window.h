@@ -8,6 +8,7 @@
 #include "qt/forms/window_sizes.h"
 
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
@@ -53,6 +54,7 @@ class SetActPropWindow : public FormWindow {
     void showState();
     void showTypes();
     void showOK();
+    void showMisfit();
     void focusList();
 
     editors::SetActProp& logic_;
@@ -63,6 +65,7 @@ class SetActPropWindow : public FormWindow {
     QComboBox* language_;
     QPushButton* refresh_;
     StatementBox* statement_;
+    QLabel* misfit_;
     QSplitter* trees_;
     RowButtons* rowButtons_;
     QTabWidget* tabs_;

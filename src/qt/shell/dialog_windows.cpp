@@ -90,6 +90,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         UnfinishedWindow window(form.statements, over.widget());
         window.exec();
         form.goTo = window.chosen();
+        form.generate = window.generates();
     });
     dialogs.addWindow<editors::SetActProp>([&frame, &sizes](std::unique_ptr<editors::SetActProp> form) {
         (new OpenActivity(std::move(form), sizes, frame))->window.show();

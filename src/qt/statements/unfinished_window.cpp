@@ -17,9 +17,11 @@ constexpr QSize kUnfinishedSize(560, 320);
 }  // namespace
 
 UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedStatement>& statements, QWidget* parent)
-    : FormWindow(tr("Statements That Are Not Whole"), parent), list_(new QTreeWidget(this)) {
+    : FormWindow(tr("Statements To Look At"), parent), list_(new QTreeWidget(this)) {
     setObjectName(QStringLiteral("UnfinishedWindow"));
-    auto* words = new QLabel(tr("The file was written, but the statements of these activities are not whole:"), this);
+    auto* words = new QLabel(tr("The file was written, but the statements of these activities are not whole, or do not "
+                                "fit the activity any more. Write it again when they are mended."),
+                             this);
     words->setWordWrap(true);
     body().addWidget(words);
     list_->setObjectName(QStringLiteral("unfinished"));
@@ -41,6 +43,10 @@ UnfinishedWindow::UnfinishedWindow(const std::vector<statements::UnfinishedState
     addAccept(QStringLiteral("cmdGoTo"), tr("&Go To Activity"), [this] {
         chosen_ = list_->currentItem()->text(0).toStdString();
         return true;
+    });
+    addSideButton(QStringLiteral("cmdGenerate"), tr("Ge&nerate…"), [this] {
+        generates_ = true;
+        press();
     });
     addCancel(QStringLiteral("cmdClose")).setText(tr("&Close"));
     resize(kUnfinishedSize);
