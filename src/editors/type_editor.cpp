@@ -204,6 +204,7 @@ forms::List& TypeEditor::list(TypeListRole role) {
 void TypeEditor::But_NEW() {
     mode = TypeMode::create;
     edited_.clear();
+    begun_.reset();
     clearFields();
     txtDescr = words.hint;
     descrIsHint = !txtDescr.empty();
