@@ -206,6 +206,7 @@ TEST_F(TypeEditorTest, WhatTheRepositoryRefusesKeepsTheMode) {
     TypeEditor functions = editor(TypeKind::function);
     functions.But_NEW();
     functions.changeName("TWICE");
+    functions.changeDescr("described");
     addLine(functions, 0, "A");
     addLine(functions, 0, "A");
     addLine(functions, 1, "B");
@@ -248,6 +249,7 @@ TEST_F(TypeEditorTest, ATypeThatAnotherUserDeletesIsToldAndNothingTypedIsLost) {
         SCOPED_TRACE(types.words.window);
         types.But_NEW();
         types.changeName("Odd");
+        types.changeDescr("first");
         for (std::size_t list = 0; list < types.lists.size() && list < 2; ++list) {
             addLine(types, list, "L" + std::to_string(list));
         }
@@ -296,6 +298,7 @@ TEST_F(TypeEditorTest, AnyNameWithoutADotComesBackFromTheRepository) {
     for (const std::string& name : names) {
         types.But_NEW();
         types.changeName(name);
+        types.changeDescr(name);
         addLine(types, 0, name);
         addLine(types, 1, name + "2");
         inform("FUNCTION TYPE SAVED");

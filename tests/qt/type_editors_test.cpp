@@ -19,6 +19,7 @@ class TypeEditorsTest : public WindowTest {
             auto* descr = control<QTextEdit>(window, "txtFunctionTypeDescr");
             QCOMPARE(descr->textCursor().selectedText(), QStringLiteral("Give A Description For This Function Type"));
             QVERIFY(control<QLineEdit>(window, "txtFunctionTypeName")->hasFocus());
+            QTest::keyClicks(descr, QStringLiteral("The middle"));
             typeInto(window, "txtFunctionTypeName", QStringLiteral("MEDIAN_OF"));
             for (const char* add : {"AddInput", "AddOutPut"}) {
                 program.dialogs.at(QStringLiteral("InOutProp"), [](QDialog& item) {
