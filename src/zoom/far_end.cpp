@@ -210,7 +210,8 @@ class Search {
         if (link_.type == LinkFunctionOutput || link_.type == LinkInputFunction) {
             return activity == near_.owner();
         }
-        return !near_.isAttribute() || SecondSegment(link_.key) == (activity.empty() ? "IN" : activity);
+        return !near_.isAttribute() ||
+               link_.key.starts_with(function.Function_Key + "." + (activity.empty() ? "IN" : activity) + ".");
     }
 
     static const FunctionProperties* functionOf(const ActivityProperties* activity, const std::string& key) {

@@ -63,6 +63,7 @@ TEST_F(ZoomDialogs, ClosingUnfoldsTheNodeAsItWas) {
     for (const char* name : {"A2", "A1", "A3"}) {
         close(name, true);
     }
+    ASSERT_NE(form->nodeNamed("A1.IN.Y"), nullptr);
     EXPECT_TRUE(zoom::RenameNode(*form, node("A1.IN.Y"), "Z"));
     zoom::ApplyZoomChanges(*form, false);
     EXPECT_EQ(graph.present(), links);

@@ -137,6 +137,11 @@ class ListModelsTest : public WindowTest {
         model.click = [&](Tree::Node& node) { clicked = node.value().Key; };
         QVERIFY(model.setData(model.index(0, 0, parent), Qt::Checked, Qt::CheckStateRole));
         QCOMPARE(clicked, std::string("DB.RS.B"));
+        tree.alter(*tree.find("DB.RS.C"), [](forms::TreeNode& node) { node.Refusal = "It is taken."; });
+        const QModelIndex refused = model.index(1, 0, parent);
+        QCOMPARE(refused.flags() & (Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled | Qt::ItemIsEnabled),
+                 Qt::ItemFlags(Qt::ItemIsEnabled));
+        QCOMPARE(refused.data(Qt::ToolTipRole).toString(), QStringLiteral("DB.RS.C\nIt is taken."));
         tree.Clear();
         QCOMPARE(model.rowCount(), 0);
     }
