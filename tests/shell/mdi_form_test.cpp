@@ -245,7 +245,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"ColourByMetricM SelectAllM", {colourByMetric, selectAll}},
         {"ViewPartOfM ViewInstanceOfM ViewRegulatorM", {viewPartOf, viewInstanceOf, viewRegulator}},
         {"ViewProviderM ViewDerivedM ViewAttributesM", {viewProvider, viewDerived, viewAttributes}},
-        {"MakeRoomM LightPathsM LegendM", {makeRoom, lightPaths, legend}},
+        {"MakeRoomM LightPathsM LegendM QuitM", {makeRoom, lightPaths, legend, quit}},
         {"ZoomInM ZoomOutM ActivityZoomM", {zoomIn, zoomOut, activityZoom}},
         {"ShowDataTypesM ShowFunctionTypesM ShowActivityTypesM", {showDataTypes, showFunctionTypes, showActivityTypes}},
         {"LoadTestGraph HelpETLM HelpShortcutsM HelpAboutM", {loadTestGraph, help, shortcuts, about}}};
