@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_rules.h"
@@ -30,6 +31,8 @@ class DrawForm : public CanvasForm {
     struct Stored {
         std::uint64_t mark = 0;  ///< stands for the content as it was made, saved or loaded last
         bool changed = false;    ///< something has changed since, or the stored scenario is not the window's any more
+        /// What the rows of each node were when the window read or wrote them last, by its identifier; 0 is the edges.
+        std::unordered_map<long long, std::uint64_t> rows;
     };
     Stored stored;
     bool deleted = false;  ///< the scenario that the window showed was removed from the repository

@@ -37,6 +37,14 @@ class NoIdentifiersLeft : public platform::Fault {
         : Fault("This repository has no identifiers left.\nPlease save the scenario in another repository.") {}
 };
 
+/// There are not enough identifiers to bring stored rows in their new order; everything else is saved.
+class OrderNotStored : public platform::Fault {
+  public:
+    OrderNotStored()
+        : Fault("This repository has not enough identifiers left for the new order of members.\n"
+                "Everything else is saved; for the order please save the scenario in another repository.") {}
+};
+
 /// The identifier that the row just added has got. Beyond the last one that fits, the row goes again before anything
 /// can refer to it, and `NoIdentifiersLeft` is thrown.
 std::int16_t identifierOf(StatementCache& repository, const NewRow& row);

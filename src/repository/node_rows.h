@@ -14,6 +14,9 @@ struct StoredNode {
     canvas::NodeTypeCode type;
 };
 
+/// A stored `Node_Type`. One that no code can be has no rows of its own, like every unknown one.
+canvas::NodeTypeCode nodeType(long long stored);
+
 std::vector<StoredNode> nodesOf(StatementCache& repository, std::int16_t ScenarioID);
 
 /// Removes everything of one stored node but its row in `ScenarioNodes`.

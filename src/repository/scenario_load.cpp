@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/steps.h"
+#include "repository/stored_rows.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_reader.h"
 #include "repository/scenario_statements.h"
@@ -111,9 +112,7 @@ void finishNodes(DrawForm& form) {
 
 bool ScenarioLoadSave::LoadScenario(DrawForm& form, std::int16_t ScenarioID) {
     try {
-        const bool found = load(form, ScenarioID);
-        markStored(form);
-        return found;
+        return load(form, ScenarioID);
     } catch (const platform::Fault& fault) {
         form.ScenarioID = 0;
         form.setCaption(form.Caption() + " (in part)");
@@ -136,6 +135,8 @@ bool ScenarioLoadSave::load(DrawForm& form, std::int16_t ScenarioID) {
     catalogue_.LoadFunctionTypes();
     catalogue_.LoadActivityTypes();
 
+    // Read first: what another program changes from now on is seen at the next save.
+    const StoredRows stored = readStoredRows(repository, catalogue_.tables, ScenarioID);
     const std::vector<NodeRow> rows = nodeRows(repository, ScenarioID);
     ScenarioReader reader(repository, catalogue_);
     platform::Steps steps(services_.progress, rows.size());
@@ -145,6 +146,8 @@ bool ScenarioLoadSave::load(DrawForm& form, std::int16_t ScenarioID) {
     }
     loadLines(form, repository);
     finishNodes(form);
+    markStored(form);
+    form.stored.rows = marksOf(stored);
     return true;
 }
 

@@ -55,6 +55,8 @@ class ScenarioLoadSave {
     bool askAgain(SaveAttempt& save);
     void beginSave(SaveAttempt& save);
     bool findScenario(SaveAttempt& save);
+    void arrangeRows(SaveAttempt& save);
+    void compareStored(SaveAttempt& save, bool incomplete);
     void addScenario(SaveAttempt& save);
     void takeOverScenario(SaveAttempt& save);
     void writeScenario(SaveAttempt& save);

@@ -64,14 +64,15 @@ void runForKind(StatementCache& repository, const std::array<KindStatements<Code
 
 }  // namespace
 
+canvas::NodeTypeCode nodeType(long long stored) {
+    return std::in_range<std::int32_t>(stored) ? static_cast<canvas::NodeTypeCode>(stored) : canvas::NodeTypeCode{};
+}
+
 std::vector<StoredNode> nodesOf(StatementCache& repository, std::int16_t ScenarioID) {
     std::vector<StoredNode> nodes;
     platform::Statement& row = repository.run(sql::kNodeTypes, ScenarioID);
     while (row.fetch()) {
-        // A type that no code can be has no rows of its own, like every unknown one.
-        const long long type = row.number(2);
-        const bool isCode = std::in_range<std::int32_t>(type);
-        nodes.push_back({row.number(1), isCode ? static_cast<canvas::NodeTypeCode>(type) : canvas::NodeTypeCode{}});
+        nodes.push_back({row.number(1), nodeType(row.number(2))});
     }
     return nodes;
 }

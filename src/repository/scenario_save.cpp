@@ -1,14 +1,12 @@
 // The flow of a save: where a scenario is written to, and what happens when that fails.
 
-#include <algorithm>
 #include <optional>
-#include <unordered_set>
-#include <vector>
 
 #include "platform/steps.h"
 #include "repository/missing_types.h"
 #include "repository/node_rows.h"
-#include "repository/scenario_load_save.h"
+#include "repository/row_plan.h"
+#include "repository/save_attempt.h"
 #include "repository/scenario_statements.h"
 #include "repository/scenario_writer.h"
 #include "repository/stored_content.h"
@@ -20,21 +18,6 @@ using canvas::DrawForm;
 using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
-
-/// One save with all its attempts, and how the last attempt failed.
-struct ScenarioLoadSave::SaveAttempt {
-    DrawForm& form;
-    bool SaveAs;
-    StatementCache& repository;
-    StoredIdentity before;   ///< what the window stood for
-    bool replace = false;    ///< the user wants the stored scenario of that name replaced
-    bool fullWrite = false;  ///< the window's records were cut from the rows they stood for
-    bool nameTaken = false;  ///< the scenario's own row was refused
-    std::string owner{};     ///< another user, who owns the scenario of that name
-    bool hopeless = false;   ///< asking would not help
-    bool scenarioGone = false;
-    std::string fault{};
-};
 
 ScenarioLoadSave::Interrupted& ScenarioLoadSave::interrupted() {
     const std::string& source = services_.settings.login.ReposConnString;
@@ -79,7 +62,11 @@ SaveResult ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
         showFault(services_, fault);
         return SaveResult::givenUp;
     }
-    SaveAttempt save{.form = form, .SaveAs = SaveAs, .repository = *repository, .before = StoredIdentity(form)};
+    SaveAttempt save{.form = form,
+                     .SaveAs = SaveAs,
+                     .repository = *repository,
+                     .before = StoredIdentity(form),
+                     .wasUnsaved = form.stored.changed};
     while (!attempt(save)) {
         if (save.scenarioGone) {
             return SaveResult::scenarioGone;
@@ -115,6 +102,9 @@ bool ScenarioLoadSave::attempt(SaveAttempt& save) {
     } catch (const NoIdentifiersLeft& fault) {
         save.hopeless = true;
         save.fault = fault.description();
+    } catch (const OrderNotStored& fault) {
+        save.hopeless = true;
+        save.fault = fault.description();
     } catch (const platform::Fault& fault) {
         save.fault = fault.description();
     }
@@ -137,7 +127,12 @@ bool ScenarioLoadSave::askAgain(SaveAttempt& save) {
     const Answer answer = services_.messages.show("This Scenario Allready Exists.Would You Like To Replace It?",
                                                   "Overwrite Scenario", Icon::question, Buttons::destroyYesNoCancel);
     save.replace = answer == Answer::yes;
-    return save.replace || (answer == Answer::no && askNewName(save.form));
+    if (save.replace || answer != Answer::no) {
+        return save.replace;
+    }
+    // What another program has made of the scenario stays as it is.
+    save.SaveAs = save.SaveAs || save.changedElsewhere;
+    return askNewName(save.form);
 }
 
 /// Finds the rows to write to: those of the scenario that the window shows, or a scenario of its own.
@@ -145,57 +140,32 @@ void ScenarioLoadSave::beginSave(SaveAttempt& save) {
     DrawForm& form = save.form;
     if (form.ScenarioID == 0 || save.SaveAs) {
         addScenario(save);
-    } else if (findScenario(save)) {
+        return;
+    }
+    markUnsaved(form);  // until the last statement is through
+    if (findScenario(save)) {
+        interrupted().scenarios.insert(form.ScenarioID);
         ApplyDeletions(form, form.ScenarioID, save.repository);
+        arrangeRows(save);
     } else {
         save.scenarioGone = true;
     }
 }
 
-/// Looks what another program has left of the scenario that the window shows. False when it is not the window's any
-/// more. Single nodes that are gone become new.
-bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
-    DrawForm& form = save.form;
-    const std::int16_t ScenarioID = form.ScenarioID;
-    platform::Statement& row = save.repository.run(sql::kScenarioName, ScenarioID);
-    const bool found = row.fetch();
-    while (row.fetch()) {
-    }
-    if (!found) {
-        windows_.scenarioGone(ScenarioID, nullptr);
-        form.ScenarioID = 0;
-        form.stored.changed = true;
-        return false;
-    }
-    const std::unordered_set<long long> own = storedNodes(form);
-    std::unordered_set<long long> deleted;
-    for (const canvas::DeletedNode& node : *form.DeletedNodes) {
-        deleted.insert(node.NodeKind >= entities::DeletedActivity ? node.NodeID : 0);
-    }
-    std::unordered_set<long long> stored;
-    std::vector<StoredNode> others;
-    for (const StoredNode& node : nodesOf(save.repository, ScenarioID)) {
-        stored.insert(node.id);
-        if (!own.contains(node.id) && !deleted.contains(node.id)) {
-            others.push_back(node);
+/// Brings the stored rows in the order of the window, as far as there are identifiers for it.
+void ScenarioLoadSave::arrangeRows(SaveAttempt& save) {
+    const RowPlan plan(save.form, catalogue_.tables, save.rows);
+    const IdentifierNeed order = plan.anew();
+    if (order.subNodes > 0 || order.functions > 0) {
+        const IdentifierNeed others = newRows(save.form);
+        try {
+            requireIdentifiers(save.repository, sql::kDrawSubNode, order.subNodes + others.subNodes);
+            requireIdentifiers(save.repository, sql::kDrawFunction, order.functions + others.functions);
+        } catch (const NoIdentifiersLeft&) {
+            save.orderLeft = true;
         }
     }
-    const bool interruptedHere = interrupted().scenarios.contains(ScenarioID);
-    const bool noneLeft = std::ranges::none_of(own, [&](long long id) { return stored.contains(id); });
-    if (!interruptedHere && noneLeft && !others.empty()) {
-        form.ScenarioID = 0;  // replaced; another window may show what stands there now
-        form.stored.changed = true;
-        return false;
-    }
-    if (interruptedHere) {
-        windows_.scenarioGone(ScenarioID, &form);
-        for (const StoredNode& node : others) {  // rows that nobody knows
-            removeMembers(save.repository, node);
-            save.repository.run(sql::kDropNode, node.id);
-        }
-    }
-    forgetNodesWithoutRow(form, stored);
-    return true;
+    plan.carryOut(save.repository, !save.orderLeft);
 }
 
 void ScenarioLoadSave::addScenario(SaveAttempt& save) {
@@ -224,6 +194,7 @@ void ScenarioLoadSave::addScenario(SaveAttempt& save) {
     }
     uncertain.erase(form.ScenarioName());
     save.fullWrite = true;
+    markUnsaved(form);
     form.ScenarioID = ScenarioID;
     forgetStoredRows(form);
 }
@@ -248,18 +219,22 @@ bool ScenarioLoadSave::isOwnLeftover(const std::string& name, StatementCache& re
 /// Everything is written anew then: the rows that the records know are gone.
 void ScenarioLoadSave::takeOverScenario(SaveAttempt& save) {
     DrawForm& form = save.form;
-    platform::Statement& owner = save.repository.run(sql::kScenarioOwner, form.ScenarioName());
-    while (owner.fetch()) {
-        const std::string user = owner.text(1);
-        save.owner = user == services_.settings.login.User ? "" : user;
-    }
-    if (!save.owner.empty()) {
-        return;
-    }
     std::optional<long long> known;
-    platform::Statement& row = save.repository.run(sql::kScenarioByName, form.ScenarioName());
-    while (row.fetch()) {
-        known = row.number(1);
+    if (save.changedElsewhere && !save.SaveAs) {
+        known = form.ScenarioID;  // whatever its name is by now
+    } else {
+        platform::Statement& owner = save.repository.run(sql::kScenarioOwner, form.ScenarioName());
+        while (owner.fetch()) {
+            const std::string user = owner.text(1);
+            save.owner = user == services_.settings.login.User ? "" : user;
+        }
+        if (!save.owner.empty()) {
+            return;
+        }
+        platform::Statement& row = save.repository.run(sql::kScenarioByName, form.ScenarioName());
+        while (row.fetch()) {
+            known = row.number(1);
+        }
     }
     if (!known) {
         save.hopeless = true;
@@ -277,6 +252,7 @@ void ScenarioLoadSave::takeOverScenario(SaveAttempt& save) {
     interrupted().names.erase(form.ScenarioName());
     interrupted().scenarios.insert(form.ScenarioID);
     save.fullWrite = true;
+    markUnsaved(form);
     forgetStoredRows(form);
     removeRows(form.ScenarioID, false, &form);
 }
@@ -302,10 +278,18 @@ void ScenarioLoadSave::writeScenario(SaveAttempt& save) {
         removeRows(ScenarioID, !save.replace, &form);
         save.before.restore(form);
         save.fullWrite = false;
+        form.stored.changed = save.wasUnsaved;
+        form.tellStored();
+        interrupted().scenarios.erase(ScenarioID);
+        throw NoIdentifiersLeft();
     }
+    compareStored(save, writer.exhausted() || save.orderLeft);
     interrupted().scenarios.erase(ScenarioID);
     if (writer.exhausted()) {
         throw NoIdentifiersLeft();
+    }
+    if (save.orderLeft) {
+        throw OrderNotStored();
     }
 }
 

@@ -27,6 +27,16 @@ inline constexpr std::string_view kRecordSet = "SELECT RecordSet_SQL FROM Record
 inline constexpr std::string_view kRecordSetOutputs = "SELECT Output_ID,Output_Key,DB_Key,Output_Type FROM RecordSetOutputs WHERE RecordSet_ID=?";
 inline constexpr std::string_view kScenarioOwner = "SELECT User_Name FROM Scenarios WHERE Scenario_Name=?";
 
+// All rows of a scenario at once, each behind its owner.
+inline constexpr std::string_view kRecordSetsOf = "SELECT RecordSet_ID,RecordSet_SQL FROM RecordSets WHERE RecordSet_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+inline constexpr std::string_view kRecordSetOutputsOf = "SELECT RecordSet_ID,Output_ID,Output_Key,DB_Key,Output_Type FROM RecordSetOutputs WHERE RecordSet_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+inline constexpr std::string_view kActivitiesOf = "SELECT Activity_ID,Activity_Descr,Activity_Type,Activity_Log,Activity_SQL,Activity_LDL,Activity_SchemaNo FROM Activities WHERE Activity_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+inline constexpr std::string_view kActivitySubNodesOf = "SELECT Activity_ID,SubNode_ID,SubNode_Key,SubNode_Kind,SubNode_Name,SubNode_Type,SubNode_Tag FROM ActivitySubNodes WHERE Activity_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+inline constexpr std::string_view kActivityFunctionsOf = "SELECT Activity_ID,Function_ID,Function_Key,Function_Source,Function_Type FROM ActivityFunctions WHERE Activity_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+inline constexpr std::string_view kFunctionSubNodesOf = "SELECT Function_ID,SubNode_ID,SubNode_Key,SubNode_Kind,SubNode_Name,SubNode_Type FROM FunctionSubNodes WHERE Function_ID IN (SELECT Function_ID FROM ActivityFunctions WHERE Activity_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?))";
+inline constexpr std::string_view kLinksOf = "SELECT Node_ID,SubNode_ID,Relationship_Kind,From_Key,From_Name,From_Type FROM RelationShips WHERE Node_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+inline constexpr std::string_view kCommentsOf = "SELECT Comment_ID,Comment_Text FROM Comments WHERE Comment_ID IN (SELECT Node_ID FROM ScenarioNodes WHERE Scenario_ID=?)";
+
 // Whether a row is there, by its identifier.
 inline constexpr std::string_view kHasNode = "SELECT Node_ID FROM ScenarioNodes WHERE Node_ID=?";
 inline constexpr std::string_view kHasRecordSet = "SELECT RecordSet_ID FROM RecordSets WHERE RecordSet_ID=?";

@@ -1,9 +1,10 @@
 #include "repository/stored_content.h"
 
 #include <bit>
-#include <cstring>
 #include <string>
 #include <string_view>
+
+#include "repository/content_mark.h"
 
 namespace orvent::repository {
 
@@ -144,27 +145,15 @@ class NullCharacters {
     const std::string* node_ = nullptr;
 };
 
-class Mark {
+class ContentMark {
   public:
     void node(const std::string&) {}
-    void number(std::uint64_t value) {
-        mark_ = (mark_ ^ value) * 0x9E3779B97F4A7C15U;
-        mark_ ^= mark_ >> 29;
-    }
-    void text(const char*, std::string_view value) {
-        number(value.size() + 1);
-        while (!value.empty()) {
-            std::uint64_t part = 0;
-            const std::size_t size = std::min(value.size(), sizeof part);
-            std::memcpy(&part, value.data(), size);
-            number(part);
-            value.remove_prefix(size);
-        }
-    }
-    std::uint64_t value() const { return mark_; }
+    void number(std::uint64_t value) { mark_.number(value); }
+    void text(const char*, std::string_view value) { mark_.text(value); }
+    std::uint64_t value() const { return mark_.value(); }
 
   private:
-    std::uint64_t mark_ = 0;
+    Mark mark_;
 };
 
 }  // namespace
@@ -177,21 +166,28 @@ void refuseNullCharacters(const canvas::DrawForm& form) {
 }
 
 std::uint64_t contentMark(const canvas::DrawForm& form) {
-    Mark mark;
+    ContentMark mark;
     StoredFields(mark).walk(form);
     return mark.value();
 }
 
 void markStored(canvas::DrawForm& form) {
-    form.stored = {contentMark(form), false};
+    form.stored.mark = contentMark(form);
+    form.stored.changed = false;
     form.deleted = false;
     form.tellStored();
 }
 
-bool isUnsaved(canvas::DrawForm& form) {
-    if (!form.stored.changed && contentMark(form) != form.stored.mark) {
+void markUnsaved(canvas::DrawForm& form) {
+    if (!form.stored.changed) {
         form.stored.changed = true;
         form.tellStored();
+    }
+}
+
+bool isUnsaved(canvas::DrawForm& form) {
+    if (!form.stored.changed && contentMark(form) != form.stored.mark) {
+        markUnsaved(form);
     }
     return form.stored.changed;
 }

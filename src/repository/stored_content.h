@@ -17,6 +17,9 @@ std::uint64_t contentMark(const canvas::DrawForm& form);
 /// The window was just saved or loaded: nothing in it is unsaved.
 void markStored(canvas::DrawForm& form);
 
+/// The window may not be what is stored any more.
+void markUnsaved(canvas::DrawForm& form);
+
 /// Whether anything that a save would write has changed since the window was made, saved or loaded. Once it is so it
 /// stays so until the next save, and is answered without a walk. The window's listeners are told when it becomes so.
 bool isUnsaved(canvas::DrawForm& form);

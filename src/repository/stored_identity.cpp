@@ -101,6 +101,20 @@ IdentifierNeed identifierNeed(const canvas::DrawForm& form) {
     return need;
 }
 
+IdentifierNeed newRows(canvas::DrawForm& form) {
+    IdentifierNeed need;
+    const auto count = [&need](const std::int16_t& identifier) { need.subNodes += identifier == 0 ? 1 : 0; };
+    for (canvas::LabelsD& node : form.Labels) {
+        eachIdentifier(node, count);  // nodes and functions are taken for members: a few too many
+        if (const auto* activity = node.activity()) {
+            for (const entities::FunctionProperties& function : activity->Act_Functions) {
+                need.functions += function.FunctionID == 0 ? 1 : 0;
+            }
+        }
+    }
+    return need;
+}
+
 std::unordered_set<long long> storedNodes(const canvas::DrawForm& form) {
     std::unordered_set<long long> identifiers;
     for (const canvas::LabelsD& node : form.Labels) {

@@ -43,6 +43,9 @@ struct IdentifierNeed {
 };
 IdentifierNeed identifierNeed(const canvas::DrawForm& form);
 
+/// How many of them the next plain save draws.
+IdentifierNeed newRows(canvas::DrawForm& form);
+
 /// The identifiers of all nodes of the window that have a row.
 std::unordered_set<long long> storedNodes(const canvas::DrawForm& form);
 

@@ -255,6 +255,35 @@ TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {
     EXPECT_EQ(testkit::modelText(form()), before);
 }
 
+TEST_P(EveryRepository, WhatChangedElsewhereIsAskedAboutAndOrderComesBack) {
+    frame_->frame.run(Command::loadTestGraph);
+    saveAs("Shared");
+    const auto turn = [](auto& list) { list.move(1, list.Count()); };
+    testkit::TestFrame other(*repository_);
+    ASSERT_TRUE(other.frame.start());
+    other.load("Shared");
+    turn(*other.active().nodeNamed("RS1")->recordSet()->RecordSet_Outputs);
+    other.saved();
+    other.frame.run(Command::saveScenario);
+
+    turn(*form().nodeNamed("Activity2")->activity()->Act_Outputs);
+    turn(*form().nodeNamed("Activity2")->activity()->Act_Functions);
+    form().nodeNamed("Activity2")->activity()->Act_Parameters->Item(1)->Tag = 7;
+    const std::string shown = testkit::modelText(form());
+    messages().expect("*", "", Icon::critical);
+    testkit::expectOverwrite(messages(), Answer::yes);
+    saveAgain();
+    saveAgain();
+    closeAndLoad("Shared");
+    EXPECT_EQ(testkit::modelText(form()), shown);
+    turn(*form().nodeNamed("Activity2")->activity()->Act_Functions);
+    turn(*form().nodeNamed("RS1")->recordSet()->RecordSet_Outputs);
+    const std::string turned = testkit::modelText(form());
+    saveAgain();
+    closeAndLoad("Shared");
+    EXPECT_EQ(testkit::modelText(form()), turned);
+}
+
 using Side = testkit::HookedDatabase::Side;
 
 /// Interrupts the first save at a statement, mends the repository, and saves again.

@@ -79,6 +79,18 @@ class StoredScenarioTest : public ::testing::Test, public canvas::ScenarioStore 
         return *form.nodeNamed("Act1")->activity();
     }
 
+    /// A copy of the graph's function under another name.
+    static void addFunction(canvas::DrawForm& form, const char* name, int position) {
+        auto function = activity(form).Act_Functions->Item("F")->Clone();
+        function->Function_Key = function->Function_Name = name;
+        for (auto* list : {&*function->Function_Inputs, &*function->Function_Outputs}) {
+            for (entities::ParameterProperties& parameter : *list) {
+                parameter.ParentKeyName = name;
+            }
+        }
+        activity(form).Act_Functions->insert(position, function, name);
+    }
+
     /// A form with the graph saved in it, at the first identifiers of a fresh repository.
     std::unique_ptr<canvas::DrawForm> savedGraph() {
         auto form = graph("Demo");

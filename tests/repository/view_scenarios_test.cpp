@@ -90,7 +90,8 @@ TEST_F(ViewScenariosTest, SavesUnderTheNameOrKeepsTheCaption) {
     messages.expect("Saved");
     EXPECT_TRUE(dialog.OKButton());
     EXPECT_EQ(form->Caption(), "mine");
-    EXPECT_EQ(database.log.back(), "SELECT Scenario_ID_seq.CURRVAL FROM dual");
+    EXPECT_EQ(std::ranges::count(database.log, "INSERT INTO Scenarios VALUES (?,Scenario_ID_seq.NEXTVAL,?) [mine,ann]"),
+              2);
 }
 
 TEST_F(ViewScenariosTest, LoadsIntoANewWindow) {

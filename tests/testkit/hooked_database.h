@@ -5,13 +5,16 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/database.h"
+#include "platform/text.h"
 
 namespace orvent::testkit {
 
 /// A database passed through, in which something happens in the middle of the work: `hook` runs once, right before the
-/// `countdown`-th execution from now, or right behind it. Only texts that begin with `beginning` count.
+/// `countdown`-th execution from now, or right behind it. Only texts that begin with `beginning` count. What was
+/// executed is kept as "text [value,value]", but for queries.
 class HookedDatabase : public platform::Database {
   public:
     explicit HookedDatabase(platform::Database& real) : real_(real) {}
@@ -27,9 +30,14 @@ class HookedDatabase : public platform::Database {
     std::optional<platform::KeyLimit> keyLimit;  ///< in the place of the real one's
     bool happened() const { return !hook_; }
 
+    std::vector<std::string> written;
+    bool countsNoRow = false;  ///< an UPDATE is said to reach no row
+    std::string standsFor;     ///< the source that is opened whatever the name, or empty
+
     std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
                                                const std::string& password) override {
-        return std::make_unique<HookedConnection>(*this, real_.open(source, user, password));
+        return std::make_unique<HookedConnection>(*this,
+                                                  real_.open(standsFor.empty() ? source : standsFor, user, password));
     }
 
   private:
@@ -38,13 +46,16 @@ class HookedDatabase : public platform::Database {
         HookedStatement(HookedDatabase& owner, std::string_view sql, std::unique_ptr<platform::Statement> real)
             : owner_(owner), sql_(sql), real_(std::move(real)) {}
 
-        void bind(int parameter, std::string_view text) override { real_->bind(parameter, text); }
-        void bind(int parameter, long long number) override { real_->bind(parameter, number); }
-        void bind(int parameter, float number) override { real_->bind(parameter, number); }
+        void bind(int parameter, std::string_view text) override { keep(parameter, std::string(text), text); }
+        void bind(int parameter, long long number) override { keep(parameter, std::to_string(number), number); }
+        void bind(int parameter, float number) override { keep(parameter, platform::numberText(number), number); }
         void execute() override {
             const bool now = owner_.hook_ && sql_.starts_with(owner_.beginning_) && --owner_.countdown_ <= 0;
             if (now && owner_.side_ == Side::before) {
                 std::exchange(owner_.hook_, nullptr)();
+            }
+            if (!sql_.starts_with("SELECT")) {
+                owner_.written.push_back(values_.empty() ? sql_ : sql_ + " [" + values_ + "]");
             }
             real_->execute();
             if (now && owner_.side_ == Side::behind) {
@@ -56,11 +67,18 @@ class HookedDatabase : public platform::Database {
         std::string text(int column) override { return real_->text(column); }
         long long number(int column) override { return real_->number(column); }
         float realNumber(int column) override { return real_->realNumber(column); }
-        long long changedRows() override { return real_->changedRows(); }
+        long long changedRows() override { return owner_.countsNoRow ? 0 : real_->changedRows(); }
 
       private:
+        template <class Value>
+        void keep(int parameter, const std::string& text, Value value) {
+            values_ = parameter == 1 ? text : values_ + "," + text;
+            real_->bind(parameter, value);
+        }
+
         HookedDatabase& owner_;
         std::string sql_;
+        std::string values_;
         std::unique_ptr<platform::Statement> real_;
     };
 
