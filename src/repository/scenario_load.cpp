@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/steps.h"
-#include "repository/stored_rows.h"
+#include "repository/load_check.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_reader.h"
 #include "repository/scenario_statements.h"
@@ -148,6 +148,10 @@ bool ScenarioLoadSave::load(DrawForm& form, std::int16_t ScenarioID) {
     finishNodes(form);
     markStored(form);
     form.stored.rows = marksOf(stored);
+    if (const std::string words = damageOf(form, catalogue_.tables, stored); !words.empty()) {
+        markUnsaved(form);
+        services_.messages.tell(words, {}, platform::Icon::warning);
+    }
     return true;
 }
 

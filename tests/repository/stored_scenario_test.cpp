@@ -1,5 +1,6 @@
 // Scenarios on a real repository: what comes back.
 
+#include "repository/stored_content.h"
 #include "stored_scenario_fixture.h"
 
 namespace orvent::testkit {
@@ -18,6 +19,9 @@ TEST_F(StoredScenarioTest, ComesBackFromOddRowsToo) {
     windows.calls.clear();
     const auto back = loaded(1);
     EXPECT_EQ(modelText(*back), modelText(*form));
+    EXPECT_EQ(user.told.back(),
+              "The stored scenario is not whole; a save of it may have been broken off.\nNot as it is stored: Act1, "
+              "(edges).\nEdges lead to what is not there: Gone.\nPlease look it through and save it again.");
     EXPECT_EQ(back->Caption(), "Demo");
     EXPECT_EQ(back->ScenarioID, 1);
     EXPECT_EQ(windows.calls, (std::vector<std::string>{"disable", "enable"}));
@@ -26,6 +30,40 @@ TEST_F(StoredScenarioTest, ComesBackFromOddRowsToo) {
     EXPECT_EQ(activity(*back).Act_Functions->Item("F")->Function_Name, "F");
     EXPECT_EQ(activity(*back).Act_Inputs->Item("A")->ProvidedFrom->Item(1)->Provider_Name, "RS2")
         << "the order of sources is kept";
+}
+
+// What a program that was killed in the middle of a save leaves, and what a load says of it.
+TEST_F(StoredScenarioTest, AMixtureIsLoadedWithAWord) {
+    const auto form = savedGraph();
+    const std::pair<const char*, const char*> rows[] = {
+        {"DELETE FROM Lines", "\nThere is no edge, though nodes are linked."},
+        {"DELETE FROM RelationShips WHERE Node_ID=1", "\nNot as it is stored: RS1."},
+        {"UPDATE ActivitySubNodes SET SubNode_Key='N',SubNode_Name='N' WHERE SubNode_Key='A'",
+         "\nLinks lead to what is not there, in: RS1, RS2, Act1."},
+        {"DELETE FROM ActivitySubNodes WHERE SubNode_Key='O'", "\nNot as it is stored: Act1."},
+        {"DELETE FROM RecordSets WHERE RecordSet_ID=3", "\nNot as it is stored: Bare."},
+        {"DELETE FROM Comments", "\nNot as it is stored: Comment0."},
+        {"UPDATE ScenarioNodes SET Node_Name='New' WHERE Node_ID=1", "\nEdges lead to what is not there: RS1."},
+        {"INSERT INTO ActivitySubNodes VALUES (4,SubNode_ID_seq.NEXTVAL,'O',2,'twice','DATE',3)",
+         "\nNot as it is stored: Act1."},
+    };
+    for (const auto& [sql, words] : rows) {
+        SCOPED_TRACE(sql);
+        user.told.clear();
+        EXPECT_FALSE(repository::isUnsaved(*loaded(form->ScenarioID)));
+        ASSERT_TRUE(user.told.empty()) << user.told[0];
+        run(sql);
+        const auto damaged = loaded(1);
+        ASSERT_EQ(user.told.size(), 1u);
+        EXPECT_NE(user.told[0].find(words), std::string::npos) << user.told[0];
+        EXPECT_EQ(user.told[0].find("\nPlease look it through and save it again."),
+                  user.told[0].size() - std::string("\nPlease look it through and save it again.").size());
+        save(*damaged, false, Answer::cancel);
+        ASSERT_EQ(user.told.back(), "Saved");
+        loadSave.RemoveScenario(1, true);
+        run("UPDATE orvent_sequences SET value=0");
+        save(*form, true, Answer::cancel);
+    }
 }
 
 TEST_F(StoredScenarioTest, ALoadThatBreaksOffLeavesNoScenarioToSave) {

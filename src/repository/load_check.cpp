@@ -1,0 +1,116 @@
+#include "repository/load_check.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "entities/link_types.h"
+#include "platform/name_list.h"
+#include "repository/row_plan.h"
+#include "zoom/far_end.h"
+
+namespace orvent::repository {
+
+using canvas::DrawForm;
+using zoom::Direction;
+
+namespace {
+
+/// A constant is nothing but the links to it, and other types lead to nothing that the scenario holds.
+bool leadsToAMember(entities::LinkType type) {
+    using namespace entities;
+    constexpr LinkType types[] = {LinkRecordSet,         LinkActivity,        LinkInput,
+                                  LinkActivityInput,     LinkParameterOutput, LinkFunctionOutput,
+                                  LinkRecordSetFunction, LinkInputFunction};
+    return std::ranges::find(types, type) != std::end(types);
+}
+
+/// Looks at the links that are stored with their holders.
+class StoredLinks {
+  public:
+    explicit StoredLinks(const DrawForm& form) : form_(form) {
+        for (const canvas::LabelsD& node : form.Labels) {
+            const int before = dangling_;
+            if (const auto* activity = node.activity()) {
+                walk(*activity);
+            } else if (const auto* recordSet = node.recordSet()) {
+                for (const auto& attribute : recordSet->RecordSet_Outputs) {
+                    look(Direction::ProviderFor, attribute, attribute.ProviderFor);
+                }
+            }
+            if (dangling_ > before) {
+                holders_.push_back(node.Caption());
+            }
+        }
+    }
+
+    /// The nodes with links that lead to nothing.
+    const std::vector<std::string>& holders() const { return holders_; }
+    bool joinNodes() const { return joinNodes_; }
+
+  private:
+    void walk(const entities::ActivityProperties& activity) {
+        for (const auto& input : activity.Act_Inputs) {
+            look(Direction::ProvidedFrom, input, input.ProvidedFrom);
+        }
+        for (const auto& output : activity.Act_Outputs) {
+            look(Direction::ProvidedFrom, output, output.ProvidedFrom);
+            look(Direction::ProviderFor, output, output.ProviderFor);
+            look(Direction::RegulatedFrom, output, output.RegulatedFrom);
+        }
+        for (const auto& parameter : activity.Act_Parameters) {
+            look(Direction::RegulatedFrom, parameter, parameter.RegulatedFrom);
+        }
+        for (const auto& function : activity.Act_Functions) {
+            for (const auto& input : function.Function_Inputs) {
+                look(Direction::RegulatedFrom, input, input.RegulatedFrom);
+            }
+        }
+    }
+
+    template <class Holder, class Links>
+    void look(Direction direction, const Holder& holder, const entities::Lazy<Links>& links) {
+        const zoom::NearEnd near(holder);
+        for (const auto& link : links) {
+            if (!leadsToAMember(link.type())) {
+                continue;
+            }
+            const zoom::FarEndView far =
+                zoom::findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, nullptr);
+            dangling_ += far.attribute || far.parameter ? 0 : 1;
+            joinNodes_ = joinNodes_ || (far.attribute && direction == Direction::ProviderFor &&
+                                        far.attribute->ParentKeyName != holder.ParentKeyName);
+        }
+    }
+
+    const DrawForm& form_;
+    int dangling_ = 0;
+    bool joinNodes_ = false;
+    std::vector<std::string> holders_;
+};
+
+}  // namespace
+
+std::string damageOf(DrawForm& form, const entities::CatalogueTables& tables, const StoredRows& rows) {
+    std::string words;
+    const auto tell = [&words](const char* what, const std::vector<std::string>& names) {
+        words += names.empty() ? "" : std::string("\n") + what + platform::nameList(names) + ".";
+    };
+    tell("Not as it is stored: ", RowPlan(form, tables, rows).differing());
+    std::vector<std::string> unknown;
+    for (const std::string& name : rows.lineEnds) {
+        if (!form.nodeNamed(name) && std::ranges::find(unknown, name) == unknown.end()) {
+            unknown.push_back(name);
+        }
+    }
+    tell("Edges lead to what is not there: ", unknown);
+    const StoredLinks links(form);
+    tell("Links lead to what is not there, in: ", links.holders());
+    if (rows.lineEnds.empty() && links.joinNodes()) {
+        words += "\nThere is no edge, though nodes are linked.";
+    }
+    return words.empty() ? words
+                         : "The stored scenario is not whole; a save of it may have been broken off." + words +
+                               "\nPlease look it through and save it again.";
+}
+
+}  // namespace orvent::repository
