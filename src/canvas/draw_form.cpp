@@ -1,5 +1,7 @@
 #include "canvas/draw_form.h"
 
+#include "platform/name_list.h"
+
 namespace orvent::canvas {
 
 void DrawForm::Save() {
@@ -13,11 +15,25 @@ std::string DrawForm::titleMark() const {
     return stored.changed ? mark + " \u2022" : mark;
 }
 
+std::vector<std::string> DrawForm::unstorable() const {
+    std::vector<std::string> names;
+    for (const LabelsD& node : Labels) {
+        const entities::ActivityProperties* activity = node.activity();
+        if (activity && activity->Act_Type == -1) {
+            names.push_back(node.Caption());
+        }
+    }
+    return names;
+}
+
 bool DrawForm::QueryUnload() {
     using namespace platform;
-    return messages().showWith(stored.changed ? "Changes that were not saved will be lost." : "Everything is saved.",
-                               "ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario", Icon::question,
-                               Buttons::destroyOkCancel) == Answer::ok;
+    std::string state = stored.changed ? "Changes that were not saved will be lost." : "Everything is saved.";
+    if (const std::vector<std::string> names = unstorable(); stored.changed && !names.empty()) {
+        state += "\nNo save keeps an activity without a type: " + nameList(names) + ".";
+    }
+    return messages().showWith(state, "ARE YOU SURE YOU WANT TO CLOSE " + Caption() + " ?", "Closing Scenario",
+                               Icon::question, Buttons::destroyOkCancel) == Answer::ok;
 }
 
 }  // namespace orvent::canvas

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_rules.h"
@@ -36,6 +37,9 @@ class DrawForm : public CanvasForm {
     };
     Stored stored;
     bool deleted = false;  ///< the scenario that the window showed was removed from the repository
+
+    /// The nodes that no save writes: activities without a type.
+    std::vector<std::string> unstorable() const;
 
     /// Tells that `stored` or `deleted` has changed.
     void tellStored() { tellForm(); }

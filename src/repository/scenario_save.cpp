@@ -38,6 +38,9 @@ SaveResult ScenarioLoadSave::SaveScenario(DrawForm& form, bool SaveAs) {
     const SaveResult result = save(form, SaveAs);
     if (result == SaveResult::saved) {
         markStored(form);
+        if (!form.unstorable().empty()) {
+            markUnsaved(form);
+        }
         services_.messages.tell("Saved");
     } else if (form.Caption() != form.KeptCaption) {
         form.setCaption(form.KeptCaption);

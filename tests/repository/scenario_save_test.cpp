@@ -110,6 +110,30 @@ TEST_F(ScenarioSaveTest, UnchangedSaveRewritesLinksAndLinesOnlyAndSaveAsAll) {
     EXPECT_EQ(form->DeletedNodes->Count(), 0) << "the deletions are the first scenario's";
 }
 
+TEST_F(ScenarioSaveTest, WhatASaveLeavesOutKeepsTheMarkAndIsNamedAtClosing) {
+    const auto saysAtClosing = [this] {
+        form->QueryUnload();
+        return closing.smaller;
+    };
+    save(false);
+    EXPECT_TRUE(form->stored.changed);
+    const std::string lost =
+        "Changes that were not saved will be lost.\nNo save keeps an activity without a type: Bare";
+    EXPECT_EQ(saysAtClosing(), lost + ".");
+    for (const char* name : {"B", "C", "D", "E", "F", "G"}) {
+        node(canvas::NodeTypeActivity, name);
+    }
+    EXPECT_EQ(saysAtClosing(), lost + ", B, C, D, E and 2 more.");
+    for (canvas::LabelsD& each : form->Labels) {
+        if (each.activity()) {
+            each.activity()->Act_Type = 1;
+        }
+    }
+    messages.expect("Saved");
+    loadSave.SaveScenario(*form, false);
+    EXPECT_EQ(saysAtClosing(), "Everything is saved.");
+}
+
 TEST_F(ScenarioSaveTest, TakenNameReplacesTheOtherScenario) {
     save(false);
     storeOther("Taken");
