@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/fault.h"
-
 namespace orvent::analysis {
 
 namespace {
@@ -24,16 +22,9 @@ MetricTints::MetricTints(const canvas::DrawForm& form, const std::int16_t& Trans
 }
 
 void MetricTints::countAnew() {
-    fault_.clear();
-    rows_.clear();
     places_.assign(static_cast<std::size_t>(form_.LabelsNo) + 1, 0);
     MetricsViews views;
-    try {
-        MetricsFunctions(views, depth_).addNodeRows(form_);
-    } catch (const platform::Fault& fault) {
-        fault_ = fault.what();  // the legend tells it
-        return;
-    }
+    MetricsFunctions(views, depth_).addNodeRows(form_);
     rows_ = std::move(views.InpMetrView);
     for (std::size_t at = 0; at < rows_.size(); ++at) {
         places_[static_cast<std::size_t>(rows_[at].node)] = at + 1;
@@ -60,7 +51,7 @@ std::optional<double> MetricTints::share(const canvas::LabelsD& node) const {
 }
 
 std::string MetricTints::range() const {
-    return fault_.empty() ? "0 to " + std::to_string(largest_) : fault_;
+    return "0 to " + std::to_string(largest_);
 }
 
 }  // namespace orvent::analysis

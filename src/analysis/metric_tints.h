@@ -31,7 +31,6 @@ class MetricTints : public canvas::Tints {
     std::vector<MetricsRow> rows_;
     std::vector<std::size_t> places_;  ///< in `rows_` by `Index` of the node, from 1 on; 0 for none
     int largest_ = 0;
-    std::string fault_;
 };
 
 }  // namespace orvent::analysis

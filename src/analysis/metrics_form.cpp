@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <utility>
+
+#include "platform/fault.h"
 
 namespace orvent::analysis {
 
@@ -18,51 +21,71 @@ void MetricsForm::turn(Face to, const char* entityLabel, const char* switchText,
     Switch = switchText;
     nameColumn = nameHead;
     Counter = depth_;
-    Entities.clear();
     selected = -1;
     twoLists = false;
+    note.clear();
     views.clear();
+    list();
+    showState();
+}
+
+void MetricsForm::list() {
+    Entities.clear();
+    if (face == Face::Scenarios) {
+        for (const int scenario : scenarios_.open()) {
+            Entities.push_back({scenarios_.at(scenario)->Caption(), scenario, 0});
+        }
+    } else if (const canvas::DrawForm* form = scenarios_.at(scenario_)) {
+        for (const canvas::LabelsD& node : form->Labels) {
+            if (node.NodeType() == canvas::NodeTypeRecordSet || node.NodeType() == canvas::NodeTypeActivity) {
+                Entities.push_back({node.Caption(), scenario_, node.Index()});
+            }
+        }
+    }
 }
 
 void MetricsForm::EntitiesView() {
     turn(Face::Entities, "Structured Entities", "Scenario Metrics", "ATTRIBUTE NAME");
-    if (const canvas::DrawForm* form = scenarios_.at(scenario_)) {
-        for (const canvas::LabelsD& node : form->Labels) {
-            if (node.NodeType() == canvas::NodeTypeRecordSet || node.NodeType() == canvas::NodeTypeActivity) {
-                Entities.push_back({node.Caption(), scenario_});
-            }
-        }
-    }
-    showState();
 }
 
 void MetricsForm::ScenariosView() {
     turn(Face::Scenarios, "Scenarios:", "Entities Metrics", "ENTITY NAME");
-    for (const int scenario : scenarios_.open()) {
-        Entities.push_back({scenarios_.at(scenario)->Caption(), scenario});
-    }
-    showState();
 }
 
 void MetricsForm::clickEntity(int position) {
-    views.clear();
+    const int former = selected;
     selected = position >= 0 && position < static_cast<int>(Entities.size()) ? position : -1;
     const Entry* entry = selected < 0 ? nullptr : &Entities[static_cast<std::size_t>(selected)];
     const canvas::DrawForm* form = entry ? scenarios_.at(entry->scenario) : nullptr;
-    const canvas::LabelsD* node = form && face == Face::Entities ? form->nodeNamed(entry->name) : nullptr;
-    twoLists = node && node->activity();
-    MetricsFunctions metrics(views, Counter, &progress_);
+    const bool whole = !form || form->Enabled();
+    note = whole ? std::string() : form->Caption() + " is counted when its dialog or zoom is closed.";
+    if (whole || selected != former) {
+        views.clear();
+        twoLists = false;
+    }
     try {
-        if (node) {
-            metrics.EntityMetrics(*form, *node);
-        } else if (form && face == Face::Scenarios) {
-            metrics.ScenarioMetrics(*form);
+        if (form && whole) {
+            count(*form, *entry);
         }
     } catch (...) {
         showState();
         throw;  // told by whoever runs commands
     }
     showState();
+    if (views.beyond != 0 && !std::exchange(toldBeyond_, true)) {
+        throw platform::Fault("Overflow: " + std::to_string(views.beyond) +
+                              " does not fit in 16 bits. It is shown as it is.");
+    }
+}
+
+void MetricsForm::count(const canvas::DrawForm& form, const Entry& entry) {
+    MetricsFunctions metrics(views, Counter, &progress_);
+    if (face == Face::Scenarios) {
+        metrics.ScenarioMetrics(form);
+    } else if (const canvas::LabelsD* node = form.nodeNamed(entry.name)) {
+        twoLists = node->activity() != nullptr;
+        metrics.EntityMetrics(form, *node);
+    }
 }
 
 void MetricsForm::changeCounter(std::int16_t value) {
@@ -71,9 +94,18 @@ void MetricsForm::changeCounter(std::int16_t value) {
 }
 
 void MetricsForm::RefreshBut() {
-    if (selected >= 0) {
-        clickEntity(selected);
+    if (selected < 0) {
+        list();
+        showState();
+        return;
     }
+    const Entry chosen = Entities[static_cast<std::size_t>(selected)];
+    list();
+    const auto again = std::find_if(Entities.begin(), Entities.end(), [&chosen](const Entry& entry) {
+        return entry.scenario == chosen.scenario && entry.node == chosen.node;
+    });
+    selected = again == Entities.end() ? -1 : static_cast<int>(again - Entities.begin());
+    clickEntity(selected);
 }
 
 void MetricsForm::clickSwitch() {
@@ -95,19 +127,16 @@ std::vector<std::size_t> MetricsForm::order(const std::vector<MetricsRow>& view)
     std::vector<std::size_t> places(view.size());
     std::iota(places.begin(), places.end(), std::size_t{0});
     if (sorted_) {
-        std::vector<std::string> texts;
-        for (const MetricsRow& row : view) {
-            texts.push_back(cell(row, sortColumn_));
-        }
         std::stable_sort(places.begin(), places.end(), [&](std::size_t one, std::size_t other) {
-            return ascending_ ? texts[one] < texts[other] : texts[other] < texts[one];
+            const std::int32_t a = view[one].values[sortColumn_], b = view[other].values[sortColumn_];
+            return ascending_ ? a < b : b < a;
         });
     }
     return places;
 }
 
-std::int16_t MetricsForm::largest(std::size_t column) const {
-    std::int16_t value = 0;
+std::int32_t MetricsForm::largest(std::size_t column) const {
+    std::int32_t value = 0;
     for (const auto* view : {&views.InpMetrView, &views.OutMetrView}) {
         for (const MetricsRow& row : *view) {
             value = std::max(value, row.values[column]);
@@ -146,7 +175,7 @@ std::string MetricsForm::asText(char separator) const {
     for (const auto* view : {&views.InpMetrView, &views.OutMetrView}) {
         for (const std::size_t at : order(*view)) {
             text += quoted((*view)[at].name);
-            for (const std::int16_t value : (*view)[at].values) {
+            for (const std::int32_t value : (*view)[at].values) {
                 text += separator + std::to_string(value);
             }
             text += "\n";

@@ -34,6 +34,7 @@ class MetricsForm {
     struct Entry {
         std::string name;
         int scenario;
+        std::int32_t node;  ///< `Index`, 0 for a scenario
     };
 
     /// `TransDepth` is the value of the run that goes with the stored setting. Opens in the entities face.
@@ -48,6 +49,7 @@ class MetricsForm {
     int selected = -1;  ///< position in `Entities`, -1 for none
     bool twoLists = false;
     MetricsViews views;
+    std::string note;          ///< why the chosen entry is not counted at the moment, else empty
     std::int16_t Counter = 0;  ///< the transitive depth; it takes effect at the next refresh
 
     /// Set by the window: shows everything again.
@@ -56,8 +58,11 @@ class MetricsForm {
     void EntitiesView();
     void ScenariosView();
 
+    /// Counts. A scenario that a dialog or a zoom works on is not whole: its entry is chosen and not counted. The first
+    /// number beyond 16 bits is told by a `Fault`, once for each window; the tables hold it nevertheless.
     void clickEntity(int position);
     void changeCounter(std::int16_t value);
+    /// Lists the entries anew and counts the chosen one again.
     void RefreshBut();
     void clickSwitch();
     /// A click on a column button; `Index` counts from 0, without the name column.
@@ -73,7 +78,7 @@ class MetricsForm {
         return PadColumns(std::to_string(row.values[column]));
     }
     /// The largest value of a column in the two views, at least 0.
-    std::int16_t largest(std::size_t column) const;
+    std::int32_t largest(std::size_t column) const;
 
     /// Goes to the node of a row in its scenario's window; nothing when it is gone.
     void reveal(const MetricsRow& row);
@@ -83,6 +88,8 @@ class MetricsForm {
 
   private:
     void turn(Face to, const char* entityLabel, const char* switchText, const char* nameHead);
+    void list();
+    void count(const canvas::DrawForm& form, const Entry& entry);
     void showState() const;
     int scenarioOfTables() const;
 
@@ -94,6 +101,7 @@ class MetricsForm {
     bool sorted_ = false;
     bool ascending_ = true;
     std::size_t sortColumn_ = 0;
+    bool toldBeyond_ = false;
 };
 
 }  // namespace orvent::analysis

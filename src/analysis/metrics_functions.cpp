@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <string_view>
@@ -9,7 +10,6 @@
 
 #include "analysis/attribute_walks.h"
 #include "analysis/budgeted_walk.h"
-#include "platform/fault.h"
 #include "platform/steps.h"
 
 namespace orvent::analysis {
@@ -19,11 +19,11 @@ using canvas::LinesD;
 
 namespace {
 
-std::int16_t checked(std::int64_t value) {
-    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
-        throw platform::Fault("Overflow: " + std::to_string(value) + " is more than a metric can hold.");
-    }
-    return static_cast<std::int16_t>(value);
+/// The one farther from 0, if it is beyond 16 bits.
+std::int64_t beyondOf(std::int64_t former, std::int64_t value) {
+    const bool fits =
+        value >= std::numeric_limits<std::int16_t>::min() && value <= std::numeric_limits<std::int16_t>::max();
+    return !fits && std::abs(value) > std::abs(former) ? value : former;
 }
 
 /// What is counted; the other columns follow from it.
@@ -45,7 +45,7 @@ MetricsRow rowOf(const std::string& name, std::int32_t node, const Counts& count
                                                               total};
     MetricsRow row{name, node};
     for (std::size_t column = 0; column < kMetricsColumns; ++column) {
-        row.values[column] = checked(values[column]);
+        row.values[column] = static_cast<std::int32_t>(values[column]);
     }
     return row;
 }
@@ -143,6 +143,7 @@ void MetricsViews::clear() {
     OutMetrView.clear();
     SumView.fill(kNoMetric);
     AvgView.fill(kNoMetric);
+    beyond = 0;
 }
 
 /// Counts the attributes of one node, in both directions.
@@ -238,9 +239,11 @@ void MetricsFunctions::SumsAndAverages() {
         for (const auto* view : {&views_.InpMetrView, &views_.OutMetrView}) {
             for (const MetricsRow& row : *view) {
                 sum += row.values[column];
+                views_.beyond = beyondOf(views_.beyond, row.values[column]);
             }
         }
-        views_.SumView[column] = std::to_string(checked(sum));
+        views_.beyond = beyondOf(views_.beyond, sum);
+        views_.SumView[column] = std::to_string(sum);
         if (rows > 0) {
             views_.AvgView[column] = average(sum, rows);
         }

@@ -37,7 +37,7 @@ inline constexpr const char* kNoMetric = "-----";
 struct MetricsRow {
     std::string name;
     std::int32_t node = 0;  ///< `Index` of the node that shows it or owns it
-    std::array<std::int16_t, kMetricsColumns> values = {};
+    std::array<std::int32_t, kMetricsColumns> values = {};
 };
 
 /// The tables that are filled: inputs, record set attributes or nodes in the first, outputs in the second.
@@ -46,14 +46,14 @@ struct MetricsViews {
     std::vector<MetricsRow> OutMetrView;
     std::array<std::string, kMetricsColumns> SumView;
     std::array<std::string, kMetricsColumns> AvgView;
+    std::int64_t beyond = 0;  ///< the number farthest from 0 that does not fit in 16 bits, 0 for none
 
     MetricsViews() { clear(); }
     void clear();
 };
 
 /// Counts how strongly things depend on each other: direct neighbours, and what is reached by walks along the links of
-/// attributes or the edges of nodes that visit at most `TransDepth` of them. Values and sums beyond 16 bits throw a
-/// `Fault`; the rows that stand stay. Nothing of the scenario changes.
+/// attributes or the edges of nodes that visit at most `TransDepth` of them. Nothing of the scenario changes.
 class MetricsFunctions {
   public:
     /// The views are filled anew by each call. `progress` shows how far a long count is, unless it is to be quiet.
@@ -82,7 +82,7 @@ class MetricsFunctions {
     platform::Progress* progress_;
 };
 
-/// The text of a cell: a filler before a value below 10, so that texts sort as numbers do.
+/// The text of a cell: a filler before a value of one digit.
 std::string PadColumns(const std::string& value);
 
 }  // namespace orvent::analysis

@@ -81,7 +81,9 @@ bool SetActProp::ApplyActivity() {
     if (onApplied) {
         onApplied();
     }
+    services_.repository.progress.status("Properties Saved");
     tell("Properties Saved", Icon::information);
+    services_.repository.progress.status("Ready");
     return true;
 }
 

@@ -213,8 +213,11 @@ void MDIForm1::chooseGroup(int group) {
 }
 
 void MDIForm1::changeUser() {
-    const bool dialogOpen = std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
-                                        [&](const auto& form) { return form && !form->Enabled() && !viewOver(*form); });
+    // A view over a scenario disables it, too; dialogs are open over the view then.
+    const bool dialogOpen =
+        std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
+                    [&](const auto& form) { return form && !form->Enabled() && !viewOver(*form); }) ||
+        std::any_of(others_.begin(), others_.end(), [](const auto& view) { return !view->Enabled(); });
     if (dialogOpen) {
         ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
         return;

@@ -62,7 +62,8 @@ void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
 void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
     const std::vector<UnfinishedStatement> statements = unfinishedStatements(form);
     if (statements.empty()) {
-        progress_.status({});
+        reported_ = nullptr;
+        progress_.status("Ready");
         return;
     }
     std::string names, outdated;
@@ -82,7 +83,7 @@ void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
 void LDLScenarioWriter::cameForward(const canvas::DrawForm* form) {
     if (reported_ && form != reported_) {
         reported_ = nullptr;
-        progress_.status({});
+        progress_.status("Ready");
     }
 }
 

@@ -75,6 +75,10 @@ TEST_F(MetricsWindow, FacesEntriesAndTables) {
     form.clickEntity(0);
     EXPECT_EQ(form.views.InpMetrView.size(), 3U) << "a row for each node";
     EXPECT_EQ(form.largest(Local_IN), 1);
+    first.setCaption("Sales, new");
+    form.RefreshBut();
+    EXPECT_EQ(names(), "Sales, new@3 Sales@5 ");
+    EXPECT_EQ(form.views.InpMetrView.size(), 3U);
     numbers = {5};
     form.clickEntity(0);
     EXPECT_TRUE(form.views.InpMetrView.empty()) << "that scenario was closed";
@@ -93,8 +97,59 @@ TEST_F(MetricsWindow, ATableForOtherProgramsKeepsOddNamesAndANodeThatIsGoneIsEmp
               "\"a,\"\"b\",0,0,0,0,0,0,0,0,0\nSum,0,0,0,0,0,0,0,0,0\nAverage,0,0,0,0,0,0,0,0,0\n");
     first.Labels.Remove(first.nodeNamed("S")->Index());
     form.RefreshBut();
+    EXPECT_EQ(names(), "R@3 A@3 ");
+    EXPECT_EQ(form.selected, -1);
     EXPECT_TRUE(form.views.InpMetrView.empty());
     EXPECT_EQ(form.views.SumView[0], kNoMetric);
+}
+
+TEST_F(MetricsWindow, RefreshFollowsNodesToTheirNewNamesAndPlaces) {
+    form.clickEntity(1);
+    testkit::GraphBuilder{first}.recordSet("S", {});
+    first.nodeNamed("A")->setCaption("B");
+    first.Labels.Remove(first.nodeNamed("R")->Index());
+    form.RefreshBut();
+    EXPECT_EQ(names(), "B@3 S@3 ");
+    EXPECT_EQ(form.selected, 0);
+    EXPECT_EQ(form.views.OutMetrView.size(), 1U);
+    form.clickEntity(7);
+    first.nodeNamed("B")->setCaption("C");
+    form.RefreshBut();
+    EXPECT_EQ(names(), "C@3 S@3 ") << "also when none is chosen";
+}
+
+TEST_F(MetricsWindow, AScenarioThatADialogWorksOnIsNotCounted) {
+    form.clickEntity(1);
+    const std::string counted = form.asText(' ');
+    first.setEnabled(false);
+    first.nodeNamed("A")->activity()->Act_Inputs->Item("ID")->ProvidedFrom->Clear();
+    form.RefreshBut();
+    EXPECT_EQ(form.asText(' '), counted) << "what was counted stays";
+    EXPECT_EQ(form.note, "Sales is counted when its dialog or zoom is closed.");
+    form.clickEntity(0);
+    EXPECT_EQ(form.views.SumView[0], kNoMetric) << "these would be another entry's numbers";
+    form.clickSwitch();
+    EXPECT_EQ(form.note, "");
+    form.clickEntity(0);
+    EXPECT_TRUE(form.views.InpMetrView.empty());
+    first.setEnabled(true);
+    form.RefreshBut();
+    EXPECT_EQ(form.note, "");
+    EXPECT_EQ(form.views.InpMetrView.size(), 3U);
+}
+
+TEST_F(MetricsWindow, WhatIsBeyondSixteenBitsIsShownAndToldOnce) {
+    for (int edge = 0; edge < 20000; ++edge) {
+        testkit::GraphBuilder{first}.edge("R", "A");
+    }
+    form.ScenariosView();
+    int shown = 0;
+    form.show = [&shown] { ++shown; };
+    EXPECT_THROW(form.clickEntity(0), platform::Fault);
+    EXPECT_EQ(shown, 1) << "the tables come before the words";
+    EXPECT_EQ(form.views.SumView[Local_DEGREE], "40002");
+    form.RefreshBut();
+    EXPECT_EQ(shown, 2);
 }
 
 TEST_F(MetricsWindow, TheCounterIsStoredAtOnceAndCountsAtTheNextRefresh) {
@@ -108,17 +163,18 @@ TEST_F(MetricsWindow, TheCounterIsStoredAtOnceAndCountsAtTheNextRefresh) {
     EXPECT_EQ(form.views.SumView[Trans_IN], "-2");
 }
 
-TEST_F(MetricsWindow, ColumnButtonsSortByTheTextOfTheCells) {
-    form.clickSwitch();
-    form.clickEntity(0);
+TEST_F(MetricsWindow, ColumnButtonsSortByValue) {
+    for (const int value : {9, 122, -3, 21, 10, -12}) {
+        form.views.InpMetrView.push_back({"", 0, {1, value}});
+    }
     using Places = std::vector<std::size_t>;
-    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2}));
-    form.lblButLittle(Local_IN);
-    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{1, 0, 2})) << "descending first";
-    form.lblButLittle(Local_IN);
-    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 2, 1}));
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2, 3, 4, 5}));
     form.lblButLittle(Local_OUT);
-    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2}));
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{1, 3, 4, 0, 2, 5})) << "descending first";
+    form.lblButLittle(Local_OUT);
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{5, 2, 0, 4, 3, 1}));
+    form.lblButLittle(Local_IN);
+    EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2, 3, 4, 5})) << "of equals the order stays";
 }
 
 }  // namespace

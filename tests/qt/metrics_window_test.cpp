@@ -74,7 +74,20 @@ class MetricsWindowTest : public WindowTest {
         const auto placeOf = [](const QWidget& widget) { return QRect(widget.mapToGlobal(QPoint()), widget.size()); };
         QVERIFY(!placeOf(*program.window).intersects(placeOf(program.frame.area())));
         auto* list = control<QListView>(*program.window, "Entities");
-        control<QLineEdit>(*program.window, "search")->setText(QStringLiteral("vity2"));
+        auto* search = control<QLineEdit>(*program.window, "search");
+        program.clickEntry(7);  // Activity2
+        const QString counted = program.cell("InpMetrView", 0, 0);
+        for (const char* words : {"vity1", "vity", ""}) {  // typing chooses nothing
+            search->setText(QLatin1String(words));
+            QCOMPARE(program.cell("InpMetrView", 0, 0), counted);
+        }
+        QCOMPARE(list->currentIndex().row(), 7);
+        click(*program.window, "Switch");
+        program.clickEntry(0);
+        search->setText(QStringLiteral("am"));
+        click(*program.window, "Switch");
+        QCOMPARE(search->text(), QString());
+        search->setText(QStringLiteral("vity2"));
         QCOMPARE(list->model()->rowCount(), 1);
         program.clickEntry(0);
         QCOMPARE(program.cell("InpMetrView", 1, 1), QStringLiteral(" 2"));

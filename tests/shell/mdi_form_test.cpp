@@ -8,6 +8,7 @@
 
 #include "repository/stored_content.h"
 #include "testkit/model_text.h"
+#include "testkit/second_form.h"
 #include "testkit/test_frame.h"
 
 namespace orvent::shell {
@@ -198,6 +199,18 @@ TEST_F(Frame, CommandsPassADisabledWindowBy) {
     EXPECT_FALSE(frame.frame.close(frame.active()));
     repository.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
     frame.frame.run(Command::changeUser);
+    // A view disables its scenario as well; a dialog is open when it is disabled itself.
+    auto made = std::make_unique<testkit::SecondForm>(
+        frame.active(), canvas::CanvasServices{repository.messages, frame.frame.options().canvas});
+    canvas::CanvasForm& view = *made;
+    frame.frame.show(std::move(made));
+    for (const bool dialog : {false, true}) {
+        view.setEnabled(!dialog);
+        dialog
+            ? repository.messages.expect("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!")
+            : testkit::expectLogin(repository.messages, Answer::cancel);
+        frame.frame.run(Command::changeUser);
+    }
 }
 
 TEST_F(Frame, AnotherUserClosesAllScenariosFirst) {

@@ -225,7 +225,7 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), words);
     reporting.cameForward(nullptr);
-    EXPECT_EQ(progress.statuses.back(), "");
+    EXPECT_EQ(progress.statuses.back(), "Ready");
     progress.statuses.push_back("Another's words");
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), "Another's words");

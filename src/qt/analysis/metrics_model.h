@@ -31,7 +31,7 @@ class MetricsModel : public QAbstractTableModel {
     const analysis::MetricsForm& form_;
     const std::vector<analysis::MetricsRow>& rows_;
     std::vector<std::size_t> shown_;
-    std::vector<std::int16_t> largest_;
+    std::vector<std::int32_t> largest_;
 };
 
 /// The sum and average rows.

@@ -113,8 +113,12 @@ QWidget* MetricsWindow::buildEntries() {
             clickEntry(entry);
         }
     });
-    connect(search_, &SearchField::textChanged, found_, &QSortFilterProxyModel::setFilterFixedString);
-    connect(switch_, &QPushButton::clicked, this, [this] { form_->clickSwitch(); });
+    connect(search_, &SearchField::textChanged, this,
+            [this](const QString& words) { showEntries([&] { found_->setFilterFixedString(words); }); });
+    connect(switch_, &QPushButton::clicked, this, [this] {
+        search_->clear();
+        form_->clickSwitch();
+    });
     side->setMinimumWidth(150);
     return side;
 }
@@ -124,6 +128,10 @@ QWidget* MetricsWindow::buildTables() {
     auto* box = new QVBoxLayout(side);
     box->setContentsMargins(0, 0, 0, 0);
     addRowOfTools(*box);
+    note_ = new QLabel(side);
+    note_->setObjectName(QStringLiteral("note"));
+    note_->setWordWrap(true);
+    box->addWidget(note_);
     inpView_ = addTable(*box, QStringLiteral("InpMetrView"), tr("Metrics"), *inputs_);
     inOutLbl_ = new QLabel(tr("Outputs"), side);
     box->addWidget(inOutLbl_);
@@ -188,7 +196,23 @@ bool MetricsWindow::eventFilter(QObject* watched, QEvent* event) {
     return QDockWidget::eventFilter(watched, event);
 }
 
+/// While the list changes nobody chooses; the chosen entry stays chosen where it is shown.
+void MetricsWindow::showEntries(const std::function<void()>& change) {
+    listing_ = true;
+    change();
+    const QModelIndex chosen = found_->mapFromSource(entries_->index(form_->selected));
+    if (chosen.isValid()) {
+        list_->setCurrentIndex(chosen);
+    } else {
+        list_->selectionModel()->clear();
+    }
+    listing_ = false;
+}
+
 void MetricsWindow::clickEntry(const QModelIndex& entry) {
+    if (listing_) {
+        return;
+    }
     counted_ = true;
     form_->clickEntity(found_->mapToSource(entry).row());
 }
@@ -226,10 +250,13 @@ void MetricsWindow::showState() {
     for (const analysis::MetricsForm::Entry& entry : form_->Entities) {
         names.append(text(entry.name));
     }
-    if (names != entries_->stringList()) {
-        const QSignalBlocker quiet(list_->selectionModel());
-        entries_->setStringList(names);
-    }
+    showEntries([&] {
+        if (names != entries_->stringList()) {
+            entries_->setStringList(names);
+        }
+    });
+    note_->setText(text(form_->note));
+    note_->setVisible(!form_->note.empty());
     const QSignalBlocker quiet(counter_);
     counter_->setValue(form_->Counter);
     inputs_->refresh();

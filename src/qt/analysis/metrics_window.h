@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDockWidget>
+#include <functional>
 #include <memory>
 
 #include "analysis/metrics_form.h"
@@ -42,6 +43,7 @@ class MetricsWindow : public QDockWidget {
     void addRowOfTools(QVBoxLayout& box);
     void link(QTableView& one, QTableView& other);
     void clickEntry(const QModelIndex& entry);
+    void showEntries(const std::function<void()>& change);
     void showState();
     void showOrder();
     void saveAsCsv();
@@ -53,11 +55,13 @@ class MetricsWindow : public QDockWidget {
     QStringListModel* entries_;
     QSortFilterProxyModel* found_;  ///< the entries that the search finds
     bool counted_ = false;          ///< the press under way has chosen another entry, which was counted
+    bool listing_ = false;          ///< the list changes by itself: nobody chooses
     QLabel* lblEntity_ = nullptr;
     QListView* list_ = nullptr;
     SearchField* search_ = nullptr;
     QSpinBox* counter_ = nullptr;
     QPushButton* switch_ = nullptr;
+    QLabel* note_ = nullptr;
     QLabel* inOutLbl_ = nullptr;
     QTableView* inpView_ = nullptr;
     QTableView* outView_ = nullptr;
