@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include <memory>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -189,8 +190,8 @@ void renameAndBack(editors::SetActProp& dialog, int row) {
 void addAndRemove(editors::SetActProp& dialog, int row) {
     forms::Tree::Node& column = *dialog.DBView.find("DB.WIDE.C" + std::to_string(dialog.frontList().Count()));
     dialog.frontList().select(row);
-    dialog.NodeClick(dialog.DBView, column);
-    dialog.NodeClick(dialog.DBView, column);
+    dialog.NodeClick({&column});
+    dialog.NodeClick({&column});
 }
 
 constexpr RowStep kSteps[] = {
@@ -210,8 +211,29 @@ void rowStep(benchmark::State& state, const RowStep& step) {
     state.SetItemsProcessed(state.iterations() * 20);
 }
 
-/// All columns of a record set at once.
-void checkParent(benchmark::State& state) {
+/// All columns of a record set come by one tick, and go again in three ways.
+struct ManyStep {
+    const char* name;
+    void (*takeAway)(editors::SetActProp& dialog, forms::Tree::Node& parent);
+};
+
+void untick(editors::SetActProp& dialog, forms::Tree::Node& parent) {
+    dialog.NodeClick({&parent});
+}
+void deleteSelected(editors::SetActProp& dialog, forms::Tree::Node&) {
+    std::vector<int> rows(static_cast<std::size_t>(dialog.frontList().Count()));
+    std::iota(rows.begin(), rows.end(), 1);
+    dialog.frontList().select(rows, 1);
+    dialog.Move2Tree_Click();
+}
+void allToTree(editors::SetActProp& dialog, forms::Tree::Node&) {
+    dialog.MoveAll2Tree_Click();
+}
+
+constexpr ManyStep kManySteps[] = {
+    {"dialog tick, untick", untick}, {"dialog tick, delete", deleteSelected}, {"dialog tick, all to tree", allToTree}};
+
+void manyRows(benchmark::State& state, const ManyStep& step) {
     const int columns = static_cast<int>(state.range(0));
     Hub hub(0, {0, 0, 0});
     RecordSetProperties& wide = *hub.form.nodeNamed("WIDE")->recordSet();
@@ -222,9 +244,9 @@ void checkParent(benchmark::State& state) {
     const auto dialog = hub.open();
     forms::Tree::Node& parent = *dialog->DBView.find("DB.WIDE");
     for (auto _ : state) {
-        dialog->NodeClick(dialog->DBView, parent);
+        dialog->NodeClick({&parent});
         demand(dialog->frontList().Count() == columns, "not all columns came");
-        dialog->NodeClick(dialog->DBView, parent);
+        step.takeAway(*dialog, parent);
         demand(dialog->frontList().Count() == 0, "not all columns went");
     }
     state.SetItemsProcessed(state.iterations() * columns);
@@ -257,7 +279,6 @@ BENCHMARK(openByMembers)
     ->Repetitions(9)
     ->ReportAggregatesOnly(true)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(checkParent)->Name("dialog check parent")->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(renameActivity)->Name("dialog rename")->Arg(100)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 [[maybe_unused]] const bool kRegistered = [] {
@@ -265,6 +286,12 @@ BENCHMARK(renameActivity)->Name("dialog rename")->Arg(100)->Arg(10000)->Unit(ben
         benchmark::RegisterBenchmark(step.name, [&step](benchmark::State& state) { rowStep(state, step); })
             ->Arg(100)
             ->Arg(10000);
+    }
+    for (const ManyStep& step : kManySteps) {
+        benchmark::RegisterBenchmark(step.name, [&step](benchmark::State& state) { manyRows(state, step); })
+            ->Arg(1000)
+            ->Arg(10000)
+            ->Unit(benchmark::kMillisecond);
     }
     return true;
 }();

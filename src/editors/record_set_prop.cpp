@@ -114,9 +114,8 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
     }
     const std::string name = AfterLastDot(rowKey);
     if (tempProp->RecordSet_Outputs->Item(name)) {
-        if (many_ == 0 || !std::exchange(toldTaken_, true)) {
-            messages().tell("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
-        }
+        taken_ = true;
+        tellTaken();
         return;
     }
     AttributeProperties attribute;
@@ -150,13 +149,23 @@ void RecordSetProp::markNode(const std::string& key, bool used) {
     }
 }
 
-void RecordSetProp::moveMany(const std::function<void()>& moves) {
-    toldTaken_ = toldTaken_ && many_ > 0;
-    ++many_;
-    moves();
-    if (--many_ == 0) {
-        recomputeParents(DBView);
+void RecordSetProp::tellTaken() {
+    if (many_ == 0 && std::exchange(taken_, false)) {
+        messages().tell("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
     }
+}
+
+void RecordSetProp::moveMany(const std::function<void()>& moves) {
+    {
+        const forms::List::Gathering list(AttList);
+        const forms::Tree::Gathering tree(DBView);
+        ++many_;
+        moves();
+        if (--many_ == 0) {
+            recomputeParents(DBView);
+        }
+    }
+    tellTaken();
 }
 
 void RecordSetProp::RemoveRowByTree(Tree::Node& node) {

@@ -58,7 +58,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void MoveAll2Tree_Click();
     void CutFullNames_Click();
     void RestoreFullNames_Click();
-    void NodeClick(forms::Tree::Node& node) { NodeCheck(*this, DBView, node); }
+    void NodeClick(const std::vector<forms::Tree::Node*>& nodes) { NodeCheck(*this, nodes); }
     void Drop(const std::vector<std::string>& nodeKeys, int position);
     /// False: the label keeps its text.
     bool AfterLabelEdit(int row, const std::string& text);
@@ -74,7 +74,6 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     std::string rowKeyOf(const forms::Tree::Node& node) const override;
     void AddRow(forms::Tree::Node& node, int position) override;
     void RemoveRowByTree(forms::Tree::Node& node) override;
-    void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) override { recomputeParent(tree, parent); }
     void moveMany(const std::function<void()>& moves) override;
 
     void markEdited();
@@ -89,6 +88,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void putBack();
     void renameInGraph(entities::RecordSetProperties& record, const std::string& formerName);
     void applyRecord(const std::string& formerName);
+    void tellTaken();
     void tell(const char* text) { messages().tell(text, {}, platform::Icon::warning); }
 
     EditorServices services_;
@@ -97,7 +97,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     bool edited_ = false;                                       ///< something was changed by hand
     int deletedMark_ = 0;
     int many_ = 0;
-    bool toldTaken_ = false;  // of several nodes that move together, one refusal is told
+    bool taken_ = false;  // of several nodes that move together, one was refused; it is told once
 };
 
 }  // namespace orvent::editors

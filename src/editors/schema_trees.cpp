@@ -156,12 +156,10 @@ void SchemaMarks::unmark(const std::string& nodeKey, int list, const std::string
     show(nodeKey, entry->second);
 }
 
-std::string SchemaMarks::rowOf(const std::string& nodeKey, int list) const {
+const std::vector<std::string>& SchemaMarks::rowsOf(const std::string& nodeKey, int list) const {
+    static const std::vector<std::string> kNone;
     const auto entry = uses_.find(nodeKey);
-    if (entry == uses_.end() || list < 0 || entry->second[static_cast<std::size_t>(list)].empty()) {
-        return {};
-    }
-    return entry->second[static_cast<std::size_t>(list)].front();
+    return entry == uses_.end() || list < 0 ? kNone : entry->second[static_cast<std::size_t>(list)];
 }
 
 void SchemaMarks::show(const std::string& nodeKey, const Uses& uses) {

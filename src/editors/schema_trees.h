@@ -56,8 +56,8 @@ class SchemaMarks {
     /// Withdraws all marks.
     void clear();
 
-    /// The first row of the list that uses the node, empty when none does.
-    std::string rowOf(const std::string& nodeKey, int list) const;
+    /// The rows of the list that use the node, as they came.
+    const std::vector<std::string>& rowsOf(const std::string& nodeKey, int list) const;
 
     /// While one lives, parents are not recomputed; its end recomputes those whose children were marked.
     class Bulk {

@@ -314,10 +314,6 @@ void SetActProp::RestoreNamesM_Click() {
     renameRows([](const forms::ListRow& row) { return row.Key; });
 }
 
-void SetActProp::NodeClick(forms::Tree& tree, forms::Tree::Node& node) {
-    NodeCheck(*this, tree, node);
-}
-
 namespace {
 
 /// From the graph, activities and what they provide are dropped on the inputs, and any node on the parameters.

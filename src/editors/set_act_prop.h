@@ -85,7 +85,8 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void CutFullNamesM_Click();
     void RestoreNamesM_Click();
     void RefreshHeadersM_Click() { refreshRows(); }
-    void NodeClick(forms::Tree& tree, forms::Tree::Node& node);
+    /// A click on nodes of one tree.
+    void NodeClick(const std::vector<forms::Tree::Node*>& nodes) { NodeCheck(*this, nodes); }
     /// A dragged node comes near the edge of its tree: the list that receives it comes forward.
     void DragOut(const forms::Tree::Node& node) { listFor(node); }
     /// Whether a drop of nodes of these keys on the list in front counts.

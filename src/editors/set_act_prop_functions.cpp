@@ -108,6 +108,8 @@ void SetActProp_Functions::MarkRowInTree(const ListRow& row, int number, bool us
 }
 
 void SetActProp_Functions::moveMany(const std::function<void()>& moves) {
+    const forms::List::Gathering inputs(AttList[kInputs]), outputs(AttList[kOutputs]), parameters(AttList[kParameters]);
+    const forms::Tree::Gathering graph(ActView), database(DBView);
     const SchemaMarks::Bulk bulk(marks_);
     moves();
 }

@@ -72,7 +72,6 @@ class SetActProp_Functions : public RowOperations {
     std::string rowKeyOf(const forms::Tree::Node& node) const override;
     void AddRow(forms::Tree::Node& node, int position) override;
     void RemoveRowByTree(forms::Tree::Node& node) override;
-    void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) override { recomputeParent(tree, parent); }
     void moveMany(const std::function<void()>& moves) override;
 
   protected:
@@ -111,7 +110,7 @@ class SetActProp_Functions : public RowOperations {
     void addListRow(int number, forms::ListRow row, int position = 0);
     void removeListRow(int number, const std::string& key);
     void note(std::int16_t id, entities::NodeKindCode kind);
-    bool unlink(const std::string& nodeKey, int number, const std::string& key);
+    bool unlink(const std::string& nodeKey, int number, int row);
     void removeTypeMembers();
     void addTypeMembers(const entities::ActivityTypeProperties& type, entities::Act_FunctionsCollection& functions);
 

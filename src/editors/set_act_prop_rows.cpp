@@ -1,5 +1,7 @@
 // The rows of the activity dialog's lists as they come and go.
 
+#include <algorithm>
+
 #include "editors/function_nodes.h"
 #include "editors/list_rows.h"
 #include "editors/set_act_prop_functions.h"
@@ -248,26 +250,30 @@ void SetActProp_Functions::removeFunction(const std::string& key) {
 void SetActProp_Functions::RemoveRowByTree(Tree::Node& node) {
     const std::string nodeKey = node.value().Key;
     const int number = listOfColour(node.value().ForeColor);
-    const std::string key = marks_.rowOf(nodeKey, number);
-    if (key.empty()) {
+    int row = 0;
+    for (const std::string& user : marks_.rowsOf(nodeKey, number)) {
+        const int at = list(number).positionOf(user);
+        row = row == 0 ? at : std::min(row, at);
+    }
+    if (row == 0) {
         return;
     }
-    if (!unlink(nodeKey, number, key)) {
+    if (!unlink(nodeKey, number, row)) {
         const int front = SelectedList;
         SelectedList = number;
-        RemoveRow(list(number).positionOf(key));
+        RemoveRow(row);
         SelectedList = front;
     }
 }
 
 /// Takes the one link to the tree node away from a row that stays: it has other links, or the activity's type or the
 /// wizard brought it. False when the row has to go.
-bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, const std::string& key) {
-    const int row = list(number).positionOf(key);
+bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, int row) {
     const ListRow* shown = list(number).Item(row);
     if (!shown || isFunctionRow(*shown)) {
         return false;
     }
+    const std::string key = shown->Key;
     std::int16_t tag = shown->Tag;
     const auto cut = [&](auto& entity, auto& links, int count, auto unsynchronise) {
         if (count < 2 && tag < kTagTypeOutput) {

@@ -1,6 +1,8 @@
 #include "editors/tree_view_moving.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 
 namespace orvent::editors {
 
@@ -20,18 +22,43 @@ void addAt(RowOperations& dialog, Tree::Node& node, int position) {
     }
 }
 
+template <class Act>
+void eachLeaf(const Tree::Node& parent, const Act& act) {
+    for (const auto& child : parent.children()) {
+        if (child->isShown()) {
+            act(*child);
+        }
+    }
+}
+
 void addEach(RowOperations& dialog, Tree::Node& node, int position) {
     if (node.children().empty()) {
         return addAt(dialog, node, position);
     }
     dialog.moveMany([&] {
-        for (const auto& child : node.children()) {
-            if (!child->value().Checked) {
-                addAt(dialog, *child, position);
-                position = position > 0 ? position + 1 : position;
-            }
-        }
+        eachLeaf(node, [&](Tree::Node& leaf) {
+            forms::List& list = dialog.listFor(leaf);
+            const int before = list.Count();
+            addAt(dialog, leaf, position);
+            position += position > 0 ? list.Count() - before : 0;
+        });
     });
+}
+
+void removeEach(RowOperations& dialog, Tree::Node& node) {
+    if (node.children().empty()) {
+        return dialog.RemoveRowByTree(node);
+    }
+    dialog.moveMany([&] { eachLeaf(node, [&](Tree::Node& leaf) { dialog.RemoveRowByTree(leaf); }); });
+}
+
+bool isUsed(const Tree::Node& node) {
+    if (node.children().empty()) {
+        return node.value().Checked;
+    }
+    bool all = true;
+    eachLeaf(node, [&all](const Tree::Node& leaf) { all = all && leaf.value().Checked; });
+    return all;
 }
 
 }  // namespace
@@ -40,25 +67,24 @@ void AddNodeToList(RowOperations& dialog, Tree::Node& node) {
     addAt(dialog, node, -1);
 }
 
-void NodeCheck(RowOperations& dialog, Tree& tree, Tree::Node& node) {
-    if (!node.parent() || !node.value().Refusal.empty()) {
-        return;
-    }
-    if (!node.value().Checked) {
-        addEach(dialog, node, -1);
-    } else if (node.children().empty()) {
-        dialog.RemoveRowByTree(node);
-    } else {
-        dialog.moveMany([&] {
-            for (const auto& child : node.children()) {
-                dialog.RemoveRowByTree(*child);
+void NodeCheck(RowOperations& dialog, const std::vector<Tree::Node*>& nodes) {
+    const std::unordered_set<const Tree::Node*> chosen(nodes.begin(), nodes.end());
+    std::vector<Tree::Node*> meant;
+    std::copy_if(nodes.begin(), nodes.end(), std::back_inserter(meant), [&chosen](const Tree::Node* node) {
+        const Tree::Node* parent = node->parent();
+        return parent && node->value().Refusal.empty() && (!parent->parent() || !chosen.contains(parent));
+    });
+    const bool remove = std::all_of(meant.begin(), meant.end(), [](const Tree::Node* node) { return isUsed(*node); });
+    const auto click = [&] {
+        for (Tree::Node* node : meant) {
+            if (remove) {
+                removeEach(dialog, *node);
+            } else if (!isUsed(*node)) {
+                addEach(dialog, *node, -1);
             }
-        });
-    }
-    Tree::Node* parent = node.children().empty() ? node.parent() : &node;
-    if (parent->parent()) {
-        dialog.childrenMoved(tree, *parent);
-    }
+        }
+    };
+    meant.size() > 1 ? dialog.moveMany(click) : click();
 }
 
 void DropNode(RowOperations& dialog, Tree::Node& node, int position) {
@@ -90,6 +116,7 @@ struct Step {
 
 /// Does steps that do not disturb one another, and selects what was moved.
 void moveAll(forms::List& list, const std::vector<Step>& steps, const MoveRow& move) {
+    const forms::List::Gathering gathering(list);
     std::vector<int> moved;
     const int current = list.selected();
     int currentTo = 0;

@@ -22,16 +22,16 @@ class RowOperations {
     virtual void AddRow(forms::Tree::Node& node, int position) = 0;
     /// Takes away what uses the node.
     virtual void RemoveRowByTree(forms::Tree::Node& node) = 0;
-    /// Parents may have lost or gained a used child.
-    virtual void childrenMoved(forms::Tree& tree, forms::Tree::Node& parent) = 0;
-    /// Several nodes are about to move; the end of `moveMany` comes back.
+    /// Does moves of several nodes or rows, which are shown when all are done: they ask nothing.
     virtual void moveMany(const std::function<void()>& moves) = 0;
 };
 
-// What a click on a node of a tree and a drop of it on a list do; the two entity dialogs share it.
+// What a click on nodes of a tree and a drop of them on a list do; the two entity dialogs share it. A parent stands for
+// those of its children that its tree shows.
 
-/// A click: unchecks a used node, checks one that is not. A root changes nothing.
-void NodeCheck(RowOperations& dialog, forms::Tree& tree, forms::Tree::Node& node);
+/// A click: all nodes are used afterwards, or none when all were. A child of another one goes with it. A root changes
+/// nothing.
+void NodeCheck(RowOperations& dialog, const std::vector<forms::Tree::Node*>& nodes);
 
 /// Puts the node into the list that receives it, at the place of the selected row. A row of its key is there already:
 /// nothing happens.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
 
 #include "platform/search_near.h"
 
@@ -36,8 +37,53 @@ int List::placeOf(const Held& row) const {
     return row.place;
 }
 
+/// Whether the change waits for the end. One that shifts rows ends what waits, since its places are about to change.
+bool List::gather(const ListChange& change) {
+    if (!gathered_.empty() && gathered_.front().kind == ListChange::Kind::reset) {
+        return true;
+    }
+    if (change.kind == ListChange::Kind::altered || change.kind == ListChange::Kind::selected) {
+        for (ListChange& same : gathered_) {
+            if (same.kind == change.kind) {
+                same = {same.kind, std::min(same.position, change.position), std::max(same.to, change.to)};
+                return true;
+            }
+        }
+        gathered_.push_back(change);
+        return true;
+    }
+    if (!std::exchange(toldOne_, true)) {
+        tellGathered();
+        return false;
+    }
+    gathered_ = {{ListChange::Kind::reset}};
+    if (listener_) {
+        listener_->about(gathered_.front());
+    }
+    return true;
+}
+
+void List::tellGathered() {
+    for (const ListChange& change : std::exchange(gathered_, {})) {
+        if (listener_) {
+            if (change.kind != ListChange::Kind::reset) {
+                listener_->about(change);
+            }
+            listener_->done(change);
+        }
+    }
+}
+
+List::Gathering::~Gathering() {
+    if (--list_.gathering_ == 0) {
+        list_.toldOne_ = false;
+        list_.tellGathered();
+    }
+}
+
 void List::tell(const ListChange& change, const std::function<void()>& act) {
-    ListListener* const listener = quiet_ ? nullptr : listener_;
+    const bool waits = quiet_ || (gathering_ > 0 && gather(change));
+    ListListener* const listener = waits ? nullptr : listener_;
     if (listener) {
         listener->about(change);
     }
@@ -55,7 +101,6 @@ int List::add(ListRow row, int position) {
         held->place = at;
         byKey_.emplace(held->Key, held.get());
         rows_.insert(index(at), std::move(held));
-        shiftSelection([at](int each) { return each >= at ? each + 1 : each; });
     });
     return at;
 }
@@ -70,9 +115,10 @@ void List::remove(int position) {
         return;
     }
     tell({ListChange::Kind::removed, position}, [&] {
-        unlist(*rows_[index(position)]);
-        rows_.erase(index(position));
-        shiftSelection([position](int each) { return each == position ? 0 : each > position ? each - 1 : each; });
+        const std::unique_ptr<Held> gone = rows_.erase(index(position));
+        unlist(*gone);
+        selection_.erase(gone.get());
+        current_ = current_ == gone.get() ? nullptr : current_;
     });
 }
 
@@ -83,13 +129,6 @@ void List::move(int from, int to) {
     tell({ListChange::Kind::moved, from, to}, [&] {
         rows_.move(index(from), index(to));
         rows_[index(to)]->place = to;
-        shiftSelection([from, to](int each) {
-            if (each == from) {
-                return to;
-            }
-            const bool between = each >= std::min(from, to) && each <= std::max(from, to);
-            return between ? (from < to ? each - 1 : each + 1) : each;
-        });
     });
 }
 
@@ -97,7 +136,7 @@ void List::alter(int position, const std::function<void(ListRow&)>& change) {
     if (!holds(position)) {
         return;
     }
-    tell({ListChange::Kind::altered, position}, [&] {
+    tell({ListChange::Kind::altered, position, position}, [&] {
         Held& row = *rows_[index(position)];
         unlist(row);
         change(row);
@@ -114,7 +153,7 @@ void List::Clear() {
         rows_.clear();
         byKey_.clear();
         selection_.clear();
-        current_ = 0;
+        current_ = nullptr;
         hint_.reset();
     });
 }
@@ -155,24 +194,29 @@ void List::select(int position) {
 
 void List::select(std::vector<int> positions, int current) {
     std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     std::erase_if(positions, [this](int each) { return !holds(each); });
     const int now = holds(current) ? current : 0;
-    if (positions == selection_ && now == current_) {
+    if (positions == selection() && now == selected()) {
         return;
     }
     tell({ListChange::Kind::selected, now}, [&] {
-        selection_ = std::move(positions);
-        current_ = now;
+        selection_.clear();
+        for (const int each : positions) {
+            selection_.insert(rows_[index(each)].get());
+        }
+        current_ = now > 0 ? rows_[index(now)].get() : nullptr;
     });
 }
 
-void List::shiftSelection(const std::function<int(int)>& where) {
-    for (int& each : selection_) {
-        each = where(each);
+std::vector<int> List::selection() const {
+    std::vector<int> positions;
+    positions.reserve(selection_.size());
+    for (const Held* row : selection_) {
+        positions.push_back(placeOf(*row));
     }
-    std::erase(selection_, 0);
-    std::sort(selection_.begin(), selection_.end());
-    current_ = current_ == 0 ? 0 : where(current_);
+    std::sort(positions.begin(), positions.end());
+    return positions;
 }
 
 void List::showHint(std::string text) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -31,8 +32,8 @@ struct ListRow {
 struct ListChange {
     enum class Kind { inserted, removed, moved, altered, selected, reset };
     Kind kind;
-    int position = 0;  ///< 1-based; of `moved` the old one
-    int to = 0;        ///< of `moved`
+    int position = 0;  ///< 1-based; of `moved` the old one, of `altered` the first
+    int to = 0;        ///< of `moved`; of `altered` the last
 };
 
 /// Who shows a list. Each change is told before and behind it.
@@ -97,13 +98,27 @@ class List {
     /// Many changes that are told as one.
     void rebuild(const std::function<void()>& changes);
 
+    /// While one lives, changes of the selection and within rows are told in the end. One row that comes, goes or moves
+    /// is told as itself; with the second everything is new, which is told in the end, and until then nothing that
+    /// shows the list may be asked for its rows.
+    class Gathering {
+      public:
+        explicit Gathering(List& list) : list_(list) { ++list_.gathering_; }
+        ~Gathering();
+        Gathering(const Gathering&) = delete;
+        Gathering& operator=(const Gathering&) = delete;
+
+      private:
+        List& list_;
+    };
+
     /// Where a list button brings the row, 0 when it is there already or there is no such row.
     int target(int position, RowMove where) const;
 
     // The selection: any number of rows, one of which is the current.
 
-    int selected() const { return current_; }
-    const std::vector<int>& selection() const { return selection_; }  ///< ascending
+    int selected() const { return current_ ? placeOf(*current_) : 0; }
+    std::vector<int> selection() const;  ///< ascending
     void select(int position);
     void select(std::vector<int> positions, int current);
 
@@ -120,19 +135,23 @@ class List {
   private:
     bool holds(int position) const { return position >= 1 && position <= Count(); }
     std::size_t index(int position) const { return static_cast<std::size_t>(position - 1); }
-    void shiftSelection(const std::function<int(int)>& where);
     int placeOf(const Held& row) const;
     void unlist(const Held& row);
     void tell(const ListChange& change, const std::function<void()>& act);
+    bool gather(const ListChange& change);
+    void tellGathered();
 
     platform::TieredVector<std::unique_ptr<Held>> rows_;
     std::unordered_multimap<std::string, const Held*> byKey_;
     mutable std::ptrdiff_t drift_ = 0;  // by how much the row that was looked for last had been shifted
-    std::vector<int> selection_;
-    int current_ = 0;
+    std::unordered_set<const Held*> selection_;
+    const Held* current_ = nullptr;
     std::optional<std::string> hint_;
     ListListener* listener_ = nullptr;
     bool quiet_ = false;  // within `rebuild`
+    int gathering_ = 0;
+    bool toldOne_ = false;              // of the changes that shift rows, since gathering began
+    std::vector<ListChange> gathered_;  // at most one of a kind; a reset stands alone, and its beginning has been told
 };
 
 }  // namespace orvent::forms

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cassert>
+#include <utility>
+
+#include "platform/letter_case.h"
 
 namespace orvent::forms {
 
@@ -10,7 +13,66 @@ Tree::Node* Tree::find(const std::string& Key) const {
     return entry == byKey_.end() ? nullptr : entry->second;
 }
 
+namespace {
+
+/// Letters that are alike but for their case become one.
+std::string folded(const std::string& text) {
+    return platform::lowerLetters(platform::upperLetters(text));
+}
+
+}  // namespace
+
+bool Tree::Node::isShown() const {
+    return hasWords_ || (parent_ && parent_->parent_ && parent_->isShown());
+}
+
+int Tree::Node::shownChildren() const {
+    return parent_ && isShown() ? static_cast<int>(children_.size()) : childrenWithWords_;
+}
+
+/// In one place whatever has changed, so that the parent's count follows.
+void Tree::lookForWords(Node& node) const {
+    const bool before = node.hasWords_;
+    node.hasWords_ = words_.empty() || (node.parent_ && folded(node.Text).find(words_) != std::string::npos);
+    if (node.parent_) {
+        node.parent_->childrenWithWords_ += (node.hasWords_ ? 1 : 0) - (before ? 1 : 0);
+    }
+    for (const std::unique_ptr<Node>& child : node.children_) {
+        lookForWords(*child);
+    }
+}
+
+void Tree::narrow(const std::string& words) {
+    words_ = folded(words);
+    for (const std::unique_ptr<Node>& root : roots_) {
+        lookForWords(*root);
+    }
+}
+
+void Tree::tellGathered() {
+    for (const auto& [parent, range] : std::exchange(gathered_, {})) {
+        tell({TreeChange::Kind::altered, parent, range.first, range.last}, [] {});
+    }
+}
+
+Tree::Gathering::~Gathering() {
+    if (--tree_.gathering_ == 0) {
+        tree_.tellGathered();
+    }
+}
+
 void Tree::tell(const TreeChange& change, const std::function<void()>& act) {
+    if (gathering_ > 0 && !quiet_) {
+        if (change.kind == TreeChange::Kind::altered) {
+            Range& range = gathered_.try_emplace(change.parent, Range{change.position, change.last}).first->second;
+            range = {std::min(range.first, change.position), std::max(range.last, change.last)};
+            return act();
+        }
+        // Places are about to change.
+        const int gathering = std::exchange(gathering_, 0);
+        tellGathered();
+        gathering_ = gathering;
+    }
     TreeListener* const listener = quiet_ ? nullptr : listener_;
     if (listener) {
         listener->about(change);
@@ -30,9 +92,11 @@ Tree::Node& Tree::add(TreeNode value, Node* parent) {
     tell({TreeChange::Kind::inserted, parent, position}, [&] {
         byKey_.emplace(node.Key, &node);
         siblings.push_back(std::move(held));
-        if (parent && node.Checked) {
-            ++parent->checkedChildren_;
+        if (parent) {
+            parent->checkedChildren_ += node.Checked ? 1 : 0;
+            ++parent->childrenWithWords_;
         }
+        lookForWords(node);
     });
     return node;
 }
@@ -55,8 +119,9 @@ void Tree::remove(Node& node) {
     const int position = node.position_;
     tell({TreeChange::Kind::removed, parent, position}, [&] {
         unlist(node);
-        if (parent && node.Checked) {
-            --parent->checkedChildren_;
+        if (parent) {
+            parent->checkedChildren_ -= node.Checked ? 1 : 0;
+            parent->childrenWithWords_ -= node.hasWords_ ? 1 : 0;
         }
         const auto next = siblings.erase(siblings.begin() + position);
         std::for_each(next, siblings.end(), [](const std::unique_ptr<Node>& each) { --each->position_; });
@@ -64,11 +129,15 @@ void Tree::remove(Node& node) {
 }
 
 void Tree::alter(Node& node, const std::function<void(TreeNode&)>& change) {
-    tell({TreeChange::Kind::altered, node.parent_, node.position_}, [&] {
+    tell({TreeChange::Kind::altered, node.parent_, node.position_, node.position_}, [&] {
         const bool before = node.Checked;
+        const std::string text = words_.empty() ? std::string() : node.Text;
         change(node);
         if (node.parent_) {
             node.parent_->checkedChildren_ += (node.Checked ? 1 : 0) - (before ? 1 : 0);
+        }
+        if (!words_.empty() && node.Text != text) {
+            lookForWords(node);
         }
     });
 }

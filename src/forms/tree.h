@@ -47,6 +47,11 @@ class Tree {
         const std::vector<std::unique_ptr<Node>>& children() const { return children_; }
         /// How many of the children are `Checked`; in constant time.
         int checkedChildren() const { return checkedChildren_; }
+        /// What a narrowed tree shows: the node, if its own text or that of a node above it has the words; and how many
+        /// of its children, in constant time. Nodes above those that are shown stand there, too.
+        bool isShown() const;
+        bool hasWords() const { return parent_ && hasWords_; }  ///< its own text has them
+        int shownChildren() const;
 
       private:
         friend class Tree;
@@ -55,6 +60,8 @@ class Tree {
         Node* parent_;
         int position_ = 0;
         int checkedChildren_ = 0;
+        bool hasWords_ = true;
+        int childrenWithWords_ = 0;
         std::vector<std::unique_ptr<Node>> children_;
     };
 
@@ -76,26 +83,51 @@ class Tree {
     void Clear();
     /// Many changes that are told as one.
     void rebuild(const std::function<void()>& changes);
+    /// Narrows the tree to the nodes whose text has the words, whatever the case of letters, with all below and above
+    /// them; no words show all. The text of a root is no answer: all would be shown.
+    void narrow(const std::string& words);
+
+    /// While one lives, nodes that are altered are told in the end, those of one parent together.
+    class Gathering {
+      public:
+        explicit Gathering(Tree& tree) : tree_(tree) { ++tree_.gathering_; }
+        ~Gathering();
+        Gathering(const Gathering&) = delete;
+        Gathering& operator=(const Gathering&) = delete;
+
+      private:
+        Tree& tree_;
+    };
 
     /// Null: nobody shows it.
     void watch(TreeListener* listener) { listener_ = listener; }
 
   private:
+    struct Range {
+        int first, last;
+    };
+
     void unlist(const Node& node);
     void unlistKey(const Node& node);
     void tell(const TreeChange& change, const std::function<void()>& act);
+    void tellGathered();
+    void lookForWords(Node& node) const;
 
     std::vector<std::unique_ptr<Node>> roots_;
     std::unordered_multimap<std::string, Node*> byKey_;
     TreeListener* listener_ = nullptr;
     bool quiet_ = false;  // within `rebuild`
+    std::string words_;   // folded
+    int gathering_ = 0;
+    std::unordered_map<const Node*, Range> gathered_;  // by parent, the children that were altered
 };
 
 struct TreeChange {
     enum class Kind { inserted, removed, altered, reset };
     Kind kind;
     const Tree::Node* parent = nullptr;  ///< null: among the roots
-    int position = 0;                    ///< from 0
+    int position = 0;                    ///< from 0; of `altered` the first
+    int last = 0;                        ///< of `altered`
 };
 
 /// `image` with the state behind its last "-" replaced; an image without a state stays.

@@ -29,7 +29,7 @@ class RecordSetPropTest : public EntityDialogTest {
     }
 
     RecordSetProp open() { return RecordSetProp(needs(), *form, *form->nodeNamed("Books")); }
-    static void click(RecordSetProp& dialog, const std::string& key) { dialog.NodeClick(*dialog.DBView.find(key)); }
+    static void click(RecordSetProp& dialog, const std::string& key) { dialog.NodeClick({dialog.DBView.find(key)}); }
     static bool all(std::size_t, std::size_t) { return true; }
 
     static constexpr const char* kColumns =

@@ -50,12 +50,15 @@ class SetActPropTest : public EntityDialogTest {
                                      platform::SaveDialog* chooser = nullptr) {
         return std::make_unique<SetActProp>(needs(otherWizard, chooser), *form, *form->nodeNamed(node));
     }
-    static void click(SetActProp& dialog, const std::string& key) {
-        forms::Tree& tree = key.starts_with("DB") ? dialog.DBView : dialog.ActView;
-        forms::Tree::Node* node = tree.find(key);
-        ASSERT_TRUE(node) << key;
-        dialog.NodeClick(tree, *node);
+    static void click(SetActProp& dialog, const std::vector<std::string>& keys) {
+        std::vector<forms::Tree::Node*> nodes;
+        for (const std::string& key : keys) {
+            nodes.push_back((key.starts_with("DB") ? dialog.DBView : dialog.ActView).find(key));
+            ASSERT_TRUE(nodes.back()) << key;
+        }
+        dialog.NodeClick(nodes);
     }
+    static void click(SetActProp& dialog, const std::string& key) { click(dialog, std::vector{key}); }
     static std::string image(const SetActProp& dialog, const std::string& key) {
         return (key.starts_with("DB") ? dialog.DBView : dialog.ActView).find(key)->value().Image;
     }
@@ -136,6 +139,43 @@ TEST_F(SetActPropTest, AClickOnAParentMovesAllItsChildren) {
     EXPECT_EQ(dialog->AttList[kInputs].Count(), 1);
 }
 
+TEST_F(SetActPropTest, NodesThatAreClickedTogetherBecomeAlike) {
+    struct Row {
+        const char* filter;
+        int front;
+        std::vector<std::string> nodes;
+        const char* once;  ///< the list in front after one click, and after the next
+        const char* twice;
+        bool dropped = false;
+    };
+    for (const Row& row : {Row{"", kInputs, {"DB.RS.ID", "DB.RS.NAME"}, "RS_ID Old RS_NAME", "Old"},
+                           {"", kInputs, {"DB", "DB.RS", "DB.RS.NAME"}, "RS_ID Old RS_NAME RS_PRICE", "Old"},
+                           {"", kParameters, {"DB.RS"}, "RS_ID RS_NAME RS_PRICE", ""},
+                           {"", kParameters, {"DB.RS"}, "RS_ID RS_NAME RS_PRICE", "RS_ID RS_NAME RS_PRICE", true},
+                           {"I", kInputs, {"DB.RS"}, "RS_ID Old RS_PRICE", "Old"},
+                           {"i", kParameters, {"DB.RS"}, "RS_ID RS_PRICE", "RS_ID RS_PRICE", true},
+                           {"rs", kInputs, {"DB.RS"}, "RS_ID Old RS_NAME RS_PRICE", "Old"},
+                           {"id", kInputs, {"DB.RS"}, "Old", "Old RS_ID"}}) {
+        SCOPED_TRACE(std::string(row.filter) + " " + row.nodes.back() + (row.dropped ? " dropped" : " clicked"));
+        const auto dialog = open();
+        dialog->TabStrip1_Click(row.front);
+        dialog->DBView.narrow(row.filter);
+        for (const char* after : {row.once, row.twice}) {
+            row.dropped ? dialog->Drop(row.nodes, 0) : click(*dialog, row.nodes);
+            EXPECT_EQ(keys(dialog->frontList()), after);
+        }
+    }
+}
+
+TEST_F(SetActPropTest, OfSeveralRowsOfOneNodeTheFirstInTheListGoes) {
+    activity().Act_Inputs->Item("Old")->ProvidedFrom->Add("RS", LinkRecordSet, "RS.ID");
+    const auto dialog = open();
+    dialog->moveRowTo(2, 1);
+    click(*dialog, "DB.RS.ID");
+    EXPECT_EQ(keys(dialog->frontList()), "RS_ID");
+    EXPECT_EQ(image(*dialog, "DB.RS.ID"), "Field-Checked");
+}
+
 TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     const auto dialog = open();
     click(*dialog, "GRAPH.C1");
@@ -161,6 +201,7 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
 
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->Apply());
+    EXPECT_EQ(progress.statuses, (std::vector<std::string>{"Properties Saved", "Ready"}));
     EXPECT_EQ(form->nodeNamed("F1")->entity<FunctionProperties>(), activity().Act_Functions->Item("F1"))
         << "the node shows the activity's own function";
     dialog->SelectedList = kParameters;

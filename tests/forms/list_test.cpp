@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -60,39 +59,76 @@ TEST(List, ThePromptIsNoRow) {
     EXPECT_FALSE(list.hint());
 }
 
-TEST(List, AKeyIsFoundWhereItsFirstRowStands) {
+/// Against a plain vector of keys and marks.
+TEST(List, KeysAndTheSelectionAreFoundWhereTheirRowsStand) {
+    struct Plain {
+        std::string key;
+        bool selected, current;
+    };
     List list;
+    std::vector<Plain> plain;
     std::mt19937 random(7);
     const auto any = [&random](int last) { return std::uniform_int_distribution(0, last)(random); };
     for (int step = 0; step < 3000; ++step) {
         const std::string key = std::to_string(any(600));
-        const int at = any(list.Count() + 1);
-        switch (any(step % 1500 == 0 ? 6 : 5)) {
+        const int at = any(list.Count() + 1), to = any(list.Count() + 1);
+        const bool holds = at >= 1 && at <= list.Count();
+        const auto row = plain.begin() + (holds ? at - 1 : static_cast<int>(plain.size()));
+        switch (any(step % 1500 == 0 ? 7 : 6)) {
             case 0:
             case 1:
                 list.add({.Key = key}, at);
+                plain.insert(row, {key, false, false});
                 break;
             case 2:
                 list.add({.Key = key}, 1);  // shifts all others from where they were seen last
+                plain.insert(plain.begin(), {key, false, false});
                 break;
             case 3:
                 list.remove(at);
+                plain.erase(row, row + holds);
                 break;
             case 4:
-                list.move(at, any(list.Count() + 1));
+                list.move(at, to);
+                if (holds && to >= 1 && to <= list.Count()) {
+                    const Plain moved = *row;
+                    plain.erase(row);
+                    plain.insert(plain.begin() + to - 1, moved);
+                }
                 break;
             case 5:
-                list.alter(at, [&key](ListRow& row) { row.Key = key; });
+                list.alter(at, [&key](ListRow& altered) { altered.Key = key; });
+                if (holds) {
+                    row->key = key;
+                }
+                break;
+            case 6:
+                list.select({at, to}, to);
+                for (int each = 1; each <= list.Count(); ++each) {
+                    plain[static_cast<std::size_t>(each - 1)].selected = each == at || each == to;
+                    plain[static_cast<std::size_t>(each - 1)].current = each == to;
+                }
                 break;
             default:
                 list.rebuild([&] {
                     list.Clear();
                     list.add({.Key = key});
                 });
+                plain = {{key, false, false}};
         }
-        const auto rows = keys(list);
-        const auto first = std::ranges::find(rows, key);
-        ASSERT_EQ(list.positionOf(key), first == rows.end() ? 0 : first - rows.begin() + 1) << key;
+        std::vector<int> selected;
+        int current = 0, first = 0;
+        for (int each = static_cast<int>(plain.size()); each >= 1; --each) {
+            const Plain& held = plain[static_cast<std::size_t>(each - 1)];
+            if (held.selected) {
+                selected.insert(selected.begin(), each);
+            }
+            current = held.current ? each : current;
+            first = held.key == key ? each : first;
+        }
+        ASSERT_EQ(list.positionOf(key), first) << key;
+        ASSERT_EQ(list.selection(), selected) << step;
+        ASSERT_EQ(list.selected(), current) << step;
     }
 }
 

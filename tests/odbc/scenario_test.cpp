@@ -112,7 +112,7 @@ void takeTable(editors::RecordSetProp& dialog, const repository::LoginValues& lo
                         [](std::size_t, std::size_t) { return true; });
     for (const auto& node : dialog.DBView.roots().at(0)->children()) {
         if (platform::upperCase(node->value().Text) == table) {
-            dialog.NodeClick(*node);
+            dialog.NodeClick({node});
         }
     }
     dialog.SQLAuto_Click();
@@ -143,7 +143,7 @@ TEST_P(EveryRepository, WhatTheDialogsMadeComesBackAndIsGenerated) {
     };
     frame_->host.atActivity = [&](editors::SetActProp& dialog) {
         dialog.ActTypes_Click(frame_->frame.catalogue().ActivityTypeIndex("Selection"));
-        dialog.NodeClick(dialog.DBView, *dialog.DBView.find("DB.Source"));
+        dialog.NodeClick({dialog.DBView.find("DB.Source")});
         dialog.butRefresh_Click();
         messages().expect("Properties Saved", "", Icon::information);
         EXPECT_TRUE(dialog.OK());
@@ -175,7 +175,7 @@ TEST_P(EveryRepository, TypesThatChangeUnderADialogStayWhatTheyAre) {
     }
     frame_->host.atActivity = [&](editors::SetActProp& dialog) {
         dialog.ActTypes_Click(types.ActivityTypeIndex("Selection"));
-        dialog.NodeClick(dialog.DBView, *dialog.DBView.find("DB.RS"));
+        dialog.NodeClick({dialog.DBView.find("DB.RS")});
         messages().expect("DATA TYPE SAVED", "", Icon::information);
         types.SaveDataType("AAA");
         messages().expect("DATA TYPE UPDATED", "", Icon::information);

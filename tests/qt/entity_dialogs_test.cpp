@@ -403,7 +403,7 @@ class EntityDialogsTest : public WindowTest {
             QTest::keyClicks(control<QLineEdit>(window, "DBViewFilter"), QStringLiteral("pri"));
             QCOMPARE(rows(database), QStringLiteral("Record Sets RS PRICE"));
             QVERIFY(database.isExpanded(indexOf(database, "RS")));
-            QCOMPARE(indexOf(database, "RS").siblingAtColumn(1).data().toString(), QStringLiteral("0 of 3"));
+            QCOMPARE(indexOf(database, "RS").siblingAtColumn(1).data().toString(), QStringLiteral("1 of 3 shown"));
             auto* filter = control<QLineEdit>(window, "DBViewFilter");
             filter->setFocus();
             QTest::keyClick(filter, Qt::Key_Return);
@@ -417,6 +417,30 @@ class EntityDialogsTest : public WindowTest {
             filter->setFocus();
             QTest::keyClick(filter, Qt::Key_Escape);
             QVERIFY2(!window.isVisible(), "with nothing to clear it is the window's");
+        });
+    }
+
+    void clicksMeanWhatIsShown() {
+        Desk desk;
+        desk.edit("Act", "SetActProp", [&](QDialog& window) {
+            QTreeView& database = *view(window, "DBView");
+            control<QLineEdit>(window, "DBViewFilter")->setText(QStringLiteral("pri"));
+            check(database, "RS");
+            QCOMPARE(rows(*view(window, "AttList(0)")), QStringLiteral("RS_PRICE"));
+            QCOMPARE(indexOf(database, "RS").data(Qt::CheckStateRole).toInt(), int(Qt::PartiallyChecked));
+            control<QLineEdit>(window, "DBViewFilter")->clear();
+            QCOMPARE(rows(database), QStringLiteral("Record Sets RS ID NAME PRICE"));
+            QVERIFY(!database.isExpanded(indexOf(database, "RS")));
+            select(database, "ID");
+            QTest::keyClick(&database, Qt::Key_Down, Qt::ShiftModifier);
+            QTest::keyClick(&database, Qt::Key_Down, Qt::ShiftModifier);
+            QTest::keyClick(&database, Qt::Key_Space);
+            QCOMPARE(rows(*view(window, "AttList(0)")), QStringLiteral("RS_PRICE RS_ID RS_NAME"));
+            QCOMPARE(database.selectionModel()->selectedRows().size(), 3);
+            QTest::keyClick(&database, Qt::Key_Space);
+            QCOMPARE(rows(*view(window, "AttList(0)")), QString());
+            desk.answerSave(Answer::no);
+            window.close();
         });
     }
 

@@ -33,9 +33,18 @@ class Follower : public QObject {
                 [this](const QModelIndex&, int from, int, const QModelIndex&, int to) {
                     shown.move(from, to > from ? to - 1 : to);
                 });
-        connect(&model, &QAbstractItemModel::dataChanged, this,
-                [this](const QModelIndex& at) { shown[at.row()] = label(at.row()); });
-        connect(&model, &QAbstractItemModel::modelReset, this, [this] { ++resets; });
+        connect(&model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& at, const QModelIndex& to) {
+            for (int row = at.row(); row <= to.row(); ++row) {
+                shown[row] = label(row);
+            }
+        });
+        connect(&model, &QAbstractItemModel::modelReset, this, [this] {
+            ++resets;
+            shown.clear();
+            for (int at = 0; at < model_.rowCount(); ++at) {
+                shown.append(label(at));
+            }
+        });
     }
     QString label(int at) const { return model_.index(at, 0).data().toString(); }
 
@@ -61,7 +70,7 @@ class ListModelsTest : public WindowTest {
         follower.shown.append(follower.label(0));
         std::mt19937 random(3);
         const auto any = [&] { return static_cast<int>(random() % static_cast<unsigned>(list.Count() + 1)) + 1; };
-        for (int step = 0; step < 3000; ++step) {
+        const auto change = [&](int step) {
             switch (random() % 5) {
                 case 0:
                 case 1:
@@ -76,12 +85,35 @@ class ListModelsTest : public WindowTest {
                 default:
                     list.setText(any(), "new " + std::to_string(step));
             }
+        };
+        const auto followed = [&] {
+            QCOMPARE(follower.shown.size(), list.Count());
+            for (int at = 0; at < list.Count(); ++at) {
+                QCOMPARE(follower.shown[at], follower.label(at));
+            }
+        };
+        for (int step = 0; step < 3000; ++step) {
+            change(step);
             QCOMPARE(follower.shown.size(), list.Count());
         }
-        for (int at = 0; at < list.Count(); ++at) {
-            QCOMPARE(follower.shown[at], follower.label(at));
+        followed();
+        for (int step = 0; step < 300; ++step) {
+            const List::Gathering one(list);
+            change(step);
         }
+        followed();
         QCOMPARE(follower.resets, 0);
+        for (int step = 0; step < 300; ++step) {
+            {
+                const List::Gathering many(list);
+                for (int each = 0; each < 4; ++each) {
+                    change(step);
+                }
+            }
+            followed();
+        }
+        QVERIFY(follower.resets > 200 && follower.resets < 300);
+        follower.resets = 0;
         list.rebuild([&] {
             list.Clear();
             list.add(row("only"));
@@ -129,6 +161,19 @@ class ListModelsTest : public WindowTest {
         QCOMPARE(model.index(1, 0, parent).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
         tree.alter(table, [](forms::TreeNode& node) { node.Image = "RS-UnderChecked"; });
         QCOMPARE(parent.data(Qt::CheckStateRole).toInt(), int(Qt::PartiallyChecked));
+        tree.narrow("b");
+        QCOMPARE(count.data().toString(), QStringLiteral("1 of 3 shown"));
+        tree.narrow("");
+        {
+            const Tree::Gathering gathering(tree);
+            for (const char* key : {"DB.RS.C", "DB.RS.B"}) {
+                tree.alter(*tree.find(key), [](forms::TreeNode& node) { node.Checked = true; });
+            }
+            changed.clear();
+        }
+        QVERIFY(changed.contains(
+            {model.index(1, 0, parent), model.index(2, 0, parent), QVariant::fromValue(QList<int>())}));
+        QVERIFY(changed.contains({count, count, QVariant::fromValue(QList<int>())}));
         tree.remove(*tree.find("DB.RS.A"));
         QCOMPARE(model.rowCount(parent), 2);
         QCOMPARE(model.index(1, 0, parent).data().toString(), QStringLiteral("DB.RS.C"));

@@ -183,7 +183,7 @@ QWidget* SetActPropWindow::newTrees() {
 
 TreePanel* SetActPropWindow::newTree(forms::Tree& tree, const QString& caption, const QString& name) {
     auto* panel = new TreePanel(tree, entityPicture, caption, name, this);
-    panel->click = [this, &tree](forms::Tree::Node& node) { act([&] { logic_.NodeClick(tree, node); }); };
+    panel->click = [this](const std::vector<forms::Tree::Node*>& nodes) { act([&] { logic_.NodeClick(nodes); }); };
     panel->clicked = [this] { focusList(); };
     panel->leaves = [this](forms::Tree::Node& node) { act([&] { logic_.DragOut(node); }); };
     panel->dropRows = [this] { act([&] { logic_.Move2Tree_Click(); }); };

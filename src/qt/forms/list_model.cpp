@@ -161,7 +161,7 @@ void ListModel::done(const forms::ListChange& change) {
     if (end_) {
         (this->*end_)();
     } else if (change.kind == Kind::altered) {
-        Q_EMIT dataChanged(index(change.position - 1, 0), index(change.position - 1, columnCount() - 1));
+        Q_EMIT dataChanged(index(change.position - 1, 0), index(change.to - 1, columnCount() - 1));
     }
     changing_ = false;
     if (change.kind != Kind::altered) {

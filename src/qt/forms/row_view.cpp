@@ -130,9 +130,13 @@ void RowView::takeSelection() {
     }
     following_ = true;
     const forms::List& list = model_.list();
+    const std::vector<int> rows = list.selection();
     QItemSelection wanted;
-    for (const int row : list.selection()) {
-        wanted.select(model_.index(row - 1, 0), model_.index(row - 1, model_.columnCount() - 1));
+    for (std::size_t first = 0, last = 0; first < rows.size(); first = ++last) {
+        while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) {
+            ++last;  // rows side by side are one range
+        }
+        wanted.select(model_.index(rows[first] - 1, 0), model_.index(rows[last] - 1, model_.columnCount() - 1));
     }
     if (wanted != selectionModel()->selection()) {
         selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect);

@@ -60,12 +60,22 @@ Qt::CheckState checkOf(const forms::TreeNode& value) {
     return value.Checked ? Qt::Checked : value.Image.ends_with("-UnderChecked") ? Qt::PartiallyChecked : Qt::Unchecked;
 }
 
-/// How many of a parent's children are used; a root tells nothing.
+/// How many of a parent's children are used, or shown where some are not; a root tells nothing.
 QString countOf(const Tree::Node& node) {
     if (!node.parent() || node.children().empty()) {
         return {};
     }
-    return TreeModel::tr("%1 of %2").arg(node.checkedChildren()).arg(node.children().size());
+    const int shown = node.shownChildren(), all = static_cast<int>(node.children().size());
+    return shown < all ? TreeModel::tr("%1 of %2 shown").arg(shown).arg(all)
+                       : TreeModel::tr("%1 of %2").arg(node.checkedChildren()).arg(all);
+}
+
+/// While the line tells what is shown, its tip still tells what is used.
+QString usedAndShown(const Tree::Node& node) {
+    const int shown = node.shownChildren(), all = static_cast<int>(node.children().size());
+    return node.parent() && shown < all
+               ? TreeModel::tr("%1 of %2 used, %3 shown").arg(node.checkedChildren()).arg(all).arg(shown)
+               : QString();
 }
 
 QVariant fontOf(const forms::TreeNode& value) {
@@ -86,6 +96,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
         switch (role) {
             case Qt::DisplayRole:
                 return countOf(of);
+            case Qt::ToolTipRole:
+                return usedAndShown(of);
             case Qt::TextAlignmentRole:
                 return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
             case Qt::ForegroundRole:
@@ -172,8 +184,8 @@ void TreeModel::done(const forms::TreeChange& change) {
     if (end_) {
         (this->*end_)();
     } else {
-        const QModelIndex altered = index(change.position, 0, indexOf(change.parent));
-        Q_EMIT dataChanged(altered, altered);
+        const QModelIndex parent = indexOf(change.parent);
+        Q_EMIT dataChanged(index(change.position, 0, parent), index(change.last, 0, parent));
     }
     // A parent's count is one of its children.
     if (change.parent && change.kind != Kind::reset) {

@@ -7,8 +7,8 @@
 
 namespace orvent::qt {
 
-/// A tree of a dialog's logic for a view. The second column tells how many of a parent's children are used. A change
-/// of a node is told to the views as the change of that node.
+/// A tree of a dialog's logic for a view. The second column tells how many of a parent's children are used, or
+/// shown while some are not. A change of a node is told to the views as the change of that node.
 class TreeModel : public QAbstractItemModel, private forms::TreeListener {
     Q_OBJECT
 

@@ -15,38 +15,25 @@ using forms::Tree;
 
 namespace {
 
-/// The name of a root is no answer: all would be shown.
-bool answers(const Tree::Node& node, const QString& words) {
-    return node.parent() && text(node.value().Text).contains(words, Qt::CaseInsensitive);
-}
-
-/// Keeps the nodes whose text holds the words, with all below and above them.
+/// Keeps what the tree shows, with all above it.
 class NodeFilter : public QSortFilterProxyModel {
   public:
-    explicit NodeFilter(QObject* parent) : QSortFilterProxyModel(parent) {
-        setRecursiveFilteringEnabled(true);
-        setAutoAcceptChildRows(true);
-    }
+    explicit NodeFilter(QObject* parent) : QSortFilterProxyModel(parent) { setRecursiveFilteringEnabled(true); }
 
-    void setWords(const QString& words) {
-        words_ = words;
-        invalidateFilter();
-    }
+    void renew() { invalidateFilter(); }
 
   protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
         const auto& model = static_cast<const TreeModel&>(*sourceModel());
-        return words_.isEmpty() || answers(*model.node(model.index(row, 0, parent)), words_);
+        return model.node(model.index(row, 0, parent))->isShown();
     }
-
-  private:
-    QString words_;
 };
 
 }  // namespace
 
 TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const QString& name, QWidget* parent)
     : QWidget(parent),
+      tree_(tree),
       model_(tree, std::move(picture), this),
       shown_(new NodeFilter(this)),
       view_(new NodeView(*this)),
@@ -61,7 +48,7 @@ TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const 
     shown_->setSourceModel(&model_);
     view_->setNodes(*shown_);
     model_.click = [this](Tree::Node& node) {
-        click(node);
+        click({&node});
         tellClicked();
     };
 
@@ -99,28 +86,19 @@ void TreePanel::setHint(const QString& hint) {
     view_->setHint(hint);
 }
 
-std::vector<Tree::Node*> TreePanel::selected() const {
+void TreePanel::clickSelected() {
     std::vector<Tree::Node*> nodes;
     for (const QModelIndex& index : view_->selectionModel()->selectedRows()) {
         nodes.push_back(model_.node(shown_->mapToSource(index)));
     }
-    return nodes;
-}
-
-/// A child of a selected parent goes with it.
-void TreePanel::clickSelected() {
-    const std::vector<Tree::Node*> nodes = selected();
-    for (Tree::Node* node : nodes) {
-        if (std::find(nodes.begin(), nodes.end(), node->parent()) == nodes.end() || !node->parent()->parent()) {
-            click(*node);
-        }
-    }
+    click(nodes);
 }
 
 /// While words stand in the box all that it leaves is open; afterwards the tree is open as it was.
 void TreePanel::narrow(const QString& words) {
     narrowing_ = true;
-    static_cast<NodeFilter*>(shown_)->setWords(words);
+    tree_.narrow(words.toStdString());
+    static_cast<NodeFilter*>(shown_)->renew();
     if (words.isEmpty()) {
         view_->collapseAll();
         narrowing_ = false;
@@ -133,7 +111,7 @@ void TreePanel::narrow(const QString& words) {
 
 void TreePanel::goToFirst() {
     QModelIndex at = shown_->index(0, 0);
-    while (at.isValid() && !answers(*model_.node(shown_->mapToSource(at)), filter_->text())) {
+    while (at.isValid() && !model_.node(shown_->mapToSource(at))->hasWords()) {
         at = view_->indexBelow(at);
     }
     if (at.isValid()) {

@@ -21,8 +21,8 @@ class TreePanel : public QWidget {
   public:
     TreePanel(forms::Tree& tree, Picture picture, const QString& caption, const QString& name, QWidget* parent);
 
-    /// Set by the window: the user checks or unchecks a node.
-    std::function<void(forms::Tree::Node& node)> click;
+    /// Set by the window: the user checks or unchecks nodes, all alike.
+    std::function<void(const std::vector<forms::Tree::Node*>& nodes)> click;
     /// The mouse did it: what came into a list is looked at there. Who checks by keys stays in the tree.
     std::function<void()> clicked;
     /// A dragged node comes near the edge of the tree, on its way to a list.
@@ -43,7 +43,6 @@ class TreePanel : public QWidget {
     void narrow(const QString& words);
     void goToFirst();
     void expandAgain();
-    std::vector<forms::Tree::Node*> selected() const;
     void clickSelected();
     void tellClicked() {
         if (clicked) {
@@ -51,6 +50,7 @@ class TreePanel : public QWidget {
         }
     }
 
+    forms::Tree& tree_;
     TreeModel model_;
     QSortFilterProxyModel* shown_;
     NodeView* view_;
