@@ -7,6 +7,8 @@
 #include "canvas/taken_name.h"
 #include "editors/scenario_names.h"
 #include "forms/name_check.h"
+#include "platform/fault.h"
+#include "statements/source_advice.h"
 #include "statements/statement_fit.h"
 #include "zoom/synchronize_functions.h"
 #include "zoom/unsynchronize_functions.h"
@@ -250,6 +252,32 @@ void SetActProp::setStatement(const std::string& text) {
     if (LangSelector == Language::LDL) {
         txtSQL_Change(text);
     }
+}
+
+const std::string& SetActProp::sourceNote() {
+    if (!sourceNote_) {
+        sourceNote_.emplace();
+        for (const auto& advice : {statements::circleThrough(ParForm.scenario(), *tempProp),
+                                   statements::sourceLeftOut(*tempProp, [this] { return templateText(); })}) {
+            *sourceNote_ += advice ? (sourceNote_->empty() ? "" : "\n") + advice->words : std::string();
+        }
+    }
+    return *sourceNote_;
+}
+
+const std::string& SetActProp::templateText() {
+    if (templateType_ != tempProp->Act_Type) {
+        templateType_ = tempProp->Act_Type;
+        templateText_.clear();
+        try {
+            if (showsType()) {
+                templateText_ = catalogue().wholeActivityType(tempProp->Act_Type).ActType_LDL;
+            }
+        } catch (const platform::Fault&) {
+            // A note is no reason to disturb: without the template it says less.
+        }
+    }
+    return templateText_;
 }
 
 void SetActProp::TabStrip1_Click(int tab) {

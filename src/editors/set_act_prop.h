@@ -98,6 +98,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     /// Where the shown statement does not fit the members any more; empty when it does, or was written by hand.
     std::string statementNote() const;
 
+    /// What does not fit between the activity and its sources, in words; empty when all does.
+    const std::string& sourceNote();
+
     const entities::NameTable& typeNames() const { return catalogue().tables.activityTypes; }
     /// What `ActTypes` offers, by index; a type that is gone only while the activity has it.
     std::vector<std::int16_t> offeredTypes() const { return typeNames().listed(tempProp->Act_Type); }
@@ -114,7 +117,10 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     bool isComplete() const override;
     std::optional<forms::ClosingQuestion> closingQuestion() const override;
     void closing() override;
-    void edited() override { Saved = false; }
+    void edited() override {
+        Saved = false;
+        sourceNote_.reset();
+    }
     void tabMoved() override { TabStrip1 = SelectedList; }
 
   private:
@@ -123,6 +129,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     bool ApplyActivity();
     void bindFunctions(const entities::ActivityProperties& former, entities::ActivityProperties& now);
     zoom::Renames renameInGraph(entities::ActivityProperties& record);
+    const std::string& templateText();
     bool takeName(const std::string& name);
     void followName();
     void setName(const std::string& text);
@@ -140,6 +147,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     std::string membersName_;                       ///< the name that keys and links of the copy bear
     std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours, while the activity is out of the links
     int deletedMark_ = 0;
+    std::optional<std::string> sourceNote_;  ///< nothing: to be looked for
+    std::string templateText_;               ///< of the type `templateType_`
+    int templateType_ = -1;
     bool leaving_ = false;
     std::array<std::uint32_t, 3> shownTypes_{};  ///< the tables as the rows tell them
 };

@@ -4,6 +4,7 @@
 #include "platform/steps.h"
 #include "platform/text.h"
 #include "statements/scenario_link_rules.h"
+#include "statements/source_advice.h"
 #include "statements/statement_fit.h"
 #include "statements/template_advice.h"
 
@@ -23,12 +24,17 @@ bool isToBeAsked(const canvas::LabelsD& node) {
 
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form) {
     std::vector<UnfinishedStatement> result;
+    const std::unordered_set<std::string> circles = activitiesInCircles(form);
     for (const canvas::LabelsD& node : form.Labels) {
         if (const entities::ActivityProperties* activity = node.activity()) {
             const std::vector<Advice> faults = faultsOf(activity->Act_LDL);
             const std::string why = faults.empty() ? misfitLine(*activity) : faults.front().words;
             if (!why.empty()) {
                 result.push_back({activity->Act_Name, why, faults.empty()});
+            } else if (circles.contains(activity->Act_Name)) {
+                if (const std::optional<Advice> circle = circleThrough(form, *activity)) {
+                    result.push_back({activity->Act_Name, circle->words, false, true});
+                }
             }
         }
     }
@@ -66,14 +72,20 @@ void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
         progress_.status("Ready");
         return;
     }
-    std::string names, outdated;
+    std::string names, outdated, circling;
     for (const UnfinishedStatement& statement : statements) {
-        std::string& those = statement.outdated ? outdated : names;
+        std::string& those = statement.circle ? circling : statement.outdated ? outdated : names;
         those += (those.empty() ? "" : ", ") + statement.activity;
     }
-    const std::string whole = names.empty() ? "" : "Without a whole statement: " + names;
-    const std::string fitting = outdated.empty() ? "" : "With an outdated statement: " + outdated;
-    progress_.status(whole + (whole.empty() || fitting.empty() ? "" : ". ") + fitting);
+    std::string words;
+    for (const auto& [head, those] :
+         {std::pair("Without a whole statement: ", &names), std::pair("With an outdated statement: ", &outdated),
+          std::pair("In a circle of data: ", &circling)}) {
+        if (!those->empty()) {
+            words += (words.empty() ? "" : ". ") + std::string(head) + *those;
+        }
+    }
+    progress_.status(words);
     reported_ = &form;
     if (report_) {
         report_->showUnfinished(form, statements);

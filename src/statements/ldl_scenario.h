@@ -15,12 +15,13 @@ struct UnfinishedStatement {
     std::string activity;
     std::string why;
     bool outdated = false;  ///< it is whole, but of an activity that was changed behind it
+    bool circle = false;    ///< it is whole and fits; its data runs in a circle of activities
 
     bool operator==(const UnfinishedStatement&) const = default;
 };
 
-/// The activities whose statement is empty, holds a name that has not been declared, or does not fit its activity, in
-/// the order of their nodes.
+/// The activities whose statement is empty, holds a name that has not been declared, or does not fit its activity, and
+/// those whose data runs in a circle, in the order of their nodes.
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form);
 
 /// Shows which statements are not whole or do not fit, and leads to their activities.

@@ -323,6 +323,33 @@ TEST_F(SetActPropTest, RowsFollowTheCatalogueAndAGoneTypeIsOfferedToItsOwnerOnly
     EXPECT_EQ(dialog->offeredTypes(), (Indices{1}));
 }
 
+TEST_F(SetActPropTest, SourcesThatDoNotFitAreToldAndNotRefused) {
+    testkit::GraphBuilder graph(*form);
+    form->nodeNamed("After")->activity()->Act_Outputs->Add("Z", 0, 0, "Z").ParentKeyName = "After";
+    graph.activity("Far", {"Z"}, {"Y"});
+    graph.feed("After.OUT.Z", "Far.IN.Z");
+    database.answer(repository::sql::kActivityType,
+                    {{"d", "", "a_out(A_OUT_1)<-a_in1(A_IN1_1),a_in2(A_IN2_1).", "2", "1", "1"}});
+    const auto dialog = open();
+    EXPECT_EQ(dialog->sourceNote(), "");
+    const struct {
+        const char* node;
+        const char* note;
+    } clicks[] = {{"GRAPH.Far.Y", "The data runs in a circle: Act, After, Far, Act."},
+                  {"GRAPH.Before.B",
+                   "The data runs in a circle: Act, After, Far, Act.\n"
+                   "The template of its type has room for 2 sources, and leaves out Before."},
+                  {"GRAPH.Far.Y", ""}};
+    for (const auto& each : clicks) {
+        click(*dialog, each.node);
+        EXPECT_EQ(dialog->sourceNote(), each.note);
+    }
+    click(*dialog, "GRAPH.Far.Y");
+    EXPECT_NE(dialog->sourceNote(), clicks[0].note);
+    dialog->txtSQL_Change("act_out(X)<-act_in1(X).");
+    EXPECT_EQ(dialog->sourceNote(), clicks[0].note) << "a statement has a line of its own";
+}
+
 TEST_F(SetActPropTest, ATypeThatCannotBeReadWholeReplacesNothing) {
     namespace sql = repository::sql;
     const auto dialog = open();

@@ -204,6 +204,14 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     graph.activity("Stopped").Act_LDL = "stopped_out(X)<-@Fun22(X).";
     graph.activity("Broken").Act_LDL = "CRITICAL ERROR AT POSITION: 7...";
     graph.activity("Old", {}, {"KEY"}).Act_LDL = "old_out(Old_OUT_ID).";
+    // A circle of two behind one activity and before another.
+    for (const char* name : {"First", "Two", "Three", "Last"}) {
+        graph.activity(name, {"I", "J"}, {"O"}).Act_LDL = "whole(1).";
+    }
+    graph.feed("First.OUT.O", "Two.IN.I");
+    graph.feed("Two.OUT.O", "Three.IN.I");
+    graph.feed("Three.OUT.O", "Two.IN.J");
+    graph.feed("Three.OUT.O", "Last.IN.I");
     struct : StatementReport {
         std::vector<UnfinishedStatement> shown;
         void showUnfinished(canvas::DrawForm&, const std::vector<UnfinishedStatement>& statements) override {
@@ -213,15 +221,20 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     LDLScenarioWriter reporting(ports.messages, folder, progress, nullptr, &report);
     expectWritten();
     reporting.LDLScenario(form);
-    EXPECT_EQ(report.shown,
-              (std::vector<UnfinishedStatement>{{"Empty", "The statement is empty."},
-                                                {"Open", "@P[2] has not been declared."},
-                                                {"Stopped", "@Fun22 was not replaced."},
-                                                {"Broken", "The loops of the template could not be expanded."},
-                                                {"Old", "The activity has no output ID.", true}}));
+    EXPECT_EQ(report.shown, (std::vector<UnfinishedStatement>{
+                                {"Empty", "The statement is empty."},
+                                {"Open", "@P[2] has not been declared."},
+                                {"Stopped", "@Fun22 was not replaced."},
+                                {"Broken", "The loops of the template could not be expanded."},
+                                {"Old", "The activity has no output ID.", true},
+                                {"Two", "The data runs in a circle: Two, Three, Two.", false, true},
+                                {"Three", "The data runs in a circle: Three, Two, Three.", false, true}}));
     // The status speaks of this scenario, and goes when another comes forward.
     const std::string words = progress.statuses.back();
-    EXPECT_EQ(words, "Without a whole statement: Empty, Open, Stopped, Broken. With an outdated statement: Old");
+    EXPECT_EQ(
+        words,
+        "Without a whole statement: Empty, Open, Stopped, Broken. With an outdated statement: Old. In a circle of "
+        "data: Two, Three");
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), words);
     reporting.cameForward(nullptr);

@@ -65,6 +65,8 @@ void SetActPropWindow::showState() {
     rowButtons_->showState(logic_.ListButtons()                      ? QString()
                            : logic_.TabStrip1 == SetActProp::kLogTab ? tr("No list is in front")
                                                                      : tr("The list has no rows"));
+    sourceNote_->setText(text(logic_.sourceNote()));
+    sourceNote_->setVisible(!logic_.sourceNote().empty());
     showOK();
     showing_ = false;
 }

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -213,11 +214,18 @@ QWidget* SetActPropWindow::newLists() {
             act([&] { logic_.TabStrip1_Click(tab); });
         }
     });
+    sourceNote_ = new QLabel(side);
+    sourceNote_->setObjectName(QStringLiteral("sourceNote"));
+    sourceNote_->setWordWrap(true);
+    auto* rows = new QVBoxLayout;
+    rows->setSpacing(Spacing::gap / 2);
+    rows->addWidget(tabs_, 1);
+    rows->addWidget(sourceNote_);
     auto* columns = new QHBoxLayout(side);
     columns->setContentsMargins({});
     columns->setSpacing(Spacing::gap);
     columns->addWidget(rowButtons_);
-    columns->addWidget(tabs_, 1);
+    columns->addLayout(rows, 1);
     return side;
 }
 

@@ -70,6 +70,7 @@ class SetActPropWindow : public FormWindow {
     RowButtons* rowButtons_;
     QTabWidget* tabs_;
     std::array<RowView*, 3> lists_{};
+    QLabel* sourceNote_;
     QLineEdit* log_;
     QPushButton* ok_;
     bool showing_ = false;
