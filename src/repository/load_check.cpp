@@ -90,12 +90,13 @@ class StoredLinks {
 
 }  // namespace
 
-std::string damageOf(DrawForm& form, const entities::CatalogueTables& tables, const StoredRows& rows) {
+LoadFindings damageOf(DrawForm& form, const entities::CatalogueTables& tables, const StoredRows& rows) {
     std::string words;
     const auto tell = [&words](const char* what, const std::vector<std::string>& names) {
         words += names.empty() ? "" : std::string("\n") + what + platform::nameList(names) + ".";
     };
-    tell("Not as it is stored: ", RowPlan(form, tables, rows).differing());
+    const RowPlan plan(form, tables, rows);
+    tell("Not as it is stored: ", plan.differing());
     std::vector<std::string> unknown;
     for (const std::string& name : rows.lineEnds) {
         if (!form.nodeNamed(name) && std::ranges::find(unknown, name) == unknown.end()) {
@@ -105,12 +106,17 @@ std::string damageOf(DrawForm& form, const entities::CatalogueTables& tables, co
     tell("Edges lead to what is not there: ", unknown);
     const StoredLinks links(form);
     tell("Links lead to what is not there, in: ", links.holders());
-    if (rows.lineEnds.empty() && links.joinNodes()) {
-        words += "\nThere is no edge, though nodes are linked.";
+    if (!words.empty()) {
+        words = "The stored scenario is not whole; a save of it may have been broken off." + words +
+                "\nPlease look it through and save it again.";
     }
-    return words.empty() ? words
-                         : "The stored scenario is not whole; a save of it may have been broken off." + words +
-                               "\nPlease look it through and save it again.";
+    // Edges may have been deleted by hand, too.
+    if (rows.lineEnds.empty() && links.joinNodes()) {
+        words +=
+            std::string(words.empty() ? "" : "\n") +
+            "No edge is stored, though nodes are linked. If a save was broken off, Consistency draws the edges again.";
+    }
+    return {words, !plan.differing().empty()};
 }
 
 }  // namespace orvent::repository

@@ -8,8 +8,14 @@
 
 namespace orvent::repository {
 
-/// Tells in what a scenario that was just loaded is not whole, as far as names that lead nowhere and rows that did not
-/// come back tell; a save that was broken off leaves such a mixture. Empty when nothing is wrong.
-std::string damageOf(canvas::DrawForm& form, const entities::CatalogueTables& tables, const StoredRows& rows);
+/// What is wrong with a scenario that was just loaded.
+struct LoadFindings {
+    std::string words{};   ///< empty when nothing is to be told
+    bool differs = false;  ///< the window does not show all that is stored
+};
+
+/// Looks in what the scenario is not whole, as far as names that lead nowhere and rows that did not come back tell; a
+/// save that was broken off leaves such a mixture.
+LoadFindings damageOf(canvas::DrawForm& form, const entities::CatalogueTables& tables, const StoredRows& rows);
 
 }  // namespace orvent::repository

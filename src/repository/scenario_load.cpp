@@ -148,9 +148,12 @@ bool ScenarioLoadSave::load(DrawForm& form, std::int16_t ScenarioID) {
     finishNodes(form);
     markStored(form);
     form.stored.rows = marksOf(stored);
-    if (const std::string words = damageOf(form, catalogue_.tables, stored); !words.empty()) {
+    const LoadFindings found = damageOf(form, catalogue_.tables, stored);
+    if (found.differs) {
         markUnsaved(form);
-        services_.messages.tell(words, {}, platform::Icon::warning);
+    }
+    if (!found.words.empty()) {
+        services_.messages.tell(found.words, {}, platform::Icon::warning);
     }
     return true;
 }

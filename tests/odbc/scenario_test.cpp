@@ -173,6 +173,7 @@ TEST_P(EveryRepository, TypesThatChangeUnderADialogStayWhatTheyAre) {
     for (const entities::AttributeProperties& each : graph.recordSet("RS", {"ID", "DAY"}).RecordSet_Outputs) {
         graph.attribute("RS." + each.Key).Attribute_Type = types.DataTypeIndex(each.Key == "ID" ? "NUMBER" : "DATE");
     }
+    graph.edge("RS", "Act");
     frame_->host.atActivity = [&](editors::SetActProp& dialog) {
         dialog.ActTypes_Click(types.ActivityTypeIndex("Selection"));
         dialog.NodeClick({dialog.DBView.find("DB.RS")});
@@ -257,12 +258,13 @@ TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {
 
 TEST_P(EveryRepository, WhatChangedElsewhereIsAskedAboutAndOrderComesBack) {
     frame_->frame.run(Command::loadTestGraph);
+    testkit::GraphBuilder(form()).recordSet("Many", {"A", "B", "C"});
     saveAs("Shared");
     const auto turn = [](auto& list) { list.move(1, list.Count()); };
     testkit::TestFrame other(*repository_);
     ASSERT_TRUE(other.frame.start());
     other.load("Shared");
-    turn(*other.active().nodeNamed("RS1")->recordSet()->RecordSet_Outputs);
+    turn(*other.active().nodeNamed("Many")->recordSet()->RecordSet_Outputs);
     other.saved();
     other.frame.run(Command::saveScenario);
 
@@ -277,7 +279,7 @@ TEST_P(EveryRepository, WhatChangedElsewhereIsAskedAboutAndOrderComesBack) {
     closeAndLoad("Shared");
     EXPECT_EQ(testkit::modelText(form()), shown);
     turn(*form().nodeNamed("Activity2")->activity()->Act_Functions);
-    turn(*form().nodeNamed("RS1")->recordSet()->RecordSet_Outputs);
+    turn(*form().nodeNamed("Many")->recordSet()->RecordSet_Outputs);
     const std::string turned = testkit::modelText(form());
     saveAgain();
     closeAndLoad("Shared");
