@@ -70,10 +70,15 @@ class FirstStartTest : public WindowTest {
         }
         std::string kept = places.settings.string() + ".unreadable";
         int number = 1;
-        for (const std::string& rubbish :
-             {std::string("\0\xFF[no]\nline without a value", 28), "[DB]\nUser=\xFF\xFE", "[DB]\n" + random,
-              "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">", "{\"DB\": {\"User\": \"a=b\"}}",
-              "{\n  \"User\":\n  \"a=b\"\n}", "USER=anna\nHOME=/home/anna\n", "\xFF\xFE[\0D\0B\0]\0"}) {
+        const std::string all[] = {std::string("\0\xFF[no]\nline without a value", 28),
+                                   "[DB]\nUser=\xFF\xFE",
+                                   "[DB]\n" + random,
+                                   "<!DOCTYPE html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">",
+                                   "{\"DB\": {\"User\": \"a=b\"}}",
+                                   "{\n  \"User\":\n  \"a=b\"\n}",
+                                   "USER=anna\nHOME=/home/anna\n",
+                                   std::string("\xFF\xFE[\0D\0B\0]\0", 10)};
+        for (const std::string& rubbish : all) {
             std::ofstream(places.settings, std::ios::binary | std::ios::trunc) << rubbish;
             QVERIFY_THROWS_EXCEPTION(
                 platform::Fault,
