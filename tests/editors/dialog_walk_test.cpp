@@ -278,7 +278,7 @@ class DialogWalk : public ZoomDialogs, public ::testing::WithParamInterface<unsi
         if (!leaves.empty()) {
             forms::Tree::Node& leaf = *leaves[static_cast<std::size_t>(pick(static_cast<int>(leaves.size())))];
             say("  tick " + leaf.value().Key);
-            dialog.NodeClick(tree, leaf);
+            dialog.NodeClick({&leaf});
         }
     }
 

@@ -96,7 +96,7 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
             EXPECT_EQ(shown.value().Refusal, "This function belongs to A2 already.");
             EXPECT_FALSE(shown.value().Checked);
             const int rows = dialog.frontList().Count();
-            dialog.NodeClick(dialog.ActView, shown);
+            dialog.NodeClick({&shown});
             EXPECT_FALSE(dialog.takes({"GRAPH.F1"}));
             EXPECT_EQ(dialog.frontList().Count(), rows);
             dialog.txtDescr_Change("words");
@@ -110,7 +110,7 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
     // Given up it is free and a new one; taken out and in again it is new at its place.
     change("A2", [&](SetActProp& dialog) {
         takeOut(dialog);
-        dialog.NodeClick(dialog.ActView, *dialog.ActView.find("GRAPH.F1"));
+        dialog.NodeClick({dialog.ActView.find("GRAPH.F1")});
     });
     EXPECT_EQ(node("F1").entity<FunctionProperties>()->FunctionID, 0);
     node("F1").entity<FunctionProperties>()->FunctionID = 6;
