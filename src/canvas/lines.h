@@ -105,10 +105,8 @@ class LinesD {
     void setGrabPoint(EdgeEnd which, std::int16_t grabPoint);
     /// Takes one end from its node; its place stays.
     void detach(EdgeEnd which);
-
     /// The image of the end handle, empty when the edge has no arrow head.
     std::string_view arrowImage() const { return arrow_; }
-
     /// The image of the start handle: the mark of a part-of edge, else empty.
     std::string_view startImage() const {
         return edgeType_ == EdgeTypePartOf ? std::string_view("PartOfStart") : std::string_view();
@@ -121,7 +119,6 @@ class LinesD {
 
     std::int16_t BorderStyle = BorderSolid;
     std::int16_t BorderWidth = 1;
-
     bool Visible() const { return visible_; }
     void setVisible(bool value);
     bool HighLighted() const { return highLighted_; }

@@ -73,8 +73,7 @@ void RecordSetProp::markEdited() {
 
 bool RecordSetProp::mayDismiss() {
     return !edited_ || messages().show("The changes of this record set have not been applied.", "Record Set Properties",
-                                       platform::Icon::warning,
-                                       platform::Buttons::discardGoOn) == platform::Answer::ok;
+                                       platform::Icon::warning, platform::Buttons::discardGoOn) == platform::Answer::ok;
 }
 
 void RecordSetProp::txtRecordSetName_Change(const std::string& text) {

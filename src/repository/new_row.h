@@ -41,8 +41,9 @@ class NoIdentifiersLeft : public platform::Fault {
 class OrderNotStored : public platform::Fault {
   public:
     OrderNotStored()
-        : Fault("This repository has not enough identifiers left for the new order of members.\n"
-                "Everything else is saved; for the order please save the scenario in another repository.") {}
+        : Fault(
+              "This repository has not enough identifiers left for the new order of members.\n"
+              "Everything else is saved; for the order please save the scenario in another repository.") {}
 };
 
 /// The identifier that the row just added has got. Beyond the last one that fits, the row goes again before anything

@@ -60,7 +60,6 @@ class LDLForm : public ActivityWizard {
     bool isOpen() const { return open_; }
 
     // The state of the run; empty while the window is closed.
-
     entities::ActivityProperties* Activity = nullptr;
     LDLsourceColl Sources;                        ///< what provides the activity's inputs
     entities::Act_OutputsCollection OutputsView;  ///< the outputs that were not generated; the activity's own objects
@@ -88,7 +87,6 @@ class LDLForm : public ActivityWizard {
     std::string txtFunctionName;  ///< the window writes edits through
 
     // The events.
-
     void cmdParseLDL();
     void cmdGenerateLDL();
     void cmdCreateAct();

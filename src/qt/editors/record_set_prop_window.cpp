@@ -91,9 +91,7 @@ QPushButton* RecordSetPropWindow::newButton(const char* name, const QString& cap
 QWidget* RecordSetPropWindow::newDatabases() {
     databases_ = new TreePanel(logic_.DBView, entityPicture, tr("DATA&BASES"), QStringLiteral("DBView"), this);
     databases_->setHint(tr("Load a database to choose from its columns"));
-    databases_->click = [this](const std::vector<forms::Tree::Node*>& nodes) {
-        act([&] { logic_.NodeClick(nodes); });
-    };
+    databases_->click = [this](const std::vector<forms::Tree::Node*>& nodes) { act([&] { logic_.NodeClick(nodes); }); };
     databases_->clicked = [this] { list_->setFocus(); };
     databases_->dropRows = [this] { act([&] { logic_.Move2Tree_Click(); }); };
     connect(&databases_->view(), &QWidget::customContextMenuRequested, this, &RecordSetPropWindow::showDatabaseMenu);
