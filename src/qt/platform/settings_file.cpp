@@ -21,7 +21,7 @@ QString entry(const std::string& section, const std::string& key) {
 /// below a section.
 bool isSettings(QByteArray file) {
     static const QRegularExpression section(QStringLiteral("^\\[[^\\[\\]]+\\]$"));
-    static const QRegularExpression keyAndValue(QStringLiteral("^[-\\w.%\\\\ ]+=[^\\p{Cc}]*$"),
+    static const QRegularExpression keyAndValue(QStringLiteral("^[-\\w.%\\\\ ]+=[^\\x00-\\x08\\x0A-\\x1F]*$"),
                                                 QRegularExpression::UseUnicodePropertiesOption);
     if (file.startsWith("\xEF\xBB\xBF")) {  // some editors put one in front of a text
         file.remove(0, 3);
