@@ -112,7 +112,7 @@ void takeTable(editors::RecordSetProp& dialog, const repository::LoginValues& lo
                         [](std::size_t, std::size_t) { return true; });
     for (const auto& node : dialog.DBView.roots().at(0)->children()) {
         if (platform::upperCase(node->value().Text) == table) {
-            dialog.NodeClick({node});
+            dialog.NodeClick({node.get()});
         }
     }
     dialog.SQLAuto_Click();

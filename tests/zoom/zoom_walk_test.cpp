@@ -259,7 +259,7 @@ class ZoomWalk : public StoredScenarioTest {
             at = at->children()[static_cast<std::size_t>(pick(static_cast<int>(at->children().size())))].get();
         }
         tell(", click " + at->value().Key);
-        dialog.NodeClick(tree, *tree.find(at->value().Key));
+        dialog.NodeClick({tree.find(at->value().Key)});
     }
 
     void filter() {
