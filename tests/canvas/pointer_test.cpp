@@ -455,6 +455,11 @@ TEST(DrawForm, TheClosingQuestionTellsWhetherAnythingIsLost) {
     EXPECT_EQ(stage.host.taken(), question + " / Everything is saved.");
     stage.form.stored.changed = true;
     EXPECT_TRUE(stage.form.QueryUnload());
+    EXPECT_EQ(stage.host.taken(), question +
+                                      " / Changes that were not saved will be lost."
+                                      "\nNo save keeps an activity without a type: Act.");
+    stage.form.nodeNamed("Act")->activity()->Act_Type = 0;
+    EXPECT_TRUE(stage.form.QueryUnload());
     EXPECT_EQ(stage.host.taken(), question + " / Changes that were not saved will be lost.");
 }
 
