@@ -61,7 +61,8 @@ class DialogScript {
         }
         const auto* body = dialog.findChild<QScrollArea*>(QStringLiteral("body"));
         if (body && body->horizontalScrollBar()->maximum() > 0) {
-            failQt(dialog.objectName().toStdString() + " scrolls sideways");
+            failQt(dialog.objectName().toStdString() + " scrolls sideways by " +
+                   std::to_string(body->horizontalScrollBar()->maximum()));
         }
     }
 

@@ -161,7 +161,7 @@ class ListModelsTest : public WindowTest {
         QCOMPARE(model.index(1, 0, parent).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
         tree.alter(table, [](forms::TreeNode& node) { node.Image = "RS-UnderChecked"; });
         QCOMPARE(parent.data(Qt::CheckStateRole).toInt(), int(Qt::PartiallyChecked));
-        tree.narrow("b");
+        tree.narrow("rs.b");
         QCOMPARE(count.data().toString(), QStringLiteral("1 of 3 shown"));
         tree.narrow("");
         {

@@ -242,21 +242,6 @@ QWidget* TypeEditorWindow::newOptions(QWidget* parent) {
     return area;
 }
 
-/// With a letter of its own.
-QString TypeEditorWindow::addCaption(editors::TypeListRole role) {
-    switch (role) {
-        case editors::TypeListRole::input:
-            return tr("Add Inpu&t…");
-        case editors::TypeListRole::parameter:
-            return tr("Add &Parameter…");
-        case editors::TypeListRole::output:
-            return tr("Add Outp&ut…");
-        case editors::TypeListRole::function:
-            break;
-    }
-    return tr("Add &Function…");
-}
-
 QWidget* TypeEditorWindow::newLists(QWidget* parent) {
     auto* area = new QWidget(parent);
     auto* columns = new QHBoxLayout(area);
@@ -266,7 +251,7 @@ QWidget* TypeEditorWindow::newLists(QWidget* parent) {
         const editors::TypeListWords& words = logic_.words.lists[at];
         auto* column = new QVBoxLayout;
         column->addWidget(new QLabel(tr(words.caption), area));
-        LineList line{newList(QLatin1String(words.list), area), new QPushButton(addCaption(words.role), area),
+        LineList line{newList(QLatin1String(words.list), area), new QPushButton(tr("&Add…"), area),
                       new QPushButton(tr("&Remove"), area)};
         line.lines->setAccessibleName(tr(words.caption));
         line.lines->setMinimumHeight(70);

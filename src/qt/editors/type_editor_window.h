@@ -47,7 +47,6 @@ class TypeEditorWindow : public FormWindow {
     QWidget* newEditSide();
     QWidget* newDefinition();
     QWidget* newLists(QWidget* parent);
-    static QString addCaption(editors::TypeListRole role);
     QWidget* newOptions(QWidget* parent);
     QWidget* newTextPage(QTextEdit* box, QWidget* beside);
     QPushButton* newButton(const char* name, const QString& caption, Event handler);

@@ -38,6 +38,7 @@ GuideStrip::GuideStrip(QWidget* parent, std::function<void(const QString&)> go)
     bold.setBold(true);
     place_->setFont(bold);
     notes_->setObjectName(QStringLiteral("notes"));
+    notes_->setAccessibleName(tr("What is left to do"));
     notes_->setTextFormat(Qt::RichText);
     notes_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     notes_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
