@@ -13,6 +13,7 @@ namespace {
 
 /// Of a type's name in the creation script.
 constexpr std::size_t kNameWidth = 1000;
+constexpr std::size_t kLineWidth = 4000;
 
 constexpr const char* kGone = "The repository has no such type any more";
 
@@ -51,7 +52,8 @@ const entities::NameTable& TypeEditor::typesOf(TypeListRole role) const {
 void TypeEditor::refreshTables() {
     repository::StatementCache repository = repository::openRepository(services_);
     catalogue_.refreshTables(repository);
-    nameLimit_ = repository.keyLimit(kNameWidth);
+    nameLimit_ = repository.textLimit(kNameWidth, platform::TextColumn::key);
+    lineLimit_ = repository.textLimit(kLineWidth, platform::TextColumn::plain);
 }
 
 void TypeEditor::fillTypes(const std::string& selected) {

@@ -113,7 +113,8 @@ class TypeEditor : public forms::Editor {
     std::string edited_;                  ///< the type that is edited, by the name with which that began
     std::vector<std::string> readState_;  ///< what it held when it was read
     std::optional<std::string> begun_;    ///< the name of a save that broke off: what stands there is this editor's own
-    platform::KeyLimit nameLimit_;
+    platform::TextLimit nameLimit_;       ///< of the type
+    platform::TextLimit lineLimit_;       ///< of the names of its lines
 };
 
 }  // namespace orvent::editors

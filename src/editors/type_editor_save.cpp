@@ -1,7 +1,5 @@
 // Checking and storing what a type editor holds.
 
-#include <algorithm>
-
 #include "editors/type_editor.h"
 #include "forms/name_check.h"
 #include "platform/fault.h"
@@ -11,15 +9,6 @@ namespace orvent::editors {
 using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
-
-namespace {
-
-std::size_t charactersOf(const std::string& text) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(text, [](char each) { return (static_cast<unsigned char>(each) & 0xC0U) != 0x80U; }));
-}
-
-}  // namespace
 
 bool TypeEditor::check() {
     const std::string kindOfType = words.kindOfType;
@@ -115,19 +104,24 @@ bool TypeEditor::isFree(std::optional<std::int16_t> stored) const {
 }
 
 bool TypeEditor::fits(std::optional<std::int16_t> stored) const {
-    const auto inTime = [this](std::size_t length, std::size_t most, const char* unit) {
-        if (most == 0 || length <= most) {
-            return true;
+    const auto tooLong = [this](const std::string& name, const std::string& excess, const char* of) {
+        if (!excess.empty()) {
+            messages().tell(name + " " + excess + of + ".\nPlease give a shorter one.", {}, Icon::warning);
         }
-        messages().tell("The name is too long: it has " + std::to_string(length) + " " + unit +
-                            ", and this repository keeps at most " + std::to_string(most) +
-                            " of a type's name.\nPlease give a shorter one.",
-                        {}, Icon::warning);
-        return false;
+        return !excess.empty();
     };
-    return (stored && table().name(*stored) == txtName) ||
-           (inTime(charactersOf(txtName), nameLimit_.characters, "characters") &&
-            inTime(txtName.size(), nameLimit_.bytes, "bytes"));
+    if (!(stored && table().name(*stored) == txtName) &&
+        tooLong("The name", nameLimit_.excess(txtName), " of a type's name")) {
+        return false;
+    }
+    for (const forms::List& list : lists) {
+        for (const forms::ListRow& row : list.rows()) {
+            if (tooLong("The name " + platform::quotedShort(row.Key), lineLimit_.excess(row.Key), " of a name")) {
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 bool TypeEditor::hasItsTypes() const {

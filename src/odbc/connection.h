@@ -55,7 +55,9 @@ class OdbcConnection : public platform::Connection {
         : session_(environment, connectionString, user, std::move(where)) {}
 
     std::unique_ptr<platform::Statement> prepare(std::string_view sql) override;
-    platform::KeyLimit keyLimit(std::size_t width) const override { return session_.dialect().keyLimit(width); }
+    platform::TextLimit textLimit(std::size_t width, platform::TextColumn column) const override {
+        return session_.dialect().textLimit(width, column);
+    }
 
     bool readOnly() const override { return onlyRead_ || session_.readOnly(); }
 

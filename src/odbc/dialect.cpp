@@ -8,6 +8,13 @@
 
 namespace orvent::odbc {
 
+namespace {
+
+/// The most bytes of a VARCHAR2, whether its width counts bytes or characters.
+constexpr std::size_t kLongestText = 4000;
+
+}  // namespace
+
 int Translation::parameter(int sent) const {
     int number = sent;
     // The connection's own parameters stand between the sender's; they are in rising order.
@@ -31,12 +38,15 @@ std::string Dialect::setUp() const {
     return rules_ != nullptr ? std::string(rules_->setUp) : std::string();
 }
 
-platform::KeyLimit Dialect::keyLimit(std::size_t width) const {
+platform::TextLimit Dialect::textLimit(std::size_t width, platform::TextColumn column) const {
     if (rules_ == nullptr) {
-        return {.characters = width, .bytes = 0};
+        return {.characters = width, .bytes = kLongestText};
     }
     if (!rules_->keepsWidths) {
         return {};
+    }
+    if (column == platform::TextColumn::plain) {
+        return {.characters = width, .bytes = 0};
     }
     const auto most = static_cast<std::size_t>(rules_->keyWidth);
     return {.characters = most == 0 ? width : std::min(width, most),

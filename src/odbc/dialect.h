@@ -48,8 +48,8 @@ class Dialect {
     /// False for a driver that loses its place when it is asked for a single value of a block of rows.
     bool keepsPlaceInBlock() const;
 
-    /// What a key column takes that was created with `width` characters.
-    platform::KeyLimit keyLimit(std::size_t width) const;
+    /// What a column takes that was created with `width` characters.
+    platform::TextLimit textLimit(std::size_t width, platform::TextColumn column) const;
 
   private:
     const DialectRules* rules_;

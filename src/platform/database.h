@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/fault.h"
+#include "platform/text_limit.h"
 
 namespace orvent::platform {
 
@@ -56,12 +57,6 @@ class Statement {
     virtual float realNumber(int column) = 0;  ///< null reads as 0
 };
 
-/// The most that a text of a key column may have; 0 for no limit.
-struct KeyLimit {
-    std::size_t characters = 0;
-    std::size_t bytes = 0;
-};
-
 /// An open connection in auto-commit. It closes with its destruction; its statements must be gone by then.
 class Connection {
   public:
@@ -71,9 +66,10 @@ class Connection {
     /// `execute`.
     virtual std::unique_ptr<Statement> prepare(std::string_view sql) = 0;
 
-    /// What this database takes in a key column to which the creation script gives `width` characters.
-    virtual KeyLimit keyLimit(std::size_t width) const {
+    /// What this database takes in a column to which the creation script gives `width` characters.
+    virtual TextLimit textLimit(std::size_t width, TextColumn column) const {
         static_cast<void>(width);
+        static_cast<void>(column);
         return {};
     }
 

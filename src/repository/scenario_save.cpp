@@ -57,6 +57,7 @@ SaveResult ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
         if (repository->readOnly()) {
             throw OnlyRead();
         }
+        refuseLongTexts(form, *repository);
         catalogue_.refreshTables(*repository);
         if (!hasItsTypes(form, services_, catalogue_, *repository)) {
             return SaveResult::givenUp;
@@ -92,6 +93,7 @@ bool ScenarioLoadSave::attempt(SaveAttempt& save) {
     save.fault.clear();
     try {
         const platform::Busy busy(services_.progress);
+        refuseLongTexts(save.form, save.repository);  // the scenario may have another name by now
         if (save.replace) {
             takeOverScenario(save);
         } else {
@@ -103,6 +105,9 @@ bool ScenarioLoadSave::attempt(SaveAttempt& save) {
         writeScenario(save);
         return true;
     } catch (const NoIdentifiersLeft& fault) {
+        save.hopeless = true;
+        save.fault = fault.description();
+    } catch (const TextTooLong& fault) {
         save.hopeless = true;
         save.fault = fault.description();
     } catch (const OrderNotStored& fault) {

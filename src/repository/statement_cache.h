@@ -49,7 +49,10 @@ class StatementCache {
         return statement;
     }
 
-    platform::KeyLimit keyLimit(std::size_t width) const { return connection_->keyLimit(width); }
+    /// What the database takes in a column to which the creation script gives `width` characters.
+    platform::TextLimit textLimit(std::size_t width, platform::TextColumn column) const {
+        return connection_->textLimit(width, column);
+    }
 
     /// Whether a query by one identifier has a row.
     bool finds(std::string_view sql, std::int16_t identifier) {

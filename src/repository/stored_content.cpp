@@ -12,6 +12,9 @@ namespace {
 
 using namespace entities;
 
+/// The width of the columns of names and keys.
+constexpr std::size_t kNameWidth = 4000;
+
 /// Walks over all that a save would write. `Visit` has `node(name)`, `text(field, value)` and `number(value)`.
 template <class Visit>
 class StoredFields {
@@ -51,15 +54,15 @@ class StoredFields {
         } else if (const RecordSetProperties* recordSet = node.recordSet()) {
             walk(*recordSet);
         } else if (const auto* comment = node.entity<CommentProperties>()) {
-            visit_.text("Comment_Text", comment->Comment);
+            visit_.longText("Comment_Text", comment->Comment);
         }
     }
 
     void walk(const ActivityProperties& activity) {
-        visit_.text("Activity_Descr", activity.Act_Description);
-        visit_.text("Activity_Log", activity.Act_Log);
-        visit_.text("Activity_SQL", activity.Act_SQL);
-        visit_.text("Activity_LDL", activity.Act_LDL);
+        visit_.longText("Activity_Descr", activity.Act_Description);
+        visit_.longText("Activity_Log", activity.Act_Log);
+        visit_.longText("Activity_SQL", activity.Act_SQL);
+        visit_.longText("Activity_LDL", activity.Act_LDL);
         numbers(activity.Act_Type, activity.Act_SchemaNo);
         each(activity.Act_Inputs, [this](const AttributeProperties& input) {
             walk(input);
@@ -83,7 +86,7 @@ class StoredFields {
     }
 
     void walk(const RecordSetProperties& recordSet) {
-        visit_.text("RecordSet_SQL", recordSet.RecordSet_SQL);
+        visit_.longText("RecordSet_SQL", recordSet.RecordSet_SQL);
         each(recordSet.RecordSet_Outputs, [&](const AttributeProperties& attribute) {
             walk(attribute);
             visit_.text("DB_Key", recordSet.dbKey(attribute.Key));
@@ -133,6 +136,7 @@ class NullCharacters {
   public:
     void node(const std::string& name) { node_ = &name; }
     void number(std::uint64_t) {}
+    void longText(const char* field, std::string_view value) const { text(field, value); }
     void text(const char* field, std::string_view value) const {
         if (value.find('\0') != std::string_view::npos) {
             throw platform::Fault(std::string("The field ") + field + " of \"" + node_->c_str() +
@@ -145,10 +149,32 @@ class NullCharacters {
     const std::string* node_ = nullptr;
 };
 
+/// Looks for a text that is longer than its column.
+class LongTexts {
+  public:
+    explicit LongTexts(platform::TextLimit limit) : limit_(limit) {}
+
+    void node(const std::string& name) { node_ = &name; }
+    void number(std::uint64_t) {}
+    void longText(const char*, std::string_view) {}
+    void text(const char* field, std::string_view value) const { text(field, value, limit_); }
+    void text(const char* field, std::string_view value, platform::TextLimit limit) const {
+        if (const std::string excess = limit.excess(value); !excess.empty()) {
+            throw TextTooLong(std::string("The field ") + field + " of " + platform::quotedShort(*node_) + " " +
+                              excess + ".\nPlease give a shorter name and save again.");
+        }
+    }
+
+  private:
+    const std::string* node_ = nullptr;
+    platform::TextLimit limit_;
+};
+
 class ContentMark {
   public:
     void node(const std::string&) {}
     void number(std::uint64_t value) { mark_.number(value); }
+    void longText(const char*, std::string_view value) { mark_.text(value); }
     void text(const char*, std::string_view value) { mark_.text(value); }
     std::uint64_t value() const { return mark_.value(); }
 
@@ -162,6 +188,14 @@ void refuseNullCharacters(const canvas::DrawForm& form) {
     NullCharacters search;
     search.node(form.Caption());
     search.text("Scenario_Name", form.ScenarioName());
+    StoredFields(search).walk(form);
+}
+
+void refuseLongTexts(const canvas::DrawForm& form, const StatementCache& repository) {
+    LongTexts search(repository.textLimit(kNameWidth, platform::TextColumn::plain));
+    const std::string caption = form.Caption();
+    search.node(caption);
+    search.text("Scenario_Name", form.ScenarioName(), repository.textLimit(kNameWidth, platform::TextColumn::key));
     StoredFields(search).walk(form);
 }
 

@@ -3,12 +3,23 @@
 #include <cstdint>
 
 #include "canvas/draw_form.h"
+#include "platform/fault.h"
+#include "repository/statement_cache.h"
 
 namespace orvent::repository {
 
 /// Throws a `Fault` that names the field and its node when a text that a save would write holds a null character: it
 /// would be cut there without a word.
 void refuseNullCharacters(const canvas::DrawForm& form);
+
+/// A text is longer than the repository keeps.
+class TextTooLong : public platform::Fault {
+  public:
+    using Fault::Fault;
+};
+
+/// Throws `TextTooLong`, which names the field and its node, for the first name or key that the repository cannot keep.
+void refuseLongTexts(const canvas::DrawForm& form, const StatementCache& repository);
 
 /// A number that stands for all that a save would write; 0 for an empty window. A walk without copies, some
 /// milliseconds for tens of thousands of nodes.

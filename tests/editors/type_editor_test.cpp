@@ -485,7 +485,7 @@ TEST_F(TypeEditorTest, WhatAnotherUserDidToATypeIsToldOrAskedAbout) {
 }
 
 TEST_F(TypeEditorTest, ANameThatTheDatabaseCannotKeepIsRefusedInWords) {
-    repository.hooked.keyLimit = platform::KeyLimit{.characters = 6, .bytes = 9};
+    repository.hooked.keyLimit = platform::TextLimit{.characters = 6, .bytes = 9};
     TypeEditor types = editor(TypeKind::activity);
     make(types, "");
     const auto refuse = [&](const std::string& name, const std::string& has, const std::string& most) {
@@ -499,6 +499,12 @@ TEST_F(TypeEditorTest, ANameThatTheDatabaseCannotKeepIsRefusedInWords) {
     refuse("sevenxx", "7 characters", "6");
     refuse("größßß", "10 bytes", "9");
     types.changeName("größß");
+    repository.hooked.plainLimit = platform::TextLimit{.characters = 1, .bytes = 0};
+    warn(
+        "The name \"L0\" is too long: it has 2 characters, and this repository keeps at most 1 of a name.\n"
+        "Please give a shorter one.");
+    types.But_SAVE();
+    repository.hooked.plainLimit.reset();
     inform("Activity TYPE SAVED");
     types.But_SAVE();
     EXPECT_FALSE(types.isEditing());

@@ -205,26 +205,42 @@ TEST_P(EveryRepository, TypesThatChangeUnderADialogStayWhatTheyAre) {
     EXPECT_EQ(types.tables.dataTypes.name(act.Act_Inputs.peek()->Item("RS_ID")->Attribute_Type), "NUMBER");
 }
 
-// The longest name that is said to fit is stored, whatever its letters.
-TEST_P(EveryRepository, ATypesNameMayBeAsLongAsIsSaid) {
+/// The longest name within the limit, of letters of that many bytes. No letter is like the other, so that no database
+/// makes it shorter.
+std::string longestName(platform::TextLimit most, std::size_t bytes) {
+    std::mt19937 random(7);
+    std::string name;
+    const std::size_t limit = most.characters == 0 ? 5000 : most.characters;
+    for (std::size_t at = 0; at < limit && (most.bytes == 0 || name.size() + bytes <= most.bytes); ++at) {
+        const auto letter = static_cast<char>('a' + random() % 26);
+        name += bytes == 1 ? std::string(1, letter)
+                           : std::string("\xE4") + static_cast<char>(0xB8 + random() % 8) +
+                                 static_cast<char>(0x80 + random() % 64);
+    }
+    return name;
+}
+
+// The longest names that are said to fit are stored, whatever their letters.
+TEST_P(EveryRepository, NamesMayBeAsLongAsIsSaid) {
     repository::Services services = repository_->services();
     repository::StatementCache open = repository::openRepository(services);
-    const platform::KeyLimit most = open.keyLimit(1000);
-    EXPECT_EQ(most.characters == 0, GetParam() == Kind::sqlite);
-    std::mt19937 random(7);
+    const platform::TextLimit type = open.textLimit(1000, platform::TextColumn::key);
+    EXPECT_EQ(type.characters == 0, GetParam() == Kind::sqlite);
     for (const std::size_t bytes : {std::size_t{1}, std::size_t{3}}) {
-        std::string name;
-        std::size_t characters = 0;
-        const std::size_t limit = most.characters == 0 ? 2000 : most.characters;
-        for (; characters < limit && (most.bytes == 0 || name.size() + bytes <= most.bytes); ++characters) {
-            // No letter is like the other, so that nothing is made shorter.
-            const auto letter = static_cast<char>('a' + random() % 26);
-            name += bytes == 1 ? std::string(1, letter)
-                               : std::string("\xE4") + static_cast<char>(0xB8 + random() % 8) +
-                                     static_cast<char>(0x80 + random() % 64);
-        }
         messages().expect("DATA TYPE SAVED", "", Icon::information);
-        EXPECT_EQ(frame_->frame.catalogue().tables.dataTypes.name(frame_->frame.catalogue().SaveDataType(name)), name);
+        const std::string typeName = longestName(type, bytes);
+        EXPECT_EQ(frame_->frame.catalogue().tables.dataTypes.name(frame_->frame.catalogue().SaveDataType(typeName)),
+                  typeName);
+        std::string name = longestName(open.textLimit(4000, platform::TextColumn::key), bytes);
+        frame_->frame.NewScenario(name);
+        const std::string member = longestName(open.textLimit(4000, platform::TextColumn::plain), bytes);
+        testkit::GraphBuilder graph(form());
+        graph.recordSet(member, {member.c_str()});
+        const std::string before = testkit::modelText(form());
+        saveAs(name);
+        closeAndLoad(name);
+        EXPECT_EQ(testkit::modelText(form()), before);
+        frame_->close();
     }
 }
 

@@ -88,6 +88,48 @@ TEST_F(StoredContentTest, ATextThatWouldBeCutIsRefusedWithItsField) {
     EXPECT_NE(user.told[0].find("Scenario_Name"), std::string::npos) << user.told[0];
 }
 
+TEST_F(StoredContentTest, ANameThatTheDatabaseCannotKeepIsRefusedBeforeAnythingIsWritten) {
+    const std::string longer(31, 'x');
+    struct Field {
+        std::string words;
+        std::function<void(canvas::DrawForm&)> lengthen;
+    };
+    const Field rows[] = {
+        {"Node_Name of \"" + longer + "\"", [&](auto& made) { made.nodeNamed("RS2")->setCaption(longer); }},
+        {"SubNode_Name of \"RS2\"", [&](auto& made) { recordSet(made, "RS2").RecordSet_Outputs->Add(longer, 1, "C"); }},
+        {"SubNode_Name of \"Act1\"",
+         [&](auto& made) { activity(made).Act_Outputs->Item("O")->Attribute_Name = longer; }},
+        {"DB_Key of \"RS2\"", [&](auto& made) { recordSet(made, "RS2").addDbKey("B", longer); }},
+        {"Function_Key of \"Act1\"",
+         [&](auto& made) { activity(made).Act_Functions->Item("F")->Function_Key = longer; }},
+        {"From_Key of \"Act1\"",
+         [&](auto& made) {
+             activity(made).Act_Outputs->Item("O")->ProvidedFrom->Add("RS1", entities::LinkRecordSet, longer);
+         }},
+    };
+    repository.hooked.plainLimit = platform::TextLimit{.characters = 30, .bytes = 0};
+    repository.hooked.keyLimit = platform::TextLimit{.characters = 20, .bytes = 0};
+    const long long rowsBefore = storedRows();
+    const std::string has = " is too long: it has 31 characters, and this repository keeps at most 30.\n";
+    for (const auto& [words, lengthen] : rows) {
+        auto made = loaded(1);
+        lengthen(*made);
+        for (const bool SaveAs : {false, true}) {
+            save(*made, SaveAs, Answer::yes);
+            ASSERT_EQ(user.told.size(), 1u) << words;
+            EXPECT_EQ(user.told[0], "The field " + words + has + "Please give a shorter name and save again.");
+        }
+        EXPECT_EQ(storedRows(), rowsBefore) << "nothing was touched";
+    }
+    activity(*form).Act_LDL = longer;
+    save(*form, false, Answer::yes);
+    EXPECT_EQ(user.told.back(), "Saved") << "long texts are no names";
+    form->setCaption("a name beyond the key");
+    save(*form, true, Answer::yes);
+    EXPECT_NE(user.told[0].find("Scenario_Name of \"a name beyond the key\" is too long: it has 21"), std::string::npos)
+        << user.told[0];
+}
+
 }  // namespace
 
 }  // namespace orvent::testkit

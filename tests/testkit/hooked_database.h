@@ -27,7 +27,8 @@ class HookedDatabase : public platform::Database {
         hook_ = std::move(hook);
         side_ = side;
     }
-    std::optional<platform::KeyLimit> keyLimit;  ///< in the place of the real one's
+    std::optional<platform::TextLimit> keyLimit;  ///< in the place of the real one's
+    std::optional<platform::TextLimit> plainLimit;
     bool happened() const { return !hook_; }
 
     std::vector<std::string> written;
@@ -90,8 +91,9 @@ class HookedDatabase : public platform::Database {
         std::unique_ptr<platform::Statement> prepare(std::string_view sql) override {
             return std::make_unique<HookedStatement>(owner_, sql, real_->prepare(sql));
         }
-        platform::KeyLimit keyLimit(std::size_t width) const override {
-            return owner_.keyLimit ? *owner_.keyLimit : real_->keyLimit(width);
+        platform::TextLimit textLimit(std::size_t width, platform::TextColumn column) const override {
+            const auto& stated = column == platform::TextColumn::key ? owner_.keyLimit : owner_.plainLimit;
+            return stated ? *stated : real_->textLimit(width, column);
         }
         bool readOnly() const override { return real_->readOnly(); }
 
