@@ -134,6 +134,20 @@ TEST_F(ChangedElsewhereTest, AnotherNameLeavesBoth) {
     EXPECT_EQ(modelText(*loaded(1)), theirs);
 }
 
+TEST_F(ChangedElsewhereTest, WhatChangesDuringTheSaveIsFoundBehindIt) {
+    const std::string whole = modelText(*form);
+    repository.hooked.after(
+        1, [this] { run("DELETE FROM ActivitySubNodes WHERE SubNode_Key='O'"); }, Side::behind, "INSERT INTO Lines");
+    EXPECT_EQ(saveAgain(), SaveResult::givenUp);
+    ASSERT_TRUE(repository.hooked.happened());
+    EXPECT_EQ(user.told.front(),
+              "The repository does not hold what was saved; somebody else may be saving this scenario.\n"
+              "Not as shown here: Act1.");
+    EXPECT_TRUE(repository::isUnsaved(*form));
+    save(*form, false, Answer::yes);
+    expectStored(*form, whole);
+}
+
 TEST_F(ChangedElsewhereTest, ANewNameOfATypeIsNoChange) {
     catalogue.UpdateDataType(activity(*form).Act_Outputs->Item("O")->Attribute_Type, "Other");
     EXPECT_EQ(saveAgain(), SaveResult::saved);

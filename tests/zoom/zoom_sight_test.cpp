@@ -70,12 +70,14 @@ TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
     form->Lines.addFullLine(index("RS4"), 1, index("A2"), 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
     const float fromOwner = node("F9.OUT.O").Left() - node("A1").Left();
     const Texts drawn = edges(true);
+    const float top = node("A2").Top();
     const float inner = node("A2.IN.SONUM").Left() - node("A2").Left();
     const float own = node("RS2.ED_ID").Top() - node("RS2").Top();
     zoom::MakeRoom(*form);
     EXPECT_FALSE(zoom::boxesOverlap(*form));
     EXPECT_EQ(edges(true), drawn);
     EXPECT_EQ(form->offer(), std::nullopt);
+    EXPECT_EQ(node("A2").Top(), top) << "only neighbours move downward";
     // Members went with their owners.
     EXPECT_EQ(node("F9.OUT.O").Left() - node("A1").Left(), fromOwner);
     EXPECT_EQ(node("A2.IN.SONUM").Left() - node("A2").Left(), inner);
