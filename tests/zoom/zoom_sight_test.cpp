@@ -61,23 +61,20 @@ TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
     open();
     ASSERT_TRUE(zoom::boxesOverlap(*form));
     EXPECT_EQ(form->offer()->words, "Some boxes lie on each other.");
-    // A neighbour's function goes with it to its parameters; what an edge without meaning ends at does not.
+    // A neighbour's function goes with it to its parameters.
     FunctionProperties& function =
         *form->Labels.Add({0, 0, 300, 300}, "F9", canvas::NodeTypeFunction).entity<FunctionProperties>();
     function.Function_Outputs->Add("O", 0, "O");
     zoom::ExpandFunction(*form, index("F9"));
     zoom::AttachFunction(*form, node("F9"), node("A1"), true);
-    form->Lines.addFullLine(index("RS4"), 1, index("A2"), 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
     const float fromOwner = node("F9.OUT.O").Left() - node("A1").Left();
     const Texts drawn = edges(true);
-    const float top = node("A2").Top();
     const float inner = node("A2.IN.SONUM").Left() - node("A2").Left();
     const float own = node("RS2.ED_ID").Top() - node("RS2").Top();
     zoom::MakeRoom(*form);
     EXPECT_FALSE(zoom::boxesOverlap(*form));
     EXPECT_EQ(edges(true), drawn);
     EXPECT_EQ(form->offer(), std::nullopt);
-    EXPECT_EQ(node("A2").Top(), top) << "only neighbours move downward";
     // Members went with their owners.
     EXPECT_EQ(node("F9.OUT.O").Left() - node("A1").Left(), fromOwner);
     EXPECT_EQ(node("A2.IN.SONUM").Left() - node("A2").Left(), inner);
@@ -86,6 +83,21 @@ TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
     zoom::MakeRoom(*form);
     EXPECT_EQ(boxes(), placed);
     EXPECT_GE(form->PicForm.Width(), node("A3").box().right());
+}
+
+TEST_F(ZoomSight, AnEdgeWithoutMeaningTakesNobodyAlong) {
+    edge("A2", "RS4");
+    edge("RS4", "A2");
+    Texts placed[2];
+    for (const bool joined : {false, true}) {
+        open();
+        if (joined) {
+            form->Lines.addFullLine(index("RS4"), 1, index("A2"), 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
+        }
+        zoom::MakeRoom(*form);
+        placed[joined ? 1 : 0] = boxes();
+    }
+    EXPECT_EQ(placed[0], placed[1]);
 }
 
 TEST_F(ZoomSight, RoomIsOfferedWhileAMemberStandsOnTheWrongSide) {
