@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "odbc/handles.h"
-#include "odbc/sources.h"
+#include "odbc/own_sources.h"
+#include "platform/database.h"
 
 namespace orvent::odbc {
 

@@ -15,15 +15,6 @@ constexpr std::size_t kLongestText = 4000;
 
 }  // namespace
 
-int Translation::parameter(int sent) const {
-    int number = sent;
-    // The connection's own parameters stand between the sender's; they are in rising order.
-    for (const SequenceUse& use : sequences) {
-        number += use.parameter <= number ? 1 : 0;
-    }
-    return number;
-}
-
 Dialect::Dialect(const DialectRules* rules, std::string_view user) : rules_(rules), user_(platform::upperCase(user)) {}
 
 Translation Dialect::translate(std::string_view sql) const {

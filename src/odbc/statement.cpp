@@ -91,6 +91,27 @@ void OdbcStatement::tell(int number, Parameter& value, SQLSMALLINT driverType, S
     value.toldSize = size;
 }
 
+/// The number for a place where the statement uses a sequence.
+long long OdbcStatement::numberFor(const SequenceUse& use) {
+    Session::Sequence& sequence = session_.sequence(use.sequence);
+    if (use.next) {
+        if (!sequence.draw) {
+            sequence.draw =
+                std::make_unique<OdbcStatement>(session_, Translation{session_.dialect().nextNumber(use.sequence)});
+        }
+        sequence.draw->execute();
+        if (!sequence.draw->fetch()) {
+            throw platform::DatabaseError("There is no sequence " + use.sequence, "42S02", 0, false);
+        }
+        sequence.last = sequence.draw->number(1);
+        sequence.draw->fetch();  // to the end, which lets go of the table
+    } else if (sequence.last == 0) {
+        throw platform::DatabaseError("This connection has not drawn a number of " + use.sequence + " yet", "55000", 0,
+                                      false);
+    }
+    return sequence.last;
+}
+
 void OdbcStatement::execute() {
     if (translation_.definition) {
         executeDefinition();
@@ -98,7 +119,7 @@ void OdbcStatement::execute() {
     }
     rows_.close();
     for (const SequenceUse& use : translation_.sequences) {
-        bindNumber(use.parameter, session_.number(use));
+        bindNumber(use.parameter, numberFor(use));
     }
     SQLRETURN outcome = SQLExecute(handle_.get());
     for (int attempt = 1; attempt < kAttempts && outcome == SQL_ERROR && lostToAnother(handle_.get()); ++attempt) {

@@ -4,10 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "odbc/connection.h"
-#include "odbc/dialect.h"
 #include "odbc/handles.h"
 #include "odbc/rows.h"
+#include "odbc/session.h"
 #include "platform/database.h"
 
 namespace orvent::odbc {
@@ -42,6 +41,7 @@ class OdbcStatement : public platform::Statement {
         SQLULEN toldSize = 0;
     };
 
+    long long numberFor(const SequenceUse& use);
     Parameter& parameter(int number);
     void bindNumber(int number, long long value);
     void tell(int number, Parameter& value, SQLSMALLINT driverType, SQLSMALLINT type, SQLULEN size, void* place);

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "odbc/dialect.h"
 #include "odbc/dialect_rules.h"
 #include "odbc/tokens.h"
+#include "odbc/translation.h"
 
 namespace orvent::odbc {
 

@@ -6,7 +6,7 @@
 #include <QMimeData>
 #include <QPainter>
 
-#include "qt/forms/tree_panel.h"
+#include "qt/forms/list_model.h"
 #include "qt/theme/theme.h"
 
 namespace orvent::qt {
@@ -21,7 +21,7 @@ bool holdsRows(const QDropEvent& event) {
 
 }  // namespace
 
-NodeView::NodeView(TreePanel& panel) : QTreeView(&panel), panel_(panel) {
+NodeView::NodeView(QWidget* panel) : QTreeView(panel) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
@@ -48,7 +48,7 @@ void NodeView::setNodes(QAbstractItemModel& nodes) {
 
 void NodeView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Space) {
-        panel_.clickSelected();
+        checkSelected(false);
     } else {
         QTreeView::keyPressEvent(event);
     }
@@ -67,8 +67,7 @@ bool NodeView::onBox(const QModelIndex& index, const QPoint& at) const {
 void NodeView::mouseDoubleClickEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->pos());
     if (index.isValid() && model()->rowCount(index.siblingAtColumn(0)) == 0 && !onBox(index, event->pos())) {
-        panel_.clickSelected();
-        panel_.tellClicked();
+        checkSelected(true);
     } else {
         QTreeView::mouseDoubleClickEvent(event);
     }
@@ -93,10 +92,8 @@ void NodeView::startDrag(Qt::DropActions actions) {
 
 /// The list that takes the dragged node comes forward before the pointer is there.
 void NodeView::tellLeaving() {
-    if (dragging_ && panel_.leaves) {
-        if (forms::Tree::Node* node = panel_.current()) {
-            panel_.leaves(*node);
-        }
+    if (dragging_) {
+        leave();
     }
 }
 
@@ -105,7 +102,7 @@ void NodeView::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void NodeView::dragMoveEvent(QDragMoveEvent* event) {
-    event->setAccepted(holdsRows(*event) && panel_.dropRows);
+    event->setAccepted(holdsRows(*event) && takesRows());
     if (event->position().x() >= viewport()->width() - kNearEdge) {
         tellLeaving();
     }
@@ -116,9 +113,9 @@ void NodeView::dragLeaveEvent(QDragLeaveEvent*) {
 }
 
 void NodeView::dropEvent(QDropEvent* event) {
-    if (holdsRows(*event) && panel_.dropRows) {
+    if (holdsRows(*event) && takesRows()) {
         event->acceptProposedAction();
-        panel_.dropRows();
+        dropRows();
     }
 }
 

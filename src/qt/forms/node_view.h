@@ -1,17 +1,23 @@
 #pragma once
 
 #include <QTreeView>
+#include <functional>
 
 namespace orvent::qt {
 
-class TreePanel;
-
-/// The tree of a `TreePanel`: keys, clicks and drags of its nodes.
+/// The tree of a panel: keys, clicks and drags of its nodes. The panel sets what they do.
 class NodeView : public QTreeView {
     Q_OBJECT
 
   public:
-    explicit NodeView(TreePanel& panel);
+    explicit NodeView(QWidget* panel);
+
+    /// The selected nodes are checked or unchecked, by a key or by the mouse.
+    std::function<void(bool byMouse)> checkSelected;
+    /// The current node is dragged near the edge.
+    std::function<void()> leave;
+    std::function<bool()> takesRows;
+    std::function<void()> dropRows;
 
     void setNodes(QAbstractItemModel& nodes);
     void setHint(const QString& hint) { hint_ = hint; }
@@ -30,7 +36,6 @@ class NodeView : public QTreeView {
     void tellLeaving();
     bool onBox(const QModelIndex& index, const QPoint& at) const;
 
-    TreePanel& panel_;
     QString hint_;
     bool dragging_ = false;
 };

@@ -36,7 +36,7 @@ TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const 
       tree_(tree),
       model_(tree, std::move(picture), this),
       shown_(new NodeFilter(this)),
-      view_(new NodeView(*this)),
+      view_(new NodeView(this)),
       filter_(new SearchField(name + QStringLiteral("Filter"), tr("Filter"), this)) {
     auto* label = new QLabel(caption, this);
     label->setObjectName(name + QStringLiteral("Label"));
@@ -47,6 +47,19 @@ TreePanel::TreePanel(Tree& tree, Picture picture, const QString& caption, const 
     filter_->goToFirst = [this] { goToFirst(); };
     shown_->setSourceModel(&model_);
     view_->setNodes(*shown_);
+    view_->checkSelected = [this](bool byMouse) {
+        clickSelected();
+        if (byMouse) {
+            tellClicked();
+        }
+    };
+    view_->leave = [this] {
+        if (Tree::Node* node = leaves ? current() : nullptr) {
+            leaves(*node);
+        }
+    };
+    view_->takesRows = [this] { return static_cast<bool>(dropRows); };
+    view_->dropRows = [this] { dropRows(); };
     model_.click = [this](Tree::Node& node) {
         click({&node});
         tellClicked();

@@ -39,7 +39,6 @@ class TreePanel : public QWidget {
     void setHint(const QString& hint);
 
   private:
-    friend class NodeView;
     void narrow(const QString& words);
     void goToFirst();
     void expandAgain();

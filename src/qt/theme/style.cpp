@@ -10,8 +10,8 @@
 #include "qt/theme/blend.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/scroll_bar.h"
+#include "qt/theme/spacing.h"
 #include "qt/theme/tab_bar.h"
-#include "qt/theme/theme.h"
 #include "qt/theme/title_bar.h"
 
 namespace orvent::qt {

@@ -4,20 +4,13 @@
 #include <QObject>
 #include <QPalette>
 
+#include "qt/theme/spacing.h"
+
 class QApplication;
 
 namespace orvent::qt {
 
 enum class ThemeMode { light, dark };
-
-/// Distances between the parts of a window, in pixels.
-struct Spacing {
-    static constexpr int margin = 14;   ///< window edge to contents
-    static constexpr int gap = 8;       ///< between neighbours
-    static constexpr int section = 18;  ///< between groups
-    static constexpr int icon = 20;     ///< icons of tool bars
-    static constexpr int radius = 5;    ///< corners of buttons and fields
-};
 
 /// Colours of a painted canvas, beside those that the nodes and edges carry themselves.
 struct CanvasColours {

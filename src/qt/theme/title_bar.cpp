@@ -6,7 +6,7 @@
 #include <array>
 
 #include "qt/theme/blend.h"
-#include "qt/theme/theme.h"
+#include "qt/theme/spacing.h"
 
 namespace orvent::qt {
 

@@ -1,0 +1,32 @@
+#include "odbc/session.h"
+
+#include <utility>
+
+#include "odbc/dialect_rules.h"
+
+namespace orvent::odbc {
+
+Session::Session(const Environment& environment, const std::string& connectionString, const std::string& user,
+                 std::string where)
+    : link_(environment, connectionString),
+      dialect_(rulesOf(link_.dbmsName()), user),
+      givesSingleValues_(link_.givesSingleValues() && dialect_.keepsPlaceInBlock()),
+      where_(std::move(where)) {
+    if (!dialect_.setUp().empty()) {
+        run(dialect_.setUp());
+    }
+}
+
+Session::~Session() = default;
+
+void Session::run(const std::string& sql) {
+    const StatementHandle handle(link_.get());
+    std::string text = sql;
+    const SQLRETURN outcome =
+        SQLExecDirect(handle.get(), reinterpret_cast<SQLCHAR*>(text.data()), static_cast<SQLINTEGER>(text.size()));
+    if (!SQL_SUCCEEDED(outcome) && outcome != SQL_NO_DATA) {
+        throw errorOf(SQL_HANDLE_STMT, handle.get(), where_);
+    }
+}
+
+}  // namespace orvent::odbc

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "odbc/dialect.h"
+#include "odbc/handles.h"
+#include "platform/database.h"
+
+namespace orvent::odbc {
+
+/// What the statements of one connection share.
+class Session {
+  public:
+    /// `where` is the path of the database's file, or empty.
+    Session(const Environment& environment, const std::string& connectionString, const std::string& user,
+            std::string where);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    SQLHANDLE link() const { return link_.get(); }
+    const Dialect& dialect() const { return dialect_; }
+    bool givesSingleValues() const { return givesSingleValues_; }
+    const std::string& where() const { return where_; }
+    bool readOnly() const { return link_.readOnly(); }
+
+    /// Runs a statement of the database's own.
+    void run(const std::string& sql);
+
+    /// A sequence of a database that has none: the statement that draws, and this connection's last number.
+    struct Sequence {
+        std::unique_ptr<platform::Statement> draw;
+        long long last = 0;
+    };
+    Sequence& sequence(const std::string& name) { return sequences_[name]; }
+
+  private:
+    Link link_;
+    Dialect dialect_;
+    bool givesSingleValues_;
+    std::string where_;
+    std::map<std::string, Sequence, std::less<>> sequences_;
+};
+
+}  // namespace orvent::odbc
