@@ -12,11 +12,11 @@
 #include "bench/floor_runs.h"
 #include "bench/graphs.h"
 #include "editors/set_act_prop.h"
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "repository/catalogue_statements.h"
 #include "testkit/scripted_database.h"
 #include "testkit/scripted_ports.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
 
 namespace orvent::bench {
 namespace {
@@ -83,7 +83,7 @@ class Hub {
             parameter.ParentKeyName = "HUB";
             parameter.RegulatedFrom->Add("HUB", LinkInput, ".IN." + key);
         }
-        zoom::SynchronizeActivity(form, hub, nullptr);
+        links::SynchronizeActivity(form, hub, nullptr);
     }
 
     canvas::LabelsD& node() { return *form.nodeNamed("HUB"); }
@@ -98,8 +98,8 @@ class Hub {
     void floor() {
         ActivityProperties& record = *node().activity();
         const std::shared_ptr<ActivityProperties> copy = record.Clone();
-        zoom::UnSynchronizeActivity(form, record, false, nullptr);
-        zoom::SynchronizeActivity(form, record, nullptr);
+        links::UnSynchronizeActivity(form, record, false, nullptr);
+        links::SynchronizeActivity(form, record, nullptr);
         forms::Tree tree;
         for (const canvas::LabelsD& each : form.Labels) {
             forms::Tree::Node& parent = tree.add({.Key = each.KeyName(), .Text = each.Caption()});

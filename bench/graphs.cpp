@@ -6,7 +6,7 @@
 
 #include "entities/key_grammar.h"
 #include "entities/link_types.h"
-#include "zoom/synchronize_functions.h"
+#include "links/synchronize_functions.h"
 
 namespace orvent::bench {
 
@@ -143,12 +143,12 @@ void buildScenario(canvas::DrawForm& form, int nodes) {
 void synchronizeScenario(canvas::DrawForm& form) {
     for (canvas::LabelsD& node : form.Labels) {
         if (entities::ActivityProperties* activity = node.activity()) {
-            zoom::SynchronizeActivity(form, *activity, nullptr);
+            links::SynchronizeActivity(form, *activity, nullptr);
         }
     }
     for (canvas::LabelsD& node : form.Labels) {
         if (entities::RecordSetProperties* recordSet = node.recordSet()) {
-            zoom::SynchronizeRecordSet(form, *recordSet);
+            links::SynchronizeRecordSet(form, *recordSet);
         }
     }
 }

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "bench/zoom/stage.h"
-#include "zoom/check_consistency.h"
+#include "links/check_consistency.h"
+#include "links/synchronize_functions.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/path_light.h"
-#include "zoom/synchronize_functions.h"
 #include "zoom/view_filters.h"
 
 namespace orvent::bench {
@@ -61,9 +61,9 @@ void synchronisePlainly(Stage& stage) {
     for (const zoom::NewANDoldIndex& pair : stage.form->New2OldIndex) {
         canvas::LabelsD& node = *stage.design.Labels.byIndex(pair.OldIndex);
         if (node.activity()) {
-            zoom::SynchronizeActivity(stage.design, *node.activity(), nullptr);
+            links::SynchronizeActivity(stage.design, *node.activity(), nullptr);
         } else {
-            zoom::SynchronizeRecordSet(stage.design, *node.recordSet());
+            links::SynchronizeRecordSet(stage.design, *node.recordSet());
         }
     }
 }
@@ -152,7 +152,7 @@ struct Linked {
         check();
     }
 
-    void check() { zoom::CheckConsistency(design, progress); }
+    void check() { links::CheckConsistency(design, progress); }
 
     /// Removes and adds the same edges.
     void drawPlainly() {

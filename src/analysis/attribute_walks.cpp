@@ -1,6 +1,6 @@
 #include "analysis/attribute_walks.h"
 
-#include "zoom/far_end.h"
+#include "links/far_end.h"
 
 namespace orvent::analysis {
 
@@ -9,8 +9,8 @@ using namespace entities;
 namespace {
 
 template <class Entity, class Link>
-zoom::FarEndView farEnd(const canvas::Canvas& form, zoom::Direction direction, const Entity& near, const Link& link) {
-    return zoom::findFarEnd(form, direction, near, {link.name(), link.type(), link.key()}, nullptr);
+links::FarEndView farEnd(const canvas::Canvas& form, links::Direction direction, const Entity& near, const Link& link) {
+    return links::findFarEnd(form, direction, near, {link.name(), link.type(), link.key()}, nullptr);
 }
 
 bool isInner(LinkType type) {
@@ -65,38 +65,38 @@ void AttributeWalks::addSteps(const AttributeProperties& attribute) {
     addRegulations(attribute);
     for (const ProviderProperties& link : links) {
         if (leadsOn(link.type())) {
-            const auto direction = in ? zoom::Direction::ProvidedFrom : zoom::Direction::ProviderFor;
+            const auto direction = in ? links::Direction::ProvidedFrom : links::Direction::ProviderFor;
             graph_.add(WalkGraph::kNone, vertexOf(farEnd(form_, direction, attribute, link).attribute));
         }
     }
 }
 
 void AttributeWalks::addRegulations(const AttributeProperties& attribute) {
-    const auto follow = [&](zoom::Direction direction, const ParameterProperties& parameter, const auto& link) {
+    const auto follow = [&](links::Direction direction, const ParameterProperties& parameter, const auto& link) {
         graph_.add(textOf(link.name() + link.key()), vertexOf(farEnd(form_, direction, parameter, link).attribute));
     };
     if (direction_ == Direction::In && attribute.NodeKind == KindOutput) {
         for (const RegulatorProperties& link : attribute.RegulatedFrom) {
-            const zoom::FarEndView far = link.type() == LinkParameterOutput
-                                             ? farEnd(form_, zoom::Direction::RegulatedFrom, attribute, link)
-                                             : zoom::FarEndView{};
+            const links::FarEndView far = link.type() == LinkParameterOutput
+                                              ? farEnd(form_, links::Direction::RegulatedFrom, attribute, link)
+                                              : links::FarEndView{};
             if (far.parameter) {
                 for (const RegulatorProperties& source : far.parameter->RegulatedFrom) {
                     if (regulatesByAttribute(source.type())) {
-                        follow(zoom::Direction::RegulatedFrom, *far.parameter, source);
+                        follow(links::Direction::RegulatedFrom, *far.parameter, source);
                     }
                 }
             }
         }
     } else if (direction_ == Direction::Out && attribute.NodeKind != KindOutput) {
         for (const RegulatorProperties& link : attribute.RegulatorFor) {
-            const zoom::FarEndView far = regulatesByAttribute(link.type())
-                                             ? farEnd(form_, zoom::Direction::RegulatorFor, attribute, link)
-                                             : zoom::FarEndView{};
+            const links::FarEndView far = regulatesByAttribute(link.type())
+                                              ? farEnd(form_, links::Direction::RegulatorFor, attribute, link)
+                                              : links::FarEndView{};
             if (far.parameter) {
                 for (const RegulatorProperties& target : far.parameter->RegulatorFor) {
                     if (target.type() == LinkParameterOutput) {
-                        follow(zoom::Direction::RegulatorFor, *far.parameter, target);
+                        follow(links::Direction::RegulatorFor, *far.parameter, target);
                     }
                 }
             }
@@ -114,7 +114,7 @@ std::int64_t AttributeWalks::local(const AttributeProperties& attribute) const {
             if (link.type() != LinkParameterOutput) {
                 continue;
             }
-            if (const auto* parameter = farEnd(form_, zoom::Direction::RegulatedFrom, attribute, link).parameter) {
+            if (const auto* parameter = farEnd(form_, links::Direction::RegulatedFrom, attribute, link).parameter) {
                 for (const RegulatorProperties& source : parameter->RegulatedFrom) {
                     count += source.type() != LinkConstant ? 1 : 0;
                 }
@@ -130,7 +130,7 @@ std::int64_t AttributeWalks::local(const AttributeProperties& attribute) const {
         if (!regulatesByAttribute(link.type())) {
             continue;
         }
-        if (const auto* parameter = farEnd(form_, zoom::Direction::RegulatorFor, attribute, link).parameter) {
+        if (const auto* parameter = farEnd(form_, links::Direction::RegulatorFor, attribute, link).parameter) {
             count += parameter->RegulatorFor.count();
         }
     }

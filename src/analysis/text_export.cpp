@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "analysis/flow_order.h"
+#include "links/far_end.h"
 #include "platform/fault.h"
 #include "platform/steps.h"
 #include "platform/text.h"
-#include "zoom/far_end.h"
 
 namespace orvent::analysis {
 
@@ -98,10 +98,10 @@ std::string_view Lines::farName(const std::string& key) const {
         return {};
     }
     if (const ActivityProperties* activity = node->activity()) {
-        return nameOf(zoom::attributeUnder(*activity, entities::KindInput, key));
+        return nameOf(links::attributeUnder(*activity, entities::KindInput, key));
     }
     if (const RecordSetProperties* recordSet = node->recordSet()) {
-        return nameOf(zoom::attributeUnder(*recordSet, key));
+        return nameOf(links::attributeUnder(*recordSet, key));
     }
     throw platform::Fault("A link leads to \"" + owner + "\", which is no activity and no record set.");
 }
@@ -137,7 +137,7 @@ void Lines::addActivity(const ActivityProperties& activity, std::int32_t flowId)
     for (const AttributeProperties& input : activity.Act_Inputs) {
         for (const ProviderProperties& link : input.ProviderFor) {
             addFlow(name, input, name,
-                    nameOf(zoom::attributeUnder(activity, entities::KindOutput, link.Provider_Key())));
+                    nameOf(links::attributeUnder(activity, entities::KindOutput, link.Provider_Key())));
         }
     }
     for (const AttributeProperties& output : activity.Act_Outputs) {

@@ -64,6 +64,10 @@ void Canvas::tellChanged(const LinesD& edge) {
     }
 }
 
+void Canvas::tellRenamed(const Rename& rename) {
+    listeners_.tell([&rename](CanvasListener& listener) { listener.memberRenamed(rename); });
+}
+
 void Canvas::tellMarkers() {
     listeners_.tell([](CanvasListener& listener) { listener.markersChanged(); });
 }

@@ -105,6 +105,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     void tellChanged(const LabelsD& node);
     void tellChanged(const LinesD& edge);
     void tellMarkers();
+    void tellRenamed(const Rename& rename);
     const CanvasListeners& listeners() const { return listeners_; }
 
     /// True while a refused duplicate name is not to be told.

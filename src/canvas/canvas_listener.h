@@ -6,6 +6,7 @@ namespace orvent::canvas {
 
 class LabelsD;
 class LinesD;
+struct Rename;
 
 /// What a canvas tells those who listen to it. They read all else from the canvas.
 class CanvasListener {
@@ -17,6 +18,7 @@ class CanvasListener {
     virtual void edgeChanged(const LinesD&) {}
     virtual void edgeGoes(const LinesD&) {}
     virtual void edgeRemoved(const LinesD&) {}
+    virtual void memberRenamed(const Rename&) {}  ///< its links may follow only afterwards
     /// Any number of nodes and edges changed at once; none of them is told on its own.
     virtual void manyChanged() {}
     virtual void markersChanged() {}  ///< the `Grabber`, another marker or the picture area changed

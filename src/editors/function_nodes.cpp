@@ -2,9 +2,9 @@
 
 #include <vector>
 
+#include "links/unsynchronize_functions.h"
 #include "zoom/member_ties.h"
 #include "zoom/unfolding.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/waiting_functions.h"
 
 namespace orvent::editors {
@@ -59,7 +59,7 @@ void bindFunctionNode(canvas::CanvasForm& form, LabelsD& node, LabelsD& activity
         return;
     }
     zoom::Unfolding(*zoom, node, zoom::FoldedOrder::kept).collapseFunction();
-    zoom::UnSynchronizeFunction(form, *node.entity<FunctionProperties>(), false, nullptr);
+    links::UnSynchronizeFunction(form, *node.entity<FunctionProperties>(), false, nullptr);
     node.Properties = function->Clone();
     letWait(*zoom, node, activity);
 }
@@ -73,7 +73,7 @@ void freeFunctionNode(canvas::CanvasForm& form, LabelsD& node, LabelsD& activity
         DetachFunction(*zoom, node, &activity);
         return;
     }
-    zoom::UnSynchronizeFunction(form, freed, true, nullptr);
+    links::UnSynchronizeFunction(form, freed, true, nullptr);
     freed.setParentKeyName({});
     freed.Function_Source = 0;
 }

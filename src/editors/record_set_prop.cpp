@@ -6,11 +6,11 @@
 #include "editors/list_rows.h"
 #include "editors/scenario_names.h"
 #include "forms/name_check.h"
+#include "links/member_rename.h"
+#include "links/mirror_exchange.h"
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "statements/sql_creator.h"
-#include "zoom/member_rename.h"
-#include "zoom/mirror_exchange.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
 
 namespace orvent::editors {
 
@@ -45,7 +45,7 @@ RecordSetProp::RecordSetProp(const EditorServices& services, canvas::CanvasForm&
     SQLOption = !txtSQL.empty();
     fillList();
     mirrorOrder_.emplace(ParForm, record);
-    zoom::UnSynchronizeRecordSet(ParForm, record, false, nullptr);
+    links::UnSynchronizeRecordSet(ParForm, record, false, nullptr);
 }
 
 RecordSetProp::~RecordSetProp() {
@@ -179,7 +179,7 @@ void RecordSetProp::RemoveRow(int row) {
     const std::string name = shown->Text;
     markNode(shown->Key, false);
     if (AttributeProperties* attribute = tempProp->RecordSet_Outputs->Item(name)) {
-        zoom::UnSynchronizeAttribute(ParForm, *attribute, true, nullptr);
+        links::UnSynchronizeAttribute(ParForm, *attribute, true, nullptr);
         if (attribute->SubNode_ID != 0) {
             ParForm.DeletedNodes->Add(attribute->SubNode_ID, KindRecordSetAttribute);
         }
@@ -313,7 +313,7 @@ bool RecordSetProp::apply() {
 void RecordSetProp::putBack() {
     if (mirrorOrder_) {
         RecordSetProperties& record = *ActiveNode.recordSet();
-        zoom::SynchronizeRecordSet(ParForm, record);
+        links::SynchronizeRecordSet(ParForm, record);
         mirrorOrder_->restore(ParForm, record);
         mirrorOrder_.reset();
     }
@@ -335,15 +335,15 @@ void RecordSetProp::renameInGraph(RecordSetProperties& record, const std::string
     for (int at = record.RecordSet_Outputs.count(); at >= 1; --at) {
         AttributeProperties& attribute = *record.RecordSet_Outputs->Item(at);
         if (!newKeys.count(attribute.Key)) {
-            zoom::UnSynchronizeAttribute(ParForm, attribute, true, nullptr);
+            links::UnSynchronizeAttribute(ParForm, attribute, true, nullptr);
             record.RecordSet_Outputs->Remove(at);
         }
     }
     if (formerName != tempProp->RecordSet_Name) {
-        zoom::renameOwner(ParForm, record, formerName, tempProp->RecordSet_Name);
+        links::renameOwner(ParForm, record, formerName, tempProp->RecordSet_Name);
     }
-    const zoom::Renames renames = zoom::renameMembers(ParForm, record, newKeys);
-    zoom::followRenames(*tempProp, renames);
+    const canvas::Renames renames = links::renameMembers(ParForm, record, newKeys);
+    links::followRenames(*tempProp, renames);
 }
 
 void RecordSetProp::applyRecord(const std::string& formerName) {
@@ -360,7 +360,7 @@ void RecordSetProp::applyRecord(const std::string& formerName) {
     }
     putBack();
     renameInGraph(*former, formerName);
-    zoom::MirrorExchange exchange(ParForm);
+    links::MirrorExchange exchange(ParForm);
     exchange.leave(*former);
     ActiveNode.Properties = tempProp;
     exchange.come(*tempProp);

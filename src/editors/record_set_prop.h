@@ -8,8 +8,8 @@
 #include <unordered_set>
 
 #include "editors/set_act_prop.h"
+#include "links/mirror_order.h"
 #include "repository/source_schema.h"
-#include "zoom/mirror_order.h"
 
 namespace orvent::editors {
 
@@ -93,7 +93,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
 
     EditorServices services_;
     std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once in a load
-    std::optional<zoom::MirrorOrder> mirrorOrder_;              ///< of the neighbours as the dialog found it
+    std::optional<links::MirrorOrder> mirrorOrder_;             ///< of the neighbours as the dialog found it
     bool edited_ = false;                                       ///< something was changed by hand
     int deletedMark_ = 0;
     int many_ = 0;

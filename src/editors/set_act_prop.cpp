@@ -7,11 +7,11 @@
 #include "canvas/taken_name.h"
 #include "editors/scenario_names.h"
 #include "forms/name_check.h"
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "platform/fault.h"
 #include "statements/source_advice.h"
 #include "statements/statement_fit.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
 
 namespace orvent::editors {
 
@@ -54,7 +54,7 @@ void SetActProp::LoadActivity() {
     ActivityProperties& record = *ActiveNode.activity();
     tempProp = record.Clone();
     mirrorOrder_.emplace(ParForm, record, nullptr);
-    zoom::UnSynchronizeActivity(ParForm, record, false, nullptr);
+    links::UnSynchronizeActivity(ParForm, record, false, nullptr);
     keptCaption_ = ActiveNode.Caption();
     txtName = record.Act_Name.empty() ? keptCaption_ : record.Act_Name;
     tempProp->Act_Name = membersName_ = txtName;

@@ -10,11 +10,11 @@
 #include "editors/set_act_prop_functions.h"
 #include "forms/dialog_port.h"
 #include "forms/editor.h"
+#include "links/member_rename.h"
+#include "links/mirror_order.h"
 #include "platform/program_folder.h"
 #include "platform/save_dialog.h"
 #include "statements/activity_wizard.h"
-#include "zoom/member_rename.h"
-#include "zoom/mirror_order.h"
 
 namespace orvent::editors {
 
@@ -128,7 +128,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void putBack();
     bool ApplyActivity();
     void bindFunctions(const entities::ActivityProperties& former, entities::ActivityProperties& now);
-    zoom::Renames renameInGraph(entities::ActivityProperties& record);
+    canvas::Renames renameInGraph(entities::ActivityProperties& record);
     const std::string& templateText();
     bool takeName(const std::string& name);
     void followName();
@@ -143,9 +143,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void tell(const char* text, platform::Icon icon) { messages().tell(text, {}, icon); }
 
     EditorServices services_;
-    std::string keptCaption_;                       ///< the caption that closing without Apply puts back
-    std::string membersName_;                       ///< the name that keys and links of the copy bear
-    std::optional<zoom::MirrorOrder> mirrorOrder_;  ///< of the neighbours, while the activity is out of the links
+    std::string keptCaption_;                        ///< the caption that closing without Apply puts back
+    std::string membersName_;                        ///< the name that keys and links of the copy bear
+    std::optional<links::MirrorOrder> mirrorOrder_;  ///< of the neighbours, while the activity is out of the links
     int deletedMark_ = 0;
     std::optional<std::string> sourceNote_;  ///< nothing: to be looked for
     std::string templateText_;               ///< of the type `templateType_`

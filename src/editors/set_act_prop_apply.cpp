@@ -3,8 +3,9 @@
 #include "editors/function_nodes.h"
 #include "editors/set_act_prop.h"
 #include "forms/name_check.h"
-#include "zoom/mirror_exchange.h"
-#include "zoom/synchronize_functions.h"
+#include "links/mirror_exchange.h"
+#include "links/propagate_rename.h"
+#include "links/synchronize_functions.h"
 
 namespace orvent::editors {
 
@@ -44,7 +45,7 @@ bool SetActProp::apply() {
 void SetActProp::putBack() {
     if (mirrorOrder_) {
         ActivityProperties& record = *ActiveNode.activity();
-        zoom::SynchronizeActivity(ParForm, record, nullptr);
+        links::SynchronizeActivity(ParForm, record, nullptr);
         mirrorOrder_->restore(ParForm, record, nullptr);
         mirrorOrder_.reset();
     }
@@ -67,7 +68,7 @@ bool SetActProp::ApplyActivity() {
     if (tempProp->NodeID == 0) {
         tempProp->NodeID = former->NodeID;
     }
-    zoom::MirrorExchange exchange(ParForm);
+    links::MirrorExchange exchange(ParForm);
     exchange.leave(*former);
     const std::shared_ptr<ActivityProperties> record = tempProp->Clone();
     bindFunctions(*former, *record);
@@ -90,8 +91,8 @@ bool SetActProp::ApplyActivity() {
 /// The activity's record takes its new name before the copy replaces it, so that the far ends keep what they know of
 /// it in its place. Outputs that the type brought bear the name in their keys, and so do the members downstream that
 /// they feed: these follow. Gives what was renamed downstream.
-zoom::Renames SetActProp::renameInGraph(ActivityProperties& record) {
-    zoom::Renames renames;
+canvas::Renames SetActProp::renameInGraph(ActivityProperties& record) {
+    canvas::Renames renames;
     if (txtName == keptCaption_) {
         return renames;
     }
@@ -99,11 +100,11 @@ zoom::Renames SetActProp::renameInGraph(ActivityProperties& record) {
     for (const AttributeProperties& output : record.Act_Outputs) {
         formerKeys.push_back(output.Key);
     }
-    zoom::renameOwner(ParForm, record, keptCaption_, txtName);
+    links::renameOwner(ParForm, record, keptCaption_, txtName);
     auto formerKey = formerKeys.begin();
     for (AttributeProperties& output : record.Act_Outputs) {
         if (tempProp->Act_Outputs->Item(output.Key)) {
-            const zoom::Renames carried = zoom::PropagateRename(ParForm, output, *formerKey);
+            const canvas::Renames carried = links::PropagateRename(ParForm, output, *formerKey);
             renames.insert(renames.end(), carried.begin(), carried.end());
         }
         ++formerKey;

@@ -5,9 +5,9 @@
 
 #include "editors/list_rows.h"
 #include "entities/key_grammar.h"
-#include "zoom/member_links.h"
-#include "zoom/members.h"
-#include "zoom/rename_activity.h"
+#include "links/member_links.h"
+#include "links/members.h"
+#include "links/rename_activity.h"
 
 namespace orvent::editors {
 
@@ -214,7 +214,7 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
     const auto eachBrought = [&](const auto& act) {
         for (int number = kInputs; number <= kParameters; ++number) {
             for (int row = 1; row <= list(number).Count(); ++row) {
-                const std::string key = zoom::withNewHead(list(number).Item(row)->Key, formerName, newName);
+                const std::string key = links::withNewHead(list(number).Item(row)->Key, formerName, newName);
                 if (key != list(number).Item(row)->Key) {
                     act(number, row, key);
                 }
@@ -227,11 +227,11 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
         MarkRowInTree(*list(number).Item(row), number, false);
         brought.emplace_back(number, row);
     });
-    zoom::renameActivity(*tempProp, formerName, newName);
+    links::renameActivity(*tempProp, formerName, newName);
     eachBrought([&](int number, int row, const std::string& key) {
         list(number).alter(row, [&](ListRow& shown) {
             shown.Key = key;
-            shown.Text = zoom::withNewHead(shown.Text, formerName, newName);
+            shown.Text = links::withNewHead(shown.Text, formerName, newName);
         });
     });
     for (const auto& [number, row] : brought) {
@@ -243,9 +243,9 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
     }
 }
 
-void SetActProp_Functions::followRenames(const zoom::Renames& renames) {
-    zoom::followRenames(*tempProp, renames);
-    for (const zoom::Rename& rename : renames) {
+void SetActProp_Functions::followRenames(const canvas::Renames& renames) {
+    links::followRenames(*tempProp, renames);
+    for (const canvas::Rename& rename : renames) {
         const canvas::LabelsD* node = rename.kind == KindOutput ? ParForm.nodeNamed(rename.owner) : nullptr;
         if (node && node->activity()) {
             const std::string parent = "GRAPH." + rename.owner + ".";
@@ -305,13 +305,13 @@ void SetActProp_Functions::sendInput(int row, Member* member, const char* taken)
         messages_.tell(std::string(kInvalid) + taken, {}, platform::Icon::warning);
         return;
     }
-    if (!takesType(input->Attribute_Type, zoom::typeOf(*member))) {
+    if (!takesType(input->Attribute_Type, links::typeOf(*member))) {
         return;
     }
-    zoom::unlinkMember(ParForm, *member, false, self());
+    links::unlinkMember(ParForm, *member, false, self());
     links->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
     member->Changed = true;
-    zoom::linkMember(ParForm, *member, self());
+    links::linkMember(ParForm, *member, self());
     refreshKey(input->Key);
     edited();
 }

@@ -10,9 +10,9 @@
 #include "editors/twin_names.h"
 #include "entities/nodes.h"
 #include "forms/list.h"
+#include "links/member_rename.h"
 #include "platform/dialogs.h"
 #include "repository/catalogue.h"
-#include "zoom/member_rename.h"
 
 namespace orvent::editors {
 
@@ -63,7 +63,7 @@ class SetActProp_Functions : public RowOperations {
     /// Members, links and rows follow a new name of the activity.
     void renameOwner(const std::string& formerName, const std::string& newName);
     /// The copy and the trees follow what was renamed in the graph.
-    void followRenames(const zoom::Renames& renames);
+    void followRenames(const canvas::Renames& renames);
     /// Sets the columns of all rows again.
     void refreshRows();
 

@@ -6,7 +6,7 @@
 #include "editors/list_rows.h"
 #include "editors/set_act_prop_functions.h"
 #include "entities/key_grammar.h"
-#include "zoom/member_links.h"
+#include "links/member_links.h"
 #include "zoom/member_ties.h"
 
 namespace orvent::editors {
@@ -89,7 +89,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
     if (!tempProp->Act_Outputs->Item(key)) {
         addMirror(added);
     }
-    zoom::SynchronizeAttribute(ParForm, added, self());
+    links::SynchronizeAttribute(ParForm, added, self());
 }
 
 /// The output of the same name, which the input provides.
@@ -100,7 +100,7 @@ void SetActProp_Functions::addMirror(const AttributeProperties& input) {
     output.ParentKeyName = tempProp->Act_Name;
     output.ProvidedFrom->Add(tempProp->Act_Name, static_cast<LinkType>(tag), relativeKey(KindInput, input.Key));
     addListRow(kOutputs, newRow(input.Key, input.Attribute_Name, tag, "AttOut"));
-    zoom::SynchronizeAttribute(ParForm, output, self());
+    links::SynchronizeAttribute(ParForm, output, self());
 }
 
 void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& key, int position) {
@@ -140,7 +140,7 @@ void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
         zoom::forgetRows(*function);
         if (ownerOfFunction(ParForm, *functionNode(ParForm, name))) {
             // It was taken out in this dialog, with its links, and its row is to go.
-            zoom::UnSynchronizeFunction(ParForm, *function, true, self());
+            links::UnSynchronizeFunction(ParForm, *function, true, self());
         }
     }
     addListRow(kParameters, newRow(name, name, kTagFunction, "Func"), position);
@@ -203,7 +203,7 @@ bool SetActProp_Functions::removeMember(List& members, const std::string& key, N
     if (!member) {
         return false;
     }
-    zoom::unlinkMember(ParForm, *member, true, self());
+    links::unlinkMember(ParForm, *member, true, self());
     note(member->SubNode_ID, kind);
     members.Remove(key);
     return true;
@@ -240,7 +240,7 @@ void SetActProp_Functions::removeParameter(const std::string& key) {
 void SetActProp_Functions::removeFunction(const std::string& key) {
     unmark(kParameters, key);
     if (FunctionProperties* function = tempProp->Act_Functions->Item(key)) {
-        zoom::UnSynchronizeFunction(ParForm, *function, true, self());
+        links::UnSynchronizeFunction(ParForm, *function, true, self());
         note(function->FunctionID, KindFunction);
         tempProp->Act_Functions->Remove(key);
     }
@@ -298,16 +298,16 @@ bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, int ro
     if (number == kParameters) {
         if (ParameterProperties* parameter = tempProp->Act_Parameters->Item(key)) {
             stays = cut(*parameter, parameter->RegulatedFrom, parameter->RegulatedFrom.count(),
-                        zoom::UnSynchronizeRegulatedFrom);
+                        links::UnSynchronizeRegulatedFrom);
         }
     } else if (number == kOutputs) {
         if (AttributeProperties* output = tempProp->Act_Outputs->Item(key)) {
             stays = cut(*output, output->ProviderFor, output->ProviderFor.count() + output->ProvidedFrom.count(),
-                        zoom::UnSynchronizeProviderFor);
+                        links::UnSynchronizeProviderFor);
         }
     } else if (AttributeProperties* input = tempProp->Act_Inputs->Item(key)) {
         stays = cut(*input, input->ProvidedFrom, input->ProvidedFrom.count() + input->RegulatedFrom.count(),
-                    zoom::UnSynchronizeProvidedFrom);
+                    links::UnSynchronizeProvidedFrom);
         tempProp->Act_Inputs->Changed = true;
     }
     if (stays) {

@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "entities/link_types.h"
+#include "links/far_end.h"
 #include "platform/name_list.h"
 #include "repository/row_plan.h"
-#include "zoom/far_end.h"
 
 namespace orvent::repository {
 
 using canvas::DrawForm;
-using zoom::Direction;
+using links::Direction;
 
 namespace {
 
@@ -69,13 +69,13 @@ class StoredLinks {
 
     template <class Holder, class Links>
     void look(Direction direction, const Holder& holder, const entities::Lazy<Links>& links) {
-        const zoom::NearEnd near(holder);
+        const links::NearEnd near(holder);
         for (const auto& link : links) {
             if (!leadsToAMember(link.type())) {
                 continue;
             }
-            const zoom::FarEndView far =
-                zoom::findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, nullptr);
+            const links::FarEndView far =
+                links::findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, nullptr);
             dangling_ += far.attribute || far.parameter ? 0 : 1;
             joinNodes_ = joinNodes_ || (far.attribute && direction == Direction::ProviderFor &&
                                         far.attribute->ParentKeyName != holder.ParentKeyName);

@@ -4,13 +4,13 @@
 #include <utility>
 #include <vector>
 
+#include "links/synchronize_functions.h"
 #include "platform/steps.h"
 #include "repository/load_check.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_reader.h"
 #include "repository/scenario_statements.h"
 #include "repository/stored_content.h"
-#include "zoom/synchronize_functions.h"
 
 namespace orvent::repository {
 
@@ -94,9 +94,9 @@ void loadLines(DrawForm& form, StatementCache& repository) {
 void finishNodes(DrawForm& form) {
     for (LabelsD& node : form.Labels) {
         if (auto* activity = node.activity()) {
-            zoom::SynchronizeActivity(form, *activity, nullptr);
+            links::SynchronizeActivity(form, *activity, nullptr);
         } else if (auto* recordSet = node.recordSet()) {
-            zoom::SynchronizeRecordSet(form, *recordSet);
+            links::SynchronizeRecordSet(form, *recordSet);
         }
     }
     for (LabelsD& node : form.Labels) {

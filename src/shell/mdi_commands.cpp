@@ -6,12 +6,12 @@
 #include "analysis/metric_tints.h"
 #include "canvas/node_walk.h"
 #include "canvas/scaling.h"
+#include "links/check_consistency.h"
 #include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
 #include "shell/mdi_form.h"
 #include "shell/options_form.h"
 #include "shell/plain_forms.h"
-#include "zoom/check_consistency.h"
 #include "zoom/make_room.h"
 #include "zoom/view_filters.h"
 
@@ -79,7 +79,7 @@ struct MDIForm1::CommandTable {
         {Command::zoomOut, inWindow, [](MDIForm1& f) { f.zoom(false); }},
         {Command::activityZoom, inDesign, [](MDIForm1& f) { f.zoomSelected(); }},
         {Command::checkConsistency, inDesign,
-         [](MDIForm1& f) { zoom::CheckConsistency(*f.activeScenario(), f.ports_.progress); }},
+         [](MDIForm1& f) { links::CheckConsistency(*f.activeScenario(), f.ports_.progress); }},
         {Command::metrics, inDesign, [](MDIForm1& f) { f.showMetrics(); }},
         {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
         {Command::straighten, inWindow, [](MDIForm1& f) { f.activeEnabled()->straightenEdges(nullptr); }},

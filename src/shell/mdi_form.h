@@ -11,6 +11,7 @@
 #include "canvas/draw_form.h"
 #include "editors/type_editor.h"
 #include "editors/zoom_nodes.h"
+#include "links/canvas_links.h"
 #include "repository/catalogue.h"
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_windows.h"
@@ -27,7 +28,6 @@
 #include "shell/wizard_window.h"
 #include "statements/ldl_form.h"
 #include "statements/ldl_scenario.h"
-#include "zoom/entity_links.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/zoom_form.h"
 
@@ -143,7 +143,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     editors::ZoomNodes nodes_;
     CanvasDialogs dialogs_;
     zoom::RelationshipRules relationships_;
-    zoom::CanvasLinks links_;
+    links::CanvasLinks links_;
     MetricsScenarios<kSlots> metricsScenarios_;
 
     // A slot is used exactly while it holds a scenario.

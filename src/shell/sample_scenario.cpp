@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "links/synchronize_functions.h"
 #include "shell/sample_data.h"
-#include "zoom/synchronize_functions.h"
 
 namespace orvent::shell {
 
@@ -126,12 +126,12 @@ class SampleBuilder {
     void synchronize() {
         for (canvas::LabelsD& each : form_.Labels) {
             if (ActivityProperties* held = each.activity()) {
-                zoom::SynchronizeActivity(form_, *held, nullptr);
+                links::SynchronizeActivity(form_, *held, nullptr);
             }
         }
         for (canvas::LabelsD& each : form_.Labels) {
             if (RecordSetProperties* held = each.recordSet()) {
-                zoom::SynchronizeRecordSet(form_, *held);
+                links::SynchronizeRecordSet(form_, *held);
             }
         }
     }

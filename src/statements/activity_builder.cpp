@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "entities/link_types.h"
+#include "links/unsynchronize_functions.h"
 #include "platform/text.h"
 #include "statements/ldl_numbers.h"
-#include "zoom/unsynchronize_functions.h"
 
 namespace orvent::statements {
 
@@ -66,14 +66,14 @@ void ActivityBuilder::CreateActivityFromVariables() {
 void ActivityBuilder::removeFunctions() {
     Act_FunctionsCollection& functions = *activity_.Act_Functions;
     while (FunctionProperties* function = functions.Item(1)) {
-        zoom::UnSynchronizeFunction(form_, *function, true, InDialog_);
+        links::UnSynchronizeFunction(form_, *function, true, InDialog_);
         form_.DeletedNodes->Add(function->FunctionID, KindFunction);
         functions.Remove(1);
     }
 }
 
 void ActivityBuilder::removeOutput(AttributeProperties& output) {
-    zoom::UnSynchronizeAttribute(form_, output, true, InDialog_);
+    links::UnSynchronizeAttribute(form_, output, true, InDialog_);
     form_.DeletedNodes->Add(output.SubNode_ID, output.NodeKind);
     activity_.Act_Outputs->Remove(output.Key);
 }
@@ -94,7 +94,7 @@ void ActivityBuilder::removeGeneratedOutputs() {
 void ActivityBuilder::removeParameters() {
     Act_ParametersCollection& parameters = *activity_.Act_Parameters;
     while (ParameterProperties* parameter = parameters.Item(1)) {
-        zoom::UnSynchronizeParameter(form_, *parameter, true, InDialog_);
+        links::UnSynchronizeParameter(form_, *parameter, true, InDialog_);
         form_.DeletedNodes->Add(parameter->SubNode_ID, parameter->NodeKind);
         parameters.Remove(1);
     }

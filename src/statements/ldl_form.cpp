@@ -2,12 +2,12 @@
 
 #include <utility>
 
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "platform/fault.h"
 #include "platform/text.h"
 #include "statements/activity_builder.h"
 #include "statements/ldl_generator.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
 
 namespace orvent::statements {
 
@@ -66,7 +66,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     openedText_ = txtTemplate;
     enableCaller(false);
     mirrorOrder_.emplace(form, activity, inDialog());
-    zoom::UnSynchronizeActivity(form, activity, false, inDialog());
+    links::UnSynchronizeActivity(form, activity, false, inDialog());
     Sources = sourcesOf(activity);
     buildOutputsView();
     open_ = true;
@@ -98,7 +98,7 @@ bool LDLForm::mayDismiss() {
 
 void LDLForm::close() {
     enableCaller(true);
-    zoom::SynchronizeActivity(*form_, *Activity, inDialog());
+    links::SynchronizeActivity(*form_, *Activity, inDialog());
     mirrorOrder_->restore(*form_, *Activity, inDialog());
     reset();
 }

@@ -7,12 +7,12 @@
 
 #include "entities/name_tables.h"
 #include "entities/type_records.h"
+#include "links/mirror_order.h"
 #include "platform/dialogs.h"
 #include "statements/activity_wizard.h"
 #include "statements/ldl_panel.h"
 #include "statements/ldl_sources.h"
 #include "statements/ldl_variables.h"
-#include "zoom/mirror_order.h"
 
 namespace orvent::statements {
 
@@ -188,7 +188,7 @@ class LDLForm : public ActivityWizard {
     canvas::DrawForm* form_ = nullptr;  ///< the design window
     ActivityDialog* dialog_ = nullptr;
     WizardRound* round_ = nullptr;
-    std::optional<zoom::MirrorOrder> mirrorOrder_;
+    std::optional<links::MirrorOrder> mirrorOrder_;
     std::string trouble_;  ///< why the activity was built in part only
     entities::ActivityTypeProperties type_;
     std::vector<std::string> generatorFaults_;

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "entities/link_types.h"
+#include "links/far_end.h"
 #include "platform/fault.h"
 #include "statements/ldl_sources.h"
-#include "zoom/far_end.h"
 
 namespace orvent::statements {
 
@@ -133,7 +133,7 @@ void RuleWriter::writeColumns(const AttributeCollection* columns, const std::str
 void RuleWriter::writeActivity(const entities::ActivityProperties& activity) {
     const std::string& name = activity.Act_Name;
     const auto inputName = [&](const std::string& key) -> std::string_view {
-        const AttributeProperties* input = zoom::attributeUnder(activity, entities::KindInput, key);
+        const AttributeProperties* input = links::attributeUnder(activity, entities::KindInput, key);
         if (!input) {
             refuse(name, entities::AfterSecondDot(key));
         }
@@ -190,7 +190,7 @@ void RuleWriter::writeRecordSet(const entities::RecordSetProperties& recordSet) 
         const entities::ActivityProperties& activity = activityNamed(std::string(provider));
         write({activity.Act_Name, "("});
         writeColumns(activity.Act_Outputs.peek(), name, prefix, [&](const std::string& key) -> std::string_view {
-            const AttributeProperties* attribute = zoom::attributeUnder(recordSet, key);
+            const AttributeProperties* attribute = links::attributeUnder(recordSet, key);
             if (!attribute) {
                 refuse(name, entities::AfterFirstDot(key));
             }

@@ -5,18 +5,20 @@
 #include <variant>
 #include <vector>
 
-#include "zoom/member_rename.h"
-#include "zoom/members.h"
-#include "zoom/mirror_exchange.h"
+#include "links/member_rename.h"
+#include "links/members.h"
+#include "links/mirror_exchange.h"
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "zoom/rename_node.h"
-#include "zoom/synchronize_functions.h"
 #include "zoom/unfolded.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
 #include "zoom/waiting_functions.h"
 #include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::LabelsD;

@@ -5,7 +5,7 @@
 #include <unordered_set>
 
 #include "canvas/labels.h"
-#include "zoom/members.h"
+#include "links/members.h"
 
 namespace orvent::zoom {
 

@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "canvas/canvas_rules.h"
+#include "links/kept_mirrors.h"
+#include "links/member_links.h"
+#include "links/members.h"
 #include "zoom/drawn_edge.h"
-#include "zoom/kept_mirrors.h"
-#include "zoom/member_links.h"
-#include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/rename_node.h"
 #include "zoom/typed_name.h"
@@ -14,6 +14,8 @@
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::LabelsD;

@@ -7,6 +7,8 @@
 
 namespace orvent::zoom {
 
+using namespace links;
+
 using namespace entities;
 using End = RelationEnd;
 

@@ -4,7 +4,7 @@
 
 #include "canvas/labels.h"
 #include "entities/attributes.h"
-#include "zoom/far_end.h"
+#include "links/far_end.h"
 
 namespace orvent::zoom {
 
@@ -38,7 +38,7 @@ class RelationEnd {
     bool isRegulated() const {
         return (attribute_ ? attribute_->RegulatedFrom.count() : parameter_->RegulatedFrom.count()) > 0;
     }
-    NearEnd near() const { return attribute_ ? NearEnd(*attribute_) : NearEnd(*parameter_); }
+    links::NearEnd near() const { return attribute_ ? links::NearEnd(*attribute_) : links::NearEnd(*parameter_); }
 
   private:
     const entities::AttributeProperties* attribute_;
@@ -50,8 +50,8 @@ struct RelationRow {
     entities::NodeKindCode from, to;
     bool (*allowed)(const RelationEnd& from, const RelationEnd& to);
     entities::LinkType (*type)(const RelationEnd& from, const RelationEnd& to);
-    KeyForm targetKey;         ///< of the provided or regulated end, in the list of its source
-    KeyForm sourceKey;         ///< of the providing or regulating end, in the list of its target
+    links::KeyForm targetKey;  ///< of the provided or regulated end, in the list of its source
+    links::KeyForm sourceKey;  ///< of the providing or regulating end, in the list of its target
     bool flip = false;         ///< the edge was drawn against the direction of regulation
     bool attach = false;       ///< a free function is tied to the activity of the other end
     std::int16_t setTag = -1;  ///< written to `TO`, -1 for none

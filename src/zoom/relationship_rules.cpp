@@ -1,13 +1,15 @@
 #include "zoom/relationship_rules.h"
 
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "zoom/relationship_matrix.h"
-#include "zoom/synchronize_functions.h"
 #include "zoom/typed_name.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::LabelsD;

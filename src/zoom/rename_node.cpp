@@ -3,15 +3,17 @@
 #include <utility>
 
 #include "canvas/taken_name.h"
+#include "links/kept_mirrors.h"
+#include "links/member_rename.h"
+#include "links/members.h"
+#include "links/unsynchronize_functions.h"
 #include "zoom/expand_collapse.h"
-#include "zoom/kept_mirrors.h"
 #include "zoom/linked_constant.h"
-#include "zoom/member_rename.h"
-#include "zoom/members.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/waiting_functions.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::LabelsD;
@@ -108,7 +110,7 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
     mirrors.hold(entity);
     if (list) {
         rekey(*list, former, name);
-        noteRename(form, renameOf(*owner, entity, name));
+        form.tellRenamed(renameOf(*owner, entity, name));
         noteKey(*owner, entity.NodeKind, former, name);
     }
     if (isConstant) {
@@ -127,7 +129,7 @@ bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function,
     }
     KeptMirrors mirrors(form);
     mirrors.hold(function);
-    noteRename(form, {list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key});
+    form.tellRenamed({list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key});
     if (list) {
         rekey(*list, function.Function_Key, key);
     }

@@ -6,14 +6,16 @@
 #include <vector>
 
 #include "entities/link_types.h"
-#include "zoom/member_links.h"
+#include "links/member_links.h"
+#include "links/members.h"
 #include "zoom/member_ties.h"
-#include "zoom/members.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/typed_name.h"
 #include "zoom/unfolding_parts.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::CanvasSettings;

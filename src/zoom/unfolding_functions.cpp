@@ -4,13 +4,15 @@
 #include <utility>
 #include <vector>
 
-#include "zoom/members.h"
+#include "links/members.h"
+#include "links/unsynchronize_functions.h"
 #include "zoom/unfolding.h"
 #include "zoom/unfolding_parts.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/waiting_functions.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::CanvasSettings;

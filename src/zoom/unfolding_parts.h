@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "zoom/members.h"
+#include "links/members.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
@@ -21,7 +21,7 @@ bool isMemberOf(const ZoomForm& form, const canvas::LabelsD& node, const canvas:
 template <class List>
 void requireTypes(const ZoomForm& form, const entities::Lazy<List>& items) {
     for (const auto& item : items) {
-        form.catalogue().dataTypes.name(typeOf(item));
+        form.catalogue().dataTypes.name(links::typeOf(item));
     }
 }
 

@@ -50,6 +50,16 @@ void ZoomForm::formChanged() {
     }
 }
 
+void ZoomForm::OwnRenames::memberRenamed(const canvas::Rename& rename) {
+    if (rename.kind != entities::KindFree) {
+        form.order.rename(rename.function.empty() ? rename.owner : rename.function, rename.kind, rename.former,
+                          rename.now);
+    }
+    if (rename.kind == entities::KindFree || !rename.owner.empty()) {
+        form.renames.push_back(rename);
+    }
+}
+
 bool ZoomForm::repeats(const canvas::LabelsD& node) const {
     return !bearsName(node);
 }

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "canvas/draw_form.h"
+#include "canvas/rename.h"
 #include "entities/name_tables.h"
 #include "platform/dialogs.h"
 #include "zoom/member_order.h"
-#include "zoom/member_rename.h"
 #include "zoom/zoom_rules.h"
 
 namespace orvent::zoom {
@@ -81,8 +81,8 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     std::int32_t FunctionCounter = 0;
     std::int32_t ParameterCounter = 0;
     ViewMarks marks;
-    MemberOrder order;  ///< of what was folded by hand
-    Renames renames;    ///< since the scenario has all of it; `noteRename` adds to them
+    MemberOrder order;        ///< of what was folded by hand
+    canvas::Renames renames;  ///< since the scenario has all of it
     /// Nodes of functions that wait for their folded activity, and the activity's node.
     std::unordered_map<std::int32_t, std::int32_t> waiting;
 
@@ -151,11 +151,20 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     std::span<const canvas::LegendEntry> legend() const override;
 
   private:
+    /// What is renamed in the view itself: its orders and its way back into the scenario follow.
+    struct OwnRenames : canvas::CanvasListener {
+        explicit OwnRenames(ZoomForm& view) : form(view) {}
+        void memberRenamed(const canvas::Rename& rename) override;
+        ZoomForm& form;
+    };
+
     void formChanged() override;
 
     ZoomServices services_;
     ZoomRules rules_;
     canvas::CanvasSubscription design_;
+    OwnRenames ownRenames_{*this};
+    canvas::CanvasSubscription own_ = listen(ownRenames_);
     int appliedRows_;  ///< mark in the rows to delete
     bool unapplied_ = false;
     bool edited_ = false;

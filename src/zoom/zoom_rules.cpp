@@ -5,18 +5,20 @@
 #include <string>
 #include <unordered_set>
 
+#include "links/unsynchronize_functions.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/linked_constant.h"
 #include "zoom/make_room.h"
 #include "zoom/path_light.h"
 #include "zoom/typed_name.h"
 #include "zoom/unfolding_parts.h"
-#include "zoom/unsynchronize_functions.h"
 #include "zoom/view_filters.h"
 #include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::zoom {
+
+using namespace links;
 
 using namespace entities;
 using canvas::LabelsD;

@@ -8,6 +8,8 @@
 
 namespace orvent::zoom {
 
+using namespace links;
+
 using namespace entities;
 using canvas::LabelsD;
 

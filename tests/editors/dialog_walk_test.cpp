@@ -88,14 +88,14 @@ class Links {
 
     template <class Member>
     void see(Member& member) {
-        using enum zoom::Direction;
+        using enum links::Direction;
         const std::string id = idOf(member);
         members_.insert(id);
-        const auto each = [&](const char* word, zoom::Direction direction, auto& links) {
+        const auto each = [&](const char* word, links::Direction direction, auto& links) {
             std::vector<std::string>& list = lists_[id + word];
             for (auto& link : links) {
-                const zoom::FarEnd far =
-                    zoom::findFarEnd(form_, direction, member, {link.name(), link.type(), link.key()}, nullptr);
+                const links::FarEnd far =
+                    links::findFarEnd(form_, direction, member, {link.name(), link.type(), link.key()}, nullptr);
                 list.push_back(far.attribute   ? idOf(*far.attribute)
                                : far.parameter ? idOf(*far.parameter)
                                                : link.key());

@@ -4,10 +4,10 @@
 
 #include "../statements/wizard_fixture.h"
 #include "editors/editor_doubles.h"
+#include "links/synchronize_functions.h"
 #include "repository/catalogue_statements.h"
 #include "testkit/graph_builder.h"
 #include "testkit/model_text.h"
-#include "zoom/synchronize_functions.h"
 
 namespace orvent::editors {
 namespace {

@@ -1,10 +1,10 @@
 // The dialogs of activities and record sets over a zoom view.
 
 #include "editors/zoom_dialogs_fixture.h"
+#include "links/members.h"
 #include "testkit/zoom_faults.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/member_ties.h"
-#include "zoom/members.h"
 #include "zoom/rename_node.h"
 
 using namespace orvent;
@@ -247,8 +247,8 @@ TEST_F(ZoomDialogs, TheOrderOfTheRowsReachesTheScenario) {
         fold();
         row.after();
         zoom::ApplyZoomChanges(*form, true);
-        EXPECT_EQ(zoom::keysOf(form->central()->activity()->Act_Inputs), row.inputs);
-        EXPECT_EQ(zoom::keysOf(design.nodeNamed(form->central()->Caption())->activity()->Act_Inputs), row.inputs);
+        EXPECT_EQ(links::keysOf(form->central()->activity()->Act_Inputs), row.inputs);
+        EXPECT_EQ(links::keysOf(design.nodeNamed(form->central()->Caption())->activity()->Act_Inputs), row.inputs);
     }
 }
 

@@ -2,9 +2,9 @@
 
 #include "canvas/deletion.h"
 #include "editors/item_prop.h"
+#include "links/canvas_links.h"
 #include "stored_scenario_fixture.h"
 #include "testkit/zoom_faults.h"
-#include "zoom/entity_links.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/zoom_view.h"
 
@@ -20,7 +20,7 @@ class ZoomSaveTest : public StoredScenarioTest {
     void editIn(zoom::ZoomForm& view) {
         view.SelectedLabels.Add(view.NamesColl.Item("Act1.PARAM.P"));
         view.SelectedLabels.Add(view.NamesColl.Item("RS1.A"));
-        zoom::CanvasLinks links;
+        links::CanvasLinks links;
         canvas::DeleteSelectedNodes(view, canvas::kEveryNodeType, links, view.rules());
         editors::ItemProp dialog(view, *view.nodeNamed("Act1.OUT.O"), catalogue);
         dialog.changeName("P");

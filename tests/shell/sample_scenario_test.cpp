@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "links/synchronize_functions.h"
 #include "platform/codes.h"
 #include "testkit/model_text.h"
 #include "testkit/test_frame.h"
-#include "zoom/synchronize_functions.h"
 
 namespace orvent::shell {
 namespace {
@@ -59,9 +59,9 @@ TEST_F(SampleScenario, IsAFixedPointOfSynchronising) {
     const std::string before = testkit::modelText(form());
     for (canvas::LabelsD& node : form().Labels) {
         if (node.activity()) {
-            zoom::SynchronizeActivity(form(), *node.activity(), nullptr);
+            links::SynchronizeActivity(form(), *node.activity(), nullptr);
         } else {
-            zoom::SynchronizeRecordSet(form(), *node.recordSet());
+            links::SynchronizeRecordSet(form(), *node.recordSet());
         }
     }
     EXPECT_EQ(testkit::modelText(form()), before);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "zoom/far_end.h"
+#include "links/far_end.h"
 #include "zoom/link_graph.h"
 #include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
@@ -129,11 +129,11 @@ class CanvasFaults {
     template <class Entity>
     void seeLinks(Entity& entity) {
         if constexpr (requires { entity.ProvidedFrom; }) {
-            see(zoom::Direction::ProvidedFrom, entity, entity.ProvidedFrom);
-            see(zoom::Direction::ProviderFor, entity, entity.ProviderFor);
+            see(links::Direction::ProvidedFrom, entity, entity.ProvidedFrom);
+            see(links::Direction::ProviderFor, entity, entity.ProviderFor);
         }
-        see(zoom::Direction::RegulatedFrom, entity, entity.RegulatedFrom);
-        see(zoom::Direction::RegulatorFor, entity, entity.RegulatorFor);
+        see(links::Direction::RegulatedFrom, entity, entity.RegulatedFrom);
+        see(links::Direction::RegulatorFor, entity, entity.RegulatorFor);
         if constexpr (requires { entity.ParentFunctionActivity; }) {
             if (entity.NodeKind == entities::KindFunctionInput && entity.RegulatedFrom.count() > 1) {
                 fault("regulated twice", entity.ParentFunctionActivity, entity.ParentKeyName + " " + entity.Key);
@@ -152,13 +152,13 @@ class CanvasFaults {
     }
 
     template <class Entity, class Links>
-    void see(zoom::Direction direction, Entity& entity, Links& links) {
-        using enum zoom::Direction;
+    void see(links::Direction direction, Entity& entity, Links& links) {
+        using enum links::Direction;
         for (auto& link : links) {
-            const zoom::NearEnd near(entity);
-            const zoom::FarEnd far =
-                zoom::findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, nullptr);
-            const std::string who = near.keyAs(zoom::KeyForm::whole), where = link.name() + " " + link.key();
+            const links::NearEnd near(entity);
+            const links::FarEnd far =
+                links::findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, nullptr);
+            const std::string who = near.keyAs(links::KeyForm::whole), where = link.name() + " " + link.key();
             // A constant is known by its name alone, and a folded end does not know yet that it has a node.
             const bool folded =
                 far.parameter && far.parameter->NodeKind == entities::KindConstant && !near.labelIn(form_);

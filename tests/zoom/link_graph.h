@@ -9,8 +9,8 @@
 
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
+#include "links/synchronize_functions.h"
 #include "platform/codes.h"
-#include "zoom/synchronize_functions.h"
 
 namespace orvent::testkit {
 
@@ -127,7 +127,7 @@ class LinkGraph {
             }
         }
         same.setParentKeyName(owner);
-        zoom::SynchronizeActivity(canvas, activity, nullptr);
+        links::SynchronizeActivity(canvas, activity, nullptr);
     }
 
     static std::string holderOf(const std::string& line) { return line.substr(0, line.find(' ')); }

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "zoom/check_consistency.h"
+#include "links/check_consistency.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/zoom_fixture.h"
@@ -614,7 +614,7 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     graph.add("F1.OUT.O1 <~ 12 RS1 RS1.AU_ID");
     const std::vector<std::string> before = edges();
     expectQuestion(platform::Answer::cancel);
-    EXPECT_FALSE(zoom::CheckConsistency(design, progress));
+    EXPECT_FALSE(links::CheckConsistency(design, progress));
     EXPECT_EQ(edges(), before);
 
     const std::vector<std::string> expected = {
@@ -625,7 +625,7 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     };
     for (int run = 0; run < 2; ++run) {
         expectQuestion(platform::Answer::ok);
-        EXPECT_TRUE(zoom::CheckConsistency(design, progress));
+        EXPECT_TRUE(links::CheckConsistency(design, progress));
         EXPECT_EQ(edges(), expected);
         EXPECT_EQ(progress.pointerShape, 1);
     }
@@ -636,7 +636,7 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     ASSERT_EQ(third.KeyName(), canvas::kErrorName);
     graph.add("A3.IN.TWICE <- 1 Error_myCode Error_myCode.SONUM");
     expectQuestion(platform::Answer::ok);
-    zoom::CheckConsistency(design, progress);
+    links::CheckConsistency(design, progress);
     EXPECT_EQ(design.Lines.Count(), static_cast<int>(expected.size()) + 6);
     EXPECT_EQ(second.StartingLines().Count() + third.StartingLines().Count(), 0);
     EXPECT_EQ(second.EndingLines().Count(), 6);

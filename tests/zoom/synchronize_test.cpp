@@ -1,17 +1,18 @@
 #include <regex>
 
 #include "entities/link_types.h"
+#include "links/canvas_links.h"
+#include "links/link_mirrors.h"
+#include "links/propagate_rename.h"
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 #include "testkit/scripted_ports.h"
-#include "zoom/entity_links.h"
 #include "zoom/link_graph.h"
-#include "zoom/link_mirrors.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
 
 using namespace orvent;
 using namespace orvent::entities;
+using links::Work;
 using testkit::LinkGraph;
-using zoom::Work;
 
 namespace {
 
@@ -22,15 +23,15 @@ class Synchronize : public testkit::CanvasTest {
 
     void synchronizeAll() {
         for (const char* name : {"A1", "A2", "A3"}) {
-            zoom::SynchronizeActivity(form, graph.activity(name), nullptr);
+            links::SynchronizeActivity(form, graph.activity(name), nullptr);
         }
         for (const char* name : {"RS1", "RS2", "RS3", "RS4"}) {
-            zoom::SynchronizeRecordSet(form, graph.recordSet(name));
+            links::SynchronizeRecordSet(form, graph.recordSet(name));
         }
-        zoom::SynchronizeParameter(form, graph.constant(), nullptr);
+        links::SynchronizeParameter(form, graph.constant(), nullptr);
     }
     void mirror(Work work, const LinkGraph::Entity& holder, ActivityProperties* dialog) {
-        std::visit([&](auto* entity) { zoom::mirrorLinks(work, form, *entity, dialog); }, holder);
+        std::visit([&](auto* entity) { links::mirrorLinks(work, form, *entity, dialog); }, holder);
     }
 };
 
@@ -91,7 +92,7 @@ TEST_F(Synchronize, ADeletedNodeHoldsNoLinkAndNoLinkNamesIt) {
         SCOPED_TRACE(name);
         canvas::Canvas another(ports.services());
         LinkGraph whole(another);
-        zoom::CanvasLinks().unsynchronise(another, *another.nodeNamed(name));
+        links::CanvasLinks().unsynchronise(another, *another.nodeNamed(name));
         EXPECT_EQ(whole.present(), LinkGraph::picked([&](auto& line, auto& other) {
                       return !LinkGraph::isOf(name, line) && !LinkGraph::isOf(name, other);
                   }));
@@ -172,7 +173,7 @@ TEST_F(SynchronizeShown, EachLinkBetweenShownEndsIsDrawnOnce) {
         }
     }
     drawn = LinkGraph::sorted(drawn);
-    zoom::SynchronizeActivity(form, graph.activity("A2"), nullptr);
+    links::SynchronizeActivity(form, graph.activity("A2"), nullptr);
     EXPECT_EQ(edges(), drawn);
     synchronizeAll();
     EXPECT_EQ(edges(), drawn);
@@ -182,11 +183,11 @@ TEST_F(SynchronizeShown, EachLinkBetweenShownEndsIsDrawnOnce) {
     EXPECT_EQ(edge.ToGrabbingPoint(), 1);
     EXPECT_EQ(edge.Angle(), canvas::AngleStraight);
 
-    zoom::UnSynchronizeRecordSet(form, graph.recordSet("RS3"), false, nullptr);
+    links::UnSynchronizeRecordSet(form, graph.recordSet("RS3"), false, nullptr);
     auto others = drawn;
     std::erase_if(others, [](const std::string& line) { return line.starts_with("RS3"); });
     EXPECT_EQ(edges(), others);
-    zoom::UnSynchronizeActivity(form, graph.activity("A2"), false, nullptr);
+    links::UnSynchronizeActivity(form, graph.activity("A2"), false, nullptr);
     EXPECT_EQ(form.Lines.Count(), 0);
     synchronizeAll();
     EXPECT_EQ(edges(), drawn);
@@ -200,11 +201,11 @@ TEST_F(SynchronizeShown, NumbersOfFormerViewsMeanNothing) {
             link.LineIndex = foreign->Index();
         }
     }
-    zoom::UnSynchronizeAttribute(form, *graph.activity("A2").Act_Inputs->Item(1), false, nullptr);
+    links::UnSynchronizeAttribute(form, *graph.activity("A2").Act_Inputs->Item(1), false, nullptr);
     EXPECT_EQ(form.Lines.Count(), 1);
 
     showAll(*graph.activity("A2").Act_Outputs, canvas::NodeTypeAttribute);
-    zoom::SynchronizeActivity(form, graph.activity("A2"), nullptr);
+    links::SynchronizeActivity(form, graph.activity("A2"), nullptr);
     EXPECT_EQ(form.Lines.Count(), 1) << "an input without a node was drawn to another node";
     EXPECT_EQ(graph.activity("A2").Act_Inputs->Item("AU_ID")->ProviderFor->Item(1)->LineIndex, -1);
 }
@@ -213,10 +214,10 @@ class Rename : public SynchronizeShown {
   protected:
     void rename(const std::string& recordSet, const std::string& oldKey) {
         RecordSetProperties& owner = graph.recordSet(recordSet);
-        zoom::UnSynchronizeRecordSet(form, owner, false, nullptr);
+        links::UnSynchronizeRecordSet(form, owner, false, nullptr);
         EXPECT_TRUE(owner.RenameRecordSetOutPut(oldKey, "NEW", form));
-        zoom::PropagateRename(form, *owner.RecordSet_Outputs->Item("NEW"), oldKey);
-        zoom::SynchronizeRecordSet(form, owner);
+        links::PropagateRename(form, *owner.RecordSet_Outputs->Item("NEW"), oldKey);
+        links::SynchronizeRecordSet(form, owner);
     }
     static LinkGraph::Lines replaced(LinkGraph::Lines lines, const std::string& oldKey) {
         for (std::string& line : lines) {
@@ -298,8 +299,8 @@ TEST_F(Rename, EndsInACycleAndInAVeryLongChain) {
     }
     provider->ProviderFor->Add("N1", LinkActivity, "N1.IN.A");
     ASSERT_TRUE(source.RenameRecordSetOutPut("A", "B", chain));
-    zoom::PropagateRename(chain, *source.RecordSet_Outputs->Item("B"), "A");
-    zoom::SynchronizeRecordSet(chain, source);
+    links::PropagateRename(chain, *source.RecordSet_Outputs->Item("B"), "A");
+    links::SynchronizeRecordSet(chain, source);
     const auto* last = chain.nodeNamed("N" + std::to_string(kLength))->activity();
     EXPECT_TRUE(last->Act_Outputs.peek()->Item("B"));
     EXPECT_EQ(chain.nodeNamed("N1")->activity()->Act_Inputs->Item("B")->ProvidedFrom.count(), 1);

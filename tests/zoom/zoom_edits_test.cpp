@@ -1,10 +1,10 @@
 // Edits of the zoom view that reach the scenario whole, or are refused.
 
 #include "canvas/deletion.h"
+#include "links/canvas_links.h"
+#include "links/members.h"
 #include "testkit/zoom_faults.h"
-#include "zoom/entity_links.h"
 #include "zoom/expand_collapse.h"
-#include "zoom/members.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/rename_node.h"
 #include "zoom/view_filters.h"
@@ -75,7 +75,7 @@ class ZoomEdits : public testkit::ZoomTest {
     }
 
     zoom::RelationshipRules rules;
-    zoom::CanvasLinks links;
+    links::CanvasLinks links;
 };
 
 TEST_F(ZoomEdits, NothingIsDrawnAtASecondCopy) {
@@ -372,9 +372,9 @@ TEST_F(ZoomEdits, MembersKeepTheirPlacesWhateverWasFolded) {
         for (int twice = 0; twice < 2; ++twice) {
             zoom::ApplyZoomChanges(*form, true);
             const ActivityProperties& applied = graph.activity("A2");
-            EXPECT_EQ(zoom::keysOf(applied.Act_Inputs), row.inputs);
+            EXPECT_EQ(links::keysOf(applied.Act_Inputs), row.inputs);
             EXPECT_EQ(applied.Act_Functions.peek()->keyAt(1), row.function);
-            EXPECT_EQ(zoom::keysOf(applied.Act_Functions.peek()->Item(1)->Function_Inputs), row.parameters);
+            EXPECT_EQ(links::keysOf(applied.Act_Functions.peek()->Item(1)->Function_Inputs), row.parameters);
             EXPECT_EQ(testkit::CanvasFaults::ofScenario(design), testkit::CanvasFaults::Lines{});
         }
     }

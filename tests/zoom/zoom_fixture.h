@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "canvas/draw_form.h"
+#include "links/far_end.h"
 #include "testkit/model_text.h"
 #include "testkit/scripted_ports.h"
-#include "zoom/far_end.h"
 #include "zoom/link_graph.h"
 #include "zoom/zoom_view.h"
 
@@ -145,10 +145,10 @@ class ZoomTest : public CanvasTest {
             return;
         }
         EXPECT_EQ(entity.LabelIndex, shown.Index()) << shown.KeyName();
-        const auto each = [&](zoom::Direction direction, auto& links) {
+        const auto each = [&](links::Direction direction, auto& links) {
             for (auto& link : links) {
-                const zoom::FarEnd far =
-                    zoom::findFarEnd(*form, direction, entity, {link.name(), link.type(), link.key()}, nullptr);
+                const links::FarEnd far =
+                    links::findFarEnd(*form, direction, entity, {link.name(), link.type(), link.key()}, nullptr);
                 if (far.node) {
                     EXPECT_TRUE(form->Lines.byIndex(link.LineIndex)) << shown.KeyName() << " to " << link.key();
                     drawn.push_back(link.LineIndex);
@@ -156,11 +156,11 @@ class ZoomTest : public CanvasTest {
             }
         };
         if constexpr (requires { entity.ProvidedFrom; }) {
-            each(zoom::Direction::ProvidedFrom, entity.ProvidedFrom);
-            each(zoom::Direction::ProviderFor, entity.ProviderFor);
+            each(links::Direction::ProvidedFrom, entity.ProvidedFrom);
+            each(links::Direction::ProviderFor, entity.ProviderFor);
         }
-        each(zoom::Direction::RegulatedFrom, entity.RegulatedFrom);
-        each(zoom::Direction::RegulatorFor, entity.RegulatorFor);
+        each(links::Direction::RegulatedFrom, entity.RegulatedFrom);
+        each(links::Direction::RegulatorFor, entity.RegulatorFor);
     }
 
     entities::CatalogueTables catalogue;

@@ -2,8 +2,8 @@
 
 #include "canvas/deletion.h"
 #include "canvas/pointer_fixture.h"
+#include "links/canvas_links.h"
 #include "platform/codes.h"
-#include "zoom/entity_links.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/rename_node.h"
 #include "zoom/view_filters.h"
@@ -42,7 +42,7 @@ class ZoomWindow : public testkit::ZoomTest {
 
     std::string log() { return std::exchange(relationships.log, ""); }
 
-    zoom::CanvasLinks links;
+    links::CanvasLinks links;
 };
 
 TEST_F(ZoomWindow, ToolsPlaceFreeNodes) {

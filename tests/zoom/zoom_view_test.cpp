@@ -1,6 +1,6 @@
 #include "entities/link_types.h"
+#include "links/members.h"
 #include "zoom/expand_collapse.h"
-#include "zoom/members.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
 
@@ -220,7 +220,7 @@ TEST_F(ZoomView, ApplyKeepsTheOrderWhateverWasFolded) {
     zoom::CollapseActivity(*form, index("A2"));
     // The new one has no node, so it stays where it is; the others come back in reverse.
     EXPECT_EQ(keys(activity.Act_Outputs), (Texts{order[3], order[2], order[1], order[0], "NEW"}));
-    EXPECT_EQ(zoom::keysOf(activity.Act_Functions), (Texts{"A2.F2", "F1"}));
+    EXPECT_EQ(links::keysOf(activity.Act_Functions), (Texts{"A2.F2", "F1"}));
     zoom::ExpandActivity(*form, index("A2"));
     zoom::ApplyZoomChanges(*form, true);
     EXPECT_EQ(keys(design.nodeNamed("A2")->activity()->Act_Outputs), order);

@@ -7,10 +7,10 @@
 #include "canvas/deletion.h"
 #include "editors/item_prop.h"
 #include "editors/zoom_nodes.h"
+#include "links/canvas_links.h"
 #include "repository/stored_scenario_fixture.h"
 #include "shell/sample_scenario.h"
 #include "testkit/zoom_faults.h"
-#include "zoom/entity_links.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_view.h"
@@ -344,7 +344,7 @@ class ZoomWalk : public StoredScenarioTest {
     std::unique_ptr<canvas::DrawForm> owned_ = newForm("Walk");
     canvas::DrawForm& design = *owned_;
     zoom::RelationshipRules relationships_;
-    zoom::CanvasLinks links_;
+    links::CanvasLinks links_;
     editors::NoWizard wizard_;
     editors::NoFile chooser_;
     editors::ZoomNodes nodes_;

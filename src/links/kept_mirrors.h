@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "zoom/mirror_lists.h"
+#include "links/mirror_lists.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 inline void setName(entities::ProviderProperties& link, const std::string& name) {
     link.Provider_Name = name;
@@ -130,4 +130,4 @@ void rekeyMember(canvas::Canvas& Form, List& list, const std::string& former, co
     mirrors.rekey();
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

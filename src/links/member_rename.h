@@ -5,22 +5,13 @@
 #include <vector>
 
 #include "canvas/canvas.h"
+#include "canvas/rename.h"
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
-/// A member that bears another key from some moment on, or, with `KindFree`, an owner that bears another name.
-struct Rename {
-    std::string owner;  ///< the activity or the record set; empty of an owner
-    entities::NodeKindCode kind = entities::KindFree;
-    std::string former, now;
-    std::string function = {};  ///< the key of the function whose input or output it is
-};
-
-using Renames = std::vector<Rename>;
-
-/// A zoom view notes what is renamed in it, so that its orders and its way back into the scenario follow.
-void noteRename(canvas::Canvas& Form, const Rename& rename);
+using canvas::Rename;
+using canvas::Renames;
 
 /// An activity or a record set bears another name, its members and their links with it, and the far ends know them by
 /// it. Its node has its new caption already.
@@ -41,4 +32,4 @@ void followRenames(entities::RecordSetProperties& recordSet, const Renames& rena
 /// Renames in the scenario what was renamed in a view of it since it was applied last, in the same order.
 void replayRenames(canvas::Canvas& Form, const Renames& renames);
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

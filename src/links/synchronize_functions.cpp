@@ -1,8 +1,8 @@
-#include "zoom/synchronize_functions.h"
+#include "links/synchronize_functions.h"
 
-#include "zoom/link_mirrors.h"
+#include "links/link_mirrors.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -67,4 +67,4 @@ void SynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, RegulatorPr
     mirrorLink(Work::Write, Form, Direction::RegulatorFor, E, Link, InDialog);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -4,7 +4,7 @@
 
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// Lets the members of an activity follow its new name: owners, links inside the activity, the keys of its functions
 /// and of what its type brought. The far ends of links that leave it are not touched.
@@ -13,4 +13,4 @@ void renameActivity(entities::ActivityProperties& activity, const std::string& f
 /// `text` with the owner at its head renamed, unchanged when it has another head.
 std::string withNewHead(const std::string& text, const std::string& formerName, const std::string& newName);
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -2,7 +2,7 @@
 
 #include "canvas/deletion.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// How a canvas takes the entity of a node that is deleted out of all links.
 class CanvasLinks : public canvas::EntityLinks {
@@ -10,4 +10,4 @@ class CanvasLinks : public canvas::EntityLinks {
     void unsynchronise(canvas::Canvas& canvas, canvas::LabelsD& node) override;
 };
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -1,12 +1,12 @@
-#include "zoom/rename_activity.h"
+#include "links/rename_activity.h"
 
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "zoom/kept_mirrors.h"
+#include "links/kept_mirrors.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -127,4 +127,4 @@ void renameActivity(ActivityProperties& activity, const std::string& formerName,
     activity.Changed = true;
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

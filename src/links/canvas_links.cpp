@@ -1,10 +1,10 @@
-#include "zoom/entity_links.h"
+#include "links/canvas_links.h"
 
 #include <variant>
 
-#include "zoom/unsynchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -35,4 +35,4 @@ void CanvasLinks::unsynchronise(canvas::Canvas& canvas, canvas::LabelsD& node) {
         node.Properties);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -1,8 +1,8 @@
-#include "zoom/mirror_exchange.h"
+#include "links/mirror_exchange.h"
 
-#include "zoom/link_mirrors.h"
+#include "links/link_mirrors.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -77,4 +77,4 @@ void MirrorExchange::finish() {
     removeAll(regulators_);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -1,8 +1,8 @@
-#include "zoom/unsynchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 
-#include "zoom/link_mirrors.h"
+#include "links/link_mirrors.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -98,4 +98,4 @@ void UnSynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, Regulator
     mirrorLink(Work::Erase, Form, Direction::RegulatorFor, E, Link, InDialog);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

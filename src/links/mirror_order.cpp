@@ -1,8 +1,8 @@
-#include "zoom/mirror_order.h"
+#include "links/mirror_order.h"
 
-#include "zoom/mirror_lists.h"
+#include "links/mirror_lists.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -69,4 +69,4 @@ void MirrorOrder::restore(canvas::Canvas& Form, RecordSetProperties& recordSet) 
     putBack(Form, recordSet, nullptr, orders_);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -5,10 +5,9 @@
 
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
-#include "zoom/far_end.h"
-#include "zoom/member_rename.h"
+#include "links/far_end.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 // To synchronise an entity is to write, for each link that it holds, the mirror link at the far end, and to draw the
 // edge where both ends have a node of their own. It is idempotent and touches only the immediate far ends; a far end
@@ -37,12 +36,4 @@ void SynchronizeRegulatedFrom(canvas::Canvas& Form, const NearEnd& E, entities::
 void SynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, entities::RegulatorProperties& Link,
                              entities::ActivityProperties* InDialog);
 
-/// Carries the new `Key` of an attribute down the data flow: to the inputs that read it, from an input to the outputs
-/// and parameters of its activity, from an output to the inputs downstream, as far as they bear `OldKey`. The
-/// attribute is either out of the links under its old key, and is synchronised afterwards, or in them under its new
-/// one. An owner that has an entity of the new key already ends the chain. A key that a type brought,
-/// `<activity>.<name>`, is followed like any other. Every renamed entity keeps its place, and so do the links on both
-/// sides of it; `Changed` is set. Gives what was renamed.
-Renames PropagateRename(canvas::Canvas& Form, entities::AttributeProperties& A, const std::string& OldKey);
-
-}  // namespace orvent::zoom
+}  // namespace orvent::links

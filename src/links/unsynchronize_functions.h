@@ -2,9 +2,9 @@
 
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
-#include "zoom/far_end.h"
+#include "links/far_end.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 // The exact inverse of synchronising: for each link of an entity the mirror at the far end goes, and the edge that
 // drew the two. Mirrors at entities that are not in the view stay. Twice does no more than once.
@@ -34,4 +34,4 @@ void UnSynchronizeRegulatedFrom(canvas::Canvas& Form, const NearEnd& E, entities
 void UnSynchronizeRegulatorFor(canvas::Canvas& Form, const NearEnd& E, entities::RegulatorProperties& Link,
                                entities::ActivityProperties* InDialog);
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -1,4 +1,4 @@
-#include "zoom/far_end.h"
+#include "links/far_end.h"
 
 #include <array>
 #include <type_traits>
@@ -6,7 +6,7 @@
 
 #include "entities/link_types.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -306,4 +306,4 @@ FarEnd findFarEnd(canvas::Canvas& Form, Direction direction, const NearEnd& near
             far.mirror};
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "zoom/mirror_lists.h"
+#include "links/mirror_lists.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// What is done to the mirrors of links at their far ends: synchronising writes them and draws edges, unsynchronising
 /// erases both. All else is the same for the two.
@@ -32,4 +32,4 @@ void AddProviderEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t 
 void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
                       entities::RegulatorProperties& Link, entities::RegulatorProperties& Mirror);
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -1,6 +1,6 @@
-#include "zoom/link_mirrors.h"
+#include "links/link_mirrors.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -120,4 +120,4 @@ void mirrorLinks(Work work, canvas::Canvas& Form, ParameterProperties& parameter
     all(work, Form, parameter, InDialog);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -5,7 +5,7 @@
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// Puts other records of activities and record sets into the graph in the place of those that are there. A mirror that
 /// the new record's links need as well stays where it stands, so the lists at the far ends keep their order; new ones
@@ -39,4 +39,4 @@ class MirrorExchange {
     Mirrors<entities::RegulatorProperties> regulators_;
 };
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

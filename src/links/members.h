@@ -10,7 +10,7 @@
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// The entity kind of a collection.
 template <class List>
@@ -81,4 +81,4 @@ std::vector<std::string> keysOf(const entities::Lazy<List>& list) {
     return keys;
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

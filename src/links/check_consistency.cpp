@@ -1,4 +1,4 @@
-#include "zoom/check_consistency.h"
+#include "links/check_consistency.h"
 
 #include <algorithm>
 #include <string>
@@ -8,7 +8,7 @@
 
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 using canvas::LabelsD;
@@ -133,4 +133,4 @@ bool CheckConsistency(canvas::Canvas& form, platform::Progress& progress) {
     return true;
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

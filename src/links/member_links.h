@@ -1,9 +1,9 @@
 #pragma once
 
-#include "zoom/synchronize_functions.h"
-#include "zoom/unsynchronize_functions.h"
+#include "links/synchronize_functions.h"
+#include "links/unsynchronize_functions.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 // The links of an attribute or a parameter, whichever it is.
 
@@ -25,4 +25,4 @@ inline void unlinkMember(canvas::Canvas& Form, entities::ParameterProperties& pa
     UnSynchronizeParameter(Form, parameter, ClearLinks, InDialog);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -2,9 +2,9 @@
 
 #include <type_traits>
 
-#include "zoom/far_end.h"
+#include "links/far_end.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// The list of the far end that holds the mirrors, or nothing.
 template <class Link>
@@ -102,4 +102,4 @@ void eachLinked(entities::ParameterProperties& parameter, Step step) {
     step(parameter);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

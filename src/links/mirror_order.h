@@ -7,7 +7,7 @@
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// The order of the links in the lists that mirror those of an entity, noted before the entity is unsynchronised.
 /// Synchronising writes mirrors behind what is there, so without it a dialog that is opened and left would give the
@@ -28,4 +28,4 @@ class MirrorOrder {
     std::unordered_map<const void*, std::vector<std::string>> orders_;
 };
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

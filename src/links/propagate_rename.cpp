@@ -1,13 +1,15 @@
+#include "links/propagate_rename.h"
+
 #include <algorithm>
 #include <array>
 #include <vector>
 
 #include "entities/link_types.h"
-#include "zoom/kept_mirrors.h"
-#include "zoom/members.h"
-#include "zoom/synchronize_functions.h"
+#include "links/kept_mirrors.h"
+#include "links/members.h"
+#include "links/synchronize_functions.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
 
@@ -202,7 +204,7 @@ class Propagation {
         renamed.Changed = true;
         renameNode(form_, wholeKey(renamed.ParentKeyName, renamed.NodeKind, oldKey_), renamed);
         renames_.push_back({renamed.ParentKeyName, renamed.NodeKind, oldKey_, newKey});
-        noteRename(form_, renames_.back());
+        form_.tellRenamed(renames_.back());
         return renamed;
     }
 
@@ -244,4 +246,4 @@ Renames PropagateRename(canvas::Canvas& Form, AttributeProperties& A, const std:
     return A.Key == OldKey ? Renames() : Propagation(Form, OldKey).run(A);
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

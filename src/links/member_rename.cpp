@@ -1,31 +1,17 @@
-#include "zoom/member_rename.h"
+#include "links/member_rename.h"
 
 #include <memory>
 #include <utility>
 
-#include "zoom/kept_mirrors.h"
-#include "zoom/link_mirrors.h"
-#include "zoom/rename_activity.h"
-#include "zoom/synchronize_functions.h"
-#include "zoom/zoom_form.h"
+#include "links/kept_mirrors.h"
+#include "links/link_mirrors.h"
+#include "links/propagate_rename.h"
+#include "links/rename_activity.h"
+#include "links/synchronize_functions.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 using namespace entities;
-
-void noteRename(canvas::Canvas& Form, const Rename& rename) {
-    auto* zoom = dynamic_cast<ZoomForm*>(&Form);
-    if (!zoom) {
-        return;
-    }
-    if (rename.kind != KindFree) {
-        zoom->order.rename(rename.function.empty() ? rename.owner : rename.function, rename.kind, rename.former,
-                           rename.now);
-    }
-    if (rename.kind == KindFree || !rename.owner.empty()) {
-        zoom->renames.push_back(rename);
-    }
-}
 
 void renameOwner(canvas::Canvas& Form, ActivityProperties& activity, const std::string& former,
                  const std::string& now) {
@@ -33,7 +19,7 @@ void renameOwner(canvas::Canvas& Form, ActivityProperties& activity, const std::
     mirrors.hold(activity);
     renameActivity(activity, former, now);
     mirrors.rekey();
-    noteRename(Form, {{}, KindFree, former, now});
+    Form.tellRenamed({{}, KindFree, former, now});
 }
 
 void renameOwner(canvas::Canvas& Form, RecordSetProperties& recordSet, const std::string& former,
@@ -45,7 +31,7 @@ void renameOwner(canvas::Canvas& Form, RecordSetProperties& recordSet, const std
     }
     recordSet.RecordSet_Name = now;
     mirrors.rekey();
-    noteRename(Form, {{}, KindFree, former, now});
+    Form.tellRenamed({{}, KindFree, former, now});
 }
 
 Renames renameMembers(canvas::Canvas& Form, RecordSetProperties& recordSet,
@@ -69,7 +55,7 @@ Renames renameMembers(canvas::Canvas& Form, RecordSetProperties& recordSet,
     for (const auto& [attribute, former] : renamed) {
         attribute->Key = keys.at(former);
         // Noted by way of a name of its own, since they may exchange their keys.
-        noteRename(Form, {recordSet.RecordSet_Name, KindRecordSetAttribute, former, "\n" + attribute->Key});
+        Form.tellRenamed({recordSet.RecordSet_Name, KindRecordSetAttribute, former, "\n" + attribute->Key});
     }
     recordSet.RecordSet_Outputs->Clear();
     for (const std::shared_ptr<AttributeProperties>& member : members) {
@@ -77,7 +63,7 @@ Renames renameMembers(canvas::Canvas& Form, RecordSetProperties& recordSet,
     }
     mirrors.rekey();
     for (const auto& [attribute, former] : renamed) {
-        noteRename(Form, {recordSet.RecordSet_Name, KindRecordSetAttribute, "\n" + attribute->Key, attribute->Key});
+        Form.tellRenamed({recordSet.RecordSet_Name, KindRecordSetAttribute, "\n" + attribute->Key, attribute->Key});
         const Renames readers = PropagateRename(Form, *attribute, former);
         carried.insert(carried.end(), readers.begin(), readers.end());
     }
@@ -172,4 +158,4 @@ void replayRenames(canvas::Canvas& Form, const Renames& renames) {
     }
 }
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links

@@ -7,7 +7,7 @@
 #include "entities/attributes.h"
 #include "entities/nodes.h"
 
-namespace orvent::zoom {
+namespace orvent::links {
 
 /// The four link collections that an entity may have. A link in one is mirrored at its far end in the opposite one.
 enum class Direction { ProvidedFrom, ProviderFor, RegulatedFrom, RegulatorFor };
@@ -95,4 +95,4 @@ FarEndView findFarEnd(const canvas::Canvas& Form, Direction direction, const Nea
 FarEnd findFarEnd(canvas::Canvas& Form, Direction direction, const NearEnd& near, const LinkData& link,
                   entities::ActivityProperties* InDialog);
 
-}  // namespace orvent::zoom
+}  // namespace orvent::links
