@@ -12,10 +12,10 @@ namespace orvent::shell {
 struct AboutForm {};
 struct ShortcutsForm {};
 
-/// Shows which statements are not whole or do not fit.
+/// Shows which statements are not whole or do not fit, and what is not fed.
 struct UnfinishedForm {
     const std::vector<statements::UnfinishedStatement>& statements;
-    std::string goTo;       ///< the name of the activity to go to, or empty
+    std::string goTo;       ///< the name of the node to go to, or empty
     bool generate = false;  ///< its statement is to be made anew
 };
 

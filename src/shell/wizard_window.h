@@ -43,8 +43,8 @@ class WizardAnswers : public statements::WizardServices {
     repository::Catalogue& catalogue_;
 };
 
-/// Tells which statements are not whole or do not fit, brings the activity that is chosen into view, or makes its
-/// statement anew.
+/// Tells which statements are not whole or do not fit and what is not fed, brings the node that is chosen into view,
+/// or makes its statement anew.
 class UnfinishedStatements : public statements::StatementReport {
   public:
     UnfinishedStatements(FrameHost& host, Desk& desk, statements::ActivityWizard& wizard)
@@ -56,10 +56,10 @@ class UnfinishedStatements : public statements::StatementReport {
             UnfinishedForm unfinished{left, {}};
             host_.dialogs().show(unfinished);
             canvas::LabelsD* node = form.nodeNamed(unfinished.goTo);
-            if (!node || !node->activity()) {
+            if (!node) {
                 return;
             }
-            if (!unfinished.generate) {
+            if (!unfinished.generate || !node->activity()) {
                 desk_.reveal(form, *node);
                 return;
             }

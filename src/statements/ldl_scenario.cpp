@@ -12,12 +12,34 @@ namespace orvent::statements {
 
 namespace {
 
+using Kind = UnfinishedStatement::Kind;
+
 constexpr const char* kCrLf = "\r\n";
 
 /// The wizard takes its template from the activity's type; without one there is nothing to ask.
 bool isToBeAsked(const canvas::LabelsD& node) {
     const entities::ActivityProperties* activity = node.activity();
     return activity && activity->Act_LDL.empty() && activity->Act_Type != -1;
+}
+
+/// A record set that was joined as a target and gets nothing.
+bool isUnfedTarget(const canvas::DrawForm& form, const canvas::LabelsD& node) {
+    const entities::RecordSetProperties* recordSet = node.recordSet();
+    if (!recordSet) {
+        return false;
+    }
+    for (const entities::AttributeProperties& attribute : recordSet->RecordSet_Outputs) {
+        if (attribute.ProvidedFrom.count() > 0) {
+            return false;
+        }
+    }
+    for (const std::int32_t number : node.EndingLines()) {
+        const canvas::LinesD* edge = form.Lines.byIndex(number);
+        if (edge && edge->EdgeType() == canvas::EdgeTypeProvider && edge->FromLabel() != node.Index()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -30,12 +52,14 @@ std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& fo
             const std::vector<Advice> faults = faultsOf(activity->Act_LDL);
             const std::string why = faults.empty() ? misfitLine(*activity) : faults.front().words;
             if (!why.empty()) {
-                result.push_back({activity->Act_Name, why, faults.empty()});
+                result.push_back({activity->Act_Name, why, faults.empty() ? Kind::outdated : Kind::notWhole});
             } else if (circles.contains(activity->Act_Name)) {
                 if (const std::optional<Advice> circle = circleThrough(form, *activity)) {
-                    result.push_back({activity->Act_Name, circle->words, false, true});
+                    result.push_back({activity->Act_Name, circle->words, Kind::circle});
                 }
             }
+        } else if (isUnfedTarget(form, node)) {
+            result.push_back({node.Caption(), "An edge leads to it, but nobody feeds its columns.", Kind::notFed});
         }
     }
     return result;
@@ -72,18 +96,18 @@ void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
         progress_.status("Ready");
         return;
     }
-    std::string names, outdated, circling;
-    for (const UnfinishedStatement& statement : statements) {
-        std::string& those = statement.circle ? circling : statement.outdated ? outdated : names;
-        those += (those.empty() ? "" : ", ") + statement.activity;
-    }
     std::string words;
-    for (const auto& [head, those] :
-         {std::pair("Without a whole statement: ", &names), std::pair("With an outdated statement: ", &outdated),
-          std::pair("In a circle of data: ", &circling)}) {
-        if (!those->empty()) {
-            words += (words.empty() ? "" : ". ") + std::string(head) + *those;
+    for (const auto& [kind, head] :
+         {std::pair(Kind::notWhole, "Without a whole statement: "),
+          std::pair(Kind::outdated, "With an outdated statement: "), std::pair(Kind::circle, "In a circle of data: "),
+          std::pair(Kind::notFed, "Fed by nobody: ")}) {
+        std::string names;
+        for (const UnfinishedStatement& statement : statements) {
+            if (statement.kind == kind) {
+                names += (names.empty() ? head : ", ") + statement.node;
+            }
         }
+        words += (words.empty() || names.empty() ? "" : ". ") + names;
     }
     progress_.status(words);
     reported_ = &form;

@@ -10,21 +10,27 @@
 
 namespace orvent::statements {
 
-/// An activity whose statement is not whole, or does not fit it any more, and why.
+/// A node for which the program is not finished, and why.
 struct UnfinishedStatement {
-    std::string activity;
+    enum class Kind {
+        notWhole,  ///< an activity's statement is empty or holds an undeclared name
+        outdated,  ///< it is whole, but of an activity that was changed behind it
+        circle,    ///< it is whole and fits; its data runs in a circle of activities
+        notFed     ///< a record set to which an edge leads, and no link: the program has no rule for it
+    };
+
+    std::string node;
     std::string why;
-    bool outdated = false;  ///< it is whole, but of an activity that was changed behind it
-    bool circle = false;    ///< it is whole and fits; its data runs in a circle of activities
+    Kind kind = Kind::notWhole;
 
     bool operator==(const UnfinishedStatement&) const = default;
 };
 
-/// The activities whose statement is empty, holds a name that has not been declared, or does not fit its activity, and
-/// those whose data runs in a circle, in the order of their nodes.
+/// The activities whose statement is empty, holds a name that has not been declared, or does not fit its activity,
+/// those whose data runs in a circle, and the targets that nobody feeds, in the order of their nodes.
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form);
 
-/// Shows which statements are not whole or do not fit, and leads to their activities.
+/// Shows which statements are not whole or do not fit and what is not fed, and leads to their nodes.
 class StatementReport {
   public:
     virtual ~StatementReport() = default;

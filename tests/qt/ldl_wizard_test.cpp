@@ -192,6 +192,8 @@ class LdlWizardTest : public WindowTest {
         Wizard wizard;
         wizard.activity->Act_Type = wizard.logic.catalogue().ActivityTypeIndex("Union");
         testkit::GraphBuilder(*wizard.form).activity("Rest").Act_Type = wizard.activity->Act_Type;
+        testkit::GraphBuilder(*wizard.form).recordSet("TARGET");
+        testkit::GraphBuilder(*wizard.form).edge("Rest", "TARGET");
         const std::filesystem::path folder = wizard.repository.folder.path();
         std::filesystem::create_directories(folder / "LDLS");
         wizard.dialogs.at(QStringLiteral("LDLForm"), [](QDialog& window) {
@@ -202,8 +204,11 @@ class LdlWizardTest : public WindowTest {
         wizard.messages.expect("File \"" + platform::ProgramFolder(folder).path("\\LDLS\\") +
                                "Wizardry.ldl\" Was Created.");
         wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) {
-            auto* list = control<QTreeWidget>(window, "unfinished");
-            QCOMPARE(list->topLevelItemCount(), 2);
+            auto* list = control<QTreeWidget>(window, "rows");
+            QCOMPARE(list->topLevelItemCount(), 3);
+            list->setCurrentItem(list->topLevelItem(2));
+            QCOMPARE(list->currentItem()->text(0), QStringLiteral("TARGET"));
+            QVERIFY2(!control<QPushButton>(window, "cmdGenerate")->isEnabled(), "it has no statement");
             list->setCurrentItem(list->topLevelItem(1));
             click(window, "cmdGenerate");
         });

@@ -212,6 +212,17 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     graph.feed("Two.OUT.O", "Three.IN.I");
     graph.feed("Three.OUT.O", "Two.IN.J");
     graph.feed("Three.OUT.O", "Last.IN.I");
+    // Of four record sets one is a target that gets nothing; one is fed in part, one only read, one stands alone.
+    for (const char* name : {"FED", "UNFED", "READ", "ALONE"}) {
+        graph.recordSet(name, {"X", "Y"});
+    }
+    graph.feed("Last.OUT.O", "FED.Y");
+    graph.edge("Last", "FED");
+    graph.edge("Last", "UNFED");
+    graph.edge("READ", "Last");
+    form.Lines.addFullLine(form.NamesColl.Item("Last"), 4, form.NamesColl.Item("ALONE"), 1, canvas::EdgeTypeDescription,
+                           canvas::AngleNone, 0);
+    using Kind = UnfinishedStatement::Kind;
     struct : StatementReport {
         std::vector<UnfinishedStatement> shown;
         void showUnfinished(canvas::DrawForm&, const std::vector<UnfinishedStatement>& statements) override {
@@ -226,15 +237,16 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
                                 {"Open", "@P[2] has not been declared."},
                                 {"Stopped", "@Fun22 was not replaced."},
                                 {"Broken", "The loops of the template could not be expanded."},
-                                {"Old", "The activity has no output ID.", true},
-                                {"Two", "The data runs in a circle: Two, Three, Two.", false, true},
-                                {"Three", "The data runs in a circle: Three, Two, Three.", false, true}}));
+                                {"Old", "The activity has no output ID.", Kind::outdated},
+                                {"Two", "The data runs in a circle: Two, Three, Two.", Kind::circle},
+                                {"Three", "The data runs in a circle: Three, Two, Three.", Kind::circle},
+                                {"UNFED", "An edge leads to it, but nobody feeds its columns.", Kind::notFed}}));
     // The status speaks of this scenario, and goes when another comes forward.
     const std::string words = progress.statuses.back();
     EXPECT_EQ(
         words,
         "Without a whole statement: Empty, Open, Stopped, Broken. With an outdated statement: Old. In a circle of "
-        "data: Two, Three");
+        "data: Two, Three. Fed by nobody: UNFED");
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), words);
     reporting.cameForward(nullptr);

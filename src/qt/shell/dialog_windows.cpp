@@ -89,7 +89,9 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         const WorkingWindow over(&frame);
         UnfinishedWindow window(form.statements, over.widget());
         window.exec();
-        form.goTo = window.chosen();
+        if (window.chosen() >= 0) {
+            form.goTo = form.statements[static_cast<std::size_t>(window.chosen())].node;
+        }
         form.generate = window.generates();
     });
     dialogs.addWindow<editors::SetActProp>([&frame, &sizes](std::unique_ptr<editors::SetActProp> form) {
