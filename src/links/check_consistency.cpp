@@ -1,10 +1,11 @@
 #include "links/check_consistency.h"
 
 #include <algorithm>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_set>
-#include <vector>
+#include <utility>
 
 #include "entities/nodes.h"
 
@@ -89,48 +90,109 @@ void findSources(const LabelsD& node, NodeSources& sources) {
     }
 }
 
-void drawFrom(canvas::Canvas& form, const std::string& name, const LabelsD& node, bool control) {
+LinesD* drawFrom(canvas::Canvas& form, const std::string& name, const LabelsD& node, bool control) {
     const LabelsD* source = form.nodeNamed(name);
     if (!source || !(source->activity() || source->recordSet())) {
-        return;
+        return nullptr;
     }
     const std::int16_t fromGrab = !control && source->activity() ? 4 : 3;
     const std::int16_t toGrab = control ? 5 : 1;
-    form.Lines.addFullLine(source->Index(), fromGrab, node.Index(), toGrab, canvas::EdgeTypeProvider,
-                           canvas::AngleStraight, 0);
+    return form.Lines.addFullLine(source->Index(), fromGrab, node.Index(), toGrab, canvas::EdgeTypeProvider,
+                                  canvas::AngleStraight, 0);
+}
+
+/// Edges by the numbers of their nodes, whatever their grab points.
+class JoinedNodes {
+  public:
+    void add(const LinesD* edge) {
+        if (edge) {
+            joined_.push_back({edge->FromLabel(), edge->ToLabel()});
+        }
+    }
+    /// The names of those that `others` has not, or not as often.
+    std::vector<EdgeNames> beyond(const JoinedNodes& others, const canvas::Canvas& form) const {
+        std::map<Nodes, int> left;
+        for (const Nodes& nodes : others.joined_) {
+            ++left[nodes];
+        }
+        std::vector<EdgeNames> result;
+        for (const Nodes& nodes : joined_) {
+            if (left[nodes]-- > 0) {
+                continue;
+            }
+            const auto name = [&form](std::int32_t number) {
+                const LabelsD* node = form.Labels.byIndex(number);
+                return node ? node->Caption() : std::string();
+            };
+            result.push_back({name(nodes.first), name(nodes.second)});
+        }
+        return result;
+    }
+
+  private:
+    using Nodes = std::pair<std::int32_t, std::int32_t>;
+    std::vector<Nodes> joined_;
+};
+
+JoinedNodes drawAnew(canvas::Canvas& form) {
+    JoinedNodes drawn;
+    NodeSources sources;
+    for (const LabelsD& node : form.Labels) {
+        findSources(node, sources);
+        for (const std::string* name : sources.data) {
+            drawn.add(drawFrom(form, *name, node, false));
+        }
+        for (const std::string* name : sources.control) {
+            drawn.add(drawFrom(form, *name, node, true));
+        }
+    }
+    return drawn;
 }
 
 }  // namespace
 
-bool CheckConsistency(canvas::Canvas& form, platform::Progress& progress) {
+std::optional<EdgeChanges> CheckConsistency(canvas::Canvas& form, platform::Progress& progress) {
     if (form.messages().show("This Action Will Delete All Non Consistent Provider Relationships!\n"
                              "Are you Sure You Want to Continue?",
                              "Checking Consistency", platform::Icon::none,
                              platform::Buttons::okCancel) != platform::Answer::ok) {
-        return false;
+        return std::nullopt;
     }
     const platform::Busy busy(progress);
     std::vector<std::int32_t> former;
+    JoinedNodes before;
     for (const LinesD& edge : form.Lines) {
         if (edge.EdgeType() == canvas::EdgeTypeProvider) {
             former.push_back(edge.Index());
+            before.add(&edge);
         }
     }
     // The last one first, since that is where the nodes' lists end.
     for (auto edge = former.rbegin(); edge != former.rend(); ++edge) {
         form.Lines.RemoveFull(*edge);
     }
-    NodeSources sources;
-    for (const LabelsD& node : form.Labels) {
-        findSources(node, sources);
-        for (const std::string* name : sources.data) {
-            drawFrom(form, *name, node, false);
+    const JoinedNodes now = drawAnew(form);
+    return EdgeChanges{now.beyond(before, form), before.beyond(now, form)};
+}
+
+std::string edgeWords(const EdgeNames& edge) {
+    return edge.from + " \u2192 " + edge.to;
+}
+
+std::string changeWords(const EdgeChanges& changes) {
+    constexpr std::size_t kNamed = 3;
+    std::string words;
+    for (const auto& [head, edges] : {std::pair("Deleted: ", &changes.deleted), std::pair("Drawn: ", &changes.drawn)}) {
+        std::string names;
+        for (std::size_t at = 0; at < std::min(kNamed, edges->size()); ++at) {
+            names += (names.empty() ? head : ", ") + edgeWords((*edges)[at]);
         }
-        for (const std::string* name : sources.control) {
-            drawFrom(form, *name, node, true);
+        if (edges->size() > kNamed) {
+            names += " and " + std::to_string(edges->size() - kNamed) + " more";
         }
+        words += (words.empty() || names.empty() ? "" : ". ") + names;
     }
-    return true;
+    return words.empty() ? "Every provider edge has its links; none was missing." : words;
 }
 
 }  // namespace orvent::links

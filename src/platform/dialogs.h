@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -76,6 +77,12 @@ class Progress {
 
     /// The single text of the status bar.
     virtual void status(const std::string& text) = 0;
+
+    /// The same with a button behind it that opens what the text tells of, until the next text.
+    virtual void statusWith(const std::string& text, const std::function<void()>& open) {
+        static_cast<void>(open);
+        status(text);
+    }
 
     /// How far a long step is, 0 to `total`; `total` 0 ends the display. May paint, but takes no user input.
     virtual void step(std::size_t done, std::size_t total) = 0;

@@ -37,6 +37,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       wizard_(ports.messages, catalogue_.tables, wizardAnswers_, wizardWindow_),
       unfinished_(host, desk, wizard_),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
+      consistency_(host, desk, ports.progress),
       textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
       dialogs_(desk, *this, {services_, catalogue_, wizard_, ports.folder, ports.saveDialog, nodes_, host.dialogs()}),
       metricsScenarios_(*this, desk) {
@@ -324,7 +325,9 @@ void MDIForm1::applied(canvas::CanvasForm& form) {
 
 void MDIForm1::frontChanged() {
     canvas::CanvasForm* form = desk_.active();
-    ldl_.cameForward(form ? &form->scenario() : nullptr);
+    const canvas::DrawForm* scenario = form ? &form->scenario() : nullptr;
+    ldl_.cameForward(scenario);
+    consistency_.cameForward(scenario);
 }
 
 void MDIForm1::enableFrame(bool enabled) {

@@ -19,6 +19,7 @@
 #include "repository/view_scenarios.h"
 #include "shell/canvas_dialogs.h"
 #include "shell/commands.h"
+#include "shell/consistency_check.h"
 #include "shell/desk.h"
 #include "shell/frame_host.h"
 #include "shell/metrics_scenarios.h"
@@ -137,6 +138,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     statements::LDLForm wizard_;
     UnfinishedStatements unfinished_;
     statements::LDLScenarioWriter ldl_;
+    ConsistencyCheck consistency_;
     analysis::TextExport textExport_;
     ToolBars tools_;
     int currentGroup_ = 1;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "links/check_consistency.h"
 #include "statements/ldl_scenario.h"
 
 namespace orvent::shell {
@@ -11,6 +12,12 @@ namespace orvent::shell {
 
 struct AboutForm {};
 struct ShortcutsForm {};
+
+/// Shows the edges that a check of consistency deleted and, below them, those that it drew.
+struct EdgeChangesForm {
+    const links::EdgeChanges& changes;
+    int chosen = -1;  ///< the row whose target to go to, from 0 on
+};
 
 /// Shows which statements are not whole or do not fit, and what is not fed.
 struct UnfinishedForm {

@@ -4,6 +4,7 @@
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "qt/shell/palette_window.h"
+#include "testkit/graph_builder.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -49,7 +50,8 @@ class FrameTest : public WindowTest {
         QVERIFY(control<QWidget>(program.frame, "WelcomePage")->isVisible());
         QCOMPARE(control<QLabel>(program.frame, "whoAndWhere")->text(),
                  QStringLiteral("anna @ ") + QString::fromStdString(program.source()));
-        QCOMPARE(program.frame.statusBar()->findChild<QLabel*>()->text(), QStringLiteral("Ready"));
+        QCOMPARE(program.frame.statusBar()->findChild<QLabel*>(QStringLiteral("status"))->text(),
+                 QStringLiteral("Ready"));
     }
 
     void commandsFollowTheState() {
@@ -114,6 +116,31 @@ class FrameTest : public WindowTest {
         QVERIFY(program.title().startsWith(QString(300, u'x')));
         QVERIFY2(tabs->tabText(0).size() < 100, "a long name is cut in the tab");
         QVERIFY2(tabs->tabText(0).endsWith(QChar(0x2022)), "its mark is not");
+    }
+
+    void theStatusLineLeadsToTheListOfWhatChanged() {
+        Frame program;
+        canvas::DrawForm* form = program.open("Loads");
+        testkit::GraphBuilder graph(*form);
+        graph.recordSet("SOURCE");
+        graph.activity("Load");
+        graph.edge("SOURCE", "Load");
+        const auto* list = control<QToolButton>(program.frame, "openStatus");
+        QVERIFY(!list->isVisible());
+        program.messages.anyway = [](const std::string&) { return Answer::ok; };
+        program.press("CheckCons");
+        QVERIFY(list->isVisible());
+        program.dialogs.at(QStringLiteral("EdgeChangesWindow"), [](QDialog& window) {
+            const QTreeWidgetItem* row = control<QTreeWidget>(window, "rows")->topLevelItem(0);
+            QCOMPARE(row->text(0) + " " + row->text(1), QStringLiteral("Deleted SOURCE → Load"));
+            click(window, "cmdClose");
+        });
+        program.press("openStatus");
+        program.logic.enableFrame(false);
+        QVERIFY2(!list->isEnabled(), "a step is under way");
+        program.logic.enableFrame(true);
+        program.open("Other");
+        QVERIFY2(!list->isVisible(), "the scenario is not in front");
     }
 
     void closeAsksAndCancelKeeps() {

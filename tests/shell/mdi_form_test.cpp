@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "repository/stored_content.h"
+#include "testkit/graph_builder.h"
 #include "testkit/model_text.h"
 #include "testkit/second_form.h"
 #include "testkit/test_frame.h"
@@ -71,6 +72,44 @@ TEST_F(Frame, TheSampleScenarioIsConsistent) {
     frame.frame.run(Command::checkConsistency);
     EXPECT_GT((*frame.active().Lines.begin()).Index(), lastEdge) << "all edges are drawn anew";
     EXPECT_EQ(joined(), before);
+}
+
+TEST_F(Frame, ConsistencyTellsWhatItChangedAsLongAsItsScenarioIsInFront) {
+    frame.frame.start();
+    canvas::DrawForm& form = *frame.frame.scenario(open("Loads"));
+    testkit::GraphBuilder graph(form);
+    graph.recordSet("SOURCE", {"ID"});
+    graph.activity("Load", {"ID"}, {"ID"});
+    graph.recordSet("TARGET", {"ID"});
+    graph.feed("SOURCE.ID", "Load.IN.ID");
+    graph.edge("Load", "TARGET");
+    const auto check = [this](Answer answer) {
+        repository.messages.expect(
+            "This Action Will Delete All Non Consistent Provider Relationships!\nAre you Sure You Want to Continue?",
+            "Checking Consistency", Icon::none, Buttons::okCancel, answer);
+        frame.frame.run(Command::checkConsistency);
+    };
+    auto& progress = repository.progress;
+    check(Answer::cancel);
+    EXPECT_FALSE(progress.openStatus);
+    check(Answer::ok);
+    EXPECT_EQ(progress.statuses.back(), "Deleted: Load → TARGET. Drawn: SOURCE → Load");
+    for (const auto& [row, node] : {std::pair(0, "TARGET"), std::pair(1, "Load"), std::pair(-1, "")}) {
+        frame.desk.revealed = {""};
+        frame.host.atEdgeChanges = [row = row](EdgeChangesForm& list) { list.chosen = row; };
+        progress.openStatus();
+        EXPECT_EQ(frame.desk.revealed.back(), node);
+    }
+    frame.frame.frontChanged();
+    EXPECT_TRUE(progress.openStatus) << "it is still in front";
+    open("Other");
+    frame.frame.frontChanged();
+    EXPECT_EQ(progress.statuses.back(), "Ready");
+    EXPECT_FALSE(progress.openStatus);
+    frame.desk.windows = {&form};
+    check(Answer::ok);
+    EXPECT_EQ(progress.statuses.back(), "Every provider edge has its links; none was missing.");
+    EXPECT_FALSE(progress.openStatus);
 }
 
 TEST_F(Frame, ElevenScenariosAndTheTwelfthIsRefused) {

@@ -25,6 +25,7 @@ class FakeFrameHost : public shell::FrameHost {
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
+        dialogs_.add<shell::EdgeChangesForm>([this](auto& list) { atEdgeChanges(list); });
     }
 
     std::function<void(repository::UserLogin&)> atLogin;
@@ -32,6 +33,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(statements::LDLForm&)> atWizard;  ///< without it the wizard is closed at once
     std::function<void(editors::RecordSetProp&)> atRecordSet;
     std::function<void(editors::SetActProp&)> atActivity;
+    std::function<void(shell::EdgeChangesForm&)> atEdgeChanges;
     bool placed = false;
     int maximized = 0;
     bool ended = false;

@@ -142,9 +142,14 @@ class QuietProgress : public platform::Progress {
   public:
     int pointerShape = 1;
     std::vector<std::string> statuses;
+    std::function<void()> openStatus;  ///< the list of the last one
 
     void pointer(int shape) override { pointerShape = shape; }
-    void status(const std::string& text) override { statuses.push_back(text); }
+    void status(const std::string& text) override { statusWith(text, {}); }
+    void statusWith(const std::string& text, const std::function<void()>& open) override {
+        statuses.push_back(text);
+        openStatus = open;
+    }
     void step(std::size_t, std::size_t) override {}
 };
 

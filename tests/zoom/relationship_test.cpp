@@ -607,14 +607,17 @@ class Consistency : public testkit::CanvasTest {
 };
 
 TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
-    draw("RS2", "A1", canvas::EdgeTypeProvider);
+    draw("RS2", "A1", canvas::EdgeTypeProvider);  // no link stands behind it
+    draw("RS1", "A1", canvas::EdgeTypeProvider);
+    draw("RS1", "A2", canvas::EdgeTypeProvider);
+    draw("RS3", "A2", canvas::EdgeTypeProvider);
     draw("A3", "RS1", canvas::EdgeTypeDescription);
     graph.add("A3.IN.AU_ID <- 2 GONE GONE.OUT.AU_ID");
     graph.add("A3.IN.OWN <- 2 A3 A3.OUT.AU_ID");
     graph.add("F1.OUT.O1 <~ 12 RS1 RS1.AU_ID");
     const std::vector<std::string> before = edges();
     expectQuestion(platform::Answer::cancel);
-    EXPECT_FALSE(links::CheckConsistency(design, progress));
+    EXPECT_FALSE(links::CheckConsistency(design, progress).has_value());
     EXPECT_EQ(edges(), before);
 
     const std::vector<std::string> expected = {
@@ -625,8 +628,12 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     };
     for (int run = 0; run < 2; ++run) {
         expectQuestion(platform::Answer::ok);
-        EXPECT_TRUE(links::CheckConsistency(design, progress));
+        const std::optional<links::EdgeChanges> changes = links::CheckConsistency(design, progress);
+        ASSERT_TRUE(changes);
         EXPECT_EQ(edges(), expected);
+        EXPECT_EQ(links::changeWords(*changes), run == 0
+                                                    ? "Deleted: RS2 → A1. Drawn: A2 → RS2, A1 → A2, RS4 → A2 and 3 more"
+                                                    : "Every provider edge has its links; none was missing.");
         EXPECT_EQ(progress.pointerShape, 1);
     }
     // A node whose name another one bears is fed, and feeds nobody.

@@ -11,7 +11,9 @@
 class QLabel;
 class QProgressBar;
 class QStatusBar;
+class QToolButton;
 class QUrl;
+class QWidget;
 
 namespace orvent::qt {
 
@@ -62,11 +64,15 @@ class QtProgress : public platform::Progress {
     void attach(QStatusBar* bar);
 
     void pointer(int shape) override;
-    void status(const std::string& text) override;
+    void status(const std::string& text) override { statusWith(text, {}); }
+    void statusWith(const std::string& text, const std::function<void()>& open) override;
     void step(std::size_t done, std::size_t total) override;
 
   private:
+    QWidget* line_ = nullptr;  ///< the text and its button
     QLabel* label_ = nullptr;
+    QToolButton* open_ = nullptr;
+    std::function<void()> opens_;
     QProgressBar* bar_ = nullptr;
     bool busy_ = false;
     QElapsedTimer sincePaint_;

@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QToolButton>
 
 #include "qt/platform/adapters.h"
 
@@ -22,18 +24,38 @@ QtProgress::~QtProgress() {
 }
 
 void QtProgress::attach(QStatusBar* bar) {
-    delete label_;
+    delete line_;
     delete bar_;
+    line_ = nullptr;
     label_ = nullptr;
+    open_ = nullptr;
     bar_ = nullptr;
     if (!bar) {
         return;
     }
-    label_ = new QLabel(bar);
+    line_ = new QWidget(bar);
+    label_ = new QLabel(line_);
+    label_->setObjectName(QStringLiteral("status"));
     label_->setTextFormat(Qt::PlainText);
     label_->setContentsMargins(6, 2, 6, 2);
-    label_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    bar->addWidget(label_, 1);
+    label_->setMinimumWidth(1);  // a long text is cut
+    open_ = new QToolButton(line_);
+    open_->setObjectName(QStringLiteral("openStatus"));
+    open_->setText(QObject::tr("List…"));
+    open_->setToolTip(QObject::tr("Show all of it in a list"));
+    open_->setFocusPolicy(Qt::TabFocus);
+    open_->hide();
+    QObject::connect(open_, &QToolButton::clicked, open_, [this] {
+        const std::function<void()> act = opens_;  // it may bring another text
+        act();
+    });
+    auto* row = new QHBoxLayout(line_);
+    row->setContentsMargins({});
+    row->setSpacing(0);
+    row->addWidget(label_);
+    row->addWidget(open_);
+    row->addStretch();
+    bar->addWidget(line_, 1);
     bar_ = new QProgressBar(bar);
     bar_->setFixedWidth(180);
     bar_->setMaximum(kWholeBar);
@@ -55,8 +77,10 @@ void QtProgress::pointer(int shape) {
     }
 }
 
-void QtProgress::status(const std::string& text) {
+void QtProgress::statusWith(const std::string& text, const std::function<void()>& open) {
     if (label_) {
+        opens_ = open;
+        open_->setVisible(static_cast<bool>(open));
         label_->setText(QString::fromStdString(text));
         label_->repaint();  // the step that follows may not return to the event loop for a while
     }

@@ -18,6 +18,7 @@
 #include "qt/shell/about_form.h"
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "qt/shell/edge_changes_window.h"
 #include "qt/shell/options_window.h"
 #include "qt/shell/shortcuts_form.h"
 #include "qt/statements/ldl_form_window.h"
@@ -93,6 +94,12 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
             form.goTo = form.statements[static_cast<std::size_t>(window.chosen())].node;
         }
         form.generate = window.generates();
+    });
+    dialogs.add<shell::EdgeChangesForm>([&frame](shell::EdgeChangesForm& form) {
+        const WorkingWindow over(&frame);
+        EdgeChangesWindow window(form.changes, over.widget());
+        window.exec();
+        form.chosen = window.chosen();
     });
     dialogs.addWindow<editors::SetActProp>([&frame, &sizes](std::unique_ptr<editors::SetActProp> form) {
         (new OpenActivity(std::move(form), sizes, frame))->window.show();

@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <cstdio>
 #include <cstdlib>
@@ -181,6 +182,9 @@ void FrameWindow::enableFrame(bool enabled) {
     }
     // Not the frame itself: a message box of the step under way is its child and must be answered.
     menuBar()->setEnabled(enabled);
+    for (auto* button : statusBar()->findChildren<QToolButton*>()) {
+        button->setEnabled(enabled);
+    }
     tools_->setEnabled(enabled);
     centralWidget()->setEnabled(enabled);
     if (enabled && focusBefore_) {

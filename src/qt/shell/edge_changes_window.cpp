@@ -1,0 +1,29 @@
+#include "qt/shell/edge_changes_window.h"
+
+namespace orvent::qt {
+
+namespace {
+
+std::vector<ReportWindow::Row> rowsOfChanges(const links::EdgeChanges& changes) {
+    std::vector<ReportWindow::Row> rows;
+    for (const links::EdgeNames& edge : changes.deleted) {
+        rows.push_back({EdgeChangesWindow::tr("Deleted").toStdString(), links::edgeWords(edge), "delete"});
+    }
+    for (const links::EdgeNames& edge : changes.drawn) {
+        rows.push_back({EdgeChangesWindow::tr("Drawn").toStdString(), links::edgeWords(edge), "provider"});
+    }
+    return rows;
+}
+
+}  // namespace
+
+EdgeChangesWindow::EdgeChangesWindow(const links::EdgeChanges& changes, QWidget* parent)
+    : ReportWindow(
+          tr("Provider Edges That Changed"),
+          tr("An edge without any link between the columns of its two nodes was deleted, and one was drawn where "
+             "only the links were. Edges that have their links stay."),
+          rowsOfChanges(changes), parent) {
+    setObjectName(QStringLiteral("EdgeChangesWindow"));
+}
+
+}  // namespace orvent::qt
