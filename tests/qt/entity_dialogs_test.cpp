@@ -595,6 +595,11 @@ class EntityDialogsTest : public WindowTest {
     void aRecordSetIsMadeFromASourceDatabase() {
         Desk desk;
         testkit::GraphBuilder(*desk.form).recordSet("New");
+        // Of the source's types the catalogue knows all but one.
+        desk.repository.database.open(desk.source(), "", "")
+            ->prepare("CREATE TABLE PLACES (PLACE GEOGRAPHY)")
+            ->execute();
+        desk.messages.expect("*", "DATA TYPE NOT RPOPERLY SET", Icon::question, Buttons::okCancel, Answer::cancel);
         desk.edit("New", "RecordSetProp", [&](QDialog& window) {
             desk.dialogs.at(QStringLiteral("frmDBLogin"), [&](QDialog& login) {
                 auto* names = control<QComboBox>(login, "DSNNames");

@@ -283,20 +283,24 @@ class FirstStartTest : public WindowTest {
         repository::SchemaReader reader(database, {"ORVENT Bookshop", "", ""});
         reader.readTables();
         std::size_t widest = 0;
-        QStringList types;
+        std::set<std::string> types;
         while (const repository::SourceTable* table = reader.next()) {
             widest = std::max(widest, table->columns.size());
             for (const repository::SourceColumn& column : table->columns) {
-                types << QString::fromStdString(column.dataType);
+                types.insert(column.dataType);
             }
         }
-        types.removeDuplicates();
-        types.sort();
         QCOMPARE(reader.total(), std::size_t{12});
         QCOMPARE(widest, std::size_t{60});
-        // The catalogue knows all of them but one.
-        QCOMPARE(types.join(","), QStringLiteral("BINARY_DOUBLE,BLOB,CHAR,CLOB,DATE,FLOAT,GEOGRAPHY,NUMBER,TIMESTAMP,"
-                                                 "VARCHAR2"));
+        // A first load asks nothing: the starter catalogue knows all of them.
+        const auto connection = database.open("ORVENT Embedded", "", "");
+        const auto known = connection->prepare("SELECT Datatype_name FROM DataTypes");
+        known->execute();
+        QVERIFY(types.size() > 8);
+        while (known->fetch()) {
+            types.erase(known->text(1));
+        }
+        QCOMPARE(QString::fromStdString(types.empty() ? "" : *types.begin()), QString());
     }
 
     static bool hasTypes(const app::Places& places) { return countOfTypes(places) == kStarterTypes; }
