@@ -1,9 +1,11 @@
 #include "tour_nothing.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTreeView>
 #include <fstream>
@@ -11,6 +13,7 @@
 #include <string>
 
 #include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 #include "tour_hand.h"
 #include "tour_wizard.h"
 
@@ -22,9 +25,12 @@ namespace fs = std::filesystem;
 using canvas::Point;
 using shell::Command;
 
-constexpr const char* kName = "Bookshop Orders";
+constexpr const char* kName = "First Load";
 constexpr const char* kSource = "ORVENT Bookshop";
-constexpr Point kOrders{2000, 3000}, kLarge{6000, 3000}, kTarget{10000, 3000};
+constexpr const char* kFrom = "BOOK_AUTHORS";
+constexpr const char* kTo = "FIRST_AUTHORS";
+constexpr const char* kColumns[] = {"BOOK_ID", "AU_ID", "AU_ORDER", "ROYALTY_SHARE"};
+constexpr Point kAuthors{2000, 3000}, kFirst{6000, 3000}, kTarget{10000, 3000};
 
 QModelIndex find(const QTreeView& tree, const QString& words, const QModelIndex& parent = {}) {
     for (int row = 0; row < tree.model()->rowCount(parent); ++row) {
@@ -45,25 +51,25 @@ class FromNothing {
         : player_(player), window_(window), frame_(frame), theme_(theme), hand_(window) {}
 
     void play(const fs::path& home) {
+        player_.words().clear();
+        player_.picture(window_, "nothing-open");
         player_.during("an empty canvas", [&] { hand_.choose("NewScenarioM"); }, {[](QWidget& box) {
                            Player::type(*box.findChild<QLineEdit*>(), QLatin1String(kName));
                            Player::press(box, "OK");
                        }});
         hand_.show({kTarget.x + 600, kTarget.y});
-        placeRecordSet("ORDER_LINES", kOrders, true);
-        placeRecordSet("LARGE_LINES", kTarget, false);
+        placeRecordSet(kFrom, kAuthors, true);
+        placeRecordSet(kTo, kTarget, false);
         placeActivity();
         connectAll();
-        defineActivity();
+        feedTarget();
         player_.picture(window_, "nothing-drawn");
-        theme_.setMode(qt::ThemeMode::dark);
-        player_.during("look at the activity again", [&] { open(kLarge); }, {[&](QWidget& dialog) {
-                           player_.picture(dialog, "activity-dark");
-                           Player::press(dialog, "Cancel");
-                       }});
-        theme_.setMode(qt::ThemeMode::light);
-        saveAndLoad(home);
+        saveIt();
         program(home);
+        expectAllNames("README.md");
+        expectAllNames("docs/help/start.html");
+        lookInTheDark();
+        loadAgain(home);
         player_.during("close it", [&] { frame_.run(Command::closeScenario); },
                        {[](QWidget& box) { Player::press(box, "OK"); }});
     }
@@ -81,11 +87,6 @@ class FromNothing {
                 hand_.release(at);
             },
             std::move(answers));
-    }
-
-    void open(Point at) {
-        hand_.tool("Arrow");
-        hand_.doubleClick({at.x - 300, at.y});
     }
 
     static QTreeView& tree(QWidget& dialog, const char* name) {
@@ -112,8 +113,7 @@ class FromNothing {
                        player_.picture(dialog, "record-set-empty");
                    }
                    Player::press(dialog, "butLoadDB");
-                   check(dialog, "DBView", "ORDER_LINES");
-                   Player::press(dialog, "SQLAuto");
+                   check(dialog, "DBView", kFrom);
                    if (pictures) {
                        player_.picture(dialog, "record-set");
                        theme_.setMode(qt::ThemeMode::dark);
@@ -129,71 +129,118 @@ class FromNothing {
                        player_.picture(login, "source-login");
                    }
                    Player::press(login, "cmdOK");
-               },
-               // The catalogue does not know one of the shop's types.
-               [](QWidget& box) { Player::press(box, "Cancel"); }});
+               }});
         const canvas::LabelsD* node = form().nodeNamed(name);
-        player_.expect(node && node->Ready() && node->recordSet()->RecordSet_Outputs.count() == 6,
+        player_.expect(node && node->Ready() && node->recordSet()->RecordSet_Outputs.count() == 4,
                        std::string(name) + " was not made");
     }
 
     void placeActivity() {
-        place("Activity", kLarge, {[](QWidget& dialog) { Player::press(dialog, "Cancel"); }});
+        place("Activity", kFirst,
+              {[&](QWidget& dialog) {
+                   Player::type(Player::child(dialog, "txtName"), QStringLiteral("First"));
+                   auto& types = static_cast<QComboBox&>(Player::child(dialog, "ActTypes"));
+                   const int selection = types.findText(QStringLiteral("Selection"));
+                   types.setCurrentIndex(selection);
+                   Q_EMIT types.activated(selection);
+                   check(dialog, "DBView", kFrom);
+                   player_.picture(dialog, "activity");
+                   Player::press(dialog, "butRefresh");
+                   player_.picture(dialog, "activity-generated");
+                   Player::press(dialog, "OK");
+               },
+               [&](QWidget& wizard) { selectByWizard(player_, wizard, "nothing-wizard"); },
+               [](QWidget& box) { Player::press(box, "OK"); },    // created
+               [](QWidget& box) { Player::press(box, "OK"); }});  // saved
+        const canvas::LabelsD* node = form().nodeNamed("First");
+        player_.expect(node && node->Ready() && node->activity()->Act_Inputs.count() == 4 &&
+                           node->activity()->Act_LDL.find('@') == std::string::npos &&
+                           !node->activity()->Act_LDL.empty(),
+                       "the activity was not defined");
     }
 
     void connectAll() {
         player_.during("join them", [&] {
             hand_.tool("Provider");
-            hand_.edge({kOrders.x + 400, kOrders.y}, {kLarge.x - 400, kLarge.y});
-            hand_.tool("Provider");
-            hand_.edge({kLarge.x + 400, kLarge.y}, {kTarget.x - 400, kTarget.y});
+            hand_.edge({kAuthors.x + 400, kAuthors.y}, {kFirst.x - 400, kFirst.y});
+            hand_.edge({kFirst.x + 400, kFirst.y}, {kTarget.x - 400, kTarget.y});
         });
         player_.expect(form().Lines.Count() == 2, "the edges were not drawn");
     }
 
-    void defineActivity() {
-        player_.during("define the activity", [&] { open(kLarge); },
+    /// The tool is still pressed, and the edge that was drawn last has selected the activity.
+    void feedTarget() {
+        player_.during("zoom in", [&] { hand_.tool("ActivityZoom"); });
+        canvas::CanvasForm& zoom = *window_.area().active();
+        player_.expect(zoom.kind() == canvas::WindowKind::zoom, "no zoom opened");
+        Player::press(*window_.area().activeWindow(), "takeOffer");
+        player_.picture(window_, "nothing-zoom");
+        const auto spot = [&zoom](const std::string& name, float across) {
+            const canvas::LabelsD* node = zoom.nodeNamed(name);
+            return node ? Point{node->Left() + across * node->Width(), node->Top() + node->Height() / 2} : Point{};
+        };
+        player_.during("feed the target", [&] {
+            for (const std::string column : kColumns) {
+                hand_.edge(spot(std::string("First.OUT.") + kFrom + "_" + column, 0.8F),
+                           spot(std::string(kTo) + "." + column, 0.2F));
+            }
+        });
+        player_.picture(window_, "nothing-fed");
+        player_.during(
+            "close the zoom",
+            [&] {
+                const auto* tabs = window_.area().findChild<QTabBar*>();
+                qobject_cast<QAbstractButton*>(tabs->tabButton(tabs->currentIndex(), QTabBar::RightSide))->click();
+            },
+            {[](QWidget& box) { Player::press(box, "Yes"); }});
+    }
+
+    void lookInTheDark() {
+        theme_.setMode(qt::ThemeMode::dark);
+        player_.during("look at the activity again",
+                       [&] {
+                           hand_.tool("Arrow");
+                           hand_.doubleClick({kFirst.x - 300, kFirst.y});
+                       },
                        {[&](QWidget& dialog) {
-                            Player::type(Player::child(dialog, "txtName"), QStringLiteral("Large"));
-                            auto& types = static_cast<QComboBox&>(Player::child(dialog, "ActTypes"));
-                            const int selection = types.findText(QStringLiteral("Selection"));
-                            types.setCurrentIndex(selection);
-                            Q_EMIT types.activated(selection);
-                            check(dialog, "DBView", "ORDER_LINES");
-                            player_.picture(dialog, "activity");
-                            Player::press(dialog, "butRefresh");
-                            player_.picture(dialog, "activity-generated");
-                            static_cast<QTabWidget&>(Player::child(dialog, "TabStrip1")).setCurrentIndex(1);
-                            player_.picture(dialog, "activity-outputs");
-                            Player::press(dialog, "OK");
-                        },
-                        [&](QWidget& wizard) { selectByWizard(player_, wizard, "nothing-wizard"); },
-                        [](QWidget& box) { Player::press(box, "OK"); },    // created
-                        [](QWidget& box) { Player::press(box, "OK"); }});  // saved
-        const canvas::LabelsD* node = form().nodeNamed("Large");
-        player_.expect(node && node->Ready() && node->activity()->Act_Inputs.count() == 6 &&
-                           node->activity()->Act_LDL.find('@') == std::string::npos &&
-                           !node->activity()->Act_LDL.empty(),
-                       "the activity was not defined");
+                           player_.picture(dialog, "activity-dark");
+                           static_cast<QTabWidget&>(Player::child(dialog, "TabStrip1")).setCurrentIndex(1);
+                           player_.picture(dialog, "activity-outputs");
+                           Player::press(dialog, "Cancel");
+                       }});
+        theme_.setMode(qt::ThemeMode::light);
+    }
+
+    /// A page that tells these steps names nothing that no window showed.
+    void expectAllNames(const char* page) {
+        const QStringList names = namesInSteps(QLatin1String(page));
+        player_.expect(names.size() > 20, std::string(page) + " has no steps");
+        const QStringList unseen = player_.words().unseen(names);
+        player_.expect(unseen.isEmpty(), std::string(page) + " names what no window showed: " +
+                                             unseen.join(QLatin1String(", ")).toStdString());
     }
 
     /// All that the text export tells of the scenario.
     std::string exported(const fs::path& home) {
         player_.during("export it", [&] { frame_.run(Command::exportText); },
                        {[](QWidget& box) { Player::press(box, "OK"); }});
-        std::ifstream file(home / (std::string(kName) + ".txt"), std::ios::binary);
+        return fileText(home / (std::string(kName) + ".txt"));
+    }
+
+    static std::string fileText(const fs::path& path) {
+        std::ifstream file(path, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), {});
     }
 
-    void saveAndLoad(const fs::path& home) {
-        player_.during("save what was drawn", [&] { frame_.run(Command::saveScenario); },
-                       {[](QWidget& dialog) {
-                            Player::type(Player::child(dialog, "txtScenarioName"), QLatin1String(kName));
-                            Player::press(dialog, "OKButton");
-                        },
+    void saveIt() {
+        player_.during("save what was drawn", [&] { hand_.choose("SaveScenarioM"); },
+                       {[](QWidget& dialog) { Player::press(dialog, "OKButton"); },
                         [](QWidget& box) { Player::press(box, "OK"); }});
+    }
+
+    void loadAgain(const fs::path& home) {
         const std::string before = exported(home);
-        player_.expect(before.find("ORDER_LINES") != std::string::npos, "the export does not tell of the record sets");
+        player_.expect(before.find(kFrom) != std::string::npos, "the export does not tell of the record sets");
         player_.during("close it", [&] { frame_.run(Command::closeScenario); },
                        {[](QWidget& box) { Player::press(box, "OK"); }});
         player_.during("load it", [&] { frame_.run(Command::loadScenario); }, {[](QWidget& dialog) {
@@ -204,10 +251,16 @@ class FromNothing {
         player_.expect(exported(home) == before, "what was loaded differs from what was drawn");
     }
 
+    /// Each of the target's columns is filled.
     void program(const fs::path& home) {
-        player_.during("create its LDL", [&] { frame_.run(Command::createLdl); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
-        player_.expect(fs::exists(home / "LDLS" / (std::string(kName) + ".ldl")), "the program was not written");
+        player_.during("create its LDL", [&] { hand_.tool("LDL"); }, {[](QWidget& box) { Player::press(box, "OK"); }});
+        std::string columns;
+        for (const std::string column : kColumns) {
+            columns += (columns.empty() ? "" : ",") + (std::string(kTo) + "_") + column;
+        }
+        const std::string rule = std::string(kTo) + "(" + columns + ")<-\r\nFirst(" + columns + ").";
+        const std::string text = fileText(home / "LDLS" / (std::string(kName) + ".ldl"));
+        player_.expect(text.find(rule) != std::string::npos, "the program does not load the target");
     }
 
     Player& player_;

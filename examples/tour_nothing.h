@@ -9,8 +9,8 @@
 
 namespace orvent::tour {
 
-/// Draws a scenario from an empty canvas: record sets from the sample source, an activity with a type whose members
-/// come from its trees, its statement by the wizard; then saves it, loads it again and writes its program into `home`.
+/// Plays the first five minutes as the README and the help's first steps tell them, from an empty canvas to a program
+/// in `home` that loads a table, and holds what they name against what the windows showed. Then loads what was saved.
 void drawFromNothing(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme,
                      const std::filesystem::path& home);
 

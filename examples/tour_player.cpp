@@ -80,12 +80,14 @@ void Player::lookForWindow() {
     } else {
         const Answer answer = std::move(answers_.front());
         answers_.pop_front();
+        words_.read(*window);
         answer(*window);
     }
 }
 
 void Player::picture(QWidget& window, const std::string& name) {
     QApplication::processEvents();
+    words_.read(window);
     const QString number = QStringLiteral("%1-").arg(++pictures_, 2, 10, QLatin1Char('0'));
     const fs::path path = folder_ / (number.toStdString() + name + ".png");
     expect(window.grab().save(QString::fromStdString(path.string())), path.string() + " could not be written");

@@ -8,6 +8,8 @@
 #include <functional>
 #include <string>
 
+#include "tour_words.h"
+
 namespace orvent::tour {
 
 /// Plays a user at the real windows: answers the modal windows that come, in the order that the script tells, and
@@ -31,6 +33,9 @@ class Player {
     /// The one child of that object name; a missing one ends the tour.
     static QWidget& child(QWidget& window, const char* name);
 
+    /// What the windows showed that it played or took pictures of.
+    Words& words() { return words_; }
+
     void expect(bool condition, const std::string& words);
     int failures() const { return failures_; }
 
@@ -40,6 +45,7 @@ class Player {
 
     std::filesystem::path folder_;
     std::deque<Answer> answers_;
+    Words words_;
     bool playing_ = false;
     QList<QPointer<QWidget>> answered_;  ///< an entry turns null when its window goes
     int pictures_ = 0;

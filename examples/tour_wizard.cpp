@@ -26,12 +26,20 @@ struct VariableStep {
     const char* function;               ///< or null
     const char* regulator;              ///< or null
     std::initializer_list<int> inputs;  ///< attributes by position; several for an array
+    const char* dataType = nullptr;     ///< of a constant or an output; null for the first one
 };
 
 const std::initializer_list<VariableStep> kSelection = {
     {"optParam", nullptr, nullptr, nullptr, {2}},
     {"optParam", ">", nullptr, nullptr, {}},
     {"optParam", "100", nullptr, nullptr, {}},
+};
+
+/// The rows whose third input is 1.
+const std::initializer_list<VariableStep> kFirstOnes = {
+    {"optParam", nullptr, nullptr, nullptr, {2}},
+    {"optParam", "=", nullptr, nullptr, {}, "VARCHAR2"},
+    {"optParam", "1", nullptr, nullptr, {}, "NUMBER"},
 };
 
 const std::initializer_list<VariableStep> kAggregation = {
@@ -66,7 +74,6 @@ class Wizard {
 
     void play(const std::initializer_list<VariableStep>& steps) {
         player_.picture(dialog_, name_ + "-opened");
-        Player::press(dialog_, "cmdParseLDL");
         std::size_t number = 0;
         for (const VariableStep& step : steps) {
             define(step);
@@ -110,7 +117,7 @@ class Wizard {
         }
         auto& dataTypes = control<QComboBox>("listDataTypes");
         if (dataTypes.isVisible() && step.inputs.size() == 0) {
-            dataTypes.setCurrentIndex(0);
+            dataTypes.setCurrentIndex(step.dataType ? dataTypes.findText(QLatin1String(step.dataType)) : 0);
         }
     }
 
@@ -143,7 +150,10 @@ void create(Player& player, qt::FrameWindow& window, const char* name,
             const std::initializer_list<VariableStep>& steps) {
     canvas::LabelsD& node = *window.area().active()->nodeNamed(name);
     player.during(name, [&] { openWizard(player, window, node); },
-                  {[&](QWidget& dialog) { Wizard(player, dialog, std::string("wizard-") + name).play(steps); },
+                  {[&](QWidget& dialog) {
+                       Player::press(dialog, "cmdParseLDL");
+                       Wizard(player, dialog, std::string("wizard-") + name).play(steps);
+                   },
                    [&](QWidget& box) { Player::press(box, "OK"); }});
     player.expect(!node.activity()->Act_LDL.empty() && node.activity()->Act_LDL.find('@') == std::string::npos,
                   std::string(name) + " has no whole statement");
@@ -152,7 +162,7 @@ void create(Player& player, qt::FrameWindow& window, const char* name,
 }  // namespace
 
 void selectByWizard(Player& player, QWidget& dialog, const std::string& name) {
-    Wizard(player, dialog, name).play(kSelection);
+    Wizard(player, dialog, name).play(kFirstOnes);
 }
 
 std::deque<Player::Answer> leaveWizards(canvas::DrawForm& form) {

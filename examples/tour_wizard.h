@@ -13,7 +13,7 @@ namespace orvent::tour {
 /// activity of the scenario that has none.
 std::deque<Player::Answer> leaveWizards(canvas::DrawForm& form);
 
-/// Plays the wizard of a selection, from its opening to its OK.
+/// Plays the wizard of a selection of the rows whose third input is 1, from its opening to its OK.
 void selectByWizard(Player& player, QWidget& dialog, const std::string& name);
 
 /// Makes two activities from the templates of their types in the wizard's window: a selection, and in the dark theme an
