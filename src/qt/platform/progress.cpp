@@ -44,6 +44,9 @@ void QtProgress::attach(QStatusBar* bar) {
     open_->setText(QObject::tr("List…"));
     open_->setToolTip(QObject::tr("Show all of it in a list"));
     open_->setFocusPolicy(Qt::TabFocus);
+    QFont font = open_->font();
+    font.setUnderline(true);  // it has no frame while the pointer is elsewhere
+    open_->setFont(font);
     open_->hide();
     QObject::connect(open_, &QToolButton::clicked, open_, [this] {
         const std::function<void()> act = opens_;  // it may bring another text

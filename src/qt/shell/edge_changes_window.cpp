@@ -20,8 +20,8 @@ std::vector<ReportWindow::Row> rowsOfChanges(const links::EdgeChanges& changes) 
 EdgeChangesWindow::EdgeChangesWindow(const links::EdgeChanges& changes, QWidget* parent)
     : ReportWindow(
           tr("Provider Edges That Changed"),
-          tr("An edge without any link between the columns of its two nodes was deleted, and one was drawn where "
-             "only the links were. Edges that have their links stay."),
+          tr("Edges without a link between the columns of their nodes were deleted, and second ones between the same "
+             "nodes. Where such links had no edge, one was drawn."),
           rowsOfChanges(changes), parent) {
     setObjectName(QStringLiteral("EdgeChangesWindow"));
 }
