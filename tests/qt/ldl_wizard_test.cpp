@@ -67,6 +67,24 @@ void addElement(QDialog& window, const char* attribute) {
     QCOMPARE(last->toolTip(), QStringLiteral("Complete"));
 }
 
+/// An array's panel on a low screen: its last fields need no scrolling, and names are whole.
+void wholeFields(QDialog& window) {
+    option(window, "optValueRSField");
+    pick(window, "listRS", "LATE");
+    pick(window, "listRSattributes", "PLANNED_DELIVERY_DATE");
+    QTest::qWait(1);
+    for (const char* name : {"txtConst", "listDataTypes"}) {
+        const auto* field = control<QWidget>(window, name);
+        QVERIFY2(field->visibleRegion().boundingRect() == field->rect(), name);
+    }
+    constexpr int arrow = 26;
+    for (const char* name : {"listRSattributes", "listInputs"}) {
+        const auto* box = control<QComboBox>(window, name);
+        QVERIFY2(box->width() - arrow >= box->fontMetrics().horizontalAdvance(box->currentText()), name);
+    }
+    option(window, "optValueInput");
+}
+
 QString lineOf(const QDialog& window, const char* name) {
     return control<QLabel>(window, name)->text();
 }
@@ -148,7 +166,9 @@ class LdlWizardTest : public WindowTest {
 
     void anArrayGetsItsElements() {
         Wizard wizard;
+        testkit::GraphBuilder(*wizard.form).recordSet("LATE", {"PLANNED_DELIVERY_DATE"});
         wizard.run("Aggregation", [&](QDialog& window) {
+            window.resize(984, 660);  // on a screen of 1024 x 700
             click(window, "cmdParseLDL");
             QVERIFY(!isShown(window, "optParam"));
             option(window, "optParamArray");
@@ -164,6 +184,7 @@ class LdlWizardTest : public WindowTest {
             addElement(window, "1(ID)");
             QCOMPARE(control<QGroupBox>(window, "frameValue")->title(), QStringLiteral("Value Of  GROUPATTR[1]"));
             addElement(window, "2(NAME)");
+            wholeFields(window);
             click(window, "cmdNext");
             option(window, "optFunction");
             typeInto(window, "txtFunctionName", QStringLiteral("sum"));
@@ -180,6 +201,11 @@ class LdlWizardTest : public WindowTest {
             pick(window, "listLDLvars", "AGGRVALUE");
             QVERIFY(!isShown(window, "listLDLSubVars"));
             click(window, "cmdGenerateLDL");
+            QTest::qWait(1);
+            for (const char* name : {"original", "txtTemplate"}) {
+                const auto* text = control<QTextEdit>(window, name);
+                QVERIFY2(text->viewport()->height() >= 8 * text->fontMetrics().lineSpacing(), name);
+            }
             wizard.messages.expect("Activity Created", "", platform::Icon::information);
             click(window, "cmdCreateAct");
             click(window, "cmdOK");
@@ -252,7 +278,7 @@ class LdlWizardTest : public WindowTest {
             QVERIFY(!isShown(window, "original"));
             click(window, "cmdGenerateLDL");
             QVERIFY(isShown(window, "original"));
-            QCOMPARE(lineOf(window, "whichText"), QStringLiteral("The statement that was generated"));
+            QCOMPARE(lineOf(window, "whichText"), QStringLiteral("The generated statement"));
             const QSize least = window.layout()->totalMinimumSize();
             QVERIFY2(least.width() <= 1000 && least.height() <= 660, "it fits a screen of 1024 x 700");
             QVERIFY(lineOf(window, "hint").startsWith(QLatin1String("The statement is not complete. @ARGUMENT[1]")));

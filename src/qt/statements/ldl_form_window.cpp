@@ -32,19 +32,31 @@ constexpr QSize kWizardSize(1040, 730);
 constexpr int kWizardMargin = 40;  // a window's title and a strip of what lies below
 constexpr int kVariablesHeight = 130;
 constexpr int kButtonHeight = 28;
+constexpr int kLowWindow = 700;  // below it the texts and fields need the place of what is told twice
+constexpr int kTextsStretch = 3;
+constexpr int kPanelStretch = 4;  // names stand beside each other there
 
-/// A group that is the frame of its one widget, and of a line below it, if there is one.
-void putInto(QGroupBox& group, QAbstractScrollArea& contents, QLabel* line = nullptr) {
+/// A group that is the frame of its one widget.
+QVBoxLayout& putInto(QGroupBox& group, QAbstractScrollArea& contents) {
     contents.setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(&group);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(&contents);
-    if (line) {
-        line->setForegroundRole(QPalette::PlaceholderText);
-        line->setContentsMargins(Spacing::gap, 0, Spacing::gap, 2);
-        layout->addWidget(line);
+    return *layout;
+}
+
+/// The quiet line that says which text stands above it, and the controls at its end.
+void addLine(QVBoxLayout& below, QLabel& words, const std::vector<QWidget*>& controls = {}) {
+    words.setForegroundRole(QPalette::PlaceholderText);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(Spacing::gap, 0, Spacing::gap / 2, 2);
+    row->setSpacing(Spacing::gap);
+    row->addWidget(&words, 1);
+    for (QWidget* control : controls) {
+        row->addWidget(control);
     }
+    below.addLayout(row);
 }
 
 }  // namespace
@@ -58,9 +70,9 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
     addTop();
     auto* sides = new QHBoxLayout;
     sides->setSpacing(Spacing::section);
-    sides->addWidget(newTemplateSide(), 1);
+    sides->addWidget(newTemplateSide(), kTextsStretch);
     variableSide_ = newVariableSide();
-    sides->addWidget(variableSide_, 1);
+    sides->addWidget(variableSide_, kPanelStretch);
     body().addLayout(sides, 1);
     whyNotOK_ = &addNote(QStringLiteral("whyNotOK"));
     whyNotOK_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -87,16 +99,17 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
 
 /// What the activity's type does, which activity of several it is, and the guide.
 void LDLFormWindow::addTop() {
-    const auto addLine = [this](const char* name, const std::string& words) {
+    const auto addWords = [this](const char* name, const std::string& words) {
         auto* line = new QLabel(QString::fromStdString(words), this);
         line->setObjectName(QLatin1String(name));
         line->setTextFormat(Qt::PlainText);
         line->setWordWrap(true);
         line->setVisible(!words.empty());
         body().addWidget(line);
+        return line;
     };
-    addLine("round", logic_.roundText());
-    addLine("type", logic_.isOpen() ? statements::LDLGuide(logic_).typeText() : std::string());
+    addWords("round", logic_.roundText());
+    type_ = addWords("type", logic_.isOpen() ? statements::LDLGuide(logic_).typeText() : std::string());
     guide_ = new GuideStrip(this, [this](const QString& variable) { goTo(variable); });
     body().addSpacing(Spacing::gap / 2);
     body().addWidget(guide_);
@@ -111,14 +124,15 @@ QWidget* LDLFormWindow::newTexts(QWidget* side) {
     original_ = new TemplateBox(frameOriginal_);
     original_->setObjectName(QStringLiteral("original"));
     original_->setReadOnly(true);
-    putInto(*frameOriginal_, *original_, new QLabel(tr("The template"), frameOriginal_));
+    addLine(putInto(*frameOriginal_, *original_), *new QLabel(tr("The template"), frameOriginal_));
     auto* frameTemplate = new QGroupBox(QLatin1String(statements::kFrameTemplateCaption), texts_);
     frameTemplate->setObjectName(QStringLiteral("frameTemplate"));
     txtTemplate_ = new TemplateBox(frameTemplate);
     txtTemplate_->setObjectName(QStringLiteral("txtTemplate"));
     whichText_ = new QLabel(frameTemplate);
     whichText_->setObjectName(QStringLiteral("whichText"));
-    putInto(*frameTemplate, *txtTemplate_, whichText_);
+    addChoices(*frameTemplate);
+    addLine(putInto(*frameTemplate, *txtTemplate_), *whichText_, {wholeNumbers_, editTemplate_});
     connect(txtTemplate_, &QTextEdit::textChanged, this, [this] {
         logic_.txtTemplate = txtTemplate_->edited();
         showState();
@@ -126,27 +140,21 @@ QWidget* LDLFormWindow::newTexts(QWidget* side) {
     return texts_;
 }
 
-QWidget* LDLFormWindow::newChoices(QWidget* side) {
-    auto* row = new QWidget(side);
-    wholeNumbers_ = new QCheckBox(tr("Whole Numbers"), row);
+/// What can be done with the template, beside the line that names it.
+void LDLFormWindow::addChoices(QGroupBox& frame) {
+    wholeNumbers_ = new QCheckBox(tr("Whole Numbers"), &frame);
     wholeNumbers_->setObjectName(QStringLiteral("wholeNumbers"));
     wholeNumbers_->setToolTip(tr("A_IN1_10 is one name, and not A_IN1_1 with a 0 behind it."));
     connect(wholeNumbers_, &QCheckBox::clicked, this, [this](bool on) {
         logic_.setWholeNumbers(on);
         showState();
     });
-    editTemplate_ = new QPushButton(tr("&Edit Template"), row);
+    editTemplate_ = new QPushButton(tr("&Edit Template"), &frame);
     editTemplate_->setObjectName(QStringLiteral("cmdEditTemplate"));
     editTemplate_->setAutoDefault(false);
     editTemplate_->setToolTip(tr("Gives the template back to be edited; what was defined is lost."));
     connect(editTemplate_, &QPushButton::clicked, this, [this] { act(&LDLForm::cmdEditTemplate); });
-    auto* columns = new QHBoxLayout(row);
-    columns->setContentsMargins({});
-    columns->addWidget(editTemplate_);
-    columns->addStretch();
-    columns->addWidget(wholeNumbers_);
-    keepPlace(*wholeNumbers_);
-    return row;
+    keepPlace(*editTemplate_);
 }
 
 QWidget* LDLFormWindow::newTemplateSide() {
@@ -171,7 +179,6 @@ QWidget* LDLFormWindow::newTemplateSide() {
     rows->setContentsMargins({});
     rows->setSpacing(Spacing::margin);
     rows->addWidget(texts, 1);
-    rows->addWidget(newChoices(side));
     rows->addWidget(frameVariables_);
     rows->addLayout(stages);
     return side;
@@ -278,13 +285,15 @@ void LDLFormWindow::showState() {
     }
     showGuide();
     frameOriginal_->setVisible(logic_.hasStatement());
-    whichText_->setText(logic_.hasStatement() ? tr("The statement that was generated") : tr("The template"));
+    whichText_->setText(logic_.hasStatement() ? tr("The generated statement") : tr("The template"));
     original_->showTemplate(logic_.OriginalTemplate, logic_.templateMarks());
     wholeNumbers_->setChecked(logic_.WholeNumbers());
     editTemplate_->setVisible(!logic_.Enabled.txtTemplate);
     txtTemplate_->setReadOnly(!logic_.Enabled.txtTemplate);
     txtTemplate_->showTemplate(logic_.txtTemplate, logic_.marks);
-    frameVariables_->setVisible(logic_.Visible.frameVar);
+    // Two texts need the list's place; the steps lead to the variables, too.
+    frameVariables_->setVisible(logic_.Visible.frameVar && !logic_.hasStatement());
+    showType();
     variables_->showState(logic_);
     variableSide_->setVisible(logic_.Visible.frameVar);
     panel_->showState();
@@ -293,6 +302,16 @@ void LDLFormWindow::showState() {
                         ? tr("%1 of %2").arg(logic_.CurrentVariable->Index).arg(logic_.Variables.Count())
                         : QString());
     showButtons();
+}
+
+/// In a low window the variable's own words stand for those of the type.
+void LDLFormWindow::showType() {
+    type_->setVisible(!type_->text().isEmpty() && (height() >= kLowWindow || !logic_.Visible.frameVar));
+}
+
+void LDLFormWindow::resizeEvent(QResizeEvent* event) {
+    FormWindow::resizeEvent(event);
+    showType();
 }
 
 void LDLFormWindow::done(int result) {

@@ -28,6 +28,7 @@ class LDLFormWindow : public FormWindow {
 
   protected:
     bool mayDismiss() override { return !logic_.isOpen() || logic_.mayDismiss(); }
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     using Event = void (statements::LDLForm::*)();
@@ -35,13 +36,14 @@ class LDLFormWindow : public FormWindow {
     void addTop();
     QWidget* newTemplateSide();
     QWidget* newTexts(QWidget* side);
-    QWidget* newChoices(QWidget* side);
+    void addChoices(QGroupBox& frame);
     QWidget* newVariableSide();
     GuidedButton* newButton(statements::LDLButton which, const char* name, const char* caption, char letter,
                             Event handler);
     QString reason(statements::LDLButton which) const;
     void act(Event handler);
     void showState();
+    void showType();
     void showGuide();
     void showButtons();
     void goTo(const QString& variable);
@@ -54,6 +56,7 @@ class LDLFormWindow : public FormWindow {
     statements::LDLForm& logic_;
     std::vector<Button> guided_;
     GuideStrip* guide_ = nullptr;
+    QLabel* type_ = nullptr;
     TextPair* texts_ = nullptr;
     TemplateBox* txtTemplate_ = nullptr;
     TemplateBox* original_ = nullptr;

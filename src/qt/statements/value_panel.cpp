@@ -21,6 +21,13 @@ using statements::LDLRegulatorType;
 using statements::LDLVisible;
 
 constexpr int kIndent = 24;  // the text of an option button
+constexpr int kArrow = 44;   // what a closed list shows beside its text
+constexpr int kWidestAttribute = 225;
+constexpr int kWidestChoice = 130;
+
+bool holdsAttributes(const QComboBox& box) {
+    return box.objectName().endsWith(QLatin1String("ttributes"));
+}
 
 /// A choice list of the panel. A choice in it means the option that it belongs to.
 struct ChoiceRow {
@@ -61,7 +68,11 @@ void fill(QComboBox& box, const LDLList& list, const QStringList& items, bool en
     if (items != present) {
         box.clear();
         box.addItems(items);
-        box.view()->setMinimumWidth(box.view()->sizeHintForColumn(0) + kIndent);
+        const int widest = box.view()->sizeHintForColumn(0);
+        box.view()->setMinimumWidth(widest + kIndent);
+        // As wide as its names have been, so that it stays whole and keeps its place.
+        box.setMinimumWidth(std::max(
+            box.minimumWidth(), std::min(widest + kArrow, holdsAttributes(box) ? kWidestAttribute : kWidestChoice)));
     }
     box.setCurrentIndex(list.ListIndex);
     box.setToolTip(box.currentText());
@@ -91,7 +102,7 @@ ValuePanel::ValuePanel(LDLForm& logic, std::function<void()> changed, QWidget* p
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(Spacing::margin, Spacing::gap, Spacing::margin, Spacing::gap);
-    layout->setSpacing(Spacing::gap / 2);
+    layout->setSpacing(2);
     std::size_t next = 0;
     for (const statements::LDLValueOption& option : statements::kLDLValueOptions) {
         QRadioButton& button = options_->add(option.type, option.name, option.caption);
@@ -111,8 +122,7 @@ QWidget* ValuePanel::newRow(std::initializer_list<QWidget*> cells) {
     layout->setSpacing(Spacing::gap);
     for (QWidget* cell : cells) {
         const auto* choice = cell->findChild<QComboBox*>();
-        const bool attributes = choice && choice->objectName().endsWith(QLatin1String("ttributes"));
-        layout->addWidget(cell, attributes ? 3 : 2);  // they have the longer names
+        layout->addWidget(cell, choice && holdsAttributes(*choice) ? 3 : 2);  // they have the longer names
     }
     rows_.push_back({row, cells});
     return row;

@@ -23,8 +23,8 @@ namespace {
 
 using statements::LDLForm;
 
-constexpr int kArityWidth = 120;
-constexpr int kOptionColumns = 2;
+constexpr int kArityWidth = 100;
+constexpr int kOptionColumns = 3;
 constexpr int kIcon = 16;
 
 /// A number field in which Enter takes the number over and presses no button.
@@ -54,7 +54,7 @@ VariablePanel::VariablePanel(LDLForm& logic, std::function<void()> changed, QWid
     values->addWidget(value_, 1);
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins({});
-    rows->setSpacing(Spacing::margin);
+    rows->setSpacing(Spacing::gap);
     rows->addWidget(frameVar_);
     rows->addLayout(values, 1);
 }
@@ -98,9 +98,12 @@ QGroupBox* VariablePanel::newKinds() {
     auto* rows = new QVBoxLayout(frame);
     rows->setContentsMargins(Spacing::margin, Spacing::gap, Spacing::margin, Spacing::gap);
     rows->setSpacing(Spacing::gap);
-    rows->addWidget(lblVariable_);
     addWords(*frame);
-    rows->addWidget(meaning_);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(Spacing::margin);
+    head->addWidget(lblVariable_, 0, Qt::AlignTop);
+    head->addWidget(meaning_, 1);
+    rows->addLayout(head);
     rows->addWidget(proposal_);
     rows->addWidget(scalars_);
     rows->addWidget(arrays_);
