@@ -145,6 +145,19 @@ std::int32_t MetricsForm::largest(std::size_t column) const {
     return value;
 }
 
+std::string MetricsForm::hint() const {
+    const bool entities = face == Face::Entities;
+    if (!note.empty()) {
+        return {};
+    }
+    if (selected < 0) {
+        return Entities.empty() ? entities ? "There is no record set and no activity." : "No scenario is open."
+               : entities       ? "Choose a record set or an activity."
+                                : "Choose a scenario.";
+    }
+    return twoLists ? "No inputs." : entities ? "No attributes." : "No nodes.";
+}
+
 int MetricsForm::scenarioOfTables() const {
     return selected < 0 ? -1 : Entities[static_cast<std::size_t>(selected)].scenario;
 }

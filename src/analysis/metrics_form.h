@@ -73,6 +73,8 @@ class MetricsForm {
     bool isSorted() const { return sorted_; }
     bool isAscending() const { return ascending_; }
     std::size_t sortColumn() const { return sortColumn_; }
+    /// What the first table says while it has no rows: what to choose, or what the chosen entry has not.
+    std::string hint() const;
     /// The text of a cell.
     static std::string cell(const MetricsRow& row, std::size_t column) {
         return PadColumns(std::to_string(row.values[column]));

@@ -56,6 +56,7 @@ TEST_F(MetricsWindow, FacesEntriesAndTables) {
     EXPECT_EQ(form.Counter, 7);
     form.RefreshBut();
     EXPECT_EQ(form.views.SumView[0], kNoMetric) << "nothing is chosen";
+    EXPECT_EQ(form.hint(), "Choose a record set or an activity.");
     form.clickEntity(1);
     EXPECT_TRUE(form.twoLists);
     EXPECT_EQ(form.asText('\t'),
@@ -69,6 +70,7 @@ TEST_F(MetricsWindow, FacesEntriesAndTables) {
     EXPECT_FALSE(form.twoLists);
 
     form.clickSwitch();
+    EXPECT_EQ(form.hint(), "Choose a scenario.");
     EXPECT_EQ(names(), "Sales@3 Sales@5 ");
     EXPECT_EQ(form.lblEntity + "|" + form.Switch + "|" + form.nameColumn, "Scenarios:|Entities Metrics|ENTITY NAME");
     EXPECT_EQ(form.views.SumView[0], kNoMetric);

@@ -39,8 +39,16 @@ class MetricsWindowTest : public WindowTest {
         Opened program;
         QVERIFY(program.window && program.window->isVisible() && !program.window->isModal());
         QCOMPARE(program.cell("SumView", 0, 1), QStringLiteral("-----"));
+        QVERIFY2(!isBlank(program.table("InpMetrView")->viewport()->grab().toImage()), "the hint");
         program.clickEntry(7);  // Activity2
         QVERIFY(program.table("OutMetrView")->isVisible());
+        program.frame.resize(1280, 800);
+        QApplication::processEvents();
+        for (const char* name : {"InpMetrView", "OutMetrView"}) {
+            const QTableView& table = *program.table(name);
+            QVERIFY2(table.viewport()->height() >= 4 * table.rowHeight(0), name);
+            QCOMPARE(table.horizontalHeader()->length(), program.table("OutMetrView")->viewport()->width());
+        }
         QCOMPARE(program.cell("InpMetrView", 0, 0), QStringLiteral("SONUM"));
         QCOMPARE(program.cell("InpMetrView", 1, 1), QStringLiteral(" 2"));
         QTest::mouseClick(program.table("InpMetrView")->horizontalHeader()->viewport(), Qt::LeftButton, {},

@@ -17,11 +17,14 @@
 #include <QSplitter>
 #include <QStringListModel>
 #include <QTableView>
+#include <algorithm>
 
 #include "platform/fault.h"
 #include "qt/analysis/metrics_model.h"
+#include "qt/forms/fields.h"
 #include "qt/forms/search_field.h"
 #include "qt/text.h"
+#include "qt/theme/theme.h"
 
 namespace orvent::qt {
 
@@ -30,6 +33,8 @@ namespace {
 constexpr int kNameWidth = 150;
 constexpr int kBesideHead = 30;  // margins and the mark of the order, in pixels
 constexpr int kWidth = 1190;
+
+constexpr int kTablesGap = 4;
 
 /// Rows of numbers that cannot be edited.
 void dress(QTableView& table) {
@@ -41,7 +46,7 @@ void dress(QTableView& table) {
     table.setWordWrap(false);
     table.setCornerButtonEnabled(false);
     table.verticalHeader()->hide();
-    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
     table.horizontalHeader()->setHighlightSections(false);
     table.horizontalHeader()->resizeSection(0, kNameWidth);
     for (int column = 1; column <= static_cast<int>(analysis::kMetricsColumns); ++column) {
@@ -52,6 +57,22 @@ void dress(QTableView& table) {
 }
 
 }  // namespace
+
+/// A table that tells in its middle why it is empty.
+class HintTable : public QTableView {
+  public:
+    using QTableView::QTableView;
+
+    QString hint;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QTableView::paintEvent(event);
+        if (model()->rowCount() == 0) {
+            paintHint(*this, hint);
+        }
+    }
+};
 
 MetricsWindow::MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidget* parent)
     : QDockWidget(parent),
@@ -71,6 +92,7 @@ MetricsWindow::MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidge
     split->setStretchFactor(1, 1);
     split->setChildrenCollapsible(false);
     auto* box = new QHBoxLayout(inner);
+    box->setContentsMargins(Spacing::gap, 0, Spacing::gap, Spacing::gap);
     box->addWidget(split);
     setWidget(inner);
     split->setSizes({180, kWidth});
@@ -127,6 +149,7 @@ QWidget* MetricsWindow::buildTables() {
     auto* side = new QWidget(this);
     auto* box = new QVBoxLayout(side);
     box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(kTablesGap);  // the room is for the rows
     addRowOfTools(*box);
     note_ = new QLabel(side);
     note_->setObjectName(QStringLiteral("note"));
@@ -136,13 +159,15 @@ QWidget* MetricsWindow::buildTables() {
     inOutLbl_ = new QLabel(tr("Outputs"), side);
     box->addWidget(inOutLbl_);
     outView_ = addTable(*box, QStringLiteral("OutMetrView"), tr("Metrics of the outputs"), *outputs_);
+    outView_->hint = tr("No outputs.");
     addTotals(*box);
     return side;
 }
 
-QTableView* MetricsWindow::addTable(QVBoxLayout& box, const QString& name, const QString& words, MetricsModel& model) {
-    auto* table = new QTableView(this);
+HintTable* MetricsWindow::addTable(QVBoxLayout& box, const QString& name, const QString& words, MetricsModel& model) {
+    auto* table = new HintTable(this);
     table->setObjectName(name);
+    table->viewport()->installEventFilter(this);
     table->setAccessibleName(words);
     table->setModel(&model);
     dress(*table);
@@ -171,9 +196,9 @@ void MetricsWindow::addTotals(QVBoxLayout& box) {
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setFixedHeight(2 * table->verticalHeader()->defaultSectionSize() + 2 * table->frameWidth());
     box.addWidget(table);
-    for (QTableView* other : {inpView_, outView_}) {
+    for (HintTable* other : {inpView_, outView_}) {
         connect(other->horizontalHeader(), &QHeaderView::sectionResized, this, [this, table](int section, int, int to) {
-            for (QTableView* each : {inpView_, outView_, table}) {
+            for (QTableView* each : {static_cast<QTableView*>(inpView_), static_cast<QTableView*>(outView_), table}) {
                 each->horizontalHeader()->resizeSection(section, to);
             }
         });
@@ -193,7 +218,23 @@ bool MetricsWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
         counted_ = false;
     }
+    if (event->type() == QEvent::Resize && sumView_ && watched != list_->viewport()) {
+        fitNames();
+    }
     return QDockWidget::eventFilter(watched, event);
+}
+
+/// The names take the width that the numbers leave, in all tables the same.
+void MetricsWindow::fitNames() {
+    int room = inpView_->viewport()->width();
+    if (!outView_->isHidden()) {
+        room = std::min(room, outView_->viewport()->width());
+    }
+    const QHeaderView& heads = *inpView_->horizontalHeader();
+    const int names = std::max(kNameWidth, room - (heads.length() - heads.sectionSize(0)));
+    for (QTableView* table : {static_cast<QTableView*>(inpView_), static_cast<QTableView*>(outView_), sumView_}) {
+        table->horizontalHeader()->resizeSection(0, names);
+    }
 }
 
 /// While the list changes nobody chooses; the chosen entry stays chosen where it is shown.
@@ -259,6 +300,7 @@ void MetricsWindow::showState() {
     note_->setVisible(!form_->note.empty());
     const QSignalBlocker quiet(counter_);
     counter_->setValue(form_->Counter);
+    inpView_->hint = text(form_->hint());
     inputs_->refresh();
     outputs_->refresh();
     totals_->refresh();
@@ -271,7 +313,7 @@ void MetricsWindow::showState() {
 
 void MetricsWindow::showOrder() {
     const int column = form_->isSorted() ? static_cast<int>(form_->sortColumn()) + 1 : -1;
-    for (QTableView* table : {inpView_, outView_}) {
+    for (HintTable* table : {inpView_, outView_}) {
         table->horizontalHeader()->setSortIndicatorShown(form_->isSorted());
         table->horizontalHeader()->setSortIndicator(column,
                                                     form_->isAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);

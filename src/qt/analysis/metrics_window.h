@@ -17,6 +17,7 @@ class QVBoxLayout;
 
 namespace orvent::qt {
 
+class HintTable;
 class MetricsModel;
 class MetricsTotals;
 class SearchField;
@@ -38,7 +39,8 @@ class MetricsWindow : public QDockWidget {
   private:
     QWidget* buildEntries();
     QWidget* buildTables();
-    QTableView* addTable(QVBoxLayout& box, const QString& name, const QString& words, MetricsModel& model);
+    HintTable* addTable(QVBoxLayout& box, const QString& name, const QString& words, MetricsModel& model);
+    void fitNames();
     void addTotals(QVBoxLayout& box);
     void addRowOfTools(QVBoxLayout& box);
     void link(QTableView& one, QTableView& other);
@@ -63,8 +65,8 @@ class MetricsWindow : public QDockWidget {
     QPushButton* switch_ = nullptr;
     QLabel* note_ = nullptr;
     QLabel* inOutLbl_ = nullptr;
-    QTableView* inpView_ = nullptr;
-    QTableView* outView_ = nullptr;
+    HintTable* inpView_ = nullptr;
+    HintTable* outView_ = nullptr;
     QTableView* sumView_ = nullptr;
 };
 

@@ -64,6 +64,13 @@ void selectFromStart(QLineEdit& field) {
     field.setSelection(length, -length);
 }
 
+void paintHint(QAbstractScrollArea& view, const QString& words) {
+    QPainter painter(view.viewport());
+    painter.setPen(view.palette().color(QPalette::PlaceholderText));
+    painter.drawText(view.viewport()->rect().adjusted(Spacing::margin, 0, -Spacing::margin, 0),
+                     Qt::AlignCenter | Qt::TextWordWrap, words);
+}
+
 HintList::HintList(QString hint, QWidget* parent) : QListWidget(parent), hint_(std::move(hint)) {
     setIconSize({Spacing::icon, Spacing::icon});
     setUniformItemSizes(true);
@@ -78,10 +85,7 @@ QListWidgetItem* HintList::addRow(const QIcon& icon) {
 void HintList::paintEvent(QPaintEvent* event) {
     QListWidget::paintEvent(event);
     if (count() == 0) {
-        QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(viewport()->rect().adjusted(Spacing::margin, 0, -Spacing::margin, 0),
-                         Qt::AlignCenter | Qt::TextWordWrap, hint_);
+        paintHint(*this, hint_);
     }
 }
 

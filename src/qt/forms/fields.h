@@ -26,6 +26,9 @@ QLineEdit* newField(const QString& name, QWidget* parent);
 /// A choice of one of several.
 QComboBox* newChoice(const QString& name, QWidget* parent);
 
+/// Tells in the middle of an empty list or table why it is empty; called behind its own painting.
+void paintHint(QAbstractScrollArea& view, const QString& words);
+
 /// Selects the whole text so that a long one shows its beginning.
 void selectFromStart(QLineEdit& field);
 

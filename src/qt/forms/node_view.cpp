@@ -4,8 +4,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPainter>
 
+#include "qt/forms/fields.h"
 #include "qt/forms/list_model.h"
 #include "qt/theme/theme.h"
 
@@ -76,10 +76,7 @@ void NodeView::mouseDoubleClickEvent(QMouseEvent* event) {
 void NodeView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
     if (model()->rowCount() == 0 && !hint_.isEmpty()) {
-        QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(viewport()->rect().adjusted(Spacing::margin, 0, -Spacing::margin, 0),
-                         Qt::AlignCenter | Qt::TextWordWrap, hint_);
+        paintHint(*this, hint_);
     }
 }
 

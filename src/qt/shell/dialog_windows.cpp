@@ -121,7 +121,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
             last = new MetricsWindow(std::move(form), &frame);
             if (auto* area = qobject_cast<QMainWindow*>(&frame)) {
                 area->addDockWidget(Qt::BottomDockWidgetArea, last);
-                area->resizeDocks({last.data()}, {frame.height() * 2 / 5}, Qt::Vertical);
+                area->resizeDocks({last.data()}, {frame.height() * 9 / 20}, Qt::Vertical);
             }
             last->show();
         });
