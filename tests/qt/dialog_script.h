@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QAccessible>
-#include <QHash>
+#include <QSet>
 #include <deque>
 #include <functional>
 
@@ -31,6 +31,34 @@ class DialogScript {
             failQt(step.name.toStdString() + " never opened");
         }
         steps_.clear();
+    }
+
+    /// A reader of the screen can name every control that the keyboard reaches, and each button has a letter, and
+    /// no two that can be pressed share one.
+    static void isNamed(const QDialog& dialog) {
+        QSet<QKeySequence> letters;
+        for (QWidget* control : dialog.findChildren<QWidget*>()) {
+            const bool own = !control->objectName().startsWith(QLatin1String("qt_"));  // no part of a toolkit's control
+            if (!own || !control->isVisible() || !(control->focusPolicy() & Qt::TabFocus)) {
+                continue;
+            }
+            const std::string place = dialog.objectName().toStdString() + "/" + control->objectName().toStdString() +
+                                      " " + control->metaObject()->className();
+            QAccessibleInterface* read = QAccessible::queryAccessibleInterface(control);
+            if (!read || read->text(QAccessible::Name).isEmpty()) {
+                failQt(place + " has no name");
+            }
+            if (const auto* button = qobject_cast<QPushButton*>(control);
+                button && !button->text().isEmpty() && !captioned(dialog, *button)) {
+                const QKeySequence letter = QKeySequence::mnemonic(button->text());
+                if (letter.isEmpty() || (control->isEnabled() && letters.contains(letter))) {
+                    failQt(place + " has no letter of its own: " + button->text().toStdString());
+                }
+                if (control->isEnabled()) {
+                    letters.insert(letter);
+                }
+            }
+        }
     }
 
   private:
@@ -71,32 +99,6 @@ class DialogScript {
         const auto labels = dialog.findChildren<QLabel*>();
         return std::any_of(labels.begin(), labels.end(),
                            [&](const QLabel* label) { return label->buddy() == &button; });
-    }
-
-    /// A reader of the screen can name every control that the keyboard reaches, and each button has a letter;
-    /// only buttons alike share one.
-    static void isNamed(const QDialog& dialog) {
-        QHash<QKeySequence, QString> letters;
-        for (QWidget* control : dialog.findChildren<QWidget*>()) {
-            const bool own = !control->objectName().startsWith(QLatin1String("qt_"));  // no part of a toolkit's control
-            if (!own || !control->isVisible() || !(control->focusPolicy() & Qt::TabFocus)) {
-                continue;
-            }
-            const std::string place = dialog.objectName().toStdString() + "/" + control->objectName().toStdString() +
-                                      " " + control->metaObject()->className();
-            QAccessibleInterface* read = QAccessible::queryAccessibleInterface(control);
-            if (!read || read->text(QAccessible::Name).isEmpty()) {
-                failQt(place + " has no name");
-            }
-            if (const auto* button = qobject_cast<QPushButton*>(control);
-                button && !button->text().isEmpty() && !captioned(dialog, *button)) {
-                const QKeySequence letter = QKeySequence::mnemonic(button->text());
-                if (letter.isEmpty() || letters.value(letter, button->text()) != button->text()) {
-                    failQt(place + " has no letter of its own: " + button->text().toStdString());
-                }
-                letters.insert(letter, button->text());
-            }
-        }
     }
 
     /// The modal window, or a dialog in front beside which the program goes on.

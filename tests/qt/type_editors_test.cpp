@@ -51,6 +51,12 @@ class TypeEditorsTest : public WindowTest {
         StartedProgram program;
         program.dialogs.at(QStringLiteral("DBActTypes"), [&](QDialog& window) {
             click(window, "But_NEW");
+            DialogScript::isNamed(window);  // now that other buttons answer
+            for (const auto& [letter, add] :
+                 {std::pair{Qt::Key_P, "AddParam"}, {Qt::Key_U, "AddOutPut"}, {Qt::Key_F, "AddFunction"}}) {
+                QTest::keyClick(&window, letter, Qt::AltModifier);
+                QVERIFY2(control<QPushButton>(window, add)->hasFocus(), add);
+            }
             auto* ldl = control<QTextEdit>(window, "txtLDL");
             ldl->insertPlainText(QStringLiteral("a_out(@X[1])<-@Y."));
             const auto* variables = control<QListWidget>(window, "variables");

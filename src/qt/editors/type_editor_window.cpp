@@ -44,6 +44,11 @@ constexpr OptionRow kOptions[] = {
 
 constexpr QSize kSizes[] = {{560, 400}, {780, 520}, {960, 620}};  // by kind
 
+/// The letters that lead to Add, by `TypeListRole`: its own short word has too few, and long ones no room.
+constexpr char kAddLetters[] = {'p', 'P', 'u', 'F'};
+/// Those of Remove, by column; Edit is grey while there is something to remove.
+constexpr char kRemoveLetters[] = {'R', 'v', 'e'};
+
 QListWidget* newList(const QString& name, QWidget* parent) {
     auto* list = new QListWidget(parent);
     list->setObjectName(name);
@@ -250,9 +255,12 @@ QWidget* TypeEditorWindow::newLists(QWidget* parent) {
     for (std::size_t at = 0; at < logic_.lists.size(); ++at) {
         const editors::TypeListWords& words = logic_.words.lists[at];
         auto* column = new QVBoxLayout;
-        column->addWidget(new QLabel(tr(words.caption), area));
-        LineList line{newList(QLatin1String(words.list), area), new QPushButton(tr("&Add…"), area),
-                      new QPushButton(tr("&Remove"), area)};
+        const QLatin1Char letter(kAddLetters[static_cast<std::size_t>(words.role)]);
+        auto* caption = new QLabel(withLetter(tr(words.caption), letter), area);
+        column->addWidget(caption);
+        LineList line{newList(QLatin1String(words.list), area), new QPushButton(tr("Add…"), area),
+                      new QPushButton(withLetter(tr("Remove"), QLatin1Char(kRemoveLetters[at])), area)};
+        caption->setBuddy(line.add);
         line.lines->setAccessibleName(tr(words.caption));
         line.lines->setMinimumHeight(70);
         line.add->setObjectName(QLatin1String(words.add));
