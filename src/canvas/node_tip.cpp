@@ -29,10 +29,25 @@ std::string countsOf(const LabelsD& node) {
 
 }  // namespace
 
+std::string lackOf(const LabelsD& node) {
+    const entities::ActivityProperties* activity = node.Ready() ? node.activity() : nullptr;
+    std::string lack;
+    if (!activity) {
+        return lack;
+    }
+    append(lack, activity->Act_Type < 0 ? "no type" : "");
+    bool fed = false;
+    for (const entities::AttributeProperties& input : activity->Act_Inputs) {
+        fed = fed || input.ProvidedFrom.count() > 0;
+    }
+    lack += fed ? "" : lack.empty() ? "no source" : " and no source";
+    return lack;
+}
+
 NodeTip tipOf(const LabelsD& node, std::string_view type) {
     const NodeKind& kind = nodeKind(node.NodeType());
     NodeTip tip{node.ToolTipText().empty() ? std::string(node.shownText()) : node.ToolTipText(),
-                std::string(kind.title), countsOf(node)};
+                std::string(kind.title), countsOf(node), lackOf(node)};
     append(tip.kind, type);
     if (kind.showsReadiness) {
         append(tip.kind, node.Ready() ? "ready" : "not ready");

@@ -14,7 +14,13 @@ struct NodeTip {
     /// How many members its entity has: "inputs: 2, outputs: 3, parameters: 1", or "attributes: 4"; empty for an entity
     /// without members.
     std::string counts;
+    std::string lack;  ///< `lackOf`
 };
+
+/// What an activity that is shown as ready has not yet: "no type", "no source" or
+/// "no type and no source"; empty for every other node. Its
+/// inputs have no source while nothing feeds any of them.
+std::string lackOf(const LabelsD& node);
 
 /// `type` is the catalogue's name of the node's type, empty for none.
 NodeTip tipOf(const LabelsD& node, std::string_view type);

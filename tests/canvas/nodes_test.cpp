@@ -87,6 +87,23 @@ TEST_F(Nodes, TipsTellNameTypeStateAndMembers) {
     }
 }
 
+TEST_F(Nodes, AReadyActivityTellsWhatItLacks) {
+    LabelsD& node = add(NodeTypeActivity, "Join1");
+    const auto lack = [&node](bool ready, std::int16_t type) {
+        node.setReady(ready);
+        node.activity()->Act_Type = type;
+        return lackOf(node);
+    };
+    EXPECT_EQ(lack(false, -1), "");
+    EXPECT_EQ(lack(true, -1), "no type and no source");
+    EXPECT_EQ(lack(true, 0), "no source");
+    node.activity()->Act_Inputs->Add("A", 0, 0, "A");
+    node.activity()->Act_Inputs->Add("B", 0, 0, "B").ProvidedFrom->Add("RS.B", entities::LinkRecordSet, "RS");
+    EXPECT_EQ(lack(true, -1), "no type");
+    EXPECT_EQ(lack(true, 0), "");
+    EXPECT_EQ(lackOf(add(NodeTypeRecordSet, "RS")), "");
+}
+
 TEST_F(Nodes, ThePlaceUnderThePointerMeansAGrabPoint) {
     const struct {
         NodeTypeCode type;

@@ -265,6 +265,27 @@ class CanvasViewTest : public WindowTest {
         }
     }
 
+    void aReadyActivityWithoutTypeOrSourceWearsAMark() {
+        Scene scene;
+        canvas::LabelsD& source = scene.add(canvas::NodeTypeRecordSet, 300, 1500);
+        canvas::LabelsD& node = scene.add(canvas::NodeTypeActivity, 3000, 1500);
+        node.setReady(true);
+        auto& links = *node.activity()->Act_Inputs->Add("A", 0, 0, "A").ProvidedFrom;
+        for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
+            scene.theme.setMode(mode);
+            links.Add("n0", entities::LinkRecordSet, "n0.A");
+            node.activity()->Act_Type = 1;
+            const QImage whole = scene.picture();
+            node.activity()->Act_Type = -1;
+            QVERIFY(scene.picture() != whole);
+            node.activity()->Act_Type = 1;
+            const canvas::LinesD& edge = scene.join(source, node);
+            links.Remove("n0.A");
+            QVERIFY(scene.repainted([&] { scene.form.Lines.RemoveFull(edge.Index()); }).contains(QPoint(260, 102)));
+            QVERIFY(scene.held().convertToFormat(whole.format()) != whole);
+        }
+    }
+
     void captionsAreElidedToFit() {
         CaptionCache cache(QApplication::font());
         const QSizeF room(60, 14);

@@ -495,7 +495,7 @@ class DrawingTest : public WindowTest {
         const QString type = QString::fromStdString(desk.logic.catalogue().tables.activityTypes.name(1));
         QVERIFY(!type.isEmpty());
         QCOMPARE(QToolTip::text(), QStringLiteral("<b>Activity1</b><br>Activity, %1, ready<br>inputs: 0, outputs: "
-                                                  "0, parameters: 0")
+                                                  "0, parameters: 0<br>Still has no source")
                                        .arg(type));
         QToolTip::hideText();
         desk.tool("EdgeBar", "Provider");

@@ -194,6 +194,9 @@ QString CanvasEditor::toolTipAt(QPoint place) const {
     if (!tip.counts.empty()) {
         lines << text(tip.counts);
     }
+    if (!tip.lack.empty()) {
+        lines << tr("Still has %1").arg(text(tip.lack));
+    }
     // Escaped: a caption may hold characters that a tool tip would take for markup.
     return QStringLiteral("<b>%1</b><br>%2")
         .arg(text(tip.name).left(kLongestTip).toHtmlEscaped(), lines.join(QStringLiteral("<br>")));

@@ -126,6 +126,9 @@ void CanvasViewWidget::edgeRemoved(const canvas::LinesD& edge) {
         showMarkers();
     }
     itemRemoved(edges_, edge);
+    if (const canvas::LabelsD* fed = canvas_.Labels.byIndex(edge.ToLabel())) {
+        nodeChanged(*fed);  // it may lack a source now
+    }
 }
 
 void CanvasViewWidget::manyChanged() {

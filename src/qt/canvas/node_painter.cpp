@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "canvas/node_tip.h"
 #include "qt/canvas/comment_bar.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/canvas/tint_legend.h"
@@ -14,6 +15,7 @@ namespace {
 constexpr double kPictureMargin = 2;  // pixels around a kept picture
 constexpr int kLargestPicture = 512;  // device pixels; larger boxes are drawn each time
 constexpr std::size_t kMostPictures = 256;
+constexpr double kLackRadius = 3.5;  // pixels at scale 1
 
 void paintSelection(const PaintContext& context, const QRectF& box) {
     const double pen = context.penWidth(2);
@@ -96,6 +98,19 @@ void paintThin(const PaintContext& context, canvas::Figure figure, const QRectF&
         pixels.fill(QRectF(inside.topLeft(), QSizeF(inside.width(), std::max(2.0, box.height() * 0.25))),
                     context.colours.recordSet.rgb());
     }
+}
+
+/// Beside the name of an activity that looks finished and is not: a ring with gaps, in the corner that its point leaves
+/// free.
+void paintLack(const PaintContext& context, const QRectF& box) {
+    QPen pen(context.colours.line, context.penWidth(1));
+    pen.setCapStyle(Qt::FlatCap);
+    pen.setDashPattern({2.2, 1.47});  // six dashes around the ring
+    context.painter.setPen(pen);
+    context.painter.setBrush(Qt::NoBrush);
+    const double radius = context.length(kLackRadius);
+    const double edge = radius + context.length(1);
+    context.painter.drawEllipse(box.topRight() + QPointF(-edge, edge), radius, radius);
 }
 
 void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill, bool faint) {
@@ -209,6 +224,9 @@ void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node
         paintBox(context, node.figure(), box, colours.fill, state.dimmed);
         context.painter.setOpacity(state.dimmed ? 1 - kDimmedShare : 1);
         paintCaption(context, node, box, colours.caption);
+        if (context.selection && !canvas::lackOf(node).empty()) {
+            paintLack(context, box);
+        }
         context.painter.setOpacity(1);
     }
     if (state.selected) {
