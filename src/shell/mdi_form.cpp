@@ -153,6 +153,7 @@ canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
     ScenarioForms[static_cast<std::size_t>(slot)] = std::move(form);
     desk_.show(opened);
     tools_.enablePrintAndSave(true);
+    ports_.progress.status("Ready");  // no longer what an earlier try said
     return opened;
 }
 

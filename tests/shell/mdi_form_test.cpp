@@ -130,7 +130,9 @@ TEST_F(Frame, ElevenScenariosAndTheTwelfthIsRefused) {
     repository.input.expect("Give The Name Of The New Scenario:", "Scenario Name", "Scenario4", "");
     EXPECT_EQ(open(""), -1);
     EXPECT_EQ(frame.frame.scenario(3), nullptr);
+    EXPECT_EQ(repository.progress.statuses.back(), "No scenario was made.");
     EXPECT_EQ(open("other"), 3);
+    EXPECT_EQ(repository.progress.statuses.back(), "Ready");
 }
 
 TEST_F(Frame, ARepositoryThatIsGoneCostsNoOpenScenario) {
