@@ -220,6 +220,14 @@ TEST_F(Nodes, ReadinessAndSelectionMixByXor) {
     EXPECT_EQ(node.Color(), 255);
     EXPECT_EQ(form.SelectedLabels.Count(), 0);
 
+    ports.settings.SelColor = -1;  // of which a colour takes 24 bits
+    form.SelectedLabels.Add(node.Index());
+    EXPECT_EQ(node.Color(), 0xFFFF00);
+    node.setReady(true);
+    EXPECT_EQ(node.Color(), 0x00FFFF);
+    form.SelectedLabels.Clear();
+    EXPECT_EQ(node.Color(), 0xFF0000);
+
     LabelsD& comment = add(NodeTypeComment, "C");
     comment.setReady(true);
     EXPECT_EQ(comment.Color(), 0xCCFFFF) << "comments have no colour of readiness";

@@ -1,6 +1,7 @@
 // The wizard's window over its real logic: what it shows at each step, and the way from a template to an activity with
 // mouse and keys.
 
+#include "qt/canvas/canvas_editor.h"
 #include "testkit/graph_builder.h"
 #include "window_program.h"
 
@@ -242,10 +243,23 @@ class LdlWizardTest : public WindowTest {
             QVERIFY(window.windowTitle().startsWith(QLatin1String("Rest ")));
             window.close();
         });
-        wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) { click(window, "cmdGoTo"); });
+        wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) {
+            auto* list = control<QTreeWidget>(window, "unfinished");
+            list->setCurrentItem(list->topLevelItem(1));
+            click(window, "cmdGoTo");
+        });
+        wizard.form->nodeNamed("Rest")->setBox({20000, 15000, 1050, 450});
+        wizard.frame.show();
+        const auto isInView = [&wizard] {
+            const auto& editor = *wizard.frame.findChild<CanvasEditor*>();
+            return editor.viewport()->rect().contains(
+                editor.transform().toPixels(canvas::Point{20500, 15200}).toPoint());
+        };
+        QVERIFY(!isInView());
         auto* button = control<QToolButton>(wizard.frame, "LDL");
         QTest::mouseClick(button, Qt::LeftButton);
         QVERIFY(button->isEnabled());
+        QVERIFY2(isInView(), "the activity that was gone to");
     }
 
     void theGuideLeadsSomebodyWhoNeverWroteATemplate() {

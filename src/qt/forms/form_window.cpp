@@ -1,6 +1,7 @@
 #include "qt/forms/form_window.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>

@@ -1,5 +1,6 @@
 #include "qt/shell/about_form.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

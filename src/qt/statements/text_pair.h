@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QResizeEvent>
 #include <QSplitter>
 
 namespace orvent::qt {
