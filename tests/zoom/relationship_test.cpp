@@ -609,6 +609,7 @@ class Consistency : public testkit::CanvasTest {
 TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     draw("RS2", "A1", canvas::EdgeTypeProvider);  // no link stands behind it
     draw("RS1", "A1", canvas::EdgeTypeProvider);
+    draw("RS1", "A1", canvas::EdgeTypeProvider);  // a second time
     draw("RS1", "A2", canvas::EdgeTypeProvider);
     draw("RS3", "A2", canvas::EdgeTypeProvider);
     draw("A3", "RS1", canvas::EdgeTypeDescription);
@@ -631,9 +632,9 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
         const std::optional<links::EdgeChanges> changes = links::CheckConsistency(design, progress);
         ASSERT_TRUE(changes);
         EXPECT_EQ(edges(), expected);
-        EXPECT_EQ(links::changeWords(*changes), run == 0
-                                                    ? "Deleted: RS2 → A1. Drawn: A2 → RS2, A1 → A2, RS4 → A2 and 3 more"
-                                                    : "Every provider edge has its links; none was missing.");
+        EXPECT_EQ(links::changeWords(*changes),
+                  run == 0 ? "Deleted: RS2 → A1, RS1 → A1. Drawn: A2 → RS2, A1 → A2, RS4 → A2 and 3 more"
+                           : "Every provider edge has its links; none was missing.");
         EXPECT_EQ(progress.pointerShape, 1);
     }
     // A node whose name another one bears is fed, and feeds nobody.
