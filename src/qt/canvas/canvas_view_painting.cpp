@@ -1,5 +1,6 @@
 // How the view paints: only what lies in the exposed region, edges below nodes, handles on top.
 
+#include <QPaintEngine>
 #include <QPaintEvent>
 
 #include "qt/canvas/canvas_view.h"

@@ -2,9 +2,9 @@
 
 #include <QList>
 #include <QPointer>
+#include <QWidget>
 
 class QProgressDialog;
-class QWidget;
 
 namespace orvent::qt {
 
