@@ -244,7 +244,7 @@ class LdlWizardTest : public WindowTest {
             window.close();
         });
         wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) {
-            auto* list = control<QTreeWidget>(window, "unfinished");
+            auto* list = control<QTreeWidget>(window, "rows");
             list->setCurrentItem(list->topLevelItem(1));
             click(window, "cmdGoTo");
         });
