@@ -53,5 +53,6 @@ build() {
         rm -f "build-$preset.log"
         echo "$missing" >"build/$preset/missing"
     fi
-    cmake --build "build/$preset" --parallel "$(nproc)" ${1:+--target "$@"}
+    # On a terminal this is one line that stays and tells how far it is.
+    NINJA_STATUS='%p built, step %f of %t: ' cmake --build "build/$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
