@@ -167,6 +167,7 @@ void MakeRoom(ZoomForm& form) {
     const canvas::ManyChanges many(form);
     const std::vector<Group> groups = groupsOf(form);
     const float gap = form.settings().HDist;
+    const float betweenColumns = 4 * gap;  // an arrow is seen there
     const auto moveDown = [&](ZoomPlace place) {
         float free = 0;
         for (const Group& group : groups) {
@@ -198,9 +199,9 @@ void MakeRoom(ZoomForm& form) {
         }
     };
     if (const float end = farthest(ZoomPlace::Providers); end > 0) {
-        moveRight(ZoomPlace::Central, end + gap);
+        moveRight(ZoomPlace::Central, end + betweenColumns);
     }
-    moveRight(ZoomPlace::Consumers, farthest(ZoomPlace::Central) + gap);
+    moveRight(ZoomPlace::Consumers, farthest(ZoomPlace::Central) + betweenColumns);
     form.growPicture();
     form.setDisorder(Disorder::none);
 }

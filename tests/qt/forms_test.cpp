@@ -33,6 +33,23 @@ class FormsTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
+    void theWheelChangesOnlyAChoiceThatHasTheFocus() {
+        QWidget window;
+        QComboBox* choice = newChoice(QStringLiteral("choice"), &window);
+        choice->addItems({QStringLiteral("one"), QStringLiteral("two")});
+        QComboBox* other = newChoice(QStringLiteral("other"), &window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const bool focused : {false, true}) {
+            (focused ? choice : other)->setFocus();
+            QWheelEvent wheel({5, 5}, choice->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(choice, &wheel);
+            QCOMPARE(choice->currentIndex(), focused ? 1 : 0);
+            QCOMPARE(wheel.isAccepted(), focused);
+        }
+    }
+
     void aNewDialogIsItsLogicItsWindowAndOneLine() {
         using Act = void (*)(QDialog&);
         const Act ok = [](QDialog& window) { QTest::keyClick(control<QLineEdit>(window, "txtNote"), Qt::Key_Return); };

@@ -78,6 +78,24 @@ class ZoomEdits : public testkit::ZoomTest {
     links::CanvasLinks links;
 };
 
+TEST_F(ZoomEdits, ADeletedOutputLeavesNoMirrorInOrBesideTheView) {
+    for (const char* line : {"A1.IN.X <- 2 A2 A2.OUT.A1.O12", "A2.OUT.A1.O12 -> 2 A1 A1.IN.X"}) {
+        graph.add(line);
+    }
+    FunctionProperties& function = *graph.activity("A2").Act_Functions->Item("F1");
+    ASSERT_EQ(function.Function_Outputs->Item("O1")->RegulatorFor.count(), 1);
+    open("A3");  // beside A2; its functions and what else it feeds are not shown
+    remove(node("A2.OUT.A1.O12"));
+    zoom::ApplyZoomChanges(*form, false);
+    ActivityProperties& owner = graph.activity("A2");
+    EXPECT_EQ(owner.Act_Outputs->Item("A1.O12"), nullptr);
+    EXPECT_EQ(graph.activity("A1").Act_Inputs->Item("X")->ProvidedFrom.count(), 0);
+    for (const char* key : {"F1", "A2.F2"}) {
+        EXPECT_EQ(owner.Act_Functions->Item(key)->Function_Outputs->Item("O1")->RegulatorFor.count(), 0) << key;
+    }
+    EXPECT_EQ(testkit::CanvasFaults::ofScenario(design), testkit::CanvasFaults::Lines{});
+}
+
 TEST_F(ZoomEdits, NothingIsDrawnAtASecondCopy) {
     edge("A2", "RS4");
     edge("A2", "A2");

@@ -109,6 +109,7 @@ TEST_F(ZoomSight, RoomIsOfferedWhileAMemberStandsOnTheWrongSide) {
     EXPECT_EQ(form->offer()->words, "Some boxes stand on the wrong side of what they are joined with.");
     form->answerOffer(true);
     EXPECT_FALSE(form->offer());
+    EXPECT_GE(node("A2.IN.AU_ID").Left() - node("A1.OUT.AU_ID").box().right(), 600) << "an arrow is seen there";
     EXPECT_EQ(zoom::disorderOf(*form), zoom::Disorder::none);
     // What is unfolded at its place in the plan stands wrong again, until that was turned down.
     for (const bool offered : {true, false}) {

@@ -1,6 +1,7 @@
 #include "qt/forms/fields.h"
 
 #include <QPainter>
+#include <QWheelEvent>
 
 #include "qt/theme/theme.h"
 
@@ -11,6 +12,21 @@ namespace {
 constexpr int kFieldWidth = 240;
 constexpr int kFieldHeight = 28;  // as buttons
 constexpr int kTypeRow = 28;
+
+/// The wheel on its way over an untouched box scrolls what is around it, and changes nothing that nobody looks at.
+class ChoiceBox : public QComboBox {
+  public:
+    explicit ChoiceBox(QWidget* parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) {
+            QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
 
 }  // namespace
 
@@ -45,7 +61,7 @@ QString withLetter(QString caption, QLatin1Char letter) {
 }
 
 QComboBox* newChoice(const QString& name, QWidget* parent) {
-    auto* choice = new QComboBox(parent);
+    auto* choice = new ChoiceBox(parent);
     choice->setObjectName(name);
     choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choice->setMinimumSize(kFieldWidth, kFieldHeight);
