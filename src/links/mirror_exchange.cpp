@@ -1,5 +1,9 @@
 #include "links/mirror_exchange.h"
 
+#include <string>
+#include <unordered_set>
+#include <vector>
+
 #include "links/link_mirrors.h"
 
 namespace orvent::links {
@@ -67,9 +71,23 @@ void MirrorExchange::come(RecordSetProperties& recordSet) {
 }
 
 void MirrorExchange::finish() {
+    // Some may be gone by now: a function that waits beside its activity takes its own mirrors with it. So the lists
+    // are asked for what they still have.
     const auto removeAll = [](auto& mirrors) {
-        for (const auto& [link, list] : mirrors) {
-            list->Remove(std::string(link->key()));
+        std::unordered_set<decltype(mirrors.begin()->second)> lists;
+        for (const auto& [_, list] : mirrors) {
+            lists.insert(list);
+        }
+        for (auto* list : lists) {
+            std::vector<std::string> keys;
+            for (const auto& link : *list) {
+                if (mirrors.contains(&link)) {
+                    keys.push_back(link.key());
+                }
+            }
+            for (const std::string& key : keys) {
+                list->Remove(key);
+            }
         }
         mirrors.clear();
     };

@@ -23,7 +23,7 @@ class MirrorExchange {
     void finish();
 
   private:
-    /// Mirrors that were left, each with the list in which it stands.
+    /// Mirrors that were left, each with the list in which it stands. They may go before `finish`, the lists may not.
     template <class Link>
     using Mirrors = std::unordered_map<const Link*, entities::LinkCollection<Link>*>;
 
