@@ -171,9 +171,9 @@ TEST_F(ChangedElsewhereTest, WhatASaveSaysIsTrue) {
             editAtRandom(drawn, below);
             continue;
         }
-        if (below(8) == 0 && drawn.ScenarioID != 0) {
+        if (const std::int16_t ScenarioID = drawn.ScenarioID; below(8) == 0 && ScenarioID != 0) {
             program.form = newForm("");
-            if (!program.loadSave.LoadScenario(*program.form, drawn.ScenarioID)) {
+            if (!program.loadSave.LoadScenario(*program.form, ScenarioID)) {
                 program.form = graph("Again" + std::to_string(step));
             }
             continue;
