@@ -1,6 +1,7 @@
 #include "links/check_consistency.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
@@ -111,21 +112,31 @@ class JoinedNodes {
     }
     /// The names of those that `others` has not, or not as often.
     std::vector<EdgeNames> beyond(const JoinedNodes& others, const canvas::Canvas& form) const {
-        std::map<Nodes, int> left;
-        for (const Nodes& nodes : others.joined_) {
-            ++left[nodes];
+        std::vector<Nodes> only, mine = joined_, theirs = others.joined_;
+        std::sort(mine.begin(), mine.end());
+        std::sort(theirs.begin(), theirs.end());
+        std::set_difference(mine.begin(), mine.end(), theirs.begin(), theirs.end(), std::back_inserter(only));
+        std::map<Nodes, int> wanted;  // few, as a rule
+        for (const Nodes& nodes : only) {
+            ++wanted[nodes];
         }
         std::vector<EdgeNames> result;
-        for (const Nodes& nodes : joined_) {
-            if (left[nodes]-- > 0) {
+        // Of edges between the same nodes the last ones; the others are as before.
+        for (auto nodes = joined_.rbegin(); nodes != joined_.rend() && !wanted.empty(); ++nodes) {
+            const auto found = wanted.find(*nodes);
+            if (found == wanted.end()) {
                 continue;
+            }
+            if (--found->second == 0) {
+                wanted.erase(found);
             }
             const auto name = [&form](std::int32_t number) {
                 const LabelsD* node = form.Labels.byIndex(number);
                 return node ? node->Caption() : std::string();
             };
-            result.push_back({name(nodes.first), name(nodes.second)});
+            result.push_back({name(nodes->first), name(nodes->second)});
         }
+        std::reverse(result.begin(), result.end());
         return result;
     }
 
