@@ -38,7 +38,10 @@ std::string lackOf(const LabelsD& node) {
     append(lack, activity->Act_Type < 0 ? "no type" : "");
     bool fed = false;
     for (const entities::AttributeProperties& input : activity->Act_Inputs) {
-        fed = fed || input.ProvidedFrom.count() > 0;
+        if (input.ProvidedFrom.count() > 0) {
+            fed = true;
+            break;  // it is asked at every painting
+        }
     }
     lack += fed ? "" : lack.empty() ? "no source" : " and no source";
     return lack;

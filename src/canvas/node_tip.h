@@ -17,9 +17,8 @@ struct NodeTip {
     std::string lack;  ///< `lackOf`
 };
 
-/// What an activity that is shown as ready has not yet: "no type", "no source" or
-/// "no type and no source"; empty for every other node. Its
-/// inputs have no source while nothing feeds any of them.
+/// What an activity that is shown as ready has not yet: "no type", "no source" or "no type and no source"; empty for
+/// every other node. Its inputs have no source while nothing feeds any of them.
 std::string lackOf(const LabelsD& node);
 
 /// `type` is the catalogue's name of the node's type, empty for none.
