@@ -104,7 +104,7 @@ class ZoomStep {
                        }});
         player_.expect(!form_->unapplied(), "the changes were not applied");
         player_.picture(window_, "zoom-applied");
-        const canvas::DrawForm& design = form_->ParForm;
+        const canvas::DrawForm& design = form_->ParForm();
         player_.during("close the zoom", [&] { frame_.run(Command::closeScenario); }, {[&](QWidget& box) {
                            player_.picture(box, "zoom-closing");
                            Player::press(box, "Yes");

@@ -4,8 +4,8 @@
 
 #include "bench/graphs.h"
 #include "bench/zoom/star.h"
+#include "zoom/build_view.h"
 #include "zoom/relationship_rules.h"
-#include "zoom/zoom_view.h"
 
 namespace orvent::bench {
 
@@ -33,8 +33,7 @@ struct Stage {
 
     zoom::ZoomForm& open() {
         form.reset();
-        form = std::make_unique<zoom::ZoomForm>(
-            zoom::ZoomServices{{messages, settings}, catalogue, progress, relationships}, design);
+        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{{messages, settings}, catalogue, progress}, design);
         zoom::buildZoomView(*form, *design.Labels.byIndex(central));
         return *form;
     }
@@ -43,7 +42,6 @@ struct Stage {
     canvas::CanvasSettings settings;
     entities::CatalogueTables catalogue;
     NoProgress progress;
-    zoom::RelationshipRules relationships;
     canvas::DrawForm design;
     std::int32_t central = 0;
     std::unique_ptr<zoom::ZoomForm> form;

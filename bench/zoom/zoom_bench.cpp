@@ -12,6 +12,7 @@
 #include "bench/zoom/stage.h"
 #include "links/check_consistency.h"
 #include "links/synchronize_functions.h"
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/path_light.h"
 #include "zoom/view_filters.h"

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "links/unsynchronize_functions.h"
+#include "zoom/expansion.h"
 #include "zoom/member_ties.h"
-#include "zoom/unfolding.h"
 #include "zoom/waiting_functions.h"
 
 namespace orvent::editors {
@@ -41,7 +41,7 @@ LabelsD* functionNode(canvas::Canvas& form, const std::string& key) {
 }
 
 const LabelsD* ownerOfFunction(const canvas::Canvas& form, const LabelsD& node) {
-    if (const auto* zoom = dynamic_cast<const zoom::ZoomForm*>(&form)) {
+    if (const auto* zoom = dynamic_cast<const zoom::ZoomView*>(&form)) {
         if (const LabelsD* awaited = zoom::awaitedActivity(*zoom, node)) {
             return awaited;
         }
@@ -50,15 +50,15 @@ const LabelsD* ownerOfFunction(const canvas::Canvas& form, const LabelsD& node) 
     return owner && owner->activity() ? owner : nullptr;
 }
 
-// In a view the activity is folded, and a function's node waits for it with a record of its own.
+// In a view the activity is collapsed, and a function's node waits for it with a record of its own.
 void bindFunctionNode(canvas::CanvasForm& form, LabelsD& node, LabelsD& activity,
                       const std::shared_ptr<FunctionProperties>& function) {
-    auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form);
+    auto* zoom = dynamic_cast<zoom::ZoomView*>(&form);
     if (!zoom) {
         node.Properties = function;
         return;
     }
-    zoom::Unfolding(*zoom, node, zoom::FoldedOrder::kept).collapseFunction();
+    zoom::Expansion(*zoom, node, zoom::CollapsedOrder::kept).collapseFunction();
     links::UnSynchronizeFunction(form, *node.entity<FunctionProperties>(), false, nullptr);
     node.Properties = function->Clone();
     letWait(*zoom, node, activity);
@@ -68,7 +68,7 @@ void freeFunctionNode(canvas::CanvasForm& form, LabelsD& node, LabelsD& activity
     removeEdges(form, node, activity);
     FunctionProperties& freed = *node.entity<FunctionProperties>();
     zoom::forgetRows(freed);
-    if (auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form)) {
+    if (auto* zoom = dynamic_cast<zoom::ZoomView*>(&form)) {
         zoom->waiting.erase(node.Index());
         DetachFunction(*zoom, node, &activity);
         return;

@@ -53,20 +53,20 @@ const ItemWords* wordsOf(const LabelsD& node) {
 }
 
 /// A constant's type is settled once something is regulated by it.
-bool mayChooseType(const zoom::ZoomForm& form, const LabelsD& node) {
+bool mayChooseType(const zoom::ZoomView& form, const LabelsD& node) {
     const auto* constant = node.NodeType() == canvas::NodeTypeConstant ? node.entity<ParameterProperties>() : nullptr;
     return constant ? constant->RegulatorFor.count() == 0 : zoom::standsAlone(form, node);
 }
 
 }  // namespace
 
-bool ItemProp::edits(const zoom::ZoomForm& form, const LabelsD& node) {
+bool ItemProp::edits(const zoom::ZoomView& form, const LabelsD& node) {
     const bool holdsEntity =
         node.entity<AttributeProperties>() || node.entity<ParameterProperties>() || node.entity<FunctionProperties>();
     return wordsOf(node) && holdsEntity && form.bearsName(node);
 }
 
-ItemProp::ItemProp(zoom::ZoomForm& form, LabelsD& node, FunctionTypeSource& functionTypes)
+ItemProp::ItemProp(zoom::ZoomView& form, LabelsD& node, FunctionTypeSource& functionTypes)
     : Editor(form.messages()),
       words(*wordsOf(node)),
       TypesInUse(mayChooseType(form, node)),

@@ -10,7 +10,7 @@
 #include "entities/name_tables.h"
 #include "entities/type_records.h"
 #include "forms/editor.h"
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::editors {
 
@@ -39,9 +39,9 @@ struct ItemWords {
 class ItemProp : public forms::Editor {
   public:
     /// Whether the node has such a dialog. What only repeats another node of the view is edited at that one.
-    static bool edits(const zoom::ZoomForm& form, const canvas::LabelsD& node);
+    static bool edits(const zoom::ZoomView& form, const canvas::LabelsD& node);
 
-    ItemProp(zoom::ZoomForm& form, canvas::LabelsD& node, entities::FunctionTypeSource& functionTypes);
+    ItemProp(zoom::ZoomView& form, canvas::LabelsD& node, entities::FunctionTypeSource& functionTypes);
 
     const ItemWords& words;
     std::string txtName;
@@ -70,7 +70,7 @@ class ItemProp : public forms::Editor {
     std::string keyOf(const std::string& name) const { return head_ + name; }
     void markChanged();
 
-    zoom::ZoomForm& form_;
+    zoom::ZoomView& form_;
     canvas::LabelsD& node_;
     entities::FunctionTypeSource& functionTypes_;
     std::vector<std::int16_t> indices_;  ///< of the types, in the catalogue

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::editors {
 
 bool isTakenBeyond(canvas::CanvasForm& form, const canvas::LabelsD& node, const std::string& name) {
-    const auto* zoom = dynamic_cast<const zoom::ZoomForm*>(&form);
-    const canvas::LabelsD* taker = zoom ? zoom->ParForm.nodeNamed(name) : nullptr;
+    const auto* zoom = dynamic_cast<const zoom::ZoomView*>(&form);
+    const canvas::LabelsD* taker = zoom ? zoom->ParForm().nodeNamed(name) : nullptr;
     if (!taker) {
         return false;
     }

@@ -18,8 +18,8 @@
 
 namespace orvent::editors {
 
-/// What a dialog over a zoom view asks of it: its node is folded while the dialog is open, so that its entity holds all
-/// its members, and unfolded when it closes. In a design window both do nothing.
+/// What a dialog over a zoom view asks of it: its node is collapsed while the dialog is open, so that its entity holds
+/// all its members, and expanded when it closes. In a design window both do nothing.
 class NodePreparation {
   public:
     virtual ~NodePreparation() = default;

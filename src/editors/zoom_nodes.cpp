@@ -7,25 +7,26 @@
 namespace orvent::editors {
 
 void ZoomNodes::prepare(canvas::CanvasForm& form, canvas::LabelsD& node) {
-    if (auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form)) {
-        zoom::Unfolded before(*zoom);
-        foldNode(*zoom, node);
-        folded_.insert_or_assign(&form, Folded{std::move(before), zoom::DrawnMembers(*zoom, node), node.Properties});
+    if (auto* zoom = dynamic_cast<zoom::ZoomView*>(&form)) {
+        zoom::ExpandedState before(*zoom);
+        CollapseForAWhile(*zoom, node);
+        collapsed_.insert_or_assign(&form,
+                                    Collapsed{std::move(before), zoom::DrawnMembers(*zoom, node), node.Properties});
     }
 }
 
 void ZoomNodes::refresh(canvas::CanvasForm& form, canvas::LabelsD& node) {
-    auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form);
-    const auto folded = folded_.extract(&form);
-    if (!zoom || folded.empty()) {
+    auto* zoom = dynamic_cast<zoom::ZoomView*>(&form);
+    const auto collapsed = collapsed_.extract(&form);
+    if (!zoom || collapsed.empty()) {
         return;
     }
     const bool ready = node.Ready();
-    folded.mapped().drawn.restore(*zoom, node);
-    folded.mapped().before.restore(*zoom);
+    collapsed.mapped().drawn.restore(*zoom, node);
+    collapsed.mapped().before.restore(*zoom);
     node.setReady(ready);
     refreshFilters(*zoom);
-    if (node.Properties != folded.mapped().entity) {
+    if (node.Properties != collapsed.mapped().entity) {
         zoom->touch();  // the dialog gave it another record
     }
 }

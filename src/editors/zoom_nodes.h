@@ -4,24 +4,24 @@
 
 #include "editors/set_act_prop.h"
 #include "zoom/drawn_members.h"
-#include "zoom/unfolded.h"
+#include "zoom/expanded_state.h"
 
 namespace orvent::editors {
 
-/// Folds the node of a zoom view while its dialog is open, and unfolds it as it was. A view takes no input meanwhile,
-/// so there is one such node of each at a time.
+/// Collapses the node of a zoom view while its dialog is open, and expands it as it was. A view takes no input
+/// meanwhile, so there is one such node of each at a time.
 class ZoomNodes : public NodePreparation {
   public:
     void prepare(canvas::CanvasForm& form, canvas::LabelsD& node) override;
     void refresh(canvas::CanvasForm& form, canvas::LabelsD& node) override;
 
   private:
-    struct Folded {
-        zoom::Unfolded before;
+    struct Collapsed {
+        zoom::ExpandedState before;
         zoom::DrawnMembers drawn;
         canvas::NodeProperties entity;  ///< as the dialog opened
     };
-    std::unordered_map<const canvas::CanvasForm*, Folded> folded_;
+    std::unordered_map<const canvas::CanvasForm*, Collapsed> collapsed_;
 };
 
 }  // namespace orvent::editors

@@ -124,7 +124,7 @@ class Search {
         if (!expanded) {
             if (const Entity* item = list ? list->Item(key) : nullptr) {
                 setEntity(far, item);
-                far.node = shownNode(*item);  // it may have been drawn at its owner while the others are folded
+                far.node = shownNode(*item);  // it may have been drawn at its owner while the others are collapsed
             }
         } else if (const canvas::LabelsD* node = form_.nodeNamed(nodeKey)) {
             setEntity(far, node->entity<Entity>());

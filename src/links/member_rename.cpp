@@ -109,25 +109,13 @@ void replayIn(canvas::Canvas& Form, Lazy<List>& list, const Rename& rename) {
 }
 
 void replayMember(canvas::Canvas& Form, ActivityProperties& activity, const Rename& rename) {
-    FunctionProperties* function = rename.function.empty() ? nullptr : activity.Act_Functions->Item(rename.function);
-    if (!function && (rename.kind == KindFunctionInput || rename.kind == KindFunctionOutput)) {
-        return;
-    }
-    switch (rename.kind) {
-        case KindInput:
-            return replayIn(Form, activity.Act_Inputs, rename);
-        case KindOutput:
-            return replayIn(Form, activity.Act_Outputs, rename);
-        case KindParameter:
-            return replayIn(Form, activity.Act_Parameters, rename);
-        case KindFunction:
-            return replayIn(Form, activity.Act_Functions, rename);
-        case KindFunctionInput:
-            return replayIn(Form, function->Function_Inputs, rename);
-        case KindFunctionOutput:
-            return replayIn(Form, function->Function_Outputs, rename);
-        default:
-            return;
+    const auto replay = [&](auto& list, NodeKindCode) { replayIn(Form, list, rename); };
+    if (rename.kind == KindFunction) {
+        replayIn(Form, activity.Act_Functions, rename);
+    } else if (rename.function.empty()) {
+        withList(activity, rename.kind, replay);
+    } else if (FunctionProperties* function = activity.Act_Functions->Item(rename.function)) {
+        withList(*function, rename.kind, replay);
     }
 }
 

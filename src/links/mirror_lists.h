@@ -2,6 +2,7 @@
 
 #include <type_traits>
 
+#include "entities/members.h"
 #include "links/far_end.h"
 
 namespace orvent::links {
@@ -61,37 +62,11 @@ void eachMirrorList(canvas::Canvas& Form, Entity& entity, entities::ActivityProp
     });
 }
 
-// The members that may have links, of whatever owns some: `step(attribute or parameter)`.
+// What may have links, of an owner or of a member alone: `step(attribute or parameter)`.
 
-template <class Step>
-void eachLinked(entities::FunctionProperties& function, Step step) {
-    for (entities::ParameterProperties& input : function.Function_Inputs) {
-        step(input);
-    }
-    for (entities::ParameterProperties& output : function.Function_Outputs) {
-        step(output);
-    }
-}
-template <class Step>
-void eachLinked(entities::ActivityProperties& activity, Step step) {
-    for (entities::AttributeProperties& input : activity.Act_Inputs) {
-        step(input);
-    }
-    for (entities::AttributeProperties& output : activity.Act_Outputs) {
-        step(output);
-    }
-    for (entities::ParameterProperties& parameter : activity.Act_Parameters) {
-        step(parameter);
-    }
-    for (entities::FunctionProperties& function : activity.Act_Functions) {
-        eachLinked(function, step);
-    }
-}
-template <class Step>
-void eachLinked(entities::RecordSetProperties& recordSet, Step step) {
-    for (entities::AttributeProperties& attribute : recordSet.RecordSet_Outputs) {
-        step(attribute);
-    }
+template <class Owner, class Step>
+void eachLinked(Owner& owner, Step step) {
+    entities::eachMember(owner, step);
 }
 template <class Step>
 void eachLinked(entities::AttributeProperties& attribute, Step step) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "links/kept_mirrors.h"
+#include "links/members.h"
 
 namespace orvent::links {
 
@@ -35,13 +36,11 @@ class Renaming {
     Renaming(std::string formerName, std::string newName) : former_(std::move(formerName)), new_(std::move(newName)) {}
 
     /// Attributes and parameters of the activity itself.
-    template <class List, class Name, class Relink>
-    void members(Lazy<List>& list, Name name, Relink relink) {
+    template <class List>
+    void members(Lazy<List>& list) {
         for (auto& held : taken(list)) {
             held->ParentKeyName = new_;
-            if (name && (held.get()->*name).starts_with(former_ + ".")) {
-                held.get()->*name = withNewHead(held.get()->*name, former_, new_);
-            }
+            nameOf(*held) = withNewHead(nameOf(*held), former_, new_);
             held->Key = withNewHead(held->Key, former_, new_);
             relink(*held);
             held->Changed = true;
@@ -55,30 +54,22 @@ class Renaming {
             function.setParentKeyName(new_);
             function.Function_Key = withNewHead(function.Function_Key, former_, new_);
             function.Changed = true;
-            for (Lazy<FunctionParameters>* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
-                for (ParameterProperties& parameter : *parameters) {
-                    parameter.ParentKeyName = withNewHead(parameter.ParentKeyName, former_, new_);
-                    regulators(parameter);
-                    parameter.Changed = true;
-                }
-            }
+            eachMember(function, [&](ParameterProperties& parameter) {
+                parameter.ParentKeyName = withNewHead(parameter.ParentKeyName, former_, new_);
+                relink(parameter);
+                parameter.Changed = true;
+            });
             list->append(held, function.Function_Key);
         }
     }
 
-    template <class Entity>
-    void regulators(Entity& entity) {
-        links(entity.RegulatedFrom);
-        links(entity.RegulatorFor);
-    }
-    void all(AttributeProperties& attribute) {
-        links(attribute.ProvidedFrom);
-        links(attribute.ProviderFor);
-        regulators(attribute);
-    }
-
   private:
     bool names(const std::string& name) const { return name == former_ || name.starts_with(former_ + "."); }
+
+    template <class Entity>
+    void relink(Entity& entity) {
+        eachLinkList(entity, [this](Direction, auto& present) { links(present); });
+    }
 
     /// A link that names the activity, or a function of it, keeps its place.
     template <class Link>
@@ -114,11 +105,7 @@ class Renaming {
 
 void renameActivity(ActivityProperties& activity, const std::string& formerName, const std::string& newName) {
     Renaming renaming(formerName, newName);
-    const auto all = [&](AttributeProperties& attribute) { renaming.all(attribute); };
-    const auto regulators = [&](ParameterProperties& parameter) { renaming.regulators(parameter); };
-    renaming.members(activity.Act_Inputs, &AttributeProperties::Attribute_Name, all);
-    renaming.members(activity.Act_Outputs, &AttributeProperties::Attribute_Name, all);
-    renaming.members(activity.Act_Parameters, &ParameterProperties::Parameter_Name, regulators);
+    eachList(activity, [&](auto& list, NodeKindCode) { renaming.members(list); });
     renaming.functions(activity.Act_Functions);
     if (activity.Act_Inputs.count() > 0) {
         activity.Act_Inputs->Changed = true;

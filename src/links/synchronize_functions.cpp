@@ -1,5 +1,6 @@
 #include "links/synchronize_functions.h"
 
+#include "entities/members.h"
 #include "links/link_mirrors.h"
 
 namespace orvent::links {
@@ -8,13 +9,9 @@ using namespace entities;
 
 namespace {
 
-template <class Collection>
-void writeAll(canvas::Canvas& Form, Lazy<Collection>& items, ActivityProperties* InDialog) {
-    if (Collection* present = items.peek()) {
-        for (auto& item : *present) {
-            mirrorLinks(Work::Write, Form, item, InDialog);
-        }
-    }
+template <class Owner>
+void writeAll(canvas::Canvas& Form, Owner& owner, ActivityProperties* InDialog) {
+    eachMember(owner, [&](auto& member) { mirrorLinks(Work::Write, Form, member, InDialog); });
 }
 
 }  // namespace
@@ -28,23 +25,15 @@ void SynchronizeParameter(canvas::Canvas& Form, ParameterProperties& parameter, 
 }
 
 void SynchronizeFunction(canvas::Canvas& Form, FunctionProperties& function, ActivityProperties* InDialog) {
-    writeAll(Form, function.Function_Inputs, InDialog);
-    writeAll(Form, function.Function_Outputs, InDialog);
+    writeAll(Form, function, InDialog);
 }
 
 void SynchronizeActivity(canvas::Canvas& Form, ActivityProperties& activity, ActivityProperties* InDialog) {
-    writeAll(Form, activity.Act_Inputs, InDialog);
-    writeAll(Form, activity.Act_Outputs, InDialog);
-    writeAll(Form, activity.Act_Parameters, InDialog);
-    if (Act_FunctionsCollection* functions = activity.Act_Functions.peek()) {
-        for (FunctionProperties& function : *functions) {
-            SynchronizeFunction(Form, function, InDialog);
-        }
-    }
+    writeAll(Form, activity, InDialog);
 }
 
 void SynchronizeRecordSet(canvas::Canvas& Form, RecordSetProperties& recordSet) {
-    writeAll(Form, recordSet.RecordSet_Outputs, nullptr);
+    writeAll(Form, recordSet, nullptr);
 }
 
 void SynchronizeProvidedFrom(canvas::Canvas& Form, const NearEnd& E, ProviderProperties& Link,

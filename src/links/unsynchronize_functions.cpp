@@ -1,6 +1,8 @@
 #include "links/unsynchronize_functions.h"
 
+#include "entities/members.h"
 #include "links/link_mirrors.h"
+#include "links/mirror_lists.h"
 
 namespace orvent::links {
 
@@ -15,30 +17,18 @@ void clear(Lazy<Links>& links) {
     }
 }
 
-void erase(canvas::Canvas& Form, AttributeProperties& attribute, bool ClearLinks, ActivityProperties* InDialog) {
-    mirrorLinks(Work::Erase, Form, attribute, InDialog);
+template <class Member>
+void erase(canvas::Canvas& Form, Member& member, bool ClearLinks, ActivityProperties* InDialog) {
+    mirrorLinks(Work::Erase, Form, member, InDialog);
     if (ClearLinks) {
-        clear(attribute.ProvidedFrom);
-        clear(attribute.ProviderFor);
-        clear(attribute.RegulatedFrom);
-        clear(attribute.RegulatorFor);
+        eachLinkList(member, [](Direction, auto& links) { clear(links); });
     }
 }
 
-void erase(canvas::Canvas& Form, ParameterProperties& parameter, bool ClearLinks, ActivityProperties* InDialog) {
-    mirrorLinks(Work::Erase, Form, parameter, InDialog);
-    if (ClearLinks) {
-        clear(parameter.RegulatedFrom);
-        clear(parameter.RegulatorFor);
-    }
-}
-
-template <class Collection>
-void eraseAll(canvas::Canvas& Form, Lazy<Collection>& items, bool ClearLinks, ActivityProperties* InDialog) {
-    if (Collection* present = items.peek()) {
-        for (auto& item : *present) {
-            erase(Form, item, ClearLinks, InDialog);
-        }
+template <class List>
+void eraseAll(canvas::Canvas& Form, List& members, bool ClearLinks, ActivityProperties* InDialog) {
+    for (auto& member : members) {
+        erase(Form, member, ClearLinks, InDialog);
     }
 }
 
@@ -56,21 +46,18 @@ void UnSynchronizeParameter(canvas::Canvas& Form, ParameterProperties& parameter
 
 void UnSynchronizeFunction(canvas::Canvas& Form, FunctionProperties& function, bool ClearLinks,
                            ActivityProperties* InDialog) {
-    eraseAll(Form, function.Function_Inputs, ClearLinks, InDialog);
-    eraseAll(Form, function.Function_Outputs, ClearLinks, InDialog);
+    eachList(function, [&](auto& list, NodeKindCode) { eraseAll(Form, list, ClearLinks, InDialog); });
 }
 
 void UnSynchronizeActivity(canvas::Canvas& Form, ActivityProperties& activity, bool ClearLinks,
                            ActivityProperties* InDialog) {
     // Functions go first; synchronising takes them last.
-    if (Act_FunctionsCollection* functions = activity.Act_Functions.peek()) {
-        for (FunctionProperties& function : *functions) {
-            UnSynchronizeFunction(Form, function, ClearLinks, InDialog);
-        }
+    for (FunctionProperties& function : activity.Act_Functions) {
+        UnSynchronizeFunction(Form, function, ClearLinks, InDialog);
     }
-    eraseAll(Form, activity.Act_Outputs, ClearLinks, InDialog);
-    eraseAll(Form, activity.Act_Parameters, ClearLinks, InDialog);
-    eraseAll(Form, activity.Act_Inputs, ClearLinks, InDialog);
+    for (const NodeKindCode kind : {KindOutput, KindParameter, KindInput}) {
+        withList(activity, kind, [&](auto& list, NodeKindCode) { eraseAll(Form, list, ClearLinks, InDialog); });
+    }
 }
 
 void UnSynchronizeRecordSet(canvas::Canvas& Form, RecordSetProperties& recordSet, bool ClearLinks,

@@ -24,7 +24,7 @@ class Awake {
 }  // namespace
 
 void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) {
-    auto* zoom = dynamic_cast<zoom::ZoomForm*>(&form);
+    auto* zoom = dynamic_cast<zoom::ZoomView*>(&form);
     if (zoom && !zoom->bearsName(node)) {
         return;  // it repeats another node, and is edited there
     }

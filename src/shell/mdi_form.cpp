@@ -8,7 +8,7 @@
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/sample_scenario.h"
-#include "zoom/zoom_view.h"
+#include "zoom/build_view.h"
 
 namespace orvent::shell {
 
@@ -201,8 +201,7 @@ void MDIForm1::ZoomActivity(int Slot, std::int32_t NodeIndex) {
         }
     }
     auto form = std::make_unique<zoom::ZoomForm>(
-        zoom::ZoomServices{{ports_.messages, options_.canvas}, catalogue_.tables, ports_.progress, relationships_},
-        *design);
+        zoom::ZoomServices{{ports_.messages, options_.canvas}, catalogue_.tables, ports_.progress}, *design);
     form->setSight(options_.sight);
     zoom::buildZoomView(*form, *node);
     const zoom::ZoomForm& shown = *form;

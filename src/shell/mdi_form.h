@@ -29,7 +29,6 @@
 #include "shell/wizard_window.h"
 #include "statements/ldl_form.h"
 #include "statements/ldl_scenario.h"
-#include "zoom/relationship_rules.h"
 #include "zoom/zoom_form.h"
 
 namespace orvent::shell {
@@ -144,7 +143,6 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     int currentGroup_ = 1;
     editors::ZoomNodes nodes_;
     CanvasDialogs dialogs_;
-    zoom::RelationshipRules relationships_;
     links::CanvasLinks links_;
     MetricsScenarios<kSlots> metricsScenarios_;
 

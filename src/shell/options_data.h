@@ -7,7 +7,7 @@
 #include "platform/program_folder.h"
 #include "platform/settings_store.h"
 #include "repository/login_values.h"
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::shell {
 

@@ -10,11 +10,11 @@
 #include "links/mirror_exchange.h"
 #include "links/synchronize_functions.h"
 #include "links/unsynchronize_functions.h"
+#include "zoom/build_view.h"
+#include "zoom/expanded_state.h"
 #include "zoom/rename_node.h"
-#include "zoom/unfolded.h"
 #include "zoom/view_filters.h"
 #include "zoom/waiting_functions.h"
-#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
@@ -29,8 +29,8 @@ namespace {
 /// one holds of the other goes with it.
 class Former {
   public:
-    explicit Former(ZoomForm& form) {
-        form.eachFirstCopy([&](LabelsD&, LabelsD& design) {
+    explicit Former(ZoomView& view) {
+        view.eachFirstCopy([&](LabelsD&, LabelsD& design) {
             held_.push_back(std::exchange(design.Properties, canvas::NodeProperties()));
         });
     }
@@ -86,10 +86,10 @@ void come(MirrorExchange& exchange, LabelsD& node) {
 
 /// Functions that no activity has do not come into the scenario, and neither may links to them.
 template <class Step>
-void eachFreeFunction(ZoomForm& form, Step step) {
-    for (LabelsD& node : form.Labels) {
+void eachFreeFunction(ZoomView& view, Step step) {
+    for (LabelsD& node : view.Labels) {
         auto* function = node.entity<FunctionProperties>();
-        if (function && standsAlone(form, node) && !awaitedActivity(form, node)) {
+        if (function && standsAlone(view, node) && !awaitedActivity(view, node)) {
             step(*function);
         }
     }
@@ -97,33 +97,33 @@ void eachFreeFunction(ZoomForm& form, Step step) {
 
 }  // namespace
 
-void ApplyZoomChanges(ZoomForm& form, bool ReExpand) {
-    const platform::Busy busy(form.progress());
-    const canvas::ManyChanges many(form);
-    const Unfolded unfolded(form);
-    bringUpAll(form);
-    eachFreeFunction(form, [&](FunctionProperties& free) { UnSynchronizeFunction(form, free, false, nullptr); });
-    form.eachPair([&](LabelsD& shown, const LabelsD&) { foldNode(form, shown); });
+void ApplyZoomChanges(ZoomView& view, bool ReExpand) {
+    const platform::Busy busy(view.progress());
+    const canvas::ManyChanges many(view);
+    const ExpandedState expanded(view);
+    bringUpAll(view);
+    eachFreeFunction(view, [&](FunctionProperties& free) { UnSynchronizeFunction(view, free, false, nullptr); });
+    view.eachPair([&](LabelsD& shown, const LabelsD&) { CollapseForAWhile(view, shown); });
     // All old entities leave before the first is replaced, and all are replaced before the first is linked again: so
     // the lists of links keep their order, beside the view as well as in it.
-    replayRenames(form.ParForm, form.renames);
-    MirrorExchange exchange(form.ParForm);
-    const Former former(form);
+    replayRenames(view.ParForm(), view.renames);
+    MirrorExchange exchange(view.ParForm());
+    const Former former(view);
     former.leave(exchange);
-    form.eachFirstCopy([&](LabelsD& shown, LabelsD& design) { replace(design, shown); });
-    form.eachFirstCopy([&](LabelsD&, LabelsD& design) { come(exchange, design); });
+    view.eachFirstCopy([&](LabelsD& shown, LabelsD& design) { replace(design, shown); });
+    view.eachFirstCopy([&](LabelsD&, LabelsD& design) { come(exchange, design); });
     exchange.finish();
-    form.eachPair([&](LabelsD& shown, const LabelsD& design) {
-        if (!form.bearsName(shown)) {
+    view.eachPair([&](LabelsD& shown, const LabelsD& design) {
+        if (!view.bearsName(shown)) {
             renew(shown, design);
         }
     });
-    form.applied();
+    view.applied();
     if (ReExpand) {
-        unfolded.restore(form);
-        eachFreeFunction(form, [&](FunctionProperties& free) { SynchronizeFunction(form, free, nullptr); });
+        expanded.restore(view);
+        eachFreeFunction(view, [&](FunctionProperties& free) { SynchronizeFunction(view, free, nullptr); });
     }
-    refreshFilters(form);
+    refreshFilters(view);
 }
 
 namespace {
@@ -169,8 +169,8 @@ void copyIds(const ActivityProperties& from, ActivityProperties& to) {
 
 // The nodes of members hold the very objects of the collections, so they have the identifiers at once; those of
 // functions that wait for their activity do not.
-void RefreshZoomIdentities(ZoomForm& form) {
-    form.eachFirstCopy([](LabelsD& shown, LabelsD& design) {
+void RefreshZoomIdentities(ZoomView& view) {
+    view.eachFirstCopy([](LabelsD& shown, LabelsD& design) {
         if (shown.activity() && design.activity()) {
             copyIds(*design.activity(), *shown.activity());
         } else if (shown.recordSet() && design.recordSet()) {
@@ -179,9 +179,9 @@ void RefreshZoomIdentities(ZoomForm& form) {
                     &AttributeProperties::SubNode_ID);
         }
     });
-    for (const auto& [node, activity] : form.waiting) {
-        LabelsD* function = form.Labels.byIndex(node);
-        if (const LabelsD* awaited = function ? awaitedActivity(form, *function) : nullptr) {
+    for (const auto& [node, activity] : view.waiting) {
+        LabelsD* function = view.Labels.byIndex(node);
+        if (const LabelsD* awaited = function ? awaitedActivity(view, *function) : nullptr) {
             copyIds(*awaited->activity(), *function->entity<FunctionProperties>());
         }
     }

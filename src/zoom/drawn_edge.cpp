@@ -13,32 +13,32 @@ bool sameKind(const LinesD& edge, const LinesD& other) {
 
 }  // namespace
 
-bool CheckDuplicateLine(canvas::Canvas& form, std::int32_t edge) {
-    const LinesD& drawn = *form.Lines.byIndex(edge);
-    const LabelsD* from = form.Labels.byIndex(drawn.FromLabel());
+bool CheckDuplicateLine(canvas::Canvas& view, std::int32_t edge) {
+    const LinesD& drawn = *view.Lines.byIndex(edge);
+    const LabelsD* from = view.Labels.byIndex(drawn.FromLabel());
     if (!from) {
         return true;
     }
     for (const std::int32_t number : from->StartingLines()) {
-        const LinesD* other = form.Lines.byIndex(number);
+        const LinesD* other = view.Lines.byIndex(number);
         if (number != edge && other && sameKind(drawn, *other)) {
-            form.Lines.RemoveFull(edge);
-            form.messages().tell("THIS LINE ALLREADY EXISTS!!", "", platform::Icon::warning);
+            view.Lines.RemoveFull(edge);
+            view.messages().tell("THIS LINE ALLREADY EXISTS!!", "", platform::Icon::warning);
             return false;
         }
     }
     return true;
 }
 
-void RejectRelationship(canvas::Canvas& form, std::int32_t edge) {
-    form.Lines.RemoveFull(edge);
-    form.messages().tell("This Relationship Is Not Valid!", "", platform::Icon::warning);
+void RejectRelationship(canvas::Canvas& view, std::int32_t edge) {
+    view.Lines.RemoveFull(edge);
+    view.messages().tell("This Relationship Is Not Valid!", "", platform::Icon::warning);
 }
 
-void FlipLine(canvas::Canvas& form, std::int32_t& edge) {
-    const std::unique_ptr<LinesD> former = form.Lines.RemoveFull(edge);
+void FlipLine(canvas::Canvas& view, std::int32_t& edge) {
+    const std::unique_ptr<LinesD> former = view.Lines.RemoveFull(edge);
     const LinesD* reverse =
-        form.Lines.addFullLine(former->ToLabel(), former->ToGrabbingPoint(), former->FromLabel(),
+        view.Lines.addFullLine(former->ToLabel(), former->ToGrabbingPoint(), former->FromLabel(),
                                former->FromGrabbingPoint(), former->EdgeType(), former->Angle(), former->Color());
     edge = reverse->Index();
 }

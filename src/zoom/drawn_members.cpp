@@ -1,10 +1,9 @@
 #include "zoom/drawn_members.h"
 
 #include <algorithm>
-#include <optional>
 
+#include "zoom/part_of.h"
 #include "zoom/relationship_matrix.h"
-#include "zoom/unfolding_parts.h"
 #include "zoom/waiting_functions.h"
 
 namespace orvent::zoom {
@@ -14,53 +13,44 @@ using canvas::LabelsD;
 
 namespace {
 
-std::optional<Members> listOf(NodeKindCode kind) {
-    switch (kind) {
-        case KindInput:
-            return Members::Inputs;
-        case KindOutput:
-            return Members::Outputs;
-        case KindParameter:
-            return Members::Parameters;
-        default:
-            return std::nullopt;
-    }
+bool isActivityMember(const RelationEnd& end) {
+    return end.kind() == KindInput || end.kind() == KindOutput || end.kind() == KindParameter;
 }
 
 }  // namespace
 
-DrawnMembers::DrawnMembers(ZoomForm& form, LabelsD& owner) {
-    if (!owner.activity() || !form.bearsName(owner)) {
+DrawnMembers::DrawnMembers(ZoomView& view, LabelsD& owner) {
+    if (!owner.activity() || !view.bearsName(owner)) {
         return;
     }
-    for (const std::int32_t edge : partOfEdges(form, owner)) {
-        LabelsD& node = *targetOf(form, edge);
+    for (const std::int32_t edge : partOfEdges(view, owner)) {
+        LabelsD& node = *targetOf(view, edge);
         const RelationEnd end(node);
         if (const auto* function = node.entity<FunctionProperties>();
             function && function->ParentKeyName() == owner.KeyName()) {
-            Unfolding(form, node, FoldedOrder::kept).collapseFunction();
-            form.order.giveBack(node);
-            letWait(form, node, owner);
-            form.Lines.RemoveFull(edge);
-        } else if (end.present() && end.parentKeyName() == owner.KeyName() && listOf(end.kind())) {
-            members_.push_back({*listOf(end.kind()), end.key(), node.box()});
-            form.Labels.Remove(node.Index());
+            Expansion(view, node, CollapsedOrder::kept).collapseFunction();
+            view.order.giveBack(node);
+            letWait(view, node, owner);
+            view.Lines.RemoveFull(edge);
+        } else if (end.present() && end.parentKeyName() == owner.KeyName() && isActivityMember(end)) {
+            members_.push_back({end.kind(), end.key(), node.box()});
+            view.Labels.Remove(node.Index());
         }
     }
     std::reverse(members_.begin(), members_.end());
 }
 
-void DrawnMembers::restore(ZoomForm& form, LabelsD& owner) const {
-    const std::int32_t active = form.ActiveLabel;
+void DrawnMembers::restore(ZoomView& view, LabelsD& owner) const {
+    const std::int32_t active = view.ActiveLabel;
     for (const Member& member : members_) {
-        if (LabelsD* node = Unfolding(form, owner).showAlone(member.list, member.key)) {
+        if (LabelsD* node = Expansion(view, owner).showAlone(member.kind, member.key)) {
             node->setBox(member.box);
         }
     }
-    if (owner.Index() != form.CentralActivityNo) {  // there they are unfolded with the others
-        Unfolding(form, owner).tieWaiting();
+    if (owner.Index() != view.CentralActivityNo) {  // there they are expanded with the others
+        Expansion(view, owner).tieWaiting();
     }
-    form.ActiveLabel = active;
+    view.ActiveLabel = active;
 }
 
 }  // namespace orvent::zoom

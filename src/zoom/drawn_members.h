@@ -3,24 +3,24 @@
 #include <string>
 #include <vector>
 
-#include "zoom/unfolding.h"
+#include "zoom/expansion.h"
 
 namespace orvent::zoom {
 
-/// What was drawn at an activity while its list is folded: such members have nodes of their own, and folding the
+/// What was drawn at an activity while its list is collapsed: such members have nodes of their own, and collapsing the
 /// activity leaves them. A dialog that gives the activity another record takes the nodes off the view, for they would
 /// go on showing what was replaced.
 class DrawnMembers {
   public:
-    /// Takes the nodes of a folded activity off; its functions wait.
-    DrawnMembers(ZoomForm& form, canvas::LabelsD& owner);
+    /// Takes the nodes of a collapsed activity off; its functions wait.
+    DrawnMembers(ZoomView& view, canvas::LabelsD& owner);
 
     /// Shows those again that the activity still has.
-    void restore(ZoomForm& form, canvas::LabelsD& owner) const;
+    void restore(ZoomView& view, canvas::LabelsD& owner) const;
 
   private:
     struct Member {
-        Members list;
+        entities::NodeKindCode kind;
         std::string key;
         canvas::Box box;
     };

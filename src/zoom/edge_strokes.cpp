@@ -3,7 +3,7 @@
 #include <map>
 #include <tuple>
 
-#include "zoom/unfolding.h"
+#include "zoom/expansion.h"
 
 namespace orvent::zoom {
 
@@ -26,11 +26,11 @@ bool isMade(const LinesD& edge) {
 
 }  // namespace
 
-EdgeStrokes::EdgeStrokes(const ZoomForm& form) {
-    for (const LinesD& edge : form.Lines) {
-        const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
-        const LabelsD* to = form.Labels.byIndex(edge.ToLabel());
-        if (from && to && !isMade(edge) && !runsAsDrawn(edge, *to) && form.bearsName(*from) && form.bearsName(*to)) {
+EdgeStrokes::EdgeStrokes(const ZoomView& view) {
+    for (const LinesD& edge : view.Lines) {
+        const LabelsD* from = view.Labels.byIndex(edge.FromLabel());
+        const LabelsD* to = view.Labels.byIndex(edge.ToLabel());
+        if (from && to && !isMade(edge) && !runsAsDrawn(edge, *to) && view.bearsName(*from) && view.bearsName(*to)) {
             strokes_.push_back({from->KeyName(),
                                 to->KeyName(),
                                 edge.EdgeType(),
@@ -42,16 +42,16 @@ EdgeStrokes::EdgeStrokes(const ZoomForm& form) {
     }
 }
 
-void EdgeStrokes::restore(ZoomForm& form) const {
+void EdgeStrokes::restore(ZoomView& view) const {
     using Ends = std::tuple<std::int32_t, std::int32_t, canvas::EdgeTypeCode>;
     std::map<Ends, const Stroke*> byEnds;
     for (const Stroke& stroke : strokes_) {
-        byEnds.emplace(Ends{form.NamesColl.Item(stroke.from), form.NamesColl.Item(stroke.to), stroke.kind}, &stroke);
+        byEnds.emplace(Ends{view.NamesColl.Item(stroke.from), view.NamesColl.Item(stroke.to), stroke.kind}, &stroke);
     }
     if (byEnds.empty()) {
         return;
     }
-    for (LinesD& edge : form.Lines) {
+    for (LinesD& edge : view.Lines) {
         const auto found = byEnds.find({edge.FromLabel(), edge.ToLabel(), edge.EdgeType()});
         if (found != byEnds.end()) {
             lead(edge, *found->second);

@@ -4,18 +4,18 @@
 #include <string>
 #include <vector>
 
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
-/// How edges run that a hand has led other than unfolding draws them, by the names of their ends: taken before nodes
-/// are folded for a while, and given back when they are unfolded again.
+/// How edges run that a hand has led other than expanding draws them, by the names of their ends: taken before nodes
+/// are collapsed for a while, and given back when they are expanded again.
 class EdgeStrokes {
   public:
-    explicit EdgeStrokes(const ZoomForm& form);
+    explicit EdgeStrokes(const ZoomView& view);
 
     /// Leads the edges that are there again as they ran. Linear in the edges of the view.
-    void restore(ZoomForm& form) const;
+    void restore(ZoomView& view) const;
 
   private:
     struct Stroke {

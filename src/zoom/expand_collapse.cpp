@@ -1,110 +1,111 @@
 #include "zoom/expand_collapse.h"
 
-#include "zoom/unfolding.h"
+#include "zoom/expansion.h"
 
 namespace orvent::zoom {
 
+using namespace entities;
 using canvas::LabelsD;
 
 namespace {
 
 /// Runs a step on a node with the wait pointer shown; nothing when there is no such node.
 template <class Step>
-void onNode(ZoomForm& form, std::int32_t index, Step step) {
-    const platform::Busy busy(form.progress());
-    if (LabelsD* node = form.Labels.byIndex(index)) {
-        step(*node, Unfolding(form, *node));
+void onNode(ZoomView& view, std::int32_t index, Step step) {
+    const platform::Busy busy(view.progress());
+    if (LabelsD* node = view.Labels.byIndex(index)) {
+        step(*node, Expansion(view, *node));
     }
 }
 
-void expand(ZoomForm& form, std::int32_t index, Members members) {
-    onNode(form, index, [&](LabelsD&, Unfolding unfolding) { unfolding.expand(members); });
+void expand(ZoomView& view, std::int32_t index, NodeKindCode kind) {
+    onNode(view, index, [&](LabelsD&, Expansion expansion) { expansion.expand(kind); });
 }
 
-void collapse(ZoomForm& form, std::int32_t index, Members members) {
-    onNode(form, index, [&](LabelsD&, Unfolding unfolding) { unfolding.collapse(members); });
+void collapse(ZoomView& view, std::int32_t index, NodeKindCode kind) {
+    onNode(view, index, [&](LabelsD&, Expansion expansion) { expansion.collapse(kind); });
 }
 
-void expandActivity(LabelsD& node, Unfolding unfolding) {
+void expandActivity(LabelsD& node, Expansion expansion) {
     if (!node.activity()) {
         return;
     }
-    for (const Members members : {Members::Inputs, Members::Outputs, Members::Parameters}) {
-        unfolding.expand(members);
+    for (const NodeKindCode kind : {KindInput, KindOutput, KindParameter}) {
+        expansion.expand(kind);
     }
-    unfolding.expandFunctions();
+    expansion.expandFunctions();
     node.Expanded = true;
 }
 
 }  // namespace
 
-void ExpandActivity(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, expandActivity);
+void ExpandActivity(ZoomView& view, std::int32_t node) {
+    onNode(view, node, expandActivity);
 }
-void CollapseActivity(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, [](LabelsD&, Unfolding unfolding) { unfolding.collapseActivity(); });
-}
-
-void ExpandInputs(ZoomForm& form, std::int32_t node) {
-    expand(form, node, Members::Inputs);
-}
-void ExpandOutputs(ZoomForm& form, std::int32_t node) {
-    expand(form, node, Members::Outputs);
-}
-void ExpandParameters(ZoomForm& form, std::int32_t node) {
-    expand(form, node, Members::Parameters);
-}
-void ExpandFunctions(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, [](LabelsD&, Unfolding unfolding) { unfolding.expandFunctions(); });
-}
-void ExpandFunction(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, [](LabelsD&, Unfolding unfolding) { unfolding.expandFunction(); });
-}
-void ExpandRecordSet(ZoomForm& form, std::int32_t node) {
-    expand(form, node, Members::RecordSet);
+void CollapseActivity(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseActivity(); });
 }
 
-void CollapseInputs(ZoomForm& form, std::int32_t node) {
-    collapse(form, node, Members::Inputs);
+void ExpandInputs(ZoomView& view, std::int32_t node) {
+    expand(view, node, KindInput);
 }
-void CollapseOutputs(ZoomForm& form, std::int32_t node) {
-    collapse(form, node, Members::Outputs);
+void ExpandOutputs(ZoomView& view, std::int32_t node) {
+    expand(view, node, KindOutput);
 }
-void CollapseParameters(ZoomForm& form, std::int32_t node) {
-    collapse(form, node, Members::Parameters);
+void ExpandParameters(ZoomView& view, std::int32_t node) {
+    expand(view, node, KindParameter);
 }
-void CollapseFunctions(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, [](LabelsD&, Unfolding unfolding) { unfolding.collapseFunctions(); });
+void ExpandFunctions(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.expandFunctions(); });
 }
-void CollapseFunction(ZoomForm& form, std::int32_t node) {
-    onNode(form, node, [](LabelsD&, Unfolding unfolding) { unfolding.collapseFunction(); });
+void ExpandFunction(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.expandFunction(); });
 }
-void CollapseRecordSet(ZoomForm& form, std::int32_t node) {
-    collapse(form, node, Members::RecordSet);
+void ExpandRecordSet(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.expandRecordSet(); });
 }
 
-void ExpandByPlace(ZoomForm& form, LabelsD& node) {
+void CollapseInputs(ZoomView& view, std::int32_t node) {
+    collapse(view, node, KindInput);
+}
+void CollapseOutputs(ZoomView& view, std::int32_t node) {
+    collapse(view, node, KindOutput);
+}
+void CollapseParameters(ZoomView& view, std::int32_t node) {
+    collapse(view, node, KindParameter);
+}
+void CollapseFunctions(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseFunctions(); });
+}
+void CollapseFunction(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseFunction(); });
+}
+void CollapseRecordSet(ZoomView& view, std::int32_t node) {
+    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseRecordSet(); });
+}
+
+void ExpandByPlace(ZoomView& view, LabelsD& node) {
     const auto* activity = node.activity();
     if (!activity) {
-        ExpandRecordSet(form, node.Index());
+        ExpandRecordSet(view, node.Index());
         return;
     }
     switch (static_cast<ZoomPlace>(activity->ZoomPosition)) {
         case ZoomPlace::Providers:
-            ExpandOutputs(form, node.Index());
+            ExpandOutputs(view, node.Index());
             break;
         case ZoomPlace::Consumers:
-            ExpandInputs(form, node.Index());
+            ExpandInputs(view, node.Index());
             break;
         default:
-            ExpandActivity(form, node.Index());
+            ExpandActivity(view, node.Index());
             break;
     }
     node.Expanded = true;
 }
 
-void CollapseWhole(ZoomForm& form, LabelsD& node) {
-    onNode(form, node.Index(), [](LabelsD&, Unfolding unfolding) { unfolding.collapseWhole(); });
+void CollapseWhole(ZoomView& view, LabelsD& node) {
+    onNode(view, node.Index(), [](LabelsD&, Expansion expansion) { expansion.collapseWhole(); });
 }
 
 }  // namespace orvent::zoom

@@ -1,5 +1,6 @@
 #include "zoom/linked_constant.h"
 
+#include "canvas/owners.h"
 #include "entities/link_types.h"
 
 namespace orvent::zoom {
@@ -7,40 +8,18 @@ namespace orvent::zoom {
 using namespace entities;
 using canvas::LabelsD;
 
-namespace {
-
-template <class List>
-bool hasConstant(const List& parameters, const std::string& name) {
-    for (const ParameterProperties& parameter : parameters) {
-        for (const RegulatorProperties& link : parameter.RegulatedFrom) {
+bool isLinkedConstant(const ZoomView& view, const std::string& name) {
+    bool linked = false;
+    const auto look = [&](const auto& member) {
+        for (const RegulatorProperties& link : member.RegulatedFrom) {
             const bool toConstant = link.Regulator_type == LinkConstant || link.Regulator_type == LinkConstantFunction;
-            if (toConstant && link.Regulator_Key() == name) {
-                return true;
-            }
+            linked = linked || (toConstant && link.Regulator_Key() == name);
         }
+    };
+    for (const LabelsD& node : view.Labels) {
+        canvas::withOwner(node, [&](const auto& owner) { eachMember(owner, look); });
     }
-    return false;
-}
-
-}  // namespace
-
-bool isLinkedConstant(const ZoomForm& form, const std::string& name) {
-    for (const LabelsD& node : form.Labels) {
-        const auto* function = node.entity<FunctionProperties>();
-        const ActivityProperties* activity = node.activity();
-        if ((function && hasConstant(function->Function_Inputs, name)) ||
-            (activity && hasConstant(activity->Act_Parameters, name))) {
-            return true;
-        }
-        if (activity) {
-            for (const FunctionProperties& owned : activity->Act_Functions) {
-                if (hasConstant(owned.Function_Inputs, name)) {
-                    return true;
-                }
-            }
-        }
-    }
-    return false;
+    return linked;
 }
 
 }  // namespace orvent::zoom

@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "zoom/unfolding.h"
-#include "zoom/unfolding_parts.h"
+#include "zoom/expansion.h"
+#include "zoom/part_of.h"
 #include "zoom/view_filters.h"
 
 namespace orvent::zoom {
@@ -58,20 +58,20 @@ ZoomPlace placeOf(const LabelsD& node) {
 }
 
 /// Whether a part-of edge from the owner ties what belongs to it.
-bool belongsTo(const ZoomForm& form, const LabelsD& node, const LabelsD& owner) {
+bool belongsTo(const ZoomView& view, const LabelsD& node, const LabelsD& owner) {
     const auto* function = node.entity<entities::FunctionProperties>();
-    return function ? function->ParentKeyName() == ownerNameOf(form, owner) : isMemberOf(form, node, owner);
+    return function ? function->ParentKeyName() == ownerNameOf(view, owner) : isMemberOf(view, node, owner);
 }
 
 /// The central group first, then the neighbours.
 template <class Form>
-auto groupsOf(Form& form) {
-    using Node = std::remove_pointer_t<decltype(form.Labels.byIndex(0))>;
+auto groupsOf(Form& view) {
+    using Node = std::remove_pointer_t<decltype(view.Labels.byIndex(0))>;
     std::vector<GroupOf<Node>> groups(1);
     std::unordered_map<std::int32_t, std::size_t> owner;
     std::vector<Node*> open;  // owners whose members are to be found
-    for (const NewANDoldIndex& pair : form.New2OldIndex) {
-        Node* node = form.Labels.byIndex(pair.NewIndex);
+    for (const NewANDoldIndex& pair : view.New2OldIndex) {
+        Node* node = view.Labels.byIndex(pair.NewIndex);
         if (node && placeOf(*node) != ZoomPlace::Central) {
             groups.push_back({placeOf(*node), {}});
             owner[node->Index()] = groups.size() - 1;
@@ -82,19 +82,19 @@ auto groupsOf(Form& form) {
         Node* holder = open.back();
         open.pop_back();
         for (const std::int32_t number : holder->StartingLines()) {
-            const canvas::LinesD* edge = form.Lines.byIndex(number);
+            const canvas::LinesD* edge = view.Lines.byIndex(number);
             Node* node =
-                edge && edge->EdgeType() == canvas::EdgeTypePartOf ? form.Labels.byIndex(edge->ToLabel()) : nullptr;
-            if (node && belongsTo(form, *node, *holder) &&
+                edge && edge->EdgeType() == canvas::EdgeTypePartOf ? view.Labels.byIndex(edge->ToLabel()) : nullptr;
+            if (node && belongsTo(view, *node, *holder) &&
                 owner.try_emplace(node->Index(), owner[holder->Index()]).second) {
                 open.push_back(node);
             }
         }
     }
-    for (auto& node : form.Labels) {
+    for (auto& node : view.Labels) {
         if (!isTypeNode(node)) {
             const auto place = owner.find(node.Index());
-            groups[place == owner.end() ? 0 : place->second].nodes.push_back(form.Labels.byIndex(node.Index()));
+            groups[place == owner.end() ? 0 : place->second].nodes.push_back(view.Labels.byIndex(node.Index()));
         }
     }
     return groups;
@@ -110,22 +110,22 @@ bool isLeftOf(const Box& a, const Box& b) {
 }
 
 /// Whether a member of a column stands on the wrong side of one that it is joined with in another column.
-bool standsOnWrongSide(const ZoomForm& form) {
+bool standsOnWrongSide(const ZoomView& view) {
     std::unordered_map<std::int32_t, ZoomPlace> places;
-    for (const auto& group : groupsOf(form)) {
+    for (const auto& group : groupsOf(view)) {
         for (const LabelsD* node : group.nodes) {
             places[node->Index()] = group.place;
         }
     }
-    for (const canvas::LinesD& edge : form.Lines) {
+    for (const canvas::LinesD& edge : view.Lines) {
         const auto from = places.find(edge.FromLabel()), to = places.find(edge.ToLabel());
         const bool links = edge.EdgeType() == canvas::EdgeTypeProvider || edge.EdgeType() == canvas::EdgeTypeRegulator;
         if (!links || from == places.end() || to == places.end() || from->second == to->second) {
             continue;
         }
         const bool onwards = from->second < to->second;
-        const Box left = form.Labels.byIndex(onwards ? from->first : to->first)->box();
-        const Box right = form.Labels.byIndex(onwards ? to->first : from->first)->box();
+        const Box left = view.Labels.byIndex(onwards ? from->first : to->first)->box();
+        const Box right = view.Labels.byIndex(onwards ? to->first : from->first)->box();
         if (!isLeftOf(left, right)) {
             return true;
         }
@@ -136,13 +136,13 @@ bool standsOnWrongSide(const ZoomForm& form) {
 }  // namespace
 
 // From the top down: a box is held against those that begin before it ends.
-bool boxesOverlap(const ZoomForm& form) {
+bool boxesOverlap(const ZoomView& view) {
     struct Placed {
         Box box;
         std::size_t group;
     };
     std::vector<Placed> all;
-    const auto groups = groupsOf(form);
+    const auto groups = groupsOf(view);
     for (std::size_t group = 0; group < groups.size(); ++group) {
         for (const LabelsD* node : groups[group].nodes) {
             all.push_back({node->box(), group});
@@ -159,14 +159,14 @@ bool boxesOverlap(const ZoomForm& form) {
     return false;
 }
 
-Disorder disorderOf(const ZoomForm& form) {
-    return boxesOverlap(form) ? Disorder::overlap : standsOnWrongSide(form) ? Disorder::wrongSide : Disorder::none;
+Disorder disorderOf(const ZoomView& view) {
+    return boxesOverlap(view) ? Disorder::overlap : standsOnWrongSide(view) ? Disorder::wrongSide : Disorder::none;
 }
 
-void MakeRoom(ZoomForm& form) {
-    const canvas::ManyChanges many(form);
-    const std::vector<Group> groups = groupsOf(form);
-    const float gap = form.settings().HDist;
+void MakeRoom(ZoomView& view) {
+    const canvas::ManyChanges many(view);
+    const std::vector<Group> groups = groupsOf(view);
+    const float gap = view.settings().HDist;
     const float betweenColumns = 4 * gap;  // an arrow is seen there
     const auto moveDown = [&](ZoomPlace place) {
         float free = 0;
@@ -202,8 +202,8 @@ void MakeRoom(ZoomForm& form) {
         moveRight(ZoomPlace::Central, end + betweenColumns);
     }
     moveRight(ZoomPlace::Consumers, farthest(ZoomPlace::Central) + betweenColumns);
-    form.growPicture();
-    form.setDisorder(Disorder::none);
+    view.growPicture();
+    view.setDisorder(Disorder::none);
 }
 
 }  // namespace orvent::zoom

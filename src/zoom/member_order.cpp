@@ -5,7 +5,7 @@
 #include <unordered_set>
 
 #include "canvas/labels.h"
-#include "links/members.h"
+#include "entities/members.h"
 
 namespace orvent::zoom {
 
@@ -49,24 +49,21 @@ void MemberOrder::giveBack(canvas::LabelsD& node) {
         return;
     }
     if (ActivityProperties* activity = node.activity()) {
-        const std::string& name = activity->Act_Name;
-        giveBack(activity->Act_Inputs, name, KindInput);
-        giveBack(activity->Act_Outputs, name, KindOutput);
-        giveBack(activity->Act_Parameters, name, KindParameter);
-        giveBack(activity->Act_Functions, name, KindFunction);
+        giveBackAll(*activity, activity->Act_Name);
+        giveBack(activity->Act_Functions, activity->Act_Name, KindFunction);
         for (FunctionProperties& function : activity->Act_Functions) {
-            giveBack(function);
+            giveBackAll(function, function.Function_Key);
         }
     } else if (RecordSetProperties* recordSet = node.recordSet()) {
-        giveBack(recordSet->RecordSet_Outputs, recordSet->RecordSet_Name, KindRecordSetAttribute);
+        giveBackAll(*recordSet, recordSet->RecordSet_Name);
     } else if (auto* function = node.entity<FunctionProperties>()) {
-        giveBack(*function);
+        giveBackAll(*function, function->Function_Key);
     }
 }
 
-void MemberOrder::giveBack(FunctionProperties& function) {
-    giveBack(function.Function_Inputs, function.Function_Key, KindFunctionInput);
-    giveBack(function.Function_Outputs, function.Function_Key, KindFunctionOutput);
+template <class Owner>
+void MemberOrder::giveBackAll(Owner& owner, const std::string& name) {
+    eachList(owner, [&](auto& items, NodeKindCode kind) { giveBack(items, name, kind); });
 }
 
 template <class Items>

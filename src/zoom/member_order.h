@@ -13,8 +13,8 @@ class LabelsD;
 
 namespace orvent::zoom {
 
-/// The order of members whose owner was folded in the view. Folding turns a list round; what the scenario gets, and
-/// what a dialog shows, stands as it did before the first folding, with what came since at the end.
+/// The order of members whose owner was collapsed in the view. Collapsing turns a list round; what the scenario gets,
+/// and what a dialog shows, stands as it did before the first collapsing, with what came since at the end.
 class MemberOrder {
   public:
     /// A list with these keys is about to be turned round. `owner` is the name of an activity or a record set, or the
@@ -28,15 +28,16 @@ class MemberOrder {
     /// A function has other parameters now, or is gone.
     void forgetFunction(const std::string& key);
 
-    /// Turns the lists of a folded node back, and those of its functions.
+    /// Turns the lists of a collapsed node back, and those of its functions.
     void giveBack(canvas::LabelsD& node);
 
   private:
     using List = std::pair<std::string, entities::NodeKindCode>;
 
+    template <class Owner>
+    void giveBackAll(Owner& owner, const std::string& name);
     template <class Items>
     void giveBack(entities::Lazy<Items>& items, const std::string& owner, entities::NodeKindCode kind);
-    void giveBack(entities::FunctionProperties& function);
 
     std::map<List, std::vector<std::string>> orders_;
 };

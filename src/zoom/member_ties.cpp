@@ -7,11 +7,12 @@
 #include "links/member_links.h"
 #include "links/members.h"
 #include "zoom/drawn_edge.h"
+#include "zoom/part_of.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/rename_node.h"
 #include "zoom/typed_name.h"
 #include "zoom/waiting_functions.h"
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
@@ -41,13 +42,13 @@ constexpr MemberList kParameters = {
 constexpr std::int16_t kOutputGrabPoint = 4;
 
 template <class List>
-void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
+void tieMember(ZoomView& view, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
     auto& entity = *node.entity<EntityOf<List>>();
     const std::string key = entity.Key.empty() ? node.Caption() : entity.Key;
     const std::string name = owner.Caption() + row.infix + key;
-    if (list.Item(key) || form.isNameTaken(name)) {
-        form.Lines.RemoveFull(edge);
-        form.messages().tell(row.taken);
+    if (list.Item(key) || view.isNameTaken(name)) {
+        view.Lines.RemoveFull(edge);
+        view.messages().tell(row.taken);
         return;
     }
     entity.NodeKind = row.kind;
@@ -60,10 +61,10 @@ void tieMember(ZoomForm& form, LabelsD& owner, LabelsD& node, List& list, const 
 }
 
 /// The parameters of a function that are shown one by one show those of the function that stands there now.
-void bindParameters(ZoomForm& form, LabelsD& function, FunctionProperties& bound) {
+void bindParameters(ZoomView& view, LabelsD& function, FunctionProperties& bound) {
     for (const std::int32_t number : function.StartingLines()) {
-        const LinesD* edge = form.Lines.byIndex(number);
-        LabelsD* node = edge ? form.Labels.byIndex(edge->ToLabel()) : nullptr;
+        const LinesD* edge = view.Lines.byIndex(number);
+        LabelsD* node = edge ? view.Labels.byIndex(edge->ToLabel()) : nullptr;
         const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
         if (!parameter || edge->EdgeType() != canvas::EdgeTypePartOf ||
             parameter->ParentKeyName != bound.Function_Key) {
@@ -79,31 +80,27 @@ void bindParameters(ZoomForm& form, LabelsD& function, FunctionProperties& bound
 
 }  // namespace
 
-bool isFree(const canvas::Canvas& form, const std::string& owner) {
-    return owner.empty() || !form.isNameTaken(owner);
-}
-
-void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) {
+void makeMember(ZoomView& view, std::int32_t& edge, LabelsD& from, LabelsD& to) {
     auto* activity = from.activity();
     if (const auto* function = to.entity<FunctionProperties>(); activity && function) {
-        if (!isFree(form, function->ParentKeyName()) || awaitedActivity(form, to) ||
+        if (!isFree(view, function->ParentKeyName()) || awaitedActivity(view, to) ||
             activity->Act_Functions->Item(function->Function_Key)) {
-            RejectRelationship(form, edge);
+            RejectRelationship(view, edge);
         } else {
-            AttachFunction(form, to, from, false);
+            AttachFunction(view, to, from, false);
         }
     } else if (from.entity<FunctionProperties>() && to.activity()) {
-        FlipLine(form, edge);
-        makeMember(form, edge, to, from);
+        FlipLine(view, edge);
+        makeMember(view, edge, to, from);
     } else if (const RelationEnd member(to); activity && member.present() && member.kind() != KindConstant) {
-        if (!isFree(form, member.parentKeyName())) {
-            RejectRelationship(form, edge);
+        if (!isFree(view, member.parentKeyName())) {
+            RejectRelationship(view, edge);
         } else if (to.entity<ParameterProperties>()) {
-            tieMember(form, from, to, *activity->Act_Parameters, kParameters, edge);
-        } else if (form.Lines.byIndex(edge)->FromGrabbingPoint() == kOutputGrabPoint) {
-            tieMember(form, from, to, *activity->Act_Outputs, kOutputs, edge);
+            tieMember(view, from, to, *activity->Act_Parameters, kParameters, edge);
+        } else if (view.Lines.byIndex(edge)->FromGrabbingPoint() == kOutputGrabPoint) {
+            tieMember(view, from, to, *activity->Act_Outputs, kOutputs, edge);
         } else {
-            tieMember(form, from, to, *activity->Act_Inputs, kInputs, edge);
+            tieMember(view, from, to, *activity->Act_Inputs, kInputs, edge);
         }
     }
 }
@@ -111,13 +108,13 @@ void makeMember(ZoomForm& form, std::int32_t& edge, LabelsD& from, LabelsD& to) 
 namespace {
 
 /// A node that is free now goes by its caption, or, where another one has that name, by the next free one.
-void takeFreeName(ZoomForm& form, LabelsD& node) {
-    if (form.isNameTaken(node.Caption())) {
+void takeFreeName(ZoomView& view, LabelsD& node) {
+    if (view.isNameTaken(node.Caption())) {
         std::int32_t counter = 0;
-        const std::string name = canvas::freeName(form, node.Caption(), counter);
+        const std::string name = canvas::freeName(view, node.Caption(), counter);
         const auto take = [&](auto& entity) {
             entity.Key = nameOf(entity) = name;
-            node.setToolTipText(typedName(form, name, typeOf(entity)));
+            node.setToolTipText(typedName(view, name, typeOf(entity)));
         };
         if (auto* attribute = node.entity<AttributeProperties>()) {
             take(*attribute);
@@ -131,14 +128,14 @@ void takeFreeName(ZoomForm& form, LabelsD& node) {
 
 }  // namespace
 
-void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
+void freeMember(ZoomView& view, ActivityProperties& owner, LabelsD& node) {
     const RelationEnd end(node);
     if (!end.present() || (end.kind() != KindInput && end.kind() != KindOutput && end.kind() != KindParameter)) {
         return;  // the edge meant nothing
     }
     const auto release = [&](auto& entity) {
-        unlinkMember(form, entity, true, nullptr);
-        form.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
+        unlinkMember(view, entity, true, nullptr);
+        view.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
         switch (entity.NodeKind) {
             case KindInput:
                 owner.Act_Inputs->Remove(entity.Key);
@@ -171,23 +168,23 @@ void freeMember(ZoomForm& form, ActivityProperties& owner, LabelsD& node) {
     } else if (auto* parameter = node.entity<ParameterProperties>()) {
         release(*parameter);
     }
-    takeFreeName(form, node);
+    takeFreeName(view, node);
 }
 
-void AttachFunction(ZoomForm& form, LabelsD& function, LabelsD& activity, bool DrawEdge) {
-    if (DrawEdge && !form.Lines.FindConnectingLine(activity.Index(), function.Index(), canvas::EdgeTypePartOf, false)) {
-        form.Lines.addFullLine(activity.Index(), 5, function.Index(), 2, canvas::EdgeTypePartOf,
+void AttachFunction(ZoomView& view, LabelsD& function, LabelsD& activity, bool DrawEdge) {
+    if (DrawEdge && !view.Lines.FindConnectingLine(activity.Index(), function.Index(), canvas::EdgeTypePartOf, false)) {
+        view.Lines.addFullLine(activity.Index(), 5, function.Index(), 2, canvas::EdgeTypePartOf,
                                canvas::AngleVerticalUp, 0);
     }
     auto& entity = *function.entity<FunctionProperties>();
     // Record sets call the inputs by another key then.
-    KeptMirrors mirrors(form);
+    KeptMirrors mirrors(view);
     mirrors.hold(entity);
     entity.setParentKeyName(activity.activity()->Act_Name);
     mirrors.rekey();
     entity.Function_Source = kSourceOwn;
     const std::string key = entity.Function_Key.empty() ? function.Caption() : entity.Function_Key;
-    bindParameters(form, function, addMember(function, *activity.activity()->Act_Functions, key));
+    bindParameters(view, function, addMember(function, *activity.activity()->Act_Functions, key));
 }
 
 void forgetRows(FunctionProperties& function) {
@@ -199,26 +196,26 @@ void forgetRows(FunctionProperties& function) {
     }
 }
 
-void DetachFunction(ZoomForm& form, LabelsD& function, LabelsD* activity) {
+void DetachFunction(ZoomView& view, LabelsD& function, LabelsD* activity) {
     if (!activity) {
         return;
     }
     const std::shared_ptr<FunctionProperties> held = std::get<std::shared_ptr<FunctionProperties>>(function.Properties);
     FunctionProperties& entity = *held;
     // The keys by which others know its parameters name the activity, so the links go before it is forgotten.
-    UnSynchronizeFunction(form, entity, true, nullptr);
+    UnSynchronizeFunction(view, entity, true, nullptr);
     entity.setParentKeyName("");
     entity.Function_Source = 0;
     activity->activity()->Act_Functions->Remove(entity.Function_Key);
     if (entity.FunctionID != 0) {
-        form.DeletedNodes->Add(entity.FunctionID, KindFunction);
+        view.DeletedNodes->Add(entity.FunctionID, KindFunction);
     }
     forgetRows(entity);
     // Alone it has no owner in its name either.
     if (const std::string head = activity->activity()->Act_Name + "."; entity.Function_Key.starts_with(head)) {
         const std::string bare = entity.Function_Key.substr(head.size());
         std::int32_t counter = 0;
-        RenameNode(form, function, form.isNameTaken(bare) ? canvas::freeName(form, bare, counter) : bare);
+        RenameNode(view, function, view.isNameTaken(bare) ? canvas::freeName(view, bare, counter) : bare);
     }
 }
 

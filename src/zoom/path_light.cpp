@@ -19,10 +19,10 @@ bool carriesValues(const LinesD& edge) {
 
 class Walk {
   public:
-    explicit Walk(const ZoomForm& form)
-        : form_(form),
-          nodes_(static_cast<std::size_t>(form.LabelsNo) + 1),
-          edges_(static_cast<std::size_t>(form.LinesNo) + 1) {}
+    explicit Walk(const ZoomView& view)
+        : view_(view),
+          nodes_(static_cast<std::size_t>(view.LabelsNo) + 1),
+          edges_(static_cast<std::size_t>(view.LinesNo) + 1) {}
 
     void follow(std::int32_t start, Flow flow) {
         std::vector<char> seen(nodes_.size());
@@ -36,11 +36,11 @@ class Walk {
         };
         reach(start);
         while (!open.empty()) {
-            const LabelsD* node = form_.Labels.byIndex(open.back());
+            const LabelsD* node = view_.Labels.byIndex(open.back());
             open.pop_back();
             const bool on = flow == Flow::forwards;
             for (const std::int32_t number : on ? node->StartingLines() : node->EndingLines()) {
-                const LinesD* edge = form_.Lines.byIndex(number);
+                const LinesD* edge = view_.Lines.byIndex(number);
                 if (edge && carriesValues(*edge)) {
                     edges_[static_cast<std::size_t>(number)] = true;
                     reach(on ? edge->ToLabel() : edge->FromLabel());
@@ -53,7 +53,7 @@ class Walk {
 
     /// Lights the owners of what is lit, too.
     Light result() {
-        for (const LinesD& edge : form_.Lines) {
+        for (const LinesD& edge : view_.Lines) {
             const auto to = static_cast<std::size_t>(edge.ToLabel());
             if (edge.EdgeType() == canvas::EdgeTypePartOf && edge.ToLabel() > 0 && nodes_[to] == kLit) {
                 edges_[static_cast<std::size_t>(edge.Index())] = true;
@@ -72,13 +72,13 @@ class Walk {
     void throughFunction(const LabelsD& node, NodeKindCode from, NodeKindCode to, Reach reach) const {
         const auto* parameter = node.entity<ParameterProperties>();
         const LabelsD* function =
-            parameter && parameter->NodeKind == from ? form_.nodeNamed(parameter->ParentKeyName) : nullptr;
+            parameter && parameter->NodeKind == from ? view_.nodeNamed(parameter->ParentKeyName) : nullptr;
         if (!function) {
             return;
         }
         for (const std::int32_t number : function->StartingLines()) {
-            const LinesD* edge = form_.Lines.byIndex(number);
-            const LabelsD* member = edge ? form_.Labels.byIndex(edge->ToLabel()) : nullptr;
+            const LinesD* edge = view_.Lines.byIndex(number);
+            const LabelsD* member = edge ? view_.Labels.byIndex(edge->ToLabel()) : nullptr;
             const auto* held = member ? member->entity<ParameterProperties>() : nullptr;
             if (held && held->NodeKind == to) {
                 reach(member->Index());
@@ -96,19 +96,19 @@ class Walk {
         return result;
     }
 
-    const ZoomForm& form_;
+    const ZoomView& view_;
     std::vector<char> nodes_;
     std::vector<char> edges_;
 };
 
 }  // namespace
 
-Light pathThrough(const ZoomForm& form, std::int32_t node) {
-    const LabelsD* start = form.Labels.byIndex(node);
+Light pathThrough(const ZoomView& view, std::int32_t node) {
+    const LabelsD* start = view.Labels.byIndex(node);
     if (!start || (!start->entity<AttributeProperties>() && !start->entity<ParameterProperties>())) {
         return {};
     }
-    Walk walk(form);
+    Walk walk(view);
     walk.follow(node, Flow::forwards);
     walk.follow(node, Flow::backwards);
     return walk.result();

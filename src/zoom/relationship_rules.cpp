@@ -2,10 +2,13 @@
 
 #include "links/synchronize_functions.h"
 #include "links/unsynchronize_functions.h"
+#include "zoom/drawn_edge.h"
+#include "zoom/member_ties.h"
+#include "zoom/part_of.h"
 #include "zoom/relationship_matrix.h"
 #include "zoom/typed_name.h"
 #include "zoom/waiting_functions.h"
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
@@ -31,11 +34,11 @@ struct AttachmentOf {
     Node* activity = nullptr;
 
     template <class Form>
-    AttachmentOf(Form& form, const RelationRow& row, const RelationEnd& from, const RelationEnd& to) {
+    AttachmentOf(Form& view, const RelationRow& row, const RelationEnd& from, const RelationEnd& to) {
         const RelationEnd& ofFunction = from.isFunctionParameter() ? from : to;
         if (row.attach && ofFunction.activityName().empty()) {
-            function = form.nodeNamed(ofFunction.parentKeyName());
-            activity = form.nodeNamed((&ofFunction == &from ? to : from).parentKeyName());
+            function = view.nodeNamed(ofFunction.parentKeyName());
+            activity = view.nodeNamed((&ofFunction == &from ? to : from).parentKeyName());
         }
     }
     bool due() const { return function && activity; }
@@ -100,19 +103,19 @@ void removeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const Relation
     withLists(ends.target, [&](auto& entity) { entity.RegulatedFrom->Remove(sourceKey); });
 }
 
-void relate(ZoomForm& form, std::int32_t& edge, canvas::EdgeTypeCode kind, LabelsD& from, LabelsD& to) {
+void relate(ZoomView& view, std::int32_t& edge, canvas::EdgeTypeCode kind, LabelsD& from, LabelsD& to) {
     const RelationEnd drawnFrom(from), drawnTo(to);
     const RelationRow* row = rowOf(kind, drawnFrom, drawnTo);
-    if (!row || !row->allowed(drawnFrom, drawnTo) || Attachment(form, *row, drawnFrom, drawnTo).refused()) {
-        RejectRelationship(form, edge);
+    if (!row || !row->allowed(drawnFrom, drawnTo) || Attachment(view, *row, drawnFrom, drawnTo).refused()) {
+        RejectRelationship(view, edge);
         return;
     }
-    if (!CheckDataTypes(form, from, to, edge)) {
+    if (!CheckDataTypes(view, from, to, edge)) {
         return;
     }
     if (row->flip) {
-        FlipLine(form, edge);
-        if (!CheckDuplicateLine(form, edge)) {
+        FlipLine(view, edge);
+        if (!CheckDuplicateLine(view, edge)) {
             return;
         }
     }
@@ -121,54 +124,54 @@ void relate(ZoomForm& form, std::int32_t& edge, canvas::EdgeTypeCode kind, Label
     if (row->setTag >= 0) {
         to.entity<AttributeProperties>()->Tag = row->setTag;
     }
-    if (const Attachment attachment(form, *row, drawnFrom, drawnTo); attachment.due()) {
-        AttachFunction(form, *attachment.function, *attachment.activity, true);
+    if (const Attachment attachment(view, *row, drawnFrom, drawnTo); attachment.due()) {
+        AttachFunction(view, *attachment.function, *attachment.activity, true);
     }
 }
 
 }  // namespace
 
-void CreateRelationship(ZoomForm& form, std::int32_t& edge) {
-    if (!CheckDuplicateLine(form, edge)) {
+void CreateRelationship(ZoomView& view, std::int32_t& edge) {
+    if (!CheckDuplicateLine(view, edge)) {
         return;
     }
-    const LinesD& drawn = *form.Lines.byIndex(edge);
-    LabelsD* from = form.Labels.byIndex(drawn.FromLabel());
-    LabelsD* to = form.Labels.byIndex(drawn.ToLabel());
+    const LinesD& drawn = *view.Lines.byIndex(edge);
+    LabelsD* from = view.Labels.byIndex(drawn.FromLabel());
+    LabelsD* to = view.Labels.byIndex(drawn.ToLabel());
     if (!from || !to) {
         return;
     }
     const canvas::EdgeTypeCode kind = drawn.EdgeType();
-    if (form.repeats(*from) || form.repeats(*to)) {
-        RejectRelationship(form, edge);  // nothing of it would reach the scenario
+    if (!view.bearsName(*from) || !view.bearsName(*to)) {
+        RejectRelationship(view, edge);  // nothing of it would reach the scenario
         return;
     }
     switch (kind) {
         case canvas::EdgeTypeProvider:
         case canvas::EdgeTypeRegulator:
-            relate(form, edge, kind, *from, *to);
+            relate(view, edge, kind, *from, *to);
             break;
         case canvas::EdgeTypePartOf:
-            makeMember(form, edge, *from, *to);
+            makeMember(view, edge, *from, *to);
             break;
         default:
             break;
     }
 }
 
-void RemoveRelationship(ZoomForm& form, std::int32_t edge) {
-    const LinesD& drawn = *form.Lines.byIndex(edge);
+void RemoveRelationship(ZoomView& view, std::int32_t edge) {
+    const LinesD& drawn = *view.Lines.byIndex(edge);
     const canvas::EdgeTypeCode kind = drawn.EdgeType();
-    LabelsD* from = form.Labels.byIndex(drawn.FromLabel());
-    LabelsD* to = form.Labels.byIndex(drawn.ToLabel());
+    LabelsD* from = view.Labels.byIndex(drawn.FromLabel());
+    LabelsD* to = view.Labels.byIndex(drawn.ToLabel());
     if (!from || !to) {
         return;
     }
     if (kind == canvas::EdgeTypePartOf) {
         if (to->entity<FunctionProperties>()) {
-            DetachFunction(form, *to, from->activity() ? from : nullptr);
+            DetachFunction(view, *to, from->activity() ? from : nullptr);
         } else if (from->activity()) {
-            freeMember(form, *from->activity(), *to);
+            freeMember(view, *from->activity(), *to);
         }
         return;
     }
@@ -181,25 +184,25 @@ void RemoveRelationship(ZoomForm& form, std::int32_t edge) {
     removeLinks(kind, {*from, *to}, *row);
 }
 
-bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32_t edge) {
+bool CheckDataTypes(ZoomView& view, const LabelsD& from, LabelsD& to, std::int32_t edge) {
     const std::int16_t source = RelationEnd(from).dataType();
     const std::int16_t target = RelationEnd(to).dataType();
     if (source == target) {
         return true;
     }
-    const NameTable& types = form.catalogue().dataTypes;
+    const NameTable& types = view.catalogue().dataTypes;
     if (types.name(target) != kDefinedBySource) {
         const std::string text =
             "This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: " + types.name(source) +
             ".\nTarget: " + types.name(target) + ".";
-        form.Lines.RemoveFull(edge);
-        form.messages().tell(text, "", platform::Icon::warning);
+        view.Lines.RemoveFull(edge);
+        view.messages().tell(text, "", platform::Icon::warning);
         return false;
     }
     const auto take = [&](auto& entity, std::int16_t& type, const std::string& name) {
         type = source;
         entity.Changed = true;
-        to.setToolTipText(typedName(form, name, source));
+        to.setToolTipText(typedName(view, name, source));
     };
     if (auto* attribute = to.entity<AttributeProperties>()) {
         take(*attribute, attribute->Attribute_Type, attribute->Attribute_Name);
@@ -209,14 +212,8 @@ bool CheckDataTypes(ZoomForm& form, const LabelsD& from, LabelsD& to, std::int32
     return true;
 }
 
-bool RelationshipRules::create(ZoomForm& form, std::int32_t edge) {
-    CreateRelationship(form, edge);
-    return form.Lines.byIndex(edge) != nullptr;
-}
-
-bool RelationshipRules::mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kind, const LabelsD& from,
-                                  const LabelsD& to) const {
-    if (form.repeats(from) || form.repeats(to)) {
+bool mayRelate(const ZoomView& view, canvas::EdgeTypeCode kind, const LabelsD& from, const LabelsD& to) {
+    if (!view.bearsName(from) || !view.bearsName(to)) {
         return false;
     }
     if (kind == canvas::EdgeTypePartOf) {
@@ -226,17 +223,17 @@ bool RelationshipRules::mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kin
             return false;
         }
         if (const auto* function = member.entity<FunctionProperties>()) {
-            return isFree(form, function->ParentKeyName()) && !awaitedActivity(form, member);
+            return isFree(view, function->ParentKeyName()) && !awaitedActivity(view, member);
         }
         const RelationEnd end(member);
-        return !to.activity() && end.present() && end.kind() != KindConstant && isFree(form, end.parentKeyName());
+        return !to.activity() && end.present() && end.kind() != KindConstant && isFree(view, end.parentKeyName());
     }
     const RelationEnd source(from), target(to);
     const RelationRow* row = rowOf(kind, source, target);
-    if (!row || !row->allowed(source, target) || AttachmentView(form, *row, source, target).refused()) {
+    if (!row || !row->allowed(source, target) || AttachmentView(view, *row, source, target).refused()) {
         return false;
     }
-    const NameTable& types = form.catalogue().dataTypes;
+    const NameTable& types = view.catalogue().dataTypes;
     return source.dataType() == target.dataType() || types.name(target.dataType()) == kDefinedBySource;
 }
 

@@ -3,9 +3,7 @@
 #include <cstdint>
 
 #include "canvas/canvas.h"
-#include "zoom/drawn_edge.h"
-#include "zoom/member_ties.h"
-#include "zoom/relationships.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
@@ -15,25 +13,16 @@ namespace orvent::zoom {
 
 /// Writes what the edge stands for, by the kinds of its two ends. The edge may be replaced by its reverse, and is
 /// removed with a message when it is refused.
-void CreateRelationship(ZoomForm& form, std::int32_t& edge);
+void CreateRelationship(ZoomView& view, std::int32_t& edge);
 
 /// Takes back what the edge stands for. The edge itself stays.
-void RemoveRelationship(ZoomForm& form, std::int32_t edge);
+void RemoveRelationship(ZoomView& view, std::int32_t edge);
 
 /// Whether two nodes (attributes or parameters) have one data type. A target whose type its source defines takes it
 /// over. False: the edge went, with a message.
-bool CheckDataTypes(ZoomForm& form, const canvas::LabelsD& from, canvas::LabelsD& to, std::int32_t edge);
+bool CheckDataTypes(ZoomView& view, const canvas::LabelsD& from, canvas::LabelsD& to, std::int32_t edge);
 
-/// The rules above, as the zoom view asks for them.
-class RelationshipRules : public Relationships {
-  public:
-    bool create(ZoomForm& form, std::int32_t edge) override;
-    void remove(ZoomForm& form, std::int32_t edge) override { RemoveRelationship(form, edge); }
-    void detachFunction(ZoomForm& form, canvas::LabelsD& function, canvas::LabelsD* activity) override {
-        DetachFunction(form, function, activity);
-    }
-    bool mayRelate(const ZoomForm& form, canvas::EdgeTypeCode kind, const canvas::LabelsD& from,
-                   const canvas::LabelsD& to) const override;
-};
+/// Whether an edge of that kind from one node to the other would stand.
+bool mayRelate(const ZoomView& view, canvas::EdgeTypeCode kind, const canvas::LabelsD& from, const canvas::LabelsD& to);
 
 }  // namespace orvent::zoom

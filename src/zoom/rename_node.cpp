@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "canvas/owners.h"
 #include "canvas/taken_name.h"
 #include "links/kept_mirrors.h"
 #include "links/member_rename.h"
@@ -33,28 +34,6 @@ bool takeName(LabelsD& node, const std::string& keyName, const std::string& capt
     return !refused;
 }
 
-AttributeCollection* listOf(LabelsD& owner, const AttributeProperties& entity) {
-    if (ActivityProperties* activity = owner.activity()) {
-        return entity.NodeKind == KindInput ? static_cast<AttributeCollection*>(&*activity->Act_Inputs)
-                                            : &*activity->Act_Outputs;
-    }
-    return owner.recordSet() ? &*owner.recordSet()->RecordSet_Outputs : nullptr;
-}
-
-ParameterCollection* listOf(LabelsD& owner, const ParameterProperties& entity) {
-    if (auto* function = owner.entity<FunctionProperties>()) {
-        return entity.NodeKind == KindFunctionInput ? &*function->Function_Inputs : &*function->Function_Outputs;
-    }
-    return owner.activity() ? &*owner.activity()->Act_Parameters : nullptr;
-}
-
-std::string& nameOf(AttributeProperties& entity) {
-    return entity.Attribute_Name;
-}
-std::string& nameOf(ParameterProperties& entity) {
-    return entity.Parameter_Name;
-}
-
 /// Puts the item that stands under `former` under its new key, at the same place.
 template <class List>
 void rekey(List& list, const std::string& former, const std::string& key) {
@@ -74,9 +53,9 @@ void noteKey(LabelsD& owner, NodeKindCode kind, const std::string& former, const
 }
 
 /// Tells that a name is taken by what has no node of its own.
-bool tellWhenTaken(ZoomForm& form, bool taken) {
+bool tellWhenTaken(ZoomView& view, bool taken) {
     if (taken) {
-        canvas::tellTakenName(form.messages());
+        canvas::tellTakenName(view.messages());
     }
     return taken;
 }
@@ -96,21 +75,21 @@ Rename renameOf(const LabelsD& owner, const ParameterProperties& entity, const s
 }
 
 template <class Entity>
-bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::string& name) {
-    LabelsD* owner = standsAlone(form, node) ? nullptr : form.nodeNamed(entity.ParentKeyName);
-    auto* list = owner ? listOf(*owner, entity) : nullptr;
+bool renameMember(ZoomView& view, LabelsD& node, Entity& entity, const std::string& name) {
+    LabelsD* owner = standsAlone(view, node) ? nullptr : view.nodeNamed(entity.ParentKeyName);
+    auto* list = owner ? canvas::listOf<Entity>(*owner, entity.NodeKind) : nullptr;
     const std::string former = entity.Key;
     const bool isConstant = node.NodeType() == canvas::NodeTypeConstant;
-    const bool taken = holds(list, name) || (isConstant && isTakenFromConstants(form, name));
-    if (tellWhenTaken(form, taken && name != former) ||
+    const bool taken = holds(list, name) || (isConstant && isTakenFromConstants(view, name));
+    if (tellWhenTaken(view, taken && name != former) ||
         !takeName(node, list ? wholeKey(entity.ParentKeyName, entity.NodeKind, name) : name, name)) {
         return false;
     }
-    KeptMirrors mirrors(form);
+    KeptMirrors mirrors(view);
     mirrors.hold(entity);
     if (list) {
         rekey(*list, former, name);
-        form.tellRenamed(renameOf(*owner, entity, name));
+        view.tellRenamed(renameOf(*owner, entity, name));
         noteKey(*owner, entity.NodeKind, former, name);
     }
     if (isConstant) {
@@ -121,34 +100,34 @@ bool renameMember(ZoomForm& form, LabelsD& node, Entity& entity, const std::stri
     return true;
 }
 
-bool renameFunction(ZoomForm& form, LabelsD& node, FunctionProperties& function, const std::string& key) {
-    LabelsD* owner = standsAlone(form, node) ? awaitedActivity(form, node) : form.nodeNamed(function.ParentKeyName());
+bool renameFunction(ZoomView& view, LabelsD& node, FunctionProperties& function, const std::string& key) {
+    LabelsD* owner = standsAlone(view, node) ? awaitedActivity(view, node) : view.nodeNamed(function.ParentKeyName());
     Act_FunctionsCollection* list = owner && owner->activity() ? &*owner->activity()->Act_Functions : nullptr;
-    if (tellWhenTaken(form, key != function.Function_Key && holds(list, key)) || !takeName(node, key, key)) {
+    if (tellWhenTaken(view, key != function.Function_Key && holds(list, key)) || !takeName(node, key, key)) {
         return false;
     }
-    KeptMirrors mirrors(form);
+    KeptMirrors mirrors(view);
     mirrors.hold(function);
-    form.tellRenamed({list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key});
+    view.tellRenamed({list ? owner->activity()->Act_Name : std::string(), KindFunction, function.Function_Key, key});
     if (list) {
         rekey(*list, function.Function_Key, key);
     }
     setKey(function, key);
     function.Function_Name = key;
     eachLinked(function, [&](ParameterProperties& parameter) {
-        if (LabelsD* shown = form.Labels.byIndex(NearEnd(parameter).labelIn(form))) {
+        if (LabelsD* shown = view.Labels.byIndex(NearEnd(parameter).labelIn(view))) {
             shown->setKeyName(wholeKey(key, parameter.NodeKind, parameter.Key));
         }
     });
     mirrors.rekey();
-    bringUp(form, node);
+    bringUp(view, node);
     return true;
 }
 
 }  // namespace
 
-bool standsAlone(const ZoomForm& form, const LabelsD& node) {
-    const auto alone = [&](const std::string& owner) { return owner.empty() || !form.isNameTaken(owner); };
+bool standsAlone(const ZoomView& view, const LabelsD& node) {
+    const auto alone = [&](const std::string& owner) { return owner.empty() || !view.isNameTaken(owner); };
     if (const auto* attribute = node.entity<AttributeProperties>()) {
         return alone(attribute->ParentKeyName);
     }
@@ -159,35 +138,35 @@ bool standsAlone(const ZoomForm& form, const LabelsD& node) {
     return !function || alone(function->ParentKeyName());
 }
 
-bool RenameNode(ZoomForm& form, LabelsD& node, const std::string& name) {
+bool RenameNode(ZoomView& view, LabelsD& node, const std::string& name) {
     if (auto* attribute = node.entity<AttributeProperties>()) {
-        return renameMember(form, node, *attribute, name);
+        return renameMember(view, node, *attribute, name);
     }
     if (auto* parameter = node.entity<ParameterProperties>()) {
-        return renameMember(form, node, *parameter, name);
+        return renameMember(view, node, *parameter, name);
     }
     auto* function = node.entity<FunctionProperties>();
-    return function && renameFunction(form, node, *function, name);
+    return function && renameFunction(view, node, *function, name);
 }
 
-void ReplaceFunction(ZoomForm& form, LabelsD& node, std::shared_ptr<FunctionProperties> function) {
+void ReplaceFunction(ZoomView& view, LabelsD& node, std::shared_ptr<FunctionProperties> function) {
     const bool expanded = node.Expanded;
-    CollapseFunction(form, node.Index());
+    CollapseFunction(view, node.Index());
     FunctionProperties& former = *node.entity<FunctionProperties>();
-    form.order.forgetFunction(former.Function_Key);
-    UnSynchronizeFunction(form, former, true, nullptr);
+    view.order.forgetFunction(former.Function_Key);
+    UnSynchronizeFunction(view, former, true, nullptr);
     if (former.FunctionID != 0) {
-        form.DeletedNodes->Add(former.FunctionID, KindFunction);
+        view.DeletedNodes->Add(former.FunctionID, KindFunction);
     }
     function->FunctionID = 0;
-    const LabelsD* awaited = awaitedActivity(form, node);
+    const LabelsD* awaited = awaitedActivity(view, node);
     eachLinked(*function, [&](ParameterProperties& parameter) {
         parameter.ParentKeyName = function->Function_Key;
         parameter.ParentFunctionActivity = awaited ? awaited->activity()->Act_Name : std::string();
     });
     node.Properties = std::move(function);
     if (expanded) {
-        ExpandFunction(form, node.Index());
+        ExpandFunction(view, node.Index());
     }
 }
 

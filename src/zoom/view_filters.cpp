@@ -59,8 +59,8 @@ void setVisible(Item& item, bool visible) {
 /// The type indices of one kind in order of first sight, and the node of each.
 class TypeNodes {
   public:
-    TypeNodes(ZoomForm& form, const NameTable& names, canvas::NodeTypeCode nodeType, float left)
-        : form_(form), names_(names), nodeType_(nodeType), left_(left) {}
+    TypeNodes(ZoomView& view, const NameTable& names, canvas::NodeTypeCode nodeType, float left)
+        : view_(view), names_(names), nodeType_(nodeType), left_(left) {}
 
     void see(std::int16_t type) {
         if (positions_.emplace(type, positions_.size() + 1).second) {
@@ -69,23 +69,23 @@ class TypeNodes {
     }
 
     void make() {
-        const canvas::CanvasSettings& sizes = form_.settings();
+        const canvas::CanvasSettings& sizes = view_.settings();
         for (const std::int16_t type : types_) {
             const std::string& name = names_.name(type);
-            if (form_.isNameTaken(name)) {
+            if (view_.isNameTaken(name)) {
                 continue;
             }
             const float left = (sizes.Width + 50) * static_cast<float>(positions_[type]) + left_;
-            form_.Labels
-                .Add({left, form_.BiggestHeight - sizes.BigHeight - 50, sizes.Width, sizes.BigHeight}, name, nodeType_)
+            view_.Labels
+                .Add({left, view_.BiggestHeight - sizes.BigHeight - 50, sizes.Width, sizes.BigHeight}, name, nodeType_)
                 .setColor(colour(type));
         }
     }
 
     void tie(const LabelsD& node, std::int16_t fromGrab, std::int16_t type) {
-        const LabelsD* typeNode = form_.nodeNamed(names_.name(type));
+        const LabelsD* typeNode = view_.nodeNamed(names_.name(type));
         if (typeNode && typeNode->NodeType() == nodeType_) {
-            form_.Lines.addFullLine(node.Index(), fromGrab, typeNode->Index(), 2, canvas::EdgeTypeReserved,
+            view_.Lines.addFullLine(node.Index(), fromGrab, typeNode->Index(), 2, canvas::EdgeTypeReserved,
                                     canvas::AngleVerticalUp, colour(type));
         }
     }
@@ -102,7 +102,7 @@ class TypeNodes {
         return red | ((odd ^ 1) * 192) << 8 | (odd * 64) << 16;
     }
 
-    ZoomForm& form_;
+    ZoomView& view_;
     const NameTable& names_;
     canvas::NodeTypeCode nodeType_;
     float left_;
@@ -126,18 +126,18 @@ void eachTyped(const std::vector<LabelsD*>& nodes, Attribute attribute, Function
     }
 }
 
-std::vector<LabelsD*> nodesOf(ZoomForm& form) {
+std::vector<LabelsD*> nodesOf(ZoomView& view) {
     std::vector<LabelsD*> nodes;
-    for (LabelsD& node : form.Labels) {
+    for (LabelsD& node : view.Labels) {
         nodes.push_back(&node);
     }
     return nodes;
 }
 
-void removeEdges(ZoomForm& form, canvas::EdgeTypeCode kind) {
-    for (LinesD& edge : form.Lines) {
+void removeEdges(ZoomView& view, canvas::EdgeTypeCode kind) {
+    for (LinesD& edge : view.Lines) {
         if (edge.EdgeType() == kind) {
-            form.Lines.RemoveFull(edge.Index());
+            view.Lines.RemoveFull(edge.Index());
         }
     }
 }
@@ -145,9 +145,9 @@ void removeEdges(ZoomForm& form, canvas::EdgeTypeCode kind) {
 /// Two nodes that an edge joins.
 using Joined = std::pair<std::int32_t, std::int32_t>;
 
-std::vector<Joined> joinedBy(const ZoomForm& form, canvas::EdgeTypeCode kind) {
+std::vector<Joined> joinedBy(const ZoomView& view, canvas::EdgeTypeCode kind) {
     std::vector<Joined> joined;
-    for (const LinesD& edge : form.Lines) {
+    for (const LinesD& edge : view.Lines) {
         if (edge.EdgeType() == kind) {
             joined.emplace_back(edge.FromLabel(), edge.ToLabel());
         }
@@ -156,12 +156,12 @@ std::vector<Joined> joinedBy(const ZoomForm& form, canvas::EdgeTypeCode kind) {
 }
 
 /// Whether the types that are shown, and the edges to them, are those of the nodes.
-bool instanceOfStands(ZoomForm& form) {
+bool instanceOfStands(ZoomView& view) {
     std::vector<Joined> wanted;
     std::unordered_set<std::int32_t> types;
     bool present = true;
     const auto expect = [&](const LabelsD& node, const NameTable& names, canvas::NodeTypeCode kind, std::int16_t type) {
-        const LabelsD* typeNode = form.nodeNamed(names.name(type));
+        const LabelsD* typeNode = view.nodeNamed(names.name(type));
         present = present && typeNode;
         if (typeNode && typeNode->NodeType() == kind) {
             wanted.emplace_back(node.Index(), typeNode->Index());
@@ -169,39 +169,39 @@ bool instanceOfStands(ZoomForm& form) {
         }
     };
     eachTyped(
-        nodesOf(form),
+        nodesOf(view),
         [&](const LabelsD& node, std::int16_t type, std::int16_t) {
-            expect(node, form.catalogue().dataTypes, canvas::NodeTypeDataType, type);
+            expect(node, view.catalogue().dataTypes, canvas::NodeTypeDataType, type);
         },
         [&](const LabelsD& node, std::int16_t type) {
-            expect(node, form.catalogue().functionTypes, canvas::NodeTypeFunctionType, type);
+            expect(node, view.catalogue().functionTypes, canvas::NodeTypeFunctionType, type);
         });
-    for (const LabelsD& node : form.Labels) {
+    for (const LabelsD& node : view.Labels) {
         present = present && (!isTypeNode(node) || types.count(node.Index()));
     }
-    return present && joinedBy(form, canvas::EdgeTypeReserved) == wanted;
+    return present && joinedBy(view, canvas::EdgeTypeReserved) == wanted;
 }
 
 /// What regulates a parameter on which an output of the central activity depends, and the output.
-std::vector<Joined> derivedEnds(const ZoomForm& form) {
+std::vector<Joined> derivedEnds(const ZoomView& view) {
     std::vector<Joined> ends;
-    const LabelsD* central = form.central();
+    const LabelsD* central = view.central();
     const ActivityProperties* activity = central ? central->activity() : nullptr;
     if (!activity) {
         return ends;
     }
     for (const AttributeProperties& output : activity->Act_Outputs) {
-        const LabelsD* target = form.nodeNamed(wholeKey(activity->Act_Name, KindOutput, output.Key));
+        const LabelsD* target = view.nodeNamed(wholeKey(activity->Act_Name, KindOutput, output.Key));
         for (const RegulatorProperties& link : output.RegulatedFrom) {
             const LabelsD* node = link.Regulator_type == LinkParameterOutput
-                                      ? form.nodeNamed(link.Regulator_name + link.Regulator_Key())
+                                      ? view.nodeNamed(link.Regulator_name + link.Regulator_Key())
                                       : nullptr;
             const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
             if (!parameter || !target) {
                 continue;
             }
             for (const RegulatorProperties& source : parameter->RegulatedFrom) {
-                const LabelsD* from = form.nodeNamed(source.Regulator_type == LinkRecordSet
+                const LabelsD* from = view.nodeNamed(source.Regulator_type == LinkRecordSet
                                                          ? source.Regulator_Key()
                                                          : source.Regulator_name + source.Regulator_Key());
                 if (from) {
@@ -215,60 +215,60 @@ std::vector<Joined> derivedEnds(const ZoomForm& form) {
 
 }  // namespace
 
-void applyFilters(ZoomForm& form) {
-    for (LabelsD& node : form.Labels) {
+void applyFilters(ZoomView& view) {
+    for (LabelsD& node : view.Labels) {
         if (isDetail(node)) {
-            setVisible(node, form.marks.ViewAttributesM);
+            setVisible(node, view.marks.ViewAttributesM);
         }
     }
-    for (LinesD& edge : form.Lines) {
-        const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
-        const LabelsD* to = form.Labels.byIndex(edge.ToLabel());
+    for (LinesD& edge : view.Lines) {
+        const LabelsD* from = view.Labels.byIndex(edge.FromLabel());
+        const LabelsD* to = view.Labels.byIndex(edge.ToLabel());
         if (from && to) {  // one that is being drawn has no target yet
-            const bool shown = shows(form.marks, edge.EdgeType());
+            const bool shown = shows(view.marks, edge.EdgeType());
             setVisible(edge, shown && from->Visible() && to->Visible());
         }
     }
 }
 
-void refreshFilters(ZoomForm& form) {
-    hideInstanceOf(form);
-    if (form.marks.ViewInstanceOfM) {
-        showInstanceOf(form);
+void refreshFilters(ZoomView& view) {
+    hideInstanceOf(view);
+    if (view.marks.ViewInstanceOfM) {
+        showInstanceOf(view);
     }
-    if (form.marks.ViewDerivedM) {
-        showDerived(form);
+    if (view.marks.ViewDerivedM) {
+        showDerived(view);
     }
-    applyFilters(form);
+    applyFilters(view);
 }
 
-void followEdits(ZoomForm& form) {
-    if (form.marks.ViewInstanceOfM && !instanceOfStands(form)) {
-        hideInstanceOf(form);
-        showInstanceOf(form);
+void followEdits(ZoomView& view) {
+    if (view.marks.ViewInstanceOfM && !instanceOfStands(view)) {
+        hideInstanceOf(view);
+        showInstanceOf(view);
     }
-    if (form.marks.ViewDerivedM) {
-        showDerived(form);
+    if (view.marks.ViewDerivedM) {
+        showDerived(view);
     }
-    applyFilters(form);
+    applyFilters(view);
 }
 
-void toggleFilter(ZoomForm& form, bool ViewMarks::*mark) {
-    form.marks.*mark = !(form.marks.*mark);
+void toggleFilter(ZoomView& view, bool ViewMarks::*mark) {
+    view.marks.*mark = !(view.marks.*mark);
     if (mark == &ViewMarks::ViewInstanceOfM) {
-        (form.marks.ViewInstanceOfM ? showInstanceOf : hideInstanceOf)(form);
-    } else if (mark == &ViewMarks::ViewDerivedM && form.marks.ViewDerivedM) {
-        showDerived(form);
+        (view.marks.ViewInstanceOfM ? showInstanceOf : hideInstanceOf)(view);
+    } else if (mark == &ViewMarks::ViewDerivedM && view.marks.ViewDerivedM) {
+        showDerived(view);
     }
-    applyFilters(form);
+    applyFilters(view);
 }
 
-void showInstanceOf(ZoomForm& form) {
-    const std::int32_t active = form.ActiveLabel;
-    const canvas::CanvasSettings& sizes = form.settings();
-    const std::vector<LabelsD*> nodes = nodesOf(form);
-    TypeNodes dataTypes(form, form.catalogue().dataTypes, canvas::NodeTypeDataType, 4 * sizes.WDist + sizes.BigDist);
-    TypeNodes functionTypes(form, form.catalogue().functionTypes, canvas::NodeTypeFunctionType, 2100);
+void showInstanceOf(ZoomView& view) {
+    const std::int32_t active = view.ActiveLabel;
+    const canvas::CanvasSettings& sizes = view.settings();
+    const std::vector<LabelsD*> nodes = nodesOf(view);
+    TypeNodes dataTypes(view, view.catalogue().dataTypes, canvas::NodeTypeDataType, 4 * sizes.WDist + sizes.BigDist);
+    TypeNodes functionTypes(view, view.catalogue().functionTypes, canvas::NodeTypeFunctionType, 2100);
     eachTyped(
         nodes, [&](LabelsD&, std::int16_t type, std::int16_t) { dataTypes.see(type); },
         [&](LabelsD&, std::int16_t type) { functionTypes.see(type); });
@@ -277,26 +277,26 @@ void showInstanceOf(ZoomForm& form) {
     eachTyped(
         nodes, [&](LabelsD& node, std::int16_t type, std::int16_t grab) { dataTypes.tie(node, grab, type); },
         [&](LabelsD& node, std::int16_t type) { functionTypes.tie(node, 1, type); });
-    form.ActiveLabel = active;
-    form.growPicture();
+    view.ActiveLabel = active;
+    view.growPicture();
 }
 
-void hideInstanceOf(ZoomForm& form) {
-    for (LabelsD& node : form.Labels) {
+void hideInstanceOf(ZoomView& view) {
+    for (LabelsD& node : view.Labels) {
         if (isTypeNode(node)) {
-            form.Labels.Remove(node.Index());
+            view.Labels.Remove(node.Index());
         }
     }
 }
 
-void showDerived(ZoomForm& form) {
-    const std::vector<Joined> ends = derivedEnds(form);
-    if (joinedBy(form, canvas::EdgeTypeDerived) == ends) {
+void showDerived(ZoomView& view) {
+    const std::vector<Joined> ends = derivedEnds(view);
+    if (joinedBy(view, canvas::EdgeTypeDerived) == ends) {
         return;
     }
-    removeEdges(form, canvas::EdgeTypeDerived);
+    removeEdges(view, canvas::EdgeTypeDerived);
     for (const auto& [from, to] : ends) {
-        form.Lines.addFullLine(from, 3, to, 1, canvas::EdgeTypeDerived, canvas::AngleStraight, 0);
+        view.Lines.addFullLine(from, 3, to, 1, canvas::EdgeTypeDerived, canvas::AngleStraight, 0);
     }
 }
 

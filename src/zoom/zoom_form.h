@@ -1,146 +1,21 @@
 #pragma once
 
-#include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
-#include <unordered_map>
-#include <utility>
-#include <vector>
 
-#include "canvas/draw_form.h"
-#include "canvas/rename.h"
-#include "entities/name_tables.h"
-#include "platform/dialogs.h"
-#include "zoom/member_order.h"
 #include "zoom/zoom_rules.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
-/// `ZoomPosition` of an activity or a record set in the zoom view, and what it shows there.
-enum class ZoomPlace : std::int16_t {
-    Providers = 1,  ///< left column: outputs
-    Central = 2,    ///< everything
-    Consumers = 3,  ///< right column: inputs
-};
-
-/// A node of the zoom view and the design node that it was copied from.
-struct NewANDoldIndex {
-    std::int32_t NewIndex;
-    std::int32_t OldIndex;
-};
-
-/// What makes the columns of the view unreadable.
-enum class Disorder {
-    none,
-    overlap,    ///< boxes of neighbours lie on each other
-    wrongSide,  ///< a member stands on the wrong side of what it is joined with
-};
-
-/// The check marks of the view menu.
-struct ViewMarks {
-    bool ViewProviderM = true;
-    bool ViewPartOfM = true;
-    bool ViewRegulatorM = true;
-    bool ViewInstanceOfM = false;
-    bool ViewDerivedM = false;
-    bool ViewAttributesM = true;
-};
-
-/// What helps to read the view. Unlike the filters it is kept from run to run.
-struct ZoomSight {
-    bool LightPathsM = true;  ///< the path of what is pointed at is lit
-    bool LegendM = true;
-};
-
-/// What the zoom view needs of the run. All of it outlives the view.
-struct ZoomServices {
-    canvas::CanvasServices canvas;
-    const entities::CatalogueTables& catalogue;
-    platform::Progress& progress;
-    Relationships& relationships;
-};
-
-/// The attribute-level view of one activity with its direct neighbours. It works on clones of their entities; nothing
-/// reaches the scenario until `ApplyZoomChanges`.
-///
-/// A design node that is reached twice is shown twice. Only its first copy bears its names, draws edges and is written
-/// back.
-class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
+/// The window over a zoom view: its rules, Save and closing, what it offers, and its legend. The design window takes no
+/// input while it lives.
+class ZoomForm : public ZoomView, private canvas::CanvasListener {
   public:
-    /// Largest width and height of the picture, twips.
-    static constexpr float kLargestPicture = 32000;
-
-    /// An empty view over a design window, which takes no input while it lives and outlives it.
     ZoomForm(const ZoomServices& services, canvas::DrawForm& design);
     ~ZoomForm() override;
 
-    canvas::DrawForm& ParForm;  ///< the design window it was opened from
-    std::vector<NewANDoldIndex> New2OldIndex;
-    std::int32_t CentralActivityNo = -1;
-    std::int32_t ConstantCounter = 0;  ///< for default names
-    std::int32_t AttributeCounter = 0;
-    std::int32_t FunctionCounter = 0;
-    std::int32_t ParameterCounter = 0;
-    ViewMarks marks;
-    MemberOrder order;        ///< of what was folded by hand
-    canvas::Renames renames;  ///< since the scenario has all of it
-    /// Nodes of functions that wait for their folded activity, and the activity's node.
-    std::unordered_map<std::int32_t, std::int32_t> waiting;
-
-    const entities::CatalogueTables& catalogue() const { return services_.catalogue; }
-    platform::Progress& progress() const { return services_.progress; }
-
-    const canvas::LabelsD* central() const { return Labels.byIndex(CentralActivityNo); }
-    canvas::LabelsD* central() { return Labels.byIndex(CentralActivityNo); }
-
-    /// False for a node whose name another one bears: a second copy, or a sub-node of one.
-    bool bearsName(const canvas::LabelsD& node) const { return NamesColl.Item(node.KeyName()) == node.Index(); }
-
-    /// True for a second copy and its sub-nodes: what they show is edited at the first. No other node is without a
-    /// name.
-    bool repeats(const canvas::LabelsD& node) const;
-
-    /// Runs `step` for each node of the view that was copied from a design node: `step(zoom node, design node)`.
-    template <class Step>
-    void eachPair(Step step) {
-        for (const NewANDoldIndex& pair : New2OldIndex) {
-            canvas::LabelsD* shown = Labels.byIndex(pair.NewIndex);
-            canvas::LabelsD* design = ParForm.Labels.byIndex(pair.OldIndex);
-            if (shown && design) {
-                step(*shown, *design);
-            }
-        }
-    }
-
-    /// Runs it for the first copy of each design node only.
-    template <class Step>
-    void eachFirstCopy(Step step) {
-        eachPair([&](canvas::LabelsD& shown, canvas::LabelsD& design) {
-            if (bearsName(shown)) {
-                step(shown, design);
-            }
-        });
-    }
-
-    const ZoomSight& sight() const { return sight_; }
-    void setSight(const ZoomSight& sight);
-
-    /// What cannot be read since the view was built, nodes were unfolded or room was made. Not offered to be mended
-    /// once that was turned down.
-    void setDisorder(Disorder disorder);
-
-    bool unapplied() const { return unapplied_; }
-
-    /// Something was edited that the scenario does not have yet.
-    void touch();
-    /// Whether something was edited since this was asked last.
-    bool takeEdits() { return std::exchange(edited_, false); }
-    /// The scenario has all of it now, also the rows that were deleted so far.
-    void applied();
-
-    // CanvasForm
-    bool isZoom() const override { return true; }
-    std::int32_t centralNode() const override { return CentralActivityNo; }
-    canvas::DrawForm& scenario() override { return ParForm; }
     canvas::CanvasRules& rules() override { return rules_; }
     /// Gives the changes to the scenario and stores it.
     void Save() override;
@@ -151,26 +26,12 @@ class ZoomForm : public canvas::CanvasForm, private canvas::CanvasListener {
     std::span<const canvas::LegendEntry> legend() const override;
 
   private:
-    /// What is renamed in the view itself: its orders and its way back into the scenario follow.
-    struct OwnRenames : canvas::CanvasListener {
-        explicit OwnRenames(ZoomForm& view) : form(view) {}
-        void memberRenamed(const canvas::Rename& rename) override;
-        ZoomForm& form;
-    };
-
     void formChanged() override;
+    bool offersRoom() const { return disorder() != Disorder::none && !roomDeclined_; }
 
-    ZoomServices services_;
-    ZoomRules rules_;
+    ZoomRules rules_{*this};
     canvas::CanvasSubscription design_;
-    OwnRenames ownRenames_{*this};
-    canvas::CanvasSubscription own_ = listen(ownRenames_);
-    int appliedRows_;  ///< mark in the rows to delete
-    bool unapplied_ = false;
-    bool edited_ = false;
-    Disorder disorder_ = Disorder::none;
     bool roomDeclined_ = false;
-    ZoomSight sight_;
 };
 
 }  // namespace orvent::zoom

@@ -9,12 +9,14 @@
 #include "zoom/expand_collapse.h"
 #include "zoom/linked_constant.h"
 #include "zoom/make_room.h"
+#include "zoom/member_ties.h"
+#include "zoom/part_of.h"
 #include "zoom/path_light.h"
+#include "zoom/relationship_rules.h"
 #include "zoom/typed_name.h"
-#include "zoom/unfolding_parts.h"
 #include "zoom/view_filters.h"
 #include "zoom/waiting_functions.h"
-#include "zoom/zoom_form.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
@@ -29,14 +31,14 @@ namespace {
 /// The kinds that tools place here.
 struct PlacedKind {
     canvas::NodeTypeCode nodeType;
-    std::int32_t ZoomForm::*counter;
+    std::int32_t ZoomView::*counter;
 };
 
 constexpr std::array<PlacedKind, 4> kPlacedKinds = {{
-    {canvas::NodeTypeConstant, &ZoomForm::ConstantCounter},
-    {canvas::NodeTypeAttribute, &ZoomForm::AttributeCounter},
-    {canvas::NodeTypeFunction, &ZoomForm::FunctionCounter},
-    {canvas::NodeTypeParameter, &ZoomForm::ParameterCounter},
+    {canvas::NodeTypeConstant, &ZoomView::ConstantCounter},
+    {canvas::NodeTypeAttribute, &ZoomView::AttributeCounter},
+    {canvas::NodeTypeFunction, &ZoomView::FunctionCounter},
+    {canvas::NodeTypeParameter, &ZoomView::ParameterCounter},
 }};
 
 struct EdgeTool {
@@ -59,17 +61,17 @@ bool standsForLinks(const LinesD& edge) {
 /// Whether a part-of edge holds what the design window or the catalogue made: an attribute of a record set, or an input
 /// or output of a function; or what a second copy shows. Such an edge stays; one that ties a member to an activity may
 /// go, and so may one that was drawn between nodes of other kinds and means nothing.
-bool holdsGivenMember(const ZoomForm& form, const LinesD& edge) {
-    const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
-    const LabelsD* to = form.Labels.byIndex(edge.ToLabel());
+bool holdsGivenMember(const ZoomView& view, const LinesD& edge) {
+    const LabelsD* from = view.Labels.byIndex(edge.FromLabel());
+    const LabelsD* to = view.Labels.byIndex(edge.ToLabel());
     if (edge.EdgeType() != canvas::EdgeTypePartOf || !from || !to) {
         return false;
     }
-    return form.repeats(*from) || (!from->activity() && isMemberOf(form, *to, *from));
+    return !view.bearsName(*from) || (!from->activity() && isMemberOf(view, *to, *from));
 }
 
-/// The names of the functions that activities have, also those beyond the view and those that are folded.
-std::unordered_set<std::string> functionNames(const ZoomForm& form) {
+/// The names of the functions that activities have, also those beyond the view and those that are collapsed.
+std::unordered_set<std::string> functionNames(const ZoomView& view) {
     std::unordered_set<std::string> names;
     const auto add = [&](const canvas::Canvas& canvas) {
         for (const LabelsD& node : canvas.Labels) {
@@ -80,20 +82,20 @@ std::unordered_set<std::string> functionNames(const ZoomForm& form) {
             }
         }
     };
-    add(form);
-    add(form.ParForm);
+    add(view);
+    add(view.ParForm());
     return names;
 }
 
 /// A default name that nothing bears by which links might be taken to mean the new node.
-std::string newName(ZoomForm& form, const canvas::NodeKind& kind, std::int32_t& counter) {
+std::string newName(ZoomView& view, const canvas::NodeKind& kind, std::int32_t& counter) {
     const bool function = kind.nodeType == canvas::NodeTypeFunction;
     const std::unordered_set<std::string> functions =
-        function ? functionNames(form) : std::unordered_set<std::string>();
+        function ? functionNames(view) : std::unordered_set<std::string>();
     std::string name;
     do {
-        name = canvas::freeName(form, kind.word, counter);
-    } while (functions.count(name) || (kind.nodeType == canvas::NodeTypeConstant && isTakenFromConstants(form, name)));
+        name = canvas::freeName(view, kind.word, counter);
+    } while (functions.count(name) || (kind.nodeType == canvas::NodeTypeConstant && isTakenFromConstants(view, name)));
     return name;
 }
 
@@ -105,13 +107,13 @@ LabelsD* ZoomRules::placeNode(canvas::Canvas&, std::string_view tool, canvas::Po
         if (kind.tool != tool) {
             continue;
         }
-        const std::string name = newName(form_, kind, form_.*row.counter);
-        LabelsD& node = form_.Labels.Add(canvas::placedBox(kind, form_.settings(), at), name, row.nodeType);
+        const std::string name = newName(view_, kind, view_.*row.counter);
+        LabelsD& node = view_.Labels.Add(canvas::placedBox(kind, view_.settings(), at), name, row.nodeType);
         if (row.nodeType != canvas::NodeTypeFunction) {
-            node.setToolTipText(typedName(form_, name, 0));
+            node.setToolTipText(typedName(view_, name, 0));
         }
-        form_.touch();
-        edited(form_);
+        view_.touch();
+        edited(view_);
     }
     return nullptr;  // no dialog opens by itself
 }
@@ -136,28 +138,30 @@ bool ZoomRules::mayStart(canvas::EdgeTypeCode, const LabelsD&) const {
 
 bool ZoomRules::mayRelate(const canvas::Canvas&, canvas::EdgeTypeCode edgeType, const LabelsD& from,
                           const LabelsD& to) const {
-    return relationships_.mayRelate(form_, edgeType, from, to);
+    return zoom::mayRelate(view_, edgeType, from, to);
 }
 
 bool ZoomRules::mayRedirect(canvas::Canvas&, LinesD& edge, bool, const LabelsD&) {
-    if (!standsForLinks(edge) || holdsGivenMember(form_, edge)) {
+    if (!standsForLinks(edge) || holdsGivenMember(view_, edge)) {
         return false;
     }
-    form_.touch();
-    relationships_.remove(form_, edge.Index());
-    return form_.Lines.byIndex(edge.Index()) != nullptr;
+    view_.touch();
+    RemoveRelationship(view_, edge.Index());
+    return view_.Lines.byIndex(edge.Index()) != nullptr;
 }
 
 void ZoomRules::edgeCompleted(canvas::Canvas&, LinesD& edge) {
-    if (relationships_.create(form_, edge.Index())) {
-        form_.touch();
+    std::int32_t number = edge.Index();
+    CreateRelationship(view_, number);
+    if (view_.Lines.byIndex(number)) {
+        view_.touch();
     }
-    edited(form_);
+    edited(view_);
 }
 
 void ZoomRules::edited(canvas::Canvas&) {
-    if (form_.takeEdits()) {
-        followEdits(form_);
+    if (view_.takeEdits()) {
+        followEdits(view_);
     }
 }
 
@@ -172,11 +176,11 @@ bool ZoomRules::releaseEdge(canvas::Canvas&, LinesD& edge) {
     if (!standsForLinks(edge)) {
         return true;
     }
-    if (holdsGivenMember(form_, edge)) {
+    if (holdsGivenMember(view_, edge)) {
         return false;
     }
-    form_.touch();
-    relationships_.remove(form_, edge.Index());
+    view_.touch();
+    RemoveRelationship(view_, edge.Index());
     return true;
 }
 
@@ -187,10 +191,10 @@ bool ZoomRules::mayDelete(canvas::Canvas&, const LabelsD& node) {
     const auto* parameter = node.entity<ParameterProperties>();
     const bool ofFunction =
         parameter && (parameter->NodeKind == KindFunctionInput || parameter->NodeKind == KindFunctionOutput);
-    if (ofFunction || form_.repeats(node) || !node.Visible()) {  // what a filter hides does not go unseen
+    if (ofFunction || !view_.bearsName(node) || !node.Visible()) {  // what a filter hides does not go unseen
         return false;
     }
-    form_.touch();
+    view_.touch();
     return true;
 }
 
@@ -199,41 +203,42 @@ bool ZoomRules::releaseFunction(canvas::Canvas&, LabelsD& node) {
     if (!function) {
         return false;
     }
-    form_.DeletedNodes->Add(function->FunctionID, KindFunction);
-    CollapseFunction(form_, node.Index());
-    form_.order.forgetFunction(function->Function_Key);
-    UnSynchronizeFunction(form_, *function, true, nullptr);
-    LabelsD* awaited = awaitedActivity(form_, node);
-    relationships_.detachFunction(form_, node, awaited ? awaited : form_.nodeNamed(function->ParentKeyName()));
+    view_.DeletedNodes->Add(function->FunctionID, KindFunction);
+    function->FunctionID = 0;  // noted once
+    CollapseFunction(view_, node.Index());
+    view_.order.forgetFunction(function->Function_Key);
+    UnSynchronizeFunction(view_, *function, true, nullptr);
+    LabelsD* awaited = awaitedActivity(view_, node);
+    DetachFunction(view_, node, awaited ? awaited : view_.nodeNamed(function->ParentKeyName()));
     return true;
 }
 
 bool ZoomRules::toggleExpanded(canvas::Canvas&, LabelsD& node) {
-    if (node.Expanded && node.Index() == form_.CentralActivityNo) {
+    if (node.Expanded && node.Index() == view_.CentralActivityNo) {
         return false;
     }
     if (node.Expanded) {
-        CollapseWhole(form_, node);
+        CollapseWhole(view_, node);
     } else if (node.entity<FunctionProperties>()) {
-        ExpandFunction(form_, node.Index());
+        ExpandFunction(view_, node.Index());
     } else {
-        ExpandByPlace(form_, node);
+        ExpandByPlace(view_, node);
     }
-    refreshFilters(form_);
+    refreshFilters(view_);
     if (node.Expanded) {
-        form_.setDisorder(disorderOf(form_));
+        view_.setDisorder(disorderOf(view_));
     }
     return true;
 }
 
 canvas::Light ZoomRules::pathOf(const canvas::Canvas&, const LabelsD& node) const {
-    return form_.sight().LightPathsM ? pathThrough(form_, node.Index()) : canvas::Light{};
+    return view_.sight().LightPathsM ? pathThrough(view_, node.Index()) : canvas::Light{};
 }
 
 canvas::ItemState ZoomRules::stateOf(const canvas::Canvas& canvas, const canvas::ContextItem& item,
                                      const LabelsD* node) const {
     canvas::ItemState state = CanvasRules::stateOf(canvas, item, node);
-    if (item.action == canvas::MenuAction::properties && node && !form_.bearsName(*node)) {
+    if (item.action == canvas::MenuAction::properties && node && !view_.bearsName(*node)) {
         state.enabled = false;
     }
     return state;

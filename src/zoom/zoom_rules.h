@@ -1,14 +1,14 @@
 #pragma once
 
 #include "canvas/canvas_rules.h"
-#include "zoom/relationships.h"
+#include "zoom/zoom_view.h"
 
 namespace orvent::zoom {
 
 /// The rules of the zoom window.
 class ZoomRules : public canvas::CanvasRules {
   public:
-    ZoomRules(ZoomForm& form, Relationships& relationships) : form_(form), relationships_(relationships) {}
+    explicit ZoomRules(ZoomView& view) : view_(view) {}
 
     canvas::LabelsD* placeNode(canvas::Canvas& canvas, std::string_view tool, canvas::Point at) override;
     bool places(std::string_view tool) const override;
@@ -32,8 +32,7 @@ class ZoomRules : public canvas::CanvasRules {
                               const canvas::LabelsD* node) const override;
 
   private:
-    ZoomForm& form_;
-    Relationships& relationships_;
+    ZoomView& view_;
 };
 
 }  // namespace orvent::zoom

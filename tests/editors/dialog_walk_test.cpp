@@ -7,6 +7,7 @@
 
 #include "editors/zoom_dialogs_fixture.h"
 #include "testkit/zoom_faults.h"
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/rename_node.h"
 

@@ -2,6 +2,7 @@
 
 #include "editors/item_prop.h"
 
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/rename_node.h"
 #include "zoom/zoom_fixture.h"

@@ -3,6 +3,7 @@
 #include "editors/zoom_dialogs_fixture.h"
 #include "links/members.h"
 #include "testkit/zoom_faults.h"
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/member_ties.h"
 #include "zoom/rename_node.h"
@@ -16,7 +17,7 @@ using testkit::ZoomDialogs;
 
 namespace {
 
-TEST_F(ZoomDialogs, ClosingUnfoldsTheNodeAsItWas) {
+TEST_F(ZoomDialogs, ClosingExpandsTheNodeAsItWas) {
     open();
     node("A2.IN.SONUM").setLeft(node("A2.IN.SONUM").Left() + 700);
     zoom::CollapseFunction(*form, index("F1"));
@@ -152,7 +153,7 @@ TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
     const auto copies = [&] {
         int count = 0;
         for (const canvas::LabelsD& each : form->Labels) {
-            count += form->repeats(each) ? 1 : 0;
+            count += !form->bearsName(each) ? 1 : 0;
         }
         return count;
     };

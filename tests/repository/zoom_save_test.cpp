@@ -5,8 +5,7 @@
 #include "links/canvas_links.h"
 #include "stored_scenario_fixture.h"
 #include "testkit/zoom_faults.h"
-#include "zoom/relationship_rules.h"
-#include "zoom/zoom_view.h"
+#include "zoom/build_view.h"
 
 namespace orvent::testkit {
 
@@ -44,7 +43,7 @@ class ZoomSaveTest : public StoredScenarioTest {
             SCOPED_TRACE("broken off at statement " + std::to_string(at));
             auto form = graph("Zoomed" + std::to_string(at));
             save(*form, true, Answer::cancel);
-            zoom::ZoomForm view({{user, canvasSettings}, catalogue.tables, repository.progress, relationships}, *form);
+            zoom::ZoomForm view({{user, canvasSettings}, catalogue.tables, repository.progress}, *form);
             zoom::buildZoomView(view, *form->nodeNamed("Act1"));
             editIn(view);
             repository.hooked.after(
@@ -70,8 +69,6 @@ class ZoomSaveTest : public StoredScenarioTest {
             }
         }
     }
-
-    zoom::RelationshipRules relationships;
 };
 
 TEST_F(ZoomSaveTest, BreaksOff) {

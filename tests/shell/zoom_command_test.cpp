@@ -5,8 +5,9 @@
 #include "repository/stored_content.h"
 #include "testkit/model_text.h"
 #include "testkit/test_frame.h"
+#include "zoom/apply_zoom_changes.h"
+#include "zoom/build_view.h"
 #include "zoom/make_room.h"
-#include "zoom/zoom_view.h"
 
 using namespace orvent;
 using platform::Answer;

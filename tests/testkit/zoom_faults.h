@@ -33,7 +33,7 @@ class CanvasFaults {
             if (form.bearsName(node)) {
                 found.seeOwner(node);
                 found.seeShown(form, node);
-                found.seeUnfolded(form, node);
+                found.seeExpanded(form, node);
             }
         }
         for (const canvas::LinesD& edge : form.Lines) {
@@ -84,7 +84,7 @@ class CanvasFaults {
     }
 
     /// Functions that are shown one by one are shown all, each at its owner.
-    void seeUnfolded(zoom::ZoomForm& form, const canvas::LabelsD& owner) {
+    void seeExpanded(zoom::ZoomForm& form, const canvas::LabelsD& owner) {
         const auto* functions = owner.activity() ? owner.activity()->Act_Functions.peek() : nullptr;
         for (int at = 1; functions && functions->Expanded && at <= functions->Count(); ++at) {
             const canvas::LabelsD* node = form.nodeNamed(functions->Item(at)->Function_Key);

@@ -4,6 +4,7 @@
 
 #include "links/check_consistency.h"
 #include "zoom/expand_collapse.h"
+#include "zoom/member_ties.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/zoom_fixture.h"
 
@@ -130,9 +131,8 @@ class Relationship : public testkit::CanvasTest {
 
     entities::CatalogueTables catalogue;
     testkit::QuietProgress progress;
-    zoom::RelationshipRules rules;
     canvas::DrawForm design{ports.services(), nullptr};
-    zoom::ZoomForm form{zoom::ZoomServices{ports.services(), catalogue, progress, rules}, design};
+    zoom::ZoomForm form{zoom::ZoomServices{ports.services(), catalogue, progress}, design};
 };
 
 struct Allowed {
@@ -197,7 +197,7 @@ TEST_F(Relationship, EveryPairStandsAsToldOrIsRefused) {
                     continue;
                 }
                 const Allowed* row = allowedRow(kind, from, to);
-                EXPECT_EQ(rules.mayRelate(form, kind, node(from), node(to)), row != nullptr);
+                EXPECT_EQ(zoom::mayRelate(form, kind, node(from), node(to)), row != nullptr);
                 if (!row) {
                     expectWarning("This Relationship Is Not Valid!");
                 }
@@ -304,7 +304,7 @@ TEST_F(Relationship, DataTypesMustAgreeUnlessTheSourceDefinesThem) {
     auto& input = *node("A.IN.i").entity<AttributeProperties>();
     input.Attribute_Type = 1;
     expectWarning("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: NUMBER.\nTarget: DATE.");
-    EXPECT_FALSE(rules.mayRelate(form, P, node("R.r"), node("A.IN.i")));
+    EXPECT_FALSE(zoom::mayRelate(form, P, node("R.r"), node("A.IN.i")));
     draw("R.r", "A.IN.i", P);
     EXPECT_EQ(links(), std::vector<std::string>{});
 
@@ -346,7 +346,7 @@ TEST_F(Relationship, PartOfEdgesOfOtherPairsMeanNothing) {
     for (const auto& [from, to] : {std::pair("R", "S.s"), std::pair("F", "R.r"), std::pair("A", "C"),
                                    std::pair("A", "D"), std::pair("R.r", "A"), std::pair("R", "F")}) {
         SCOPED_TRACE(from + std::string(" to ") + to);
-        EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, node(from), node(to)));
+        EXPECT_FALSE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node(from), node(to)));
         const std::int32_t edge = draw(from, to, canvas::EdgeTypePartOf);
         for (const char* owner : {"R", "F"}) {
             zoom::CollapseWhole(form, node(owner));
@@ -372,8 +372,8 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     LabelsD& attribute = place("X", canvas::NodeTypeAttribute);
     ActivityProperties& a = *node("A").activity();
     a.Act_Inputs->Changed = false;
-    EXPECT_TRUE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("A"), attribute));
-    EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, attribute, node("A")));
+    EXPECT_TRUE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node("A"), attribute));
+    EXPECT_FALSE(zoom::mayRelate(form, canvas::EdgeTypePartOf, attribute, node("A")));
     const std::int32_t edge = draw("A", "X", canvas::EdgeTypePartOf, 1);
     EXPECT_EQ(attribute.KeyName(), "A.IN.X");
     EXPECT_TRUE(a.Act_Inputs->Changed);
@@ -386,7 +386,7 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     draw("R.r", "A.IN.X", P);
 
     // A second owner is refused, and so is a name that is there.
-    EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("D"), node("A.IN.X")));
+    EXPECT_FALSE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node("D"), node("A.IN.X")));
     expectWarning("This Relationship Is Not Valid!");
     draw("D", "A.IN.X", canvas::EdgeTypePartOf, 4);
     place("i", canvas::NodeTypeAttribute);
@@ -471,10 +471,10 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     // Drawn from the function the edge is turned round, and is the only one.
     zoom::DetachFunction(form, node("F"), nullptr);
     EXPECT_EQ(node("A").activity()->Act_Functions->Item("F"), tied) << "of no activity";
-    EXPECT_FALSE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("D"), node("F")));
+    EXPECT_FALSE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node("D"), node("F")));
     zoom::DetachFunction(form, node("F"), &node("A"));
     form.Lines.RemoveFull(drawn->Index());
-    EXPECT_TRUE(rules.mayRelate(form, canvas::EdgeTypePartOf, node("F"), node("A")));
+    EXPECT_TRUE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node("F"), node("A")));
     const std::int32_t edge = draw("F", "A", canvas::EdgeTypePartOf);
     EXPECT_EQ(form.Lines.byIndex(edge)->FromLabel(), node("A").Index());
     EXPECT_NE(node("A").activity()->Act_Functions->Item("F"), nullptr);
@@ -543,7 +543,7 @@ TEST_F(Relationship, FunctionsGiveTheirLinksBack) {
                 addFunction(key, made.source, made.free);
             }
             const bool stands = made.free || (row.source + std::string(row.target)).find_first_of("BD") > 99;
-            EXPECT_EQ(rules.mayRelate(form, R, node(from), node(to)), stands);
+            EXPECT_EQ(zoom::mayRelate(form, R, node(from), node(to)), stands);
             if (!stands) {
                 expectWarning("This Relationship Is Not Valid!");
             }

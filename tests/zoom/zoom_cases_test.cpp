@@ -1,6 +1,7 @@
 // Scenarios out of the ordinary, and what goes wrong on the way back.
 
 #include "testkit/zoom_faults.h"
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/make_room.h"
 #include "zoom/view_filters.h"

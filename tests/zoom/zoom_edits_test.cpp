@@ -4,6 +4,7 @@
 #include "links/canvas_links.h"
 #include "links/members.h"
 #include "testkit/zoom_faults.h"
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/rename_node.h"
@@ -25,8 +26,7 @@ class ZoomEdits : public testkit::ZoomTest {
   protected:
     zoom::ZoomForm& open(const std::string& activity = "A2") {
         form.reset();
-        form =
-            std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress, rules}, design);
+        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress}, design);
         zoom::buildZoomView(*form, *design.nodeNamed(activity));
         return *form;
     }
@@ -74,7 +74,6 @@ class ZoomEdits : public testkit::ZoomTest {
         EXPECT_EQ(testkit::modelText(design), applied);
     }
 
-    zoom::RelationshipRules rules;
     links::CanvasLinks links;
 };
 
@@ -111,7 +110,7 @@ TEST_F(ZoomEdits, NothingIsDrawnAtASecondCopy) {
          {Row{node("A1.OUT.AU_ID"), secondCopy("SONUM"), P}, Row{secondCopy("AU_ID"), node("RS2.ED_ID"), P},
           Row{secondCopy("SONUM"), node("A2.PARAM.PUB_ID"), R}, Row{secondCopy("A2"), node("X"), T}}) {
         SCOPED_TRACE(row.from.Caption() + " to " + row.to.Caption());
-        EXPECT_FALSE(rules.mayRelate(*form, row.kind, row.from, row.to));
+        EXPECT_FALSE(zoom::mayRelate(*form, row.kind, row.from, row.to));
         refuse();
         EXPECT_EQ(draw(row.from, row.to, row.kind), nullptr);
     }
@@ -451,7 +450,7 @@ TEST_F(ZoomEdits, AFunctionDoesNotJoinItsNamesake) {
         place("F9", canvas::NodeTypeFunction).entity<FunctionProperties>()->Function_Outputs->Add("O", 0, "O");
     output.NodeKind = KindFunctionOutput;
     zoom::ExpandFunction(*form, index("F9"));
-    EXPECT_FALSE(rules.mayRelate(*form, R, node("A1.OUT.AU_ID"), node("F9.OUT.O")));
+    EXPECT_FALSE(zoom::mayRelate(*form, R, node("A1.OUT.AU_ID"), node("F9.OUT.O")));
     refuse();
     EXPECT_EQ(draw("A1.OUT.AU_ID", "F9.OUT.O", R), nullptr);
     expectWhole();

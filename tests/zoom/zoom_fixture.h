@@ -10,37 +10,11 @@
 #include "links/far_end.h"
 #include "testkit/model_text.h"
 #include "testkit/scripted_ports.h"
+#include "zoom/build_view.h"
 #include "zoom/link_graph.h"
-#include "zoom/zoom_view.h"
+#include "zoom/zoom_form.h"
 
 namespace orvent::testkit {
-
-/// Writes down what it is asked for, by the names of an edge's ends, and does nothing.
-class LoggedRelationships : public zoom::Relationships {
-  public:
-    std::string log;
-
-    bool create(zoom::ZoomForm& form, std::int32_t edge) override {
-        write("create", form, edge);
-        return true;
-    }
-    void remove(zoom::ZoomForm& form, std::int32_t edge) override { write("remove", form, edge); }
-    void detachFunction(zoom::ZoomForm&, canvas::LabelsD& function, canvas::LabelsD* activity) override {
-        log += "detach " + function.KeyName() + " " + (activity ? activity->KeyName() : "-") + "|";
-    }
-    bool mayRelate(const zoom::ZoomForm&, canvas::EdgeTypeCode, const canvas::LabelsD&,
-                   const canvas::LabelsD&) const override {
-        return true;
-    }
-
-  private:
-    void write(const std::string& word, const zoom::ZoomForm& form, std::int32_t number) {
-        const canvas::LinesD& edge = *form.Lines.byIndex(number);
-        log += word + " " + form.Labels.byIndex(edge.FromLabel())->KeyName() + " " +
-               std::to_string(static_cast<int>(edge.EdgeType())) + " " +
-               form.Labels.byIndex(edge.ToLabel())->KeyName() + "|";
-    }
-};
 
 /// Stores nothing; a test gives what happens to the scenario meanwhile.
 class LoggedStore : public canvas::ScenarioStore {
@@ -78,8 +52,7 @@ class ZoomTest : public CanvasTest {
 
     zoom::ZoomForm& open(const std::string& activity = "A2") {
         form.reset();
-        form = std::make_unique<zoom::ZoomForm>(
-            zoom::ZoomServices{ports.services(), catalogue, progress, relationships}, design);
+        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress}, design);
         zoom::buildZoomView(*form, *design.nodeNamed(activity));
         return *form;
     }
@@ -165,7 +138,6 @@ class ZoomTest : public CanvasTest {
 
     entities::CatalogueTables catalogue;
     QuietProgress progress;
-    LoggedRelationships relationships;
     LoggedStore store;
     canvas::DrawForm design{ports.services(), &store};
     LinkGraph graph{design};

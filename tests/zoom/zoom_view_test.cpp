@@ -1,5 +1,6 @@
 #include "entities/link_types.h"
 #include "links/members.h"
+#include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
@@ -129,11 +130,11 @@ TEST_F(ZoomView, DrawsTheLinksOfTheModel) {
     }
 }
 
-TEST_F(ZoomView, UnfoldingGrowsThePicture) {
+TEST_F(ZoomView, ExpandingGrowsThePicture) {
     open();
     struct Row {
         const char* owner;
-        void (*unfold)(zoom::ZoomForm&, std::int32_t);
+        void (*unfold)(zoom::ZoomView&, std::int32_t);
         const char* last;  ///< of what then appears
         bool widens;
     };
@@ -227,7 +228,7 @@ TEST_F(ZoomView, ApplyKeepsTheOrderWhateverWasFolded) {
     EXPECT_EQ(keys(node("A2").activity()->Act_Outputs), order);
 }
 
-TEST_F(ZoomView, FoldingAndUnfoldingGivesTheSameView) {
+TEST_F(ZoomView, CollapsingAndExpandingGivesTheSameView) {
     open();
     const Texts shown = names(), drawn = edges(true);
     for (const char* name : {"RS4", "A1", "RS2", "A3", "F1", "A2.F2", "A2"}) {

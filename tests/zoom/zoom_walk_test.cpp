@@ -11,9 +11,10 @@
 #include "repository/stored_scenario_fixture.h"
 #include "shell/sample_scenario.h"
 #include "testkit/zoom_faults.h"
+#include "zoom/apply_zoom_changes.h"
+#include "zoom/build_view.h"
 #include "zoom/relationship_rules.h"
 #include "zoom/view_filters.h"
-#include "zoom/zoom_view.h"
 
 namespace orvent::testkit {
 
@@ -121,7 +122,7 @@ class ZoomWalk : public StoredScenarioTest {
         }
         form_.reset();
         form_ = std::make_unique<zoom::ZoomForm>(
-            zoom::ZoomServices{{user, canvasSettings}, catalogue.tables, repository.progress, relationships_}, design);
+            zoom::ZoomServices{{user, canvasSettings}, catalogue.tables, repository.progress}, design);
         const std::string central =
             pick(3) ? "Activity2" : activities[static_cast<std::size_t>(pick(static_cast<int>(activities.size())))];
         zoom::buildZoomView(*form_, *design.nodeNamed(central));
@@ -343,7 +344,6 @@ class ZoomWalk : public StoredScenarioTest {
 
     std::unique_ptr<canvas::DrawForm> owned_ = newForm("Walk");
     canvas::DrawForm& design = *owned_;
-    zoom::RelationshipRules relationships_;
     links::CanvasLinks links_;
     editors::NoWizard wizard_;
     editors::NoFile chooser_;

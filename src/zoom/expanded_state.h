@@ -10,14 +10,14 @@
 
 namespace orvent::zoom {
 
-/// What is unfolded of a view, and where it stands: taken before nodes are folded for a while, and given back when
-/// they are unfolded again.
-class Unfolded {
+/// What is expanded of a view, and where it stands: taken before nodes are collapsed for a while, and given back when
+/// they are expanded again.
+class ExpandedState {
   public:
-    explicit Unfolded(const ZoomForm& form);
+    explicit ExpandedState(const ZoomView& view);
 
     /// Expands what was expanded, puts every node back to its place and leads edges as a hand had led them.
-    void restore(ZoomForm& form) const;
+    void restore(ZoomView& view) const;
 
   private:
     struct Place {
@@ -36,8 +36,8 @@ class Unfolded {
     std::vector<Place> places_;
 };
 
-/// Folds an activity, a record set or a function. Its members keep the order that they had before it was folded by
-/// hand.
-void foldNode(ZoomForm& form, canvas::LabelsD& node);
+/// Collapses an activity, a record set or a function. Its members keep the order that they had before it was collapsed
+/// by hand.
+void CollapseForAWhile(ZoomView& view, canvas::LabelsD& node);
 
 }  // namespace orvent::zoom
