@@ -102,6 +102,9 @@ class AttributeCollection : public EntityCollection<AttributeProperties> {
   public:
     explicit AttributeCollection(NodeKindCode nodeKind) : nodeKind_(nodeKind) {}
 
+    /// What `Add` makes its members.
+    NodeKindCode nodeKind() const { return nodeKind_; }
+
     bool Expanded = false;  ///< its items are shown one by one in the zoom view
 
     AttributeProperties& Add(const std::string& Attribute_Name, std::int16_t Attribute_Type, std::int16_t Tag,
@@ -119,6 +122,9 @@ class AttributeCollection : public EntityCollection<AttributeProperties> {
 class ParameterCollection : public EntityCollection<ParameterProperties> {
   public:
     explicit ParameterCollection(NodeKindCode nodeKind) : nodeKind_(nodeKind) {}
+
+    /// What `Add` makes its members.
+    NodeKindCode nodeKind() const { return nodeKind_; }
 
     bool Expanded = false;
 

@@ -36,6 +36,24 @@ constexpr LinkType innerLink(std::int16_t tag) {
     return tag == 0 ? LinkActivityInput : static_cast<LinkType>(tag + 2);
 }
 
+/// Whether links of that type lead to a member that a scenario holds. A constant is nothing but the links to it, and
+/// other types lead to nothing.
+constexpr bool leadsToAMember(LinkType type) {
+    switch (type) {
+        case LinkRecordSet:
+        case LinkActivity:
+        case LinkInput:
+        case LinkActivityInput:
+        case LinkParameterOutput:
+        case LinkFunctionOutput:
+        case LinkRecordSetFunction:
+        case LinkInputFunction:
+            return true;
+        default:
+            return false;
+    }
+}
+
 /// How a list labels where a thing comes from, by link type code.
 inline constexpr std::array<std::string_view, 16> kFromLabels = {"Activity Output",
                                                                  "RecordSet",

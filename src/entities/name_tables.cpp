@@ -30,6 +30,16 @@ void NameTable::take(const std::string& name) {
     }
 }
 
+std::int16_t NameTable::keep(const std::string& name) {
+    const std::optional<std::int16_t> stored = indexOf(name);
+    if (const std::optional<std::int16_t> known = stored ? stored : goneIndexOf(name)) {
+        return *known;
+    }
+    append(name);
+    rows_.back().gone = true;
+    return static_cast<std::int16_t>(rows_.size() - 1);
+}
+
 void NameTable::append(const std::string& name) {
     const auto index = platform::checkedI16(static_cast<long long>(rows_.size()), "Catalogue index");
     rows_.push_back({name, false});
@@ -123,6 +133,19 @@ std::vector<std::int16_t> NameTable::listed(int held) const {
         }
     }
     return indices;
+}
+
+std::int16_t CatalogueTables::keepActivityType(const std::string& name, const std::string& sql,
+                                               const std::string& ldl) {
+    const std::size_t before = activityTypes.size();
+    const std::int16_t index = activityTypes.keep(name);
+    if (activityTypes.size() > before) {
+        activityTypeSql.resize(before);
+        activityTypeSql.push_back(sql);
+        activityTypeLdl.resize(before);
+        activityTypeLdl.push_back(ldl);
+    }
+    return index;
 }
 
 }  // namespace orvent::entities

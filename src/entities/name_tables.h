@@ -28,6 +28,9 @@ class NameTable {
     /// even where that is the empty entry.
     void take(const std::string& name);
 
+    /// The index of a name, stored or gone; one that is not there becomes a gone row.
+    std::int16_t keep(const std::string& name);
+
     /// The names as they are stored now, in their order. With `keepIndices` every index goes on meaning its name: what
     /// is stored no more is gone, what is new comes behind, what returns has its former index. Otherwise the table
     /// becomes `names`.
@@ -86,6 +89,9 @@ struct CatalogueTables {
     NameTable activityTypes;
     std::vector<std::string> activityTypeSql{std::string()};
     std::vector<std::string> activityTypeLdl{std::string()};
+
+    /// `NameTable::keep` for an activity type; one that is not there brings its texts.
+    std::int16_t keepActivityType(const std::string& name, const std::string& sql, const std::string& ldl);
 };
 
 /// The data type that stands for the provider's own type.

@@ -15,15 +15,6 @@ using links::Direction;
 
 namespace {
 
-/// A constant is nothing but the links to it, and other types lead to nothing that the scenario holds.
-bool leadsToAMember(entities::LinkType type) {
-    using namespace entities;
-    constexpr LinkType types[] = {LinkRecordSet,         LinkActivity,        LinkInput,
-                                  LinkActivityInput,     LinkParameterOutput, LinkFunctionOutput,
-                                  LinkRecordSetFunction, LinkInputFunction};
-    return std::ranges::find(types, type) != std::end(types);
-}
-
 /// Looks at the links that are stored with their holders.
 class StoredLinks {
   public:
@@ -71,7 +62,7 @@ class StoredLinks {
     void look(Direction direction, const Holder& holder, const entities::Lazy<Links>& links) {
         const links::NearEnd near(holder);
         for (const auto& link : links) {
-            if (!leadsToAMember(link.type())) {
+            if (!entities::leadsToAMember(link.type())) {
                 continue;
             }
             const links::FarEndView far =
