@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "canvas/draw_form.h"
+#include "links/far_end.h"
+
+namespace orvent::exchange {
+
+/// What of a canvas is written.
+struct Extract {
+    std::string name;
+    std::vector<const canvas::LabelsD*> nodes;
+    std::vector<const canvas::LinesD*> edges;  ///< only such as join these nodes
+    /// Whether a link of one of the nodes is written; all are when it is empty.
+    std::function<bool(links::Direction, const links::NearEnd&, const links::LinkData&)> keeps;
+
+    static Extract all(const canvas::DrawForm& form);
+};
+
+}  // namespace orvent::exchange
