@@ -12,6 +12,8 @@ namespace orvent::exchange {
 
 namespace {
 
+constexpr std::size_t kProbe = 256;  ///< so many nodes tell how long the text will be
+
 class DocumentWriter {
   public:
     DocumentWriter(const Extract& extract, const entities::CatalogueTables& tables, const WriteOptions& options)
@@ -31,6 +33,9 @@ class DocumentWriter {
         out_.open('[');
         for (const canvas::LabelsD* node : extract_.nodes) {
             writeNode(*node);
+            if (numbers_.size() == kProbe) {
+                out_.expect(extract_.nodes.size() / kProbe + 1);
+            }
         }
         out_.close(']');
         begin(out_, Key::edges);

@@ -164,7 +164,8 @@ void JsonText::number(float value) {
 }
 
 std::string JsonText::take() {
-    return std::exchange(out_, {}) + '\n';
+    out_ += '\n';
+    return std::exchange(out_, {});
 }
 
 }  // namespace orvent::exchange

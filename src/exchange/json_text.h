@@ -41,6 +41,9 @@ class JsonText {
     void openInline(char bracket);
     void closeInline(char bracket);
 
+    /// The text will be so many times as long as it is now; it then need not move while it grows.
+    void expect(std::size_t times) { out_.reserve(out_.size() * times + out_.size() / 4 * times); }
+
     std::string take();
 
   private:

@@ -140,7 +140,8 @@ class TreeBuilder {
 
 JsonTree::JsonTree(std::string_view text) {
     refuseOtherTexts(text);
-    values_.reserve(text.size() / 16);
+    values_.reserve(text.size() / 24);
+    texts_.reserve(text.size() / 2);
     TreeBuilder builder(*this, text);
     nlohmann::json::sax_parse(text, &builder);
 }

@@ -42,12 +42,11 @@ void nameDataTypes(entities::Lazy<List>& members, const TypeIndices& types) {
 }
 
 /// A node like one of the document. A refused name is no news: it was one where the document was written.
-LabelsD& addNode(canvas::DrawForm& form, Document::Node& node, const TypeIndices& types) {
+LabelsD& addNode(canvas::DrawForm& form, Document::Node& node) {
     LabelsD& added = form.Labels.Add(node.box, node.caption, node.kind);
     if (auto* constant = std::get_if<std::shared_ptr<entities::ParameterProperties>>(&node.entity)) {
         (*constant)->LabelIndex = added.Index();
     }
-    nameTypes(node.entity, types);
     added.Properties = std::move(node.entity);
     return added;
 }
@@ -149,20 +148,20 @@ std::vector<std::string> fillForm(canvas::DrawForm& form, Document document, con
     form.quietNames = true;
     std::vector<std::int32_t> numbers;
     for (Document::Node& node : document.nodes) {
-        numbers.push_back(addNode(form, node, types).Index());
+        numbers.push_back(addNode(form, node).Index());
     }
     form.quietNames = false;
     for (const Document::Edge& edge : document.edges) {
         form.Lines.addFullLine(numbers[edge.from], edge.fromPoint, numbers[edge.to], edge.toPoint, edge.kind,
                                edge.angle, 0);
     }
+    // All steps on a node at once: a large scenario is walked once.
     std::vector<std::string> dangling;
     for (LabelsD& node : form.Labels) {
+        nameTypes(node.Properties, types);
         if (!completeLinks(form, node)) {
             dangling.push_back(node.Caption());
         }
-    }
-    for (LabelsD& node : form.Labels) {
         settleReadiness(node);
     }
     if (document.stored) {
