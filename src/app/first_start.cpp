@@ -1,11 +1,11 @@
 #include "app/first_start.h"
 
-#include <QFile>
 #include <cstdlib>
 
+#include "app/built_in.h"
 #include "odbc/database.h"
+#include "platform/settings_file.h"
 #include "platform/text.h"
-#include "qt/platform/settings_file.h"
 #include "repository/repository_check.h"
 
 namespace orvent::app {
@@ -13,15 +13,6 @@ namespace orvent::app {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A file that is built into the program.
-std::string builtIn(const char* name) {
-    QFile file(QString(":/orvent/") + name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw platform::Fault(std::string(name) + " is not part of this program.");
-    }
-    return file.readAll().toStdString();
-}
 
 /// The files that SQLite keeps beside a database while it is open, or after it could not be closed well.
 constexpr const char* kBeside[] = {"-wal", "-shm", "-journal"};
@@ -74,7 +65,7 @@ void FirstStart::run() {
 
 /// A settings file that holds none would be taken for a very first start, and lost with the first write.
 void FirstStart::setAside() {
-    if (!fs::exists(places_.settings) || qt::holdsSettings(QString::fromStdString(places_.settings.string()))) {
+    if (!fs::exists(places_.settings) || platform::holdsSettings(places_.settings)) {
         return;
     }
     fs::path kept = places_.settings;
@@ -96,8 +87,8 @@ void FirstStart::setAside() {
 void FirstStart::provision() {
     try {
         makeFolders();
-        platform::writeFile((places_.data / "ORVENTII.sql").string(), builtIn("sql/ORVENTII.sql"));
-        platform::writeFile((places_.data / "ORVENTII.chm").string(), builtIn("help/ORVENTII.chm"));
+        platform::writeFile((places_.data / "ORVENTII.sql").string(), builtIn("ORVENTII.sql"));
+        platform::writeFile((places_.data / "ORVENTII.chm").string(), builtIn("ORVENTII.chm"));
         makeRepository();
         makeSample();
     } catch (const std::exception& fault) {
@@ -137,7 +128,7 @@ void FirstStart::makeRepository() {
         beside.embedded = odbc::EmbeddedRepository{.file = made};
         odbc::createEmbedded(made);
         repository::runWholeScript(*odbc::OdbcDatabase(beside).open(beside.embedded->name, "", ""),
-                                   builtIn("sql/ORVENTII.sql"));
+                                   builtIn("ORVENTII.sql"));
         if (hasJournal(made)) {
             throw platform::Fault("There is no room for the repository: " + places_.repository().string());
         }
@@ -154,7 +145,7 @@ void FirstStart::makeSample() {
         return;
     }
     try {
-        odbc::createSample(places_.sample(), builtIn("sql/bookshop.sql"));
+        odbc::createSample(places_.sample(), builtIn("bookshop.sql"));
     } catch (const std::exception& fault) {
         messages_.tell(fault.what(), {}, platform::Icon::warning);
     }

@@ -29,6 +29,13 @@ std::filesystem::path folder(const char* name, const char* inHome) {
 
 }  // namespace
 
+odbc::OwnSources Places::sources() const {
+    odbc::OwnSources own;
+    own.embedded = odbc::EmbeddedRepository{.file = repository()};
+    own.sample = odbc::SampleSource{.file = sample()};
+    return own;
+}
+
 Places Places::ofUser() {
     const std::filesystem::path own = variable("ORVENT_HOME");
     if (!own.empty()) {

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "odbc/own_sources.h"
+
 namespace orvent::app {
 
 /// Where this user's files lie.
@@ -11,6 +13,9 @@ struct Places {
 
     std::filesystem::path sample() const { return data / "bookshop.db"; }
     std::filesystem::path repository() const { return data / "repository.db"; }
+
+    /// The databases of the program's own that lie there.
+    odbc::OwnSources sources() const;
 
     /// The usual folders of the system. The environment variable ORVENT_HOME puts everything into one folder, for
     /// portable use. Throws a `Fault` when the environment names no home: nothing is put into the current folder.

@@ -5,31 +5,20 @@
 #include "app/first_start.h"
 #include "odbc/database.h"
 #include "platform/kept_settings.h"
+#include "platform/settings_file.h"
 #include "qt/platform/adapters.h"
-#include "qt/platform/settings_file.h"
 #include "qt/shell/desk_area.h"
 #include "qt/shell/frame_window.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::app {
 
-namespace {
-
-odbc::OwnSources sources(const Places& places) {
-    odbc::OwnSources own;
-    own.embedded = odbc::EmbeddedRepository{.file = places.repository()};
-    own.sample = odbc::SampleSource{.file = places.sample()};
-    return own;
-}
-
-}  // namespace
-
 struct Program::Parts {
     Parts(const Places& places, const qt::Theme& theme)
         : folder(places.data),
-          database(sources(places)),
-          dataSources(sources(places)),
-          file(QString::fromStdString(places.settings.string())),
+          database(places.sources()),
+          dataSources(places.sources()),
+          file(places.settings),
           window(theme),
           firstStart(places, database, store, messages),
           frame({database, dataSources, messages, input, files, colours, store, progress, help, folder, saveDialog},
@@ -45,7 +34,7 @@ struct Program::Parts {
     platform::ProgramFolder folder;
     odbc::OdbcDatabase database;
     odbc::OdbcDataSources dataSources;
-    qt::QtSettingsStore file;
+    platform::SettingsFile file;
     qt::QtMessageBox messages;
     platform::KeptSettings store{file, messages};
     qt::QtInputBox input;

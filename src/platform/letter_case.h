@@ -10,7 +10,4 @@ namespace orvent::platform {
 std::string upperLetters(std::string_view text);
 std::string lowerLetters(std::string_view text);
 
-/// How many bytes of the text its first character takes; 1 where it is no UTF-8, 0 for an empty text.
-std::size_t firstCharacterLength(std::string_view text);
-
 }  // namespace orvent::platform

@@ -1,3 +1,5 @@
+#include "platform/write_file.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,7 +20,7 @@ namespace {
 /// A file beside the one that is to be written. It goes again unless it was put in that one's place.
 class FileBeside {
   public:
-    explicit FileBeside(const std::string& path) : path_(path) {
+    FileBeside(const std::string& path, bool isPrivate) : path_(path) {
         struct stat old {};
         const bool exists = ::lstat(path.c_str(), &old) == 0;
         if (exists && S_ISREG(old.st_mode) && ::access(path.c_str(), W_OK) != 0) {
@@ -32,7 +34,9 @@ class FileBeside {
         constexpr mode_t kAll = 0666;
         const mode_t mask = ::umask(0);
         ::umask(mask);
-        ::fchmod(file_, exists && S_ISREG(old.st_mode) ? old.st_mode & kAll : kAll & ~mask);
+        if (!isPrivate) {  // as it was made
+            ::fchmod(file_, exists && S_ISREG(old.st_mode) ? old.st_mode & kAll : kAll & ~mask);
+        }
     }
     FileBeside(const FileBeside&) = delete;
     ~FileBeside() {
@@ -76,7 +80,13 @@ class FileBeside {
 }  // namespace
 
 void writeFile(const std::string& path, std::string_view text) {
-    FileBeside file(path);
+    FileBeside file(path, false);
+    file.write(text);
+    file.place();
+}
+
+void writePrivateFile(const std::string& path, std::string_view text) {
+    FileBeside file(path, true);
     file.write(text);
     file.place();
 }

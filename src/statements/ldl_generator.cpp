@@ -2,6 +2,7 @@
 
 #include "platform/fault.h"
 #include "platform/letter_case.h"
+#include "platform/utf8.h"
 #include "statements/ldl_numbers.h"
 
 namespace orvent::statements {

@@ -3,15 +3,19 @@
 #include "qt/platform/adapters.h"
 
 #include <numeric>
+#include <random>
 
 #include "dialog_script.h"
 #include "platform/fault.h"
 #include "platform/scramble.h"
+#include "platform/settings_text.h"
+#include "platform/text.h"
 #include "qt/platform/application.h"
 #include "qt/platform/help_window.h"
-#include "qt/platform/settings_file.h"
+#include "qt/text.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
+#include "testkit/file_text.h"
 
 namespace orvent::qt {
 
@@ -35,29 +39,113 @@ class AdaptersTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
-    void settingsKeepAnyText() {
+    /// The settings of programs that kept them by the toolkit go on, and the other way round.
+    void settingsAreTheToolkitsOwn() {
         std::string ascii(128, '\0');
         std::iota(ascii.begin(), ascii.end(), '\0');
-        for (const std::string& value :
-             {std::string(), std::string("  a b \t"), ascii, std::string("@Variant(x)"),
-              std::string("=;#[x]\\\"',%@Size(1 2)"), std::string("\xCE\xB1 \xF0\x9F\x90\xA7"),
-              platform::ScramblePassword("-it's a \xC3\xA9t\xC3\xA9-")}) {
-            const QTemporaryDir folder;
-            const QString path = folder.filePath(QStringLiteral("deep/er/settings.ini"));
-            QtSettingsStore first(path);
-            QVERIFY(!first.exists());
-            first.setValue("DB", "ReposPasw", value);
-            first.setValue("General", "ReposPasw", "other");
-            QVERIFY(first.exists());
-            // Read from a copy, so that nothing comes out of memory.
-            const QString copy = folder.filePath(QStringLiteral("copy.ini"));
-            QVERIFY(QFile::copy(path, copy));
-            QtSettingsStore second(copy);
-            QCOMPARE(second.value("DB", "ReposPasw", "none"), value);
-            QCOMPARE(second.value("Draw", "ReposPasw", "none"), std::string("none"));
+        std::vector<std::string> values = {"",
+                                           "  a b \t",
+                                           " ",
+                                           "\t",
+                                           "x ",
+                                           ascii,
+                                           "@Variant(x)",
+                                           "@",
+                                           "@@x",
+                                           "=;#[x]\\\"',%@Size(1 2)",
+                                           "\x01"
+                                           "fg\x02g",
+                                           "a\nb\r",
+                                           "\xCE\xB1 \xF0\x9F\x90\xA7 \xC2\x80\xEF\xBF\xBD\x7F",
+                                           "\\",
+                                           "\\x41",
+                                           "\"a\" \"",
+                                           "a,b",
+                                           platform::ScramblePassword("-it's a \xC3\xA9t\xC3\xA9-")};
+        std::mt19937 random(7);
+        const std::string letters = std::string(" \t\n,;=@()\"\\'%#[]axf017\x01\x1F\x7F", 27) + '\0';
+        for (int count = 0; count < 300; ++count) {
+            std::string& value = values.emplace_back(random() % 8, ' ');
+            std::generate(value.begin(), value.end(), [&] { return letters[random() % letters.size()]; });
         }
-        QtSettingsStore nowhere(QStringLiteral("/dev/null/settings.ini"));
-        QVERIFY(faultOf([&] { nowhere.setValue("DB", "User", "x"); }).find("settings.ini") != std::string::npos);
+        const QTemporaryDir folder;
+        const std::string path = folder.filePath(QStringLiteral("own.ini")).toStdString();
+        const QString kept = folder.filePath(QStringLiteral("toolkit.ini"));
+        platform::SettingsText own;
+        {
+            QSettings toolkit(kept, QSettings::IniFormat);
+            for (std::size_t at = 0; at < values.size(); ++at) {
+                const std::string section =
+                    std::array{"DB", "General", "a b", "\xC3\xA9\xCE\xB1\xF0\x9F\x90\xA7%;"}[at % 4];
+                const std::string key = "k/ \xC3\xA9\xF0\x9F\x90\xA7=" + std::to_string(at);
+                own.setValue(section, key, values[at]);
+                toolkit.setValue(text(section + "/" + key), text(values[at]));
+            }
+        }
+        const std::string written = testkit::fileText(kept.toStdString());
+        QCOMPARE(text(own.text()), text(written));
+        platform::SettingsText read(written);
+        QVERIFY(read.isSound());
+        for (std::size_t at = 0; at < values.size(); ++at) {
+            const std::string section =
+                std::array{"DB", "General", "a b", "\xC3\xA9\xCE\xB1\xF0\x9F\x90\xA7%;"}[at % 4];
+            QCOMPARE(read.value(section, "k/ \xC3\xA9\xF0\x9F\x90\xA7=" + std::to_string(at)),
+                     std::optional(values[at]));
+        }
+        read.setValue("DB", "new", "x");
+        own.setValue("DB", "new", "x");
+        QCOMPARE(read.text(), own.text());
+    }
+
+    void settingsByOtherHandsReadAlike() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("hand.ini"));
+        const std::string lines[] = {R"(a = \x41 b)",
+                                     R"("x y" z)",
+                                     R"("a"b"c")",
+                                     "a;b",
+                                     "a,b",
+                                     R"("a,b")",
+                                     R"(a\qb)",
+                                     R"(\101\0z)",
+                                     R"(\xd83d\xdc27q)",
+
+                                     "@Size(1 2)",
+                                     "@ByteArray(x y)",
+                                     "@String(a)",
+                                     "@Invalid()",
+                                     "@@x",
+                                     "@zz",
+                                     R"("")",
+                                     R"("  ")",
+                                     "a\tb",
+                                     "a#b",
+                                     R"("a;b")",
+                                     R"(\"x\")",
+                                     "@Foo(x)",
+                                     ",",
+                                     "a,",
+                                     R"("@x")",
+                                     R"(q "a")",
+                                     R"("a" , b)",
+                                     R"(\x)",
+                                     R"(\1234567g)",
+                                     "@",
+                                     "%41",
+                                     "'a'"};
+        for (const std::string& line : lines) {
+            const std::string file = "[d%20b]\n b%41\\c = " + line + "\n[General]\nk=root\n[%general]\nk=own\n";
+            platform::writeFile(path.toStdString(), file);
+            const QSettings toolkit(path, QSettings::IniFormat);
+            const QVariant value = toolkit.value(QStringLiteral("d b/bA/c"));
+            const bool isText =
+                value.metaType().id() == QMetaType::QString || value.metaType().id() == QMetaType::QByteArray;
+            const std::optional<std::string> own = platform::SettingsText(file).value("d b", "bA/c");
+            QVERIFY2(own.has_value() == isText, line.c_str());
+            QVERIFY2(!isText || text(*own) == value.toString(), line.c_str());
+            QCOMPARE(*platform::SettingsText(file).value("", "k") + *platform::SettingsText(file).value("general", "k"),
+                     std::string("rootown"));
+        }
     }
 
     void messageBoxesTakeKeysAndWrap() {

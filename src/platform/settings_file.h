@@ -1,23 +1,22 @@
 #pragma once
 
-#include <QString>
+#include <filesystem>
+#include <string>
 
 #include "platform/settings_store.h"
 
-namespace orvent::qt {
+namespace orvent::platform {
 
 /// Whether a file holds settings: some other file, or one that was damaged, reads like one without any.
-bool holdsSettings(const QString& path);
+bool holdsSettings(const std::filesystem::path& path);
 
 /// The settings of the user in an INI file. The file is replaced as a whole at each write, so a crash leaves the old or
-/// the new one; changes of another process are kept.
-class QtSettingsStore : public platform::SettingsStore {
+/// the new one; changes of another process are kept. Only the user may read it.
+class SettingsFile : public SettingsStore {
   public:
-    /// Uses the user's folder for configuration, in a file named by the application key.
-    QtSettingsStore();
-    explicit QtSettingsStore(QString path) : path_(std::move(path)) {}
+    explicit SettingsFile(std::filesystem::path path) : path_(std::move(path)) {}
 
-    const QString& path() const { return path_; }
+    const std::filesystem::path& path() const { return path_; }
     /// False before the very first write.
     bool exists() const;
 
@@ -26,7 +25,7 @@ class QtSettingsStore : public platform::SettingsStore {
     void setValue(const std::string& section, const std::string& key, const std::string& value) override;
 
   private:
-    QString path_;
+    std::filesystem::path path_;
 };
 
-}  // namespace orvent::qt
+}  // namespace orvent::platform
