@@ -6,12 +6,11 @@
 #include <utility>
 
 #include "platform/fault.h"
+#include "platform/text.h"
 
 namespace orvent::analysis {
 
-MetricsForm::MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store,
-                         platform::Progress& progress, int scenario)
-    : scenarios_(scenarios), depth_(TransDepth), store_(store), progress_(progress), scenario_(scenario) {
+MetricsForm::MetricsForm(const MetricsServices& services, int scenario) : services_(services), scenario_(scenario) {
     EntitiesView();
 }
 
@@ -20,7 +19,7 @@ void MetricsForm::turn(Face to, const char* entityLabel, const char* switchText,
     lblEntity = entityLabel;
     Switch = switchText;
     nameColumn = nameHead;
-    Counter = depth_;
+    Counter = services_.TransDepth;
     selected = -1;
     twoLists = false;
     note.clear();
@@ -32,10 +31,10 @@ void MetricsForm::turn(Face to, const char* entityLabel, const char* switchText,
 void MetricsForm::list() {
     Entities.clear();
     if (face == Face::Scenarios) {
-        for (const int scenario : scenarios_.open()) {
-            Entities.push_back({scenarios_.at(scenario)->Caption(), scenario, 0});
+        for (const int scenario : services_.scenarios.open()) {
+            Entities.push_back({services_.scenarios.at(scenario)->Caption(), scenario, 0});
         }
-    } else if (const canvas::DrawForm* form = scenarios_.at(scenario_)) {
+    } else if (const canvas::DrawForm* form = services_.scenarios.at(scenario_)) {
         for (const canvas::LabelsD& node : form->Labels) {
             if (node.NodeType() == canvas::NodeTypeRecordSet || node.NodeType() == canvas::NodeTypeActivity) {
                 Entities.push_back({node.Caption(), scenario_, node.Index()});
@@ -56,7 +55,7 @@ void MetricsForm::clickEntity(int position) {
     const int former = selected;
     selected = position >= 0 && position < static_cast<int>(Entities.size()) ? position : -1;
     const Entry* entry = selected < 0 ? nullptr : &Entities[static_cast<std::size_t>(selected)];
-    const canvas::DrawForm* form = entry ? scenarios_.at(entry->scenario) : nullptr;
+    const canvas::DrawForm* form = entry ? services_.scenarios.at(entry->scenario) : nullptr;
     const bool whole = !form || form->Enabled();
     note = whole ? std::string() : form->Caption() + " is counted when its dialog or zoom is closed.";
     if (whole || selected != former) {
@@ -79,7 +78,7 @@ void MetricsForm::clickEntity(int position) {
 }
 
 void MetricsForm::count(const canvas::DrawForm& form, const Entry& entry) {
-    MetricsFunctions metrics(views, Counter, &progress_);
+    MetricsFunctions metrics(views, Counter, &services_.progress);
     if (face == Face::Scenarios) {
         metrics.ScenarioMetrics(form);
     } else if (const canvas::LabelsD* node = form.nodeNamed(entry.name)) {
@@ -89,8 +88,8 @@ void MetricsForm::count(const canvas::DrawForm& form, const Entry& entry) {
 }
 
 void MetricsForm::changeCounter(std::int16_t value) {
-    Counter = depth_ = std::max<std::int16_t>(value, 0);
-    store_.setValue("General", "TransDepth", std::to_string(Counter));
+    Counter = services_.TransDepth = std::max<std::int16_t>(value, 0);
+    services_.store.setValue("General", "TransDepth", std::to_string(Counter));
 }
 
 void MetricsForm::RefreshBut() {
@@ -163,9 +162,9 @@ int MetricsForm::scenarioOfTables() const {
 }
 
 void MetricsForm::reveal(const MetricsRow& row) {
-    const canvas::DrawForm* form = scenarios_.at(scenarioOfTables());
+    const canvas::DrawForm* form = services_.scenarios.at(scenarioOfTables());
     if (form && form->Labels.byIndex(row.node)) {
-        scenarios_.reveal(scenarioOfTables(), row.node);
+        services_.scenarios.reveal(scenarioOfTables(), row.node);
     }
 }
 
@@ -202,6 +201,14 @@ std::string MetricsForm::asText(char separator) const {
         text += "\n";
     }
     return text;
+}
+
+void MetricsForm::saveAsCsv() const {
+    const std::string path = services_.saveDialog.saveFile(
+        "Save the metrics", "Tables (*.csv)|*.csv", services_.folder.root().string(), platform::OldFile::askedAbout);
+    if (!path.empty()) {
+        platform::writeFile(path, asText(','));
+    }
 }
 
 void MetricsForm::showState() const {

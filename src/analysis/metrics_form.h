@@ -7,6 +7,8 @@
 
 #include "analysis/metrics_functions.h"
 #include "canvas/draw_form.h"
+#include "platform/program_folder.h"
+#include "platform/save_dialog.h"
 #include "platform/settings_store.h"
 
 namespace orvent::analysis {
@@ -24,6 +26,16 @@ class OpenScenarios {
     virtual void reveal(int scenario, std::int32_t node) = 0;
 };
 
+/// What the window of metrics asks of the program.
+struct MetricsServices {
+    OpenScenarios& scenarios;
+    std::int16_t& TransDepth;  ///< the value of the run that goes with the stored setting
+    platform::SettingsStore& store;
+    platform::Progress& progress;
+    platform::SaveDialog& saveDialog;
+    const platform::ProgramFolder& folder;
+};
+
 /// The window of metrics. It has two faces: the record sets and activities of the scenario for which it was opened,
 /// and the open scenarios. A click on an entry counts; an entry whose window or node is gone leaves empty tables.
 class MetricsForm {
@@ -37,9 +49,8 @@ class MetricsForm {
         std::int32_t node;  ///< `Index`, 0 for a scenario
     };
 
-    /// `TransDepth` is the value of the run that goes with the stored setting. Opens in the entities face.
-    MetricsForm(OpenScenarios& scenarios, std::int16_t& TransDepth, platform::SettingsStore& store,
-                platform::Progress& progress, int scenario);
+    /// Opens in the entities face.
+    MetricsForm(const MetricsServices& services, int scenario);
 
     Face face = Face::Entities;
     std::string lblEntity;
@@ -87,6 +98,9 @@ class MetricsForm {
 
     /// Both views with their heads, sums and averages: cells behind one another with `separator` between them.
     std::string asText(char separator) const;
+    /// Writes them to a file that the user chooses, with commas. Throws a `Fault` when it cannot be written; an older
+    /// file is whole then.
+    void saveAsCsv() const;
 
   private:
     void turn(Face to, const char* entityLabel, const char* switchText, const char* nameHead);
@@ -95,10 +109,7 @@ class MetricsForm {
     void showState() const;
     int scenarioOfTables() const;
 
-    OpenScenarios& scenarios_;
-    std::int16_t& depth_;
-    platform::SettingsStore& store_;
-    platform::Progress& progress_;
+    MetricsServices services_;
     int scenario_;
     bool sorted_ = false;
     bool ascending_ = true;

@@ -162,7 +162,8 @@ void SetActProp::txtRejected_Change(const std::string& text) {
 
 void SetActProp::RejectedFileOpen_Click() {
     const std::string path = services_.saveDialog.saveFile("Save Log File As", "Log Files (*.log)|*.log",
-                                                           services_.folder.path("\\Logs\\" + ParForm.Caption()));
+                                                           services_.folder.path("\\Logs\\" + ParForm.Caption()),
+                                                           platform::OldFile::onlyNamed);
     if (!path.empty()) {
         txtRejected_Change(path);
     }

@@ -238,9 +238,10 @@ void MDIForm1::showOptions() {
 }
 
 void MDIForm1::showMetrics() {
-    host_.dialogs().open(std::make_unique<analysis::MetricsForm>(metricsScenarios_, options_.TransDepth, ports_.store,
-                                                                 ports_.progress,
-                                                                 metricsScenarios_.numberOf(activeScenario()->slot())));
+    const analysis::MetricsServices services{metricsScenarios_, options_.TransDepth, ports_.store,
+                                             ports_.progress,   ports_.saveDialog,   ports_.folder};
+    host_.dialogs().open(
+        std::make_unique<analysis::MetricsForm>(services, metricsScenarios_.numberOf(activeScenario()->slot())));
 }
 
 void MDIForm1::showTypes(editors::TypeKind kind) {

@@ -133,7 +133,6 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     repository::Catalogue catalogue_;
     repository::ScenarioLoadSave loadSave_;
     WizardAnswers wizardAnswers_;
-    WizardWindow wizardWindow_;
     statements::LDLForm wizard_;
     UnfinishedStatements unfinished_;
     statements::LDLScenarioWriter ldl_;

@@ -11,17 +11,6 @@
 
 namespace orvent::shell {
 
-/// The wizard's window among those of the frame.
-class WizardWindow : public statements::LDLFormWindow {
-  public:
-    explicit WizardWindow(FrameHost& host) : host_(host) {}
-
-    void run(statements::LDLForm& form) override { host_.dialogs().show(form); }
-
-  private:
-    FrameHost& host_;
-};
-
 /// What the wizard asks of the values of the run and of the catalogue.
 class WizardAnswers : public statements::WizardServices {
   public:

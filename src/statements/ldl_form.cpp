@@ -74,7 +74,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
         if (txtTemplate.find('@') != std::string::npos) {
             cmdParseLDL();
         }
-        window_.run(*this);
+        dialogs_.show(*this);
     } catch (...) {
         close();
         throw;

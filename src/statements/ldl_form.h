@@ -7,6 +7,7 @@
 
 #include "entities/name_tables.h"
 #include "entities/type_records.h"
+#include "forms/dialog_port.h"
 #include "links/mirror_order.h"
 #include "platform/dialogs.h"
 #include "statements/activity_wizard.h"
@@ -15,8 +16,6 @@
 #include "statements/ldl_variables.h"
 
 namespace orvent::statements {
-
-class LDLForm;
 
 /// What the wizard asks of the program beyond the scenario.
 class WizardServices {
@@ -27,15 +26,6 @@ class WizardServices {
     /// The stored choice to read the numbers of tokens whole.
     virtual bool WholeNumbers() const = 0;
     virtual void setWholeNumbers(bool on) = 0;
-};
-
-/// The wizard's window.
-class LDLFormWindow {
-  public:
-    virtual ~LDLFormWindow() = default;
-    /// Shows the window modally and returns when `form.isOpen()` has become false. A window that is closed in another
-    /// way calls `cmdCancel`.
-    virtual void run(LDLForm& form) = 0;
 };
 
 /// The buttons whose state the wizard explains.
@@ -49,8 +39,8 @@ enum class LDLButton { cmdParseLDL, cmdGenerateLDL, cmdCreateAct, cmdNext, cmdPr
 class LDLForm : public ActivityWizard {
   public:
     LDLForm(platform::MessageBox& messages, const entities::CatalogueTables& catalogue, WizardServices& services,
-            LDLFormWindow& window)
-        : messages_(messages), catalogue_(catalogue), services_(services), window_(window) {}
+            const forms::Dialogs& dialogs)
+        : messages_(messages), catalogue_(catalogue), services_(services), dialogs_(dialogs) {}
 
     /// Takes the activity out of the attribute-level graph, runs the window and puts the activity back. A template with
     /// variables is parsed at once. An activity without a type is told, and nothing opens.
@@ -184,7 +174,7 @@ class LDLForm : public ActivityWizard {
     platform::MessageBox& messages_;
     const entities::CatalogueTables& catalogue_;
     WizardServices& services_;
-    LDLFormWindow& window_;
+    const forms::Dialogs& dialogs_;
     canvas::DrawForm* form_ = nullptr;  ///< the design window
     ActivityDialog* dialog_ = nullptr;
     WizardRound* round_ = nullptr;

@@ -1,8 +1,10 @@
 #include "analysis/metrics_form.h"
 
 #include "platform/fault.h"
+#include "testkit/file_text.h"
 #include "testkit/graph_builder.h"
 #include "testkit/scripted_ports.h"
+#include "testkit/temporary_folder.h"
 
 namespace orvent::analysis {
 namespace {
@@ -46,7 +48,10 @@ class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
     testkit::MemorySettings store;
     std::int16_t depth = 7;
     testkit::QuietProgress progress;
-    MetricsForm form{*this, depth, store, progress, 3};
+    testkit::ChosenFile chosen;
+    const testkit::TemporaryFolder scratch;
+    const platform::ProgramFolder folder{scratch.path()};
+    MetricsForm form{{*this, depth, store, progress, chosen, folder}, 3};
 };
 
 TEST_F(MetricsWindow, FacesEntriesAndTables) {
@@ -97,6 +102,13 @@ TEST_F(MetricsWindow, ATableForOtherProgramsKeepsOddNamesAndANodeThatIsGoneIsEmp
     const std::string table = form.asText(',');
     EXPECT_EQ(table.substr(table.find('\n') + 1),
               "\"a,\"\"b\",0,0,0,0,0,0,0,0,0\nSum,0,0,0,0,0,0,0,0,0\nAverage,0,0,0,0,0,0,0,0,0\n");
+    form.saveAsCsv();
+    EXPECT_EQ(chosen.asked, "Save the metrics|Tables (*.csv)|*.csv|" + scratch.path().string() + "?");
+    chosen.path = (scratch.path() / "table.csv").string();
+    form.saveAsCsv();
+    EXPECT_EQ(testkit::fileText(chosen.path), table);
+    chosen.path = (scratch.path() / "none" / "table.csv").string();
+    EXPECT_THROW(form.saveAsCsv(), platform::Fault);
     first.Labels.Remove(first.nodeNamed("S")->Index());
     form.RefreshBut();
     EXPECT_EQ(names(), "R@3 A@3 ");

@@ -13,14 +13,6 @@ struct NoZoom : NodePreparation {
     void prepare(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void refresh(canvas::CanvasForm&, canvas::LabelsD&) override {}
 };
-/// Chooses no file, and keeps the folder in which it was to begin.
-struct NoFile : platform::SaveDialog {
-    std::string saveFile(const std::string&, const std::string&, const std::string& start) override {
-        began = start;
-        return {};
-    }
-    std::string began;
-};
 
 /// What the dialogs of record sets and activities need over a scenario.
 class EntityDialogTest : public testkit::RepositoryTest {
@@ -33,7 +25,7 @@ class EntityDialogTest : public testkit::RepositoryTest {
     std::unique_ptr<canvas::DrawForm> form = newForm("Demo");
     NoWizard wizard;
     NoZoom nodes;
-    NoFile saveDialog;
+    testkit::ChosenFile saveDialog;
     forms::Dialogs dialogs;
     platform::ProgramFolder folder{"/data"};
 };

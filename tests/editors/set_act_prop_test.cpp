@@ -673,13 +673,7 @@ TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
 
 TEST_F(SetActPropTest, TheFolderOfTheLogIsKeptForTheNextOne) {
     store.setValue("General", "LogPath", "/logs");
-    struct Chosen : platform::SaveDialog {
-        std::string path, asked;
-        std::string saveFile(const std::string& title, const std::string& filter, const std::string& start) override {
-            asked = title + "|" + filter + "|" + start;
-            return path;
-        }
-    } chosen;
+    testkit::ChosenFile chosen;
     const auto dialog = open("Act", nullptr, &chosen);
     EXPECT_EQ(dialog->txtRejected, "/logs/Act.log");
     dialog->RejectedFileOpen_Click();

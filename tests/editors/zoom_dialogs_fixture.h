@@ -75,7 +75,7 @@ class ZoomDialogs : public ZoomTest {
     repository::Services services{database, sources, ports.messages, inputBox, files, store, progress, settings};
     repository::Catalogue types{services, [] {}};
     editors::NoWizard wizard;
-    editors::NoFile saveDialog;
+    testkit::ChosenFile saveDialog;
     editors::ZoomNodes zoomNodes;
     forms::Dialogs dialogs;
     platform::ProgramFolder folder{"/data"};

@@ -258,7 +258,8 @@ TEST_F(ZoomDialogs, ARowThatGoesTakesItsNodeAlong) {
     {
         const auto dialog = openOn<SetActProp>("A2");
         dialog->RejectedFileOpen_Click();
-        EXPECT_EQ(saveDialog.began, folder.path("\\Logs\\" + form->Caption()));
+        EXPECT_EQ(saveDialog.asked,
+                  "Save Log File As|Log Files (*.log)|*.log|" + folder.path("\\Logs\\" + form->Caption()));
         dialog->frontList().select(dialog->frontList().positionOf("SONUM"));
         ASSERT_GT(dialog->frontList().selected(), 0);
         dialog->Move2Tree_Click();

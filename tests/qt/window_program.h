@@ -121,7 +121,7 @@ class WindowProgram {
   private:
     testkit::NoColours colours_;
     testkit::NoHelp help_;
-    testkit::NoFile saveDialog_;
+    testkit::ChosenFile saveDialog_;
     platform::ProgramFolder folder_;
 
   public:

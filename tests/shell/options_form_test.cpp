@@ -21,7 +21,7 @@ class OptionsWindow : public ::testing::Test {
     platform::ProgramFolder folder{"/data"};
     OneColour colours;
     testkit::NoHelp help;
-    testkit::NoFile saveDialog;
+    testkit::ChosenFile saveDialog;
     OptionsData options;
     OptionsForm form{options,
                      Ports{repository.hooked, repository.dataSources, repository.messages, repository.input,

@@ -13,11 +13,13 @@
 namespace orvent::statements {
 
 /// The wizard's window, played by a function.
-class WizardScript : public LDLFormWindow {
+class WizardScript : public forms::Dialogs {
   public:
-    std::function<void(LDLForm&)> play;
+    WizardScript() {
+        add<LDLForm>([this](LDLForm& form) { play(form); });
+    }
 
-    void run(LDLForm& form) override { play(form); }
+    std::function<void(LDLForm&)> play;
 };
 
 /// No more of the program than a test sets.

@@ -11,6 +11,7 @@
 
 #include "canvas/canvas.h"
 #include "platform/dialogs.h"
+#include "platform/save_dialog.h"
 #include "platform/settings_store.h"
 
 namespace orvent::testkit {
@@ -122,6 +123,19 @@ class ScriptedFileDialog : public platform::FileDialog {
 
   private:
     Script<std::string> script_{"file dialog", failGoogleTest};
+};
+
+/// Chooses the file of `path`, or none, and keeps what it was asked.
+class ChosenFile : public platform::SaveDialog {
+  public:
+    std::string path;
+    std::string asked;  ///< title, filter and folder, with "?" where an older file is asked about
+
+    std::string saveFile(const std::string& title, const std::string& filter, const std::string& folder,
+                         platform::OldFile oldFile) override {
+        asked = title + "|" + filter + "|" + folder + (oldFile == platform::OldFile::askedAbout ? "?" : "");
+        return path;
+    }
 };
 
 class MemorySettings : public platform::SettingsStore {

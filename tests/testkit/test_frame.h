@@ -23,11 +23,6 @@ class NoHelp : public platform::HelpViewer {
     void open(const std::string& path) override { throw platform::Fault(path + ": no viewer"); }
 };
 
-class NoFile : public platform::SaveDialog {
-  public:
-    std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
-};
-
 /// The frame's logic over a real repository, with scripted questions and no windows.
 class TestFrame {
   public:
@@ -35,7 +30,7 @@ class TestFrame {
         : repository_(repository),
           folder_(repository.folder.path()),
           frame({repository.hooked, repository.dataSources, repository.messages, repository.input, repository.files,
-                 colours_, repository.store, repository.progress, help_, folder_, saveDialog_},
+                 colours_, repository.store, repository.progress, help_, folder_, saveDialog},
                 host, desk) {
         const repository::LoginValues& login = repository.settings.login;
         repository.store.setValue("DB", "ReposConnString", login.ReposConnString);
@@ -82,9 +77,9 @@ class TestFrame {
     platform::ProgramFolder folder_;
     NoColours colours_;
     NoHelp help_;
-    NoFile saveDialog_;
 
   public:
+    ChosenFile saveDialog;
     FakeFrameHost host;
     FakeDesk desk;
     shell::MDIForm1 frame;

@@ -346,7 +346,7 @@ class ZoomWalk : public StoredScenarioTest {
     canvas::DrawForm& design = *owned_;
     links::CanvasLinks links_;
     editors::NoWizard wizard_;
-    editors::NoFile chooser_;
+    testkit::ChosenFile chooser_;
     editors::ZoomNodes nodes_;
     forms::Dialogs dialogs_;
     platform::ProgramFolder folder_{"/data"};

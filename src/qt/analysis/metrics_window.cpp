@@ -2,13 +2,11 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -278,7 +276,7 @@ void MetricsWindow::addRowOfTools(QVBoxLayout& box) {
     row->addStretch();
     button(QStringLiteral("copy"), tr("&Copy"),
            [this] { QApplication::clipboard()->setText(text(form_->asText('\t'))); });
-    button(QStringLiteral("save"), tr("Save as CS&V..."), [this] { saveAsCsv(); });
+    button(QStringLiteral("save"), tr("Save as CS&V..."), [this] { form_->saveAsCsv(); });
     connect(counter_, &QSpinBox::valueChanged, this,
             [this](int value) { form_->changeCounter(static_cast<std::int16_t>(value)); });
     box.addLayout(row);
@@ -317,19 +315,6 @@ void MetricsWindow::showOrder() {
         table->horizontalHeader()->setSortIndicatorShown(form_->isSorted());
         table->horizontalHeader()->setSortIndicator(column,
                                                     form_->isAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
-    }
-}
-
-void MetricsWindow::saveAsCsv() {
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save the metrics"), {}, tr("Tables (*.csv)"));
-    if (path.isEmpty()) {
-        return;
-    }
-    QSaveFile file(path);
-    const std::string words = form_->asText(',');
-    if (!file.open(QIODevice::WriteOnly) || file.write(words.data(), static_cast<qint64>(words.size())) < 0 ||
-        !file.commit()) {
-        throw platform::Fault(path.toStdString() + ": " + file.errorString().toStdString());
     }
 }
 

@@ -48,7 +48,6 @@ class MetricsWindow : public QDockWidget {
     void showEntries(const std::function<void()>& change);
     void showState();
     void showOrder();
-    void saveAsCsv();
 
     std::unique_ptr<analysis::MetricsForm> form_;
     MetricsModel* inputs_;

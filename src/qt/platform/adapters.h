@@ -43,7 +43,8 @@ class QtFileDialog : public platform::FileDialog {
 
 class QtSaveDialog : public platform::SaveDialog {
   public:
-    std::string saveFile(const std::string& title, const std::string& filter, const std::string& folder) override;
+    std::string saveFile(const std::string& title, const std::string& filter, const std::string& folder,
+                         platform::OldFile oldFile) override;
 };
 
 /// "SQL Files (*.sql)|*.sql" in the form that the toolkit's file dialog wants; several pairs may follow each other.

@@ -41,15 +41,18 @@ std::string QtFileDialog::openFile(const std::string& filter) {
     return QFileDialog::getOpenFileName(over.widget(), QString(), QString(), toolkitFilter(filter)).toStdString();
 }
 
-std::string QtSaveDialog::saveFile(const std::string& title, const std::string& filter, const std::string& folder) {
+std::string QtSaveDialog::saveFile(const std::string& title, const std::string& filter, const std::string& folder,
+                                   platform::OldFile oldFile) {
     // A folder that is not there yet would be taken for the file's name.
     QFileInfo start(QString::fromStdString(folder));
     while (!start.isDir() && !start.isRoot() && start.path() != start.filePath()) {
         start.setFile(start.path());
     }
+    const QFileDialog::Options options =
+        oldFile == platform::OldFile::onlyNamed ? QFileDialog::DontConfirmOverwrite : QFileDialog::Options();
     const WorkingWindow over;
     return QFileDialog::getSaveFileName(over.widget(), QString::fromStdString(title), start.filePath(),
-                                        toolkitFilter(filter), nullptr, QFileDialog::DontConfirmOverwrite)
+                                        toolkitFilter(filter), nullptr, options)
         .toStdString();
 }
 
