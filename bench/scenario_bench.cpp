@@ -71,12 +71,11 @@ void ldlProgram(benchmark::State& state) {
 }
 
 void textExport(benchmark::State& state) {
-    const platform::ProgramFolder folder("");
     testkit::QuietProgress progress;
     entities::CatalogueTables catalogue;
     catalogue.activityTypes.add("Copy");
-    onLinkedScenario(state, [&](testkit::CanvasPorts& ports, canvas::DrawForm& form) {
-        return analysis::TextExport(ports.messages, folder, progress, catalogue).text(form);
+    onLinkedScenario(state, [&](testkit::CanvasPorts&, canvas::DrawForm& form) {
+        return analysis::TextExport(progress, catalogue).ExportText(form);
     });
 }
 

@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "analysis/metrics_text.h"
 #include "platform/fault.h"
 #include "platform/text.h"
 
@@ -44,11 +45,11 @@ void MetricsForm::list() {
 }
 
 void MetricsForm::EntitiesView() {
-    turn(Face::Entities, "Structured Entities", "Scenario Metrics", "ATTRIBUTE NAME");
+    turn(Face::Entities, "Structured Entities", "Scenario Metrics", kAttributeNameHead);
 }
 
 void MetricsForm::ScenariosView() {
-    turn(Face::Scenarios, "Scenarios:", "Entities Metrics", "ENTITY NAME");
+    turn(Face::Scenarios, "Scenarios:", "Entities Metrics", kNodeNameHead);
 }
 
 void MetricsForm::clickEntity(int position) {
@@ -169,38 +170,12 @@ void MetricsForm::reveal(const MetricsRow& row) {
 }
 
 std::string MetricsForm::asText(char separator) const {
-    const auto quoted = [separator](const std::string& words) {
-        if (words.find_first_of(std::string("\"\r\n") + separator) == std::string::npos) {
-            return words;
-        }
-        std::string text = "\"";
-        for (const char letter : words) {
-            text += letter == '"' ? "\"\"" : std::string(1, letter);
-        }
-        return text + "\"";
-    };
-    std::string text = quoted(nameColumn);
-    for (const char* head : kMetricsHeads) {
-        text += std::string(1, separator) + head;
+    MetricsViews shown = views;
+    for (auto* view : {&shown.InpMetrView, &shown.OutMetrView}) {
+        const std::vector<MetricsRow> rows = *view;
+        std::ranges::transform(order(rows), view->begin(), [&rows](std::size_t at) { return rows[at]; });
     }
-    text += "\n";
-    for (const auto* view : {&views.InpMetrView, &views.OutMetrView}) {
-        for (const std::size_t at : order(*view)) {
-            text += quoted((*view)[at].name);
-            for (const std::int32_t value : (*view)[at].values) {
-                text += separator + std::to_string(value);
-            }
-            text += "\n";
-        }
-    }
-    for (const auto& [name, row] : {std::pair("Sum", &views.SumView), std::pair("Average", &views.AvgView)}) {
-        text += name;
-        for (const std::string& value : *row) {
-            text += separator + value;
-        }
-        text += "\n";
-    }
-    return text;
+    return metricsText(shown, nameColumn, separator);
 }
 
 void MetricsForm::saveAsCsv() const {

@@ -8,7 +8,6 @@
 #include "links/far_end.h"
 #include "platform/fault.h"
 #include "platform/steps.h"
-#include "platform/text.h"
 
 namespace orvent::analysis {
 
@@ -158,7 +157,7 @@ void Lines::addRecordSet(const RecordSetProperties& recordSet, std::int32_t flow
 
 }  // namespace
 
-std::string TextExport::text(const canvas::DrawForm& Window) {
+std::string TextExport::ExportText(const canvas::DrawForm& Window) {
     const NodesColl flow = FlowOrder(progress_).ComputeFlowIDs(Window);
     Lines lines(Window, catalogue_);
     platform::Steps steps(progress_, static_cast<std::size_t>(flow.Count()));
@@ -172,12 +171,6 @@ std::string TextExport::text(const canvas::DrawForm& Window) {
         }
     }
     return lines.text();
-}
-
-void TextExport::ExportText(const canvas::DrawForm& Window) {
-    const std::string lines = text(Window);
-    platform::writeFile(folder_.file("\\", Window.Caption(), ".txt"), lines);
-    messages_.tell(folder_.path("\\") + Window.Caption() + ".txt Created");
 }
 
 }  // namespace orvent::analysis

@@ -9,6 +9,10 @@ namespace orvent::shell {
 /// How a window shows its picture; the model stays as it is.
 enum class ViewChange { larger, smaller, actualSize, fit };
 
+/// What the whole picture of a canvas is painted on: a page of the printer that the user chooses, or the same shown
+/// first.
+enum class PictureTarget { printer, preview };
+
 /// The windows with a canvas on screen, whatever their kind.
 class Desk {
   public:
@@ -32,9 +36,9 @@ class Desk {
     virtual void showTints(canvas::CanvasForm& form, canvas::Tints* tints) = 0;
     /// Pops a context menu up at a place of the picture.
     virtual void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) = 0;
-    /// Lets the user choose a printer and prints the whole picture on one page; with `preview` shows the page first. A
-    /// cancelled dialog or a failing printer is not told.
-    virtual void print(canvas::CanvasForm& form, bool preview) = 0;
+    /// Paints the whole picture, with the shades that its window shows. A dialog that is cancelled or a printer that
+    /// fails is not told.
+    virtual void paint(canvas::CanvasForm& form, PictureTarget target) = 0;
 };
 
 }  // namespace orvent::shell

@@ -7,6 +7,7 @@
 #include "canvas/node_walk.h"
 #include "canvas/scaling.h"
 #include "links/check_consistency.h"
+#include "platform/text.h"
 #include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
 #include "shell/mdi_form.h"
@@ -64,9 +65,11 @@ struct MDIForm1::CommandTable {
         {Command::saveScenario, withSave, [](MDIForm1& f) { f.activeEnabled()->Save(); }},
         {Command::saveScenarioAs, inDesign, [](MDIForm1& f) { f.saveAs(*f.activeScenario()); }},
         {Command::deleteScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Delete, nullptr); }},
-        {Command::printScenario, withPrint, [](MDIForm1& f) { f.desk_.print(*f.activeEnabled(), false); }},
-        {Command::printPreview, withPrint, [](MDIForm1& f) { f.desk_.print(*f.activeEnabled(), true); }},
-        {Command::exportText, inDesign, [](MDIForm1& f) { f.textExport_.ExportText(*f.activeScenario()); }},
+        {Command::printScenario, withPrint,
+         [](MDIForm1& f) { f.desk_.paint(*f.activeEnabled(), PictureTarget::printer); }},
+        {Command::printPreview, withPrint,
+         [](MDIForm1& f) { f.desk_.paint(*f.activeEnabled(), PictureTarget::preview); }},
+        {Command::exportText, inDesign, [](MDIForm1& f) { f.exportAs(kTextExporter); }},
         {Command::closeScenario, inWindow, [](MDIForm1& f) { f.close(*f.activeEnabled()); }},
         {Command::login, withoutWindows, [](MDIForm1& f) { f.login(); }},
         {Command::changeUser, always, [](MDIForm1& f) { f.changeUser(); }},
@@ -257,6 +260,16 @@ void MDIForm1::zoom(bool in) {
         by = canvas::GetRatio(ports_.input, ports_.messages, in ? "IN" : "OUT");
     }
     canvas::Zoom(form, in, by, ports_.progress);
+}
+
+/// Writes the scenario in front into the data folder.
+void MDIForm1::exportAs(std::string_view exporter) {
+    const canvas::DrawForm& form = *activeScenario();
+    const Exporter& way = exporterNamed(exporter);
+    const std::string text = way.text(form, {catalogue_.tables, ports_.progress, options_.TransDepth});
+    const std::string path = ports_.folder.file("\\", form.Caption(), way.suffix);
+    platform::writeFile(path, text);
+    ports_.messages.tell(path + " Created");
 }
 
 void MDIForm1::saveAs(canvas::DrawForm& form) {

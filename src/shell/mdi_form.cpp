@@ -37,9 +37,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       unfinished_(host, desk, wizard_),
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       consistency_(host, desk, ports.progress),
-      textExport_(ports.messages, ports.folder, ports.progress, catalogue_.tables),
       dialogs_(desk, *this, {services_, catalogue_, wizard_, ports.folder, ports.saveDialog, nodes_, host.dialogs()}),
-      metricsScenarios_(*this, desk) {
+      metricsScenarios_(*this, scenarioListeners_, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;
     tools_.palettes.atPointer = [this](Palette palette) { host_.placePalette(palette); };
@@ -153,6 +152,7 @@ canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
     desk_.show(opened);
     tools_.enablePrintAndSave(true);
     ports_.progress.status("Ready");  // no longer what an earlier try said
+    scenarioListeners_.tell([&opened](ScenarioListener& listener) { listener.scenarioOpened(opened); });
     return opened;
 }
 
@@ -260,8 +260,8 @@ void MDIForm1::freeSlot(int slot) {
         while (canvas::CanvasForm* view = viewOver(*form)) {
             discard(*view);
         }
+        scenarioListeners_.tell([&form](ScenarioListener& listener) { listener.scenarioClosed(*form); });
         dropped(*form);
-        metricsScenarios_.slotFreed(slot);
     }
 }
 

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "analysis/text_export.h"
 #include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
 #include "editors/type_editor.h"
@@ -21,10 +20,12 @@
 #include "shell/commands.h"
 #include "shell/consistency_check.h"
 #include "shell/desk.h"
+#include "shell/exporters.h"
 #include "shell/frame_host.h"
 #include "shell/metrics_scenarios.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
+#include "shell/scenario_listener.h"
 #include "shell/tool_bars.h"
 #include "shell/wizard_window.h"
 #include "statements/ldl_form.h"
@@ -89,6 +90,8 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void chooseGroup(int group);
 
     bool anyScenario() const;
+    /// Tells the listener of scenarios that come and go while its holder keeps the subscription.
+    [[nodiscard]] ScenarioSubscription listen(ScenarioListener& listener) { return scenarioListeners_.add(listener); }
     const OptionsData& options() const { return options_; }
     repository::Services& services() { return services_; }
     repository::Catalogue& catalogue() { return catalogue_; }
@@ -123,6 +126,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void zoom(bool in);
     void saveScenario(canvas::DrawForm& form) override;
     void saveAs(canvas::DrawForm& form);
+    void exportAs(std::string_view exporter);
     void showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target);
 
     Ports ports_;
@@ -137,12 +141,12 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     UnfinishedStatements unfinished_;
     statements::LDLScenarioWriter ldl_;
     ConsistencyCheck consistency_;
-    analysis::TextExport textExport_;
     ToolBars tools_;
     int currentGroup_ = 1;
     editors::ZoomNodes nodes_;
     CanvasDialogs dialogs_;
     links::CanvasLinks links_;
+    ScenarioListeners scenarioListeners_;
     MetricsScenarios<kSlots> metricsScenarios_;
 
     // A slot is used exactly while it holds a scenario.

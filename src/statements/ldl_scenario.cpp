@@ -42,7 +42,21 @@ bool isUnfedTarget(const canvas::DrawForm& form, const canvas::LabelsD& node) {
     return false;
 }
 
+void addStatement(std::string& program, const entities::ActivityProperties& activity) {
+    program.append(activity.Act_LDL).append(kCrLf).append(kCrLf);
+}
+
 }  // namespace
+
+std::string ldlProgram(const canvas::DrawForm& form) {
+    std::string program;
+    for (const canvas::LabelsD& node : form.Labels) {
+        if (const entities::ActivityProperties* activity = node.activity()) {
+            addStatement(program, *activity);
+        }
+    }
+    return program + ScenarioLinkRules(form) + kCrLf;
+}
 
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form) {
     std::vector<UnfinishedStatement> result;
@@ -85,7 +99,7 @@ void LDLScenarioWriter::gatherStatements(canvas::DrawForm& form) {
                 wizard_->LDLCreate(form, *activity, nullptr, &round);
             }
         }
-        form.txtLDL.append(activity->Act_LDL).append(kCrLf).append(kCrLf);
+        addStatement(form.txtLDL, *activity);
     }
 }
 

@@ -30,6 +30,10 @@ struct UnfinishedStatement {
 /// those whose data runs in a circle, and the targets that nobody feeds, in the order of their nodes.
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form);
 
+/// The LDL program of a scenario as it stands: the statement of every activity, then the rules that tie them together.
+/// An activity that has no statement contributes its empty one.
+std::string ldlProgram(const canvas::DrawForm& form);
+
 /// Shows which statements are not whole or do not fit and what is not fed, and leads to their nodes.
 class StatementReport {
   public:
@@ -37,7 +41,7 @@ class StatementReport {
     virtual void showUnfinished(canvas::DrawForm& form, const std::vector<UnfinishedStatement>& statements) = 0;
 };
 
-/// Writes the LDL program of a scenario: the statement of every activity, then the rules that tie them together.
+/// Writes the LDL program of a scenario, and has the missing statements made before.
 class LDLScenarioWriter {
   public:
     /// Without a `wizard` an activity that has no statement contributes its empty one.

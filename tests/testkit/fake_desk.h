@@ -27,8 +27,8 @@ class FakeDesk : public shell::Desk {
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {
         menus.push_back(form.Caption() + " " + std::string(menu.name));
     }
-    void print(canvas::CanvasForm& form, bool preview) override {
-        prints.push_back(form.Caption() + (preview ? "?" : ""));
+    void paint(canvas::CanvasForm& form, shell::PictureTarget target) override {
+        prints.push_back(form.Caption() + (target == shell::PictureTarget::preview ? "?" : ""));
     }
 };
 

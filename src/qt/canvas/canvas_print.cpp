@@ -1,8 +1,6 @@
 #include "qt/canvas/canvas_print.h"
 
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
+#include <QPainter>
 
 #include "qt/canvas/edge_painter.h"
 #include "qt/canvas/node_painter.h"
@@ -45,13 +43,6 @@ QRectF withoutLegend(const canvas::Tints& tints, QPainter& painter, const QRectF
     return page.adjusted(0, 0, 0, -kLines * line / 2);
 }
 
-void printTo(const canvas::Canvas& canvas, const canvas::Tints* tints, QPrinter& printer) {
-    QPainter painter;
-    if (painter.begin(&printer)) {
-        paintOnPage(canvas, painter, QRectF(painter.viewport()), tints);
-    }
-}
-
 }  // namespace
 
 void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& whole, const canvas::Tints* tints) {
@@ -86,34 +77,6 @@ void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& 
         }
     }
     painter.restore();
-}
-
-CanvasPrinter::CanvasPrinter() = default;
-CanvasPrinter::~CanvasPrinter() = default;
-
-void CanvasPrinter::print(const canvas::Canvas& canvas, const canvas::Tints* tints, const QString& title, bool preview,
-                          QWidget* parent) {
-    if (!printer_) {
-        printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    }
-    QPrinter& printer = *printer_;
-    printer.setDocName(title);
-    printer.setCopyCount(1);
-    printer.setPageOrientation(canvas.PicForm.Width() > canvas.PicForm.Height() ? QPageLayout::Landscape
-                                                                                : QPageLayout::Portrait);
-    if (preview) {
-        QPrintPreviewDialog dialog(&printer, parent);
-        dialog.setObjectName(QStringLiteral("PrintPreview"));
-        QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                         [&canvas, tints](QPrinter* target) { printTo(canvas, tints, *target); });
-        dialog.exec();
-        return;
-    }
-    QPrintDialog dialog(&printer, parent);
-    dialog.setObjectName(QStringLiteral("PrintDialog"));
-    if (dialog.exec() == QDialog::Accepted) {
-        printTo(canvas, tints, printer);
-    }
 }
 
 }  // namespace orvent::qt

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "qt/canvas/canvas_editor.h"
+#include "qt/canvas/canvas_print.h"
 #include "qt/shell/desk_window.h"
 #include "qt/text.h"
 #include "qt/theme/icons.h"
@@ -199,8 +200,12 @@ void DeskArea::showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& men
     windowOf(form)->editor().showMenu(menu, at);
 }
 
-void DeskArea::print(canvas::CanvasForm& form, bool preview) {
-    printer_.print(form, windowOf(form)->editor().tints(), text(form.Caption()), preview, this);
+void DeskArea::paint(canvas::CanvasForm& form, shell::PictureTarget target) {
+    const PagePicture picture{text(form.Caption()), form.PicForm.Width() > form.PicForm.Height(),
+                              [&form, tints = windowOf(form)->editor().tints()](QPainter& painter, const QRectF& page) {
+                                  paintOnPage(form, painter, page, tints);
+                              }};
+    printer_.print(picture, target == shell::PictureTarget::preview, this);
 }
 
 void DeskArea::cancelGesture() {

@@ -3,7 +3,7 @@
 #include <QMdiArea>
 #include <vector>
 
-#include "qt/canvas/canvas_print.h"
+#include "qt/canvas/picture_printer.h"
 #include "shell/desk.h"
 
 class QMenu;
@@ -38,7 +38,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void present(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
     void showTints(canvas::CanvasForm& form, canvas::Tints* tints) override;
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
-    void print(canvas::CanvasForm& form, bool preview) override;
+    void paint(canvas::CanvasForm& form, shell::PictureTarget target) override;
 
     void dropAll();
 
@@ -78,7 +78,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     shell::MDIForm1* logic_ = nullptr;
     std::vector<DeskWindow*> windows_;
     DeskWindow* active_ = nullptr;
-    CanvasPrinter printer_;
+    PicturePrinter printer_;
 };
 
 }  // namespace orvent::qt

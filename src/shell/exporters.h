@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "canvas/draw_form.h"
+#include "entities/name_tables.h"
+#include "platform/dialogs.h"
+
+namespace orvent::shell {
+
+/// What the exporters lean on.
+struct ExportServices {
+    const entities::CatalogueTables& catalogue;
+    platform::Progress& progress;
+    std::int16_t TransDepth;  ///< how far metrics walk
+};
+
+/// A text that a scenario can be written down as, whatever asks for it: a menu or a command line.
+struct Exporter {
+    /// What it needs beside the scenario.
+    enum class Needs { nothing, catalogue, depth };
+
+    std::string_view name;    ///< the word that asks for it
+    std::string_view words;   ///< what is written, in a line of help
+    std::string_view suffix;  ///< of the file
+    Needs needs;
+    /// The whole text. It asks nothing, and changes nothing. Throws a `Fault` when the scenario does not fit together.
+    std::string (*text)(const canvas::DrawForm& form, const ExportServices& services);
+};
+
+inline constexpr std::string_view kTextExporter = "export-text";
+inline constexpr std::string_view kLdlExporter = "ldl";
+inline constexpr std::string_view kMetricsExporter = "metrics";
+
+std::span<const Exporter> exporters();
+/// The one of that name. Throws a `Fault` when there is none.
+const Exporter& exporterNamed(std::string_view name);
+
+}  // namespace orvent::shell

@@ -1,0 +1,92 @@
+// What a scenario can be written down as, and how the frame does it.
+
+#include "shell/exporters.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/fault.h"
+#include "testkit/graph_builder.h"
+#include "testkit/test_frame.h"
+
+namespace orvent::shell {
+namespace {
+
+class Exporters : public ::testing::Test {
+  protected:
+    Exporters() {
+        frame.frame.start();
+        std::string name = "Sales";
+        frame.frame.NewScenario(name);
+    }
+    canvas::DrawForm& form() { return *frame.frame.scenario(0); }
+
+    testkit::TestRepository repository;
+    testkit::TestFrame frame{repository};
+};
+
+TEST_F(Exporters, EachHasANameOfItsOwnAndATextForAnEmptyScenario) {
+    const std::map<std::string_view, std::string> empty = {
+        {"ldl", "\r\n"},
+        {"export-text", "0;0\r\n"},
+        {"metrics",
+         "ENTITY NAME,Local_IN,Local_OUT,Local_DEGREE,Trans_IN,Trans_OUT,Trans_DEGREE,Total_IN,Total_OUT,"
+         "Total_DEGREE\nSum,0,0,0,0,0,0,0,0,0\nAverage,-----,-----,-----,-----,-----,-----,-----,-----,-----\n"},
+    };
+    ASSERT_EQ(exporters().size(), empty.size());
+    for (const auto& [name, text] : empty) {
+        EXPECT_EQ(exporterNamed(name).text(form(), {frame.frame.catalogue().tables, repository.progress, 3}), text)
+            << name;
+    }
+    EXPECT_THROW(exporterNamed("poem"), platform::Fault);
+}
+
+TEST_F(Exporters, TheLdlProgramWithoutQuestionsIsThatOfTheCommand) {
+    testkit::GraphBuilder graph{form()};
+    graph.recordSet("R", {"ID"});
+    graph.activity("A", {"ID"}, {"ID"}).Act_LDL = "a(1).";
+    graph.feed("R.ID", "A.IN.ID");
+    const std::string text =
+        exporterNamed(kLdlExporter).text(form(), {frame.frame.catalogue().tables, repository.progress, 3});
+    const std::string file = (repository.folder.path() / "LDLS" / "Sales.ldl").string();
+    repository.messages.expect("File \"" + file + "\" Was Created.");
+    frame.frame.run(Command::createLdl);
+    EXPECT_EQ(testkit::fileText(file), text);
+    EXPECT_EQ(text.substr(0, 9), "a(1).\r\n\r\n");
+}
+
+TEST_F(Exporters, TheMenuWritesIntoTheDataFolderOrNothing) {
+    const std::string file = (repository.folder.path() / "Sales.txt").string();
+    repository.messages.expect(file + " Created");
+    frame.frame.run(Command::exportText);
+    EXPECT_EQ(testkit::fileText(file), "0;0\r\n");
+    for (const char* name : {"../Sales2", "none/Sales2"}) {
+        form().setCaption(name);
+        EXPECT_THROW(frame.frame.run(Command::exportText), platform::Fault);
+    }
+    EXPECT_EQ(testkit::fileText(repository.folder.path() / ".." / "Sales2.txt"), "(no file)");
+    form().setCaption("Sales");
+    testkit::GraphBuilder{form()}.activity("Odd").Act_Type = 999;
+    EXPECT_THROW(frame.frame.run(Command::exportText), platform::Fault);
+    EXPECT_EQ(testkit::fileText(file), "0;0\r\n") << "the old one stays";
+}
+
+TEST_F(Exporters, ScenariosThatComeAndGoAreAnnounced) {
+    struct Diary : ScenarioListener {
+        std::string text;
+        void scenarioOpened(canvas::DrawForm& form) override { text += "+" + form.Caption(); }
+        void scenarioClosed(canvas::DrawForm& form) override {
+            text += "-" + form.Caption() + std::to_string(form.Labels.Count());
+        }
+    } diary;
+    ScenarioSubscription subscription = frame.frame.listen(diary);
+    frame.frame.run(Command::loadTestGraph);
+    const int nodes = frame.active().Labels.Count();
+    frame.frame.discardScenario(frame.active().slot());
+    EXPECT_EQ(diary.text, "+Sample-Sample" + std::to_string(nodes));
+    subscription.end();
+    frame.frame.discardScenario(0);
+    EXPECT_EQ(diary.text, "+Sample-Sample" + std::to_string(nodes));
+}
+
+}  // namespace
+}  // namespace orvent::shell
