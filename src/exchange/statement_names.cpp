@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/letter_case.h"
+#include "platform/utf8.h"
 
 namespace orvent::exchange {
 
