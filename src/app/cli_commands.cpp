@@ -1,0 +1,148 @@
+#include "app/cli_commands.h"
+
+#include <nlohmann/json.hpp>
+
+#include "analysis/metrics_functions.h"
+#include "links/check_consistency.h"
+#include "platform/text.h"
+#include "statements/ldl_scenario.h"
+
+namespace orvent::app {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+void write(const CliOptions& options, std::ostream& out, const std::string& text) {
+    if (options.output.empty()) {
+        out << text;
+    } else {
+        platform::writeFile(options.output, text);
+    }
+}
+
+std::string lines(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+/// One thing that is wrong with a scenario.
+struct Finding {
+    const char* kind;  ///< one word or two, the same for all of their kind
+    std::string node;  ///< empty when it is no single one
+    std::string why;
+};
+
+const char* kindWords(statements::UnfinishedStatement::Kind kind) {
+    using enum statements::UnfinishedStatement::Kind;
+    switch (kind) {
+        case notWhole:
+            return "statement";
+        case outdated:
+            return "outdated";
+        case circle:
+            return "circle";
+        case notFed:
+            return "not-fed";
+    }
+    return "";
+}
+
+std::vector<Finding> findingsOf(canvas::DrawForm& form, const AnsweredBox& box, CliSession& session) {
+    std::vector<Finding> findings;
+    for (const std::string& warning : box.warnings()) {
+        findings.push_back({"reading", "", warning});
+    }
+    for (const statements::UnfinishedStatement& row : statements::unfinishedStatements(form)) {
+        findings.push_back({kindWords(row.kind), row.node, row.why});
+    }
+    // It changes the scenario, which is thrown away afterwards.
+    if (const auto changes = links::CheckConsistency(form, session.exportServices().progress)) {
+        for (const links::EdgeNames& edge : changes->deleted) {
+            findings.push_back({"edge", edge.to, "No attribute is provided along the edge " + edgeWords(edge) + "."});
+        }
+        for (const links::EdgeNames& edge : changes->drawn) {
+            findings.push_back(
+                {"edge", edge.to, "Attributes are provided, but no edge is drawn: " + edgeWords(edge) + "."});
+        }
+    }
+    return findings;
+}
+
+std::string metricsJson(const canvas::DrawForm& form, const shell::ExportServices& services) {
+    analysis::MetricsViews views;
+    analysis::MetricsFunctions(views, services.TransDepth, &services.progress).ScenarioMetrics(form);
+    Json rows = Json::array();
+    for (const analysis::MetricsRow& row : views.InpMetrView) {
+        Json object{{"name", row.name}};
+        for (std::size_t column = 0; column < analysis::kMetricsColumns; ++column) {
+            object[analysis::kMetricsHeads[column]] = row.values[column];
+        }
+        rows.push_back(std::move(object));
+    }
+    return lines(rows);
+}
+
+}  // namespace
+
+ExitCode listScenarios(CliSession& session, const CliOptions& options, std::ostream& out) {
+    std::string text;
+    Json rows = Json::array();
+    for (const std::string& name : session.scenarios()) {
+        text += name + "\n";
+        rows.push_back({{"name", name}});
+    }
+    write(options, out, options.json ? lines(rows) : text);
+    return ExitCode::done;
+}
+
+ExitCode getScenario(CliSession& session, const CliOptions& options, std::ostream& out) {
+    session.open(options.scenario);
+    write(options, out, session.document());
+    return ExitCode::done;
+}
+
+ExitCode putScenario(CliSession& session, const CliOptions& options, std::ostream&) {
+    session.put(options.scenario, options.name);
+    return ExitCode::done;
+}
+
+ExitCode convertDocument(CliSession& session, const CliOptions& options, std::ostream& out) {
+    session.openFile(options.scenario);
+    write(options, out, session.document());
+    return ExitCode::done;
+}
+
+ExitCode exportTypes(CliSession& session, const CliOptions& options, std::ostream& out) {
+    write(options, out, session.typesDocument());
+    return ExitCode::done;
+}
+
+ExitCode importTypes(CliSession& session, const CliOptions& options, std::ostream&) {
+    return session.importTypes(options.scenario) ? ExitCode::done : ExitCode::findings;
+}
+
+ExitCode checkScenario(CliSession& session, const CliOptions& options, std::ostream& out) {
+    canvas::DrawForm& form = session.open(options.scenario);
+    const std::vector<Finding> findings = findingsOf(form, session.box(), session);
+    std::string text;
+    Json rows = Json::array();
+    for (const Finding& finding : findings) {
+        text +=
+            finding.kind + std::string(": ") + (finding.node.empty() ? "" : finding.node + ": ") + finding.why + "\n";
+        rows.push_back({{"kind", finding.kind}, {"node", finding.node}, {"why", finding.why}});
+    }
+    write(options, out, options.json ? lines(rows) : text);
+    return findings.empty() ? ExitCode::done : ExitCode::findings;
+}
+
+ExitCode exportScenario(CliSession& session, const shell::Exporter& exporter, const CliOptions& options,
+                        std::ostream& out) {
+    const canvas::DrawForm& form = session.open(options.scenario);
+    shell::ExportServices services = session.exportServices();
+    services.TransDepth = options.depth.value_or(services.TransDepth);
+    const bool asJson = options.json && exporter.name == shell::kMetricsExporter;
+    write(options, out, asJson ? metricsJson(form, services) : exporter.text(form, services));
+    return ExitCode::done;
+}
+
+}  // namespace orvent::app
