@@ -106,7 +106,21 @@ class FreeNames {
         }
     }
 
+    /// All new names of the copy.
+    NameIndex newNames() const {
+        NameIndex names;
+        for (const auto& [name, node] : renamed_) {
+            if (const auto* recordSet = node->recordSet()) {
+                names.addRecordSet(name, *recordSet);
+            } else if (node->activity()) {
+                names.addRenamed(name.former, name.now);
+            }
+        }
+        return names;
+    }
+
     std::vector<UncertainStatement> rewriteStatements(std::vector<StatementNames>& statements) {
+        const NameIndex copied = newNames();
         std::vector<UncertainStatement> uncertain;
         auto names = statements.begin();
         for (LabelsD& node : copy_.Labels) {
@@ -115,15 +129,8 @@ class FreeNames {
                 continue;
             }
             names->follow(*activity);
-            for (const Renamed& renamed : renamed_) {
-                if (const auto* recordSet = renamed.node->recordSet()) {
-                    names->addRecordSet(renamed.name, *recordSet);
-                } else if (renamed.node->activity() && renamed.node != &node) {
-                    names->addOther(renamed.name);
-                }
-            }
             std::string why;
-            if (auto text = names->rewritten(activity->Act_LDL, why)) {
+            if (auto text = names->rewritten(activity->Act_LDL, copied, why)) {
                 activity->Act_LDL = std::move(*text);
             } else {
                 uncertain.push_back({activity->Act_Name, why});

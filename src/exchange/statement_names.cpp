@@ -1,6 +1,7 @@
 #include "exchange/statement_names.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "platform/letter_case.h"
 #include "platform/utf8.h"
@@ -54,9 +55,7 @@ std::vector<std::string> functionKeys(const entities::ActivityProperties& activi
     return keys;
 }
 
-}  // namespace
-
-std::vector<std::string> StatementNames::namesOf(const entities::ActivityProperties& activity, bool inputs) {
+std::vector<std::string> memberNames(const entities::ActivityProperties& activity, bool inputs) {
     std::vector<std::string> names;
     const auto add = [&names](const auto& list) {
         for (const entities::AttributeProperties& attribute : list) {
@@ -67,35 +66,79 @@ std::vector<std::string> StatementNames::namesOf(const entities::ActivityPropert
     return names;
 }
 
-StatementNames::StatementNames(const entities::ActivityProperties& activity)
-    : name_{activity.Act_Name, activity.Act_Name},
-      inputs_(pairsOf(namesOf(activity, true))),
-      outputs_(pairsOf(namesOf(activity, false))),
-      functions_(pairsOf(functionKeys(activity))) {}
+}  // namespace
 
-void StatementNames::follow(const entities::ActivityProperties& activity) {
-    name_.now = activity.Act_Name;
-    setNow(inputs_, namesOf(activity, true));
-    setNow(outputs_, namesOf(activity, false));
-    setNow(functions_, functionKeys(activity));
-    for (const NamePair& function : functions_) {
-        addWord(smallFirst(function.former), smallFirst(function.now));
-    }
-    for (const auto* pairs : {&inputs_, &outputs_, &functions_}) {
-        std::ranges::copy_if(*pairs, std::back_inserter(renamed_),
-                             [](const NamePair& pair) { return pair.former != pair.now; });
-    }
-    if (name_.former != name_.now) {
-        renamed_.push_back(name_);
+void NameIndex::addWord(const std::string& former, const std::string& now) {
+    if (!former.empty()) {
+        words_[std::string(wordAtHead(former))].push_back({former, now});
     }
 }
 
-void StatementNames::addRecordSet(const NamePair& name, const entities::RecordSetProperties& recordSet) {
-    renamed_.push_back(name);
+void NameIndex::addRenamed(const std::string& former, const std::string& now) {
+    if (!former.empty() && former != now) {
+        const std::string small = platform::lowerLetters(former);
+        renamed_[std::string(wordAtHead(small))].push_back({small, now});
+    }
+}
+
+void NameIndex::addRecordSet(const NamePair& name, const entities::RecordSetProperties& recordSet) {
+    addRenamed(name.former, name.now);
     addWord(smallFirst(name.former), smallFirst(name.now));
     for (const entities::AttributeProperties& attribute : recordSet.RecordSet_Outputs) {
         addWord(platform::upperLetters(name.former + "_" + attribute.Attribute_Name),
                 platform::upperLetters(name.now + "_" + attribute.Attribute_Name));
+    }
+}
+
+void NameIndex::wordsAt(std::string_view text, std::vector<const NamePair*>& found) const {
+    const auto words = words_.find(std::string(wordAtHead(text)));
+    if (words == words_.end()) {
+        return;
+    }
+    for (const NamePair& word : words->second) {
+        if (hasAtHead(text, word.former)) {
+            found.push_back(&word);
+        }
+    }
+}
+
+bool NameIndex::names(std::string_view text) const {
+    const std::string word = platform::lowerLetters(wordAtHead(text));
+    // The whole word, and what stands in front of each "_" in it.
+    for (std::size_t end = word.size(); end != std::string::npos; end = end == 0 ? end - 1 : word.rfind('_', end - 1)) {
+        const auto heads = renamed_.find(word.substr(0, end));
+        if (heads == renamed_.end()) {
+            continue;
+        }
+        for (const NamePair& pair : heads->second) {
+            const std::string small = platform::lowerLetters(text.substr(0, pair.former.size() + 1));
+            const char behind = small.size() > pair.former.size() ? small[pair.former.size()] : ' ';
+            if (small.starts_with(pair.former) && (!isNameLetter(behind) || behind == '_')) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+StatementNames::StatementNames(const entities::ActivityProperties& activity)
+    : name_{activity.Act_Name, activity.Act_Name},
+      inputs_(pairsOf(memberNames(activity, true))),
+      outputs_(pairsOf(memberNames(activity, false))),
+      functions_(pairsOf(functionKeys(activity))) {}
+
+void StatementNames::follow(const entities::ActivityProperties& activity) {
+    name_.now = activity.Act_Name;
+    setNow(inputs_, memberNames(activity, true));
+    setNow(outputs_, memberNames(activity, false));
+    setNow(functions_, functionKeys(activity));
+    for (const NamePair& function : functions_) {
+        own_.addWord(smallFirst(function.former), smallFirst(function.now));
+    }
+    for (const auto* pairs : {&inputs_, &outputs_, &functions_}) {
+        for (const NamePair& pair : *pairs) {
+            own_.addRenamed(pair.former, pair.now);
+        }
     }
 }
 
@@ -148,46 +191,36 @@ StatementNames::Match StatementNames::predicateAt(std::string_view text) const {
     return {};
 }
 
-std::vector<StatementNames::Match> StatementNames::matchesAt(std::string_view text) const {
+std::vector<StatementNames::Match> StatementNames::matchesAt(std::string_view text, const NameIndex& copied) const {
     std::vector<Match> matches{memberAt(text, "_IN", inputs_), memberAt(text, "_OUT", outputs_), predicateAt(text)};
-    for (const NamePair& word : words_) {
-        if (hasAtHead(text, word.former)) {
-            matches.push_back({word.former.size(), word.now});
-        }
+    std::vector<const NamePair*> words;
+    own_.wordsAt(text, words);
+    copied.wordsAt(text, words);
+    for (const NamePair* word : words) {
+        matches.push_back({word->former.size(), word->now});
     }
     std::erase_if(matches, [](const Match& match) { return match.length == 0; });
     return matches;
 }
 
-/// What bears another name and is named by a word, alone or as its head, in any spelling.
-const NamePair* StatementNames::heldBy(std::string_view word) const {
-    const std::string small = platform::lowerLetters(word);
-    const auto found = std::ranges::find_if(renamed_, [&small](const NamePair& pair) {
-        const std::string former = platform::lowerLetters(pair.former);
-        return pair.former != pair.now && small.starts_with(former) &&
-               (small.size() == former.size() || !isNameLetter(small[former.size()]) || small[former.size()] == '_');
-    });
-    return found == renamed_.end() ? nullptr : &*found;
-}
-
-std::optional<std::string> StatementNames::rewritten(const std::string& text, std::string& why) const {
+std::optional<std::string> StatementNames::rewritten(const std::string& text, const NameIndex& copied,
+                                                     std::string& why) const {
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
+        if (at > 0 && isNameLetter(text[at - 1])) {
+            result += text[at++];
+            continue;
+        }
         const std::string_view rest = std::string_view(text).substr(at);
-        const bool begins = at == 0 || !isNameLetter(text[at - 1]);
-        std::vector<Match> matches = begins ? matchesAt(rest) : std::vector<Match>();
-        const bool oneMeaning = std::ranges::all_of(matches, [&matches](const Match& match) {
-            return match.length == matches.front().length && match.text == matches.front().text;
-        });
-        const NamePair* named = begins && matches.empty() ? heldBy(rest.substr(0, 256)) : nullptr;
-        if (!oneMeaning || named) {
+        const std::vector<Match> matches = matchesAt(rest, copied);
+        const bool oneMeaning = std::ranges::adjacent_find(matches, std::ranges::not_equal_to()) == matches.end();
+        if (!oneMeaning || (matches.empty() && (own_.names(rest) || copied.names(rest)))) {
             why = "The copy bears other names, and it is not certain what \"" + std::string(wordAtHead(rest)) +
                   "\" means in its statement.";
             return std::nullopt;
         }
-        const std::size_t length = matches.empty() ? 1 : matches.front().length;
         result += matches.empty() ? std::string(rest.substr(0, 1)) : matches.front().text;
-        at += length;
+        at += matches.empty() ? 1 : matches.front().length;
     }
     return result;
 }

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "entities/nodes.h"
@@ -13,6 +13,29 @@ namespace orvent::exchange {
 /// A name, and the one that stands for it in a copy.
 struct NamePair {
     std::string former, now;
+};
+
+/// New names of a copy, found at a place of a text.
+class NameIndex {
+  public:
+    /// A spelling of the generator, which stands as a whole word.
+    void addWord(const std::string& former, const std::string& now);
+    /// What bears another name; where else it is named nothing is certain.
+    void addRenamed(const std::string& former, const std::string& now);
+    /// A record set that bears another name, with the spellings of it and its attributes.
+    void addRecordSet(const NamePair& name, const entities::RecordSetProperties& recordSet);
+
+    /// The words that the text begins with.
+    void wordsAt(std::string_view text, std::vector<const NamePair*>& found) const;
+    /// Whether the text begins with something that bears another name, alone or as the head of a word, in any case.
+    bool names(std::string_view text) const;
+
+  private:
+    /// By the letters in front of the first one that is none of a name, so that a text tells where to look.
+    using ByHead = std::unordered_map<std::string, std::vector<NamePair>>;
+
+    ByHead words_;
+    ByHead renamed_;  ///< in lower case
 };
 
 /// The names in the generated statement of an activity, as the generator spells them. What was generated for an
@@ -26,32 +49,25 @@ class StatementNames {
     /// The activity bears its new names now.
     void follow(const entities::ActivityProperties& activity);
 
-    /// A record set of the copy, with its attributes; and another name that is not expected in this statement.
-    void addRecordSet(const NamePair& name, const entities::RecordSetProperties& recordSet);
-    void addOther(const NamePair& name) { renamed_.push_back(name); }
-
-    /// The statement with the new names; nothing where it is not certain what a name in it means, which `why` tells.
-    std::optional<std::string> rewritten(const std::string& text, std::string& why) const;
+    /// The statement with the new names, `copied` being those of the whole copy; nothing where it is not certain what a
+    /// name in it means, which `why` tells.
+    std::optional<std::string> rewritten(const std::string& text, const NameIndex& copied, std::string& why) const;
 
   private:
     /// What a place of a text is replaced by, and how many bytes of the text that takes.
     struct Match {
         std::size_t length = 0;
         std::string text;
+        bool operator==(const Match&) const = default;
     };
 
-    static std::vector<std::string> namesOf(const entities::ActivityProperties& activity, bool inputs);
-    void addWord(const std::string& former, const std::string& now) { words_.push_back({former, now}); }
     Match memberAt(std::string_view text, std::string_view infix, const std::vector<NamePair>& members) const;
     Match predicateAt(std::string_view text) const;
-    std::vector<Match> matchesAt(std::string_view text) const;
-    const NamePair* heldBy(std::string_view word) const;
+    std::vector<Match> matchesAt(std::string_view text, const NameIndex& copied) const;
 
     NamePair name_;
-    std::vector<NamePair> inputs_, outputs_;
-    std::vector<NamePair> functions_;
-    std::vector<NamePair> words_;    ///< what stands as a whole word, in the spellings of the generator
-    std::vector<NamePair> renamed_;  ///< all that bears another name; where else it is named nothing is certain
+    std::vector<NamePair> inputs_, outputs_, functions_;
+    NameIndex own_;
 };
 
 }  // namespace orvent::exchange
