@@ -10,6 +10,7 @@
 
 #include "analysis/attribute_walks.h"
 #include "analysis/budgeted_walk.h"
+#include "entities/members.h"
 #include "platform/steps.h"
 
 namespace orvent::analysis {
@@ -197,8 +198,11 @@ void MetricsFunctions::RecordSetMetrics(AttributeRows& rows, const entities::Rec
 
 void MetricsFunctions::ActivityMetrics(AttributeRows& rows, const entities::ActivityProperties& activity,
                                        MetricsViews& views) {
-    rows.add(activity.Act_Inputs, views.InpMetrView);
-    rows.add(activity.Act_Outputs, views.OutMetrView);
+    eachList(activity, [&](const auto& list, entities::NodeKindCode kind) {
+        if constexpr (requires { (*list.begin()).ProvidedFrom; }) {
+            rows.add(list, kind == entities::KindInput ? views.InpMetrView : views.OutMetrView);
+        }
+    });
 }
 
 void MetricsFunctions::ScenarioMetrics(const canvas::Canvas& form) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "canvas/canvas_rules.h"
+#include "canvas/owners.h"
 #include "entities/key_grammar.h"
 
 namespace orvent::canvas {
@@ -11,33 +12,11 @@ using namespace entities;
 
 namespace {
 
-/// The collection of its owner in which an attribute stands, or nothing when the owner is not on the canvas.
-AttributeCollection* listOf(Canvas& canvas, const AttributeProperties& attribute) {
-    LabelsD* owner = canvas.nodeNamed(attribute.ParentKeyName);
-    if (!owner) {
-        return nullptr;
-    }
-    if (RecordSetProperties* recordSet = owner->recordSet()) {
-        return attribute.NodeKind == KindRecordSetAttribute ? recordSet->RecordSet_Outputs.peek() : nullptr;
-    }
-    ActivityProperties* activity = owner->activity();
-    if (!activity) {
-        return nullptr;
-    }
-    switch (attribute.NodeKind) {
-        case KindInput:
-            return activity->Act_Inputs.peek();
-        case KindOutput:
-            return activity->Act_Outputs.peek();
-        default:
-            return nullptr;
-    }
-}
-
-ParameterCollection* listOf(Canvas& canvas, const ParameterProperties& parameter) {
-    LabelsD* owner = canvas.nodeNamed(parameter.ParentKeyName);
-    ActivityProperties* activity = owner ? owner->activity() : nullptr;
-    return activity ? activity->Act_Parameters.peek() : nullptr;
+/// The collection of its owner in which a member stands, or nothing when the owner is not on the canvas.
+template <class Member>
+EntityCollection<Member>* listOf(Canvas& canvas, const Member& member) {
+    LabelsD* owner = canvas.nodeNamed(member.ParentKeyName);
+    return owner ? canvas::listOf<Member>(*owner, member.NodeKind) : nullptr;
 }
 
 // A removed input is found missing at the next save only when the inputs are written.

@@ -1,5 +1,7 @@
 #include "canvas/node_tip.h"
 
+#include "canvas/owners.h"
+
 namespace orvent::canvas {
 
 namespace {
@@ -9,21 +11,28 @@ void append(std::string& list, std::string_view words) {
     list += words;
 }
 
+std::string_view wordOf(entities::NodeKindCode kind) {
+    switch (kind) {
+        case entities::KindInput:
+        case entities::KindFunctionInput:
+            return "inputs";
+        case entities::KindOutput:
+        case entities::KindFunctionOutput:
+            return "outputs";
+        case entities::KindParameter:
+            return "parameters";
+        default:
+            return "attributes";
+    }
+}
+
 std::string countsOf(const LabelsD& node) {
     std::string counts;
-    const auto add = [&counts](const char* members, int count) {
-        append(counts, std::string(members) + ": " + std::to_string(count));
-    };
-    if (const auto* activity = node.activity()) {
-        add("inputs", activity->Act_Inputs.count());
-        add("outputs", activity->Act_Outputs.count());
-        add("parameters", activity->Act_Parameters.count());
-    } else if (const auto* recordSet = node.recordSet()) {
-        add("attributes", recordSet->RecordSet_Outputs.count());
-    } else if (const auto* function = node.entity<entities::FunctionProperties>()) {
-        add("inputs", function->Function_Inputs.count());
-        add("outputs", function->Function_Outputs.count());
-    }
+    withOwner(node, [&counts](const auto& owner) {
+        eachList(owner, [&counts](const auto& list, entities::NodeKindCode kind) {
+            append(counts, std::string(wordOf(kind)) + ": " + std::to_string(list.count()));
+        });
+    });
     return counts;
 }
 

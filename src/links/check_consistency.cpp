@@ -8,7 +8,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "entities/nodes.h"
+#include "canvas/owners.h"
 
 namespace orvent::links {
 
@@ -79,15 +79,17 @@ void addRegulators(const List& members, const LabelsD& node, Sources& sources) {
 void findSources(const LabelsD& node, NodeSources& sources) {
     sources.data.clear();
     sources.control.clear();
-    if (const ActivityProperties* activity = node.activity()) {
-        addProviders(activity->Act_Inputs, sources.data);
-        addRegulators(activity->Act_Parameters, node, sources.control);
-        for (const FunctionProperties& function : activity->Act_Functions) {
-            addRegulators(function.Function_Inputs, node, sources.control);
-            addRegulators(function.Function_Outputs, node, sources.control);
+    const auto add = [&](const auto& members, NodeKindCode kind) {
+        if constexpr (requires { (*members.begin()).ProvidedFrom; }) {
+            if (kind != KindOutput) {  // those have their values from their own activity
+                addProviders(members, sources.data);
+            }
+        } else {
+            addRegulators(members, node, sources.control);
         }
-    } else if (const RecordSetProperties* recordSet = node.recordSet()) {
-        addProviders(recordSet->RecordSet_Outputs, sources.data);
+    };
+    if (node.activity() || node.recordSet()) {
+        canvas::withOwner(node, [&](const auto& owner) { eachListDeep(owner, add); });
     }
 }
 

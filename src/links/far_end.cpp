@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "entities/link_types.h"
+#include "entities/members.h"
 
 namespace orvent::links {
 
@@ -12,15 +13,13 @@ using namespace entities;
 
 namespace {
 
-enum class Place { Inputs, Outputs, Parameters, RecordSet, Constant, FunctionInputs, FunctionOutputs };
-
 /// What a link of a dialog's working copy may reach: `Itself` when the activity feeds itself.
 enum class Reach { Nothing, Itself, Dialog, Scenario };
 
 struct FarEndRow {
     Direction direction;
     LinkType type;
-    Place place;
+    NodeKindCode place;
     bool orRecordSet;  ///< the far node may also be a record set
     bool relative;     ///< the mirror names the near end by its relative key
     Reach inDialog;
@@ -32,35 +31,35 @@ constexpr auto kRegulatedFrom = Direction::RegulatedFrom;
 constexpr auto kRegulatorFor = Direction::RegulatorFor;
 
 constexpr std::array<FarEndRow, 26> kFarEnds = {{
-    {kProvidedFrom, LinkRecordSet, Place::Outputs, true, false, Reach::Nothing},
-    {kProvidedFrom, LinkActivity, Place::Outputs, false, false, Reach::Itself},
-    {kProvidedFrom, LinkInput, Place::Inputs, false, true, Reach::Dialog},
-    {kProvidedFrom, LinkActivityInput, Place::Inputs, false, true, Reach::Dialog},
+    {kProvidedFrom, LinkRecordSet, KindOutput, true, false, Reach::Nothing},
+    {kProvidedFrom, LinkActivity, KindOutput, false, false, Reach::Itself},
+    {kProvidedFrom, LinkInput, KindInput, false, true, Reach::Dialog},
+    {kProvidedFrom, LinkActivityInput, KindInput, false, true, Reach::Dialog},
 
-    {kProviderFor, LinkRecordSet, Place::Inputs, true, false, Reach::Nothing},
-    {kProviderFor, LinkActivity, Place::Inputs, false, false, Reach::Itself},
-    {kProviderFor, LinkInput, Place::Outputs, false, true, Reach::Dialog},
-    {kProviderFor, LinkActivityInput, Place::Outputs, false, true, Reach::Dialog},
+    {kProviderFor, LinkRecordSet, KindInput, true, false, Reach::Nothing},
+    {kProviderFor, LinkActivity, KindInput, false, false, Reach::Itself},
+    {kProviderFor, LinkInput, KindOutput, false, true, Reach::Dialog},
+    {kProviderFor, LinkActivityInput, KindOutput, false, true, Reach::Dialog},
 
-    {kRegulatedFrom, LinkRecordSet, Place::RecordSet, true, false, Reach::Nothing},
-    {kRegulatedFrom, LinkInput, Place::Inputs, false, true, Reach::Dialog},
-    {kRegulatedFrom, LinkActivityInput, Place::Inputs, false, true, Reach::Dialog},
-    {kRegulatedFrom, LinkConstant, Place::Constant, false, false, Reach::Nothing},
-    {kRegulatedFrom, LinkParameterOutput, Place::Parameters, false, true, Reach::Dialog},
-    {kRegulatedFrom, LinkFunctionOutput, Place::FunctionOutputs, false, true, Reach::Dialog},
-    {kRegulatedFrom, LinkRecordSetFunction, Place::RecordSet, true, false, Reach::Scenario},
-    {kRegulatedFrom, LinkInputFunction, Place::Inputs, false, false, Reach::Dialog},
-    {kRegulatedFrom, LinkConstantFunction, Place::Constant, true, false, Reach::Nothing},
+    {kRegulatedFrom, LinkRecordSet, KindRecordSetAttribute, true, false, Reach::Nothing},
+    {kRegulatedFrom, LinkInput, KindInput, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkActivityInput, KindInput, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkConstant, KindConstant, false, false, Reach::Nothing},
+    {kRegulatedFrom, LinkParameterOutput, KindParameter, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkFunctionOutput, KindFunctionOutput, false, true, Reach::Dialog},
+    {kRegulatedFrom, LinkRecordSetFunction, KindRecordSetAttribute, true, false, Reach::Scenario},
+    {kRegulatedFrom, LinkInputFunction, KindInput, false, false, Reach::Dialog},
+    {kRegulatedFrom, LinkConstantFunction, KindConstant, true, false, Reach::Nothing},
 
-    {kRegulatorFor, LinkRecordSet, Place::Parameters, false, false, Reach::Nothing},
-    {kRegulatorFor, LinkInput, Place::Parameters, false, true, Reach::Dialog},
-    {kRegulatorFor, LinkActivityInput, Place::Parameters, false, true, Reach::Dialog},
-    {kRegulatorFor, LinkConstant, Place::Parameters, false, false, Reach::Nothing},
-    {kRegulatorFor, LinkParameterOutput, Place::Outputs, false, true, Reach::Dialog},
-    {kRegulatorFor, LinkFunctionOutput, Place::Outputs, false, false, Reach::Dialog},
-    {kRegulatorFor, LinkRecordSetFunction, Place::FunctionInputs, false, false, Reach::Nothing},
-    {kRegulatorFor, LinkInputFunction, Place::FunctionInputs, false, true, Reach::Dialog},
-    {kRegulatorFor, LinkConstantFunction, Place::FunctionInputs, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkRecordSet, KindParameter, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkInput, KindParameter, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkActivityInput, KindParameter, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkConstant, KindParameter, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkParameterOutput, KindOutput, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkFunctionOutput, KindOutput, false, false, Reach::Dialog},
+    {kRegulatorFor, LinkRecordSetFunction, KindFunctionInput, false, false, Reach::Nothing},
+    {kRegulatorFor, LinkInputFunction, KindFunctionInput, false, true, Reach::Dialog},
+    {kRegulatorFor, LinkConstantFunction, KindFunctionInput, false, false, Reach::Nothing},
 }};
 
 const FarEndRow* rowOf(Direction direction, LinkType type) {
@@ -99,9 +98,9 @@ class Search {
         const RecordSetProperties* recordSet = row.orRecordSet && peer ? peer->recordSet() : nullptr;
         if (recordSet) {
             inList(far, recordSet->RecordSet_Outputs.peek(), keyInRecordSet(link_.key), peer->Expanded, farKey());
-        } else if (row.place == Place::Constant) {
+        } else if (row.place == KindConstant) {
             constant(far, peer);
-        } else if (row.place == Place::FunctionInputs || row.place == Place::FunctionOutputs) {
+        } else if (row.place == KindFunctionInput || row.place == KindFunctionOutput) {
             functionParameter(far, peer, row.place);
         } else {
             activityMember(far, dialog_ ? dialog_ : peer ? peer->activity() : nullptr, row.place);
@@ -142,20 +141,11 @@ class Search {
         inList(far, list, keyInActivity(link_.key), list && list->Expanded && !dialog_, farKey());
     }
 
-    void activityMember(FarEndView& far, const ActivityProperties* activity, Place place) const {
+    void activityMember(FarEndView& far, const ActivityProperties* activity, NodeKindCode place) const {
         if (!activity) {
             return;
         }
-        switch (place) {
-            case Place::Inputs:
-                return activityList(far, activity->Act_Inputs.peek());
-            case Place::Outputs:
-                return activityList(far, activity->Act_Outputs.peek());
-            case Place::Parameters:
-                return activityList(far, activity->Act_Parameters.peek());
-            default:
-                return;
-        }
+        withList(*activity, place, [&](const auto& list, NodeKindCode) { activityList(far, list.peek()); });
     }
 
     void constant(FarEndView& far, const canvas::LabelsD* peer) const {
@@ -169,7 +159,7 @@ class Search {
         }
     }
 
-    void functionParameter(FarEndView& far, const canvas::LabelsD* peer, Place place) const {
+    void functionParameter(FarEndView& far, const canvas::LabelsD* peer, NodeKindCode place) const {
         const FunctionProperties* function = dialog_ ? nullptr : functionAt(peer);
         if (function && !isMeant(*function)) {
             function = nullptr;
@@ -181,10 +171,9 @@ class Search {
         if (!function) {
             return;
         }
-        const bool inputs = place == Place::FunctionInputs;
         const std::string key = AfterLastDot(link_.key);
-        inList(far, (inputs ? function->Function_Inputs : function->Function_Outputs).peek(), key, expanded,
-               wholeKey(function->Function_Key, inputs ? KindFunctionInput : KindFunctionOutput, key));
+        inList(far, listOf<ParameterProperties>(*function, place), key, expanded,
+               wholeKey(function->Function_Key, place, key));
     }
 
     static const FunctionProperties* functionAt(const canvas::LabelsD* node) {
@@ -193,12 +182,15 @@ class Search {
 
     /// The activity that has a function or for which it waits; empty for a free one.
     static const std::string& activityOf(const FunctionProperties& function) {
-        for (const auto* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
-            if (function.ParentKeyName().empty() && parameters->count() > 0) {
-                return parameters->peek()->Item(1)->ParentFunctionActivity;
-            }
+        const std::string* activity = &function.ParentKeyName();
+        if (activity->empty()) {
+            eachList(function, [&](const auto& list, NodeKindCode) {
+                if (activity == &function.ParentKeyName() && list.count() > 0) {
+                    activity = &list.peek()->Item(1)->ParentFunctionActivity;
+                }
+            });
         }
-        return function.ParentKeyName();
+        return *activity;
     }
 
     /// Whether the link leads to this very function: several activities may have own ones of the same key.
@@ -279,10 +271,7 @@ const AttributeProperties* attributeUnder(const RecordSetProperties& recordSet, 
 
 const AttributeProperties* attributeUnder(const ActivityProperties& activity, NodeKindCode list,
                                           const std::string& key) {
-    const AttributeCollection* attributes = activity.Act_Outputs.peek();
-    if (list == KindInput) {
-        attributes = activity.Act_Inputs.peek();
-    }
+    const auto* attributes = listOf<AttributeProperties>(activity, list == KindInput ? KindInput : KindOutput);
     return attributes ? attributes->Item(keyInActivity(key)) : nullptr;
 }
 

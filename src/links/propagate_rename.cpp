@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "entities/link_types.h"
+#include "entities/members.h"
 #include "links/kept_mirrors.h"
 #include "links/members.h"
 #include "links/synchronize_functions.h"
@@ -161,22 +162,16 @@ class Propagation {
         if (!activity) {
             return;
         }
-        switch (match.row->to) {
-            case KindInput:
-                if (AttributeProperties* input = rekey(attribute, match, activity->Act_Inputs.peek())) {
-                    activity->Act_Inputs->Changed = true;
-                    goOn(*match.row, *input);
+        withList(*activity, match.row->to, [&](auto& list, NodeKindCode kind) {
+            if constexpr (requires { (*list.begin()).ProvidedFrom; }) {
+                if (AttributeProperties* renamed = rekey(attribute, match, list.peek())) {
+                    activity->Act_Inputs->Changed = activity->Act_Inputs->Changed || kind == KindInput;
+                    goOn(*match.row, *renamed);
                 }
-                return;
-            case KindOutput:
-                if (AttributeProperties* output = rekey(attribute, match, activity->Act_Outputs.peek())) {
-                    goOn(*match.row, *output);
-                }
-                return;
-            default:
-                regulated(attribute, match, activity->Act_Parameters.peek());
-                return;
-        }
+            } else {
+                regulated(attribute, match, list.peek());
+            }
+        });
     }
 
     void goOn(const RenameRow& row, AttributeProperties& renamed) {

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "canvas/owners.h"
 #include "entities/link_types.h"
 #include "links/far_end.h"
 #include "platform/name_list.h"
 #include "repository/row_plan.h"
+#include "repository/stored_links.h"
 
 namespace orvent::repository {
 
@@ -21,13 +23,15 @@ class StoredLinks {
     explicit StoredLinks(const DrawForm& form) : form_(form) {
         for (const canvas::LabelsD& node : form.Labels) {
             const int before = dangling_;
-            if (const auto* activity = node.activity()) {
-                walk(*activity);
-            } else if (const auto* recordSet = node.recordSet()) {
-                for (const auto& attribute : recordSet->RecordSet_Outputs) {
-                    look(Direction::ProviderFor, attribute, attribute.ProviderFor);
-                }
-            }
+            canvas::withOwner(node, [this](const auto& owner) {
+                entities::eachListDeep(owner, [this](const auto& list, entities::NodeKindCode kind) {
+                    for (const auto& member : list) {
+                        eachStoredLinks(member, kind, [&](const auto& links, sql::LinkKind of) {
+                            look(directionOf(of), member, links);
+                        });
+                    }
+                });
+            });
             if (dangling_ > before) {
                 holders_.push_back(node.Caption());
             }
@@ -39,23 +43,10 @@ class StoredLinks {
     bool joinNodes() const { return joinNodes_; }
 
   private:
-    void walk(const entities::ActivityProperties& activity) {
-        for (const auto& input : activity.Act_Inputs) {
-            look(Direction::ProvidedFrom, input, input.ProvidedFrom);
-        }
-        for (const auto& output : activity.Act_Outputs) {
-            look(Direction::ProvidedFrom, output, output.ProvidedFrom);
-            look(Direction::ProviderFor, output, output.ProviderFor);
-            look(Direction::RegulatedFrom, output, output.RegulatedFrom);
-        }
-        for (const auto& parameter : activity.Act_Parameters) {
-            look(Direction::RegulatedFrom, parameter, parameter.RegulatedFrom);
-        }
-        for (const auto& function : activity.Act_Functions) {
-            for (const auto& input : function.Function_Inputs) {
-                look(Direction::RegulatedFrom, input, input.RegulatedFrom);
-            }
-        }
+    static Direction directionOf(sql::LinkKind kind) {
+        return kind == sql::kProvidedFrom    ? Direction::ProvidedFrom
+               : kind == sql::kRegulatedFrom ? Direction::RegulatedFrom
+                                             : Direction::ProviderFor;
     }
 
     template <class Holder, class Links>

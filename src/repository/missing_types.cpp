@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "entities/members.h"
+#include "links/members.h"
 #include "repository/type_usage.h"
 
 namespace orvent::repository {
@@ -42,7 +44,7 @@ class MissingTypes {
             if (activity && activity->Act_Type != -1) {  // without a type it is not saved
                 look(*activity);
             } else if (const RecordSetProperties* recordSet = node.recordSet()) {
-                lookAtData(recordSet->RecordSet_Outputs, recordSet->RecordSet_Name);
+                lookAtData(*recordSet, recordSet->RecordSet_Name);
             }
         }
     }
@@ -115,28 +117,20 @@ class MissingTypes {
         return places.size() == 1;
     }
 
-    template <class List>
-    void lookAtData(const Lazy<List>& members, const std::string& owner) {
-        for (const auto& member : members) {
-            const auto type = [&member] {
-                if constexpr (requires { member.Attribute_Type; }) {
-                    return member.Attribute_Type;
-                } else {
-                    return member.Parameter_Type;
-                }
-            };
-            isNew(TypeKind::data, type(), owner + " (" + member.Key + ")");
-        }
+    template <class Owner>
+    void lookAtData(const Owner& owner, const std::string& name) {
+        eachList(owner, [&](const auto& list, NodeKindCode) {
+            for (const auto& member : list) {
+                isNew(TypeKind::data, links::typeOf(member), name + " (" + member.Key + ")");
+            }
+        });
     }
 
     void look(const ActivityProperties& activity) {
-        lookAtData(activity.Act_Inputs, activity.Act_Name);
-        lookAtData(activity.Act_Outputs, activity.Act_Name);
-        lookAtData(activity.Act_Parameters, activity.Act_Name);
+        lookAtData(activity, activity.Act_Name);
         for (const FunctionProperties& function : activity.Act_Functions) {
             const std::string place = activity.Act_Name + " (" + function.Function_Key + ")";
-            lookAtData(function.Function_Inputs, place);
-            lookAtData(function.Function_Outputs, place);
+            lookAtData(function, place);
             if (isNew(TypeKind::function, function.Function_Type, place)) {
                 functionTypes_.push_back(typeOf(function));
             }
@@ -149,12 +143,13 @@ class MissingTypes {
     FunctionTypeProperties typeOf(const FunctionProperties& function) const {
         FunctionTypeProperties type;
         type.FunctionType_Name = catalogue_.tables.functionTypes.name(function.Function_Type);
-        for (const ParameterProperties& input : function.Function_Inputs) {
-            addLine(*type.FunctionType_Inputs, input.Parameter_Name, input.Parameter_Type);
-        }
-        for (const ParameterProperties& output : function.Function_Outputs) {
-            addLine(*type.FunctionType_Outputs, output.Parameter_Name, output.Parameter_Type);
-        }
+        eachList(function, [&type](const auto& list, NodeKindCode kind) {
+            for (const ParameterProperties& parameter : list) {
+                kind == KindFunctionInput
+                    ? addLine(*type.FunctionType_Inputs, parameter.Parameter_Name, parameter.Parameter_Type)
+                    : addLine(*type.FunctionType_Outputs, parameter.Parameter_Name, parameter.Parameter_Type);
+            }
+        });
         return type;
     }
 

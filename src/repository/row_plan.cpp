@@ -1,41 +1,13 @@
 #include "repository/row_plan.h"
 
+#include "entities/members.h"
+#include "repository/stored_links.h"
+
 namespace orvent::repository {
 
 using namespace entities;
 
 namespace {
-
-template <class Links>
-void add(Mark& mark, const Lazy<Links>& held, sql::LinkKind kind) {
-    for (const auto& link : held) {
-        addLink(mark, kind, link.key(), link.name(), static_cast<std::int64_t>(link.type()));
-    }
-}
-
-// The links of a member that a save writes, in the order in which it does.
-
-void inputLinks(Mark& mark, const AttributeProperties& input) {
-    if (input.ProvidedFrom.count() > 1) {
-        add(mark, input.ProvidedFrom, sql::kProvidedFrom);
-    }
-}
-
-void outputLinks(Mark& mark, const AttributeProperties& output) {
-    add(mark, output.ProvidedFrom, sql::kProvidedFrom);
-    add(mark, output.RegulatedFrom, sql::kRegulatedFrom);
-    add(mark, output.ProviderFor, sql::kProviderFor);
-}
-
-void recordSetLinks(Mark& mark, const AttributeProperties& attribute) {
-    add(mark, attribute.ProviderFor, sql::kProviderFor);
-}
-
-void regulators(Mark& mark, const ParameterProperties& parameter) {
-    add(mark, parameter.RegulatedFrom, sql::kRegulatedFrom);
-}
-
-void noLinks(Mark&, const ParameterProperties&) {}
 
 std::uint64_t told(const AttributeProperties& attribute, const CatalogueTables& tables, NodeKindCode kind) {
     // The name and the type of a record set's attribute are not updated.
@@ -135,9 +107,9 @@ void RowPlan::planNode(canvas::LabelsD& node, const NodeRows& rows) {
 }
 
 /// Plans one list of members beside the rows of its kind, and compares their links.
-template <class Members, class Links>
-void RowPlan::planMembers(Members& members, const std::vector<MemberRow>& rows, ListPlan::List list, NodeKindCode kind,
-                          Links links) {
+template <class Members>
+void RowPlan::planMembers(Members& members, const std::vector<MemberRow>& rows, ListPlan::List list,
+                          NodeKindCode kind) {
     std::unordered_map<long long, std::uint64_t> linksOf;
     for (const MemberRow& row : rows) {
         if (row.kind == static_cast<long long>(kind) && !deletedMembers_.contains(row.id)) {
@@ -156,7 +128,11 @@ void RowPlan::planMembers(Members& members, const std::vector<MemberRow>& rows, 
         item.Changed = &member.Changed;
         item.told = told(member, tables_, kind);
         Mark shown;
-        links(shown, member);
+        eachStoredLinks(member, kind, [&shown](const auto& links, sql::LinkKind of) {
+            for (const auto& link : links) {
+                addLink(shown, of, link.key(), link.name(), static_cast<std::int64_t>(link.type()));
+            }
+        });
         const auto stored = linksOf.find(member.SubNode_ID);
         differs_ = differs_ || stored == linksOf.end() || stored->second != shown.value();
     }
@@ -176,16 +152,15 @@ void RowPlan::planRecordSet(RecordSetProperties& recordSet, const NodeRows& rows
         const std::uint64_t kept = outputMark(recordSet.dbKey(attribute.Key), typeMark(tables_.dataTypes, type));
         list.items.push_back({nullptr, nullptr, 0, kept});
     }
-    planMembers(recordSet.RecordSet_Outputs, rows.members, std::move(list), KindRecordSetAttribute, recordSetLinks);
+    planMembers(recordSet.RecordSet_Outputs, rows.members, std::move(list), KindRecordSetAttribute);
 }
 
 void RowPlan::planActivity(ActivityProperties& activity, const NodeRows& rows) {
     ListPlan::List list{.items = {}, .rows = {}, .drops = {sql::kDropActivitySubNode}, .ownRowsOnly = false};
-    list.Changed = &activity.Act_Inputs->Changed;
-    planMembers(activity.Act_Inputs, rows.members, list, KindInput, inputLinks);
-    list.Changed = nullptr;
-    planMembers(activity.Act_Outputs, rows.members, list, KindOutput, outputLinks);
-    planMembers(activity.Act_Parameters, rows.members, list, KindParameter, regulators);
+    eachList(activity, [&](auto& members, NodeKindCode kind) {
+        list.Changed = kind == KindInput ? &activity.Act_Inputs->Changed : nullptr;
+        planMembers(members, rows.members, list, kind);
+    });
     planFunctions(activity, rows);
 }
 
@@ -206,8 +181,8 @@ void RowPlan::planFunctions(ActivityProperties& activity, const NodeRows& rows) 
                                    functionMark(function.Function_Key, typeMark(tables_.functionTypes, type)),
                                    static_cast<std::uint64_t>(function.Function_Source), &function});
         if (const auto row = stored.find(function.FunctionID); row != stored.end()) {
-            planMembers(function.Function_Inputs, row->second->members, members, KindFunctionInput, regulators);
-            planMembers(function.Function_Outputs, row->second->members, members, KindFunctionOutput, noLinks);
+            eachList(function,
+                     [&](auto& list, NodeKindCode kind) { planMembers(list, row->second->members, members, kind); });
         }
     }
     // Behind their members: a function that is written anew takes these along.
@@ -215,7 +190,7 @@ void RowPlan::planFunctions(ActivityProperties& activity, const NodeRows& rows) 
     plan(std::move(functions), anew_.functions);
     if (anew_.functions > before) {
         for (const FunctionProperties& function : activity.Act_Functions) {
-            anew_.subNodes += function.Function_Inputs.count() + function.Function_Outputs.count();
+            eachList(function, [&](const auto& list, NodeKindCode) { anew_.subNodes += list.count(); });
         }
     }
 }

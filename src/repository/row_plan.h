@@ -34,9 +34,9 @@ class RowPlan {
     void planActivity(entities::ActivityProperties& activity, const NodeRows& rows);
     void planFunctions(entities::ActivityProperties& activity, const NodeRows& rows);
     void planRecordSet(entities::RecordSetProperties& recordSet, const NodeRows& rows);
-    template <class Members, class Links>
+    template <class Members>
     void planMembers(Members& members, const std::vector<MemberRow>& rows, ListPlan::List list,
-                     entities::NodeKindCode kind, Links links);
+                     entities::NodeKindCode kind);
     void plan(ListPlan::List list, long long& anew);
     void compareNode(bool* Changed, bool same);
     void compareLines(const canvas::DrawForm& form, const StoredRows& rows);

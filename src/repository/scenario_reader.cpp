@@ -1,5 +1,6 @@
 #include "repository/scenario_reader.h"
 
+#include "entities/members.h"
 #include "repository/scenario_statements.h"
 
 namespace orvent::repository {
@@ -33,22 +34,32 @@ std::string ScenarioReader::commentText(std::int16_t NodeID) {
     return text;
 }
 
+/// Adds a member without owner and links; nothing when the list has one of that key.
+template <class Collection>
+auto* ScenarioReader::addMember(Collection& collection, const SubNodeRow& row) {
+    const std::int16_t type = catalogue_.DataTypeIndex(row.type);
+    decltype(collection.Item(row.key)) added = nullptr;
+    if (!collection.Item(row.key)) {
+        if constexpr (requires { collection.Add(row.name, type, row.tag, row.key); }) {
+            added = &collection.Add(row.name, type, row.tag, row.key);
+        } else {
+            added = &collection.Add(row.name, type, row.key);
+        }
+        added->SubNode_ID = row.id;
+        added->NodeKind = row.kind;
+    }
+    return added;
+}
+
 void ScenarioReader::LoadActivity(ActivityProperties& activity) {
     readActivityRow(activity);
     for (const SubNodeRow& row : subNodeRows(sql::kActivitySubNodes, activity.NodeID, true)) {
-        switch (row.kind) {
-            case entities::KindInput:
-                addAttribute(*activity.Act_Inputs, row, entities::KindInput, activity.Act_Name);
-                break;
-            case entities::KindOutput:
-                addAttribute(*activity.Act_Outputs, row, entities::KindOutput, activity.Act_Name);
-                break;
-            case entities::KindParameter:
-                addParameter(activity, row);
-                break;
-            default:
-                break;
-        }
+        entities::withList(activity, row.kind, [&](auto& list, entities::NodeKindCode) {
+            if (auto* member = addMember(*list, row)) {
+                member->ParentKeyName = activity.Act_Name;
+                readLinks(*member);
+            }
+        });
     }
     loadFunctions(activity);
 }
@@ -80,31 +91,6 @@ std::vector<ScenarioReader::SubNodeRow> ScenarioReader::subNodeRows(std::string_
     return rows;
 }
 
-void ScenarioReader::addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row,
-                                  entities::NodeKindCode kind, const std::string& activity) {
-    const std::int16_t type = catalogue_.DataTypeIndex(row.type);
-    if (collection.Item(row.key)) {
-        return;
-    }
-    AttributeProperties& attribute = collection.Add(row.name, type, row.tag, row.key);
-    attribute.SubNode_ID = row.id;
-    attribute.ParentKeyName = activity;
-    attribute.NodeKind = kind;
-    readLinksByKind(attribute);
-}
-
-void ScenarioReader::addParameter(ActivityProperties& activity, const SubNodeRow& row) {
-    const std::int16_t type = catalogue_.DataTypeIndex(row.type);
-    if (activity.Act_Parameters->Item(row.key)) {
-        return;
-    }
-    ParameterProperties& parameter = activity.Act_Parameters->Add(row.name, type, row.tag, row.key);
-    parameter.SubNode_ID = row.id;
-    parameter.ParentKeyName = activity.Act_Name;
-    parameter.NodeKind = entities::KindParameter;
-    readRegulators(parameter);
-}
-
 void ScenarioReader::loadFunctions(ActivityProperties& activity) {
     std::vector<FunctionRow> rows;
     Statement& found = repository_.run(sql::kActivityFunctions, activity.NodeID);
@@ -128,27 +114,19 @@ void ScenarioReader::loadFunctions(ActivityProperties& activity) {
 
 void ScenarioReader::loadFunctionSubNodes(FunctionProperties& function) {
     for (const SubNodeRow& row : subNodeRows(sql::kFunctionSubNodes, function.FunctionID, false)) {
-        const bool input = row.kind == entities::KindFunctionInput;
-        if (!input && row.kind != entities::KindFunctionOutput) {
-            continue;
-        }
-        const std::int16_t type = catalogue_.DataTypeIndex(row.type);
-        entities::FunctionParameters& collection = input ? *function.Function_Inputs : *function.Function_Outputs;
-        if (collection.Item(row.key)) {
-            continue;
-        }
-        ParameterProperties& parameter = collection.Add(row.name, type, row.key);
-        parameter.NodeKind = row.kind;
-        parameter.ParentKeyName = function.Function_Key;
-        parameter.ParentFunctionActivity = function.ParentKeyName();
-        parameter.SubNode_ID = row.id;
-        if (input) {
-            readRegulators(parameter);
-        }
+        entities::withList(function, row.kind, [&](auto& list, entities::NodeKindCode kind) {
+            if (ParameterProperties* parameter = addMember(*list, row)) {
+                parameter->ParentKeyName = function.Function_Key;
+                parameter->ParentFunctionActivity = function.ParentKeyName();
+                if (kind == entities::KindFunctionInput) {
+                    readLinks(*parameter);
+                }
+            }
+        });
     }
 }
 
-void ScenarioReader::readLinksByKind(AttributeProperties& attribute) {
+void ScenarioReader::readLinks(AttributeProperties& attribute) {
     Statement& row = repository_.run(sql::kLinksByKind, attribute.SubNode_ID);
     while (row.fetch()) {
         switch (row.number(1)) {
@@ -167,7 +145,7 @@ void ScenarioReader::readLinksByKind(AttributeProperties& attribute) {
     }
 }
 
-void ScenarioReader::readRegulators(ParameterProperties& parameter) {
+void ScenarioReader::readLinks(ParameterProperties& parameter) {
     Statement& row = repository_.run(sql::kLinks, parameter.SubNode_ID);
     while (row.fetch()) {
         parameter.RegulatedFrom->Add(row.text(3), codeAs<LinkType>(row, 2), row.text(1));

@@ -44,13 +44,12 @@ class ScenarioReader {
 
     void readActivityRow(entities::ActivityProperties& activity);
     std::vector<SubNodeRow> subNodeRows(std::string_view sql, std::int16_t owner, bool tagged);
-    void addAttribute(entities::AttributeCollection& collection, const SubNodeRow& row, entities::NodeKindCode kind,
-                      const std::string& activity);
-    void addParameter(entities::ActivityProperties& activity, const SubNodeRow& row);
+    template <class Collection>
+    auto* addMember(Collection& collection, const SubNodeRow& row);
     void loadFunctions(entities::ActivityProperties& activity);
     void loadFunctionSubNodes(entities::FunctionProperties& function);
-    void readLinksByKind(entities::AttributeProperties& attribute);
-    void readRegulators(entities::ParameterProperties& parameter);
+    void readLinks(entities::AttributeProperties& attribute);
+    void readLinks(entities::ParameterProperties& parameter);
 
     StatementCache& repository_;
     Catalogue& catalogue_;

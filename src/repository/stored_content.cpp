@@ -4,7 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "entities/members.h"
 #include "repository/content_mark.h"
+#include "repository/stored_links.h"
 
 namespace orvent::repository {
 
@@ -64,33 +66,29 @@ class StoredFields {
         visit_.longText("Activity_SQL", activity.Act_SQL);
         visit_.longText("Activity_LDL", activity.Act_LDL);
         numbers(activity.Act_Type, activity.Act_SchemaNo);
-        each(activity.Act_Inputs, [this](const AttributeProperties& input) {
-            walk(input);
-            if (input.ProvidedFrom.count() > 1) {
-                links(input.ProvidedFrom);
-            }
-        });
-        each(activity.Act_Outputs, [this](const AttributeProperties& output) {
-            walk(output);
-            links(output.ProvidedFrom);
-            links(output.RegulatedFrom);
-            links(output.ProviderFor);
-        });
-        each(activity.Act_Parameters, [this](const ParameterProperties& parameter) { walk(parameter); });
+        members(activity);
         each(activity.Act_Functions, [this](const FunctionProperties& function) {
             visit_.text("Function_Key", function.Function_Key);
             numbers(function.Function_Type, function.Function_Source);
-            each(function.Function_Inputs, [this](const ParameterProperties& input) { walk(input); });
-            each(function.Function_Outputs, [this](const ParameterProperties& output) { walk(output); });
+            members(function);
         });
     }
 
     void walk(const RecordSetProperties& recordSet) {
         visit_.longText("RecordSet_SQL", recordSet.RecordSet_SQL);
-        each(recordSet.RecordSet_Outputs, [&](const AttributeProperties& attribute) {
-            walk(attribute);
-            visit_.text("DB_Key", recordSet.dbKey(attribute.Key));
-            links(attribute.ProviderFor);
+        members(recordSet);
+    }
+
+    template <class Owner>
+    void members(const Owner& owner) {
+        eachList(owner, [&](const auto& list, NodeKindCode kind) {
+            each(list, [&](const auto& member) {
+                walk(member);
+                if constexpr (requires { owner.dbKey(member.Key); }) {
+                    visit_.text("DB_Key", owner.dbKey(member.Key));
+                }
+                eachStoredLinks(member, kind, [this](const auto& stored, sql::LinkKind) { links(stored); });
+            });
         });
     }
 
@@ -104,7 +102,6 @@ class StoredFields {
         visit_.text("SubNode_Key", parameter.Key);
         visit_.text("SubNode_Name", parameter.Parameter_Name);
         numbers(parameter.NodeKind, parameter.Parameter_Type, parameter.Tag);
-        links(parameter.RegulatedFrom);
     }
 
     /// A list's items, with their number: what ends one list must not look like the beginning of the next.

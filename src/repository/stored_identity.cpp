@@ -1,21 +1,20 @@
 #include "repository/stored_identity.h"
 
+#include "canvas/owners.h"
+
 namespace orvent::repository {
 
 namespace {
 
-template <class Collection, class Visit>
-void eachSubNode(entities::Lazy<Collection>& collection, Visit visit) {
-    for (auto& item : collection) {
-        visit(item.SubNode_ID);
-    }
+template <class Owner, class Visit>
+void eachMemberIdentifier(Owner& owner, Visit visit) {
+    eachMember(owner, [&visit](auto& member) { visit(member.SubNode_ID); });
 }
 
 template <class Visit>
 void eachIdentifier(entities::FunctionProperties& function, Visit visit) {
     visit(function.FunctionID);
-    eachSubNode(function.Function_Inputs, visit);
-    eachSubNode(function.Function_Outputs, visit);
+    eachMemberIdentifier(function, visit);
 }
 
 /// Visits the identifiers of a node and of all its members, in an order that stays.
@@ -24,17 +23,11 @@ void eachIdentifier(canvas::LabelsD& node, Visit visit) {
     if (std::int16_t* id = node.rowIdentifier()) {
         visit(*id);
     }
+    canvas::withOwner(node, [&visit](auto& owner) { eachMemberIdentifier(owner, visit); });
     if (auto* activity = node.activity()) {
-        eachSubNode(activity->Act_Inputs, visit);
-        eachSubNode(activity->Act_Outputs, visit);
-        eachSubNode(activity->Act_Parameters, visit);
-        if (auto* functions = activity->Act_Functions.peek()) {
-            for (entities::FunctionProperties& function : *functions) {
-                eachIdentifier(function, visit);
-            }
+        for (entities::FunctionProperties& function : activity->Act_Functions) {
+            visit(function.FunctionID);
         }
-    } else if (auto* recordSet = node.recordSet()) {
-        eachSubNode(recordSet->RecordSet_Outputs, visit);
     }
 }
 
@@ -87,16 +80,10 @@ IdentifierNeed identifierNeed(const canvas::DrawForm& form) {
     IdentifierNeed need;
     for (const canvas::LabelsD& node : form.Labels) {
         need.nodes += node.rowIdentifier() ? 1 : 0;
-        if (const auto* activity = node.activity()) {
-            need.subNodes +=
-                activity->Act_Inputs.count() + activity->Act_Outputs.count() + activity->Act_Parameters.count();
-            for (const entities::FunctionProperties& function : activity->Act_Functions) {
-                ++need.functions;
-                need.subNodes += function.Function_Inputs.count() + function.Function_Outputs.count();
-            }
-        } else if (const auto* recordSet = node.recordSet()) {
-            need.subNodes += recordSet->RecordSet_Outputs.count();
-        }
+        canvas::withOwner(node, [&need](const auto& owner) {
+            eachListDeep(owner, [&need](const auto& list, entities::NodeKindCode) { need.subNodes += list.count(); });
+        });
+        need.functions += node.activity() ? node.activity()->Act_Functions.count() : 0;
     }
     return need;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "entities/members.h"
 #include "links/synchronize_functions.h"
 #include "shell/sample_data.h"
 
@@ -157,46 +158,43 @@ class SampleBuilder {
         return output ? "Activity1." + output->Output_Name : std::string();
     }
 
+    struct NewMember {
+        std::string name, key;
+        std::int16_t type, tag;
+    };
+
+    static void add(ActivityProperties& owner, NodeKindCode kind, const NewMember& member) {
+        withList(owner, kind, [&](auto& list, NodeKindCode) {
+            list->Add(member.name, member.type, member.tag, member.key).ParentKeyName = owner.Act_Name;
+        });
+    }
+
     void addMember(const sample::Member& row) {
         const std::optional<std::string> name = resolved(row.name);
         if (!name) {
             return;
         }
         ActivityProperties& owner = activity(row.activity);
-        switch (row.nodeKind) {
-            case KindInput:
-                owner.Act_Inputs->Add(*name, dataType_, row.tag, *name).ParentKeyName = owner.Act_Name;
-                break;
-            case KindOutput:
-                owner.Act_Outputs->Add(*name, dataType_, row.tag, *name).ParentKeyName = owner.Act_Name;
-                break;
-            default:
-                owner.Act_Parameters->Add(*name, dataType_, row.tag, *name).ParentKeyName = owner.Act_Name;
-        }
+        add(owner, row.nodeKind, {*name, *name, dataType_, row.tag});
     }
 
     void bringOutput(ActivityProperties& owner) {
         if (const OutputProperties* output = typeOf(owner).ActType_OutPuts->Item(1)) {
             const std::string key = owner.Act_Name + "." + output->Output_Name;
-            owner.Act_Outputs->Add(key, output->Output_Type, kTagTypeOutput, key).ParentKeyName = owner.Act_Name;
+            add(owner, KindOutput, {key, key, output->Output_Type, kTagTypeOutput});
         }
     }
 
     void bringParameters(ActivityProperties& owner) {
         for (const ParamProperties& parameter : typeOf(owner).ActType_Parameters) {
             const std::string key = owner.Act_Name + "." + parameter.Parameter_Name;
-            owner.Act_Parameters->Add(parameter.Parameter_Name, parameter.Parameter_Type, kTagTypeParameter, key)
-                .ParentKeyName = owner.Act_Name;
+            add(owner, KindParameter, {parameter.Parameter_Name, key, parameter.Parameter_Type, kTagTypeParameter});
         }
     }
 
     /// A function's parameters are named after it, and its own activity stands beside.
     static void ownParameters(FunctionProperties& function) {
-        for (auto* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
-            for (ParameterProperties& parameter : *parameters) {
-                parameter.ParentKeyName = function.Function_Key;
-            }
-        }
+        eachMember(function, [&](ParameterProperties& parameter) { parameter.ParentKeyName = function.Function_Key; });
         function.setParentKeyName(std::string(function.ParentKeyName()));
     }
 
@@ -226,13 +224,16 @@ class SampleBuilder {
     FunctionProperties* ownFunction() { return activity(kRichActivity).Act_Functions->Item(kOwnFunction); }
     FunctionProperties* typeFunction() { return activity(kRichActivity).Act_Functions->Item(typeFunctionKey_); }
 
+    static ParameterProperties* parameterOf(FunctionProperties& function, bool output, int position) {
+        return listOf<ParameterProperties>(function, output ? KindFunctionOutput : KindFunctionInput)->Item(position);
+    }
+
     void linkFunction(FunctionProperties* function) {
         if (!function) {
             return;
         }
         for (const sample::FunctionLink& row : sample::kFunctionLinks) {
-            FunctionParameters& list = row.output ? *function->Function_Outputs : *function->Function_Inputs;
-            ParameterProperties* parameter = list.Item(row.position);
+            ParameterProperties* parameter = parameterOf(*function, row.output, row.position);
             const std::optional<std::string> key = resolved(row.key);
             if (parameter && key) {
                 addLink(*parameter, row.list, std::string(row.name), row.type, *key);
@@ -272,8 +273,7 @@ class SampleBuilder {
         if (!function) {
             return {};
         }
-        const FunctionParameters& list = output ? *function->Function_Outputs : *function->Function_Inputs;
-        const ParameterProperties* parameter = list.Item(position);
+        const ParameterProperties* parameter = parameterOf(*function, output, position);
         return parameter ? parameter->Parameter_Name : std::string();
     }
 
@@ -283,15 +283,14 @@ class SampleBuilder {
             return recordSet->RecordSet_Outputs->Item(AfterFirstDot(wholeKey));
         }
         const std::string segment = SecondSegment(wholeKey);
-        if (segment == "IN") {
-            return owner.activity()->Act_Inputs->Item(AfterSecondDot(wholeKey));
-        }
-        return segment == "OUT" ? owner.activity()->Act_Outputs->Item(AfterSecondDot(wholeKey)) : nullptr;
+        const NodeKindCode kind = segment == "IN" ? KindInput : segment == "OUT" ? KindOutput : KindFree;
+        auto* list = listOf<AttributeProperties>(*owner.activity(), kind);
+        return list ? list->Item(AfterSecondDot(wholeKey)) : nullptr;
     }
 
     ParameterProperties* parameterAt(const std::string& wholeKey) {
         ActivityProperties* owner = node(BeforeFirstDot(wholeKey)).activity();
-        return owner ? owner->Act_Parameters->Item(AfterSecondDot(wholeKey)) : nullptr;
+        return owner ? listOf<ParameterProperties>(*owner, KindParameter)->Item(AfterSecondDot(wholeKey)) : nullptr;
     }
 
     canvas::DrawForm& form_;

@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "entities/members.h"
 #include "links/member_rename.h"
 #include "links/members.h"
 #include "links/mirror_exchange.h"
@@ -128,35 +129,30 @@ void ApplyZoomChanges(ZoomView& view, bool ReExpand) {
 
 namespace {
 
-/// Copies a field of the items of one collection to those of the same key of another.
-template <class List, class Id>
-void copyIds(const Lazy<List>& from, Lazy<List>& to, Id id) {
-    const List* source = from.peek();
-    List* target = to.peek();
-    if (!source || !target) {
-        return;
-    }
-    for (auto& item : *target) {
-        if (const auto* stored = source->Item(keyOf(item))) {
-            item.*id = stored->*id;
+/// Copies the identifiers of an owner's own members to those of the same key of another one of its kind.
+template <class Owner>
+void copyMemberIds(const Owner& from, Owner& to) {
+    eachList(to, [&](auto& list, NodeKindCode kind) {
+        using Member = std::remove_cvref_t<decltype(*list.peek()->Item(1))>;
+        const auto* source = listOf<Member>(from, kind);
+        for (Member& member : list) {
+            const Member* stored = source ? source->Item(member.Key) : nullptr;
+            member.SubNode_ID = stored ? stored->SubNode_ID : member.SubNode_ID;
         }
-    }
+    });
 }
 
 void copyIds(const ActivityProperties& from, FunctionProperties& function) {
     const auto* functions = from.Act_Functions.peek();
     if (const FunctionProperties* stored = functions ? functions->Item(function.Function_Key) : nullptr) {
         function.FunctionID = stored->FunctionID;
-        copyIds(stored->Function_Inputs, function.Function_Inputs, &ParameterProperties::SubNode_ID);
-        copyIds(stored->Function_Outputs, function.Function_Outputs, &ParameterProperties::SubNode_ID);
+        copyMemberIds(*stored, function);
     }
 }
 
 void copyIds(const ActivityProperties& from, ActivityProperties& to) {
     to.NodeID = from.NodeID;
-    copyIds(from.Act_Inputs, to.Act_Inputs, &AttributeProperties::SubNode_ID);
-    copyIds(from.Act_Outputs, to.Act_Outputs, &AttributeProperties::SubNode_ID);
-    copyIds(from.Act_Parameters, to.Act_Parameters, &ParameterProperties::SubNode_ID);
+    copyMemberIds(from, to);
     for (FunctionProperties& function : to.Act_Functions) {
         copyIds(from, function);
     }
@@ -175,8 +171,7 @@ void RefreshZoomIdentities(ZoomView& view) {
             copyIds(*design.activity(), *shown.activity());
         } else if (shown.recordSet() && design.recordSet()) {
             shown.recordSet()->NodeID = design.recordSet()->NodeID;
-            copyIds(design.recordSet()->RecordSet_Outputs, shown.recordSet()->RecordSet_Outputs,
-                    &AttributeProperties::SubNode_ID);
+            copyMemberIds(std::as_const(*design.recordSet()), *shown.recordSet());
         }
     });
     for (const auto& [node, activity] : view.waiting) {

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "entities/members.h"
 #include "links/members.h"
 #include "links/unsynchronize_functions.h"
 #include "zoom/expansion.h"
@@ -21,7 +22,13 @@ using canvas::LabelsD;
 namespace {
 
 int rowsOf(const FunctionProperties& function) {
-    return std::max(function.Function_Inputs.count(), function.Function_Outputs.count()) + 2;
+    int rows = 0;
+    eachList(function, [&rows](const auto& list, NodeKindCode) { rows = std::max(rows, list.count()); });
+    return rows + 2;
+}
+
+void requireAllTypes(const ZoomView& view, const FunctionProperties& function) {
+    eachList(function, [&view](const auto& list, NodeKindCode) { requireTypes(view, list); });
 }
 
 }  // namespace
@@ -33,8 +40,7 @@ void Expansion::expandFunctions() {
     }
     Act_FunctionsCollection& functions = *activity->Act_Functions;
     for (const FunctionProperties& function : functions) {
-        requireTypes(view_, function.Function_Inputs);
-        requireTypes(view_, function.Function_Outputs);
+        requireAllTypes(view_, function);
     }
     const std::int32_t active = view_.ActiveLabel;
     const float Width = view_.settings().Width;
@@ -114,8 +120,7 @@ void Expansion::expandFunction() {
     if (!function || owner_.Expanded) {
         return;
     }
-    requireTypes(view_, function->Function_Inputs);
-    requireTypes(view_, function->Function_Outputs);
+    requireAllTypes(view_, *function);
     expand(KindFunctionInput);
     expand(KindFunctionOutput);
     owner_.Expanded = true;

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "canvas/canvas_rules.h"
+#include "entities/members.h"
 #include "links/kept_mirrors.h"
 #include "links/member_links.h"
 #include "links/members.h"
@@ -43,7 +44,11 @@ constexpr std::int16_t kOutputGrabPoint = 4;
 
 template <class List>
 void tieMember(ZoomView& view, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
-    auto& entity = *node.entity<EntityOf<List>>();
+    auto* held = node.entity<EntityOf<List>>();
+    if (!held) {
+        return;
+    }
+    auto& entity = *held;
     const std::string key = entity.Key.empty() ? node.Caption() : entity.Key;
     const std::string name = owner.Caption() + row.infix + key;
     if (list.Item(key) || view.isNameTaken(name)) {
@@ -70,11 +75,11 @@ void bindParameters(ZoomView& view, LabelsD& function, FunctionProperties& bound
             parameter->ParentKeyName != bound.Function_Key) {
             continue;  // the edge means nothing, and its end is another one's
         }
-        FunctionParameters& list =
-            parameter->NodeKind == KindFunctionInput ? *bound.Function_Inputs : *bound.Function_Outputs;
-        if (auto item = list.share(parameter->Key)) {
-            bindNode(*node, std::move(item));
-        }
+        withList(bound, parameter->NodeKind, [&](auto& list, NodeKindCode) {
+            if (auto item = list->share(parameter->Key)) {
+                bindNode(*node, std::move(item));
+            }
+        });
     }
 }
 
@@ -95,12 +100,11 @@ void makeMember(ZoomView& view, std::int32_t& edge, LabelsD& from, LabelsD& to) 
     } else if (const RelationEnd member(to); activity && member.present() && member.kind() != KindConstant) {
         if (!isFree(view, member.parentKeyName())) {
             RejectRelationship(view, edge);
-        } else if (to.entity<ParameterProperties>()) {
-            tieMember(view, from, to, *activity->Act_Parameters, kParameters, edge);
-        } else if (view.Lines.byIndex(edge)->FromGrabbingPoint() == kOutputGrabPoint) {
-            tieMember(view, from, to, *activity->Act_Outputs, kOutputs, edge);
         } else {
-            tieMember(view, from, to, *activity->Act_Inputs, kInputs, edge);
+            const bool asOutput = view.Lines.byIndex(edge)->FromGrabbingPoint() == kOutputGrabPoint;
+            const MemberList& row = to.entity<ParameterProperties>() ? kParameters : asOutput ? kOutputs : kInputs;
+            withList(*activity, row.kind,
+                     [&](auto& list, NodeKindCode) { tieMember(view, from, to, *list, row, edge); });
         }
     }
 }
@@ -136,16 +140,9 @@ void freeMember(ZoomView& view, ActivityProperties& owner, LabelsD& node) {
     const auto release = [&](auto& entity) {
         unlinkMember(view, entity, true, nullptr);
         view.DeletedNodes->Add(entity.SubNode_ID, entity.NodeKind);
-        switch (entity.NodeKind) {
-            case KindInput:
-                owner.Act_Inputs->Remove(entity.Key);
-                owner.Act_Inputs->Changed = true;
-                break;
-            case KindOutput:
-                owner.Act_Outputs->Remove(entity.Key);
-                break;
-            default:
-                owner.Act_Parameters->Remove(entity.Key);
+        listOf<std::remove_cvref_t<decltype(entity)>>(owner, entity.NodeKind)->Remove(entity.Key);
+        if (entity.NodeKind == KindInput) {
+            owner.Act_Inputs->Changed = true;
         }
         entity.SubNode_ID = 0;
         entity.NodeKind = KindFree;
@@ -189,11 +186,7 @@ void AttachFunction(ZoomView& view, LabelsD& function, LabelsD& activity, bool D
 
 void forgetRows(FunctionProperties& function) {
     function.FunctionID = 0;
-    for (auto* parameters : {&function.Function_Inputs, &function.Function_Outputs}) {
-        for (ParameterProperties& parameter : *parameters) {
-            parameter.SubNode_ID = 0;
-        }
-    }
+    eachMember(function, [](ParameterProperties& parameter) { parameter.SubNode_ID = 0; });
 }
 
 void DetachFunction(ZoomView& view, LabelsD& function, LabelsD* activity) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "entities/members.h"
 #include "zoom/expansion.h"
 
 namespace orvent::zoom {
@@ -26,11 +27,7 @@ void letWait(ZoomView& view, LabelsD& function, const LabelsD& owner) {
     auto& entity = *function.entity<FunctionProperties>();
     const std::string& activity = ownerNameOf(view, owner);
     entity.setParentKeyName({});
-    for (auto* parameters : {&entity.Function_Inputs, &entity.Function_Outputs}) {
-        for (ParameterProperties& parameter : *parameters) {
-            parameter.ParentFunctionActivity = activity;
-        }
-    }
+    eachMember(entity, [&](ParameterProperties& parameter) { parameter.ParentFunctionActivity = activity; });
     view.waiting[function.Index()] = owner.Index();
 }
 
