@@ -7,8 +7,7 @@ namespace orvent::analysis {
 namespace {
 
 /// A node whose readiness was never told has the colour of its kind.
-bool isShownUnready(const canvas::LabelsD& node) {
-    const canvas::Canvas& canvas = node.canvas();
+bool isShownUnready(const canvas::Canvas& canvas, const canvas::LabelsD& node) {
     const bool selected = canvas.SelectedLabels.Item(node.Index()) != nullptr;
     const std::int32_t plain = selected ? node.Color() ^ canvas.settings().SelColor : node.Color();
     return !node.Ready() && canvas::nodeKind(node.NodeType()).showsReadiness && plain == node.NotReadyColor;
@@ -43,7 +42,7 @@ void MetricTints::choose(std::size_t choice) {
 std::optional<double> MetricTints::share(const canvas::LabelsD& node) const {
     const auto index = static_cast<std::size_t>(node.Index());
     const std::size_t place = index < places_.size() ? places_[index] : 0;
-    if (place == 0 || isShownUnready(node)) {
+    if (place == 0 || isShownUnready(form_, node)) {
         return std::nullopt;
     }
     const int value = rows_[place - 1].values[column_];

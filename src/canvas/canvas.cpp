@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "canvas/taken_name.h"
+
 namespace orvent::canvas {
 
 Canvas::Canvas(const CanvasServices& services)
@@ -70,6 +72,40 @@ void Canvas::tellRenamed(const Rename& rename) {
 
 void Canvas::tellMarkers() {
     listeners_.tell([](CanvasListener& listener) { listener.markersChanged(); });
+}
+
+void Canvas::nameRefused() {
+    if (!quietNames) {
+        tellTakenName(messages());
+    }
+}
+
+void Canvas::nodeMoved(const LabelsD& node) {
+    if (isZoom() && node.box().bottom() >= BiggestHeight) {
+        BiggestHeight = node.box().bottom() + 3 * settings().BigHeight;
+    }
+    for (const std::int32_t number : node.StartingLines()) {
+        if (LinesD* line = Lines.byIndex(number)) {
+            line->setStart(node.GrabPoint(line->FromGrabbingPoint()));
+        }
+    }
+    for (const std::int32_t number : node.EndingLines()) {
+        if (LinesD* line = Lines.byIndex(number)) {
+            line->setEnd(node.GrabPoint(line->ToGrabbingPoint()));
+        }
+    }
+}
+
+void Canvas::detachEnd(std::int32_t edge, EdgeEnd which) {
+    if (LinesD* line = Lines.byIndex(edge)) {
+        line->detach(which);
+    }
+}
+
+void Canvas::grabPointMeant(int grabPoint, Point place) {
+    GrabbingPoint = grabPoint;
+    Grabber = place;
+    tellMarkers();
 }
 
 ManyChanges::~ManyChanges() {

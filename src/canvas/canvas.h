@@ -8,6 +8,7 @@
 #include "canvas/canvas_listener.h"
 #include "canvas/canvas_settings.h"
 #include "canvas/deleted_nodes.h"
+#include "canvas/graph.h"
 #include "canvas/labels.h"
 #include "canvas/light.h"
 #include "canvas/lines.h"
@@ -28,7 +29,7 @@ struct CanvasServices {
 
 /// A graph on screen: nodes, edges, names, selection and the rows to delete at the next save. Both the design window
 /// and the zoom window are canvases.
-class Canvas : public entities::NameOwner, public entities::FunctionContainer {
+class Canvas : public entities::NameOwner, public entities::FunctionContainer, private Graph {
   public:
     explicit Canvas(const CanvasServices& services);
     ~Canvas() override;
@@ -89,7 +90,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     /// Hides the crop rectangle and clears the selection of nodes.
     void ClearCrop();
 
-    const CanvasSettings& settings() const { return services_.settings; }
+    const CanvasSettings& settings() const override { return services_.settings; }
     platform::MessageBox& messages() override { return services_.messages; }
 
     /// The node of that name, or nothing.
@@ -102,8 +103,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
     [[nodiscard]] CanvasSubscription listen(CanvasListener& listener) { return listeners_.add(listener); }
 
     // Changes are told through these.
-    void tellChanged(const LabelsD& node);
-    void tellChanged(const LinesD& edge);
+    void tellChanged(const LabelsD& node) override;
+    void tellChanged(const LinesD& edge) override;
     void tellMarkers();
     void tellRenamed(const Rename& rename);
     const CanvasListeners& listeners() const { return listeners_; }
@@ -117,6 +118,18 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer {
 
   private:
     friend class ManyChanges;
+    friend class LabelsCollection;
+    friend class LinesCollection;
+
+    // Graph
+    Names2IndexColl& names() override { return NamesColl; }
+    LabelsD* nodeAt(std::int32_t index) override { return Labels.byIndex(index); }
+    LinesD* edgeAt(std::int32_t index) override { return Lines.byIndex(index); }
+    bool isSelected(const LabelsD& node) const override { return SelectedLabels.Item(node.Index()) != nullptr; }
+    void nameRefused() override;
+    void nodeMoved(const LabelsD& node) override;
+    void detachEnd(std::int32_t edge, EdgeEnd which) override;
+    void grabPointMeant(int grabPoint, Point place) override;
 
     CanvasServices services_;
     Light light_;

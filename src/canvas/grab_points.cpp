@@ -83,10 +83,9 @@ std::string_view LabelsD::LineArrowDirection(int GrabbingPoint) const {
 Point LabelsD::DrawRect(float x, float y) {
     const int point = nodeType_ == NodeTypeActivity ? activityPointAt(x, y, Width(), Height())
                                                     : ordinaryPointAt(x, y, Width(), Height());
-    canvas_.GrabbingPoint = point;
-    canvas_.Grabber = GrabPoint(point);
-    canvas_.tellMarkers();
-    return canvas_.Grabber;
+    const Point place = GrabPoint(point);
+    graph_.grabPointMeant(point, place);
+    return place;
 }
 
 }  // namespace orvent::canvas

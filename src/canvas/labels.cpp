@@ -5,8 +5,9 @@
 #include <type_traits>
 #include <utility>
 
-#include "canvas/canvas.h"
-#include "canvas/taken_name.h"
+#include "canvas/canvas_settings.h"
+#include "canvas/graph.h"
+#include "canvas/names2index.h"
 
 namespace orvent::canvas {
 
@@ -56,15 +57,12 @@ void LabelsD::setHeight(float value) {
 
 void LabelsD::setBox(const Box& value) {
     box_ = {value.Left, value.Top, std::max(value.Width, kLeastWidth), std::max(value.Height, kLeastHeight)};
-    if (canvas_.isZoom() && box_.bottom() >= canvas_.BiggestHeight) {
-        canvas_.BiggestHeight = box_.bottom() + 3 * canvas_.settings().BigHeight;
-    }
     moved();
 }
 
 void LabelsD::tell() {
     if (told_) {
-        canvas_.tellChanged(*this);
+        graph_.tellChanged(*this);
     }
 }
 
@@ -79,16 +77,7 @@ void LabelsD::moved() {
             }
         },
         Properties);
-    for (const std::int32_t number : StartingLines()) {
-        if (LinesD* line = canvas_.Lines.byIndex(number)) {
-            line->setStart(GrabPoint(line->FromGrabbingPoint()));
-        }
-    }
-    for (const std::int32_t number : EndingLines()) {
-        if (LinesD* line = canvas_.Lines.byIndex(number)) {
-            line->setEnd(GrabPoint(line->ToGrabbingPoint()));
-        }
-    }
+    graph_.nodeMoved(*this);
 }
 
 void LabelsD::StartingLinesClear() {
@@ -100,9 +89,7 @@ void LabelsD::EndingLinesClear() {
 
 void LabelsD::detachAll(EdgeEnd which) {
     for (const std::int32_t number : std::exchange(linesAt(which), LineNumbers())) {
-        if (LinesD* line = canvas_.Lines.byIndex(number)) {
-            line->detach(which);
-        }
+        graph_.detachEnd(number, which);
     }
 }
 
@@ -119,8 +106,8 @@ void LabelsD::setKeyName(const std::string& value) {
 }
 
 void LabelsD::takeName(const std::string& value) {
-    canvas_.NamesColl.Release(index_, keyName_);
-    if (canvas_.NamesColl.Add(index_, value) != -1) {
+    graph_.names().Release(index_, keyName_);
+    if (graph_.names().Add(index_, value) != -1) {
         keyName_ = value;
         return;
     }
@@ -131,14 +118,7 @@ void LabelsD::takeName(const std::string& value) {
     }
     keyName_ = kErrorName;
     caption_ = kErrorName;
-    if (!canvas_.quietNames) {
-        tellTakenName(canvas_.messages());
-    }
-}
-
-void tellTakenName(platform::MessageBox& messages) {
-    messages.tell("THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!", "DUPLICATE NAME!",
-                  platform::Icon::critical);
+    graph_.nameRefused();
 }
 
 // The node's own KeyName keeps its old value, deliberately; the caption takes the fresh name, so that the edges of two
@@ -148,14 +128,14 @@ void LabelsD::takeNumberedName(std::string_view word, const std::string& taken) 
     std::string fresh;
     do {
         fresh = std::string(word) + std::to_string(++number);
-    } while (canvas_.NamesColl.Add(index_, fresh) == -1);
+    } while (graph_.names().Add(index_, fresh) == -1);
     caption_ = fresh;
 }
 
 void LabelsD::releaseNames() {
-    canvas_.NamesColl.Release(index_, keyName_);
+    graph_.names().Release(index_, keyName_);
     if (nodeKind(nodeType_).naming == Naming::numbered) {
-        canvas_.NamesColl.Release(index_, caption_);
+        graph_.names().Release(index_, caption_);
     }
 }
 
@@ -164,7 +144,7 @@ void LabelsD::setCaption(const std::string& value) {
     caption_ = value;
     if (nodeKind(nodeType_).naming != Naming::own) {
         if (former != keyName_) {
-            canvas_.NamesColl.Release(index_, former);  // a numbered name that only the caption held
+            graph_.names().Release(index_, former);  // a numbered name that only the caption held
         }
         takeName(value);
     }
@@ -213,8 +193,8 @@ void LabelsD::setReady(bool value) {
         return;
     }
     const std::int32_t plain = value ? ReadyColor : NotReadyColor;
-    const bool selected = canvas_.SelectedLabels.Item(index_) != nullptr;
-    setColor((selected ? plain ^ canvas_.settings().SelColor : plain) & 0xFFFFFF);
+    const bool selected = graph_.isSelected(*this);
+    setColor((selected ? plain ^ graph_.settings().SelColor : plain) & 0xFFFFFF);
 }
 
 void LabelsD::setColor(std::int32_t value) {

@@ -10,13 +10,13 @@
 #include "canvas/box.h"
 #include "canvas/indexed_table.h"
 #include "canvas/line_numbers.h"
-#include "canvas/lines.h"
 #include "canvas/node_kinds.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
 
 class Canvas;
+class Graph;
 
 /// The name that a node bears whose name was refused as a duplicate.
 inline constexpr const char* kErrorName = "Error_myCode";
@@ -28,10 +28,9 @@ inline constexpr float kCommentStrip = 200;
 /// something visible tells the canvas' view at once.
 class LabelsD {
   public:
-    LabelsD(Canvas& canvas, std::int32_t index) : canvas_(canvas), index_(index) {}
+    LabelsD(Graph& graph, std::int32_t index) : graph_(graph), index_(index) {}
 
     std::int32_t Index() const { return index_; }
-    Canvas& canvas() const { return canvas_; }
 
     const Box& box() const { return box_; }
     float Left() const { return box_.Left; }
@@ -139,7 +138,7 @@ class LabelsD {
     void takeNumberedName(std::string_view word, const std::string& taken);
     void releaseNames();
 
-    Canvas& canvas_;
+    Graph& graph_;
     std::int32_t index_;
     NodeTypeCode nodeType_{};
     Box box_;

@@ -53,7 +53,7 @@ LabelsD& LabelsCollection::AddShown(const Box& box, const std::string& Caption, 
 LabelsD& LabelsCollection::beginNode(const Box& box, NodeTypeCode NodeType) {
     const std::int32_t index = ++canvas_.LabelsNo;
     canvas_.ActiveLabel = index;
-    LabelsD& node = append(index, std::make_unique<LabelsD>(canvas_, index));
+    LabelsD& node = append(index, std::make_unique<LabelsD>(static_cast<Graph&>(canvas_), index));
     node.setNodeType(NodeType);
     node.setBox(box);
     return node;

@@ -6,6 +6,9 @@
 
 namespace orvent::canvas {
 
+/// The ends of an edge: its source and its target.
+enum class EdgeEnd { start, end };
+
 /// The numbers of the edges that start or end at a node, in order of addition.
 class LineNumbers {
   public:

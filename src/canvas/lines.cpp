@@ -3,7 +3,8 @@
 #include <array>
 #include <utility>
 
-#include "canvas/canvas.h"
+#include "canvas/graph.h"
+#include "canvas/labels.h"
 
 namespace orvent::canvas {
 
@@ -18,10 +19,6 @@ constexpr std::array<EdgeStyle, 6> kStyles = {{
     {BorderDashDot, 1, true},  // derived
 }};
 
-Point between(Point a, Point b) {
-    return {(a.x + b.x) / 2, (a.y + b.y) / 2};
-}
-
 }  // namespace
 
 EdgeStyle edgeStyle(EdgeTypeCode edgeType) {
@@ -31,7 +28,7 @@ EdgeStyle edgeStyle(EdgeTypeCode edgeType) {
 
 void LinesD::changed() {
     if (told_) {
-        canvas_.tellChanged(*this);
+        graph_.tellChanged(*this);
     }
 }
 
@@ -130,7 +127,7 @@ void LinesD::detach(EdgeEnd which) {
 }
 
 void LinesD::setGrabPoint(EdgeEnd which, std::int16_t grabPoint) {
-    const LabelsD* node = canvas_.Labels.byIndex(at(which).label);
+    const LabelsD* node = graph_.nodeAt(at(which).label);
     if (node && at(which).grabPoint != grabPoint) {
         take(which, *node, grabPoint);
         changed();
@@ -151,7 +148,7 @@ void LinesD::take(EdgeEnd which, const LabelsD& node, std::int16_t grabPoint) {
 }
 
 void LinesD::leave(EdgeEnd which) {
-    if (LabelsD* node = canvas_.Labels.byIndex(at(which).label)) {
+    if (LabelsD* node = graph_.nodeAt(at(which).label)) {
         node->linesAt(which).Remove(index_);
     }
 }
@@ -174,88 +171,6 @@ void LinesD::setSelected(bool value) {
 void LinesD::setColor(std::int32_t value) {
     color_ = value;
     changed();
-}
-
-LinesD& LinesCollection::show(LinesD& edge) {
-    edge.told_ = true;
-    edge.changed();
-    return edge;
-}
-
-LinesD& LinesCollection::make(EdgeTypeCode EdgeType) {
-    const std::int32_t index = ++canvas_.LinesNo;
-    LinesD& edge = append(index, std::make_unique<LinesD>(canvas_, index));
-    edge.edgeType_ = EdgeType;
-    edge.takeStyle();
-    return edge;
-}
-
-LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType,
-                             std::int16_t FromGrabbingPoint) {
-    LinesD& edge = make(EdgeType);
-    edge.at(EdgeEnd::start) = {FromLabel, FromGrabbingPoint, start};
-    edge.middle_ = middle;
-    edge.at(EdgeEnd::end).place = end;
-    return show(edge);
-}
-
-LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
-                                     std::int16_t ToGrabbingPoint, EdgeTypeCode EdgeType, AngleCode Angle,
-                                     std::int32_t Color) {
-    LabelsD* from = canvas_.Labels.byIndex(FromLabel);
-    LabelsD* to = canvas_.Labels.byIndex(ToLabel);
-    if (!from || !to) {
-        return nullptr;
-    }
-    LinesD& edge = make(EdgeType);
-    edge.lead(EdgeEnd::start, *from, FromGrabbingPoint);
-    edge.lead(EdgeEnd::end, *to, ToGrabbingPoint);
-    edge.middle_ = between(edge.start().place, edge.end().place);
-    edge.takeAngle(Angle);
-    edge.color_ = Color;
-    return &show(edge);
-}
-
-LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType,
-                                            bool andRemove) {
-    const LabelsD* from = canvas_.Labels.byIndex(FromLabel);
-    if (!from) {
-        return nullptr;
-    }
-    for (const std::int32_t number : from->StartingLines()) {
-        LinesD* edge = byIndex(number);
-        if (edge && edge->ToLabel() == ToLabel && edge->EdgeType() == LineType) {
-            if (!andRemove) {
-                return edge;
-            }
-            RemoveFull(number);
-            return nullptr;
-        }
-    }
-    return nullptr;
-}
-
-std::unique_ptr<LinesD> LinesCollection::Remove(std::int32_t index) {
-    std::unique_ptr<LinesD> edge = take(index);
-    if (edge) {
-        canvas_.forgetEdge(*edge);
-        canvas_.listeners().tell([&edge](CanvasListener& listener) { listener.edgeRemoved(*edge); });
-    }
-    return edge;
-}
-
-std::unique_ptr<LinesD> LinesCollection::RemoveFull(std::int32_t index) {
-    if (LinesD* edge = byIndex(index)) {
-        edge->leave(EdgeEnd::start);
-        edge->leave(EdgeEnd::end);
-    }
-    return Remove(index);
-}
-
-void LinesCollection::Clear() {
-    while (const LinesD* last = at(Count())) {
-        RemoveFull(last->Index());
-    }
 }
 
 }  // namespace orvent::canvas

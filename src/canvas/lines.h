@@ -6,11 +6,13 @@
 #include <string_view>
 
 #include "canvas/indexed_table.h"
+#include "canvas/line_numbers.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
 
 class Canvas;
+class Graph;
 class LabelsD;
 
 /// `EdgeType` codes. 2 and 5 have styles only: 5 draws derived edges of the zoom view.
@@ -35,9 +37,6 @@ using enum AngleCode;
 
 /// Width and height of an edge's handle, twips.
 inline constexpr float kHandleSize = 90;
-
-/// The ends of an edge: its source and its target.
-enum class EdgeEnd { start, end };
 
 /// The parts of an edge that have a handle.
 enum class HandlePart { start = 0, middle = 1, end = 2 };
@@ -66,7 +65,7 @@ EdgeStyle edgeStyle(EdgeTypeCode edgeType);
 /// An edge of a canvas: two straight segments that meet at a middle point, with three handles. Places in twips.
 class LinesD {
   public:
-    LinesD(Canvas& canvas, std::int32_t index) : canvas_(canvas), index_(index) {}
+    LinesD(Graph& graph, std::int32_t index) : graph_(graph), index_(index) {}
 
     std::int32_t Index() const { return index_; }
 
@@ -148,7 +147,7 @@ class LinesD {
     void applyAngle(AngleCode former);
     void changed();
 
-    Canvas& canvas_;
+    Graph& graph_;
     std::int32_t index_;
     std::array<End, 2> ends_;
     Point middle_;

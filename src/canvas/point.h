@@ -8,4 +8,9 @@ struct Point {
     float y = 0;
 };
 
+/// The place half way from one to the other.
+constexpr Point between(Point a, Point b) {
+    return {(a.x + b.x) / 2, (a.y + b.y) / 2};
+}
+
 }  // namespace orvent::canvas

@@ -1,6 +1,9 @@
 #include "canvas/selection.h"
 
-#include "canvas/canvas.h"
+#include "canvas/canvas_settings.h"
+#include "canvas/graph.h"
+#include "canvas/labels.h"
+#include "canvas/lines.h"
 
 namespace orvent::canvas {
 
@@ -46,13 +49,13 @@ std::vector<std::int32_t> NumberSet::members() const {
 }
 
 void SelectedLabelsCollection::mark(std::int32_t Index) {
-    if (LabelsD* node = canvas_.Labels.byIndex(Index)) {
-        node->setColor((node->Color() ^ canvas_.settings().SelColor) & 0xFFFFFF);
+    if (LabelsD* node = graph_.nodeAt(Index)) {
+        node->setColor((node->Color() ^ graph_.settings().SelColor) & 0xFFFFFF);
     }
 }
 
 LabelsD* SelectedLabelsCollection::Add(std::int32_t Index) {
-    LabelsD* node = canvas_.Labels.byIndex(Index);
+    LabelsD* node = graph_.nodeAt(Index);
     if (!node || !numbers_.insert(Index)) {
         return nullptr;
     }
@@ -75,11 +78,11 @@ void SelectedLabelsCollection::Clear() {
 }
 
 LabelsD* SelectedLabelsCollection::Item(std::int32_t Index) const {
-    return numbers_.contains(Index) ? canvas_.Labels.byIndex(Index) : nullptr;
+    return numbers_.contains(Index) ? graph_.nodeAt(Index) : nullptr;
 }
 
 LinesD* SelectedLinesCollection::Add(std::int32_t Index) {
-    LinesD* edge = canvas_.Lines.byIndex(Index);
+    LinesD* edge = graph_.edgeAt(Index);
     if (!edge || !numbers_.insert(Index)) {
         return nullptr;
     }
@@ -91,7 +94,7 @@ void SelectedLinesCollection::Remove(std::int32_t Index) {
     if (!numbers_.erase(Index)) {
         return;
     }
-    if (LinesD* edge = canvas_.Lines.byIndex(Index)) {
+    if (LinesD* edge = graph_.edgeAt(Index)) {
         edge->setSelected(false);
     }
 }
@@ -103,7 +106,7 @@ void SelectedLinesCollection::Clear() {
 }
 
 LinesD* SelectedLinesCollection::Item(std::int32_t Index) const {
-    return numbers_.contains(Index) ? canvas_.Lines.byIndex(Index) : nullptr;
+    return numbers_.contains(Index) ? graph_.edgeAt(Index) : nullptr;
 }
 
 }  // namespace orvent::canvas

@@ -6,7 +6,7 @@
 
 namespace orvent::canvas {
 
-class Canvas;
+class Graph;
 class LabelsD;
 class LinesD;
 
@@ -31,7 +31,7 @@ class NumberSet {
 /// The selected nodes of a canvas. Marking is a plain XOR of the node's present colour with `SelColor`.
 class SelectedLabelsCollection {
   public:
-    explicit SelectedLabelsCollection(Canvas& canvas) : canvas_(canvas) {}
+    explicit SelectedLabelsCollection(Graph& graph) : graph_(graph) {}
 
     /// Selects the node and gives it; nothing when it was selected already.
     LabelsD* Add(std::int32_t Index);
@@ -48,14 +48,14 @@ class SelectedLabelsCollection {
   private:
     void mark(std::int32_t Index);
 
-    Canvas& canvas_;
+    Graph& graph_;
     NumberSet numbers_;
 };
 
 /// The selected edges of a canvas.
 class SelectedLinesCollection {
   public:
-    explicit SelectedLinesCollection(Canvas& canvas) : canvas_(canvas) {}
+    explicit SelectedLinesCollection(Graph& graph) : graph_(graph) {}
 
     LinesD* Add(std::int32_t Index);
     void Remove(std::int32_t Index);
@@ -66,7 +66,7 @@ class SelectedLinesCollection {
     void forget(std::int32_t Index) { numbers_.erase(Index); }
 
   private:
-    Canvas& canvas_;
+    Graph& graph_;
     NumberSet numbers_;
 };
 

@@ -10,6 +10,7 @@
 #include "links/unsynchronize_functions.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/linked_constant.h"
+#include "zoom/part_of.h"
 #include "zoom/waiting_functions.h"
 
 namespace orvent::zoom {
@@ -127,15 +128,14 @@ bool renameFunction(ZoomView& view, LabelsD& node, FunctionProperties& function,
 }  // namespace
 
 bool standsAlone(const ZoomView& view, const LabelsD& node) {
-    const auto alone = [&](const std::string& owner) { return owner.empty() || !view.isNameTaken(owner); };
     if (const auto* attribute = node.entity<AttributeProperties>()) {
-        return alone(attribute->ParentKeyName);
+        return isFree(view, attribute->ParentKeyName);
     }
     if (const auto* parameter = node.entity<ParameterProperties>()) {
-        return node.NodeType() == canvas::NodeTypeConstant || alone(parameter->ParentKeyName);
+        return node.NodeType() == canvas::NodeTypeConstant || isFree(view, parameter->ParentKeyName);
     }
     const auto* function = node.entity<FunctionProperties>();
-    return !function || alone(function->ParentKeyName());
+    return !function || isFree(view, function->ParentKeyName());
 }
 
 bool RenameNode(ZoomView& view, LabelsD& node, const std::string& name) {

@@ -13,11 +13,11 @@ namespace {
 
 /// Writes down what it is told, a letter each: node, edge (lower case when it goes), many, markers, form.
 struct Log : CanvasListener {
-    explicit Log(Canvas& canvas) : subscription(canvas.listen(*this)) {}
+    explicit Log(Canvas& of) : canvas(of), subscription(of.listen(*this)) {}
 
     void nodeChanged(const LabelsD&) override { told += 'N'; }
-    void nodeGoes(const LabelsD& node) override { told += node.canvas().Labels.byIndex(node.Index()) ? "n" : "?"; }
-    void nodeRemoved(const LabelsD& node) override { told += node.canvas().Labels.byIndex(node.Index()) ? "?" : "-"; }
+    void nodeGoes(const LabelsD& node) override { told += canvas.Labels.byIndex(node.Index()) ? "n" : "?"; }
+    void nodeRemoved(const LabelsD& node) override { told += canvas.Labels.byIndex(node.Index()) ? "?" : "-"; }
     void edgeChanged(const LinesD&) override { told += 'E'; }
     void edgeGoes(const LinesD&) override { told += 'e'; }
     void edgeRemoved(const LinesD&) override { told += '='; }
@@ -26,6 +26,7 @@ struct Log : CanvasListener {
 
     std::string taken() { return std::exchange(told, ""); }
 
+    Canvas& canvas;
     std::string told;
     CanvasSubscription subscription;
 };

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+
+#include "canvas/line_numbers.h"
+#include "canvas/point.h"
+
+namespace orvent::canvas {
+
+class LabelsD;
+class LinesD;
+class Names2IndexColl;
+struct CanvasSettings;
+
+/// What nodes, edges and selections ask of the canvas that holds them.
+class Graph {
+  public:
+    virtual ~Graph() = default;
+
+    virtual const CanvasSettings& settings() const = 0;
+    virtual Names2IndexColl& names() = 0;
+    virtual LabelsD* nodeAt(std::int32_t index) = 0;
+    virtual LinesD* edgeAt(std::int32_t index) = 0;
+    virtual bool isSelected(const LabelsD& node) const = 0;
+
+    /// A name was refused as a duplicate.
+    virtual void nameRefused() = 0;
+    /// A node has another box: the ends of its edges follow.
+    virtual void nodeMoved(const LabelsD& node) = 0;
+    /// An edge is to leave a node, whose own list is empty already.
+    virtual void detachEnd(std::int32_t edge, EdgeEnd which) = 0;
+    /// The pointer means that grab point of a node.
+    virtual void grabPointMeant(int grabPoint, Point place) = 0;
+
+    virtual void tellChanged(const LabelsD& node) = 0;
+    virtual void tellChanged(const LinesD& edge) = 0;
+};
+
+}  // namespace orvent::canvas
