@@ -1,5 +1,7 @@
 #include "editors/list_rows.h"
 
+#include <array>
+
 #include "editors/schema_trees.h"
 #include "entities/link_types.h"
 
@@ -50,13 +52,19 @@ std::string linksTip(const std::string& sources, const std::string& targets) {
     return from + (from.empty() || to.empty() ? "" : "\n") + to;
 }
 
-forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, const char* image) {
+void setKind(forms::ListRow& row, RowKind kind) {
+    constexpr std::array<const char*, 5> kImages = {"AttIn", "AttOut", "Param", "Const", "Func"};
+    row.Kind = static_cast<std::int16_t>(kind);
+    row.Image = kImages[static_cast<std::size_t>(kind)];
+    row.Editable = kind != RowKind::function;
+}
+
+forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, RowKind kind) {
     forms::ListRow row;
     row.Key = key;
     row.Text = text;
     row.Tag = tag;
-    row.Image = image;
-    row.Editable = row.Image != "Func";
+    setKind(row, kind);
     return row;
 }
 

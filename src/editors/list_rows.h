@@ -13,8 +13,17 @@ namespace orvent::editors {
 /// The lines of a row's tip that say the whole keys of its far ends; each may be empty.
 std::string linksTip(const std::string& sources, const std::string& targets);
 
+/// What a row of a dialog's lists stands for.
+enum class RowKind : std::int16_t { input, output, parameter, constant, function };
+
 /// A row without columns.
-forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, const char* image);
+forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, RowKind kind);
+
+/// Its picture, and whether its label can be edited, follow from what it stands for.
+void setKind(forms::ListRow& row, RowKind kind);
+inline RowKind kindOf(const forms::ListRow& row) {
+    return static_cast<RowKind>(row.Kind);
+}
 
 /// Sets type, sources and targets of the row from its entity.
 void RefreshAttributeRow(const entities::AttributeProperties& attribute, forms::ListRow& row,

@@ -1,6 +1,7 @@
 #include "editors/schema_trees.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "editors/function_nodes.h"
@@ -11,19 +12,6 @@ namespace orvent::editors {
 using namespace entities;
 using forms::Tree;
 using forms::TreeNode;
-
-int listOfColour(std::int32_t colour) {
-    const auto found = std::find(kListColours.begin(), kListColours.end(), colour);
-    return found == kListColours.end() ? -1 : static_cast<int>(found - kListColours.begin());
-}
-
-bool isFunctionNode(const Tree::Node& node) {
-    return node.value().Image.starts_with("Function-");
-}
-
-bool isConstantNode(const Tree::Node& node) {
-    return node.value().Image.starts_with("Constant-");
-}
 
 std::string treeKey(LinkType type, const std::string& key) {
     switch (type) {
@@ -41,10 +29,21 @@ std::string treeKey(LinkType type, const std::string& key) {
 
 namespace {
 
+/// A node that nothing uses yet, with the picture of what it stands for.
+TreeNode schemaNode(SchemaKind kind, const std::string& key, const std::string& text, std::int16_t tag) {
+    constexpr std::array<const char*, 8> kImages = {
+        "Graph", "Activity-UnChecked", "Activity-Out-UnChecked", "Constant-UnChecked", "Function-UnChecked",
+        "DB",    "RS-UnChecked",       "Field-UnChecked"};
+    TreeNode node{key, text, tag, kImages[static_cast<std::size_t>(kind)]};
+    node.Kind = static_cast<std::int16_t>(kind);
+    return node;
+}
+
 template <class Attributes>
-void addLeaves(Tree& tree, Tree::Node& parent, const Attributes& attributes, const char* image) {
+void addLeaves(Tree& tree, Tree::Node& parent, const Attributes& attributes, SchemaKind kind) {
     for (const AttributeProperties& attribute : attributes) {
-        tree.add({parent.value().Key + "." + attribute.Key, attribute.Attribute_Name, attribute.Attribute_Type, image},
+        tree.add(schemaNode(kind, parent.value().Key + "." + attribute.Key, attribute.Attribute_Name,
+                            attribute.Attribute_Type),
                  &parent);
     }
 }
@@ -63,25 +62,25 @@ void addNode(const canvas::Canvas& form, const canvas::LabelsD& node, const canv
         return;
     }
     if (const ActivityProperties* activity = node.activity(); activity && &node != &edited) {
-        addLeaves(graph, graph.add({"GRAPH." + name, name, 4, "Activity-UnChecked"}, &graphRoot), activity->Act_Outputs,
-                  "Activity-Out-UnChecked");
+        addLeaves(graph, graph.add(schemaNode(SchemaKind::activity, "GRAPH." + name, name, 4), &graphRoot),
+                  activity->Act_Outputs, SchemaKind::activityOutput);
     } else if (const RecordSetProperties* recordSet = node.recordSet()) {
         const std::int16_t level = recordSet->RecordSet_Outputs.count() > 0 ? 2 : 3;
-        addLeaves(database, database.add({"DB." + name, name, level, "RS-UnChecked"}, &databaseRoot),
-                  recordSet->RecordSet_Outputs, "Field-UnChecked");
+        addLeaves(database, database.add(schemaNode(SchemaKind::recordSet, "DB." + name, name, level), &databaseRoot),
+                  recordSet->RecordSet_Outputs, SchemaKind::field);
     } else if (const auto* constant = node.entity<ParameterProperties>();
                constant && node.NodeType() == canvas::NodeTypeConstant) {
-        graph.add({"GRAPH." + name, name, constant->Parameter_Type, "Constant-UnChecked"}, &graphRoot);
+        graph.add(schemaNode(SchemaKind::constant, "GRAPH." + name, name, constant->Parameter_Type), &graphRoot);
     } else if (const auto* function = node.entity<FunctionProperties>();
                function && function->Function_Source != kSourceActivityType) {
-        TreeNode shown{"GRAPH." + name, name, function->Function_Type, "Function-UnChecked"};
+        TreeNode shown = schemaNode(SchemaKind::function, "GRAPH." + name, name, function->Function_Type);
         shown.Refusal = refusalOf(form, node, edited);
         graph.add(std::move(shown), &graphRoot);
     }
 }
 
-TreeNode root(const char* key, const char* text) {
-    TreeNode node{key, text, 1, key == std::string("GRAPH") ? "Graph" : "DB"};
+TreeNode root(SchemaKind kind, const char* key, const char* text) {
+    TreeNode node = schemaNode(kind, key, text, 1);
     node.Expanded = true;
     return node;
 }
@@ -93,8 +92,8 @@ void buildSchemaTrees(const canvas::Canvas& form, const canvas::LabelsD& edited,
         database.rebuild([&] {
             graph.Clear();
             database.Clear();
-            Tree::Node& graphRoot = graph.add(root("GRAPH", "Graph"));
-            Tree::Node& databaseRoot = database.add(root("DB", "Record Sets"));
+            Tree::Node& graphRoot = graph.add(root(SchemaKind::graph, "GRAPH", "Graph"));
+            Tree::Node& databaseRoot = database.add(root(SchemaKind::database, "DB", "Record Sets"));
             for (const canvas::LabelsD& node : form.Labels) {
                 if (form.isZoom() && form.NamesColl.Item(node.KeyName()) != node.Index()) {
                     continue;  // a second copy shows what the first one has, or had
@@ -127,6 +126,11 @@ void recomputeParents(Tree& tree) {
             }
         }
     }
+}
+
+int SchemaMarks::firstUser(const Uses& uses) {
+    const auto user = std::find_if(uses.begin(), uses.end(), [](const auto& rows) { return !rows.empty(); });
+    return user == uses.end() ? -1 : static_cast<int>(user - uses.begin());
 }
 
 Tree* SchemaMarks::treeOf(const std::string& nodeKey) const {
@@ -162,15 +166,20 @@ const std::vector<std::string>& SchemaMarks::rowsOf(const std::string& nodeKey, 
     return entry == uses_.end() || list < 0 ? kNone : entry->second[static_cast<std::size_t>(list)];
 }
 
+int SchemaMarks::userOf(const std::string& nodeKey) const {
+    const auto entry = uses_.find(nodeKey);
+    return entry == uses_.end() ? -1 : firstUser(entry->second);
+}
+
 void SchemaMarks::show(const std::string& nodeKey, const Uses& uses) {
-    const auto user = std::find_if(uses.begin(), uses.end(), [](const auto& rows) { return !rows.empty(); });
-    const bool used = user != uses.end();
+    const int user = firstUser(uses);
+    const bool used = user >= 0;
     Tree& tree = *treeOf(nodeKey);
     Tree::Node& node = *tree.find(nodeKey);
     tree.alter(node, [&](TreeNode& value) {
         value.Checked = used;
         value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
-        value.ForeColor = used ? kListColours[static_cast<std::size_t>(user - uses.begin())] : 0;
+        value.ForeColor = used ? kListColours[static_cast<std::size_t>(user)] : 0;
     });
     if (Tree::Node* parent = node.parent(); parent && parent->parent()) {
         recompute(tree, *parent);

@@ -21,13 +21,30 @@ inline constexpr int kParameters = 2;
 /// The colour of a list, which its tree nodes bear; blue in the high byte.
 inline constexpr std::array<std::int32_t, 3> kListColours = {0x800000, 0x000080, 0x008000};
 
-/// The list of that colour, -1 for black.
-int listOfColour(std::int32_t colour);
-
-// Which kinds of entity a tree node stands for, told by its image.
-
-bool isFunctionNode(const forms::Tree::Node& node);
-bool isConstantNode(const forms::Tree::Node& node);
+/// What a node of the two trees stands for.
+enum class SchemaKind : std::int16_t {
+    graph,
+    activity,
+    activityOutput,
+    constant,
+    function,
+    database,
+    recordSet,
+    field
+};
+inline SchemaKind kindOf(const forms::Tree::Node& node) {
+    return static_cast<SchemaKind>(node.value().Kind);
+}
+inline bool isFunctionNode(const forms::Tree::Node& node) {
+    return kindOf(node) == SchemaKind::function;
+}
+inline bool isConstantNode(const forms::Tree::Node& node) {
+    return kindOf(node) == SchemaKind::constant;
+}
+/// Whether a node belongs to the tree of record sets.
+inline bool isDatabaseNode(const forms::Tree::Node& node) {
+    return kindOf(node) >= SchemaKind::database;
+}
 
 /// The tree node that a link leads to, empty for links that lead to none.
 std::string treeKey(entities::LinkType type, const std::string& key);
@@ -58,6 +75,8 @@ class SchemaMarks {
 
     /// The rows of the list that use the node, as they came.
     const std::vector<std::string>& rowsOf(const std::string& nodeKey, int list) const;
+    /// The list that uses a node, the first one of several; -1 for none.
+    int userOf(const std::string& nodeKey) const;
 
     /// While one lives, parents are not recomputed; its end recomputes those whose children were marked.
     class Bulk {
@@ -75,6 +94,7 @@ class SchemaMarks {
     using Uses = std::array<std::vector<std::string>, 3>;
 
     forms::Tree* treeOf(const std::string& nodeKey) const;
+    static int firstUser(const Uses& uses);
     void show(const std::string& nodeKey, const Uses& uses);
 
     forms::Tree& graph_;

@@ -354,7 +354,7 @@ bool counts(const forms::Tree::Node& node, int front) {
         return front == kParameters;
     }
     const bool hasMembers = node.parent()->parent() || !node.children().empty();
-    return hasMembers && (node.value().Key.starts_with("DB") || front != kOutputs);
+    return hasMembers && (isDatabaseNode(node) || front != kOutputs);
 }
 
 }  // namespace

@@ -53,24 +53,23 @@ void SetActProp_Functions::fillLists() {
         }
         twins_[static_cast<std::size_t>(number)].reset(target);
     };
-    const auto attributes = [](const auto& entities, const char* image) {
-        return [&entities, image](forms::List& target) {
+    const auto attributes = [](const auto& entities, RowKind kind) {
+        return [&entities, kind](forms::List& target) {
             for (const AttributeProperties& attribute : entities) {
-                target.add(newRow(attribute.Key, attribute.Attribute_Name, attribute.Tag, image));
+                target.add(newRow(attribute.Key, attribute.Attribute_Name, attribute.Tag, kind));
             }
         };
     };
-    fill(kInputs, attributes(tempProp->Act_Inputs, "AttIn"));
-    fill(kOutputs, attributes(tempProp->Act_Outputs, "AttOut"));
+    fill(kInputs, attributes(tempProp->Act_Inputs, RowKind::input));
+    fill(kOutputs, attributes(tempProp->Act_Outputs, RowKind::output));
     fill(kParameters, [&](forms::List& target) {
         for (const ParameterProperties& parameter : tempProp->Act_Parameters) {
-            target.add(newRow(parameter.Key, parameter.Parameter_Name, parameter.Tag,
-                              parameter.Tag == kTagConstant ? "Const" : "Param"));
+            target.add(newRow(parameter.Key, parameter.Parameter_Name, parameter.Tag, kindOfParameter(parameter)));
         }
         for (const FunctionProperties& function : tempProp->Act_Functions) {
             target.add(newRow(function.Function_Key, function.Function_Name,
                               function.Function_Source == kSourceActivityType ? kTagTypeFunction : kTagFunction,
-                              "Func"));
+                              RowKind::function));
         }
     });
     filled_ = true;
@@ -124,7 +123,7 @@ void SetActProp_Functions::refreshRow(int number, int row) {
         } else if (number == kParameters) {
             if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(shown.Key)) {
                 RefreshParameterRow(*parameter, shown, tables);
-                shown.Image = parameter->Tag == kTagConstant ? "Const" : "Param";
+                setKind(shown, kindOfParameter(*parameter));
             }
         } else {
             const AttributeProperties* attribute =

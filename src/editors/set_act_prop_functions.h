@@ -5,6 +5,7 @@
 #include <string>
 
 #include "canvas/canvas_form.h"
+#include "editors/list_rows.h"
 #include "editors/schema_trees.h"
 #include "editors/tree_view_moving.h"
 #include "editors/twin_names.h"
@@ -91,7 +92,10 @@ class SetActProp_Functions : public RowOperations {
 
   private:
     forms::List& list(int number) { return AttList[static_cast<std::size_t>(number)]; }
-    static bool isFunctionRow(const forms::ListRow& row) { return row.Image == "Func"; }
+    static RowKind kindOfParameter(const entities::ParameterProperties& parameter) {
+        return parameter.Tag == kTagConstant ? RowKind::constant : RowKind::parameter;
+    }
+    static bool isFunctionRow(const forms::ListRow& row) { return kindOf(row) == RowKind::function; }
 
     void addInput(const forms::Tree::Node& node, const std::string& key, int position);
     void addMirror(const entities::AttributeProperties& input);

@@ -17,10 +17,6 @@ using forms::Tree;
 
 namespace {
 
-bool isDatabaseNode(const Tree::Node& node) {
-    return node.value().Key.starts_with("DB.");
-}
-
 /// An attribute or an output: it has a node above it that is no root.
 bool isLeaf(const Tree::Node& node) {
     return node.parent() && node.parent()->parent();
@@ -85,7 +81,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
     input.ProvidedFrom->Add(SecondSegment(node.value().Key), static_cast<LinkType>(input.Tag), linkedKey(node));
     AttributeProperties& added = tempProp->Act_Inputs->AddFullAttribute(input, "", false, position);
     tempProp->Act_Inputs->Changed = true;
-    addListRow(kInputs, newRow(key, key, input.Tag, "AttIn"), position);
+    addListRow(kInputs, newRow(key, key, input.Tag, RowKind::input), position);
     if (!tempProp->Act_Outputs->Item(key)) {
         addMirror(added);
     }
@@ -99,7 +95,7 @@ void SetActProp_Functions::addMirror(const AttributeProperties& input) {
         tempProp->Act_Outputs->Add(input.Attribute_Name, input.Attribute_Type, tag, input.Key);
     output.ParentKeyName = tempProp->Act_Name;
     output.ProvidedFrom->Add(tempProp->Act_Name, static_cast<LinkType>(tag), relativeKey(KindInput, input.Key));
-    addListRow(kOutputs, newRow(input.Key, input.Attribute_Name, tag, "AttOut"));
+    addListRow(kOutputs, newRow(input.Key, input.Attribute_Name, tag, RowKind::output));
     links::SynchronizeAttribute(ParForm, output, self());
 }
 
@@ -112,7 +108,7 @@ void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& 
     output.ParentKeyName = tempProp->Act_Name;
     output.ProviderFor->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     tempProp->Act_Outputs->AddFullAttribute(output, "", false, position);
-    addListRow(kOutputs, newRow(key, key, kTagRecordSet, "AttOut"), position);
+    addListRow(kOutputs, newRow(key, key, kTagRecordSet, RowKind::output), position);
 }
 
 void SetActProp_Functions::addParameter(const Tree::Node& node, const std::string& key, int position) {
@@ -129,7 +125,8 @@ void SetActProp_Functions::addParameter(const Tree::Node& node, const std::strin
         parameter.RegulatedFrom->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     }
     tempProp->Act_Parameters->AddFullParameter(parameter, "", false, parameterPlace(position));
-    addListRow(kParameters, newRow(key, key, parameter.Tag, constant ? "Const" : "Param"), position);
+    addListRow(kParameters, newRow(key, key, parameter.Tag, constant ? RowKind::constant : RowKind::parameter),
+               position);
 }
 
 void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
@@ -143,7 +140,7 @@ void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
             links::UnSynchronizeFunction(ParForm, *function, true, self());
         }
     }
-    addListRow(kParameters, newRow(name, name, kTagFunction, "Func"), position);
+    addListRow(kParameters, newRow(name, name, kTagFunction, RowKind::function), position);
 }
 
 void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
@@ -249,7 +246,7 @@ void SetActProp_Functions::removeFunction(const std::string& key) {
 
 void SetActProp_Functions::RemoveRowByTree(Tree::Node& node) {
     const std::string nodeKey = node.value().Key;
-    const int number = listOfColour(node.value().ForeColor);
+    const int number = marks_.userOf(nodeKey);
     int row = 0;
     for (const std::string& user : marks_.rowsOf(nodeKey, number)) {
         const int at = list(number).positionOf(user);
@@ -370,18 +367,19 @@ void SetActProp_Functions::addTypeMembers(const ActivityTypeProperties& type, Ac
     const std::string& owner = tempProp->Act_Name;
     for (const OutputProperties& brought : type.ActType_OutPuts) {
         const std::string key = owner + "." + brought.Output_Name;
-        addListRow(kOutputs, newRow(key, brought.Output_Name, kTagTypeOutput, "AttOut"));
+        addListRow(kOutputs, newRow(key, brought.Output_Name, kTagTypeOutput, RowKind::output));
         tempProp->Act_Outputs->Add(key, brought.Output_Type, kTagTypeOutput, key).ParentKeyName = owner;
     }
     for (const ParamProperties& brought : type.ActType_Parameters) {
         const std::string key = owner + "." + brought.Parameter_Name;
-        addListRow(kParameters, newRow(key, brought.Parameter_Name, kTagTypeParameter, "Param"));
+        addListRow(kParameters, newRow(key, brought.Parameter_Name, kTagTypeParameter, RowKind::parameter));
         tempProp->Act_Parameters->Add(brought.Parameter_Name, brought.Parameter_Type, kTagTypeParameter, key)
             .ParentKeyName = owner;
     }
     for (int at = 1; at <= functions.Count(); ++at) {
         const std::shared_ptr<FunctionProperties> function = functions.share(at);
-        addListRow(kParameters, newRow(function->Function_Key, function->Function_Name, kTagTypeFunction, "Func"));
+        addListRow(kParameters,
+                   newRow(function->Function_Key, function->Function_Name, kTagTypeFunction, RowKind::function));
         tempProp->Act_Functions->append(function, function->Function_Key);
     }
 }

@@ -8,6 +8,7 @@
 
 #include "canvas/deleted_nodes.h"
 #include "canvas/labels.h"
+#include "canvas/lines.h"
 #include "exchange/type_definitions.h"
 
 namespace orvent::exchange {

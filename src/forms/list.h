@@ -20,6 +20,7 @@ struct ListRow {
     std::string Key = {};
     std::string Text = {};
     std::int16_t Tag = 0;
+    std::int16_t Kind = 0;                     ///< what it stands for, in the words of its dialog
     std::string Image = {};                    ///< key of its picture
     std::array<std::string, 5> SubItems = {};  ///< the columns behind the first
     std::int32_t ForeColor = 0;                ///< blue in the high byte; 0 is the ordinary colour

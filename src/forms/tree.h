@@ -21,6 +21,7 @@ struct TreeNode {
     bool Expanded = false;
     std::int32_t ForeColor = 0;  ///< blue in the high byte
     std::string Refusal = {};    ///< why it cannot be used; then it is shown grey
+    std::int16_t Kind = 0;       ///< what it stands for, in the words of its dialog
 };
 
 /// One change of a tree.
