@@ -179,7 +179,7 @@ std::string CliSession::document() {
 std::string CliSession::typesDocument() {
     openRepository();
     const exchange::Extract none{"Types", {}, {}, {}};
-    return writeDocument(none, catalogue_.tables, storedTypes_.all(), {ORVENT_VERSION, false});
+    return writeDocument(none, catalogue_.tables, allTypes(storedTypes_), {ORVENT_VERSION, false});
 }
 
 bool CliSession::importTypes(const std::string& path) {

@@ -16,9 +16,9 @@
 #include "repository/scenario_load_save.h"
 #include "repository/scenario_windows.h"
 #include "repository/view_scenarios.h"
+#include "shell/document_catalogue.h"
 #include "shell/exporters.h"
 #include "shell/options_data.h"
-#include "shell/stored_types.h"
 
 namespace orvent::app {
 
@@ -84,7 +84,7 @@ class CliSession : private repository::ScenarioWindows {
     repository::Services services_;
     repository::Catalogue catalogue_;
     repository::ScenarioLoadSave loadSave_;
-    shell::StoredTypes storedTypes_;
+    shell::DocumentCatalogue storedTypes_;
     std::unique_ptr<DocumentTypes> documentTypes_;  ///< of a file that was opened without a repository
     std::unique_ptr<canvas::DrawForm> form_;
 };

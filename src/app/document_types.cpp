@@ -13,6 +13,13 @@ const Definition* named(const std::vector<Definition>& types, const std::string&
     return found == types.end() ? nullptr : &*found;
 }
 
+/// The rows of a table that are stored, by name.
+std::vector<std::int16_t> storedRows(const entities::NameTable& table) {
+    std::vector<std::int16_t> indices = table.listed();
+    std::ranges::sort(indices, {}, [&table](std::int16_t index) { return table.name(index); });
+    return indices;
+}
+
 void take(entities::NameTable& table, const std::string& name) {
     if (!name.empty()) {
         table.take(name);
@@ -53,6 +60,25 @@ std::optional<entities::FunctionTypeProperties> DocumentTypes::functionType(std:
 std::optional<entities::ActivityTypeProperties> DocumentTypes::activityType(std::int16_t index) {
     const auto* type = named(types_.activities, tables_.activityTypes.name(index));
     return type ? std::optional(propertiesOf(*type, tables_)) : std::nullopt;
+}
+
+exchange::TypeDefinitions allTypes(exchange::TypeCatalogue& catalogue) {
+    exchange::TypeDefinitions types;
+    const entities::CatalogueTables& tables = catalogue.tables();
+    for (const std::int16_t index : storedRows(tables.dataTypes)) {
+        types.data.push_back(tables.dataTypes.name(index));
+    }
+    for (const std::int16_t index : storedRows(tables.functionTypes)) {
+        if (const auto type = catalogue.functionType(index)) {
+            types.functions.push_back(exchange::definitionOf(*type, tables));
+        }
+    }
+    for (const std::int16_t index : storedRows(tables.activityTypes)) {
+        if (const auto type = catalogue.activityType(index)) {
+            types.activities.push_back(exchange::definitionOf(*type, tables));
+        }
+    }
+    return types;
 }
 
 }  // namespace orvent::app

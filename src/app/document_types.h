@@ -21,4 +21,7 @@ class DocumentTypes : public exchange::TypeCatalogue {
     entities::CatalogueTables tables_;
 };
 
+/// All types that a catalogue has stored.
+exchange::TypeDefinitions allTypes(exchange::TypeCatalogue& catalogue);
+
 }  // namespace orvent::app
