@@ -104,8 +104,8 @@ Inserted paste(canvas::DrawForm& form, std::string_view text, std::optional<canv
         return {};
     }
     canvas::DrawForm copy({form.messages(), form.settings()});
-    fillForm(copy, std::move(document), types->indices);
-    Inserted inserted = insertCopy(form, copy, {at, false, {}});
+    CopyRules rules{at, false, fillForm(copy, std::move(document), types->indices), {}};
+    Inserted inserted = insertCopy(form, copy, rules);
     inserted.words = types->words;
     return inserted;
 }
@@ -114,7 +114,10 @@ Inserted duplicateSelection(canvas::DrawForm& form) {
     const Extract extract = selectionOf(form);
     canvas::DrawForm copy({form.messages(), form.settings()});
     const auto numbers = copyInto(copy, extract);
-    CopyRules rules{std::nullopt, true, {}};
+    CopyRules rules{std::nullopt, true, {}, {}};
+    for (const LabelsD* node : extract.nodes) {
+        rules.leadingOut.push_back(node->Caption());
+    }
     for (const LinesD& edge : form.Lines) {
         const LabelsD* from = form.Labels.byIndex(edge.FromLabel());
         const bool provides = from && (from->activity() || from->recordSet());

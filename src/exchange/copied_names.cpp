@@ -84,7 +84,10 @@ class FreeNames {
         links::renameOwner(copy_, activity, former, now);
         auto formerKey = formerKeys.begin();
         for (auto& output : activity.Act_Outputs) {
-            links::PropagateRename(copy_, output, *formerKey++);
+            if (*formerKey != output.Key) {
+                links::PropagateRename(copy_, output, *formerKey);
+            }
+            ++formerKey;
         }
     }
 

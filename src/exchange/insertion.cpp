@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "exchange/scenario_filler.h"
@@ -29,7 +30,7 @@ void dropOutside(const canvas::DrawForm& copy, links::Direction direction, const
 }
 
 /// Drops links that lead out of the copy; with `keepsSources` those from outside stay.
-void dropOutside(canvas::DrawForm& copy, bool keepsSources) {
+void dropOutside(canvas::DrawForm& copy, const std::vector<std::string>& nodes, bool keepsSources) {
     const auto drop = [&](auto& member) {
         const links::NearEnd near(member);
         links::eachLinkList(member, [&](links::Direction direction, auto& list) {
@@ -40,7 +41,11 @@ void dropOutside(canvas::DrawForm& copy, bool keepsSources) {
             }
         });
     };
+    const std::unordered_set<std::string> leading(nodes.begin(), nodes.end());
     for (LabelsD& node : copy.Labels) {
+        if (!leading.contains(node.Caption())) {
+            continue;
+        }
         if (auto* activity = node.activity()) {
             links::eachLinked(*activity, drop);
         } else if (auto* recordSet = node.recordSet()) {
@@ -95,17 +100,12 @@ void selectAlone(canvas::DrawForm& form, const std::vector<std::int32_t>& nodes)
 
 }  // namespace
 
-bool meansAMember(const links::LinkData& link) {
-    const bool toConstant = link.type == entities::LinkConstant || link.type == entities::LinkConstantFunction;
-    return entities::leadsToAMember(link.type) || (toConstant && entities::HasDot(link.key));
-}
-
 Inserted insertCopy(canvas::DrawForm& form, canvas::DrawForm& copy, const CopyRules& rules) {
     Inserted inserted;
     if (copy.Labels.Count() == 0) {
         return inserted;
     }
-    dropOutside(copy, rules.keepsSources);
+    dropOutside(copy, rules.leadingOut, rules.keepsSources);
     inserted.uncertain = giveFreeNames(copy, form);
     const canvas::Point shift = shiftOf(form, copy, rules.middle);
     const canvas::ManyChanges together(form);
@@ -126,7 +126,9 @@ Inserted insertCopy(canvas::DrawForm& form, canvas::DrawForm& copy, const CopyRu
                                edge->EdgeType(), edge->Angle(), 0);
     }
     for (const std::int32_t node : inserted.nodes) {
-        completeLinks(form, *form.Labels.byIndex(node));
+        if (rules.keepsSources) {
+            completeLinks(form, *form.Labels.byIndex(node));
+        }
         settleReadiness(*form.Labels.byIndex(node));
     }
     form.growPicture();

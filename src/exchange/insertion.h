@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "exchange/copied_names.h"
-#include "links/far_end.h"
 
 namespace orvent::exchange {
 
@@ -26,14 +25,12 @@ struct IncomingEdge {
 struct CopyRules {
     std::optional<canvas::Point> middle;  ///< where the copy goes; a step beside when there is none
     bool keepsSources = false;            ///< links from providers and regulators outside are kept
+    std::vector<std::string> leadingOut;  ///< the nodes whose links may lead out of the copy
     std::vector<IncomingEdge> incoming;
 };
 
-/// Brings all nodes of a copy into a window, with free names, and selects them. The copy is empty of entities then.
+/// Brings all nodes of a copy, whose links within it are whole, into a window, with free names, and selects them. The
+/// copy is empty of entities then.
 Inserted insertCopy(canvas::DrawForm& form, canvas::DrawForm& copy, const CopyRules& rules);
-
-/// Whether a link means a member of something that a scenario holds. One to a constant is nothing but itself; what
-/// looks like one may lead to a record set.
-bool meansAMember(const links::LinkData& link);
 
 }  // namespace orvent::exchange

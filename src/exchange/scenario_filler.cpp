@@ -117,6 +117,11 @@ void settleReadiness(LabelsD& node) {
     }
 }
 
+bool meansAMember(const links::LinkData& link) {
+    const bool toConstant = link.type == entities::LinkConstant || link.type == entities::LinkConstantFunction;
+    return entities::leadsToAMember(link.type) || (toConstant && entities::HasDot(link.key));
+}
+
 bool completeLinks(canvas::Canvas& canvas, LabelsD& node) {
     bool whole = true;
     const auto complete = [&](auto& member) {
@@ -124,11 +129,11 @@ bool completeLinks(canvas::Canvas& canvas, LabelsD& node) {
         links::eachLinkList(member, [&](links::Direction direction, auto& list) {
             for (auto& link : list) {
                 using Link = std::remove_cvref_t<decltype(link)>;
-                const links::FarEnd far =
-                    links::findFarEnd(canvas, direction, near, {link.name(), link.type(), link.key()}, nullptr);
+                const links::LinkData data{link.name(), link.type(), link.key()};
+                const links::FarEnd far = links::findFarEnd(canvas, direction, near, data, nullptr);
                 if (auto* mirrors = links::mirrorsOf<Link>(far, direction)) {
                     links::writeMirror(canvas, link, *mirrors, {direction, near, far});
-                } else if (entities::leadsToAMember(link.type())) {
+                } else if (meansAMember(data)) {
                     whole = false;
                 }
             }

@@ -7,6 +7,7 @@
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
 #include "exchange/document.h"
+#include "links/far_end.h"
 
 namespace orvent::exchange {
 
@@ -29,6 +30,10 @@ void nameTypes(canvas::NodeProperties& entity, const TypeIndices& types);
 
 /// Marks a node as complete or not, as a load does; an activity that has no type yet is not.
 void settleReadiness(canvas::LabelsD& node);
+
+/// Whether a link means a member of something that a scenario holds. One to a constant is nothing but itself; what
+/// looks like one may lead to a record set.
+bool meansAMember(const links::LinkData& link);
 
 /// Writes the mirrors of all links of a node, and tells whether each link leads somewhere.
 bool completeLinks(canvas::Canvas& canvas, canvas::LabelsD& node);
