@@ -58,6 +58,7 @@ TEST_F(RecordSetPropTest, ALoadedDatabaseShowsWhatTheListHas) {
         messages.verify();
     }
     EXPECT_EQ(dialog.AttList.Count(), 2) << "one column name of two tables";
+    EXPECT_EQ(dialog.tempProp->dbKey("TITLE"), "SHOP.BOOKS.TITLE");
 
     dialog.SQLAuto_Click();
     EXPECT_EQ(dialog.tempProp->RecordSet_SQL, " SELECT BOOKS.ID AS ID, BOOKS.TITLE AS TITLE FROM BOOKS;");
@@ -73,14 +74,6 @@ TEST_F(RecordSetPropTest, ALoadedDatabaseShowsWhatTheListHas) {
         dialog.UnLoadDB_Click(*dialog.DBView.find("SHOP"));
         EXPECT_EQ(dialog.DBView.roots().empty(), answer == Answer::ok);
     }
-}
-
-TEST_F(RecordSetPropTest, ACancelledLoadKeepsWhatIsThereAndSaysSo) {
-    RecordSetProp dialog = open();
-    messages.expect("*", "", Icon::critical);
-    dialog.LoadDatabase(shop, [](std::size_t done, std::size_t) { return done == 0; });
-    EXPECT_TRUE(dialog.DBView.find("SHOP.BOOKS.ID"));
-    EXPECT_FALSE(dialog.DBView.find("SHOP.SHOPS"));
 }
 
 TEST_F(RecordSetPropTest, AFailedLoadSaysHowFarItCame) {
@@ -126,31 +119,6 @@ TEST_F(RecordSetPropTest, AnUnknownTypeIsAskedAboutOnceInEachLoad) {
         dialog.LoadDatabase({name, "scott", "tiger"}, all);
         messages.verify();
     }
-}
-
-TEST_F(RecordSetPropTest, AnyNameOfASourceBecomesAnAttribute) {
-    const std::string longName(1000, 'x');
-    testkit::Rows tables = {{"a \"b\" 'c'"}};
-    for (int at = 0; at < 5000; ++at) {
-        tables.push_back({"T" + std::to_string(at)});
-    }
-    testkit::ScriptedDatabase large;
-    large.answer("SELECT table_name FROM all_tables WHERE owner=?", tables);
-    large.answer(kColumns, {{longName, "INTEGER"}, {"größe \"1\"", "STRING"}, {"12", "INTEGER"}, {" ", "STRING"}});
-    large.answer(kColumns, {{"ID", "INTEGER"}});
-    repository::Services others{large, sources, messages, inputBox, files, store, progress, settings};
-    RecordSetProp dialog({others, catalogue, wizard, folder, saveDialog, nodes, dialogs}, *form,
-                         *form->nodeNamed("Books"));
-    dialog.LoadDatabase(shop, all);
-    EXPECT_EQ(dialog.DBView.Count(), 1 + 5001 + 4 + 5000);
-    click(dialog, "SHOP.a \"b\" 'c'");
-    const auto& list = *dialog.tempProp->RecordSet_Outputs;
-    EXPECT_EQ(list.Count(), 5);
-    for (const std::string& name : {longName, std::string("größe \"1\""), std::string("12"), std::string(" ")}) {
-        ASSERT_TRUE(list.Item(name)) << name;
-        EXPECT_EQ(dialog.tempProp->dbKey(name), "SHOP.a \"b\" 'c'." + name);
-    }
-    EXPECT_TRUE(dialog.OK());
 }
 
 TEST_F(RecordSetPropTest, CancelLeavesTheScenarioEqual) {

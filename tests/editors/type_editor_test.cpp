@@ -189,20 +189,7 @@ TEST_F(TypeEditorTest, AnActivityTypeIsStoredAndComesBackWhole) {
     EXPECT_EQ(catalogue.GetActivityType(*index).ActType_Description, "Hides  ") << "one more blank a save";
 }
 
-TEST_F(TypeEditorTest, WhatTheRepositoryRefusesKeepsTheMode) {
-    TypeEditor types = editor(TypeKind::data);
-    const std::string taken = types.Types.Item(1)->Text;
-    for (const bool edit : {false, true}) {
-        types.selectType(2);
-        edit ? types.But_EDIT() : types.But_NEW();
-        types.changeName(taken);
-        expectTaken("DATA TYPE");
-        types.But_SAVE();
-        messages.verify();
-        EXPECT_TRUE(types.isEditing());
-        types.But_Cancel();
-    }
-    // A name that stands in a list twice never reaches the repository.
+TEST_F(TypeEditorTest, ANameThatStandsInAListTwiceKeepsTheMode) {
     TypeEditor functions = editor(TypeKind::function);
     functions.But_NEW();
     functions.changeName("TWICE");
@@ -336,6 +323,12 @@ TEST_F(TypeEditorTest, ATakenNameIsRefusedBeforeAnythingIsWritten) {
             messages.verify();
             EXPECT_EQ(types.mode, TypeMode::edit);
         }
+        types.But_Cancel();
+        make(types, "NEWS");
+        expectTaken(word);
+        types.But_SAVE();
+        messages.verify();
+        EXPECT_EQ(types.mode, TypeMode::create);
         EXPECT_EQ(stored(kind, "Mine"), before);
     }
 }
@@ -540,17 +533,6 @@ TEST_F(TypeEditorTest, DeletingIsAskedAndBlockedByOpenScenarios) {
         EXPECT_EQ(types.Types.selected(), 1);
         messages.verify();
     }
-    TypeEditor types = editor(TypeKind::data);
-    types.But_NEW();
-    types.changeName("ODD");
-    inform("DATA TYPE SAVED");
-    types.But_SAVE();
-    messages.expect("ARE YOU SURE YOU WANT TO DELETE DATATYPE :ODD", "DELETING DATATYPE", Icon::question,
-                    Buttons::destroyYesNo, Answer::yes);
-    inform("DATA TYPE DELETED");
-    types.But_DELETE();
-    EXPECT_EQ(types.Types.positionOf("ODD"), 0);
-    EXPECT_EQ(types.txtName, "");
 }
 
 TEST_F(TypeEditorTest, WhoUsesATypeIsSaidAndTheUsersOwnAreNamed) {

@@ -127,23 +127,6 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
     EXPECT_EQ(design.DeletedNodes->Item(2)->NodeID, 6);
 }
 
-TEST_F(ZoomDialogs, ANeighbourThatIsShownTwiceStandsOnceInTheTree) {
-    edge("A2", "RS4");
-    open();
-    int shown = 0;
-    for (const canvas::LabelsD& each : form->Labels) {
-        shown += each.Caption() == "RS4" ? 1 : 0;
-    }
-    EXPECT_EQ(shown, 2);
-    const auto dialog = openOn<SetActProp>("A2");
-    int listed = 0;
-    for (const auto& each : dialog->DBView.roots().front()->children()) {
-        listed += each->value().Text == "RS4" ? 1 : 0;
-    }
-    EXPECT_EQ(listed, 1);
-    dialog->end();
-}
-
 TEST_F(ZoomDialogs, ANewNameReachesTheScenario) {
     edge("A2", "RS4");  // shown twice
     const auto refuse = [&] {
@@ -250,29 +233,6 @@ TEST_F(ZoomDialogs, TheOrderOfTheRowsReachesTheScenario) {
         zoom::ApplyZoomChanges(*form, true);
         EXPECT_EQ(links::keysOf(form->central()->activity()->Act_Inputs), row.inputs);
         EXPECT_EQ(links::keysOf(design.nodeNamed(form->central()->Caption())->activity()->Act_Inputs), row.inputs);
-    }
-}
-
-TEST_F(ZoomDialogs, ARowThatGoesTakesItsNodeAlong) {
-    open();
-    {
-        const auto dialog = openOn<SetActProp>("A2");
-        dialog->RejectedFileOpen_Click();
-        EXPECT_EQ(saveDialog.asked,
-                  "Save Log File As|Log Files (*.log)|*.log|" + folder.path("\\Logs\\" + form->Caption()));
-        dialog->frontList().select(dialog->frontList().positionOf("SONUM"));
-        ASSERT_GT(dialog->frontList().selected(), 0);
-        dialog->Move2Tree_Click();
-        ports.messages.expect("Properties Saved", "", Icon::information);
-        EXPECT_TRUE(dialog->OK());
-    }
-    EXPECT_EQ(index("A2.IN.SONUM"), -1);
-    EXPECT_NE(index("A2.IN.AU_ID"), -1);
-    expectSound();
-    zoom::ApplyZoomChanges(*form, true);
-    EXPECT_EQ(graph.activity("A2").Act_Inputs->Item("SONUM"), nullptr);
-    for (const std::string& line : graph.present()) {
-        EXPECT_EQ(line.find("A2.IN.SONUM"), std::string::npos) << line;
     }
 }
 
