@@ -6,6 +6,7 @@
 #include "bench/zoom/star.h"
 #include "zoom/build_view.h"
 #include "zoom/relationship_rules.h"
+#include "zoom/zoom_form.h"
 
 namespace orvent::bench {
 
