@@ -1,8 +1,8 @@
 #include "links/check_consistency.h"
 
 #include <algorithm>
-#include <iterator>
-#include <map>
+#include <numeric>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -104,62 +104,103 @@ LinesD* drawFrom(canvas::Canvas& form, const std::string& name, const LabelsD& n
                                   canvas::AngleStraight, 0);
 }
 
-/// Edges by the numbers of their nodes, whatever their grab points.
-class JoinedNodes {
+/// The provider edges that stood before the check, by the node to which they lead. One that is drawn again between the
+/// same nodes, whatever its grab points, is no change; of several between the same nodes the last ones are.
+class FormerEdges {
   public:
-    void add(const LinesD* edge) {
-        if (edge) {
-            joined_.push_back({edge->FromLabel(), edge->ToLabel()});
+    explicit FormerEdges(const canvas::Canvas& form)
+        : form_(form), firstAt_(numbers(form) + 1), unmatched_(numbers(form)) {
+        for (const LinesD& edge : form.Lines) {
+            if (edge.EdgeType() == canvas::EdgeTypeProvider) {
+                edges_.push_back({edge.Index(), edge.FromLabel(), edge.ToLabel()});
+                ++firstAt_[at(edge.ToLabel())];
+            }
+        }
+        std::exclusive_scan(firstAt_.begin(), firstAt_.end(), firstAt_.begin(), 0);
+        byEnd_.resize(edges_.size());
+        std::vector<std::int32_t> next = firstAt_;
+        for (std::int32_t edge = 0; edge < static_cast<std::int32_t>(edges_.size()); ++edge) {
+            byEnd_[at(next[at(edges_[at(edge)].to)]++)] = edge;
+        }
+        gone_.assign(edges_.size(), true);
+    }
+
+    /// The last one first, since that is where the nodes' lists end.
+    void remove(canvas::Canvas& form) const {
+        for (auto edge = edges_.rbegin(); edge != edges_.rend(); ++edge) {
+            form.Lines.RemoveFull(edge->number);
         }
     }
-    /// The names of those that `others` has not, or not as often.
-    std::vector<EdgeNames> beyond(const JoinedNodes& others, const canvas::Canvas& form) const {
-        std::vector<Nodes> only, mine = joined_, theirs = others.joined_;
-        std::sort(mine.begin(), mine.end());
-        std::sort(theirs.begin(), theirs.end());
-        std::set_difference(mine.begin(), mine.end(), theirs.begin(), theirs.end(), std::back_inserter(only));
-        std::map<Nodes, int> wanted;  // few, as a rule
-        for (const Nodes& nodes : only) {
-            ++wanted[nodes];
+
+    /// All that lead to a node are drawn anew: those from `starts`, in this order.
+    void drawn(const LabelsD& node, const std::vector<std::int32_t>& starts) {
+        const std::span<const std::int32_t> former(byEnd_.begin() + firstAt_[at(node.Index())],
+                                                   byEnd_.begin() + firstAt_[at(node.Index()) + 1]);
+        for (const std::int32_t start : starts) {
+            ++unmatched_[at(start)];
         }
-        std::vector<EdgeNames> result;
-        // Of edges between the same nodes the last ones; the others are as before.
-        for (auto nodes = joined_.rbegin(); nodes != joined_.rend() && !wanted.empty(); ++nodes) {
-            const auto found = wanted.find(*nodes);
-            if (found == wanted.end()) {
-                continue;
-            }
-            if (--found->second == 0) {
-                wanted.erase(found);
-            }
-            const auto name = [&form](std::int32_t number) {
-                const LabelsD* node = form.Labels.byIndex(number);
-                return node ? node->Caption() : std::string();
-            };
-            result.push_back({name(nodes->first), name(nodes->second)});
+        for (const std::int32_t edge : former) {
+            int& left = unmatched_[at(edges_[at(edge)].from)];
+            gone_[at(edge)] = left == 0;
+            left -= left > 0 ? 1 : 0;
         }
-        std::reverse(result.begin(), result.end());
-        return result;
+        const std::size_t known = added_.size();
+        for (auto start = starts.rbegin(); start != starts.rend(); ++start) {
+            if (int& left = unmatched_[at(*start)]; left > 0) {
+                --left;
+                added_.push_back({nameOf(*start), node.Caption()});
+            }
+        }
+        std::reverse(added_.begin() + static_cast<std::ptrdiff_t>(known), added_.end());
+    }
+
+    EdgeChanges changes() && {
+        std::vector<EdgeNames> deleted;
+        for (std::size_t edge = 0; edge < edges_.size(); ++edge) {
+            if (gone_[edge]) {
+                deleted.push_back({nameOf(edges_[edge].from), nameOf(edges_[edge].to)});
+            }
+        }
+        return {std::move(added_), std::move(deleted)};
     }
 
   private:
-    using Nodes = std::pair<std::int32_t, std::int32_t>;
-    std::vector<Nodes> joined_;
+    struct Edge {
+        std::int32_t number, from, to;
+    };
+
+    static std::size_t at(std::int32_t number) { return static_cast<std::size_t>(number); }
+    /// Nodes are numbered from 1 on; an end that is held nowhere is 0.
+    static std::size_t numbers(const canvas::Canvas& form) { return at(form.LabelsNo) + 1; }
+    std::string nameOf(std::int32_t number) const {
+        const LabelsD* node = form_.Labels.byIndex(number);
+        return node ? node->Caption() : std::string();
+    }
+
+    const canvas::Canvas& form_;
+    std::vector<Edge> edges_;            ///< in the canvas's order
+    std::vector<std::int32_t> firstAt_;  ///< by node: where those that lead to it begin in `byEnd_`
+    std::vector<std::int32_t> byEnd_;    ///< places in `edges_`
+    std::vector<int> unmatched_;  ///< by node: drawn from it and not met among the former ones; all 0 between two calls
+    std::vector<bool> gone_;
+    std::vector<EdgeNames> added_;
 };
 
-JoinedNodes drawAnew(canvas::Canvas& form) {
-    JoinedNodes drawn;
+void drawAnew(canvas::Canvas& form, FormerEdges& former) {
     NodeSources sources;
+    std::vector<std::int32_t> starts;
     for (const LabelsD& node : form.Labels) {
         findSources(node, sources);
-        for (const std::string* name : sources.data) {
-            drawn.add(drawFrom(form, *name, node, false));
+        starts.clear();
+        for (const bool control : {false, true}) {
+            for (const std::string* name : control ? sources.control : sources.data) {
+                if (const LinesD* edge = drawFrom(form, *name, node, control)) {
+                    starts.push_back(edge->FromLabel());
+                }
+            }
         }
-        for (const std::string* name : sources.control) {
-            drawn.add(drawFrom(form, *name, node, true));
-        }
+        former.drawn(node, starts);
     }
-    return drawn;
 }
 
 }  // namespace
@@ -172,20 +213,10 @@ std::optional<EdgeChanges> CheckConsistency(canvas::Canvas& form, platform::Prog
         return std::nullopt;
     }
     const platform::Busy busy(progress);
-    std::vector<std::int32_t> former;
-    JoinedNodes before;
-    for (const LinesD& edge : form.Lines) {
-        if (edge.EdgeType() == canvas::EdgeTypeProvider) {
-            former.push_back(edge.Index());
-            before.add(&edge);
-        }
-    }
-    // The last one first, since that is where the nodes' lists end.
-    for (auto edge = former.rbegin(); edge != former.rend(); ++edge) {
-        form.Lines.RemoveFull(*edge);
-    }
-    const JoinedNodes now = drawAnew(form);
-    return EdgeChanges{now.beyond(before, form), before.beyond(now, form)};
+    FormerEdges former(form);
+    former.remove(form);
+    drawAnew(form, former);
+    return std::move(former).changes();
 }
 
 std::string edgeWords(const EdgeNames& edge) {
