@@ -3,9 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/codes.h"
 #include "platform/fault.h"
-#include "statements/ldl_sources.h"
 #include "statements/statement_fit.h"
 #include "testkit/file_text.h"
 #include "testkit/graph_builder.h"
@@ -86,16 +84,6 @@ TEST_F(LDLScenarioTest, WritesStatementsThenRules) {
                            "Load(TARGET_FULL,_,_).\n"
                            "\n"));
     EXPECT_EQ(form.txtLDL, "");
-}
-
-TEST_F(LDLScenarioTest, AScenarioWithoutRulesIsOneLineEndAndReplacesAnOldFile) {
-    makeFolder();
-    platform::writeFile(filePath(), "much longer than what comes");
-    graph.recordSet("LONELY", {"A"});
-    graph.node("Remark", canvas::NodeTypeComment);
-    expectWritten();
-    writer.LDLScenario(form);
-    EXPECT_EQ(file(), "\r\n");
 }
 
 TEST_F(LDLScenarioTest, AfterAFaultTheTextStaysAndTheNextAttemptRepeatsIt) {
@@ -307,24 +295,6 @@ TEST_F(LDLScenarioTest, AStatementThatDoesNotFitSaysWhere) {
         row.change(activity, own);
         EXPECT_EQ(misfitLine(activity), row.words) << activity.Act_LDL;
     }
-}
-
-TEST_F(LDLScenarioTest, SourcesKeepTheOrderOfFirstAppearance) {
-    graph.recordSet("A", {"X"});
-    graph.activity("B", {}, {"Y", "Z"});
-    const auto& load = graph.activity("Load", {"I", "J", "K", "FREE"});
-    for (const auto& [from, to] :
-         {std::pair{"B.OUT.Y", "I"}, {"A.X", "J"}, {"B.OUT.Z", "J"}, {"B.OUT.Y", "K"}, {"B.OUT.Z", "K"}}) {
-        graph.feed(from, std::string("Load.IN.") + to);
-    }
-    std::string seen;
-    for (const LDLSource& source : sourcesOf(load)) {
-        seen += source.Source + " " + std::to_string(platform::numberOf(source.SourceType)) + ": ";
-        for (const auto& input : source) {
-            seen += input.Key + " ";
-        }
-    }
-    EXPECT_EQ(seen, "B 2: I J K A 1: J ");
 }
 
 }  // namespace
