@@ -110,6 +110,7 @@ TEST_F(ClipboardTest, DuplicatesReadWhatTheOriginalsRead) {
     ASSERT_EQ(copy.nodes.size(), 1u);
     canvas::LabelsD& node = *form.Labels.byIndex(copy.nodes[0]);
     EXPECT_EQ(node.Caption(), "A2_2");
+    EXPECT_TRUE(node.Ready());
     EXPECT_EQ(node.EndingLines().Count(), 3) << "from A1, RS3 and RS4";
     EXPECT_EQ(node.StartingLines().Count(), 0);
     // What comes in is doubled, what goes out is not.
@@ -151,6 +152,28 @@ TEST_F(ClipboardTest, GivesFreeNamesAndNoIdentifiers) {
     EXPECT_EQ(form.nodeNamed("A1_5")->activity()->NodeID, 0);
     EXPECT_EQ(form.nodeNamed("A1_5")->activity()->Act_Inputs->Item(1)->SubNode_ID, 0);
     EXPECT_EQ(form.nodeNamed("A1")->activity()->NodeID, 7);
+    // Nor by a document that a window keeps for itself.
+    for (const std::int32_t node : pasted(form, written(form, true)).nodes) {
+        const std::int16_t* id = form.Labels.byIndex(node)->rowIdentifier();
+        EXPECT_TRUE(!id || *id == 0);
+    }
+}
+
+TEST_F(ClipboardTest, TellsFunctionsOfOneNameApart) {
+    buildLinked();
+    form.nodeNamed("A3")->activity()->Act_Functions->AddFunctionProps({}, "F1", 0);
+    select(form, {"A2", "A3"});
+    duplicateSelection(form);
+    EXPECT_TRUE(form.nodeNamed("A2_2")->activity()->Act_Functions->Item("F1_2"));
+    EXPECT_TRUE(form.nodeNamed("A3_2")->activity()->Act_Functions->Item("F1_3"));
+}
+
+TEST_F(ClipboardTest, HoldsNoLinkThatLeadsOutOfTheText) {
+    buildLinked();
+    select(form, {"A2", "RS2"});
+    const auto copy = opened(copied(form));
+    EXPECT_EQ(last.words, "");
+    EXPECT_EQ(modelText(*copy).find("'A1' 2"), std::string::npos);
 }
 
 TEST_F(ClipboardTest, StandsWhereItIsMeant) {
@@ -232,6 +255,10 @@ TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
         EXPECT_EQ(form.nodeNamed("Next_2")->activity()->Act_LDL, "next_2_in1(Next_2_IN1_Load_2.key)");
         deleteSelected(form);
     }
+    graph.recordSet("X_IN1", {"ID"});
+    graph.activity("X", {"ID"}).Act_LDL = "X_IN1_ID";
+    select(form, {"X_IN1", "X"});
+    EXPECT_EQ(duplicateSelection(form).uncertain.size(), 1u) << "an input of X, or a column of X_IN1";
     select(form, {"Load"});
     load.Act_LDL = "aUTHORS(AUTHORS_NAME)";
     EXPECT_EQ(form.Labels.byIndex(duplicateSelection(form).nodes[0])->activity()->Act_LDL, load.Act_LDL)

@@ -216,6 +216,9 @@ TEST_F(DocumentTest, WalksThereAndBack) {
         EXPECT_EQ(testkit::modelText(*copy), testkit::modelText(*original));
         EXPECT_EQ(firstDifference(written(*copy, stored), text), "");
         EXPECT_EQ(copy->ScenarioID, original->ScenarioID);
+        for (int at = 1; at <= copy->Lines.Count(); ++at) {  // several nodes may show one name
+            EXPECT_EQ(copy->Lines.at(at)->FromLabel(), original->Lines.at(at)->FromLabel());
+        }
         for (int at = 1; at <= copy->Labels.Count(); ++at) {
             EXPECT_EQ(copy->Labels.at(at)->Ready(), original->Labels.at(at)->Ready()) << copy->Labels.at(at)->Caption();
         }
@@ -330,6 +333,8 @@ TEST_F(DocumentTest, AnswersBadTextsWithThePlace) {
          "nodes[0].box[2]: expected a number of twips, found a text."},
         {around(R"({"name": "B", "kind": "log", "box": [1, -1e30, 3, 4]})"),
          "nodes[0].box[1]: the number is out of range; expected at most 100000000 twips."},
+        {around(R"({"name": "B", "kind": "log", "box": [1e39, 2, 3, 4]})"),
+         "nodes[0].box[0]: the number is out of range; expected at most 100000000 twips."},
         {around(R"({"name": "B", "kind": "log", "box": [18446744073709551615, 2, 3, 4]})"),
          "nodes[0].box[0]: the number is out of range; expected at most 100000000 twips."},
         {around(R"({"name": "B", "kind": "log", "box": [1, 2, 3, 1e400]})"),

@@ -75,7 +75,7 @@ class RandomScenario {
                                                  NodeTypeConstant,  NodeTypeCode{77}};
         const NodeTypeCode kind = kinds[pick(8)];
         // Now and then a name that is taken.
-        const std::string name = pick(12) == 0 ? "N0" : "N" + std::to_string(number);
+        const std::string name = pick(6) == 0 ? "N0" : "N" + std::to_string(number);
         form_.quietNames = true;
         LabelsD& node = form_.Labels.Add({place(), place(), 210 + place() / 100, 450}, name, kind);
         form_.quietNames = false;
