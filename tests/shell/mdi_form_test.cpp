@@ -53,27 +53,6 @@ TEST_F(Frame, ARepositoryThatIsGoneIsBlankAtTheLoginWhichEndsTheStartAndStaysSto
     EXPECT_EQ(repository.store.values.at({"DB", "ReposConnString"}), repository.settings.login.ReposConnString);
 }
 
-TEST_F(Frame, TheSampleScenarioIsConsistent) {
-    frame.frame.start();
-    frame.frame.run(Command::loadTestGraph);
-    const auto joined = [this] {
-        std::set<std::string> pairs;
-        for (const canvas::LinesD& edge : frame.active().Lines) {
-            pairs.insert(frame.active().Labels.byIndex(edge.FromLabel())->Caption() + " " +
-                         frame.active().Labels.byIndex(edge.ToLabel())->Caption());
-        }
-        return pairs;
-    };
-    const std::set<std::string> before = joined();
-    const int lastEdge = frame.active().LinesNo;
-    repository.messages.expect(
-        "This Action Will Delete All Non Consistent Provider Relationships!\nAre you Sure You Want to Continue?",
-        "Checking Consistency", Icon::none, Buttons::okCancel, Answer::ok);
-    frame.frame.run(Command::checkConsistency);
-    EXPECT_GT((*frame.active().Lines.begin()).Index(), lastEdge) << "all edges are drawn anew";
-    EXPECT_EQ(joined(), before);
-}
-
 TEST_F(Frame, ConsistencyTellsWhatItChangedAsLongAsItsScenarioIsInFront) {
     frame.frame.start();
     canvas::DrawForm& form = *frame.frame.scenario(open("Loads"));

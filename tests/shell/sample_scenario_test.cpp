@@ -67,17 +67,6 @@ TEST_F(SampleScenario, IsAFixedPointOfSynchronising) {
     EXPECT_EQ(testkit::modelText(form()), before);
 }
 
-TEST_F(SampleScenario, ASecondLoadAsksToCloseTheFirst) {
-    canvas::DrawForm* first = &form();
-    for (const auto answer : {platform::Answer::cancel, platform::Answer::ok}) {
-        EXPECT_EQ(&form(), first);
-        testkit::expectClose(repository.messages, "Sample", answer);
-        frame.frame.run(Command::loadTestGraph);
-    }
-    EXPECT_EQ(frame.desk.windows.size(), 1U);
-    EXPECT_EQ(form().Labels.Count(), 9);
-}
-
 TEST_F(SampleScenario, ACatalogueWithoutTypesStopsTheCommandAndTheWindowStays) {
     frame.close();
     const auto connection = repository.database.open(repository.settings.login.ReposConnString, "", "");
