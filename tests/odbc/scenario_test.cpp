@@ -164,47 +164,6 @@ TEST_P(EveryRepository, WhatTheDialogsMadeComesBackAndIsGenerated) {
     EXPECT_EQ(outputs(), unsaved);
 }
 
-TEST_P(EveryRepository, TypesThatChangeUnderADialogStayWhatTheyAre) {
-    std::string name = "Types";
-    frame_->frame.NewScenario(name);
-    repository::Catalogue& types = frame_->frame.catalogue();
-    testkit::GraphBuilder graph(form());
-    graph.node("Act", canvas::NodeTypeActivity);
-    for (const entities::AttributeProperties& each : graph.recordSet("RS", {"ID", "DAY"}).RecordSet_Outputs) {
-        graph.attribute("RS." + each.Key).Attribute_Type = types.DataTypeIndex(each.Key == "ID" ? "NUMBER" : "DATE");
-    }
-    graph.edge("RS", "Act");
-    frame_->host.atActivity = [&](editors::SetActProp& dialog) {
-        dialog.ActTypes_Click(types.ActivityTypeIndex("Selection"));
-        dialog.NodeClick({dialog.DBView.find("DB.RS")});
-        messages().expect("DATA TYPE SAVED", "", Icon::information);
-        types.SaveDataType("AAA");
-        messages().expect("DATA TYPE UPDATED", "", Icon::information);
-        types.UpdateDataType(types.DataTypeIndex("DATE"), "DAY");
-        entities::ActivityTypeProperties type;
-        type.ActType_Name = "AAA";
-        messages().expect("Activity TYPE SAVED", "", Icon::information);
-        types.SaveActivityType(type);
-        type = types.GetActivityType(types.ActivityTypeIndex("Selection"));
-        type.ActType_Name = "Choice";
-        messages().expect("Activity TYPE UPDATED", "", Icon::information);
-        types.UpdateActivityType(type);
-        dialog.RefreshHeadersM_Click();
-        EXPECT_EQ(dialog.AttList[0].Item("RS_ID")->SubItems[0], "NUMBER");
-        EXPECT_EQ(dialog.AttList[0].Item("RS_DAY")->SubItems[0], "DAY");
-        EXPECT_EQ(dialog.typeNames().name(static_cast<std::int16_t>(dialog.ActTypes)), "Choice");
-        messages().expect("Properties Saved", "", Icon::information);
-        EXPECT_TRUE(dialog.OK());
-    };
-    frame_->frame.pointerPorts().windows.openProperties(form(), *form().nodeNamed("Act"));
-    saveAs("Types");
-    closeAndLoad("Types");
-    const entities::ActivityProperties& act = *form().nodeNamed("Act")->activity();
-    EXPECT_EQ(types.tables.activityTypes.name(act.Act_Type), "Choice");
-    EXPECT_EQ(types.tables.dataTypes.name(act.Act_Inputs.peek()->Item("RS_DAY")->Attribute_Type), "DAY");
-    EXPECT_EQ(types.tables.dataTypes.name(act.Act_Inputs.peek()->Item("RS_ID")->Attribute_Type), "NUMBER");
-}
-
 /// The longest name within the limit, of letters of that many bytes. No letter is like the other, so that no database
 /// makes it shorter.
 std::string longestName(platform::TextLimit most, std::size_t bytes) {
