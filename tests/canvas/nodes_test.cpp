@@ -192,15 +192,6 @@ TEST_F(Nodes, CommentsAndLogsTakeTheNextNumber) {
     }
 }
 
-TEST_F(Nodes, TextOfTheBox) {
-    EXPECT_EQ(add(NodeTypeLog, "Log1").shownText(), "LOG");
-    LabelsD& comment = add(NodeTypeComment, "Comment1");
-    comment.setComment("words");
-    EXPECT_EQ(comment.shownText(), "words");
-    EXPECT_EQ(comment.Caption(), "Comment1");
-    EXPECT_EQ(add(NodeTypeActivity, "A").shownText(), "A");
-}
-
 TEST_F(Nodes, ReadinessAndSelectionMixByXor) {
     const std::int32_t mask = ports.settings.SelColor;
     LabelsD& node = add(NodeTypeFunction, "F");
