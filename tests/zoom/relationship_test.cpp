@@ -325,18 +325,6 @@ TEST_F(Relationship, DataTypesMustAgreeUnlessTheSourceDefinesThem) {
     EXPECT_EQ(parameter.Parameter_Type, 0);
 }
 
-TEST_F(Relationship, ANewInputIsLinkedAsIfAnActivityFedIt) {
-    node("A.IN.i").entity<AttributeProperties>()->Tag = 0;
-    for (const auto& [kind, from, to] : {std::tuple(P, "A.IN.i", "A.OUT.o"), std::tuple(R, "A.IN.i", "A.PARAM.p"),
-                                         std::tuple(R, "A.PARAM.p", "A.IN.i")}) {
-        const std::int32_t edge = draw(from, to, kind);
-        ASSERT_EQ(links().size(), 2U);
-        EXPECT_NE(links()[0].find("> 4 A ."), std::string::npos) << links()[0];
-        zoom::RemoveRelationship(form, edge);
-        form.Lines.RemoveFull(edge);
-    }
-}
-
 TEST_F(Relationship, PartOfEdgesOfOtherPairsMeanNothing) {
     LabelsD& other = form.Labels.Add({0, 0, 1050, 450}, "S", canvas::NodeTypeRecordSet);
     other.recordSet()->RecordSet_Outputs->Add("s", 0, "s");
@@ -416,24 +404,6 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     EXPECT_EQ(form.DeletedNodes->Item(1)->NodeKind, KindInput);
 }
 
-TEST_F(Relationship, AMemberFreedBesideItsNameTakesTheNextFreeOne) {
-    LabelsD& input = node("A.IN.i");
-    form.Labels.Add({0, 0, 300, 300}, "i", canvas::NodeTypeAttribute);
-    const std::int32_t tie =
-        form.Lines.FindConnectingLine(node("A").Index(), input.Index(), canvas::EdgeTypePartOf, false)->Index();
-    zoom::RemoveRelationship(form, tie);
-    form.Lines.RemoveFull(tie);
-    std::int32_t edge =
-        form.Lines
-            .addFullLine(node("A").Index(), 1, input.Index(), 2, canvas::EdgeTypePartOf, canvas::AngleStraight, 0)
-            ->Index();
-    zoom::CreateRelationship(form, edge);
-    EXPECT_EQ(form.nodeNamed("A.IN.i1"), &input);
-    EXPECT_EQ(input.Caption(), "i1");
-    EXPECT_NE(node("A").activity()->Act_Inputs->Item("i1"), nullptr);
-    EXPECT_EQ(form.DeletedNodes->Count(), 1) << "one that was never stored is noted, too";
-}
-
 TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     const std::int32_t tie =
         form.Lines.FindConnectingLine(node("A").Index(), node("F").Index(), canvas::EdgeTypePartOf, false)->Index();
@@ -480,18 +450,6 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     EXPECT_NE(node("A").activity()->Act_Functions->Item("F"), nullptr);
     expectWarning("This Relationship Is Not Valid!");
     draw("D", "F", canvas::EdgeTypePartOf);
-}
-
-TEST_F(Relationship, WithoutItsConstantAParameterKeepsItsOtherEdges) {
-    const std::int32_t edge = draw("C", "A.PARAM.p", R);
-    draw("A.PARAM.p", "A.OUT.o", R);
-    zoom::RemoveRelationship(form, edge);
-    form.Lines.RemoveFull(edge);
-    ASSERT_EQ(links().size(), 2U);
-    const canvas::LinesD* other =
-        form.Lines.FindConnectingLine(node("A.PARAM.p").Index(), node("A.OUT.o").Index(), R, false);
-    ASSERT_NE(other, nullptr);
-    EXPECT_EQ(links()[0], "A.OUT.o <~ 10 A .PARAM.p " + std::to_string(other->Index()));
 }
 
 /// Every edge to a function's parameter, for a function that is free, one that was attached by hand, and one that the

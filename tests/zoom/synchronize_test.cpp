@@ -52,20 +52,6 @@ TEST_F(Synchronize, EitherEndIsRebuiltFromTheOther) {
     EXPECT_EQ(form.Lines.Count(), 0) << "an edge of what has no node";
 }
 
-TEST_F(Synchronize, UnsynchronizingTakesAwayExactlyTheMirrors) {
-    for (const LinkGraph::Entity& holder : graph.holders()) {
-        const std::string key = LinkGraph::keyOf(holder);
-        SCOPED_TRACE(key);
-        const auto others = LinkGraph::picked([&](auto&, auto& other) { return LinkGraph::holderOf(other) != key; });
-        for (int twice = 0; twice < 2; ++twice) {
-            mirror(Work::Erase, holder, nullptr);
-            EXPECT_EQ(graph.present(), others);
-        }
-        mirror(Work::Write, holder, nullptr);
-        EXPECT_EQ(graph.present(), LinkGraph::all());
-    }
-}
-
 TEST_F(Synchronize, InADialogOnlyTheWorkingCopyIsTouched) {
     const std::shared_ptr<ActivityProperties> copy = graph.activity("A2").Clone();
     const auto holders = LinkGraph::holdersOf(*copy);
@@ -158,40 +144,6 @@ class SynchronizeShown : public Synchronize {
         return LinkGraph::sorted(result);
     }
 };
-
-TEST_F(SynchronizeShown, EachLinkBetweenShownEndsIsDrawnOnce) {
-    expand(graph.activity("A2"));
-    showAll(*graph.recordSet("RS3").RecordSet_Outputs, canvas::NodeTypeAttribute);
-    form.nodeNamed("RS3")->Expanded = true;
-    const auto isShown = [](const std::string& line) {
-        return LinkGraph::isOf("A2", line) || LinkGraph::isOf("RS3", line) || LinkGraph::isOf("C1", line);
-    };
-    std::vector<std::string> drawn;
-    for (const auto& [source, target] : LinkGraph::kLinks) {
-        if (isShown(source) && isShown(target)) {
-            drawn.push_back(source.substr(0, source.find('>') + 2) + LinkGraph::holderOf(target));
-        }
-    }
-    drawn = LinkGraph::sorted(drawn);
-    links::SynchronizeActivity(form, graph.activity("A2"), nullptr);
-    EXPECT_EQ(edges(), drawn);
-    synchronizeAll();
-    EXPECT_EQ(edges(), drawn);
-    EXPECT_EQ(graph.present(), LinkGraph::all());
-    const canvas::LinesD& edge = *form.Lines.at(1);
-    EXPECT_EQ(edge.FromGrabbingPoint(), 3);
-    EXPECT_EQ(edge.ToGrabbingPoint(), 1);
-    EXPECT_EQ(edge.Angle(), canvas::AngleStraight);
-
-    links::UnSynchronizeRecordSet(form, graph.recordSet("RS3"), false, nullptr);
-    auto others = drawn;
-    std::erase_if(others, [](const std::string& line) { return line.starts_with("RS3"); });
-    EXPECT_EQ(edges(), others);
-    links::UnSynchronizeActivity(form, graph.activity("A2"), false, nullptr);
-    EXPECT_EQ(form.Lines.Count(), 0);
-    synchronizeAll();
-    EXPECT_EQ(edges(), drawn);
-}
 
 TEST_F(SynchronizeShown, NumbersOfFormerViewsMeanNothing) {
     const canvas::LinesD* foreign = form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);

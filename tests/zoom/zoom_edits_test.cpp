@@ -170,19 +170,6 @@ TEST_F(ZoomEdits, WhatIsShownBesidesFollowsEdits) {
     EXPECT_EQ(index("SUM"), -1) << "nothing of that type is left";
 }
 
-TEST_F(ZoomEdits, AnEdgeThatIsTurnedRoundIsDrawnOnce) {
-    open();
-    graph.activity("A2");
-    for (const auto& [from, to] : {std::pair("A2.OUT.ED_ID", "A2.PARAM.AU_ID"), {"A2.OUT.ED_ID", "F1.OUT.O1"}}) {
-        draw(from, to, R);
-        const Texts drawn = edges();
-        refuse("THIS LINE ALLREADY EXISTS!!");
-        draw(from, to, R);
-        EXPECT_EQ(edges(), drawn);
-    }
-    expectWhole();
-}
-
 TEST_F(ZoomEdits, AMemberComesToAnotherOwnerAsItWasFreed) {
     open();
     node("A2.IN.SONUM").entity<AttributeProperties>()->Tag = 9;
@@ -393,34 +380,6 @@ TEST_F(ZoomEdits, MembersKeepTheirPlacesWhateverWasFolded) {
             EXPECT_EQ(applied.Act_Functions.peek()->keyAt(1), row.function);
             EXPECT_EQ(links::keysOf(applied.Act_Functions.peek()->Item(1)->Function_Inputs), row.parameters);
             EXPECT_EQ(testkit::CanvasFaults::ofScenario(design), testkit::CanvasFaults::Lines{});
-        }
-    }
-}
-
-TEST_F(ZoomEdits, AFunctionThatIsTiedAgainIsNewWithAllItsRows) {
-    FunctionProperties& stored = *graph.activity("A2").Act_Functions->Item("F1");
-    stored.Function_Outputs->Add("O2", 0, "O2").NodeKind = KindFunctionOutput;
-    std::int16_t id = stored.FunctionID = 5;
-    for (auto* parameters : {&stored.Function_Inputs, &stored.Function_Outputs}) {
-        for (ParameterProperties& each : *parameters) {
-            each.ParentKeyName = "F1";
-            each.SubNode_ID = ++id;
-        }
-    }
-    open();
-    canvas::LinesD& tie = *form->Lines.FindConnectingLine(index("A2"), index("F1"), T, false);
-    EXPECT_TRUE(form->rules().releaseEdge(*form, tie));
-    form->Lines.RemoveFull(tie.Index());
-    // It is drawn to what another function has, which means nothing and takes nothing from that one.
-    ASSERT_NE(draw("F1", "A2.F2.IN.I1", T), nullptr);
-    ASSERT_NE(draw("A2", "F1", T), nullptr);
-    expectWhole();
-    EXPECT_EQ(form->DeletedNodes->Item(1)->NodeID, 5);
-    const FunctionProperties& tied = *graph.activity("A2").Act_Functions->Item("F1");
-    EXPECT_EQ(tied.FunctionID, 0);
-    for (auto* parameters : {&tied.Function_Inputs, &tied.Function_Outputs}) {
-        for (const ParameterProperties& each : *parameters) {
-            EXPECT_EQ(each.SubNode_ID, 0) << each.Key;
         }
     }
 }

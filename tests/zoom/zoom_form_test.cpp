@@ -131,22 +131,6 @@ TEST_F(ZoomWindow, DeletedMembersLeaveTheirOwner) {
     }
 }
 
-TEST_F(ZoomWindow, AMemberOfASecondCopyStays) {
-    edge("A2", "RS4");
-    open();
-    form->SelectedLabels.Clear();
-    for (const LabelsD& each : form->Labels) {
-        if (!form->bearsName(each) && each.entity<AttributeProperties>()) {
-            form->SelectedLabels.Add(each.Index());
-        }
-    }
-    ASSERT_EQ(form->SelectedLabels.Count(), 1);
-    const int count = form->Labels.Count();
-    canvas::DeleteSelectedNodes(*form, canvas::kEveryNodeType, links, form->rules());
-    EXPECT_EQ(form->Labels.Count(), count);
-    EXPECT_EQ(rows(), "");
-}
-
 TEST_F(ZoomWindow, EdgesStandForRelationships) {
     struct Row {
         const char* target;

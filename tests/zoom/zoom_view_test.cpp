@@ -249,53 +249,6 @@ TEST_F(ZoomView, CollapsingAndExpandingGivesTheSameView) {
     EXPECT_EQ(names(), shown);
 }
 
-TEST_F(ZoomView, AFunctionThatWasDrawnByItselfKeepsItsNode) {
-    open();
-    const std::int32_t own = index("F1");
-    zoom::CollapseActivity(*form, index("A2"));
-    EXPECT_EQ(index("F1"), own);
-    EXPECT_EQ(index("A2.F2"), -1);
-    EXPECT_EQ(node("F1").EndingLines().Count(), 0);
-    EXPECT_EQ(node("F1").entity<FunctionProperties>()->ParentKeyName(), "");
-    const ActivityProperties& activity = *node("A2").activity();
-    EXPECT_EQ(activity.Act_Functions.peek()->Item("F1")->ParentKeyName(), "A2");
-    // Unfolded by itself it still shows what it had.
-    zoom::ExpandFunction(*form, own);
-    EXPECT_NE(index("F1.IN.I1"), -1);
-    zoom::ExpandActivity(*form, index("A2"));
-    EXPECT_EQ(node("F1").entity<FunctionProperties>(), activity.Act_Functions.peek()->Item("F1"));
-    EXPECT_EQ(node("F1").EndingLines().Count(), 1);
-    expectSound();
-}
-
-TEST_F(ZoomView, ANeighbourThatIsReachedTwiceIsShownTwiceAndWrittenBackOnce) {
-    edge("A2", "RS4");
-    edge("A2", "A2");
-    const std::string before = testkit::modelText(design);
-    open();
-    EXPECT_EQ(form->New2OldIndex.size(), 9U);  // A2, RS4, A1, RS3 and A2 again; RS2, A3, RS4 and A2 again
-    int captions = 0, nameless = 0;
-    for (const LabelsD& each : form->Labels) {
-        captions += each.Caption() == "RS4" ? 1 : 0;
-        nameless += form->bearsName(each) ? 0 : 1;
-        EXPECT_EQ(form->bearsName(each), each.KeyName() != canvas::kErrorName);
-    }
-    EXPECT_EQ(captions, 2);
-    EXPECT_EQ(nameless, 3 + 1 + 4 + 3);  // the three copies, RS4's attribute, A2's outputs and its inputs
-    EXPECT_EQ(form->NamesColl.Item(canvas::kErrorName), -1);
-    expectSound();
-    for (LabelsD& each : form->Labels) {
-        if (!form->bearsName(each) && each.recordSet()) {
-            each.recordSet()->RecordSet_SQL = "lost";
-        }
-    }
-    for (int twice = 0; twice < 2; ++twice) {
-        zoom::ApplyZoomChanges(*form, true);
-        EXPECT_EQ(testkit::modelText(design), before);
-        expectSound();
-    }
-}
-
 TEST_F(ZoomView, NoConstantIsMadeForWhatIsNone) {
     auto& parameter = *graph.activity("A2").Act_Parameters->Item("PUB_ID");
     parameter.RegulatedFrom->Add("RS1", LinkConstant, "RS1");  // a record set outside the view
