@@ -24,6 +24,7 @@ using testkit::TestRepository;
 /// No windows but the one at hand.
 class NoWindows : public repository::ScenarioWindows {
   public:
+    int slotCount() const override { return 0; }
     int NewScenario(std::string&) override { return -1; }
     canvas::DrawForm* scenario(int) override { return nullptr; }
     void discardScenario(int) override {}

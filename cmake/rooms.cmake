@@ -54,4 +54,6 @@ function(orvent_logic)
   orvent_room(analysis links forms)
   orvent_room(editors zoom repository statements)
   orvent_room(shell exchange repository statements analysis editors)
+  set_source_files_properties(${ORVENT_ROOT}/src/shell/program_version.cpp TARGET_DIRECTORY orvent_shell PROPERTIES
+    COMPILE_DEFINITIONS "ORVENT_VERSION=\"${ORVENTII_VERSION}\"" SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -60,6 +60,7 @@ class CliSession : private repository::ScenarioWindows {
   private:
     // ScenarioWindows: one window that is none
     int NewScenario(std::string& name) override;
+    int slotCount() const override { return 1; }
     canvas::DrawForm* scenario(int slot) override;
     void discardScenario(int slot) override;
     void scenarioGone(std::int16_t, const canvas::DrawForm*) override {}

@@ -12,8 +12,9 @@ std::optional<std::string> answerTo(std::span<char* const> words) {
             return "ORVENT II " + qt::programVersion().toStdString() + "\n";
         }
         if (word == "--help" || word == "-h") {
-            return "Usage: orvent [--help | --version]\n"
-                   "Without a word it opens its window. Scenarios, repositories and settings are chosen there.\n";
+            return "Usage: orvent [--help | --version] [FILE.orvent ...]\n"
+                   "Opens its window, and the scenarios of the files. Repositories and settings are chosen there.\n"
+                   "orvent-cli works on scenarios without a window.\n";
         }
     }
     return std::nullopt;

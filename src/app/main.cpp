@@ -6,6 +6,7 @@
 #include "platform/fault.h"
 #include "qt/platform/adapters.h"
 #include "qt/platform/application.h"
+#include "qt/shell/frame_window.h"
 #include "qt/theme/theme.h"
 
 int main(int argc, char* argv[]) {
@@ -19,7 +20,13 @@ int main(int argc, char* argv[]) {
     theme.apply(application);
     try {
         app::Program program(app::Places::ofUser(), theme);
-        return program.start() ? QApplication::exec() : 0;
+        if (!program.start()) {
+            return 0;
+        }
+        for (int at = 1; at < argc; ++at) {
+            program.window().openFile(argv[at]);
+        }
+        return QApplication::exec();
     } catch (const platform::Fault& fault) {
         qt::QtMessageBox().tell(fault.description(), {}, platform::Icon::critical);
         return EXIT_FAILURE;

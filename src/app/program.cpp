@@ -21,7 +21,8 @@ struct Program::Parts {
           file(places.settings),
           window(theme),
           firstStart(places, database, store, messages),
-          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder, saveDialog},
+          frame({database, dataSources, messages, input, files, colours, store, progress, help, folder, saveDialog,
+                 clipboard},
                 window, window.area()) {
         progress.attach(window.statusBar());
         window.attach(frame);
@@ -43,6 +44,7 @@ struct Program::Parts {
     qt::QtProgress progress;
     qt::QtHelpViewer help;
     qt::QtSaveDialog saveDialog;
+    qt::QtClipboard clipboard;
     qt::FrameWindow window;
     FirstStart firstStart;
     shell::MDIForm1 frame;

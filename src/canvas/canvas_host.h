@@ -57,6 +57,9 @@ class CanvasWindows {
     /// Scrolls so far that the node is seen.
     virtual void reveal(CanvasForm& form, const LabelsD& node) = 0;
 
+    /// Does with the selected nodes what the Edit menu would.
+    virtual void edit(CanvasForm& form, EditAction action) = 0;
+
     /// Pops a menu up at a place of the picture. It comes back at once; the chosen item's name goes to
     /// `CanvasPointer::choose`.
     virtual void showMenu(CanvasForm& form, const ContextMenu& menu, Point at) = 0;

@@ -12,6 +12,11 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetPropertiesM", "Properties", properties, {}, true, {}},
     ContextItem{"RecordSetNotReadyM", "Mark As Not Ready", notReady},
     ContextItem{"RecordSetDeleteM", "Delete", deleteNodes, NodeTypeRecordSet},
+    ContextItem{},
+    ContextItem{"RecordSetCutM", "Cut", edit, EditAction::cut},
+    ContextItem{"RecordSetCopyM", "Copy", edit, EditAction::copy},
+    ContextItem{"RecordSetPasteM", "Paste", edit, EditAction::paste},
+    ContextItem{"RecordSetDuplicateM", "Duplicate", edit, EditAction::duplicate},
 };
 
 constexpr std::array kActivityMenu = {
@@ -20,14 +25,29 @@ constexpr std::array kActivityMenu = {
     ContextItem{"ActivityNotReadyM", "Mark As Not Ready", notReady},
     ContextItem{"CreateFromLDLM", "Generate From LDL", templateWizard},
     ContextItem{"ActivityDeleteM", "Delete", deleteNodes, NodeTypeActivity},
+    ContextItem{},
+    ContextItem{"ActivityCutM", "Cut", edit, EditAction::cut},
+    ContextItem{"ActivityCopyM", "Copy", edit, EditAction::copy},
+    ContextItem{"ActivityPasteM", "Paste", edit, EditAction::paste},
+    ContextItem{"ActivityDuplicateM", "Duplicate", edit, EditAction::duplicate},
 };
 
 constexpr std::array kCommentMenu = {
     ContextItem{"CommentDeleteM", "Delete", deleteNodes, NodeTypeComment},
+    ContextItem{},
+    ContextItem{"CommentCutM", "Cut", edit, EditAction::cut},
+    ContextItem{"CommentCopyM", "Copy", edit, EditAction::copy},
+    ContextItem{"CommentPasteM", "Paste", edit, EditAction::paste},
+    ContextItem{"CommentDuplicateM", "Duplicate", edit, EditAction::duplicate},
 };
 
 constexpr std::array kLogMenu = {
     ContextItem{"LogDeleteM", "Delete", deleteNodes, NodeTypeLog},
+    ContextItem{},
+    ContextItem{"LogCutM", "Cut", edit, EditAction::cut},
+    ContextItem{"LogCopyM", "Copy", edit, EditAction::copy},
+    ContextItem{"LogPasteM", "Paste", edit, EditAction::paste},
+    ContextItem{"LogDuplicateM", "Duplicate", edit, EditAction::duplicate},
 };
 
 constexpr std::array kAngles = {

@@ -17,6 +17,7 @@ enum class MenuAction {
     deleteNodes,
     deleteEdges,
     setAngle,
+    edit,            ///< by way of the clipboard
     straightenEdge,  ///< the selection, when the edge is part of it, else the edge alone
 };
 

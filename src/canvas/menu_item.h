@@ -27,8 +27,11 @@ class WindowKinds {
 
 inline constexpr WindowKinds kEveryWindow(WindowKind::none, WindowKind::design, WindowKind::zoom);
 
-/// What an action is told: nothing, the kind of node to delete, or the angle to set.
-using MenuValue = std::variant<std::monostate, NodeTypeCode, AngleCode>;
+/// What is done with the selected nodes by way of the clipboard.
+enum class EditAction { cut, copy, paste, duplicate };
+
+/// What an action is told: nothing, the kind of node to delete, the angle to set, or what to do with the clipboard.
+using MenuValue = std::variant<std::monostate, NodeTypeCode, AngleCode, EditAction>;
 
 /// How an item stands at the moment.
 struct ItemState {

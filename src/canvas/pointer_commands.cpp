@@ -91,6 +91,9 @@ void CanvasPointer::runAction(const ContextItem& item) {
                 edge->setAngle(std::get<AngleCode>(item.value));
             }
             break;
+        case MenuAction::edit:
+            ports_.windows.edit(canvas_, std::get<EditAction>(item.value));
+            break;
         case MenuAction::straightenEdge:
             if (edge) {
                 canvas_.straightenEdges(edge);

@@ -26,6 +26,9 @@ std::optional<long long> parseInteger(std::string_view text);
 /// The shortest decimal text of a 32-bit float that reads back as the same float, C locale ("450", "0.1").
 std::string numberText(float value);
 
+/// The bytes of a file. Throws a `Fault` with the path when it cannot be read.
+std::string readFile(const std::string& path);
+
 /// Writes `text` to the file, replacing an old one, or the link that stands there. It is written beside and put in its
 /// place when it is whole, so that a disk that fills up costs nothing. Throws a `Fault` with the path and the system's
 /// words.

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <utility>
 
 #include "platform/fault.h"
@@ -78,6 +80,15 @@ class FileBeside {
 };
 
 }  // namespace
+
+std::string readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    if (!file.is_open() || file.bad()) {
+        throw Fault(path + ": " + std::strerror(errno));
+    }
+    return text;
+}
 
 void writeFile(const std::string& path, std::string_view text) {
     FileBeside file(path, false);

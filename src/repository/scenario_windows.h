@@ -14,6 +14,8 @@ class ScenarioWindows {
 
     /// Opens a window and gives its slot, or -1 when none was opened. An empty name is asked for.
     virtual int NewScenario(std::string& name) = 0;
+    /// How many slots there are.
+    virtual int slotCount() const = 0;
     /// The window in a slot, or nothing.
     virtual canvas::DrawForm* scenario(int slot) = 0;
     /// Closes a window without a question.

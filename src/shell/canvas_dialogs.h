@@ -20,6 +20,9 @@ class WindowKeeper {
     /// A dialog over the window gave it what it holds, and stays open.
     virtual void applied(canvas::CanvasForm& form) = 0;
 
+    /// Does with the selected nodes of a window what the Edit menu would.
+    virtual void edit(canvas::CanvasForm& form, canvas::EditAction action) = 0;
+
     /// A window takes input again, or takes none: commands and the focus follow.
     virtual void enabledChanged() = 0;
 };
@@ -37,6 +40,7 @@ class CanvasDialogs : public canvas::CanvasWindows {
     void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override;
     std::string typeOf(const canvas::LabelsD& node) const override;
     void close(canvas::CanvasForm& form) override { windows_.close(form); }
+    void edit(canvas::CanvasForm& form, canvas::EditAction action) override { windows_.edit(form, action); }
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {
         desk_.showMenu(form, menu, at);

@@ -40,6 +40,10 @@ constexpr std::array kFile = {
     item("PrintZoomM", "Print Zoom", printScenario, zoomWindow, "print", "Ctrl+P"),
     item("PrintPreviewM", "Print Preview", printPreview, withWindow, "", "Ctrl+Shift+P"),
     item("ExportTxtM", "Export To Text", exportText, designWindow, "export-text", "Ctrl+E"),
+    separator(anyWindow),
+    item("OpenFileM", "Open File...", openFile, anyWindow, "open", "Ctrl+Shift+O"),
+    item("ExportFileM", "Export To File...", exportFile, designWindow, "", "Ctrl+Shift+E"),
+    item("OpenRecentM", "Open Recent", openRecent, anyWindow, "", ""),
     separator(withWindow),
     item("CloseScenarioM", "Close Scenario", closeScenario, designWindow, "close", "Ctrl+W"),
     item("CloseZoomingM", "Close Zooming", closeScenario, zoomWindow, "close", "Ctrl+W"),
@@ -47,6 +51,13 @@ constexpr std::array kFile = {
     item("LoginM", "Login", login, withoutWindow, "login", ""),
     separator(anyWindow),
     item("QuitM", "Quit", quit, anyWindow, "", "Ctrl+Q"),
+};
+
+constexpr std::array kEdit = {
+    item("CutM", "Cut", cutNodes, designWindow, "", "Ctrl+X"),
+    item("CopyM", "Copy", copyNodes, withWindow, "", "Ctrl+C"),
+    item("PasteM", "Paste", pasteNodes, designWindow, "", "Ctrl+V"),
+    item("DuplicateM", "Duplicate", duplicateNodes, designWindow, "", "Ctrl+D"),
 };
 
 constexpr std::array kRelationships = {
@@ -101,8 +112,9 @@ constexpr std::array kHelp = {
 };
 
 constexpr std::array kMenus = {
-    Menu{"FileM", kFile, "File"},    Menu{"ViewM", kView, "View"},     Menu{"ZoomM", kZoom, "Zoom"},
-    Menu{"TypesM", kTypes, "Types"}, Menu{"TestGraph", kTest, "Test"}, Menu{"HelpM", kHelp, "Help"},
+    Menu{"FileM", kFile, "File"}, Menu{"EditM", kEdit, "Edit"},    Menu{"ViewM", kView, "View"},
+    Menu{"ZoomM", kZoom, "Zoom"}, Menu{"TypesM", kTypes, "Types"}, Menu{"TestGraph", kTest, "Test"},
+    Menu{"HelpM", kHelp, "Help"},
 };
 
 constexpr std::array kGeneral = {

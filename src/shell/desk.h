@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
 #include "canvas/tints.h"
@@ -36,6 +38,8 @@ class Desk {
     virtual void showTints(canvas::CanvasForm& form, canvas::Tints* tints) = 0;
     /// Pops a context menu up at a place of the picture.
     virtual void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) = 0;
+    /// Where the pointer is in the picture of that window, or nothing while it is elsewhere.
+    virtual std::optional<canvas::Point> pointerIn(const canvas::CanvasForm& form) const = 0;
     /// Paints the whole picture, with the shades that its window shows. A dialog that is cancelled or a printer that
     /// fails is not told.
     virtual void paint(canvas::CanvasForm& form, PictureTarget target) = 0;

@@ -42,6 +42,7 @@ struct MDIForm1::CommandRow {
         withSave,   ///< the same, and the button of `MenuBar` is on
         withPrint,  ///< likewise
         withUndo,   ///< the button of `MenuBar` is on
+        withRecent,
         withoutWindows
     };
 
@@ -70,11 +71,19 @@ struct MDIForm1::CommandTable {
         {Command::printPreview, withPrint,
          [](MDIForm1& f) { f.desk_.paint(*f.activeEnabled(), PictureTarget::preview); }},
         {Command::exportText, inDesign, [](MDIForm1& f) { f.exportAs(kTextExporter); }},
+        {Command::openFile, always, [](MDIForm1& f) { f.files_.open(); }},
+        {Command::exportFile, inDesign, [](MDIForm1& f) { f.files_.exportTo(*f.activeScenario()); }},
+        {Command::openRecent, withRecent, [](MDIForm1& f) { f.openFile(f.recentFiles().front()); }},
         {Command::closeScenario, inWindow, [](MDIForm1& f) { f.close(*f.activeEnabled()); }},
         {Command::login, withoutWindows, [](MDIForm1& f) { f.login(); }},
         {Command::changeUser, always, [](MDIForm1& f) { f.changeUser(); }},
         {Command::quit, always, [](MDIForm1& f) { f.host_.unloadFrame(); }},
         {Command::undo, withUndo, [](MDIForm1& f) { f.ports_.messages.tell("Undo"); }},
+        {Command::cutNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::cut); }},
+        {Command::copyNodes, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::copy); }},
+        {Command::pasteNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::paste); }},
+        {Command::duplicateNodes, inDesign,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::duplicate); }},
         {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
         {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
@@ -155,6 +164,8 @@ bool MDIForm1::isEnabled(Command command) const {
             return activeEnabled() && tools_.isMenuEnabled("Print");
         case withUndo:
             return tools_.isMenuEnabled("Undo");
+        case withRecent:
+            return !recentFiles().empty();
         case withoutWindows:
             return !anyScenario();
     }
@@ -260,6 +271,29 @@ void MDIForm1::zoom(bool in) {
         by = canvas::GetRatio(ports_.input, ports_.messages, in ? "IN" : "OUT");
     }
     canvas::Zoom(form, in, by, ports_.progress);
+}
+
+void MDIForm1::openFile(const std::string& path) {
+    files_.open(path);
+    host_.commandsChanged();
+}
+
+void MDIForm1::edit(canvas::CanvasForm& form, canvas::EditAction action) {
+    if (const auto* view = dynamic_cast<const zoom::ZoomView*>(&form)) {
+        clipboard_.copyText(*view);
+        return;
+    }
+    canvas::DrawForm& design = form.scenario();
+    switch (action) {
+        case canvas::EditAction::cut:
+            return clipboard_.cut(design);
+        case canvas::EditAction::copy:
+            return clipboard_.copy(design);
+        case canvas::EditAction::paste:
+            return clipboard_.paste(design, desk_.pointerIn(design));
+        case canvas::EditAction::duplicate:
+            return clipboard_.duplicate(design);
+    }
 }
 
 /// Writes the scenario in front into the data folder.

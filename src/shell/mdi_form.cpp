@@ -38,6 +38,9 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       ldl_(ports.messages, ports.folder, ports.progress, &wizard_, &unfinished_),
       consistency_(host, desk, ports.progress),
       dialogs_(desk, *this, {services_, catalogue_, wizard_, ports.folder, ports.saveDialog, nodes_, host.dialogs()}),
+      documentTypes_(services_, catalogue_),
+      files_(ports, services_, *this, {documentTypes_, host.dialogs()}),
+      clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
       metricsScenarios_(*this, scenarioListeners_, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;

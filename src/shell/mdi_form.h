@@ -20,11 +20,14 @@
 #include "shell/commands.h"
 #include "shell/consistency_check.h"
 #include "shell/desk.h"
+#include "shell/document_catalogue.h"
 #include "shell/exporters.h"
 #include "shell/frame_host.h"
 #include "shell/metrics_scenarios.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
+#include "shell/scenario_clipboard.h"
+#include "shell/scenario_files.h"
 #include "shell/scenario_listener.h"
 #include "shell/tool_bars.h"
 #include "shell/wizard_window.h"
@@ -67,6 +70,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     bool close(canvas::CanvasForm& form) override;
     void ZoomActivity(int Slot, std::int32_t NodeIndex) override;
     void applied(canvas::CanvasForm& form) override;
+    void edit(canvas::CanvasForm& form, canvas::EditAction action) override;
     void enabledChanged() override { host_.commandsChanged(); }
     /// The frame's close request: closes the windows beside the scenarios', then every scenario in slot order. False
     /// when one of them was kept.
@@ -76,6 +80,7 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
 
     // ScenarioWindows
     int NewScenario(std::string& name) override;
+    int slotCount() const override { return kSlots; }
     canvas::DrawForm* scenario(int slot) override;
     void discardScenario(int slot) override;
     void scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* except) override;
@@ -90,6 +95,9 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     void chooseGroup(int group);
 
     bool anyScenario() const;
+    /// Opens a scenario's file, as by the menu.
+    void openFile(const std::string& path);
+    const std::vector<std::string>& recentFiles() const { return files_.recent(); }
     /// Tells the listener of scenarios that come and go while its holder keeps the subscription.
     [[nodiscard]] ScenarioSubscription listen(ScenarioListener& listener) { return scenarioListeners_.add(listener); }
     const OptionsData& options() const { return options_; }
@@ -146,6 +154,9 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     editors::ZoomNodes nodes_;
     CanvasDialogs dialogs_;
     links::CanvasLinks links_;
+    DocumentCatalogue documentTypes_;
+    ScenarioFiles files_;
+    ScenarioClipboard clipboard_;
     ScenarioListeners scenarioListeners_;
     MetricsScenarios<kSlots> metricsScenarios_;
 

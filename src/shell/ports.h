@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/clipboard.h"
 #include "platform/database.h"
 #include "platform/dialogs.h"
 #include "platform/program_folder.h"
@@ -21,6 +22,7 @@ struct Ports {
     platform::HelpViewer& help;
     const platform::ProgramFolder& folder;
     platform::SaveDialog& saveDialog;
+    platform::Clipboard& clipboard;
 };
 
 }  // namespace orvent::shell

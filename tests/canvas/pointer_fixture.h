@@ -41,6 +41,9 @@ class LoggingHost : public canvas::ToolState,
     }
     std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm& form) override { log_ += " close " + form.Caption(); }
+    void edit(canvas::CanvasForm&, canvas::EditAction action) override {
+        log_ += " edit " + std::to_string(static_cast<int>(action));
+    }
     void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { log_ += " show " + node.Caption(); }
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point) override {
         log_ += " " + std::string(menu.name);

@@ -59,7 +59,7 @@ class WindowProgram {
     WindowProgram()
         : folder_(repository.folder.path()),
           logic({repository.hooked, repository.dataSources, messages, input, repository.files, colours_,
-                 repository.store, progress, help_, folder_, saveDialog_},
+                 repository.store, progress, help_, folder_, saveDialog_, clipboard},
                 frame, frame.area()) {
         progress.attach(frame.statusBar());
         frame.attach(logic);
@@ -122,6 +122,7 @@ class WindowProgram {
     testkit::NoColours colours_;
     testkit::NoHelp help_;
     testkit::ChosenFile saveDialog_;
+    testkit::OwnClipboard clipboard;
     platform::ProgramFolder folder_;
 
   public:

@@ -33,6 +33,7 @@ struct RecordingWindows : repository::ScenarioWindows {
         calls.push_back("new " + name);
         return form ? 3 : -1;
     }
+    int slotCount() const override { return 4; }
     canvas::DrawForm* scenario(int slot) override { return slot == 3 ? form : nullptr; }
     void discardScenario(int slot) override { calls.push_back("discard " + std::to_string(slot)); }
     void scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* except) override {

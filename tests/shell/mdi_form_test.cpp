@@ -274,6 +274,8 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"SaveScenarioAsM SaveChangesM DeleteScenarioM", {saveScenarioAs, saveScenario, deleteScenario}},
         {"PrintScenarioM PrintZoomM PrintPreviewM", {printScenario, printScenario, printPreview}},
         {"ExportTxtM CloseScenarioM CloseZoomingM LoginM", {exportText, closeScenario, closeScenario, login}},
+        {"OpenFileM ExportFileM OpenRecentM", {openFile, exportFile, openRecent}},
+        {"CutM CopyM PasteM DuplicateM", {cutNodes, copyNodes, pasteNodes, duplicateNodes}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM SelectAllM", {colourByMetric, selectAll}},
         {"ViewPartOfM ViewInstanceOfM ViewRegulatorM", {viewPartOf, viewInstanceOf, viewRegulator}},

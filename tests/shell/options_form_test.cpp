@@ -22,10 +22,11 @@ class OptionsWindow : public ::testing::Test {
     OneColour colours;
     testkit::NoHelp help;
     testkit::ChosenFile saveDialog;
+    testkit::OwnClipboard clipboard;
     OptionsData options;
-    OptionsForm form{options,
-                     Ports{repository.hooked, repository.dataSources, repository.messages, repository.input,
-                           repository.files, colours, repository.store, repository.progress, help, folder, saveDialog}};
+    OptionsForm form{options, Ports{repository.hooked, repository.dataSources, repository.messages, repository.input,
+                                    repository.files, colours, repository.store, repository.progress, help, folder,
+                                    saveDialog, clipboard}};
 };
 
 TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {

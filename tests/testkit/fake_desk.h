@@ -27,6 +27,8 @@ class FakeDesk : public shell::Desk {
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {
         menus.push_back(form.Caption() + " " + std::string(menu.name));
     }
+    std::optional<canvas::Point> pointer;  ///< in the picture of the active window
+    std::optional<canvas::Point> pointerIn(const canvas::CanvasForm&) const override { return pointer; }
     void paint(canvas::CanvasForm& form, shell::PictureTarget target) override {
         prints.push_back(form.Caption() + (target == shell::PictureTarget::preview ? "?" : ""));
     }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "canvas/canvas.h"
+#include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/save_dialog.h"
 #include "platform/settings_store.h"
@@ -123,6 +124,18 @@ class ScriptedFileDialog : public platform::FileDialog {
 
   private:
     Script<std::string> script_{"file dialog", failGoogleTest};
+};
+
+/// A clipboard of this run alone.
+class OwnClipboard : public platform::Clipboard {
+  public:
+    std::string content, mime;
+
+    void put(const std::string& text, const std::string& type) override {
+        content = text;
+        mime = type;
+    }
+    std::string text(const std::string&) const override { return content; }
 };
 
 /// Chooses the file of `path`, or none, and keeps what it was asked.

@@ -30,7 +30,7 @@ class TestFrame {
         : repository_(repository),
           folder_(repository.folder.path()),
           frame({repository.hooked, repository.dataSources, repository.messages, repository.input, repository.files,
-                 colours_, repository.store, repository.progress, help_, folder_, saveDialog},
+                 colours_, repository.store, repository.progress, help_, folder_, saveDialog, clipboard},
                 host, desk) {
         const repository::LoginValues& login = repository.settings.login;
         repository.store.setValue("DB", "ReposConnString", login.ReposConnString);
@@ -80,6 +80,7 @@ class TestFrame {
 
   public:
     ChosenFile saveDialog;
+    OwnClipboard clipboard;
     FakeFrameHost host;
     FakeDesk desk;
     shell::MDIForm1 frame;

@@ -215,6 +215,11 @@ void CanvasEditor::showPointerShape() {
     viewport()->unsetCursor();
 }
 
+std::optional<canvas::Point> CanvasEditor::pointerPlace() const {
+    const QPoint place = viewport()->mapFromGlobal(QCursor::pos());
+    return viewport()->rect().contains(place) ? std::optional(transform().toTwips(place)) : std::nullopt;
+}
+
 // Context menus.
 
 void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {

@@ -31,6 +31,9 @@ class CanvasEditor : public CanvasViewWidget {
     /// Shows the nodes in shades with a legend, or in their own colours again.
     void showTints(canvas::Tints* tints);
 
+    /// Where the pointer is in the picture, or nothing while it is elsewhere.
+    std::optional<canvas::Point> pointerPlace() const;
+
   Q_SIGNALS:
     /// The pointer is at a place of the picture, or not over it.
     void pointed(std::optional<canvas::Point> place);

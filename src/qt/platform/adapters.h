@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 
+#include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/save_dialog.h"
 
@@ -49,6 +50,13 @@ class QtSaveDialog : public platform::SaveDialog {
 
 /// "SQL Files (*.sql)|*.sql" in the form that the toolkit's file dialog wants; several pairs may follow each other.
 QString toolkitFilter(const std::string& filter);
+
+/// The clipboard of the desk.
+class QtClipboard : public platform::Clipboard {
+  public:
+    void put(const std::string& text, const std::string& mime) override;
+    std::string text(const std::string& mime) const override;
+};
 
 class QtColourDialog : public platform::ColourDialog {
   public:

@@ -91,6 +91,17 @@ QAction* CommandActions::menuAction(std::string_view name) const {
     return nullptr;
 }
 
+void CommandActions::addMenu(std::string_view item, std::function<void(QMenu&)> fill) {
+    if (QAction* action = menuAction(item)) {
+        auto* menu = new QMenu(action->text(), qobject_cast<QMenu*>(action->parent()));
+        action->setMenu(menu);
+        connect(menu, &QMenu::aboutToShow, this, [menu, fill = std::move(fill)] {
+            menu->clear();
+            fill(*menu);
+        });
+    }
+}
+
 void CommandActions::refresh(const shell::MDIForm1& logic) {
     for (const Entry& entry : entries_) {
         const bool shown = entry.windows.has(logic.front());

@@ -32,6 +32,8 @@ class CommandActions : public QObject {
     explicit CommandActions(Run run, QObject* parent) : QObject(parent), run_(std::move(run)) {}
 
     void fill(QMenuBar& bar);
+    /// Gives an item of the menu bar a menu that is filled when it opens.
+    void addMenu(std::string_view item, std::function<void(QMenu&)> fill);
     void fill(QToolBar& bar);
     QAction* add(const shell::Button& button, QObject* parent);
 

@@ -200,6 +200,11 @@ void DeskArea::showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& men
     windowOf(form)->editor().showMenu(menu, at);
 }
 
+std::optional<canvas::Point> DeskArea::pointerIn(const canvas::CanvasForm& form) const {
+    const DeskWindow* window = windowOf(form);
+    return window ? window->editor().pointerPlace() : std::nullopt;
+}
+
 void DeskArea::paint(canvas::CanvasForm& form, shell::PictureTarget target) {
     const PagePicture picture{text(form.Caption()), form.PicForm.Width() > form.PicForm.Height(),
                               [&form, tints = windowOf(form)->editor().tints()](QPainter& painter, const QRectF& page) {

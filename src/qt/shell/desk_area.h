@@ -38,6 +38,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void present(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
     void showTints(canvas::CanvasForm& form, canvas::Tints* tints) override;
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
+    std::optional<canvas::Point> pointerIn(const canvas::CanvasForm& form) const override;
     void paint(canvas::CanvasForm& form, shell::PictureTarget target) override;
 
     void dropAll();

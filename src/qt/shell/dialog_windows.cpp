@@ -19,6 +19,7 @@
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "qt/shell/edge_changes_window.h"
+#include "qt/shell/missing_types_window.h"
 #include "qt/shell/options_window.h"
 #include "qt/shell/shortcuts_form.h"
 #include "qt/statements/ldl_form_window.h"
@@ -125,6 +126,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
             }
             last->show();
         });
+    add<exchange::MissingTypesForm, MissingTypesWindow>(dialogs, frame);
     add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
     add<shell::AboutForm, AboutForm>(dialogs, frame);
 }

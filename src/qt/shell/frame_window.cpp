@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
@@ -98,6 +99,12 @@ void FrameWindow::build() {
 
 void FrameWindow::buildCommands() {
     commands_.fill(*menuBar());
+    commands_.addMenu("OpenRecentM", [this](QMenu& menu) {
+        for (const std::string& path : logic_->recentFiles()) {
+            menu.addAction(text(path).replace(u'&', QStringLiteral("&&")), this, [this, path] { openFile(path); });
+        }
+    });
+    setAcceptDrops(true);
     windowMenu_ = new QMenu(tr("&Window"), this);
     windowMenu_->setObjectName(QStringLiteral("WindowM"));
     menuBar()->insertMenu(menuBar()->actions().constLast(), windowMenu_);
@@ -138,6 +145,26 @@ void FrameWindow::buildCentre() {
     columns->addWidget(sideMenu_->scrolling());
     columns->addWidget(centre_, 1);
     setCentralWidget(row);
+}
+
+void FrameWindow::openFile(const std::string& path) {
+    if (logic_ && takesInput_) {
+        logic_->openFile(path);
+    }
+}
+
+void FrameWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    }
+}
+
+void FrameWindow::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) {
+            openFile(url.toLocalFile().toStdString());
+        }
+    }
 }
 
 void FrameWindow::run(shell::Command command) {

@@ -37,6 +37,9 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     /// The windows with a canvas.
     DeskArea& area() { return *area_; }
 
+    /// Opens a scenario's file.
+    void openFile(const std::string& path);
+
     // FrameHost, the frame itself
     const forms::Dialogs& dialogs() const override { return dialogs_; }
     void placePalette(shell::Palette palette) override;
@@ -51,6 +54,8 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     static void leaveProcess();

@@ -1,0 +1,89 @@
+#include "shell/scenario_clipboard.h"
+
+#include "canvas/deletion.h"
+#include "canvas/node_tip.h"
+#include "exchange/bad_document.h"
+#include "shell/program_version.h"
+
+namespace orvent::shell {
+
+namespace {
+
+std::string nodesWords(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " node" : " nodes");
+}
+
+}  // namespace
+
+void ScenarioClipboard::copy(const canvas::DrawForm& form) {
+    const std::string text = exchange::copySelection(form, exchange_.catalogue, programVersion());
+    if (text.empty()) {
+        ports_.progress.status("No node is selected.");
+        return;
+    }
+    ports_.clipboard.put(text, exchange::kMimeType);
+    ports_.progress.status("Copied " + nodesWords(form.SelectedLabels.members().size()) + ".");
+}
+
+void ScenarioClipboard::copyText(const zoom::ZoomView& view) {
+    std::string text;
+    for (const std::int32_t number : view.SelectedLabels.members()) {
+        if (const canvas::LabelsD* node = view.Labels.byIndex(number)) {
+            const canvas::NodeTip tip = canvas::tipOf(*node, {});
+            text += tip.name + "\t" + tip.kind + "\t" + tip.counts + "\n";
+        }
+    }
+    if (!text.empty()) {
+        ports_.clipboard.put(text, "text/plain");
+    }
+}
+
+void ScenarioClipboard::cut(canvas::DrawForm& form) {
+    const std::string text = exchange::copySelection(form, exchange_.catalogue, programVersion());
+    if (text.empty()) {
+        ports_.progress.status("No node is selected.");
+        return;
+    }
+    ports_.clipboard.put(text, exchange::kMimeType);
+    const std::size_t count = form.SelectedLabels.members().size();
+    canvas::DeleteSelectedNodes(form, canvas::kEveryNodeType, ports_.links, form.rules());
+    ports_.progress.status("Cut " + nodesWords(count) + ".");
+}
+
+void ScenarioClipboard::paste(canvas::DrawForm& form, std::optional<canvas::Point> at) {
+    const std::string text = ports_.clipboard.text(exchange::kMimeType);
+    if (!exchange::mayBeDocument(text)) {
+        ports_.progress.status("The clipboard holds no nodes.");
+        return;
+    }
+    try {
+        tell(exchange::paste(form, text, at, exchange_), "Pasted ");
+    } catch (const exchange::BadDocument& bad) {
+        ports_.messages.tell("This cannot be pasted.\n" + bad.description(), {}, platform::Icon::warning);
+    }
+}
+
+void ScenarioClipboard::duplicate(canvas::DrawForm& form) {
+    if (form.SelectedLabels.members().empty()) {
+        ports_.progress.status("No node is selected.");
+        return;
+    }
+    tell(exchange::duplicateSelection(form), "Duplicated ");
+}
+
+void ScenarioClipboard::tell(const exchange::Inserted& inserted, const char* done) {
+    if (inserted.nodes.empty()) {
+        return;
+    }
+    ports_.progress.status(done + nodesWords(inserted.nodes.size()) + ".");
+    std::string words = inserted.words;
+    for (const exchange::UncertainStatement& statement : inserted.uncertain) {
+        words += (words.empty() ? "" : "\n") + std::string("The statement of ") + statement.activity +
+                 " keeps its words: " + statement.why;
+    }
+    if (!words.empty()) {
+        ports_.messages.tell(words);
+    }
+}
+
+}  // namespace orvent::shell

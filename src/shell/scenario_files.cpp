@@ -1,0 +1,148 @@
+#include "shell/scenario_files.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "exchange/document_reader.h"
+#include "exchange/document_writer.h"
+#include "platform/name_list.h"
+#include "platform/text.h"
+#include "shell/program_version.h"
+
+namespace orvent::shell {
+
+namespace {
+
+constexpr const char* kSection = "Files";
+constexpr const char* kFilter = "ORVENT II Scenarios (*.orvent)|*.orvent";
+constexpr const char* kSuffix = ".orvent";
+
+std::string keyOfRecent(std::size_t at) {
+    return "Recent" + std::to_string(at + 1);
+}
+
+}  // namespace
+
+ScenarioFiles::ScenarioFiles(const Ports& ports, repository::Services& services, repository::ScenarioWindows& windows,
+                             const exchange::ExchangePorts& exchange)
+    : ports_(ports), services_(services), windows_(windows), exchange_(exchange) {
+    for (std::size_t at = 0; at < kMostRecent; ++at) {
+        if (std::string path = ports_.store.value(kSection, keyOfRecent(at), {}); !path.empty()) {
+            recent_.push_back(std::move(path));
+        }
+    }
+}
+
+void ScenarioFiles::open() {
+    if (const std::string path = ports_.files.openFile(kFilter); !path.empty()) {
+        open(path);
+    }
+}
+
+void ScenarioFiles::open(const std::string& path) {
+    std::error_code ignored;
+    const std::filesystem::path whole = std::filesystem::absolute(path, ignored);
+    openHere(ignored ? path : whole.string());
+}
+
+void ScenarioFiles::openHere(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored)) {
+        forget(path);
+        ports_.messages.tell(path + " is not there any more.", {}, platform::Icon::warning);
+        return;
+    }
+    try {
+        if (fill(path)) {
+            remember(path);
+        }
+    } catch (const exchange::BadDocument& bad) {
+        ports_.messages.tell(path + " cannot be opened.\n" + bad.description(), {}, platform::Icon::warning);
+    } catch (const platform::Fault& fault) {
+        repository::showFault(services_, fault);
+    }
+}
+
+bool ScenarioFiles::fill(const std::string& path) {
+    const platform::Busy busy(ports_.progress);
+    exchange::Document document = exchange::readDocument(platform::readFile(path));
+    auto types = exchange::settleTypes(document, exchange_);
+    if (!types) {
+        return false;
+    }
+    std::string name = freeName(document.name);
+    document.name = name;
+    document.stored.reset();
+    const int slot = windows_.NewScenario(name);
+    if (slot < 0) {
+        return false;
+    }
+    canvas::DrawForm& form = *windows_.scenario(slot);
+    const auto dangling = exchange::fillForm(form, std::move(document), types->indices);
+    form.stored.changed = true;
+    form.tellStored();
+    if (!dangling.empty()) {
+        types->words += (types->words.empty() ? "" : "\n") + std::string("Links lead to what is not there, in: ") +
+                        platform::nameList(dangling) + ".";
+    }
+    if (!types->words.empty()) {
+        ports_.messages.tell(types->words);
+    }
+    return true;
+}
+
+std::string ScenarioFiles::freeName(const std::string& name) {
+    const auto isTaken = [this](const std::string& candidate) {
+        for (int slot = 0; slot < windows_.slotCount(); ++slot) {
+            const canvas::DrawForm* form = windows_.scenario(slot);
+            if (form && form->Caption() == candidate) {
+                return true;
+            }
+        }
+        return false;
+    };
+    const std::string own = name.empty() ? "Scenario" : name;
+    std::string candidate = own;
+    for (int number = 2; isTaken(candidate); ++number) {
+        candidate = own + " (" + std::to_string(number) + ")";
+    }
+    return candidate;
+}
+
+void ScenarioFiles::exportTo(const canvas::DrawForm& form) {
+    std::string path = ports_.saveDialog.saveFile("Export To File", kFilter, ports_.folder.root().string(),
+                                                  platform::OldFile::askedAbout);
+    if (path.empty()) {
+        return;
+    }
+    if (!path.ends_with(kSuffix)) {
+        path += kSuffix;
+    }
+    const platform::Busy busy(ports_.progress);
+    const auto types = exchange::definitionsFor(exchange::Extract::all(form), exchange_.catalogue);
+    platform::writeFile(path,
+                        exchange::writeDocument(form, exchange_.catalogue.tables(), types, {programVersion(), false}));
+    remember(path);
+    ports_.progress.status(path + " Created");
+}
+
+void ScenarioFiles::remember(const std::string& path) {
+    std::erase(recent_, path);
+    recent_.insert(recent_.begin(), path);
+    recent_.resize(std::min(recent_.size(), kMostRecent));
+    storeRecent();
+}
+
+void ScenarioFiles::forget(const std::string& path) {
+    if (std::erase(recent_, path) > 0) {
+        storeRecent();
+    }
+}
+
+void ScenarioFiles::storeRecent() {
+    for (std::size_t at = 0; at < kMostRecent; ++at) {
+        ports_.store.setValue(kSection, keyOfRecent(at), at < recent_.size() ? recent_[at] : std::string());
+    }
+}
+
+}  // namespace orvent::shell
