@@ -1,8 +1,11 @@
 // The models of lists and trees: every change arrives as itself, and the toolkit's own examiner finds no fault.
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <random>
 
 #include "qt/forms/list_model.h"
+#include "qt/forms/row_view.h"
 #include "qt/forms/tree_model.h"
 #include "window_test.h"
 
@@ -61,6 +64,21 @@ class ListModelsTest : public WindowTest {
     Q_OBJECT
 
   private Q_SLOTS:
+    void selectedRowsAreCopiedWithTabs() {
+        List list;
+        forms::ListRow second = row("b");
+        second.SubItems = {"NUMBER", "RS1"};
+        list.add(row("a"));
+        list.add(second);
+        ListModel model(list, {QStringLiteral("Name"), QStringLiteral("Type"), QStringLiteral("From")}, noPicture,
+                        nullptr);
+        RowView view(model, QStringLiteral("List"), nullptr);
+        view.setReport(true);
+        list.select(2);
+        QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("text of b\tNUMBER\tRS1\n"));
+    }
+
     void anyChangesOfAListArriveAsThemselves() {
         List list;
         list.add(row("first"));

@@ -1,5 +1,7 @@
 #include "qt/forms/row_view.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -161,7 +163,25 @@ void RowView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete && removeRows) {
         return removeRows();
     }
+    if (event->matches(QKeySequence::Copy)) {
+        return QGuiApplication::clipboard()->setText(selectedText());
+    }
     QTreeView::keyPressEvent(event);
+}
+
+QString RowView::selectedText() const {
+    QString lines;
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        if (!selectionModel()->isRowSelected(row)) {
+            continue;
+        }
+        for (int column = 0; column < model()->columnCount(); ++column) {
+            lines += column == 0 ? QString() : QStringLiteral("\t");
+            lines += model()->index(row, column).data().toString();
+        }
+        lines += QLatin1Char('\n');
+    }
+    return lines;
 }
 
 void RowView::paintEvent(QPaintEvent* event) {

@@ -32,6 +32,8 @@ class RowView : public QTreeView {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    /// What the selected rows show, a line each with tabs.
+    QString selectedText() const;
     void tellSelection();
     void takeSelection();
 
