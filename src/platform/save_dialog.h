@@ -14,7 +14,8 @@ class SaveDialog {
     virtual ~SaveDialog() = default;
 
     /// The path, or empty when none was chosen; nothing is written. `filter` is "words|pattern", as in
-    /// "Log Files (*.log)|*.log". The dialog starts in `folder`.
+    /// "Log Files (*.log)|*.log". The dialog starts in `folder`,
+    /// which may be a file that is proposed.
     virtual std::string saveFile(const std::string& title, const std::string& filter, const std::string& folder,
                                  OldFile oldFile) = 0;
 };

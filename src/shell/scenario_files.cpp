@@ -109,9 +109,18 @@ std::string ScenarioFiles::freeName(const std::string& name) {
     return candidate;
 }
 
+/// A file of the scenario's name in the data folder, or that folder for a name that no file can have.
+std::string ScenarioFiles::proposalFor(const canvas::DrawForm& form) const {
+    try {
+        return ports_.folder.file("\\", form.Caption(), kSuffix);
+    } catch (const platform::Fault&) {
+        return ports_.folder.root().string();
+    }
+}
+
 void ScenarioFiles::exportTo(const canvas::DrawForm& form) {
-    std::string path = ports_.saveDialog.saveFile("Export To File", kFilter, ports_.folder.root().string(),
-                                                  platform::OldFile::askedAbout);
+    std::string path =
+        ports_.saveDialog.saveFile("Export To File", kFilter, proposalFor(form), platform::OldFile::askedAbout);
     if (path.empty()) {
         return;
     }

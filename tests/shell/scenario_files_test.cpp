@@ -36,6 +36,8 @@ TEST_F(ScenarioFiles, AFileOpensAsANewScenario) {
     canvas::DrawForm& sample = test.active();
     const std::string whole = testkit::modelText(sample);
     exported("a");
+    EXPECT_EQ(test.saveDialog.asked,
+              "Export To File|ORVENT II Scenarios (*.orvent)|*.orvent|" + pathOf("Sample.orvent") + "?");
     test.frame.openFile(pathOf("a.orvent"));
     canvas::DrawForm& opened = test.active();
     ASSERT_NE(&opened, &sample);

@@ -30,6 +30,7 @@ MissingTypesWindow::MissingTypesWindow(exchange::MissingTypesForm& logic, QWidge
         return true;
     });
     add.setEnabled(logic.canAdd());
+    add.setFocus();
     addCancel(QStringLiteral("cmdCancel"));
 }
 
