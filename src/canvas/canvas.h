@@ -78,7 +78,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
 
     virtual bool isZoom() const { return false; }
 
-    /// The node around which all others are placed, 0 for none.
+    /// The node that is painted as the middle of the picture, 0 or -1 for none.
     virtual std::int32_t centralNode() const { return 0; }
 
     /// Removes all nodes, edges, names and selections, and lets go of the rows to delete.

@@ -15,7 +15,7 @@ class Canvas;
 class Graph;
 class LabelsD;
 
-/// `EdgeType` codes. 2 and 5 have styles only: 5 draws derived edges of the zoom view.
+/// `EdgeType` codes. 2 and 5 stand for no link: in a zoom view they lead to types, and show what is derived.
 enum class EdgeTypeCode : std::int32_t {
     EdgeTypeProvider = 0,
     EdgeTypePartOf = 1,
@@ -98,7 +98,8 @@ class LinesD {
     std::int16_t ToGrabbingPoint() const { return end().grabPoint; }
 
     /// Leads one end to a grab point of a node: the edge leaves the list of the node where that end was and enters the
-    /// list of this one, and its end and its arrow head follow. Nothing else writes the lists of the nodes.
+    /// list of this one, and its end and its arrow head follow. Only a node that lets go of all its edges writes its
+    /// lists itself.
     void attach(EdgeEnd which, LabelsD& node, std::int16_t grabPoint);
     /// Leads one end to another grab point of the node where it is.
     void setGrabPoint(EdgeEnd which, std::int16_t grabPoint);

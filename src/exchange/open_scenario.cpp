@@ -74,17 +74,19 @@ std::optional<SettledTypes> settleTypes(const Document& document, const Exchange
     return settled;
 }
 
+std::string fillSettled(canvas::DrawForm& form, Document document, const SettledTypes& types) {
+    std::string words = types.words;
+    const std::vector<std::string> dangling = fillForm(form, std::move(document), types.indices);
+    if (!dangling.empty()) {
+        tell(words, "Links lead to what is not there, in: " + platform::nameList(dangling) + ".");
+    }
+    return words;
+}
+
 Opened openScenario(canvas::DrawForm& form, std::string_view text, const ExchangePorts& ports) {
     Document document = readDocument(text);
-    auto types = settleTypes(document, ports);
-    if (!types) {
-        return {};
-    }
-    const std::vector<std::string> dangling = fillForm(form, std::move(document), types->indices);
-    if (!dangling.empty()) {
-        tell(types->words, "Links lead to what is not there, in: " + platform::nameList(dangling) + ".");
-    }
-    return {true, types->words};
+    const auto types = settleTypes(document, ports);
+    return types ? Opened{true, fillSettled(form, std::move(document), *types)} : Opened{};
 }
 
 }  // namespace orvent::exchange

@@ -45,6 +45,10 @@ struct SettledTypes {
 /// Sees to the types that the catalogue lacks, with one question. Nothing when it was cancelled.
 std::optional<SettledTypes> settleTypes(const Document& document, const ExchangePorts& ports);
 
+/// Fills an empty window with a document whose types are settled. Gives what is to be told, in one message; empty when
+/// there is nothing.
+std::string fillSettled(canvas::DrawForm& form, Document document, const SettledTypes& types);
+
 /// How a document was opened.
 struct Opened {
     bool opened = false;  ///< false when the user has cancelled; the window is empty then

@@ -1,6 +1,5 @@
 #include "repository/type_additions.h"
 
-#include <ranges>
 #include <utility>
 
 #include "repository/catalogue_statements.h"
@@ -53,7 +52,8 @@ void TypeAdditions::remove(Kind kind, const std::string& name) {
 }
 
 std::vector<std::string> TypeAdditions::takeBack() {
-    for (const auto& [kind, name] : added_ | std::views::reverse) {
+    for (auto added = added_.rbegin(); added != added_.rend(); ++added) {
+        const auto& [kind, name] = *added;
         try {
             remove(kind, name);
         } catch (const platform::Fault&) {

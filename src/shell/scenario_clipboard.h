@@ -36,8 +36,6 @@ class ScenarioClipboard {
     void paste(canvas::DrawForm& form, std::optional<canvas::Point> at);
     void duplicate(canvas::DrawForm& form);
 
-    bool anyToPaste() const { return exchange::mayBeDocument(ports_.clipboard.text(exchange::kMimeType)); }
-
   private:
     void tell(const exchange::Inserted& inserted, const char* done);
 

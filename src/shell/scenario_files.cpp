@@ -5,7 +5,6 @@
 
 #include "exchange/document_reader.h"
 #include "exchange/document_writer.h"
-#include "platform/name_list.h"
 #include "platform/text.h"
 #include "shell/program_version.h"
 
@@ -66,7 +65,7 @@ void ScenarioFiles::openHere(const std::string& path) {
 bool ScenarioFiles::fill(const std::string& path) {
     const platform::Busy busy(ports_.progress);
     exchange::Document document = exchange::readDocument(platform::readFile(path));
-    auto types = exchange::settleTypes(document, exchange_);
+    const auto types = exchange::settleTypes(document, exchange_);
     if (!types) {
         return false;
     }
@@ -78,15 +77,11 @@ bool ScenarioFiles::fill(const std::string& path) {
         return false;
     }
     canvas::DrawForm& form = *windows_.scenario(slot);
-    const auto dangling = exchange::fillForm(form, std::move(document), types->indices);
+    const std::string words = exchange::fillSettled(form, std::move(document), *types);
     form.stored.changed = true;
     form.tellStored();
-    if (!dangling.empty()) {
-        types->words += (types->words.empty() ? "" : "\n") + std::string("Links lead to what is not there, in: ") +
-                        platform::nameList(dangling) + ".";
-    }
-    if (!types->words.empty()) {
-        ports_.messages.tell(types->words);
+    if (!words.empty()) {
+        ports_.messages.tell(words);
     }
     return true;
 }
