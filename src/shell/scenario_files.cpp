@@ -65,16 +65,21 @@ void ScenarioFiles::openHere(const std::string& path) {
 bool ScenarioFiles::fill(const std::string& path) {
     const platform::Busy busy(ports_.progress);
     exchange::Document document = exchange::readDocument(platform::readFile(path));
-    const auto types = exchange::settleTypes(document, exchange_);
-    if (!types) {
-        return false;
-    }
     std::string name = freeName(document.name);
     document.name = name;
     document.stored.reset();
-    const int slot = windows_.NewScenario(name);
+    // Before types are added: without a slot, which is told, nothing may change.
+    auto types = anySlot() ? exchange::settleTypes(document, exchange_) : exchange::SettledTypes{};
+    const int slot = types ? windows_.NewScenario(name) : -1;
     if (slot < 0) {
         return false;
+    }
+    // The first window reads the names of types anew, and keeps them from then on.
+    try {
+        types->indices = exchange::indicesIn(exchange_.catalogue.tables(), document);
+    } catch (const platform::Fault&) {
+        windows_.discardScenario(slot);
+        throw;
     }
     canvas::DrawForm& form = *windows_.scenario(slot);
     const std::string words = exchange::fillSettled(form, std::move(document), *types);
@@ -84,6 +89,14 @@ bool ScenarioFiles::fill(const std::string& path) {
         ports_.messages.tell(words);
     }
     return true;
+}
+
+bool ScenarioFiles::anySlot() {
+    bool any = false;
+    for (int slot = 0; slot < windows_.slotCount(); ++slot) {
+        any = any || !windows_.scenario(slot);
+    }
+    return any;
 }
 
 std::string ScenarioFiles::freeName(const std::string& name) {

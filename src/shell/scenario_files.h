@@ -33,6 +33,7 @@ class ScenarioFiles {
     void openHere(const std::string& path);
     bool fill(const std::string& path);
     std::string proposalFor(const canvas::DrawForm& form) const;
+    bool anySlot();
     std::string freeName(const std::string& name);
     void remember(const std::string& path);
     void forget(const std::string& path);

@@ -71,6 +71,39 @@ TEST_F(ScenarioFiles, WhatCannotBeOpenedChangesNothing) {
     EXPECT_FALSE(test.frame.isEnabled(Command::openRecent));
 }
 
+TEST_F(ScenarioFiles, TypesOfAFirstWindowKeepTheirNames) {
+    std::string other = exported("a");
+    for (std::size_t at = 0; (at = other.find("\"VARCHAR2\"", at)) != std::string::npos;) {
+        other.replace(at, 10, "\"VARCHAR9\"");
+    }
+    platform::writeFile(pathOf("other.orvent"), other);
+    test.close();
+    int asked = 0;
+    test.host.atMissingTypes = [&](exchange::MissingTypesForm& question) {
+        ++asked;
+        question.cmdWithout_Click();
+    };
+    repository.messages.expect(
+        "Kept as names that the repository does not have: data type VARCHAR9.\n"
+        "The repository's own definition holds, and is another one than the file's: function type SAMPLE_FUNCTION_1, "
+        "function type SAMPLE_FUNCTION_2, activity type Sample Combination, activity type Sample Derivation, "
+        "activity type Sample Transfer.");
+    test.frame.openFile(pathOf("other.orvent"));
+    const auto& tables = test.frame.catalogue().tables;
+    const auto* recordSet = test.active().nodeNamed("RS1")->recordSet();
+    EXPECT_EQ(tables.dataTypes.name(recordSet->RecordSet_Outputs.peek()->Item(1)->Attribute_Type), "VARCHAR9");
+    // Without a free slot nothing is asked, and so nothing is added.
+    for (int slot = 1; slot < shell::MDIForm1::kSlots; ++slot) {
+        std::string name = "S" + std::to_string(slot);
+        test.frame.NewScenario(name);
+    }
+    repository.messages.expect(
+        "Maximum Number Of Possible Concurrently Loaded Scenarios is Exceeded\n"
+        "You Will Have To Close One Of the Allready Open Scenarios Before Opening A New One");
+    test.frame.openFile(pathOf("other.orvent"));
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(ScenarioFiles, NodesGoFromScenarioToScenario) {
     canvas::DrawForm& sample = test.active();
     const int nodes = sample.Labels.Count();

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "editors/record_set_prop.h"
+#include "exchange/open_scenario.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/frame_host.h"
@@ -24,6 +25,7 @@ class FakeFrameHost : public shell::FrameHost {
         });
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
+        dialogs_.add<exchange::MissingTypesForm>([this](auto& question) { atMissingTypes(question); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
         dialogs_.add<shell::EdgeChangesForm>([this](auto& list) { atEdgeChanges(list); });
     }
@@ -34,6 +36,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(editors::RecordSetProp&)> atRecordSet;
     std::function<void(editors::SetActProp&)> atActivity;
     std::function<void(shell::EdgeChangesForm&)> atEdgeChanges;
+    std::function<void(exchange::MissingTypesForm&)> atMissingTypes;
     bool placed = false;
     int maximized = 0;
     bool ended = false;
