@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         define(variable, seed);
     }
     const LDLGenerator generator(variables, sources, *activity.Act_Outputs, activity, form);
-    if (generator.GenerateLDL(text).size() > kMostCharacters + 100) {
+    if (generator.GenerateLDL(text).text.size() > kMostCharacters + 100) {
         std::abort();
     }
     return 0;

@@ -103,7 +103,7 @@ void growth(const char* what, const std::function<std::string(std::size_t)>& mak
     for (int at = 0; at < 2; ++at) {
         const std::string text = makeTemplate(sizes[at]);
         std::size_t size = 0;
-        const double seconds = bestSeconds([&] { return bench.generator.GenerateLDL(text).size(); }, size);
+        const double seconds = bestSeconds([&] { return bench.generator.GenerateLDL(text).text.size(); }, size);
         perCharacter[at] = seconds / static_cast<double>(size) * 1e9;
     }
     std::printf("%-10s  10 kB %6.2f ns a character, 1 MB %6.2f ns, ratio %.2f (at most 1.5)\n", what, perCharacter[0],
@@ -123,7 +123,7 @@ void besideJinja() {
     Bench bench;
     const std::string text = loopTemplate(kLarge);
     std::size_t size = 0;
-    const double ours = bestSeconds([&] { return bench.generator.GenerateLDL(text).size(); }, size);
+    const double ours = bestSeconds([&] { return bench.generator.GenerateLDL(text).text.size(); }, size);
     const auto begin = std::chrono::steady_clock::now();
     std::FILE* jinja = popen(kJinja, "r");
     double render = 0;

@@ -18,15 +18,12 @@ void LDLForm::reset() {
     round_ = nullptr;
     mirrorOrder_.reset();
     type_ = {};
-    generatorFaults_.clear();
-    generated_ = false;
-    trouble_.clear();
+    forgetStatement();
     Activity = nullptr;
     CurrentVariable = nullptr;
     Sources.Clear();
     OutputsView.Clear();
     Variables.Clear();
-    ArrayPosition = 0;
     OriginalTemplate.clear();
     ActivityCreated = false;
     FromDialog = false;
@@ -34,7 +31,14 @@ void LDLForm::reset() {
     Enabled = {};
     txtTemplate.clear();
     lblVariable.clear();
+    marks.clear();
     clearPanel();
+}
+
+void LDLForm::forgetStatement() {
+    generated_ = false;
+    generatorFaults_.clear();
+    trouble_.clear();
 }
 
 void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& activity, ActivityDialog* dialog,
@@ -80,6 +84,27 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
         throw;
     }
     close();
+}
+
+bool LDLForm::isEnabled(LDLButton button) const {
+    if (!open_) {
+        return false;
+    }
+    switch (button) {
+        case LDLButton::cmdParseLDL:
+            return Enabled.cmdParseLDL;
+        case LDLButton::cmdGenerateLDL:
+            return Enabled.cmdGenerateLDL;
+        case LDLButton::cmdCreateAct:
+            return Enabled.cmdCreateAct;
+        case LDLButton::cmdNext:
+            return Enabled.cmdNext;
+        case LDLButton::cmdPrev:
+            return Enabled.cmdPrev;
+        case LDLButton::cmdOK:
+            return Enabled.cmdOK;
+    }
+    return false;
 }
 
 bool LDLForm::mayDismiss() {
@@ -139,9 +164,7 @@ void LDLForm::cmdParseLDL() {
     } else {
         txtTemplate = OriginalTemplate;
     }
-    generated_ = false;
-    generatorFaults_.clear();
-    trouble_.clear();
+    forgetStatement();
     Enabled = {};
     Enabled.txtTemplate = false;
     ScanTemplateVariables(txtTemplate);
@@ -150,11 +173,25 @@ void LDLForm::cmdParseLDL() {
         layOutWithoutVariables();
         return;
     }
+    clearPanel();
     fillLists();
     CurrentVariable = Variables.Item(1);
     Enabled.cmdNext = Variables.Count() > 1;
     Enabled.cmdGenerateLDL = Variables.Count() == 1;
     ShowCurrentVariable();
+}
+
+void LDLForm::ShowCurrentVariable() {
+    showVariable();
+    marks = marksIn(txtTemplate);
+}
+
+std::vector<LDLMark> LDLForm::marksIn(const std::string& text) const {
+    return CurrentVariable ? occurrencesOf(lblVariable, text) : std::vector<LDLMark>();
+}
+
+std::vector<LDLMark> LDLForm::templateMarks() const {
+    return marksIn(OriginalTemplate);
 }
 
 void LDLForm::layOutWithoutVariables() {
@@ -222,9 +259,8 @@ void LDLForm::cmdEditTemplate() {
     txtTemplate = std::exchange(OriginalTemplate, {});
     Enabled = {};
     Visible = {};
-    generated_ = false;
-    generatorFaults_.clear();
-    trouble_.clear();
+    marks.clear();
+    forgetStatement();
 }
 
 void LDLForm::cmdPrev() {
@@ -253,12 +289,12 @@ void LDLForm::cmdGenerateLDL() {
     }
     LDLGenerator generator(Variables, Sources, OutputsView, *Activity, *form_);
     generator.WholeNumbers = WholeNumbers();
-    LDLGenerator::Statement statement = generator.generate(OriginalTemplate);
+    LDLGenerator::Statement statement = generator.GenerateLDL(OriginalTemplate);
     txtTemplate = std::move(statement.text);
     generatorFaults_ = std::move(statement.faults);
     generated_ = true;
     Enabled.cmdCreateAct = true;
-    marks = CurrentVariable ? occurrences(txtTemplate, lblVariable) : std::vector<LDLMark>();
+    marks = marksIn(txtTemplate);
 }
 
 void LDLForm::cmdCreateAct() {

@@ -30,7 +30,7 @@ std::string FirstCapitalReplacer(const std::string& name) {
     return platform::lowerLetters(name.substr(0, first)) + name.substr(first);
 }
 
-LDLGenerator::Statement LDLGenerator::generate(const std::string& text) const {
+LDLGenerator::Statement LDLGenerator::GenerateLDL(const std::string& text) const {
     // A text may be long: a pass that has nothing to do makes no copy of it.
     Statement result;
     std::string loops, variables, names;

@@ -38,14 +38,12 @@ class LDLGenerator {
     /// more have names of their own.
     bool WholeNumbers = false;
 
-    std::string GenerateLDL(const std::string& text) const { return generate(text).text; }
-
     /// A statement, and why passes ended before the end of the text; a whole statement has no fault.
     struct Statement {
         std::string text;
         std::vector<std::string> faults;
     };
-    Statement generate(const std::string& text) const;
+    Statement GenerateLDL(const std::string& text) const;
 
     /// First pass: every loop "[header]{body}" becomes its repetitions, the outermost first. Equal loops are replaced
     /// together. A fault gives a text that begins "CRITICAL ERROR AT POSITION: " instead.

@@ -18,6 +18,17 @@ class LDLGuide {
     /// `complete` only when nothing at all is missing; `missing` when the statement or the activity is not whole.
     Mood mood() const;
 
+    /// Which of the activities without a statement this is; empty when only this one is opened.
+    std::string roundText() const;
+    /// How far the walk is and which variable is meant: "Variable 2 of 5: @KEY, an array with 3 elements".
+    std::string progressText() const;
+    /// What to do next, or what is still missing on the panel.
+    std::string hint() const;
+    /// Why a button is grey; empty while it is not.
+    std::string whyDisabled(LDLButton button) const;
+    /// The button that leads on; it may still be disabled.
+    LDLButton leadsOn() const;
+
     /// The activity's type and what it does: "Selection: Passes the rows ...".
     std::string typeText() const;
     /// What the variable stands for, in the words of the type's description; empty when they do not name it.

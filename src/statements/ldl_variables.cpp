@@ -54,4 +54,24 @@ void scanTemplate(std::string_view text, LDLVariableCollection& Variables) {
     }
 }
 
+std::vector<LDLMark> occurrencesOf(const std::string& name, const std::string& text) {
+    const std::string sought = "@" + name;
+    std::vector<LDLMark> result;
+    std::size_t at = text.find(sought);
+    while (at != std::string::npos) {
+        std::size_t end = at + sought.size();
+        if (end < text.size() && isNameCharacter(text[end])) {
+            at = text.find(sought, at + 1);
+            continue;
+        }
+        if (end < text.size() && text[end] == '[') {
+            const std::size_t close = text.find(']', end);
+            end = close == std::string::npos ? end : close + 1;
+        }
+        result.push_back({at, end - at});
+        at = text.find(sought, end);
+    }
+    return result;
+}
+
 }  // namespace orvent::statements

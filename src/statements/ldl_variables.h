@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "entities/keyed_collection.h"
 
@@ -94,5 +95,20 @@ std::string_view nameAt(std::string_view text, std::size_t at);
 /// Adds every variable of the template that is not there yet. One occurrence with "[" directly behind the name makes a
 /// variable an array. Throws a `Fault` at an array bracket that is not closed; what was found until there stays.
 void scanTemplate(std::string_view text, LDLVariableCollection& Variables);
+
+/// How a template refers to the variable.
+inline std::string referenceTo(const LDLVariable& variable) {
+    return '@' + variable.VariableName;
+}
+
+/// A stretch of a template, in bytes.
+struct LDLMark {
+    std::size_t at;
+    std::size_t length;
+    bool operator==(const LDLMark&) const = default;
+};
+
+/// Where a variable stands in a text, each time with its index.
+std::vector<LDLMark> occurrencesOf(const std::string& name, const std::string& text);
 
 }  // namespace orvent::statements

@@ -1,3 +1,4 @@
+#include "statements/ldl_guide.h"
 #include "testkit/model_text.h"
 #include "wizard_fixture.h"
 
@@ -26,7 +27,7 @@ std::string buttons(const LDLForm& form) {
                                        {LDLButton::cmdCreateAct, "create "},
                                        {LDLButton::cmdOK, "ok "}}) {
         enabled += form.isEnabled(button) ? name : "";
-        EXPECT_EQ(form.whyDisabled(button).empty(), form.isEnabled(button)) << name;
+        EXPECT_EQ(LDLGuide(form).whyDisabled(button).empty(), form.isEnabled(button)) << name;
     }
     return enabled;
 }
@@ -97,19 +98,20 @@ TEST_F(LDLFormTest, StepsThroughTheVariables) {
     run("@A @B[1] @A", [&](LDLForm& open) {
         open.cmdParseLDL();
         EXPECT_EQ(buttons(open), "next ");
-        EXPECT_EQ(open.progressText(), "Variable 1 of 2: @A");
-        EXPECT_EQ(open.hint(), "Choose what @A stands for.");
+        EXPECT_EQ(LDLGuide(open).progressText(), "Variable 1 of 2: @A");
+        EXPECT_EQ(LDLGuide(open).hint(), "Choose what @A stands for.");
         EXPECT_EQ(open.marks, (std::vector<LDLMark>{{0, 2}, {9, 2}}));
         open.cmdNext();
         EXPECT_EQ(buttons(open), "prev ") << "the first one is not defined";
-        EXPECT_EQ(open.whyDisabled(LDLButton::cmdGenerateLDL), "Not defined yet: @A.");
+        EXPECT_EQ(LDLGuide(open).whyDisabled(LDLButton::cmdGenerateLDL), "Not defined yet: @A.");
         EXPECT_EQ(open.marks, (std::vector<LDLMark>{{3, 5}}));
         EXPECT_EQ(open.frameValueCaption, "Value Of  ");
         EXPECT_TRUE(open.Visible.arrayOptions && !open.Visible.scalarOptions);
         open.cmdPrev();
         EXPECT_EQ(buttons(open), "next ");
         open.chooseKind(VarParameter);
-        EXPECT_EQ(open.hint(), "Choose where the value comes from: an input, a record set's attribute or a constant.");
+        EXPECT_EQ(LDLGuide(open).hint(),
+                  "Choose where the value comes from: an input, a record set's attribute or a constant.");
         open.chooseKind(VarParameterArray);
         EXPECT_EQ(open.kind, VarParameter) << "a scalar has no array kind";
         open.cmdNext();
@@ -157,14 +159,14 @@ TEST_F(LDLFormTest, PanelKeepsWhatWasChosen) {
         };
         for (const auto& [kind, name, values] : answers) {
             defineCurrent(open, kind, name, values);
-            EXPECT_EQ(open.hint(), "Complete. Go on to the next variable.");
+            EXPECT_EQ(LDLGuide(open).hint(), "Complete. Go on to the next variable.");
             EXPECT_EQ(open.Visible.listRS && !open.Visible.valueOptions, kind == VarRecordSet);
             open.cmdNext();
         }
         open.chooseKind(VarOutputArray);
         EXPECT_EQ(open.listLDLvars.items, (std::vector<std::string>{"In", "Con", "Res", "Arr"}))
             << "parameters and the function's output, no function parameter";
-        EXPECT_EQ(open.hint(), "Set the number of elements.");
+        EXPECT_EQ(LDLGuide(open).hint(), "Set the number of elements.");
         open.UpDownArity_Down();
         open.UpDownArity_Up();
         open.selectArrity(0);
@@ -173,18 +175,18 @@ TEST_F(LDLFormTest, PanelKeepsWhatWasChosen) {
         EXPECT_FALSE(open.Visible.listLDLSubVars) << "a scalar has no elements to choose from";
         open.selectLDLvar(3);
         EXPECT_EQ(open.listLDLSubVars.items, (std::vector<std::string>{"[1]", "[2]"}));
-        EXPECT_EQ(open.hint(), "Select the element of Arr that regulates it.");
+        EXPECT_EQ(LDLGuide(open).hint(), "Select the element of Arr that regulates it.");
         open.selectLDLSubVar(1);
-        EXPECT_EQ(open.hint(), "Generate the statement.");
+        EXPECT_EQ(LDLGuide(open).hint(), "Generate the statement.");
 
         open.cmdPrev();
-        EXPECT_EQ(open.progressText(), "Variable 8 of 9: @Arr, an array of 2 elements");
+        EXPECT_EQ(LDLGuide(open).progressText(), "Variable 8 of 9: @Arr, an array of 2 elements");
         for (const auto& [element, shown] : {std::pair{0, "1(ID)"}, {1, "z NUMBER"}}) {
             open.selectArrity(element);
             EXPECT_EQ(panel(open), shown);
         }
         open.UpDownArity_Up();
-        EXPECT_EQ(open.hint(), "Select element 3 in the list and give its value.");
+        EXPECT_EQ(LDLGuide(open).hint(), "Select element 3 in the list and give its value.");
         open.selectArrity(2);
         open.UpDownArity_Down();
         EXPECT_EQ(open.ArrayPosition, 0);
@@ -232,13 +234,13 @@ TEST_F(LDLFormTest, LeavesTheRestOfARound) {
     WizardRound round{2, 5};
     catalogue.activityTypeLdl = {"@X"};
     window.play = [](LDLForm& open) {
-        EXPECT_EQ(open.roundText(), "Activity 2 of 5 without a statement");
+        EXPECT_EQ(LDLGuide(open).roundText(), "Activity 2 of 5 without a statement");
         open.cmdLeaveRest();
     };
     wizard.LDLCreate(form, *activity, nullptr, &round);
     EXPECT_TRUE(round.left);
     run("@X", [](LDLForm& open) {
-        EXPECT_EQ(open.roundText(), "");
+        EXPECT_EQ(LDLGuide(open).roundText(), "");
         open.cmdLeaveRest();
         EXPECT_TRUE(open.isOpen()) << "there is no rest";
         open.cmdCancel();
@@ -272,7 +274,7 @@ TEST_F(LDLFormTest, ADataTypeIsTakenByItsIndexAndNotByItsPlace) {
 
 TEST_F(LDLFormTest, ATemplateIsParsedAtOnceAndCanBeEditedAgain) {
     run("@A @B", [](LDLForm& open) {
-        EXPECT_EQ(open.progressText(), "Variable 1 of 2: @A");
+        EXPECT_EQ(LDLGuide(open).progressText(), "Variable 1 of 2: @A");
         open.chooseKind(VarParameter);
         open.goTo("B");
         EXPECT_EQ(buttons(open), "prev generate ");
@@ -289,7 +291,7 @@ TEST_F(LDLFormTest, ATemplateIsParsedAtOnceAndCanBeEditedAgain) {
         EXPECT_EQ(buttons(open), "");
         open.txtTemplate = "@C";
         open.cmdParseLDL();
-        EXPECT_EQ(open.progressText(), "Variable 1 of 1: @C");
+        EXPECT_EQ(LDLGuide(open).progressText(), "Variable 1 of 1: @C");
         open.cmdCancel();
     });
 }

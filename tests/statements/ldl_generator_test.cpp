@@ -7,11 +7,12 @@ namespace {
 TEST_F(LDLGeneratorTest, WorkedExample) {
     array("X", VarOutputArray, {"a"});
     define("F", VarFunction, "Check");
-    EXPECT_EQ(
-        generator().GenerateLDL("a_out(@X[1],A_OUT_1)<-a_in1(A_IN1_1,A_IN1_2),[i<arityOf(a_in1)+1]{@F(A_IN1_$i$)}."),
-        "checkAge_out(CheckAge_OUT_X_1,CheckAge_OUT_ID)<-checkAge_in1(CheckAge_IN1_AU_ID,CheckAge_IN1_AGE),"
-        "check(CheckAge_IN1_AU_ID)check(CheckAge_IN1_AGE).");
-    EXPECT_EQ(generator().GenerateLDL("plain(text) <- stays, as. it {is}."), "plain(text) <- stays, as. it {is}.");
+    EXPECT_EQ(generator()
+                  .GenerateLDL("a_out(@X[1],A_OUT_1)<-a_in1(A_IN1_1,A_IN1_2),[i<arityOf(a_in1)+1]{@F(A_IN1_$i$)}.")
+                  .text,
+              "checkAge_out(CheckAge_OUT_X_1,CheckAge_OUT_ID)<-checkAge_in1(CheckAge_IN1_AU_ID,CheckAge_IN1_AGE),"
+              "check(CheckAge_IN1_AU_ID)check(CheckAge_IN1_AGE).");
+    EXPECT_EQ(generator().GenerateLDL("plain(text) <- stays, as. it {is}.").text, "plain(text) <- stays, as. it {is}.");
 }
 
 TEST_F(LDLGeneratorTest, Loops) {
@@ -135,7 +136,7 @@ TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
     constant("X", "@X@X");
     constant("SELF", "@OTHER");
     constant("OTHER", "@SELF");
-    const LDLGenerator::Statement grown = generator().generate("@X@X");
+    const LDLGenerator::Statement grown = generator().GenerateLDL("@X@X");
     EXPECT_EQ(grown.faults, std::vector<std::string>{"The text grows beyond 16 million characters."});
     EXPECT_GT(grown.text.size(), kMostCharacters / 2);
     EXPECT_LE(grown.text.size(), kMostCharacters);
@@ -143,16 +144,16 @@ TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
     for (int i = 0; i < 100'000; ++i) {
         swapping += "@SELF";
     }
-    EXPECT_EQ(generator().generate(swapping).faults, std::vector<std::string>{"The text does not come to an end."});
-    const LDLGenerator::Statement loops = generator().generate("[i<30000]{[j<30000]{x}$i$}");
+    EXPECT_EQ(generator().GenerateLDL(swapping).faults, std::vector<std::string>{"The text does not come to an end."});
+    const LDLGenerator::Statement loops = generator().GenerateLDL("[i<30000]{[j<30000]{x}$i$}");
     EXPECT_EQ(loops.text.rfind("CRITICAL ERROR AT POSITION: ", 0), 0U);
     EXPECT_EQ(loops.faults.size(), 1U);
 
     const std::string most(kMostCharacters - 1, 'x');
     constant("A", "y");
-    EXPECT_TRUE(generator().generate(most + "@A").faults.empty()) << "the greatest text is whole";
+    EXPECT_TRUE(generator().GenerateLDL(most + "@A").faults.empty()) << "the greatest text is whole";
     constant("A", "yz");
-    EXPECT_EQ(generator().generate(most + "@A").faults.size(), 1U) << "and one more is too many";
+    EXPECT_EQ(generator().GenerateLDL(most + "@A").faults.size(), 1U) << "and one more is too many";
 }
 
 TEST_F(LDLGeneratorTest, ManyAttributesInALongTextAreNoEndlessWork) {
@@ -168,7 +169,7 @@ TEST_F(LDLGeneratorTest, ManyAttributesInALongTextAreNoEndlessWork) {
     }
     for (const char* name : {"CheckAge", "Data"}) {  // the latter makes tokens of its own
         activity->Act_Name = name;
-        const LDLGenerator::Statement statement = generator().generate(text + " A_OUT_2");
+        const LDLGenerator::Statement statement = generator().GenerateLDL(text + " A_OUT_2");
         EXPECT_TRUE(statement.faults.empty());
         EXPECT_TRUE(statement.text.ends_with("FULL")) << statement.text.substr(1'300'000);
     }

@@ -116,12 +116,13 @@ TEST_F(LDLGuideTest, IsGreenOnlyWhenNothingIsMissing) {
         open.cmdNext();
         open.cmdGenerateLDL();
         EXPECT_EQ(guide.mood(), Mood::missing);
-        EXPECT_EQ(open.hint(), "The statement is not complete. @C has not been declared.");
+        EXPECT_EQ(LDLGuide(open).hint(), "The statement is not complete. @C has not been declared.");
         EXPECT_EQ(guide.faults(), (std::vector<Advice>{{"@C has not been declared.", "C"}}));
         ports.messages.expect("Activity Created", "", platform::Icon::information);
         open.cmdCreateAct();
         EXPECT_EQ(guide.mood(), Mood::missing);
-        EXPECT_EQ(open.hint(), "The activity is created, but its statement is not complete. @C has not been declared.");
+        EXPECT_EQ(LDLGuide(open).hint(),
+                  "The activity is created, but its statement is not complete. @C has not been declared.");
         defineCurrent(open, VarParameter, "", {"const y"});
         open.cmdGenerateLDL();
         EXPECT_EQ(guide.mood(), Mood::complete);

@@ -7,6 +7,7 @@
 
 #include "platform/text.h"
 #include "repository/catalogue.h"
+#include "statements/ldl_guide.h"
 #include "statements/statement_fit.h"
 #include "testkit/embedded_repository.h"
 #include "wizard_fixture.h"
@@ -59,7 +60,7 @@ void answer(LDLForm& wizard, const Words& variables) {
         defineCurrent(wizard, static_cast<LDLVariableType>(std::stoi(head[1])), head.size() > 2 ? head[2] : "", values);
         wizard.cmdNext();
     }
-    EXPECT_EQ(wizard.hint(),
+    EXPECT_EQ(LDLGuide(wizard).hint(),
               variables.empty() ? "Generate the statement, then create the activity." : "Generate the statement.");
     wizard.cmdGenerateLDL();
     wizard.cmdCreateAct();

@@ -82,7 +82,7 @@ LDLFormWindow::LDLFormWindow(LDLForm& logic, QWidget* parent)
         return !logic_.isOpen();
     });
     addCancel(QStringLiteral("cmdCancel"));
-    if (!logic_.roundText().empty()) {
+    if (!statements::LDLGuide(logic_).roundText().empty()) {
         addSideButton(QStringLiteral("cmdLeaveRest"), tr("&Leave The Rest"), [this] {
             logic_.cmdLeaveRest();
             cancel();
@@ -108,7 +108,7 @@ void LDLFormWindow::addTop() {
         body().addWidget(line);
         return line;
     };
-    addWords("round", logic_.roundText());
+    addWords("round", statements::LDLGuide(logic_).roundText());
     type_ = addWords("type", logic_.isOpen() ? statements::LDLGuide(logic_).typeText() : std::string());
     guide_ = new GuideStrip(this, [this](const QString& variable) { goTo(variable); });
     body().addSpacing(Spacing::gap / 2);
@@ -232,11 +232,11 @@ void LDLFormWindow::act(Event step) {
 }
 
 QString LDLFormWindow::reason(LDLButton which) const {
-    return QString::fromStdString(logic_.whyDisabled(which));
+    return QString::fromStdString(statements::LDLGuide(logic_).whyDisabled(which));
 }
 
 void LDLFormWindow::showButtons() {
-    const LDLButton next = logic_.leadsOn();
+    const LDLButton next = statements::LDLGuide(logic_).leadsOn();
     for (const Button& button : guided_) {
         const bool startsOver = button.which == LDLButton::cmdParseLDL && logic_.CurrentVariable;
         button.shown->show(reason(button.which), startsOver ? tr("Starts over from the template.") : QString());
@@ -267,8 +267,8 @@ void LDLFormWindow::showGuide() {
     guide_->show(icon(mood == Mood::complete  ? QStringLiteral("complete")
                       : mood == Mood::missing ? QStringLiteral("warning")
                                               : QStringLiteral("about")),
-                 QString::fromStdString(logic_.progressText()),
-                 {QString::fromStdString(logic_.hint()), faults.empty() ? QString() : line(faults.front()).target},
+                 QString::fromStdString(guide.progressText()),
+                 {QString::fromStdString(guide.hint()), faults.empty() ? QString() : line(faults.front()).target},
                  notes);
     wholeNumbers_->setVisible(guide.offersWholeNumbers());
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "statements/ldl_panel.h"
+#include "statements/ldl_controls.h"
 
 namespace orvent::qt {
 

@@ -115,13 +115,6 @@ struct LDLEnabled {
     bool cmdOK = false;
 };
 
-/// A stretch of `txtTemplate`, in bytes.
-struct LDLMark {
-    std::size_t at;
-    std::size_t length;
-    bool operator==(const LDLMark&) const = default;
-};
-
 /// Colour of a mark, which is bold too; blue stands in the high byte.
 inline constexpr int kLDLMarkColour = 255;
 
