@@ -25,7 +25,6 @@ class LineNumbers {
         }
     }
     void Clear() { numbers_.clear(); }
-    std::int32_t at(int position) const { return numbers_[static_cast<std::size_t>(position - 1)]; }
 
     auto begin() const { return numbers_.begin(); }
     auto end() const { return numbers_.end(); }

@@ -61,12 +61,6 @@ void LinesD::centreMiddle() {
     }
 }
 
-void LinesD::setEdgeType(EdgeTypeCode value) {
-    edgeType_ = value;
-    takeStyle();
-    changed();
-}
-
 void LinesD::takeStyle() {
     const EdgeStyle style = edgeStyle(edgeType_);
     BorderStyle = style.BorderStyle;
@@ -165,11 +159,6 @@ void LinesD::setHighLighted(bool value) {
 
 void LinesD::setSelected(bool value) {
     selected_ = value;
-    changed();
-}
-
-void LinesD::setColor(std::int32_t value) {
-    color_ = value;
     changed();
 }
 

@@ -84,7 +84,6 @@ class LinesD {
     void centreMiddle();
 
     EdgeTypeCode EdgeType() const { return edgeType_; }
-    void setEdgeType(EdgeTypeCode value);
 
     AngleCode Angle() const { return angle_; }
     /// Sets the middle point by the angle kind; a code without a name is stored and changes nothing.
@@ -126,7 +125,6 @@ class LinesD {
     bool Selected() const { return selected_; }
     void setSelected(bool value);
     std::int32_t Color() const { return color_; }
-    void setColor(std::int32_t value);
 
   private:
     friend class LinesCollection;

@@ -155,12 +155,6 @@ JsonTree::Place JsonTree::member(Place object, Key key) const {
     return kNowhere;
 }
 
-std::size_t JsonTree::count(Place at) const {
-    std::size_t items = 0;
-    each(at, [&items](Place) { ++items; });
-    return items;
-}
-
 std::string JsonTree::path(Place at) const {
     std::string words;
     for (Place outer = 0; outer < at;) {

@@ -40,7 +40,6 @@ class JsonTree {
             step(item);
         }
     }
-    std::size_t count(Place at) const;
 
     /// Where a value stands, as in "nodes[3].inputs[2].type"; empty for the root.
     std::string path(Place at) const;

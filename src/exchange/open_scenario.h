@@ -21,7 +21,6 @@ class MissingTypesForm {
     bool canAdd() const { return canAdd_; }  ///< the document defines at least one of them
     void cmdAdd_Click() { answer_ = Answer::addThem; }
     void cmdWithout_Click() { answer_ = Answer::openWithout; }
-    void cmdCancel_Click() { answer_ = Answer::cancel; }
     Answer answer() const { return answer_; }  ///< Cancel until a button was pressed
 
   private:

@@ -167,27 +167,6 @@ void List::rebuild(const std::function<void()>& changes) {
     });
 }
 
-int List::target(int position, RowMove where) const {
-    if (!holds(position)) {
-        return 0;
-    }
-    int to = 1;
-    switch (where) {
-        case RowMove::top:
-            break;
-        case RowMove::up:
-            to = std::max(1, position - 1);
-            break;
-        case RowMove::down:
-            to = std::min(Count(), position + 1);
-            break;
-        case RowMove::bottom:
-            to = Count();
-            break;
-    }
-    return to == position ? 0 : to;
-}
-
 void List::select(int position) {
     select(holds(position) ? std::vector<int>{position} : std::vector<int>{}, position);
 }

@@ -113,9 +113,6 @@ class List {
         List& list_;
     };
 
-    /// Where a list button brings the row, 0 when it is there already or there is no such row.
-    int target(int position, RowMove where) const;
-
     // The selection: any number of rows, one of which is the current.
 
     int selected() const { return current_ ? placeOf(*current_) : 0; }

@@ -16,7 +16,6 @@ class SettingsFile : public SettingsStore {
   public:
     explicit SettingsFile(std::filesystem::path path) : path_(std::move(path)) {}
 
-    const std::filesystem::path& path() const { return path_; }
     /// False before the very first write.
     bool exists() const;
 

@@ -24,7 +24,6 @@ class TieredVector {
 
   public:
     std::size_t size() const { return size_; }
-    bool empty() const { return size_ == 0; }
 
     T& operator[](std::size_t at) { return many_ ? (*many_)[at / kRing][at % kRing] : few_[at]; }
     const T& operator[](std::size_t at) const { return const_cast<TieredVector&>(*this)[at]; }

@@ -59,7 +59,6 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     canvas::WindowKind front() const;
     /// The tool in use, the tool bars and the palettes.
     ToolBars& tools() { return tools_; }
-    const ToolBars& tools() const { return tools_; }
 
     /// What the gestures of a canvas lean on.
     canvas::PointerPorts pointerPorts() { return {tools_, dialogs_, links_}; }

@@ -90,7 +90,6 @@ class ZoomView : public canvas::CanvasForm {
     platform::Progress& progress() const { return services_.progress; }
 
     const canvas::LabelsD* central() const { return Labels.byIndex(CentralActivityNo); }
-    canvas::LabelsD* central() { return Labels.byIndex(CentralActivityNo); }
 
     /// False for a node whose name another one bears: a second copy, or a sub-node of one. What they show is edited at
     /// the first. No other node is without a name.

@@ -31,8 +31,8 @@ TEST_F(Edges, AFullLineKnowsItsEnds) {
     EXPECT_EQ(edge.ToLabel(), to.Index());
     EXPECT_EQ(edge.Color(), 77);
     EXPECT_EQ(edge.arrowImage(), "ArrowR");
-    EXPECT_EQ(from.StartingLines().at(1), edge.Index());
-    EXPECT_EQ(to.EndingLines().at(1), edge.Index());
+    EXPECT_EQ(*from.StartingLines().begin(), edge.Index());
+    EXPECT_EQ(*to.EndingLines().begin(), edge.Index());
     EXPECT_EQ(join().MidBox(), 5);
     EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99, 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_FALSE(form.Lines.addFullLine(99, 3, to.Index(), 1, EdgeTypeProvider, AngleNone, 0));

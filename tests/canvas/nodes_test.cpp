@@ -252,7 +252,7 @@ TEST_F(Nodes, RemovingTakesEdgesNamesAndSelection) {
     form.Labels.Remove(a);
     EXPECT_EQ(form.Lines.Count(), 1);
     EXPECT_EQ(form.Labels.byIndex(b)->StartingLines().Count(), 1);
-    EXPECT_EQ(form.Labels.byIndex(b)->EndingLines().at(1), kept);
+    EXPECT_EQ(*form.Labels.byIndex(b)->EndingLines().begin(), kept);
     EXPECT_FALSE(form.isNameTaken("A"));
     EXPECT_EQ(form.SelectedLabels.Count() + form.SelectedLines.Count(), 0);
     for (const std::int32_t field :

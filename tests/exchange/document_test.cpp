@@ -407,7 +407,7 @@ TEST_F(DocumentTest, IsThereAsAWholeOrNotAtAll) {
         EXPECT_THROW(openScenario(*into, text.substr(0, length), {catalogue, dialogs}), BadDocument);
         EXPECT_EQ(testkit::modelText(*into), empty);
     }
-    press = [](MissingTypesForm& question) { question.cmdCancel_Click(); };
+    press = [](MissingTypesForm&) {};
     for (int round = 0; round < 3000; ++round) {
         std::string other = text;
         other[random() % other.size()] = static_cast<char>(random());

@@ -66,7 +66,7 @@ TEST_F(TypesTest, AreKeptAsNamesThatAreGone) {
 }
 
 TEST_F(TypesTest, LeaveNothingBehindWhenTheUserCancels) {
-    press = [](MissingTypesForm& question) { question.cmdCancel_Click(); };
+    press = [](MissingTypesForm&) {};
     const auto copy = opened(text);
     EXPECT_FALSE(last.opened);
     EXPECT_EQ(copy->Labels.Count(), 0);

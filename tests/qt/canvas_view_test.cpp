@@ -50,9 +50,9 @@ struct Scene {
         const std::string name = "n" + std::to_string(form.Labels.Count());
         return form.Labels.Add({left, top, width, height}, name, kind);
     }
-    canvas::LinesD& join(const canvas::LabelsD& from, const canvas::LabelsD& to) {
-        return *form.Lines.addFullLine(from.Index(), 3, to.Index(), 1, canvas::EdgeTypeProvider, canvas::AngleStraight,
-                                       0);
+    canvas::LinesD& join(const canvas::LabelsD& from, const canvas::LabelsD& to,
+                         canvas::EdgeTypeCode kind = canvas::EdgeTypeProvider) {
+        return *form.Lines.addFullLine(from.Index(), 3, to.Index(), 1, kind, canvas::AngleStraight, 0);
     }
     /// What the window itself holds of the picture.
     QImage held() {
@@ -411,7 +411,7 @@ class CanvasViewTest : public WindowTest {
         const canvas::LabelsD& node = scene.add(canvas::NodeTypeActivity, 300, 300);
         for (const canvas::LabelsD* far : {&scene.add(canvas::NodeTypeRecordSet, -3e9F, 3e30F),
                                            &scene.add(canvas::NodeTypeRecordSet, 1e7F, 300, 1e9F, 1e9F)}) {
-            scene.join(node, *far).setEdgeType(canvas::EdgeTypeDescription);
+            scene.join(node, *far, canvas::EdgeTypeDescription);
         }
         scene.picture();
         scene.view.fit();

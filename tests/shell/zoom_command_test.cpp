@@ -208,7 +208,7 @@ TEST_F(ZoomCommand, AStoredScenarioThatIsDeletedMeanwhileIsStoredAnew) {
     frame.run(Command::activityZoom);
     EXPECT_FALSE(repository::isUnsaved(*design)) << "to look is no change";
     zoom::ZoomForm& zoomed = *zoomInFront();
-    zoomed.central()->activity()->Act_Description = "Changed in the zoom";
+    zoomed.Labels.byIndex(zoomed.CentralActivityNo)->activity()->Act_Description = "Changed in the zoom";
     stage.remove("First");
     ASSERT_EQ(zoomInFront(), &zoomed);
     EXPECT_EQ(design->ScenarioID, 0);

@@ -115,7 +115,7 @@ TEST_F(ZoomEdits, NothingIsDrawnAtASecondCopy) {
         EXPECT_EQ(draw(row.from, row.to, row.kind), nullptr);
     }
     // What ties its members stays, too.
-    canvas::LinesD& tie = *form->Lines.byIndex(secondCopy("AU_ID").EndingLines().at(1));
+    canvas::LinesD& tie = *form->Lines.byIndex(*secondCopy("AU_ID").EndingLines().begin());
     EXPECT_FALSE(form->rules().mayRedirect(*form, tie, false, node("X")));
     EXPECT_FALSE(form->rules().releaseEdge(*form, tie));
     EXPECT_FALSE(form->unapplied());

@@ -31,8 +31,6 @@ class MetricsWindow : public QDockWidget {
     MetricsWindow(std::unique_ptr<analysis::MetricsForm> form, QWidget* parent);
     ~MetricsWindow() override;
 
-    analysis::MetricsForm& form() { return *form_; }
-
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
