@@ -64,6 +64,7 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm&) override {}
     void reveal(canvas::CanvasForm&, const canvas::LabelsD&) override {}
+    void edit(canvas::CanvasForm&, canvas::EditAction) override {}
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
     void unsynchronise(canvas::Canvas&, canvas::LabelsD&) override {}
 };

@@ -1,5 +1,5 @@
 // A scenario as a document in figures: writing and reading beside the JSON library's own dump and parse of the same
-// text, how they grow with the scenario, and pasting beside plain calls.
+// text, and how they grow with the scenario.
 
 #include <malloc.h>
 
@@ -9,17 +9,13 @@
 #include <functional>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "bench/graphs.h"
-#include "exchange/clipboard.h"
 #include "exchange/document_reader.h"
 #include "exchange/document_writer.h"
 #include "exchange/scenario_filler.h"
-#include "links/synchronize_functions.h"
 
 namespace orvent::bench {
 namespace {
@@ -119,67 +115,7 @@ Times measure(int nodes, int scenarios) {
     return {median(write), median(dump), median(read), median(parse)};
 }
 
-/// The types of the benchmarks' scenarios, which nothing is asked of.
-class Types : public exchange::TypeCatalogue {
-  public:
-    explicit Types(entities::CatalogueTables& tables) : tables_(tables) {}
-    entities::CatalogueTables& tables() override { return tables_; }
-    std::optional<entities::FunctionTypeProperties> functionType(std::int16_t) override { return std::nullopt; }
-    std::optional<entities::ActivityTypeProperties> activityType(std::int16_t) override { return std::nullopt; }
-    void add(const exchange::TypeDefinitions&) override {}
-
-  private:
-    entities::CatalogueTables& tables_;
-};
-
-/// The same nodes and edges by plain calls, and the mirrors of their links.
-void addPlainly(canvas::DrawForm& form, const canvas::DrawForm& source) {
-    std::unordered_map<std::int32_t, std::int32_t> numbers;
-    for (const canvas::LabelsD& node : source.Labels) {
-        canvas::LabelsD& added = form.Labels.Add(node.box(), "P_" + node.Caption(), node.NodeType());
-        if (node.activity()) {
-            added.Properties = node.activity()->Clone();
-        } else {
-            added.Properties = node.recordSet()->Clone();
-        }
-        numbers.emplace(node.Index(), added.Index());
-    }
-    for (const canvas::LinesD& edge : source.Lines) {
-        form.Lines.addFullLine(numbers.at(edge.FromLabel()), edge.FromGrabbingPoint(), numbers.at(edge.ToLabel()),
-                               edge.ToGrabbingPoint(), edge.EdgeType(), edge.Angle(), 0);
-    }
-    for (const auto& [_, number] : numbers) {
-        canvas::LabelsD& node = *form.Labels.byIndex(number);
-        if (node.activity()) {
-            links::SynchronizeActivity(form, *node.activity(), nullptr);
-        } else {
-            links::SynchronizeRecordSet(form, *node.recordSet());
-        }
-    }
-}
-
-void pasteAThousand() {
-    Subject source(kFew);
-    Types types(source.tables);
-    const forms::Dialogs dialogs;
-    for (const canvas::LabelsD& node : source.form.Labels) {
-        source.form.SelectedLabels.Add(node.Index());
-    }
-    const std::string text = exchange::copySelection(source.form, types, "1");
-    std::vector<double> plain, paste;
-    for (int run = 0; run < kRuns; ++run) {
-        Subject first(10 * kFew), second(10 * kFew);
-        plain.push_back(milliseconds([&] { addPlainly(first.form, source.form); }));
-        paste.push_back(milliseconds([&] {
-            exchange::paste(second.form, text, canvas::Point{0, 0}, {types, dialogs});
-        }));
-    }
-    print("paste 1,000 nodes into 10,000, beside plain adds", median(paste) / median(plain), 3, median(plain),
-          median(paste));
-}
-
 void run() {
-    pasteAThousand();
     const int sizes[] = {kFew, 10 * kFew, 30 * kFew};
     for (const int nodes : sizes) {
         const Times times = measure(nodes, 1);

@@ -95,9 +95,9 @@ std::string copySelection(const canvas::DrawForm& form, TypeCatalogue& catalogue
     return writeDocument(extract, catalogue.tables(), definitionsFor(extract, catalogue), {program, false});
 }
 
-Inserted paste(canvas::DrawForm& form, std::string_view text, std::optional<canvas::Point> at,
+Inserted paste(canvas::DrawForm& form, const CopiedText& copied, std::optional<canvas::Point> at,
                const ExchangePorts& ports) {
-    Document document = readDocument(text);
+    Document document = readDocument(copied.values());
     document.stored.reset();
     const auto types = settleTypes(document, ports);
     if (!types) {

@@ -117,7 +117,10 @@ class DocumentReader {
 }  // namespace
 
 Document readDocument(std::string_view text) {
-    const JsonTree tree(text);
+    return readDocument(JsonTree(text));
+}
+
+Document readDocument(const JsonTree& tree) {
     return DocumentReader(tree).read();
 }
 

@@ -15,14 +15,21 @@ std::string nodesWords(std::size_t count) {
 
 }  // namespace
 
-void ScenarioClipboard::copy(const canvas::DrawForm& form) {
-    const std::string text = exchange::copySelection(form, exchange_.catalogue, programVersion());
+bool ScenarioClipboard::put(const canvas::DrawForm& form) {
+    std::string text = exchange::copySelection(form, exchange_.catalogue, programVersion());
     if (text.empty()) {
         ports_.progress.status("No node is selected.");
-        return;
+        return false;
     }
     ports_.clipboard.put(text, exchange::kMimeType);
-    ports_.progress.status("Copied " + nodesWords(form.SelectedLabels.members().size()) + ".");
+    known_.emplace(std::move(text));
+    return true;
+}
+
+void ScenarioClipboard::copy(const canvas::DrawForm& form) {
+    if (put(form)) {
+        ports_.progress.status("Copied " + nodesWords(form.SelectedLabels.members().size()) + ".");
+    }
 }
 
 void ScenarioClipboard::copyText(const zoom::ZoomView& view) {
@@ -39,25 +46,25 @@ void ScenarioClipboard::copyText(const zoom::ZoomView& view) {
 }
 
 void ScenarioClipboard::cut(canvas::DrawForm& form) {
-    const std::string text = exchange::copySelection(form, exchange_.catalogue, programVersion());
-    if (text.empty()) {
-        ports_.progress.status("No node is selected.");
+    if (!put(form)) {
         return;
     }
-    ports_.clipboard.put(text, exchange::kMimeType);
     const std::size_t count = form.SelectedLabels.members().size();
     canvas::DeleteSelectedNodes(form, canvas::kEveryNodeType, ports_.links, form.rules());
     ports_.progress.status("Cut " + nodesWords(count) + ".");
 }
 
 void ScenarioClipboard::paste(canvas::DrawForm& form, std::optional<canvas::Point> at) {
-    const std::string text = ports_.clipboard.text(exchange::kMimeType);
+    std::string text = ports_.clipboard.text(exchange::kMimeType);
     if (!exchange::mayBeDocument(text)) {
         ports_.progress.status("The clipboard holds no nodes.");
         return;
     }
     try {
-        tell(exchange::paste(form, text, at, exchange_), "Pasted ");
+        if (!known_ || known_->text() != text) {
+            known_.emplace(std::move(text));
+        }
+        tell(exchange::paste(form, *known_, at, exchange_), "Pasted ");
     } catch (const exchange::BadDocument& bad) {
         ports_.messages.tell("This cannot be pasted.\n" + bad.description(), {}, platform::Icon::warning);
     }

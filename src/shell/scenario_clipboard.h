@@ -37,10 +37,13 @@ class ScenarioClipboard {
     void duplicate(canvas::DrawForm& form);
 
   private:
+    /// Whether a node was selected, and is there now.
+    bool put(const canvas::DrawForm& form);
     void tell(const exchange::Inserted& inserted, const char* done);
 
     Ports ports_;
     exchange::ExchangePorts exchange_;
+    std::optional<exchange::CopiedText> known_;  ///< what was copied or pasted here last
 };
 
 }  // namespace orvent::shell

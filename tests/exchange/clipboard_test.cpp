@@ -43,7 +43,7 @@ class ClipboardTest : public ExchangeTest {
     }
 
     Inserted pasted(canvas::DrawForm& into, const std::string& text, std::optional<canvas::Point> at = std::nullopt) {
-        return paste(into, text, at, {catalogue, dialogs});
+        return paste(into, CopiedText(text), at, {catalogue, dialogs});
     }
 
     /// The selection of a window alone in a new one, by way of the clipboard, at the places that it has.

@@ -118,6 +118,13 @@ TEST_F(ScenarioFiles, NodesGoFromScenarioToScenario) {
     EXPECT_EQ(testkit::modelText(sample), whole);
     test.frame.run(Command::duplicateNodes);
     EXPECT_EQ(sample.Labels.Count(), nodes) << "nothing is selected";
+    const std::string all = test.clipboard.content;
+    sample.SelectedLabels.Add(1);
+    test.frame.run(Command::copyNodes);
+    test.clipboard.content = all;
+    test.frame.run(Command::pasteNodes);
+    EXPECT_EQ(sample.SelectedLabels.Count(), nodes) << "what another program has copied since";
+    test.frame.run(Command::cutNodes);
     test.clipboard.content = "no nodes";
     test.frame.run(Command::pasteNodes);
     EXPECT_EQ(testkit::modelText(sample), whole);
