@@ -37,6 +37,8 @@ const char* kindWords(statements::UnfinishedStatement::Kind kind) {
     switch (kind) {
         case notWhole:
             return "statement";
+        case doubtful:
+            return "doubtful";
         case outdated:
             return "outdated";
         case circle:

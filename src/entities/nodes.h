@@ -13,6 +13,7 @@ namespace orvent::entities {
 /// The plain fields of `ActivityProperties`.
 struct ActivityFields {
     std::string Act_LDL;            ///< LDL statement
+    std::string statementDoubt;     ///< why it may mean others since it was copied, until it is made anew; never stored
     std::int16_t Act_SchemaNo = 0;  ///< schemata, copied from the type; 1 joins the node's two input points
     bool Changed = false;           ///< the stored row must be rewritten at the next save
     std::int16_t NodeID = 0;        ///< repository identifier, 0 while never saved

@@ -136,6 +136,7 @@ class FreeNames {
             if (auto text = names->rewritten(activity->Act_LDL, copied, why)) {
                 activity->Act_LDL = std::move(*text);
             } else {
+                activity->statementDoubt = why;
                 uncertain.push_back({activity->Act_Name, why});
             }
             ++names;

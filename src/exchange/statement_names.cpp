@@ -215,8 +215,7 @@ std::optional<std::string> StatementNames::rewritten(const std::string& text, co
         const std::vector<Match> matches = matchesAt(rest, copied);
         const bool oneMeaning = std::ranges::adjacent_find(matches, std::ranges::not_equal_to()) == matches.end();
         if (!oneMeaning || (matches.empty() && (own_.names(rest) || copied.names(rest)))) {
-            why = "The copy bears other names, and it is not certain what \"" + std::string(wordAtHead(rest)) +
-                  "\" means in its statement.";
+            why = "It is not certain what \"" + std::string(wordAtHead(rest)) + "\" means in the copy.";
             return std::nullopt;
         }
         result += matches.empty() ? std::string(rest.substr(0, 1)) : matches.front().text;

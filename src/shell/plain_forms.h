@@ -24,6 +24,7 @@ struct UnfinishedForm {
     const std::vector<statements::UnfinishedStatement>& statements;
     std::string goTo;       ///< the name of the node to go to, or empty
     bool generate = false;  ///< its statement is to be made anew
+    bool confirm = false;   ///< its statement means what it should
 };
 
 }  // namespace orvent::shell

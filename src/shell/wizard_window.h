@@ -33,7 +33,7 @@ class WizardAnswers : public statements::WizardServices {
 };
 
 /// Tells which statements are not whole or do not fit and what is not fed, brings the node that is chosen into view,
-/// or makes its statement anew.
+/// confirms its statement, or makes that anew.
 class UnfinishedStatements : public statements::StatementReport {
   public:
     UnfinishedStatements(FrameHost& host, Desk& desk, statements::ActivityWizard& wizard)
@@ -47,6 +47,10 @@ class UnfinishedStatements : public statements::StatementReport {
             canvas::LabelsD* node = form.nodeNamed(unfinished.goTo);
             if (!node) {
                 return;
+            }
+            if (unfinished.confirm && node->activity()) {
+                node->activity()->statementDoubt.clear();
+                continue;
             }
             if (!unfinished.generate || !node->activity()) {
                 desk_.reveal(form, *node);

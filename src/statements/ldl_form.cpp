@@ -338,6 +338,7 @@ void LDLForm::cmdOK() {
     }
     Activity->Changed = Activity->Changed || Activity->Act_LDL != txtTemplate;
     Activity->Act_LDL = txtTemplate;
+    Activity->statementDoubt.clear();
     if (dialog_) {
         dialog_->setStatement(txtTemplate);
     }

@@ -42,6 +42,17 @@ bool isUnfedTarget(const canvas::DrawForm& form, const canvas::LabelsD& node) {
     return false;
 }
 
+/// What is to be said of an activity's statement; nothing when it is whole and fits.
+UnfinishedStatement statementOf(const entities::ActivityProperties& activity) {
+    if (const std::vector<Advice> faults = faultsOf(activity.Act_LDL); !faults.empty()) {
+        return {activity.Act_Name, faults.front().words, Kind::notWhole};
+    }
+    if (!activity.statementDoubt.empty()) {
+        return {activity.Act_Name, activity.statementDoubt, Kind::doubtful};
+    }
+    return {activity.Act_Name, misfitLine(activity), Kind::outdated};
+}
+
 void addStatement(std::string& program, const entities::ActivityProperties& activity) {
     program.append(activity.Act_LDL).append(kCrLf).append(kCrLf);
 }
@@ -63,10 +74,8 @@ std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& fo
     const std::unordered_set<std::string> circles = activitiesInCircles(form);
     for (const canvas::LabelsD& node : form.Labels) {
         if (const entities::ActivityProperties* activity = node.activity()) {
-            const std::vector<Advice> faults = faultsOf(activity->Act_LDL);
-            const std::string why = faults.empty() ? misfitLine(*activity) : faults.front().words;
-            if (!why.empty()) {
-                result.push_back({activity->Act_Name, why, faults.empty() ? Kind::outdated : Kind::notWhole});
+            if (const UnfinishedStatement statement = statementOf(*activity); !statement.why.empty()) {
+                result.push_back(statement);
             } else if (circles.contains(activity->Act_Name)) {
                 if (const std::optional<Advice> circle = circleThrough(form, *activity)) {
                     result.push_back({activity->Act_Name, circle->words, Kind::circle});
@@ -113,6 +122,7 @@ void LDLScenarioWriter::reportUnfinished(canvas::DrawForm& form) {
     std::string words;
     for (const auto& [kind, head] :
          {std::pair(Kind::notWhole, "Without a whole statement: "),
+          std::pair(Kind::doubtful, "With a statement that may mean others: "),
           std::pair(Kind::outdated, "With an outdated statement: "), std::pair(Kind::circle, "In a circle of data: "),
           std::pair(Kind::notFed, "Fed by nobody: ")}) {
         std::string names;

@@ -14,6 +14,7 @@ namespace orvent::statements {
 struct UnfinishedStatement {
     enum class Kind {
         notWhole,  ///< an activity's statement is empty or holds an undeclared name
+        doubtful,  ///< it is whole, but of a copy, whose new names it may not mean; only then it can be confirmed
         outdated,  ///< it is whole, but of an activity that was changed behind it
         circle,    ///< it is whole and fits; its data runs in a circle of activities
         notFed     ///< a record set to which an edge leads, and no link: the program has no rule for it
@@ -26,8 +27,9 @@ struct UnfinishedStatement {
     bool operator==(const UnfinishedStatement&) const = default;
 };
 
-/// The activities whose statement is empty, holds a name that has not been declared, or does not fit its activity,
-/// those whose data runs in a circle, and the targets that nobody feeds, in the order of their nodes.
+/// The activities whose statement is empty, holds a name that has not been declared, may not mean its
+/// activity or does not fit it, those whose data runs in a circle, and the targets that nobody feeds, in the order of
+/// their nodes.
 std::vector<UnfinishedStatement> unfinishedStatements(const canvas::DrawForm& form);
 
 /// The LDL program of a scenario as it stands: the statement of every activity, then the rules that tie them together.

@@ -221,7 +221,7 @@ TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
     function.Function_Key = function.Function_Name = "MyFun";
     function.setParentKeyName("Load");
     load.Act_Functions->AddFunctionProps(function, "", 0);
-    const std::string uncertain = "The copy bears other names, and it is not certain what ";
+    const std::string uncertain = "It is not certain what ";
     const struct {
         const char* text;
         const char* copy;
@@ -234,11 +234,11 @@ TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
         {"Load_OUT_TOTAL = myFun(Load_IN1_ID)", "Load_2_OUT_TOTAL = myFun_2(Load_2_IN1_ID)", ""},
         {"aUTHORS(AUTHORS_NAME), OTHER_NAME", "aUTHORS_2(AUTHORS_2_NAME), OTHER_NAME", ""},
         {"myLoad_out(X), download, reload_in1(Y)", "myLoad_out(X), download, reload_in1(Y)", ""},
-        {"% of Load\nload_out(X)", nullptr, uncertain + "\"Load\" means in its statement."},
-        {"load_in(X)", nullptr, uncertain + "\"load_in\" means in its statement."},
-        {"LOAD_OUT_ID", nullptr, uncertain + "\"LOAD_OUT_ID\" means in its statement."},
-        {"AUTHORS_SURNAME", nullptr, uncertain + "\"AUTHORS_SURNAME\" means in its statement."},
-        {"next_in1(X)", nullptr, uncertain + "\"next_in1\" means in its statement."},
+        {"% of Load\nload_out(X)", nullptr, uncertain + "\"Load\" means in the copy."},
+        {"load_in(X)", nullptr, uncertain + "\"load_in\" means in the copy."},
+        {"LOAD_OUT_ID", nullptr, uncertain + "\"LOAD_OUT_ID\" means in the copy."},
+        {"AUTHORS_SURNAME", nullptr, uncertain + "\"AUTHORS_SURNAME\" means in the copy."},
+        {"next_in1(X)", nullptr, uncertain + "\"next_in1\" means in the copy."},
     };
     for (const auto& [text, copy, why] : cases) {
         SCOPED_TRACE(text);
@@ -249,6 +249,7 @@ TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
         const auto& copied = *form.Labels.byIndex(inserted.nodes[1])->activity();
         EXPECT_EQ(copied.Act_LDL, copy ? copy : text);
         EXPECT_EQ(inserted.uncertain.size(), why.empty() ? 0u : 1u);
+        EXPECT_EQ(copied.statementDoubt, why);
         if (!inserted.uncertain.empty()) {
             EXPECT_EQ(inserted.uncertain[0], (UncertainStatement{"Load_2", why}));
         }

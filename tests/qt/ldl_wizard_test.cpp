@@ -219,6 +219,9 @@ class LdlWizardTest : public WindowTest {
         Wizard wizard;
         wizard.activity->Act_Type = wizard.logic.catalogue().ActivityTypeIndex("Union");
         testkit::GraphBuilder(*wizard.form).activity("Rest").Act_Type = wizard.activity->Act_Type;
+        auto& doubted = testkit::GraphBuilder(*wizard.form).activity("Doubted");
+        doubted.Act_LDL = "other_out(1).";
+        doubted.statementDoubt = "It may mean another.";
         testkit::GraphBuilder(*wizard.form).recordSet("TARGET");
         testkit::GraphBuilder(*wizard.form).edge("Rest", "TARGET");
         const std::filesystem::path folder = wizard.repository.folder.path();
@@ -232,11 +235,19 @@ class LdlWizardTest : public WindowTest {
                                "Wizardry.ldl\" Was Created.");
         wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) {
             auto* list = control<QTreeWidget>(window, "rows");
+            QCOMPARE(list->topLevelItemCount(), 4);
+            list->setCurrentItem(list->topLevelItem(2));
+            QCOMPARE(list->currentItem()->text(1), QStringLiteral("It may mean another."));
+            click(window, "cmdConfirm");
+        });
+        wizard.dialogs.at(QStringLiteral("UnfinishedWindow"), [](QDialog& window) {
+            auto* list = control<QTreeWidget>(window, "rows");
             QCOMPARE(list->topLevelItemCount(), 3);
             list->setCurrentItem(list->topLevelItem(2));
             QCOMPARE(list->currentItem()->text(0), QStringLiteral("TARGET"));
             QVERIFY2(!control<QPushButton>(window, "cmdGenerate")->isEnabled(), "it has no statement");
             list->setCurrentItem(list->topLevelItem(1));
+            QVERIFY2(!control<QPushButton>(window, "cmdConfirm")->isEnabled(), "what it lacks is no doubt");
             click(window, "cmdGenerate");
         });
         wizard.dialogs.at(QStringLiteral("LDLForm"), [](QDialog& window) {

@@ -79,8 +79,10 @@ TEST_F(LDLFormTest, TemplateWithoutVariablesAsksBeforeItCloses) {
             open.cmdOK();
         }
     };
+    activity->statementDoubt = "It is a copy.";
     run("a_out", play, &dialog);
     EXPECT_EQ(activity->Act_LDL, "act_out(Act_OUT_OUT)");
+    EXPECT_EQ(activity->statementDoubt, "");
     EXPECT_TRUE(activity->Changed);
     EXPECT_EQ(std::exchange(dialog.log, ""), "off \"act_out(Act_OUT_OUT)\" on ");
 

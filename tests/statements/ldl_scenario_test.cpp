@@ -192,6 +192,11 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     graph.activity("Stopped").Act_LDL = "stopped_out(X)<-@Fun22(X).";
     graph.activity("Broken").Act_LDL = "CRITICAL ERROR AT POSITION: 7...";
     graph.activity("Old", {}, {"KEY"}).Act_LDL = "old_out(Old_OUT_ID).";
+    for (const char* text : {"", "old_out(Old_OUT_ID)."}) {
+        auto& copy = graph.activity(*text ? "Old_2" : "Empty_2", {}, {"KEY"});
+        copy.Act_LDL = text;
+        copy.statementDoubt = "It means Old.";
+    }
     // A circle of two behind one activity and before another.
     for (const char* name : {"First", "Two", "Three", "Last"}) {
         graph.activity(name, {"I", "J"}, {"O"}).Act_LDL = "whole(1).";
@@ -226,6 +231,8 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
                                 {"Stopped", "@Fun22 was not replaced."},
                                 {"Broken", "The loops of the template could not be expanded."},
                                 {"Old", "The activity has no output ID.", Kind::outdated},
+                                {"Empty_2", "The statement is empty."},
+                                {"Old_2", "It means Old.", Kind::doubtful},
                                 {"Two", "The data runs in a circle: Two, Three, Two.", Kind::circle},
                                 {"Three", "The data runs in a circle: Three, Two, Three.", Kind::circle},
                                 {"UNFED", "An edge leads to it, but nobody feeds its columns.", Kind::notFed}}));
@@ -233,8 +240,8 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     const std::string words = progress.statuses.back();
     EXPECT_EQ(
         words,
-        "Without a whole statement: Empty, Open, Stopped, Broken. With an outdated statement: Old. In a circle of "
-        "data: Two, Three. Fed by nobody: UNFED");
+        "Without a whole statement: Empty, Open, Stopped, Broken, Empty_2. With a statement that may mean others: "
+        "Old_2. With an outdated statement: Old. In a circle of data: Two, Three. Fed by nobody: UNFED");
     reporting.cameForward(&form);
     EXPECT_EQ(progress.statuses.back(), words);
     reporting.cameForward(nullptr);

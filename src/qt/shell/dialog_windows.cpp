@@ -95,6 +95,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
             form.goTo = form.statements[static_cast<std::size_t>(window.chosen())].node;
         }
         form.generate = window.generates();
+        form.confirm = window.confirms();
     });
     dialogs.add<shell::EdgeChangesForm>([&frame](shell::EdgeChangesForm& form) {
         const WorkingWindow over(&frame);

@@ -16,9 +16,12 @@ class UnfinishedWindow : public ReportWindow {
 
     /// The statement of the chosen activity is to be made anew at once.
     bool generates() const { return generates_; }
+    /// The statement of the chosen activity stays as it is, and is not told again.
+    bool confirms() const { return confirms_; }
 
   private:
     bool generates_ = false;
+    bool confirms_ = false;
 };
 
 }  // namespace orvent::qt
