@@ -11,10 +11,6 @@ using platform::Icon;
 
 namespace {
 
-/// Of a type's name in the creation script.
-constexpr std::size_t kNameWidth = 1000;
-constexpr std::size_t kLineWidth = 4000;
-
 constexpr const char* kGone = "The repository has no such type any more";
 
 }  // namespace
@@ -52,8 +48,8 @@ const entities::NameTable& TypeEditor::typesOf(TypeListRole role) const {
 void TypeEditor::refreshTables() {
     repository::StatementCache repository = repository::openRepository(services_);
     catalogue_.refreshTables(repository);
-    nameLimit_ = repository.textLimit(kNameWidth, platform::TextColumn::key);
-    lineLimit_ = repository.textLimit(kLineWidth, platform::TextColumn::plain);
+    nameLimit_ = repository.textLimit(repository::kTypeNameWidth, platform::TextColumn::key);
+    lineLimit_ = repository.textLimit(repository::kTypeLineWidth, platform::TextColumn::plain);
 }
 
 void TypeEditor::fillTypes(const std::string& selected) {

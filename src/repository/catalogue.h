@@ -14,6 +14,9 @@
 
 namespace orvent::repository {
 
+// Characters of the columns for the name of a type and for the names of its lines, in the creation script.
+inline constexpr std::size_t kTypeNameWidth = 1000, kTypeLineWidth = 4000;
+
 /// A type that another user has deleted meanwhile.
 class TypeGone : public platform::Fault {
   public:

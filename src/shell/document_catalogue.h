@@ -15,7 +15,8 @@ class DocumentCatalogue : public exchange::TypeCatalogue {
     std::optional<entities::FunctionTypeProperties> functionType(std::int16_t index) override;
     std::optional<entities::ActivityTypeProperties> activityType(std::int16_t index) override;
 
-    /// What another user has added meanwhile is left as it is. After a fault the types that were added are taken back;
+    /// What another user has added meanwhile is left as it is, and nothing is added while a name is too long for the
+    /// repository. After a fault the types that were added are taken back;
     /// those that may be there in part are told with it.
     void add(const exchange::TypeDefinitions& types) override;
 

@@ -80,6 +80,36 @@ TEST_F(DocumentCatalogueTest, AddsAllOrNone) {
     EXPECT_GT(types(), rows);
 }
 
+TEST_F(DocumentCatalogueTest, ANameThatTheDatabaseCannotKeepIsRefusedBeforeAnythingIsAdded) {
+    const long long rows = types();
+    const struct {
+        std::size_t ofNames, ofLines;
+        const char* words;
+    } cases[] = {
+        {2, 9, "\"Tax\" is too long: it has 3 characters, and this repository keeps at most 2 of a type's name."},
+        {9, 3, "\"rate\" is too long: it has 4 characters, and this repository keeps at most 3 of a name."}};
+    exchange::TypeDefinitions shorter = news;
+    shorter.data = {"M"};
+    shorter.functions[0].inputs = {{"p", "M"}};
+    shorter.functions[0].outputs = {{"t", "M"}};
+    shorter.activities[0].outputs = {{"sum", "M"}};
+    shorter.activities[0].parameters[0].type = "M";
+    for (const auto& row : cases) {
+        repository.hooked.keyLimit = platform::TextLimit{.characters = row.ofNames, .bytes = 0};
+        repository.hooked.plainLimit = platform::TextLimit{.characters = row.ofLines, .bytes = 0};
+        try {
+            documents.add(shorter);
+            ADD_FAILURE() << row.words;
+        } catch (const platform::Fault& fault) {
+            EXPECT_EQ(fault.description(), std::string("The types were not added.\nThe name ") + row.words);
+        }
+        EXPECT_EQ(types(), rows);
+    }
+    repository.hooked.plainLimit = platform::TextLimit{.characters = 4, .bytes = 0};
+    documents.add(shorter);
+    EXPECT_GT(types(), rows);
+}
+
 /// What a user may have drawn: record sets and activities that read each other in any order.
 class Drawn {
   public:
