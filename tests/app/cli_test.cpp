@@ -6,6 +6,7 @@
 
 #include "platform/settings_file.h"
 #include "shell/exporters.h"
+#include "testkit/servers.h"
 #include "testkit/test_frame.h"
 
 namespace orvent::app {
@@ -28,10 +29,11 @@ class CliTest : public ::testing::Test {
     }
 
     /// Runs it with words as a shell reads them.
-    CallResult call(const std::string& words, const std::filesystem::path& home) const {
+    CallResult call(const std::string& words, const std::filesystem::path& home,
+                    const std::string& variables = "") const {
         const std::string out = (scratch.path() / "out").string(), errors = (scratch.path() / "errors").string();
-        const std::string line = "env -u ORVENT_PASSWORD ORVENT_HOME='" + home.string() + "' '" ORVENT_CLI "' " +
-                                 words + " </dev/null >'" + out + "' 2>'" + errors + "'";
+        const std::string line = "env -u ORVENT_PASSWORD ORVENT_HOME='" + home.string() + "' " + variables +
+                                 " '" ORVENT_CLI "' " + words + " </dev/null >'" + out + "' 2>'" + errors + "'";
         const int status = std::system(line.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, testkit::fileText(out), testkit::fileText(errors)};
     }
@@ -213,6 +215,45 @@ TEST_F(CliTest, TypesAreCarriedFromOneRepositoryToAnother) {
     got = call("types import " + types, home);
     EXPECT_EQ(got.code, 1);
     EXPECT_NE(got.errors.find("activity type Odd Copy"), std::string::npos) << got.errors;
+}
+
+/// A scenario goes from the embedded repository to a server, and everything said of it there is what was said here.
+TEST_F(CliTest, AServerGivesWhatTheEmbeddedRepositoryGives) {
+    using Server = testkit::DatabaseServer;
+    const std::string file = "'" + (scratch.path() / "sample.orvent").string() + "'";
+    ASSERT_EQ(call("get Sample -o " + file).code, 0);
+    ASSERT_EQ(call("put --name Copy " + file).code, 0);
+    std::unique_ptr<Server> servers[] = {std::make_unique<testkit::PostgresServer>(),
+                                         std::make_unique<testkit::MariaDbServer>()};
+    for (const auto& server : servers) {
+        const std::string connection = server->createDatabase("cli");
+        SCOPED_TRACE(connection);
+        const testkit::TestRepository tables({"cli", connection}, Server::kUser, Server::kPassword);
+        std::string entries = "[cli]\n";
+        for (const char c : connection) {
+            entries += c == ';' ? "\n" : c == '{' || c == '}' ? "" : std::string(1, c);
+        }
+        const std::string ini = (scratch.path() / "odbc.ini").string();
+        platform::writeFile(ini, entries + "\nServername=127.0.0.1\n");  // each driver has a word of its own
+        const auto there = [&](const std::string& words) {
+            return call(words + " --source cli --designer anna --user " + Server::kUser, scratch.path(),
+                        "ODBCINI='" + ini + "' ORVENT_PASSWORD='" + Server::kPassword + "'");
+        };
+        CallResult got = there("put --name Copy " + file);
+        EXPECT_EQ(std::to_string(got.code) + got.errors, "0Saved\n");
+        EXPECT_EQ(there("list").out, "Copy\n");
+        for (const char* words : {"get Copy", "check Copy", "ldl Copy", "export-text Copy", "metrics Copy --json"}) {
+            SCOPED_TRACE(words);
+            const CallResult here = call(words);
+            got = there(words);
+            EXPECT_EQ(got.code, here.code);
+            EXPECT_EQ(got.errors, here.errors);
+            EXPECT_EQ(got.out, here.out);
+        }
+        got = call("list --source cli --designer anna --user orvent", scratch.path(),
+                   "ODBCINI='" + ini + "' ORVENT_PASSWORD=wrong");
+        EXPECT_EQ(got.code, 3) << got.errors;
+    }
 }
 
 }  // namespace
