@@ -1,6 +1,8 @@
 // The frame over its real logic: start, commands by state, the scenarios' windows and their closing, tool bars,
 // palettes and options.
 
+#include "platform/text.h"
+#include "qt/canvas/canvas_editor.h"
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "qt/shell/palette_window.h"
@@ -141,6 +143,36 @@ class FrameTest : public WindowTest {
         program.logic.enableFrame(true);
         program.open("Other");
         QVERIFY2(!list->isVisible(), "the scenario is not in front");
+    }
+
+    void filesThatFallOnTheWindowAreOpened() {
+        Frame program;
+        program.open("One");
+        QList<QUrl> urls{QUrl(QStringLiteral("http://localhost/two.orvent"))};
+        for (const char* name : {"Two", "Three"}) {
+            const std::string path = (program.repository.folder.path() / name).string() + ".orvent";
+            platform::writeFile(path, "{\"format\": \"orvent scenario\", \"version\": 1, \"nodes\": [], \"name\": \"" +
+                                          std::string(name) + "\"}");
+            urls += QUrl::fromLocalFile(QString::fromStdString(path));
+        }
+        QWidget* viewport = program.frame.area().activeWindow()->editor().viewport();
+        QMimeData dragged;
+        dragged.setText(QStringLiteral("words"));
+        for (const bool files : {false, true}) {
+            if (files) {
+                dragged.setUrls(urls);
+            }
+            QDragEnterEvent enters(QPoint(9, 9), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+            QApplication::sendEvent(viewport, &enters);
+            QCOMPARE(enters.isAccepted(), files);
+        }
+        QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QApplication::sendEvent(viewport, &drop);
+        QVERIFY(drop.isAccepted());
+        QVERIFY2(program.windows() == 1, "the program that they come from waits meanwhile");
+        QApplication::processEvents();
+        QCOMPARE(program.windows(), 3);
+        QCOMPARE(program.title().section(u' ', 0, 0), QStringLiteral("Three"));
     }
 
     void closeAsksAndCancelKeeps() {

@@ -3,13 +3,15 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QMimeData>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <cstdio>
 #include <cstdlib>
@@ -159,12 +161,16 @@ void FrameWindow::dragEnterEvent(QDragEnterEvent* event) {
     }
 }
 
+// The program that the files come from waits until this returns, and opening them may ask.
 void FrameWindow::dropEvent(QDropEvent* event) {
-    for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) {
-            openFile(url.toLocalFile().toStdString());
+    event->acceptProposedAction();
+    QTimer::singleShot(0, this, [this, urls = event->mimeData()->urls()] {
+        for (const QUrl& url : urls) {
+            if (url.isLocalFile()) {
+                openFile(url.toLocalFile().toStdString());
+            }
         }
-    }
+    });
 }
 
 void FrameWindow::run(shell::Command command) {
