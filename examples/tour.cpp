@@ -16,6 +16,7 @@
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
 #include "tour_drawing.h"
+#include "tour_files.h"
 #include "tour_metrics.h"
 #include "tour_nothing.h"
 #include "tour_player.h"
@@ -48,6 +49,7 @@ class Tour {
         closeAndLoad();
         countMetrics(player_, window(), frame(), theme_);
         writeFiles();
+        carryFiles(player_, window(), frame(), theme_, home_);
         zoomIntoActivity(player_, window(), frame(), theme_);
         drawFromNothing(player_, window(), frame(), theme_, home_);
         drawByHand(player_, window(), frame(), theme_);
