@@ -20,6 +20,19 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(Key::unknown)> k
 static_assert(std::ranges::is_sorted(kKeyNames) && !kKeyNames.back().empty());
 static_assert(static_cast<unsigned>(Key::unknown) < 64, "a set of keys is one number");
 
+constexpr std::size_t kLetters = 26;
+
+/// The place of the first name from each small letter on, and behind the last one the end.
+constexpr auto kFirstOf = [] {
+    std::array<std::uint8_t, kLetters + 1> first{};
+    for (std::size_t letter = 0; letter <= kLetters; ++letter) {
+        while (first[letter] < kKeyNames.size() && kKeyNames[first[letter]].front() < static_cast<char>('a' + letter)) {
+            ++first[letter];
+        }
+    }
+    return first;
+}();
+
 }  // namespace
 
 std::string_view nameOf(Key key) {
@@ -28,8 +41,16 @@ std::string_view nameOf(Key key) {
 }
 
 Key keyNamed(std::string_view name) {
-    const auto found = std::ranges::lower_bound(kKeyNames, name);
-    return found != kKeyNames.end() && *found == name ? static_cast<Key>(found - kKeyNames.begin()) : Key::unknown;
+    const std::size_t letter = name.empty() ? kLetters : static_cast<unsigned char>(name.front()) - std::size_t{'a'};
+    if (letter >= kLetters) {
+        return Key::unknown;
+    }
+    for (std::size_t at = kFirstOf[letter]; at < kFirstOf[letter + 1]; ++at) {
+        if (kKeyNames[at] == name) {
+            return static_cast<Key>(at);
+        }
+    }
+    return Key::unknown;
 }
 
 }  // namespace orvent::exchange
