@@ -91,18 +91,12 @@ class Catalogue : public entities::FunctionTypeSource {
     bool rename(entities::NameTable& table, std::int16_t index, const std::string& newName, Write write);
     void settleRenaming();
     // False when the repository has no such type.
-    bool read(entities::ActivityTypeProperties& type);
-    bool read(entities::FunctionTypeProperties& type);
+    template <class Type>
+    bool read(Type& type);
     template <class Type>
     Type readAll(Type type);
     template <class Type>
     Type readWhatComes(Type type);
-    template <class Add>
-    void eachParam(StatementCache& repository, std::string_view sql, const std::string& type, std::string_view kind,
-                   Add add);
-
-    void writeParams(StatementCache& repository, const entities::FunctionTypeProperties& type) const;
-    void writeDependents(StatementCache& repository, const entities::ActivityTypeProperties& type) const;
     bool removeType(const std::string& name, std::initializer_list<std::string_view> statements,
                     const std::string& deleted, const std::string& refusal);
     void tell(const std::string& text);

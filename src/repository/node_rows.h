@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "canvas/labels.h"
+#include "canvas/draw_form.h"
+#include "repository/scenario_windows.h"
+#include "repository/services.h"
 #include "repository/statement_cache.h"
 
 namespace orvent::repository {
@@ -21,5 +23,10 @@ std::vector<StoredNode> nodesOf(StatementCache& repository, std::int16_t Scenari
 
 /// Removes everything of one stored node but its row in `ScenarioNodes`.
 void removeMembers(StatementCache& repository, const StoredNode& node);
+
+/// Deletes all rows of a scenario, with `DeleteRow` also its own. Windows but `except` that show it are told. Throws on
+/// the first failure and leaves what it has not reached.
+void removeRows(Services& services, ScenarioWindows& windows, std::int16_t ScenarioID, bool DeleteRow,
+                const canvas::DrawForm* except);
 
 }  // namespace orvent::repository

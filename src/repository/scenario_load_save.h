@@ -1,11 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <set>
-#include <string>
 
 #include "canvas/draw_form.h"
 #include "repository/catalogue.h"
+#include "repository/interrupted_saves.h"
 #include "repository/scenario_windows.h"
 #include "repository/services.h"
 
@@ -19,6 +18,8 @@ enum class SaveResult {
     /// the user is to be asked for a name.
     scenarioGone,
 };
+
+class SaveAttempt;
 
 /// Saving, loading and removing scenarios.
 class ScenarioLoadSave {
@@ -42,47 +43,24 @@ class ScenarioLoadSave {
     void RemoveScenario(std::int16_t ScenarioID, bool DeleteRow);
 
     /// Deletes the rows that the window's `DeletedNodes` names, and all lines of the scenario. The store is kept.
-    void ApplyDeletions(const canvas::DrawForm& form, std::int16_t ScenarioID, StatementCache& repository);
+    static void ApplyDeletions(const canvas::DrawForm& form, std::int16_t ScenarioID, StatementCache& repository);
 
     /// Somebody logs in anew: what earlier saves have left is no business of this login's.
     void forgetInterruptedSaves();
 
   private:
-    struct SaveAttempt;
-
     SaveResult save(canvas::DrawForm& form, bool SaveAs);
-    bool attempt(SaveAttempt& save);
     bool askAgain(SaveAttempt& save);
-    void beginSave(SaveAttempt& save);
-    bool findScenario(SaveAttempt& save);
-    void arrangeRows(SaveAttempt& save);
-    void compareStored(SaveAttempt& save, bool incomplete);
-    void addScenario(SaveAttempt& save);
-    void takeOverScenario(SaveAttempt& save);
-    void writeScenario(SaveAttempt& save);
-    bool isOwnLeftover(const std::string& name, StatementCache& repository);
     bool askNewName(canvas::DrawForm& form);
-
-    void removeRows(std::int16_t ScenarioID, bool DeleteRow, const canvas::DrawForm* except);
-
     bool load(canvas::DrawForm& form, std::int16_t ScenarioID);
 
     Services& services_;
     Catalogue& catalogue_;
     ScenarioWindows& windows_;
 
-    /// What interrupted saves have left in the repository of this login.
-    struct Interrupted {
-        /// Scenarios that may hold rows of nodes that no window knows: a row whose identifier could not be read back,
-        /// or the rest of a scenario that was to be replaced.
-        std::set<std::int16_t> scenarios;
-        /// Names under which a scenario's own row may have been made although the reply to it was lost.
-        std::set<std::string> names;
-        std::string source;
-    };
-    Interrupted& interrupted();
+    InterruptedSaves& interrupted();
 
-    Interrupted interrupted_;
+    InterruptedSaves interrupted_;
 };
 
 }  // namespace orvent::repository

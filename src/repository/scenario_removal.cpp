@@ -82,18 +82,14 @@ void removeMembers(StatementCache& repository, const StoredNode& node) {
     runForKind(repository, kWholeNodes, node.type, node.id);
 }
 
-void ScenarioLoadSave::RemoveScenario(std::int16_t ScenarioID, bool DeleteRow) {
-    removeRows(ScenarioID, DeleteRow, nullptr);
-    interrupted().scenarios.erase(ScenarioID);
-}
-
-void ScenarioLoadSave::removeRows(std::int16_t ScenarioID, bool DeleteRow, const canvas::DrawForm* except) {
-    const platform::Busy busy(services_.progress);
-    StatementCache repository = openRepository(services_);
+void removeRows(Services& services, ScenarioWindows& windows, std::int16_t ScenarioID, bool DeleteRow,
+                const canvas::DrawForm* except) {
+    const platform::Busy busy(services.progress);
+    StatementCache repository = openRepository(services);
     const std::vector<StoredNode> nodes = nodesOf(repository, ScenarioID);
     // Before the first row goes: an interrupted removal has broken the scenario for these windows, too.
-    windows_.scenarioGone(ScenarioID, except);
-    platform::Steps steps(services_.progress, nodes.size());
+    windows.scenarioGone(ScenarioID, except);
+    platform::Steps steps(services.progress, nodes.size());
     for (const StoredNode& node : nodes) {
         removeMembers(repository, node);
         steps.next();
@@ -103,6 +99,11 @@ void ScenarioLoadSave::removeRows(std::int16_t ScenarioID, bool DeleteRow, const
     if (DeleteRow) {
         repository.run(sql::kDropScenario, ScenarioID);
     }
+}
+
+void ScenarioLoadSave::RemoveScenario(std::int16_t ScenarioID, bool DeleteRow) {
+    removeRows(services_, windows_, ScenarioID, DeleteRow, nullptr);
+    interrupted().scenarios.erase(ScenarioID);
 }
 
 void ScenarioLoadSave::ApplyDeletions(const canvas::DrawForm& form, std::int16_t ScenarioID,

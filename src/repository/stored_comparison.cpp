@@ -58,10 +58,9 @@ std::string changesElsewhere(const DrawForm& form, const StoredRows& rows) {
 /// Looks what another program has left of the scenario that the window shows. False when it is not the window's any
 /// more. Throws a `Fault` when it is not what the window knows, unless a save of this program has left it so; then what
 /// is gone becomes new.
-bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
-    DrawForm& form = save.form;
+bool SaveAttempt::findScenario() {
     const std::int16_t ScenarioID = form.ScenarioID;
-    platform::Statement& row = save.repository.run(sql::kScenarioName, ScenarioID);
+    platform::Statement& row = repository_.run(sql::kScenarioName, ScenarioID);
     const bool found = row.fetch();
     while (row.fetch()) {
     }
@@ -70,7 +69,7 @@ bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
         form.ScenarioID = 0;
         return false;
     }
-    save.rows = readStoredRows(save.repository, catalogue_.tables, ScenarioID);
+    rows_ = readStoredRows(repository_, catalogue_.tables, ScenarioID);
     const std::unordered_set<long long> own = storedNodes(form);
     std::unordered_set<long long> deleted;
     for (const canvas::DeletedNode& node : *form.DeletedNodes) {
@@ -78,13 +77,13 @@ bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
     }
     std::unordered_set<long long> stored;
     std::vector<StoredNode> others;
-    for (const NodeRows& node : save.rows.nodes) {
+    for (const NodeRows& node : rows_.nodes) {
         stored.insert(node.id);
         if (!own.contains(node.id) && !deleted.contains(node.id)) {
             others.push_back({node.id, nodeType(node.type)});
         }
     }
-    const bool interruptedHere = interrupted().scenarios.contains(ScenarioID);
+    const bool interruptedHere = interrupted_.scenarios.contains(ScenarioID);
     const bool noneLeft = std::ranges::none_of(own, [&](long long id) { return stored.contains(id); });
     if (!interruptedHere && noneLeft && !others.empty()) {
         form.ScenarioID = 0;  // replaced; another window may show what stands there now
@@ -93,11 +92,11 @@ bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
     if (interruptedHere) {
         windows_.scenarioGone(ScenarioID, &form);
         for (const StoredNode& node : others) {  // rows that nobody knows
-            removeMembers(save.repository, node);
-            save.repository.run(sql::kDropNode, node.id);
+            removeMembers(repository_, node);
+            repository_.run(sql::kDropNode, node.id);
         }
-    } else if (const std::string words = changesElsewhere(form, save.rows); !words.empty()) {
-        save.changedElsewhere = true;
+    } else if (const std::string words = changesElsewhere(form, rows_); !words.empty()) {
+        changedElsewhere = true;
         throw platform::Fault(words);
     }
     forgetNodesWithoutRow(form, stored);
@@ -106,10 +105,10 @@ bool ScenarioLoadSave::findScenario(SaveAttempt& save) {
 
 /// Reads back what was written, and keeps what it is. Throws a `Fault` when it is not what the window shows, unless
 /// that is known to be `incomplete`.
-void ScenarioLoadSave::compareStored(SaveAttempt& save, bool incomplete) {
-    const StoredRows rows = readStoredRows(save.repository, catalogue_.tables, save.form.ScenarioID);
-    save.form.stored.rows = marksOf(rows);
-    const RowPlan plan(save.form, catalogue_.tables, rows);
+void SaveAttempt::compareStored(bool incomplete) {
+    const StoredRows rows = readStoredRows(repository_, catalogue_.tables, form.ScenarioID);
+    form.stored.rows = marksOf(rows);
+    const RowPlan plan(form, catalogue_.tables, rows);
     if (!incomplete && !plan.differing().empty()) {
         throw platform::Fault(
             "The repository does not hold what was saved; somebody else may be saving this scenario."

@@ -7,6 +7,7 @@
 #include "platform/letter_case.h"
 #include "repository/catalogue.h"
 #include "repository/catalogue_statements.h"
+#include "repository/type_rows.h"
 
 namespace orvent::repository {
 
@@ -14,7 +15,6 @@ using entities::ActivityTypeProperties;
 using entities::FunctionTypeProperties;
 using platform::Answer;
 using platform::Buttons;
-using platform::checkedI16;
 using platform::Icon;
 using platform::Statement;
 
@@ -109,20 +109,6 @@ void Catalogue::LoadActivityTypes() {
     loadOrEnd([this](StatementCache& repository) { readActivityTypes(repository, keepsIndices()); });
 }
 
-template <class Add>
-void Catalogue::eachParam(StatementCache& repository, std::string_view sql, const std::string& type,
-                          std::string_view kind, Add add) {
-    // All rows are read before the first type name may lead to a question and to writing.
-    std::vector<std::pair<std::string, std::string>> rows;
-    Statement& params = repository.run(sql, type, kind);
-    while (params.fetch()) {
-        rows.emplace_back(params.text(1), params.text(2));
-    }
-    for (const auto& [name, dataType] : rows) {
-        add(name, DataTypeIndex(dataType));
-    }
-}
-
 namespace {
 
 ActivityTypeProperties activityTypeAt(const entities::NameTable& names, std::int16_t index) {
@@ -148,6 +134,12 @@ const std::string& nameOf(const FunctionTypeProperties& type) {
 }
 
 }  // namespace
+
+template <class Type>
+bool Catalogue::read(Type& type) {
+    StatementCache repository = openRepository(services_);
+    return TypeRows(repository, tables).read(type, [this](const std::string& name) { return DataTypeIndex(name); });
+}
 
 template <class Type>
 Type Catalogue::readAll(Type type) {
@@ -181,49 +173,6 @@ FunctionTypeProperties Catalogue::GetFunctionType(std::int16_t index) {
 
 FunctionTypeProperties Catalogue::wholeFunctionType(std::int16_t index) {
     return readAll(functionTypeAt(tables.functionTypes, index));
-}
-
-bool Catalogue::read(ActivityTypeProperties& type) {
-    StatementCache repository = openRepository(services_);
-    bool found = false;
-    Statement& row = repository.run(sql::kActivityType, type.ActType_Name);
-    while (row.fetch()) {
-        found = true;
-        type.ActType_Description = row.text(1);
-        type.ActType_SQL = row.text(2);
-        type.ActType_LDL = row.text(3);
-        type.ActType_SchemaNo = checkedI16(row.number(4), "Schema number");
-        type.ActType_ProviderSemantics = checkedI16(row.number(5), "Provider semantics");
-        type.ActType_ConsumerSemantics = checkedI16(row.number(6), "Consumer semantics");
-    }
-    eachParam(
-        repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindParam,
-        [&](const std::string& name, std::int16_t dataType) { type.ActType_Parameters->Add(name, dataType, name); });
-    eachParam(repository, sql::kActivityTypeParams, type.ActType_Name, sql::kKindOutput,
-              [&](const std::string& name, std::int16_t dataType) { type.ActType_OutPuts->Add(name, dataType, name); });
-    Statement& functions = repository.run(sql::kActivityTypeFunctions, type.ActType_Name);
-    while (functions.fetch()) {
-        const std::string name = functions.text(1);
-        type.ActType_Functions->Add(name, FunctionTypeIndex(functions.text(2)), name);
-    }
-    return found;
-}
-
-bool Catalogue::read(FunctionTypeProperties& type) {
-    StatementCache repository = openRepository(services_);
-    bool found = false;
-    Statement& row = repository.run(sql::kFunctionType, type.FunctionType_Name);
-    while (row.fetch()) {
-        found = true;
-        type.FunctionType_Description = row.text(1);
-    }
-    eachParam(
-        repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindInput,
-        [&](const std::string& name, std::int16_t dataType) { type.FunctionType_Inputs->Add(name, dataType, name); });
-    eachParam(
-        repository, sql::kFunctionTypeParams, type.FunctionType_Name, sql::kKindOutput,
-        [&](const std::string& name, std::int16_t dataType) { type.FunctionType_Outputs->Add(name, dataType, name); });
-    return found;
 }
 
 std::int16_t Catalogue::DataTypeIndex(const std::string& name) {

@@ -2,6 +2,7 @@
 
 #include "repository/catalogue.h"
 #include "repository/catalogue_statements.h"
+#include "repository/type_rows.h"
 
 namespace orvent::repository {
 
@@ -31,58 +32,18 @@ void Catalogue::tell(const std::string& text) {
     services_.messages.tell(text, {}, Icon::information);
 }
 
-void Catalogue::writeParams(StatementCache& repository, const FunctionTypeProperties& type) const {
-    if (const auto* inputs = type.FunctionType_Inputs.peek()) {
-        for (const entities::InputProperties& input : *inputs) {
-            repository.run(sql::kAddFunctionTypeParam, type.FunctionType_Name, sql::kKindInput, input.Input_Name,
-                           tables.dataTypes.name(input.Input_Type));
-        }
-    }
-    if (const auto* outputs = type.FunctionType_Outputs.peek()) {
-        for (const entities::OutputProperties& output : *outputs) {
-            repository.run(sql::kAddFunctionTypeParam, type.FunctionType_Name, sql::kKindOutput, output.Output_Name,
-                           tables.dataTypes.name(output.Output_Type));
-        }
-    }
-}
-
-void Catalogue::writeDependents(StatementCache& repository, const ActivityTypeProperties& type) const {
-    if (const auto* parameters = type.ActType_Parameters.peek()) {
-        for (const entities::ParamProperties& parameter : *parameters) {
-            repository.run(sql::kAddActivityTypeParam, type.ActType_Name, sql::kKindParam, parameter.Parameter_Name,
-                           tables.dataTypes.name(parameter.Parameter_Type));
-        }
-    }
-    if (const auto* outputs = type.ActType_OutPuts.peek()) {
-        for (const entities::OutputProperties& output : *outputs) {
-            repository.run(sql::kAddActivityTypeParam, type.ActType_Name, sql::kKindOutput, output.Output_Name,
-                           tables.dataTypes.name(output.Output_Type));
-        }
-    }
-    if (const auto* functions = type.ActType_Functions.peek()) {
-        for (const entities::UsedFunctionProperties& function : *functions) {
-            repository.run(sql::kAddActivityTypeFunction, type.ActType_Name, function.Function_Name,
-                           tables.functionTypes.name(function.Function_Type));
-        }
-    }
-}
-
 void Catalogue::addDataType(StatementCache& repository, const std::string& name) {
     repository.run(sql::kAddDataType, name);
     tables.dataTypes.take(name);
 }
 
 void Catalogue::addFunctionType(StatementCache& repository, const FunctionTypeProperties& type) {
-    repository.run(sql::kAddFunctionType, type.FunctionType_Name, type.FunctionType_Description);
-    writeParams(repository, type);
+    TypeRows(repository, tables).add(type);
     tables.functionTypes.take(type.FunctionType_Name);
 }
 
 void Catalogue::addActivityType(StatementCache& repository, const ActivityTypeProperties& type) {
-    repository.run(sql::kAddActivityType, type.ActType_Name, type.ActType_Description, type.ActType_SQL,
-                   type.ActType_SchemaNo, type.ActType_ProviderSemantics, type.ActType_ConsumerSemantics,
-                   type.ActType_LDL);
-    writeDependents(repository, type);
+    TypeRows(repository, tables).add(type);
     tables.activityTypes.take(type.ActType_Name);
     tables.activityTypeSql.resize(tables.activityTypes.size());
     tables.activityTypeLdl.resize(tables.activityTypes.size());
@@ -133,9 +94,7 @@ void Catalogue::UpdateFunctionType(const FunctionTypeProperties& type) {
     const std::int16_t index = type.FunctionType_NameIndex;
     const std::string oldName = wholeFunctionType(index).FunctionType_Name;
     rename(tables.functionTypes, index, type.FunctionType_Name, [&](StatementCache& repository) {
-        repository.run(sql::kDropFunctionTypeParams, oldName);
-        repository.run(sql::kChangeFunctionType, type.FunctionType_Name, type.FunctionType_Description, oldName);
-        writeParams(repository, type);
+        TypeRows(repository, tables).change(oldName, type);
         return true;
     });
     tell("FUNCTION TYPE UPDATED");
@@ -154,12 +113,7 @@ void Catalogue::UpdateActivityType(const ActivityTypeProperties& type) {
     const std::int16_t index = type.ActType_NameIndex;
     const std::string oldName = wholeActivityType(index).ActType_Name;
     rename(tables.activityTypes, index, type.ActType_Name, [&](StatementCache& repository) {
-        repository.run(sql::kDropActivityTypeParams, oldName);
-        repository.run(sql::kDropActivityTypeFunctions, oldName);
-        repository.run(sql::kChangeActivityType, type.ActType_Name, type.ActType_Description, type.ActType_SQL,
-                       type.ActType_SchemaNo, type.ActType_ProviderSemantics, type.ActType_ConsumerSemantics,
-                       type.ActType_LDL, oldName);
-        writeDependents(repository, type);
+        TypeRows(repository, tables).change(oldName, type);
         return true;
     });
     // The generators take their templates from these tables, so the texts follow the name.
