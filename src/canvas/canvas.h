@@ -42,7 +42,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     SelectedLabelsCollection SelectedLabels;
     SelectedLinesCollection SelectedLines;
     /// One object for a scenario: a view over a part of it holds its design window's.
-    std::shared_ptr<DeletedNodesCollection> DeletedNodes = std::make_shared<DeletedNodesCollection>();
+    platform::Shared<DeletedNodesCollection> DeletedNodes = std::make_shared<DeletedNodesCollection>();
 
     std::int32_t LabelsNo = 0;         ///< the last node number given; only grows
     std::int32_t LinesNo = 0;          ///< the last edge number given; only grows

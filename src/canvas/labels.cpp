@@ -80,6 +80,18 @@ void LabelsD::moved() {
     graph_.nodeMoved(*this);
 }
 
+std::shared_ptr<const void> LabelsD::entityShare() {
+    return std::visit(
+        [](auto& held) -> std::shared_ptr<const void> {
+            if constexpr (requires { held.share(); }) {
+                return held.share();
+            } else {
+                return nullptr;
+            }
+        },
+        Properties);
+}
+
 void LabelsD::StartingLinesClear() {
     detachAll(EdgeEnd::start);
 }

@@ -98,18 +98,21 @@ class LabelsD {
     /// The entity of that kind, or nothing.
     template <class Entity>
     const Entity* entity() const {
-        const auto* held = std::get_if<std::shared_ptr<Entity>>(&Properties);
+        const auto* held = std::get_if<platform::Shared<Entity>>(&Properties);
         return held ? held->get() : nullptr;
     }
     template <class Entity>
     Entity* entity() {
-        const auto* held = std::get_if<std::shared_ptr<Entity>>(&Properties);
+        auto* held = std::get_if<platform::Shared<Entity>>(&Properties);
         return held ? held->get() : nullptr;
     }
     const entities::ActivityProperties* activity() const { return entity<entities::ActivityProperties>(); }
     entities::ActivityProperties* activity() { return entity<entities::ActivityProperties>(); }
     const entities::RecordSetProperties* recordSet() const { return entity<entities::RecordSetProperties>(); }
     entities::RecordSetProperties* recordSet() { return entity<entities::RecordSetProperties>(); }
+
+    /// A share in the entity, whatever its kind; nothing for a plain number.
+    std::shared_ptr<const void> entityShare();
 
     /// The identifier of the node's own row in the repository, or nothing for a kind that is never a row.
     const std::int16_t* rowIdentifier() const;
@@ -122,8 +125,8 @@ class LabelsD {
     /// The image of the arrow head at a grab point ("ArrowR", ...), empty for an unknown number.
     std::string_view LineArrowDirection(int GrabbingPoint) const;
 
-    /// The grab point meant by a pointer at `x`, `y` inside the box. Stores it in the canvas' `GrabbingPoint`, places
-    /// the `Grabber` marker there and gives the place.
+    /// The grab point meant by a pointer at `x`, `y` inside the box. Stores it in the canvas' `GrabbingPoint`, and
+    /// gives its place.
     Point DrawRect(float x, float y);
 
   private:

@@ -13,6 +13,8 @@ NodeProperties cloned(const NodeProperties& properties) {
         [](const auto& held) -> NodeProperties {
             if constexpr (requires { held->Clone(); }) {
                 return held->Clone();
+            } else if constexpr (requires { held.get(); }) {
+                return NodeProperties(std::remove_cvref_t<decltype(held)>());  // types belong to their own view
             } else {
                 return held;
             }

@@ -11,6 +11,7 @@
 #include "canvas/point.h"
 #include "entities/key_grammar.h"
 #include "entities/nodes.h"
+#include "platform/shared.h"
 
 namespace orvent::canvas {
 
@@ -31,10 +32,10 @@ using enum NodeTypeCode;
 
 /// What a node stands for: an entity, or a plain number (a log's repository identifier).
 using NodeProperties =
-    std::variant<std::int16_t, std::shared_ptr<entities::ActivityProperties>,
-                 std::shared_ptr<entities::RecordSetProperties>, std::shared_ptr<entities::CommentProperties>,
-                 std::shared_ptr<entities::AttributeProperties>, std::shared_ptr<entities::ParameterProperties>,
-                 std::shared_ptr<entities::FunctionProperties>, std::shared_ptr<entities::FunctionTypeProperties>>;
+    std::variant<std::int16_t, platform::Shared<entities::ActivityProperties>,
+                 platform::Shared<entities::RecordSetProperties>, platform::Shared<entities::CommentProperties>,
+                 platform::Shared<entities::AttributeProperties>, platform::Shared<entities::ParameterProperties>,
+                 platform::Shared<entities::FunctionProperties>, platform::Shared<entities::FunctionTypeProperties>>;
 
 /// The figures of boxes; the view knows how each is drawn.
 enum class Figure { plain, field, tag, octagon, hexagon, doubleHexagon, pill, drum, funnel, card, sheet };

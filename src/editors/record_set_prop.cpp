@@ -348,7 +348,7 @@ void RecordSetProp::renameInGraph(RecordSetProperties& record, const std::string
 
 void RecordSetProp::applyRecord(const std::string& formerName) {
     const platform::Busy busy(services_.repository.progress);
-    const auto former = std::get<std::shared_ptr<RecordSetProperties>>(ActiveNode.Properties);
+    const auto former = std::get<platform::Shared<RecordSetProperties>>(ActiveNode.Properties).share();
     if (tempProp->NodeID == 0) {
         tempProp->NodeID = former->NodeID;
     }

@@ -62,7 +62,7 @@ bool SetActProp::ApplyActivity() {
             return false;
         }
     }
-    const auto former = std::get<std::shared_ptr<ActivityProperties>>(ActiveNode.Properties);
+    const auto former = std::get<platform::Shared<ActivityProperties>>(ActiveNode.Properties).share();
     putBack();
     followRenames(renameInGraph(*former));
     if (tempProp->NodeID == 0) {

@@ -11,7 +11,7 @@ void ZoomNodes::prepare(canvas::CanvasForm& form, canvas::LabelsD& node) {
         zoom::ExpandedState before(*zoom);
         CollapseForAWhile(*zoom, node);
         collapsed_.insert_or_assign(&form,
-                                    Collapsed{std::move(before), zoom::DrawnMembers(*zoom, node), node.Properties});
+                                    Collapsed{std::move(before), zoom::DrawnMembers(*zoom, node), node.entityShare()});
     }
 }
 
@@ -26,7 +26,7 @@ void ZoomNodes::refresh(canvas::CanvasForm& form, canvas::LabelsD& node) {
     collapsed.mapped().before.restore(*zoom);
     node.setReady(ready);
     refreshFilters(*zoom);
-    if (node.Properties != collapsed.mapped().entity) {
+    if (node.entityShare() != collapsed.mapped().entity) {
         zoom->touch();  // the dialog gave it another record
     }
 }

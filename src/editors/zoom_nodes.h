@@ -19,7 +19,7 @@ class ZoomNodes : public NodePreparation {
     struct Collapsed {
         zoom::ExpandedState before;
         zoom::DrawnMembers drawn;
-        canvas::NodeProperties entity;  ///< as the dialog opened
+        std::shared_ptr<const void> entity;  ///< as the dialog opened
     };
     std::unordered_map<const canvas::CanvasForm*, Collapsed> collapsed_;
 };

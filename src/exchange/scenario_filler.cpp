@@ -44,7 +44,7 @@ void nameDataTypes(entities::Lazy<List>& members, const TypeIndices& types) {
 /// A node like one of the document. A refused name is no news: it was one where the document was written.
 LabelsD& addNode(canvas::DrawForm& form, Document::Node& node) {
     LabelsD& added = form.Labels.Add(node.box, node.caption, node.kind);
-    if (auto* constant = std::get_if<std::shared_ptr<entities::ParameterProperties>>(&node.entity)) {
+    if (auto* constant = std::get_if<platform::Shared<entities::ParameterProperties>>(&node.entity)) {
         (*constant)->LabelIndex = added.Index();
     }
     added.Properties = std::move(node.entity);
@@ -94,7 +94,7 @@ TypeIndices indicesIn(entities::CatalogueTables& tables, const Document& documen
 }
 
 void nameTypes(canvas::NodeProperties& entity, const TypeIndices& types) {
-    if (auto* activity = std::get_if<std::shared_ptr<entities::ActivityProperties>>(&entity)) {
+    if (auto* activity = std::get_if<platform::Shared<entities::ActivityProperties>>(&entity)) {
         nameType((*activity)->Act_Type, types.activities);
         nameDataTypes((*activity)->Act_Inputs, types);
         nameDataTypes((*activity)->Act_Outputs, types);
@@ -104,7 +104,7 @@ void nameTypes(canvas::NodeProperties& entity, const TypeIndices& types) {
             nameDataTypes(function.Function_Inputs, types);
             nameDataTypes(function.Function_Outputs, types);
         }
-    } else if (auto* recordSet = std::get_if<std::shared_ptr<entities::RecordSetProperties>>(&entity)) {
+    } else if (auto* recordSet = std::get_if<platform::Shared<entities::RecordSetProperties>>(&entity)) {
         nameDataTypes((*recordSet)->RecordSet_Outputs, types);
     }
 }

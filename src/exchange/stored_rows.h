@@ -13,7 +13,7 @@ void eachRow(Properties& properties, Step step) {
             step(member.SubNode_ID, &member.Changed);
         }
     };
-    if (auto* activity = std::get_if<std::shared_ptr<entities::ActivityProperties>>(&properties)) {
+    if (auto* activity = std::get_if<platform::Shared<entities::ActivityProperties>>(&properties)) {
         step((*activity)->NodeID, &(*activity)->Changed);
         members((*activity)->Act_Inputs);
         members((*activity)->Act_Outputs);
@@ -23,10 +23,10 @@ void eachRow(Properties& properties, Step step) {
             members(function.Function_Inputs);
             members(function.Function_Outputs);
         }
-    } else if (auto* recordSet = std::get_if<std::shared_ptr<entities::RecordSetProperties>>(&properties)) {
+    } else if (auto* recordSet = std::get_if<platform::Shared<entities::RecordSetProperties>>(&properties)) {
         step((*recordSet)->NodeID, &(*recordSet)->Changed);
         members((*recordSet)->RecordSet_Outputs);
-    } else if (auto* comment = std::get_if<std::shared_ptr<entities::CommentProperties>>(&properties)) {
+    } else if (auto* comment = std::get_if<platform::Shared<entities::CommentProperties>>(&properties)) {
         step((*comment)->NodeID, &(*comment)->Changed);
     } else if (auto* number = std::get_if<std::int16_t>(&properties)) {
         step(*number, static_cast<bool*>(nullptr));

@@ -25,7 +25,7 @@ struct Release {
 
 void CanvasLinks::unsynchronise(canvas::Canvas& canvas, canvas::LabelsD& node) {
     std::visit(
-        [&](const auto& held) {
+        [&](auto& held) {
             if constexpr (requires { Release{canvas}(*held); }) {
                 if (held) {
                     Release{canvas}(*held);

@@ -36,11 +36,11 @@ class Former {
         });
     }
 
-    void leave(MirrorExchange& exchange) const {
-        for (const canvas::NodeProperties& entity : held_) {
-            if (const auto* activity = std::get_if<std::shared_ptr<ActivityProperties>>(&entity)) {
+    void leave(MirrorExchange& exchange) {
+        for (canvas::NodeProperties& entity : held_) {
+            if (auto* activity = std::get_if<platform::Shared<ActivityProperties>>(&entity)) {
                 exchange.leave(**activity);
-            } else if (const auto* recordSet = std::get_if<std::shared_ptr<RecordSetProperties>>(&entity)) {
+            } else if (auto* recordSet = std::get_if<platform::Shared<RecordSetProperties>>(&entity)) {
                 exchange.leave(**recordSet);
             }
         }
@@ -109,7 +109,7 @@ void ApplyZoomChanges(ZoomView& view, bool ReExpand) {
     // the lists of links keep their order, beside the view as well as in it.
     replayRenames(view.ParForm(), view.renames);
     MirrorExchange exchange(view.ParForm());
-    const Former former(view);
+    Former former(view);
     former.leave(exchange);
     view.eachFirstCopy([&](LabelsD& shown, LabelsD& design) { replace(design, shown); });
     view.eachFirstCopy([&](LabelsD&, LabelsD& design) { come(exchange, design); });

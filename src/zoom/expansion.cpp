@@ -268,10 +268,10 @@ void Expansion::takeBack(Lazy<List>& items, const ExpansionRow& row) {
     std::vector<std::shared_ptr<Entity>> taken;
     for (const std::int32_t edge : partOfEdges(view_, owner_)) {
         LabelsD* node = targetOf(view_, edge);
-        const auto* held = std::get_if<std::shared_ptr<Entity>>(&node->Properties);
+        auto* held = std::get_if<platform::Shared<Entity>>(&node->Properties);
         if (held && *held && (*held)->NodeKind == row.kind &&
             ((*held)->ParentKeyName == ownerName_ || isFree(view_, (*held)->ParentKeyName))) {
-            taken.push_back(*held);
+            taken.push_back(held->share());
             view_.Labels.Remove(node->Index());
         }
     }

@@ -151,15 +151,7 @@ void freeMember(ZoomView& view, ActivityProperties& owner, LabelsD& node) {
         }
         entity.ParentKeyName.clear();
     };
-    const std::shared_ptr<void> held = std::visit(
-        [](const auto& properties) -> std::shared_ptr<void> {
-            if constexpr (requires { properties.get(); }) {
-                return properties;
-            } else {
-                return nullptr;
-            }
-        },
-        node.Properties);
+    const std::shared_ptr<const void> held = node.entityShare();
     if (auto* attribute = node.entity<AttributeProperties>()) {
         release(*attribute);
     } else if (auto* parameter = node.entity<ParameterProperties>()) {
@@ -193,7 +185,8 @@ void DetachFunction(ZoomView& view, LabelsD& function, LabelsD* activity) {
     if (!activity) {
         return;
     }
-    const std::shared_ptr<FunctionProperties> held = std::get<std::shared_ptr<FunctionProperties>>(function.Properties);
+    const std::shared_ptr<FunctionProperties> held =
+        std::get<platform::Shared<FunctionProperties>>(function.Properties).share();
     FunctionProperties& entity = *held;
     // The keys by which others know its parameters name the activity, so the links go before it is forgotten.
     UnSynchronizeFunction(view, entity, true, nullptr);

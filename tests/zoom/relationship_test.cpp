@@ -414,7 +414,7 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     draw("R.r", "F.IN.fi", R);
     zoom::RemoveRelationship(form, tie);
     form.Lines.RemoveFull(tie);
-    const auto free = std::get<std::shared_ptr<FunctionProperties>>(node("F").Properties);
+    const auto free = std::get<platform::Shared<FunctionProperties>>(node("F").Properties).share();
     EXPECT_EQ(node("A").activity()->Act_Functions.count(), 0);
     EXPECT_EQ(free->ParentKeyName(), "");
     EXPECT_EQ(free->Function_Source, 0);
