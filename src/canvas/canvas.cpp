@@ -29,23 +29,13 @@ void Canvas::growPicture() {
         bottom = std::max(bottom, node.box().bottom());
     }
     PicForm.setSize(right, bottom);
-    tellMarkers();
+    tellPicture();
 }
 
 void Canvas::setLight(Light light) {
     if (light != light_) {
         light_ = std::move(light);
         listeners_.tell([](CanvasListener& listener) { listener.lightChanged(); });
-    }
-}
-
-void Canvas::ClearCrop() {
-    const bool shown = CroppingRect.Visible;
-    CroppingRect.Width = CroppingRect.Height = MarkerBox::kRestSize;
-    CroppingRect.Visible = false;
-    SelectedLabels.Clear();
-    if (shown) {
-        tellMarkers();
     }
 }
 
@@ -70,8 +60,8 @@ void Canvas::tellRenamed(const Rename& rename) {
     listeners_.tell([&rename](CanvasListener& listener) { listener.memberRenamed(rename); });
 }
 
-void Canvas::tellMarkers() {
-    listeners_.tell([](CanvasListener& listener) { listener.markersChanged(); });
+void Canvas::tellPicture() {
+    listeners_.tell([](CanvasListener& listener) { listener.pictureChanged(); });
 }
 
 void Canvas::nameRefused() {
@@ -100,12 +90,6 @@ void Canvas::detachEnd(std::int32_t edge, EdgeEnd which) {
     if (LinesD* line = Lines.byIndex(edge)) {
         line->detach(which);
     }
-}
-
-void Canvas::grabPointMeant(int grabPoint, Point place) {
-    GrabbingPoint = grabPoint;
-    Grabber = place;
-    tellMarkers();
 }
 
 ManyChanges::~ManyChanges() {

@@ -12,7 +12,6 @@
 #include "canvas/labels.h"
 #include "canvas/light.h"
 #include "canvas/lines.h"
-#include "canvas/markers.h"
 #include "canvas/names2index.h"
 #include "canvas/picture_area.h"
 #include "canvas/selection.h"
@@ -55,22 +54,15 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     float BiggestHeight = 0;  ///< zoom canvas: how far down nodes reach
     PictureArea PicForm;
 
-    // The gesture under way, and what is shown of it.
+    // The gesture under way; what is shown of it each view has of its own.
     std::int32_t ConnectFromLabel = -1;  ///< source of the edge being drawn
     bool RubberBand = false;             ///< an edge is being drawn
     bool ConnectPending = false;         ///< the button was released; the first move decides the target
     bool OverLabel = false;              ///< the pointer is over a node
     bool OverLine = false;               ///< the pointer is over a handle of a selected edge
     int GrabbingPoint = 0;
-    Point GrabMark;  ///< place of the grab point under the pointer
-    Point Grabber;   ///< marker of the grab point meant by the pointer
-    bool GrabberVisible = false;
+    Point GrabMark;                        ///< place of the grab point under the pointer
     float DragStartX = 0, DragStartY = 0;  ///< pointer inside the node as its move began
-    MarkerBox CroppingRect;
-    MarkerBox ResizeLabel;            ///< outline of the node that is being resized
-    MarkerBox DragOutline;            ///< where a dragged node or handle would go
-    std::vector<Box> DragOutlines;    ///< where the other nodes of a dragged group would go
-    std::int32_t EditedComment = -1;  ///< the comment whose text is being edited
 
     /// What is lit while something else is dimmed; empty as a rule.
     const Light& light() const { return light_; }
@@ -87,8 +79,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     /// Makes the picture large enough for the rightmost and the lowest node.
     void growPicture();
 
-    /// Hides the crop rectangle and clears the selection of nodes.
-    void ClearCrop();
+    /// Clears the selection of nodes, as what a crop rectangle holds.
+    void ClearCrop() { SelectedLabels.Clear(); }
 
     const CanvasSettings& settings() const override { return services_.settings; }
     platform::MessageBox& messages() override { return services_.messages; }
@@ -105,7 +97,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     // Changes are told through these.
     void tellChanged(const LabelsD& node) override;
     void tellChanged(const LinesD& edge) override;
-    void tellMarkers();
+    void tellPicture();
     void tellRenamed(const Rename& rename);
     const CanvasListeners& listeners() const { return listeners_; }
 
@@ -129,7 +121,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     void nameRefused() override;
     void nodeMoved(const LabelsD& node) override;
     void detachEnd(std::int32_t edge, EdgeEnd which) override;
-    void grabPointMeant(int grabPoint, Point place) override;
+    void grabPointMeant(int grabPoint) override { GrabbingPoint = grabPoint; }
 
     CanvasServices services_;
     Light light_;

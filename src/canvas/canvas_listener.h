@@ -21,7 +21,7 @@ class CanvasListener {
     virtual void memberRenamed(const Rename&) {}  ///< its links may follow only afterwards
     /// Any number of nodes and edges changed at once; none of them is told on its own.
     virtual void manyChanged() {}
-    virtual void markersChanged() {}  ///< the `Grabber`, another marker or the picture area changed
+    virtual void pictureChanged() {}  ///< the size of the picture
     virtual void lightChanged() {}    ///< what is lit and what is dimmed
     virtual void formChanged() {}     ///< the window's caption, or whether it takes input
 };

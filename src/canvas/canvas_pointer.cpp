@@ -18,8 +18,14 @@ bool isArrow(const std::string& tool) {
 
 }  // namespace
 
-CanvasPointer::CanvasPointer(CanvasForm& form, const PointerPorts& ports)
-    : canvas_(form), ports_(ports), hover_(form, ports.tools), subscription_(form.listen(*this)) {}
+CanvasPointer::CanvasPointer(CanvasForm& form, ViewState& view, const PointerPorts& ports)
+    : canvas_(form),
+      view_(view),
+      ports_(ports),
+      hover_(form, view, ports.tools),
+      menus_(form, ports),
+      keys_(form, ports),
+      subscription_(form.listen(*this)) {}
 
 CanvasPointer::~CanvasPointer() {
     cancel();
@@ -35,10 +41,6 @@ Hit CanvasPointer::meant(const Hit& hit) const {
     const LinesD* edge = edgeAt(hit);
     const bool drawing = canvas_.rules().edgeTypeOf(ports_.tools.DrawMode()).has_value();
     return edge && drawing && hit.below != 0 && !edge->Selected() ? Hit{Element::node, hit.below} : hit;
-}
-
-LabelsD* CanvasPointer::nodeAt(const Hit& hit) const {
-    return hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
 }
 
 LinesD* CanvasPointer::edgeAt(const Hit& hit) const {
@@ -77,10 +79,6 @@ void CanvasPointer::edgeGoes(const LinesD& edge) {
     }
 }
 
-void CanvasPointer::focused() {
-    ports_.tools.canvasFocused(canvas_);
-}
-
 // Presses.
 
 void CanvasPointer::press(const PointerEvent& event) {
@@ -102,7 +100,7 @@ void CanvasPointer::press(const PointerEvent& event) {
     } else if (LinesD* edge = edgeAt(hit)) {
         pressEdge(*edge, event);
         if (hit.element == Element::handle && event.button == LeftButton) {
-            begin<HandleDrag>(ports_.tools, hover_, hit.number);
+            begin<HandleDrag>(view_, ports_.tools, hover_, hit.number);
         }
     } else if (hit.element == Element::picture && event.button == LeftButton) {
         pressPicture(event);
@@ -119,16 +117,16 @@ void CanvasPointer::pressPicture(const PointerEvent& event) {
     const std::string& tool = ports_.tools.DrawMode();
     const std::int32_t former = canvas_.LabelsNo;
     if (tool == "Crop") {
-        begin<Crop>(at, DragStart(event.at));
+        begin<Crop>(view_, at, DragStart(event.at));
     } else if (LabelsD* placed = canvas_.rules().placeNode(canvas_, tool, at)) {
         captures_ = false;  // the dialog takes the release
         ports_.windows.openProperties(canvas_, *placed);
     } else if (const LabelsD* made = canvas_.LabelsNo == former ? nullptr : canvas_.Labels.byIndex(canvas_.LabelsNo);
                made && made->NodeType() == NodeTypeComment) {
         captures_ = false;
-        begin<CommentEditing>(*made);  // it takes what is typed
+        begin<CommentEditing>(view_, *made);  // it takes what is typed
     } else if (isArrow(tool)) {
-        begin<Crop>(at, DragStart(event.at, event.slack));
+        begin<Crop>(view_, at, DragStart(event.at, event.slack));
     }
 }
 
@@ -137,7 +135,7 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
     const Point inside = node.inside(event.at);
     if (event.button != LeftButton) {
         if (event.button == RightButton) {
-            pressNodeMenu(node, event);
+            menus_.pressNode(node, event.at);
         }
         return;
     }
@@ -152,28 +150,24 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
     canvas_.SelectedLines.Clear();
     const std::string& tool = ports_.tools.DrawMode();
     if (tool == "Resize") {
-        begin<NodeResize>(node, inside);
+        begin<NodeResize>(view_, node, inside);
     } else if (tool == "Move") {
-        begin<NodeDrag>(ports_.tools, node, DragStart(event.at), std::vector<std::int32_t>{});
+        begin<NodeDrag>(view_, ports_.tools, node, DragStart(event.at), std::vector<std::int32_t>{});
     } else if (const auto edgeType = canvas_.rules().edgeTypeOf(tool)) {
         if (canvas_.rules().mayStart(*edgeType, node)) {
-            begin<EdgeDrawing>(ports_.tools, hover_, node, inside, *edgeType);
+            begin<EdgeDrawing>(view_, ports_.tools, hover_, node, inside, *edgeType);
         } else {
             ports_.tools.hint("An edge of this kind cannot start here.");
         }
     } else if (isArrow(tool) && !event.ctrl) {
-        begin<NodeDrag>(ports_.tools, node, DragStart(event.at, event.slack), std::move(group));
+        begin<NodeDrag>(view_, ports_.tools, node, DragStart(event.at, event.slack), std::move(group));
     }
 }
 
 void CanvasPointer::pressEdge(LinesD& edge, const PointerEvent& event) {
     canvas_.ActiveEdge = edge.Index();
     if (event.button == RightButton) {
-        if (!edge.Selected()) {
-            canvas_.SelectedLines.Clear();
-            canvas_.SelectedLines.Add(edge.Index());
-        }
-        showMenu("EdgesM", event.at);
+        menus_.pressEdge(edge, event.at);
         return;
     }
     if (!event.ctrl) {
@@ -242,7 +236,7 @@ void CanvasPointer::doubleClick(const PointerEvent& event) {
         return;
     }
     if (node->NodeType() == NodeTypeComment && node->onText(event.at)) {
-        begin<CommentEditing>(*node);
+        begin<CommentEditing>(view_, *node);
     } else if (node->NodeType() == NodeTypeRecordSet || node->NodeType() == NodeTypeActivity) {
         ports_.windows.openProperties(canvas_, *node);
     }

@@ -7,51 +7,28 @@
 #include <utility>
 
 #include "canvas/canvas_form.h"
-#include "canvas/canvas_host.h"
-#include "canvas/canvas_rules.h"
-#include "canvas/deletion.h"
 #include "canvas/node_tip.h"
 #include "canvas/pointer_event.h"
 #include "canvas/pointer_gesture.h"
 #include "canvas/pointer_hover.h"
+#include "canvas/pointer_menus.h"
+#include "canvas/selection_keys.h"
+#include "canvas/view_state.h"
 
 namespace orvent::canvas {
 
-/// What the gestures of a canvas lean on. All of it outlives the `CanvasPointer`.
-struct PointerPorts {
-    ToolState& tools;
-    CanvasWindows& windows;
-    EntityLinks& links;
-};
-
-/// Codes of the keys of a canvas; those of the letters are 'A' to 'Z'. The arrows move the selection from node to node,
-/// with Ctrl they move the selected nodes. Escape gives up the gesture, or else presses the tool "Arrow". A letter
-/// presses a tool. Enter places a node, or draws an edge from the selected node to the one selected at the next
-/// Enter; with another tool it opens the dialog of the one selected node.
-enum KeyCode : int {
-    EnterKey = 13,
-    EscapeKey = 27,
-    LeftKey = 37,
-    UpKey = 38,
-    RightKey = 39,
-    DownKey = 40,
-    DeleteKey = 46,
-    MenuKey = 93
-};
-
 /// The gestures of a canvas: which change of the graph or of the selection a press, a move and a release mean, by the
-/// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges
-/// and, above them, `Grabber` (while `GrabberVisible`), `CroppingRect`, `ResizeLabel`, `DragOutline`, the edge being
-/// drawn (a member of `Lines` without a target) and the editor of `EditedComment`. A change of those is
-/// told by `markersChanged()`; a change of `PicForm` is told the same way.
+/// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges and
+/// the edge being drawn (a member of `Lines` without a target); and above them what stands in its view's state:
+/// `Grabber` (while `GrabberVisible`), `CroppingRect`, `ResizeLabel`, `DragOutline` and the editor of `EditedComment`.
 ///
 /// While a button is held, events belong to the element where it was pressed, wherever the pointer is. At most one
 /// gesture is under way; a node or an edge that goes in the middle of it ends it and leaves nothing behind.
 ///
-/// The window's logic and the ports outlive it. Make one for each window, beside the view.
+/// The window's logic, the view's state and the ports outlive it. Make one for each view.
 class CanvasPointer : private CanvasListener {
   public:
-    CanvasPointer(CanvasForm& form, const PointerPorts& ports);
+    CanvasPointer(CanvasForm& form, ViewState& view, const PointerPorts& ports);
     ~CanvasPointer() override;
     CanvasPointer(const CanvasPointer&) = delete;
     CanvasPointer& operator=(const CanvasPointer&) = delete;
@@ -67,10 +44,13 @@ class CanvasPointer : private CanvasListener {
     bool keyDown(int keyCode, bool ctrl = false);
 
     /// An item of a context menu was chosen; `name` is the item's own.
-    void choose(std::string_view name);
+    void choose(std::string_view name) {
+        cancel();
+        menus_.choose(name);
+    }
 
     /// How an item of the menu opened last stands.
-    ItemState stateOf(const ContextItem& item) const;
+    ItemState stateOf(const ContextItem& item) const { return menus_.stateOf(item); }
 
     /// The text in the editor of `EditedComment` changed. Nothing while no comment is edited.
     void editComment(const std::string& text);
@@ -86,7 +66,7 @@ class CanvasPointer : private CanvasListener {
     NodeTip tipOf(const LabelsD& node) const { return canvas::tipOf(node, ports_.windows.typeOf(node)); }
 
     /// The window took the focus.
-    void focused();
+    void focused() { ports_.tools.canvasFocused(canvas_); }
 
     /// The tool resizes what it presses.
     bool resizes() const { return ports_.tools.DrawMode() == "Resize"; }
@@ -100,9 +80,7 @@ class CanvasPointer : private CanvasListener {
     // Presses, by the element.
     void pressPicture(const PointerEvent& event);
     void pressNode(LabelsD& node, const PointerEvent& event);
-    void pressNodeMenu(LabelsD& node, const PointerEvent& event);
     void pressEdge(LinesD& edge, const PointerEvent& event);
-    void showMenu(std::string_view name, Point at);
 
     template <class Kind, class... Start>
     void begin(Start&&... start) {
@@ -116,27 +94,24 @@ class CanvasPointer : private CanvasListener {
     // Keys.
     bool escape();
     bool arrow(int keyCode, bool ctrl);
-    bool letter(char key);
     bool enter();
-    bool placeInView();
-    bool openSelected();
-    bool openSelectedMenu();
-    LabelsD* selectedNode() const;
-    void restoreMenuTargets();
-    void runAction(const ContextItem& item);
+    bool joinFrom(const LabelsD& node, EdgeTypeCode edgeType);
     Hit meant(const Hit& hit) const;
-    LabelsD* nodeAt(const Hit& hit) const;
+    LabelsD* nodeAt(const Hit& hit) const {
+        return hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
+    }
     LinesD* edgeAt(const Hit& hit) const;
 
     CanvasForm& canvas_;
+    ViewState& view_;
     PointerPorts ports_;
     PointerHover hover_;
+    PointerMenus menus_;
+    SelectionKeys keys_;
     CanvasSubscription subscription_;
     std::unique_ptr<Gesture> gesture_;  ///< under way, or nothing
     std::string tool_;                  ///< with which it began
     bool captures_ = false;             ///< the left button is held, and events belong to where it was pressed
-    std::int32_t menuNode_ = -1;        ///< `ActiveLabel` as the last menu was opened
-    std::int32_t menuEdge_ = -1;        ///< `ActiveEdge`, likewise
 };
 
 }  // namespace orvent::canvas

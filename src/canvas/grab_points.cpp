@@ -83,9 +83,8 @@ std::string_view LabelsD::LineArrowDirection(int GrabbingPoint) const {
 Point LabelsD::DrawRect(float x, float y) {
     const int point = nodeType_ == NodeTypeActivity ? activityPointAt(x, y, Width(), Height())
                                                     : ordinaryPointAt(x, y, Width(), Height());
-    const Point place = GrabPoint(point);
-    graph_.grabPointMeant(point, place);
-    return place;
+    graph_.grabPointMeant(point);
+    return GrabPoint(point);
 }
 
 }  // namespace orvent::canvas

@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "canvas/line_numbers.h"
-#include "canvas/point.h"
 
 namespace orvent::canvas {
 
@@ -30,7 +29,7 @@ class Graph {
     /// An edge is to leave a node, whose own list is empty already.
     virtual void detachEnd(std::int32_t edge, EdgeEnd which) = 0;
     /// The pointer means that grab point of a node.
-    virtual void grabPointMeant(int grabPoint, Point place) = 0;
+    virtual void grabPointMeant(int grabPoint) = 0;
 
     virtual void tellChanged(const LabelsD& node) = 0;
     virtual void tellChanged(const LinesD& edge) = 0;

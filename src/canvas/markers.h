@@ -4,7 +4,7 @@
 
 namespace orvent::canvas {
 
-/// A rectangle that a canvas shows above its graph while a gesture is under way.
+/// A rectangle that a view of a canvas shows above its graph while a gesture is under way.
 struct MarkerBox : Box {
     /// Width and height while nothing is shown.
     static constexpr float kRestSize = 15;

@@ -23,20 +23,22 @@ bool holds(const Box& rect, const Box& node) {
 
 }  // namespace
 
-void showDragged(CanvasForm& canvas, const Box& box, Point at) {
-    canvas.DragOutline.show(box);
-    canvas.PicForm.dragOver(at, box.Width, box.Height);
-    canvas.tellMarkers();
+void showDragged(CanvasForm& canvas, ViewState& view, const Box& box, Point at) {
+    view.DragOutline.show(box);
+    if (view.window.dragOver(at, box.Width, box.Height)) {
+        canvas.tellPicture();
+    }
+    view.tell();
 }
 
-void hideMarker(CanvasForm& canvas, MarkerBox& marker) {
+void hideMarker(const ViewState& view, MarkerBox& marker) {
     marker.Visible = false;
-    canvas.tellMarkers();
+    view.tell();
 }
 
-NodeDrag::NodeDrag(CanvasForm& canvas, ToolState& tools, const LabelsD& node, DragStart start,
+NodeDrag::NodeDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, const LabelsD& node, DragStart start,
                    std::vector<std::int32_t> group)
-    : canvas_(canvas), tools_(tools), node_(node.Index()), start_(start), group_(std::move(group)) {
+    : canvas_(canvas), view_(view), tools_(tools), node_(node.Index()), start_(start), group_(std::move(group)) {
     const Point inside = node.inside(start.pressed());
     canvas_.DragStartX = inside.x;
     canvas_.DragStartY = inside.y;
@@ -54,20 +56,20 @@ void NodeDrag::follow(const PointerEvent& event) {
     }
     const LabelsD& node = *canvas_.Labels.byIndex(node_);
     const Box box{event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()};
-    canvas_.DragOutlines.clear();
+    view_.DragOutlines.clear();
     for (const std::int32_t index : group_) {
         const LabelsD* other = index == node_ ? nullptr : canvas_.Labels.byIndex(index);
         if (other && other->Visible()) {
-            canvas_.DragOutlines.push_back({other->Left() + box.Left - node.Left(), other->Top() + box.Top - node.Top(),
-                                            other->Width(), other->Height()});
+            view_.DragOutlines.push_back({other->Left() + box.Left - node.Left(), other->Top() + box.Top - node.Top(),
+                                          other->Width(), other->Height()});
         }
     }
-    showDragged(canvas_, box, event.at);
+    showDragged(canvas_, view_, box, event.at);
 }
 
 void NodeDrag::hide() {
-    canvas_.DragOutlines.clear();
-    hideMarker(canvas_, canvas_.DragOutline);
+    view_.DragOutlines.clear();
+    hideMarker(view_, view_.DragOutline);
 }
 
 bool NodeDrag::release(const PointerEvent& event) {
@@ -98,17 +100,18 @@ void NodeDrag::cancel() {
     hide();
 }
 
-NodeResize::NodeResize(CanvasForm& canvas, const LabelsD& node, Point inside) : canvas_(canvas), node_(node.Index()) {
-    canvas_.ResizeLabel.show(node.box());
-    canvas_.ResizeLabel.Tag = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height()).number;
-    canvas_.tellMarkers();
+NodeResize::NodeResize(CanvasForm& canvas, ViewState& view, const LabelsD& node, Point inside)
+    : canvas_(canvas), view_(view), node_(node.Index()) {
+    view_.ResizeLabel.show(node.box());
+    view_.ResizeLabel.Tag = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height()).number;
+    view_.tell();
 }
 
 void NodeResize::follow(const PointerEvent& event) {
     const LabelsD& node = *canvas_.Labels.byIndex(node_);
     const Point inside = node.inside(event.at);
-    const ResizeZone& zone = resizeZone(canvas_.ResizeLabel.Tag);
-    MarkerBox& outline = canvas_.ResizeLabel;
+    const ResizeZone& zone = resizeZone(view_.ResizeLabel.Tag);
+    MarkerBox& outline = view_.ResizeLabel;
     if (zone.left) {
         outline.Left = node.Left() + inside.x;
         outline.Width = std::max(node.Width() - inside.x, kLeastOutline);
@@ -121,14 +124,14 @@ void NodeResize::follow(const PointerEvent& event) {
     } else if (zone.bottom) {
         outline.Height = std::max(inside.y, kLeastOutline);
     }
-    canvas_.tellMarkers();
+    view_.tell();
 }
 
 bool NodeResize::release(const PointerEvent&) {
     LabelsD& node = *canvas_.Labels.byIndex(node_);
-    const Box outline = canvas_.ResizeLabel;
-    canvas_.ResizeLabel.Tag = kTagAtRest;
-    hideMarker(canvas_, canvas_.ResizeLabel);
+    const Box outline = view_.ResizeLabel;
+    view_.ResizeLabel.Tag = kTagAtRest;
+    hideMarker(view_, view_.ResizeLabel);
     if (outline != node.box()) {
         reshape(canvas_, node, outline);
     }
@@ -136,18 +139,19 @@ bool NodeResize::release(const PointerEvent&) {
 }
 
 void NodeResize::cancel() {
-    hideMarker(canvas_, canvas_.ResizeLabel);
+    hideMarker(view_, view_.ResizeLabel);
 }
 
-Crop::Crop(CanvasForm& canvas, Point at, DragStart start)
+Crop::Crop(CanvasForm& canvas, ViewState& view, Point at, DragStart start)
     : canvas_(canvas),
+      view_(view),
       CropStartX(at.x),
       CropStartY(at.y),
       start_(start),
       formerSelection_(canvas.SelectedLabels.members()) {
     if (start_.begun()) {
-        canvas_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
-        canvas_.tellMarkers();
+        view_.CroppingRect.show({at.x, at.y, kLeastCrop, kLeastCrop});
+        view_.tell();
     }
 }
 
@@ -155,13 +159,13 @@ void Crop::follow(const PointerEvent& event) {
     if (!start_.reach(event.at)) {
         return;
     }
-    MarkerBox& rect = canvas_.CroppingRect;
+    MarkerBox& rect = view_.CroppingRect;
     rect.Visible = true;
     rect.Left = std::min(event.at.x, CropStartX);
     rect.Width = std::max(std::abs(event.at.x - CropStartX), kLeastCrop);
     rect.Top = std::min(event.at.y, CropStartY);
     rect.Height = std::max(std::abs(event.at.y - CropStartY), kLeastCrop);
-    canvas_.tellMarkers();
+    view_.tell();
     // The selection follows the rectangle as it grows and shrinks.
     for (const std::int32_t index : canvas_.SelectedLabels.members()) {
         if (const LabelsD* node = canvas_.Labels.byIndex(index); node && !holds(rect, node->box())) {
@@ -176,7 +180,7 @@ void Crop::follow(const PointerEvent& event) {
 }
 
 bool Crop::release(const PointerEvent&) {
-    hideMarker(canvas_, canvas_.CroppingRect);
+    hideMarker(view_, view_.CroppingRect);
     return true;
 }
 
@@ -188,7 +192,7 @@ void Crop::cancel() {
     for (const std::int32_t index : formerSelection_) {
         canvas_.SelectedLabels.Add(index);
     }
-    hideMarker(canvas_, canvas_.CroppingRect);
+    hideMarker(view_, view_.CroppingRect);
 }
 
 }  // namespace orvent::canvas

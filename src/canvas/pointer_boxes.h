@@ -5,6 +5,7 @@
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_host.h"
 #include "canvas/pointer_gesture.h"
+#include "canvas/view_state.h"
 
 namespace orvent::canvas {
 
@@ -12,7 +13,7 @@ namespace orvent::canvas {
 class NodeDrag : public Gesture {
   public:
     /// `group` is selected again as the drag begins, and moves as a whole; empty for the node alone.
-    NodeDrag(CanvasForm& canvas, ToolState& tools, const LabelsD& node, DragStart start,
+    NodeDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, const LabelsD& node, DragStart start,
              std::vector<std::int32_t> group);
 
     PointerState state() const override { return start_.begun() ? PointerState::draggingNode : PointerState::idle; }
@@ -25,6 +26,7 @@ class NodeDrag : public Gesture {
     void hide();
 
     CanvasForm& canvas_;
+    ViewState& view_;
     ToolState& tools_;
     std::int32_t node_;
     DragStart start_;
@@ -34,7 +36,7 @@ class NodeDrag : public Gesture {
 /// A node is resized by its border; the outline follows the pointer, and the node takes it at the end.
 class NodeResize : public Gesture {
   public:
-    NodeResize(CanvasForm& canvas, const LabelsD& node, Point inside);
+    NodeResize(CanvasForm& canvas, ViewState& view, const LabelsD& node, Point inside);
 
     PointerState state() const override { return PointerState::resizing; }
     void follow(const PointerEvent& event) override;
@@ -44,6 +46,7 @@ class NodeResize : public Gesture {
 
   private:
     CanvasForm& canvas_;
+    ViewState& view_;
     std::int32_t node_;
 };
 
@@ -51,7 +54,7 @@ class NodeResize : public Gesture {
 class Crop : public Gesture {
   public:
     /// Its first corner is at `at`; it is shown once the drag has begun.
-    Crop(CanvasForm& canvas, Point at, DragStart start);
+    Crop(CanvasForm& canvas, ViewState& view, Point at, DragStart start);
 
     PointerState state() const override { return start_.begun() ? PointerState::cropping : PointerState::idle; }
     void follow(const PointerEvent& event) override;
@@ -60,15 +63,16 @@ class Crop : public Gesture {
 
   private:
     CanvasForm& canvas_;
+    ViewState& view_;
     float CropStartX, CropStartY;
     DragStart start_;
     std::vector<std::int32_t> formerSelection_;
 };
 
 /// Shows where a dragged box would go, and scrolls or grows the picture near its borders.
-void showDragged(CanvasForm& canvas, const Box& box, Point at);
+void showDragged(CanvasForm& canvas, ViewState& view, const Box& box, Point at);
 
 /// Shows a marker box no more.
-void hideMarker(CanvasForm& canvas, MarkerBox& marker);
+void hideMarker(const ViewState& view, MarkerBox& marker);
 
 }  // namespace orvent::canvas

@@ -4,19 +4,20 @@
 
 #include "canvas/canvas_form.h"
 #include "canvas/pointer_gesture.h"
+#include "canvas/view_state.h"
 
 namespace orvent::canvas {
 
 /// The text of a comment is edited in its box.
 class CommentEditing : public Gesture {
   public:
-    CommentEditing(CanvasForm& canvas, const LabelsD& comment) : canvas_(canvas) {
-        canvas_.EditedComment = comment.Index();
-        canvas_.tellMarkers();
+    CommentEditing(CanvasForm& canvas, ViewState& view, const LabelsD& comment) : canvas_(canvas), view_(view) {
+        view_.EditedComment = comment.Index();
+        view_.tell();
     }
 
     void take(const std::string& text) {
-        LabelsD* node = canvas_.Labels.byIndex(canvas_.EditedComment);
+        LabelsD* node = canvas_.Labels.byIndex(view_.EditedComment);
         if (node && node->Comment() != text) {
             node->setComment(text);
             node->entity<entities::CommentProperties>()->Changed = true;
@@ -25,14 +26,15 @@ class CommentEditing : public Gesture {
 
     PointerState state() const override { return PointerState::editing; }
     void cancel() override {
-        canvas_.EditedComment = -1;
-        canvas_.tellMarkers();
+        view_.EditedComment = -1;
+        view_.tell();
     }
-    bool needsNode(std::int32_t node) const override { return node == canvas_.EditedComment; }
+    bool needsNode(std::int32_t node) const override { return node == view_.EditedComment; }
     bool endsWithTool() const override { return false; }
 
   private:
     CanvasForm& canvas_;
+    ViewState& view_;
 };
 
 }  // namespace orvent::canvas

@@ -32,9 +32,9 @@ void lightEnds(CanvasForm& canvas, EdgeTypeCode edgeType, const LabelsD& source)
 
 }  // namespace
 
-EdgeDrawing::EdgeDrawing(CanvasForm& canvas, ToolState& tools, PointerHover& hover, LabelsD& source, Point inside,
-                         EdgeTypeCode edgeType)
-    : canvas_(canvas), tools_(tools), hover_(hover), source_(source.Index()) {
+EdgeDrawing::EdgeDrawing(CanvasForm& canvas, ViewState& view, ToolState& tools, PointerHover& hover, LabelsD& source,
+                         Point inside, EdgeTypeCode edgeType)
+    : canvas_(canvas), view_(view), tools_(tools), hover_(hover), source_(source.Index()) {
     if (hover.grabNode() != source_) {
         hover.showGrabber(source, inside);
     }
@@ -43,7 +43,7 @@ EdgeDrawing::EdgeDrawing(CanvasForm& canvas, ToolState& tools, PointerHover& hov
     edge_ = canvas_.Lines.Add(at, at, at, source_, edgeType, grab).Index();
     canvas_.ConnectFromLabel = source_;
     canvas_.RubberBand = true;
-    canvas_.tellMarkers();
+    view_.tell();
 }
 
 PointerState EdgeDrawing::state() const {
@@ -83,7 +83,7 @@ void EdgeDrawing::letGo() {
     canvas_.ConnectPending = false;
     canvas_.ConnectFromLabel = -1;
     canvas_.setLight({});
-    canvas_.tellMarkers();
+    view_.tell();
 }
 
 bool EdgeDrawing::hover(const Hit& hit) {
@@ -143,17 +143,17 @@ void EdgeJoining::join(const LabelsD& target) {
 
 void HandleDrag::follow(const PointerEvent& event) {
     begun_ = true;
-    showDragged(canvas_, {event.at.x - kHandleSize / 2, event.at.y - kHandleSize / 2, kHandleSize, kHandleSize},
+    showDragged(canvas_, view_, {event.at.x - kHandleSize / 2, event.at.y - kHandleSize / 2, kHandleSize, kHandleSize},
                 event.at);
 }
 
 void HandleDrag::cancel() {
-    hideMarker(canvas_, canvas_.DragOutline);
+    hideMarker(view_, view_.DragOutline);
 }
 
 bool HandleDrag::release(const PointerEvent& event) {
     if (begun_) {
-        hideMarker(canvas_, canvas_.DragOutline);
+        hideMarker(view_, view_.DragOutline);
         if (event.hit.element == Element::outside) {
             tools_.hint("Nothing is moved out of the picture.");
         } else {

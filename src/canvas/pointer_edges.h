@@ -4,14 +4,15 @@
 #include "canvas/canvas_host.h"
 #include "canvas/pointer_gesture.h"
 #include "canvas/pointer_hover.h"
+#include "canvas/view_state.h"
 
 namespace orvent::canvas {
 
 /// An edge is drawn from a node. It is a member of `Lines` without a target meanwhile.
 class EdgeDrawing : public Gesture {
   public:
-    EdgeDrawing(CanvasForm& canvas, ToolState& tools, PointerHover& hover, LabelsD& source, Point inside,
-                EdgeTypeCode edgeType);
+    EdgeDrawing(CanvasForm& canvas, ViewState& view, ToolState& tools, PointerHover& hover, LabelsD& source,
+                Point inside, EdgeTypeCode edgeType);
 
     PointerState state() const override;
     void follow(const PointerEvent& event) override;
@@ -26,6 +27,7 @@ class EdgeDrawing : public Gesture {
     void letGo();
 
     CanvasForm& canvas_;
+    ViewState& view_;
     ToolState& tools_;
     PointerHover& hover_;
     std::int32_t source_;
@@ -55,8 +57,8 @@ class EdgeJoining : public Gesture {
 /// A handle of an edge is held, and dragged once the pointer moves.
 class HandleDrag : public Gesture {
   public:
-    HandleDrag(CanvasForm& canvas, ToolState& tools, PointerHover& hover, std::int32_t handle)
-        : canvas_(canvas), tools_(tools), hover_(hover), handle_(handle) {}
+    HandleDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, PointerHover& hover, std::int32_t handle)
+        : canvas_(canvas), view_(view), tools_(tools), hover_(hover), handle_(handle) {}
 
     PointerState state() const override { return begun_ ? PointerState::draggingHandle : PointerState::idle; }
     void follow(const PointerEvent& event) override;
@@ -69,6 +71,7 @@ class HandleDrag : public Gesture {
     void dropEnd(LinesD& edge, HandlePart part, LabelsD& target, Point inside);
 
     CanvasForm& canvas_;
+    ViewState& view_;
     ToolState& tools_;
     PointerHover& hover_;
     std::int32_t handle_;

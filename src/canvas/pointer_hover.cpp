@@ -41,7 +41,7 @@ void PointerHover::overNode(LabelsD& node, Point inside) {
     hideGrabber();
     if (tool == "Resize") {
         const ResizeZone& zone = resizeZoneAt(inside.x, inside.y, node.Width(), node.Height());
-        canvas_.ResizeLabel.Tag = zone.number;
+        view_.ResizeLabel.Tag = zone.number;
         node.setMousePointer(zone.MousePointer);
     } else {
         node.setMousePointer(tool == "Move" ? kPointerSizeAll : kPointerDefault);
@@ -76,16 +76,17 @@ void PointerHover::leaveEdge() {
 }
 
 void PointerHover::showGrabber(LabelsD& node, Point inside) {
-    canvas_.GrabberVisible = true;
-    canvas_.GrabMark = node.DrawRect(inside.x, inside.y);
+    view_.GrabberVisible = true;
+    view_.Grabber = canvas_.GrabMark = node.DrawRect(inside.x, inside.y);
     grabNode_ = node.Index();
+    view_.tell();
 }
 
 void PointerHover::hideGrabber() {
     grabNode_ = -1;
-    if (canvas_.GrabberVisible) {
-        canvas_.GrabberVisible = false;
-        canvas_.tellMarkers();
+    if (view_.GrabberVisible) {
+        view_.GrabberVisible = false;
+        view_.tell();
     }
 }
 

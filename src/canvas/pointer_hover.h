@@ -4,6 +4,7 @@
 
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_host.h"
+#include "canvas/view_state.h"
 
 namespace orvent::canvas {
 
@@ -11,7 +12,7 @@ namespace orvent::canvas {
 /// a selected edge, the pointer's shape.
 class PointerHover {
   public:
-    PointerHover(CanvasForm& canvas, ToolState& tools) : canvas_(canvas), tools_(tools) {}
+    PointerHover(CanvasForm& canvas, ViewState& view, ToolState& tools) : canvas_(canvas), view_(view), tools_(tools) {}
 
     void overPicture();
     void overNode(LabelsD& node, Point inside);
@@ -30,6 +31,7 @@ class PointerHover {
     void leaveEdge();
 
     CanvasForm& canvas_;
+    ViewState& view_;
     ToolState& tools_;
     std::int32_t grabNode_ = -1;
 };

@@ -1,28 +1,9 @@
-// The keyboard on a canvas.
+// Which gesture a key begins, goes on with or ends.
 
 #include "canvas/canvas_pointer.h"
-#include "canvas/node_moves.h"
-#include "canvas/node_walk.h"
 #include "canvas/pointer_edges.h"
 
 namespace orvent::canvas {
-
-namespace {
-
-constexpr float kKeyStep = 100;  // twips that a key moves the selected nodes
-
-struct ArrowKey {
-    int key;
-    Direction direction;
-    float dx, dy;
-};
-
-constexpr ArrowKey kArrowKeys[] = {{LeftKey, Direction::left, -kKeyStep, 0},
-                                   {RightKey, Direction::right, kKeyStep, 0},
-                                   {UpKey, Direction::up, 0, -kKeyStep},
-                                   {DownKey, Direction::down, 0, kKeyStep}};
-
-}  // namespace
 
 bool CanvasPointer::keyDown(int keyCode, bool ctrl) {
     dropIfToolChanged();
@@ -34,10 +15,16 @@ bool CanvasPointer::keyDown(int keyCode, bool ctrl) {
         case EnterKey:
             return enter();
         case MenuKey:
-            return openSelectedMenu();
+            cancel();
+            return menus_.openSelected();
         default:
-            return keyCode >= 'A' && keyCode <= 'Z' ? letter(static_cast<char>(keyCode)) : arrow(keyCode, ctrl);
+            break;
     }
+    if (keyCode < 'A' || keyCode > 'Z') {
+        return arrow(keyCode, ctrl);
+    }
+    // While a button is held, another tool would take away what the hand is doing.
+    return !captures_ && state() != PointerState::editing && ports_.tools.pressLetter(static_cast<char>(keyCode));
 }
 
 bool CanvasPointer::escape() {
@@ -50,33 +37,14 @@ bool CanvasPointer::escape() {
 }
 
 bool CanvasPointer::arrow(int keyCode, bool ctrl) {
-    for (const ArrowKey& row : kArrowKeys) {
-        if (row.key != keyCode) {
-            continue;
-        }
-        if (state() != PointerState::joining) {
-            cancel();
-        }
-        LabelsD* node = ctrl ? selectedNode() : walk(canvas_, row.direction);
-        if (ctrl) {
-            moveNodes(canvas_, canvas_.SelectedLabels.members(), row.dx, row.dy);
-        }
-        if (node) {
-            ports_.windows.reveal(canvas_, *node);
-        }
-        return true;
+    if (!SelectionKeys::isArrow(keyCode)) {
+        return false;
     }
-    return false;
-}
-
-// While a button is held, another tool would take away what the hand is doing.
-bool CanvasPointer::letter(char key) {
-    return !captures_ && state() != PointerState::editing && ports_.tools.pressLetter(key);
-}
-
-LabelsD* CanvasPointer::selectedNode() const {
-    const std::vector<std::int32_t> selected = canvas_.SelectedLabels.members();
-    return selected.empty() ? nullptr : canvas_.Labels.byIndex(selected.back());
+    if (state() != PointerState::joining) {
+        cancel();
+    }
+    keys_.arrow(keyCode, ctrl);
+    return true;
 }
 
 bool CanvasPointer::enter() {
@@ -85,76 +53,33 @@ bool CanvasPointer::enter() {
         return false;
     }
     if (canvas_.rules().places(tool)) {
-        return placeInView();
+        cancel();
+        keys_.placeNear(view_.window.middle());
+        return true;
     }
     const auto edgeType = canvas_.rules().edgeTypeOf(tool);
-    LabelsD* node = selectedNode();
     if (!edgeType) {
-        return openSelected();
+        if (canvas_.SelectedLabels.Count() == 1) {
+            cancel();
+        }
+        return keys_.openSelected();
     }
-    if (!node) {
-        return false;
-    }
+    return keys_.selectedNode() && joinFrom(*keys_.selectedNode(), *edgeType);
+}
+
+bool CanvasPointer::joinFrom(const LabelsD& node, EdgeTypeCode edgeType) {
     if (state() == PointerState::joining) {
         const std::unique_ptr<Gesture> joining = std::move(gesture_);
-        static_cast<EdgeJoining&>(*joining).join(*node);
+        static_cast<EdgeJoining&>(*joining).join(node);
         return true;
     }
     cancel();
-    if (canvas_.rules().mayStart(*edgeType, *node)) {
-        begin<EdgeJoining>(ports_.tools, *node, *edgeType);
+    if (canvas_.rules().mayStart(edgeType, node)) {
+        begin<EdgeJoining>(ports_.tools, node, edgeType);
     } else {
         ports_.tools.hint("An edge of this kind cannot start here.");
     }
     return true;
-}
-
-bool CanvasPointer::placeInView() {
-    cancel();
-    const Point middle = canvas_.PicForm.middle();
-    const std::int32_t former = canvas_.LabelsNo;
-    LabelsD* opened =
-        canvas_.rules().placeNode(canvas_, ports_.tools.DrawMode(), {SnapToGrid(middle.x), SnapToGrid(middle.y)});
-    LabelsD* placed = canvas_.Labels.byIndex(canvas_.LabelsNo);
-    if (!placed || canvas_.LabelsNo == former) {
-        return true;
-    }
-    placed->setBox(freePlaceNear(canvas_, *placed, placed->box()));
-    canvas_.ClearCrop();
-    canvas_.SelectedLines.Clear();
-    canvas_.SelectedLabels.Add(placed->Index());
-    ports_.windows.reveal(canvas_, *placed);
-    if (opened) {
-        ports_.windows.openProperties(canvas_, *opened);
-    }
-    return true;
-}
-
-bool CanvasPointer::openSelected() {
-    LabelsD* node = canvas_.SelectedLabels.Count() == 1 ? selectedNode() : nullptr;
-    if (!node) {
-        return false;
-    }
-    cancel();
-    canvas_.ActiveLabel = node->Index();
-    ports_.windows.openProperties(canvas_, *node);
-    return true;
-}
-
-bool CanvasPointer::openSelectedMenu() {
-    cancel();
-    if (const LabelsD* node = selectedNode()) {
-        canvas_.ActiveLabel = node->Index();
-        showMenu(nodeKind(node->NodeType()).menu, {node->Left() + node->Width() / 2, node->Top() + node->Height() / 2});
-        return true;
-    }
-    const std::vector<std::int32_t> edges = canvas_.SelectedLines.members();
-    if (const LinesD* edge = edges.empty() ? nullptr : canvas_.Lines.byIndex(edges.back())) {
-        canvas_.ActiveEdge = edge->Index();
-        showMenu("EdgesM", {edge->Xm(), edge->Ym()});
-        return true;
-    }
-    return false;
 }
 
 bool CanvasPointer::deleteSelected() {
@@ -162,8 +87,7 @@ bool CanvasPointer::deleteSelected() {
         return false;
     }
     cancel();
-    DeleteSelectedNodes(canvas_, kEveryNodeType, ports_.links, canvas_.rules());
-    DeleteSelectedEdges(canvas_, canvas_.rules());
+    keys_.deleteSelected();
     return true;
 }
 

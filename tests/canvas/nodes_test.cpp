@@ -121,7 +121,6 @@ TEST_F(Nodes, ThePlaceUnderThePointerMeansAGrabPoint) {
         LabelsD& node = add(row.type, "N");
         EXPECT_EQ(place(node.DrawRect(row.x, row.y)), place(node.GrabPoint(row.point)));
         EXPECT_EQ(form.GrabbingPoint, row.point);
-        EXPECT_EQ(place(form.Grabber), place(node.GrabPoint(row.point)));
     }
 }
 

@@ -2,6 +2,7 @@
 #include <functional>
 #include <sstream>
 
+#include "canvas/picture_window.h"
 #include "canvas/scaling.h"
 #include "testkit/scripted_ports.h"
 
@@ -12,18 +13,19 @@ namespace {
 
 TEST(Picture, ScrollsAndGrowsByTheRules) {
     PictureArea picture;
-    const auto drag = [](float x, float y, float width, float height) {
-        return [=](PictureArea& area) { area.dragOver({x, y}, width, height); };
+    PictureWindow window(picture);
+    const auto drag = [&](float x, float y, float width, float height) {
+        return [=, &window] { window.dragOver({x, y}, width, height); };
     };
-    const auto corner = [](float dx, float dy) { return [=](PictureArea& area) { area.dragCorner(dx, dy); }; };
-    const auto window = [](float x, float y) { return [=](PictureArea& area) { area.resizeWindow(x, y); }; };
-    const auto scroll = [](float x, float y) { return [=](PictureArea& area) { area.scrollTo(x, y); }; };
+    const auto corner = [&](float dx, float dy) { return [=, &window] { window.dragCorner(dx, dy); }; };
+    const auto resize = [&](float x, float y) { return [=, &window] { window.resize(x, y); }; };
+    const auto scroll = [&](float x, float y) { return [=, &window] { window.scrollTo(x, y); }; };
     const struct {
-        std::function<void(PictureArea&)> step;
+        std::function<void()> step;
         const char* place;  ///< left and top (never -0), width, height, and the largest values of the bars
     } rows[] = {
         {drag(1e9F, 1e9F, 10, 10), "0 0 17000 13000 0 0"},  // there is no window yet
-        {window(8000, 12980), "0 0 17000 13000 9000 20"},
+        {resize(8000, 12980), "0 0 17000 13000 9000 20"},
         {drag(7000, 5000, 1000, 400), "0 0 17000 13000 9000 20"},  // not beyond the border
         {drag(7001, 5000, 1000, 400), "-25 0 17000 13000 9000 20"},
         {drag(1024, 12600, 1000, 400), "0 -45 17000 13025 9000 45"},
@@ -33,33 +35,43 @@ TEST(Picture, ScrollsAndGrowsByTheRules) {
         {scroll(-5, 1e9F), "0 -45 17025 13025 9025 45"},
         {corner(-9026, 75), "0 -120 17025 13100 9025 120"},
         {corner(-9025, -100), "0 -20 8000 13000 0 20"},
-        {[](PictureArea& area) { area.setSize(1e6F, 20000); }, "0 -20 1e+06 20000 32767 7020"},
-        {[](PictureArea& area) { area.setLargest(32000); }, "0 -20 1e+06 20000 32767 7020"},
+        {[&] {
+             picture.setSize(1e6F, 20000);
+             window.settle();
+         },
+         "0 -20 1e+06 20000 32767 7020"},
+        {[&] { picture.setLargest(32000); }, "0 -20 1e+06 20000 32767 7020"},
         {corner(1, 50000), "-24000 -19020 32000 32000 24000 19020"},
-        {window(100, 1e6F), "-24000 0 32000 32000 31900 0"},
+        {resize(100, 1e6F), "-24000 0 32000 32000 31900 0"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
-        row.step(picture);
+        row.step();
         std::ostringstream place;
-        place << 0 + picture.Left() << ' ' << 0 + picture.Top() << ' ' << picture.Width() << ' ' << picture.Height()
-              << ' ' << picture.ScrollBarHor().Max << ' ' << picture.ScrollBarVer().Max;
+        place << 0 + window.Left() << ' ' << 0 + window.Top() << ' ' << picture.Width() << ' ' << picture.Height()
+              << ' ' << window.ScrollBarHor().Max << ' ' << window.ScrollBarVer().Max;
         EXPECT_EQ(place.str(), row.place);
     }
-    EXPECT_EQ(picture.ScrollBarHor().Length, 270);
+    EXPECT_EQ(window.ScrollBarHor().Length, 270);
 
     // The bars end at 32,767; the border is that of what the view shows beyond.
     PictureArea wide;
+    PictureWindow part(wide);
     wide.setSize(60000, 13000);
-    wide.resizeWindow(10000, 10000);
-    wide.scrollTo(40000, 0);
-    EXPECT_EQ(wide.ScrollBarHor().Value, 32767);
-    EXPECT_FALSE(wide.dragOver({45000, 5000}, 1000, 400)) << "not at its border";
-    EXPECT_TRUE(wide.dragOver({49500, 5000}, 1000, 400));
-    EXPECT_EQ(wide.seen().x, 40025);
+    part.resize(10000, 10000);
+    part.scrollTo(40000, 0);
+    EXPECT_EQ(part.ScrollBarHor().Value, 32767);
+    EXPECT_FALSE(part.dragOver({45000, 5000}, 1000, 400));
+    EXPECT_EQ(part.seen().x, 40000) << "not at its border";
+    EXPECT_FALSE(part.dragOver({49500, 5000}, 1000, 400));
+    EXPECT_EQ(part.seen().x, 40025);
     EXPECT_EQ(wide.Width(), 60000);
-    EXPECT_TRUE(wide.dragOver({40500, 5000}, 1000, 400));
-    EXPECT_EQ(wide.seen().x, 40000);
+    EXPECT_FALSE(part.dragOver({40500, 5000}, 1000, 400));
+    EXPECT_EQ(part.seen().x, 40000);
+    EXPECT_FALSE(part.dragOver({40025, 12601}, 10, 400)) << "it scrolls downwards first";
+    part.scrollTo(40000, 2980);
+    EXPECT_TRUE(part.dragOver({45000, 12601}, 10, 400));
+    EXPECT_EQ(wide.Height(), 13025);
 }
 
 TEST(Ratio, AsksUntilItIsOne) {

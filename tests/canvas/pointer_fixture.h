@@ -75,7 +75,8 @@ struct PointerStage {
     LoggingHost host;
     canvas::CanvasSettings settings;
     canvas::DrawForm form{{host, settings}};
-    std::optional<canvas::CanvasPointer> pointer{std::in_place, form, canvas::PointerPorts{host, host, host}};
+    canvas::ViewState view{form};
+    std::optional<canvas::CanvasPointer> pointer{std::in_place, form, view, canvas::PointerPorts{host, host, host}};
 
     explicit PointerStage(std::string tool = "Arrow") {
         host.tool = std::move(tool);

@@ -86,9 +86,9 @@ TEST(Pointer, WhatAGestureLeaves) {
         EXPECT_EQ(stage.seen(), row.seen);
         stage.play("cancel");
         EXPECT_EQ(stage.pointer->state(), PointerState::idle);
-        EXPECT_TRUE(stage.form.light().isEmpty() && stage.form.DragOutlines.empty());
-        EXPECT_FALSE(stage.form.RubberBand || stage.form.ConnectPending || stage.form.CroppingRect.Visible ||
-                     stage.form.ResizeLabel.Visible || stage.form.DragOutline.Visible);
+        EXPECT_TRUE(stage.form.light().isEmpty() && stage.view.DragOutlines.empty());
+        EXPECT_FALSE(stage.form.RubberBand || stage.form.ConnectPending || stage.view.CroppingRect.Visible ||
+                     stage.view.ResizeLabel.Visible || stage.view.DragOutline.Visible);
         std::ptrdiff_t ends = 0;
         for (const LabelsD& node : stage.form.Labels) {
             ends += node.StartingLines().Count() + node.EndingLines().Count();
@@ -147,7 +147,7 @@ TEST(Pointer, WhereADragEnds) {
         node.recordSet()->Changed = false;
         const std::size_t last = row.events.rfind('|');
         stage.play(row.events.substr(0, last));
-        EXPECT_EQ(stage.box(stage.host.tool == "Resize" ? stage.form.ResizeLabel : stage.form.DragOutline), row.shown);
+        EXPECT_EQ(stage.box(stage.host.tool == "Resize" ? stage.view.ResizeLabel : stage.view.DragOutline), row.shown);
         EXPECT_EQ(stage.box(1), still);
         stage.play(row.events.substr(last + 1));
         EXPECT_EQ(stage.box(1), row.left);
@@ -163,8 +163,8 @@ TEST(Pointer, AGroupIsDraggedAsAWhole) {
     EXPECT_EQ(stage.seen(), "1.3-2.1 [2/0]");
     stage.play(begin + "move p 3300 1210 L");
     EXPECT_EQ(stage.seen(), "1.3-2.1 [213/0]");
-    EXPECT_EQ(stage.form.DragOutlines.size(), 2U);
-    EXPECT_EQ(stage.form.DragOutlines[0].Left, 1200);
+    EXPECT_EQ(stage.view.DragOutlines.size(), 2U);
+    EXPECT_EQ(stage.view.DragOutlines[0].Left, 1200);
     stage.play("cancel");
     EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2), "1.3-2.1 [2/0]1000 1000 1000 4003000 1000 1000 600");
     stage.play(begin + "move p 3300 1210 L|delete n3|move p 3400 1210 L|release p 3300 1210");
@@ -204,10 +204,10 @@ TEST(Pointer, WhileAnEdgeIsDrawnItsEndsAreShown) {
     PointerStage stage("Provider");
     stage.play(kDraw + "move n5 5010 1200 L");
     EXPECT_EQ(stage.form.light().nodes, (std::vector<std::int32_t>{1, 2, 5}));
-    EXPECT_TRUE(stage.form.GrabberVisible);
-    EXPECT_EQ(stage.form.Grabber.x, 4950);
+    EXPECT_TRUE(stage.view.GrabberVisible);
+    EXPECT_EQ(stage.view.Grabber.x, 4950);
     stage.play("move n3 1500 3100 L");
-    EXPECT_FALSE(stage.form.GrabberVisible);
+    EXPECT_FALSE(stage.view.GrabberVisible);
     stage.play("release p 1 1");
     EXPECT_TRUE(stage.form.light().isEmpty());
     stage.play(kDraw + "release n1 1500 1200|press n4 1 1|release n4 1 1");
@@ -239,7 +239,7 @@ TEST(Pointer, TheCropRectangleSelects) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.events);
         stage.play(row.events);
-        EXPECT_EQ(stage.box(stage.form.CroppingRect), row.rect);
+        EXPECT_EQ(stage.box(stage.view.CroppingRect), row.rect);
         EXPECT_EQ(stage.seen(), row.seen);
     }
 }
@@ -250,10 +250,10 @@ TEST(Pointer, WhatAMoveShows) {
     const LabelsD& node = *form.Labels.byIndex(1);
     const LinesD& edge = *form.Lines.byIndex(1);
     stage.play("move n1 1500 1390");
-    EXPECT_TRUE(form.GrabberVisible && form.OverLabel && form.CurrentNode == 1);
+    EXPECT_TRUE(stage.view.GrabberVisible && form.OverLabel && form.CurrentNode == 1);
     EXPECT_EQ(form.GrabMark.y, 1450);
     stage.play("move p 0 0");
-    EXPECT_FALSE(form.GrabberVisible || form.OverLabel);
+    EXPECT_FALSE(stage.view.GrabberVisible || form.OverLabel);
     const struct {
         const char* events;
         int zone, pointer;
@@ -266,7 +266,7 @@ TEST(Pointer, WhatAMoveShows) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.events);
         stage.play(row.events);
-        EXPECT_EQ(form.ResizeLabel.Tag, row.zone);
+        EXPECT_EQ(stage.view.ResizeLabel.Tag, row.zone);
         EXPECT_EQ(node.MousePointer(), row.pointer);
     }
     stage.play("move h1 0 0");
@@ -276,7 +276,7 @@ TEST(Pointer, WhatAMoveShows) {
     stage.play("move p 0 0");
     EXPECT_FALSE(edge.HighLighted() || form.OverLine || form.ActiveEdge == 1);
     stage.play("press h2 0 0|move p 2400 1900 L");
-    EXPECT_EQ(stage.box(form.DragOutline), "2355 1855 90 90");
+    EXPECT_EQ(stage.box(stage.view.DragOutline), "2355 1855 90 90");
     stage.play("release p 2400 1900|press h2 0 0|move p 1 1 L|release n1 1500 1200");  // at last on its own node
     EXPECT_EQ(edge.Xm(), 2400);
     stage.play("press h2 0 0|move p 1 1 L|release n4 3500 3100");
@@ -406,9 +406,37 @@ TEST(Pointer, KeysWalkAndGiveUp) {
     EXPECT_FALSE(stage.pointer->keyDown('M'));  // it is a letter of the text
 }
 
+TEST(Pointer, EachViewOfACanvasHasItsOwnStateAndOneGraph) {
+    PointerStage stage("Crop");
+    ViewState other(stage.form);
+    CanvasPointer second(stage.form, other, {stage.host, stage.host, stage.host});
+    int told = 0;
+    other.changed = [&told] { ++told; };
+    stage.view.window.resize(6000, 3000);
+    other.window.resize(500, 12999);
+    other.window.scrollTo(16000, 0);
+    stage.play("press p 100 100|move p 2500 2500 L");
+    EXPECT_TRUE(stage.view.CroppingRect.Visible && !other.CroppingRect.Visible);
+    EXPECT_EQ(stage.form.SelectedLabels.Count(), 1) << "the selection is the graph's";
+    EXPECT_TRUE(second.keyDown(EscapeKey));
+    EXPECT_EQ(stage.pointer->state(), PointerState::cropping) << "it is not the second one's gesture";
+    stage.play("cancel|tool Move|press n1 1100 1100");
+    EXPECT_EQ(stage.view.window.seen().x, 0);
+    stage.play("move p 5900 1100 L|cancel");
+    EXPECT_EQ(stage.view.window.seen().x, 25);
+    EXPECT_EQ(other.window.seen().x, 16000);
+    EXPECT_EQ(told, 0);
+    second.press({{Element::node, 1}, {1100, 1100}, LeftButton});
+    second.move({{}, {16499, 1100}, LeftButton});
+    EXPECT_TRUE(other.DragOutline.Visible && !stage.view.DragOutline.Visible);
+    EXPECT_GT(told, 0);
+    stage.play("delete n1");
+    EXPECT_FALSE(other.DragOutline.Visible) << "whichever view it is dragged in";
+}
+
 TEST(Pointer, KeysMovePlaceAndDraw) {
     PointerStage stage;
-    stage.form.PicForm.resizeWindow(6000, 3000);
+    stage.view.window.resize(6000, 3000);
     stage.play("press n1 1 1|press n2 1 1 C|code 39 C|code 40 C");
     EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2),
               "1.3-2.1 [12/0] show Act show Act1100 1100 1000 4003100 1100 1000 600");
@@ -443,7 +471,7 @@ TEST(Pointer, ACommentIsEditedInItsBox) {
     for (const char* end : {"cancel", "press p 1 1", "delete n3"}) {
         EXPECT_EQ(comment.Comment(), "words");
         stage.play(std::string("double n3 2300 3100|") + end);
-        EXPECT_EQ(stage.form.EditedComment, -1);
+        EXPECT_EQ(stage.view.EditedComment, -1);
     }
 }
 

@@ -23,12 +23,35 @@ using canvas::Point;
 class WatchedView : public CanvasViewWidget {
   public:
     using CanvasViewWidget::CanvasViewWidget;
+    using CanvasViewWidget::ownState;
     QRegion painted;
 
   protected:
     void paintEvent(QPaintEvent* event) override {
         painted += event->region();
         CanvasViewWidget::paintEvent(event);
+    }
+};
+
+/// The parts of a view, to be looked into.
+class Paper : public QAbstractScrollArea {
+  public:
+    Paper(canvas::Canvas& form, const Theme& theme)
+        : state(form),
+          index(form),
+          scroller(*this, form.PicForm, state.window, index, [] {}),
+          painter(form, state, index, scroller, theme, *viewport()) {
+        resize(800, 600);
+    }
+    canvas::ViewState state;
+    PictureIndex index;
+    PictureScroller scroller;
+    PicturePainter painter;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        index.ensure();
+        painter.paint(event->region());
     }
 };
 
@@ -316,11 +339,15 @@ class CanvasViewTest : public WindowTest {
             nodes.push_back(&scene.add(canvas::NodeTypeRecordSet, static_cast<float>(i % 60) * 1300,
                                        static_cast<float>(i / 60) * 700));
         }
-        QCOMPARE(scene.view.indexedItems(), std::size_t{0});
-        scene.picture();
-        QCOMPARE(scene.view.indexedItems(), std::size_t{3000});
-        QCOMPARE(scene.view.nodeAt({1400, 800}), nodes[61]);
-        QVERIFY(scene.view.laidOutCaptions() > 0 && scene.view.laidOutCaptions() < 300);
+        Paper paper(scene.form, scene.theme);
+        QVERIFY(!paper.index.stands() && !paper.index.takesChange());
+        paper.grab();
+        QCOMPARE(paper.index.count(), std::size_t{3000});
+        QCOMPARE(paper.index.nodeAt({1400, 800}), nodes[61]);
+        const auto laidOut = std::count_if(nodes.begin(), nodes.end(), [&](const canvas::LabelsD* node) {
+            return paper.painter.nodes().cache().laidOut(node->Index());
+        });
+        QVERIFY(laidOut > 0 && laidOut < 300);
     }
 
     void onlyTheChangedAreaIsRepainted() {
@@ -344,8 +371,10 @@ class CanvasViewTest : public WindowTest {
         }
         canvas::LabelsD& node = *nodes[7];
         const auto mark = [&](float x) {
-            scene.form.GrabberVisible = true;
-            node.DrawRect(x, 225);
+            canvas::ViewState& state = scene.view.ownState();
+            state.GrabberVisible = true;
+            state.Grabber = node.DrawRect(x, 225);
+            state.tell();
         };
         for (const std::function<void()>& change : {std::function<void()>([&] { node.setColor(255); }),
                                                     {[&] {
@@ -394,15 +423,15 @@ class CanvasViewTest : public WindowTest {
             QVERIFY(found != nullptr && found->Index() >= node.Index());
         }
         const Point middle = middleOf(edge);
-        QCOMPARE(scene.view.edgeAt(middle, 4), &edge);
-        QCOMPARE(scene.view.edgeAt({middle.x + 3000, middle.y + 3000}, 4), nullptr);
+        const PictureIndex index(scene.form);
+        QCOMPARE(index.edgeAt(middle, 0, 60).line, edge.Index());
+        QCOMPARE(index.edgeAt({middle.x + 3000, middle.y + 3000}, 0, 60).line, 0);
 
         const Point inside{nodes.back()->Left() + 10, nodes.back()->Top() + 10};
         QCOMPARE(scene.view.nodeAt(inside), nodes.back());
         scene.form.Labels.Remove(nodes.back()->Index());
         QVERIFY(scene.view.nodeAt(inside) != nodes.back());
         scene.form.Labels.Remove(nodes[0]->Index());
-        QCOMPARE(scene.view.edgeAt(middle, 4), nullptr);
         scene.picture();
     }
 

@@ -219,7 +219,7 @@ class DrawingTest : public WindowTest {
             desk.release({7000, 6800});
             desk.moveTo({12000, 11000});
             QCOMPARE(testkit::modelText(desk.form()), before);
-            QVERIFY(!desk.form().RubberBand && !desk.form().GrabberVisible);
+            QVERIFY(!desk.form().RubberBand && !desk.editor().state().GrabberVisible);
         }
     }
 
@@ -255,7 +255,7 @@ class DrawingTest : public WindowTest {
         desk.wheel(place, -120);
         const int scrolled = bar.value();
         QVERIFY(scrolled > before);
-        QVERIFY(std::abs(desk.form().PicForm.ScrollBarVer().Value -
+        QVERIFY(std::abs(desk.editor().state().window.ScrollBarVer().Value -
                          static_cast<float>(scrolled * kTwipsPerPixel / editor.scale())) < 1);
         desk.press(place, Qt::MiddleButton);
         desk.moveTo({place.x, place.y + 600});
@@ -282,10 +282,10 @@ class DrawingTest : public WindowTest {
         float scrolled = 0;
         for (int step = 0; step < 600 && picture.Width() == canvas::PictureArea::kStartWidth; ++step) {
             desk.moveTo(desk.editor().transform().toTwips(QPointF(right - step % 2, 200)));
-            QVERIFY(picture.ScrollBarHor().Value >= scrolled);
-            scrolled = picture.ScrollBarHor().Value;
+            QVERIFY(desk.editor().state().window.ScrollBarHor().Value >= scrolled);
+            scrolled = desk.editor().state().window.ScrollBarHor().Value;
         }
-        QCOMPARE(picture.Width(), canvas::PictureArea::kStartWidth + canvas::PictureArea::kStep);
+        QCOMPARE(picture.Width(), canvas::PictureArea::kStartWidth + canvas::PictureWindow::kStep);
         QCOMPARE(desk.editor().horizontalScrollBar()->value(),
                  static_cast<int>(std::lround(scrolled / static_cast<float>(kTwipsPerPixel))));
         desk.key(Qt::Key_Escape);
@@ -522,10 +522,10 @@ class DrawingTest : public WindowTest {
         QCOMPARE(bar.singleStep(), 11);  // a hundredth of 17,000 twips
         QCOMPARE(bar.pageStep(), 113);
         picture.setSize(34000, 13000);
-        desk.form().tellMarkers();
+        desk.form().tellPicture();
         QCOMPARE(bar.singleStep(), 23);
         picture.setSize(1e7F, 13000);
-        desk.form().tellMarkers();
+        desk.form().tellPicture();
         QVERIFY2(bar.pageStep() <= desk.editor().viewport()->width(), "nothing is passed over unseen");
     }
 

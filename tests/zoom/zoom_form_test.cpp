@@ -185,7 +185,8 @@ TEST_F(ZoomWindow, ExpandedIsAMark) {
 TEST_F(ZoomWindow, MenusActOnTheKindTheyWereOpenedOn) {
     open();
     testkit::LoggingHost host;
-    canvas::CanvasPointer pointer(*form, {host, host, host});
+    canvas::ViewState view(*form);
+    canvas::CanvasPointer pointer(*form, view, {host, host, host});
     const auto openMenu = [&](const char* shown) {
         canvas::PointerEvent event;
         event.hit = {canvas::Element::node, index(shown)};

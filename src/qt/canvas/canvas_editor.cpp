@@ -70,7 +70,7 @@ int buttonOf(Qt::MouseButtons buttons) {
 
 CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const canvas::PointerPorts& ports,
                            QWidget* parent)
-    : CanvasViewWidget(form, theme, parent), pointer_(form, ports), light_(form, pointer_) {
+    : CanvasViewWidget(form, theme, parent), pointer_(form, ownState(), ports), light_(form, pointer_) {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(2);
     setForegroundRole(kRim);
@@ -243,8 +243,8 @@ void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
 
 // The text of a comment.
 
-void CanvasEditor::markersChanged() {
-    CanvasViewWidget::markersChanged();
+void CanvasEditor::stateChanged() {
+    CanvasViewWidget::stateChanged();
     showCommentEditor();
 }
 
@@ -279,7 +279,7 @@ void CanvasEditor::placeLegend() {
 }
 
 void CanvasEditor::showCommentEditor() {
-    const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().EditedComment);
+    const canvas::LabelsD* node = shownCanvas().Labels.byIndex(state().EditedComment);
     if (!node && comment_) {
         QPlainTextEdit* former = comment_;
         comment_ = nullptr;
@@ -311,7 +311,7 @@ void CanvasEditor::showCommentEditor() {
 }
 
 void CanvasEditor::placeCommentEditor() {
-    const canvas::LabelsD* node = shownCanvas().Labels.byIndex(shownCanvas().EditedComment);
+    const canvas::LabelsD* node = shownCanvas().Labels.byIndex(state().EditedComment);
     if (node && comment_) {
         constexpr QSize leastRoom(64, 26);
         constexpr int leastLetters = 9;

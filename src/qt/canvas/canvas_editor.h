@@ -26,8 +26,6 @@ class CanvasEditor : public CanvasViewWidget {
     /// Gives up what the mouse is doing.
     void cancelGesture() { pointer_.cancel(); }
 
-    void markersChanged() override;
-
     /// Shows the nodes in shades with a legend, or in their own colours again.
     void showTints(canvas::Tints* tints);
 
@@ -51,6 +49,7 @@ class CanvasEditor : public CanvasViewWidget {
     void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void stateChanged() override;
 
   private:
     canvas::PointerEvent pointerEvent(const QMouseEvent& event, int button) const;

@@ -11,17 +11,17 @@ const canvas::LabelsD* CanvasViewWidget::commentBarAt(QPointF pixel) const {
     const canvas::LabelsD* node =
         hit.element == canvas::Element::node ? std::as_const(canvas_).Labels.byIndex(hit.number) : nullptr;
     if (!node || node->NodeType() != canvas::NodeTypeComment || node->onText(transform().toTwips(pixel)) ||
-        detailAt(scale_) != Detail::full) {
+        detailAt(scale()) != Detail::full) {
         return nullptr;
     }
-    const CaptionCache::Caption* caption = nodePainter_.cache().laidOut(node->Index());
+    const CaptionCache::Caption* caption = painter_.nodes().cache().laidOut(node->Index());
     return caption && caption->scrolls() ? node : nullptr;
 }
 
 bool CanvasViewWidget::scrollComment(const canvas::LabelsD& node, int first) {
-    const bool changed = nodePainter_.cache().scrollTo(node.Index(), first);
+    const bool changed = painter_.nodes().cache().scrollTo(node.Index(), first);
     if (changed) {
-        markDirty(extentOf(node));
+        painter_.markDirty(extentOf(node));
     }
     return changed;
 }
@@ -34,11 +34,11 @@ bool CanvasViewWidget::takeCommentBar(QPointF pixel) {
 
 bool CanvasViewWidget::dragCommentBar(QPointF pixel) {
     const canvas::LabelsD* node = std::as_const(canvas_).Labels.byIndex(scrolledComment_);
-    const CaptionCache::Caption* caption = node ? nodePainter_.cache().laidOut(node->Index()) : nullptr;
+    const CaptionCache::Caption* caption = node ? painter_.nodes().cache().laidOut(node->Index()) : nullptr;
     if (!caption) {
         return false;
     }
-    const CommentBar bar(transform().toPixels(boxOf(*node)), scale_, *caption);
+    const CommentBar bar(transform().toPixels(boxOf(*node)), scale(), *caption);
     scrollComment(*node, bar.firstLineAt(pixel.y(), *caption));
     return true;
 }

@@ -46,7 +46,6 @@ class CaptionCache {
     void forget(std::int32_t index) { entries_.erase(index); }
     /// Drops everything once the cache holds more captions than a screen shows.
     void trim();
-    std::size_t count() const { return entries_.size(); }
 
   private:
     struct Entry {

@@ -40,7 +40,6 @@ class NodePainter {
     const NodeColours& coloursOf(std::int32_t modelColour, const CanvasColours& theme);
     void forgetCaption(std::int32_t index) { captions_.forget(index); }
     void setFont(const QFont& font) { captions_.setFont(font); }
-    std::size_t captions() const { return captions_.count(); }
     /// The captions that were painted lately.
     CaptionCache& cache() { return captions_; }
     const CaptionCache& cache() const { return captions_; }

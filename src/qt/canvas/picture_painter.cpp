@@ -1,15 +1,14 @@
-// How the view paints: only what lies in the exposed region, edges below nodes, handles on top.
+#include "qt/canvas/picture_painter.h"
 
 #include <QPaintEngine>
-#include <QPaintEvent>
 
-#include "qt/canvas/canvas_view.h"
 #include "qt/canvas/edge_painter.h"
 
 namespace orvent::qt {
 
 namespace {
 
+constexpr int kMostDirtyAreas = 48;   // more are cheaper to repaint as one
 constexpr double kDotDistance = 300;  // twips
 constexpr double kLeastDotDistance = 12;
 
@@ -36,15 +35,49 @@ std::optional<QImage> partOf(const QPainter& painter, const QRect& area) {
 
 }  // namespace
 
-void CanvasViewWidget::paintEvent(QPaintEvent* event) {
-    ensureIndex();
-    changes_ = 0;
+PicturePainter::PicturePainter(const canvas::Canvas& canvas, const canvas::ViewState& view, const PictureIndex& index,
+                               const PictureScroller& scroller, const Theme& theme, QWidget& viewport)
+    : canvas_(canvas),
+      view_(view),
+      index_(index),
+      scroller_(scroller),
+      theme_(theme),
+      viewport_(viewport),
+      nodes_(viewport.font()) {}
+
+void PicturePainter::markDirty(const Extent& extent) {
+    if (dirtyAreas_ > kMostDirtyAreas) {
+        return;
+    }
+    const QRectF area = scroller_.transform().toPixels(extent).adjusted(-3, -3, 3, 3) & QRectF(viewport_.rect());
+    if (area.isEmpty()) {
+        return;
+    }
+    if (++dirtyAreas_ > kMostDirtyAreas) {
+        repaintAll();
+    } else {
+        layerDirty_ += area.toAlignedRect();
+        viewport_.update(area.toAlignedRect());
+    }
+}
+
+void PicturePainter::setTints(canvas::Tints* tints) {
+    tints_ = tints;
+    repaintAll();
+}
+
+void PicturePainter::repaintAll() {
+    layerDirty_ = viewport_.rect();
+    viewport_.update();
+}
+
+void PicturePainter::paint(const QRegion& region) {
     dirtyAreas_ = 0;
     QPainter painter;
     if (needsLayer()) {
         refreshLayer();
-        painter.begin(viewport());
-        for (const QRect& part : event->region()) {
+        painter.begin(&viewport_);
+        for (const QRect& part : region) {
             const double ratio = layer_.devicePixelRatio();
             painter.drawPixmap(QRectF(part), layer_,
                                QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio));
@@ -52,20 +85,21 @@ void CanvasViewWidget::paintEvent(QPaintEvent* event) {
     } else {
         layer_ = QPixmap();
         layerDirty_ = QRegion();
-        painter.begin(viewport());
-        paintPart(painter, event->region());
+        painter.begin(&viewport_);
+        paintPart(painter, region);
     }
     paintMarkers(painter);
 }
 
-PaintContext CanvasViewWidget::contextFor(QPainter& painter, const Transform& now) const {
-    return {painter, now, theme_.canvas(), viewport()->devicePixelRatioF(), detailAt(scale_), true, nullptr, tints_};
+PaintContext PicturePainter::contextFor(QPainter& painter, const Transform& now) const {
+    return {painter, now,     theme_.canvas(), viewport_.devicePixelRatioF(), detailAt(scroller_.scale()),
+            true,    nullptr, tints_};
 }
 
 /// Boxes and lines are written into the device's own pixels where it has some, and otherwise by way of an image.
-void CanvasViewWidget::paintPart(QPainter& painter, const QRegion& region) {
+void PicturePainter::paintPart(QPainter& painter, const QRegion& region) {
     const QRect area = region.boundingRect();
-    const double ratio = viewport()->devicePixelRatioF();
+    const double ratio = viewport_.devicePixelRatioF();
     const QRect device = QRectF(QPointF(area.topLeft()) * ratio, QSizeF(area.size()) * ratio).toAlignedRect();
     const QPointF origin = QPointF(device.topLeft()) / ratio;
     std::optional<QImage> part = region.rectCount() == 1 ? partOf(painter, area) : std::nullopt;
@@ -75,11 +109,11 @@ void CanvasViewWidget::paintPart(QPainter& painter, const QRegion& region) {
     Pixels pixels(image, origin, ratio);
     QPainter inner(&image);
     inner.translate(-origin);
-    inner.setRenderHint(QPainter::Antialiasing, detailAt(scale_) == Detail::full);
-    const Transform now = transform();
+    inner.setRenderHint(QPainter::Antialiasing, detailAt(scroller_.scale()) == Detail::full);
+    const Transform now = scroller_.transform();
     PaintContext context = contextFor(inner, now);
     context.image = &pixels;
-    nodePainter_.prepare(context);
+    nodes_.prepare(context);
     paintDots(context, area);
     paintPicture(context, region);
     inner.end();
@@ -88,7 +122,7 @@ void CanvasViewWidget::paintPart(QPainter& painter, const QRegion& region) {
     }
 }
 
-void CanvasViewWidget::paintDots(const PaintContext& context, const QRect& area) {
+void PicturePainter::paintDots(const PaintContext& context, const QRect& area) {
     const double distance = context.transform.pixels(kDotDistance);
     if (distance < kLeastDotDistance) {
         return;
@@ -106,7 +140,7 @@ void CanvasViewWidget::paintDots(const PaintContext& context, const QRect& area)
     }
 }
 
-void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& region) {
+void PicturePainter::paintPicture(const PaintContext& context, const QRegion& region) {
     const QRectF area = QRectF(region.boundingRect()).adjusted(-3, -3, 3, 3);
     const Extent exposed = context.transform.toTwips(area);
     const auto isExposed = [&](const Extent& extent) {
@@ -116,7 +150,7 @@ void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& 
     };
     std::vector<const canvas::LinesD*> withHandles;
     EdgePainter edges(context, canvas_, area.adjusted(-10, -10, 10, 10), canvas_.light());
-    for (const canvas::LinesD* edge : edges_.at(exposed)) {
+    for (const canvas::LinesD* edge : index_.edgesIn(exposed)) {
         if (!edge->Visible() || !isExposed(extentOf(*edge))) {
             continue;
         }
@@ -127,14 +161,14 @@ void CanvasViewWidget::paintPicture(const PaintContext& context, const QRegion& 
     }
     edges.paint();
     const canvas::Light& light = canvas_.light();
-    for (const canvas::LabelsD* node : nodes_.at(exposed)) {
+    for (const canvas::LabelsD* node : index_.nodesIn(exposed)) {
         if (node->Visible() && isExposed(extentOf(*node))) {
             if (node->Index() == canvas_.centralNode()) {
                 paintCentre(context, *node);
             }
-            nodePainter_.paint(context, *node,
-                               {canvas_.SelectedLabels.Item(node->Index()) != nullptr,
-                                !light.isEmpty() && !light.holdsNode(node->Index())});
+            nodes_.paint(context, *node,
+                         {canvas_.SelectedLabels.Item(node->Index()) != nullptr,
+                          !light.isEmpty() && !light.holdsNode(node->Index())});
         }
     }
     for (const canvas::LinesD* edge : withHandles) {

@@ -1,52 +1,74 @@
-// The context menus of a canvas.
+#include "canvas/pointer_menus.h"
 
-#include "canvas/canvas_pointer.h"
+#include <variant>
+#include <vector>
 
 namespace orvent::canvas {
 
-void CanvasPointer::pressNodeMenu(LabelsD& node, const PointerEvent& event) {
+void PointerMenus::pressNode(LabelsD& node, Point at) {
     if (!canvas_.SelectedLabels.Item(node.Index())) {
         canvas_.ClearCrop();
         canvas_.SelectedLabels.Add(node.Index());
     }
-    if (node.NodeType() == NodeTypeComment && !node.onText(event.at)) {
-        return;
+    if (node.NodeType() != NodeTypeComment || node.onText(at)) {
+        show(nodeKind(node.NodeType()).menu, at);
     }
-    showMenu(nodeKind(node.NodeType()).menu, event.at);
 }
 
-void CanvasPointer::showMenu(std::string_view name, Point at) {
+void PointerMenus::pressEdge(LinesD& edge, Point at) {
+    if (!edge.Selected()) {
+        canvas_.SelectedLines.Clear();
+        canvas_.SelectedLines.Add(edge.Index());
+    }
+    show("EdgesM", at);
+}
+
+bool PointerMenus::openSelected() {
+    const std::vector<std::int32_t> nodes = canvas_.SelectedLabels.members();
+    if (const LabelsD* node = nodes.empty() ? nullptr : canvas_.Labels.byIndex(nodes.back())) {
+        canvas_.ActiveLabel = node->Index();
+        show(nodeKind(node->NodeType()).menu, {node->Left() + node->Width() / 2, node->Top() + node->Height() / 2});
+        return true;
+    }
+    const std::vector<std::int32_t> edges = canvas_.SelectedLines.members();
+    if (const LinesD* edge = edges.empty() ? nullptr : canvas_.Lines.byIndex(edges.back())) {
+        canvas_.ActiveEdge = edge->Index();
+        show("EdgesM", {edge->Xm(), edge->Ym()});
+        return true;
+    }
+    return false;
+}
+
+void PointerMenus::show(std::string_view name, Point at) {
     if (const ContextMenu* menu = findMenu(canvas_.rules().menus(), name)) {
-        menuNode_ = canvas_.ActiveLabel;
-        menuEdge_ = canvas_.ActiveEdge;
+        node_ = canvas_.ActiveLabel;
+        edge_ = canvas_.ActiveEdge;
         ports_.windows.showMenu(canvas_, *menu, at);
     }
 }
 
-void CanvasPointer::choose(std::string_view name) {
-    cancel();
+void PointerMenus::choose(std::string_view name) {
     const ContextItem* item = findItem(canvas_.rules().menus(), name);
     if (item && stateOf(*item).enabled) {
-        restoreMenuTargets();
-        runAction(*item);
+        restoreTargets();
+        run(*item);
     }
 }
 
-ItemState CanvasPointer::stateOf(const ContextItem& item) const {
-    return canvas_.rules().stateOf(canvas_, item, canvas_.Labels.byIndex(menuNode_));
+ItemState PointerMenus::stateOf(const ContextItem& item) const {
+    return canvas_.rules().stateOf(canvas_, item, canvas_.Labels.byIndex(node_));
 }
 
-// The pointer may have touched other elements on its way to the item.
-void CanvasPointer::restoreMenuTargets() {
-    if (canvas_.Labels.byIndex(menuNode_)) {
-        canvas_.ActiveLabel = menuNode_;
+void PointerMenus::restoreTargets() {
+    if (canvas_.Labels.byIndex(node_)) {
+        canvas_.ActiveLabel = node_;
     }
-    if (canvas_.Lines.byIndex(menuEdge_)) {
-        canvas_.ActiveEdge = menuEdge_;
+    if (canvas_.Lines.byIndex(edge_)) {
+        canvas_.ActiveEdge = edge_;
     }
 }
 
-void CanvasPointer::runAction(const ContextItem& item) {
+void PointerMenus::run(const ContextItem& item) {
     LabelsD* node = canvas_.Labels.byIndex(canvas_.ActiveLabel);
     LinesD* edge = canvas_.Lines.byIndex(canvas_.ActiveEdge);
     const entities::ActivityProperties* activity = node ? node->activity() : nullptr;

@@ -1,9 +1,9 @@
-// What a gesture shows above the picture. It moves with every event, so the picture below is kept in a layer meanwhile.
+// What a gesture shows above the picture, and the edge under the pointer.
 
 #include <array>
 
-#include "qt/canvas/canvas_view.h"
 #include "qt/canvas/edge_painter.h"
+#include "qt/canvas/picture_painter.h"
 
 namespace orvent::qt {
 
@@ -30,52 +30,87 @@ QRegion rimOf(const QRectF& box, const QRect& room) {
 
 }  // namespace
 
-bool CanvasViewWidget::needsLayer() const {
-    return drawnEdge_ || canvas_.CroppingRect.Visible || canvas_.ResizeLabel.Visible || canvas_.DragOutline.Visible;
+void PicturePainter::setPointedEdge(const canvas::LinesD* edge) {
+    if (edge == pointedEdge_) {
+        return;
+    }
+    for (const canvas::LinesD* changed : {pointedEdge_, edge}) {
+        if (changed) {
+            markDirty(extentOf(*changed));
+        }
+    }
+    pointedEdge_ = edge;
 }
 
-QRegion CanvasViewWidget::markerRegion() const {
-    const Transform now = transform();
+void PicturePainter::rescaled() {
+    repaintAll();
+    shownMarkers_ = markerRegion();
+}
+
+bool PicturePainter::takesEdge(const canvas::LinesD& edge) {
+    const bool drawn = edge.ToLabel() == 0;
+    if (drawn || drawnEdge_ == &edge) {
+        drawnEdge_ = drawn ? &edge : nullptr;
+        showMarkers();
+    }
+    return !drawn;
+}
+
+void PicturePainter::forgetEdge(const canvas::LinesD& edge) {
+    if (pointedEdge_ == &edge) {
+        pointedEdge_ = nullptr;
+    }
+    if (drawnEdge_ == &edge) {
+        drawnEdge_ = nullptr;
+        showMarkers();
+    }
+}
+
+bool PicturePainter::needsLayer() const {
+    return drawnEdge_ || view_.CroppingRect.Visible || view_.ResizeLabel.Visible || view_.DragOutline.Visible;
+}
+
+QRegion PicturePainter::markerRegion() const {
+    const Transform now = scroller_.transform();
     QRegion region;
-    for (const canvas::MarkerBox* box : {&canvas_.CroppingRect, &canvas_.ResizeLabel, &canvas_.DragOutline}) {
+    for (const canvas::MarkerBox* box : {&view_.CroppingRect, &view_.ResizeLabel, &view_.DragOutline}) {
         if (box->Visible) {
-            region += rimOf(boxOf(now, *box), viewport()->rect());
+            region += rimOf(boxOf(now, *box), viewport_.rect());
         }
     }
-    if (!canvas_.DragOutlines.empty()) {
+    if (!view_.DragOutlines.empty()) {
         QRectF all;
-        for (const canvas::Box& box : canvas_.DragOutlines) {
+        for (const canvas::Box& box : view_.DragOutlines) {
             all |= now.toPixels(Extent{box.Left, box.Top, box.right(), box.bottom()});
         }
-        region += (all & QRectF(viewport()->rect()))
-                      .toAlignedRect()
-                      .adjusted(-kMarkerRim, -kMarkerRim, kMarkerRim, kMarkerRim);
+        region +=
+            (all & QRectF(viewport_.rect())).toAlignedRect().adjusted(-kMarkerRim, -kMarkerRim, kMarkerRim, kMarkerRim);
     }
-    if (canvas_.GrabberVisible) {
-        const double reach = std::max(1.0, scale_) * kGrabberReach;
-        const QPointF at = now.toPixels(canvas_.Grabber);
+    if (view_.GrabberVisible) {
+        const double reach = std::max(1.0, scroller_.scale()) * kGrabberReach;
+        const QPointF at = now.toPixels(view_.Grabber);
         region += QRectF(at.x() - reach, at.y() - reach, 2 * reach, 2 * reach).toAlignedRect();
     }
     if (drawnEdge_) {
-        const QRectF seen = now.toPixels(extentOf(*drawnEdge_)) & QRectF(viewport()->rect());
+        const QRectF seen = now.toPixels(extentOf(*drawnEdge_)) & QRectF(viewport_.rect());
         region += seen.toAlignedRect();
     }
     return region;
 }
 
-void CanvasViewWidget::showMarkers() {
+void PicturePainter::showMarkers() {
     const QRegion region = markerRegion();
-    viewport()->update(region + shownMarkers_);
+    viewport_.update(region + shownMarkers_);
     shownMarkers_ = region;
 }
 
-void CanvasViewWidget::refreshLayer() {
-    const double ratio = viewport()->devicePixelRatioF();
-    const QSize size = viewport()->size() * ratio;
+void PicturePainter::refreshLayer() {
+    const double ratio = viewport_.devicePixelRatioF();
+    const QSize size = viewport_.size() * ratio;
     if (layer_.size() != size || layer_.devicePixelRatio() != ratio) {
         layer_ = QPixmap(size);
         layer_.setDevicePixelRatio(ratio);
-        layerDirty_ = viewport()->rect();
+        layerDirty_ = viewport_.rect();
     }
     if (layerDirty_.isEmpty()) {
         return;
@@ -89,61 +124,61 @@ void CanvasViewWidget::refreshLayer() {
     layerDirty_ = QRegion();
 }
 
-void CanvasViewWidget::scrollLayer(int dx, int dy) {
+void PicturePainter::scrolled(int dx, int dy) {
     shownMarkers_.translate(dx, dy);
     if (layer_.isNull()) {
         return;
     }
     const double ratio = layer_.devicePixelRatio();
     if (ratio != std::floor(ratio)) {
-        layerDirty_ = viewport()->rect();
+        layerDirty_ = viewport_.rect();
         return;
     }
     const int whole = static_cast<int>(ratio);
     layer_.scroll(dx * whole, dy * whole, layer_.rect());
     layerDirty_.translate(dx, dy);
-    layerDirty_ += QRegion(viewport()->rect()) - viewport()->rect().translated(dx, dy);
+    layerDirty_ += QRegion(viewport_.rect()) - viewport_.rect().translated(dx, dy);
 }
 
-void CanvasViewWidget::paintMarkers(QPainter& painter) {
-    const Transform now = transform();
+void PicturePainter::paintMarkers(QPainter& painter) {
+    const Transform now = scroller_.transform();
     const PaintContext context = contextFor(painter, now);
     const QColor accent = context.colours.accent;
     if (drawnEdge_) {
         painter.setRenderHint(QPainter::Antialiasing);
-        EdgePainter edge(context, canvas_, QRectF(viewport()->rect()).adjusted(-10, -10, 10, 10));
+        EdgePainter edge(context, canvas_, QRectF(viewport_.rect()).adjusted(-10, -10, 10, 10));
         edge.add(*drawnEdge_);
         edge.paint();
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    const double pen = context.penWidth(1 / scale_);
+    const double pen = context.penWidth(1 / scroller_.scale());
     const std::array<std::pair<const canvas::MarkerBox*, Qt::PenStyle>, 3> boxes = {
-        {{&canvas_.CroppingRect, Qt::DashLine},
-         {&canvas_.ResizeLabel, Qt::SolidLine},
-         {&canvas_.DragOutline, Qt::SolidLine}}};
+        {{&view_.CroppingRect, Qt::DashLine},
+         {&view_.ResizeLabel, Qt::SolidLine},
+         {&view_.DragOutline, Qt::SolidLine}}};
     for (const auto& [box, style] : boxes) {
         // Cut near the viewport, since an outline may reach very far.
-        const QRectF seen = boxOf(now, *box) & QRectF(viewport()->rect()).adjusted(-5, -5, 5, 5);
+        const QRectF seen = boxOf(now, *box) & QRectF(viewport_.rect()).adjusted(-5, -5, 5, 5);
         if (box->Visible && !seen.isNull()) {
             painter.setPen(QPen(accent, pen, style));
             painter.drawRect(context.sharp(seen, pen));
         }
     }
     painter.setPen(QPen(accent, pen));
-    for (const canvas::Box& box : canvas_.DragOutlines) {
+    for (const canvas::Box& box : view_.DragOutlines) {
         const QRectF seen = now.toPixels(Extent{box.Left, box.Top, box.right(), box.bottom()}) &
-                            QRectF(viewport()->rect()).adjusted(-5, -5, 5, 5);
+                            QRectF(viewport_.rect()).adjusted(-5, -5, 5, 5);
         if (!seen.isNull()) {
             painter.drawRect(context.sharp(seen, pen));
         }
     }
-    if (canvas_.GrabberVisible) {
+    if (view_.GrabberVisible) {
         painter.setRenderHint(QPainter::Antialiasing);
         const double radius = std::max(3.0, context.length(4));
         painter.setPen(QPen(accent, context.penWidth(2)));
         painter.setBrush(context.colours.handleFill);
-        painter.drawEllipse(now.toPixels(canvas_.Grabber), radius, radius);
+        painter.drawEllipse(now.toPixels(view_.Grabber), radius, radius);
     }
 }
 
