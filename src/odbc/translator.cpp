@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+#include "odbc/key_columns.h"
 #include "platform/text.h"
 
 namespace orvent::odbc {
@@ -28,9 +29,6 @@ constexpr std::string_view kNameFollows[] = {"into", "table", "references", "on"
 
 /// Keywords and functions that make other rows of the table's rows, or order them.
 constexpr std::string_view kReorders[] = {"order", "group", "distinct", "union", "count", "min", "max", "sum", "avg"};
-
-/// Words that begin an item of a table's definition that is no column.
-constexpr std::string_view kConstraints[] = {"constraint", "primary", "foreign", "unique", "check"};
 
 template <class List>
 bool contains(const List& list, std::string_view word) {
@@ -78,7 +76,7 @@ Translation Translator::run() {
     result_.definition = creates || drops || is(wordAt(0), "alter");
     createsTable_ = creates && is(wordAt(1), "table");
     if (createsTable_ && rules_.keyWidth > 0) {
-        findKeyColumns();
+        keyColumns_ = keyColumnsOf(tokens_);
     }
     rewrite();
     trimEnd(result_.sql);
@@ -143,7 +141,7 @@ void Translator::rewrite() {
 void Translator::word(std::size_t& at) {
     if (createsTable_ && depth_ == 1 && itemWords_++ == 0) {
         const std::string lower = platform::lowerCase(tokens_[at].text);
-        column_ = contains(kConstraints, lower) ? std::string() : lower;
+        column_ = isConstraint(lower) ? std::string() : lower;
         if (!column_.empty()) {
             name(at);
             return;
@@ -305,42 +303,6 @@ bool Translator::function(std::size_t at) {
     result_.sql += tokens_[at].text;
     keepsOrder_ = keepsOrder_ && !contains(kReorders, platform::lowerCase(tokens_[at].text));
     return true;
-}
-
-void Translator::findKeyColumns() {
-    // An item of the definition that holds PRIMARY, FOREIGN or REFERENCES makes keys of the columns in its first
-    // brackets, or without brackets of the column that it defines.
-    int depth = 0;
-    bool key = false;
-    bool listed = false;
-    std::string first;
-    for (std::size_t at = 0; at < tokens_.size(); ++at) {
-        const std::string lower = platform::lowerCase(tokens_[at].text);
-        depth += lower == "(" ? 1 : lower == ")" ? -1 : 0;
-        if (depth == 1 && (lower == "(" || lower == ",")) {
-            key = listed = false;
-            first.clear();
-        }
-        if (depth == 1 && listed && lower == ")") {
-            key = false;  // what follows is the other table's
-        }
-        if (tokens_[at].kind != TokenKind::word || depth == 0) {
-            continue;
-        }
-        const bool constraint = contains(kConstraints, first);
-        if (first.empty()) {
-            first = lower;
-        }
-        if (depth == 1 && (lower == "primary" || lower == "foreign" || (lower == "references" && !constraint))) {
-            key = true;
-            if (!contains(kConstraints, first)) {
-                keyColumns_.insert(first);
-            }
-        } else if (depth == 2 && key && constraint) {
-            listed = true;
-            keyColumns_.insert(lower);
-        }
-    }
 }
 
 void Translator::orderRows() {

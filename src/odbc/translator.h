@@ -40,7 +40,6 @@ class Translator {
     bool catalogueView(std::size_t at);
     bool function(std::size_t at);
     std::string textType(std::string_view width) const;
-    void findKeyColumns();
     void orderRows();
 
     std::size_t next(std::size_t at) const;
