@@ -22,6 +22,7 @@ CanvasPointer::CanvasPointer(CanvasForm& form, ViewState& view, const PointerPor
     : canvas_(form),
       view_(view),
       ports_(ports),
+      targets_(form, ports.tools),
       hover_(form, view, ports.tools),
       menus_(form, ports),
       keys_(form, ports),
@@ -29,24 +30,6 @@ CanvasPointer::CanvasPointer(CanvasForm& form, ViewState& view, const PointerPor
 
 CanvasPointer::~CanvasPointer() {
     cancel();
-}
-
-/// What a press or a move is meant for. With an edge tool a node is pressed to draw from it, so a handle above it
-/// counts only while its edge is selected. A line counts unless the tool needs the picture below it.
-Hit CanvasPointer::meant(const Hit& hit) const {
-    if (hit.element == Element::line) {
-        const std::string& tool = ports_.tools.DrawMode();
-        return tool == "Crop" || canvas_.rules().places(tool) ? Hit{} : hit;
-    }
-    const LinesD* edge = edgeAt(hit);
-    const bool drawing = canvas_.rules().edgeTypeOf(ports_.tools.DrawMode()).has_value();
-    return edge && drawing && hit.below != 0 && !edge->Selected() ? Hit{Element::node, hit.below} : hit;
-}
-
-LinesD* CanvasPointer::edgeAt(const Hit& hit) const {
-    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number))
-           : hit.element == Element::line ? canvas_.Lines.byIndex(hit.number)
-                                          : nullptr;
 }
 
 void CanvasPointer::cancel() {
@@ -94,10 +77,10 @@ void CanvasPointer::press(const PointerEvent& event) {
     cancel();
     ports_.tools.canvasFocused(canvas_);
     captures_ = event.button == LeftButton;
-    const Hit hit = busy && event.hit.element == Element::line ? Hit{} : meant(event.hit);
-    if (LabelsD* node = nodeAt(hit)) {
+    const Hit hit = busy && event.hit.element == Element::line ? Hit{} : targets_.meant(event.hit);
+    if (LabelsD* node = targets_.nodeAt(hit)) {
         pressNode(*node, event);
-    } else if (LinesD* edge = edgeAt(hit)) {
+    } else if (LinesD* edge = targets_.edgeAt(hit)) {
         pressEdge(*edge, event);
         if (hit.element == Element::handle && event.button == LeftButton) {
             begin<HandleDrag>(view_, ports_.tools, hover_, hit.number);
@@ -194,10 +177,10 @@ void CanvasPointer::move(const PointerEvent& event) {
 }
 
 void CanvasPointer::hover(const PointerEvent& event) {
-    const Hit hit = meant(event.hit);
-    if (LabelsD* node = nodeAt(hit)) {
+    const Hit hit = targets_.meant(event.hit);
+    if (LabelsD* node = targets_.nodeAt(hit)) {
         hover_.overNode(*node, node->inside(event.at));
-    } else if (LinesD* edge = hit.element == Element::handle ? edgeAt(hit) : nullptr) {
+    } else if (LinesD* edge = hit.element == Element::handle ? targets_.edgeAt(hit) : nullptr) {
         hover_.overHandle(*edge);
     } else {
         hover_.overPicture();
@@ -227,11 +210,12 @@ void CanvasPointer::doubleClick(const PointerEvent& event) {
     if (event.button != LeftButton) {
         return;
     }
-    const Hit hit = meant(event.hit);
-    if (LinesD* edge = hit.element == Element::line ? edgeAt(hit) : nullptr; edge && edge->Angle() == AngleNone) {
+    const Hit hit = targets_.meant(event.hit);
+    if (LinesD* edge = hit.element == Element::line ? targets_.edgeAt(hit) : nullptr;
+        edge && edge->Angle() == AngleNone) {
         edge->placeMiddle(event.at);
     }
-    LabelsD* node = nodeAt(event.hit);
+    LabelsD* node = targets_.nodeAt(event.hit);
     if (!node) {
         return;
     }

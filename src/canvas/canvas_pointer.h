@@ -12,6 +12,7 @@
 #include "canvas/pointer_gesture.h"
 #include "canvas/pointer_hover.h"
 #include "canvas/pointer_menus.h"
+#include "canvas/pointer_targets.h"
 #include "canvas/selection_keys.h"
 #include "canvas/view_state.h"
 
@@ -96,15 +97,11 @@ class CanvasPointer : private CanvasListener {
     bool arrow(int keyCode, bool ctrl);
     bool enter();
     bool joinFrom(const LabelsD& node, EdgeTypeCode edgeType);
-    Hit meant(const Hit& hit) const;
-    LabelsD* nodeAt(const Hit& hit) const {
-        return hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
-    }
-    LinesD* edgeAt(const Hit& hit) const;
 
     CanvasForm& canvas_;
     ViewState& view_;
     PointerPorts ports_;
+    PointerTargets targets_;
     PointerHover hover_;
     PointerMenus menus_;
     SelectionKeys keys_;

@@ -1,0 +1,29 @@
+#include "canvas/pointer_targets.h"
+
+#include <string>
+
+#include "canvas/canvas_rules.h"
+
+namespace orvent::canvas {
+
+Hit PointerTargets::meant(const Hit& hit) const {
+    if (hit.element == Element::line) {
+        const std::string& tool = tools_.DrawMode();
+        return tool == "Crop" || canvas_.rules().places(tool) ? Hit{} : hit;
+    }
+    const LinesD* edge = edgeAt(hit);
+    const bool drawing = canvas_.rules().edgeTypeOf(tools_.DrawMode()).has_value();
+    return edge && drawing && hit.below != 0 && !edge->Selected() ? Hit{Element::node, hit.below} : hit;
+}
+
+LabelsD* PointerTargets::nodeAt(const Hit& hit) const {
+    return hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
+}
+
+LinesD* PointerTargets::edgeAt(const Hit& hit) const {
+    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number))
+           : hit.element == Element::line ? canvas_.Lines.byIndex(hit.number)
+                                          : nullptr;
+}
+
+}  // namespace orvent::canvas
