@@ -48,7 +48,7 @@ void DrawnMembers::restore(ZoomView& view, LabelsD& owner) const {
         }
     }
     if (owner.Index() != view.CentralActivityNo) {  // there they are expanded with the others
-        Expansion(view, owner).tieWaiting();
+        ActivityExpansion(view, owner).tieWaiting();
     }
     view.ActiveLabel = active;
 }

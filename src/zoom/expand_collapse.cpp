@@ -1,6 +1,6 @@
 #include "zoom/expand_collapse.h"
 
-#include "zoom/expansion.h"
+#include "zoom/activity_expansion.h"
 
 namespace orvent::zoom {
 
@@ -14,19 +14,19 @@ template <class Step>
 void onNode(ZoomView& view, std::int32_t index, Step step) {
     const platform::Busy busy(view.progress());
     if (LabelsD* node = view.Labels.byIndex(index)) {
-        step(*node, Expansion(view, *node));
+        step(*node, ActivityExpansion(view, *node));
     }
 }
 
 void expand(ZoomView& view, std::int32_t index, NodeKindCode kind) {
-    onNode(view, index, [&](LabelsD&, Expansion expansion) { expansion.expand(kind); });
+    onNode(view, index, [&](LabelsD&, ActivityExpansion expansion) { expansion.expand(kind); });
 }
 
 void collapse(ZoomView& view, std::int32_t index, NodeKindCode kind) {
-    onNode(view, index, [&](LabelsD&, Expansion expansion) { expansion.collapse(kind); });
+    onNode(view, index, [&](LabelsD&, ActivityExpansion expansion) { expansion.collapse(kind); });
 }
 
-void expandActivity(LabelsD& node, Expansion expansion) {
+void expandActivity(LabelsD& node, ActivityExpansion expansion) {
     if (!node.activity()) {
         return;
     }
@@ -43,7 +43,7 @@ void ExpandActivity(ZoomView& view, std::int32_t node) {
     onNode(view, node, expandActivity);
 }
 void CollapseActivity(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseActivity(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseActivity(); });
 }
 
 void ExpandInputs(ZoomView& view, std::int32_t node) {
@@ -56,13 +56,13 @@ void ExpandParameters(ZoomView& view, std::int32_t node) {
     expand(view, node, KindParameter);
 }
 void ExpandFunctions(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.expandFunctions(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.expandFunctions(); });
 }
 void ExpandFunction(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.expandFunction(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.expandFunction(); });
 }
 void ExpandRecordSet(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.expandRecordSet(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.expandRecordSet(); });
 }
 
 void CollapseInputs(ZoomView& view, std::int32_t node) {
@@ -75,13 +75,13 @@ void CollapseParameters(ZoomView& view, std::int32_t node) {
     collapse(view, node, KindParameter);
 }
 void CollapseFunctions(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseFunctions(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseFunctions(); });
 }
 void CollapseFunction(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseFunction(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseFunction(); });
 }
 void CollapseRecordSet(ZoomView& view, std::int32_t node) {
-    onNode(view, node, [](LabelsD&, Expansion expansion) { expansion.collapseRecordSet(); });
+    onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseRecordSet(); });
 }
 
 void ExpandByPlace(ZoomView& view, LabelsD& node) {
@@ -105,7 +105,7 @@ void ExpandByPlace(ZoomView& view, LabelsD& node) {
 }
 
 void CollapseWhole(ZoomView& view, LabelsD& node) {
-    onNode(view, node.Index(), [](LabelsD&, Expansion expansion) { expansion.collapseWhole(); });
+    onNode(view, node.Index(), [](LabelsD&, ActivityExpansion expansion) { expansion.collapseWhole(); });
 }
 
 }  // namespace orvent::zoom

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "zoom/activity_expansion.h"
 #include "zoom/expand_collapse.h"
-#include "zoom/expansion.h"
 
 namespace orvent::zoom {
 
@@ -66,7 +66,7 @@ void ExpandedState::Place::restore(LabelsD& node) const {
 
 void CollapseForAWhile(ZoomView& view, LabelsD& node) {
     const platform::Busy busy(view.progress());
-    Expansion(view, node, CollapsedOrder::kept).collapseWhole();
+    ActivityExpansion(view, node, CollapsedOrder::kept).collapseWhole();
     if (view.bearsName(node)) {
         view.order.giveBack(node);
     }

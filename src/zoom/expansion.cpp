@@ -109,6 +109,10 @@ std::int16_t ownerGrabPoint(const LabelsD& member) {
     return row == kExpansions.end() ? kFunctionGrab : row->fromGrab;
 }
 
+void requireAllTypes(const ZoomView& view, const FunctionProperties& function) {
+    eachList(function, [&view](const auto& list, NodeKindCode) { requireTypes(view, list); });
+}
+
 float Expansion::rowTop(int halfRows) const {
     return owner_.Top() + owner_.Height() + static_cast<float>(halfRows) * view_.settings().HDist;
 }
@@ -244,21 +248,23 @@ void Expansion::collapseRecordSet() {
     }
 }
 
-void Expansion::collapseActivity() {
-    if (!owner_.activity()) {
+void Expansion::expandFunction() {
+    const auto* function = owner_.entity<FunctionProperties>();
+    if (!function || owner_.Expanded) {
         return;
     }
-    collapseFunctions();
-    for (const NodeKindCode kind : {KindParameter, KindOutput, KindInput}) {
-        collapse(kind);
-    }
-    owner_.Expanded = false;
+    requireAllTypes(view_, *function);
+    expand(KindFunctionInput);
+    expand(KindFunctionOutput);
+    owner_.Expanded = true;
 }
 
-void Expansion::collapseWhole() {
-    collapseActivity();
-    collapseRecordSet();
-    collapseFunction();
+void Expansion::collapseFunction() {
+    if (owner_.entity<FunctionProperties>() && owner_.Expanded) {
+        collapse(KindFunctionInput);
+        collapse(KindFunctionOutput);
+        owner_.Expanded = false;
+    }
 }
 
 // From the last edge to the first, since a node that goes shortens the owner's list.

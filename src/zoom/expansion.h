@@ -21,6 +21,9 @@ inline constexpr std::int16_t kFunctionGrab = 5;
 /// The grab point of an owner at which expanding draws the part-of edge to such a node.
 std::int16_t ownerGrabPoint(const canvas::LabelsD& member);
 
+/// Throws a `Fault` for a data type of a function's members that the catalogue does not have.
+void requireAllTypes(const ZoomView& view, const entities::FunctionProperties& function);
+
 /// Expands and collapses the members of one owner, whose name stays the same meanwhile.
 class Expansion {
   public:
@@ -36,17 +39,20 @@ class Expansion {
     void collapse(entities::NodeKindCode kind);
     void expandRecordSet();
     void collapseRecordSet();
-    void expandFunctions();
-    void collapseFunctions();
     void expandFunction();
     void collapseFunction();
     /// Shows one member alone. Nothing when the owner has no such member, or when it is shown.
     canvas::LabelsD* showAlone(entities::NodeKindCode kind, const std::string& key);
-    /// Ties the functions on again that wait for the activity.
-    void tieWaiting();
-    void collapseActivity();
-    /// Whatever the owner is.
-    void collapseWhole();
+
+  protected:
+    float rowTop(int halfRows) const;
+    void grow(const canvas::LabelsD& node, bool widens);
+
+    ZoomView& view_;
+    canvas::LabelsD& owner_;
+    CollapsedOrder order_;
+    bool named_;  ///< the owner bears its name, and so do its members
+    const std::string& ownerName_;
 
   private:
     template <class List>
@@ -57,16 +63,6 @@ class Expansion {
     void takeBack(entities::Lazy<List>& items, const ExpansionRow& row);
     void showConstants(const canvas::LabelsD& node, const entities::ParameterProperties& parameter,
                        const ExpansionRow& row);
-    void showFunction(std::shared_ptr<entities::FunctionProperties> function, float left, float top);
-    void tieFunction(canvas::LabelsD& node, std::shared_ptr<entities::FunctionProperties> function);
-    float rowTop(int halfRows) const;
-    void grow(const canvas::LabelsD& node, bool widens);
-
-    ZoomView& view_;
-    canvas::LabelsD& owner_;
-    CollapsedOrder order_;
-    bool named_;  ///< the owner bears its name, and so do its members
-    const std::string& ownerName_;
 };
 
 }  // namespace orvent::zoom

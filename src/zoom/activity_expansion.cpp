@@ -1,4 +1,4 @@
-// An activity's functions as nodes of their own.
+#include "zoom/activity_expansion.h"
 
 #include <algorithm>
 #include <utility>
@@ -7,7 +7,6 @@
 #include "entities/members.h"
 #include "links/members.h"
 #include "links/unsynchronize_functions.h"
-#include "zoom/expansion.h"
 #include "zoom/part_of.h"
 #include "zoom/waiting_functions.h"
 
@@ -27,13 +26,9 @@ int rowsOf(const FunctionProperties& function) {
     return rows + 2;
 }
 
-void requireAllTypes(const ZoomView& view, const FunctionProperties& function) {
-    eachList(function, [&view](const auto& list, NodeKindCode) { requireTypes(view, list); });
-}
-
 }  // namespace
 
-void Expansion::expandFunctions() {
+void ActivityExpansion::expandFunctions() {
     ActivityProperties* activity = owner_.activity();
     if (!activity || (activity->Act_Functions.peek() && activity->Act_Functions->Expanded)) {
         return;
@@ -68,7 +63,7 @@ void Expansion::expandFunctions() {
     view_.ActiveLabel = active;
 }
 
-void Expansion::showFunction(std::shared_ptr<FunctionProperties> function, float left, float top) {
+void ActivityExpansion::showFunction(std::shared_ptr<FunctionProperties> function, float left, float top) {
     const CanvasSettings& sizes = view_.settings();
     function->NodeKind = KindFunction;
     function->setParentKeyName(ownerName_);
@@ -81,7 +76,7 @@ void Expansion::showFunction(std::shared_ptr<FunctionProperties> function, float
 }
 
 /// Ties a function's node, which stayed without an owner when the activity was collapsed, on to it again.
-void Expansion::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> function) {
+void ActivityExpansion::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> function) {
     auto* free = node.entity<FunctionProperties>();
     if (!free || view_.isNameTaken(free->ParentKeyName())) {
         return;
@@ -97,7 +92,7 @@ void Expansion::tieFunction(LabelsD& node, std::shared_ptr<FunctionProperties> f
     Expansion(view_, node).expandFunction();
 }
 
-void Expansion::tieWaiting() {
+void ActivityExpansion::tieWaiting() {
     std::vector<std::int32_t> nodes;
     for (const auto& [node, activity] : view_.waiting) {
         if (activity == owner_.Index()) {
@@ -115,26 +110,7 @@ void Expansion::tieWaiting() {
     }
 }
 
-void Expansion::expandFunction() {
-    const auto* function = owner_.entity<FunctionProperties>();
-    if (!function || owner_.Expanded) {
-        return;
-    }
-    requireAllTypes(view_, *function);
-    expand(KindFunctionInput);
-    expand(KindFunctionOutput);
-    owner_.Expanded = true;
-}
-
-void Expansion::collapseFunction() {
-    if (owner_.entity<FunctionProperties>() && owner_.Expanded) {
-        collapse(KindFunctionInput);
-        collapse(KindFunctionOutput);
-        owner_.Expanded = false;
-    }
-}
-
-void Expansion::collapseFunctions() {
+void ActivityExpansion::collapseFunctions() {
     ActivityProperties* activity = owner_.activity();
     if (!activity || !activity->Act_Functions.peek() || !activity->Act_Functions->Expanded) {
         return;
@@ -179,6 +155,23 @@ void Expansion::collapseFunctions() {
         functions.reorder(order);
     }
     functions.Expanded = false;
+}
+
+void ActivityExpansion::collapseActivity() {
+    if (!owner_.activity()) {
+        return;
+    }
+    collapseFunctions();
+    for (const NodeKindCode kind : {KindParameter, KindOutput, KindInput}) {
+        collapse(kind);
+    }
+    owner_.Expanded = false;
+}
+
+void ActivityExpansion::collapseWhole() {
+    collapseActivity();
+    collapseRecordSet();
+    collapseFunction();
 }
 
 }  // namespace orvent::zoom
