@@ -38,6 +38,17 @@ bool isGenerated(const AttributeProperties& output) {
     return output.Tag == tagOf(LinkTypeOutput) || output.Tag == kTagWizardOutput;
 }
 
+entities::Act_OutputsCollection outputsByHand(entities::ActivityProperties& activity) {
+    entities::Act_OutputsCollection outputs;
+    for (int position = 1; position <= activity.Act_Outputs.count(); ++position) {
+        std::shared_ptr<entities::AttributeProperties> output = activity.Act_Outputs->share(position);
+        if (!isGenerated(*output)) {
+            outputs.append(output, output->Key);
+        }
+    }
+    return outputs;
+}
+
 /// What the links of a parameter are called, by where its value comes from; they are its `Tag`, too.
 struct ActivityBuilder::LinkCodes {
     LinkType input, field, constant;

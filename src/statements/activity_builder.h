@@ -18,6 +18,9 @@ inline constexpr std::int16_t kTagWizardOutput = 15;
 /// Whether the output was made by the wizard or by the activity's type, and not drawn by hand.
 bool isGenerated(const entities::AttributeProperties& output);
 
+/// The outputs of the activity that were not generated, the very objects.
+entities::Act_OutputsCollection outputsByHand(entities::ActivityProperties& activity);
+
 /// A choice that the designer left open, or a thing that is gone. It ends the building without a message.
 class BuildFault : public platform::Fault {
   public:

@@ -115,6 +115,16 @@ struct LDLEnabled {
     bool cmdOK = false;
 };
 
+/// The buttons whose state the wizard explains.
+enum class LDLButton { cmdParseLDL, cmdGenerateLDL, cmdCreateAct, cmdNext, cmdPrev, cmdOK };
+
+constexpr bool LDLEnabled::*enabledOf(LDLButton button) {
+    constexpr bool LDLEnabled::*kFields[] = {&LDLEnabled::cmdParseLDL,  &LDLEnabled::cmdGenerateLDL,
+                                             &LDLEnabled::cmdCreateAct, &LDLEnabled::cmdNext,
+                                             &LDLEnabled::cmdPrev,      &LDLEnabled::cmdOK};
+    return kFields[static_cast<std::size_t>(button)];
+}
+
 /// Colour of a mark, which is bold too; blue stands in the high byte.
 inline constexpr int kLDLMarkColour = 255;
 

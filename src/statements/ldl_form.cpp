@@ -72,7 +72,7 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
     mirrorOrder_.emplace(form, activity, inDialog());
     links::UnSynchronizeActivity(form, activity, false, inDialog());
     Sources = sourcesOf(activity);
-    buildOutputsView();
+    OutputsView = outputsByHand(activity);
     open_ = true;
     try {
         if (txtTemplate.find('@') != std::string::npos) {
@@ -84,27 +84,6 @@ void LDLForm::LDLCreate(canvas::DrawForm& form, entities::ActivityProperties& ac
         throw;
     }
     close();
-}
-
-bool LDLForm::isEnabled(LDLButton button) const {
-    if (!open_) {
-        return false;
-    }
-    switch (button) {
-        case LDLButton::cmdParseLDL:
-            return Enabled.cmdParseLDL;
-        case LDLButton::cmdGenerateLDL:
-            return Enabled.cmdGenerateLDL;
-        case LDLButton::cmdCreateAct:
-            return Enabled.cmdCreateAct;
-        case LDLButton::cmdNext:
-            return Enabled.cmdNext;
-        case LDLButton::cmdPrev:
-            return Enabled.cmdPrev;
-        case LDLButton::cmdOK:
-            return Enabled.cmdOK;
-    }
-    return false;
 }
 
 bool LDLForm::mayDismiss() {
@@ -133,15 +112,6 @@ void LDLForm::enableCaller(bool enabled) {
         dialog_->setEnabled(enabled);
     } else {
         form_->setEnabled(enabled);
-    }
-}
-
-void LDLForm::buildOutputsView() {
-    for (int position = 1; position <= Activity->Act_Outputs.count(); ++position) {
-        std::shared_ptr<entities::AttributeProperties> output = Activity->Act_Outputs->share(position);
-        if (!isGenerated(*output)) {
-            OutputsView.append(output, output->Key);
-        }
     }
 }
 
@@ -200,15 +170,6 @@ void LDLForm::layOutWithoutVariables() {
     marks.clear();
 }
 
-bool LDLForm::allDefinedBeforeLast() const {
-    for (int position = 1; position < Variables.Count(); ++position) {
-        if (!Variables.Item(position)->Defined) {
-            return false;
-        }
-    }
-    return true;
-}
-
 void LDLForm::cmdNext() {
     if (!isEnabled(LDLButton::cmdNext)) {
         return;
@@ -220,7 +181,7 @@ void LDLForm::cmdNext() {
         if (CurrentVariable->Index == count) {
             Enabled.cmdNext = false;
             // The last one does not count: it may be generated before it is defined.
-            Enabled.cmdGenerateLDL = allDefinedBeforeLast();
+            Enabled.cmdGenerateLDL = Variables.allDefinedBeforeLast();
         }
         if (CurrentVariable->Index == 2) {
             Enabled.cmdPrev = true;
@@ -234,7 +195,7 @@ void LDLForm::enableSteps() {
     Enabled.cmdPrev = CurrentVariable->Index > 1;
     Enabled.cmdNext = CurrentVariable->Index < count;
     if (!Enabled.cmdNext) {
-        Enabled.cmdGenerateLDL = allDefinedBeforeLast();
+        Enabled.cmdGenerateLDL = Variables.allDefinedBeforeLast();
     }
 }
 

@@ -26,9 +26,6 @@ class WizardServices {
     virtual void setWholeNumbers(bool on) = 0;
 };
 
-/// The buttons whose state the wizard explains.
-enum class LDLButton { cmdParseLDL, cmdGenerateLDL, cmdCreateAct, cmdNext, cmdPrev, cmdOK };
-
 /// The wizard that turns the LDL template of an activity's type into the activity: it finds the template's variables,
 /// leads through them, generates the statement and builds the activity from the variables. What each variable stands
 /// for is asked on its panels.
@@ -86,7 +83,7 @@ class LDLForm : public ActivityWizard, public LDLVariablePanel {
     const entities::NameTable& functionTypes() const { return catalogue_.functionTypes; }
     /// Which of the activities without a statement this is; null when only this one is opened.
     const WizardRound* round() const { return round_; }
-    bool isEnabled(LDLButton button) const;
+    bool isEnabled(LDLButton button) const { return open_ && Enabled.*enabledOf(button); }
     /// Whether `txtTemplate` is a statement that was generated; and by what faults its passes ended.
     bool hasStatement() const { return generated_; }
     const std::vector<std::string>& generatorFaults() const { return generatorFaults_; }
@@ -103,11 +100,9 @@ class LDLForm : public ActivityWizard, public LDLVariablePanel {
     void close();
     void enableCaller(bool enabled);
     entities::ActivityProperties* inDialog() const { return FromDialog ? Activity : nullptr; }
-    void buildOutputsView();
     void layOutWithoutVariables();
     void forgetStatement();
     void reset();
-    bool allDefinedBeforeLast() const;
     void enableSteps();
     std::vector<LDLMark> marksIn(const std::string& text) const;
 

@@ -24,6 +24,15 @@ const LDLVariable* LDLVariableCollection::Item(const std::string& name) const {
     return found;
 }
 
+bool LDLVariableCollection::allDefinedBeforeLast() const {
+    for (int position = 1; position < Count(); ++position) {
+        if (!Item(position)->Defined) {
+            return false;
+        }
+    }
+    return true;
+}
+
 bool isNameCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
 }

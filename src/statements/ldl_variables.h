@@ -74,6 +74,9 @@ class LDLVariableCollection : private entities::KeyedCollection<LDLVariable> {
     void Remove(const std::string& name) { Base::Remove(keyOf(name)); }
     void Remove(int position) { Base::Remove(position); }
 
+    /// Whether each variable but the last one is defined.
+    bool allDefinedBeforeLast() const;
+
     using Base::begin;
     using Base::Clear;
     using Base::Count;
