@@ -29,10 +29,36 @@ std::string targetsOf(const AttributeProperties& attribute) {
     return keys;
 }
 
+/// The keys that attributes of the graph get, by those that they have.
+std::unordered_map<std::string, std::string> newKeysOf(const RecordSetProperties& record,
+                                                       std::unordered_map<std::string, std::string>& OldKeys) {
+    std::unordered_map<std::string, std::string> newKeys;
+    for (const AttributeProperties& attribute : record.RecordSet_Outputs) {
+        // A new one may bear the key that a renamed one had.
+        if (const std::string& former = OldKeys[attribute.Key]; former == attribute.Key) {
+            newKeys.emplace(former, attribute.Key);
+        } else {
+            newKeys[former] = attribute.Key;
+        }
+    }
+    return newKeys;
+}
+
+void dropGone(canvas::CanvasForm& form, RecordSetProperties& record,
+              const std::unordered_map<std::string, std::string>& newKeys) {
+    for (int at = record.RecordSet_Outputs.count(); at >= 1; --at) {
+        AttributeProperties& attribute = *record.RecordSet_Outputs->Item(at);
+        if (!newKeys.count(attribute.Key)) {
+            links::UnSynchronizeAttribute(form, attribute, true, nullptr);
+            record.RecordSet_Outputs->Remove(at);
+        }
+    }
+}
+
 }  // namespace
 
 RecordSetProp::RecordSetProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node)
-    : Editor(services.repository.messages), ParForm(form), ActiveNode(node), services_(services) {
+    : Editor(services.repository.messages), SourceDatabases(services), ParForm(form), ActiveNode(node) {
     services_.nodes.prepare(ParForm, ActiveNode);
     ParForm.setEnabled(false);
     deletedMark_ = ParForm.DeletedNodes->mark();
@@ -133,23 +159,8 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
     markNode(rowKey, true);
 }
 
-void RecordSetProp::markNode(const std::string& key, bool used) {
-    Tree::Node* node = DBView.find(key);
-    if (!node || !node->parent()) {
-        return;
-    }
-    DBView.alter(*node, [&](forms::TreeNode& value) {
-        value.Checked = used;
-        value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
-        value.ForeColor = used ? kListColours[0] : 0;
-    });
-    if (many_ == 0 && node->parent()->parent()) {
-        recomputeParent(DBView, *node->parent());
-    }
-}
-
 void RecordSetProp::tellTaken() {
-    if (many_ == 0 && std::exchange(taken_, false)) {
+    if (!marksMany() && std::exchange(taken_, false)) {
         messages().tell("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
     }
 }
@@ -157,12 +168,7 @@ void RecordSetProp::tellTaken() {
 void RecordSetProp::moveMany(const std::function<void()>& moves) {
     {
         const forms::List::Gathering list(AttList);
-        const forms::Tree::Gathering tree(DBView);
-        ++many_;
-        moves();
-        if (--many_ == 0) {
-            recomputeParents(DBView);
-        }
+        markMany(moves);
     }
     tellTaken();
 }
@@ -323,22 +329,8 @@ void RecordSetProp::putBack() {
 /// the far ends keep what they know of it in its place; what reads it follows. Attributes that are gone leave first:
 /// another one may bear their key.
 void RecordSetProp::renameInGraph(RecordSetProperties& record, const std::string& formerName) {
-    std::unordered_map<std::string, std::string> newKeys;
-    for (const AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
-        // A new one may bear the key that a renamed one had.
-        if (const std::string& former = OldKeys[attribute.Key]; former == attribute.Key) {
-            newKeys.emplace(former, attribute.Key);
-        } else {
-            newKeys[former] = attribute.Key;
-        }
-    }
-    for (int at = record.RecordSet_Outputs.count(); at >= 1; --at) {
-        AttributeProperties& attribute = *record.RecordSet_Outputs->Item(at);
-        if (!newKeys.count(attribute.Key)) {
-            links::UnSynchronizeAttribute(ParForm, attribute, true, nullptr);
-            record.RecordSet_Outputs->Remove(at);
-        }
-    }
+    const std::unordered_map<std::string, std::string> newKeys = newKeysOf(*tempProp, OldKeys);
+    dropGone(ParForm, record, newKeys);
     if (formerName != tempProp->RecordSet_Name) {
         links::renameOwner(ParForm, record, formerName, tempProp->RecordSet_Name);
     }

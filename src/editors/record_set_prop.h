@@ -5,17 +5,15 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 
-#include "editors/set_act_prop.h"
+#include "editors/source_databases.h"
 #include "links/mirror_order.h"
-#include "repository/source_schema.h"
 
 namespace orvent::editors {
 
 /// `RecordSetProp`: the dialog that defines a record set. Its attributes come from a tree of source databases. It works
 /// on a copy, `tempProp`, which OK gives to the graph; the record set stays out of the links while it is open.
-class RecordSetProp : public forms::Editor, private RowOperations {
+class RecordSetProp : public forms::Editor, public SourceDatabases, private RowOperations {
   public:
     RecordSetProp(const EditorServices& services, canvas::CanvasForm& form, canvas::LabelsD& node);
     ~RecordSetProp() override;
@@ -24,10 +22,7 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     canvas::LabelsD& ActiveNode;
     std::shared_ptr<entities::RecordSetProperties> tempProp;
     forms::List AttList;
-    forms::Tree DBView;
     std::unordered_map<std::string, std::string> OldKeys;  ///< the first `Key` of each attribute under its present one
-    std::unordered_set<std::string> LoadedDatabases;       ///< the aliases in the tree
-    bool DBLoaded = false;
 
     std::string txtRecordSetName, txtSQL;
     bool SQLOption = false;  ///< the statement is in use: `txtSQL` is enabled
@@ -38,18 +33,6 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     /// The window is closed neither by OK nor by Cancel: asks when that would lose changes. True when it closes.
     bool mayDismiss();
     void SQLAuto_Click();
-
-    /// Asked while a database is loaded, before each of its tables; false ends the loading.
-    using GoOn = std::function<bool(std::size_t done, std::size_t total)>;
-
-    /// Asks what becomes of databases that are loaded already. False: nothing is to be loaded.
-    bool LoadDB_Click();
-    /// Asks for a source database and loads it.
-    void LoadDB(const GoOn& goOn);
-    /// Adds a source database to the tree. What was read before an end or a fault stays, and the words say that it is
-    /// not whole.
-    void LoadDatabase(const repository::SourceDatabase& source, const GoOn& goOn);
-    void UnLoadDB_Click(forms::Tree::Node& root);
 
     bool ListButtons() const { return AttList.Count() > 0; }
     void MoveRow_Click(forms::RowMove where);
@@ -75,14 +58,12 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void AddRow(forms::Tree::Node& node, int position) override;
     void RemoveRowByTree(forms::Tree::Node& node) override;
     void moveMany(const std::function<void()>& moves) override;
+    bool isUsed(const std::string& key) const override { return AttList.Item(key) != nullptr; }
 
     void markEdited();
     void fillList();
-    void addTable(forms::Tree::Node& root, const repository::SourceTable& table);
-    std::int16_t typeOf(const std::string& dataType);
     void RemoveRow(int row);
     void moveRowTo(int row, int to);
-    void markNode(const std::string& key, bool used);
     bool rename(int row, const std::string& name);
     void renameAll(const std::function<std::string(const std::string& rowKey)>& name);
     void putBack();
@@ -91,12 +72,9 @@ class RecordSetProp : public forms::Editor, private RowOperations {
     void tellTaken();
     void tell(const char* text) { messages().tell(text, {}, platform::Icon::warning); }
 
-    EditorServices services_;
-    std::unordered_map<std::string, std::int16_t> askedTypes_;  // each unknown type is asked about once in a load
-    std::optional<links::MirrorOrder> mirrorOrder_;             ///< of the neighbours as the dialog found it
-    bool edited_ = false;                                       ///< something was changed by hand
+    std::optional<links::MirrorOrder> mirrorOrder_;  ///< of the neighbours as the dialog found it
+    bool edited_ = false;                            ///< something was changed by hand
     int deletedMark_ = 0;
-    int many_ = 0;
     bool taken_ = false;  // of several nodes that move together, one was refused; it is told once
 };
 

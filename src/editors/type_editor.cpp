@@ -1,7 +1,7 @@
 #include "editors/type_editor.h"
 
+#include "editors/in_out_prop.h"
 #include "platform/fault.h"
-#include "statements/ldl_variables.h"
 
 namespace orvent::editors {
 
@@ -13,35 +13,33 @@ namespace {
 
 constexpr const char* kGone = "The repository has no such type any more";
 
+std::string wordsOf(const repository::TypeUsage& usage, bool canDelete) {
+    std::string words = !usage.isStored    ? kGone
+                        : usage.count == 0 ? "Used by no stored activity"
+                        : usage.count == 1 ? "Used by 1 stored activity"
+                                           : "Used by " + std::to_string(usage.count) + " stored activities";
+    if (usage.isStored && usage.count == 0 && !canDelete) {
+        words += "; to delete it, close all scenarios";
+    }
+    std::string separator = "\nYours: ";
+    for (const repository::TypeUsage::Activity& activity : usage.own) {
+        words += separator + activity.name + " (" + activity.scenario + ")";
+        separator = ", ";
+    }
+    return words;
+}
+
 }  // namespace
 
 TypeEditor::TypeEditor(TypeKind kindOfType, repository::Services& services, repository::Catalogue& catalogue,
                        const forms::Dialogs& dialogs, bool scenarioOpen)
     : Editor(services.messages),
-      kind(kindOfType),
-      words(typeWords(kindOfType)),
-      lists(words.lists.size()),
+      TypeFields(kindOfType, catalogue.tables),
       services_(services),
       catalogue_(catalogue),
       dialogs_(dialogs),
       scenarioOpen_(scenarioOpen) {
     fillTypes({});
-}
-
-const entities::NameTable& TypeEditor::table() const {
-    switch (kind) {
-        case TypeKind::data:
-            return catalogue_.tables.dataTypes;
-        case TypeKind::function:
-            return catalogue_.tables.functionTypes;
-        case TypeKind::activity:
-            break;
-    }
-    return catalogue_.tables.activityTypes;
-}
-
-const entities::NameTable& TypeEditor::typesOf(TypeListRole role) const {
-    return role == TypeListRole::function ? catalogue_.tables.functionTypes : catalogue_.tables.dataTypes;
 }
 
 /// The names as they are stored now. Indices that the lines hold go on meaning their names.
@@ -62,10 +60,6 @@ void TypeEditor::fillTypes(const std::string& selected) {
     });
     Types.select(Types.positionOf(selected));
     read();
-}
-
-bool TypeEditor::canAdd(std::size_t at) const {
-    return kind != TypeKind::function || words.lists[at].role != TypeListRole::output || lists[at].Count() == 0;
 }
 
 void TypeEditor::write(std::string& field, const std::string& text) {
@@ -94,20 +88,9 @@ void TypeEditor::selectType(int position) {
     }
 }
 
-void TypeEditor::clearFields() {
-    for (std::string* field : {&txtName, &txtDescr, &txtSQL, &txtLDL}) {
-        field->clear();
-    }
-    usedBy.clear();
-    descrIsHint = false;
-    RsNoOption = ProvSemOption = ConsSemOption = -1;
-    for (forms::List& each : lists) {
-        each.Clear();
-    }
-}
-
 bool TypeEditor::read() {
     clearFields();
+    usedBy.clear();
     Saved = true;
     const forms::ListRow* row = Types.Item(Types.selected());
     if (!row) {
@@ -116,7 +99,7 @@ bool TypeEditor::read() {
     txtName = row->Text;
     try {
         readType();
-        readUsage();
+        usedBy = wordsOf(repository::usageOfType(services_, kind, txtName), canDelete());
         return true;
     } catch (const repository::TypeGone&) {
         usedBy = kGone;
@@ -130,73 +113,12 @@ void TypeEditor::readType() {
     if (kind == TypeKind::function) {
         const entities::FunctionTypeProperties type = catalogue_.wholeFunctionType(index());
         readState_ = stateOf(type);
-        show(type);
+        showType(type);
     } else if (kind == TypeKind::activity) {
         const entities::ActivityTypeProperties type = catalogue_.wholeActivityType(index());
         readState_ = stateOf(type);
-        show(type);
+        showType(type);
     }
-}
-
-void TypeEditor::readUsage() {
-    const repository::TypeUsage usage = repository::usageOfType(services_, kind, txtName);
-    usedBy = !usage.isStored    ? kGone
-             : usage.count == 0 ? "Used by no stored activity"
-             : usage.count == 1 ? "Used by 1 stored activity"
-                                : "Used by " + std::to_string(usage.count) + " stored activities";
-    if (usage.isStored && usage.count == 0 && !canDelete()) {
-        usedBy += "; to delete it, close all scenarios";
-    }
-    std::string separator = "\nYours: ";
-    for (const repository::TypeUsage::Activity& activity : usage.own) {
-        usedBy += separator + activity.name + " (" + activity.scenario + ")";
-        separator = ", ";
-    }
-}
-
-void TypeEditor::show(const entities::FunctionTypeProperties& type) {
-    txtDescr = type.FunctionType_Description;
-    for (const entities::InputProperties& each : type.FunctionType_Inputs) {
-        addLine(TypeListRole::input, each.Input_Name, each.Input_Type);
-    }
-    for (const entities::OutputProperties& each : type.FunctionType_Outputs) {
-        addLine(TypeListRole::output, each.Output_Name, each.Output_Type);
-    }
-}
-
-void TypeEditor::show(const entities::ActivityTypeProperties& type) {
-    const auto option = [](std::int16_t value) { return value == 1 || value == 2 ? value - 1 : -1; };
-    txtDescr = type.ActType_Description;
-    txtSQL = type.ActType_SQL;
-    txtLDL = type.ActType_LDL;
-    RsNoOption = option(type.ActType_SchemaNo);
-    ProvSemOption = option(type.ActType_ProviderSemantics);
-    ConsSemOption = option(type.ActType_ConsumerSemantics);
-    for (const entities::ParamProperties& each : type.ActType_Parameters) {
-        addLine(TypeListRole::parameter, each.Parameter_Name, each.Parameter_Type);
-    }
-    for (const entities::OutputProperties& each : type.ActType_OutPuts) {
-        addLine(TypeListRole::output, each.Output_Name, each.Output_Type);
-    }
-    for (const entities::UsedFunctionProperties& each : type.ActType_Functions) {
-        addLine(TypeListRole::function, each.Function_Name, each.Function_Type);
-    }
-}
-
-void TypeEditor::addLine(TypeListRole role, const std::string& name, std::int16_t type) {
-    list(role).add(inOutRow(name, type, typesOf(role).shown(type)));
-}
-
-const forms::List& TypeEditor::list(TypeListRole role) const {
-    std::size_t at = 0;
-    while (words.lists[at].role != role) {
-        ++at;
-    }
-    return lists[at];
-}
-
-forms::List& TypeEditor::list(TypeListRole role) {
-    return const_cast<forms::List&>(static_cast<const TypeEditor&>(*this).list(role));
 }
 
 void TypeEditor::But_NEW() {
@@ -204,6 +126,7 @@ void TypeEditor::But_NEW() {
     edited_.clear();
     begun_.reset();
     clearFields();
+    usedBy.clear();
     txtDescr = words.hint;
     descrIsHint = !txtDescr.empty();
     Saved = true;
@@ -289,24 +212,6 @@ void TypeEditor::remove(std::size_t at) {
         lists[at].remove(lists[at].selected());
         Saved = false;
     }
-}
-
-std::vector<std::string> TypeEditor::templateVariables() const {
-    std::vector<std::string> found;
-    statements::LDLVariableCollection variables;
-    std::string wrong;
-    try {
-        statements::scanTemplate(txtLDL, variables);
-    } catch (const platform::Fault& fault) {
-        wrong = fault.description();
-    }
-    for (const statements::LDLVariable& variable : variables) {
-        found.push_back("@" + variable.VariableName + (variable.SubVariables ? "[ ]" : ""));
-    }
-    if (!wrong.empty()) {
-        found.push_back(wrong);
-    }
-    return found;
 }
 
 }  // namespace orvent::editors

@@ -1,7 +1,6 @@
 // Checking and storing what a type editor holds.
 
 #include "editors/type_editor.h"
-#include "forms/name_check.h"
 #include "platform/fault.h"
 
 namespace orvent::editors {
@@ -10,34 +9,8 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-bool TypeEditor::check() {
-    const std::string kindOfType = words.kindOfType;
-    const std::string nameless = "PLEASE GIVE A NAME FOR THIS " + kindOfType;
-    const std::array<forms::NameRule, 2> rules = {
-        {{forms::NameFault::empty, nameless}, {forms::NameFault::dot, "DOTS ARE NOT ALLLOWED IN NAMES"}}};
-    if (!forms::checkName(txtName, rules, messages())) {
-        return false;
-    }
-    const bool undescribed = descrIsHint || forms::hasFault(txtDescr, forms::NameFault::empty);
-    if (*words.descrField && undescribed) {
-        messages().tell("PLEASE GIVE A DESCRIPTION FOR THIS " + kindOfType, {}, Icon::warning);
-        return false;
-    }
-    return kind != TypeKind::function || confirmEmptyLists();
-}
-
-bool TypeEditor::confirmEmptyLists() {
-    const std::string question = "\nARE YOU SURE YOU WANT TO SAVE THIS FUNCTION TYPE?";
-    const auto agreed = [&](TypeListRole role, const char* missing) {
-        return list(role).Count() > 0 ||
-               messages().show(missing + question, {}, Icon::question, Buttons::yesNo) == Answer::yes;
-    };
-    return agreed(TypeListRole::input, "THERE ARE NO INPUTS SET.") &&
-           agreed(TypeListRole::output, "THERE ARE NO OUTPUTS SET");
-}
-
 bool TypeEditor::apply() {
-    if (!isEditing() || !check()) {
+    if (!isEditing() || !mayBeSaved(messages())) {
         return false;
     }
     try {
@@ -125,18 +98,11 @@ bool TypeEditor::fits(std::optional<std::int16_t> stored) const {
 }
 
 bool TypeEditor::hasItsTypes() const {
-    for (std::size_t at = 0; at < lists.size(); ++at) {
-        const entities::NameTable& types = typesOf(words.lists[at].role);
-        for (const forms::ListRow& row : lists[at].rows()) {
-            if (types.isGone(row.Tag)) {
-                messages().tell(repository::TypeGone(types.name(row.Tag)).description() + "\n" + row.Key +
-                                    " has it. Please remove that line, or add the type again.",
-                                {}, Icon::warning);
-                return false;
-            }
-        }
+    const std::string gone = goneLine();
+    if (!gone.empty()) {
+        messages().tell(gone + " Please remove that line, or add the type again.", {}, Icon::warning);
     }
-    return true;
+    return gone.empty();
 }
 
 bool TypeEditor::mayReplace(std::int16_t stored) const {
@@ -170,78 +136,6 @@ bool TypeEditor::write(std::optional<std::int16_t> stored) {
             break;
     }
     return true;
-}
-
-std::vector<std::string> TypeEditor::stateOf(const entities::FunctionTypeProperties& type) const {
-    std::vector<std::string> state = {type.FunctionType_Description};
-    const entities::NameTable& types = catalogue_.tables.dataTypes;
-    for (const entities::InputProperties& each : type.FunctionType_Inputs) {
-        state.insert(state.end(), {"INPUT", each.Input_Name, types.name(each.Input_Type)});
-    }
-    for (const entities::OutputProperties& each : type.FunctionType_Outputs) {
-        state.insert(state.end(), {"OUTPUT", each.Output_Name, types.name(each.Output_Type)});
-    }
-    return state;
-}
-
-std::vector<std::string> TypeEditor::stateOf(const entities::ActivityTypeProperties& type) const {
-    std::vector<std::string> state = {type.ActType_Description,
-                                      type.ActType_SQL,
-                                      type.ActType_LDL,
-                                      std::to_string(type.ActType_SchemaNo),
-                                      std::to_string(type.ActType_ProviderSemantics),
-                                      std::to_string(type.ActType_ConsumerSemantics)};
-    const entities::NameTable& types = catalogue_.tables.dataTypes;
-    for (const entities::ParamProperties& each : type.ActType_Parameters) {
-        state.insert(state.end(), {"PARAM", each.Parameter_Name, types.name(each.Parameter_Type)});
-    }
-    for (const entities::OutputProperties& each : type.ActType_OutPuts) {
-        state.insert(state.end(), {"OUTPUT", each.Output_Name, types.name(each.Output_Type)});
-    }
-    for (const entities::UsedFunctionProperties& each : type.ActType_Functions) {
-        state.insert(state.end(),
-                     {"FUNCTION", each.Function_Name, catalogue_.tables.functionTypes.name(each.Function_Type)});
-    }
-    return state;
-}
-
-// A name that stands in a list twice is refused by the collection, before anything is written.
-
-entities::FunctionTypeProperties TypeEditor::functionType(std::int16_t index) const {
-    entities::FunctionTypeProperties type;
-    type.FunctionType_Name = txtName;
-    type.FunctionType_Description = txtDescr;
-    type.FunctionType_NameIndex = index;
-    for (const forms::ListRow& row : list(TypeListRole::input).rows()) {
-        type.FunctionType_Inputs->Add(row.Key, row.Tag, row.Key);
-    }
-    for (const forms::ListRow& row : list(TypeListRole::output).rows()) {
-        type.FunctionType_Outputs->Add(row.Key, row.Tag, row.Key);
-    }
-    return type;
-}
-
-entities::ActivityTypeProperties TypeEditor::activityType(std::int16_t index) const {
-    const auto value = [](int option) { return static_cast<std::int16_t>(option + 1); };
-    entities::ActivityTypeProperties type;
-    type.ActType_Name = txtName;
-    type.ActType_NameIndex = index;
-    type.ActType_Description = txtDescr + " ";
-    type.ActType_SQL = txtSQL;
-    type.ActType_LDL = txtLDL;
-    type.ActType_SchemaNo = value(RsNoOption);
-    type.ActType_ProviderSemantics = value(ProvSemOption);
-    type.ActType_ConsumerSemantics = value(ConsSemOption);
-    for (const forms::ListRow& row : list(TypeListRole::parameter).rows()) {
-        type.ActType_Parameters->Add(row.Key, row.Tag, row.Key);
-    }
-    for (const forms::ListRow& row : list(TypeListRole::output).rows()) {
-        type.ActType_OutPuts->Add(row.Key, row.Tag, row.Key);
-    }
-    for (const forms::ListRow& row : list(TypeListRole::function).rows()) {
-        type.ActType_Functions->Add(row.Key, row.Tag, row.Key);
-    }
-    return type;
 }
 
 }  // namespace orvent::editors

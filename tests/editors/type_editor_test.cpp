@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "editors/in_out_prop.h"
 #include "testkit/embedded_repository.h"
 
 namespace orvent::editors {

@@ -1,6 +1,5 @@
-// The tree of source databases of the record set dialog.
+#include "editors/source_databases.h"
 
-#include "editors/record_set_prop.h"
 #include "platform/text.h"
 
 namespace orvent::editors {
@@ -10,11 +9,11 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-bool RecordSetProp::LoadDB_Click() {
+bool SourceDatabases::LoadDB_Click() {
     if (!DBLoaded) {
         return true;
     }
-    const Answer answer = messages().show("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase",
+    const Answer answer = box().show("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase",
                                           Icon::question, Buttons::yesNoCancel);
     if (answer == Answer::yes) {
         DBView.Clear();
@@ -24,7 +23,7 @@ bool RecordSetProp::LoadDB_Click() {
     return answer != Answer::cancel;
 }
 
-void RecordSetProp::LoadDB(const GoOn& goOn) {
+void SourceDatabases::LoadDB(const GoOn& goOn) {
     if (!LoadDB_Click()) {
         return;
     }
@@ -36,10 +35,10 @@ void RecordSetProp::LoadDB(const GoOn& goOn) {
     }
 }
 
-void RecordSetProp::LoadDatabase(const repository::SourceDatabase& source, const GoOn& goOn) {
+void SourceDatabases::LoadDatabase(const repository::SourceDatabase& source, const GoOn& goOn) {
     const std::string alias = platform::upperCase(source.name);
     if (LoadedDatabases.contains(alias)) {
-        messages().tell("This Database Is Allready Loaded");
+        box().tell("This Database Is Allready Loaded");
         return;
     }
     askedTypes_.clear();
@@ -78,11 +77,11 @@ void RecordSetProp::LoadDatabase(const repository::SourceDatabase& source, const
     }
     recomputeParents(DBView);
     if (!words.empty()) {
-        messages().tell(words, {}, Icon::critical);
+        box().tell(words, {}, Icon::critical);
     }
 }
 
-void RecordSetProp::addTable(Tree::Node& root, const repository::SourceTable& table) {
+void SourceDatabases::addTable(Tree::Node& root, const repository::SourceTable& table) {
     forms::TreeNode value;
     value.Key = root.value().Key + "." + table.name;
     value.Text = table.name;
@@ -96,14 +95,14 @@ void RecordSetProp::addTable(Tree::Node& root, const repository::SourceTable& ta
         field.Tag = typeOf(column.dataType);
         field.Image = "Field-UnChecked";
         DBView.add(field, &node);
-        if (AttList.Item(field.Key)) {
+        if (isUsed(field.Key)) {
             markNode(field.Key, true);
         }
     }
     --many_;
 }
 
-std::int16_t RecordSetProp::typeOf(const std::string& dataType) {
+std::int16_t SourceDatabases::typeOf(const std::string& dataType) {
     const auto known = askedTypes_.find(dataType);
     if (known != askedTypes_.end()) {
         return known->second;
@@ -113,9 +112,33 @@ std::int16_t RecordSetProp::typeOf(const std::string& dataType) {
     return index;
 }
 
-void RecordSetProp::UnLoadDB_Click(Tree::Node& root) {
+void SourceDatabases::markNode(const std::string& key, bool used) {
+    Tree::Node* node = DBView.find(key);
+    if (!node || !node->parent()) {
+        return;
+    }
+    DBView.alter(*node, [&](forms::TreeNode& value) {
+        value.Checked = used;
+        value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
+        value.ForeColor = used ? kListColours[0] : 0;
+    });
+    if (many_ == 0 && node->parent()->parent()) {
+        recomputeParent(DBView, *node->parent());
+    }
+}
+
+void SourceDatabases::markMany(const std::function<void()>& marks) {
+    const Tree::Gathering together(DBView);
+    ++many_;
+    marks();
+    if (--many_ == 0) {
+        recomputeParents(DBView);
+    }
+}
+
+void SourceDatabases::UnLoadDB_Click(Tree::Node& root) {
     const std::string alias = root.value().Key;
-    if (root.parent() || messages().show("Are You Sure You Want To Unload Database " + alias + "?", {}, Icon::question,
+    if (root.parent() || box().show("Are You Sure You Want To Unload Database " + alias + "?", {}, Icon::question,
                                          Buttons::okCancel) != Answer::ok) {
         return;
     }
