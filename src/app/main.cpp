@@ -23,9 +23,7 @@ int main(int argc, char* argv[]) {
         if (!program.start()) {
             return 0;
         }
-        for (int at = 1; at < argc; ++at) {
-            program.window().openFile(argv[at]);
-        }
+        program.window().openFiles({argv + 1, argv + argc});
         return QApplication::exec();
     } catch (const platform::Fault& fault) {
         qt::QtMessageBox().tell(fault.description(), {}, platform::Icon::critical);

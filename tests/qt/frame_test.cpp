@@ -170,8 +170,7 @@ class FrameTest : public WindowTest {
         QApplication::sendEvent(viewport, &drop);
         QVERIFY(drop.isAccepted());
         QVERIFY2(program.windows() == 1, "the program that they come from waits meanwhile");
-        QApplication::processEvents();
-        QCOMPARE(program.windows(), 3);
+        QTRY_COMPARE(program.windows(), 3);
         QCOMPARE(program.title().section(u' ', 0, 0), QStringLiteral("Three"));
     }
 

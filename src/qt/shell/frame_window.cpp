@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
@@ -161,16 +162,32 @@ void FrameWindow::dragEnterEvent(QDragEnterEvent* event) {
     }
 }
 
-// The program that the files come from waits until this returns, and opening them may ask.
+void FrameWindow::openFiles(const std::vector<std::string>& paths) {
+    waiting_.insert(waiting_.end(), paths.begin(), paths.end());
+    update();
+}
+
+void FrameWindow::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    if (!waiting_.empty()) {
+        QTimer::singleShot(0, this, [this, paths = std::exchange(waiting_, {})] {
+            for (const std::string& path : paths) {
+                openFile(path);
+            }
+        });
+    }
+}
+
+// The program that the files come from waits until this returns.
 void FrameWindow::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    QTimer::singleShot(0, this, [this, urls = event->mimeData()->urls()] {
-        for (const QUrl& url : urls) {
-            if (url.isLocalFile()) {
-                openFile(url.toLocalFile().toStdString());
-            }
+    std::vector<std::string> paths;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) {
+            paths.push_back(url.toLocalFile().toStdString());
         }
-    });
+    }
+    openFiles(paths);
 }
 
 void FrameWindow::run(shell::Command command) {

@@ -3,6 +3,8 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "qt/forms/window_sizes.h"
 #include "qt/shell/command_actions.h"
@@ -37,8 +39,9 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     /// The windows with a canvas.
     DeskArea& area() { return *area_; }
 
-    /// Opens a scenario's file.
-    void openFile(const std::string& path);
+    /// Opens the files of scenarios, but not before the frame was painted: opening may ask, over a frame that has its
+    /// place by then.
+    void openFiles(const std::vector<std::string>& paths);
 
     // FrameHost, the frame itself
     const forms::Dialogs& dialogs() const override { return dialogs_; }
@@ -56,6 +59,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     bool focusNextPrevChild(bool next) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     static void leaveProcess();
@@ -64,6 +68,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void buildCommands();
     void buildCentre();
     void run(shell::Command command);
+    void openFile(const std::string& path);
     void showTitle();
 
     const Theme& theme_;
@@ -80,7 +85,8 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     QLabel* whoAndWhere_ = nullptr;
     QLabel* viewCorner_ = nullptr;  ///< the scale of the view in front and the pointer's place in it
     bool takesInput_ = true;
-    QPointer<QWidget> focusBefore_;  ///< where the focus was when the frame was disabled
+    std::vector<std::string> waiting_;  ///< files to be opened
+    QPointer<QWidget> focusBefore_;     ///< where the focus was when the frame was disabled
 };
 
 }  // namespace orvent::qt
