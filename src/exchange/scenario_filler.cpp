@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "entities/members.h"
 #include "exchange/stored_rows.h"
 #include "links/link_mirrors.h"
 #include "links/members.h"
@@ -34,11 +35,10 @@ void nameType(std::int16_t& type, const std::vector<std::int16_t>& indices) {
     }
 }
 
-template <class List>
-void nameDataTypes(entities::Lazy<List>& members, const TypeIndices& types) {
-    for (auto& member : members) {
-        nameType(links::typeOf(member), types.data);
-    }
+/// The data types of all members, those of functions among them.
+template <class Owner>
+void nameDataTypes(Owner& owner, const TypeIndices& types) {
+    entities::eachMember(owner, [&types](auto& member) { nameType(links::typeOf(member), types.data); });
 }
 
 /// A node like one of the document. A refused name is no news: it was one where the document was written.
@@ -96,16 +96,12 @@ TypeIndices indicesIn(entities::CatalogueTables& tables, const Document& documen
 void nameTypes(canvas::NodeProperties& entity, const TypeIndices& types) {
     if (auto* activity = std::get_if<platform::Shared<entities::ActivityProperties>>(&entity)) {
         nameType((*activity)->Act_Type, types.activities);
-        nameDataTypes((*activity)->Act_Inputs, types);
-        nameDataTypes((*activity)->Act_Outputs, types);
-        nameDataTypes((*activity)->Act_Parameters, types);
+        nameDataTypes(**activity, types);
         for (entities::FunctionProperties& function : (*activity)->Act_Functions) {
             nameType(function.Function_Type, types.functions);
-            nameDataTypes(function.Function_Inputs, types);
-            nameDataTypes(function.Function_Outputs, types);
         }
     } else if (auto* recordSet = std::get_if<platform::Shared<entities::RecordSetProperties>>(&entity)) {
-        nameDataTypes((*recordSet)->RecordSet_Outputs, types);
+        nameDataTypes(**recordSet, types);
     }
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "entities/members.h"
+#include "links/members.h"
 #include "platform/letter_case.h"
 #include "platform/utf8.h"
 
@@ -55,14 +57,13 @@ std::vector<std::string> functionKeys(const entities::ActivityProperties& activi
     return keys;
 }
 
-std::vector<std::string> memberNames(const entities::ActivityProperties& activity, bool inputs) {
+std::vector<std::string> memberNames(const entities::ActivityProperties& activity, entities::NodeKindCode kind) {
     std::vector<std::string> names;
-    const auto add = [&names](const auto& list) {
-        for (const entities::AttributeProperties& attribute : list) {
-            names.push_back(attribute.Attribute_Name);
+    entities::withList(activity, kind, [&names](const auto& list, entities::NodeKindCode) {
+        for (const auto& member : list) {
+            names.push_back(links::nameOf(member));
         }
-    };
-    inputs ? add(activity.Act_Inputs) : add(activity.Act_Outputs);
+    });
     return names;
 }
 
@@ -123,14 +124,14 @@ bool NameIndex::names(std::string_view text) const {
 
 StatementNames::StatementNames(const entities::ActivityProperties& activity)
     : name_{activity.Act_Name, activity.Act_Name},
-      inputs_(pairsOf(memberNames(activity, true))),
-      outputs_(pairsOf(memberNames(activity, false))),
+      inputs_(pairsOf(memberNames(activity, entities::KindInput))),
+      outputs_(pairsOf(memberNames(activity, entities::KindOutput))),
       functions_(pairsOf(functionKeys(activity))) {}
 
 void StatementNames::follow(const entities::ActivityProperties& activity) {
     name_.now = activity.Act_Name;
-    setNow(inputs_, memberNames(activity, true));
-    setNow(outputs_, memberNames(activity, false));
+    setNow(inputs_, memberNames(activity, entities::KindInput));
+    setNow(outputs_, memberNames(activity, entities::KindOutput));
     setNow(functions_, functionKeys(activity));
     for (const NamePair& function : functions_) {
         own_.addWord(smallFirst(function.former), smallFirst(function.now));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/labels.h"
+#include "entities/members.h"
 
 namespace orvent::exchange {
 
@@ -8,24 +9,23 @@ namespace orvent::exchange {
 /// names them; `changed` is null where there is no such mark. `Properties` is const or not.
 template <class Properties, class Step>
 void eachRow(Properties& properties, Step step) {
-    const auto members = [&step](auto& list) {
-        for (auto& member : list) {
-            step(member.SubNode_ID, &member.Changed);
-        }
+    const auto members = [&step](auto& owner) {
+        entities::eachList(owner, [&step](auto& list, entities::NodeKindCode) {
+            for (auto& member : list) {
+                step(member.SubNode_ID, &member.Changed);
+            }
+        });
     };
     if (auto* activity = std::get_if<platform::Shared<entities::ActivityProperties>>(&properties)) {
         step((*activity)->NodeID, &(*activity)->Changed);
-        members((*activity)->Act_Inputs);
-        members((*activity)->Act_Outputs);
-        members((*activity)->Act_Parameters);
+        members(**activity);
         for (auto& function : (*activity)->Act_Functions) {
             step(function.FunctionID, &function.Changed);
-            members(function.Function_Inputs);
-            members(function.Function_Outputs);
+            members(function);
         }
     } else if (auto* recordSet = std::get_if<platform::Shared<entities::RecordSetProperties>>(&properties)) {
         step((*recordSet)->NodeID, &(*recordSet)->Changed);
-        members((*recordSet)->RecordSet_Outputs);
+        members(**recordSet);
     } else if (auto* comment = std::get_if<platform::Shared<entities::CommentProperties>>(&properties)) {
         step((*comment)->NodeID, &(*comment)->Changed);
     } else if (auto* number = std::get_if<std::int16_t>(&properties)) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "entities/members.h"
 #include "links/members.h"
 
 namespace orvent::exchange {
@@ -56,16 +57,12 @@ class UsedTypes {
             if (activity->Act_Type != -1) {
                 activities_.insert(activity->Act_Type);
             }
-            lookAtData(activity->Act_Inputs);
-            lookAtData(activity->Act_Outputs);
-            lookAtData(activity->Act_Parameters);
+            lookAtData(*activity);
             for (const auto& function : activity->Act_Functions) {
                 functions_.insert(function.Function_Type);
-                lookAtData(function.Function_Inputs);
-                lookAtData(function.Function_Outputs);
             }
         } else if (const auto* recordSet = node.recordSet()) {
-            lookAtData(recordSet->RecordSet_Outputs);
+            lookAtData(*recordSet);
         }
     }
 
@@ -112,11 +109,10 @@ class UsedTypes {
             }
         }
     }
-    template <class List>
-    void lookAtData(const entities::Lazy<List>& members) {
-        for (const auto& member : members) {
-            data_.insert(links::typeOf(member));
-        }
+    /// Those of all members, also of functions.
+    template <class Owner>
+    void lookAtData(const Owner& owner) {
+        entities::eachMember(owner, [this](const auto& member) { data_.insert(links::typeOf(member)); });
     }
 
     TypeCatalogue& catalogue_;
