@@ -65,21 +65,21 @@ class Hub {
         }
         for (int at = 0; at < members.inputs; ++at) {
             const std::string name = "C" + std::to_string(at), key = "WIDE_" + name;
-            AttributeProperties& input = hub.Act_Inputs->Add(key, 0, editors::kTagRecordSet, key);
+            AttributeProperties& input = hub.Act_Inputs->Add(key, 0, entities::TagRecordSet, key);
             input.ParentKeyName = "HUB";
             input.ProvidedFrom->Add("WIDE", LinkRecordSet, "WIDE." + name);
         }
         for (int at = 0; at < members.outputs; ++at) {
             const std::string key = "WIDE_C" + std::to_string(at);
-            AttributeProperties& output = hub.Act_Outputs->Add(key, 0, editors::kTagRecordSetMirror, key);
+            AttributeProperties& output = hub.Act_Outputs->Add(key, 0, entities::TagRecordSetMirror, key);
             output.ParentKeyName = "HUB";
             output.ProvidedFrom->Add("HUB", LinkInput, ".IN." + key);
             output.ProviderFor->Add("READER", LinkActivity, "READER.IN." + key);
-            reader.Act_Inputs->Add(key, 0, editors::kTagActivity, key).ParentKeyName = "READER";
+            reader.Act_Inputs->Add(key, 0, entities::TagActivity, key).ParentKeyName = "READER";
         }
         for (int at = 0; at < members.parameters; ++at) {
             const std::string key = "WIDE_C" + std::to_string(at);
-            ParameterProperties& parameter = hub.Act_Parameters->Add(key, 0, editors::kTagRecordSet, key);
+            ParameterProperties& parameter = hub.Act_Parameters->Add(key, 0, entities::TagRecordSet, key);
             parameter.ParentKeyName = "HUB";
             parameter.RegulatedFrom->Add("HUB", LinkInput, ".IN." + key);
         }

@@ -97,8 +97,8 @@ class Builder {
         activity.Act_SQL = "SELECT COLUMN_1,COLUMN_2,COLUMN_3,COLUMN_4 FROM " + name;
         activity.Act_LDL = name + "_out(C1,C2,C3,C4)<-" + name + "_in1(C1,C2,C3,C4).";
         for (int i = 1; i <= kAttributes; ++i) {
-            activity.Act_Inputs->Add(attributeName(i), 0, 0, attributeName(i)).ParentKeyName = name;
-            auto& output = activity.Act_Outputs->Add(attributeName(i), 0, 0, attributeName(i));
+            activity.Act_Inputs->Add(attributeName(i), 0, entities::TagNone, attributeName(i)).ParentKeyName = name;
+            auto& output = activity.Act_Outputs->Add(attributeName(i), 0, entities::TagNone, attributeName(i));
             output.ParentKeyName = name;
             output.ProvidedFrom->Add(name, entities::LinkInput,
                                      entities::relativeKey(entities::KindInput, attributeName(i)));

@@ -42,7 +42,7 @@ double heapMegabytes() {
 
 /// Looks at the heap at each step.
 struct HeapPeak : platform::Progress {
-    void pointer(int) override {}
+    void pointer(platform::PointerShape) override {}
     void status(const std::string&) override {}
     void step(std::size_t, std::size_t) override { peak = std::max(peak, heapMegabytes()); }
     double peak = 0;

@@ -102,7 +102,7 @@ void buildHub(canvas::DrawForm& form) {
     const auto column = [](int number) { return "COLUMN_" + std::to_string(number % 4 + 1); };
     for (int number = 0; number < kMembers; ++number) {
         const std::string name = member("I", number);
-        AttributeProperties& input = hub.Act_Inputs->Add(name, 0, 0, name);
+        AttributeProperties& input = hub.Act_Inputs->Add(name, 0, entities::TagNone, name);
         input.ParentKeyName = "Hub";
         const std::string peer = nodeOf(number % kFlows, 4, "UNION");
         link(*form.nodeNamed(peer)->activity()->Act_Outputs->Item(column(number)), peer,
@@ -110,7 +110,7 @@ void buildHub(canvas::DrawForm& form) {
     }
     for (int number = 0; number < kMembers; ++number) {
         const std::string name = member("O", number), parameter = member("P", number);
-        AttributeProperties& output = hub.Act_Outputs->Add(name, 0, 0, name);
+        AttributeProperties& output = hub.Act_Outputs->Add(name, 0, entities::TagNone, name);
         output.ParentKeyName = "Hub";
         for (int step = 0; step < 3; ++step) {
             const std::string from = member("I", (number * 3 + step) % kMembers);
@@ -118,7 +118,7 @@ void buildHub(canvas::DrawForm& form) {
                  relativeKey(KindOutput, name), LinkActivityInput);
         }
         const std::string governs = member("I", (number * 7) % kMembers);
-        hub.Act_Parameters->Add(parameter, 0, 0, parameter).ParentKeyName = "Hub";
+        hub.Act_Parameters->Add(parameter, 0, entities::TagNone, parameter).ParentKeyName = "Hub";
         ParameterProperties& through = *hub.Act_Parameters->Item(parameter);
         hub.Act_Inputs->Item(governs)->RegulatorFor->Add("Hub", LinkActivityInput,
                                                          relativeKey(KindParameter, parameter));

@@ -17,7 +17,7 @@ struct Silent : platform::MessageBox {
 };
 
 struct NoProgress : platform::Progress {
-    void pointer(int) override {}
+    void pointer(platform::PointerShape) override {}
     void status(const std::string&) override {}
     void step(std::size_t, std::size_t) override {}
 };

@@ -22,7 +22,7 @@ inline std::int32_t buildStar(canvas::DrawForm& form, int subNodes) {
     const auto name = [](int number) { return "M" + std::to_string(number); };
     for (int at = 1; at <= members; ++at) {
         activity.Act_Inputs->Add(name(at), 0, tagOf(LinkRecordSet), name(at)).ParentKeyName = "STAR";
-        auto& output = activity.Act_Outputs->Add(name(at), 0, 0, name(at));
+        auto& output = activity.Act_Outputs->Add(name(at), 0, entities::TagNone, name(at));
         output.ParentKeyName = "STAR";
         output.ProvidedFrom->Add("STAR", LinkInput, relativeKey(KindInput, name(at)));
         activity.Act_Inputs->Item(at)->ProviderFor->Add("STAR", LinkInput, relativeKey(KindOutput, name(at)));

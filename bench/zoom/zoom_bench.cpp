@@ -144,7 +144,8 @@ struct Linked {
             if (ActivityProperties* activity = node.activity();
                 activity && (group % 5 == 0 || owner.find("_JOIN") == std::string::npos)) {
                 const std::string source = "G" + std::to_string(group) + "_SOURCE_A";
-                ParameterProperties& parameter = activity->Act_Parameters->Add("LIMIT", 0, 8, "LIMIT");
+                ParameterProperties& parameter =
+                    activity->Act_Parameters->Add("LIMIT", 0, entities::TagTypeParameter, "LIMIT");
                 parameter.ParentKeyName = owner;
                 parameter.RegulatedFrom->Add(source, LinkRecordSet, source + ".COLUMN_4");
             }

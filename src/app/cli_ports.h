@@ -48,7 +48,7 @@ class NobodyThere : public platform::InputBox, public platform::FileDialog, publ
         throw WrongUse(prompt);
     }
     std::string openFile(const std::string&) override { return {}; }
-    void pointer(int) override {}
+    void pointer(platform::PointerShape) override {}
     void status(const std::string&) override {}
     void step(std::size_t, std::size_t) override {}
 };

@@ -51,7 +51,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     std::int32_t ActiveEdge = -1;
     std::int32_t CurrentNode = -1;  ///< the node under the pointer
     std::int32_t CurrentEdge = -1;
-    float BiggestHeight = 0;  ///< zoom canvas: how far down nodes reach
+    float BiggestHeight = 0;  ///< zoom canvas: below all nodes, with room for three more
     PictureArea PicForm;
 
     // The gesture under way; what is shown of it each view has of its own.

@@ -83,7 +83,7 @@ void CanvasPointer::press(const PointerEvent& event) {
     } else if (LinesD* edge = targets_.edgeAt(hit)) {
         pressEdge(*edge, event);
         if (hit.element == Element::handle && event.button == LeftButton) {
-            begin<HandleDrag>(view_, ports_.tools, hover_, hit.number);
+            begin<HandleDrag>(view_, ports_.tools, hover_, hit.handle());
         }
     } else if (hit.element == Element::picture && event.button == LeftButton) {
         pressPicture(event);

@@ -38,15 +38,16 @@ using enum AngleCode;
 /// Width and height of an edge's handle, twips.
 inline constexpr float kHandleSize = 90;
 
-/// The parts of an edge that have a handle.
+/// The parts of an edge that have a handle, and its number among all of a canvas; 0 for none.
 enum class HandlePart { start = 0, middle = 1, end = 2 };
+enum class HandleNumber : std::int32_t {};
 
 /// The edge to which a handle belongs, and which of its handles it is.
-constexpr std::int32_t edgeOfHandle(std::int32_t handle) {
-    return (handle + 2) / 3;
+constexpr std::int32_t edgeOfHandle(HandleNumber handle) {
+    return (static_cast<std::int32_t>(handle) + 2) / 3;
 }
-constexpr HandlePart partOfHandle(std::int32_t handle) {
-    return static_cast<HandlePart>((handle + 2) % 3);
+constexpr HandlePart partOfHandle(HandleNumber handle) {
+    return static_cast<HandlePart>((static_cast<std::int32_t>(handle) + 2) % 3);
 }
 
 /// `BorderStyle` codes of a line.
@@ -112,9 +113,9 @@ class LinesD {
     }
 
     /// Numbers of the three handles.
-    std::int32_t StartBox() const { return 3 * index_ - 2; }
-    std::int32_t MidBox() const { return 3 * index_ - 1; }
-    std::int32_t EndBox() const { return 3 * index_; }
+    HandleNumber StartBox() const { return HandleNumber{3 * index_ - 2}; }
+    HandleNumber MidBox() const { return HandleNumber{3 * index_ - 1}; }
+    HandleNumber EndBox() const { return HandleNumber{3 * index_}; }
 
     std::int16_t BorderStyle = BorderSolid;
     std::int16_t BorderWidth = 1;

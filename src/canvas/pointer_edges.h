@@ -57,7 +57,7 @@ class EdgeJoining : public Gesture {
 /// A handle of an edge is held, and dragged once the pointer moves.
 class HandleDrag : public Gesture {
   public:
-    HandleDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, PointerHover& hover, std::int32_t handle)
+    HandleDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, PointerHover& hover, HandleNumber handle)
         : canvas_(canvas), view_(view), tools_(tools), hover_(hover), handle_(handle) {}
 
     PointerState state() const override { return begun_ ? PointerState::draggingHandle : PointerState::idle; }
@@ -74,7 +74,7 @@ class HandleDrag : public Gesture {
     ViewState& view_;
     ToolState& tools_;
     PointerHover& hover_;
-    std::int32_t handle_;
+    HandleNumber handle_;
     bool begun_ = false;
 };
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "canvas/lines.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
@@ -14,6 +15,8 @@ struct Hit {
     Element element = Element::picture;
     std::int32_t number = 0;  ///< the node's `Index`, the handle's number (`StartBox`, ...), or the line's edge
     std::int32_t below = 0;   ///< the node under the handle, 0 for none
+
+    HandleNumber handle() const { return HandleNumber{number}; }
 
     bool operator==(const Hit&) const = default;
 };

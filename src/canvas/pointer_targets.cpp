@@ -21,7 +21,7 @@ LabelsD* PointerTargets::nodeAt(const Hit& hit) const {
 }
 
 LinesD* PointerTargets::edgeAt(const Hit& hit) const {
-    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.number))
+    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.handle()))
            : hit.element == Element::line ? canvas_.Lines.byIndex(hit.number)
                                           : nullptr;
 }

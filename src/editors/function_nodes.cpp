@@ -75,7 +75,7 @@ void freeFunctionNode(canvas::CanvasForm& form, LabelsD& node, LabelsD& activity
     }
     links::UnSynchronizeFunction(form, freed, true, nullptr);
     freed.setParentKeyName({});
-    freed.Function_Source = 0;
+    freed.Function_Source = SourceNone;
 }
 
 }  // namespace orvent::editors

@@ -59,11 +59,11 @@ void setKind(forms::ListRow& row, RowKind kind) {
     row.Editable = kind != RowKind::function;
 }
 
-forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, RowKind kind) {
+forms::ListRow newRow(const std::string& key, const std::string& text, TagCode tag, RowKind kind) {
     forms::ListRow row;
     row.Key = key;
     row.Text = text;
-    row.Tag = tag;
+    row.Tag = static_cast<std::int16_t>(tag);
     setKind(row, kind);
     return row;
 }
@@ -90,7 +90,7 @@ void RefreshParameterRow(const ParameterProperties& parameter, forms::ListRow& r
 
 void refreshFunctionRow(const FunctionProperties& function, std::int16_t activityType, forms::ListRow& row,
                         const CatalogueTables& tables) {
-    const bool brought = function.Function_Source == kSourceActivityType;
+    const bool brought = function.Function_Source == SourceActivityType;
     row.SubItems = {tables.functionTypes.shown(function.Function_Type),
                     brought ? tables.activityTypes.shown(activityType) : function.Function_Name,
                     std::string(kFromLabels[brought ? 9 : 5]), "", ""};

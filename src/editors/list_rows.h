@@ -17,7 +17,11 @@ std::string linksTip(const std::string& sources, const std::string& targets);
 enum class RowKind : std::int16_t { input, output, parameter, constant, function };
 
 /// A row without columns.
-forms::ListRow newRow(const std::string& key, const std::string& text, std::int16_t tag, RowKind kind);
+forms::ListRow newRow(const std::string& key, const std::string& text, entities::TagCode tag, RowKind kind);
+/// How what the row stands for came to its list.
+inline entities::TagCode tagOf(const forms::ListRow& row) {
+    return static_cast<entities::TagCode>(row.Tag);
+}
 
 /// Its picture, and whether its label can be edited, follow from what it stands for.
 void setKind(forms::ListRow& row, RowKind kind);

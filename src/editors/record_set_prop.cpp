@@ -83,7 +83,7 @@ void RecordSetProp::fillList() {
     AttList.rebuild([&] {
         for (const AttributeProperties& attribute : tempProp->RecordSet_Outputs) {
             const std::string dbKey = tempProp->dbKey(attribute.Key);
-            forms::ListRow row = newRow(dbKey.empty() ? attribute.Key : dbKey, attribute.Key, 0, RowKind::output);
+            forms::ListRow row = newRow(dbKey.empty() ? attribute.Key : dbKey, attribute.Key, TagNone, RowKind::output);
             row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
             row.Tip = linksTip(dbKey, targetsOf(attribute));
             AttList.add(std::move(row));
@@ -152,7 +152,7 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
     tempProp->addDbKey(name, rowKey);
     markEdited();
     OldKeys[name] = name;
-    forms::ListRow row = newRow(rowKey, name, 0, RowKind::output);
+    forms::ListRow row = newRow(rowKey, name, TagNone, RowKind::output);
     row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
     row.Tip = linksTip(rowKey, {});
     AttList.add(std::move(row), position);

@@ -72,7 +72,7 @@ void addNode(const canvas::Canvas& form, const canvas::LabelsD& node, const canv
                constant && node.NodeType() == canvas::NodeTypeConstant) {
         graph.add(schemaNode(SchemaKind::constant, "GRAPH." + name, name, constant->Parameter_Type), &graphRoot);
     } else if (const auto* function = node.entity<FunctionProperties>();
-               function && function->Function_Source != kSourceActivityType) {
+               function && function->Function_Source != SourceActivityType) {
         TreeNode shown = schemaNode(SchemaKind::function, "GRAPH." + name, name, function->Function_Type);
         shown.Refusal = refusalOf(form, node, edited);
         graph.add(std::move(shown), &graphRoot);
@@ -128,16 +128,20 @@ void recomputeParents(Tree& tree) {
     }
 }
 
-int SchemaMarks::firstUser(const Uses& uses) {
-    const auto user = std::find_if(uses.begin(), uses.end(), [](const auto& rows) { return !rows.empty(); });
-    return user == uses.end() ? -1 : static_cast<int>(user - uses.begin());
+std::optional<ActList> SchemaMarks::firstUser(const Uses& uses) {
+    for (const ActList list : kActLists) {
+        if (!uses[list].empty()) {
+            return list;
+        }
+    }
+    return std::nullopt;
 }
 
 Tree* SchemaMarks::treeOf(const std::string& nodeKey) const {
     return nodeKey.starts_with("GRAPH.") ? &graph_ : nodeKey.starts_with("DB.") ? &database_ : nullptr;
 }
 
-void SchemaMarks::mark(const std::string& nodeKey, int list, const std::string& rowKey) {
+void SchemaMarks::mark(const std::string& nodeKey, ActList list, const std::string& rowKey) {
     const Tree* tree = treeOf(nodeKey);
     const Tree::Node* node = tree ? tree->find(nodeKey) : nullptr;
     if (!node || !node->value().Refusal.empty()) {
@@ -151,7 +155,7 @@ void SchemaMarks::mark(const std::string& nodeKey, int list, const std::string& 
     show(nodeKey, uses);
 }
 
-void SchemaMarks::unmark(const std::string& nodeKey, int list, const std::string& rowKey) {
+void SchemaMarks::unmark(const std::string& nodeKey, ActList list, const std::string& rowKey) {
     const auto entry = uses_.find(nodeKey);
     if (entry == uses_.end()) {
         return;
@@ -160,26 +164,26 @@ void SchemaMarks::unmark(const std::string& nodeKey, int list, const std::string
     show(nodeKey, entry->second);
 }
 
-const std::vector<std::string>& SchemaMarks::rowsOf(const std::string& nodeKey, int list) const {
+const std::vector<std::string>& SchemaMarks::rowsOf(const std::string& nodeKey, ActList list) const {
     static const std::vector<std::string> kNone;
     const auto entry = uses_.find(nodeKey);
-    return entry == uses_.end() || list < 0 ? kNone : entry->second[static_cast<std::size_t>(list)];
+    return entry == uses_.end() ? kNone : entry->second[static_cast<std::size_t>(list)];
 }
 
-int SchemaMarks::userOf(const std::string& nodeKey) const {
+std::optional<ActList> SchemaMarks::userOf(const std::string& nodeKey) const {
     const auto entry = uses_.find(nodeKey);
-    return entry == uses_.end() ? -1 : firstUser(entry->second);
+    return entry == uses_.end() ? std::nullopt : firstUser(entry->second);
 }
 
 void SchemaMarks::show(const std::string& nodeKey, const Uses& uses) {
-    const int user = firstUser(uses);
-    const bool used = user >= 0;
+    const std::optional<ActList> user = firstUser(uses);
+    const bool used = user.has_value();
     Tree& tree = *treeOf(nodeKey);
     Tree::Node& node = *tree.find(nodeKey);
     tree.alter(node, [&](TreeNode& value) {
         value.Checked = used;
         value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
-        value.ForeColor = used ? kListColours[static_cast<std::size_t>(user)] : 0;
+        value.ForeColor = used ? kListColours[*user] : 0;
     });
     if (Tree::Node* parent = node.parent(); parent && parent->parent()) {
         recompute(tree, *parent);

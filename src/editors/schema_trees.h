@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -14,9 +15,8 @@
 namespace orvent::editors {
 
 /// The lists of an entity dialog; a record set has the first alone.
-inline constexpr int kInputs = 0;
-inline constexpr int kOutputs = 1;
-inline constexpr int kParameters = 2;
+enum ActList : int { kInputs, kOutputs, kParameters };
+inline constexpr std::array<ActList, 3> kActLists = {kInputs, kOutputs, kParameters};
 
 /// The colour of a list, which its tree nodes bear; blue in the high byte.
 inline constexpr std::array<std::int32_t, 3> kListColours = {0x800000, 0x000080, 0x008000};
@@ -64,8 +64,8 @@ class SchemaMarks {
     SchemaMarks(forms::Tree& graph, forms::Tree& database) : graph_(graph), database_(database) {}
 
     /// Both pass over a key that no node has.
-    void mark(const std::string& nodeKey, int list, const std::string& rowKey);
-    void unmark(const std::string& nodeKey, int list, const std::string& rowKey);
+    void mark(const std::string& nodeKey, ActList list, const std::string& rowKey);
+    void unmark(const std::string& nodeKey, ActList list, const std::string& rowKey);
 
     /// The node bears another key and text; what uses it stays marked.
     void rename(const std::string& formerKey, const std::string& key, const std::string& text);
@@ -74,9 +74,9 @@ class SchemaMarks {
     void clear();
 
     /// The rows of the list that use the node, as they came.
-    const std::vector<std::string>& rowsOf(const std::string& nodeKey, int list) const;
+    const std::vector<std::string>& rowsOf(const std::string& nodeKey, ActList list) const;
     /// The list that uses a node, the first one of several; -1 for none.
-    int userOf(const std::string& nodeKey) const;
+    std::optional<ActList> userOf(const std::string& nodeKey) const;
 
     /// While one lives, parents are not recomputed; its end recomputes those whose children were marked.
     class Bulk {
@@ -94,7 +94,7 @@ class SchemaMarks {
     using Uses = std::array<std::vector<std::string>, 3>;
 
     forms::Tree* treeOf(const std::string& nodeKey) const;
-    static int firstUser(const Uses& uses);
+    static std::optional<ActList> firstUser(const Uses& uses);
     void show(const std::string& nodeKey, const Uses& uses);
 
     forms::Tree& graph_;

@@ -284,7 +284,7 @@ const std::string& SetActProp::templateText() {
 void SetActProp::TabStrip1_Click(int tab) {
     TabStrip1 = tab;
     if (tab != kLogTab) {
-        SelectedList = tab;
+        SelectedList = static_cast<ActList>(tab);
     }
 }
 
@@ -306,7 +306,7 @@ void SetActProp::Move2Tree_Click() {
         removeSelected(
             frontList(),
             [&](const forms::ListRow& row) {
-                const bool ofType = row.Tag >= kTagTypeOutput && row.Tag != kTagWizard;
+                const bool ofType = tagOf(row) >= TagTypeOutput && tagOf(row) != TagWizard;
                 refused = refused || ofType;
                 return !ofType;
             },
@@ -320,7 +320,7 @@ void SetActProp::Move2Tree_Click() {
 void SetActProp::MoveAll2Tree_Click() {
     moveMany([this] {
         for (int row = frontList().Count(); row >= 1; row = std::min(row - 1, frontList().Count())) {
-            if (frontList().Item(row)->Tag < kTagTypeOutput) {
+            if (tagOf(*frontList().Item(row)) < TagTypeOutput) {
                 RemoveRow(row);
             }
         }

@@ -131,7 +131,7 @@ void SetActProp::bindFunctions(const ActivityProperties& former, ActivityPropert
     }
     for (const FunctionProperties& function : now.Act_Functions) {
         canvas::LabelsD* node = functionNode(ParForm, function.Function_Key);
-        if (node && function.Function_Source == kSourceOwn && (isOurs(*node) || !ownerOfFunction(ParForm, *node))) {
+        if (node && function.Function_Source == SourceOwn && (isOurs(*node) || !ownerOfFunction(ParForm, *node))) {
             bindFunctionNode(ParForm, *node, ActiveNode, now.Act_Functions->share(function.Function_Key));
         }
     }

@@ -36,7 +36,7 @@ SetActProp_Functions::SetActProp_Functions(canvas::CanvasForm& form, canvas::Lab
 void SetActProp_Functions::fillLists() {
     const SchemaMarks::Bulk bulk(marks_);
     marks_.clear();
-    const auto fill = [&](int number, const auto& addRows) {
+    const auto fill = [&](ActList number, const auto& addRows) {
         forms::List& target = list(number);
         const bool prompts = !filled_ || target.hint();  // the prompt of a list that was emptied does not come back
         target.rebuild([&] {
@@ -68,19 +68,19 @@ void SetActProp_Functions::fillLists() {
         }
         for (const FunctionProperties& function : tempProp->Act_Functions) {
             target.add(newRow(function.Function_Key, function.Function_Name,
-                              function.Function_Source == kSourceActivityType ? kTagTypeFunction : kTagFunction,
+                              function.Function_Source == SourceActivityType ? TagTypeFunction : TagFunction,
                               RowKind::function));
         }
     });
     filled_ = true;
 }
 
-void SetActProp_Functions::MarkRowInTree(const ListRow& row, int number, bool used) {
+void SetActProp_Functions::MarkRowInTree(const ListRow& row, ActList number, bool used) {
     const auto show = [&](const std::string& nodeKey) {
         used ? marks_.mark(nodeKey, number, row.Key) : marks_.unmark(nodeKey, number, row.Key);
     };
     if (isFunctionRow(row)) {
-        if (row.Tag == kTagFunction) {
+        if (tagOf(row) == TagFunction) {
             show("GRAPH." + row.Key);
         }
     } else if (number == kInputs) {
@@ -113,7 +113,7 @@ void SetActProp_Functions::moveMany(const std::function<void()>& moves) {
     moves();
 }
 
-void SetActProp_Functions::refreshRow(int number, int row) {
+void SetActProp_Functions::refreshRow(ActList number, int row) {
     list(number).alter(row, [&](ListRow& shown) {
         const CatalogueTables& tables = catalogue_.tables;
         if (isFunctionRow(shown)) {
@@ -136,7 +136,7 @@ void SetActProp_Functions::refreshRow(int number, int row) {
 }
 
 void SetActProp_Functions::refreshRows() {
-    for (int number = kInputs; number <= kParameters; ++number) {
+    for (const ActList number : kActLists) {
         for (int row = 1; row <= list(number).Count(); ++row) {
             refreshRow(number, row);
         }
@@ -144,7 +144,7 @@ void SetActProp_Functions::refreshRows() {
 }
 
 void SetActProp_Functions::refreshKey(const std::string& key) {
-    for (int number = kInputs; number <= kParameters; ++number) {
+    for (const ActList number : kActLists) {
         if (const int row = list(number).positionOf(key)) {
             refreshRow(number, row);
         }
@@ -175,11 +175,11 @@ std::vector<std::string> SetActProp_Functions::neighbours(const std::string& key
     return keys;
 }
 
-void SetActProp_Functions::RenameInList(int row, int listNumber) {
+void SetActProp_Functions::RenameInList(int row, ActList listNumber) {
     renameMember(row, listNumber);
 }
 
-void SetActProp_Functions::setRowText(int row, int listNumber, const std::string& text) {
+void SetActProp_Functions::setRowText(int row, ActList listNumber, const std::string& text) {
     TwinNames& twins = twins_[static_cast<std::size_t>(listNumber)];
     const std::string key = list(listNumber).Item(row)->Key;
     twins.went(list(listNumber), key, list(listNumber).Item(row)->Text);
@@ -187,7 +187,7 @@ void SetActProp_Functions::setRowText(int row, int listNumber, const std::string
     twins.came(list(listNumber), key, text);
 }
 
-void SetActProp_Functions::renameMember(int row, int listNumber) {
+void SetActProp_Functions::renameMember(int row, ActList listNumber) {
     const ListRow& shown = *list(listNumber).Item(row);
     const auto rename = [&](auto* entity, auto name) {
         if (entity && entity->*name != shown.Text) {
@@ -211,7 +211,7 @@ void SetActProp_Functions::renameMember(int row, int listNumber) {
 void SetActProp_Functions::renameOwner(const std::string& formerName, const std::string& newName) {
     const SchemaMarks::Bulk bulk(marks_);
     const auto eachBrought = [&](const auto& act) {
-        for (int number = kInputs; number <= kParameters; ++number) {
+        for (const ActList number : kActLists) {
             for (int row = 1; row <= list(number).Count(); ++row) {
                 const std::string key = links::withNewHead(list(number).Item(row)->Key, formerName, newName);
                 if (key != list(number).Item(row)->Key) {
@@ -221,13 +221,13 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
         }
     };
     // Marks are withdrawn under the keys by which they were made.
-    std::vector<std::pair<int, int>> brought;
-    eachBrought([&](int number, int row, const std::string&) {
+    std::vector<std::pair<ActList, int>> brought;
+    eachBrought([&](ActList number, int row, const std::string&) {
         MarkRowInTree(*list(number).Item(row), number, false);
         brought.emplace_back(number, row);
     });
     links::renameActivity(*tempProp, formerName, newName);
-    eachBrought([&](int number, int row, const std::string& key) {
+    eachBrought([&](ActList number, int row, const std::string& key) {
         list(number).alter(row, [&](ListRow& shown) {
             shown.Key = key;
             shown.Text = links::withNewHead(shown.Text, formerName, newName);
@@ -237,7 +237,7 @@ void SetActProp_Functions::renameOwner(const std::string& formerName, const std:
         MarkRowInTree(*list(number).Item(row), number, true);
     }
     refreshRows();
-    for (int number = kInputs; number <= kParameters; ++number) {
+    for (const ActList number : kActLists) {
         twins_[static_cast<std::size_t>(number)].reset(list(number));
     }
 }
@@ -308,7 +308,7 @@ void SetActProp_Functions::sendInput(int row, Member* member, const char* taken)
         return;
     }
     links::unlinkMember(ParForm, *member, false, self());
-    links->Add(tempProp->Act_Name, innerLink(shown->Tag), relativeKey(KindInput, input->Key));
+    links->Add(tempProp->Act_Name, innerLink(tagOf(*shown)), relativeKey(KindInput, input->Key));
     member->Changed = true;
     links::linkMember(ParForm, *member, self());
     refreshKey(input->Key);

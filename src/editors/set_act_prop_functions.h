@@ -17,18 +17,6 @@
 
 namespace orvent::editors {
 
-// What the `Tag` of a row says: how it came.
-inline constexpr std::int16_t kTagRecordSet = 1;
-inline constexpr std::int16_t kTagActivity = 2;
-inline constexpr std::int16_t kTagRecordSetMirror = 3;
-inline constexpr std::int16_t kTagActivityMirror = 4;
-inline constexpr std::int16_t kTagFunction = 5;
-inline constexpr std::int16_t kTagConstant = 6;
-inline constexpr std::int16_t kTagTypeOutput = 7;
-inline constexpr std::int16_t kTagTypeParameter = 8;
-inline constexpr std::int16_t kTagTypeFunction = 9;
-inline constexpr std::int16_t kTagWizard = 15;
-
 /// The lists and trees of the activity dialog, and how a row and its entity are made, renamed, moved and removed
 /// together. All of it works on `tempProp`, the dialog's copy of the activity.
 class SetActProp_Functions : public RowOperations {
@@ -42,7 +30,7 @@ class SetActProp_Functions : public RowOperations {
     std::array<forms::List, 3> AttList;
     forms::Tree ActView;
     forms::Tree DBView;
-    int SelectedList = kInputs;
+    ActList SelectedList = kInputs;
 
     forms::List& frontList() { return AttList[static_cast<std::size_t>(SelectedList)]; }
 
@@ -55,7 +43,7 @@ class SetActProp_Functions : public RowOperations {
     void SendParameter(int row);
     /// Why the chosen input cannot be sent to the output, or else to the parameter, of its key; empty when it can.
     std::string whyNotSent(bool toOutput) const;
-    void RenameInList(int row, int listNumber);
+    void RenameInList(int row, ActList listNumber);
     /// Brings the row of the list in front to another place, and its entity with it.
     void moveRowTo(int row, int to);
 
@@ -82,18 +70,18 @@ class SetActProp_Functions : public RowOperations {
     virtual void tabMoved() = 0;
 
     /// The entity takes the text of its row.
-    void renameMember(int row, int listNumber);
+    void renameMember(int row, ActList listNumber);
     /// Sets the text of a row, which its entity does not know yet.
-    void setRowText(int row, int listNumber, const std::string& text);
+    void setRowText(int row, ActList listNumber, const std::string& text);
     /// Fills the trees with what the scenario offers.
     void buildTrees() { buildSchemaTrees(ParForm, ActiveNode, ActView, DBView); }
 
     repository::Catalogue& catalogue() const { return catalogue_; }
 
   private:
-    forms::List& list(int number) { return AttList[static_cast<std::size_t>(number)]; }
+    forms::List& list(ActList number) { return AttList[static_cast<std::size_t>(number)]; }
     static RowKind kindOfParameter(const entities::ParameterProperties& parameter) {
-        return parameter.Tag == kTagConstant ? RowKind::constant : RowKind::parameter;
+        return parameter.Tag == entities::TagConstant ? RowKind::constant : RowKind::parameter;
     }
     static bool isFunctionRow(const forms::ListRow& row) { return kindOf(row) == RowKind::function; }
 
@@ -110,17 +98,17 @@ class SetActProp_Functions : public RowOperations {
     void removeFunction(const std::string& key);
     template <class List>
     bool removeMember(List& members, const std::string& key, entities::NodeKindCode kind);
-    void unmark(int number, const std::string& key);
-    void addListRow(int number, forms::ListRow row, int position = 0);
-    void removeListRow(int number, const std::string& key);
+    void unmark(ActList number, const std::string& key);
+    void addListRow(ActList number, forms::ListRow row, int position = 0);
+    void removeListRow(ActList number, const std::string& key);
     void note(std::int16_t id, entities::NodeKindCode kind);
-    bool unlink(const std::string& nodeKey, int number, int row);
+    bool unlink(const std::string& nodeKey, ActList number, int row);
     void removeTypeMembers();
     void addTypeMembers(const entities::ActivityTypeProperties& type, entities::Act_FunctionsCollection& functions);
 
     /// Marks or unmarks in the trees what the row uses.
-    void MarkRowInTree(const forms::ListRow& row, int number, bool used);
-    void refreshRow(int number, int row);
+    void MarkRowInTree(const forms::ListRow& row, ActList number, bool used);
+    void refreshRow(ActList number, int row);
     void refreshKey(const std::string& key);
     /// The rows whose entities a change of links of this key may have reached.
     std::vector<std::string> neighbours(const std::string& key);

@@ -32,9 +32,9 @@ std::string linkedKey(const Tree::Node& node) {
 }  // namespace
 
 forms::List& SetActProp_Functions::listFor(const Tree::Node& node) {
-    const int receives = isFunctionNode(node) || isConstantNode(node) ? kParameters
-                         : isDatabaseNode(node)                       ? SelectedList
-                                                                      : kInputs;
+    const ActList receives = isFunctionNode(node) || isConstantNode(node) ? kParameters
+                             : isDatabaseNode(node)                       ? SelectedList
+                                                                          : kInputs;
     SelectedList = receives;
     tabMoved();  // the log may stand in front
     return frontList();
@@ -75,7 +75,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
     AttributeProperties input;
     input.Attribute_Name = input.Key = key;
     input.Attribute_Type = node.value().Tag;
-    input.Tag = isDatabaseNode(node) ? kTagRecordSet : kTagActivity;
+    input.Tag = isDatabaseNode(node) ? TagRecordSet : TagActivity;
     input.NodeKind = KindInput;
     input.ParentKeyName = tempProp->Act_Name;
     input.ProvidedFrom->Add(SecondSegment(node.value().Key), static_cast<LinkType>(input.Tag), linkedKey(node));
@@ -90,7 +90,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
 
 /// The output of the same name, which the input provides.
 void SetActProp_Functions::addMirror(const AttributeProperties& input) {
-    const auto tag = static_cast<std::int16_t>(input.Tag + 2);
+    const TagCode tag = passedOn(input.Tag);
     AttributeProperties& output =
         tempProp->Act_Outputs->Add(input.Attribute_Name, input.Attribute_Type, tag, input.Key);
     output.ParentKeyName = tempProp->Act_Name;
@@ -103,12 +103,12 @@ void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& 
     AttributeProperties output;
     output.Attribute_Name = output.Key = key;
     output.Attribute_Type = node.value().Tag;
-    output.Tag = kTagRecordSet;
+    output.Tag = TagRecordSet;
     output.NodeKind = KindOutput;
     output.ParentKeyName = tempProp->Act_Name;
     output.ProviderFor->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     tempProp->Act_Outputs->AddFullAttribute(output, "", false, position);
-    addListRow(kOutputs, newRow(key, key, kTagRecordSet, RowKind::output), position);
+    addListRow(kOutputs, newRow(key, key, TagRecordSet, RowKind::output), position);
 }
 
 void SetActProp_Functions::addParameter(const Tree::Node& node, const std::string& key, int position) {
@@ -116,7 +116,7 @@ void SetActProp_Functions::addParameter(const Tree::Node& node, const std::strin
     ParameterProperties parameter;
     parameter.Parameter_Name = parameter.Key = key;
     parameter.Parameter_Type = node.value().Tag;
-    parameter.Tag = constant ? kTagConstant : kTagRecordSet;
+    parameter.Tag = constant ? TagConstant : TagRecordSet;
     parameter.NodeKind = KindParameter;
     parameter.ParentKeyName = tempProp->Act_Name;
     if (constant) {
@@ -132,7 +132,7 @@ void SetActProp_Functions::addParameter(const Tree::Node& node, const std::strin
 void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
     const std::string name = AfterFirstDot(node.value().Key);
     if (FunctionProperties* function =
-            tempProp->Act_Functions->AddFunction(ParForm, name, tempProp->Act_Name, kSourceOwn)) {
+            tempProp->Act_Functions->AddFunction(ParForm, name, tempProp->Act_Name, SourceOwn)) {
         function->Changed = true;
         zoom::forgetRows(*function);
         if (ownerOfFunction(ParForm, *functionNode(ParForm, name))) {
@@ -140,7 +140,7 @@ void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
             links::UnSynchronizeFunction(ParForm, *function, true, self());
         }
     }
-    addListRow(kParameters, newRow(name, name, kTagFunction, RowKind::function), position);
+    addListRow(kParameters, newRow(name, name, TagFunction, RowKind::function), position);
 }
 
 void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
@@ -149,13 +149,13 @@ void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
     }
 }
 
-void SetActProp_Functions::addListRow(int number, ListRow row, int position) {
+void SetActProp_Functions::addListRow(ActList number, ListRow row, int position) {
     const std::string key = row.Key, text = row.Text;
     list(number).add(std::move(row), position);
     twins_[static_cast<std::size_t>(number)].came(list(number), key, text);
 }
 
-void SetActProp_Functions::removeListRow(int number, const std::string& key) {
+void SetActProp_Functions::removeListRow(ActList number, const std::string& key) {
     if (const int row = list(number).positionOf(key)) {
         const std::string text = list(number).Item(row)->Text;
         list(number).remove(row);
@@ -187,7 +187,7 @@ void SetActProp_Functions::RemoveRow(int row) {
 }
 
 /// What a row uses is marked no longer in the trees.
-void SetActProp_Functions::unmark(int number, const std::string& key) {
+void SetActProp_Functions::unmark(ActList number, const std::string& key) {
     if (const ListRow* row = list(number).Item(key)) {
         MarkRowInTree(*row, number, false);
     }
@@ -246,18 +246,18 @@ void SetActProp_Functions::removeFunction(const std::string& key) {
 
 void SetActProp_Functions::RemoveRowByTree(Tree::Node& node) {
     const std::string nodeKey = node.value().Key;
-    const int number = marks_.userOf(nodeKey);
-    int row = 0;
-    for (const std::string& user : marks_.rowsOf(nodeKey, number)) {
-        const int at = list(number).positionOf(user);
-        row = row == 0 ? at : std::min(row, at);
-    }
-    if (row == 0) {
+    const std::optional<ActList> number = marks_.userOf(nodeKey);
+    if (!number) {
         return;
     }
-    if (!unlink(nodeKey, number, row)) {
-        const int front = SelectedList;
-        SelectedList = number;
+    int row = 0;
+    for (const std::string& user : marks_.rowsOf(nodeKey, *number)) {
+        const int at = list(*number).positionOf(user);
+        row = row == 0 ? at : std::min(row, at);
+    }
+    if (row != 0 && !unlink(nodeKey, *number, row)) {
+        const ActList front = SelectedList;
+        SelectedList = *number;
         RemoveRow(row);
         SelectedList = front;
     }
@@ -265,15 +265,15 @@ void SetActProp_Functions::RemoveRowByTree(Tree::Node& node) {
 
 /// Takes the one link to the tree node away from a row that stays: it has other links, or the activity's type or the
 /// wizard brought it. False when the row has to go.
-bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, int row) {
+bool SetActProp_Functions::unlink(const std::string& nodeKey, ActList number, int row) {
     const ListRow* shown = list(number).Item(row);
     if (!shown || isFunctionRow(*shown)) {
         return false;
     }
     const std::string key = shown->Key;
-    std::int16_t tag = shown->Tag;
+    TagCode tag = tagOf(*shown);
     const auto cut = [&](auto& entity, auto& links, int count, auto unsynchronise) {
-        if (count < 2 && tag < kTagTypeOutput) {
+        if (count < 2 && tag < TagTypeOutput) {
             return false;
         }
         for (int at = 1; at <= links.count(); ++at) {
@@ -284,7 +284,7 @@ bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, int ro
                 break;
             }
         }
-        if (number != kOutputs && tag < kTagTypeOutput && links.count() > 0) {
+        if (number != kOutputs && tag < TagTypeOutput && links.count() > 0) {
             tag = tagOf(links->Item(1)->type());
         }
         entity.Tag = tag;
@@ -309,7 +309,7 @@ bool SetActProp_Functions::unlink(const std::string& nodeKey, int number, int ro
     }
     if (stays) {
         marks_.unmark(nodeKey, number, key);
-        list(number).alter(row, [&](ListRow& kept) { kept.Tag = tag; });
+        list(number).alter(row, [&](ListRow& kept) { kept.Tag = static_cast<std::int16_t>(tag); });
         refreshRow(number, row);
         edited();
     }
@@ -351,35 +351,35 @@ void SetActProp_Functions::SetActivityType(int index) {
 
 /// What the former type brought goes, from the last row to the first.
 void SetActProp_Functions::removeTypeMembers() {
-    const auto removeTagged = [&](int number, std::int16_t tag, auto remove) {
+    const auto removeTagged = [&](ActList number, TagCode tag, auto remove) {
         for (int row = list(number).Count(); row >= 1; --row) {
-            if (list(number).Item(row)->Tag == tag) {
+            if (tagOf(*list(number).Item(row)) == tag) {
                 (this->*remove)(std::string(list(number).Item(row)->Key));
             }
         }
     };
-    removeTagged(kOutputs, kTagTypeOutput, &SetActProp_Functions::removeOutput);
-    removeTagged(kParameters, kTagTypeParameter, &SetActProp_Functions::removeParameter);
-    removeTagged(kParameters, kTagTypeFunction, &SetActProp_Functions::removeFunction);
+    removeTagged(kOutputs, TagTypeOutput, &SetActProp_Functions::removeOutput);
+    removeTagged(kParameters, TagTypeParameter, &SetActProp_Functions::removeParameter);
+    removeTagged(kParameters, TagTypeFunction, &SetActProp_Functions::removeFunction);
 }
 
 void SetActProp_Functions::addTypeMembers(const ActivityTypeProperties& type, Act_FunctionsCollection& functions) {
     const std::string& owner = tempProp->Act_Name;
     for (const OutputProperties& brought : type.ActType_OutPuts) {
         const std::string key = owner + "." + brought.Output_Name;
-        addListRow(kOutputs, newRow(key, brought.Output_Name, kTagTypeOutput, RowKind::output));
-        tempProp->Act_Outputs->Add(key, brought.Output_Type, kTagTypeOutput, key).ParentKeyName = owner;
+        addListRow(kOutputs, newRow(key, brought.Output_Name, TagTypeOutput, RowKind::output));
+        tempProp->Act_Outputs->Add(key, brought.Output_Type, TagTypeOutput, key).ParentKeyName = owner;
     }
     for (const ParamProperties& brought : type.ActType_Parameters) {
         const std::string key = owner + "." + brought.Parameter_Name;
-        addListRow(kParameters, newRow(key, brought.Parameter_Name, kTagTypeParameter, RowKind::parameter));
-        tempProp->Act_Parameters->Add(brought.Parameter_Name, brought.Parameter_Type, kTagTypeParameter, key)
+        addListRow(kParameters, newRow(key, brought.Parameter_Name, TagTypeParameter, RowKind::parameter));
+        tempProp->Act_Parameters->Add(brought.Parameter_Name, brought.Parameter_Type, TagTypeParameter, key)
             .ParentKeyName = owner;
     }
     for (int at = 1; at <= functions.Count(); ++at) {
         const std::shared_ptr<FunctionProperties> function = functions.share(at);
         addListRow(kParameters,
-                   newRow(function->Function_Key, function->Function_Name, kTagTypeFunction, RowKind::function));
+                   newRow(function->Function_Key, function->Function_Name, TagTypeFunction, RowKind::function));
         tempProp->Act_Functions->append(function, function->Function_Key);
     }
 }

@@ -14,7 +14,7 @@ bool SourceDatabases::LoadDB_Click() {
         return true;
     }
     const Answer answer = box().show("Do You Want To UnLoad The Current Database(s)?", "Load New DataBase",
-                                          Icon::question, Buttons::yesNoCancel);
+                                     Icon::question, Buttons::yesNoCancel);
     if (answer == Answer::yes) {
         DBView.Clear();
         LoadedDatabases.clear();
@@ -139,7 +139,7 @@ void SourceDatabases::markMany(const std::function<void()>& marks) {
 void SourceDatabases::UnLoadDB_Click(Tree::Node& root) {
     const std::string alias = root.value().Key;
     if (root.parent() || box().show("Are You Sure You Want To Unload Database " + alias + "?", {}, Icon::question,
-                                         Buttons::okCancel) != Answer::ok) {
+                                    Buttons::okCancel) != Answer::ok) {
         return;
     }
     DBView.remove(root);

@@ -37,7 +37,7 @@ std::shared_ptr<ParameterProperties> ParameterProperties::Clone() const {
 }
 
 AttributeProperties& AttributeCollection::Add(const std::string& Attribute_Name, std::int16_t Attribute_Type,
-                                              std::int16_t Tag, const std::string& sKey) {
+                                              TagCode Tag, const std::string& sKey) {
     auto attribute = std::make_shared<AttributeProperties>();
     attribute->Attribute_Name = Attribute_Name;
     attribute->Attribute_Type = Attribute_Type;
@@ -48,7 +48,7 @@ AttributeProperties& AttributeCollection::Add(const std::string& Attribute_Name,
 }
 
 ParameterProperties& ParameterCollection::Add(const std::string& Parameter_Name, std::int16_t Parameter_Type,
-                                              std::int16_t Tag, const std::string& sKey) {
+                                              TagCode Tag, const std::string& sKey) {
     auto parameter = std::make_shared<ParameterProperties>();
     parameter->Parameter_Name = Parameter_Name;
     parameter->Parameter_Type = Parameter_Type;

@@ -7,6 +7,7 @@
 #include "entities/key_grammar.h"
 #include "entities/lazy.h"
 #include "entities/links.h"
+#include "entities/tags.h"
 #include "entities/type_records.h"
 
 namespace orvent::entities {
@@ -19,7 +20,7 @@ struct AttributeFields {
     bool Changed = false;              ///< the stored row must be rewritten at the next save
     std::int16_t SubNode_ID = 0;       ///< repository identifier, 0 while never saved
     NodeKindCode NodeKind = KindFree;  ///< KindInput, KindOutput, KindRecordSetAttribute; KindFree on a free node
-    std::int16_t Tag = 0;              ///< mark of the list it came from, stored as `SubNode_Tag`
+    TagCode Tag = TagNone;             ///< how it came to its list, stored as `SubNode_Tag`
     std::string ParentKeyName;         ///< name of the owning activity or record set
     std::int32_t LabelIndex = 0;       ///< node that shows it while a zoom view is open; never stored
     std::string Key;
@@ -45,7 +46,7 @@ struct ParameterFields {
     std::int16_t SubNode_ID = 0;
     std::string ParentFunctionActivity;  ///< for a function's parameter: the activity that owns the function
     NodeKindCode NodeKind = KindFree;    ///< KindParameter, KindFunctionOutput, KindFunctionInput, KindConstant
-    std::int16_t Tag = 0;                ///< stored only for KindParameter
+    TagCode Tag = TagNone;               ///< stored only for KindParameter
     std::string ParentKeyName;           ///< name of the owning activity, or key of the owning function
     std::int32_t LabelIndex = 0;
     std::string Key;
@@ -107,7 +108,7 @@ class AttributeCollection : public EntityCollection<AttributeProperties> {
 
     bool Expanded = false;  ///< its items are shown one by one in the zoom view
 
-    AttributeProperties& Add(const std::string& Attribute_Name, std::int16_t Attribute_Type, std::int16_t Tag,
+    AttributeProperties& Add(const std::string& Attribute_Name, std::int16_t Attribute_Type, TagCode Tag,
                              const std::string& sKey);
     AttributeProperties& AddFullAttribute(const AttributeProperties& AttrProps, const std::string& Newkey,
                                           bool Reversed, int Index) {
@@ -128,7 +129,7 @@ class ParameterCollection : public EntityCollection<ParameterProperties> {
 
     bool Expanded = false;
 
-    ParameterProperties& Add(const std::string& Parameter_Name, std::int16_t Parameter_Type, std::int16_t Tag,
+    ParameterProperties& Add(const std::string& Parameter_Name, std::int16_t Parameter_Type, TagCode Tag,
                              const std::string& sKey);
     ParameterProperties& AddFullParameter(const ParameterProperties& ParamProps, const std::string& Newkey,
                                           bool Reversed, int Index = 0) {
@@ -149,7 +150,7 @@ struct Act_OutputsCollection : AttributeCollection {
 struct RecordSet_OutputsCollection : AttributeCollection {
     RecordSet_OutputsCollection() : AttributeCollection(KindRecordSetAttribute) {}
     AttributeProperties& Add(const std::string& Attribute_Name, std::int16_t Attribute_Type, const std::string& sKey) {
-        return AttributeCollection::Add(Attribute_Name, Attribute_Type, 0, sKey);
+        return AttributeCollection::Add(Attribute_Name, Attribute_Type, TagNone, sKey);
     }
 };
 struct Act_ParametersCollection : ParameterCollection {
@@ -160,7 +161,7 @@ struct Act_ParametersCollection : ParameterCollection {
 struct FunctionParameters : ParameterCollection {
     FunctionParameters() : ParameterCollection(KindFree) {}
     ParameterProperties& Add(const std::string& Parameter_Name, std::int16_t Parameter_Type, const std::string& sKey) {
-        return ParameterCollection::Add(Parameter_Name, Parameter_Type, 0, sKey);
+        return ParameterCollection::Add(Parameter_Name, Parameter_Type, TagNone, sKey);
     }
 };
 

@@ -93,7 +93,7 @@ FunctionProperties& Act_FunctionsCollection::AddActivityTypeFunction(FunctionTyp
     std::shared_ptr<FunctionProperties> function =
         fillFunctionFromType(blank, catalogue, TypeFunctionProps.Function_Type);
     function->Function_Name = TypeFunctionProps.Function_Name;
-    function->Function_Source = kSourceActivityType;
+    function->Function_Source = SourceActivityType;
     function->setParentKeyName(ParentKeyName);
     function->Function_Key = sKey;
     for (auto* parameters : {&function->Function_Inputs, &function->Function_Outputs}) {
@@ -106,7 +106,7 @@ FunctionProperties& Act_FunctionsCollection::AddActivityTypeFunction(FunctionTyp
 
 FunctionProperties* Act_FunctionsCollection::AddFunction(const FunctionContainer& container,
                                                          const std::string& FunctionName,
-                                                         const std::string& ParentKeyName, std::int16_t Source) {
+                                                         const std::string& ParentKeyName, FunctionSourceCode Source) {
     const FunctionProperties* shown = container.functionNamed(FunctionName);
     if (!shown) {
         return nullptr;

@@ -5,14 +5,10 @@
 #include <string>
 
 #include "entities/attributes.h"
+#include "entities/tags.h"
 #include "entities/type_records.h"
 
 namespace orvent::entities {
-
-/// `Function_Source` of a function that the activity's type brought.
-inline constexpr std::int16_t kSourceActivityType = 9;
-/// `Function_Source` of a function that was drawn by itself.
-inline constexpr std::int16_t kSourceOwn = 5;
 
 /// The plain fields of `FunctionProperties`.
 struct FunctionFields {
@@ -20,8 +16,8 @@ struct FunctionFields {
     std::int16_t FunctionID = 0;  ///< repository identifier, 0 while never saved
     NodeKindCode NodeKind = KindFunction;
     std::string Function_Key;
-    std::int16_t Function_Source = 0;  ///< kSourceActivityType, kSourceOwn, or what `AddFunction` was given
-    std::int16_t Function_Type = 0;    ///< function type index
+    FunctionSourceCode Function_Source = SourceNone;
+    std::int16_t Function_Type = 0;  ///< function type index
     std::string Function_Name;
 
     /// The owning activity's name.
@@ -77,7 +73,7 @@ class Act_FunctionsCollection : public KeyedCollection<FunctionProperties, std::
     /// Adds, as the first one, a clone of the function that the canvas shows under `FunctionName`. Nothing when there
     /// is no such node.
     FunctionProperties* AddFunction(const FunctionContainer& container, const std::string& FunctionName,
-                                    const std::string& ParentKeyName, std::int16_t Source);
+                                    const std::string& ParentKeyName, FunctionSourceCode Source);
 
     /// The 1-based position of the first item with that `Function_Key`, 0 when there is none.
     std::int16_t Key2Index(const std::string& key) const;

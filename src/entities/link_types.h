@@ -26,16 +26,6 @@ enum class LinkType : std::int16_t {
 };
 using enum LinkType;
 
-/// The `Tag` of a member that came by a link of that type.
-constexpr std::int16_t tagOf(LinkType type) {
-    return static_cast<std::int16_t>(type);
-}
-
-/// The code of a link from an input to another member of its own activity, by the input's `Tag`: 4 for a new input.
-constexpr LinkType innerLink(std::int16_t tag) {
-    return tag == 0 ? LinkActivityInput : static_cast<LinkType>(tag + 2);
-}
-
 /// Whether links of that type lead to a member that a scenario holds. A constant is nothing but the links to it, and
 /// other types lead to nothing.
 constexpr bool leadsToAMember(LinkType type) {

@@ -1,5 +1,7 @@
 #include "exchange/entity_reader.h"
 
+#include "exchange/list_keys.h"
+
 namespace orvent::exchange {
 
 using entities::ActivityProperties;
@@ -48,12 +50,10 @@ canvas::NodeProperties EntityReader::readActivity(Place at, const std::string& c
     activity->Act_Log = in_.linesOf(at, Key::log);
     activity->Act_SQL = in_.linesOf(at, Key::sql);
     activity->Act_LDL = in_.linesOf(at, Key::ldl);
-    in_.eachOf(at, Key::inputs,
-               [&](Place each) { addMember(*activity->Act_Inputs, each, activity->Act_Name, kAttributeKeys); });
-    in_.eachOf(at, Key::outputs,
-               [&](Place each) { addMember(*activity->Act_Outputs, each, activity->Act_Name, kAttributeKeys); });
-    in_.eachOf(at, Key::parameters,
-               [&](Place each) { addMember(*activity->Act_Parameters, each, activity->Act_Name, kParameterKeys); });
+    entities::eachList(*activity, [&](auto& list, entities::NodeKindCode kind) {
+        const std::uint64_t keys = kind == entities::KindParameter ? kParameterKeys : kAttributeKeys;
+        in_.eachOf(at, listKey(kind), [&](Place each) { addMember(*list, each, activity->Act_Name, keys); });
+    });
     in_.eachOf(at, Key::functions, [&](Place each) { addFunction(*activity, each); });
     return activity;
 }
@@ -99,7 +99,7 @@ links::EntityOf<List>& EntityReader::addMember(List& list, Place at, const std::
     links::nameOf(*member) = in_.textOf(at, Key::name, key);
     links::typeOf(*member) = typeIn(data_, in_.required(at, Key::type));
     member->NodeKind = in_.codeOr(at, Key::kind, list.nodeKind());
-    member->Tag = in_.smallOf(at, Key::tag);
+    member->Tag = static_cast<entities::TagCode>(in_.smallOf(at, Key::tag));
     member->ParentKeyName = owner;
     readAllLinks(*member, at);
     return list.append(std::move(member), key);
@@ -114,15 +114,13 @@ void EntityReader::addFunction(ActivityProperties& activity, Place at) {
         in_.tree().refuse(keyAt, "another one of this list has the key \"" + function->Function_Key + "\"");
     }
     function->Function_Type = typeIn(functions_, in_.required(at, Key::type));
-    function->Function_Source = in_.smallOf(at, Key::source);
-    const auto readList = [&](Key key, entities::FunctionParameters& list, entities::NodeKindCode kind) {
-        in_.eachOf(at, key, [&](Place each) {
-            auto& parameter = addMember(list, each, function->Function_Key, kParameterKeys);
+    function->Function_Source = static_cast<entities::FunctionSourceCode>(in_.smallOf(at, Key::source));
+    entities::eachList(*function, [&](auto& list, entities::NodeKindCode kind) {
+        in_.eachOf(at, listKey(kind), [&](Place each) {
+            auto& parameter = addMember(*list, each, function->Function_Key, kParameterKeys);
             parameter.NodeKind = in_.codeOr(each, Key::kind, kind);
         });
-    };
-    readList(Key::inputs, *function->Function_Inputs, entities::KindFunctionInput);
-    readList(Key::outputs, *function->Function_Outputs, entities::KindFunctionOutput);
+    });
     function->setParentKeyName(activity.Act_Name);
     const std::string key = function->Function_Key;
     activity.Act_Functions->append(std::move(function), key);

@@ -1,5 +1,6 @@
 #include "exchange/entity_writer.h"
 
+#include "exchange/list_keys.h"
 #include "links/members.h"
 
 namespace orvent::exchange {
@@ -49,9 +50,8 @@ void EntityWriter::write(const entities::ActivityProperties& activity, const std
     writeLines(Key::log, activity.Act_Log);
     writeLines(Key::sql, activity.Act_SQL);
     writeLines(Key::ldl, activity.Act_LDL);
-    writeList(Key::inputs, activity.Act_Inputs, entities::KindInput);
-    writeList(Key::outputs, activity.Act_Outputs, entities::KindOutput);
-    writeList(Key::parameters, activity.Act_Parameters, entities::KindParameter);
+    entities::eachList(activity,
+                       [this](const auto& list, entities::NodeKindCode kind) { writeList(listKey(kind), list, kind); });
     if (activity.Act_Functions.count() > 0) {
         begin(out_, Key::functions);
         out_.open('[');
@@ -70,9 +70,9 @@ void EntityWriter::writeFunction(const entities::FunctionProperties& function) {
     begin(out_, Key::type);
     out_.text(typeNameAt(tables_.functionTypes, function.Function_Type));
     begin(out_, Key::source);
-    out_.number(function.Function_Source);
-    writeList(Key::inputs, function.Function_Inputs, entities::KindFunctionInput);
-    writeList(Key::outputs, function.Function_Outputs, entities::KindFunctionOutput);
+    out_.number(static_cast<std::int16_t>(function.Function_Source));
+    entities::eachList(function,
+                       [this](const auto& list, entities::NodeKindCode kind) { writeList(listKey(kind), list, kind); });
     out_.close('}');
 }
 
@@ -115,9 +115,9 @@ void EntityWriter::writeList(Key key, const entities::Lazy<List>& members, entit
         }
         beginInline(out_, Key::type);
         out_.text(typeNameAt(tables_.dataTypes, links::typeOf(member)));
-        if (member.Tag != 0) {
+        if (member.Tag != entities::TagNone) {
             beginInline(out_, Key::tag);
-            out_.number(member.Tag);
+            out_.number(static_cast<std::int16_t>(member.Tag));
         }
         more(member);
         const NearEnd near(member);

@@ -67,13 +67,16 @@ class ColourDialog {
     virtual std::optional<std::int32_t> choose(std::int32_t present) = 0;
 };
 
+/// Shapes of the pointer over the whole program, by their codes.
+enum class PointerShape { ordinary = 1, busy = 11 };
+
 /// What the frame shows of a step under way.
 class Progress {
   public:
     virtual ~Progress() = default;
 
-    /// The pointer's shape over the program: 1 ordinary, 11 busy.
-    virtual void pointer(int shape) = 0;
+    /// The pointer's shape over the program.
+    virtual void pointer(PointerShape shape) = 0;
 
     /// The single text of the status bar.
     virtual void status(const std::string& text) = 0;
@@ -100,8 +103,8 @@ class HelpViewer {
 /// Busy pointer while it lives.
 class Busy {
   public:
-    explicit Busy(Progress& progress) : progress_(progress) { progress_.pointer(11); }
-    ~Busy() { progress_.pointer(1); }
+    explicit Busy(Progress& progress) : progress_(progress) { progress_.pointer(PointerShape::busy); }
+    ~Busy() { progress_.pointer(PointerShape::ordinary); }
     Busy(const Busy&) = delete;
     Busy& operator=(const Busy&) = delete;
 

@@ -17,8 +17,6 @@ namespace {
 using namespace entities;
 
 // How an activity's members are marked that its type brought.
-constexpr std::int16_t kTagTypeOutput = 7;
-constexpr std::int16_t kTagTypeParameter = 8;
 
 constexpr std::size_t kMostPlaces = 6;  ///< told for one type
 
@@ -161,19 +159,19 @@ class MissingTypes {
         type.ActType_LDL = catalogue_.tables.activityTypeLdl[index];
         type.ActType_SchemaNo = activity.Act_SchemaNo;
         for (const AttributeProperties& output : activity.Act_Outputs) {
-            if (output.Tag == kTagTypeOutput) {
+            if (output.Tag == TagTypeOutput) {
                 addLine(*type.ActType_OutPuts, bareName(output.Attribute_Name, activity.Act_Name),
                         output.Attribute_Type);
             }
         }
         for (const ParameterProperties& parameter : activity.Act_Parameters) {
-            if (parameter.Tag == kTagTypeParameter) {
+            if (parameter.Tag == TagTypeParameter) {
                 addLine(*type.ActType_Parameters, bareName(parameter.Parameter_Name, activity.Act_Name),
                         parameter.Parameter_Type);
             }
         }
         for (const FunctionProperties& function : activity.Act_Functions) {
-            if (function.Function_Source == kSourceActivityType) {
+            if (function.Function_Source == SourceActivityType) {
                 addLine(*type.ActType_Functions, bareName(function.Function_Key, activity.Act_Name),
                         function.Function_Type);
             }

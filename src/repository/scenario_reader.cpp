@@ -86,7 +86,7 @@ std::vector<ScenarioReader::SubNodeRow> ScenarioReader::subNodeRows(std::string_
     Statement& row = repository_.run(sql, owner);
     while (row.fetch()) {
         rows.push_back({identifier(row, 1), row.text(2), codeAs<entities::NodeKindCode>(row, 3), row.text(4),
-                        row.text(5), tagged ? code(row, 6) : std::int16_t{0}});
+                        row.text(5), tagged ? codeAs<entities::TagCode>(row, 6) : entities::TagNone});
     }
     return rows;
 }
@@ -95,7 +95,8 @@ void ScenarioReader::loadFunctions(ActivityProperties& activity) {
     std::vector<FunctionRow> rows;
     Statement& found = repository_.run(sql::kActivityFunctions, activity.NodeID);
     while (found.fetch()) {
-        rows.push_back({identifier(found, 1), found.text(2), code(found, 3), found.text(4)});
+        rows.push_back(
+            {identifier(found, 1), found.text(2), codeAs<entities::FunctionSourceCode>(found, 3), found.text(4)});
     }
     for (const FunctionRow& row : rows) {
         FunctionProperties function;

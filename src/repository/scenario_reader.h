@@ -33,12 +33,12 @@ class ScenarioReader {
         entities::NodeKindCode kind = entities::KindFree;
         std::string name;
         std::string type;
-        std::int16_t tag = 0;
+        entities::TagCode tag = entities::TagNone;
     };
     struct FunctionRow {
         std::int16_t id = 0;
         std::string key;
-        std::int16_t source = 0;
+        entities::FunctionSourceCode source = entities::SourceNone;
         std::string type;
     };
 

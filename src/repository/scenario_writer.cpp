@@ -236,7 +236,8 @@ void ScenarioWriter::SaveActivityFunction(const ActivityProperties& activity, Fu
     }
     if (function.FunctionID == 0) {
         function.FunctionID = add(kFunctionRow, activity.NodeID, function.Function_Key,
-                                  tables_.functionTypes.name(function.Function_Type), function.Function_Source);
+                                  tables_.functionTypes.name(function.Function_Type),
+                                  static_cast<std::int16_t>(function.Function_Source));
     }
 }
 
@@ -249,7 +250,7 @@ void ScenarioWriter::saveSubNode(const ActivityProperties& activity, Member& mem
     }
     if (member.SubNode_ID == 0) {
         member.SubNode_ID = add(kActivitySubNodeRow, activity.NodeID, member.Key, member.NodeKind, name,
-                                tables_.dataTypes.name(dataType), member.Tag);
+                                tables_.dataTypes.name(dataType), static_cast<std::int16_t>(member.Tag));
     }
 }
 

@@ -21,8 +21,8 @@ class TextTooLong : public platform::Fault {
 /// Throws `TextTooLong`, which names the field and its node, for the first name or key that the repository cannot keep.
 void refuseLongTexts(const canvas::DrawForm& form, const StatementCache& repository);
 
-/// A number that stands for all that a save would write; 0 for an empty window. A walk without copies, some
-/// milliseconds for tens of thousands of nodes.
+/// A number that stands for all that a save would write of nodes and edges; 0 for an empty window. A walk without
+/// copies, some milliseconds for tens of thousands of nodes.
 std::uint64_t contentMark(const canvas::DrawForm& form);
 
 /// The window was just saved or loaded: nothing in it is unsaved.

@@ -6,7 +6,7 @@
 
 #include "canvas/labels.h"
 #include "entities/key_grammar.h"
-#include "entities/link_types.h"
+#include "entities/tags.h"
 
 namespace orvent::shell::sample {
 
@@ -41,7 +41,7 @@ struct Member {
     std::string_view activity;
     NodeKindCode nodeKind;
     std::string_view name;
-    std::int16_t tag;
+    entities::TagCode tag;
 };
 
 enum class List { providedFrom, providerFor, regulatedFrom, regulatorFor };
@@ -88,16 +88,25 @@ inline constexpr std::array<RecordSet, 5> kRecordSets = {{
 }};
 
 inline constexpr std::array<Member, 19> kMembers = {{
-    {"Activity3", KindInput, "AU_ID", 1},      {"Activity3", KindOutput, "AU_ID", 3},
-    {"Activity1", KindInput, "AU_ID", 1},      {"Activity1", KindOutput, "AU_ID", 3},
-    {"Activity2", KindInput, "SONUM", 1},      {"Activity2", KindInput, "AU_ID", 2},
-    {"Activity2", KindInput, "%O", 2},         {"Activity2", KindOutput, "ED_ID", 1},
-    {"Activity2", KindOutput, "SONUM", 3},     {"Activity2", KindOutput, "AU_ID", 4},
-    {"Activity2", KindOutput, "%O", 4},        {"Activity2", KindParameter, "Constant1", 6},
-    {"Activity2", KindParameter, "PUB_ID", 1}, {"Activity2", KindParameter, "SONUM", 3},
-    {"Activity2", KindParameter, "AU_ID", 4},  {"Activity4", KindInput, "AU_ID", 2},
-    {"Activity4", KindInput, "ED_ID", 2},      {"Activity4", KindOutput, "AU_ID", 4},
-    {"Activity4", KindOutput, "ED_ID", 4},
+    {"Activity3", KindInput, "AU_ID", entities::TagRecordSet},
+    {"Activity3", KindOutput, "AU_ID", entities::TagRecordSetMirror},
+    {"Activity1", KindInput, "AU_ID", entities::TagRecordSet},
+    {"Activity1", KindOutput, "AU_ID", entities::TagRecordSetMirror},
+    {"Activity2", KindInput, "SONUM", entities::TagRecordSet},
+    {"Activity2", KindInput, "AU_ID", entities::TagActivity},
+    {"Activity2", KindInput, "%O", entities::TagActivity},
+    {"Activity2", KindOutput, "ED_ID", entities::TagRecordSet},
+    {"Activity2", KindOutput, "SONUM", entities::TagRecordSetMirror},
+    {"Activity2", KindOutput, "AU_ID", entities::TagActivityMirror},
+    {"Activity2", KindOutput, "%O", entities::TagActivityMirror},
+    {"Activity2", KindParameter, "Constant1", entities::TagConstant},
+    {"Activity2", KindParameter, "PUB_ID", entities::TagRecordSet},
+    {"Activity2", KindParameter, "SONUM", entities::TagRecordSetMirror},
+    {"Activity2", KindParameter, "AU_ID", entities::TagActivityMirror},
+    {"Activity4", KindInput, "AU_ID", entities::TagActivity},
+    {"Activity4", KindInput, "ED_ID", entities::TagActivity},
+    {"Activity4", KindOutput, "AU_ID", entities::TagActivityMirror},
+    {"Activity4", KindOutput, "ED_ID", entities::TagActivityMirror},
 }};
 
 inline constexpr std::array<Link, 47> kLinks = {{

@@ -15,8 +15,6 @@ namespace {
 
 using namespace entities;
 
-constexpr std::int16_t kTagTypeOutput = 7;
-constexpr std::int16_t kTagTypeParameter = 8;
 constexpr const char* kOwnFunction = "MyFun";
 constexpr const char* kRichActivity = "Activity2";
 
@@ -160,7 +158,8 @@ class SampleBuilder {
 
     struct NewMember {
         std::string name, key;
-        std::int16_t type, tag;
+        std::int16_t type;
+        TagCode tag;
     };
 
     static void add(ActivityProperties& owner, NodeKindCode kind, const NewMember& member) {
@@ -181,14 +180,14 @@ class SampleBuilder {
     void bringOutput(ActivityProperties& owner) {
         if (const OutputProperties* output = typeOf(owner).ActType_OutPuts->Item(1)) {
             const std::string key = owner.Act_Name + "." + output->Output_Name;
-            add(owner, KindOutput, {key, key, output->Output_Type, kTagTypeOutput});
+            add(owner, KindOutput, {key, key, output->Output_Type, TagTypeOutput});
         }
     }
 
     void bringParameters(ActivityProperties& owner) {
         for (const ParamProperties& parameter : typeOf(owner).ActType_Parameters) {
             const std::string key = owner.Act_Name + "." + parameter.Parameter_Name;
-            add(owner, KindParameter, {parameter.Parameter_Name, key, parameter.Parameter_Type, kTagTypeParameter});
+            add(owner, KindParameter, {parameter.Parameter_Name, key, parameter.Parameter_Type, TagTypeParameter});
         }
     }
 
@@ -213,7 +212,7 @@ class SampleBuilder {
         }
         FunctionProperties own;
         fillFunctionFromType(own, catalogue_, functions.Item(functions.Count())->Function_Type);
-        own.Function_Source = kSourceOwn;
+        own.Function_Source = SourceOwn;
         own.setParentKeyName(rich.Act_Name);
         ownParameters(rich.Act_Functions->AddFunctionProps(own, kOwnFunction, 0));
         const UsedFunctionProperties& used = *functions.Item(1);

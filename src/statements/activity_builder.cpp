@@ -35,7 +35,7 @@ void refuseTaken(const void* present, const char* what, const std::string& name)
 }  // namespace
 
 bool isGenerated(const AttributeProperties& output) {
-    return output.Tag == tagOf(LinkTypeOutput) || output.Tag == kTagWizardOutput;
+    return output.Tag == tagOf(LinkTypeOutput) || output.Tag == TagWizard;
 }
 
 entities::Act_OutputsCollection outputsByHand(entities::ActivityProperties& activity) {
@@ -119,7 +119,7 @@ void ActivityBuilder::createFunctions() {
         FunctionProperties made;
         made.Function_Name = variable.RegulatorName;
         made.Function_Key = variable.RegulatorName;
-        made.Function_Source = kSourceOwn;
+        made.Function_Source = SourceOwn;
         made.Function_Type = catalogue_.functionTypes.indexOf("[EMPTY]").value_or(catalogue_.functionTypes.first());
         made.setParentKeyName(activity_.Act_Name);
         refuseTaken(activity_.Act_Functions->Item(made.Function_Key), "function", made.Function_Key);
@@ -288,7 +288,7 @@ void ActivityBuilder::CreateOutputFromVariable(const LDLVariable& variable, cons
     output.Attribute_Name = output.Key = name;
     output.NodeKind = KindOutput;
     output.ParentKeyName = activity_.Act_Name;
-    output.Tag = kTagWizardOutput;
+    output.Tag = TagWizard;
     if (const LDLVariable* regulator = variables_.Item(variable.RegulatorName)) {
         regulate(output, variable, *regulator);
     }

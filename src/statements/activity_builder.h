@@ -12,9 +12,6 @@
 
 namespace orvent::statements {
 
-/// `Tag` of an output that the wizard made.
-inline constexpr std::int16_t kTagWizardOutput = 15;
-
 /// Whether the output was made by the wizard or by the activity's type, and not drawn by hand.
 bool isGenerated(const entities::AttributeProperties& output);
 

@@ -41,7 +41,7 @@ void ActivityExpansion::expandFunctions() {
     const float Width = view_.settings().Width;
     int row = activity->Act_Outputs.count() + activity->Act_Parameters.count() + 1;
     for (int position = 1; position <= functions.Count(); ++position) {
-        if (functions.Item(position)->Function_Source == kSourceActivityType) {
+        if (functions.Item(position)->Function_Source == SourceActivityType) {
             showFunction(functions.share(position), owner_.Left(), rowTop(2 * row + 1));
             row += rowsOf(*functions.Item(position));
         }
@@ -49,10 +49,10 @@ void ActivityExpansion::expandFunctions() {
     for (int position = 1; position <= functions.Count(); ++position) {
         const FunctionProperties& function = *functions.Item(position);
         LabelsD* node = view_.nodeNamed(function.Function_Key);
-        if (!node && function.Function_Source != kSourceActivityType) {
+        if (!node && function.Function_Source != SourceActivityType) {
             showFunction(functions.share(position), owner_.Left() - 5 * Width / 2, rowTop(2 * row + 2));
             row += rowsOf(function);
-        } else if (node && function.Function_Source != kSourceActivityType) {
+        } else if (node && function.Function_Source != SourceActivityType) {
             if (awaitedActivity(view_, *node) == &owner_) {
                 bringUp(view_, *node);
             }
@@ -138,7 +138,7 @@ void ActivityExpansion::collapseFunctions() {
         if (!functions.AddFunction(view_, node.KeyName(), ownerName_, function->Function_Source)) {
             functions.AddFunctionProps(*function, function->Function_Key, 1);  // its node bears no name
         }
-        if (function->Function_Source == kSourceActivityType) {
+        if (function->Function_Source == SourceActivityType) {
             view_.Labels.Remove(node.Index());
         } else {
             letWait(view_, node, owner_);  // the clone in the collection keeps the owner

@@ -147,7 +147,7 @@ void freeMember(ZoomView& view, ActivityProperties& owner, LabelsD& node) {
         entity.SubNode_ID = 0;
         entity.NodeKind = KindFree;
         if constexpr (requires { entity.ProvidedFrom; }) {
-            entity.Tag = 0;  // without links it comes from nowhere, and may come back among other members
+            entity.Tag = TagNone;  // without links it comes from nowhere, and may come back among other members
         }
         entity.ParentKeyName.clear();
     };
@@ -171,7 +171,7 @@ void AttachFunction(ZoomView& view, LabelsD& function, LabelsD& activity, bool D
     mirrors.hold(entity);
     entity.setParentKeyName(activity.activity()->Act_Name);
     mirrors.rekey();
-    entity.Function_Source = kSourceOwn;
+    entity.Function_Source = SourceOwn;
     const std::string key = entity.Function_Key.empty() ? function.Caption() : entity.Function_Key;
     bindParameters(view, function, addMember(function, *activity.activity()->Act_Functions, key));
 }
@@ -191,7 +191,7 @@ void DetachFunction(ZoomView& view, LabelsD& function, LabelsD* activity) {
     // The keys by which others know its parameters name the activity, so the links go before it is forgotten.
     UnSynchronizeFunction(view, entity, true, nullptr);
     entity.setParentKeyName("");
-    entity.Function_Source = 0;
+    entity.Function_Source = SourceNone;
     activity->activity()->Act_Functions->Remove(entity.Function_Key);
     if (entity.FunctionID != 0) {
         view.DeletedNodes->Add(entity.FunctionID, KindFunction);

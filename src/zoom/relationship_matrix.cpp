@@ -37,7 +37,7 @@ bool sourceUnregulated(const End& from, const End&) {
     return !from.isRegulated();
 }
 bool openParameterOfOwner(const End& from, const End& to) {
-    const bool open = to.tag() == tagOf(LinkTypeParameter) || to.tag() == 0;
+    const bool open = to.tag() == tagOf(LinkTypeParameter) || to.tag() == TagNone;
     return open && sameOwner(from, to) && !to.isRegulated();
 }
 bool typeParameterUnregulated(const End& from, const End&) {
@@ -74,9 +74,10 @@ LinkType byOriginOfTarget(const End&, const End& to) {
 
 constexpr auto kProvider = std::to_array<RelationRow>({
     {KindInput, KindOutput, sameOwner, byOriginOfSource, relative, relative},
-    {KindOutput, KindInput, freshInputOfAnother, fixed<LinkActivity>, whole, whole, false, false, 2},
+    {KindOutput, KindInput, freshInputOfAnother, fixed<LinkActivity>, whole, whole, false, false, TagActivity},
     {KindOutput, KindRecordSetAttribute, always, fixed<LinkRecordSet>, whole, whole},
-    {KindRecordSetAttribute, KindInput, targetUnprovided, fixed<LinkRecordSet>, whole, whole, false, false, 1},
+    {KindRecordSetAttribute, KindInput, targetUnprovided, fixed<LinkRecordSet>, whole, whole, false, false,
+     TagRecordSet},
 });
 
 // In a row that flips, `TO` regulates.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "canvas/labels.h"
@@ -18,7 +19,7 @@ class RelationEnd {
     bool present() const { return attribute_ || parameter_; }
 
     entities::NodeKindCode kind() const { return attribute_ ? attribute_->NodeKind : parameter_->NodeKind; }
-    std::int16_t tag() const { return attribute_ ? attribute_->Tag : parameter_->Tag; }
+    entities::TagCode tag() const { return attribute_ ? attribute_->Tag : parameter_->Tag; }
     const std::string& key() const { return attribute_ ? attribute_->Key : parameter_->Key; }
     const std::string& parentKeyName() const {
         return attribute_ ? attribute_->ParentKeyName : parameter_->ParentKeyName;
@@ -50,11 +51,11 @@ struct RelationRow {
     entities::NodeKindCode from, to;
     bool (*allowed)(const RelationEnd& from, const RelationEnd& to);
     entities::LinkType (*type)(const RelationEnd& from, const RelationEnd& to);
-    links::KeyForm targetKey;  ///< of the provided or regulated end, in the list of its source
-    links::KeyForm sourceKey;  ///< of the providing or regulating end, in the list of its target
-    bool flip = false;         ///< the edge was drawn against the direction of regulation
-    bool attach = false;       ///< a free function is tied to the activity of the other end
-    std::int16_t setTag = -1;  ///< written to `TO`, -1 for none
+    links::KeyForm targetKey;                   ///< of the provided or regulated end, in the list of its source
+    links::KeyForm sourceKey;                   ///< of the providing or regulating end, in the list of its target
+    bool flip = false;                          ///< the edge was drawn against the direction of regulation
+    bool attach = false;                        ///< a free function is tied to the activity of the other end
+    std::optional<entities::TagCode> setTag{};  ///< written to `TO`
 };
 
 /// The row of two ends, nothing when they may never be joined by an edge of that kind.

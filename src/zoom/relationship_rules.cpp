@@ -121,8 +121,8 @@ void relate(ZoomView& view, std::int32_t& edge, canvas::EdgeTypeCode kind, Label
     }
     const LinkEnds ends = row->flip ? LinkEnds{to, from} : LinkEnds{from, to};
     writeLinks(kind, ends, *row, row->type(drawnFrom, drawnTo), edge);
-    if (row->setTag >= 0) {
-        to.entity<AttributeProperties>()->Tag = row->setTag;
+    if (row->setTag) {
+        to.entity<AttributeProperties>()->Tag = *row->setTag;
     }
     if (const Attachment attachment(view, *row, drawnFrom, drawnTo); attachment.due()) {
         AttachFunction(view, *attachment.function, *attachment.activity, true);

@@ -61,7 +61,7 @@ TEST(Deleting, MembersLeaveTheirOwner) {
         form.SelectedLabels.Add(form.LabelsNo);
     };
     const auto listed = [&](auto& list, const char* key, const char* owner, std::int16_t id) {
-        auto& item = list.Add(key, 0, 0, key);
+        auto& item = list.Add(key, 0, entities::TagNone, key);
         item.ParentKeyName = owner;
         item.SubNode_ID = id;
         return list.share(key);

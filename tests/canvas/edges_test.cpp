@@ -33,7 +33,7 @@ TEST_F(Edges, AFullLineKnowsItsEnds) {
     EXPECT_EQ(edge.arrowImage(), "ArrowR");
     EXPECT_EQ(*from.StartingLines().begin(), edge.Index());
     EXPECT_EQ(*to.EndingLines().begin(), edge.Index());
-    EXPECT_EQ(join().MidBox(), 5);
+    EXPECT_EQ(join().MidBox(), HandleNumber{5});
     EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99, 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_FALSE(form.Lines.addFullLine(99, 3, to.Index(), 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_EQ(form.Lines.Count(), 2);

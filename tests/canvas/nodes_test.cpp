@@ -61,9 +61,9 @@ TEST_F(Nodes, GrabPointsAndArrows) {
 
 TEST_F(Nodes, TipsTellNameTypeStateAndMembers) {
     LabelsD& activity = add(NodeTypeActivity, "Join1");
-    activity.activity()->Act_Inputs->Add("A", 0, 0, "A");
-    activity.activity()->Act_Inputs->Add("B", 0, 0, "B");
-    activity.activity()->Act_Outputs->Add("C", 0, 0, "C");
+    activity.activity()->Act_Inputs->Add("A", 0, entities::TagNone, "A");
+    activity.activity()->Act_Inputs->Add("B", 0, entities::TagNone, "B");
+    activity.activity()->Act_Outputs->Add("C", 0, entities::TagNone, "C");
     LabelsD& recordSet = add(NodeTypeRecordSet, "RS");
     recordSet.recordSet()->RecordSet_Outputs->Add("A", 0, "A");
     recordSet.setReady(true);
@@ -97,8 +97,10 @@ TEST_F(Nodes, AReadyActivityTellsWhatItLacks) {
     EXPECT_EQ(lack(false, -1), "");
     EXPECT_EQ(lack(true, -1), "no type and no source");
     EXPECT_EQ(lack(true, 0), "no source");
-    node.activity()->Act_Inputs->Add("A", 0, 0, "A");
-    node.activity()->Act_Inputs->Add("B", 0, 0, "B").ProvidedFrom->Add("RS.B", entities::LinkRecordSet, "RS");
+    node.activity()->Act_Inputs->Add("A", 0, entities::TagNone, "A");
+    node.activity()
+        ->Act_Inputs->Add("B", 0, entities::TagNone, "B")
+        .ProvidedFrom->Add("RS.B", entities::LinkRecordSet, "RS");
     EXPECT_EQ(lack(true, -1), "no type");
     EXPECT_EQ(lack(true, 0), "");
     EXPECT_EQ(lackOf(add(NodeTypeRecordSet, "RS")), "");

@@ -144,7 +144,7 @@ TEST(Scaling, BoxesAndPictureAreMultiplied) {
     EXPECT_EQ(form.PicForm.Height(), 6500);
     EXPECT_EQ(progress.statuses,
               (std::vector<std::string>{"Zooming In By 1.5...", "Ready", "Zooming Out By3...", "Ready"}));
-    EXPECT_EQ(progress.pointerShape, 1);
+    EXPECT_EQ(progress.pointerShape, platform::PointerShape::ordinary);
     // No ratio makes a place that is no number.
     for (int i = 0; i < 18; ++i) {
         Zoom(form, i < 9, i == 5 ? 1e300 : 1e9, progress);

@@ -407,14 +407,19 @@ TEST(Pointer, KeysWalkAndGiveUp) {
 }
 
 TEST(Pointer, EachViewOfACanvasHasItsOwnStateAndOneGraph) {
+    struct Watcher : CanvasListener {
+        void pictureChanged() override { ++pictures; }
+        int pictures = 0;
+    } watcher;
     PointerStage stage("Crop");
+    const CanvasSubscription listening = stage.form.listen(watcher);
     ViewState other(stage.form);
     CanvasPointer second(stage.form, other, {stage.host, stage.host, stage.host});
     int told = 0;
     other.changed = [&told] { ++told; };
     stage.view.window.resize(6000, 3000);
     other.window.resize(500, 12999);
-    other.window.scrollTo(16000, 0);
+    other.window.scrollTo(16500, 0);
     stage.play("press p 100 100|move p 2500 2500 L");
     EXPECT_TRUE(stage.view.CroppingRect.Visible && !other.CroppingRect.Visible);
     EXPECT_EQ(stage.form.SelectedLabels.Count(), 1) << "the selection is the graph's";
@@ -424,12 +429,14 @@ TEST(Pointer, EachViewOfACanvasHasItsOwnStateAndOneGraph) {
     EXPECT_EQ(stage.view.window.seen().x, 0);
     stage.play("move p 5900 1100 L|cancel");
     EXPECT_EQ(stage.view.window.seen().x, 25);
-    EXPECT_EQ(other.window.seen().x, 16000);
-    EXPECT_EQ(told, 0);
+    EXPECT_EQ(other.window.seen().x, 16500);
+    EXPECT_EQ(told + watcher.pictures, 0);
     second.press({{Element::node, 1}, {1100, 1100}, LeftButton});
-    second.move({{}, {16499, 1100}, LeftButton});
+    second.move({{}, {16999, 1100}, LeftButton});
     EXPECT_TRUE(other.DragOutline.Visible && !stage.view.DragOutline.Visible);
     EXPECT_GT(told, 0);
+    EXPECT_EQ(stage.form.PicForm.Width(), 17025);
+    EXPECT_EQ(watcher.pictures, 1) << "all views hear that the picture grew";
     stage.play("delete n1");
     EXPECT_FALSE(other.DragOutline.Visible) << "whichever view it is dragged in";
 }

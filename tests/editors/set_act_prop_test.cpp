@@ -39,8 +39,8 @@ class SetActPropTest : public EntityDialogTest {
         for (AttributeProperties& input : act.Act_Inputs) {
             input.SubNode_ID = ++id;
         }
-        act.Act_Outputs->Item("RS_ID")->Tag = kTagRecordSetMirror;
-        act.Act_Outputs->Item("Act.Made")->Tag = kTagTypeOutput;
+        act.Act_Outputs->Item("RS_ID")->Tag = TagRecordSetMirror;
+        act.Act_Outputs->Item("Act.Made")->Tag = TagTypeOutput;
         graph.node("C1", canvas::NodeTypeConstant);
         graph.node("F1", canvas::NodeTypeFunction);
     }
@@ -197,7 +197,7 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     dialog->TabStrip1_Click(SetActProp::kLogTab);
     click(*dialog, "DB.RS.PRICE");
     EXPECT_EQ(dialog->TabStrip1, kInputs) << "the list that takes the node comes before the log";
-    EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Before_B")->Tag, kTagActivityMirror);
+    EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Before_B")->Tag, TagActivityMirror);
 
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->Apply());
@@ -209,7 +209,7 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     dialog->Move2Tree_Click();
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->Apply());
-    EXPECT_EQ(form->nodeNamed("F1")->entity<FunctionProperties>()->Function_Source, 0);
+    EXPECT_EQ(form->nodeNamed("F1")->entity<FunctionProperties>()->Function_Source, SourceNone);
 }
 
 TEST_F(SetActPropTest, ADropGoesWhereItCounts) {
@@ -234,7 +234,7 @@ TEST_F(SetActPropTest, ADropGoesWhereItCounts) {
         SCOPED_TRACE(std::string(row.node) + " over list " + std::to_string(row.front));
         const auto dialog = open();
         for (const char* parameter : {"P1", "P2"}) {
-            dialog->tempProp->Act_Parameters->Add(parameter, 0, kTagTypeParameter, parameter).ParentKeyName = "Act";
+            dialog->tempProp->Act_Parameters->Add(parameter, 0, TagTypeParameter, parameter).ParentKeyName = "Act";
         }
         dialog->activityBuilt();  // fills the lists
         dialog->TabStrip1_Click(row.front);
@@ -262,7 +262,7 @@ TEST_F(SetActPropTest, NamesAreCutToTheirLastPartAndRestored) {
 }
 
 TEST_F(SetActPropTest, MembersOfTheTypeAreNotDeleted) {
-    activity().Act_Outputs->Add("Wizard", 0, kTagWizard, "Wizard").ParentKeyName = "Act";
+    activity().Act_Outputs->Add("Wizard", 0, TagWizard, "Wizard").ParentKeyName = "Act";
     const auto dialog = open();
     dialog->TabStrip1_Click(kOutputs);
     dialog->frontList().select(2);
@@ -310,7 +310,7 @@ TEST_F(SetActPropTest, RowsFollowTheCatalogueAndAGoneTypeIsOfferedToItsOwnerOnly
 
 TEST_F(SetActPropTest, SourcesThatDoNotFitAreToldAndNotRefused) {
     testkit::GraphBuilder graph(*form);
-    form->nodeNamed("After")->activity()->Act_Outputs->Add("Z", 0, 0, "Z").ParentKeyName = "After";
+    form->nodeNamed("After")->activity()->Act_Outputs->Add("Z", 0, entities::TagNone, "Z").ParentKeyName = "After";
     graph.activity("Far", {"Z"}, {"Y"});
     graph.feed("After.OUT.Z", "Far.IN.Z");
     database.answer(repository::sql::kActivityType,
@@ -365,7 +365,7 @@ TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
     } resets;
     testkit::GraphBuilder graph(*form);
     ActivityProperties& after = *form->nodeNamed("After")->activity();
-    after.Act_Outputs->Add("Act.Made", 0, 0, "Act.Made").ParentKeyName = "After";
+    after.Act_Outputs->Add("Act.Made", 0, entities::TagNone, "Act.Made").ParentKeyName = "After";
     after.Act_Inputs->Item("Act.Made")->SubNode_ID = 77;
     graph.pass("After", "Act.Made", "Act.Made");
     graph.activity("Last", {"Act.Made", "Act.Other"});
@@ -493,7 +493,7 @@ TEST_F(SetActPropTest, ACatalogueThatSomeoneEmptiedHasNoNamesToShow) {
     EXPECT_EQ(dialog->AttList[kInputs].Item("RS_NAME")->SubItems[0], "");
     messages.expect("UNIDENTIFIED ACTIVITY TYPE", "", Icon::critical);
     dialog->ActTypes_Click(1);
-    dialog->tempProp->Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
+    dialog->tempProp->Act_Outputs->Add("Old", 1, entities::TagNone, "Old").ParentKeyName = "Act";
     messages.expect("This Relationship Is Not Valid!\nDifferent Data Types Found.\nSource: .\nTarget: .", "",
                     Icon::warning);
     dialog->SendOutput(2);
@@ -531,9 +531,9 @@ TEST_F(SetActPropTest, LabelsAreChecked) {
 }
 
 TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
-    activity().Act_Inputs->Add("C", 0, kTagRecordSet, "C").ParentKeyName = "Act";
-    activity().Act_Inputs->Add("D", 0, kTagRecordSet, "D").ParentKeyName = "Act";
-    activity().Act_Inputs->Add("E", 0, kTagTypeOutput, "E").ParentKeyName = "Act";
+    activity().Act_Inputs->Add("C", 0, TagRecordSet, "C").ParentKeyName = "Act";
+    activity().Act_Inputs->Add("D", 0, TagRecordSet, "D").ParentKeyName = "Act";
+    activity().Act_Inputs->Add("E", 0, TagTypeOutput, "E").ParentKeyName = "Act";
     struct Row {
         std::vector<int> selected;
         RowMove move;
@@ -581,8 +581,8 @@ TEST_F(SetActPropTest, WhatFeedsItsOwnActivityGoesAtBothEnds) {
 }
 
 TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
-    activity().Act_Outputs->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
-    activity().Act_Parameters->Add("Old", 1, 0, "Old").ParentKeyName = "Act";
+    activity().Act_Outputs->Add("Old", 1, entities::TagNone, "Old").ParentKeyName = "Act";
+    activity().Act_Parameters->Add("Old", 1, entities::TagNone, "Old").ParentKeyName = "Act";
     const auto dialog = open();
     EXPECT_EQ(dialog->whyNotSent(true), "Choose a row first");
     dialog->frontList().select(1);
@@ -737,7 +737,7 @@ TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {
                     dialog->MoveRow_Click(static_cast<RowMove>(random() % 4));
                     break;
                 case 4:
-                    if (const auto* row = list.Item(list.selected()); row && row->Tag < kTagTypeOutput) {
+                    if (const auto* row = list.Item(list.selected()); row && tagOf(*row) < TagTypeOutput) {
                         dialog->Move2Tree_Click();
                     }
                     break;

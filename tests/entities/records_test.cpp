@@ -39,8 +39,8 @@ TEST(Attributes, WhereAFullAddPutsTheClone) {
     for (const Row& row : {Row{false, 0, "a b new "}, Row{false, 1, "new a b "}, Row{false, 2, "a new b "},
                            Row{false, 3, "a b new "}, Row{false, -1, "a b new "}, Row{true, 2, "new a b "}}) {
         Act_InputsCollection inputs;
-        inputs.Add("a", 0, 0, "a");
-        inputs.Add("b", 0, 0, "b");
+        inputs.Add("a", 0, entities::TagNone, "a");
+        inputs.Add("b", 0, entities::TagNone, "b");
         AttributeProperties record;
         record.Key = "new";
         inputs.AddFullAttribute(record, "", row.reversed, row.index);
@@ -70,12 +70,12 @@ ActivityProperties fullActivity() {
     activity.Changed = true;
     activity.Act_Inputs->Changed = false;
     activity.Act_Inputs->Expanded = true;
-    AttributeProperties& input = activity.Act_Inputs->Add("in", 1, 2, "k");
+    AttributeProperties& input = activity.Act_Inputs->Add("in", 1, entities::TagActivity, "k");
     input.SubNode_ID = 9;
     input.ParentKeyName = "A";
     input.ProvidedFrom->Add("RS1", LinkRecordSet, "RS1.k", 5);
     input.RegulatorFor->Add("A", LinkInput, ".PARAM.k");
-    activity.Act_Parameters->Add("p", 1, 8, "p").RegulatedFrom->Add("A", LinkInput, ".IN.k");
+    activity.Act_Parameters->Add("p", 1, entities::TagTypeParameter, "p").RegulatedFrom->Add("A", LinkInput, ".IN.k");
     FunctionProperties function;
     function.FunctionID = 4;
     function.Function_Inputs->Add("i", 0, "i").RegulatedFrom->Add("A", LinkInputFunction, ".IN.k");
@@ -129,7 +129,7 @@ TEST_F(OnACanvas, FunctionsComeFromATypeAndFromNodes) {
     form.Labels.Add({0, 0, 1050, 450}, "shown", canvas::NodeTypeFunction).Properties = shown;
     Act_FunctionsCollection functions;
     const FunctionProperties& brought = functions.AddActivityTypeFunction(catalogue, {5, "Fun"}, "A", "A.Fun");
-    EXPECT_EQ(brought.Function_Source, kSourceActivityType);
+    EXPECT_EQ(brought.Function_Source, SourceActivityType);
     EXPECT_EQ(brought.Function_Name, "Fun");
     EXPECT_EQ(brought.Function_Type, 5);
     const ParameterProperties& input = *brought.Function_Inputs.peek()->Item("in");
@@ -139,8 +139,8 @@ TEST_F(OnACanvas, FunctionsComeFromATypeAndFromNodes) {
     EXPECT_EQ(input.ParentKeyName, "A.Fun");
     EXPECT_EQ(brought.Function_Outputs.peek()->Item("out")->NodeKind, KindFunctionOutput);
 
-    EXPECT_FALSE(functions.AddFunction(form, "hidden", "A", 5));
-    const FunctionProperties* own = functions.AddFunction(form, "shown", "A", 5);
+    EXPECT_FALSE(functions.AddFunction(form, "hidden", "A", SourceOwn));
+    const FunctionProperties* own = functions.AddFunction(form, "shown", "A", SourceOwn);
     ASSERT_TRUE(own && own != shown.get());
     EXPECT_EQ(own->Function_Inputs.peek()->Item("i")->ParentFunctionActivity, "A");
     EXPECT_EQ(keysOf(functions), "shown A.Fun ") << "an own function goes to the front";

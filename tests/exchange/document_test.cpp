@@ -19,7 +19,7 @@ class DocumentTest : public ExchangeTest {
         load.Act_LDL = "load(X):-\n  books(X).";
         entities::FunctionProperties function;
         function.Function_Key = function.Function_Name = "Load.f";
-        function.Function_Source = entities::kSourceActivityType;
+        function.Function_Source = entities::SourceActivityType;
         auto& input = function.Function_Inputs->Add("a", 0, "a");
         input.NodeKind = entities::KindFunctionInput;
         input.ParentKeyName = "Load.f";

@@ -111,7 +111,7 @@ class RandomScenario {
             function.Function_Key = function.Function_Name =
                 (pick(2) == 0 ? activity.Act_Name + "." : "") + "F" + std::to_string(at);
             function.Function_Type = static_cast<std::int16_t>(pick(2));
-            function.Function_Source = small();
+            function.Function_Source = static_cast<entities::FunctionSourceCode>(small());
             fillList(*function.Function_Inputs, function.Function_Key);
             fillList(*function.Function_Outputs, function.Function_Key);
             function.setParentKeyName(activity.Act_Name);
@@ -125,8 +125,9 @@ class RandomScenario {
         for (int at = 0, count = pick(12); at < count; ++at) {
             const std::string key = pick(4) == 0 ? "N0.X" + std::to_string(at) : "M" + std::to_string(at);
             auto& member = [&]() -> auto& {
-                if constexpr (requires { list.Add(key, std::int16_t{0}, std::int16_t{0}, key); }) {
-                    return list.Add(key, static_cast<std::int16_t>(pick(3)), small(), key);
+                if constexpr (requires { list.Add(key, std::int16_t{0}, entities::TagNone, key); }) {
+                    return list.Add(key, static_cast<std::int16_t>(pick(3)), static_cast<entities::TagCode>(small()),
+                                    key);
                 } else {
                     return list.Add(key, static_cast<std::int16_t>(pick(3)), key);
                 }

@@ -245,7 +245,7 @@ TEST_P(EveryRepository, WhatChangedElsewhereIsAskedAboutAndOrderComesBack) {
 
     turn(*form().nodeNamed("Activity2")->activity()->Act_Outputs);
     turn(*form().nodeNamed("Activity2")->activity()->Act_Functions);
-    form().nodeNamed("Activity2")->activity()->Act_Parameters->Item(1)->Tag = 7;
+    form().nodeNamed("Activity2")->activity()->Act_Parameters->Item(1)->Tag = entities::TagTypeOutput;
     const std::string shown = testkit::modelText(form());
     messages().expect("*", "", Icon::critical);
     testkit::expectOverwrite(messages(), Answer::yes);
@@ -306,7 +306,7 @@ TEST_P(EveryServerRepository, AServerThatGoesInTheMiddleOfASaveLosesNothing) {
 void drawMore(canvas::DrawForm& form) {
     testkit::GraphBuilder(form).recordSet("NEW", {"A", "B", "C"});
     entities::ActivityProperties& activity = *form.nodeNamed("Activity1")->activity();
-    entities::AttributeProperties& output = activity.Act_Outputs->Add("NEW", 0, 2, "NEW");
+    entities::AttributeProperties& output = activity.Act_Outputs->Add("NEW", 0, entities::TagActivity, "NEW");
     output.ParentKeyName = "Activity1";
     output.NodeKind = entities::KindOutput;
     entities::FunctionProperties function;

@@ -265,10 +265,10 @@ class AdaptersTest : public WindowTest {
         progress.step(0, 0);
         QVERIFY(!amount->isVisible());
 
-        progress.pointer(11);
-        progress.pointer(11);
+        progress.pointer(platform::PointerShape::busy);
+        progress.pointer(platform::PointerShape::busy);
         QVERIFY(QApplication::overrideCursor() != nullptr);
-        progress.pointer(1);
+        progress.pointer(platform::PointerShape::ordinary);
         QVERIFY(QApplication::overrideCursor() == nullptr);
         progress.attach(nullptr);
         progress.step(1, 2);

@@ -2,6 +2,8 @@
 
 #include "qt/canvas/canvas_view.h"
 
+#include <QScrollBar>
+#include <algorithm>
 #include <functional>
 #include <random>
 
@@ -293,7 +295,7 @@ class CanvasViewTest : public WindowTest {
         canvas::LabelsD& source = scene.add(canvas::NodeTypeRecordSet, 300, 1500);
         canvas::LabelsD& node = scene.add(canvas::NodeTypeActivity, 3000, 1500);
         node.setReady(true);
-        auto& links = *node.activity()->Act_Inputs->Add("A", 0, 0, "A").ProvidedFrom;
+        auto& links = *node.activity()->Act_Inputs->Add("A", 0, entities::TagNone, "A").ProvidedFrom;
         for (const ThemeMode mode : {ThemeMode::light, ThemeMode::dark}) {
             scene.theme.setMode(mode);
             links.Add("n0", entities::LinkRecordSet, "n0.A");
@@ -348,6 +350,35 @@ class CanvasViewTest : public WindowTest {
             return paper.painter.nodes().cache().laidOut(node->Index());
         });
         QVERIFY(laidOut > 0 && laidOut < 300);
+    }
+
+    void severalViewsShowOneCanvas() {
+        Scene scene;
+        canvas::LabelsD& node = scene.add(canvas::NodeTypeRecordSet, 300, 300);
+        WatchedView other(scene.form, scene.theme);
+        other.resize(300, 200);
+        other.show();
+        scene.settle();
+        other.verticalScrollBar()->setValue(100);
+        other.setScale(0.5);
+        QVERIFY(scene.view.verticalScrollBar()->value() == 0 && scene.view.scale() == 1);
+        QVERIFY(other.state().window.seen().y > 0 && scene.view.state().window.seen().y == 0);
+        other.painted = {};
+        QVERIFY(!scene.repainted([&] { node.setBox({300, 6000, 1050, 450}); }).isEmpty());
+        QVERIFY2(!other.painted.isEmpty(), "the other one shows it, too");
+        other.painted = {};
+        canvas::ViewState& state = scene.view.ownState();
+        QVERIFY(!scene
+                     .repainted([&] {
+                         state.CroppingRect.show({300, 3000, 3000, 3000});
+                         state.tell();
+                     })
+                     .isEmpty());
+        QVERIFY2(other.painted.isEmpty(), "a gesture shows in its own view");
+        const int reach = other.horizontalScrollBar()->maximum();
+        scene.form.PicForm.setSize(34000, 13000);
+        scene.form.tellPicture();
+        QVERIFY(other.horizontalScrollBar()->maximum() > reach);
     }
 
     void onlyTheChangedAreaIsRepainted() {

@@ -24,7 +24,7 @@ struct Zoomed : StartedProgram {
         canvas::LabelsD& activity = *design->nodeNamed("Activity2");
         for (int at = 0; at < inputs; ++at) {
             const std::string name = "MORE_" + std::to_string(at);
-            activity.activity()->Act_Inputs->Add(name, 0, 0, name).ParentKeyName = "Activity2";
+            activity.activity()->Act_Inputs->Add(name, 0, entities::TagNone, name).ParentKeyName = "Activity2";
         }
         design->SelectedLabels.Clear();
         design->SelectedLabels.Add(activity.Index());

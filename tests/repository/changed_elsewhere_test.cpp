@@ -42,11 +42,11 @@ class ChangedElsewhereTest : public StoredScenarioTest {
         } else if (auto* owner = node.activity(); owner && below(2) == 0) {
             moveLast(*owner->Act_Functions);
             moveLast(*owner->Act_Parameters);
-            owner->Act_Parameters->Add(fresh("P"), 2, static_cast<std::int16_t>(below(3)), fresh("P")).ParentKeyName =
-                owner->Act_Name;
+            owner->Act_Parameters->Add(fresh("P"), 2, static_cast<entities::TagCode>(below(3)), fresh("P"))
+                .ParentKeyName = owner->Act_Name;
             if (auto* output = owner->Act_Outputs->Item(1)) {
                 output->Attribute_Type = static_cast<std::int16_t>(below(5));
-                output->Tag = static_cast<std::int16_t>(below(3));
+                output->Tag = static_cast<entities::TagCode>(below(3));
             }
         } else {
             node.setLeft(static_cast<float>(below(5000)));

@@ -32,7 +32,7 @@ TEST_P(SaveBreaksOff, AndNothingIsLostOrLeft) {
         }
         if (storedBefore && edited) {
             GraphBuilder(*form).recordSet("RS3", {"B"}).Changed = true;
-            auto& parameter = activity(*form).Act_Parameters->Add("Q", 1, 8, "Q");
+            auto& parameter = activity(*form).Act_Parameters->Add("Q", 1, entities::TagTypeParameter, "Q");
             parameter.ParentKeyName = "Act1";
             parameter.NodeKind = entities::KindParameter;
             recordSet(*form, "RS2").RecordSet_Outputs->move(1, 2);

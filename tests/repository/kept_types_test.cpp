@@ -229,10 +229,10 @@ TEST_F(KeptTypesTest, AScenarioWhoseTypesAreGoneIsStoredWithThemOrNotAtAll) {
     kept.LoadActivityTypes();
     owner.Act_Type = kept.ActivityTypeIndex("Mask");
     owner.Act_SchemaNo = 2;
-    owner.Act_Outputs->Add("Act1.Out", money, 7, "Act1.Out").ParentKeyName = "Act1";
+    owner.Act_Outputs->Add("Act1.Out", money, entities::TagTypeOutput, "Act1.Out").ParentKeyName = "Act1";
     owner.Act_Parameters->Item("P")->Parameter_Type = money;
     owner.Act_Functions->Item("F")->Function_Type = kept.FunctionTypeIndex("RATE");
-    owner.Act_Functions->Item("F")->Function_Source = entities::kSourceActivityType;
+    owner.Act_Functions->Item("F")->Function_Source = entities::SourceActivityType;
     for (const auto& [kind, name] : {std::pair{TypeKind::data, "MONEY"}, std::pair{TypeKind::function, "RATE"},
                                      std::pair{TypeKind::activity, "Mask"}}) {
         ASSERT_TRUE(deleteElsewhere(kind, name));

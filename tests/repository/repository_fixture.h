@@ -59,7 +59,7 @@ class RepositoryTest : public ::testing::Test {
     }
     ~RepositoryTest() override {
         EXPECT_EQ(database.openNow, 0) << "a connection was left open";
-        EXPECT_EQ(progress.pointerShape, 1);
+        EXPECT_EQ(progress.pointerShape, platform::PointerShape::ordinary);
     }
 
     std::unique_ptr<canvas::DrawForm> newForm(const std::string& caption) {

@@ -37,7 +37,7 @@ class ScenarioSaveTest : public ::testing::Test {
         recordSet().RecordSet_Outputs->Add("A", 0, "A").ProviderFor->Add("Act1", entities::LinkRecordSet, "Act1.IN.A");
         entities::ActivityProperties& activity = *form->nodeNamed("Act1")->activity();
         activity.Act_Type = 1;
-        auto& providers = activity.Act_Inputs->Add("A", 0, 1, "A").ProvidedFrom;
+        auto& providers = activity.Act_Inputs->Add("A", 0, entities::TagRecordSet, "A").ProvidedFrom;
         providers->Add("RS1", entities::LinkRecordSet, "RS1.A");
         providers->Add("RS9", entities::LinkRecordSet, "RS9.A");
         form->Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);

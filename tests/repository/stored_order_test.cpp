@@ -15,9 +15,9 @@ class StoredOrderTest : public StoredScenarioTest {
     StoredOrderTest() {
         entities::ActivityProperties& owner = activity(*form);
         for (const char* name : {"B", "C"}) {
-            owner.Act_Inputs->Add(name, 1, 0, name).ParentKeyName = "Act1";
-            owner.Act_Outputs->Add(name, 1, 0, name).ParentKeyName = "Act1";
-            owner.Act_Parameters->Add(name, 1, 8, name).ParentKeyName = "Act1";
+            owner.Act_Inputs->Add(name, 1, entities::TagNone, name).ParentKeyName = "Act1";
+            owner.Act_Outputs->Add(name, 1, entities::TagNone, name).ParentKeyName = "Act1";
+            owner.Act_Parameters->Add(name, 1, entities::TagTypeParameter, name).ParentKeyName = "Act1";
         }
         addFunction(*form, "G", 2);
         addFunction(*form, "H", 3);
@@ -56,13 +56,13 @@ TEST_F(StoredOrderTest, ComesBackAsItIsShown) {
         {"parameters", [&] { owner().Act_Parameters->move(1, 3); }, 0},
         {"a new input in front",
          [&] { owner().Act_Inputs->insert(1, owner().Act_Inputs->Item("C")->Clone(), "D").Key = "D"; }, 1},
-        {"a tag", [&] { owner().Act_Outputs->Item(3)->Tag = 5; }, 1},
-        {"a tag in the middle", [&] { owner().Act_Parameters->Item(2)->Tag = 5; }, 2},
+        {"a tag", [&] { owner().Act_Outputs->Item(3)->Tag = entities::TagFunction; }, 1},
+        {"a tag in the middle", [&] { owner().Act_Parameters->Item(2)->Tag = entities::TagFunction; }, 2},
         {"tags that change places",
          [&] {
              owner().Act_Parameters->move(1, 2);
-             owner().Act_Parameters->Item(1)->Tag = 8;
-             owner().Act_Parameters->Item(2)->Tag = 5;
+             owner().Act_Parameters->Item(1)->Tag = entities::TagTypeParameter;
+             owner().Act_Parameters->Item(2)->Tag = entities::TagFunction;
          },
          0},
         {"the type that a link gave",
@@ -77,7 +77,8 @@ TEST_F(StoredOrderTest, ComesBackAsItIsShown) {
         {"the source of an attribute", [&] { recordSet(*form, "RS2").addDbKey(attributes().Item(2)->Key, "db"); }, 1},
         {"inputs of a function", [&] { function().Function_Inputs->move(2, 1); }, 0},
         {"the last function in front", [&] { owner().Act_Functions->move(3, 1); }, 6},
-        {"the source of a function", [&] { owner().Act_Functions->Item(3)->Function_Source = 9; }, 3},
+        {"the source of a function",
+         [&] { owner().Act_Functions->Item(3)->Function_Source = entities::SourceActivityType; }, 3},
     };
     for (const auto& [name, make, drawn] : edits) {
         SCOPED_TRACE(name);

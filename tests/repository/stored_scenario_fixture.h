@@ -46,7 +46,7 @@ class StoredScenarioTest : public ::testing::Test, public canvas::ScenarioStore 
         builder.recordSet("Bare");
         entities::ActivityProperties& activity = builder.activity("Act1", {"A"}, {"O"});
         activity.Act_Type = 3;
-        auto& parameter = activity.Act_Parameters->Add("P", 1, 8, "P");
+        auto& parameter = activity.Act_Parameters->Add("P", 1, entities::TagTypeParameter, "P");
         parameter.ParentKeyName = "Act1";
         parameter.RegulatedFrom->Add("Act1", entities::LinkInput, ".IN.A");
         activity.Act_Inputs->Item("A")->RegulatorFor->Add("Act1", entities::LinkInput, ".PARAM.P");

@@ -146,7 +146,7 @@ class Drawn {
         activity.Act_Type = static_cast<std::int16_t>(pick(4));
         activity.Act_LDL = text();
         activity.Act_Description = text();
-        activity.Act_Parameters->Add("P", 1, 8, "P").ParentKeyName = name;
+        activity.Act_Parameters->Add("P", 1, entities::TagTypeParameter, "P").ParentKeyName = name;
         auto& parameter = *activity.Act_Parameters->Item("P");
         const std::string input = one("ABC", 3);
         parameter.RegulatedFrom->Add(name, entities::LinkInput, ".IN." + input);

@@ -44,13 +44,13 @@ TEST_F(SampleScenario, RichActivityHoldsItsMembersAndFunctions) {
     EXPECT_EQ(keysOf(rich.Act_Inputs), "SONUM AU_ID Activity1.Output12 ");
     EXPECT_EQ(keysOf(rich.Act_Outputs), "ED_ID SONUM AU_ID Activity1.Output12 Activity2.Output22 ");
     FunctionProperties& own = *rich.Act_Functions->Item("MyFun");
-    EXPECT_EQ(own.Function_Source, 5);
+    EXPECT_EQ(own.Function_Source, entities::SourceOwn);
     EXPECT_EQ(own.Function_Inputs->Item(1)->ParentFunctionActivity, "Activity2");
     EXPECT_EQ(linksOf(own.Function_Inputs->Item(1)->RegulatedFrom), "Activity2/13/.IN.Activity1.Output12 ");
     EXPECT_EQ(linksOf(own.Function_Inputs->Item(2)->RegulatedFrom), "RS3/12/RS3.PUB_ID ");
     EXPECT_EQ(linksOf(own.Function_Inputs->Item(3)->RegulatedFrom), "Constant1/14/Constant1 ");
     FunctionProperties& brought = *rich.Act_Functions->Item("Activity2.Fun22");
-    EXPECT_EQ(brought.Function_Source, 9);
+    EXPECT_EQ(brought.Function_Source, entities::SourceActivityType);
     EXPECT_EQ(linksOf(brought.Function_Outputs->Item(1)->RegulatorFor), "Activity2/11/.OUT.Activity1.Output12 ");
     EXPECT_EQ(rich.Act_SchemaNo, 2) << "as its type has it";
 }

@@ -23,10 +23,10 @@ void build(LDLForm& open, const std::vector<std::pair<LDLVariableType, std::vect
 
 std::string built(const entities::ActivityProperties& activity) {
     std::string text;
-    const auto line = [&text](const std::string& name, entities::NodeKindCode kind, int tag, int type,
+    const auto line = [&text](const std::string& name, entities::NodeKindCode kind, entities::TagCode tag, int type,
                               const auto& links) {
-        text += name + " " + std::to_string(platform::numberOf(kind)) + "/" + std::to_string(tag) + "/" +
-                std::to_string(type);
+        text += name + " " + std::to_string(platform::numberOf(kind)) + "/" + std::to_string(platform::numberOf(tag)) +
+                "/" + std::to_string(type);
         for (const entities::RegulatorProperties& link : links) {
             text += " <- " + link.Regulator_name + " " + std::to_string(platform::numberOf(link.Regulator_type)) + " " +
                     link.Regulator_Key();
@@ -34,7 +34,8 @@ std::string built(const entities::ActivityProperties& activity) {
         text += "\n";
     };
     for (const auto& function : activity.Act_Functions) {
-        text += "function " + function.Function_Key + " " + std::to_string(function.Function_Source) + "/" +
+        text += "function " + function.Function_Key + " " +
+                std::to_string(platform::numberOf(function.Function_Source)) + "/" +
                 std::to_string(function.Function_Type) + " of " + function.ParentKeyName() + "\n";
         for (const auto* side : {&function.Function_Inputs, &function.Function_Outputs}) {
             for (const auto& p : *side) {
@@ -55,7 +56,7 @@ std::string built(const entities::ActivityProperties& activity) {
 TEST_F(ActivityBuilderTest, BuildsTheActivity) {
     activity->Act_Inputs->Item("AGE")->Attribute_Type = 1;
     activity->Act_Outputs->Item("OUT")->SubNode_ID = 11;
-    activity->Act_Parameters->Add("Old", 0, 0, "Old").SubNode_ID = 12;
+    activity->Act_Parameters->Add("Old", 0, entities::TagNone, "Old").SubNode_ID = 12;
     entities::FunctionProperties old;
     old.Function_Key = old.Function_Name = "OldFun";
     old.FunctionID = 13;

@@ -33,8 +33,8 @@ std::string buttons(const LDLForm& form) {
 }
 
 TEST_F(LDLFormTest, OpensAndClosesAroundTheGraph) {
-    activity->Act_Outputs->Add("GENERATED", 0, 15, "GENERATED").ParentKeyName = "Act";
-    activity->Act_Outputs->Add("TYPES", 0, 7, "TYPES").ParentKeyName = "Act";
+    activity->Act_Outputs->Add("GENERATED", 0, entities::TagWizard, "GENERATED").ParentKeyName = "Act";
+    activity->Act_Outputs->Add("TYPES", 0, entities::TagTypeOutput, "TYPES").ParentKeyName = "Act";
     const std::string before = testkit::modelText(form);
     Dialog dialog;
     ActivityDialog* const callers[] = {nullptr, &dialog};

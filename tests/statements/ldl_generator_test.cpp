@@ -114,7 +114,7 @@ TEST_F(LDLGeneratorTest, ActivityNames) {
 TEST_F(LDLGeneratorTest, TenAttributesAndMore) {
     for (int i = 3; i <= 12; ++i) {
         const std::string name = "C" + std::to_string(i);
-        activity->Act_Inputs->Add(name, 0, 0, name).ParentKeyName = "CheckAge";
+        activity->Act_Inputs->Add(name, 0, entities::TagNone, name).ParentKeyName = "CheckAge";
         activity->Act_Inputs->Item(name)->ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS." + name);
         outputs.append(activity->Act_Inputs->share(activity->Act_Inputs->Count()), name);
     }
@@ -159,7 +159,7 @@ TEST_F(LDLGeneratorTest, WhatGrowsWithoutEndIsStopped) {
 TEST_F(LDLGeneratorTest, ManyAttributesInALongTextAreNoEndlessWork) {
     for (int i = 3; i <= 400; ++i) {
         const std::string name = "C" + std::to_string(i);
-        activity->Act_Inputs->Add(name, 0, 0, name)
+        activity->Act_Inputs->Add(name, 0, entities::TagNone, name)
             .ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS." + name);
     }
     sources = sourcesOf(*activity);

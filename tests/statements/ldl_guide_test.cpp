@@ -26,7 +26,7 @@ class LDLGuideTest : public WizardTest {
     void inputs(int count) {
         for (int i = activity->Act_Inputs.count() + 1; i <= count; ++i) {
             const std::string name = "C" + std::to_string(i);
-            activity->Act_Inputs->Add(name, 0, 0, name).ParentKeyName = "Act";
+            activity->Act_Inputs->Add(name, 0, entities::TagNone, name).ParentKeyName = "Act";
             activity->Act_Inputs->Item(name)->ProvidedFrom->Add("SRC", entities::LinkRecordSet, "SRC." + name);
         }
     }
@@ -40,7 +40,7 @@ TEST_F(LDLGuideTest, SaysWhatDoesNotFit) {
     const auto outputs = [this](std::initializer_list<const char*> names) {
         activity->Act_Outputs->Clear();
         for (const char* name : names) {
-            activity->Act_Outputs->Add(name, 0, 0, name).ParentKeyName = "Act";
+            activity->Act_Outputs->Add(name, 0, entities::TagNone, name).ParentKeyName = "Act";
         }
     };
     for (const char* text : {kPassOn, kCarryOn}) {
@@ -98,7 +98,7 @@ TEST_F(LDLGuideTest, OffersWholeNumbersFromTenOn) {
 }
 
 TEST_F(LDLGuideTest, TellsHowManyLinksGo) {
-    activity->Act_Outputs->Add("GENERATED", 0, kTagWizardOutput, "GENERATED").ParentKeyName = "Act";
+    activity->Act_Outputs->Add("GENERATED", 0, entities::TagWizard, "GENERATED").ParentKeyName = "Act";
     graph.recordSet("OUT", {"A", "B"});
     graph.feed("Act.OUT.OUT", "OUT.A");
     EXPECT_EQ(advice("@X"), "") << "an output by hand stays";

@@ -270,12 +270,12 @@ TEST_F(LDLScenarioTest, AStatementThatDoesNotFitSaysWhere) {
          "act_out has the outputs in another order than the activity."},
         {[](Activity& a, auto&) { a.Act_Inputs->Remove("AGE"); },
          "act_in1 has 2 arguments, source 1 (SRC) gives 1 input. (and 1 more)"},
-        {[](Activity& a, auto&) { a.Act_Outputs->Add("MORE", 0, 0, "MORE"); },
+        {[](Activity& a, auto&) { a.Act_Outputs->Add("MORE", 0, entities::TagNone, "MORE"); },
          "act_out has 2 arguments, the activity has 3 outputs."},
         {[](Activity& a, auto&) { a.Act_Inputs->Item("KEY")->ProvidedFrom->Clear(); },
          "There is no source 2: the activity has 1 source."},
         {[](Activity& a, auto& drawn) {
-             a.Act_Inputs->Add("NEW", 0, 0, "NEW").ParentKeyName = "Act";
+             a.Act_Inputs->Add("NEW", 0, entities::TagNone, "NEW").ParentKeyName = "Act";
              drawn.recordSet("THIRD", {"NEW"});
              drawn.feed("THIRD.NEW", "Act.IN.NEW");
          },

@@ -89,12 +89,12 @@ class StarterActivitiesTest : public testkit::CanvasTest {
             const std::string name = "SOURCE" + std::to_string(form.LabelsNo);
             draw(name, split(source, ' '));
             for (const std::string& attribute : split(source, ' ')) {
-                activity.Act_Inputs->Add(attribute, 0, 0, attribute).ParentKeyName = "Sel";
+                activity.Act_Inputs->Add(attribute, 0, entities::TagNone, attribute).ParentKeyName = "Sel";
                 graph.feed(name + "." + attribute, "Sel.IN." + attribute);
             }
         }
         for (const std::string& output : split(starter["output"].empty() ? kFirstSource : starter["output"][0], ' ')) {
-            activity.Act_Outputs->Add(output, 0, 0, output).ParentKeyName = "Sel";
+            activity.Act_Outputs->Add(output, 0, entities::TagNone, output).ParentKeyName = "Sel";
         }
         activity.Act_Type = catalogue.ActivityTypeIndex(starter["type"][0]);
         window.play = [&starter](LDLForm& wizard) { answer(wizard, starter["var"]); };

@@ -29,10 +29,10 @@ class GraphBuilder {
         entities::ActivityProperties& result = *node(name, canvas::NodeTypeActivity).activity();
         result.Act_Type = 0;
         for (const std::string input : inputs) {
-            result.Act_Inputs->Add(input, 0, 0, input).ParentKeyName = name;
+            result.Act_Inputs->Add(input, 0, entities::TagNone, input).ParentKeyName = name;
         }
         for (const std::string output : outputs) {
-            result.Act_Outputs->Add(output, 0, 0, output).ParentKeyName = name;
+            result.Act_Outputs->Add(output, 0, entities::TagNone, output).ParentKeyName = name;
         }
         return result;
     }

@@ -46,7 +46,7 @@ class Writer {
         if (const auto* functions = activity.Act_Functions.peek()) {
             for (const FunctionProperties& function : *functions) {
                 out_ << "  function '" << function.Function_Key << "' type " << function.Function_Type << " source "
-                     << function.Function_Source << " parent '" << function.ParentKeyName() << "'\n";
+                     << numberOf(function.Function_Source) << " parent '" << function.ParentKeyName() << "'\n";
                 parameters("  in", function.Function_Inputs.peek());
                 parameters("  out", function.Function_Outputs.peek());
             }
@@ -69,8 +69,8 @@ class Writer {
         }
         for (const AttributeProperties& each : *list) {
             out_ << "  " << word << " '" << each.Key << "' name '" << each.Attribute_Name << "' kind "
-                 << numberOf(each.NodeKind) << " type " << each.Attribute_Type << " tag " << each.Tag << " parent '"
-                 << each.ParentKeyName << "'\n";
+                 << numberOf(each.NodeKind) << " type " << each.Attribute_Type << " tag " << numberOf(each.Tag)
+                 << " parent '" << each.ParentKeyName << "'\n";
             links("provided from", each.ProvidedFrom);
             links("provider for", each.ProviderFor);
             links("regulated from", each.RegulatedFrom);
@@ -84,8 +84,8 @@ class Writer {
         }
         for (const ParameterProperties& each : *list) {
             out_ << "  " << word << " '" << each.Key << "' name '" << each.Parameter_Name << "' kind "
-                 << numberOf(each.NodeKind) << " type " << each.Parameter_Type << " tag " << each.Tag << " parent '"
-                 << each.ParentKeyName << "' of '" << each.ParentFunctionActivity << "'\n";
+                 << numberOf(each.NodeKind) << " type " << each.Parameter_Type << " tag " << numberOf(each.Tag)
+                 << " parent '" << each.ParentKeyName << "' of '" << each.ParentFunctionActivity << "'\n";
             links("regulated from", each.RegulatedFrom);
             links("regulator for", each.RegulatorFor);
         }

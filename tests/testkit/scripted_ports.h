@@ -167,11 +167,11 @@ class MemorySettings : public platform::SettingsStore {
 /// Takes everything and keeps what a test may ask about.
 class QuietProgress : public platform::Progress {
   public:
-    int pointerShape = 1;
+    platform::PointerShape pointerShape = platform::PointerShape::ordinary;
     std::vector<std::string> statuses;
     std::function<void()> openStatus;  ///< the list of the last one
 
-    void pointer(int shape) override { pointerShape = shape; }
+    void pointer(platform::PointerShape shape) override { pointerShape = shape; }
     void status(const std::string& text) override { statusWith(text, {}); }
     void statusWith(const std::string& text, const std::function<void()>& open) override {
         statuses.push_back(text);

@@ -234,7 +234,7 @@ class LinkGraph {
     template <class List>
     static Entity item(List& list, const std::string& owner, entities::NodeKindCode kind, const std::string& key) {
         if (!list.Item(key)) {
-            auto& added = list.Add(key, 0, 0, key);
+            auto& added = list.Add(key, 0, entities::TagNone, key);
             added.NodeKind = kind;
             added.ParentKeyName = owner;
         }

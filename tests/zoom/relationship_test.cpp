@@ -38,11 +38,11 @@ class Relationship : public testkit::CanvasTest {
         }
         ActivityProperties& a = *design.nodeNamed("A")->activity();
         a.Act_Inputs->Add("i", 0, tagOf(LinkRecordSet), "i");
-        a.Act_Outputs->Add("o", 0, 0, "o");
+        a.Act_Outputs->Add("o", 0, entities::TagNone, "o");
         a.Act_Parameters->Add("p", 0, tagOf(LinkTypeParameter), "p");
         a.Act_Functions->AddFunctionProps(function(), "F", 0).setParentKeyName("A");
-        design.nodeNamed("B")->activity()->Act_Outputs->Add("bo", 0, 0, "bo");
-        design.nodeNamed("D")->activity()->Act_Inputs->Add("di", 0, 0, "di");
+        design.nodeNamed("B")->activity()->Act_Outputs->Add("bo", 0, entities::TagNone, "bo");
+        design.nodeNamed("D")->activity()->Act_Inputs->Add("di", 0, entities::TagNone, "di");
         for (const char* name : {"A", "B", "D"}) {
             own(*design.nodeNamed(name)->activity(), name);
         }
@@ -54,7 +54,7 @@ class Relationship : public testkit::CanvasTest {
 
     static FunctionProperties function() {
         FunctionProperties made;
-        made.Function_Source = kSourceOwn;
+        made.Function_Source = SourceOwn;
         made.Function_Inputs->Add("fi", 0, "fi").NodeKind = KindFunctionInput;
         made.Function_Outputs->Add("fo", 0, "fo").NodeKind = KindFunctionOutput;
         made.Function_Inputs->Item(1)->ParentKeyName = "F";
@@ -63,7 +63,7 @@ class Relationship : public testkit::CanvasTest {
     }
 
     /// Another function like that one, shown with its parameters.
-    void addFunction(const std::string& key, std::int16_t source, bool free) {
+    void addFunction(const std::string& key, FunctionSourceCode source, bool free) {
         LabelsD& shown = form.Labels.Add({0, 0, 1050, 450}, key, canvas::NodeTypeFunction);
         auto& added = *shown.entity<FunctionProperties>();
         added.Function_Inputs->AddFullParameter(*function().Function_Inputs->Item(1), "fi", false, 0);
@@ -143,7 +143,7 @@ struct Allowed {
     const char* sourceLink;  ///< list, type, name, key
     const char* target;
     const char* targetLink;
-    std::int16_t tagOfTo = -1;
+    std::optional<TagCode> tagOfTo{};
 };
 
 constexpr auto P = canvas::EdgeTypeProvider;
@@ -151,13 +151,13 @@ constexpr auto R = canvas::EdgeTypeRegulator;
 
 const std::vector<Allowed> kAllowed = {
     {P, "A.IN.i", "A.OUT.o", "A.IN.i", "-> 3 A .OUT.o", "A.OUT.o", "<- 3 A .IN.i"},
-    {P, "A.OUT.o", "D.IN.di", "A.OUT.o", "-> 2 D D.IN.di", "D.IN.di", "<- 2 A A.OUT.o", 2},
-    {P, "B.OUT.bo", "A.IN.i", "B.OUT.bo", "-> 2 A A.IN.i", "A.IN.i", "<- 2 B B.OUT.bo", 2},
-    {P, "B.OUT.bo", "D.IN.di", "B.OUT.bo", "-> 2 D D.IN.di", "D.IN.di", "<- 2 B B.OUT.bo", 2},
+    {P, "A.OUT.o", "D.IN.di", "A.OUT.o", "-> 2 D D.IN.di", "D.IN.di", "<- 2 A A.OUT.o", TagActivity},
+    {P, "B.OUT.bo", "A.IN.i", "B.OUT.bo", "-> 2 A A.IN.i", "A.IN.i", "<- 2 B B.OUT.bo", TagActivity},
+    {P, "B.OUT.bo", "D.IN.di", "B.OUT.bo", "-> 2 D D.IN.di", "D.IN.di", "<- 2 B B.OUT.bo", TagActivity},
     {P, "A.OUT.o", "R.r", "A.OUT.o", "-> 1 R R.r", "R.r", "<- 1 A A.OUT.o"},
     {P, "B.OUT.bo", "R.r", "B.OUT.bo", "-> 1 R R.r", "R.r", "<- 1 B B.OUT.bo"},
-    {P, "R.r", "A.IN.i", "R.r", "-> 1 A A.IN.i", "A.IN.i", "<- 1 R R.r", 1},
-    {P, "R.r", "D.IN.di", "R.r", "-> 1 D D.IN.di", "D.IN.di", "<- 1 R R.r", 1},
+    {P, "R.r", "A.IN.i", "R.r", "-> 1 A A.IN.i", "A.IN.i", "<- 1 R R.r", TagRecordSet},
+    {P, "R.r", "D.IN.di", "R.r", "-> 1 D D.IN.di", "D.IN.di", "<- 1 R R.r", TagRecordSet},
     {R, "A.IN.i", "A.PARAM.p", "A.IN.i", "~> 3 A .PARAM.p", "A.PARAM.p", "<~ 3 A .IN.i"},
     {R, "A.IN.i", "F.IN.fi", "A.IN.i", "~> 13 F F.IN.fi", "F.IN.fi", "<~ 13 A .IN.i"},
     {R, "A.OUT.o", "A.PARAM.p", "A.PARAM.p", "~> 10 A .OUT.o", "A.OUT.o", "<~ 10 A .PARAM.p"},
@@ -222,9 +222,9 @@ TEST_F(Relationship, EveryPairStandsAsToldOrIsRefused) {
                 std::sort(expected.begin(), expected.end());
                 EXPECT_EQ(links(), expected);
                 auto* input = node(to).entity<AttributeProperties>();
-                if (row->tagOfTo >= 0) {
-                    EXPECT_EQ(input->Tag, row->tagOfTo);
-                    input->Tag = to == "A.IN.i" ? 1 : 0;
+                if (row->tagOfTo) {
+                    EXPECT_EQ(input->Tag, *row->tagOfTo);
+                    input->Tag = to == "A.IN.i" ? TagRecordSet : TagNone;
                 }
                 zoom::RemoveRelationship(form, edge);
                 EXPECT_NE(form.Lines.byIndex(edge), nullptr) << "the edge is left to the caller";
@@ -277,7 +277,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
                                                 {3, "A.PARAM.p", "R.r", false},
                                                 {0, "A.PARAM.p", "C", true}}) {
         SCOPED_TRACE(from + std::string(" to ") + to);
-        node("A.PARAM.p").entity<ParameterProperties>()->Tag = static_cast<std::int16_t>(tag);
+        node("A.PARAM.p").entity<ParameterProperties>()->Tag = static_cast<TagCode>(tag);
         if (!stands) {
             expectWarning("This Relationship Is Not Valid!");
         }
@@ -417,7 +417,7 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     const auto free = std::get<platform::Shared<FunctionProperties>>(node("F").Properties).share();
     EXPECT_EQ(node("A").activity()->Act_Functions.count(), 0);
     EXPECT_EQ(free->ParentKeyName(), "");
-    EXPECT_EQ(free->Function_Source, 0);
+    EXPECT_EQ(free->Function_Source, SourceNone);
     EXPECT_EQ(free->FunctionID, 0);
     EXPECT_EQ(free->Function_Inputs->Item("fi")->SubNode_ID + free->Function_Outputs->Item("fo")->SubNode_ID, 0);
     EXPECT_EQ(links(), std::vector<std::string>{}) << "the record set's link under the function's old key goes too";
@@ -430,7 +430,7 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     ASSERT_NE(tied, nullptr);
     EXPECT_EQ(tied, node("F").entity<FunctionProperties>());
     EXPECT_EQ(tied->Function_Inputs.peek()->Item("fi"), node("F.IN.fi").entity<ParameterProperties>());
-    EXPECT_EQ(tied->Function_Source, kSourceOwn);
+    EXPECT_EQ(tied->Function_Source, SourceOwn);
     EXPECT_EQ(node("F.IN.fi").entity<ParameterProperties>()->ParentFunctionActivity, "A");
     const canvas::LinesD* drawn =
         form.Lines.FindConnectingLine(node("A").Index(), node("F").Index(), canvas::EdgeTypePartOf, false);
@@ -458,7 +458,7 @@ TEST_F(Relationship, FunctionsGiveTheirLinksBack) {
     struct Function {
         const char* key;
         const char* recordSetsKey;
-        std::int16_t source;
+        FunctionSourceCode source;
         bool free;
     };
     struct Row {
@@ -483,8 +483,8 @@ TEST_F(Relationship, FunctionsGiveTheirLinksBack) {
         {"B.OUT.bo", "@.OUT.fo", "@.OUT.fo ~> 11 B .OUT.bo", "B.OUT.bo <~ 11 @ @.OUT.fo", true},
         {"@.OUT.fo", "B.OUT.bo", "@.OUT.fo ~> 11 B .OUT.bo", "B.OUT.bo <~ 11 @ @.OUT.fo", true},
     };
-    for (const Function& made : {Function{"F", "F.A.fi", kSourceOwn, false}, Function{"G", "G.IN.fi", 0, true},
-                                 Function{"A.T", "A.T.IN.fi", kSourceActivityType, false}}) {
+    for (const Function& made : {Function{"F", "F.A.fi", SourceOwn, false}, Function{"G", "G.IN.fi", SourceNone, true},
+                                 Function{"A.T", "A.T.IN.fi", SourceActivityType, false}}) {
         const std::string key = made.key;
         const auto filled = [&](std::string text) {
             for (const auto& [mark, word] : {std::pair('@', made.key), std::pair('*', made.recordSetsKey)}) {
@@ -593,7 +593,7 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
         EXPECT_EQ(links::changeWords(*changes),
                   run == 0 ? "Deleted: RS2 → A1, RS1 → A1. Drawn: A2 → RS2, A1 → A2, RS4 → A2 and 3 more"
                            : "Every provider edge has its links; none was missing.");
-        EXPECT_EQ(progress.pointerShape, 1);
+        EXPECT_EQ(progress.pointerShape, platform::PointerShape::ordinary);
     }
     // A node whose name another one bears is fed, and feeds nobody.
     design.quietNames = true;

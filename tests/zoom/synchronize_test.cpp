@@ -242,8 +242,8 @@ TEST_F(Rename, EndsInACycleAndInAVeryLongChain) {
     for (int at = 1; at <= kLength; ++at) {
         const std::string name = "N" + std::to_string(at);
         auto& activity = *chain.Labels.Add({0, 0, 1050, 450}, name, canvas::NodeTypeActivity).activity();
-        AttributeProperties& input = activity.Act_Inputs->Add("A", 0, 0, "A");
-        AttributeProperties& output = activity.Act_Outputs->Add("A", 0, 0, "A");
+        AttributeProperties& input = activity.Act_Inputs->Add("A", 0, entities::TagNone, "A");
+        AttributeProperties& output = activity.Act_Outputs->Add("A", 0, entities::TagNone, "A");
         input.ParentKeyName = output.ParentKeyName = name;
         provider->ProviderFor->Add(name, at == 1 ? LinkRecordSet : LinkActivity, name + ".IN.A");
         input.ProviderFor->Add(name, LinkActivityInput, ".OUT.A");

@@ -172,7 +172,7 @@ TEST_F(ZoomEdits, WhatIsShownBesidesFollowsEdits) {
 
 TEST_F(ZoomEdits, AMemberComesToAnotherOwnerAsItWasFreed) {
     open();
-    node("A2.IN.SONUM").entity<AttributeProperties>()->Tag = 9;
+    node("A2.IN.SONUM").entity<AttributeProperties>()->Tag = TagTypeFunction;
     graph.activity("A2");
     const auto untie = [&](const char* owner, const char* member) -> LabelsD& {
         LabelsD& freed = node(member);
@@ -183,7 +183,7 @@ TEST_F(ZoomEdits, AMemberComesToAnotherOwnerAsItWasFreed) {
     };
     LabelsD& attribute = untie("A2", "A2.IN.SONUM");
     EXPECT_NE(draw(node("A1"), attribute, T), nullptr);
-    EXPECT_EQ(node("A1.IN.SONUM").entity<AttributeProperties>()->Tag, 0) << "it comes from nowhere";
+    EXPECT_EQ(node("A1.IN.SONUM").entity<AttributeProperties>()->Tag, TagNone) << "it comes from nowhere";
     LabelsD& parameter = untie("A2", "A2.PARAM.AU_ID");
     parameter.showCaption("other");
     EXPECT_NE(draw(node("A1"), parameter, T), nullptr);
@@ -257,7 +257,7 @@ TEST_F(ZoomEdits, AFunctionIsEditedWhileItsActivityIsFolded) {
                                [&] {
                                    auto filled = std::make_shared<FunctionProperties>();
                                    filled->Function_Key = filled->Function_Name = "G";
-                                   filled->Function_Source = kSourceOwn;
+                                   filled->Function_Source = SourceOwn;
                                    filled->Function_Inputs->Add("fresh", 0, "fresh").NodeKind = KindFunctionInput;
                                    zoom::ReplaceFunction(*form, node("G"), filled);
                                    draw("RS3.PUB_ID", "G.IN.fresh", R);

@@ -39,8 +39,8 @@ class ZoomTest : public CanvasTest {
         for (const char* target : {"RS2", "A3"}) {
             edge("A2", target);
         }
-        graph.activity("A2").Act_Functions->Item("F1")->Function_Source = entities::kSourceOwn;
-        graph.activity("A2").Act_Functions->Item("A2.F2")->Function_Source = entities::kSourceActivityType;
+        graph.activity("A2").Act_Functions->Item("F1")->Function_Source = entities::SourceOwn;
+        graph.activity("A2").Act_Functions->Item("A2.F2")->Function_Source = entities::SourceActivityType;
         // The links' constant has no node on a design window.
         design.Labels.Remove(design.NamesColl.Item("C1"));
     }

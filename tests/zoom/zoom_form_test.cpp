@@ -76,7 +76,8 @@ TEST_F(ZoomWindow, ToolsPlaceFreeNodes) {
     };
     folded(*node("Function1").entity<FunctionProperties>())
         .RegulatedFrom->Add("Constant3", LinkConstantFunction, "Constant3");
-    neighbour.Act_Parameters->Add("P", 0, 0, "P").RegulatedFrom->Add("Constant4", LinkConstant, "Constant4");
+    neighbour.Act_Parameters->Add("P", 0, entities::TagNone, "P")
+        .RegulatedFrom->Add("Constant4", LinkConstant, "Constant4");
     folded(neighbour.Act_Functions->AddFunctionProps({}, "A1.F", 0))
         .RegulatedFrom->Add("Constant5", LinkConstantFunction, "Constant5");
     form->rules().placeNode(*form, "Constant", {0, 0});

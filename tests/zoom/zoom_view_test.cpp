@@ -89,7 +89,7 @@ TEST_F(ZoomView, ShowsEveryMemberAtItsPlaceUnderItsWholeKey) {
     EXPECT_EQ(node("A2.IN.SONUM").ToolTipText(), "SONUM(NUMBER)");
     EXPECT_EQ(node("C1").ToolTipText(), "C1(NUMBER)");
     EXPECT_EQ(node("F1").ToolTipText(), "");
-    EXPECT_EQ(progress.pointerShape, 1);
+    EXPECT_EQ(progress.pointerShape, platform::PointerShape::ordinary);
 }
 
 TEST_F(ZoomView, DrawsTheLinksOfTheModel) {
@@ -215,7 +215,7 @@ TEST_F(ZoomView, ApplyWithoutEditsChangesNothing) {
 TEST_F(ZoomView, ApplyKeepsTheOrderWhateverWasFolded) {
     open();
     ActivityProperties& activity = *node("A2").activity();
-    auto& attribute = activity.Act_Outputs->Add("NEW", 0, 0, "NEW");
+    auto& attribute = activity.Act_Outputs->Add("NEW", 0, entities::TagNone, "NEW");
     attribute.ParentKeyName = "A2";
     const Texts order = keys(activity.Act_Outputs);
     zoom::CollapseActivity(*form, index("A2"));
@@ -277,7 +277,7 @@ TEST_F(ZoomView, AnUnknownDataTypeStopsBeforeAnythingHasChanged) {
     const Texts shown = boxes();
     EXPECT_THROW(zoom::ExpandInputs(*form, index("A2")), platform::Fault);
     EXPECT_EQ(boxes(), shown);
-    EXPECT_EQ(progress.pointerShape, 1);
+    EXPECT_EQ(progress.pointerShape, platform::PointerShape::ordinary);
 }
 
 TEST_F(ZoomView, NewIdentifiersReachTheView) {

@@ -65,7 +65,7 @@ class ZoomWalk : public StoredScenarioTest {
                                      canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
         }
         entities::ActivityProperties& loop = *design.nodeNamed("Activity2")->activity();
-        loop.Act_Inputs->Add("LOOP", 0, 2, "LOOP").ParentKeyName = "Activity2";
+        loop.Act_Inputs->Add("LOOP", 0, entities::TagActivity, "LOOP").ParentKeyName = "Activity2";
         loop.Act_Inputs->Item("LOOP")->ProvidedFrom->Add("Activity2", entities::LinkActivity, "Activity2.OUT.SONUM");
         loop.Act_Outputs->Item("SONUM")->ProviderFor->Add("Activity2", entities::LinkActivity, "Activity2.IN.LOOP");
         LinkGraph::addNamesake(design, *loop.Act_Functions->Item("MyFun"), "Activity4", "ED_ID");
@@ -318,13 +318,12 @@ class ZoomWalk : public StoredScenarioTest {
     void expectEqualWhenLoaded() {
         ASSERT_EQ(user.told.back(), "Saved");
         // Tags are stored when a member's row is made, and never again; those of a function's parameters never.
-        std::map<std::int16_t, std::int16_t> tags;
+        std::map<std::int16_t, TagCode> tags;
         eachMember(design, [&](auto& member) {
             tags[member.SubNode_ID] = member.Tag;
             const bool ofFunction =
                 member.NodeKind == entities::KindFunctionInput || member.NodeKind == entities::KindFunctionOutput;
-            member.Tag =
-                ofFunction ? std::int16_t{0} : tagsInRows_.emplace(member.SubNode_ID, member.Tag).first->second;
+            member.Tag = ofFunction ? TagNone : tagsInRows_.emplace(member.SubNode_ID, member.Tag).first->second;
         });
         const std::string expected = modelText(design);
         eachMember(design, [&](auto& member) { member.Tag = tags[member.SubNode_ID]; });
@@ -352,7 +351,7 @@ class ZoomWalk : public StoredScenarioTest {
     platform::ProgramFolder folder_{"/data"};
     std::unique_ptr<zoom::ZoomForm> form_;
     std::mt19937 random_;
-    std::map<std::int16_t, std::int16_t> tagsInRows_;
+    std::map<std::int16_t, TagCode> tagsInRows_;
     std::string applied_;  ///< the scenario since changes were applied last
     std::vector<std::string> log_;
 };

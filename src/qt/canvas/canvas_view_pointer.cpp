@@ -26,8 +26,8 @@ canvas::Hit CanvasViewWidget::hitAt(QPointF pixel) const {
     const auto twips = [this](double pixels) { return static_cast<float>(pixels * kTwipsPerPixel / scale()); };
     const PictureIndex::EdgeHit edge =
         index_.edgeAt(place, node ? ofHandle : std::max(ofHandle, twips(kHandleReach)), node ? 0 : twips(kLineReach));
-    if (edge.handle != 0) {
-        return {canvas::Element::handle, edge.handle, node ? node->Index() : 0};
+    if (edge.handle != canvas::HandleNumber{}) {
+        return {canvas::Element::handle, static_cast<std::int32_t>(edge.handle), node ? node->Index() : 0};
     }
     if (node) {
         return {canvas::Element::node, node->Index()};
@@ -50,7 +50,7 @@ void CanvasViewWidget::mouseMoveEvent(QMouseEvent* event) {
     } else if (event->buttons() == Qt::NoButton) {
         const canvas::Hit hit = hitAt(event->position());
         const bool onHandle = hit.element == canvas::Element::handle && hit.below == 0;
-        painter_.setPointedEdge(onHandle ? canvas_.Lines.byIndex(canvas::edgeOfHandle(hit.number))
+        painter_.setPointedEdge(onHandle ? canvas_.Lines.byIndex(canvas::edgeOfHandle(hit.handle()))
                                 : hit.element == canvas::Element::line ? canvas_.Lines.byIndex(hit.number)
                                                                        : nullptr);
     }

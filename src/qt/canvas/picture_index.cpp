@@ -77,6 +77,7 @@ PictureIndex::EdgeHit PictureIndex::edgeAt(canvas::Point place, float handleReac
     };
     const float reach = std::max(handleReach, lineReach);
     const Extent around{place.x - reach, place.y - reach, place.x + reach, place.y + reach};
+    constexpr canvas::HandleNumber kNone{};
     EdgeHit hit;
     bool foundSelected = false;
     float nearest = lineReach * lineReach;
@@ -87,14 +88,14 @@ PictureIndex::EdgeHit PictureIndex::edgeAt(canvas::Point place, float handleReac
         const canvas::Point start{edge->X1(), edge->Y1()};
         const canvas::Point middle{edge->Xm(), edge->Ym()};
         const canvas::Point end{edge->X2(), edge->Y2()};
-        const std::int32_t handle = holds(end.x, end.y)                                        ? edge->EndBox()
-                                    : holds(start.x, start.y)                                  ? edge->StartBox()
-                                    : edge->middleHandleVisible() && holds(middle.x, middle.y) ? edge->MidBox()
-                                                                                               : 0;
-        if (handle != 0 && (edge->Selected() || !foundSelected)) {
+        const canvas::HandleNumber handle = holds(end.x, end.y)       ? edge->EndBox()
+                                            : holds(start.x, start.y) ? edge->StartBox()
+                                            : edge->middleHandleVisible() && holds(middle.x, middle.y) ? edge->MidBox()
+                                                                                                       : kNone;
+        if (handle != kNone && (edge->Selected() || !foundSelected)) {
             hit.handle = handle;
             foundSelected = edge->Selected();
-        } else if (hit.handle == 0 && lineReach > 0) {
+        } else if (hit.handle == kNone && lineReach > 0) {
             const float away = std::min(squareToLine(place, start, middle), squareToLine(place, middle, end));
             if (away <= nearest) {
                 nearest = away;

@@ -72,7 +72,7 @@ class QtProgress : public platform::Progress {
     /// The status bar to use; it must outlive this object or be taken away with null. Before that, texts go nowhere.
     void attach(QStatusBar* bar);
 
-    void pointer(int shape) override;
+    void pointer(platform::PointerShape shape) override;
     void status(const std::string& text) override { statusWith(text, {}); }
     void statusWith(const std::string& text, const std::function<void()>& open) override;
     void step(std::size_t done, std::size_t total) override;

@@ -11,7 +11,6 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kBusyShape = 11;
 constexpr int kWholeBar = 1000;
 constexpr qint64 kPaintEvery = 50;  // milliseconds
 
@@ -67,8 +66,8 @@ void QtProgress::attach(QStatusBar* bar) {
     bar_->hide();
 }
 
-void QtProgress::pointer(int shape) {
-    const bool busy = shape == kBusyShape;
+void QtProgress::pointer(platform::PointerShape shape) {
+    const bool busy = shape == platform::PointerShape::busy;
     if (busy == busy_) {
         return;
     }
