@@ -35,7 +35,9 @@ struct DesignNodes : editors::NodePreparation {
     void refresh(canvas::CanvasForm&, canvas::LabelsD&) override {}
 };
 struct NoFile : platform::SaveDialog {
-    std::string saveFile(const std::string&, const std::string&, const std::string&) override { return {}; }
+    std::string saveFile(const std::string&, const std::string&, const std::string&, platform::OldFile) override {
+        return {};
+    }
 };
 
 struct Members {
