@@ -320,6 +320,8 @@ TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
     stage.play("choose ActivityZoomM|choose NoSuchM|choose ActivityNotReadyM");
     EXPECT_EQ(stage.host.taken(), " zoom Act");
     EXPECT_EQ(activity.Color(), 255 ^ 16744448);
+    stage.play("press n2 1 1 R|press n1 1 1|release n1 1 1|choose ActivityPropertiesM|press n2 1 1|release n2 1 1");
+    EXPECT_EQ(stage.host.taken(), " ActivityM dialog Act") << "another node was pressed on the way";
     stage.play("press h2 1 1 R|move p 1 1");
     for (const auto& [item, angle] :
          {std::pair{"EdgeAngleStraightM", AngleStraight}, std::pair{"EdgeAngleVerticalDownM", AngleVerticalDown},
