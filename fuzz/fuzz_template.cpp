@@ -49,9 +49,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     authors.RecordSet_Outputs->Add("AU_ID", 0, "AU_ID");
     entities::ActivityProperties activity;
     activity.Act_Name = size % 2 ? "CheckAge" : "Data";
-    auto& input = activity.Act_Inputs->Add("AU_ID", 0, 0, "AU_ID");
+    auto& input = activity.Act_Inputs->Add("AU_ID", 0, entities::TagNone, "AU_ID");
     input.ProvidedFrom->Add("AUTHORS", entities::LinkRecordSet, "AUTHORS.AU_ID");
-    activity.Act_Outputs->Add("ID", 0, 0, "ID");
+    activity.Act_Outputs->Add("ID", 0, entities::TagNone, "ID");
     const LDLsourceColl sources = sourcesOf(activity);
 
     LDLVariableCollection variables;
