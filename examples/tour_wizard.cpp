@@ -55,14 +55,14 @@ entities::ActivityProperties& addActivity(canvas::DrawForm& form, const std::str
     activity.Act_Type = type;
     entities::RecordSetProperties& source = *form.nodeNamed(kSource)->recordSet();
     for (const std::string attribute : kAttributes) {
-        entities::AttributeProperties& input = activity.Act_Inputs->Add(attribute, 0, 0, attribute);
+        entities::AttributeProperties& input = activity.Act_Inputs->Add(attribute, 0, entities::TagNone, attribute);
         input.ParentKeyName = name;
         input.ProvidedFrom->Add(kSource, entities::LinkRecordSet, kSource + ("." + attribute));
         source.RecordSet_Outputs->Item(attribute)->ProviderFor->Add(name, entities::LinkRecordSet,
                                                                     name + ".IN." + attribute);
     }
     for (const std::string output : {"ID", "REGION"}) {
-        activity.Act_Outputs->Add(output, 0, 0, output).ParentKeyName = name;
+        activity.Act_Outputs->Add(output, 0, entities::TagNone, output).ParentKeyName = name;
     }
     return activity;
 }
