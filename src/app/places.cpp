@@ -41,7 +41,10 @@ Places Places::ofUser() {
     if (!own.empty()) {
         return in(std::filesystem::absolute(own));
     }
-    return {folder("XDG_DATA_HOME", ".local/share") / "orvent2", folder("XDG_CONFIG_HOME", ".config") / "Mapflow.conf"};
+    const std::filesystem::path data = folder("XDG_DATA_HOME", ".local/share") / "orvent2";
+    const bool named = variable("XDG_STATE_HOME").is_absolute() || variable("HOME").is_absolute();
+    return {data, folder("XDG_CONFIG_HOME", ".config") / "Mapflow.conf",
+            named ? folder("XDG_STATE_HOME", ".local/state") / "orvent2" : data / "states"};
 }
 
 }  // namespace orvent::app

@@ -19,10 +19,11 @@ struct Program::Parts {
           database(places.sources()),
           dataSources(places.sources()),
           file(places.settings),
+          states(places.states),
           window(theme),
           firstStart(places, database, store, messages),
           frame({database, dataSources, messages, input, files, colours, store, progress, help, folder, saveDialog,
-                 clipboard},
+                 clipboard, states},
                 window, window.area()) {
         progress.attach(window.statusBar());
         window.attach(frame);
@@ -45,6 +46,7 @@ struct Program::Parts {
     qt::QtHelpViewer help;
     qt::QtSaveDialog saveDialog;
     qt::QtClipboard clipboard;
+    platform::StateFolder states;
     qt::FrameWindow window;
     FirstStart firstStart;
     shell::MDIForm1 frame;

@@ -92,6 +92,18 @@ void Canvas::detachEnd(std::int32_t edge, EdgeEnd which) {
     }
 }
 
+void Canvas::touch(const LabelsD& node) {
+    if (touched) {
+        touched->node(node.Index());
+    }
+}
+
+void Canvas::touch(const LinesD& edge) {
+    if (touched) {
+        touched->edge(edge.Index());
+    }
+}
+
 ManyChanges::~ManyChanges() {
     if (--canvas_.manyChanges_ == 0) {
         canvas_.listeners_.tell([](CanvasListener& listener) { listener.manyChanged(); });
@@ -100,6 +112,7 @@ ManyChanges::~ManyChanges() {
 
 void Canvas::forgetNode(const LabelsD& node) {
     listeners_.tell([&node](CanvasListener& listener) { listener.nodeGoes(node); });
+    touch(node);
     const std::int32_t index = node.Index();
     SelectedLabels.forget(index);
     for (std::int32_t* field : {&CurrentNode, &ConnectFromLabel, &ActiveLabel}) {
@@ -111,6 +124,7 @@ void Canvas::forgetNode(const LabelsD& node) {
 
 void Canvas::forgetEdge(const LinesD& edge) {
     listeners_.tell([&edge](CanvasListener& listener) { listener.edgeGoes(edge); });
+    touch(edge);
     const std::int32_t index = edge.Index();
     SelectedLines.forget(index);
     for (std::int32_t* field : {&CurrentEdge, &ActiveEdge}) {

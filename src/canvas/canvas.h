@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "canvas/names2index.h"
 #include "canvas/picture_area.h"
 #include "canvas/selection.h"
+#include "canvas/touched.h"
 #include "entities/nodes.h"
 #include "platform/dialogs.h"
 
@@ -57,6 +59,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     // The gesture under way; what is shown of it each view has of its own.
     std::int32_t ConnectFromLabel = -1;  ///< source of the edge being drawn
     bool RubberBand = false;             ///< an edge is being drawn
+    int typing = 0;                      ///< how many views are at a text of it that is being typed
     bool ConnectPending = false;         ///< the button was released; the first move decides the target
     bool OverLabel = false;              ///< the pointer is over a node
     bool OverLine = false;               ///< the pointer is over a handle of a selected edge
@@ -101,6 +104,9 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     void tellRenamed(const Rename& rename);
     const CanvasListeners& listeners() const { return listeners_; }
 
+    /// Gathers what changes while it is there.
+    std::optional<Touched> touched;
+
     /// True while a refused duplicate name is not to be told.
     bool quietNames = false;
 
@@ -122,6 +128,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     void nodeMoved(const LabelsD& node) override;
     void detachEnd(std::int32_t edge, EdgeEnd which) override;
     void grabPointMeant(int grabPoint) override { GrabbingPoint = grabPoint; }
+    void touch(const LabelsD& node) override;
+    void touch(const LinesD& edge) override;
 
     CanvasServices services_;
     Light light_;

@@ -34,6 +34,9 @@ class DrawForm : public CanvasForm {
         bool changed = false;    ///< something has changed since, or the stored scenario is not the window's any more
         /// What the rows of each node were when the window read or wrote them last, by its identifier; 0 is the edges.
         std::unordered_map<long long, std::uint64_t> rows;
+        bool forced = false;      ///< it is so whatever the content is
+        bool broken = false;      ///< a save has begun to write, and has not ended
+        std::uint32_t times = 0;  ///< how often the window was saved or loaded
     };
     Stored stored;
     bool deleted = false;  ///< the scenario that the window showed was removed from the repository

@@ -33,6 +33,10 @@ class Graph {
 
     virtual void tellChanged(const LabelsD& node) = 0;
     virtual void tellChanged(const LinesD& edge) = 0;
+
+    /// Something has changed that a scenario keeps.
+    virtual void touch(const LabelsD& node) = 0;
+    virtual void touch(const LinesD& edge) = 0;
 };
 
 }  // namespace orvent::canvas

@@ -72,6 +72,21 @@ class IndexedTable {
         return *items_.back();
     }
 
+    /// Puts items that were appended with numbers of former ones where their `Index` says; until then nothing is found.
+    void arrange() {
+        closeHoles();
+        std::vector<std::pair<std::int32_t, std::unique_ptr<T>>> all;
+        all.reserve(items_.size());
+        for (std::size_t at = 0; at < items_.size(); ++at) {
+            all.emplace_back(indices_[at], std::move(items_[at]));
+        }
+        std::ranges::sort(all, {}, &std::pair<std::int32_t, std::unique_ptr<T>>::first);
+        for (std::size_t at = 0; at < all.size(); ++at) {
+            indices_[at] = all[at].first;
+            items_[at] = std::move(all[at].second);
+        }
+    }
+
     std::unique_ptr<T> take(std::int32_t index) {
         const std::size_t at = find(index);
         if (at >= items_.size() || !items_[at]) {

@@ -60,7 +60,15 @@ void LabelsD::setBox(const Box& value) {
     moved();
 }
 
+/// Something has changed that a scenario keeps.
 void LabelsD::tell() {
+    if (told_) {
+        graph_.touch(*this);
+    }
+    tellLook();
+}
+
+void LabelsD::tellLook() {
     if (told_) {
         graph_.tellChanged(*this);
     }
@@ -200,6 +208,9 @@ const std::int16_t* LabelsD::rowIdentifier() const {
 }
 
 void LabelsD::setReady(bool value) {
+    if (told_ && ready_ != value) {
+        graph_.touch(*this);
+    }
     ready_ = value;
     if (!nodeKind(nodeType_).showsReadiness) {
         return;
@@ -211,12 +222,12 @@ void LabelsD::setReady(bool value) {
 
 void LabelsD::setColor(std::int32_t value) {
     color_ = value;
-    tell();
+    tellLook();
 }
 
 void LabelsD::setVisible(bool value) {
     visible_ = value;
-    tell();
+    tellLook();
 }
 
 void LabelsD::setToolTipText(const std::string& value) {

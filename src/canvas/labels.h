@@ -132,8 +132,10 @@ class LabelsD {
   private:
     friend class LabelsCollection;
     friend class LinesD;
+    friend class CanvasRestorer;
 
     void tell();
+    void tellLook();
     LineNumbers& linesAt(EdgeEnd which) { return lines_[static_cast<std::size_t>(which)]; }
     void detachAll(EdgeEnd which);
     void takeName(const std::string& value);
@@ -168,6 +170,10 @@ class LabelsCollection : public IndexedTable<LabelsD> {
     /// `KeyName` reads `kErrorName` then.
     LabelsD& AddShown(const Box& box, const std::string& Caption, NodeTypeCode NodeType, const std::string& KeyName,
                       NodeProperties entity);
+
+    /// A node under the `Index` that it had; nothing is found until `arrange` has put it in its place. Nobody is told.
+    LabelsD& restore(std::int32_t index, const Box& box, NodeTypeCode NodeType);
+    using IndexedTable::arrange;
 
     /// A copy of a node of another canvas; its entity is a clone.
     LabelsD& addLabel(const LabelsD& Label);

@@ -77,6 +77,15 @@ LabelsD& LabelsCollection::show(LabelsD& node) {
     return node;
 }
 
+LabelsD& LabelsCollection::restore(std::int32_t index, const Box& box, NodeTypeCode NodeType) {
+    LabelsD& node = append(index, std::make_unique<LabelsD>(static_cast<Graph&>(canvas_), index));
+    node.setNodeType(NodeType);
+    node.setBox(box);
+    finishNode(node, std::int16_t{0});
+    node.told_ = true;
+    return node;
+}
+
 LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
     LabelsD& node = make(Label.box(), Label.Caption(), Label.NodeType());
     node.setColor(Label.Color());

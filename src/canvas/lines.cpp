@@ -26,7 +26,15 @@ EdgeStyle edgeStyle(EdgeTypeCode edgeType) {
     return at < kStyles.size() ? kStyles[at] : EdgeStyle{BorderSolid, 1, false};
 }
 
+/// Something has changed that a scenario keeps.
 void LinesD::changed() {
+    if (told_) {
+        graph_.touch(*this);
+    }
+    lookChanged();
+}
+
+void LinesD::lookChanged() {
     if (told_) {
         graph_.tellChanged(*this);
     }
@@ -149,17 +157,17 @@ void LinesD::leave(EdgeEnd which) {
 
 void LinesD::setVisible(bool value) {
     visible_ = value;
-    changed();
+    lookChanged();
 }
 
 void LinesD::setHighLighted(bool value) {
     highLighted_ = value;
-    changed();
+    lookChanged();
 }
 
 void LinesD::setSelected(bool value) {
     selected_ = value;
-    changed();
+    lookChanged();
 }
 
 }  // namespace orvent::canvas

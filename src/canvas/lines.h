@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include "canvas/edge_kinds.h"
 #include "canvas/indexed_table.h"
 #include "canvas/line_numbers.h"
 #include "canvas/point.h"
@@ -14,26 +15,6 @@ namespace orvent::canvas {
 class Canvas;
 class Graph;
 class LabelsD;
-
-/// `EdgeType` codes. 2 and 5 stand for no link: in a zoom view they lead to types, and show what is derived.
-enum class EdgeTypeCode : std::int32_t {
-    EdgeTypeProvider = 0,
-    EdgeTypePartOf = 1,
-    EdgeTypeReserved = 2,
-    EdgeTypeRegulator = 3,
-    EdgeTypeDescription = 4,
-    EdgeTypeDerived = 5,
-};
-using enum EdgeTypeCode;
-
-/// `Angle` codes: how the middle point of an edge is found.
-enum class AngleCode : std::int32_t {
-    AngleNone = 0,
-    AngleVerticalUp = 1,
-    AngleVerticalDown = 2,
-    AngleStraight = 3,
-};
-using enum AngleCode;
 
 /// Width and height of an edge's handle, twips.
 inline constexpr float kHandleSize = 90;
@@ -49,19 +30,6 @@ constexpr std::int32_t edgeOfHandle(HandleNumber handle) {
 constexpr HandlePart partOfHandle(HandleNumber handle) {
     return static_cast<HandlePart>((static_cast<std::int32_t>(handle) + 2) % 3);
 }
-
-/// `BorderStyle` codes of a line.
-enum BorderStyleCode : std::int16_t { BorderSolid = 1, BorderDashed = 2, BorderDotted = 3, BorderDashDot = 4 };
-
-/// How an edge of a kind is drawn.
-struct EdgeStyle {
-    std::int16_t BorderStyle;
-    std::int16_t BorderWidth;
-    bool arrow;  ///< an arrow head at the target
-};
-
-/// The style of an edge kind; an unknown kind is drawn solid, one wide, without arrow.
-EdgeStyle edgeStyle(EdgeTypeCode edgeType);
 
 /// An edge of a canvas: two straight segments that meet at a middle point, with three handles. Places in twips.
 class LinesD {
@@ -89,6 +57,8 @@ class LinesD {
     AngleCode Angle() const { return angle_; }
     /// Sets the middle point by the angle kind; a code without a name is stored and changes nothing.
     void setAngle(AngleCode value);
+    /// A hand, or the corner of an angle, has placed the middle point: it stays when nodes move.
+    bool middlePlaced() const { return middlePlaced_; }
     /// Only at `AngleNone` can the middle handle be taken.
     bool middleHandleVisible() const { return middleHandle_; }
 
@@ -129,6 +99,7 @@ class LinesD {
 
   private:
     friend class LinesCollection;
+    friend class CanvasRestorer;
 
     struct End {
         std::int32_t label = 0;
@@ -146,6 +117,7 @@ class LinesD {
     void takeAngle(AngleCode value);
     void applyAngle(AngleCode former);
     void changed();
+    void lookChanged();
 
     Graph& graph_;
     std::int32_t index_;
@@ -176,6 +148,10 @@ class LinesCollection : public IndexedTable<LinesD> {
     /// A finished edge between two nodes. Nothing is made when one of them does not exist.
     LinesD* addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
                         std::int16_t ToGrabbingPoint, EdgeTypeCode EdgeType, AngleCode Angle, std::int32_t Color);
+
+    /// An edge without ends under the `Index` that it had, as for nodes.
+    LinesD& restore(std::int32_t index, EdgeTypeCode EdgeType);
+    using IndexedTable::arrange;
 
     /// The oldest edge of that kind from one node to another, or nothing; with `andRemove` it is removed instead, and
     /// the result is nothing.

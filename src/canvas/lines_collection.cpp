@@ -19,6 +19,14 @@ LinesD& LinesCollection::make(EdgeTypeCode EdgeType) {
     return edge;
 }
 
+LinesD& LinesCollection::restore(std::int32_t index, EdgeTypeCode EdgeType) {
+    LinesD& edge = append(index, std::make_unique<LinesD>(static_cast<Graph&>(canvas_), index));
+    edge.edgeType_ = EdgeType;
+    edge.takeStyle();
+    edge.told_ = true;
+    return edge;
+}
+
 LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType,
                              std::int16_t FromGrabbingPoint) {
     LinesD& edge = make(EdgeType);

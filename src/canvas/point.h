@@ -6,6 +6,8 @@ namespace orvent::canvas {
 struct Point {
     float x = 0;
     float y = 0;
+
+    bool operator==(const Point&) const = default;
 };
 
 /// The place half way from one to the other.

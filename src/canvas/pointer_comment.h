@@ -14,7 +14,9 @@ class CommentEditing : public Gesture {
     CommentEditing(CanvasForm& canvas, ViewState& view, const LabelsD& comment) : canvas_(canvas), view_(view) {
         view_.EditedComment = comment.Index();
         view_.tell();
+        ++canvas_.typing;
     }
+    ~CommentEditing() override { --canvas_.typing; }
 
     void take(const std::string& text) {
         LabelsD* node = canvas_.Labels.byIndex(view_.EditedComment);

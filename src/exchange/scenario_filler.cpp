@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "entities/members.h"
 #include "exchange/stored_rows.h"
 #include "links/link_mirrors.h"
-#include "links/members.h"
+#include "links/mirror_lists.h"
 #include "platform/fault.h"
 
 namespace orvent::exchange {
@@ -26,19 +25,6 @@ std::vector<std::int16_t> indicesOf(NameTable& table, const std::vector<std::str
     std::ranges::transform(names, std::back_inserter(indices),
                            [&table](const std::string& name) { return table.keep(name); });
     return indices;
-}
-
-/// The index instead of one in a document's table, which holds all that its entities name.
-void nameType(std::int16_t& type, const std::vector<std::int16_t>& indices) {
-    if (type != -1) {
-        type = indices[static_cast<std::size_t>(type)];
-    }
-}
-
-/// The data types of all members, those of functions among them.
-template <class Owner>
-void nameDataTypes(Owner& owner, const TypeIndices& types) {
-    entities::eachMember(owner, [&types](auto& member) { nameType(links::typeOf(member), types.data); });
 }
 
 /// A node like one of the document. A refused name is no news: it was one where the document was written.
@@ -91,18 +77,6 @@ TypeIndices indicesIn(entities::CatalogueTables& tables, const Document& documen
                                                        : tables.keepActivityType(name, type->sql, type->ldl));
     }
     return types;
-}
-
-void nameTypes(canvas::NodeProperties& entity, const TypeIndices& types) {
-    if (auto* activity = std::get_if<platform::Shared<entities::ActivityProperties>>(&entity)) {
-        nameType((*activity)->Act_Type, types.activities);
-        nameDataTypes(**activity, types);
-        for (entities::FunctionProperties& function : (*activity)->Act_Functions) {
-            nameType(function.Function_Type, types.functions);
-        }
-    } else if (auto* recordSet = std::get_if<platform::Shared<entities::RecordSetProperties>>(&entity)) {
-        nameDataTypes(**recordSet, types);
-    }
 }
 
 void settleReadiness(LabelsD& node) {
@@ -159,7 +133,7 @@ std::vector<std::string> fillForm(canvas::DrawForm& form, Document document, con
     // All steps on a node at once: a large scenario is walked once.
     std::vector<std::string> dangling;
     for (LabelsD& node : form.Labels) {
-        nameTypes(node.Properties, types);
+        links::nameTypes(node.Properties, types);
         if (!completeLinks(form, node)) {
             dangling.push_back(node.Caption());
         }

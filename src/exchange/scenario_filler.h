@@ -8,13 +8,11 @@
 #include "entities/name_tables.h"
 #include "exchange/document.h"
 #include "links/far_end.h"
+#include "links/type_indices.h"
 
 namespace orvent::exchange {
 
-/// The indices in a run's tables of the types that a document names, in the order of its own tables.
-struct TypeIndices {
-    std::vector<std::int16_t> data, functions, activities;
-};
+using links::TypeIndices;
 
 /// Finds the types of a document. A name that is stored nowhere becomes a gone row. Throws a `Fault`, and changes
 /// nothing, when the tables have no room for them.
@@ -24,9 +22,6 @@ TypeIndices indicesIn(entities::CatalogueTables& tables, const Document& documen
 /// other end tells of. Gives the names of nodes whose links lead to nothing; these links are kept as they are.
 /// Nothing here can be refused.
 std::vector<std::string> fillForm(canvas::DrawForm& form, Document document, const TypeIndices& types);
-
-/// Lets the entity of a node name its types by the run's tables.
-void nameTypes(canvas::NodeProperties& entity, const TypeIndices& types);
 
 /// Marks a node as complete or not, as a load does; an activity that has no type yet is not.
 void settleReadiness(canvas::LabelsD& node);

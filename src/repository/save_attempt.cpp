@@ -63,7 +63,7 @@ void SaveAttempt::begin() {
         addScenario();
         return;
     }
-    markUnsaved(form);  // until the last statement is through
+    markBroken(form);
     if (findScenario()) {
         interrupted_.scenarios.insert(form.ScenarioID);
         ScenarioLoadSave::ApplyDeletions(form, form.ScenarioID, repository_);
@@ -114,8 +114,8 @@ void SaveAttempt::addScenario() {
     }
     uncertain.erase(form.ScenarioName());
     fullWrite = true;
-    markUnsaved(form);
     form.ScenarioID = ScenarioID;
+    markBroken(form);
     forgetStoredRows(form);
 }
 
@@ -171,7 +171,7 @@ void SaveAttempt::takeOverScenario() {
     interrupted_.names.erase(form.ScenarioName());
     interrupted_.scenarios.insert(form.ScenarioID);
     fullWrite = true;
-    markUnsaved(form);
+    markBroken(form);
     forgetStoredRows(form);
     removeRows(services_, windows_, form.ScenarioID, false, &form);
 }
@@ -196,7 +196,8 @@ void SaveAttempt::write() {
         removeRows(services_, windows_, ScenarioID, !replace, &form);
         before_.restore(form);
         fullWrite = false;
-        form.stored.changed = wasUnsaved_;
+        form.stored.changed = form.stored.forced = wasUnsaved_;
+        form.stored.broken = false;
         form.tellStored();
         interrupted_.scenarios.erase(ScenarioID);
         throw NoIdentifiersLeft();

@@ -47,6 +47,8 @@ class ScenarioLoadSave {
 
     /// Somebody logs in anew: what earlier saves have left is no business of this login's.
     void forgetInterruptedSaves();
+    /// A save of this window has begun to write and was never ended, in another run of the program.
+    void goOnAfterBrokenSave(const canvas::DrawForm& form);
 
   private:
     SaveResult save(canvas::DrawForm& form, bool SaveAs);

@@ -26,6 +26,14 @@ void ScenarioLoadSave::forgetInterruptedSaves() {
     interrupted_ = {};
 }
 
+void ScenarioLoadSave::goOnAfterBrokenSave(const DrawForm& form) {
+    if (form.ScenarioID != 0) {
+        interrupted().scenarios.insert(form.ScenarioID);
+    } else {
+        interrupted().names.insert(form.ScenarioName());
+    }
+}
+
 SaveResult ScenarioLoadSave::SaveScenario(DrawForm& form, bool SaveAs) {
     if (form.KeptCaption.empty()) {
         form.KeptCaption = form.Caption();  // no dialog has kept it
@@ -70,7 +78,7 @@ SaveResult ScenarioLoadSave::save(DrawForm& form, bool SaveAs) {
             if (save.fullWrite) {  // what the window shows now belongs to no stored scenario
                 forgetStoredRows(form);
                 form.ScenarioID = 0;
-                form.stored.changed = true;
+                markUnsaved(form);
             }
             return SaveResult::givenUp;
         }

@@ -204,21 +204,30 @@ std::uint64_t contentMark(const canvas::DrawForm& form) {
 
 void markStored(canvas::DrawForm& form) {
     form.stored.mark = contentMark(form);
-    form.stored.changed = false;
+    form.stored.changed = form.stored.forced = form.stored.broken = false;
+    ++form.stored.times;
     form.deleted = false;
     form.tellStored();
 }
 
 void markUnsaved(canvas::DrawForm& form) {
+    form.stored.forced = true;
     if (!form.stored.changed) {
         form.stored.changed = true;
         form.tellStored();
     }
 }
 
+void markBroken(canvas::DrawForm& form) {
+    form.stored.broken = true;
+    markUnsaved(form);
+    form.tellStored();
+}
+
 bool isUnsaved(canvas::DrawForm& form) {
     if (!form.stored.changed && contentMark(form) != form.stored.mark) {
-        markUnsaved(form);
+        form.stored.changed = true;
+        form.tellStored();
     }
     return form.stored.changed;
 }

@@ -28,11 +28,15 @@ std::uint64_t contentMark(const canvas::DrawForm& form);
 /// The window was just saved or loaded: nothing in it is unsaved.
 void markStored(canvas::DrawForm& form);
 
-/// The window may not be what is stored any more.
+/// The window is not what is stored any more, whatever it shows, until it is saved.
 void markUnsaved(canvas::DrawForm& form);
 
+/// A save begins to write: until its last statement is through nobody knows what is stored.
+void markBroken(canvas::DrawForm& form);
+
 /// Whether anything that a save would write has changed since the window was made, saved or loaded. Once it is so it
-/// stays so until the next save, and is answered without a walk. The window's listeners are told when it becomes so.
+/// stays so until the next save or a step back, and is answered without a walk. The window's listeners are told when it
+/// becomes so.
 bool isUnsaved(canvas::DrawForm& form);
 
 }  // namespace orvent::repository

@@ -21,6 +21,13 @@ class Awake {
     WindowKeeper& windows_;
 };
 
+/// A dialog has changed what a node stands for.
+void touch(canvas::CanvasForm& form, std::int32_t node) {
+    if (form.touched) {
+        form.touched->node(node);
+    }
+}
+
 }  // namespace
 
 void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) {
@@ -29,15 +36,23 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
         return;  // it repeats another node, and is edited there
     }
     const Awake awake(windows_);
+    const std::int32_t index = node.Index();
     if (node.activity()) {
         // The program goes on while it is open; only the window that it belongs to takes no input.
         auto dialog = std::make_unique<editors::SetActProp>(services_, form, node);
-        dialog->onApplied = [&windows = windows_, &form] { windows.applied(form); };
-        dialog->onEnd = [&windows = windows_] { windows.enabledChanged(); };
+        dialog->onApplied = [&windows = windows_, &form, index] {
+            touch(form, index);
+            windows.applied(form);
+        };
+        dialog->onEnd = [&windows = windows_, &form, index] {
+            touch(form, index);
+            windows.enabledChanged();
+        };
         services_.dialogs.open(std::move(dialog));
     } else if (node.recordSet()) {
         editors::RecordSetProp dialog(services_, form, node);
         services_.dialogs.show(dialog);
+        touch(form, index);
     } else if (zoom && editors::ItemProp::edits(*zoom, node)) {
         repository::WholeFunctionTypes types(services_.catalogue);
         editors::ItemProp dialog(*zoom, node, types);
@@ -47,7 +62,9 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
 
 void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) {
     const Awake awake(windows_);
+    const std::int32_t index = activity.Index();
     services_.wizard.LDLCreate(form.scenario(), *activity.activity());
+    touch(form.scenario(), index);
 }
 
 std::string CanvasDialogs::typeOf(const canvas::LabelsD& node) const {

@@ -54,6 +54,10 @@ constexpr std::array kFile = {
 };
 
 constexpr std::array kEdit = {
+    item("StepBackM", "Step Back", stepBack, designWindow, "", "Ctrl+Z", "Takes the last change of the scenario back"),
+    item("StepForwardM", "Step Forward", stepForward, designWindow, "", "Ctrl+Shift+Z; Ctrl+Y",
+         "Brings back what was taken back"),
+    separator(designWindow),
     item("CutM", "Cut", cutNodes, designWindow, "", "Ctrl+X"),
     item("CopyM", "Copy", copyNodes, withWindow, "", "Ctrl+C"),
     item("PasteM", "Paste", pasteNodes, designWindow, "", "Ctrl+V"),
@@ -77,6 +81,7 @@ constexpr std::array kView = {
     item("SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"),
     separator(designWindow),
     item("ColourByMetricM", "Colour By Metric", colourByMetric, designWindow, "", ""),
+    item("ViewHistoryM", "History", viewHistory, designWindow, "", "Ctrl+H"),
     separator(zoomWindow),
     MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, zoomWindow},
     item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", "",

@@ -23,6 +23,9 @@ class FrameHost {
     virtual void enableFrame(bool enabled) = 0;
     /// Commands or tools may have become enabled or disabled, or a palette may have changed its place.
     virtual void commandsChanged() = 0;
+    /// The list of a scenario's steps beside the windows.
+    virtual void showHistory(bool shown) = 0;
+    virtual bool historyShown() const = 0;
     /// Asks for the ordinary unload of the frame, with its closing questions.
     virtual void unloadFrame() = 0;
     /// Ends the program at once, without questions.

@@ -43,6 +43,8 @@ struct MDIForm1::CommandRow {
         withPrint,  ///< likewise
         withUndo,   ///< the button of `MenuBar` is on
         withRecent,
+        back,     ///< a step of the scenario in front can be taken back
+        forward,  ///< likewise, forward
         withoutWindows
     };
 
@@ -50,6 +52,7 @@ struct MDIForm1::CommandRow {
     When when;
     void (*run)(MDIForm1&);
     bool (*checked)(const MDIForm1&) = nullptr;  ///< whether its items bear a check mark; nothing: they have none
+    const char* step = "";  ///< what it is called in the history where what has changed is not enough
 };
 
 struct MDIForm1::CommandTable {
@@ -62,8 +65,18 @@ struct MDIForm1::CommandTable {
              std::string name;
              f.NewScenario(name);
          }},
-        {Command::loadScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Load, nullptr); }},
-        {Command::saveScenario, withSave, [](MDIForm1& f) { f.activeEnabled()->Save(); }},
+        {Command::loadScenario, always,
+         [](MDIForm1& f) {
+             f.showScenarios(Mode::Load, nullptr);
+             f.histories_.beginFilled();
+         }},
+        {Command::saveScenario, withSave,
+         [](MDIForm1& f) {
+             f.activeEnabled()->Save();
+             if (zoom::ZoomForm* view = f.zoomInFront()) {
+                 f.zoomApplied(*view);
+             }
+         }},
         {Command::saveScenarioAs, inDesign, [](MDIForm1& f) { f.saveAs(*f.activeScenario()); }},
         {Command::deleteScenario, always, [](MDIForm1& f) { f.showScenarios(Mode::Delete, nullptr); }},
         {Command::printScenario, withPrint,
@@ -71,7 +84,11 @@ struct MDIForm1::CommandTable {
         {Command::printPreview, withPrint,
          [](MDIForm1& f) { f.desk_.paint(*f.activeEnabled(), PictureTarget::preview); }},
         {Command::exportText, inDesign, [](MDIForm1& f) { f.exportAs(kTextExporter); }},
-        {Command::openFile, always, [](MDIForm1& f) { f.files_.open(); }},
+        {Command::openFile, always,
+         [](MDIForm1& f) {
+             f.files_.open();
+             f.histories_.beginFilled();
+         }},
         {Command::exportFile, inDesign, [](MDIForm1& f) { f.files_.exportTo(*f.activeScenario()); }},
         {Command::openRecent, withRecent, [](MDIForm1& f) { f.openFile(f.recentFiles().front()); }},
         {Command::closeScenario, inWindow, [](MDIForm1& f) { f.close(*f.activeEnabled()); }},
@@ -79,21 +96,31 @@ struct MDIForm1::CommandTable {
         {Command::changeUser, always, [](MDIForm1& f) { f.changeUser(); }},
         {Command::quit, always, [](MDIForm1& f) { f.host_.unloadFrame(); }},
         {Command::undo, withUndo, [](MDIForm1& f) { f.ports_.messages.tell("Undo"); }},
+        {Command::stepBack, back, [](MDIForm1& f) { f.histories_.step(*f.activeScenario(), true); }},
+        {Command::stepForward, forward, [](MDIForm1& f) { f.histories_.step(*f.activeScenario(), false); }},
         {Command::cutNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::cut); }},
         {Command::copyNodes, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::copy); }},
-        {Command::pasteNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::paste); }},
+        {Command::pasteNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::paste); },
+         nullptr, "Pasted "},
         {Command::duplicateNodes, inDesign,
-         [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::duplicate); }},
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::duplicate); }, nullptr, "Duplicated "},
         {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
         {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
         {Command::zoomIn, inWindow, [](MDIForm1& f) { f.zoom(true); }},
         {Command::zoomOut, inWindow, [](MDIForm1& f) { f.zoom(false); }},
         {Command::activityZoom, inDesign, [](MDIForm1& f) { f.zoomSelected(); }},
-        {Command::checkConsistency, inDesign, [](MDIForm1& f) { f.consistency_.run(*f.activeScenario()); }},
+        {Command::checkConsistency, inDesign, [](MDIForm1& f) { f.consistency_.run(*f.activeScenario()); }, nullptr,
+         "Consistency"},
         {Command::metrics, inDesign, [](MDIForm1& f) { f.showMetrics(); }},
-        {Command::createLdl, inDesign, [](MDIForm1& f) { f.ldl_.LDLScenario(*f.activeScenario()); }},
-        {Command::straighten, inWindow, [](MDIForm1& f) { f.activeEnabled()->straightenEdges(nullptr); }},
+        {Command::createLdl, inDesign,
+         [](MDIForm1& f) {
+             f.histories_.touchAll(*f.activeScenario());  // of a statement no canvas tells
+             f.ldl_.LDLScenario(*f.activeScenario());
+         },
+         nullptr, "Create LDL"},
+        {Command::straighten, inWindow, [](MDIForm1& f) { f.activeEnabled()->straightenEdges(nullptr); }, nullptr,
+         "Straighten"},
         {Command::selectAll, inWindow, [](MDIForm1& f) { canvas::selectAllNodes(*f.activeEnabled()); }},
         {Command::viewLarger, inWindow,
          [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::larger); }},
@@ -104,6 +131,8 @@ struct MDIForm1::CommandTable {
         {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
         {Command::colourByMetric, inDesign, [](MDIForm1& f) { f.toggleTints(); },
          [](const MDIForm1& f) { return f.tints_.contains(f.activeScenario()); }},
+        {Command::viewHistory, always, [](MDIForm1& f) { f.toggleHistory(); },
+         [](const MDIForm1& f) { return f.host_.historyShown(); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
@@ -142,14 +171,22 @@ std::span<const MDIForm1::CommandRow> MDIForm1::commandRows() {
 }
 
 void MDIForm1::run(Command command) {
-    if (isEnabled(command)) {
-        commandRows()[static_cast<std::size_t>(command)].run(*this);
+    if (!isEnabled(command)) {
+        return;
     }
+    histories_.settle();
+    const CommandRow& row = commandRows()[static_cast<std::size_t>(command)];
+    {
+        const ScenarioHistories::Running running(histories_);
+        row.run(*this);
+    }
+    histories_.settle(row.step);
 }
 
 bool MDIForm1::isEnabled(Command command) const {
     using enum CommandRow::When;
-    switch (commandRows()[static_cast<std::size_t>(command)].when) {
+    const CommandRow::When when = commandRows()[static_cast<std::size_t>(command)].when;
+    switch (when) {
         case always:
             return true;
         case inWindow:
@@ -166,6 +203,9 @@ bool MDIForm1::isEnabled(Command command) const {
             return tools_.isMenuEnabled("Undo");
         case withRecent:
             return !recentFiles().empty();
+        case back:
+        case forward:
+            return histories_.canStep(activeScenario(), when == back);
         case withoutWindows:
             return !anyScenario();
     }
@@ -274,7 +314,9 @@ void MDIForm1::zoom(bool in) {
 }
 
 void MDIForm1::openFile(const std::string& path) {
+    histories_.settle();
     files_.open(path);
+    histories_.beginFilled();
     host_.commandsChanged();
 }
 

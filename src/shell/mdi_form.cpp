@@ -41,6 +41,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       documentTypes_(services_, catalogue_),
       files_(ports, services_, *this, {documentTypes_, host.dialogs()}),
       clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
+      recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
+      histories_(scenarioListeners_, *this, recovery_),
       metricsScenarios_(*this, scenarioListeners_, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;
@@ -71,7 +73,9 @@ bool MDIForm1::start() {
     repository::offerStarterCatalogue(services_, catalogue_);
     host_.placeFrame(kLeft, kTop, kWidth, kHeight);
     ports_.progress.status("Ready");
+    host_.showHistory(ports_.store.value("View", "History", "0") == "1");
     host_.commandsChanged();
+    offerLeftScenarios();
     return true;
 }
 
@@ -237,6 +241,9 @@ bool MDIForm1::close(canvas::CanvasForm& form) {
     if (!form.QueryUnload()) {
         return false;
     }
+    if (auto* view = dynamic_cast<zoom::ZoomView*>(&form)) {
+        zoomApplied(*view);
+    }
     discard(form);
     return true;
 }
@@ -301,7 +308,7 @@ void MDIForm1::scenarioGone(std::int16_t ScenarioID, const canvas::DrawForm* exc
     for (const auto& form : ScenarioForms) {
         if (form && form.get() != except && form->ScenarioID == ScenarioID) {
             form->ScenarioID = 0;  // its next save goes through the dialog and writes everything
-            form->stored.changed = true;
+            form->stored.changed = form->stored.forced = true;
             form->deleted = true;
             form->tellStored();
         }
@@ -323,6 +330,7 @@ void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
 /// For the moment the graph is whole, though the dialog stays open.
 void MDIForm1::applied(canvas::CanvasForm& form) {
     repository::isUnsaved(form.scenario());
+    histories_.settleNow(form.scenario(), {}, true);
 }
 
 void MDIForm1::frontChanged() {
@@ -345,6 +353,7 @@ void MDIForm1::LoadTestGraph() {
     loadCatalogue();
     canvas::DrawForm& form = OpenSlot(kSampleSlot, kSampleName);
     buildSampleScenario(form, catalogue_);
+    histories_.beginFilled();
 }
 
 void MDIForm1::showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target) {

@@ -26,8 +26,10 @@
 #include "shell/metrics_scenarios.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
+#include "shell/recovery_form.h"
 #include "shell/scenario_clipboard.h"
 #include "shell/scenario_files.h"
+#include "shell/scenario_histories.h"
 #include "shell/scenario_listener.h"
 #include "shell/tool_bars.h"
 #include "shell/wizard_window.h"
@@ -39,7 +41,10 @@ namespace orvent::shell {
 
 /// The main frame: the values of the run, the table of open scenarios and the commands. It is made at start and lives
 /// until the program ends. A `Fault` that a command leaves is shown by the program's event loop.
-class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, private canvas::ScenarioStore {
+class MDIForm1 : public repository::ScenarioWindows,
+                 public WindowKeeper,
+                 private canvas::ScenarioStore,
+                 private HistoryPorts {
   public:
     static constexpr int kSlots = 11;
 
@@ -87,6 +92,8 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
 
     /// Some time has passed since a window changed: marks its scenario when it holds unsaved work, and tints it anew.
     void noticeChanges(canvas::CanvasForm& form);
+    /// The program has nothing to do: what was done to the scenarios is a step of theirs.
+    void idle() { histories_.idle(); }
     /// Another window is in front now.
     void frontChanged();
     /// The current group of the vertical menu, from 1 on.
@@ -99,6 +106,11 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     const std::vector<std::string>& recentFiles() const { return files_.recent(); }
     /// Tells the listener of scenarios that come and go while its holder keeps the subscription.
     [[nodiscard]] ScenarioSubscription listen(ScenarioListener& listener) { return scenarioListeners_.add(listener); }
+    const ScenarioHistories& histories() const { return histories_; }
+    /// The list of steps was closed by its own button.
+    void historyClosed() { keepHistoryShown(); }
+    /// Brings the scenario in front to a line of its history.
+    void goToStep(std::size_t line);
     const OptionsData& options() const { return options_; }
     repository::Services& services() { return services_; }
     repository::Catalogue& catalogue() { return catalogue_; }
@@ -108,6 +120,11 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     struct CommandTable;
     static std::span<const CommandRow> commandRows();
 
+    // HistoryPorts
+    std::string whyNotNow(const canvas::DrawForm& form) const override;
+    bool isWhole(const canvas::DrawForm& form) const override;
+    void historyChanged(canvas::DrawForm& form) override;
+
     canvas::CanvasForm* activeEnabled() const;
     canvas::DrawForm& OpenSlot(int slot, const std::string& name);
     void freeSlot(int slot);
@@ -116,6 +133,11 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     canvas::CanvasForm* openZoom() const;
     /// The zoom view in front, when it takes input, or nothing.
     zoom::ZoomForm* zoomInFront() const;
+    void offerLeftScenarios();
+    bool bringBack(const std::string& file);
+    void toggleHistory();
+    void keepHistoryShown();
+    void zoomApplied(zoom::ZoomView& view);
     void toggleTints();
     void toggleMark(bool zoom::ViewMarks::*mark);
     bool marked(bool zoom::ViewMarks::*mark) const;
@@ -157,6 +179,8 @@ class MDIForm1 : public repository::ScenarioWindows, public WindowKeeper, privat
     ScenarioFiles files_;
     ScenarioClipboard clipboard_;
     ScenarioListeners scenarioListeners_;
+    ScenarioRecovery recovery_;
+    ScenarioHistories histories_;
     MetricsScenarios<kSlots> metricsScenarios_;
 
     // A slot is used exactly while it holds a scenario.

@@ -6,6 +6,7 @@
 #include "platform/program_folder.h"
 #include "platform/save_dialog.h"
 #include "platform/settings_store.h"
+#include "platform/state_folder.h"
 
 namespace orvent::shell {
 
@@ -23,6 +24,7 @@ struct Ports {
     const platform::ProgramFolder& folder;
     platform::SaveDialog& saveDialog;
     platform::Clipboard& clipboard;
+    platform::StateFolder& states;
 };
 
 }  // namespace orvent::shell

@@ -83,7 +83,7 @@ bool ScenarioFiles::fill(const std::string& path) {
     }
     canvas::DrawForm& form = *windows_.scenario(slot);
     const std::string words = exchange::fillSettled(form, std::move(document), *types);
-    form.stored.changed = true;
+    form.stored.changed = form.stored.forced = true;
     form.tellStored();
     if (!words.empty()) {
         ports_.messages.tell(words);

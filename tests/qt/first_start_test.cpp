@@ -37,7 +37,7 @@ class FirstStartTest : public WindowTest {
     void goesOnWithSettingsThatCannotBeWritten() {
         const testkit::TemporaryFolder folder;
         const Theme theme{ThemeMode::light};
-        app::Program program({folder.path() / "home", "/dev/null/Mapflow.conf"}, theme);
+        app::Program program({folder.path() / "home", "/dev/null/Mapflow.conf", folder.path() / "states"}, theme);
         DialogScript dialogs;
         dialogs.at({}, [](QDialog& box) {
             QVERIFY(static_cast<QMessageBox&>(box).text().contains(QStringLiteral("lasts until the program ends")));

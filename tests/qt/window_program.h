@@ -59,7 +59,7 @@ class WindowProgram {
     WindowProgram()
         : folder_(repository.folder.path()),
           logic({repository.hooked, repository.dataSources, messages, input, repository.files, colours_,
-                 repository.store, progress, help_, folder_, saveDialog_, clipboard},
+                 repository.store, progress, help_, folder_, saveDialog_, clipboard, states_},
                 frame, frame.area()) {
         progress.attach(frame.statusBar());
         frame.attach(logic);
@@ -123,6 +123,7 @@ class WindowProgram {
     testkit::NoHelp help_;
     testkit::ChosenFile saveDialog_;
     testkit::OwnClipboard clipboard;
+    platform::StateFolder states_{repository.folder.path() / "states"};
     platform::ProgramFolder folder_;
 
   public:

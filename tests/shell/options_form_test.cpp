@@ -23,10 +23,11 @@ class OptionsWindow : public ::testing::Test {
     testkit::NoHelp help;
     testkit::ChosenFile saveDialog;
     testkit::OwnClipboard clipboard;
+    platform::StateFolder states{repository.folder.path() / "states"};
     OptionsData options;
     OptionsForm form{options, Ports{repository.hooked, repository.dataSources, repository.messages, repository.input,
                                     repository.files, colours, repository.store, repository.progress, help, folder,
-                                    saveDialog, clipboard}};
+                                    saveDialog, clipboard, states}};
 };
 
 TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {

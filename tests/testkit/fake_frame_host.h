@@ -8,6 +8,7 @@
 #include "repository/view_scenarios.h"
 #include "shell/frame_host.h"
 #include "shell/plain_forms.h"
+#include "shell/recovery_form.h"
 #include "statements/ldl_form.h"
 
 namespace orvent::testkit {
@@ -26,6 +27,7 @@ class FakeFrameHost : public shell::FrameHost {
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
         dialogs_.add<exchange::MissingTypesForm>([this](auto& question) { atMissingTypes(question); });
+        dialogs_.add<shell::RecoveryForm>([this](auto& left) { atRecovery(left); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
         dialogs_.add<shell::EdgeChangesForm>([this](auto& list) { atEdgeChanges(list); });
     }
@@ -37,16 +39,25 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(editors::SetActProp&)> atActivity;
     std::function<void(shell::EdgeChangesForm&)> atEdgeChanges;
     std::function<void(exchange::MissingTypesForm&)> atMissingTypes;
+    std::function<void(shell::RecoveryForm&)> atRecovery;
+    std::function<void()> atCommands;
     bool placed = false;
     int maximized = 0;
     bool ended = false;
+    bool history = false;
 
     const forms::Dialogs& dialogs() const override { return dialogs_; }
     void placePalette(shell::Palette) override {}
     void placeFrame(int, int, int, int) override { placed = true; }
     void maximizeFrame() override { ++maximized; }
     void enableFrame(bool) override {}
-    void commandsChanged() override {}
+    void commandsChanged() override {
+        if (atCommands) {
+            atCommands();
+        }
+    }
+    void showHistory(bool shown) override { history = shown; }
+    bool historyShown() const override { return history; }
     void unloadFrame() override {}
     void endProgram() override { ended = true; }
 

@@ -30,7 +30,7 @@ class TestFrame {
         : repository_(repository),
           folder_(repository.folder.path()),
           frame({repository.hooked, repository.dataSources, repository.messages, repository.input, repository.files,
-                 colours_, repository.store, repository.progress, help_, folder_, saveDialog, clipboard},
+                 colours_, repository.store, repository.progress, help_, folder_, saveDialog, clipboard, states},
                 host, desk) {
         const repository::LoginValues& login = repository.settings.login;
         repository.store.setValue("DB", "ReposConnString", login.ReposConnString);
@@ -81,6 +81,7 @@ class TestFrame {
   public:
     ChosenFile saveDialog;
     OwnClipboard clipboard;
+    platform::StateFolder states{repository_.file().parent_path() / "states"};
     FakeFrameHost host;
     FakeDesk desk;
     shell::MDIForm1 frame;

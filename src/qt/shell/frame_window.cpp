@@ -1,5 +1,6 @@
 #include "qt/shell/frame_window.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
@@ -21,6 +22,7 @@
 #include "qt/shell/desk_window.h"
 #include "qt/shell/dialog_windows.h"
 #include "qt/shell/frame_tools.h"
+#include "qt/shell/history_dock.h"
 #include "qt/shell/side_menu.h"
 #include "qt/shell/welcome_page.h"
 #include "qt/text.h"
@@ -72,6 +74,11 @@ void FrameWindow::attach(shell::MDIForm1& logic) {
     logic_ = &logic;
     area_->attach(&logic);
     sizes_.attach(&logic.services().store);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [this] {
+        if (logic_) {
+            logic_->idle();
+        }
+    });
     // At the right of what a progress display has put there.
     statusBar()->addPermanentWidget(viewCorner_);
     statusBar()->addPermanentWidget(whoAndWhere_);
@@ -148,6 +155,14 @@ void FrameWindow::buildCentre() {
     columns->addWidget(sideMenu_->scrolling());
     columns->addWidget(centre_, 1);
     setCentralWidget(row);
+    history_ = new HistoryDock([this](std::size_t line) { logic_->goToStep(line); }, this);
+    history_->hide();
+    addDockWidget(Qt::RightDockWidgetArea, history_);
+    connect(history_, &HistoryDock::closed, this, [this] {
+        if (logic_) {
+            logic_->historyClosed();
+        }
+    });
 }
 
 void FrameWindow::openFile(const std::string& path) {
@@ -237,9 +252,20 @@ void FrameWindow::enableFrame(bool enabled) {
     }
     tools_->setEnabled(enabled);
     centralWidget()->setEnabled(enabled);
+    history_->setEnabled(enabled);
     if (enabled && focusBefore_) {
         focusBefore_->setFocus();
     }
+}
+
+void FrameWindow::showHistory(bool shown) {
+    if (history_) {
+        history_->setVisible(shown);
+    }
+}
+
+bool FrameWindow::historyShown() const {
+    return history_ && !history_->isHidden();
 }
 
 void FrameWindow::commandsChanged() {
@@ -255,6 +281,10 @@ void FrameWindow::commandsChanged() {
     const repository::LoginValues& login = logic_->options().repository.login;
     whoAndWhere_->setText(login.User.empty() ? QString()
                                              : tr("%1 @ %2").arg(text(login.User), text(login.ReposConnString)));
+    if (historyShown()) {
+        canvas::CanvasForm* form = area_->active();
+        history_->showLines(form ? logic_->histories().linesOf(form->scenario()) : shell::HistoryLines{});
+    }
     showTitle();
 }
 

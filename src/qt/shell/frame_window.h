@@ -16,6 +16,7 @@ class QStackedWidget;
 namespace orvent::qt {
 
 class FrameTools;
+class HistoryDock;
 class SideMenu;
 class DeskArea;
 class Theme;
@@ -50,6 +51,8 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void maximizeFrame() override;
     void enableFrame(bool enabled) override;
     void commandsChanged() override;
+    void showHistory(bool shown) override;
+    bool historyShown() const override;
     void unloadFrame() override { close(); }
     void endProgram() override { endAtOnce_(); }
 
@@ -82,6 +85,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     QStackedWidget* centre_ = nullptr;
     DeskArea* area_;
     SideMenu* sideMenu_ = nullptr;
+    HistoryDock* history_ = nullptr;
     QLabel* whoAndWhere_ = nullptr;
     QLabel* viewCorner_ = nullptr;  ///< the scale of the view in front and the pointer's place in it
     bool takesInput_ = true;

@@ -1,0 +1,296 @@
+#include "history/remembered.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "history/row_identifiers.h"
+
+namespace orvent::history {
+
+namespace {
+
+constexpr std::size_t kHeld = 64;  // bytes beside the text of a node's own
+
+std::string withoutRows(canvas::NodeState node, TextPool& texts) {
+    eachIdentifier(node.kind, node.entity,
+                   [](entities::NodeKindCode, const std::string&, std::int16_t& id) { id = 0; });
+    return *bytesOf(node, node.entity, texts);
+}
+
+canvas::NodeProperties shareOf(canvas::NodeProperties& entity) {
+    return std::visit([](auto& held) { return canvas::NodeProperties(held); }, entity);
+}
+
+template <class Item>
+Item& grown(std::vector<Item>& items, std::int32_t index) {
+    const auto at = static_cast<std::size_t>(index);
+    if (at >= items.size()) {
+        items.resize(at + 1);
+    }
+    return items[at];
+}
+
+template <class Item>
+void inOrder(std::vector<Item>& items) {
+    std::ranges::sort(items, {}, &Item::index);
+}
+
+}  // namespace
+
+std::size_t Difference::bytes() const {
+    std::size_t sum = nodes.size() * sizeof(Node) + edges.size() * sizeof(Edge);
+    for (const Node& node : nodes) {
+        sum += node.after ? node.after->size() + kHeld : 0;
+        sum += node.before && !node.after ? node.before->size() + kHeld : 0;
+    }
+    return sum;
+}
+
+bool Difference::isReadinessAlone() const {
+    return edges.empty() && std::ranges::all_of(nodes, [](const Node& node) {
+               return node.before && node.after && sameButReady(*node.before, *node.after);
+           });
+}
+
+void Difference::goOn(const Difference& further) {
+    for (const Node& node : further.nodes) {
+        const auto known = std::ranges::find(nodes, node.index, &Node::index);
+        if (known != nodes.end()) {
+            known->after = node.after;
+        } else {
+            nodes.push_back(node);
+        }
+    }
+    inOrder(nodes);
+}
+
+NodeBytes& Remembered::nodeAt(std::int32_t index) {
+    return grown(nodes_, index);
+}
+
+canvas::EdgeState& Remembered::edgeAt(std::int32_t index) {
+    return grown(edges_, index);
+}
+
+NodeBytes Remembered::storedAt(std::int32_t index) const {
+    const auto at = static_cast<std::size_t>(index);
+    return at < stored_.size() ? stored_[at] : nullptr;
+}
+
+bool Remembered::sameButRows(const std::string& one, const std::string& other) {
+    const std::string_view head(one.data(), one.size() - entityPart(one).size());
+    const std::string_view otherHead(other.data(), other.size() - entityPart(other).size());
+    return head == otherHead && withoutRows(nodeOf(one, texts_), texts_) == withoutRows(nodeOf(other, texts_), texts_);
+}
+
+/// One look at a window. What is linked with a changed node is looked at, too: what an edit changes elsewhere it
+/// changes along links, as they were or as they are.
+class Remembered::Look {
+  public:
+    Look(Remembered& known, const canvas::DrawForm& form) : known_(known), form_(form) {}
+
+    void edge(std::int32_t index) {
+        canvas::EdgeState& known = known_.edgeAt(index);
+        const canvas::EdgeState now = canvas::stateOf(form_.Lines.byIndex(index));
+        if (now == known) {
+            return;
+        }
+        for (const std::int32_t end : {known.from, known.to, now.from, now.to}) {
+            if (end != 0) {
+                meet(end);
+            }
+        }
+        known_.changed_.edge(index);
+        difference_.edges.push_back({index, known, now});
+        known = now;
+    }
+
+    void node(std::int32_t index) {
+        NodeBytes& known = known_.nodeAt(index);
+        const canvas::LabelsD* shown = form_.Labels.byIndex(index);
+        if (!shown) {
+            if (known) {
+                change(index, known, nullptr, nullptr);
+            }
+            return;
+        }
+        const canvas::NodeState state = canvas::stateOf(form_, *shown);
+        NodeBytes now = bytesOf(state, shown->Properties, known_.texts_);
+        if (known && (*now == *known || (dialogOpen && sameButReady(*now, *known)))) {
+            return;
+        }
+        if (const NodeBytes stored = known_.storedAt(index); stored && *stored == *now) {
+            now = stored;  // one copy of it is enough
+        }
+        change(index, known, std::move(now), &shown->Properties);
+    }
+
+    /// Looks at what was met and not looked at yet.
+    void follow() {
+        while (!waiting_.empty()) {
+            const std::int32_t index = waiting_.back();
+            waiting_.pop_back();
+            node(index);
+        }
+    }
+
+    void meet(std::int32_t index) {
+        if (follows && met_.insert(index).second) {
+            waiting_.push_back(index);
+        }
+    }
+
+    Difference difference() {
+        inOrder(difference_.nodes);
+        inOrder(difference_.edges);
+        return std::move(difference_);
+    }
+
+    bool follows = true;  ///< false while all nodes are looked at anyhow
+    bool dialogOpen = false;
+
+  private:
+    void change(std::int32_t index, NodeBytes& known, NodeBytes now, const canvas::NodeProperties* entity) {
+        known_.changed_.node(index);
+        const NodeBytes before = std::exchange(known, now);
+        if (before && now && known_.sameButRows(*before, *now)) {
+            return;
+        }
+        if (follows && (!before || !now || entityPart(*before) != entityPart(*now))) {
+            const auto meetNamed = [this](const std::string& name) {
+                if (const std::int32_t other = form_.NamesColl.Item(name); other != -1) {
+                    meet(other);
+                }
+            };
+            if (before) {
+                eachLinkedName(nodeOf(*before, known_.texts_).entity, meetNamed);
+            }
+            if (entity) {
+                eachLinkedName(*entity, meetNamed);
+            }
+        }
+        difference_.nodes.push_back({index, before, std::move(now)});
+    }
+
+    Remembered& known_;
+    const canvas::DrawForm& form_;
+    Difference difference_;
+    std::vector<std::int32_t> waiting_;
+    std::unordered_set<std::int32_t> met_;
+};
+
+void Remembered::stored() {
+    stored_ = nodes_;
+    storedEdges_ = edges_;
+}
+
+void Remembered::nothingStored() {
+    stored_.clear();
+    storedEdges_.clear();
+}
+
+bool Remembered::isStored() const {
+    // What is alike is one copy; behind the shorter list nothing exists.
+    const auto same = [](const auto& now, const auto& then, auto exists) {
+        const std::size_t both = std::min(now.size(), then.size());
+        const auto shared = static_cast<std::ptrdiff_t>(both);
+        return std::equal(now.begin(), now.begin() + shared, then.begin()) &&
+               std::none_of(now.begin() + shared, now.end(), exists) &&
+               std::none_of(then.begin() + shared, then.end(), exists);
+    };
+    return same(nodes_, stored_, [](const NodeBytes& node) { return node != nullptr; }) &&
+           same(edges_, storedEdges_, [](const canvas::EdgeState& edge) { return edge.exists(); });
+}
+
+void Remembered::take(const canvas::DrawForm& form) {
+    nodes_.clear();
+    edges_.clear();
+    updateAll(form);
+}
+
+Difference Remembered::update(const canvas::DrawForm& form, const canvas::Touched& touched, bool dialogOpen) {
+    Look look(*this, form);
+    look.dialogOpen = dialogOpen;
+    for (const std::int32_t index : touched.nodes) {
+        look.meet(index);
+    }
+    std::vector<std::int32_t> edges = touched.edges;
+    std::ranges::sort(edges);
+    edges.erase(std::ranges::unique(edges).begin(), edges.end());
+    for (const std::int32_t index : edges) {
+        look.edge(index);
+    }
+    look.follow();
+    return look.difference();
+}
+
+Difference Remembered::updateAll(const canvas::DrawForm& form) {
+    Look look(*this, form);
+    look.follows = false;
+    const auto all = static_cast<std::int32_t>(std::max<std::size_t>(nodes_.size(), form.LabelsNo + std::size_t{1}));
+    const auto lines = static_cast<std::int32_t>(std::max<std::size_t>(edges_.size(), form.LinesNo + std::size_t{1}));
+    grown(nodes_, all - 1);
+    grown(edges_, lines - 1);
+    for (std::int32_t index = 1; index < all; ++index) {
+        look.node(index);
+    }
+    for (std::int32_t index = 1; index < lines; ++index) {
+        look.edge(index);
+    }
+    return look.difference();
+}
+
+void Remembered::bring(canvas::DrawForm& form, const Difference& difference, bool back) {
+    canvas::CanvasChange change;
+    for (const Difference::Node& step : difference.nodes) {
+        const NodeBytes& wanted = back ? step.before : step.after;
+        if (!wanted) {
+            change.goingNodes.push_back(step.index);
+            continue;
+        }
+        canvas::NodeState state = nodeOf(*wanted, texts_);
+        canvas::LabelsD* shown = form.Labels.byIndex(step.index);
+        if (const NodeBytes& now = nodeAt(step.index); shown && now && entityPart(*now) == entityPart(*wanted)) {
+            state.entity = shareOf(shown->Properties);
+        } else if (const NodeBytes stored = storedAt(step.index)) {
+            StoredRows(nodeOf(*stored, texts_)).giveTo(state);
+        } else {
+            StoredRows({}).giveTo(state);
+        }
+        change.nodes.push_back(std::move(state));
+    }
+    for (const Difference::Edge& step : difference.edges) {
+        change.edges.push_back({step.index, back ? step.before : step.after});
+    }
+    canvas::restore(form, std::move(change));
+    canvas::Touched touched;
+    for (const Difference::Node& step : difference.nodes) {
+        touched.nodes.push_back(step.index);
+    }
+    for (const Difference::Edge& step : difference.edges) {
+        touched.edges.push_back(step.index);
+    }
+    update(form, touched);
+}
+
+std::vector<canvas::DeletedNode> Remembered::rowsToDelete() const {
+    std::vector<canvas::DeletedNode> rows;
+    for (std::size_t index = 0; index < stored_.size(); ++index) {
+        const NodeBytes& now = nodes_[index];
+        if (!stored_[index] || now == stored_[index]) {
+            continue;
+        }
+        const StoredRows stored(nodeOf(*stored_[index], texts_));
+        std::vector<canvas::DeletedNode> lacking;
+        if (now) {
+            const canvas::NodeState state = nodeOf(*now, texts_);
+            lacking = stored.lackingIn(&state);
+        } else {
+            lacking = stored.lackingIn(nullptr);
+        }
+        rows.insert(rows.end(), lacking.begin(), lacking.end());
+    }
+    return rows;
+}
+
+}  // namespace orvent::history

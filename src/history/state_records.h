@@ -1,0 +1,95 @@
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "history/bad_bytes.h"
+
+namespace orvent::history {
+
+// A file of states is records one behind the other: a letter, the number of bytes that follow, these, and a sum over
+// all of it. What a program that was killed has begun to write is thereby known as such.
+
+/// What a record holds.
+enum class Record : char {
+    begin = 'B',     ///< the format's name and number
+    texts = 'T',     ///< texts of the pool, behind those that stand before
+    types = 'Y',     ///< the names of the catalogue's types by their index
+    scenario = 'S',  ///< the window and what it knows of its store
+    rows = 'R',      ///< what the rows of each node were when they were read last
+    node = 'N',      ///< a node's number and its bytes; none when it has gone
+    edge = 'E',      ///< an edge's number and state
+    step = 'C',      ///< a command has ended: time and words. Only what stands in front of one counts.
+};
+
+/// A record that is being written.
+class RecordWriter {
+  public:
+    RecordWriter(std::string& out, Record kind) : out_(out), kind_(kind) {}
+    ~RecordWriter();
+    RecordWriter(const RecordWriter&) = delete;
+    RecordWriter& operator=(const RecordWriter&) = delete;
+
+    RecordWriter& number(std::uint64_t value);
+    RecordWriter& text(std::string_view value) {
+        number(value.size());
+        body_ += value;
+        return *this;
+    }
+    RecordWriter& real(float value) { return number(std::bit_cast<std::uint32_t>(value)); }
+    /// A number with a sign, or a code.
+    template <class Number>
+    RecordWriter& code(Number value) {
+        const auto wide = static_cast<std::int64_t>(value);
+        return number((static_cast<std::uint64_t>(wide) << 1) ^ static_cast<std::uint64_t>(wide >> 63));
+    }
+
+  private:
+    std::string& out_;
+    Record kind_;
+    std::string body_;
+};
+
+/// The body of one record; throws `BadBytes` where it holds less than is asked for.
+class RecordBody {
+  public:
+    explicit RecordBody(std::string_view bytes) : bytes_(bytes) {}
+
+    std::uint64_t number();
+    std::string_view text();
+    float real() { return std::bit_cast<float>(static_cast<std::uint32_t>(number())); }
+    template <class Number>
+    void code(Number& value) {
+        const std::uint64_t folded = number();
+        const auto wide = static_cast<std::int64_t>((folded >> 1) ^ (0 - (folded & 1)));
+        value = static_cast<Number>(wide);
+        if (static_cast<std::int64_t>(value) != wide) {
+            throw BadBytes();
+        }
+    }
+    bool atEnd() const { return bytes_.empty(); }
+
+  private:
+    std::string_view bytes_;
+};
+
+/// Walks over the whole records of a text, any bytes. The first one that is not whole ends it.
+class RecordReader {
+  public:
+    explicit RecordReader(std::string_view bytes) : bytes_(bytes) {}
+
+    struct Found {
+        Record kind;
+        std::string_view body;
+    };
+    std::optional<Found> next();
+
+  private:
+    std::string_view bytes_;
+};
+
+}  // namespace orvent::history

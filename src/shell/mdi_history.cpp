@@ -1,0 +1,84 @@
+// The frame's part in histories and in what a program that did not end properly has left.
+
+#include "repository/stored_content.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::shell {
+
+void MDIForm1::zoomApplied(zoom::ZoomView& view) {
+    canvas::DrawForm& design = view.ParForm();
+    histories_.touchAll(design);
+    histories_.settleNow(design, "Applied " + view.central()->Caption());
+}
+
+void MDIForm1::goToStep(std::size_t line) {
+    if (canvas::DrawForm* form = activeScenario()) {
+        histories_.settle();
+        histories_.goTo(*form, line);
+    }
+}
+
+std::string MDIForm1::whyNotNow(const canvas::DrawForm& form) const {
+    return viewOver(form)   ? "A zoom of this scenario is open."
+           : form.Enabled() ? ""
+                            : "A dialog of this scenario is open.";
+}
+
+/// A dialog over the design takes its entity out of the graph; a view and its dialogs leave it alone.
+bool MDIForm1::isWhole(const canvas::DrawForm& form) const {
+    return (form.Enabled() || viewOver(form)) && form.typing == 0 && !form.RubberBand;
+}
+
+void MDIForm1::historyChanged(canvas::DrawForm&) {
+    host_.commandsChanged();
+}
+
+/// What a program that did not end properly has left.
+void MDIForm1::offerLeftScenarios() {
+    const std::vector<std::string> left = ports_.states.claimLeft();
+    if (!left.empty()) {
+        RecoveryForm dialog(ports_.states, left, [this](const std::string& file) { return bringBack(file); });
+        host_.dialogs().show(dialog);
+        host_.commandsChanged();
+    }
+}
+
+/// The scenario is unsaved, and goes on being the stored one that it was, if that is of this repository.
+bool MDIForm1::bringBack(const std::string& file) {
+    try {
+        history::KeptState state = history::readState(ports_.states.read(file));
+        std::string name = state.name;
+        const int slot = NewScenario(name);
+        if (slot < 0) {
+            return false;
+        }
+        canvas::DrawForm& form = *scenario(slot);
+        const bool stored = state.source == options_.repository.login.ReposConnString;
+        std::vector<history::StateWriter::Told> told = state.told;
+        history::fillForm(form, std::move(state), catalogue_.tables,
+                          stored ? history::TakenOver::withRows : history::TakenOver::asNew);
+        if (form.stored.broken) {
+            loadSave_.goOnAfterBrokenSave(form);
+        }
+        recovery_.goOn(form, std::move(told));
+        histories_.beginAnew(form);
+        form.tellStored();
+        ports_.states.drop(file);
+        return true;
+    } catch (const platform::Fault& fault) {
+        repository::showFault(services_, fault);
+        return false;
+    }
+}
+
+void MDIForm1::toggleHistory() {
+    host_.showHistory(!host_.historyShown());
+    keepHistoryShown();
+}
+
+void MDIForm1::keepHistoryShown() {
+    ports_.store.setValue("View", "History", host_.historyShown() ? "1" : "0");
+    host_.commandsChanged();
+}
+
+}  // namespace orvent::shell

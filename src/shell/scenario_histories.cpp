@@ -1,0 +1,108 @@
+#include "shell/scenario_histories.h"
+
+namespace orvent::shell {
+
+ScenarioHistories::ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery)
+    : subscription_(scenarios.add(*this)), ports_(ports), recovery_(recovery) {}
+
+ScenarioHistories::~ScenarioHistories() = default;
+
+void ScenarioHistories::scenarioOpened(canvas::DrawForm& form) {
+    histories_[&form] = std::make_unique<history::ScenarioHistory>(form);
+}
+
+void ScenarioHistories::scenarioClosed(canvas::DrawForm& form) {
+    histories_.erase(&form);
+    recovery_.forget(form);
+}
+
+const history::ScenarioHistory* ScenarioHistories::of(const canvas::DrawForm& form) const {
+    const auto place = histories_.find(&form);
+    return place == histories_.end() ? nullptr : place->second.get();
+}
+
+void ScenarioHistories::settle(const std::string& words) {
+    for (const auto& [form, history] : histories_) {
+        if (ports_.isWhole(*form)) {
+            settleNow(*form, words);
+        }
+    }
+}
+
+void ScenarioHistories::settleNow(canvas::DrawForm& form, const std::string& words, bool dialogOpen) {
+    const auto place = histories_.find(&form);
+    if (place == histories_.end()) {
+        return;
+    }
+    const bool waits = place->second->waits();
+    const history::ScenarioHistory::Step* step = place->second->settle(words, dialogOpen);
+    if (step) {
+        ports_.historyChanged(form);
+    }
+    if (waits) {
+        recovery_.note(form, *place->second, step ? step->words : std::string());
+    }
+}
+
+void ScenarioHistories::idle() {
+    if (running_ == 0) {
+        settle();
+    }
+}
+
+void ScenarioHistories::touchAll(canvas::DrawForm& form) {
+    histories_.at(&form)->touchAll();
+}
+
+void ScenarioHistories::beginFilled() {
+    for (const auto& [form, history] : histories_) {
+        if (history->steps().empty() && history->isEmpty()) {
+            beginAnew(*form);
+        }
+    }
+}
+
+void ScenarioHistories::beginAnew(canvas::DrawForm& form) {
+    history::ScenarioHistory& history = *histories_.at(&form);
+    history.beginAnew();
+    recovery_.note(form, history, {});
+    ports_.historyChanged(form);
+}
+
+bool ScenarioHistories::canStep(const canvas::DrawForm* form, bool back) const {
+    const history::ScenarioHistory* history = form ? of(*form) : nullptr;
+    return history && ports_.whyNotNow(*form).empty() && (back ? history->canGoBack() : history->canGoForward());
+}
+
+void ScenarioHistories::step(canvas::DrawForm& form, bool back) {
+    settle();
+    if (canStep(&form, back)) {
+        const std::size_t position = of(form)->position();
+        goTo(form, back ? position - 1 : position + 1);
+    }
+}
+
+void ScenarioHistories::goTo(canvas::DrawForm& form, std::size_t line) {
+    if (ports_.whyNotNow(form).empty()) {
+        history::ScenarioHistory& history = *histories_.at(&form);
+        const bool back = line < history.position();
+        history.goTo(line);
+        recovery_.note(form, history, back ? "Step Back" : "Step Forward");
+        ports_.historyChanged(form);
+    }
+}
+
+HistoryLines ScenarioHistories::linesOf(const canvas::DrawForm& form) const {
+    HistoryLines shown;
+    if (const history::ScenarioHistory* history = of(form)) {
+        shown.lines.emplace_back(history->hasDropped() ? "Earlier steps are forgotten" : "As it was opened");
+        for (const history::ScenarioHistory::Step& step : history->steps()) {
+            shown.lines.push_back(step.words);
+        }
+        shown.present = history->position();
+        shown.reason = ports_.whyNotNow(form);
+    }
+    return shown;
+}
+
+}  // namespace orvent::shell

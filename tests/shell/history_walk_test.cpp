@@ -1,0 +1,132 @@
+// Random walks with steps back and forward between them: wherever the history leads, the scenario is what it was there,
+// to the last link and its order.
+
+#include <gtest/gtest.h>
+
+#include "repository/stored_content.h"
+#include "shell/scenario_walk.h"
+#include "testkit/zoom_faults.h"
+
+using namespace orvent;
+using platform::Answer;
+using shell::Command;
+
+namespace {
+
+struct OwnRepository {
+    testkit::TestRepository own_;
+};
+
+class HistoryWalk : public ::testing::TestWithParam<unsigned>, private OwnRepository, public testkit::ScenarioWalk {
+  protected:
+    HistoryWalk() : ScenarioWalk(own_, GetParam()) {
+        states_.push_back({testkit::stateText(*form), selected(), selected(), false});
+    }
+
+    void idle() override {
+        ScenarioWalk::idle();
+        if (history().position() == position_) {
+            selected_ = selected();
+        }
+        if (std::exchange(times_, form->stored.times) != form->stored.times && form->unstorable().empty()) {
+            savedText_ = testkit::stateText(*form);
+        }
+    }
+    void ended() override { mayHaveStepped(); }
+
+    const history::ScenarioHistory& history() { return *frame.histories().of(*form); }
+
+    /// Without readiness, which alone is no step.
+    static std::string unready(std::string text) {
+        for (std::size_t at = 0; (at = text.find(" ready", at)) != std::string::npos;) {
+            text.erase(at, 7);
+        }
+        return text;
+    }
+
+    /// A change is a step, and what is no change is none.
+    void mayHaveStepped() {
+        const std::string now = testkit::stateText(*form);
+        const std::size_t position = history().position();
+        if (position == position_) {
+            EXPECT_EQ(unready(now), unready(states_[position_].text)) << "a change that is no step";
+            for (std::size_t at = position_; now != states_[position_].text && at < states_.size(); ++at) {
+                states_[at].loose = true;  // those that lie ahead do not know of it
+            }
+            states_[position_].text = now;
+            selected_ = selected();
+            return;
+        }
+        EXPECT_GT(position, position_);
+        EXPECT_NE(unready(now), unready(states_[position_].text)) << "a step without a change";
+        states_[position_].left = selected_;
+        states_.resize(position_ + 1);
+        states_.resize(position);  // of what a dialog has applied before, the graph is not whole while it is open
+        selected_ = selected();
+        states_.push_back({now, selected_, selected_, false});
+        position_ = position;
+        EXPECT_EQ(history().steps().size(), position);
+    }
+
+    void travel() {
+        const std::size_t to = static_cast<std::size_t>(pick(static_cast<int>(states_.size())));
+        say("go to " + std::to_string(to));
+        if (pick(3) == 0) {
+            frame.run(Command::stepBack);
+            EXPECT_EQ(history().position(), position_ == 0 ? 0 : position_ - 1);
+        } else {
+            frame.goToStep(to);
+            EXPECT_EQ(history().position(), to);
+        }
+        const std::size_t former = std::exchange(position_, history().position());
+        State& state = states_[position_];
+        if (state.text.empty()) {
+            state = {testkit::stateText(*form), selected(), selected(), false};
+        }
+        const std::string now = testkit::stateText(*form);
+        EXPECT_EQ(state.loose ? unready(now) : now, state.loose ? unready(state.text) : state.text);
+        if (position_ != former) {
+            EXPECT_EQ(selected(), position_ < former ? state.left : state.arrived) << former << " " << position_;
+        }
+        selected_ = selected();
+        EXPECT_EQ(testkit::CanvasFaults::ofScenario(*form), testkit::CanvasFaults::Lines{});
+        if (position_ != former && !form->stored.forced) {
+            EXPECT_TRUE(form->stored.changed || repository::contentMark(*form) == form->stored.mark);
+            EXPECT_TRUE(!form->stored.changed || now != savedText_) << "nothing is unsaved";
+        }
+        frame.idle();
+        EXPECT_EQ(history().position(), position_) << "a way back is no step";
+    }
+
+    /// The scenario, and what was selected when a step had led there and when the next one began.
+    struct State {
+        std::string text, arrived, left;
+        bool loose = false;  ///< readiness has changed there by itself
+    };
+    std::vector<State> states_;  ///< one for each position in the history
+    std::size_t position_ = 0;
+    std::uint32_t times_ = 0;
+    std::string selected_;   ///< as the frame was idle last
+    std::string savedText_;  ///< as it was saved last
+};
+
+TEST_P(HistoryWalk, EachStepIsWhatItWas) {
+    for (int round = 0; round < 60 && !HasFailure(); ++round) {
+        act();
+        idle();
+        mayHaveStepped();
+        if (pick(3) == 0) {
+            travel();
+        }
+    }
+    EXPECT_FALSE(HasFailure()) << "seed " << GetParam() << "\n" << log_.str();
+    saveAndLoad();
+    repository.messages.anyway = [](const std::string&) { return Answer::ok; };
+    while (!stage.desk.windows.empty()) {
+        frame.close(*stage.desk.windows.back());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, HistoryWalk, ::testing::Range(0U, 12U));
+
+}  // namespace

@@ -1,0 +1,188 @@
+// A program that is killed at any moment: what was done until the last command is brought back, saves and loads.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <thread>
+
+#include "history/kept_state.h"
+#include "shell/scenario_walk.h"
+
+using namespace orvent;
+using platform::Answer;
+using shell::Command;
+
+namespace {
+
+/// The walk of a program that is going to be killed. It tells by a pipe what a command has made before the program is
+/// idle, and when it has been.
+class DoomedWalk : public testkit::ScenarioWalk {
+  public:
+    DoomedWalk(testkit::TestRepository& itsRepository, unsigned seed, int pipe)
+        : ScenarioWalk(itsRepository, seed), pipe_(pipe) {
+        stage.host.atCommands = [this] { tell('S' + testkit::modelText(*form)); };
+    }
+
+    void idle() override {
+        if (!form->Enabled() && stage.desk.active() == form) {
+            return ScenarioWalk::idle();  // a dialog has a part of it
+        }
+        tell('P' + testkit::modelText(*form));
+        ScenarioWalk::idle();
+        tell("D");
+    }
+
+    [[noreturn]] void run() {
+        for (;;) {
+            act();
+            idle();
+            if (::testing::Test::HasFailure()) {
+                tell('F' + log_.str());
+                ::_exit(EXIT_FAILURE);
+            }
+        }
+    }
+
+  private:
+    void tell(std::string words) const {
+        words += '\0';
+        for (std::string_view rest = words; !rest.empty();) {
+            const ssize_t written = ::write(pipe_, rest.data(), rest.size());
+            if (written < 0) {
+                ::_exit(EXIT_FAILURE);
+            }
+            rest.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+
+    int pipe_;
+};
+
+/// What the killed program has told.
+struct Told {
+    std::string before;           ///< the scenario as a command had left it for sure
+    std::string perhaps;          ///< as one had made it that may have ended
+    std::set<std::string> steps;  ///< as the steps of it had made it
+};
+
+Told readAll(int pipe) {
+    std::string all;
+    char part[1 << 16];
+    for (ssize_t got = 0; (got = ::read(pipe, part, sizeof part)) > 0;) {
+        all.append(part, static_cast<std::size_t>(got));
+    }
+    Told told;
+    for (std::size_t at = 0, end = 0; (end = all.find('\0', at)) != std::string::npos; at = end + 1) {
+        const std::string words = all.substr(at, end - at);
+        EXPECT_NE(words.front(), 'F') << words;
+        if (words.front() == 'S') {
+            told.steps.insert(words.substr(1));
+        } else if (words.front() == 'P') {
+            told.perhaps = words.substr(1);
+        } else {
+            told.before = told.perhaps;
+            told.steps.clear();
+        }
+    }
+    return told;
+}
+
+class Recovery : public ::testing::Test {
+  protected:
+    Told killOne(const std::filesystem::path& folder, unsigned seed, std::chrono::milliseconds after) {
+        int ends[2];
+        EXPECT_EQ(::pipe(ends), 0);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::close(ends[0]);
+            testkit::TestRepository repository(folder);
+            DoomedWalk(repository, seed, ends[1]).run();
+        }
+        ::close(ends[1]);
+        std::thread killer([child, after] {
+            std::this_thread::sleep_for(after);
+            ::kill(child, SIGKILL);
+        });
+        Told told = readAll(ends[0]);
+        killer.join();
+        ::close(ends[0]);
+        ::waitpid(child, nullptr, 0);
+        return told;
+    }
+
+    /// Starts the program again and brings back what was left.
+    void check(const std::filesystem::path& folder, const Told& told) {
+        testkit::TestRepository repository(folder);
+        repository.messages.anyway = [](const std::string&) { return Answer::ok; };
+        testkit::TestFrame stage(repository);
+        stage.host.atRecovery = [&](shell::RecoveryForm& dialog) {
+            EXPECT_EQ(dialog.words(), "ORVENT II did not end properly. 1 scenario can be brought back.");
+            dialog.cmdBringBack_Click({0});
+            EXPECT_TRUE(dialog.rows().empty());
+        };
+        ASSERT_TRUE(stage.frame.start());
+        if (!stage.desk.active()) {
+            ++nothingUnsaved_;
+            return checkStored(stage, repository, told);
+        }
+        canvas::DrawForm& form = stage.active();
+        const std::string back = testkit::modelText(form);
+        EXPECT_TRUE(back == told.before || back == told.perhaps || told.steps.contains(back))
+            << back << "\nis neither\n"
+            << told.before << "\nnor\n"
+            << told.perhaps;
+        EXPECT_TRUE(form.stored.changed);
+        if (!form.unstorable().empty()) {
+            return;
+        }
+        form.ScenarioID == 0 ? stage.saveAs("Recovered") : stage.frame.run(Command::saveScenario);
+        EXPECT_FALSE(form.stored.changed);
+        stage.load(form.Caption());
+        EXPECT_EQ(DoomedWalk::nodesSorted(stage.active()), DoomedWalk::nodesSorted(form));
+        repository::Services services = repository.services();
+        if (testkit::rowsIn(services, {"Scenarios"}) == 1) {
+            EXPECT_EQ(testkit::rowsIn(services, {"ScenarioNodes"}), form.Labels.Count());
+        }
+        ++broughtBack_;
+    }
+
+    /// Nothing was left: it is stored.
+    static void checkStored(testkit::TestFrame& stage, testkit::TestRepository& repository, const Told& told) {
+        repository::Services services = repository.services();
+        repository::StatementCache open = repository::openRepository(services);
+        platform::Statement& names = open.run("SELECT Scenario_Name FROM Scenarios");
+        bool found = false;
+        while (names.fetch()) {
+            stage.load(names.text(1));
+            const auto stored = DoomedWalk::nodesSorted(stage.active());
+            found =
+                found || stored == DoomedWalk::blocksOf(told.before) || stored == DoomedWalk::blocksOf(told.perhaps);
+        }
+        EXPECT_TRUE(found) << "neither stored nor left\n" << told.before;
+    }
+
+    int broughtBack_ = 0, nothingUnsaved_ = 0;
+};
+
+TEST_F(Recovery, NothingIsLostThatHadEnded) {
+    const char* wanted = std::getenv("ORVENT_KILLS");
+    const int kills = wanted ? std::atoi(wanted) : 12;
+    std::mt19937 random(7);
+    for (int round = 0; round < kills && !HasFailure(); ++round) {
+        const testkit::TemporaryFolder folder;
+        const std::chrono::milliseconds after(std::uniform_int_distribution<int>(100, 700)(random));
+        SCOPED_TRACE("round " + std::to_string(round) + ", killed after " + std::to_string(after.count()) + " ms");
+        const Told told = killOne(folder.path(), static_cast<unsigned>(round), after);
+        if (!told.perhaps.empty()) {
+            check(folder.path(), told);
+        }
+    }
+    EXPECT_GT(broughtBack_, kills / 3);
+    std::printf("%d brought back, %d with nothing unsaved\n", broughtBack_, nothingUnsaved_);
+}
+
+}  // namespace

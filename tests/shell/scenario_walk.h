@@ -1,0 +1,278 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "canvas/node_moves.h"
+#include "testkit/model_text.h"
+#include "testkit/state_text.h"
+#include "testkit/test_frame.h"
+#include "zoom/rename_node.h"
+
+namespace orvent::testkit {
+
+using platform::Answer;
+using shell::Command;
+
+/// Random use of a scenario in a frame without windows: gestures, dialogs, zooms with Apply, commands and saves.
+/// Whoever derives hears of each moment at which the program is idle.
+class ScenarioWalk {
+  public:
+    ScenarioWalk(TestRepository& repositoryOfAll, unsigned seed) : repository(repositoryOfAll), random_(seed) {
+        EXPECT_TRUE(stage.frame.start());
+        frame.run(Command::loadTestGraph);
+        form = &stage.active();
+        stage.host.atActivity = [this](editors::SetActProp& dialog) { editActivity(dialog); };
+        stage.host.atRecordSet = [this](editors::RecordSetProp& dialog) { editRecordSet(dialog); };
+        stage.host.atEdgeChanges = [](auto&) {};
+        repository.messages.anyway = [this](const std::string& text) {
+            say("  told: " + text);
+            return text.find("DO YOU WANT TO APPLY") != std::string::npos ? zoomAnswer_ : Answer::ok;
+        };
+    }
+    virtual ~ScenarioWalk() = default;
+    ScenarioWalk(const ScenarioWalk&) = delete;
+    ScenarioWalk& operator=(const ScenarioWalk&) = delete;
+
+    /// The program is idle.
+    virtual void idle() { frame.idle(); }
+    /// A command of several that one action takes has ended.
+    virtual void ended() {}
+
+    int pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random_); }
+    std::string freshName() { return "N" + std::to_string(++names_); }
+    void say(const std::string& words) { log_ << words << '\n'; }
+    canvas::LabelsD& anyNode() { return *form->Labels.at(1 + pick(form->Labels.Count())); }
+    canvas::LabelsD* anyActivity() {
+        for (int tries = 0; tries < 20; ++tries) {
+            if (canvas::LabelsD& node = anyNode(); node.activity() && node.activity()->Act_Type != -1) {
+                return &node;
+            }
+        }
+        return nullptr;
+    }
+
+    void select(int most) {
+        form->SelectedLines.Clear();
+        form->SelectedLabels.Clear();
+        for (int at = 1 + pick(most); at > 0; --at) {
+            form->SelectedLabels.Add(anyNode().Index());
+        }
+        idle();
+    }
+    std::string selected() {
+        std::string names;
+        for (const std::int32_t node : form->SelectedLabels.members()) {
+            names += std::to_string(node) + " ";
+        }
+        return names;
+    }
+
+    void editActivity(editors::SetActProp& dialog) {
+        for (int round = pick(3); round >= 0; --round) {
+            if (pick(2) == 0) {
+                dialog.txtName_Change(freshName());
+                dialog.txtName_Leave();
+            }
+            if (pick(2) == 0) {
+                dialog.txtDescr_Change(freshName());
+            }
+            dialog.TabStrip1_Click(pick(3));
+            if (const int rows = dialog.frontList().Count(); rows > 0) {
+                dialog.frontList().select(1 + pick(rows));
+                pick(3) == 0 ? dialog.Move2Tree_Click() : dialog.MoveRows({1 + pick(rows)}, pick(rows + 1));
+            }
+            idle();  // the windows go on while it is open
+            if (round > 0) {
+                say("  apply");
+                dialog.Apply();
+            }
+        }
+        const bool ok = pick(4) > 0;
+        say(ok ? "  ok" : "  cancel");
+        ok ? dialog.OK() : dialog.mayClose();
+        dialog.end();
+    }
+
+    void editRecordSet(editors::RecordSetProp& dialog) {
+        if (pick(2) == 0) {
+            dialog.txtRecordSetName_Change(freshName());
+        }
+        if (const int rows = dialog.AttList.Count(); rows > 1) {
+            const int row = 1 + pick(rows);
+            if (pick(2) == 0 && (dialog.AttList.select(row), dialog.ListItemEditM())) {
+                dialog.AfterLabelEdit(row, freshName());
+            } else if (pick(2) == 0) {
+                dialog.MoveRows({row}, pick(rows + 1));
+            } else {
+                dialog.AttList.select(row);
+                dialog.Move2Tree_Click();
+            }
+        }
+        pick(4) > 0 ? dialog.OK() : dialog.mayClose();
+        dialog.end();
+    }
+
+    void zoomSession() {
+        canvas::LabelsD* activity = anyActivity();
+        if (!activity) {
+            return;
+        }
+        form->SelectedLabels.Clear();
+        form->SelectedLabels.Add(activity->Index());
+        idle();
+        frame.run(Command::activityZoom);
+        auto* view = dynamic_cast<zoom::ZoomForm*>(stage.desk.active());
+        ASSERT_TRUE(view);
+        for (int edits = 1 + pick(4); edits > 0; --edits) {
+            for (canvas::LabelsD& node : view->Labels) {
+                if (node.entity<entities::AttributeProperties>() && view->bearsName(node) && pick(4) == 0) {
+                    zoom::RenameNode(*view, node, freshName());
+                    break;
+                }
+            }
+            if (pick(3) == 0) {
+                view->SelectedLabels.Clear();
+                view->SelectedLabels.Add(view->Labels.at(1 + pick(view->Labels.Count()))->Index());
+                canvas::DeleteSelectedNodes(*view, canvas::kEveryNodeType, frame.pointerPorts().links, view->rules());
+            }
+            idle();
+        }
+        zoomAnswer_ = pick(3) == 0 ? Answer::no : Answer::yes;
+        say(zoomAnswer_ == Answer::yes ? "  applied" : "  dropped");
+        frame.close(*view);
+    }
+
+    void save() {
+        if (form->ScenarioID == 0) {
+            stage.saveAs("Walk" + freshName());
+        } else {
+            frame.run(Command::saveScenario);
+        }
+    }
+
+    /// The model, whatever the order of nodes: one that comes back after its row was deleted gets a row behind the
+    /// others.
+    static std::multiset<std::string> nodesSorted(canvas::Canvas& canvas) { return blocksOf(modelText(canvas)); }
+    static std::multiset<std::string> blocksOf(const std::string& model) {
+        std::multiset<std::string> blocks;
+        std::istringstream text(model);
+        std::string block;
+        for (std::string line; std::getline(text, line);) {
+            if (!line.starts_with(" ")) {
+                blocks.insert(std::exchange(block, ""));
+            }
+            block += line + "\n";
+        }
+        blocks.insert(block);
+        return blocks;
+    }
+
+    /// What was saved is what comes back.
+    void saveAndLoad() {
+        save();
+        if (!form->unstorable().empty()) {
+            return;
+        }
+        EXPECT_FALSE(form->stored.changed);
+        canvas::DrawForm* own = form;
+        stage.load(own->Caption());
+        EXPECT_NE(&stage.active(), own);
+        EXPECT_EQ(nodesSorted(stage.active()), nodesSorted(*own));
+        frame.close(stage.active());
+        EXPECT_EQ(&stage.active(), own);
+    }
+
+    void draw() {
+        const canvas::LabelsD& from = anyNode();
+        canvas::LabelsD& to = anyNode();
+        if (&from != &to && form->rules().mayRelate(*form, canvas::EdgeTypeProvider, from, to)) {
+            if (canvas::LinesD* edge = form->Lines.addFullLine(from.Index(), 3, to.Index(), 1, canvas::EdgeTypeProvider,
+                                                               static_cast<canvas::AngleCode>(pick(4)), 0)) {
+                form->rules().edgeCompleted(*form, *edge);
+            }
+        }
+    }
+
+    void act() {
+        using canvas::EditAction;
+        const int action = form->Labels.Count() < 4 ? 12 : pick(16);
+        say("action " + std::to_string(action));
+        switch (action) {
+            case 0:
+                select(4);
+                return canvas::moveNodes(*form, form->SelectedLabels.members(), 100.F * static_cast<float>(pick(9)),
+                                         300);
+            case 1:
+                return canvas::reshape(*form, anyNode(), {100, 200, 1000, 300.F + 50.F * static_cast<float>(pick(9))});
+            case 2:
+                select(3);
+                return canvas::DeleteSelectedNodes(*form, canvas::kEveryNodeType, frame.pointerPorts().links,
+                                                   form->rules());
+            case 3:
+                select(3);
+                return frame.run(Command::duplicateNodes);
+            case 4:
+                select(3);
+                frame.run(pick(2) == 0 ? Command::cutNodes : Command::copyNodes);
+                idle();
+                ended();
+                return frame.run(Command::pasteNodes);
+            case 5:
+                return draw();
+            case 6:
+                if (form->Lines.Count() > 0) {
+                    form->SelectedLines.Add(form->Lines.at(1 + pick(form->Lines.Count()))->Index());
+                    form->ClearCrop();
+                    idle();
+                    canvas::DeleteSelectedEdges(*form, form->rules());
+                }
+                return;
+            case 7:
+            case 8:
+                if (canvas::LabelsD& node = anyNode(); node.activity() || node.recordSet()) {
+                    say("  dialog of " + node.Caption());
+                    frame.pointerPorts().windows.openProperties(*form, node);
+                }
+                return;
+            case 9:
+                return zoomSession();
+            case 10:
+                return frame.run(Command::checkConsistency);
+            case 11:
+                return saveAndLoad();
+            case 12:
+                form->Labels.Add({100, 100, 900, 400}, "Comment" + freshName(), canvas::NodeTypeComment)
+                    .setComment(freshName());
+                return;
+            case 13:
+                return frame.run(Command::straighten);
+            case 14:
+                return save();
+            default:
+                if (form->Lines.Count() > 0) {
+                    canvas::LinesD& edge = *form->Lines.at(1 + pick(form->Lines.Count()));
+                    pick(2) == 0 && edge.Angle() == canvas::AngleNone
+                        ? edge.placeMiddle({500, 100.F * static_cast<float>(pick(50))})
+                        : edge.setAngle(static_cast<canvas::AngleCode>(pick(4)));
+                }
+        }
+    }
+
+    TestRepository& repository;
+    TestFrame stage{repository};
+    shell::MDIForm1& frame = stage.frame;
+    canvas::DrawForm* form = nullptr;
+
+  protected:
+    std::mt19937 random_;
+    std::ostringstream log_;
+    int names_ = 0;
+    Answer zoomAnswer_ = Answer::yes;
+};
+
+}  // namespace orvent::testkit
