@@ -35,10 +35,11 @@ class FreeNames {
         : copy_(copy), target_(target), functions_(ownFunctionKeys(target)), copied_(ownFunctionKeys(copy)) {}
 
     std::vector<UncertainStatement> give() {
-        std::vector<StatementNames> statements;
-        for (const LabelsD& node : copy_.Labels) {
-            if (const ActivityProperties* activity = node.activity()) {
-                statements.emplace_back(*activity);
+        std::vector<Statement> statements;
+        for (LabelsD& node : copy_.Labels) {
+            ActivityProperties* activity = node.activity();
+            if (activity && !activity->Act_LDL.empty()) {
+                statements.push_back({activity, StatementNames(*activity)});
             }
         }
         for (LabelsD& node : copy_.Labels) {
@@ -53,6 +54,10 @@ class FreeNames {
     }
 
   private:
+    struct Statement {
+        ActivityProperties* activity;
+        StatementNames names;
+    };
     struct Renamed {
         NamePair name;
         const LabelsD* node;
@@ -122,24 +127,21 @@ class FreeNames {
         return names;
     }
 
-    std::vector<UncertainStatement> rewriteStatements(std::vector<StatementNames>& statements) {
-        const NameIndex copied = newNames();
+    std::vector<UncertainStatement> rewriteStatements(std::vector<Statement>& statements) const {
         std::vector<UncertainStatement> uncertain;
-        auto names = statements.begin();
-        for (LabelsD& node : copy_.Labels) {
-            ActivityProperties* activity = node.activity();
-            if (!activity) {
-                continue;
-            }
-            names->follow(*activity);
+        if (statements.empty()) {
+            return uncertain;
+        }
+        const NameIndex copied = newNames();
+        for (auto& [activity, names] : statements) {
+            names.follow(*activity);
             std::string why;
-            if (auto text = names->rewritten(activity->Act_LDL, copied, why)) {
+            if (auto text = names.rewritten(activity->Act_LDL, copied, why)) {
                 activity->Act_LDL = std::move(*text);
             } else {
                 activity->statementDoubt = why;
                 uncertain.push_back({activity->Act_Name, why});
             }
-            ++names;
         }
         return uncertain;
     }

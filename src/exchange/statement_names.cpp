@@ -29,6 +29,17 @@ bool hasAtHead(std::string_view text, std::string_view name) {
     return !name.empty() && text.starts_with(name) && (text.size() == name.size() || !isNameLetter(text[name.size()]));
 }
 
+/// The whole word, and what stands in front of each "_" in it: whether one of them is meant.
+template <class Means>
+bool anyHead(const std::string& word, Means means) {
+    for (std::size_t end = word.size(); end != std::string::npos; end = end == 0 ? end - 1 : word.rfind('_', end - 1)) {
+        if (means(word.substr(0, end))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 std::string smallFirst(const std::string& name) {
     const std::size_t first = platform::firstCharacterLength(name);
     return platform::lowerLetters(name.substr(0, first)) + name.substr(first);
@@ -85,41 +96,49 @@ void NameIndex::addRenamed(const std::string& former, const std::string& now) {
 void NameIndex::addRecordSet(const NamePair& name, const entities::RecordSetProperties& recordSet) {
     addRenamed(name.former, name.now);
     addWord(smallFirst(name.former), smallFirst(name.now));
-    for (const entities::AttributeProperties& attribute : recordSet.RecordSet_Outputs) {
-        addWord(platform::upperLetters(name.former + "_" + attribute.Attribute_Name),
-                platform::upperLetters(name.now + "_" + attribute.Attribute_Name));
+    const std::string large = platform::upperLetters(name.former);
+    owners_[std::string(wordAtHead(large))].push_back(
+        {{large + "_", platform::upperLetters(name.now) + "_"}, &recordSet});
+}
+
+void NameIndex::attributesAt(std::string_view text, const Owner& owner, std::vector<NamePair>& found) const {
+    if (!text.starts_with(owner.name.former)) {
+        return;
+    }
+    const std::string_view rest = text.substr(owner.name.former.size());
+    for (const entities::AttributeProperties& attribute : owner.recordSet->RecordSet_Outputs) {
+        const std::string name = platform::upperLetters(attribute.Attribute_Name);
+        if (name.empty() ? wordAtHead(rest).empty() : hasAtHead(rest, name)) {
+            found.push_back({owner.name.former + name, owner.name.now + name});
+        }
     }
 }
 
-void NameIndex::wordsAt(std::string_view text, std::vector<const NamePair*>& found) const {
-    const auto words = words_.find(std::string(wordAtHead(text)));
-    if (words == words_.end()) {
-        return;
+void NameIndex::wordsAt(std::string_view text, std::vector<NamePair>& found) const {
+    const std::string word(wordAtHead(text));
+    if (const auto words = words_.find(word); words != words_.end()) {
+        std::ranges::copy_if(words->second, std::back_inserter(found),
+                             [text](const NamePair& pair) { return hasAtHead(text, pair.former); });
     }
-    for (const NamePair& word : words->second) {
-        if (hasAtHead(text, word.former)) {
-            found.push_back(&word);
+    anyHead(word, [&](const std::string& head) {
+        if (const auto owners = owners_.find(head); owners != owners_.end()) {
+            for (const Owner& owner : owners->second) {
+                attributesAt(text, owner, found);
+            }
         }
-    }
+        return false;
+    });
 }
 
 bool NameIndex::names(std::string_view text) const {
-    const std::string word = platform::lowerLetters(wordAtHead(text));
-    // The whole word, and what stands in front of each "_" in it.
-    for (std::size_t end = word.size(); end != std::string::npos; end = end == 0 ? end - 1 : word.rfind('_', end - 1)) {
-        const auto heads = renamed_.find(word.substr(0, end));
-        if (heads == renamed_.end()) {
-            continue;
-        }
-        for (const NamePair& pair : heads->second) {
-            const std::string small = platform::lowerLetters(text.substr(0, pair.former.size() + 1));
-            const char behind = small.size() > pair.former.size() ? small[pair.former.size()] : ' ';
-            if (small.starts_with(pair.former) && (!isNameLetter(behind) || behind == '_')) {
-                return true;
-            }
-        }
-    }
-    return false;
+    return anyHead(platform::lowerLetters(wordAtHead(text)), [&](const std::string& head) {
+        const auto heads = renamed_.find(head);
+        return heads != renamed_.end() && std::ranges::any_of(heads->second, [text](const NamePair& pair) {
+                   const std::string small = platform::lowerLetters(text.substr(0, pair.former.size() + 1));
+                   const char behind = small.size() > pair.former.size() ? small[pair.former.size()] : ' ';
+                   return small.starts_with(pair.former) && (!isNameLetter(behind) || behind == '_');
+               });
+    });
 }
 
 StatementNames::StatementNames(const entities::ActivityProperties& activity)
@@ -194,11 +213,11 @@ StatementNames::Match StatementNames::predicateAt(std::string_view text) const {
 
 std::vector<StatementNames::Match> StatementNames::matchesAt(std::string_view text, const NameIndex& copied) const {
     std::vector<Match> matches{memberAt(text, "_IN", inputs_), memberAt(text, "_OUT", outputs_), predicateAt(text)};
-    std::vector<const NamePair*> words;
+    std::vector<NamePair> words;
     own_.wordsAt(text, words);
     copied.wordsAt(text, words);
-    for (const NamePair* word : words) {
-        matches.push_back({word->former.size(), word->now});
+    for (const NamePair& word : words) {
+        matches.push_back({word.former.size(), word.now});
     }
     std::erase_if(matches, [](const Match& match) { return match.length == 0; });
     return matches;

@@ -22,11 +22,11 @@ class NameIndex {
     void addWord(const std::string& former, const std::string& now);
     /// What bears another name; where else it is named nothing is certain.
     void addRenamed(const std::string& former, const std::string& now);
-    /// A record set that bears another name, with the spellings of it and its attributes.
+    /// A record set that bears another name, with the spellings of it and its attributes. It outlives this index.
     void addRecordSet(const NamePair& name, const entities::RecordSetProperties& recordSet);
 
     /// The words that the text begins with.
-    void wordsAt(std::string_view text, std::vector<const NamePair*>& found) const;
+    void wordsAt(std::string_view text, std::vector<NamePair>& found) const;
     /// Whether the text begins with something that bears another name, alone or as the head of a word, in any case.
     bool names(std::string_view text) const;
 
@@ -34,7 +34,16 @@ class NameIndex {
     /// By the letters in front of the first one that is none of a name, so that a text tells where to look.
     using ByHead = std::unordered_map<std::string, std::vector<NamePair>>;
 
+    /// A record set is asked for its attributes only where a text names it; most texts name few.
+    struct Owner {
+        NamePair name;  ///< in upper case, with the "_" that stands in front of an attribute
+        const entities::RecordSetProperties* recordSet;
+    };
+
+    void attributesAt(std::string_view text, const Owner& owner, std::vector<NamePair>& found) const;
+
     ByHead words_;
+    std::unordered_map<std::string, std::vector<Owner>> owners_;
     ByHead renamed_;  ///< in lower case
 };
 

@@ -214,6 +214,8 @@ TEST_F(ClipboardTest, PastesNothingWhenAnythingIsWrong) {
 TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
     graph.recordSet("AUTHORS", {"NAME"});
     graph.recordSet("OTHER", {"NAME"});
+    graph.recordSet("MY SET", {"NAME"});
+    graph.recordSet("HIS_SET", {"FULL_NAME"});
     auto& load = graph.activity("Load", {"ID", "Name"}, {"ID", "Load.key"});
     auto& next = graph.activity("Next", {"Load.key"}, {});
     graph.feed("Load.OUT.Load.key", "Next.IN.Load.key");
@@ -233,6 +235,7 @@ TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
         {"load_in12(X), load_out (Y)", "load_2_in12(X), load_2_out (Y)", ""},
         {"Load_OUT_TOTAL = myFun(Load_IN1_ID)", "Load_2_OUT_TOTAL = myFun_2(Load_2_IN1_ID)", ""},
         {"aUTHORS(AUTHORS_NAME), OTHER_NAME", "aUTHORS_2(AUTHORS_2_NAME), OTHER_NAME", ""},
+        {"MY SET_NAME, HIS_SET_FULL_NAME", "MY SET_2_NAME, HIS_SET_2_FULL_NAME", ""},
         {"myLoad_out(X), download, reload_in1(Y)", "myLoad_out(X), download, reload_in1(Y)", ""},
         {"% of Load\nload_out(X)", nullptr, uncertain + "\"Load\" means in the copy."},
         {"load_in(X)", nullptr, uncertain + "\"load_in\" means in the copy."},
@@ -244,9 +247,9 @@ TEST_F(ClipboardTest, LetsStatementsFollowTheNames) {
         SCOPED_TRACE(text);
         load.Act_LDL = text;
         next.Act_LDL = "next_in1(Next_IN1_Load.key)";
-        select(form, {"AUTHORS", "Load", "Next"});
+        select(form, {"AUTHORS", "MY SET", "HIS_SET", "Load", "Next"});
         const Inserted inserted = duplicateSelection(form);
-        const auto& copied = *form.Labels.byIndex(inserted.nodes[1])->activity();
+        const auto& copied = *form.Labels.byIndex(inserted.nodes[3])->activity();
         EXPECT_EQ(copied.Act_LDL, copy ? copy : text);
         EXPECT_EQ(inserted.uncertain.size(), why.empty() ? 0u : 1u);
         EXPECT_EQ(copied.statementDoubt, why);
