@@ -19,6 +19,42 @@ namespace orvent::platform {
 
 namespace {
 
+[[noreturn]] void failOn(const std::string& path) {
+    throw Fault(path + ": " + std::strerror(errno));
+}
+
+void writeAll(int file, std::string_view text, const std::string& path) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(file, text.data(), text.size());
+        if (written < 0 && errno != EINTR) {
+            failOn(path);
+        }
+        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    }
+}
+
+/// A device or a pipe takes what is written; nothing can be put in its place.
+bool isStream(const std::string& path) {
+    struct stat there {};
+    return ::stat(path.c_str(), &there) == 0 && !S_ISREG(there.st_mode) && !S_ISDIR(there.st_mode);
+}
+
+void writeStream(const std::string& path, std::string_view text) {
+    const int stream = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (stream < 0) {
+        failOn(path);
+    }
+    try {
+        writeAll(stream, text, path);
+    } catch (const Fault&) {
+        ::close(stream);
+        throw;
+    }
+    if (::close(stream) != 0) {
+        failOn(path);
+    }
+}
+
 /// A file beside the one that is to be written. It goes again unless it was put in that one's place.
 class FileBeside {
   public:
@@ -26,12 +62,12 @@ class FileBeside {
         struct stat old {};
         const bool exists = ::lstat(path.c_str(), &old) == 0;
         if (exists && S_ISREG(old.st_mode) && ::access(path.c_str(), W_OK) != 0) {
-            fail();
+            failOn(path_);
         }
         beside_ = (std::filesystem::path(path).parent_path() / ".orvent-XXXXXX").string();
         file_ = ::mkstemp(beside_.data());
         if (file_ < 0) {
-            fail();
+            failOn(path_);
         }
         constexpr mode_t kAll = 0666;
         const mode_t mask = ::umask(0);
@@ -51,28 +87,20 @@ class FileBeside {
     }
 
     void write(std::string_view text) {
-        while (!text.empty()) {
-            const ssize_t written = ::write(file_, text.data(), text.size());
-            if (written < 0 && errno != EINTR) {
-                fail();
-            }
-            text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-        }
+        writeAll(file_, text, path_);
         if (::fsync(file_) != 0) {
-            fail();
+            failOn(path_);
         }
     }
 
     void place() {
         if (::close(std::exchange(file_, -1)) != 0 || ::rename(beside_.c_str(), path_.c_str()) != 0) {
-            fail();
+            failOn(path_);
         }
         placed_ = true;
     }
 
   private:
-    [[noreturn]] void fail() const { throw Fault(path_ + ": " + std::strerror(errno)); }
-
     const std::string& path_;
     std::string beside_;
     int file_ = -1;
@@ -91,6 +119,9 @@ std::string readFile(const std::string& path) {
 }
 
 void writeFile(const std::string& path, std::string_view text) {
+    if (isStream(path)) {
+        return writeStream(path, text);
+    }
     FileBeside file(path, false);
     file.write(text);
     file.place();

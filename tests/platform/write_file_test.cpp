@@ -1,5 +1,8 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -59,6 +62,21 @@ TEST(WriteFile, FollowsNoLink) {
     writeFile(path, "ours");
     EXPECT_EQ(testkit::fileText(elsewhere.path() / "file"), "not ours");
     EXPECT_EQ(testkit::fileText(path), "ours");
+}
+
+TEST(WriteFile, LeavesADeviceWhereItIs) {
+    const testkit::TemporaryFolder scratch;
+    const std::string path = (scratch.path() / "pipe").string();
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const int reader = open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    writeFile(path, "ours");
+    char got[16];
+    EXPECT_EQ(read(reader, got, sizeof got), 4);
+    close(reader);
+    EXPECT_TRUE(std::filesystem::is_fifo(path));
+    const std::filesystem::path full = scratch.path() / "full";  // by a link, so that a fault here harms nothing
+    std::filesystem::create_symlink("/dev/full", full);
+    EXPECT_THROW(writeFile(full.string(), "ours"), Fault);
 }
 
 }  // namespace
