@@ -37,8 +37,9 @@ class CopiedText {
 };
 
 /// Adds the nodes of a document, with free names and without identifiers. Links to nodes outside are dropped. The
-/// middle of the copy comes to `at`; without it the copy comes a step beside its original. Throws a `BadDocument` for a
-/// text that is none, and a `Fault` for types that cannot be added; nothing is pasted then.
+/// middle of the copy comes to `at`, or steps beside where it would cover what is there; without `at` the copy comes a
+/// step beside its original. Throws a `BadDocument` for a text that is none, and a `Fault` for types that cannot be
+/// added; nothing is pasted then.
 Inserted paste(canvas::DrawForm& form, const CopiedText& copied, std::optional<canvas::Point> at,
                const ExchangePorts& ports);
 

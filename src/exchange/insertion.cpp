@@ -54,8 +54,8 @@ void dropOutside(canvas::DrawForm& copy, const std::vector<std::string>& nodes, 
     }
 }
 
-/// How far the copy is moved: its middle to the place that is meant, or by steps until no node covers another one
-/// exactly. It stays within the picture.
+/// How far the copy is moved: its middle to the place that is meant, or a step beside; and by further steps until no
+/// node covers another one exactly, as when the pointer rests between two pastes. It stays within the picture.
 canvas::Point shiftOf(const canvas::DrawForm& form, const canvas::DrawForm& copy,
                       const std::optional<canvas::Point>& middle) {
     canvas::Box frame = copy.Labels.at(1)->box();
@@ -67,27 +67,27 @@ canvas::Point shiftOf(const canvas::DrawForm& form, const canvas::DrawForm& copy
         frame.Width = right - frame.Left;
         frame.Height = bottom - frame.Top;
     }
-    if (middle) {
-        return {std::max(middle->x - frame.Width / 2, 0.0F) - frame.Left,
-                std::max(middle->y - frame.Height / 2, 0.0F) - frame.Top};
-    }
     std::set<std::pair<float, float>> corners;
     for (const LabelsD& node : form.Labels) {
         corners.emplace(node.Left(), node.Top());
     }
-    float step = 0;
-    const auto covers = [&corners, &step](const LabelsD& node) {
-        return corners.contains({node.Left() + step, node.Top() + step});
-    };
-    bool covered = true;
-    while (covered) {
-        step += kStepBeside;
-        covered = false;
-        for (const LabelsD& node : copy.Labels) {
-            covered = covered || covers(node);
-        }
+    canvas::Point shift{kStepBeside, kStepBeside};
+    if (middle) {
+        shift = {std::max(middle->x - frame.Width / 2, 0.0F) - frame.Left,
+                 std::max(middle->y - frame.Height / 2, 0.0F) - frame.Top};
     }
-    return {step, step};
+    const auto covers = [&] {
+        for (const LabelsD& node : copy.Labels) {
+            if (corners.contains({node.Left() + shift.x, node.Top() + shift.y})) {
+                return true;
+            }
+        }
+        return false;
+    };
+    while (covers()) {
+        shift = {shift.x + kStepBeside, shift.y + kStepBeside};
+    }
+    return shift;
 }
 
 void selectAlone(canvas::DrawForm& form, const std::vector<std::int32_t>& nodes) {

@@ -188,6 +188,7 @@ TEST_F(ClipboardTest, StandsWhereItIsMeant) {
         return std::pair(node.Left(), node.Top());
     };
     EXPECT_EQ(place(canvas::Point{6500, 4750}), std::pair(5000.F, 4000.F));
+    EXPECT_EQ(place(canvas::Point{6500, 4750}), std::pair(5300.F, 4300.F)) << "beside the one of before";
     EXPECT_EQ(place(canvas::Point{10, 10}), std::pair(0.F, 0.F)) << "within the picture";
     EXPECT_EQ(place(std::nullopt), std::pair(1300.F, 1300.F));
     EXPECT_EQ(place(std::nullopt), std::pair(1600.F, 1600.F)) << "not on the former copy";
