@@ -104,8 +104,7 @@ ExitCode getScenario(CliSession& session, const CliOptions& options, std::ostrea
 }
 
 ExitCode putScenario(CliSession& session, const CliOptions& options, std::ostream&) {
-    session.put(options.scenario, options.name);
-    return ExitCode::done;
+    return session.put(options.scenario, options.name) ? ExitCode::done : ExitCode::findings;
 }
 
 ExitCode convertDocument(CliSession& session, const CliOptions& options, std::ostream& out) {

@@ -1,6 +1,7 @@
 #include "app/cli_program.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "app/cli_commands.h"
 #include "app/man_page.h"
@@ -57,6 +58,10 @@ class CommandLine {
             out << manPage(app_);
             return 0;
         }
+        if (!words.empty() && words[0][0] != '-' && !isCommand(words[0])) {
+            errors << "There is no command \"" << words[0] << "\".\nRun with --help for more information.\n";
+            return static_cast<int>(ExitCode::wrongUse);
+        }
         try {
             std::vector<std::string> reversed(words.rbegin(), words.rend());
             app_.parse(reversed);
@@ -85,9 +90,14 @@ class CommandLine {
         CLI::App& get = add(app_, "get", "Writes a scenario of the repository as a file.", getScenario);
         addScenario(get, kStored);
         addOutput(get);
-        CLI::App& put = add(app_, "put", "Stores the scenario of a file in the repository.", putScenario);
+        CLI::App& put = add(app_, "put",
+                            "Stores the scenario of a file in the repository. An activity without a type is not "
+                            "stored, which is told and ends with code 1.",
+                            putScenario);
         addScenario(put, kFile);
-        put.add_option("--name", options_.name, "The name to store it under, instead of its own")->type_name("NAME");
+        put.add_option("--name", options_.name, "The name to store it under, instead of its own")
+            ->check(CLI::Validator([](const std::string& name) { return name.empty() ? "a name is needed" : ""; }, ""))
+            ->type_name("NAME");
         addAnswer(put, {"--replace", "Replaces a stored scenario of that name"});
         CLI::App& check = add(app_, "check",
                               "Tells what is wrong or unfinished: what a broken save has left, links that lead to "
@@ -127,6 +137,11 @@ class CommandLine {
                 ->type_name("STEPS");
             addJson(command);
         }
+    }
+
+    bool isCommand(const std::string& name) const {
+        const std::vector<const CLI::App*> commands = app_.get_subcommands({});
+        return std::ranges::any_of(commands, [&name](const CLI::App* command) { return command->get_name() == name; });
     }
 
     CLI::App& add(CLI::App& parent, const std::string& name, const std::string& words, Run run) {

@@ -149,7 +149,7 @@ canvas::DrawForm& CliSession::fill(const std::string& path, std::string_view tex
     return *form_;
 }
 
-void CliSession::put(const std::string& path, const std::string& name) {
+bool CliSession::put(const std::string& path, const std::string& name) {
     const std::string text = fileText(path);
     openRepository();
     canvas::DrawForm& form = fill(path, text, storedTypes_);
@@ -162,6 +162,7 @@ void CliSession::put(const std::string& path, const std::string& name) {
     if (loadSave_.SaveScenario(form, true) != repository::SaveResult::saved) {
         throw platform::Fault(form.Caption() + " was not stored.");
     }
+    return form.unstorable().empty();
 }
 
 exchange::TypeCatalogue& CliSession::types() {

@@ -43,8 +43,9 @@ class CliSession : private repository::ScenarioWindows {
     /// needs no repository.
     canvas::DrawForm& open(const std::string& scenario);
     canvas::DrawForm& openFile(const std::string& path);
-    /// Stores the scenario of a file as the designer's, under its own name or another one.
-    void put(const std::string& path, const std::string& name);
+    /// Stores the scenario of a file as the designer's, under its own name or another one. False when nodes were left
+    /// out, which was told.
+    bool put(const std::string& path, const std::string& name);
 
     /// The scenario as a document.
     std::string document();

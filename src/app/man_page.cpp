@@ -15,7 +15,7 @@ const std::vector<Section>& sections() {
     static const std::vector<Section> all = {
         {"EXIT STATUS",
          {{"0", "All went well."},
-          {"1", "A check has findings."},
+          {"1", "A check has findings, or what was asked for was done in part."},
           {"2", "The words of the call are wrong, or an option is missing that answers a question."},
           {"3", "The repository, a file or the system refused."}}},
         {"ENVIRONMENT",

@@ -68,7 +68,7 @@ TEST_F(CliTest, EachCallHasItsResultItsMessageAndItsCode) {
         {"ldl Sample --depth 3", 2, "", "--depth"},
         {"ldl sample", 3, "", "anna has no scenario sample."},
         {"ldl Sample -o /dev/null/written", 3, "", "/dev/null/written"},
-        {"poem Sample", 2, "", "subcommand"},
+        {"poem Sample", 2, "", "There is no command \"poem\"."},
         {"list --user sa", 2, "", "ORVENT_PASSWORD"},
     };
     for (const auto& row : calls) {
@@ -155,6 +155,11 @@ TEST_F(CliTest, AFileGoesThereAndBackAndNeedsNoRepository) {
     EXPECT_EQ(got.code, 2);
     EXPECT_NE(got.errors.find("Give --replace"), std::string::npos) << got.errors;
     EXPECT_EQ(call("put --replace " + file).code, 0);
+    EXPECT_EQ(call("put --name '' " + file).code, 2);
+    platform::writeFile((scratch.path() / "part.orvent").string(),
+                        R"({"format": "orvent scenario", "version": 1, "name": "Part",
+                            "nodes": [{"name": "A", "kind": "activity", "box": [0, 0, 1050, 450]}]})");
+    EXPECT_EQ(call("put '" + (scratch.path() / "part.orvent").string() + "'").code, 1);
     got = call("put --name Copy " + file);
     EXPECT_EQ(std::to_string(got.code) + got.errors, "0Saved\n");
     std::string copy = call("get Copy").out;
