@@ -15,6 +15,7 @@
 #include "qt/shell/frame_window.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
+#include "tour_docks.h"
 #include "tour_drawing.h"
 #include "tour_files.h"
 #include "tour_metrics.h"
@@ -47,6 +48,7 @@ class Tour {
         openSample();
         save();
         closeAndLoad();
+        listProblems(player_, window(), frame(), theme_);
         countMetrics(player_, window(), frame(), theme_);
         writeFiles();
         carryFiles(player_, window(), frame(), theme_, home_);

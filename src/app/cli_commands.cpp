@@ -3,9 +3,8 @@
 #include <nlohmann/json.hpp>
 
 #include "analysis/metrics_functions.h"
-#include "links/check_consistency.h"
 #include "platform/text.h"
-#include "statements/ldl_scenario.h"
+#include "shell/problem_lists.h"
 
 namespace orvent::app {
 
@@ -32,40 +31,14 @@ struct Finding {
     std::string why;
 };
 
-const char* kindWords(statements::UnfinishedStatement::Kind kind) {
-    using enum statements::UnfinishedStatement::Kind;
-    switch (kind) {
-        case notWhole:
-            return "statement";
-        case doubtful:
-            return "doubtful";
-        case outdated:
-            return "outdated";
-        case circle:
-            return "circle";
-        case notFed:
-            return "not-fed";
-    }
-    return "";
-}
-
-std::vector<Finding> findingsOf(canvas::DrawForm& form, const AnsweredBox& box, CliSession& session) {
+std::vector<Finding> findingsOf(const canvas::DrawForm& form, CliSession& session) {
     std::vector<Finding> findings;
-    for (const std::string& warning : box.warnings()) {
+    for (const std::string& warning : session.box().warnings()) {
         findings.push_back({"reading", "", warning});
     }
-    for (const statements::UnfinishedStatement& row : statements::unfinishedStatements(form)) {
-        findings.push_back({kindWords(row.kind), row.node, row.why});
-    }
-    // It changes the scenario, which is thrown away afterwards.
-    if (const auto changes = links::CheckConsistency(form, session.exportServices().progress)) {
-        for (const links::EdgeNames& edge : changes->deleted) {
-            findings.push_back({"edge", edge.to, "No attribute is provided along the edge " + edgeWords(edge) + "."});
-        }
-        for (const links::EdgeNames& edge : changes->drawn) {
-            findings.push_back(
-                {"edge", edge.to, "Attributes are provided, but no edge is drawn: " + edgeWords(edge) + "."});
-        }
+    for (const shell::ProblemLine& row :
+         shell::problemLines(form, session.exportServices().catalogue, session.problems())) {
+        findings.push_back({analysis::wordsOf(row.kind).word, row.place, row.words});
     }
     return findings;
 }
@@ -123,8 +96,7 @@ ExitCode importTypes(CliSession& session, const CliOptions& options, std::ostrea
 }
 
 ExitCode checkScenario(CliSession& session, const CliOptions& options, std::ostream& out) {
-    canvas::DrawForm& form = session.open(options.scenario);
-    const std::vector<Finding> findings = findingsOf(form, session.box(), session);
+    const std::vector<Finding> findings = findingsOf(session.open(options.scenario), session);
     std::string text;
     Json rows = Json::array();
     for (const Finding& finding : findings) {

@@ -101,8 +101,8 @@ class CommandLine {
         addAnswer(put, {"--replace", "Replaces a stored scenario of that name"});
         CLI::App& check = add(app_, "check",
                               "Tells what is wrong or unfinished: what a broken save has left, links that lead to "
-                              "nothing, statements that are missing or outdated, targets that nobody feeds, edges that "
-                              "no attribute stands behind and those that are lacking. Findings end with code 1.",
+                              "nothing, and the rows of the list of problems, as far as the settings have them "
+                              "told. Findings end with code 1.",
                               checkScenario);
         addScenario(check, kStoredOrFile);
         addOutput(check);

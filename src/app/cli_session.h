@@ -56,6 +56,8 @@ class CliSession : private repository::ScenarioWindows {
     bool importTypes(const std::string& path);
 
     shell::ExportServices exportServices() { return {types().tables(), nobody_, options_.TransDepth}; }
+    /// The kinds of problems that the settings have told.
+    const analysis::ProblemKinds& problems() const { return options_.problems; }
     const AnsweredBox& box() const { return box_; }
 
   private:

@@ -93,9 +93,14 @@ void findSources(const LabelsD& node, NodeSources& sources) {
     }
 }
 
-LinesD* drawFrom(canvas::Canvas& form, const std::string& name, const LabelsD& node, bool control) {
+const LabelsD* sourceNamed(const canvas::Canvas& form, const std::string& name) {
     const LabelsD* source = form.nodeNamed(name);
-    if (!source || !(source->activity() || source->recordSet())) {
+    return source && (source->activity() || source->recordSet()) ? source : nullptr;
+}
+
+LinesD* drawFrom(canvas::Canvas& form, const std::string& name, const LabelsD& node, bool control) {
+    const LabelsD* source = sourceNamed(form, name);
+    if (!source) {
         return nullptr;
     }
     const std::int16_t fromGrab = !control && source->activity() ? 4 : 3;
@@ -204,6 +209,20 @@ void drawAnew(canvas::Canvas& form, FormerEdges& former) {
 }
 
 }  // namespace
+
+std::vector<const LabelsD*> edgeStarts(const canvas::Canvas& form, const LabelsD& node) {
+    NodeSources sources;
+    findSources(node, sources);
+    std::vector<const LabelsD*> starts;
+    for (const Sources* names : {&sources.data, &sources.control}) {
+        for (const std::string* name : *names) {
+            if (const LabelsD* source = sourceNamed(form, *name)) {
+                starts.push_back(source);
+            }
+        }
+    }
+    return starts;
+}
 
 std::optional<EdgeChanges> CheckConsistency(canvas::Canvas& form, platform::Progress& progress) {
     if (form.messages().show("This Action Will Delete All Non Consistent Provider Relationships!\n"

@@ -27,6 +27,9 @@ struct EdgeChanges {
 /// changed then. A link to a node that is gone is skipped.
 std::optional<EdgeChanges> CheckConsistency(canvas::Canvas& form, platform::Progress& progress);
 
+/// The nodes from which a check draws an edge to a node; one that provides and regulates stands there twice.
+std::vector<const canvas::LabelsD*> edgeStarts(const canvas::Canvas& form, const canvas::LabelsD& node);
+
 /// "A → B"
 std::string edgeWords(const EdgeNames& edge);
 /// The changes in one line, with the first few names of each kind.

@@ -82,6 +82,8 @@ constexpr std::array kView = {
     separator(designWindow),
     item("ColourByMetricM", "Colour By Metric", colourByMetric, designWindow, "", ""),
     item("ViewHistoryM", "History", viewHistory, designWindow, "", "Ctrl+H"),
+    item("ViewProblemsM", "Problems", viewProblems, withWindow, "", "F8",
+         "Lists what is unfinished or doubtful in the scenario"),
     separator(zoomWindow),
     MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, zoomWindow},
     item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", "",

@@ -51,6 +51,7 @@ enum class Command {
     viewFit,
     colourByMetric,
     viewHistory,
+    viewProblems,
     viewProvider,
     viewPartOf,
     viewRegulator,

@@ -5,6 +5,9 @@
 
 namespace orvent::shell {
 
+/// A list beside the windows that tells of the scenario in front.
+enum class Dock { history, problems };
+
 /// What the frame's logic asks of its own window.
 class FrameHost {
   public:
@@ -23,9 +26,11 @@ class FrameHost {
     virtual void enableFrame(bool enabled) = 0;
     /// Commands or tools may have become enabled or disabled, or a palette may have changed its place.
     virtual void commandsChanged() = 0;
-    /// The list of a scenario's steps beside the windows.
-    virtual void showHistory(bool shown) = 0;
-    virtual bool historyShown() const = 0;
+    /// The lists beside the windows.
+    virtual void showDock(Dock dock, bool shown) = 0;
+    virtual bool dockShown(Dock dock) const = 0;
+    /// The problems of the scenario in front are others than before.
+    virtual void problemsChanged() = 0;
     /// Asks for the ordinary unload of the frame, with its closing questions.
     virtual void unloadFrame() = 0;
     /// Ends the program at once, without questions.

@@ -131,8 +131,10 @@ struct MDIForm1::CommandTable {
         {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
         {Command::colourByMetric, inDesign, [](MDIForm1& f) { f.toggleTints(); },
          [](const MDIForm1& f) { return f.tints_.contains(f.activeScenario()); }},
-        {Command::viewHistory, always, [](MDIForm1& f) { f.toggleHistory(); },
-         [](const MDIForm1& f) { return f.host_.historyShown(); }},
+        {Command::viewHistory, always, [](MDIForm1& f) { f.toggleDock(Dock::history); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::history); }},
+        {Command::viewProblems, always, [](MDIForm1& f) { f.toggleDock(Dock::problems); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::problems); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
@@ -181,6 +183,9 @@ void MDIForm1::run(Command command) {
         row.run(*this);
     }
     histories_.settle(row.step);
+    if (canvas::DrawForm* form = activeScenario()) {
+        settleProblems(*form);  // of a statement, or of the catalogue, no canvas tells
+    }
 }
 
 bool MDIForm1::isEnabled(Command command) const {
@@ -289,6 +294,7 @@ void MDIForm1::showOptions() {
     OptionsForm dialog(options_, ports_);
     dialog.open();
     host_.dialogs().show(dialog);
+    host_.problemsChanged();
 }
 
 void MDIForm1::showMetrics() {

@@ -41,6 +41,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       documentTypes_(services_, catalogue_),
       files_(ports, services_, *this, {documentTypes_, host.dialogs()}),
       clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
+      problems_(scenarioListeners_, catalogue_.tables),
       recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       histories_(scenarioListeners_, *this, recovery_),
       metricsScenarios_(*this, scenarioListeners_, desk) {
@@ -73,7 +74,7 @@ bool MDIForm1::start() {
     repository::offerStarterCatalogue(services_, catalogue_);
     host_.placeFrame(kLeft, kTop, kWidth, kHeight);
     ports_.progress.status("Ready");
-    host_.showHistory(ports_.store.value("View", "History", "0") == "1");
+    showDocks();
     host_.commandsChanged();
     offerLeftScenarios();
     return true;
@@ -321,6 +322,8 @@ void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
     if (scenario.Enabled() || viewOver(scenario)) {
         repository::isUnsaved(scenario);
     }
+    histories_.idle();
+    settleProblems(scenario);
     if (const auto place = tints_.find(&form); place != tints_.end()) {
         place->second->countAnew();
         desk_.showTints(form, place->second.get());

@@ -26,6 +26,7 @@
 #include "shell/metrics_scenarios.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
+#include "shell/problem_lists.h"
 #include "shell/recovery_form.h"
 #include "shell/scenario_clipboard.h"
 #include "shell/scenario_files.h"
@@ -107,10 +108,14 @@ class MDIForm1 : public repository::ScenarioWindows,
     /// Tells the listener of scenarios that come and go while its holder keeps the subscription.
     [[nodiscard]] ScenarioSubscription listen(ScenarioListener& listener) { return scenarioListeners_.add(listener); }
     const ScenarioHistories& histories() const { return histories_; }
-    /// The list of steps was closed by its own button.
-    void historyClosed() { keepHistoryShown(); }
+    void dockClosed(Dock dock);  ///< by its own button
     /// Brings the scenario in front to a line of its history.
     void goToStep(std::size_t line);
+    HistoryLines stepsInFront() const;
+    /// What is unfinished or doubtful in the scenario in front, when that was found out last.
+    std::vector<ProblemLine> problems() const;
+    /// Selects a node of the scenario in front and brings it into view.
+    void goToNode(std::int32_t node);
     const OptionsData& options() const { return options_; }
     repository::Services& services() { return services_; }
     repository::Catalogue& catalogue() { return catalogue_; }
@@ -124,6 +129,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     std::string whyNotNow(const canvas::DrawForm& form) const override;
     bool isWhole(const canvas::DrawForm& form) const override;
     void historyChanged(canvas::DrawForm& form) override;
+    void changed(canvas::DrawForm& form, const canvas::Touched& touched) override;
 
     canvas::CanvasForm* activeEnabled() const;
     canvas::DrawForm& OpenSlot(int slot, const std::string& name);
@@ -135,8 +141,9 @@ class MDIForm1 : public repository::ScenarioWindows,
     zoom::ZoomForm* zoomInFront() const;
     void offerLeftScenarios();
     bool bringBack(const std::string& file);
-    void toggleHistory();
-    void keepHistoryShown();
+    void showDocks();
+    void toggleDock(Dock dock);
+    void settleProblems(const canvas::DrawForm& form);
     void zoomApplied(zoom::ZoomView& view);
     void toggleTints();
     void toggleMark(bool zoom::ViewMarks::*mark);
@@ -179,6 +186,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     ScenarioFiles files_;
     ScenarioClipboard clipboard_;
     ScenarioListeners scenarioListeners_;
+    ProblemLists problems_;
     ScenarioRecovery recovery_;
     ScenarioHistories histories_;
     MetricsScenarios<kSlots> metricsScenarios_;

@@ -29,6 +29,10 @@ bool MDIForm1::isWhole(const canvas::DrawForm& form) const {
     return (form.Enabled() || viewOver(form)) && form.typing == 0 && !form.RubberBand;
 }
 
+void MDIForm1::changed(canvas::DrawForm& form, const canvas::Touched& touched) {
+    problems_.touch(form, touched);
+}
+
 void MDIForm1::historyChanged(canvas::DrawForm&) {
     host_.commandsChanged();
 }
@@ -69,16 +73,6 @@ bool MDIForm1::bringBack(const std::string& file) {
         repository::showFault(services_, fault);
         return false;
     }
-}
-
-void MDIForm1::toggleHistory() {
-    host_.showHistory(!host_.historyShown());
-    keepHistoryShown();
-}
-
-void MDIForm1::keepHistoryShown() {
-    ports_.store.setValue("View", "History", host_.historyShown() ? "1" : "0");
-    host_.commandsChanged();
 }
 
 }  // namespace orvent::shell

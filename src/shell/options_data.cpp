@@ -65,6 +65,12 @@ void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store) {
     }
 }
 
+void StoreProblems(const analysis::ProblemKinds& problems, platform::SettingsStore& store) {
+    for (const analysis::ProblemWords& row : analysis::problemWords()) {
+        store.setValue("Problems", row.word, problems.test(static_cast<std::size_t>(row.kind)) ? kYes : "0");
+    }
+}
+
 std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, const platform::ProgramFolder& folder) {
     options.HelpFile = folder.path(kHelpFile);
     options.DefaultScript = folder.path(kScript);
@@ -87,6 +93,9 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
     for (const SightKey& row : kSightKeys) {
         options.sight.*row.mark = store.value("Zoom", row.key, kYes) == kYes;
     }
+    for (const analysis::ProblemWords& row : analysis::problemWords()) {
+        options.problems.set(static_cast<std::size_t>(row.kind), store.value("Problems", row.word, kYes) == kYes);
+    }
     options.LogPath = store.value("General", "LogPath", folder.root().string());
     return numbers.fault();
 }
@@ -94,6 +103,7 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
 void DefaultOptions(OptionsData& options) {
     options.canvas = canvas::CanvasSettings{};
     options.repository.SQLPath = options.DefaultScript;
+    options.problems = analysis::everyProblem();
 }
 
 }  // namespace orvent::shell

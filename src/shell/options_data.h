@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "analysis/problem_kinds.h"
 #include "canvas/canvas_settings.h"
 #include "platform/program_folder.h"
 #include "platform/settings_store.h"
@@ -17,6 +18,7 @@ struct OptionsData {
     canvas::CanvasSettings canvas;
     repository::RepositorySettings repository;  ///< login values and `SQLPath`
     zoom::ZoomSight sight;
+    analysis::ProblemKinds problems = analysis::everyProblem();  ///< those that are told
     std::int16_t TransDepth = 10;
     bool WholeNumbers = false;  ///< the wizard reads the numbers of tokens whole
     std::string LogPath;        ///< folder proposed for an activity's log
@@ -30,7 +32,10 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
 
 void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store);
 
-/// Sets the sizes, distances, the selection colour and `SQLPath` to their defaults, in the application values only.
+void StoreProblems(const analysis::ProblemKinds& problems, platform::SettingsStore& store);
+
+/// Sets the sizes, distances, the selection colour, `SQLPath` and the kinds of problems to their defaults, in the
+/// application values only.
 void DefaultOptions(OptionsData& options);
 
 }  // namespace orvent::shell

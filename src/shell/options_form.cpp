@@ -33,6 +33,7 @@ void OptionsForm::open() {
     }
     lblColor = options_.canvas.SelColor;
     txtSQL = options_.repository.SQLPath;
+    Problems = options_.problems;
 }
 
 bool OptionsForm::apply() {
@@ -51,6 +52,7 @@ bool OptionsForm::apply() {
     }
     options_.canvas.SelColor = lblColor;
     options_.repository.SQLPath = txtSQL;
+    StoreProblems(options_.problems = Problems, ports_.store);
     return true;
 }
 

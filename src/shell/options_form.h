@@ -19,6 +19,7 @@ class OptionsForm : public forms::Editor {
     std::array<std::string, 14> Text;  ///< `Text1` to `Text14`, in pixels
     std::int32_t lblColor = 0;         ///< blue in the high byte
     std::string txtSQL;
+    analysis::ProblemKinds Problems;  ///< those that are told
 
     /// Fills the fields from the application values; at each showing.
     void open();

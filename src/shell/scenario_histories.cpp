@@ -21,6 +21,12 @@ const history::ScenarioHistory* ScenarioHistories::of(const canvas::DrawForm& fo
     return place == histories_.end() ? nullptr : place->second.get();
 }
 
+void ScenarioHistories::note(canvas::DrawForm& form, history::ScenarioHistory& history, const std::string& words) {
+    const canvas::Touched changed = history.takeChanged();
+    ports_.changed(form, changed);
+    recovery_.note(form, history, changed, words);
+}
+
 void ScenarioHistories::settle(const std::string& words) {
     for (const auto& [form, history] : histories_) {
         if (ports_.isWhole(*form)) {
@@ -40,7 +46,7 @@ void ScenarioHistories::settleNow(canvas::DrawForm& form, const std::string& wor
         ports_.historyChanged(form);
     }
     if (waits) {
-        recovery_.note(form, *place->second, step ? step->words : std::string());
+        note(form, *place->second, step ? step->words : std::string());
     }
 }
 
@@ -65,7 +71,7 @@ void ScenarioHistories::beginFilled() {
 void ScenarioHistories::beginAnew(canvas::DrawForm& form) {
     history::ScenarioHistory& history = *histories_.at(&form);
     history.beginAnew();
-    recovery_.note(form, history, {});
+    note(form, history, {});
     ports_.historyChanged(form);
 }
 
@@ -87,7 +93,7 @@ void ScenarioHistories::goTo(canvas::DrawForm& form, std::size_t line) {
         history::ScenarioHistory& history = *histories_.at(&form);
         const bool back = line < history.position();
         history.goTo(line);
-        recovery_.note(form, history, back ? "Step Back" : "Step Forward");
+        note(form, history, back ? "Step Back" : "Step Forward");
         ports_.historyChanged(form);
     }
 }

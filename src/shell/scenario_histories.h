@@ -21,6 +21,8 @@ class HistoryPorts {
     virtual std::string whyNotNow(const canvas::DrawForm& form) const = 0;
     /// Whether the scenario is whole: no dialog has taken a part of it, and no gesture is under way.
     virtual bool isWhole(const canvas::DrawForm& form) const = 0;
+    /// What of a scenario has changed since this was told last.
+    virtual void changed(canvas::DrawForm& form, const canvas::Touched& touched) = 0;
     /// The steps of a scenario, or which of them is the present one, have changed.
     virtual void historyChanged(canvas::DrawForm& form) = 0;
 };
@@ -72,6 +74,7 @@ class ScenarioHistories : private ScenarioListener {
     };
 
   private:
+    void note(canvas::DrawForm& form, history::ScenarioHistory& history, const std::string& words);
     void scenarioOpened(canvas::DrawForm& form) override;
     void scenarioClosed(canvas::DrawForm& form) override;
 

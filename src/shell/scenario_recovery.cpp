@@ -46,9 +46,9 @@ ScenarioRecovery::Kept& ScenarioRecovery::keptOf(canvas::DrawForm& form) {
     return *kept;
 }
 
-void ScenarioRecovery::note(canvas::DrawForm& form, history::ScenarioHistory& history, const std::string& words) {
+void ScenarioRecovery::note(canvas::DrawForm& form, const history::ScenarioHistory& history,
+                            const canvas::Touched& changed, const std::string& words) {
     if (history.isStored()) {
-        history.takeChanged();
         forget(form);
         return;
     }
@@ -61,14 +61,14 @@ void ScenarioRecovery::note(canvas::DrawForm& form, history::ScenarioHistory& hi
         }
     }
     try {
-        write(kept, history, told);
+        write(kept, history, changed, told);
     } catch (const platform::Fault& fault) {
         fail(kept, fault.description());
     }
 }
 
-void ScenarioRecovery::write(Kept& kept, history::ScenarioHistory& history, const history::StateWriter::Told& told) {
-    const canvas::Touched changed = history.takeChanged();
+void ScenarioRecovery::write(Kept& kept, const history::ScenarioHistory& history, const canvas::Touched& changed,
+                             const history::StateWriter::Told& told) {
     const bool long_ = kept.journal > std::max(kLeastJournal, kJournalToWhole * kept.whole);
     if (!kept.file.empty() && !long_ && kept.times == kept.form.stored.times) {
         if (!changed.empty()) {

@@ -29,8 +29,10 @@ class ScenarioRecovery {
     explicit ScenarioRecovery(const Services& services);
     ~ScenarioRecovery();
 
-    /// A command has ended, or the scenario was brought to another step.
-    void note(canvas::DrawForm& form, history::ScenarioHistory& history, const std::string& words);
+    /// A command has ended, or the scenario was brought to another step; `changed` is what has changed since this was
+    /// told last.
+    void note(canvas::DrawForm& form, const history::ScenarioHistory& history, const canvas::Touched& changed,
+              const std::string& words);
     /// The scenario's window goes: nothing of it is unsaved any more.
     void forget(const canvas::DrawForm& form);
     /// What was done before, to a scenario that was brought back.
@@ -39,7 +41,8 @@ class ScenarioRecovery {
   private:
     struct Kept;
     Kept& keptOf(canvas::DrawForm& form);
-    void write(Kept& kept, history::ScenarioHistory& history, const history::StateWriter::Told& told);
+    void write(Kept& kept, const history::ScenarioHistory& history, const canvas::Touched& changed,
+               const history::StateWriter::Told& told);
     void noteStanding(Kept& kept);
     void fail(Kept& kept, const std::string& why);
 

@@ -42,7 +42,12 @@ bool isUnfedTarget(const canvas::DrawForm& form, const canvas::LabelsD& node) {
     return false;
 }
 
-/// What is to be said of an activity's statement; nothing when it is whole and fits.
+void addStatement(std::string& program, const entities::ActivityProperties& activity) {
+    program.append(activity.Act_LDL).append(kCrLf).append(kCrLf);
+}
+
+}  // namespace
+
 UnfinishedStatement statementOf(const entities::ActivityProperties& activity) {
     if (const std::vector<Advice> faults = faultsOf(activity.Act_LDL); !faults.empty()) {
         return {activity.Act_Name, faults.front().words, Kind::notWhole};
@@ -52,12 +57,6 @@ UnfinishedStatement statementOf(const entities::ActivityProperties& activity) {
     }
     return {activity.Act_Name, misfitLine(activity), Kind::outdated};
 }
-
-void addStatement(std::string& program, const entities::ActivityProperties& activity) {
-    program.append(activity.Act_LDL).append(kCrLf).append(kCrLf);
-}
-
-}  // namespace
 
 std::string ldlProgram(const canvas::DrawForm& form) {
     std::string program;

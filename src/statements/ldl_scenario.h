@@ -27,6 +27,9 @@ struct UnfinishedStatement {
     bool operator==(const UnfinishedStatement&) const = default;
 };
 
+/// What is to be said of an activity's statement, whatever its data does; `why` is empty when it is whole and fits.
+UnfinishedStatement statementOf(const entities::ActivityProperties& activity);
+
 /// The activities whose statement is empty, holds a name that has not been declared, may not mean its
 /// activity or does not fit it, those whose data runs in a circle, and the targets that nobody feeds, in the order of
 /// their nodes.

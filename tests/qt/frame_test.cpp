@@ -81,6 +81,40 @@ class FrameTest : public WindowTest {
         }
     }
 
+    void theListOfProblemsGoesAlongAndLeadsToNodes() {
+        Frame program;
+        program.open("One");
+        canvas::DrawForm& form = *program.logic.activeScenario();
+        const auto* count = control<QToolButton>(program.frame, "problemCount");
+        program.choose("ViewProblemsM");
+        auto* list = control<QTreeView>(program.frame, "lstProblems");
+        QVERIFY(list->isVisible() && !count->isVisible());
+        testkit::GraphBuilder(form).recordSet("EMPTY");
+        testkit::GraphBuilder(form).activity("Load", {"ID"}).Act_Type = -1;
+        QTRY_COMPARE(list->model()->rowCount(), 5);
+        QCOMPARE(count->text(), QStringLiteral("5"));
+        QVERIFY(count->isVisible());
+        list->setCurrentIndex(list->model()->index(0, 0));
+        QTest::keyClick(list, Qt::Key_Down);
+        QCOMPARE(list->currentIndex().siblingAtColumn(0).data().toString(), QStringLiteral("Load"));
+        QVERIFY(control<QLabel>(program.frame, "lblWhy")->text().contains(QStringLiteral("ACTIVITY TYPE")));
+        QTest::keyClick(list, Qt::Key_Return);
+        QVERIFY(form.SelectedLabels.Item(form.nodeNamed("Load")->Index()));
+        form.Labels.Remove(form.nodeNamed("EMPTY")->Index());
+        QTRY_COMPARE(list->model()->rowCount(), 4);
+        QCOMPARE(list->currentIndex().row(), 0);
+        program.dialogs.at(QStringLiteral("OptionsForm"), [](QDialog& window) {
+            control<QListWidget>(window, "lstProblemKinds")->item(1)->setCheckState(Qt::Unchecked);
+            click(window, "butOK");
+        });
+        program.press("Options");
+        QCOMPARE(list->model()->rowCount(), 3);
+        control<QDockWidget>(program.frame, "ProblemsDock")->close();
+        QTRY_VERIFY(!program.menuItem("ViewProblemsM")->isChecked());
+        program.press("problemCount");
+        QVERIFY(list->isVisible());
+    }
+
     void theSideMenuMarksItsCurrentGroup() {
         Frame program;
         for (const char* chosen : {"", "GroupMetrics", "GroupDrawing"}) {

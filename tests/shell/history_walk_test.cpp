@@ -1,5 +1,5 @@
 // Random walks with steps back and forward between them: wherever the history leads, the scenario is what it was there,
-// to the last link and its order.
+// to the last link and its order. The list of problems goes along.
 
 #include <gtest/gtest.h>
 
@@ -98,6 +98,20 @@ class HistoryWalk : public ::testing::TestWithParam<unsigned>, private OwnReposi
         EXPECT_EQ(history().position(), position_) << "a way back is no step";
     }
 
+    /// The list of problems that goes along with all changes is the one that a look at the whole scenario gives.
+    void expectProblems() {
+        frame.noticeChanges(*form);
+        const auto whole = shell::problemLines(*form, frame.catalogue().tables, analysis::everyProblem());
+        EXPECT_EQ(lines(frame.problems()), lines(whole));
+    }
+    static std::vector<std::string> lines(const std::vector<shell::ProblemLine>& problems) {
+        std::vector<std::string> lines;
+        for (const shell::ProblemLine& row : problems) {
+            lines.push_back(analysis::wordsOf(row.kind).word + (": " + row.place + ": " + row.words));
+        }
+        return lines;
+    }
+
     /// The scenario, and what was selected when a step had led there and when the next one began.
     struct State {
         std::string text, arrived, left;
@@ -115,8 +129,10 @@ TEST_P(HistoryWalk, EachStepIsWhatItWas) {
         act();
         idle();
         mayHaveStepped();
+        expectProblems();
         if (pick(3) == 0) {
             travel();
+            expectProblems();
         }
     }
     EXPECT_FALSE(HasFailure()) << "seed " << GetParam() << "\n" << log_.str();

@@ -279,6 +279,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"CutM CopyM PasteM DuplicateM", {cutNodes, copyNodes, pasteNodes, duplicateNodes}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM ViewHistoryM SelectAllM", {colourByMetric, viewHistory, selectAll}},
+        {"ViewProblemsM", {viewProblems}},
         {"ViewPartOfM ViewInstanceOfM ViewRegulatorM", {viewPartOf, viewInstanceOf, viewRegulator}},
         {"ViewProviderM ViewDerivedM ViewAttributesM", {viewProvider, viewDerived, viewAttributes}},
         {"MakeRoomM LightPathsM LegendM QuitM", {makeRoom, lightPaths, legend, quit}},

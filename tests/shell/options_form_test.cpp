@@ -38,12 +38,13 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     }
     form.lblColor = 255;
     form.txtSQL = "/x.sql";
+    form.Problems.reset(static_cast<std::size_t>(analysis::ProblemKind::unread));
     const auto texts = form.Text;
     form.butAplly();
     EXPECT_EQ(options.canvas.LogW, 1695);
     EXPECT_EQ(options.repository.SQLPath, "/x.sql");
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "1605");
-    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 2) << "each field has a key of its own";
+    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 2 + analysis::kProblemKinds) << "each field has a key of its own";
 
     options = {};
     EXPECT_EQ(LoadOptions(options, repository.store, folder), "");
@@ -51,6 +52,8 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     EXPECT_EQ(form.Text, texts);
     EXPECT_EQ(form.lblColor, 255);
     EXPECT_EQ(form.txtSQL, "/x.sql");
+    EXPECT_EQ(form.Problems.count(), analysis::kProblemKinds - 1);
+    EXPECT_FALSE(options.problems.test(static_cast<std::size_t>(analysis::ProblemKind::unread)));
 }
 
 TEST_F(OptionsWindow, ABadNumberStopsBeforeAnythingIsStored) {

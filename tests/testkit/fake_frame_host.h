@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 
 #include "editors/record_set_prop.h"
 #include "exchange/open_scenario.h"
@@ -44,7 +45,8 @@ class FakeFrameHost : public shell::FrameHost {
     bool placed = false;
     int maximized = 0;
     bool ended = false;
-    bool history = false;
+    std::map<shell::Dock, bool> docks;
+    int problemChanges = 0;
 
     const forms::Dialogs& dialogs() const override { return dialogs_; }
     void placePalette(shell::Palette) override {}
@@ -56,8 +58,9 @@ class FakeFrameHost : public shell::FrameHost {
             atCommands();
         }
     }
-    void showHistory(bool shown) override { history = shown; }
-    bool historyShown() const override { return history; }
+    void showDock(shell::Dock dock, bool shown) override { docks[dock] = shown; }
+    bool dockShown(shell::Dock dock) const override { return docks.contains(dock) && docks.at(dock); }
+    void problemsChanged() override { ++problemChanges; }
     void unloadFrame() override {}
     void endProgram() override { ended = true; }
 

@@ -21,8 +21,8 @@
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "qt/shell/dialog_windows.h"
+#include "qt/shell/frame_docks.h"
 #include "qt/shell/frame_tools.h"
-#include "qt/shell/history_dock.h"
 #include "qt/shell/side_menu.h"
 #include "qt/shell/welcome_page.h"
 #include "qt/text.h"
@@ -133,6 +133,7 @@ void FrameWindow::buildCentre() {
     connect(area_, &DeskArea::activeChanged, this, [this] {
         if (logic_) {
             logic_->frontChanged();
+            problemsChanged();
         }
     });
     connect(area_, &DeskArea::aboutToShow, this, [this] { centre_->setCurrentWidget(area_); });
@@ -155,14 +156,7 @@ void FrameWindow::buildCentre() {
     columns->addWidget(sideMenu_->scrolling());
     columns->addWidget(centre_, 1);
     setCentralWidget(row);
-    history_ = new HistoryDock([this](std::size_t line) { logic_->goToStep(line); }, this);
-    history_->hide();
-    addDockWidget(Qt::RightDockWidgetArea, history_);
-    connect(history_, &HistoryDock::closed, this, [this] {
-        if (logic_) {
-            logic_->historyClosed();
-        }
-    });
+    docks_ = new FrameDocks(*this, [this] { return logic_; });
 }
 
 void FrameWindow::openFile(const std::string& path) {
@@ -252,20 +246,26 @@ void FrameWindow::enableFrame(bool enabled) {
     }
     tools_->setEnabled(enabled);
     centralWidget()->setEnabled(enabled);
-    history_->setEnabled(enabled);
+    docks_->setEnabled(enabled);
     if (enabled && focusBefore_) {
         focusBefore_->setFocus();
     }
 }
 
-void FrameWindow::showHistory(bool shown) {
-    if (history_) {
-        history_->setVisible(shown);
+void FrameWindow::showDock(shell::Dock dock, bool shown) {
+    if (docks_) {
+        docks_->show(dock, shown);
     }
 }
 
-bool FrameWindow::historyShown() const {
-    return history_ && !history_->isHidden();
+bool FrameWindow::dockShown(shell::Dock dock) const {
+    return docks_ && docks_->isShown(dock);
+}
+
+void FrameWindow::problemsChanged() {
+    if (docks_) {
+        docks_->refreshProblems();
+    }
 }
 
 void FrameWindow::commandsChanged() {
@@ -281,10 +281,7 @@ void FrameWindow::commandsChanged() {
     const repository::LoginValues& login = logic_->options().repository.login;
     whoAndWhere_->setText(login.User.empty() ? QString()
                                              : tr("%1 @ %2").arg(text(login.User), text(login.ReposConnString)));
-    if (historyShown()) {
-        canvas::CanvasForm* form = area_->active();
-        history_->showLines(form ? logic_->histories().linesOf(form->scenario()) : shell::HistoryLines{});
-    }
+    docks_->refresh();
     showTitle();
 }
 

@@ -15,8 +15,8 @@ class QStackedWidget;
 
 namespace orvent::qt {
 
+class FrameDocks;
 class FrameTools;
-class HistoryDock;
 class SideMenu;
 class DeskArea;
 class Theme;
@@ -51,8 +51,9 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void maximizeFrame() override;
     void enableFrame(bool enabled) override;
     void commandsChanged() override;
-    void showHistory(bool shown) override;
-    bool historyShown() const override;
+    void showDock(shell::Dock dock, bool shown) override;
+    bool dockShown(shell::Dock dock) const override;
+    void problemsChanged() override;
     void unloadFrame() override { close(); }
     void endProgram() override { endAtOnce_(); }
 
@@ -85,7 +86,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     QStackedWidget* centre_ = nullptr;
     DeskArea* area_;
     SideMenu* sideMenu_ = nullptr;
-    HistoryDock* history_ = nullptr;
+    FrameDocks* docks_ = nullptr;
     QLabel* whoAndWhere_ = nullptr;
     QLabel* viewCorner_ = nullptr;  ///< the scale of the view in front and the pointer's place in it
     bool takesInput_ = true;

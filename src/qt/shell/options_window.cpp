@@ -1,6 +1,7 @@
 #include "qt/shell/options_window.h"
 
 #include <QGroupBox>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -15,6 +16,7 @@ namespace orvent::qt {
 namespace {
 
 constexpr int kNumberWidth = 92;
+constexpr int kShownKinds = 3;  // of problems, the others are scrolled to
 constexpr QSize kSwatch(34, 14);
 
 /// A number without needless zeros.
@@ -37,6 +39,7 @@ OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
     setObjectName(QStringLiteral("OptionsForm"));
     buildSizes();
     buildZoom();
+    buildProblems();
     buildRest();
     logic_.show = [this] { showState(); };
     addSideButton(QStringLiteral("butDefault"), withLetter(tr("Default"), QLatin1Char('D')),
@@ -106,6 +109,28 @@ void OptionsWindow::buildZoom() {
     body().addWidget(group);
 }
 
+void OptionsWindow::buildProblems() {
+    auto* group = new QGroupBox(tr("Problems that are told"), this);
+    auto* column = new QVBoxLayout(group);
+    problems_ = new QListWidget(group);
+    problems_->setObjectName(QStringLiteral("lstProblemKinds"));
+    problems_->setAccessibleName(group->title());
+    problems_->setUniformItemSizes(true);
+    for (const analysis::ProblemWords& row : analysis::problemWords()) {
+        auto* item = new QListWidgetItem(tr(row.title), problems_);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setCheckState(Qt::Checked);
+        item->setToolTip(tr(row.why));
+    }
+    problems_->setCurrentRow(0);
+    problems_->setFixedHeight(kShownKinds * problems_->sizeHintForRow(0) + 2 * problems_->frameWidth());
+    connect(problems_, &QListWidget::itemChanged, this, [this](const QListWidgetItem* item) {
+        logic_.Problems.set(static_cast<std::size_t>(problems_->row(item)), item->checkState() == Qt::Checked);
+    });
+    column->addWidget(problems_);
+    body().addWidget(group);
+}
+
 void OptionsWindow::buildRest() {
     QFormLayout* form = newForm();
     lblColor_ = new QPushButton(this);
@@ -154,6 +179,11 @@ void OptionsWindow::showState() {
     lblColor_->setText(fromModel(logic_.lblColor).name());
     if (txtSQL_->text() != QString::fromStdString(logic_.txtSQL)) {
         txtSQL_->setText(QString::fromStdString(logic_.txtSQL));
+    }
+    const QSignalBlocker quiet(problems_);
+    for (int row = 0; row < problems_->count(); ++row) {
+        const bool told = logic_.Problems.test(static_cast<std::size_t>(row));
+        problems_->item(row)->setCheckState(told ? Qt::Checked : Qt::Unchecked);
     }
     missing_->setVisible(!logic_.hasScript());
 }

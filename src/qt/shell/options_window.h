@@ -9,6 +9,7 @@
 class QFormLayout;
 class QGridLayout;
 class QLineEdit;
+class QListWidget;
 
 namespace orvent::qt {
 
@@ -23,6 +24,7 @@ class OptionsWindow : public FormWindow {
     void buildSizes();
     void buildZoom();
     void buildRest();
+    void buildProblems();
     QDoubleSpinBox* newNumber(std::size_t index);
     void showState();
 
@@ -30,6 +32,7 @@ class OptionsWindow : public FormWindow {
     std::array<QDoubleSpinBox*, 14> numbers_{};  ///< `Text1` to `Text14`
     QPushButton* lblColor_ = nullptr;
     QLineEdit* txtSQL_ = nullptr;
+    QListWidget* problems_ = nullptr;
     QAction* missing_ = nullptr;  ///< marks a script that is not there
 };
 

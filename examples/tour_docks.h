@@ -1,0 +1,13 @@
+#pragma once
+
+#include "qt/shell/frame_window.h"
+#include "qt/theme/theme.h"
+#include "shell/mdi_form.h"
+#include "tour_player.h"
+
+namespace orvent::tour {
+
+/// Lists what is missing in the scenario in front, and goes to a node of it.
+void listProblems(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme);
+
+}  // namespace orvent::tour

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "analysis/node_look.h"
+
+namespace orvent::analysis {
+
+/// What only the whole graph shows, in one pass over the looks of all nodes. They stand by `Index`; where there is no
+/// node is none that is in the flow.
+class FlowProblems {
+  public:
+    explicit FlowProblems(std::span<const NodeLook> looks) : looks_(looks) {}
+
+    /// The least node of each circle of activities, ascending.
+    std::vector<std::int32_t> circles() const;
+    /// The nodes to which no way leads from a source, ascending.
+    std::vector<std::int32_t> unreachable() const;
+
+  private:
+    const NodeLook& look(std::int32_t node) const { return looks_[static_cast<std::size_t>(node)]; }
+    bool isInFlow(std::int32_t node) const {
+        return node > 0 && static_cast<std::size_t>(node) < looks_.size() && look(node).inFlow;
+    }
+
+    std::span<const NodeLook> looks_;
+};
+
+}  // namespace orvent::analysis

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "analysis/problem_kinds.h"
+#include "canvas/canvas.h"
+
+namespace orvent::analysis {
+
+/// What the problems of a scenario ask of those who know statements.
+class StatementCheck {
+  public:
+    virtual ~StatementCheck() = default;
+
+    struct Fault {
+        ProblemKind kind;  ///< `statement`, `doubtful` or `outdated`
+        std::string words;
+    };
+    /// What is wrong with an activity's statement; nothing when it is whole and fits.
+    virtual std::optional<Fault> faultOf(const entities::ActivityProperties& activity) const = 0;
+    /// The way of the data from an activity back to itself, in words; empty when there is none.
+    virtual std::string circleThrough(const canvas::Canvas& form,
+                                      const entities::ActivityProperties& activity) const = 0;
+};
+
+}  // namespace orvent::analysis

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "shell/frame_host.h"
+
+class QDockWidget;
+class QMainWindow;
+class QToolButton;
+
+namespace orvent::shell {
+class MDIForm1;
+}
+
+namespace orvent::qt {
+
+class HistoryDock;
+class ProblemsDock;
+
+/// The lists beside the windows of a frame, and the count of problems in its status corner.
+class FrameDocks : public QObject {
+    Q_OBJECT
+
+  public:
+    /// `logic` gives the frame's, or nothing once that is gone. The frame has its status bar.
+    FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> logic);
+
+    void show(shell::Dock dock, bool shown);
+    bool isShown(shell::Dock dock) const;
+    void setEnabled(bool enabled);
+    /// Steps, or the scenario in front, may have changed.
+    void refresh();
+    /// The problems of the scenario in front are others than before.
+    void refreshProblems();
+
+  private:
+    QDockWidget* widget(shell::Dock dock) const;
+
+    std::function<shell::MDIForm1*()> logic_;
+    HistoryDock* history_;
+    ProblemsDock* problems_;
+    QToolButton* count_;
+};
+
+}  // namespace orvent::qt
