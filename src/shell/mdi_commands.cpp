@@ -89,7 +89,11 @@ struct MDIForm1::CommandTable {
              f.files_.open();
              f.histories_.beginFilled();
          }},
-        {Command::exportFile, inDesign, [](MDIForm1& f) { f.files_.exportTo(*f.activeScenario()); }},
+        {Command::exportFile, inDesign,
+         [](MDIForm1& f) {
+             f.files_.exportTo(*f.activeScenario());
+             f.host_.commandsChanged();
+         }},
         {Command::openRecent, withRecent, [](MDIForm1& f) { f.openFile(f.recentFiles().front()); }},
         {Command::closeScenario, inWindow, [](MDIForm1& f) { f.close(*f.activeEnabled()); }},
         {Command::login, withoutWindows, [](MDIForm1& f) { f.login(); }},

@@ -1,5 +1,7 @@
 #include "shell/scenario_clipboard.h"
 
+#include <algorithm>
+
 #include "canvas/deletion.h"
 #include "canvas/node_tip.h"
 #include "exchange/bad_document.h"
@@ -40,9 +42,13 @@ void ScenarioClipboard::copyText(const zoom::ZoomView& view) {
             text += tip.name + "\t" + tip.kind + "\t" + tip.counts + "\n";
         }
     }
-    if (!text.empty()) {
-        ports_.clipboard.put(text, "text/plain");
+    if (text.empty()) {
+        ports_.progress.status("No node is selected.");
+        return;
     }
+    ports_.clipboard.put(text, "text/plain");
+    ports_.progress.status("Copied " + nodesWords(static_cast<std::size_t>(std::ranges::count(text, '\n'))) +
+                           " as text.");
 }
 
 void ScenarioClipboard::cut(canvas::DrawForm& form) {

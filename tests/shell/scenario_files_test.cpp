@@ -35,7 +35,11 @@ class ScenarioFiles : public testing::Test {
 TEST_F(ScenarioFiles, AFileOpensAsANewScenario) {
     canvas::DrawForm& sample = test.active();
     const std::string whole = testkit::modelText(sample);
+    bool offersIt = false;
+    test.host.atCommands = [&] { offersIt = test.frame.stateOf(Command::openRecent).enabled; };
     exported("a");
+    EXPECT_TRUE(offersIt);
+    test.host.atCommands = {};
     EXPECT_EQ(test.saveDialog.asked,
               "Export To File|ORVENT II Scenarios (*.orvent)|*.orvent|" + pathOf("Sample.orvent") + "?");
     test.frame.openFile(pathOf("a.orvent"));
