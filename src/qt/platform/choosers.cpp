@@ -43,17 +43,26 @@ std::string QtFileDialog::openFile(const std::string& filter) {
 
 std::string QtSaveDialog::saveFile(const std::string& title, const std::string& filter, const std::string& folder,
                                    platform::OldFile oldFile) {
+    const QFileInfo wished(QString::fromStdString(folder));
+    const QString pattern = QString::fromStdString(filter).section(QLatin1Char('|'), 1, 1);
+    const bool isFile = !wished.isDir() && QDir::match(pattern, wished.fileName());
     // A folder that is not there yet would be taken for the file's name.
-    QFileInfo start(QString::fromStdString(folder));
+    QFileInfo start(isFile ? wished.path() : wished.filePath());
     while (!start.isDir() && !start.isRoot() && start.path() != start.filePath()) {
         start.setFile(start.path());
     }
-    const QFileDialog::Options options =
-        oldFile == platform::OldFile::onlyNamed ? QFileDialog::DontConfirmOverwrite : QFileDialog::Options();
     const WorkingWindow over;
-    return QFileDialog::getSaveFileName(over.widget(), QString::fromStdString(title), start.filePath(),
-                                        toolkitFilter(filter), nullptr, options)
-        .toStdString();
+    QFileDialog dialog(over.widget(), QString::fromStdString(title), start.filePath(), toolkitFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    if (isFile) {
+        dialog.selectFile(wished.fileName());
+    }
+    if (oldFile == platform::OldFile::onlyNamed) {
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    } else {
+        dialog.setDefaultSuffix(QFileInfo(pattern).suffix());  // so that the file meant is the one that is asked about
+    }
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst().toStdString() : std::string();
 }
 
 std::optional<std::int32_t> QtColourDialog::choose(std::int32_t present) {

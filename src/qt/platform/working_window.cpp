@@ -64,6 +64,10 @@ WorkingWindow::~WorkingWindow() {
             progress->show();
         }
     }
+    // A box and the dialog below it may close at one time; the window system then gives nobody the keys.
+    if (isShown(window_)) {
+        window_->activateWindow();
+    }
 }
 
 }  // namespace orvent::qt

@@ -10,7 +10,7 @@ namespace orvent::qt {
 
 /// The window that works at the moment: the modal one, or the one in front. Boxes, choosers and dialogs open over it,
 /// so that none of them lies behind it. While one of these objects lives, windows that show progress step back, also
-/// those that would have come up meanwhile.
+/// those that would have come up meanwhile. It is in front again afterwards.
 class WorkingWindow {
   public:
     /// `frame` is the window over which to open when no other one is at work; null: the main window that is shown.

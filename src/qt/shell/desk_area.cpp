@@ -238,6 +238,8 @@ void DeskArea::dressTabs() {
     }
     tabs->setExpanding(false);
     tabs->setDrawBase(false);
+    connect(tabs, &QTabBar::tabBarClicked, this, &DeskArea::showActiveTab,
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
     const std::vector<DeskWindow*> list = inTabOrder();
     for (int i = 0; i < tabs->count() && i < static_cast<int>(list.size()); ++i) {
         DeskWindow* window = list[static_cast<std::size_t>(i)];
@@ -247,6 +249,15 @@ void DeskArea::dressTabs() {
         if (!tabs->tabButton(i, QTabBar::RightSide)) {
             tabs->setTabButton(i, QTabBar::RightSide, newCloseButton(window, tabs));
         }
+    }
+}
+
+/// The tab of a window that takes no input can be pressed, but the window does not come to the front.
+void DeskArea::showActiveTab() {
+    const std::vector<DeskWindow*> list = inTabOrder();
+    const auto active = std::find(list.begin(), list.end(), active_);
+    if (auto* tabs = findChild<QTabBar*>(); tabs && active != list.end()) {
+        tabs->setCurrentIndex(static_cast<int>(active - list.begin()));
     }
 }
 

@@ -72,6 +72,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     DeskWindow* behind(const DeskWindow& window) const;
     QString numberAmong(const DeskWindow& window) const;
     void dressTabs();
+    void showActiveTab();
     DeskWindow* own(const QMdiSubWindow* window) const;
     std::vector<DeskWindow*> inTabOrder() const;
 
