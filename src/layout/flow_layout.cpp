@@ -147,18 +147,18 @@ void FlowLayout::layOutPart(Part& part) const {
     }
     double left = 0;
     for (std::size_t layer = 0; layer < graph.layers(); ++layer) {
-        double free = 0, width = 0;
+        double width = 0;
         for (const std::int32_t vertex : rowOf(graph, rows, layer)) {
             if (graph.isWaypoint(vertex)) {
                 continue;
             }
             const auto at = static_cast<std::size_t>(graph.node(vertex));
             const double wished = heights[static_cast<std::size_t>(vertex)] - extents[at].above - least;
-            const double top = std::max(free, std::round(wished / spacing_.grid) * spacing_.grid);
+            // The least distances are whole steps of the grid, so rounding brings no boxes together.
+            const double top = std::round(wished / spacing_.grid) * spacing_.grid;
             const Size& box = stack(part.stacks[at]).size;
             part.places[at] = {left, top};
             part.size = {std::max(part.size.width, left + box.width), std::max(part.size.height, top + box.height)};
-            free = onGrid(top + box.height + spacing_.betweenNodes);
             width = std::max(width, box.width);
         }
         left = onGrid(left + width + spacing_.betweenLayers);

@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <numeric>
 #include <random>
 
 #include "layout/layers.h"
+#include "layout/nearest_box.h"
+#include "layout/rows.h"
 #include "layout/sorted_links.h"
 
 namespace orvent::layout {
@@ -28,7 +31,7 @@ FlowGraph anyGraph(unsigned seed, bool circles) {
     const auto nodes = seed < 5 ? seed : 1U + static_cast<unsigned>(random() % 120);
     FlowGraph graph;
     for (unsigned node = 0; node < nodes; ++node) {
-        graph.nodes.push_back({201.0 + 100 * below(12), 152.0 + below(700)});
+        graph.nodes.push_back({300.0 + 100 * below(12), 152.0 + below(700)});
         const bool beside = below(6) == 0;
         graph.besides.push_back(beside ? below(nodes) : -1);
     }
@@ -150,6 +153,36 @@ TEST(FlowLayout, DrawsTreesWithoutCrossings) {
     }
 }
 
+// Held against every order of two rows of five.
+TEST(Rows, CrossLittleMoreThanTheyMust) {
+    std::int64_t ours = 0, least = 0;
+    for (unsigned seed = 0; seed < 12; ++seed) {
+        std::mt19937 random(seed);
+        std::vector<Arc> arcs;
+        while (arcs.size() < 11) {
+            arcs.push_back({static_cast<std::int32_t>(random() % 5), 5 + static_cast<std::int32_t>(random() % 5)});
+        }
+        const Layered graph = withWaypoints({0, 0, 0, 0, 0, 1, 1, 1, 1, 1}, arcs);
+        ours += SortedLinks(graph, rowsOf(graph)).crossings();
+        std::array<int, 5> left{0, 1, 2, 3, 4}, right = left;
+        std::int64_t fewest = 1000;
+        do {
+            do {
+                std::int64_t now = 0;
+                for (const Arc& a : arcs) {
+                    for (const Arc& b : arcs) {
+                        now += left[at(a.from)] < left[at(b.from)] && right[at(a.to - 5)] > right[at(b.to - 5)];
+                    }
+                }
+                fewest = std::min(fewest, now);
+            } while (std::next_permutation(right.begin(), right.end()));
+        } while (std::next_permutation(left.begin(), left.end()));
+        least += fewest;
+    }
+    EXPECT_GT(least, 20);
+    EXPECT_LE(ours, least + least / 10);
+}
+
 // Held against counting all pairs of arcs, and against the change that exchanging two vertices makes.
 TEST(SortedLinks, CountsCrossings) {
     for (unsigned seed = 1; seed < 40; ++seed) {
@@ -182,6 +215,34 @@ TEST(SortedLinks, CountsCrossings) {
                 links.sortListsBeside(layer);
                 EXPECT_EQ(links.crossings() - former, choice.below - choice.above) << seed;
             }
+        }
+    }
+}
+
+TEST(NearestBox, FindsWhatASearchOfAllFinds) {
+    std::mt19937 random(7);
+    const auto box = [&random] {
+        const auto x = static_cast<double>(random() % 400), y = static_cast<double>(random() % 400);
+        return Area{x, y, x + static_cast<double>(random() % 9), y + static_cast<double>(random() % 9)};
+    };
+    const auto apart = [](const Area& a, const Area& b) {
+        return std::hypot(std::max({0.0, a.left - b.right, b.left - a.right}),
+                          std::max({0.0, a.top - b.bottom, b.top - a.bottom}));
+    };
+    for (const std::size_t count : {0U, 1U, 9U, 500U}) {
+        std::vector<Area> boxes(count);
+        std::ranges::generate(boxes, box);
+        const NearestBox nearest(boxes);
+        for (int asked = 0; asked < 300; ++asked) {
+            const Area from = box();
+            double least = 20;
+            for (const Area& each : boxes) {
+                least = std::min(least, apart(each, from));
+            }
+            const std::optional<std::size_t> found = nearest.to(from, 20);
+            ASSERT_EQ(found.has_value(),
+                      std::ranges::any_of(boxes, [&](const Area& each) { return apart(each, from) <= 20; }));
+            ASSERT_EQ(found ? apart(boxes[*found], from) : least, least);
         }
     }
 }
