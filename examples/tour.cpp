@@ -18,6 +18,7 @@
 #include "tour_docks.h"
 #include "tour_drawing.h"
 #include "tour_files.h"
+#include "tour_history.h"
 #include "tour_metrics.h"
 #include "tour_nothing.h"
 #include "tour_player.h"
@@ -51,6 +52,7 @@ class Tour {
         listProblems(player_, window(), frame(), theme_);
         countMetrics(player_, window(), frame(), theme_);
         writeFiles();
+        goBackAndForward(player_, window(), frame(), theme_);
         carryFiles(player_, window(), frame(), theme_, home_);
         zoomIntoActivity(player_, window(), frame(), theme_);
         drawFromNothing(player_, window(), frame(), theme_, home_);

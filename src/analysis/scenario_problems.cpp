@@ -49,8 +49,10 @@ void ScenarioProblems::waitForAll() {
 }
 
 void ScenarioProblems::touch(const canvas::Touched& touched) {
-    for (const std::int32_t node : touched.nodes) {
-        wait(node);
+    for (const auto* nodes : {&touched.nodes, &touched.heads}) {
+        for (const std::int32_t node : *nodes) {
+            wait(node);
+        }
     }
     for (const std::int32_t number : touched.edges) {
         const canvas::LinesD* edge = form_.Lines.byIndex(number);

@@ -104,6 +104,12 @@ void Canvas::touch(const LinesD& edge) {
     }
 }
 
+void Canvas::touchBox(const LabelsD& node) {
+    if (touched) {
+        touched->head(node.Index());
+    }
+}
+
 ManyChanges::~ManyChanges() {
     if (--canvas_.manyChanges_ == 0) {
         canvas_.listeners_.tell([](CanvasListener& listener) { listener.manyChanged(); });

@@ -130,6 +130,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     void grabPointMeant(int grabPoint) override { GrabbingPoint = grabPoint; }
     void touch(const LabelsD& node) override;
     void touch(const LinesD& edge) override;
+    void touchBox(const LabelsD& node) override;
 
     CanvasServices services_;
     Light light_;

@@ -37,6 +37,8 @@ class Graph {
     /// Something has changed that a scenario keeps.
     virtual void touch(const LabelsD& node) = 0;
     virtual void touch(const LinesD& edge) = 0;
+    /// The same when it is nothing but the box of a node.
+    virtual void touchBox(const LabelsD& node) = 0;
 };
 
 }  // namespace orvent::canvas

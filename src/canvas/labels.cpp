@@ -75,7 +75,10 @@ void LabelsD::tellLook() {
 }
 
 void LabelsD::moved() {
-    tell();
+    if (told_) {
+        graph_.touchBox(*this);
+    }
+    tellLook();
     std::visit(
         [](auto& held) {
             if constexpr (requires { held->Changed = true; }) {

@@ -9,13 +9,21 @@ namespace orvent::canvas {
 /// them several times. What only the screen shows (selection, colour, visibility) does not count.
 struct Touched {
     std::vector<std::int32_t> nodes, edges;
+    std::vector<std::int32_t> heads;  ///< nodes that stand for what they stood for; another is their box or the like
 
-    bool empty() const { return nodes.empty() && edges.empty(); }
+    bool empty() const { return nodes.empty() && edges.empty() && heads.empty(); }
     void node(std::int32_t index) { note(nodes, index); }
+    void head(std::int32_t index) { note(heads, index); }
     void edge(std::int32_t index) { note(edges, index); }
+    void add(const Touched& other) {
+        nodes.insert(nodes.end(), other.nodes.begin(), other.nodes.end());
+        edges.insert(edges.end(), other.edges.begin(), other.edges.end());
+        heads.insert(heads.end(), other.heads.begin(), other.heads.end());
+    }
     void clear() {
         nodes.clear();
         edges.clear();
+        heads.clear();
     }
 
   private:

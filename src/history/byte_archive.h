@@ -7,12 +7,13 @@
 #include <type_traits>
 
 #include "history/bad_bytes.h"
+#include "history/short_numbers.h"
 #include "history/text_pool.h"
 
 namespace orvent::history {
 
-// One description of a record's fields writes and reads it. Numbers take as many bytes as they need, seven bits in
-// each; those with a sign are folded so that small ones stay short.
+// One description of a record's fields writes and reads it. A text is told by how far its number in the pool lies from
+// that of the text before: those of one record were added together as a rule.
 
 /// Appends what it is given.
 class ByteWriter {
@@ -21,13 +22,13 @@ class ByteWriter {
 
     ByteWriter(std::string& out, TextPool& texts) : out_(out), texts_(texts) {}
 
-    void count(std::uint64_t value) {
-        for (; value >= 0x80; value >>= 7) {
-            out_.push_back(static_cast<char>(value | 0x80));
-        }
-        out_.push_back(static_cast<char>(value));
+    void count(std::uint64_t value) { appendNumber(out_, value); }
+    void field(std::string_view text) {
+        const std::int64_t number = texts_.number(text);
+        count(folded(number - last_));
+        last_ = number;
     }
-    void field(const std::string& text) { count(texts_.number(text)); }
+    void field(const std::string& text) { field(std::string_view(text)); }
     void field(float value) {
         const auto bits = std::bit_cast<std::uint32_t>(value);
         for (unsigned shift = 0; shift < 32; shift += 8) {
@@ -36,14 +37,12 @@ class ByteWriter {
     }
     template <class Number>
     requires std::is_integral_v<Number> || std::is_enum_v<Number>
-    void field(Number value) {
-        const auto wide = static_cast<std::int64_t>(value);
-        count((static_cast<std::uint64_t>(wide) << 1) ^ static_cast<std::uint64_t>(wide >> 63));
-    }
+    void field(Number value) { count(folded(static_cast<std::int64_t>(value))); }
 
   private:
     std::string& out_;
     TextPool& texts_;
+    std::int64_t last_ = 0;
 };
 
 /// Reads what a `ByteWriter` has written, any bytes; throws `BadBytes`.
@@ -54,30 +53,21 @@ class ByteReader {
     ByteReader(std::string_view bytes, const TextPool& texts) : bytes_(bytes), texts_(texts) {}
 
     std::uint64_t count() {
-        std::uint64_t value = 0;
-        for (unsigned shift = 0; shift < 64; shift += 7) {
-            const auto byte = static_cast<unsigned char>(next());
-            value |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
-            if (byte < 0x80) {
-                return value;
-            }
-        }
-        throw BadBytes();
+        const auto value = takeNumber(bytes_);
+        return value ? *value : throw BadBytes();
     }
     /// How many things follow, each of which takes a byte at least.
     std::size_t listed() {
         const std::uint64_t value = count();
-        if (value > bytes_.size()) {
-            throw BadBytes();
-        }
-        return static_cast<std::size_t>(value);
+        return value <= bytes_.size() ? static_cast<std::size_t>(value) : throw BadBytes();
     }
     void field(std::string& text) {
-        const std::uint64_t number = count();
-        if (number >= texts_.size()) {
+        const std::int64_t step = unfolded(count());
+        if (step < -last_ || step >= texts_.size() - last_) {
             throw BadBytes();
         }
-        text = texts_.text(static_cast<std::uint32_t>(number));
+        last_ += step;
+        text = texts_.text(static_cast<std::uint32_t>(last_));
     }
     void field(float& value) {
         std::uint32_t bits = 0;
@@ -89,12 +79,8 @@ class ByteReader {
     template <class Number>
     requires std::is_integral_v<Number> || std::is_enum_v<Number>
     void field(Number& value) {
-        const std::uint64_t folded = count();
-        const auto wide = static_cast<std::int64_t>((folded >> 1) ^ (0 - (folded & 1)));
-        value = static_cast<Number>(wide);
-        if (static_cast<std::int64_t>(value) != wide) {
-            throw BadBytes();
-        }
+        const auto read = unfoldedAs<Number>(count());
+        value = read ? *read : throw BadBytes();
     }
     bool atEnd() const { return bytes_.empty(); }
 
@@ -110,6 +96,7 @@ class ByteReader {
 
     std::string_view bytes_;
     const TextPool& texts_;
+    std::int64_t last_ = 0;
 };
 
 }  // namespace orvent::history

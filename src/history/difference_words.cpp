@@ -32,7 +32,7 @@ class Words {
     Words(const Remembered& remembered, const std::string& verb) : remembered_(remembered), verb_(verb) {}
 
     std::string of(const Difference& difference) const {
-        const auto nodes = sidesOf(difference.nodes, [](const NodeBytes& bytes) { return bytes != nullptr; });
+        const auto nodes = sidesOf(difference.nodes, [](const NodeBytes& bytes) { return static_cast<bool>(bytes); });
         const auto edges = sidesOf(difference.edges, [](const canvas::EdgeState& edge) { return edge.exists(); });
         if (!nodes.went.empty()) {
             return "Deleted " + named(nodes.went, true);
@@ -62,7 +62,7 @@ class Words {
     }
 
   private:
-    std::string caption(const NodeBytes& bytes) const { return remembered_.node(bytes).caption; }
+    std::string caption(const NodeBytes& bytes) const { return remembered_.head(bytes).caption; }
 
     std::string named(const std::vector<const Difference::Node*>& nodes, bool before) const {
         return nodes.size() == 1 ? caption(before ? nodes.front()->before : nodes.front()->after)
@@ -70,17 +70,17 @@ class Words {
     }
 
     bool sameButEdges(const Difference::Node& node) const {
-        if (entityPart(*node.before) != entityPart(*node.after)) {
+        if (!node.isHeadAlone()) {
             return false;
         }
-        const canvas::NodeState before = remembered_.node(node.before), after = remembered_.node(node.after);
+        const canvas::NodeState before = remembered_.head(node.before), after = remembered_.head(node.after);
         return before.box == after.box && before.caption == after.caption && before.readiness == after.readiness;
     }
 
     /// Nothing but links has changed, as by drawing or deleting an edge.
     bool onlyLinks(const std::vector<const Difference::Node*>& nodes) const {
         for (const Difference::Node* node : nodes) {
-            const canvas::NodeState before = remembered_.node(node->before), after = remembered_.node(node->after);
+            const canvas::NodeState before = remembered_.head(node->before), after = remembered_.head(node->after);
             if (!(before.box == after.box) || before.caption != after.caption) {
                 return false;
             }
@@ -91,9 +91,8 @@ class Words {
     std::string changed(const std::vector<const Difference::Node*>& nodes) const {
         bool places = true, sizes = false;
         for (const Difference::Node* node : nodes) {
-            const canvas::NodeState before = remembered_.node(node->before), after = remembered_.node(node->after);
-            places = places && !(before.box == after.box) && before.caption == after.caption &&
-                     entityPart(*node->before) == entityPart(*node->after);
+            const canvas::NodeState before = remembered_.head(node->before), after = remembered_.head(node->after);
+            places = places && !(before.box == after.box) && before.caption == after.caption && node->isHeadAlone();
             sizes = sizes || before.box.Width != after.box.Width || before.box.Height != after.box.Height;
             if (before.caption != after.caption && before.kind != canvas::NodeTypeComment) {
                 return "Renamed " + before.caption + " to " + after.caption;

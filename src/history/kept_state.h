@@ -11,21 +11,31 @@
 
 namespace orvent::history {
 
-/// Writes the states of one scenario, for this user's own program: the whole once, and then what changes.
+/// A step as it is told.
+struct Told {
+    std::int64_t time = 0;  ///< seconds since 1970
+    std::string words;
+};
+
+/// Writes the states of one scenario, for this user's own program: the whole once, part by part, and then what changes.
 class StateWriter {
   public:
-    /// A step as it is told.
-    struct Told {
-        std::int64_t time = 0;  ///< seconds since 1970
-        std::string words;
-    };
-
     /// `source` stands for the repository to which identifiers of rows belong.
     StateWriter(std::string source, const entities::CatalogueTables& tables)
         : source_(std::move(source)), tables_(tables) {}
 
-    /// All of the scenario, with what was done to it since it was stored.
-    std::string whole(const canvas::DrawForm& form, const Remembered& remembered, const std::vector<Told>& told);
+    /// Begins with all of the scenario as it is now: its parts do not tell what changes until they are all written.
+    /// Words that `told` has stand in front, where `readSummary` finds them in the file's first bytes.
+    void begin(const canvas::DrawForm& form, const Remembered& remembered, const Told& told = {});
+    /// The next part of it, of about so many bytes at most; nothing behind the last one.
+    std::string nextPart(const Remembered& remembered, std::size_t most);
+    /// What stands behind the parts of a state that is to stay as it was at the beginning.
+    static std::string endAsBegun();
+    /// What has changed since the whole was begun, and what was done to the scenario since it was stored. Only with
+    /// this behind its parts the whole can be read.
+    std::string end(const canvas::DrawForm& form, const Remembered& remembered, const canvas::Touched& changed,
+                    const std::vector<Told>& told);
+
     /// What has changed since the state that was written last.
     std::string step(const canvas::DrawForm& form, const Remembered& remembered, const canvas::Touched& changed,
                      const Told& told);
@@ -34,11 +44,23 @@ class StateWriter {
     std::string standing(const canvas::DrawForm& form, bool broken);
 
   private:
+    /// What is to be written of a whole.
+    struct Whole {
+        std::vector<NodeBytes> nodes;
+        std::vector<canvas::EdgeState> edges;
+        std::size_t node = 0, edge = 0;  ///< the next ones
+        std::uint32_t texts = 0;         ///< how many it needs
+        std::string begin;
+    };
+
     void writeTypes(std::string& out);
-    void writeTexts(std::string& out, const TextPool& texts);
+    void writeTexts(std::string& out, const TextPool& texts, std::uint32_t end, std::size_t most);
+    void writeChanges(std::string& out, const canvas::DrawForm& form, const Remembered& remembered,
+                      const canvas::Touched& changed);
 
     std::string source_;
     const entities::CatalogueTables& tables_;
+    Whole whole_;
     std::uint32_t texts_ = 0;  ///< how many were written
     std::uint64_t types_ = 0;  ///< stands for the tables as they were written
     std::string scenario_;     ///< as it was written
@@ -55,7 +77,7 @@ struct KeptState {
     std::vector<canvas::NodeState> nodes;  ///< types by the numbers of the lists below
     std::vector<canvas::CanvasChange::Edge> edges;
     std::vector<std::string> dataTypes, functionTypes, activityTypes;
-    std::vector<StateWriter::Told> told;  ///< what was done since it was stored
+    std::vector<Told> told;  ///< what was done since it was stored
 };
 
 /// Reads what a `StateWriter` has written, as far as it is whole; any bytes. Throws `BadBytes` when no whole state is
@@ -65,10 +87,11 @@ KeptState readState(std::string_view bytes);
 /// What is told of a state without looking at its nodes.
 struct StateSummary {
     std::string source, name;
-    std::vector<StateWriter::Told> told;
+    std::vector<Told> told;
 };
 
-/// The same for what `readState` reads; what it says of nodes is not looked at.
+/// The same for what `readState` reads; what it says of nodes is not looked at. Of a state that is kept as it was at
+/// the beginning the first bytes are enough.
 StateSummary readSummary(std::string_view bytes);
 
 /// What of a kept state is taken over.

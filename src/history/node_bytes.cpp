@@ -254,6 +254,12 @@ void nodeFields(Records<Archive>& records, State& node) {
                    node.caption, node.holdsKeyName, node.holdsCaption);
 }
 
+void needEnd(const ByteReader& archive) {
+    if (!archive.atEnd()) {
+        throw BadBytes();
+    }
+}
+
 template <class Record>
 void eachName(const Record& owner, const LinkedNames& told) {
     eachMember(owner, [&told](const auto& member) {
@@ -273,27 +279,23 @@ void eachName(const Record& owner, const LinkedNames& told) {
 
 }  // namespace
 
-NodeBytes bytesOf(const canvas::NodeState& node, const canvas::NodeProperties& entity, TextPool& texts) {
-    std::string head;
-    {
-        ByteWriter archive(head, texts);
-        Records<ByteWriter> records(archive);
-        nodeFields(records, node);
-        for (const auto* lines : {&node.starting, &node.ending}) {
-            archive.count(lines->size());
-            for (const std::int32_t line : *lines) {
-                archive.field(line);
-            }
+void writeHead(std::string& out, const canvas::NodeState& node, TextPool& texts) {
+    ByteWriter archive(out, texts);
+    Records<ByteWriter> records(archive);
+    archive.field(node.readiness);
+    nodeFields(records, node);
+    for (const auto* lines : {&node.starting, &node.ending}) {
+        archive.count(lines->size());
+        for (const std::int32_t line : *lines) {
+            archive.field(line);
         }
     }
-    std::string out;
+}
+
+void writeEntity(std::string& out, const canvas::NodeProperties& entity, TextPool& texts) {
     ByteWriter archive(out, texts);
-    archive.field(node.readiness);
-    archive.count(head.size());
-    out += head;
     Records<ByteWriter> records(archive);
-    const EntityKind kind = kindOf(entity);
-    archive.field(kind);
+    archive.field(kindOf(entity));
     std::visit(
         [&]<class Held>(const Held& held) {
             if constexpr (std::is_same_v<Held, std::int16_t>) {
@@ -309,43 +311,41 @@ NodeBytes bytesOf(const canvas::NodeState& node, const canvas::NodeProperties& e
             }
         },
         entity);
-    return std::make_shared<const std::string>(std::move(out));
 }
 
-canvas::NodeState nodeOf(std::string_view bytes, const TextPool& texts) {
-    ByteReader archive(bytes, texts);
+canvas::NodeState headOf(std::string_view head, const TextPool& texts) {
+    ByteReader archive(head, texts);
     Records<ByteReader> records(archive);
     canvas::NodeState node;
     archive.field(node.readiness);
-    archive.listed();
     nodeFields(records, node);
     records.numbers(node.starting);
     records.numbers(node.ending);
+    needEnd(archive);
+    return node;
+}
+
+canvas::NodeProperties entityOf(std::string_view entity, std::int32_t node, const TextPool& texts) {
+    ByteReader archive(entity, texts);
+    Records<ByteReader> records(archive);
     EntityKind kind{};
     archive.field(kind);
-    node.entity = readEntity(kind, records, archive);
-    if (auto* parameter = std::get_if<platform::Shared<ParameterProperties>>(&node.entity)) {
-        (*parameter)->LabelIndex = node.index;
+    canvas::NodeProperties read = readEntity(kind, records, archive);
+    needEnd(archive);
+    if (auto* parameter = std::get_if<platform::Shared<ParameterProperties>>(&read)) {
+        (*parameter)->LabelIndex = node;
     }
-    if (!archive.atEnd()) {
-        throw BadBytes();
-    }
+    return read;
+}
+
+canvas::NodeState nodeOf(const NodeBytes& bytes, const TextPool& texts) {
+    canvas::NodeState node = headOf(*bytes.head, texts);
+    node.entity = entityOf(*bytes.entity, node.index, texts);
     return node;
 }
 
 bool sameButReady(std::string_view one, std::string_view other) {
     return one.substr(1) == other.substr(1);
-}
-
-std::string_view entityPart(std::string_view bytes) {
-    std::size_t head = 0;
-    unsigned shift = 0;
-    std::size_t at = 1;
-    for (; at < bytes.size() && (bytes[at] & 0x80) != 0; ++at, shift += 7) {
-        head |= static_cast<std::size_t>(bytes[at] & 0x7F) << shift;
-    }
-    head |= at < bytes.size() ? static_cast<std::size_t>(bytes[at]) << shift : 0;
-    return bytes.substr(std::min(bytes.size(), at + 1 + head));
 }
 
 void eachLinkedName(const canvas::NodeProperties& entity, const LinkedNames& told) {

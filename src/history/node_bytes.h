@@ -11,25 +11,33 @@
 
 namespace orvent::history {
 
-/// A node with all that it stands for, in few bytes. Two nodes are alike exactly when their bytes are; the identifiers
-/// of rows are part of it, marks of what a save has to write are not, nor what belongs to an open view.
-using NodeBytes = std::shared_ptr<const std::string>;
+/// A node in few bytes: in the head its readiness, its box, its names and its edges, behind that what it stands for.
+/// Two nodes are alike exactly when their bytes are; the identifiers of rows are part of it, marks of what a save has
+/// to write are not, nor what belongs to an open view.
+struct NodeBytes {
+    std::shared_ptr<const std::string> head, entity;  ///< both, or none for a node that does not exist
+
+    explicit operator bool() const { return head != nullptr; }
+    /// Whether both are one copy.
+    bool operator==(const NodeBytes&) const = default;
+    bool alike(const NodeBytes& other) const { return *head == *other.head && *entity == *other.entity; }
+};
 
 /// Runs with the name of each node to which a link of a node leads.
 using LinkedNames = std::function<void(const std::string&)>;
 
-/// `entity` stands for what the state has as its own.
-NodeBytes bytesOf(const canvas::NodeState& node, const canvas::NodeProperties& entity, TextPool& texts);
+// The bytes of both parts, appended to a text.
+void writeHead(std::string& out, const canvas::NodeState& node, TextPool& texts);
+void writeEntity(std::string& out, const canvas::NodeProperties& entity, TextPool& texts);
 
-/// The node of some bytes; its entity is a new one, all of whose rows are to be written by the next save. Throws
-/// `BadBytes`.
-canvas::NodeState nodeOf(std::string_view bytes, const TextPool& texts);
+/// A node without what it stands for. Throws `BadBytes`.
+canvas::NodeState headOf(std::string_view head, const TextPool& texts);
+/// What a node stands for: a new entity, all of whose rows are to be written by the next save. Throws `BadBytes`.
+canvas::NodeProperties entityOf(std::string_view entity, std::int32_t node, const TextPool& texts);
+canvas::NodeState nodeOf(const NodeBytes& bytes, const TextPool& texts);
 
-/// Whether the bytes of two nodes differ in nothing but readiness, if at all.
+/// Whether two heads differ in nothing but readiness, if at all.
 bool sameButReady(std::string_view one, std::string_view other);
-
-/// The part of a node's bytes that stands for its entity: what is left when the box, the names and the edges go.
-std::string_view entityPart(std::string_view bytes);
 
 /// Tells to which nodes an entity links.
 void eachLinkedName(const canvas::NodeProperties& entity, const LinkedNames& told);

@@ -11,10 +11,13 @@ namespace {
 
 constexpr std::size_t kHeld = 64;  // bytes beside the text of a node's own
 
-std::string withoutRows(canvas::NodeState node, TextPool& texts) {
+std::string withoutRows(const NodeBytes& bytes, TextPool& texts) {
+    canvas::NodeState node = nodeOf(bytes, texts);
     eachIdentifier(node.kind, node.entity,
                    [](entities::NodeKindCode, const std::string&, std::int16_t& id) { id = 0; });
-    return *bytesOf(node, node.entity, texts);
+    std::string entity;
+    writeEntity(entity, node.entity, texts);
+    return entity;
 }
 
 canvas::NodeProperties shareOf(canvas::NodeProperties& entity) {
@@ -39,16 +42,20 @@ void inOrder(std::vector<Item>& items) {
 
 std::size_t Difference::bytes() const {
     std::size_t sum = nodes.size() * sizeof(Node) + edges.size() * sizeof(Edge);
+    const auto add = [&sum](const std::shared_ptr<const std::string>& bytes) { sum += bytes->size() + kHeld; };
     for (const Node& node : nodes) {
-        sum += node.after ? node.after->size() + kHeld : 0;
-        sum += node.before && !node.after ? node.before->size() + kHeld : 0;
+        const NodeBytes& held = node.after ? node.after : node.before;
+        add(held.head);
+        if (!node.isHeadAlone()) {
+            add(held.entity);
+        }
     }
     return sum;
 }
 
 bool Difference::isReadinessAlone() const {
     return edges.empty() && std::ranges::all_of(nodes, [](const Node& node) {
-               return node.before && node.after && sameButReady(*node.before, *node.after);
+               return node.isHeadAlone() && sameButReady(*node.before.head, *node.after.head);
            });
 }
 
@@ -74,13 +81,11 @@ canvas::EdgeState& Remembered::edgeAt(std::int32_t index) {
 
 NodeBytes Remembered::storedAt(std::int32_t index) const {
     const auto at = static_cast<std::size_t>(index);
-    return at < stored_.size() ? stored_[at] : nullptr;
+    return at < stored_.size() ? stored_[at] : NodeBytes();
 }
 
-bool Remembered::sameButRows(const std::string& one, const std::string& other) {
-    const std::string_view head(one.data(), one.size() - entityPart(one).size());
-    const std::string_view otherHead(other.data(), other.size() - entityPart(other).size());
-    return head == otherHead && withoutRows(nodeOf(one, texts_), texts_) == withoutRows(nodeOf(other, texts_), texts_);
+bool Remembered::sameButRows(const NodeBytes& one, const NodeBytes& other) {
+    return one.head == other.head && withoutRows(one, texts_) == withoutRows(other, texts_);
 }
 
 /// One look at a window. What is linked with a changed node is looked at, too: what an edit changes elsewhere it
@@ -95,9 +100,11 @@ class Remembered::Look {
         if (now == known) {
             return;
         }
-        for (const std::int32_t end : {known.from, known.to, now.from, now.to}) {
-            if (end != 0) {
-                meet(end);
+        if (now.from != known.from || now.to != known.to) {
+            for (const std::int32_t end : {known.from, known.to, now.from, now.to}) {
+                if (end != 0) {
+                    meet(end);
+                }
             }
         }
         known_.changed_.edge(index);
@@ -105,24 +112,32 @@ class Remembered::Look {
         known = now;
     }
 
-    void node(std::int32_t index) {
+    /// With `headAlone` it stands for what it stood for.
+    void node(std::int32_t index, bool headAlone = false) {
         NodeBytes& known = known_.nodeAt(index);
         const canvas::LabelsD* shown = form_.Labels.byIndex(index);
         if (!shown) {
             if (known) {
-                change(index, known, nullptr, nullptr);
+                change(index, known, {}, nullptr);
             }
             return;
         }
-        const canvas::NodeState state = canvas::stateOf(form_, *shown);
-        NodeBytes now = bytesOf(state, shown->Properties, known_.texts_);
-        if (known && (*now == *known || (dialogOpen && sameButReady(*now, *known)))) {
-            return;
+        const NodeBytes stored = known_.storedAt(index);
+        head_.clear();
+        writeHead(head_, canvas::stateOf(form_, *shown), known_.texts_);
+        NodeBytes now;
+        now.head = held(head_, known.head, stored.head);
+        if (known && headAlone) {
+            now.entity = known.entity;
+        } else {
+            entity_.clear();
+            writeEntity(entity_, shown->Properties, known_.texts_);
+            now.entity = held(entity_, known.entity, stored.entity);
         }
-        if (const NodeBytes stored = known_.storedAt(index); stored && *stored == *now) {
-            now = stored;  // one copy of it is enough
+        if (now != known &&
+            !(dialogOpen && known && now.entity == known.entity && sameButReady(*now.head, *known.head))) {
+            change(index, known, std::move(now), &shown->Properties);
         }
-        change(index, known, std::move(now), &shown->Properties);
     }
 
     /// Looks at what was met and not looked at yet.
@@ -139,6 +154,7 @@ class Remembered::Look {
             waiting_.push_back(index);
         }
     }
+    bool hasMet(std::int32_t index) const { return met_.contains(index); }
 
     Difference difference() {
         inOrder(difference_.nodes);
@@ -150,26 +166,40 @@ class Remembered::Look {
     bool dialogOpen = false;
 
   private:
+    /// One copy of what is alike.
+    static std::shared_ptr<const std::string> held(const std::string& now,
+                                                   const std::shared_ptr<const std::string>& known,
+                                                   const std::shared_ptr<const std::string>& stored) {
+        return known && *known == now     ? known
+               : stored && *stored == now ? stored
+                                          : std::make_shared<const std::string>(now);
+    }
+
     void change(std::int32_t index, NodeBytes& known, NodeBytes now, const canvas::NodeProperties* entity) {
-        known_.changed_.node(index);
         const NodeBytes before = std::exchange(known, now);
-        if (before && now && known_.sameButRows(*before, *now)) {
+        const Difference::Node step{index, before, std::move(now)};
+        step.isHeadAlone() ? known_.changed_.head(index) : known_.changed_.node(index);
+        if (before && step.after && !step.isHeadAlone() && known_.sameButRows(before, step.after)) {
             return;
         }
-        if (follows && (!before || !now || entityPart(*before) != entityPart(*now))) {
-            const auto meetNamed = [this](const std::string& name) {
-                if (const std::int32_t other = form_.NamesColl.Item(name); other != -1) {
-                    meet(other);
-                }
-            };
-            if (before) {
-                eachLinkedName(nodeOf(*before, known_.texts_).entity, meetNamed);
-            }
-            if (entity) {
-                eachLinkedName(*entity, meetNamed);
-            }
+        if (follows && !step.isHeadAlone()) {
+            meetLinked(before, entity);
         }
-        difference_.nodes.push_back({index, before, std::move(now)});
+        difference_.nodes.push_back(step);
+    }
+
+    void meetLinked(const NodeBytes& before, const canvas::NodeProperties* entity) {
+        const auto meetNamed = [this](const std::string& name) {
+            if (const std::int32_t other = form_.NamesColl.Item(name); other != -1) {
+                meet(other);
+            }
+        };
+        if (before) {
+            eachLinkedName(entityOf(*before.entity, 0, known_.texts_), meetNamed);
+        }
+        if (entity) {
+            eachLinkedName(*entity, meetNamed);
+        }
     }
 
     Remembered& known_;
@@ -177,6 +207,7 @@ class Remembered::Look {
     Difference difference_;
     std::vector<std::int32_t> waiting_;
     std::unordered_set<std::int32_t> met_;
+    std::string head_, entity_;  // of the node that is looked at
 };
 
 void Remembered::stored() {
@@ -198,7 +229,7 @@ bool Remembered::isStored() const {
                std::none_of(now.begin() + shared, now.end(), exists) &&
                std::none_of(then.begin() + shared, then.end(), exists);
     };
-    return same(nodes_, stored_, [](const NodeBytes& node) { return node != nullptr; }) &&
+    return same(nodes_, stored_, [](const NodeBytes& node) { return static_cast<bool>(node); }) &&
            same(edges_, storedEdges_, [](const canvas::EdgeState& edge) { return edge.exists(); });
 }
 
@@ -221,6 +252,11 @@ Difference Remembered::update(const canvas::DrawForm& form, const canvas::Touche
         look.edge(index);
     }
     look.follow();
+    for (const std::int32_t index : touched.heads) {
+        if (!look.hasMet(index)) {
+            look.node(index, true);
+        }
+    }
     return look.difference();
 }
 
@@ -242,34 +278,33 @@ Difference Remembered::updateAll(const canvas::DrawForm& form) {
 
 void Remembered::bring(canvas::DrawForm& form, const Difference& difference, bool back) {
     canvas::CanvasChange change;
+    canvas::Touched touched;
     for (const Difference::Node& step : difference.nodes) {
         const NodeBytes& wanted = back ? step.before : step.after;
         if (!wanted) {
             change.goingNodes.push_back(step.index);
+            touched.nodes.push_back(step.index);
             continue;
         }
-        canvas::NodeState state = nodeOf(*wanted, texts_);
+        canvas::NodeState state = headOf(*wanted.head, texts_);
         canvas::LabelsD* shown = form.Labels.byIndex(step.index);
-        if (const NodeBytes& now = nodeAt(step.index); shown && now && entityPart(*now) == entityPart(*wanted)) {
+        if (const NodeBytes& now = nodeAt(step.index);
+            shown && now && (step.isHeadAlone() || *now.entity == *wanted.entity)) {
             state.entity = shareOf(shown->Properties);
-        } else if (const NodeBytes stored = storedAt(step.index)) {
-            StoredRows(nodeOf(*stored, texts_)).giveTo(state);
+            touched.heads.push_back(step.index);
         } else {
-            StoredRows({}).giveTo(state);
+            state.entity = entityOf(*wanted.entity, step.index, texts_);
+            const NodeBytes stored = storedAt(step.index);
+            StoredRows(stored ? nodeOf(stored, texts_) : canvas::NodeState()).giveTo(state);
+            touched.nodes.push_back(step.index);
         }
         change.nodes.push_back(std::move(state));
     }
     for (const Difference::Edge& step : difference.edges) {
         change.edges.push_back({step.index, back ? step.before : step.after});
-    }
-    canvas::restore(form, std::move(change));
-    canvas::Touched touched;
-    for (const Difference::Node& step : difference.nodes) {
-        touched.nodes.push_back(step.index);
-    }
-    for (const Difference::Edge& step : difference.edges) {
         touched.edges.push_back(step.index);
     }
+    canvas::restore(form, std::move(change));
     update(form, touched);
 }
 
@@ -277,13 +312,13 @@ std::vector<canvas::DeletedNode> Remembered::rowsToDelete() const {
     std::vector<canvas::DeletedNode> rows;
     for (std::size_t index = 0; index < stored_.size(); ++index) {
         const NodeBytes& now = nodes_[index];
-        if (!stored_[index] || now == stored_[index]) {
+        if (!stored_[index] || now.entity == stored_[index].entity) {
             continue;
         }
-        const StoredRows stored(nodeOf(*stored_[index], texts_));
+        const StoredRows stored(nodeOf(stored_[index], texts_));
         std::vector<canvas::DeletedNode> lacking;
         if (now) {
-            const canvas::NodeState state = nodeOf(*now, texts_);
+            const canvas::NodeState state = nodeOf(now, texts_);
             lacking = stored.lackingIn(&state);
         } else {
             lacking = stored.lackingIn(nullptr);

@@ -17,6 +17,9 @@ struct Difference {
     struct Node {
         std::int32_t index;
         NodeBytes before, after;  ///< nothing where the node does not exist
+
+        /// Whether it stands for what it stood for: both sides have one copy of that.
+        bool isHeadAlone() const { return before && after && before.entity == after.entity; }
     };
     struct Edge {
         std::int32_t index;
@@ -67,8 +70,8 @@ class Remembered {
     const TextPool& texts() const { return texts_; }
     std::span<const NodeBytes> nodes() const { return nodes_; }          ///< by `Index`; nothing where there is none
     std::span<const canvas::EdgeState> edges() const { return edges_; }  ///< likewise
-    /// The node of some bytes of this scenario.
-    canvas::NodeState node(const NodeBytes& bytes) const { return nodeOf(*bytes, texts_); }
+    /// The node of some bytes of this scenario, without what it stands for.
+    canvas::NodeState head(const NodeBytes& bytes) const { return headOf(*bytes.head, texts_); }
 
   private:
     class Look;
@@ -76,7 +79,7 @@ class Remembered {
     NodeBytes& nodeAt(std::int32_t index);
     canvas::EdgeState& edgeAt(std::int32_t index);
     NodeBytes storedAt(std::int32_t index) const;
-    bool sameButRows(const std::string& one, const std::string& other);
+    bool sameButRows(const NodeBytes& one, const NodeBytes& other);
 
     TextPool texts_;
     std::vector<NodeBytes> nodes_;

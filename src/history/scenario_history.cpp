@@ -36,7 +36,7 @@ ScenarioHistory::Selection ScenarioHistory::selection() const {
 }
 
 bool ScenarioHistory::isEmpty() const {
-    return std::ranges::none_of(remembered_.nodes(), [](const NodeBytes& node) { return node != nullptr; });
+    return std::ranges::none_of(remembered_.nodes(), [](const NodeBytes& node) { return static_cast<bool>(node); });
 }
 
 bool ScenarioHistory::waits() const {

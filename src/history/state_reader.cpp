@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <map>
 #include <utility>
 
@@ -25,12 +27,35 @@ std::vector<std::string> readNames(RecordBody& body, std::string_view bytes) {
     return names;
 }
 
-constexpr std::int32_t kMostNumbers = 1 << 24;  // no session gives more; a larger one would be a place in memory
+/// A design holds four kinds of nodes, each with what it stands for.
+void needFit(const canvas::NodeState& node) {
+    const bool fits = std::visit(
+        [&node]<class Held>(const Held& held) {
+            if constexpr (std::is_same_v<Held, std::int16_t>) {
+                return node.kind == canvas::NodeTypeLog;
+            } else {
+                using Record = std::remove_cvref_t<decltype(*held)>;
+                return held &&
+                       ((std::is_same_v<Record, entities::ActivityProperties> &&
+                         node.kind == canvas::NodeTypeActivity) ||
+                        (std::is_same_v<Record, entities::RecordSetProperties> &&
+                         node.kind == canvas::NodeTypeRecordSet) ||
+                        (std::is_same_v<Record, entities::CommentProperties> && node.kind == canvas::NodeTypeComment));
+            }
+        },
+        node.entity);
+    const bool placed = std::ranges::all_of(std::array{node.box.Left, node.box.Top, node.box.Width, node.box.Height},
+                                            [](float value) { return std::isfinite(value); });
+    if (!fits || !placed) {
+        throw BadBytes();
+    }
+}
+
+constexpr std::uint64_t kMostNumbers = 1U << 24U;  // no session gives more; a larger one would be a place in memory
 
 std::int32_t readIndex(RecordBody& body) {
-    std::int32_t index = 0;
-    body.code(index);
-    return index > 0 && index < kMostNumbers ? index : throw BadBytes();
+    const std::uint64_t index = body.number();
+    return index > 0 && index < kMostNumbers ? static_cast<std::int32_t>(index) : throw BadBytes();
 }
 
 class StateReader {
@@ -39,7 +64,7 @@ class StateReader {
         RecordBody body(found.body);
         switch (found.kind) {
             case Record::begin:
-                if (body.text() != "orvent state" || body.number() != 1) {
+                if (body.text() != "orvent state" || body.number() != 2) {
                     throw BadBytes();
                 }
                 return;
@@ -62,15 +87,30 @@ class StateReader {
                     mark = body.number();
                 }
                 return;
-            case Record::node: {
-                const std::int32_t index = readIndex(body);
-                nodes_[index] = body.text();
+            case Record::nodes:
+                while (!body.atEnd()) {
+                    Parts& parts = nodes_[readIndex(body)];
+                    parts.head = body.text();
+                    parts.entity = parts.head.empty() ? parts.head : body.text();
+                }
                 return;
-            }
-            case Record::edge:
-                return readEdge(body);
+            case Record::heads:
+                while (!body.atEnd()) {
+                    Parts& parts = nodes_[readIndex(body)];
+                    if (parts.head.empty()) {
+                        throw BadBytes();
+                    }
+                    parts.head = body.text();
+                }
+                return;
+            case Record::edges:
+                while (!body.atEnd()) {
+                    readEdge(body);
+                }
+                return;
+            case Record::about:
             case Record::step: {
-                StateWriter::Told told;
+                Told told;
                 body.code(told.time);
                 told.words = body.text();
                 if (!told.words.empty()) {
@@ -85,10 +125,12 @@ class StateReader {
     /// The state with its nodes and edges. An edge has both of its nodes, and stands in their lists.
     KeptState take() {
         std::map<std::int32_t, canvas::NodeState> nodes;
-        for (const auto& [index, bytes] : nodes_) {
-            if (!bytes.empty()) {
-                canvas::NodeState node = nodeOf(bytes, texts_);
+        for (const auto& [index, parts] : nodes_) {
+            if (!parts.head.empty()) {
+                canvas::NodeState node = headOf(parts.head, texts_);
                 node.index = index;
+                node.entity = entityOf(parts.entity, index, texts_);
+                needFit(node);
                 nodes.emplace(index, std::move(node));
             }
         }
@@ -114,6 +156,9 @@ class StateReader {
         }
         return std::move(state_);
     }
+
+    /// What was read so far, without its nodes.
+    StateSummary summary() { return {std::move(state_.source), std::move(state_.name), std::move(state_.told)}; }
 
   private:
     void readScenario(RecordBody& body, std::string_view bytes) {
@@ -162,9 +207,13 @@ class StateReader {
         }
     }
 
+    struct Parts {
+        std::string_view head, entity;  ///< none for a node that has gone
+    };
+
     TextPool texts_;
     KeptState state_;
-    std::map<std::int32_t, std::string_view> nodes_;
+    std::map<std::int32_t, Parts> nodes_;
     std::map<std::int32_t, canvas::EdgeState> edges_;
 };
 
@@ -236,6 +285,11 @@ std::vector<RecordReader::Found> wholeSteps(std::string_view bytes) {
     return records;
 }
 
+/// What a file begins with that says of itself what it is.
+bool isInFront(Record kind) {
+    return kind == Record::begin || kind == Record::scenario || kind == Record::about;
+}
+
 }  // namespace
 
 KeptState readState(std::string_view bytes) {
@@ -248,13 +302,20 @@ KeptState readState(std::string_view bytes) {
 
 StateSummary readSummary(std::string_view bytes) {
     StateReader state;
+    RecordReader front(bytes);
+    for (auto found = front.next(); found && isInFront(found->kind); found = front.next()) {
+        state.read(*found);
+        if (found->kind == Record::about) {
+            return state.summary();
+        }
+    }
+    state = {};
     for (const RecordReader::Found& found : wholeSteps(bytes)) {
         if (found.kind == Record::begin || found.kind == Record::scenario || found.kind == Record::step) {
             state.read(found);
         }
     }
-    KeptState kept = state.take();
-    return {std::move(kept.source), std::move(kept.name), std::move(kept.told)};
+    return state.summary();
 }
 
 void fillForm(canvas::DrawForm& form, KeptState state, entities::CatalogueTables& tables, TakenOver rows) {

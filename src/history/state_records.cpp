@@ -7,29 +7,6 @@ namespace orvent::history {
 
 namespace {
 
-constexpr std::size_t kSumBytes = 4;
-
-void appendNumber(std::string& out, std::uint64_t value) {
-    for (; value >= 0x80; value >>= 7) {
-        out.push_back(static_cast<char>(value | 0x80));
-    }
-    out.push_back(static_cast<char>(value));
-}
-
-/// Takes a number from the front; nothing when there is no whole one.
-std::optional<std::uint64_t> takeNumber(std::string_view& bytes) {
-    std::uint64_t value = 0;
-    for (unsigned shift = 0; shift < 64 && !bytes.empty(); shift += 7) {
-        const auto byte = static_cast<unsigned char>(bytes.front());
-        bytes.remove_prefix(1);
-        value |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
-        if (byte < 0x80) {
-            return value;
-        }
-    }
-    return std::nullopt;
-}
-
 /// Eight bytes at a time: a large file is summed in the time of reading it.
 std::uint32_t sumOf(std::string_view bytes) {
     std::uint64_t sum = 0x9E3779B97F4A7C15U ^ bytes.size();

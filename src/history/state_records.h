@@ -8,11 +8,14 @@
 #include <type_traits>
 
 #include "history/bad_bytes.h"
+#include "history/short_numbers.h"
 
 namespace orvent::history {
 
 // A file of states is records one behind the other: a letter, the number of bytes that follow, these, and a sum over
 // all of it. What a program that was killed has begun to write is thereby known as such.
+
+constexpr std::size_t kSumBytes = 4;
 
 /// What a record holds.
 enum class Record : char {
@@ -21,8 +24,10 @@ enum class Record : char {
     types = 'Y',     ///< the names of the catalogue's types by their index
     scenario = 'S',  ///< the window and what it knows of its store
     rows = 'R',      ///< what the rows of each node were when they were read last
-    node = 'N',      ///< a node's number and its bytes; none when it has gone
-    edge = 'E',      ///< an edge's number and state
+    nodes = 'N',     ///< numbers of nodes, each with the bytes of both of its parts; none when it has gone
+    heads = 'H',     ///< the same for nodes that stand for what they stood for
+    edges = 'E',     ///< numbers of edges with their states
+    about = 'A',     ///< of a state that is kept as it was at the beginning: time and words
     step = 'C',      ///< a command has ended: time and words. Only what stands in front of one counts.
 };
 
@@ -35,17 +40,18 @@ class RecordWriter {
     RecordWriter& operator=(const RecordWriter&) = delete;
 
     RecordWriter& number(std::uint64_t value);
-    RecordWriter& text(std::string_view value) {
-        number(value.size());
+    RecordWriter& text(std::string_view value) { return number(value.size()).bytes(value); }
+    RecordWriter& bytes(std::string_view value) {
         body_ += value;
         return *this;
     }
+    /// Of the body as it is.
+    std::size_t size() const { return body_.size(); }
     RecordWriter& real(float value) { return number(std::bit_cast<std::uint32_t>(value)); }
     /// A number with a sign, or a code.
     template <class Number>
     RecordWriter& code(Number value) {
-        const auto wide = static_cast<std::int64_t>(value);
-        return number((static_cast<std::uint64_t>(wide) << 1) ^ static_cast<std::uint64_t>(wide >> 63));
+        return number(folded(static_cast<std::int64_t>(value)));
     }
 
   private:
@@ -64,12 +70,8 @@ class RecordBody {
     float real() { return std::bit_cast<float>(static_cast<std::uint32_t>(number())); }
     template <class Number>
     void code(Number& value) {
-        const std::uint64_t folded = number();
-        const auto wide = static_cast<std::int64_t>((folded >> 1) ^ (0 - (folded & 1)));
-        value = static_cast<Number>(wide);
-        if (static_cast<std::int64_t>(value) != wide) {
-            throw BadBytes();
-        }
+        const auto read = unfoldedAs<Number>(number());
+        value = read ? *read : throw BadBytes();
     }
     bool atEnd() const { return bytes_.empty(); }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "history/kept_state.h"
@@ -7,6 +8,8 @@ namespace orvent::history {
 
 namespace {
 
+constexpr std::uint64_t kFormat = 2;
+
 void writeNames(RecordWriter& record, const entities::NameTable& table) {
     record.number(table.size());
     for (std::size_t at = 0; at < table.size(); ++at) {
@@ -14,22 +17,23 @@ void writeNames(RecordWriter& record, const entities::NameTable& table) {
     }
 }
 
-void writeNode(std::string& out, std::int32_t index, const NodeBytes& node) {
-    RecordWriter record(out, Record::node);
-    record.code(index).text(node ? std::string_view(*node) : std::string_view());
+void writeNode(RecordWriter& record, std::size_t index, const NodeBytes& node) {
+    record.number(index).text(node ? *node.head : std::string_view());
+    if (node) {
+        record.text(*node.entity);
+    }
 }
 
-void writeEdge(std::string& out, std::int32_t index, const canvas::EdgeState& edge) {
-    RecordWriter record(out, Record::edge);
-    record.code(index).code(edge.from).code(edge.to);
+void writeEdge(RecordWriter& record, std::size_t index, const canvas::EdgeState& edge) {
+    record.number(index).code(edge.from).code(edge.to);
     if (edge.exists()) {
         record.code(edge.fromPoint).code(edge.toPoint).code(edge.kind).code(edge.angle);
         record.real(edge.middle.x).real(edge.middle.y).code(edge.middlePlaced).code(edge.color);
     }
 }
 
-void writeTold(std::string& out, const StateWriter::Told& told) {
-    RecordWriter(out, Record::step).code(told.time).text(told.words);
+void writeTold(std::string& out, const Told& told, Record record = Record::step) {
+    RecordWriter(out, record).code(told.time).text(told.words);
 }
 
 std::string scenarioRecord(const canvas::DrawForm& form, const std::string& source, bool broken) {
@@ -52,13 +56,24 @@ void writeRows(std::string& out, const canvas::DrawForm& form) {
     }
 }
 
+std::vector<std::int32_t> eachOnce(std::vector<std::int32_t> numbers) {
+    std::ranges::sort(numbers);
+    numbers.erase(std::ranges::unique(numbers).begin(), numbers.end());
+    return numbers;
+}
+
 }  // namespace
 
-void StateWriter::writeTexts(std::string& out, const TextPool& texts) {
-    if (texts_ < texts.size()) {
+/// Texts up to one of them, as far as there is room.
+void StateWriter::writeTexts(std::string& out, const TextPool& texts, std::uint32_t end, std::size_t most) {
+    std::uint32_t last = texts_;
+    for (std::size_t letters = 0; last < end && letters < most; ++last) {
+        letters += texts.text(last).size() + 1;
+    }
+    if (texts_ < last) {
         RecordWriter record(out, Record::texts);
-        record.number(texts.size() - texts_);
-        for (; texts_ < texts.size(); ++texts_) {
+        record.number(last - texts_);
+        for (; texts_ < last; ++texts_) {
             record.text(texts.text(texts_));
         }
     }
@@ -76,27 +91,56 @@ void StateWriter::writeTypes(std::string& out) {
     }
 }
 
-std::string StateWriter::whole(const canvas::DrawForm& form, const Remembered& remembered,
-                               const std::vector<Told>& told) {
-    std::string out;
-    RecordWriter(out, Record::begin).text("orvent state").number(1);
+void StateWriter::begin(const canvas::DrawForm& form, const Remembered& remembered, const Told& told) {
+    whole_ = {};
+    whole_.nodes.assign(remembered.nodes().begin(), remembered.nodes().end());
+    whole_.edges.assign(remembered.edges().begin(), remembered.edges().end());
+    whole_.texts = remembered.texts().size();
+    RecordWriter(whole_.begin, Record::begin).text("orvent state").number(kFormat);
     texts_ = 0;
     types_ = ~std::uint64_t{0};
-    writeTypes(out);
-    writeTexts(out, remembered.texts());
     scenario_ = scenarioRecord(form, source_, form.stored.broken);
-    out += scenario_;
-    writeRows(out, form);
-    for (std::size_t index = 0; index < remembered.nodes().size(); ++index) {
-        if (const NodeBytes& node = remembered.nodes()[index]) {
-            writeNode(out, static_cast<std::int32_t>(index), node);
+    whole_.begin += scenario_;
+    if (!told.words.empty()) {
+        writeTold(whole_.begin, told, Record::about);
+    }
+    writeTypes(whole_.begin);
+    writeRows(whole_.begin, form);
+}
+
+std::string StateWriter::nextPart(const Remembered& remembered, std::size_t most) {
+    std::string out = std::exchange(whole_.begin, {});
+    writeTexts(out, remembered.texts(), whole_.texts, most);
+    if (out.size() < most && whole_.node < whole_.nodes.size()) {
+        RecordWriter record(out, Record::nodes);
+        for (; whole_.node < whole_.nodes.size() && record.size() < most; ++whole_.node) {
+            if (const NodeBytes& node = whole_.nodes[whole_.node]) {
+                writeNode(record, whole_.node, node);
+            }
         }
     }
-    for (std::size_t index = 0; index < remembered.edges().size(); ++index) {
-        if (const canvas::EdgeState& edge = remembered.edges()[index]; edge.exists()) {
-            writeEdge(out, static_cast<std::int32_t>(index), edge);
+    if (out.size() < most && whole_.edge < whole_.edges.size()) {
+        RecordWriter record(out, Record::edges);
+        for (; whole_.edge < whole_.edges.size() && record.size() < most; ++whole_.edge) {
+            if (const canvas::EdgeState& edge = whole_.edges[whole_.edge]; edge.exists()) {
+                writeEdge(record, whole_.edge, edge);
+            }
         }
     }
+    return out;
+}
+
+std::string StateWriter::endAsBegun() {
+    std::string out;
+    writeTold(out, {});
+    return out;
+}
+
+std::string StateWriter::end(const canvas::DrawForm& form, const Remembered& remembered, const canvas::Touched& changed,
+                             const std::vector<Told>& told) {
+    whole_ = {};
+    std::string out;
+    writeChanges(out, form, remembered, changed);
     for (const Told& each : told) {
         writeTold(out, each);
     }
@@ -106,21 +150,43 @@ std::string StateWriter::whole(const canvas::DrawForm& form, const Remembered& r
     return out;
 }
 
-std::string StateWriter::step(const canvas::DrawForm& form, const Remembered& remembered,
-                              const canvas::Touched& changed, const Told& told) {
-    std::string out;
+void StateWriter::writeChanges(std::string& out, const canvas::DrawForm& form, const Remembered& remembered,
+                               const canvas::Touched& changed) {
     writeTypes(out);
-    writeTexts(out, remembered.texts());
-    for (const std::int32_t node : changed.nodes) {
-        writeNode(out, node, remembered.nodes()[static_cast<std::size_t>(node)]);
+    writeTexts(out, remembered.texts(), remembered.texts().size(), std::string::npos);
+    if (!changed.nodes.empty()) {
+        RecordWriter record(out, Record::nodes);
+        for (const std::int32_t index : eachOnce(changed.nodes)) {
+            const auto at = static_cast<std::size_t>(index);
+            writeNode(record, at, remembered.nodes()[at]);
+        }
     }
-    for (const std::int32_t edge : changed.edges) {
-        writeEdge(out, edge, remembered.edges()[static_cast<std::size_t>(edge)]);
+    if (!changed.heads.empty()) {
+        RecordWriter record(out, Record::heads);
+        for (const std::int32_t index : eachOnce(changed.heads)) {
+            const auto at = static_cast<std::size_t>(index);
+            if (const NodeBytes& node = remembered.nodes()[at]) {
+                record.number(at).text(*node.head);
+            }
+        }
+    }
+    if (!changed.edges.empty()) {
+        RecordWriter record(out, Record::edges);
+        for (const std::int32_t index : eachOnce(changed.edges)) {
+            const auto at = static_cast<std::size_t>(index);
+            writeEdge(record, at, remembered.edges()[at]);
+        }
     }
     if (std::string scenario = scenarioRecord(form, source_, form.stored.broken); scenario != scenario_) {
         scenario_ = std::move(scenario);
         out += scenario_;
     }
+}
+
+std::string StateWriter::step(const canvas::DrawForm& form, const Remembered& remembered,
+                              const canvas::Touched& changed, const Told& told) {
+    std::string out;
+    writeChanges(out, form, remembered, changed);
     writeTold(out, told);
     return out;
 }

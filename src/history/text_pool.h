@@ -1,39 +1,37 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
-#include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace orvent::history {
 
-/// Texts, each once, by numbers from 0 on in order of addition. Number 0 is the empty text. It only grows.
+/// Texts, each once, by numbers from 0 on in order of addition. Number 0 is the empty text. It only grows, and takes
+/// about a dozen bytes for each text beside its own.
 class TextPool {
   public:
-    TextPool() { number({}); }
+    TextPool();
 
-    std::uint32_t number(std::string_view text) {
-        const auto known = numbers_.find(text);
-        if (known != numbers_.end()) {
-            return known->second;
-        }
-        const auto fresh = static_cast<std::uint32_t>(texts_.size());
-        numbers_.emplace(texts_.emplace_back(text), fresh);
-        bytes_ += text.size() + kOverhead;
-        return fresh;
+    std::uint32_t number(std::string_view text);
+    /// Good until the next one is added.
+    std::string_view text(std::uint32_t number) const {
+        return std::string_view(letters_.data() + ends_[number], ends_[number + 1] - ends_[number]);
     }
-    const std::string& text(std::uint32_t number) const { return texts_[number]; }
-    std::uint32_t size() const { return static_cast<std::uint32_t>(texts_.size()); }
-    /// About how many bytes of memory it takes.
-    std::size_t bytes() const { return bytes_; }
+    std::uint32_t size() const { return static_cast<std::uint32_t>(ends_.size() - 1); }
 
   private:
-    static constexpr std::size_t kOverhead = 80;
+    /// Where a text stands, or the free place where it will.
+    std::size_t placeOf(std::string_view text, std::uint32_t hash) const;
+    void makeRoom(std::size_t letters);
 
-    std::deque<std::string> texts_;  // an address never changes
-    std::unordered_map<std::string_view, std::uint32_t> numbers_;
-    std::size_t bytes_ = 0;
+    struct Place {
+        std::uint32_t number = kFree, hash = 0;
+    };
+    static constexpr std::uint32_t kFree = ~std::uint32_t{0};
+
+    std::vector<char> letters_;        // one text behind the other
+    std::vector<std::uint32_t> ends_;  // of each text, behind a 0
+    std::vector<Place> places_;        // by hash, at most three quarters of them taken
 };
 
 }  // namespace orvent::history

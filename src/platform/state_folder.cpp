@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <fstream>
 #include <utility>
 
 #include "platform/fault.h"
@@ -21,6 +23,8 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kOwn = 0600;
 constexpr const char* kLock = ".lock";
+constexpr const char* kBeside = ".new";             // behind the name of a file that is not whole yet
+constexpr auto kForgotten = std::chrono::hours(1);  // nobody writes one file for longer
 constexpr char kBehindSession = '-';
 
 [[noreturn]] void failOn(const fs::path& path) {
@@ -110,20 +114,40 @@ std::string StateFolder::ownName(const std::string& name) {
     return session_ + kBehindSession + name;
 }
 
-void StateFolder::put(const std::string& name, std::string_view text) {
+void StateFolder::begin(const std::string& name) {
     const fs::path path = root_ / name;
     std::error_code ignored;
     fs::create_directories(path.parent_path(), ignored);
-    const fs::path beside = path.string() + ".new";
-    try {
-        OpenFile(beside, O_WRONLY | O_CREAT | O_TRUNC).write(text);
-        if (::rename(beside.c_str(), path.c_str()) != 0) {
-            failOn(path);
+    for (const fs::directory_entry& beside : fs::directory_iterator(path.parent_path(), ignored)) {
+        const auto age = fs::file_time_type::clock::now() - beside.last_write_time(ignored);
+        if (beside.path().extension() == kBeside && age > kForgotten) {
+            fs::remove(beside.path(), ignored);  // a program that was killed has left it
         }
+    }
+    OpenFile(path.string() + kBeside, O_WRONLY | O_CREAT | O_TRUNC);
+}
+
+void StateFolder::goOn(const std::string& name, std::string_view part) {
+    try {
+        append(name + kBeside, part);
     } catch (const Fault&) {
-        ::unlink(beside.c_str());
+        giveUp(name);
         throw;
     }
+}
+
+void StateFolder::end(const std::string& name) {
+    const fs::path path = root_ / name;
+    if (::rename((path.string() + kBeside).c_str(), path.c_str()) != 0) {
+        const int why = errno;
+        giveUp(name);
+        errno = why;
+        failOn(path);
+    }
+}
+
+void StateFolder::giveUp(const std::string& name) noexcept {
+    ::unlink((root_ / name).string().append(kBeside).c_str());
 }
 
 void StateFolder::append(const std::string& name, std::string_view text) {
@@ -134,6 +158,30 @@ std::string StateFolder::read(const std::string& name) const {
     return readFile((root_ / name).string());
 }
 
+std::string StateFolder::readStart(const std::string& name, std::size_t most) const {
+    std::string text(most, '\0');
+    std::ifstream file(root_ / name, std::ios::binary);
+    file.read(text.data(), static_cast<std::streamsize>(most));
+    if (!file.is_open() || file.bad()) {
+        failOn(root_ / name);
+    }
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    return text;
+}
+
+std::uintmax_t StateFolder::size(const std::string& name) const {
+    std::error_code absent;
+    const std::uintmax_t bytes = fs::file_size(root_ / name, absent);
+    return absent ? 0 : bytes;
+}
+
+void StateFolder::rename(const std::string& name, const std::string& other) noexcept {
+    std::error_code unknown;
+    if (!fs::exists(root_ / other, unknown)) {
+        fs::rename(root_ / name, root_ / other, unknown);
+    }
+}
+
 void StateFolder::drop(const std::string& name) noexcept {
     ::unlink((root_ / name).c_str());
 }
@@ -142,7 +190,7 @@ std::vector<std::string> StateFolder::claimLeft() {
     std::vector<std::pair<fs::file_time_type, std::string>> left;
     for (const std::string& file : list({})) {
         const std::string session = file.substr(0, file.find(kBehindSession));
-        if (file.ends_with(kLock) || file.ends_with(".new") || session == session_) {
+        if (file.ends_with(kLock) || session == session_) {
             continue;
         }
         if (std::ranges::find(claimed_, session) == claimed_.end()) {
@@ -165,16 +213,24 @@ std::vector<std::string> StateFolder::claimLeft() {
 }
 
 std::vector<std::string> StateFolder::list(const std::string& folder) const {
-    std::vector<std::string> names;
+    return names(folder, fs::file_type::regular);
+}
+
+std::vector<std::string> StateFolder::folders(const std::string& folder) const {
+    return names(folder, fs::file_type::directory);
+}
+
+std::vector<std::string> StateFolder::names(const std::string& folder, fs::file_type type) const {
+    std::vector<std::string> found;
     std::error_code ended;
     for (fs::directory_iterator at(root_ / folder, ended); !ended && at != fs::directory_iterator();
          at.increment(ended)) {
-        if (at->is_regular_file(ended)) {
-            names.push_back(at->path().filename().string());
+        if (at->status(ended).type() == type && at->path().extension() != kBeside) {
+            found.push_back(at->path().filename().string());
         }
     }
-    std::ranges::sort(names);
-    return names;
+    std::ranges::sort(found);
+    return found;
 }
 
 }  // namespace orvent::platform

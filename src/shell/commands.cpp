@@ -44,6 +44,7 @@ constexpr std::array kFile = {
     item("OpenFileM", "Open File...", openFile, anyWindow, "open", "Ctrl+Shift+O"),
     item("ExportFileM", "Export To File...", exportFile, designWindow, "", "Ctrl+Shift+E"),
     item("OpenRecentM", "Open Recent", openRecent, anyWindow, "", ""),
+    item("EarlierStatesM", "Earlier States...", earlierStates, anyWindow, "", ""),
     separator(withWindow),
     item("CloseScenarioM", "Close Scenario", closeScenario, designWindow, "close", "Ctrl+W"),
     item("CloseZoomingM", "Close Zooming", closeScenario, zoomWindow, "close", "Ctrl+W"),

@@ -23,6 +23,7 @@ enum class Command {
     openFile,
     exportFile,
     openRecent,
+    earlierStates,
     closeScenario,
     login,
     changeUser,

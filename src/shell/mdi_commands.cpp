@@ -95,6 +95,7 @@ struct MDIForm1::CommandTable {
              f.host_.commandsChanged();
          }},
         {Command::openRecent, withRecent, [](MDIForm1& f) { f.openFile(f.recentFiles().front()); }},
+        {Command::earlierStates, always, [](MDIForm1& f) { f.showEarlierStates(); }},
         {Command::closeScenario, inWindow, [](MDIForm1& f) { f.close(*f.activeEnabled()); }},
         {Command::login, withoutWindows, [](MDIForm1& f) { f.login(); }},
         {Command::changeUser, always, [](MDIForm1& f) { f.changeUser(); }},

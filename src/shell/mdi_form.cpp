@@ -43,7 +43,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
       problems_(scenarioListeners_, catalogue_.tables),
       recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
-      histories_(scenarioListeners_, *this, recovery_),
+      earlier_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
+      histories_(scenarioListeners_, *this, recovery_, earlier_),
       metricsScenarios_(*this, scenarioListeners_, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;

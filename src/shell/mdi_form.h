@@ -94,7 +94,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     /// Some time has passed since a window changed: marks its scenario when it holds unsaved work, and tints it anew.
     void noticeChanges(canvas::CanvasForm& form);
     /// The program has nothing to do: what was done to the scenarios is a step of theirs.
-    void idle() { histories_.idle(); }
+    bool idle() { return histories_.idle(); }
     /// Another window is in front now.
     void frontChanged();
     /// The current group of the vertical menu, from 1 on.
@@ -141,6 +141,8 @@ class MDIForm1 : public repository::ScenarioWindows,
     zoom::ZoomForm* zoomInFront() const;
     void offerLeftScenarios();
     bool bringBack(const std::string& file);
+    void showEarlierStates();
+    bool openEarlier(const std::string& file, std::string name);
     void showDocks();
     void toggleDock(Dock dock);
     void settleProblems(const canvas::DrawForm& form);
@@ -188,6 +190,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     ScenarioListeners scenarioListeners_;
     ProblemLists problems_;
     ScenarioRecovery recovery_;
+    EarlierStates earlier_;
     ScenarioHistories histories_;
     MetricsScenarios<kSlots> metricsScenarios_;
 

@@ -1,13 +1,16 @@
 // The frame's part in histories and in what a program that did not end properly has left.
 
 #include "repository/stored_content.h"
+#include "shell/earlier_form.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::shell {
 
 void MDIForm1::zoomApplied(zoom::ZoomView& view) {
     canvas::DrawForm& design = view.ParForm();
-    histories_.touchAll(design);
+    for (const zoom::NewANDoldIndex& pair : view.New2OldIndex) {
+        design.touched->node(pair.OldIndex);
+    }
     histories_.settleNow(design, "Applied " + view.central()->Caption());
 }
 
@@ -58,7 +61,7 @@ bool MDIForm1::bringBack(const std::string& file) {
         }
         canvas::DrawForm& form = *scenario(slot);
         const bool stored = state.source == options_.repository.login.ReposConnString;
-        std::vector<history::StateWriter::Told> told = state.told;
+        std::vector<history::Told> told = state.told;
         history::fillForm(form, std::move(state), catalogue_.tables,
                           stored ? history::TakenOver::withRows : history::TakenOver::asNew);
         if (form.stored.broken) {
@@ -68,6 +71,35 @@ bool MDIForm1::bringBack(const std::string& file) {
         histories_.beginAnew(form);
         form.tellStored();
         ports_.states.drop(file);
+        return true;
+    } catch (const platform::Fault& fault) {
+        repository::showFault(services_, fault);
+        return false;
+    }
+}
+
+void MDIForm1::showEarlierStates() {
+    EarlierForm dialog(
+        earlier_, activeScenario(),
+        [this](const std::string& file, const std::string& name) { return openEarlier(file, name); },
+        [this] {
+            return std::make_unique<canvas::DrawForm>(canvas::CanvasServices{ports_.messages, options_.canvas});
+        });
+    host_.dialogs().show(dialog);
+}
+
+/// The copy is unsaved, and belongs to no stored scenario.
+bool MDIForm1::openEarlier(const std::string& file, std::string name) {
+    try {
+        history::KeptState state = earlier_.read(file);
+        const int slot = NewScenario(name);
+        if (slot < 0) {
+            return false;
+        }
+        canvas::DrawForm& form = *scenario(slot);
+        history::fillForm(form, std::move(state), catalogue_.tables, history::TakenOver::asNew);
+        histories_.beginAnew(form);
+        form.tellStored();
         return true;
     } catch (const platform::Fault& fault) {
         repository::showFault(services_, fault);

@@ -1,10 +1,10 @@
 #include "shell/recovery_form.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include "history/kept_state.h"
 #include "platform/text.h"
+#include "shell/local_time.h"
 
 namespace orvent::shell {
 
@@ -12,18 +12,8 @@ namespace {
 
 constexpr std::size_t kToldWords = 3;  // of the last changes
 
-std::string localTime(std::int64_t seconds) {
-    const std::time_t time = static_cast<std::time_t>(seconds);
-    std::tm parts{};
-    char text[32];
-    if (seconds == 0 || !::localtime_r(&time, &parts)) {
-        return {};
-    }
-    return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &parts)};
-}
-
 /// "5 changes, the last: Moved A; Deleted 3 nodes; Added B".
-std::string changesOf(const std::vector<history::StateWriter::Told>& told) {
+std::string changesOf(const std::vector<history::Told>& told) {
     if (told.empty()) {
         return "never saved";
     }

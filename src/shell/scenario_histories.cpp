@@ -2,8 +2,9 @@
 
 namespace orvent::shell {
 
-ScenarioHistories::ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery)
-    : subscription_(scenarios.add(*this)), ports_(ports), recovery_(recovery) {}
+ScenarioHistories::ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery,
+                                     EarlierStates& earlier)
+    : subscription_(scenarios.add(*this)), ports_(ports), recovery_(recovery), earlier_(earlier) {}
 
 ScenarioHistories::~ScenarioHistories() = default;
 
@@ -12,8 +13,9 @@ void ScenarioHistories::scenarioOpened(canvas::DrawForm& form) {
 }
 
 void ScenarioHistories::scenarioClosed(canvas::DrawForm& form) {
-    histories_.erase(&form);
     recovery_.forget(form);
+    earlier_.forget(form);
+    histories_.erase(&form);
 }
 
 const history::ScenarioHistory* ScenarioHistories::of(const canvas::DrawForm& form) const {
@@ -46,14 +48,19 @@ void ScenarioHistories::settleNow(canvas::DrawForm& form, const std::string& wor
         ports_.historyChanged(form);
     }
     if (waits) {
-        note(form, *place->second, step ? step->words : std::string());
+        const std::string told = step ? step->words : std::string();
+        note(form, *place->second, told);
+        earlier_.note(form, *place->second, told);
     }
 }
 
-void ScenarioHistories::idle() {
-    if (running_ == 0) {
-        settle();
+bool ScenarioHistories::idle() {
+    if (running_ > 0) {
+        return false;
     }
+    settle();
+    const bool more = recovery_.writeOn();
+    return earlier_.writeOn() || more;
 }
 
 void ScenarioHistories::touchAll(canvas::DrawForm& form) {
@@ -72,6 +79,7 @@ void ScenarioHistories::beginAnew(canvas::DrawForm& form) {
     history::ScenarioHistory& history = *histories_.at(&form);
     history.beginAnew();
     note(form, history, {});
+    earlier_.opened(form, history);
     ports_.historyChanged(form);
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "history/scenario_history.h"
+#include "shell/earlier_states.h"
 #include "shell/scenario_listener.h"
 #include "shell/scenario_recovery.h"
 
@@ -37,7 +38,8 @@ struct HistoryLines {
 /// The histories of the open scenarios. A step is what a command or a gesture has changed until the program is idle.
 class ScenarioHistories : private ScenarioListener {
   public:
-    ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery);
+    ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery,
+                      EarlierStates& earlier);
     ~ScenarioHistories() override;
 
     /// Takes what has changed of all scenarios since the last call as one step each. Words that end with a blank stand
@@ -45,8 +47,9 @@ class ScenarioHistories : private ScenarioListener {
     void settle(const std::string& words = {});
     /// The same for one scenario that is whole for the moment.
     void settleNow(canvas::DrawForm& form, const std::string& words, bool dialogOpen = false);
-    /// The program is idle: the same, unless a command is still running.
-    void idle();
+    /// The program is idle: the same, unless a command is still running. Whether there is more to be written when it
+    /// is idle again.
+    bool idle();
 
     /// The scenario may have changed anywhere.
     void touchAll(canvas::DrawForm& form);
@@ -82,6 +85,7 @@ class ScenarioHistories : private ScenarioListener {
     ScenarioSubscription subscription_;
     HistoryPorts& ports_;
     ScenarioRecovery& recovery_;
+    EarlierStates& earlier_;
     int running_ = 0;
 };
 

@@ -30,20 +30,25 @@ class ScenarioRecovery {
     ~ScenarioRecovery();
 
     /// A command has ended, or the scenario was brought to another step; `changed` is what has changed since this was
-    /// told last.
+    /// told last. It is written at once, a whole part by part by `writeOn`.
     void note(canvas::DrawForm& form, const history::ScenarioHistory& history, const canvas::Touched& changed,
               const std::string& words);
+    /// Writes a part of what is to be written yet; a part takes some milliseconds at most. Whether there is more.
+    bool writeOn();
     /// The scenario's window goes: nothing of it is unsaved any more.
     void forget(const canvas::DrawForm& form);
     /// What was done before, to a scenario that was brought back.
-    void goOn(canvas::DrawForm& form, std::vector<history::StateWriter::Told> told);
+    void goOn(canvas::DrawForm& form, std::vector<history::Told> told);
 
   private:
     struct Kept;
     Kept& keptOf(canvas::DrawForm& form);
     void write(Kept& kept, const history::ScenarioHistory& history, const canvas::Touched& changed,
-               const history::StateWriter::Told& told);
+               const history::Told& told);
+    void beginWhole(Kept& kept);
+    void writePart(Kept& kept);
     void noteStanding(Kept& kept);
+    void giveUp(Kept& kept);
     void fail(Kept& kept, const std::string& why);
 
     Services services_;

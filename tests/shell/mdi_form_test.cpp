@@ -274,7 +274,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"SaveScenarioAsM SaveChangesM DeleteScenarioM", {saveScenarioAs, saveScenario, deleteScenario}},
         {"PrintScenarioM PrintZoomM PrintPreviewM", {printScenario, printScenario, printPreview}},
         {"ExportTxtM CloseScenarioM CloseZoomingM LoginM", {exportText, closeScenario, closeScenario, login}},
-        {"OpenFileM ExportFileM OpenRecentM", {openFile, exportFile, openRecent}},
+        {"OpenFileM ExportFileM OpenRecentM EarlierStatesM", {openFile, exportFile, openRecent, earlierStates}},
         {"StepBackM StepForwardM", {stepBack, stepForward}},
         {"CutM CopyM PasteM DuplicateM", {cutNodes, copyNodes, pasteNodes, duplicateNodes}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <random>
 #include <set>
 #include <sstream>
@@ -39,7 +40,17 @@ class ScenarioWalk {
     ScenarioWalk& operator=(const ScenarioWalk&) = delete;
 
     /// The program is idle.
-    virtual void idle() { frame.idle(); }
+    virtual void idle() { goIdle(); }
+    /// The same for long, or for a moment. Whether it has written all that it has to.
+    bool goIdle() {
+        int times = pick(4) == 0 ? 1 : std::numeric_limits<int>::max();
+        while (frame.idle()) {
+            if (--times == 0) {
+                return false;
+            }
+        }
+        return true;
+    }
     /// A command of several that one action takes has ended.
     virtual void ended() {}
 

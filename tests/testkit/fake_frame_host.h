@@ -7,6 +7,7 @@
 #include "exchange/open_scenario.h"
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
+#include "shell/earlier_form.h"
 #include "shell/frame_host.h"
 #include "shell/plain_forms.h"
 #include "shell/recovery_form.h"
@@ -29,6 +30,7 @@ class FakeFrameHost : public shell::FrameHost {
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
         dialogs_.add<exchange::MissingTypesForm>([this](auto& question) { atMissingTypes(question); });
         dialogs_.add<shell::RecoveryForm>([this](auto& left) { atRecovery(left); });
+        dialogs_.add<shell::EarlierForm>([this](auto& states) { atEarlier(states); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
         dialogs_.add<shell::EdgeChangesForm>([this](auto& list) { atEdgeChanges(list); });
     }
@@ -41,6 +43,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(shell::EdgeChangesForm&)> atEdgeChanges;
     std::function<void(exchange::MissingTypesForm&)> atMissingTypes;
     std::function<void(shell::RecoveryForm&)> atRecovery;
+    std::function<void(shell::EarlierForm&)> atEarlier;
     std::function<void()> atCommands;
     bool placed = false;
     int maximized = 0;

@@ -81,7 +81,7 @@ class TestFrame {
   public:
     ChosenFile saveDialog;
     OwnClipboard clipboard;
-    platform::StateFolder states{repository_.file().parent_path() / "states"};
+    platform::StateFolder states{repository_.file().parent_path() / "states", 500};  // small parts
     FakeFrameHost host;
     FakeDesk desk;
     shell::MDIForm1 frame;

@@ -21,6 +21,7 @@
 #include "qt/shell/edge_changes_window.h"
 #include "qt/shell/missing_types_window.h"
 #include "qt/shell/options_window.h"
+#include "qt/shell/earlier_window.h"
 #include "qt/shell/recovery_window.h"
 #include "qt/shell/shortcuts_form.h"
 #include "qt/statements/ldl_form_window.h"
@@ -130,6 +131,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         });
     add<exchange::MissingTypesForm, MissingTypesWindow>(dialogs, frame);
     add<shell::RecoveryForm, RecoveryWindow>(dialogs, frame);
+    add<shell::EarlierForm, EarlierWindow>(dialogs, frame);
     add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
     add<shell::AboutForm, AboutForm>(dialogs, frame);
 }

@@ -75,8 +75,8 @@ void FrameWindow::attach(shell::MDIForm1& logic) {
     area_->attach(&logic);
     sizes_.attach(&logic.services().store);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, [this] {
-        if (logic_) {
-            logic_->idle();
+        if (logic_ && logic_->idle()) {
+            QCoreApplication::postEvent(this, new QEvent(QEvent::None));  // the loop comes back here
         }
     });
     // At the right of what a progress display has put there.

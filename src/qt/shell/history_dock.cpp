@@ -53,8 +53,9 @@ void HistoryDock::showLines(const shell::HistoryLines& lines) {
         font.setBold(at == lines.present);
         item.setFont(font);
         // What lies ahead is not done.
-        item.setForeground(
-            palette().brush(QPalette::Active, at > lines.present ? QPalette::PlaceholderText : QPalette::Text));
+        item.setData(Qt::ForegroundRole, at > lines.present
+                                             ? QVariant(palette().brush(QPalette::Active, QPalette::PlaceholderText))
+                                             : QVariant());
     }
     if (!lines.lines.empty()) {
         list_->setCurrentRow(static_cast<int>(lines.present));

@@ -18,6 +18,7 @@ RecoveryWindow::RecoveryWindow(shell::RecoveryForm& logic, QWidget* parent)
     words->setWordWrap(true);
     body().addWidget(words);
     list_->setObjectName(QStringLiteral("lstScenarios"));
+    list_->setAccessibleName(tr("Scenarios that can be brought back"));
     list_->setRootIsDecorated(false);
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list_->setHeaderLabels({tr("Scenario"), tr("Last Change"), tr("Beyond What Is Saved")});
