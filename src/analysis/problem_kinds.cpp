@@ -40,8 +40,8 @@ constexpr std::array<ProblemWords, kProblemKinds> kWords = {{
      "Draw the edge; Consistency draws all of these."},
     {circle, "circle", "Circles of data", "No activity of a circle can be the first to run.",
      "Break the circle, or keep the data in a record set between."},
-    {unreachable, "unreachable", "Nodes that no source reaches", "No way leads here from a record set that begins a flow.",
-     "Join it with what it reads."},
+    {unreachable, "unreachable", "Nodes that no source reaches",
+     "No way leads here from a record set that begins a flow.", "Join it with what it reads."},
 }};
 
 static_assert(std::all_of(kWords.begin(), kWords.end(),

@@ -29,7 +29,7 @@ struct ScenarioRecovery::Kept : private canvas::CanvasListener {
     ScenarioRecovery& owner;
     canvas::DrawForm& form;
     const history::ScenarioHistory* history = nullptr;
-    std::vector<history::Told> told;  ///< since it was stored
+    std::vector<history::Told> told;               ///< since it was stored
     std::string file;                              ///< its name while there is one
     std::unique_ptr<history::StateWriter> writer;  ///< of that file
     std::size_t whole = 0, journal = 0;            ///< bytes
