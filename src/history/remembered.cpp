@@ -247,7 +247,7 @@ Difference Remembered::update(const canvas::DrawForm& form, const canvas::Touche
     }
     std::vector<std::int32_t> edges = touched.edges;
     std::ranges::sort(edges);
-    edges.erase(std::ranges::unique(edges).begin(), edges.end());
+    edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
     for (const std::int32_t index : edges) {
         look.edge(index);
     }

@@ -58,7 +58,7 @@ void writeRows(std::string& out, const canvas::DrawForm& form) {
 
 std::vector<std::int32_t> eachOnce(std::vector<std::int32_t> numbers) {
     std::ranges::sort(numbers);
-    numbers.erase(std::ranges::unique(numbers).begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
 }
 
