@@ -141,6 +141,20 @@ void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
     }
 }
 
+/// All nodes by the flow, and back to where they were.
+void tidyUp(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
+    const canvas::CanvasForm& form = *window.area().active();
+    const canvas::Box former = form.Labels.at(3)->box();
+    player.during("tidy up", [&frame] { frame.run(Command::tidyUp); });
+    player.expect(form.Labels.at(3)->box() != former, "tidying up moved nothing");
+    player.picture(window, "tidied-up");
+    theme.setMode(qt::ThemeMode::dark);
+    player.picture(window, "tidied-up-dark");
+    theme.setMode(qt::ThemeMode::light);
+    player.during("put back", [&] { Player::press(window, "takeOffer"); });
+    player.expect(form.Labels.at(3)->box() == former, "the nodes were not put back");
+}
+
 void showDialogs(Player& player, shell::MDIForm1& frame, const std::string& suffix) {
     player.during("options", [&frame] { frame.run(Command::options); }, {[&player, suffix](QWidget& dialog) {
                       player.picture(dialog, "options" + suffix);
@@ -203,6 +217,7 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     waiting.exec();
     player.expect(window.windowTitle().contains(QChar(0x2022)), "unsaved work is not marked");
     player.picture(window, "drawn");
+    tidyUp(player, window, frame, theme);
     player.during("palettes", [&frame] {
         frame.run(Command::toggleNodes);
         frame.run(Command::toggleEdges);

@@ -93,12 +93,14 @@ void Canvas::detachEnd(std::int32_t edge, EdgeEnd which) {
 }
 
 void Canvas::touch(const LabelsD& node) {
+    ++changes_;
     if (touched) {
         touched->node(node.Index());
     }
 }
 
 void Canvas::touch(const LinesD& edge) {
+    ++changes_;
     if (touched) {
         touched->edge(edge.Index());
     }

@@ -106,6 +106,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
 
     /// Gathers what changes while it is there.
     std::optional<Touched> touched;
+    /// Grows with each change of what a scenario keeps.
+    std::uint64_t changes() const { return changes_; }
 
     /// True while a refused duplicate name is not to be told.
     bool quietNames = false;
@@ -136,6 +138,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     Light light_;
     CanvasListeners listeners_;
     int manyChanges_ = 0;
+    std::uint64_t changes_ = 0;
 };
 
 /// While one lives, changes of nodes and edges are not told one by one; its end tells `manyChanged` instead. Nodes and

@@ -1,5 +1,8 @@
 #include "canvas/canvas_form.h"
 
+#include <utility>
+#include <vector>
+
 #include "canvas/straighten.h"
 
 namespace orvent::canvas {
@@ -9,6 +12,9 @@ void CanvasForm::tellForm() {
 }
 
 std::optional<Offer> CanvasForm::offer() const {
+    if (putBack_ && putBack_->isOpen()) {
+        return Offer{"Tidied up by the flow from left to right.", "Put Back"};
+    }
     const LinesD* edge = Lines.byIndex(crooked_);
     return edge && isCrooked(*this, *edge)
                ? std::optional(Offer{"The new edge does not run straight from box to box.", "Straighten"})
@@ -16,6 +22,13 @@ std::optional<Offer> CanvasForm::offer() const {
 }
 
 void CanvasForm::answerOffer(bool taken) {
+    if (const auto putBack = std::move(putBack_); putBack && putBack->isOpen()) {
+        if (taken) {
+            putBack->run();
+        }
+        tellForm();
+        return;
+    }
     if (LinesD* edge = Lines.byIndex(crooked_); edge && taken) {
         straighten(*this, *edge);
     }
@@ -42,6 +55,19 @@ void CanvasForm::forgetEdge(const LinesD& edge) {
 void CanvasForm::straightenEdges(LinesD* edge) {
     edge && !edge->Selected() ? straighten(*this, *edge) : straightenSelected(*this);
     tellForm();
+}
+
+bool CanvasForm::tidyUp() {
+    const std::vector<std::int32_t> nodes = nodesToTidy(*this);
+    FormerPlaces former(*this, nodes);
+    const std::uint64_t before = changes();
+    canvas::tidyUp(*this, nodes, SelectedLabels.Count() < 2);
+    if (changes() == before) {
+        return false;
+    }
+    putBack_ = std::make_unique<PutBack>(*this, std::move(former), [this] { tellForm(); });
+    tellForm();
+    return true;
 }
 
 void CanvasForm::setCaption(const std::string& value) {

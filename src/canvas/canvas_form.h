@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "canvas/canvas.h"
 #include "canvas/menu_item.h"
+#include "canvas/tidy_up.h"
 
 namespace orvent::canvas {
 
@@ -59,6 +61,10 @@ class CanvasForm : public Canvas {
     /// Straightens one edge; the selection when that one belongs to it or when there is none.
     void straightenEdges(LinesD* edge);
 
+    /// Tidies up the selected nodes, or all when fewer than two are selected, and offers to put them back until
+    /// something changes. False when they stand in order already.
+    bool tidyUp();
+
     /// The figures that the window explains below its canvas.
     virtual std::span<const LegendEntry> legend() const { return {}; }
 
@@ -78,6 +84,7 @@ class CanvasForm : public Canvas {
     std::string caption_;
     std::int32_t crooked_ = 0;  ///< the edge that is offered to be straightened
     bool straightOffered_ = false;
+    std::unique_ptr<PutBack> putBack_;  ///< after tidying up
     bool enabled_ = true;
 };
 

@@ -8,6 +8,34 @@ namespace {
 
 using enum MenuAction;
 
+constexpr std::array kAlign = {
+    ContextItem{"NodesAlignLeftM", "Left", edit, EditAction::alignLeft},
+    ContextItem{"NodesAlignCentreM", "Centre", edit, EditAction::alignCentre},
+    ContextItem{"NodesAlignRightM", "Right", edit, EditAction::alignRight},
+    ContextItem{"NodesAlignTopM", "Top", edit, EditAction::alignTop},
+    ContextItem{"NodesAlignMiddleM", "Middle", edit, EditAction::alignMiddle},
+    ContextItem{"NodesAlignBottomM", "Bottom", edit, EditAction::alignBottom},
+};
+
+constexpr std::array kDistribute = {
+    ContextItem{"NodesDistributeAcrossM", "Across", edit, EditAction::distributeAcross},
+    ContextItem{"NodesDistributeDownM", "Down", edit, EditAction::distributeDown},
+};
+
+constexpr std::array kSelect = {
+    ContextItem{"NodesSelectUpstreamM", "Upstream", edit, EditAction::selectUpstream},
+    ContextItem{"NodesSelectDownstreamM", "Downstream", edit, EditAction::selectDownstream},
+    ContextItem{"NodesSelectConnectedM", "Connected", edit, EditAction::selectConnected},
+    ContextItem{"NodesSelectBetweenM", "Between Two", edit, EditAction::selectBetween},
+    ContextItem{"NodesSelectSameTypeM", "Same Type", edit, EditAction::selectSameType},
+};
+
+// Behind those of its own in the menu of every node.
+constexpr ContextItem kTidyUp{"NodesTidyUpM", "Tidy Up", edit, EditAction::tidyUp};
+constexpr ContextItem kAlignMenu{"NodesAlignM", "Align", submenu, {}, false, kAlign};
+constexpr ContextItem kDistributeMenu{"NodesDistributeM", "Distribute", submenu, {}, false, kDistribute};
+constexpr ContextItem kSelectMenu{"NodesSelectM", "Select", submenu, {}, false, kSelect};
+
 constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetPropertiesM", "Properties", properties, {}, true, {}},
     ContextItem{"RecordSetNotReadyM", "Mark As Not Ready", notReady},
@@ -17,6 +45,11 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetCopyM", "Copy", edit, EditAction::copy},
     ContextItem{"RecordSetPasteM", "Paste", edit, EditAction::paste},
     ContextItem{"RecordSetDuplicateM", "Duplicate", edit, EditAction::duplicate},
+    ContextItem{},
+    kTidyUp,
+    kAlignMenu,
+    kDistributeMenu,
+    kSelectMenu,
 };
 
 constexpr std::array kActivityMenu = {
@@ -30,6 +63,11 @@ constexpr std::array kActivityMenu = {
     ContextItem{"ActivityCopyM", "Copy", edit, EditAction::copy},
     ContextItem{"ActivityPasteM", "Paste", edit, EditAction::paste},
     ContextItem{"ActivityDuplicateM", "Duplicate", edit, EditAction::duplicate},
+    ContextItem{},
+    kTidyUp,
+    kAlignMenu,
+    kDistributeMenu,
+    kSelectMenu,
 };
 
 constexpr std::array kCommentMenu = {
@@ -39,6 +77,11 @@ constexpr std::array kCommentMenu = {
     ContextItem{"CommentCopyM", "Copy", edit, EditAction::copy},
     ContextItem{"CommentPasteM", "Paste", edit, EditAction::paste},
     ContextItem{"CommentDuplicateM", "Duplicate", edit, EditAction::duplicate},
+    ContextItem{},
+    kTidyUp,
+    kAlignMenu,
+    kDistributeMenu,
+    kSelectMenu,
 };
 
 constexpr std::array kLogMenu = {
@@ -48,6 +91,11 @@ constexpr std::array kLogMenu = {
     ContextItem{"LogCopyM", "Copy", edit, EditAction::copy},
     ContextItem{"LogPasteM", "Paste", edit, EditAction::paste},
     ContextItem{"LogDuplicateM", "Duplicate", edit, EditAction::duplicate},
+    ContextItem{},
+    kTidyUp,
+    kAlignMenu,
+    kDistributeMenu,
+    kSelectMenu,
 };
 
 constexpr std::array kAngles = {

@@ -17,7 +17,7 @@ enum class MenuAction {
     deleteNodes,
     deleteEdges,
     setAngle,
-    edit,            ///< by way of the clipboard
+    edit,            ///< what the Edit menu does
     straightenEdge,  ///< the selection, when the edge is part of it, else the edge alone
 };
 

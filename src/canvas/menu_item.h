@@ -27,10 +27,30 @@ class WindowKinds {
 
 inline constexpr WindowKinds kEveryWindow(WindowKind::none, WindowKind::design, WindowKind::zoom);
 
-/// What is done with the selected nodes by way of the clipboard.
-enum class EditAction { cut, copy, paste, duplicate };
+/// What is done with the selected nodes: by way of the clipboard, with their places, or with the selection.
+enum class EditAction {
+    cut,
+    copy,
+    paste,
+    duplicate,
+    tidyUp,
+    alignLeft,
+    alignCentre,
+    alignRight,
+    alignTop,
+    alignMiddle,
+    alignBottom,
+    distributeAcross,
+    distributeDown,
+    selectUpstream,
+    selectDownstream,
+    selectConnected,
+    selectBetween,
+    selectSameType,
+};
 
-/// What an action is told: nothing, the kind of node to delete, the angle to set, or what to do with the clipboard.
+/// What an action is told: nothing, the kind of node to delete, the angle to set, or what to do with the selected
+/// nodes.
 using MenuValue = std::variant<std::monostate, NodeTypeCode, AngleCode, EditAction>;
 
 /// How an item stands at the moment.

@@ -99,7 +99,9 @@ void straighten(const Canvas& canvas, LinesD& edge) {
     const GrabPair way = straightWay(canvas, edge);
     edge.setGrabPoint(EdgeEnd::start, way.from);
     edge.setGrabPoint(EdgeEnd::end, way.to);
-    edge.setAngle(AngleStraight);
+    if (edge.Angle() != AngleStraight) {
+        edge.setAngle(AngleStraight);
+    }
 }
 
 void straightenSelected(Canvas& canvas) {

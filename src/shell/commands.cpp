@@ -54,6 +54,28 @@ constexpr std::array kFile = {
     item("QuitM", "Quit", quit, anyWindow, "", "Ctrl+Q"),
 };
 
+constexpr std::array kAlign = {
+    item("AlignLeftM", "Left", alignLeft, withWindow, "", ""),
+    item("AlignCentreM", "Centre", alignCentre, withWindow, "", ""),
+    item("AlignRightM", "Right", alignRight, withWindow, "", ""),
+    item("AlignTopM", "Top", alignTop, withWindow, "", ""),
+    item("AlignMiddleM", "Middle", alignMiddle, withWindow, "", ""),
+    item("AlignBottomM", "Bottom", alignBottom, withWindow, "", ""),
+};
+
+constexpr std::array kDistribute = {
+    item("DistributeAcrossM", "Across", distributeAcross, withWindow, "", "", "The same room between any two"),
+    item("DistributeDownM", "Down", distributeDown, withWindow, "", "", "The same room between any two"),
+};
+
+constexpr std::array kSelect = {
+    item("SelectUpstreamM", "Upstream", selectUpstream, withWindow, "", "Ctrl+U", "All from which data comes here"),
+    item("SelectDownstreamM", "Downstream", selectDownstream, withWindow, "", "Ctrl+Shift+U", "All to which it goes"),
+    item("SelectConnectedM", "Connected", selectConnected, withWindow, "", "Ctrl+Shift+A", "All that edges lead to"),
+    item("SelectBetweenM", "Between Two", selectBetween, withWindow, "", "Ctrl+B", "The ways from one to the other"),
+    item("SelectSameTypeM", "Same Type", selectSameType, withWindow, "", "Ctrl+K"),
+};
+
 constexpr std::array kEdit = {
     item("StepBackM", "Step Back", stepBack, designWindow, "", "Ctrl+Z", "Takes the last change of the scenario back"),
     item("StepForwardM", "Step Forward", stepForward, designWindow, "", "Ctrl+Shift+Z; Ctrl+Y",
@@ -63,6 +85,13 @@ constexpr std::array kEdit = {
     item("CopyM", "Copy", copyNodes, withWindow, "", "Ctrl+C"),
     item("PasteM", "Paste", pasteNodes, designWindow, "", "Ctrl+V"),
     item("DuplicateM", "Duplicate", duplicateNodes, designWindow, "", "Ctrl+D"),
+    separator(designWindow),
+    item("TidyUpM", "Tidy Up", tidyUp, designWindow, "tidy-up", "Ctrl+Shift+T",
+         "Places the selected nodes, or all, by the flow from left to right"),
+    separator(zoomWindow),
+    MenuItem{"AlignM", "Align", newScenario, {}, false, kAlign, withWindow},
+    MenuItem{"DistributeM", "Distribute", newScenario, {}, false, kDistribute, withWindow},
+    MenuItem{"SelectM", "Select", newScenario, {}, false, kSelect, withWindow},
 };
 
 constexpr std::array kRelationships = {
@@ -137,6 +166,7 @@ constexpr std::array kDrawing = {
     Button{"ZoomIn", "Zoom In", zoomIn, "zoom-in"},
     Button{"ZoomOut", "Zoom Out", zoomOut, "zoom-out"},
     Button{"Straighten", "Straighten", straighten, "straighten"},
+    Button{"TidyUp", "Tidy Up", tidyUp, "tidy-up"},
 };
 
 constexpr std::array kMetrics = {
@@ -185,18 +215,33 @@ std::span<const Command> menuBarCommands() {
     return kMenuBarCommands;
 }
 
+namespace {
+
+void addKeys(std::vector<CommandKeys>& keys, std::span<const MenuItem> items) {
+    for (const MenuItem& item : items) {
+        addKeys(keys, item.items);
+        const auto known = std::find_if(keys.begin(), keys.end(),
+                                        [&](const CommandKeys& row) { return row.shortcut == item.shortcut; });
+        if (known != keys.end()) {
+            known->names += " / " + std::string(item.caption);
+        } else if (!item.shortcut.empty()) {
+            keys.push_back({item.shortcut, std::string(item.caption)});
+        }
+    }
+}
+
+}  // namespace
+
 std::vector<CommandKeys> commandKeys() {
     std::vector<CommandKeys> keys;
     for (const Menu& menu : kMenus) {
-        for (const MenuItem& item : menu.items) {
-            const auto known = std::find_if(keys.begin(), keys.end(),
-                                            [&](const CommandKeys& row) { return row.shortcut == item.shortcut; });
-            if (known != keys.end()) {
-                known->names += " / " + std::string(item.caption);
-            } else if (!item.shortcut.empty()) {
-                keys.push_back({item.shortcut, std::string(item.caption)});
-            }
-        }
+        addKeys(keys, menu.items);
+    }
+    // Out of their sub-menu the items need its name.
+    for (const MenuItem& item : kSelect) {
+        const auto row = std::find_if(keys.begin(), keys.end(),
+                                      [&](const CommandKeys& each) { return each.shortcut == item.shortcut; });
+        row->names = "Select " + row->names;
     }
     return keys;
 }

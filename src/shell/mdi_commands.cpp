@@ -20,6 +20,7 @@ namespace orvent::shell {
 
 namespace {
 
+using canvas::EditAction;
 using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
@@ -103,12 +104,32 @@ struct MDIForm1::CommandTable {
         {Command::undo, withUndo, [](MDIForm1& f) { f.ports_.messages.tell("Undo"); }},
         {Command::stepBack, back, [](MDIForm1& f) { f.histories_.step(*f.activeScenario(), true); }},
         {Command::stepForward, forward, [](MDIForm1& f) { f.histories_.step(*f.activeScenario(), false); }},
-        {Command::cutNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::cut); }},
-        {Command::copyNodes, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::copy); }},
-        {Command::pasteNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::paste); },
-         nullptr, "Pasted "},
-        {Command::duplicateNodes, inDesign,
-         [](MDIForm1& f) { f.edit(*f.activeEnabled(), canvas::EditAction::duplicate); }, nullptr, "Duplicated "},
+        {Command::cutNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::cut); }},
+        {Command::copyNodes, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::copy); }},
+        {Command::pasteNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::paste); }, nullptr,
+         "Pasted "},
+        {Command::duplicateNodes, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::duplicate); },
+         nullptr, "Duplicated "},
+        {Command::tidyUp, inDesign, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::tidyUp); }},
+        {Command::alignLeft, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::alignLeft); }},
+        {Command::alignCentre, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::alignCentre); }},
+        {Command::alignRight, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::alignRight); }},
+        {Command::alignTop, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::alignTop); }},
+        {Command::alignMiddle, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::alignMiddle); }},
+        {Command::alignBottom, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::alignBottom); }},
+        {Command::distributeAcross, inWindow,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::distributeAcross); }},
+        {Command::distributeDown, inWindow,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::distributeDown); }},
+        {Command::selectUpstream, inWindow,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectUpstream); }},
+        {Command::selectDownstream, inWindow,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectDownstream); }},
+        {Command::selectConnected, inWindow,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectConnected); }},
+        {Command::selectBetween, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectBetween); }},
+        {Command::selectSameType, inWindow,
+         [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectSameType); }},
         {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
         {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
@@ -329,24 +350,6 @@ void MDIForm1::openFile(const std::string& path) {
     files_.open(path);
     histories_.beginFilled();
     host_.commandsChanged();
-}
-
-void MDIForm1::edit(canvas::CanvasForm& form, canvas::EditAction action) {
-    if (const auto* view = dynamic_cast<const zoom::ZoomView*>(&form)) {
-        clipboard_.copyText(*view);
-        return;
-    }
-    canvas::DrawForm& design = form.scenario();
-    switch (action) {
-        case canvas::EditAction::cut:
-            return clipboard_.cut(design);
-        case canvas::EditAction::copy:
-            return clipboard_.copy(design);
-        case canvas::EditAction::paste:
-            return clipboard_.paste(design, desk_.pointerIn(design));
-        case canvas::EditAction::duplicate:
-            return clipboard_.duplicate(design);
-    }
 }
 
 /// Writes the scenario in front into the data folder.

@@ -258,6 +258,27 @@ TEST_F(Frame, AnotherUserClosesAllScenariosFirst) {
     EXPECT_EQ(frame.frame.currentGroup(), 1);
 }
 
+TEST_F(Frame, ArrangingIsOneStepUnderItsOwnName) {
+    frame.frame.start();
+    frame.frame.run(Command::loadTestGraph);
+    canvas::DrawForm& form = frame.active();
+    std::string hinted;
+    frame.frame.tools().hinted = [&](std::string_view words) { hinted = words; };
+    const auto steps = [&] { return frame.frame.histories().linesOf(form).lines; };
+    const std::size_t before = steps().size();
+    frame.frame.run(Command::alignLeft);
+    EXPECT_EQ(hinted, "Select at least two nodes.");
+    EXPECT_EQ(steps().size(), before);
+    frame.frame.run(Command::selectAll);
+    frame.frame.run(Command::tidyUp);
+    frame.frame.pointerPorts().windows.edit(form, canvas::EditAction::alignLeft);
+    form.answerOffer(true);  // the way back from tidying up was open until then
+    frame.frame.idle();
+    ASSERT_EQ(steps().size(), before + 2);
+    EXPECT_EQ(steps()[before], "Tidy Up");
+    EXPECT_EQ(steps()[before + 1], "Align Left");
+}
+
 TEST(Commands, KeysOfSeveralItemsAreListedOnce) {
     std::map<std::string_view, std::string> listed;
     for (const CommandKeys& row : commandKeys()) {
@@ -265,6 +286,7 @@ TEST(Commands, KeysOfSeveralItemsAreListedOnce) {
     }
     EXPECT_EQ(listed.at("Ctrl+S"), "Save Scenario / Save Changes");
     EXPECT_EQ(listed.at("Ctrl+Shift+P"), "Print Preview");
+    EXPECT_EQ(listed.at("Ctrl+U"), "Select Upstream") << "out of its sub-menu";
 }
 
 TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
@@ -277,6 +299,11 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"OpenFileM ExportFileM OpenRecentM EarlierStatesM", {openFile, exportFile, openRecent, earlierStates}},
         {"StepBackM StepForwardM", {stepBack, stepForward}},
         {"CutM CopyM PasteM DuplicateM", {cutNodes, copyNodes, pasteNodes, duplicateNodes}},
+        {"TidyUpM AlignLeftM AlignCentreM AlignRightM", {tidyUp, alignLeft, alignCentre, alignRight}},
+        {"AlignTopM AlignMiddleM AlignBottomM", {alignTop, alignMiddle, alignBottom}},
+        {"DistributeAcrossM DistributeDownM", {distributeAcross, distributeDown}},
+        {"SelectUpstreamM SelectDownstreamM SelectConnectedM", {selectUpstream, selectDownstream, selectConnected}},
+        {"SelectBetweenM SelectSameTypeM", {selectBetween, selectSameType}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM ViewHistoryM SelectAllM", {colourByMetric, viewHistory, selectAll}},
         {"ViewProblemsM", {viewProblems}},

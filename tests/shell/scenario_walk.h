@@ -261,7 +261,8 @@ class ScenarioWalk {
                     .setComment(freshName());
                 return;
             case 13:
-                return frame.run(Command::straighten);
+                select(1 + 3 * pick(2));
+                return frame.run(pick(2) == 0 ? Command::straighten : Command::tidyUp);
             case 14:
                 return save();
             default:

@@ -1,0 +1,43 @@
+// The frame's part in the Edit menu: what is done with the selected nodes.
+
+#include "canvas/arrangement.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::shell {
+
+namespace {
+
+using canvas::EditAction;
+
+/// By way of the clipboard.
+void carry(ScenarioClipboard& clipboard, canvas::DrawForm& design, EditAction action,
+           std::optional<canvas::Point> pointer) {
+    switch (action) {
+        case EditAction::cut:
+            return clipboard.cut(design);
+        case EditAction::copy:
+            return clipboard.copy(design);
+        case EditAction::paste:
+            return clipboard.paste(design, pointer);
+        case EditAction::duplicate:
+            return clipboard.duplicate(design);
+        default:
+            return;
+    }
+}
+
+}  // namespace
+
+void MDIForm1::edit(canvas::CanvasForm& form, EditAction action) {
+    if (canvas::isArrangement(action)) {
+        histories_.settle();
+        tools_.hint(canvas::arrange(form, action));
+        histories_.settle(std::string(canvas::wordsOf(action)));
+    } else if (const auto* view = dynamic_cast<const zoom::ZoomView*>(&form)) {
+        clipboard_.copyText(*view);
+    } else {
+        carry(clipboard_, form.scenario(), action, desk_.pointerIn(form.scenario()));
+    }
+}
+
+}  // namespace orvent::shell

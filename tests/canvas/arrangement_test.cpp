@@ -1,0 +1,231 @@
+#include "canvas/arrangement.h"
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <random>
+
+#include "canvas/canvas_state.h"
+#include "canvas/node_walk.h"
+#include "canvas/pointer_fixture.h"
+#include "canvas/straighten.h"
+
+namespace orvent::canvas {
+namespace {
+
+using testkit::PointerStage;
+
+/// Counts what it is told.
+struct Told : CanvasListener {
+    explicit Told(Canvas& canvas) : subscription(canvas.listen(*this)) {}
+    void nodeChanged(const LabelsD&) override { ++single; }
+    void edgeChanged(const LinesD&) override { ++single; }
+    void manyChanged() override { ++many; }
+    void formChanged() override { ++form; }
+    int single = 0, many = 0, form = 0;
+    CanvasSubscription subscription;
+};
+
+/// Where everything stands, and how the edges run.
+std::pair<std::vector<Box>, std::vector<EdgeState>> picture(const Canvas& canvas) {
+    std::pair<std::vector<Box>, std::vector<EdgeState>> seen;
+    for (const LabelsD& node : canvas.Labels) {
+        seen.first.push_back(node.box());
+    }
+    for (const LinesD& edge : canvas.Lines) {
+        seen.second.push_back(stateOf(&edge));
+    }
+    return seen;
+}
+
+/// Adds nodes anywhere, and edges that lead to later nodes with all angles and middles placed by hand.
+void scatter(DrawForm& form, unsigned seed) {
+    std::mt19937 random(seed);
+    const auto below = [&random](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+    constexpr NodeTypeCode kKinds[] = {NodeTypeRecordSet, NodeTypeActivity, NodeTypeRecordSet,
+                                       NodeTypeActivity,  NodeTypeComment,  NodeTypeLog};
+    for (int node = 0; node < 30; ++node) {
+        const auto x = static_cast<float>(below(9000)), y = static_cast<float>(below(9000));
+        form.Labels.Add({x, y, 1050, 450}, "N" + std::to_string(node), kKinds[below(6)]);
+    }
+    for (int made = 0; made < 40; ++made) {
+        const std::int32_t from = 1 + below(form.LabelsNo - 1);
+        const std::int32_t to = from + 1 + below(form.LabelsNo - from);
+        LinesD* edge = form.Lines.addFullLine(from, static_cast<std::int16_t>(1 + below(4)), to,
+                                              static_cast<std::int16_t>(1 + below(4)), EdgeTypeProvider,
+                                              static_cast<AngleCode>(below(4)), 0);
+        if (edge->Angle() == AngleNone && below(2) == 0) {
+            edge->placeMiddle({static_cast<float>(below(9000)), 5});
+        }
+    }
+}
+
+bool touch(const Box& a, const Box& b) {
+    return a.Left <= b.right() && b.Left <= a.right() && a.Top <= b.bottom() && b.Top <= a.bottom();
+}
+
+bool isNote(const LabelsD& node) {
+    return node.NodeType() == NodeTypeComment || node.NodeType() == NodeTypeLog;
+}
+
+TEST(TidyUp, OrdersNodesAndTakesThemBack) {
+    for (unsigned seed = 0; seed < 30; ++seed) {
+        SCOPED_TRACE(seed);
+        PointerStage stage;
+        DrawForm& form = stage.form;
+        scatter(form, seed);
+        const bool all = seed % 3 == 0;
+        for (std::int32_t node = 1; node <= form.LabelsNo && !all; node += 2) {
+            form.SelectedLabels.Add(node);
+        }
+        const auto before = picture(form);
+        Told told(form);
+        ASSERT_EQ(arrange(form, EditAction::tidyUp), "");
+        EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
+        Point corner{1e9F, 1e9F}, formerCorner = corner;
+        for (const LabelsD& node : form.Labels) {
+            const Box& former = before.first[static_cast<std::size_t>(node.Index() - 1)];
+            if (!all && !form.SelectedLabels.Item(node.Index())) {
+                EXPECT_EQ(node.box(), former);
+                continue;
+            }
+            corner = {std::min(corner.x, node.Left()), std::min(corner.y, node.Top())};
+            formerCorner = {std::min(formerCorner.x, former.Left), std::min(formerCorner.y, former.Top)};
+            EXPECT_EQ(std::fmod(node.Left(), 100) + std::fmod(node.Top(), 100), 0);
+            for (const LabelsD& other : form.Labels) {
+                const bool meant = all || form.SelectedLabels.Item(other.Index());
+                EXPECT_FALSE(meant && &other != &node && touch(node.box(), other.box()));
+            }
+        }
+        EXPECT_EQ(corner.x, all ? 300 : SnapToGrid(formerCorner.x));
+        EXPECT_EQ(corner.y, all ? 300 : SnapToGrid(formerCorner.y));
+        for (const LinesD& edge : form.Lines) {
+            const LabelsD &from = *form.Labels.byIndex(edge.FromLabel()), &to = *form.Labels.byIndex(edge.ToLabel());
+            if (all && !isNote(from) && !isNote(to)) {
+                EXPECT_GT(to.Left(), from.box().right());
+                EXPECT_FALSE(isCrooked(form, edge));
+            }
+        }
+        EXPECT_EQ(arrange(form, EditAction::tidyUp), "The nodes stand in order already.");
+        ASSERT_TRUE(form.offer());
+        EXPECT_EQ(form.offer()->button, "Put Back");
+        told.single = told.many = 0;
+        form.answerOffer(true);
+        EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
+        EXPECT_TRUE(picture(form) == before);
+        EXPECT_FALSE(form.offer());
+    }
+}
+
+TEST(TidyUp, OffersTheWayBackUntilSomethingChanges) {
+    const std::pair<const char*, std::function<void(DrawForm&)>> rows[] = {
+        {"moved", [](DrawForm& form) { form.Labels.byIndex(1)->setTop(9000); }},
+        {"named", [](DrawForm& form) { form.Labels.byIndex(1)->setCaption("Other"); }},
+        {"led", [](DrawForm& form) { form.Lines.byIndex(1)->setAngle(AngleVerticalUp); }},
+        {"removed", [](DrawForm& form) { form.Labels.Remove(5); }},
+        {"many", [](DrawForm& form) { selectAllNodes(form), arrange(form, EditAction::alignLeft); }},
+        {"declined", [](DrawForm& form) { form.answerOffer(false); }},
+        {"", [](DrawForm& form) { form.SelectedLabels.Add(1); }},
+    };
+    for (const auto& [what, change] : rows) {
+        PointerStage stage;
+        arrange(stage.form, EditAction::tidyUp);
+        Told told(stage.form);
+        change(stage.form);
+        EXPECT_EQ(stage.form.offer().has_value(), *what == 0) << what;
+        EXPECT_EQ(told.form, *what == 0 ? 0 : 1) << what;
+    }
+}
+
+TEST(TidyUp, KeepsNotesWithTheirNodes) {
+    PointerStage stage;  // Comment1 stands free below RS, LOG1 below Act
+    DrawForm& form = stage.form;
+    form.Labels.byIndex(3)->setTop(1600);
+    form.Labels.Add({90000, 90000, 1500, 750}, "Comment2", NodeTypeComment);  // far from all
+    form.Lines.addFullLine(5, 4, 4, 1, EdgeTypeProvider, AngleNone, 0);
+    arrange(form, EditAction::tidyUp);
+    const auto box = [&form](int node) { return form.Labels.byIndex(node)->box(); };
+    EXPECT_EQ(std::pair(box(3).Left, box(3).Top), std::pair(box(1).Left, box(1).bottom() + 100));
+    EXPECT_EQ(std::pair(box(4).Left, box(4).Top), std::pair(box(5).Left, box(5).bottom() + 100)) << "by its edge";
+    EXPECT_GT(box(6).Left + box(6).Top, 1600) << "a part of its own";
+    EXPECT_LT(box(6).Left, 20000);
+}
+
+TEST(Arrangement, AlignsAndDistributes) {
+    // Boxes of 1000 x 400, 1000 x 600 and 1000 x 400 with their left sides and tops.
+    const std::tuple<EditAction, std::array<float, 3>, std::array<float, 3>> rows[] = {
+        {EditAction::alignLeft, {1000, 1000, 1000}, {1000, 2000, 5000}},
+        {EditAction::alignCentre, {3000, 3000, 3000}, {1000, 2000, 5000}},
+        {EditAction::alignRight, {5000, 5000, 5000}, {1000, 2000, 5000}},
+        {EditAction::alignTop, {1000, 2000, 5000}, {1000, 1000, 1000}},
+        {EditAction::alignMiddle, {1000, 2000, 5000}, {3000, 2900, 3000}},
+        {EditAction::alignBottom, {1000, 2000, 5000}, {5000, 4800, 5000}},
+        {EditAction::distributeAcross, {1000, 3000, 5000}, {1000, 2000, 5000}},
+        {EditAction::distributeDown, {1000, 2000, 5000}, {1000, 2900, 5000}},
+    };
+    for (const auto& [action, lefts, tops] : rows) {
+        SCOPED_TRACE(wordsOf(action));
+        PointerStage stage;
+        const std::array<std::pair<std::int32_t, Box>, 3> boxes = {
+            {{5, {5000, 5000, 1000, 400}}, {2, {2000, 2000, 1000, 600}}, {1, {1000, 1000, 1000, 400}}}};
+        for (const auto& [node, box] : boxes) {
+            const bool enough = node == 1 && action < EditAction::distributeAcross;
+            EXPECT_EQ(enough || !arrange(stage.form, action).empty(), true) << "too few are selected";
+            stage.form.Labels.byIndex(node)->setBox(box);
+            stage.form.SelectedLabels.Add(node);
+        }
+        Told told(stage.form);
+        EXPECT_EQ(arrange(stage.form, action), "");
+        EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
+        const std::int32_t nodes[] = {1, 2, 5};
+        for (std::size_t at = 0; at < 3; ++at) {
+            EXPECT_EQ(stage.form.Labels.byIndex(nodes[at])->Left(), lefts[at]) << nodes[at];
+            EXPECT_EQ(stage.form.Labels.byIndex(nodes[at])->Top(), tops[at]) << nodes[at];
+        }
+    }
+}
+
+TEST(Arrangement, SelectsAlongEdgesAndByType) {
+    // RS1 -> A2 -> T5 -> A6 -> T5 (a circle), A7 -> T5; Comment3 describes A7; activities 2 and 6 have one type.
+    const std::tuple<std::vector<std::int32_t>, EditAction, std::vector<std::int32_t>> rows[] = {
+        {{2}, EditAction::selectUpstream, {1, 2}},
+        {{2}, EditAction::selectDownstream, {2, 5, 6}},
+        {{6}, EditAction::selectUpstream, {1, 2, 5, 6, 7}},
+        {{7}, EditAction::selectConnected, {1, 2, 3, 5, 6, 7}},
+        {{4}, EditAction::selectConnected, {4}},
+        {{6, 1}, EditAction::selectBetween, {1, 2, 5, 6}},
+        {{2}, EditAction::selectSameType, {2, 6}},
+        {{7, 1}, EditAction::selectSameType, {1, 5, 7}},
+    };
+    for (const auto& [selected, action, expected] : rows) {
+        PointerStage stage;
+        DrawForm& form = stage.form;
+        form.Labels.Add({0, 5000, 1000, 400}, "A6", NodeTypeActivity);
+        form.Labels.Add({0, 6000, 1000, 400}, "A7", NodeTypeActivity).activity()->Act_Type = 3;
+        for (const auto& [from, to] : {std::pair(2, 5), {5, 6}, {6, 5}, {7, 5}}) {
+            form.Lines.addFullLine(from, 4, to, 1, EdgeTypeProvider, AngleNone, 0);
+        }
+        form.Lines.addFullLine(3, 1, 7, 1, EdgeTypeDescription, AngleNone, 0);
+        EXPECT_EQ(arrange(form, action),
+                  std::string_view(action == EditAction::selectBetween ? "Select at least two nodes."
+                                                                       : "Select a node first."));
+        for (const std::int32_t node : selected) {
+            form.SelectedLabels.Add(node);
+        }
+        Told told(form);
+        EXPECT_EQ(arrange(form, action), "");
+        EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
+        std::vector<std::int32_t> found = form.SelectedLabels.members();
+        std::ranges::sort(found);
+        EXPECT_EQ(found, expected) << static_cast<int>(action);
+    }
+    PointerStage stage;
+    stage.form.SelectedLabels.Add(3);
+    stage.form.SelectedLabels.Add(5);
+    EXPECT_NE(arrange(stage.form, EditAction::selectBetween), "") << "no way";
+    stage.form.SelectedLabels.Add(1);
+    EXPECT_EQ(arrange(stage.form, EditAction::selectBetween), "Select two nodes alone.");
+}
+
+}  // namespace
+}  // namespace orvent::canvas
