@@ -10,6 +10,7 @@
 #include "platform/text.h"
 #include "repository/starter_catalogue.h"
 #include "repository/user_login.h"
+#include "shell/exporters.h"
 #include "shell/mdi_form.h"
 #include "shell/options_form.h"
 #include "shell/plain_forms.h"

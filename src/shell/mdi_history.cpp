@@ -3,6 +3,7 @@
 #include "repository/stored_content.h"
 #include "shell/earlier_form.h"
 #include "shell/mdi_form.h"
+#include "shell/recovery_form.h"
 
 namespace orvent::shell {
 

@@ -44,7 +44,8 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     EXPECT_EQ(options.canvas.LogW, 1695);
     EXPECT_EQ(options.repository.SQLPath, "/x.sql");
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "1605");
-    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 2 + analysis::kProblemKinds) << "each field has a key of its own";
+    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 2 + analysis::kProblemKinds)
+        << "each field has a key of its own";
 
     options = {};
     EXPECT_EQ(LoadOptions(options, repository.store, folder), "");
