@@ -151,7 +151,7 @@ void tidyUp(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt:
     theme.setMode(qt::ThemeMode::dark);
     player.picture(window, "tidied-up-dark");
     theme.setMode(qt::ThemeMode::light);
-    player.during("put back", [&] { Player::press(window, "takeOffer"); });
+    player.during("put back", [&] { Player::press(*window.area().activeWindow(), "takeOffer"); });
     player.expect(form.Labels.at(3)->box() == former, "the nodes were not put back");
 }
 
