@@ -41,6 +41,7 @@ std::string filled(history::KeptState state) {
     canvas::CanvasSettings settings;
     entities::CatalogueTables tables;
     canvas::DrawForm form{{messages, settings}};
+    state.rows.clear();  // they have no order
     history::fillForm(form, std::move(state), tables, history::TakenOver::withRows);
     const history::ScenarioHistory history(form);
     history::StateWriter writer("source", tables);
