@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "qt/shell/desk_area.h"
+#include "qt/shell/desk_window.h"
 #include "tour_hand.h"
 
 namespace orvent::tour {

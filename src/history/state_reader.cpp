@@ -268,9 +268,9 @@ class TypesTakenOver {
 namespace {
 
 /// The records up to the last one that ends a step.
-std::vector<RecordReader::Found> wholeSteps(std::string_view bytes) {
+std::vector<RecordReader::Found> wholeSteps(std::string_view bytes, bool inHaste = false) {
     std::vector<RecordReader::Found> records;
-    RecordReader reader(bytes);
+    RecordReader reader(bytes, inHaste);
     std::size_t whole = 0;
     while (const auto found = reader.next()) {
         records.push_back(*found);
@@ -310,7 +310,7 @@ StateSummary readSummary(std::string_view bytes) {
         }
     }
     state = {};
-    for (const RecordReader::Found& found : wholeSteps(bytes)) {
+    for (const RecordReader::Found& found : wholeSteps(bytes, true)) {
         if (found.kind == Record::begin || found.kind == Record::scenario || found.kind == Record::step) {
             state.read(found);
         }

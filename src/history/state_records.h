@@ -82,7 +82,8 @@ class RecordBody {
 /// Walks over the whole records of a text, any bytes. The first one that is not whole ends it.
 class RecordReader {
   public:
-    explicit RecordReader(std::string_view bytes) : bytes_(bytes) {}
+    /// With `inHaste` the sums of the large records are not looked at.
+    explicit RecordReader(std::string_view bytes, bool inHaste = false) : bytes_(bytes), inHaste_(inHaste) {}
 
     struct Found {
         Record kind;
@@ -92,6 +93,7 @@ class RecordReader {
 
   private:
     std::string_view bytes_;
+    bool inHaste_;
 };
 
 }  // namespace orvent::history

@@ -13,7 +13,6 @@
 #include <utility>
 
 #include "platform/fault.h"
-#include "platform/text.h"
 
 namespace orvent::platform {
 
@@ -155,7 +154,7 @@ void StateFolder::append(const std::string& name, std::string_view text) {
 }
 
 std::string StateFolder::read(const std::string& name) const {
-    return readFile((root_ / name).string());
+    return readStart(name, static_cast<std::size_t>(size(name)));
 }
 
 std::string StateFolder::readStart(const std::string& name, std::size_t most) const {
