@@ -235,6 +235,33 @@ class AdaptersTest : public WindowTest {
         QCOMPARE(QtInputBox().ask("p", "t", "2"), std::string());
     }
 
+    void savingProposesAFileAndGivesItsSuffix() {
+        QTemporaryDir folder;
+        const struct {
+            const char* wished;
+            const char* proposed;
+            const char* typed;
+            const char* chosen;
+        } cases[] = {{"/Sales 2.0.orvent", "Sales 2.0.orvent", "new", "/new.orvent"},
+                     {"/none/yet", "", "other.orvent", "/other.orvent"}};
+        for (const auto& row : cases) {
+            QString proposed = QStringLiteral("no dialog");
+            QTimer::singleShot(50, [&] {
+                if (auto* window = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                    auto* name = window->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+                    proposed = name->text();
+                    name->setText(QLatin1String(row.typed));
+                    QMetaObject::invokeMethod(window, "accept");
+                }
+            });
+            const std::string root = folder.path().toStdString();
+            QCOMPARE(QtSaveDialog().saveFile("Export", "Scenarios|*.orvent", root + row.wished,
+                                             platform::OldFile::askedAbout),
+                     root + row.chosen);
+            QCOMPARE(proposed, QLatin1String(row.proposed));
+        }
+    }
+
     void fileFilters() {
         QCOMPARE(toolkitFilter("Text|*.txt;*.log|All Files|*"), QStringLiteral("Text (*.txt *.log);;All Files (*)"));
         QCOMPARE(toolkitFilter("SQL Files (*.sql)|*.sql"), QStringLiteral("SQL Files (*.sql)"));

@@ -276,4 +276,40 @@ TEST(RecoveryFolder, IsFullOrNotThere) {
     stage.frame.close(stage.active());
 }
 
+/// A step of many nodes waits for the next whole; what was written before is not mixed with what follows.
+TEST(RecoveryFolder, HoldsBackWhatIsBehindALargeStep) {
+    testkit::TestRepository repository;
+    testkit::TestFrame stage(repository);
+    ASSERT_TRUE(stage.frame.start());
+    stage.frame.run(Command::loadTestGraph);
+    canvas::DrawForm& form = stage.active();
+    const auto move = [&form] { canvas::moveNodes(form, {form.Labels.at(1)->Index()}, 300, 0); };
+    const auto kept = [&stage] {
+        for (const std::string& name : stage.states.list({})) {
+            if (name.ends_with(".state")) {
+                const history::KeptState state = history::readState(stage.states.read(name));
+                return std::pair(static_cast<int>(state.nodes.size()), state.nodes.front().box.Left);
+            }
+        }
+        return std::pair(0, 0.0F);
+    };
+    move();
+    while (stage.frame.idle()) {
+    }
+    const auto before = kept();
+    EXPECT_EQ(before, std::pair(form.Labels.Count(), form.Labels.at(1)->Left()));
+    for (int node = 0; node < 1200; ++node) {
+        form.Labels.Add({0, 3000, 1500, 750}, "Comment" + std::to_string(node), canvas::NodeTypeComment);
+    }
+    EXPECT_TRUE(stage.frame.idle());
+    move();
+    EXPECT_TRUE(stage.frame.idle());
+    EXPECT_EQ(kept(), before);
+    while (stage.frame.idle()) {
+    }
+    EXPECT_EQ(kept(), std::pair(form.Labels.Count(), form.Labels.at(1)->Left()));
+    repository.messages.anyway = [](const std::string&) { return Answer::ok; };
+    stage.frame.close(form);
+}
+
 }  // namespace
