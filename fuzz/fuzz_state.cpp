@@ -59,7 +59,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes = summed({reinterpret_cast<const char*>(data), size});
     std::string first;
     try {
-        history::readSummary(bytes);
+        history::readSummary([&bytes](std::uint64_t from, std::size_t most) { return bytes.substr(from, most); },
+                             bytes.size());
         first = filled(history::readState(bytes));
     } catch (const platform::Fault&) {
         return 0;

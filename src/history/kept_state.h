@@ -8,6 +8,7 @@
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
 #include "history/remembered.h"
+#include "platform/state_folder.h"
 
 namespace orvent::history {
 
@@ -46,8 +47,8 @@ class StateWriter {
   private:
     /// What is to be written of a whole.
     struct Whole {
-        std::vector<NodeBytes> nodes;
-        std::vector<canvas::EdgeState> edges;
+        SharedList<NodeBytes> nodes;
+        SharedList<canvas::EdgeState> edges;
         std::size_t node = 0, edge = 0;  ///< the next ones
         std::uint32_t texts = 0;         ///< how many it needs
         std::string begin;
@@ -90,9 +91,9 @@ struct StateSummary {
     std::vector<Told> told;
 };
 
-/// The same for what `readState` reads; what it says of nodes is not looked at. Of a state that is kept as it was at
-/// the beginning the first bytes are enough.
-StateSummary readSummary(std::string_view bytes);
+/// The same for a file of so many bytes that `readState` reads; what it says of nodes is skipped. Of a state that is
+/// kept as it was at the beginning only the first bytes are looked at.
+StateSummary readSummary(const platform::ReadAt& read, std::uint64_t size);
 
 /// What of a kept state is taken over.
 enum class TakenOver {

@@ -25,11 +25,9 @@ canvas::NodeProperties shareOf(canvas::NodeProperties& entity) {
 }
 
 template <class Item>
-Item& grown(std::vector<Item>& items, std::int32_t index) {
+const Item& grown(SharedList<Item>& items, std::int32_t index) {
     const auto at = static_cast<std::size_t>(index);
-    if (at >= items.size()) {
-        items.resize(at + 1);
-    }
+    items.growTo(at + 1);
     return items[at];
 }
 
@@ -71,11 +69,11 @@ void Difference::goOn(const Difference& further) {
     inOrder(nodes);
 }
 
-NodeBytes& Remembered::nodeAt(std::int32_t index) {
+const NodeBytes& Remembered::nodeAt(std::int32_t index) {
     return grown(nodes_, index);
 }
 
-canvas::EdgeState& Remembered::edgeAt(std::int32_t index) {
+const canvas::EdgeState& Remembered::edgeAt(std::int32_t index) {
     return grown(edges_, index);
 }
 
@@ -95,7 +93,7 @@ class Remembered::Look {
     Look(Remembered& known, const canvas::DrawForm& form) : known_(known), form_(form) {}
 
     void edge(std::int32_t index) {
-        canvas::EdgeState& known = known_.edgeAt(index);
+        const canvas::EdgeState& known = known_.edgeAt(index);
         const canvas::EdgeState now = canvas::stateOf(form_.Lines.byIndex(index));
         if (now == known) {
             return;
@@ -109,16 +107,16 @@ class Remembered::Look {
         }
         known_.changed_.edge(index);
         difference_.edges.push_back({index, known, now});
-        known = now;
+        known_.edges_.edit(static_cast<std::size_t>(index)) = now;
     }
 
     /// With `headAlone` it stands for what it stood for.
     void node(std::int32_t index, bool headAlone = false) {
-        NodeBytes& known = known_.nodeAt(index);
+        const NodeBytes& known = known_.nodeAt(index);
         const canvas::LabelsD* shown = form_.Labels.byIndex(index);
         if (!shown) {
             if (known) {
-                change(index, known, {}, nullptr);
+                change(index, {}, nullptr);
             }
             return;
         }
@@ -136,7 +134,7 @@ class Remembered::Look {
         }
         if (now != known &&
             !(dialogOpen && known && now.entity == known.entity && sameButReady(*now.head, *known.head))) {
-            change(index, known, std::move(now), &shown->Properties);
+            change(index, std::move(now), &shown->Properties);
         }
     }
 
@@ -175,8 +173,8 @@ class Remembered::Look {
                                           : std::make_shared<const std::string>(now);
     }
 
-    void change(std::int32_t index, NodeBytes& known, NodeBytes now, const canvas::NodeProperties* entity) {
-        const NodeBytes before = std::exchange(known, now);
+    void change(std::int32_t index, NodeBytes now, const canvas::NodeProperties* entity) {
+        const NodeBytes before = std::exchange(known_.nodes_.edit(static_cast<std::size_t>(index)), now);
         const Difference::Node step{index, before, std::move(now)};
         step.isHeadAlone() ? known_.changed_.head(index) : known_.changed_.node(index);
         if (before && step.after && !step.isHeadAlone() && known_.sameButRows(before, step.after)) {
@@ -221,16 +219,9 @@ void Remembered::nothingStored() {
 }
 
 bool Remembered::isStored() const {
-    // What is alike is one copy; behind the shorter list nothing exists.
-    const auto same = [](const auto& now, const auto& then, auto exists) {
-        const std::size_t both = std::min(now.size(), then.size());
-        const auto shared = static_cast<std::ptrdiff_t>(both);
-        return std::equal(now.begin(), now.begin() + shared, then.begin()) &&
-               std::none_of(now.begin() + shared, now.end(), exists) &&
-               std::none_of(then.begin() + shared, then.end(), exists);
-    };
-    return same(nodes_, stored_, [](const NodeBytes& node) { return static_cast<bool>(node); }) &&
-           same(edges_, storedEdges_, [](const canvas::EdgeState& edge) { return edge.exists(); });
+    // What is alike is one copy.
+    const auto any = [](std::size_t) { return true; };
+    return !nodes_.eachOther(stored_, any) && !edges_.eachOther(storedEdges_, any);
 }
 
 void Remembered::take(const canvas::DrawForm& form) {
@@ -310,21 +301,17 @@ void Remembered::bring(canvas::DrawForm& form, const Difference& difference, boo
 
 std::vector<canvas::DeletedNode> Remembered::rowsToDelete() const {
     std::vector<canvas::DeletedNode> rows;
-    for (std::size_t index = 0; index < stored_.size(); ++index) {
-        const NodeBytes& now = nodes_[index];
-        if (!stored_[index] || now.entity == stored_[index].entity) {
-            continue;
+    stored_.eachOther(nodes_, [&](std::size_t index) {
+        const NodeBytes now = index < nodes_.size() ? nodes_[index] : NodeBytes();
+        const NodeBytes stored = storedAt(static_cast<std::int32_t>(index));
+        if (stored && now.entity != stored.entity) {
+            const StoredRows known(nodeOf(stored, texts_));
+            const canvas::NodeState state = now ? nodeOf(now, texts_) : canvas::NodeState();
+            const auto lacking = known.lackingIn(now ? &state : nullptr);
+            rows.insert(rows.end(), lacking.begin(), lacking.end());
         }
-        const StoredRows stored(nodeOf(stored_[index], texts_));
-        std::vector<canvas::DeletedNode> lacking;
-        if (now) {
-            const canvas::NodeState state = nodeOf(now, texts_);
-            lacking = stored.lackingIn(&state);
-        } else {
-            lacking = stored.lackingIn(nullptr);
-        }
-        rows.insert(rows.end(), lacking.begin(), lacking.end());
-    }
+        return false;
+    });
     return rows;
 }
 

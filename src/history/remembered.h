@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "canvas/canvas_state.h"
 #include "canvas/draw_form.h"
 #include "history/node_bytes.h"
+#include "history/shared_list.h"
 
 namespace orvent::history {
 
@@ -68,24 +68,22 @@ class Remembered {
     std::vector<canvas::DeletedNode> rowsToDelete() const;
 
     const TextPool& texts() const { return texts_; }
-    std::span<const NodeBytes> nodes() const { return nodes_; }          ///< by `Index`; nothing where there is none
-    std::span<const canvas::EdgeState> edges() const { return edges_; }  ///< likewise
+    const SharedList<NodeBytes>& nodes() const { return nodes_; }          ///< by `Index`; nothing where there is none
+    const SharedList<canvas::EdgeState>& edges() const { return edges_; }  ///< likewise
     /// The node of some bytes of this scenario, without what it stands for.
     canvas::NodeState head(const NodeBytes& bytes) const { return headOf(*bytes.head, texts_); }
 
   private:
     class Look;
 
-    NodeBytes& nodeAt(std::int32_t index);
-    canvas::EdgeState& edgeAt(std::int32_t index);
+    const NodeBytes& nodeAt(std::int32_t index);
+    const canvas::EdgeState& edgeAt(std::int32_t index);
     NodeBytes storedAt(std::int32_t index) const;
     bool sameButRows(const NodeBytes& one, const NodeBytes& other);
 
     TextPool texts_;
-    std::vector<NodeBytes> nodes_;
-    std::vector<canvas::EdgeState> edges_;
-    std::vector<NodeBytes> stored_;  ///< without those at the end that do not exist
-    std::vector<canvas::EdgeState> storedEdges_;
+    SharedList<NodeBytes> nodes_, stored_;
+    SharedList<canvas::EdgeState> edges_, storedEdges_;
     canvas::Touched changed_;
 };
 

@@ -36,7 +36,7 @@ ScenarioHistory::Selection ScenarioHistory::selection() const {
 }
 
 bool ScenarioHistory::isEmpty() const {
-    return std::ranges::none_of(remembered_.nodes(), [](const NodeBytes& node) { return static_cast<bool>(node); });
+    return !remembered_.nodes().eachOther({}, [](std::size_t) { return true; });
 }
 
 bool ScenarioHistory::waits() const {

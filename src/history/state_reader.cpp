@@ -64,10 +64,7 @@ class StateReader {
         RecordBody body(found.body);
         switch (found.kind) {
             case Record::begin:
-                if (body.text() != "orvent state" || body.number() != 2) {
-                    throw BadBytes();
-                }
-                return;
+                return needFormat(body);
             case Record::texts:
                 for (std::size_t left = listed(body, found.body); left > 0; --left) {
                     texts_.number(body.text());
@@ -156,9 +153,6 @@ class StateReader {
         }
         return std::move(state_);
     }
-
-    /// What was read so far, without its nodes.
-    StateSummary summary() { return {std::move(state_.source), std::move(state_.name), std::move(state_.told)}; }
 
   private:
     void readScenario(RecordBody& body, std::string_view bytes) {
@@ -268,9 +262,9 @@ class TypesTakenOver {
 namespace {
 
 /// The records up to the last one that ends a step.
-std::vector<RecordReader::Found> wholeSteps(std::string_view bytes, bool inHaste = false) {
+std::vector<RecordReader::Found> wholeSteps(std::string_view bytes) {
     std::vector<RecordReader::Found> records;
-    RecordReader reader(bytes, inHaste);
+    RecordReader reader(bytes);
     std::size_t whole = 0;
     while (const auto found = reader.next()) {
         records.push_back(*found);
@@ -285,11 +279,6 @@ std::vector<RecordReader::Found> wholeSteps(std::string_view bytes, bool inHaste
     return records;
 }
 
-/// What a file begins with that says of itself what it is.
-bool isInFront(Record kind) {
-    return kind == Record::begin || kind == Record::scenario || kind == Record::about;
-}
-
 }  // namespace
 
 KeptState readState(std::string_view bytes) {
@@ -298,24 +287,6 @@ KeptState readState(std::string_view bytes) {
         state.read(found);
     }
     return state.take();
-}
-
-StateSummary readSummary(std::string_view bytes) {
-    StateReader state;
-    RecordReader front(bytes);
-    for (auto found = front.next(); found && isInFront(found->kind); found = front.next()) {
-        state.read(*found);
-        if (found->kind == Record::about) {
-            return state.summary();
-        }
-    }
-    state = {};
-    for (const RecordReader::Found& found : wholeSteps(bytes, true)) {
-        if (found.kind == Record::begin || found.kind == Record::scenario || found.kind == Record::step) {
-            state.read(found);
-        }
-    }
-    return state.summary();
 }
 
 void fillForm(canvas::DrawForm& form, KeptState state, entities::CatalogueTables& tables, TakenOver rows) {

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace orvent::history {
 
 namespace {
 
-constexpr std::size_t kLarge = 4096;  // bytes of a record
+constexpr const char* kFormatName = "orvent state";
+constexpr std::uint64_t kFormat = 2;
 
 /// Eight bytes at a time: a large file is summed in the time of reading it.
 std::uint32_t sumOf(std::string_view bytes) {
@@ -55,26 +57,42 @@ std::string_view RecordBody::text() {
     return text;
 }
 
-std::optional<RecordReader::Found> RecordReader::next() {
-    const std::string_view whole = bytes_;
-    std::string_view rest = bytes_.substr(std::min<std::size_t>(bytes_.size(), 1));
-    const auto size = takeNumber(rest);
-    if (!size || *size > rest.size() || rest.size() - *size < kSumBytes) {
+void writeFormat(std::string& out) {
+    RecordWriter(out, Record::begin).text(kFormatName).number(kFormat);
+}
+
+void needFormat(RecordBody& body) {
+    if (body.text() != kFormatName || body.number() != kFormat) {
+        throw BadBytes();
+    }
+}
+
+std::optional<RecordHead> recordHead(std::string_view bytes) {
+    std::string_view rest = bytes.substr(std::min<std::size_t>(bytes.size(), 1));
+    const auto body = takeNumber(rest);
+    if (!body || *body > std::numeric_limits<std::uint64_t>::max() / 2) {
         return std::nullopt;
     }
-    const std::string_view body = rest.substr(0, static_cast<std::size_t>(*size));
-    rest.remove_prefix(body.size());
-    const std::string_view summed = whole.substr(0, whole.size() - rest.size());
+    return RecordHead{static_cast<Record>(bytes.front()), bytes.size() - rest.size() + *body + kSumBytes};
+}
+
+std::optional<RecordReader::Found> RecordReader::next() {
+    const auto head = recordHead(bytes_);
+    if (!head || head->size > bytes_.size()) {
+        return std::nullopt;
+    }
+    const std::string_view summed = bytes_.substr(0, static_cast<std::size_t>(head->size) - kSumBytes);
     std::uint32_t sum = 0;
     for (unsigned at = 0; at < kSumBytes; ++at) {
-        sum |= static_cast<std::uint32_t>(static_cast<unsigned char>(rest[at])) << (8 * at);
+        sum |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes_[summed.size() + at])) << (8 * at);
     }
-    const bool trusted = inHaste_ && body.size() > kLarge;
-    if (!trusted && sum != sumOf(summed)) {
+    if (sum != sumOf(summed)) {
         return std::nullopt;
     }
-    bytes_ = rest.substr(kSumBytes);
-    return Found{static_cast<Record>(whole.front()), body};
+    bytes_.remove_prefix(summed.size() + kSumBytes);
+    std::string_view body = summed.substr(1);
+    takeNumber(body);
+    return Found{head->kind, body};
 }
 
 }  // namespace orvent::history

@@ -79,11 +79,25 @@ class RecordBody {
     std::string_view bytes_;
 };
 
+/// What a record's first bytes tell of it.
+struct RecordHead {
+    static constexpr std::size_t kMost = 11;  ///< bytes that it takes itself, at most
+
+    Record kind;
+    std::uint64_t size;  ///< bytes of the whole record
+};
+
+/// Reads the head of a record. Nothing where the bytes are too few, or are none.
+std::optional<RecordHead> recordHead(std::string_view bytes);
+
+/// What a file of states begins with. Throws `BadBytes` where that is another format.
+void writeFormat(std::string& out);
+void needFormat(RecordBody& body);
+
 /// Walks over the whole records of a text, any bytes. The first one that is not whole ends it.
 class RecordReader {
   public:
-    /// With `inHaste` the sums of the large records are not looked at.
-    explicit RecordReader(std::string_view bytes, bool inHaste = false) : bytes_(bytes), inHaste_(inHaste) {}
+    explicit RecordReader(std::string_view bytes) : bytes_(bytes) {}
 
     struct Found {
         Record kind;
@@ -93,7 +107,6 @@ class RecordReader {
 
   private:
     std::string_view bytes_;
-    bool inHaste_;
 };
 
 }  // namespace orvent::history

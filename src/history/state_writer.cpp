@@ -8,8 +8,6 @@ namespace orvent::history {
 
 namespace {
 
-constexpr std::uint64_t kFormat = 2;
-
 void writeNames(RecordWriter& record, const entities::NameTable& table) {
     record.number(table.size());
     for (std::size_t at = 0; at < table.size(); ++at) {
@@ -93,10 +91,10 @@ void StateWriter::writeTypes(std::string& out) {
 
 void StateWriter::begin(const canvas::DrawForm& form, const Remembered& remembered, const Told& told) {
     whole_ = {};
-    whole_.nodes.assign(remembered.nodes().begin(), remembered.nodes().end());
-    whole_.edges.assign(remembered.edges().begin(), remembered.edges().end());
+    whole_.nodes = remembered.nodes();
+    whole_.edges = remembered.edges();
     whole_.texts = remembered.texts().size();
-    RecordWriter(whole_.begin, Record::begin).text("orvent state").number(kFormat);
+    writeFormat(whole_.begin);
     texts_ = 0;
     types_ = ~std::uint64_t{0};
     scenario_ = scenarioRecord(form, source_, form.stored.broken);

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstring>
 #include <fstream>
+#include <memory>
 #include <utility>
 
 #include "platform/fault.h"
@@ -154,18 +155,26 @@ void StateFolder::append(const std::string& name, std::string_view text) {
 }
 
 std::string StateFolder::read(const std::string& name) const {
-    return readStart(name, static_cast<std::size_t>(size(name)));
+    return reader(name)(0, static_cast<std::size_t>(size(name)));
 }
 
-std::string StateFolder::readStart(const std::string& name, std::size_t most) const {
-    std::string text(most, '\0');
-    std::ifstream file(root_ / name, std::ios::binary);
-    file.read(text.data(), static_cast<std::streamsize>(most));
-    if (!file.is_open() || file.bad()) {
-        failOn(root_ / name);
+ReadAt StateFolder::reader(const std::string& name) const {
+    const fs::path path = root_ / name;
+    const auto file = std::make_shared<std::ifstream>(path, std::ios::binary);
+    if (!file->is_open()) {
+        failOn(path);
     }
-    text.resize(static_cast<std::size_t>(file.gcount()));
-    return text;
+    return [path, file](std::uint64_t from, std::size_t most) {
+        std::string text(most, '\0');
+        file->clear();
+        file->seekg(static_cast<std::streamoff>(from));
+        file->read(text.data(), static_cast<std::streamsize>(most));
+        if (file->bad()) {
+            failOn(path);
+        }
+        text.resize(static_cast<std::size_t>(file->gcount()));
+        return text;
+    };
 }
 
 std::uintmax_t StateFolder::size(const std::string& name) const {

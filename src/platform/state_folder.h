@@ -2,11 +2,15 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace orvent::platform {
+
+/// Gives the bytes of a file from one of them on: so many, or fewer where it ends.
+using ReadAt = std::function<std::string(std::uint64_t from, std::size_t most)>;
 
 /// The folder of a user's files that outlive a run of the program: what is not saved yet, and earlier states. The files
 /// are the user's own. Nothing here waits for the disk: what was written survives the program, not the machine.
@@ -39,8 +43,8 @@ class StateFolder {
     void append(const std::string& name, std::string_view text);
     /// Throws a `Fault` when it cannot be read.
     std::string read(const std::string& name) const;
-    /// The first bytes of a file, all of a shorter one. Throws a `Fault`.
-    std::string readStart(const std::string& name, std::size_t most) const;
+    /// Opens a file to read places of it. Throws a `Fault`, as the reading does.
+    ReadAt reader(const std::string& name) const;
     /// Bytes; 0 for a file that is not there.
     std::uintmax_t size(const std::string& name) const;
     void drop(const std::string& name) noexcept;

@@ -12,7 +12,6 @@ namespace orvent::shell {
 namespace {
 
 constexpr const char* kFolder = "earlier";
-constexpr std::size_t kSummary = 64U << 10U;  // bytes of a file in which its name, time and words stand
 
 /// The name of a folder: the same in each run for what stands for one scenario.
 std::string hexOf(std::string_view text) {
@@ -153,7 +152,8 @@ void EarlierStates::dropOldest(const std::string& folder) {
 
 std::optional<EarlierStates::Kept> EarlierStates::summaryOf(const std::string& file) const {
     try {
-        history::StateSummary summary = history::readSummary(services_.folder.readStart(file, kSummary));
+        history::StateSummary summary =
+            history::readSummary(services_.folder.reader(file), services_.folder.size(file));
         if (!summary.told.empty()) {
             return Kept{file, std::move(summary.name), std::move(summary.told.front())};
         }

@@ -32,7 +32,7 @@ RecoveryForm::RecoveryForm(platform::StateFolder& folder, const std::vector<std:
     for (const std::string& file : files) {
         Row row{file, file, {}, {}, false};
         try {
-            const history::StateSummary summary = history::readSummary(folder.read(file));
+            const history::StateSummary summary = history::readSummary(folder.reader(file), folder.size(file));
             row.name = summary.name;
             row.when = localTime(summary.told.empty() ? 0 : summary.told.back().time);
             row.changes = changesOf(summary.told);

@@ -312,4 +312,46 @@ TEST(RecoveryFolder, HoldsBackWhatIsBehindALargeStep) {
     stage.frame.close(form);
 }
 
+/// What is told of a file is what can be read of it, wherever it was cut off.
+TEST(RecoveryFile, TellsOfItselfWhatIsInIt) {
+    testkit::TestRepository repository;
+    testkit::TestFrame stage(repository);
+    ASSERT_TRUE(stage.frame.start());
+    stage.frame.run(Command::loadTestGraph);
+    canvas::DrawForm& form = stage.active();
+    for (int node = 0; node < 400; ++node) {
+        form.Labels.Add({0, 3000, 1500, 750}, "Comment" + std::to_string(node), canvas::NodeTypeComment);
+    }
+    const history::ScenarioHistory history(form);
+    entities::CatalogueTables tables;
+    history::StateWriter writer("source", tables);
+    writer.begin(form, history.remembered());
+    std::string file;
+    for (std::string part; !(part = writer.nextPart(history.remembered(), 10000)).empty();) {
+        file += part;
+    }
+    ASSERT_GT(file.size(), 20000U);  // more than is looked at in one go
+    file += writer.end(form, history.remembered(), {}, {{1, "First"}});
+    for (const char* words : {"Second", "Third"}) {
+        form.setScenarioName(words);
+        file += writer.step(form, history.remembered(), {}, {2, std::string(words) + std::string(9000, '.')});
+    }
+    for (std::size_t size = file.size(); size > 0; size = size > 30000 ? size - 499 : size / 2) {
+        std::string read, told;
+        try {
+            const history::KeptState state = history::readState(std::string_view(file).substr(0, size));
+            read = state.name + std::to_string(state.told.size()) + state.told.back().words;
+        } catch (const history::BadBytes&) {
+        }
+        try {
+            const history::StateSummary summary = history::readSummary(
+                [&](std::uint64_t from, std::size_t most) { return file.substr(from, std::min(most, size - from)); },
+                size);
+            told = summary.name + std::to_string(summary.told.size()) + summary.told.back().words;
+        } catch (const history::BadBytes&) {
+        }
+        ASSERT_EQ(told, read) << size;
+    }
+}
+
 }  // namespace
