@@ -7,6 +7,7 @@
 
 #include "platform/text.h"
 #include "repository/catalogue.h"
+#include "rules/parser.h"
 #include "statements/ldl_guide.h"
 #include "statements/statement_fit.h"
 #include "testkit/embedded_repository.h"
@@ -101,6 +102,8 @@ class StarterActivitiesTest : public testkit::CanvasTest {
         ports.messages.expect("Activity Created", "", platform::Icon::information);
         LDLForm(ports.messages, catalogue.tables, wizardServices, window).LDLCreate(form, activity);
         EXPECT_EQ(misfitLine(activity), "") << activity.Act_LDL;
+        const rules::Parsed parsed = rules::parse(activity.Act_LDL);
+        EXPECT_FALSE(parsed.fault) << parsed.fault->words << parsed.fault->place.offset;
         return activity.Act_LDL;
     }
 

@@ -1,0 +1,65 @@
+#include "rules/words.h"
+
+#include <algorithm>
+
+namespace orvent::rules {
+
+void Words::add(std::string_view spelling, const Word& word) {
+    if (spelling.empty()) {
+        return;
+    }
+    Table& table = tables_[word.kind == WordKind::name ? 0 : 1];
+    const auto [entry, isNew] = table.words.try_emplace(std::string(spelling), word);
+    if (!isNew) {
+        const Word& known = entry->second;
+        entry->second.ambiguous |= known.kind != word.kind || known.text != word.text || known.tag != word.tag;
+        return;
+    }
+    if (!std::all_of(spelling.begin(), spelling.end(), isNameLetter)) {
+        const auto place =
+            std::lower_bound(table.oddLengths.begin(), table.oddLengths.end(), spelling.size(), std::greater());
+        if (place == table.oddLengths.end() || *place != spelling.size()) {
+            table.oddLengths.insert(place, spelling.size());
+        }
+    }
+}
+
+const Word* Words::Table::find(std::string_view spelling) const {
+    const auto found = words.find(spelling);
+    return found == words.end() ? nullptr : &found->second;
+}
+
+std::optional<Words::Found> Words::at(std::size_t which, std::string_view text, std::size_t offset) const {
+    const Table& table = tables_[which];
+    std::size_t end = offset;
+    while (end < text.size() && isNameLetter(text[end])) {
+        ++end;
+    }
+    const std::size_t plain = end - offset;
+    std::optional<Found> best;
+    for (const std::size_t length : table.oddLengths) {
+        if (length <= plain || length > text.size() - offset) {
+            continue;  // a word with an odd letter goes beyond the plain ones
+        }
+        const bool ends = offset + length == text.size() || !isNameLetter(text[offset + length]) ||
+                          !isNameLetter(text[offset + length - 1]);
+        if (const Word* word = ends ? table.find(text.substr(offset, length)) : nullptr) {
+            best = Found{word, length};
+            break;
+        }
+    }
+    if (!best && plain > 0) {
+        if (const Word* word = table.find(text.substr(offset, plain))) {
+            best = Found{word, plain};
+        }
+    }
+    if (beyond_) {
+        const std::optional<Found> other = beyond_->at(which, text, offset);
+        if (other && (!best || other->length > best->length)) {
+            return other;
+        }
+    }
+    return best;
+}
+
+}  // namespace orvent::rules
