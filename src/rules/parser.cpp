@@ -289,7 +289,8 @@ class Parser {
         skip();
         Term result;
         result.place = here();
-        if (const auto found = words_.valueAt(text_, at_)) {
+        const auto found = words_.valueAt(text_, at_);
+        if (found && !(look(found->length) == '.' && isDigit(look(found->length + 1)))) {
             const Word& word = takeWord(*found);
             result.kind = word.kind == WordKind::constant ? TermKind::constant : TermKind::variable;
             result.text = word.text;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace orvent::rules {
 
 void Words::add(std::string_view spelling, const Word& word) {
@@ -27,6 +29,20 @@ void Words::add(std::string_view spelling, const Word& word) {
 const Word* Words::Table::find(std::string_view spelling) const {
     const auto found = words.find(spelling);
     return found == words.end() ? nullptr : &found->second;
+}
+
+std::optional<Words::Found> Words::nameAt(std::string_view text, std::size_t offset) const {
+    std::optional<Found> found = at(0, text, offset);
+    if (!found && ask_) {
+        const std::size_t end = text.find_first_of("(),=<>!'\"`\r\n", offset);
+        if (end != std::string_view::npos && text[end] == '(') {
+            const std::string_view name = platform::trimmed(text.substr(offset, end - offset));
+            if (const Word* word = ask_(name)) {
+                found = Found{word, name.size()};
+            }
+        }
+    }
+    return found;
 }
 
 std::optional<Words::Found> Words::at(std::size_t which, std::string_view text, std::size_t offset) const {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "rules/syntax.h"
@@ -36,12 +37,17 @@ class Words {
     /// An empty spelling is none. A second meaning makes the word ambiguous.
     void add(std::string_view spelling, const Word& word);
 
+    /// Gives the word that a text before "(" is, or nothing; the word outlives these words.
+    using Ask = std::function<const Word*(std::string_view)>;
+    /// Whom to ask where no name is known.
+    void setAsk(Ask ask) { ask_ = std::move(ask); }
+
     struct Found {
         const Word* word;
         std::size_t length;  ///< of the spelling, in bytes
     };
     /// The longest name, or value, at that offset that ends where a word may end.
-    std::optional<Found> nameAt(std::string_view text, std::size_t offset) const { return at(0, text, offset); }
+    std::optional<Found> nameAt(std::string_view text, std::size_t offset) const;
     std::optional<Found> valueAt(std::string_view text, std::size_t offset) const { return at(1, text, offset); }
 
     /// Whether some values are made of more than the letters of a name.
@@ -61,6 +67,7 @@ class Words {
     std::optional<Found> at(std::size_t table, std::string_view text, std::size_t offset) const;
 
     const Words* beyond_;
+    Ask ask_;
     std::array<Table, 2> tables_;  ///< names, and values: a name and a value may have one spelling
 };
 

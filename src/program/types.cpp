@@ -1,0 +1,66 @@
+#include "program/types.h"
+
+#include <array>
+
+#include "entities/key_grammar.h"
+#include "links/far_end.h"
+#include "platform/text.h"
+
+namespace orvent::program {
+
+namespace {
+
+constexpr int kFarthest = 100;  ///< a type is looked for along so many links; they may run in a circle
+
+struct TypeHead {
+    std::string_view head;
+    Family family;
+};
+constexpr std::array<TypeHead, 21> kTypeHeads = {{
+    {"NUMBER", Family::number},   {"NUMERIC", Family::number},  {"INT", Family::number},
+    {"FLOAT", Family::number},    {"BINARY_F", Family::number}, {"BINARY_D", Family::number},
+    {"DEC", Family::number},      {"DOUBLE", Family::number},   {"REAL", Family::number},
+    {"SMALLINT", Family::number}, {"BIGINT", Family::number},   {"MEDIUMINT", Family::number},
+    {"TINYINT", Family::number},  {"VARCHAR", Family::text},    {"NVARCHAR", Family::text},
+    {"CHAR", Family::text},       {"NCHAR", Family::text},      {"TEXT", Family::text},
+    {"CLOB", Family::text},       {"DATE", Family::date},       {"TIMESTAMP", Family::date},
+}};
+
+}  // namespace
+
+Family familyOf(std::string_view typeName) {
+    const std::string name = platform::upperCase(typeName);
+    for (const TypeHead& row : kTypeHeads) {
+        if (name.starts_with(row.head)) {
+            return row.family;
+        }
+    }
+    return Family::unknown;
+}
+
+Types::Types(const canvas::Canvas& form, const entities::CatalogueTables& catalogue) : form_(form) {
+    for (std::size_t type = 0; type < catalogue.dataTypes.size(); ++type) {
+        families_.push_back(familyOf(catalogue.dataTypes.name(static_cast<std::int16_t>(type))));
+    }
+    bySource_ = catalogue.dataTypes.indexOf(entities::kDefinedBySource).value_or(-1);
+}
+
+std::int16_t Types::typeOf(const entities::AttributeProperties& attribute) const {
+    const entities::AttributeProperties* at = &attribute;
+    for (int hops = 0; at->Attribute_Type == bySource_; ++hops) {
+        const entities::ProviderLinks* links = at->ProvidedFrom.peek();
+        const entities::ProviderProperties* link = links ? links->Item(1) : nullptr;
+        if (!link || hops > kFarthest) {
+            return -1;
+        }
+        at = links::findFarEnd(form_, links::Direction::ProvidedFrom, links::NearEnd(*at),
+                               {link->name(), link->type(), link->key()}, nullptr)
+                 .attribute;
+        if (!at) {
+            return -1;
+        }
+    }
+    return at->Attribute_Type;
+}
+
+}  // namespace orvent::program

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "canvas/canvas.h"
+#include "entities/name_tables.h"
+
+namespace orvent::program {
+
+/// How values of a data type are compared.
+enum class Family : std::uint8_t { unknown, text, number, date };
+
+/// The family of a data type by its name.
+Family familyOf(std::string_view typeName);
+
+/// The data types of a catalogue, and the types that columns have by their sources.
+class Types {
+  public:
+    Types(const canvas::Canvas& form, const entities::CatalogueTables& catalogue);
+
+    Family family(std::int16_t type) const {
+        return type < 0 || static_cast<std::size_t>(type) >= families_.size()
+                   ? Family::unknown
+                   : families_[static_cast<std::size_t>(type)];
+    }
+    /// The type of an attribute; where its source defines it, that of whatever provides it. -1 when nothing tells.
+    std::int16_t typeOf(const entities::AttributeProperties& attribute) const;
+
+  private:
+    const canvas::Canvas& form_;
+    std::vector<Family> families_;
+    int bySource_;
+};
+
+}  // namespace orvent::program
