@@ -58,7 +58,7 @@ class Builder {
 
     void addGroup(int group) {
         const int former = firstOfGroup_;
-        firstOfGroup_ = form_.LabelsNo + 1;
+        firstOfGroup_ = static_cast<int>(form_.LabelsNo) + 1;
         for (const Node& node : kGroup) {
             addNode(node, group);
         }
@@ -72,7 +72,7 @@ class Builder {
 
   private:
     canvas::LabelsD& label(int first, std::size_t place) {
-        return *form_.Labels.byIndex(first + static_cast<int>(place));
+        return *form_.Labels.byIndex(canvas::NodeNumber{first + static_cast<int>(place)});
     }
 
     void addNode(const Node& node, int group) {

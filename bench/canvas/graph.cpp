@@ -27,8 +27,8 @@ class Drawer {
         }
     }
 
-    std::int32_t drawStar() {
-        const std::int32_t star = numberAt(kStarColumn, kStarRow);
+    canvas::NodeNumber drawStar() {
+        const canvas::NodeNumber star = numberAt(kStarColumn, kStarRow);
         for (int y = kStarRow - kStarReach; y <= kStarRow + kStarReach; ++y) {
             for (int x = kStarColumn - kStarReach; x <= kStarColumn + kStarReach; ++x) {
                 if (form_.Lines.Count() < kStarEdges) {
@@ -39,10 +39,10 @@ class Drawer {
         return star;
     }
 
-    std::int32_t drawHub() {
-        const std::int32_t hub = numberAt(columns_ / 2, columns_ / 2);
+    canvas::NodeNumber drawHub() {
+        const canvas::NodeNumber hub = numberAt(columns_ / 2, columns_ / 2);
         for (int i = 0; i < kHubEdges; ++i) {
-            connect(hub, i * (nodes_ / kHubEdges) + 1);
+            connect(hub, canvas::NodeNumber{i * (nodes_ / kHubEdges) + 1});
         }
         return hub;
     }
@@ -54,7 +54,7 @@ class Drawer {
             const int column = i % columns_;
             const int row = i / columns_;
             connect(numberAt(column, row), numberAt(column + 1, row));
-            connect(numberAt(column, row), (column + row) % 2 ? numberAt(column + 1, row + 1) : 0);
+            connect(numberAt(column, row), (column + row) % 2 ? numberAt(column + 1, row + 1) : canvas::NodeNumber{});
         }
         for (int i = nodes_ - 1; i >= 0 && form_.Lines.Count() < most; --i) {
             connect(numberAt(i % columns_, i / columns_), numberAt(i % columns_ + 2, i / columns_ - 1));
@@ -63,13 +63,13 @@ class Drawer {
 
   private:
     /// The number of the node there, or 0.
-    std::int32_t numberAt(int column, int row) const {
+    canvas::NodeNumber numberAt(int column, int row) const {
         const int place = row * columns_ + column;
-        return column >= 0 && column < columns_ && row >= 0 && place < nodes_ ? place + 1 : 0;
+        return canvas::NodeNumber{column >= 0 && column < columns_ && row >= 0 && place < nodes_ ? place + 1 : 0};
     }
 
-    void connect(std::int32_t from, std::int32_t to) {
-        if (from == 0 || to == 0 || from == to) {
+    void connect(canvas::NodeNumber from, canvas::NodeNumber to) {
+        if (!canvas::isGiven(from) || !canvas::isGiven(to) || from == to) {
             return;
         }
         const bool fromActivity = form_.Labels.byIndex(from)->NodeType() == canvas::NodeTypeActivity;
@@ -89,7 +89,7 @@ Graph drawGraph(const canvas::CanvasServices& services, int nodes, bool withHub)
     Drawer drawer(*form, nodes);
     drawer.drawNodes();
     graph.star = drawer.drawStar();
-    graph.hub = withHub ? drawer.drawHub() : 0;
+    graph.hub = withHub ? drawer.drawHub() : canvas::NodeNumber{};
     drawer.drawRest();
     graph.form = std::move(form);
     return graph;

@@ -10,8 +10,8 @@ namespace orvent::bench {
 /// A drawn graph, and the nodes that the measurements look at.
 struct Graph {
     std::unique_ptr<canvas::CanvasForm> form;
-    std::int32_t star = 0;  ///< a node with 20 edges to those around it, near the upper left corner
-    std::int32_t hub = 0;   ///< a node in the middle with 2,000 edges to nodes all over the graph; 0 for none
+    canvas::NodeNumber star{};  ///< a node with 20 edges to those around it, near the upper left corner
+    canvas::NodeNumber hub{};   ///< a node in the middle with 2,000 edges to nodes all over the graph; 0 for none
 };
 
 /// Draws `nodes` nodes, 133 by 67 pixels apart in a square, and 1.5 times as many edges. All edges but those of the hub

@@ -92,7 +92,7 @@ double repaintAll(Subject& subject) {
     });
 }
 
-double pan(Subject& subject, std::int32_t number) {
+double pan(Subject& subject, canvas::NodeNumber number) {
     subject.showNode(number);
     settle();
     QScrollBar* across = subject.area().horizontalScrollBar();
@@ -111,7 +111,7 @@ double pan(Subject& subject, std::int32_t number) {
     return paintings.time(time, step);
 }
 
-double dragStep(Subject& subject, std::int32_t number) {
+double dragStep(Subject& subject, canvas::NodeNumber number) {
     subject.showNode(number);
     settle();
     const QPoint start = subject.pixelOf(number);
@@ -130,7 +130,7 @@ double dragStep(Subject& subject, std::int32_t number) {
     return painted;
 }
 
-double drop(Subject& subject, std::int32_t number, int runs) {
+double drop(Subject& subject, canvas::NodeNumber number, int runs) {
     subject.showNode(number);
     settle();
     QPoint at = subject.pixelOf(number);
@@ -189,14 +189,15 @@ double cropStep(Ours& ours, const Graph& graph) {
     return painted;
 }
 
-GroupDrag groupDrag(Ours& ours, std::int32_t number) {
+GroupDrag groupDrag(Ours& ours, canvas::NodeNumber number) {
     constexpr int kGroup = 1000;
     canvas::CanvasForm& form = ours.form();
     ours.useTool("Arrow");
     ours.showNode(number);
     form.ClearCrop();
     GroupDrag figures{0, 0, 0};
-    for (std::int32_t index = number - kGroup / 2; index < number + kGroup / 2; ++index) {
+    for (int offset = -kGroup / 2; offset < kGroup / 2; ++offset) {
+        const canvas::NodeNumber index{static_cast<int>(number) + offset};
         if (const canvas::LabelsD* node = form.Labels.byIndex(index)) {
             form.SelectedLabels.Add(index);
             figures.edges += node->StartingLines().Count() + node->EndingLines().Count();
@@ -223,7 +224,7 @@ GroupDrag groupDrag(Ours& ours, std::int32_t number) {
     return figures;
 }
 
-double lightStep(Ours& ours, std::int32_t number, bool wholePicture) {
+double lightStep(Ours& ours, canvas::NodeNumber number, bool wholePicture) {
     wholePicture ? ours.showAll() : ours.showNode(number);
     settle();
     canvas::CanvasForm& form = ours.form();
@@ -241,7 +242,7 @@ double lightStep(Ours& ours, std::int32_t number, bool wholePicture) {
     return lit ? time : std::numeric_limits<double>::infinity();
 }
 
-double zoomStep(Subject& subject, std::int32_t number, int runs) {
+double zoomStep(Subject& subject, canvas::NodeNumber number, int runs) {
     constexpr double kStep = 1.25;
     subject.showAll();
     settle();

@@ -20,9 +20,9 @@ double heapBytes();
 double openToPicture(const std::function<std::unique_ptr<Subject>()>& make);
 double repaintAll(Subject& subject);
 /// One notch of the wheel.
-double pan(Subject& subject, std::int32_t number);
-double dragStep(Subject& subject, std::int32_t number);
-double drop(Subject& subject, std::int32_t number, int runs);
+double pan(Subject& subject, canvas::NodeNumber number);
+double dragStep(Subject& subject, canvas::NodeNumber number);
+double drop(Subject& subject, canvas::NodeNumber number, int runs);
 /// One test, anywhere in what is seen now.
 double hitTest(Subject& subject);
 double selectAll(Subject& subject);
@@ -34,11 +34,11 @@ struct GroupDrag {
     double drop;
     int edges;  ///< that follow
 };
-GroupDrag groupDrag(Ours& ours, std::int32_t number);
+GroupDrag groupDrag(Ours& ours, canvas::NodeNumber number);
 /// The path of that node is worked out and lit, and the rest is dimmed.
-double lightStep(Ours& ours, std::int32_t number, bool wholePicture);
+double lightStep(Ours& ours, canvas::NodeNumber number, bool wholePicture);
 /// One step nearer at that node, at the slowest of the scales between the whole picture and 1:1.
-double zoomStep(Subject& subject, std::int32_t number, int runs);
+double zoomStep(Subject& subject, canvas::NodeNumber number, int runs);
 /// Scroll bars cost more to paint than all else of a step, and the same on every view.
 void hideBars(Subject& subject);
 

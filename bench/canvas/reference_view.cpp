@@ -86,7 +86,7 @@ ReferenceView::ReferenceView(const canvas::Canvas& form, QWidget* parent) : QGra
     setRenderHint(QPainter::Antialiasing);
     setViewportUpdateMode(MinimalViewportUpdate);
     scene_.setItemIndexMethod(QGraphicsScene::BspTreeIndex);
-    std::unordered_map<std::int32_t, BoxItem*> made;
+    std::unordered_map<canvas::NodeNumber, BoxItem*> made;
     for (const canvas::LabelsD& node : form.Labels) {
         BoxItem* box = new BoxItem(node);
         scene_.addItem(box);

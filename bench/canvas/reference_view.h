@@ -13,12 +13,12 @@ class ReferenceView : public QGraphicsView {
     ReferenceView(const canvas::Canvas& form, QWidget* parent);
 
     /// The item of the node with that number.
-    QGraphicsItem* box(std::int32_t number) const { return boxes_.at(number); }
+    QGraphicsItem* box(canvas::NodeNumber number) const { return boxes_.at(number); }
     void selectAll();
 
   private:
     QGraphicsScene scene_;
-    std::unordered_map<std::int32_t, QGraphicsItem*> boxes_;
+    std::unordered_map<canvas::NodeNumber, QGraphicsItem*> boxes_;
 };
 
 }  // namespace orvent::bench

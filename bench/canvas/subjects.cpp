@@ -5,28 +5,28 @@
 
 namespace orvent::bench {
 
-void Reference::showNode(std::int32_t number) {
+void Reference::showNode(canvas::NodeNumber number) {
     view_.resetTransform();
     view_.centerOn(view_.box(number));
 }
 
-void Reference::zoomTo(double scale, std::int32_t number) {
+void Reference::zoomTo(double scale, canvas::NodeNumber number) {
     view_.setTransform(QTransform::fromScale(scale, scale));
     view_.centerOn(view_.box(number));
 }
 
-QPoint Reference::pixelOf(std::int32_t number) {
+QPoint Reference::pixelOf(canvas::NodeNumber number) {
     return view_.mapFromScene(view_.box(number)->sceneBoundingRect().center());
 }
 
-void Ours::showNode(std::int32_t number) {
+void Ours::showNode(canvas::NodeNumber number) {
     view_.setScale(1);
     const QPoint by = pixelOf(number) - view_.viewport()->rect().center();
     view_.horizontalScrollBar()->setValue(view_.horizontalScrollBar()->value() + by.x());
     view_.verticalScrollBar()->setValue(view_.verticalScrollBar()->value() + by.y());
 }
 
-QPoint Ours::pixelOf(std::int32_t number) {
+QPoint Ours::pixelOf(canvas::NodeNumber number) {
     return view_.transform().toPixels(qt::boxOf(*form_.Labels.byIndex(number))).center().toPoint();
 }
 

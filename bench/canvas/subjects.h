@@ -20,13 +20,13 @@ class Subject {
     virtual QAbstractScrollArea& area() = 0;
     virtual void showAll() = 0;
     /// At 1:1, with that node in the middle.
-    virtual void showNode(std::int32_t number) = 0;
+    virtual void showNode(canvas::NodeNumber number) = 0;
     /// Pixels of the screen for 15 twips of the picture.
     virtual double scale() const = 0;
     /// Changes the scale around that node.
-    virtual void zoomTo(double scale, std::int32_t number) = 0;
+    virtual void zoomTo(double scale, canvas::NodeNumber number) = 0;
     /// The middle of the node, in pixels of the viewport.
-    virtual QPoint pixelOf(std::int32_t number) = 0;
+    virtual QPoint pixelOf(canvas::NodeNumber number) = 0;
     virtual bool hits(QPoint pixel) = 0;
     virtual void selectAll() = 0;
 };
@@ -37,10 +37,10 @@ class Reference : public Subject {
 
     QAbstractScrollArea& area() override { return view_; }
     void showAll() override { view_.fitInView(view_.sceneRect(), Qt::KeepAspectRatio); }
-    void showNode(std::int32_t number) override;
+    void showNode(canvas::NodeNumber number) override;
     double scale() const override { return view_.transform().m11(); }
-    void zoomTo(double scale, std::int32_t number) override;
-    QPoint pixelOf(std::int32_t number) override;
+    void zoomTo(double scale, canvas::NodeNumber number) override;
+    QPoint pixelOf(canvas::NodeNumber number) override;
     bool hits(QPoint pixel) override { return view_.itemAt(pixel) != nullptr; }
     void selectAll() override { view_.selectAll(); }
 
@@ -75,10 +75,10 @@ class Ours : public Subject {
 
     QAbstractScrollArea& area() override { return view_; }
     void showAll() override { view_.fit(); }
-    void showNode(std::int32_t number) override;
+    void showNode(canvas::NodeNumber number) override;
     double scale() const override { return view_.scale(); }
-    void zoomTo(double scale, std::int32_t number) override { view_.setScale(scale, pixelOf(number)); }
-    QPoint pixelOf(std::int32_t number) override;
+    void zoomTo(double scale, canvas::NodeNumber number) override { view_.setScale(scale, pixelOf(number)); }
+    QPoint pixelOf(canvas::NodeNumber number) override;
     bool hits(QPoint pixel) override;
     void selectAll() override;
 

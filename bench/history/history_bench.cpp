@@ -62,7 +62,7 @@ struct Subject {
         buildScenario(form, kNodes);
         synchronizeScenario(form);
     }
-    std::int32_t node(int place) const { return form.Labels.at(1 + place * 97 % kNodes)->Index(); }
+    canvas::NodeNumber node(int place) const { return form.Labels.at(1 + place * 97 % kNodes)->Index(); }
 
     Silence messages;
     canvas::CanvasSettings settings;

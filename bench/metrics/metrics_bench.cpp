@@ -87,7 +87,7 @@ void runScenario(const Scenario& scenario, std::int16_t depth, MetricsViews& vie
         analysis::MetricsFunctions(views, depth, progress).ScenarioMetrics(scenario.form);
     } catch (const platform::Fault&) {
     }
-    if (static_cast<int>(views.InpMetrView.size()) != scenario.form.LabelsNo) {
+    if (views.InpMetrView.size() != static_cast<std::size_t>(scenario.form.LabelsNo)) {
         std::fprintf(stderr, "not every node has a row\n");
         std::exit(1);
     }
@@ -160,8 +160,8 @@ void hub() {
             }
         });
         std::printf("activity of %zu members among %d nodes, depth %5d: %8.1f ms, %lld links met\n",
-                    views.InpMetrView.size() + views.OutMetrView.size(), scenario.form.LabelsNo, depth, seconds * 1e3,
-                    static_cast<long long>(reached(views)));
+                    views.InpMetrView.size() + views.OutMetrView.size(), static_cast<int>(scenario.form.LabelsNo),
+                    depth, seconds * 1e3, static_cast<long long>(reached(views)));
     }
 }
 

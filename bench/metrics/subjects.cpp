@@ -62,7 +62,8 @@ void buildNodes(canvas::DrawForm& form, const Edges& edges) {
         form.Labels.Add({0, 0, 1050, 450}, name, canvas::NodeTypeRecordSet, name);
     }
     for (const auto& [from, to] : edges.list) {
-        form.Lines.addFullLine(from + 1, 3, to + 1, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
+        form.Lines.addFullLine(canvas::NodeNumber{from + 1}, 3, canvas::NodeNumber{to + 1}, 1, canvas::EdgeTypeProvider,
+                               canvas::AngleStraight, 0);
     }
 }
 

@@ -93,7 +93,7 @@ struct Shown {
 /// The same nodes and edges by plain calls, and the mirrors of their links.
 void addPlainly(canvas::DrawForm& form, const canvas::DrawForm& source) {
     const canvas::ManyChanges together(form);
-    std::unordered_map<std::int32_t, std::int32_t> numbers;
+    std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> numbers;
     for (const canvas::LabelsD& node : source.Labels) {
         canvas::LabelsD& added = form.Labels.Add(node.box(), "P_" + node.Caption(), node.NodeType());
         if (node.activity()) {
@@ -136,7 +136,7 @@ Times measurePasting(QWidget& window) {
         }
         for (const bool whole : {false, true}) {
             Shown into(program, kThere, window);
-            whole ? into.view->showAll() : into.view->showNode(1);
+            whole ? into.view->showAll() : into.view->showNode(canvas::NodeNumber{1});
             settle();
             paste.push_back(milliseconds([&] { clipboard.paste(*into.design, canvas::Point{2000, 2000}); }));
             if (into.design->Labels.Count() != kThere + kCopied) {

@@ -91,7 +91,7 @@ void run() {
             node.activity()->Act_Outputs->Item(1)->Attribute_Type = 1;
         }
         retyped.push_back(milliseconds(settle));
-        const std::int32_t other = form.Labels.at(1 + at * 89 % kNodes)->Index();
+        const canvas::NodeNumber other = form.Labels.at(1 + at * 89 % kNodes)->Index();
         if (other != node.Index()) {
             form.Lines.addFullLine(node.Index(), 3, other, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
         }

@@ -44,7 +44,7 @@ struct Stage {
     entities::CatalogueTables catalogue;
     NoProgress progress;
     canvas::DrawForm design;
-    std::int32_t central = 0;
+    canvas::NodeNumber central{};
     std::unique_ptr<zoom::ZoomForm> form;
 };
 

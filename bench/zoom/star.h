@@ -12,7 +12,7 @@ namespace orvent::bench {
 /// Adds the activity STAR with 25 record sets that feed it and 25 that it writes: a sixth of `subNodes` are its own
 /// members (inputs, outputs and parameters M1, M2, ...), the others attributes of its neighbours. All are linked as the
 /// flow asks for. Gives the `Index` of STAR.
-inline std::int32_t buildStar(canvas::DrawForm& form, int subNodes) {
+inline canvas::NodeNumber buildStar(canvas::DrawForm& form, int subNodes) {
     using namespace entities;
     constexpr int kNeighbours = 25;  // on either side
     const int members = subNodes / 6 / 5 * 2, parameters = subNodes / 6 - 2 * members;

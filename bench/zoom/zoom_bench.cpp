@@ -45,7 +45,7 @@ void print(const char* name, double ratio, double aim, double reference, double 
 /// The same nodes and edges as the view has, by plain calls.
 void drawPlainly(Stage& stage) {
     canvas::Canvas plain({stage.messages, stage.settings});
-    std::vector<std::int32_t> made(static_cast<std::size_t>(stage.form->LabelsNo) + 1);
+    std::vector<canvas::NodeNumber> made(static_cast<std::size_t>(stage.form->LabelsNo) + 1);
     for (const canvas::LabelsD& node : stage.form->Labels) {
         made[static_cast<std::size_t>(node.Index())] =
             plain.Labels.Add(node.box(), node.Caption(), node.NodeType(), node.KeyName()).Index();
@@ -113,13 +113,14 @@ Times measure(int subNodes, int around, int stages = 1) {
             timed([](Stage& stage) { zoom::pathThrough(*stage.form, stage.form->NamesColl.Item("STAR.IN.M1")); }));
         relate.push_back(timed([](Stage& stage) {
                              zoom::ZoomForm& form = *stage.form;
-                             const std::int32_t input = form.NamesColl.Item("STAR.IN.M1"),
-                                                parameter = form.NamesColl.Item("STAR.PARAM.M1");
+                             const canvas::NodeNumber input = form.NamesColl.Item("STAR.IN.M1"),
+                                                      parameter = form.NamesColl.Item("STAR.PARAM.M1");
                              for (int time = 0; time < kTimes; ++time) {
-                                 std::int32_t edge = form.Lines
-                                                         .addFullLine(input, 3, parameter, 1, canvas::EdgeTypeRegulator,
-                                                                      canvas::AngleStraight, 0)
-                                                         ->Index();
+                                 canvas::EdgeNumber edge =
+                                     form.Lines
+                                         .addFullLine(input, 3, parameter, 1, canvas::EdgeTypeRegulator,
+                                                      canvas::AngleStraight, 0)
+                                         ->Index();
                                  zoom::CreateRelationship(form, edge);
                                  zoom::RemoveRelationship(form, edge);
                                  form.Lines.RemoveFull(edge);
@@ -139,7 +140,7 @@ struct Linked {
         buildScenario(design, nodes);
         int group = -1;
         for (canvas::LabelsD& node : design.Labels) {
-            group += node.Index() % 10 == 1 ? 1 : 0;
+            group += static_cast<int>(node.Index()) % 10 == 1 ? 1 : 0;
             const std::string owner = node.KeyName();
             if (ActivityProperties* activity = node.activity();
                 activity && (group % 5 == 0 || owner.find("_JOIN") == std::string::npos)) {
@@ -159,7 +160,8 @@ struct Linked {
     /// Removes and adds the same edges.
     void drawPlainly() {
         struct Edge {
-            std::int32_t number, from, to;
+            canvas::EdgeNumber number;
+            canvas::NodeNumber from, to;
             std::int16_t fromGrab, toGrab;
         };
         std::vector<Edge> edges;

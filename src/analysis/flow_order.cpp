@@ -12,7 +12,7 @@ namespace orvent::analysis {
 void FlowOrder::readGraph(const canvas::DrawForm& Window) {
     vertices_.clear();
     feeders_.clear();
-    std::unordered_map<std::int32_t, std::size_t> places;
+    std::unordered_map<canvas::NodeNumber, std::size_t> places;
     places.reserve(static_cast<std::size_t>(Window.Labels.Count()));
     for (const canvas::LabelsD& node : Window.Labels) {
         places.emplace(node.Index(), places.size());
@@ -21,7 +21,7 @@ void FlowOrder::readGraph(const canvas::DrawForm& Window) {
         const bool starts = node.EndingLines().Count() >= 2 || node.StartingLines().Count() == 0;
         vertices_.push_back(
             {node.Index(), feeders_.size(), static_cast<std::size_t>(node.EndingLines().Count()), starts});
-        for (const std::int32_t line : node.EndingLines()) {
+        for (const canvas::EdgeNumber line : node.EndingLines()) {
             const canvas::LinesD* edge = Window.Lines.byIndex(line);
             const auto from = edge ? places.find(edge->FromLabel()) : places.end();
             if (from == places.end()) {
@@ -64,8 +64,8 @@ NodesColl FlowOrder::closuresOfGraph() {
     for (std::size_t at = 0; at < vertices_.size(); ++at) {
         steps.next();
         if (vertices_[at].starts) {
-            const std::int32_t index = vertices_[at].index;
-            closures.AddByClosure(index, WalkClosure(at), 0, std::to_string(index));
+            const canvas::NodeNumber index = vertices_[at].index;
+            closures.AddByClosure(index, WalkClosure(at), 0, canvas::textOf(index));
         }
     }
     return closures;
@@ -78,7 +78,7 @@ NodesColl FlowOrder::ComputeClosures(const canvas::DrawForm& Window) {
 
 void FlowOrder::addToFlow(const Vertex& vertex, std::int32_t transClosure) {
     ++flowCounter_;
-    flow_.AddByFlowID(vertex.index, transClosure, flowCounter_, std::to_string(vertex.index));
+    flow_.AddByFlowID(vertex.index, transClosure, flowCounter_, canvas::textOf(vertex.index));
 }
 
 // Goes up the first edges and lists the nodes on the way back, so that what lies upstream gets the lower number.
@@ -101,7 +101,7 @@ NodesColl FlowOrder::ComputeFlowIDs(const canvas::DrawForm& Window) {
     const NodesColl closures = ComputeClosures(Window);
     flow_ = NodesColl();
     flowCounter_ = 0;
-    std::unordered_map<std::int32_t, std::size_t> startingPlaces;
+    std::unordered_map<canvas::NodeNumber, std::size_t> startingPlaces;
     for (std::size_t at = 0; at < vertices_.size(); ++at) {
         if (vertices_[at].starts) {
             vertices_[at].listed = true;

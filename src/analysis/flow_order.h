@@ -25,7 +25,7 @@ class FlowOrder {
   private:
     /// A node as the walks need it.
     struct Vertex {
-        std::int32_t index;          ///< the node's `Index`
+        canvas::NodeNumber index;    ///< the node's `Index`
         std::size_t firstFeeder;     ///< its feeders stand in `feeders_`, from here
         std::size_t feederCount;     ///< one for each edge that ends at it, in order
         bool starts;                 ///< a starting node

@@ -13,7 +13,7 @@ class CircleSearch {
   public:
     explicit CircleSearch(std::span<const NodeLook> looks) : looks_(looks), order_(looks.size()), low_(looks.size()) {}
 
-    std::vector<std::int32_t> search() {
+    std::vector<canvas::NodeNumber> search() {
         for (std::size_t node = 1; node < looks_.size(); ++node) {
             if (order_[node] == 0 && looks_[node].inFlow) {
                 walkFrom(node);
@@ -40,7 +40,7 @@ class CircleSearch {
     void walkFrom(std::size_t start) {
         for (enter(start); !path_.empty();) {
             const std::size_t node = path_.back().node;
-            const std::vector<std::int32_t>& feeders = looks_[node].activityFeeders;
+            const std::vector<canvas::NodeNumber>& feeders = looks_[node].activityFeeders;
             if (path_.back().next == feeders.size()) {
                 leave(node);
                 continue;
@@ -67,10 +67,11 @@ class CircleSearch {
             return;
         }
         const auto first = std::find(open_.rbegin(), open_.rend(), node).base() - 1;
-        const bool feedsItself = std::binary_search(
-            looks_[node].activityFeeders.begin(), looks_[node].activityFeeders.end(), static_cast<std::int32_t>(node));
+        const bool feedsItself =
+            std::binary_search(looks_[node].activityFeeders.begin(), looks_[node].activityFeeders.end(),
+                               static_cast<canvas::NodeNumber>(node));
         if (open_.end() - first > 1 || feedsItself) {
-            circles_.push_back(static_cast<std::int32_t>(*std::min_element(first, open_.end())));
+            circles_.push_back(static_cast<canvas::NodeNumber>(*std::min_element(first, open_.end())));
         }
         for (auto at = first; at != open_.end(); ++at) {
             order_[*at] = kDone;  // no way back to it is a circle
@@ -82,40 +83,40 @@ class CircleSearch {
     std::vector<std::int32_t> order_, low_;  ///< by node; 0 until it was met
     std::vector<Step> path_;
     std::vector<std::size_t> open_;
-    std::vector<std::int32_t> circles_;
+    std::vector<canvas::NodeNumber> circles_;
     std::int32_t entered_ = 0;
 };
 
 }  // namespace
 
-std::vector<std::int32_t> FlowProblems::circles() const {
+std::vector<canvas::NodeNumber> FlowProblems::circles() const {
     return CircleSearch(looks_).search();
 }
 
-std::vector<std::int32_t> FlowProblems::unreachable() const {
+std::vector<canvas::NodeNumber> FlowProblems::unreachable() const {
     // The ways down, from where each node's feeders tell the ways up.
     std::vector<std::size_t> firsts(looks_.size() + 2);
     for (const NodeLook& here : looks_) {
-        for (const std::int32_t feeder : here.feeders) {
+        for (const canvas::NodeNumber feeder : here.feeders) {
             firsts[isInFlow(feeder) ? static_cast<std::size_t>(feeder) + 2 : 0] += 1;
         }
     }
     firsts[0] = 0;
     std::partial_sum(firsts.begin(), firsts.end(), firsts.begin());
-    std::vector<std::int32_t> targets(firsts.back());
+    std::vector<canvas::NodeNumber> targets(firsts.back());
     std::vector<bool> reached(looks_.size());
-    std::vector<std::int32_t> waiting;
+    std::vector<canvas::NodeNumber> waiting;
     for (std::size_t node = 0; node < looks_.size(); ++node) {
         bool isFed = false;
-        for (const std::int32_t feeder : looks_[node].feeders) {
+        for (const canvas::NodeNumber feeder : looks_[node].feeders) {
             if (isInFlow(feeder)) {
-                targets[firsts[static_cast<std::size_t>(feeder) + 1]++] = static_cast<std::int32_t>(node);
+                targets[firsts[static_cast<std::size_t>(feeder) + 1]++] = static_cast<canvas::NodeNumber>(node);
                 isFed = true;
             }
         }
         if (looks_[node].inFlow && looks_[node].isSource && !isFed) {
             reached[node] = true;
-            waiting.push_back(static_cast<std::int32_t>(node));
+            waiting.push_back(static_cast<canvas::NodeNumber>(node));
         }
     }
     while (!waiting.empty()) {
@@ -129,10 +130,10 @@ std::vector<std::int32_t> FlowProblems::unreachable() const {
             }
         }
     }
-    std::vector<std::int32_t> left;
+    std::vector<canvas::NodeNumber> left;
     for (std::size_t node = 0; node < looks_.size(); ++node) {
         if (looks_[node].inFlow && !reached[node]) {
-            left.push_back(static_cast<std::int32_t>(node));
+            left.push_back(static_cast<canvas::NodeNumber>(node));
         }
     }
     return left;

@@ -14,14 +14,14 @@ class FlowProblems {
     explicit FlowProblems(std::span<const NodeLook> looks) : looks_(looks) {}
 
     /// The least node of each circle of activities, ascending.
-    std::vector<std::int32_t> circles() const;
+    std::vector<canvas::NodeNumber> circles() const;
     /// The nodes to which no way leads from a source, ascending.
-    std::vector<std::int32_t> unreachable() const;
+    std::vector<canvas::NodeNumber> unreachable() const;
 
   private:
-    const NodeLook& look(std::int32_t node) const { return looks_[static_cast<std::size_t>(node)]; }
-    bool isInFlow(std::int32_t node) const {
-        return node > 0 && static_cast<std::size_t>(node) < looks_.size() && look(node).inFlow;
+    const NodeLook& look(canvas::NodeNumber node) const { return looks_[static_cast<std::size_t>(node)]; }
+    bool isInFlow(canvas::NodeNumber node) const {
+        return canvas::isGiven(node) && static_cast<std::size_t>(node) < looks_.size() && look(node).inFlow;
     }
 
     std::span<const NodeLook> looks_;

@@ -33,7 +33,7 @@ void MetricsForm::list() {
     Entities.clear();
     if (face == Face::Scenarios) {
         for (const int scenario : services_.scenarios.open()) {
-            Entities.push_back({services_.scenarios.at(scenario)->Caption(), scenario, 0});
+            Entities.push_back({services_.scenarios.at(scenario)->Caption(), scenario, {}});
         }
     } else if (const canvas::DrawForm* form = services_.scenarios.at(scenario_)) {
         for (const canvas::LabelsD& node : form->Labels) {

@@ -23,7 +23,7 @@ class OpenScenarios {
     /// The scenario of a number, or nothing when it was closed.
     virtual const canvas::DrawForm* at(int scenario) const = 0;
     /// Brings a scenario's window forward and shows the node.
-    virtual void reveal(int scenario, std::int32_t node) = 0;
+    virtual void reveal(int scenario, canvas::NodeNumber node) = 0;
 };
 
 /// What the window of metrics asks of the program.
@@ -46,7 +46,7 @@ class MetricsForm {
     struct Entry {
         std::string name;
         int scenario;
-        std::int32_t node;  ///< `Index`, 0 for a scenario
+        canvas::NodeNumber node;  ///< `Index`, 0 for a scenario
     };
 
     /// Opens in the entities face.

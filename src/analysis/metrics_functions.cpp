@@ -32,7 +32,7 @@ struct Counts {
     std::int64_t localIn, localOut, totalIn, totalOut;
 };
 
-MetricsRow rowOf(const std::string& name, std::int32_t node, const Counts& counts) {
+MetricsRow rowOf(const std::string& name, canvas::NodeNumber node, const Counts& counts) {
     const std::int64_t local = counts.localIn + counts.localOut;
     const std::int64_t total = counts.totalIn + counts.totalOut;
     const std::array<std::int64_t, kMetricsColumns> values = {counts.localIn,
@@ -90,7 +90,7 @@ class NodeLinks {
         WalkGraph graph;
         for (const LabelsD& node : form_.Labels) {
             graph.begin();
-            for (const std::int32_t number : incoming ? node.EndingLines() : node.StartingLines()) {
+            for (const canvas::EdgeNumber number : incoming ? node.EndingLines() : node.StartingLines()) {
                 const Edge& edge = edges_[static_cast<std::size_t>(number)];
                 const WalkGraph::Step& end = ends_[static_cast<std::size_t>(incoming ? edge.from : edge.to)];
                 if (end.target != WalkGraph::kNone) {
@@ -102,14 +102,14 @@ class NodeLinks {
     }
 
     std::int64_t providerEdges(const canvas::LineNumbers& lines) const {
-        return std::count_if(lines.begin(), lines.end(), [this](std::int32_t number) {
+        return std::count_if(lines.begin(), lines.end(), [this](canvas::EdgeNumber number) {
             return edges_[static_cast<std::size_t>(number)].isProvider;
         });
     }
 
   private:
     struct Edge {
-        std::int32_t from = 0, to = 0;
+        canvas::NodeNumber from{}, to{};
         bool isProvider = false;
     };
 
@@ -175,7 +175,7 @@ class MetricsFunctions::AttributeRows {
 
   private:
     AttributeWalks in_, out_;
-    std::int32_t node_;
+    canvas::NodeNumber node_;
     std::int16_t depth_;
     platform::Progress* progress_;
 };

@@ -36,7 +36,7 @@ inline constexpr const char* kNoMetric = "-----";
 /// One attribute or one node with its numbers.
 struct MetricsRow {
     std::string name;
-    std::int32_t node = 0;  ///< `Index` of the node that shows it or owns it
+    canvas::NodeNumber node{};  ///< `Index` of the node that shows it or owns it
     std::array<std::int32_t, kMetricsColumns> values = {};
 };
 

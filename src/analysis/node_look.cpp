@@ -122,8 +122,8 @@ class NodeLooker {
         for (const ProviderProperties& link : attribute.ProvidedFrom) {
             const bool own = kind == KindOutput;  // those have their values from their own activity
             if (!own) {
-                const std::int32_t from = meet(link.Provider_Name);
-                if (from != -1 && kind == KindInput && link.Provider_Type == LinkActivity) {
+                const canvas::NodeNumber from = meet(link.Provider_Name);
+                if (from != canvas::kNoNode && kind == KindInput && link.Provider_Type == LinkActivity) {
                     look_.activityFeeders.push_back(from);
                 }
             }
@@ -180,12 +180,12 @@ class NodeLooker {
     }
 
     /// A link names that node. Gives its number, -1 when there is none.
-    std::int32_t meet(const std::string& name) {
+    canvas::NodeNumber meet(const std::string& name) {
         if (look_.names.empty() || look_.names.back() != name) {
             look_.names.push_back(name);
         }
-        const std::int32_t from = form_.NamesColl.Item(name);
-        if (from != -1 && from != node_.Index()) {
+        const canvas::NodeNumber from = form_.NamesColl.Item(name);
+        if (from != canvas::kNoNode && from != node_.Index()) {
             look_.feeders.push_back(from);
         }
         return from;
@@ -193,7 +193,7 @@ class NodeLooker {
 
     void lookAtEdges() {
         std::vector<const LabelsD*> missing = links::edgeStarts(form_, node_);
-        for (const std::int32_t number : node_.EndingLines()) {
+        for (const canvas::EdgeNumber number : node_.EndingLines()) {
             const canvas::LinesD* edge = form_.Lines.byIndex(number);
             if (!edge || edge->EdgeType() != canvas::EdgeTypeProvider) {
                 continue;

@@ -12,14 +12,14 @@ namespace orvent::analysis {
 
 /// What the problems of a scenario take from one node.
 struct NodeLook {
-    std::vector<Problem> rows;                  ///< of this node alone
-    std::vector<std::int32_t> feeders;          ///< the nodes from which a link or an edge leads here
-    std::vector<std::int32_t> activityFeeders;  ///< the activities that provide its inputs
-    std::vector<std::string> names;             ///< of all nodes that its links name, there or not; ascending
-    std::string name;                           ///< its own
-    std::size_t face = 0;                       ///< stands for all that the rows of other nodes take from it
-    bool inFlow = false;                        ///< an activity or a record set
-    bool isSource = false;                      ///< data may begin here
+    std::vector<Problem> rows;                        ///< of this node alone
+    std::vector<canvas::NodeNumber> feeders;          ///< the nodes from which a link or an edge leads here
+    std::vector<canvas::NodeNumber> activityFeeders;  ///< the activities that provide its inputs
+    std::vector<std::string> names;                   ///< of all nodes that its links name, there or not; ascending
+    std::string name;                                 ///< its own
+    std::size_t face = 0;                             ///< stands for all that the rows of other nodes take from it
+    bool inFlow = false;                              ///< an activity or a record set
+    bool isSource = false;                            ///< data may begin here
 };
 
 /// Who looks asks of these.

@@ -13,12 +13,12 @@ void NodesColl::add(std::int32_t value, const NodesData& node, const std::string
     keys_.emplace(sKey, order_.emplace(value, node));
 }
 
-void NodesColl::AddByFlowID(std::int32_t Index, std::int32_t TransClosure, std::int32_t FlowID,
+void NodesColl::AddByFlowID(canvas::NodeNumber Index, std::int32_t TransClosure, std::int32_t FlowID,
                             const std::string& sKey) {
     add(FlowID, {FlowID, TransClosure, Index}, sKey);
 }
 
-void NodesColl::AddByClosure(std::int32_t Index, std::int32_t TransClosure, std::int32_t FlowID,
+void NodesColl::AddByClosure(canvas::NodeNumber Index, std::int32_t TransClosure, std::int32_t FlowID,
                              const std::string& sKey) {
     add(TransClosure, {FlowID, TransClosure, Index}, sKey);
 }

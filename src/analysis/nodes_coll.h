@@ -6,6 +6,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "canvas/numbers.h"
+
 namespace orvent::analysis {
 
 /// One node in an ordering of a scenario's nodes. All three are counted or numbered per canvas and never stored, so
@@ -13,7 +15,7 @@ namespace orvent::analysis {
 struct NodesData {
     std::int32_t FlowID = 0;        ///< position in the flow order
     std::int32_t TransClosure = 0;  ///< number of edges upstream of the node
-    std::int32_t Index = 0;         ///< the node's `Index`
+    canvas::NodeNumber Index{};     ///< the node's `Index`
 };
 
 /// Nodes in descending order of `FlowID` or `TransClosure`, whichever add is used; a node goes behind those of equal
@@ -37,8 +39,9 @@ class NodesColl {
 
   public:
     /// `sKey` is the decimal text of `Index`. A key that is there already is a `Fault`.
-    void AddByFlowID(std::int32_t Index, std::int32_t TransClosure, std::int32_t FlowID, const std::string& sKey);
-    void AddByClosure(std::int32_t Index, std::int32_t TransClosure, std::int32_t FlowID, const std::string& sKey);
+    void AddByFlowID(canvas::NodeNumber Index, std::int32_t TransClosure, std::int32_t FlowID, const std::string& sKey);
+    void AddByClosure(canvas::NodeNumber Index, std::int32_t TransClosure, std::int32_t FlowID,
+                      const std::string& sKey);
 
     int Count() const { return static_cast<int>(order_.size()); }
     const NodesData* Item(const std::string& sKey) const;  ///< nothing when unknown

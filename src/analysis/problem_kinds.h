@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "canvas/numbers.h"
+
 namespace orvent::analysis {
 
 /// What may be unfinished or doubtful in a scenario, in the order in which the rows of one node stand.
@@ -51,8 +53,8 @@ inline ProblemKinds everyProblem() {
 /// One thing that is unfinished or doubtful.
 struct Problem {
     ProblemKind kind;
-    std::int32_t node;   ///< `Index` of the node to go to
-    std::string member;  ///< name of the member that it is about; empty when it is about the whole node
+    canvas::NodeNumber node;  ///< `Index` of the node to go to
+    std::string member;       ///< name of the member that it is about; empty when it is about the whole node
     std::string words;
 
     bool operator==(const Problem&) const = default;

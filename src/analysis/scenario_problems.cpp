@@ -9,8 +9,8 @@ namespace orvent::analysis {
 
 namespace {
 
-template <class Item>
-Item& reach(std::vector<Item>& items, std::int32_t index) {
+template <class Item, class Number>
+Item& reach(std::vector<Item>& items, Number index) {
     const auto at = static_cast<std::size_t>(index);
     if (at >= items.size()) {
         items.resize(at + 1);
@@ -24,8 +24,8 @@ std::uint32_t stateOf(const entities::CatalogueTables& tables) {
 
 }  // namespace
 
-void ScenarioProblems::wait(std::int32_t node) {
-    if (node <= 0) {
+void ScenarioProblems::wait(canvas::NodeNumber node) {
+    if (!canvas::isGiven(node)) {
         return;
     }
     const auto at = static_cast<std::size_t>(node);
@@ -39,9 +39,9 @@ void ScenarioProblems::wait(std::int32_t node) {
 }
 
 void ScenarioProblems::waitForAll() {
-    const auto known = static_cast<std::int32_t>(looks_.size());
-    for (std::int32_t node = 1; node < std::max(known, form_.LabelsNo + 1); ++node) {
-        wait(node);
+    const std::size_t known = std::max(looks_.size(), static_cast<std::size_t>(form_.LabelsNo) + 1);
+    for (std::size_t node = 1; node < known; ++node) {
+        wait(static_cast<canvas::NodeNumber>(node));
     }
     for (const canvas::LinesD& edge : form_.Lines) {
         reach(edgeTargets_, edge.Index()) = edge.ToLabel();
@@ -50,33 +50,33 @@ void ScenarioProblems::waitForAll() {
 
 void ScenarioProblems::touch(const canvas::Touched& touched) {
     for (const auto* nodes : {&touched.nodes, &touched.heads}) {
-        for (const std::int32_t node : *nodes) {
+        for (const canvas::NodeNumber node : *nodes) {
             wait(node);
         }
     }
-    for (const std::int32_t number : touched.edges) {
+    for (const canvas::EdgeNumber number : touched.edges) {
         const canvas::LinesD* edge = form_.Lines.byIndex(number);
-        std::int32_t& target = reach(edgeTargets_, number);
-        wait(std::exchange(target, edge ? edge->ToLabel() : 0));
+        canvas::NodeNumber& target = reach(edgeTargets_, number);
+        wait(std::exchange(target, edge ? edge->ToLabel() : canvas::NodeNumber{}));
         wait(target);
     }
 }
 
-void ScenarioProblems::waitForReaders(std::int32_t node, const std::string& name) {
+void ScenarioProblems::waitForReaders(canvas::NodeNumber node, const std::string& name) {
     if (const auto readers = readers_.find(name); readers != readers_.end()) {
-        for (const std::int32_t reader : readers->second) {
+        for (const canvas::NodeNumber reader : readers->second) {
             wait(reader);
         }
     }
     if (const canvas::LabelsD* shown = form_.Labels.byIndex(node)) {
-        for (const std::int32_t number : shown->StartingLines()) {
+        for (const canvas::EdgeNumber number : shown->StartingLines()) {
             const canvas::LinesD* edge = form_.Lines.byIndex(number);
-            wait(edge ? edge->ToLabel() : 0);
+            wait(edge ? edge->ToLabel() : canvas::NodeNumber{});
         }
     }
 }
 
-void ScenarioProblems::relink(std::int32_t node, const NodeLook& before, const NodeLook& now) {
+void ScenarioProblems::relink(canvas::NodeNumber node, const NodeLook& before, const NodeLook& now) {
     if (before.names == now.names) {
         return;
     }
@@ -94,7 +94,7 @@ void ScenarioProblems::relink(std::int32_t node, const NodeLook& before, const N
 }
 
 /// True when its rows are others than before, or what the whole graph shows may be.
-bool ScenarioProblems::look(std::int32_t node) {
+bool ScenarioProblems::look(canvas::NodeNumber node) {
     const canvas::LabelsD* shown = form_.Labels.byIndex(node);
     NodeLook now = shown ? lookAt(form_, *shown, sources_) : NodeLook();
     NodeLook& known = reach(looks_, node);
@@ -111,14 +111,14 @@ bool ScenarioProblems::look(std::int32_t node) {
 void ScenarioProblems::lookAtFlow() {
     std::vector<Problem> rows;
     const FlowProblems flow(looks_);
-    for (const std::int32_t node : flow.circles()) {
+    for (const canvas::NodeNumber node : flow.circles()) {
         const canvas::LabelsD* shown = form_.Labels.byIndex(node);
         if (shown && shown->activity()) {
             rows.push_back(
                 {ProblemKind::circle, node, {}, sources_.statements.circleThrough(form_, *shown->activity())});
         }
     }
-    for (const std::int32_t node : flow.unreachable()) {
+    for (const canvas::NodeNumber node : flow.unreachable()) {
         rows.push_back({ProblemKind::unreachable, node, {}, "No way leads here from a record set that begins a flow."});
     }
     std::stable_sort(rows.begin(), rows.end(), [](const Problem& a, const Problem& b) { return a.node < b.node; });
@@ -134,8 +134,8 @@ bool ScenarioProblems::settle() {
     bool changed = false;
     while (!waiting_.empty()) {
         // It goes on being marked, so that it is looked at only once.
-        const std::vector<std::int32_t> round = std::exchange(waiting_, {});
-        for (const std::int32_t node : round) {
+        const std::vector<canvas::NodeNumber> round = std::exchange(waiting_, {});
+        for (const canvas::NodeNumber node : round) {
             changed = look(node) || changed;
         }
     }

@@ -30,22 +30,22 @@ class ScenarioProblems {
     std::vector<const Problem*> rows(const ProblemKinds& kinds = everyProblem()) const;
 
   private:
-    bool look(std::int32_t node);
-    void relink(std::int32_t node, const NodeLook& before, const NodeLook& now);
-    void waitForReaders(std::int32_t node, const std::string& name);
-    void wait(std::int32_t node);
+    bool look(canvas::NodeNumber node);
+    void relink(canvas::NodeNumber node, const NodeLook& before, const NodeLook& now);
+    void waitForReaders(canvas::NodeNumber node, const std::string& name);
+    void wait(canvas::NodeNumber node);
     void waitForAll();
     void lookAtFlow();
 
     const canvas::DrawForm& form_;
     ProblemSources sources_;
-    std::vector<NodeLook> looks_;            ///< by `Index`
-    std::vector<std::int32_t> edgeTargets_;  ///< by `Index`: where each edge led as it was touched last
-    std::unordered_map<std::string, std::vector<std::int32_t>> readers_;  ///< by name: whose links name that node
-    std::vector<Problem> flowRows_;                                       ///< ascending by node
-    std::vector<std::int32_t> waiting_;                                   ///< to be looked at
-    std::vector<bool> waits_;                                             ///< by `Index`
-    std::uint32_t catalogue_ = 0;                                         ///< its state as it was looked at last
+    std::vector<NodeLook> looks_;                  ///< by `Index`
+    std::vector<canvas::NodeNumber> edgeTargets_;  ///< by `Index`: where each edge led as it was touched last
+    std::unordered_map<std::string, std::vector<canvas::NodeNumber>> readers_;  ///< by name: whose links name that node
+    std::vector<Problem> flowRows_;                                             ///< ascending by node
+    std::vector<canvas::NodeNumber> waiting_;                                   ///< to be looked at
+    std::vector<bool> waits_;                                                   ///< by `Index`
+    std::uint32_t catalogue_ = 0;                                               ///< its state as it was looked at last
     bool all_ = true;
 };
 

@@ -23,7 +23,7 @@ struct Stretch {
 
 std::vector<Stretch> selectedAlong(Canvas& canvas, Axis axis) {
     std::vector<Stretch> stretches;
-    for (const std::int32_t index : canvas.SelectedLabels.members()) {
+    for (const NodeNumber index : canvas.SelectedLabels.members()) {
         LabelsD* node = canvas.Labels.byIndex(index);
         stretches.push_back(axis == Axis::across ? Stretch{node, node->Left(), node->Width()}
                                                  : Stretch{node, node->Top(), node->Height()});

@@ -74,19 +74,19 @@ void Canvas::nodeMoved(const LabelsD& node) {
     if (isZoom() && node.box().bottom() >= BiggestHeight) {
         BiggestHeight = node.box().bottom() + 3 * settings().BigHeight;
     }
-    for (const std::int32_t number : node.StartingLines()) {
+    for (const EdgeNumber number : node.StartingLines()) {
         if (LinesD* line = Lines.byIndex(number)) {
             line->setStart(node.GrabPoint(line->FromGrabbingPoint()));
         }
     }
-    for (const std::int32_t number : node.EndingLines()) {
+    for (const EdgeNumber number : node.EndingLines()) {
         if (LinesD* line = Lines.byIndex(number)) {
             line->setEnd(node.GrabPoint(line->ToGrabbingPoint()));
         }
     }
 }
 
-void Canvas::detachEnd(std::int32_t edge, EdgeEnd which) {
+void Canvas::detachEnd(EdgeNumber edge, EdgeEnd which) {
     if (LinesD* line = Lines.byIndex(edge)) {
         line->detach(which);
     }
@@ -121,11 +121,11 @@ ManyChanges::~ManyChanges() {
 void Canvas::forgetNode(const LabelsD& node) {
     listeners_.tell([&node](CanvasListener& listener) { listener.nodeGoes(node); });
     touch(node);
-    const std::int32_t index = node.Index();
+    const NodeNumber index = node.Index();
     SelectedLabels.forget(index);
-    for (std::int32_t* field : {&CurrentNode, &ConnectFromLabel, &ActiveLabel}) {
+    for (NodeNumber* field : {&CurrentNode, &ConnectFromLabel, &ActiveLabel}) {
         if (*field == index) {
-            *field = -1;
+            *field = kNoNode;
         }
     }
 }
@@ -133,11 +133,11 @@ void Canvas::forgetNode(const LabelsD& node) {
 void Canvas::forgetEdge(const LinesD& edge) {
     listeners_.tell([&edge](CanvasListener& listener) { listener.edgeGoes(edge); });
     touch(edge);
-    const std::int32_t index = edge.Index();
+    const EdgeNumber index = edge.Index();
     SelectedLines.forget(index);
-    for (std::int32_t* field : {&CurrentEdge, &ActiveEdge}) {
+    for (EdgeNumber* field : {&CurrentEdge, &ActiveEdge}) {
         if (*field == index) {
-            *field = -1;
+            *field = kNoEdge;
         }
     }
 }

@@ -45,24 +45,24 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     /// One object for a scenario: a view over a part of it holds its design window's.
     platform::Shared<DeletedNodesCollection> DeletedNodes = std::make_shared<DeletedNodesCollection>();
 
-    std::int32_t LabelsNo = 0;         ///< the last node number given; only grows
-    std::int32_t LinesNo = 0;          ///< the last edge number given; only grows
+    NodeNumber LabelsNo{};             ///< the last node number given; only grows
+    EdgeNumber LinesNo{};              ///< the last edge number given; only grows
     std::int32_t ActivityCounter = 0;  ///< for default names
     std::int32_t RecordSetCounter = 0;
-    std::int32_t ActiveLabel = -1;  ///< the node last pressed, -1 for none
-    std::int32_t ActiveEdge = -1;
-    std::int32_t CurrentNode = -1;  ///< the node under the pointer
-    std::int32_t CurrentEdge = -1;
+    NodeNumber ActiveLabel = kNoNode;  ///< the node last pressed
+    EdgeNumber ActiveEdge = kNoEdge;
+    NodeNumber CurrentNode = kNoNode;  ///< the node under the pointer
+    EdgeNumber CurrentEdge = kNoEdge;
     float BiggestHeight = 0;  ///< zoom canvas: below all nodes, with room for three more
     PictureArea PicForm;
 
     // The gesture under way; what is shown of it each view has of its own.
-    std::int32_t ConnectFromLabel = -1;  ///< source of the edge being drawn
-    bool RubberBand = false;             ///< an edge is being drawn
-    int typing = 0;                      ///< how many views are at a text of it that is being typed
-    bool ConnectPending = false;         ///< the button was released; the first move decides the target
-    bool OverLabel = false;              ///< the pointer is over a node
-    bool OverLine = false;               ///< the pointer is over a handle of a selected edge
+    NodeNumber ConnectFromLabel = kNoNode;  ///< source of the edge being drawn
+    bool RubberBand = false;                ///< an edge is being drawn
+    int typing = 0;                         ///< how many views are at a text of it that is being typed
+    bool ConnectPending = false;            ///< the button was released; the first move decides the target
+    bool OverLabel = false;                 ///< the pointer is over a node
+    bool OverLine = false;                  ///< the pointer is over a handle of a selected edge
     int GrabbingPoint = 0;
     Point GrabMark;                        ///< place of the grab point under the pointer
     float DragStartX = 0, DragStartY = 0;  ///< pointer inside the node as its move began
@@ -73,8 +73,8 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
 
     virtual bool isZoom() const { return false; }
 
-    /// The node that is painted as the middle of the picture, 0 or -1 for none.
-    virtual std::int32_t centralNode() const { return 0; }
+    /// The node that is painted as the middle of the picture, or none.
+    virtual NodeNumber centralNode() const { return kNoNode; }
 
     /// Removes all nodes, edges, names and selections, and lets go of the rows to delete.
     void clear();
@@ -91,7 +91,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     /// The node of that name, or nothing.
     const LabelsD* nodeNamed(const std::string& name) const { return Labels.byIndex(NamesColl.Item(name)); }
     LabelsD* nodeNamed(const std::string& name) { return Labels.byIndex(NamesColl.Item(name)); }
-    bool isNameTaken(const std::string& name) const override { return NamesColl.Item(name) != -1; }
+    bool isNameTaken(const std::string& name) const override { return NamesColl.Item(name) != kNoNode; }
     const entities::FunctionProperties* functionNamed(const std::string& name) const override;
 
     /// Tells the listener of changes while its holder keeps the subscription.
@@ -123,12 +123,12 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
 
     // Graph
     Names2IndexColl& names() override { return NamesColl; }
-    LabelsD* nodeAt(std::int32_t index) override { return Labels.byIndex(index); }
-    LinesD* edgeAt(std::int32_t index) override { return Lines.byIndex(index); }
+    LabelsD* nodeAt(NodeNumber index) override { return Labels.byIndex(index); }
+    LinesD* edgeAt(EdgeNumber index) override { return Lines.byIndex(index); }
     bool isSelected(const LabelsD& node) const override { return SelectedLabels.Item(node.Index()) != nullptr; }
     void nameRefused() override;
     void nodeMoved(const LabelsD& node) override;
-    void detachEnd(std::int32_t edge, EdgeEnd which) override;
+    void detachEnd(EdgeNumber edge, EdgeEnd which) override;
     void grabPointMeant(int grabPoint) override { GrabbingPoint = grabPoint; }
     void touch(const LabelsD& node) override;
     void touch(const LinesD& edge) override;

@@ -32,7 +32,7 @@ void CanvasForm::answerOffer(bool taken) {
     if (LinesD* edge = Lines.byIndex(crooked_); edge && taken) {
         straighten(*this, *edge);
     }
-    crooked_ = 0;
+    crooked_ = {};
     tellForm();
 }
 
@@ -47,7 +47,7 @@ void CanvasForm::edgeDrawn(const LinesD& edge) {
 void CanvasForm::forgetEdge(const LinesD& edge) {
     Canvas::forgetEdge(edge);
     if (edge.Index() == crooked_) {
-        crooked_ = 0;
+        crooked_ = {};
         tellForm();
     }
 }
@@ -58,7 +58,7 @@ void CanvasForm::straightenEdges(LinesD* edge) {
 }
 
 bool CanvasForm::tidyUp() {
-    const std::vector<std::int32_t> nodes = nodesToTidy(*this);
+    const std::vector<NodeNumber> nodes = nodesToTidy(*this);
     FormerPlaces former(*this, nodes);
     const std::uint64_t before = changes();
     canvas::tidyUp(*this, nodes, SelectedLabels.Count() < 2);

@@ -82,7 +82,7 @@ class CanvasForm : public Canvas {
 
   private:
     std::string caption_;
-    std::int32_t crooked_ = 0;  ///< the edge that is offered to be straightened
+    EdgeNumber crooked_{};  ///< the edge that is offered to be straightened
     bool straightOffered_ = false;
     std::unique_ptr<PutBack> putBack_;  ///< after tidying up
     bool enabled_ = true;

@@ -83,7 +83,7 @@ void CanvasPointer::press(const PointerEvent& event) {
     } else if (LinesD* edge = targets_.edgeAt(hit)) {
         pressEdge(*edge, event);
         if (hit.element == Element::handle && event.button == LeftButton) {
-            begin<HandleDrag>(view_, ports_.tools, hover_, hit.handle());
+            begin<HandleDrag>(view_, ports_.tools, hover_, hit.handle);
         }
     } else if (hit.element == Element::picture && event.button == LeftButton) {
         pressPicture(event);
@@ -95,10 +95,10 @@ void CanvasPointer::pressPicture(const PointerEvent& event) {
         canvas_.ClearCrop();
         canvas_.SelectedLines.Clear();
     }
-    canvas_.ActiveLabel = -1;
+    canvas_.ActiveLabel = kNoNode;
     const Point at{SnapToGrid(event.at.x), SnapToGrid(event.at.y)};
     const std::string& tool = ports_.tools.DrawMode();
-    const std::int32_t former = canvas_.LabelsNo;
+    const NodeNumber former = canvas_.LabelsNo;
     if (tool == "Crop") {
         begin<Crop>(view_, at, DragStart(event.at));
     } else if (LabelsD* placed = canvas_.rules().placeNode(canvas_, tool, at)) {
@@ -123,7 +123,7 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
         return;
     }
     const bool ofGroup = canvas_.SelectedLabels.Count() > 1 && canvas_.SelectedLabels.Item(node.Index());
-    std::vector<std::int32_t> group = ofGroup ? canvas_.SelectedLabels.members() : std::vector<std::int32_t>{};
+    std::vector<NodeNumber> group = ofGroup ? canvas_.SelectedLabels.members() : std::vector<NodeNumber>{};
     if (!event.ctrl) {
         canvas_.ClearCrop();
     }
@@ -135,7 +135,7 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
     if (tool == "Resize") {
         begin<NodeResize>(view_, node, inside);
     } else if (tool == "Move") {
-        begin<NodeDrag>(view_, ports_.tools, node, DragStart(event.at), std::vector<std::int32_t>{});
+        begin<NodeDrag>(view_, ports_.tools, node, DragStart(event.at), std::vector<NodeNumber>{});
     } else if (const auto edgeType = canvas_.rules().edgeTypeOf(tool)) {
         if (canvas_.rules().mayStart(*edgeType, node)) {
             begin<EdgeDrawing>(view_, ports_.tools, hover_, node, inside, *edgeType);

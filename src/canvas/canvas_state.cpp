@@ -6,7 +6,7 @@ namespace orvent::canvas {
 
 namespace {
 
-std::vector<std::int32_t> numbersOf(const LineNumbers& lines) {
+std::vector<EdgeNumber> numbersOf(const LineNumbers& lines) {
     return {lines.begin(), lines.end()};
 }
 
@@ -32,8 +32,8 @@ NodeState stateOf(const Canvas& canvas, const LabelsD& node) {
     state.holdsCaption = canvas.NamesColl.Item(state.caption) == node.Index();
     state.readiness = readinessOf(canvas, node);
     const auto finished = [&canvas](const LineNumbers& lines) {
-        std::vector<std::int32_t> numbers = numbersOf(lines);
-        std::erase_if(numbers, [&canvas](std::int32_t line) { return !stateOf(canvas.Lines.byIndex(line)).exists(); });
+        std::vector<EdgeNumber> numbers = numbersOf(lines);
+        std::erase_if(numbers, [&canvas](EdgeNumber line) { return !stateOf(canvas.Lines.byIndex(line)).exists(); });
         return numbers;
     };
     state.starting = finished(node.StartingLines());
@@ -42,7 +42,7 @@ NodeState stateOf(const Canvas& canvas, const LabelsD& node) {
 }
 
 EdgeState stateOf(const LinesD* edge) {
-    if (!edge || edge->FromLabel() == 0 || edge->ToLabel() == 0) {
+    if (!edge || !isGiven(edge->FromLabel()) || !isGiven(edge->ToLabel())) {
         return {};
     }
     return {edge->FromLabel(),        edge->ToLabel(),      edge->FromGrabbingPoint(),
@@ -62,7 +62,7 @@ class CanvasRestorer {
                 canvas_.Lines.RemoveFull(edge.index);
             }
         }
-        for (const std::int32_t node : change.goingNodes) {
+        for (const NodeNumber node : change.goingNodes) {
             canvas_.Labels.Remove(node);
         }
         makeNodes(change);
@@ -140,7 +140,7 @@ class CanvasRestorer {
         for (const auto& [which, numbers] :
              {std::pair(EdgeEnd::start, &state.starting), std::pair(EdgeEnd::end, &state.ending)}) {
             LineNumbers lines;
-            for (const std::int32_t number : *numbers) {
+            for (const EdgeNumber number : *numbers) {
                 lines.Add(number);
             }
             node.linesAt(which) = std::move(lines);

@@ -14,19 +14,19 @@ enum class Readiness : std::uint8_t { untold, notReady, ready };
 
 /// All that a node is, but for what only the screen shows. Restoring gives it back under the same `Index`.
 struct NodeState {
-    std::int32_t index = 0;
+    NodeNumber index{};
     NodeTypeCode kind{};
     Box box;
     std::string keyName, caption;
     bool holdsKeyName = false, holdsCaption = false;  ///< whether the canvas' names lead from it to the node
     Readiness readiness = Readiness::untold;
-    std::vector<std::int32_t> starting, ending;  ///< edges, in the order of the node's lists
+    std::vector<EdgeNumber> starting, ending;  ///< edges, in the order of the node's lists
     NodeProperties entity = std::int16_t{0};
 };
 
 /// All that a finished edge is, but for what only the screen shows.
 struct EdgeState {
-    std::int32_t from = 0, to = 0;  ///< `Index` of the ends; 0 while the edge does not exist
+    NodeNumber from{}, to{};  ///< `Index` of the ends; 0 while the edge does not exist
     std::int16_t fromPoint = 0, toPoint = 0;
     EdgeTypeCode kind{};
     AngleCode angle{};
@@ -34,17 +34,17 @@ struct EdgeState {
     bool middlePlaced = false;
     std::int32_t color = 0;
 
-    bool exists() const { return from != 0 && to != 0; }
+    bool exists() const { return from != NodeNumber{} && to != NodeNumber{}; }
     bool operator==(const EdgeState&) const = default;
 };
 
 /// What is to come of some nodes and edges of a canvas, whose lists name all edges that are meant to be at them.
 struct CanvasChange {
     struct Edge {
-        std::int32_t index;
+        EdgeNumber index;
         EdgeState state;
     };
-    std::vector<std::int32_t> goingNodes;
+    std::vector<NodeNumber> goingNodes;
     std::vector<NodeState> nodes;  ///< that come, or are changed; in order of `index`
     std::vector<Edge> edges;       ///< that come, are changed, or go; likewise
 };

@@ -105,8 +105,8 @@ bool release(Canvas& canvas, LabelsD& node, EntityLinks& links, CanvasRules& rul
 }  // namespace
 
 void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& links, CanvasRules& rules) {
-    canvas.ActiveLabel = -1;
-    for (const std::int32_t index : canvas.SelectedLabels.members()) {
+    canvas.ActiveLabel = kNoNode;
+    for (const NodeNumber index : canvas.SelectedLabels.members()) {
         LabelsD* node = canvas.Labels.byIndex(index);
         if (!node || (OnlyType != kEveryNodeType && node->NodeType() != OnlyType) ||
             !release(canvas, *node, links, rules)) {
@@ -119,10 +119,10 @@ void DeleteSelectedNodes(Canvas& canvas, NodeTypeCode OnlyType, EntityLinks& lin
 }
 
 void DeleteSelectedEdges(Canvas& canvas, CanvasRules& rules) {
-    canvas.ActiveEdge = -1;
+    canvas.ActiveEdge = kNoEdge;
     auto selected = canvas.SelectedLines.members();
     std::reverse(selected.begin(), selected.end());
-    for (const std::int32_t index : selected) {
+    for (const EdgeNumber index : selected) {
         LinesD* edge = canvas.Lines.byIndex(index);
         if (edge && !rules.releaseEdge(canvas, *edge)) {
             continue;

@@ -63,7 +63,7 @@ LabelsD* DesignRules::placeNode(Canvas& canvas, std::string_view tool, Point at)
         const NodeKind& kind = nodeKind(row.nodeType);
         if (kind.tool == tool) {
             const std::string name = row.counter ? freeName(canvas, kind.word, canvas.*row.counter)
-                                                 : std::string(kind.word) + std::to_string(canvas.LabelsNo);
+                                                 : std::string(kind.word) + textOf(canvas.LabelsNo);
             LabelsD& node = canvas.Labels.Add(placedBox(kind, canvas.settings(), at), name, row.nodeType);
             return row.opensDialog ? &node : nullptr;
         }

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "canvas/line_numbers.h"
+#include "canvas/numbers.h"
 
 namespace orvent::canvas {
 
@@ -18,8 +19,8 @@ class Graph {
 
     virtual const CanvasSettings& settings() const = 0;
     virtual Names2IndexColl& names() = 0;
-    virtual LabelsD* nodeAt(std::int32_t index) = 0;
-    virtual LinesD* edgeAt(std::int32_t index) = 0;
+    virtual LabelsD* nodeAt(NodeNumber index) = 0;
+    virtual LinesD* edgeAt(EdgeNumber index) = 0;
     virtual bool isSelected(const LabelsD& node) const = 0;
 
     /// A name was refused as a duplicate.
@@ -27,7 +28,7 @@ class Graph {
     /// A node has another box: the ends of its edges follow.
     virtual void nodeMoved(const LabelsD& node) = 0;
     /// An edge is to leave a node, whose own list is empty already.
-    virtual void detachEnd(std::int32_t edge, EdgeEnd which) = 0;
+    virtual void detachEnd(EdgeNumber edge, EdgeEnd which) = 0;
     /// The pointer means that grab point of a node.
     virtual void grabPointMeant(int grabPoint) = 0;
 

@@ -111,7 +111,7 @@ void LabelsD::EndingLinesClear() {
 }
 
 void LabelsD::detachAll(EdgeEnd which) {
-    for (const std::int32_t number : std::exchange(linesAt(which), LineNumbers())) {
+    for (const EdgeNumber number : std::exchange(linesAt(which), LineNumbers())) {
         graph_.detachEnd(number, which);
     }
 }
@@ -130,7 +130,7 @@ void LabelsD::setKeyName(const std::string& value) {
 
 void LabelsD::takeName(const std::string& value) {
     graph_.names().Release(index_, keyName_);
-    if (graph_.names().Add(index_, value) != -1) {
+    if (graph_.names().Add(index_, value) != kNoNode) {
         keyName_ = value;
         return;
     }
@@ -151,7 +151,7 @@ void LabelsD::takeNumberedName(std::string_view word, const std::string& taken) 
     std::string fresh;
     do {
         fresh = std::string(word) + std::to_string(++number);
-    } while (graph_.names().Add(index_, fresh) == -1);
+    } while (graph_.names().Add(index_, fresh) == kNoNode);
     caption_ = fresh;
 }
 

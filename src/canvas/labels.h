@@ -11,6 +11,7 @@
 #include "canvas/indexed_table.h"
 #include "canvas/line_numbers.h"
 #include "canvas/node_kinds.h"
+#include "canvas/numbers.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
@@ -28,9 +29,9 @@ inline constexpr float kCommentStrip = 200;
 /// something visible tells the canvas' view at once.
 class LabelsD {
   public:
-    LabelsD(Graph& graph, std::int32_t index) : graph_(graph), index_(index) {}
+    LabelsD(Graph& graph, NodeNumber index) : graph_(graph), index_(index) {}
 
-    std::int32_t Index() const { return index_; }
+    NodeNumber Index() const { return index_; }
 
     const Box& box() const { return box_; }
     float Left() const { return box_.Left; }
@@ -144,7 +145,7 @@ class LabelsD {
     void releaseNames();
 
     Graph& graph_;
-    std::int32_t index_;
+    NodeNumber index_;
     NodeTypeCode nodeType_{};
     Box box_;
     std::int32_t color_ = 0;
@@ -159,7 +160,7 @@ class LabelsD {
 };
 
 /// The nodes of one canvas, in order of creation.
-class LabelsCollection : public IndexedTable<LabelsD> {
+class LabelsCollection : public IndexedTable<LabelsD, NodeNumber> {
   public:
     explicit LabelsCollection(Canvas& canvas) : canvas_(canvas) {}
 
@@ -172,14 +173,14 @@ class LabelsCollection : public IndexedTable<LabelsD> {
                       NodeProperties entity);
 
     /// A node under the `Index` that it had; nothing is found until `arrange` has put it in its place. Nobody is told.
-    LabelsD& restore(std::int32_t index, const Box& box, NodeTypeCode NodeType);
+    LabelsD& restore(NodeNumber index, const Box& box, NodeTypeCode NodeType);
     using IndexedTable::arrange;
 
     /// A copy of a node of another canvas; its entity is a clone.
     LabelsD& addLabel(const LabelsD& Label);
 
     /// Removes the node with all its edges, and drops it from the selection. Hands it back, nothing when there is none.
-    std::unique_ptr<LabelsD> Remove(std::int32_t index);
+    std::unique_ptr<LabelsD> Remove(NodeNumber index);
 
     /// Removes all nodes, the last one first.
     void Clear();

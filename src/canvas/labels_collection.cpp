@@ -45,7 +45,7 @@ LabelsD& LabelsCollection::make(const Box& box, const std::string& Caption, Node
 LabelsD& LabelsCollection::AddShown(const Box& box, const std::string& Caption, NodeTypeCode NodeType,
                                     const std::string& KeyName, NodeProperties entity) {
     LabelsD& node = beginNode(box, NodeType);
-    const bool named = !KeyName.empty() && canvas_.NamesColl.Add(node.Index(), KeyName) != -1;
+    const bool named = !KeyName.empty() && canvas_.NamesColl.Add(node.Index(), KeyName) != kNoNode;
     node.keyName_ = named ? KeyName : kErrorName;
     node.caption_ = Caption;
     finishNode(node, std::move(entity));
@@ -53,7 +53,7 @@ LabelsD& LabelsCollection::AddShown(const Box& box, const std::string& Caption, 
 }
 
 LabelsD& LabelsCollection::beginNode(const Box& box, NodeTypeCode NodeType) {
-    const std::int32_t index = ++canvas_.LabelsNo;
+    const NodeNumber index = canvas_.LabelsNo = numberAfter(canvas_.LabelsNo);
     canvas_.ActiveLabel = index;
     LabelsD& node = append(index, std::make_unique<LabelsD>(static_cast<Graph&>(canvas_), index));
     node.setNodeType(NodeType);
@@ -77,7 +77,7 @@ LabelsD& LabelsCollection::show(LabelsD& node) {
     return node;
 }
 
-LabelsD& LabelsCollection::restore(std::int32_t index, const Box& box, NodeTypeCode NodeType) {
+LabelsD& LabelsCollection::restore(NodeNumber index, const Box& box, NodeTypeCode NodeType) {
     LabelsD& node = append(index, std::make_unique<LabelsD>(static_cast<Graph&>(canvas_), index));
     node.setNodeType(NodeType);
     node.setBox(box);
@@ -94,14 +94,14 @@ LabelsD& LabelsCollection::addLabel(const LabelsD& Label) {
     return show(node);
 }
 
-std::unique_ptr<LabelsD> LabelsCollection::Remove(std::int32_t index) {
+std::unique_ptr<LabelsD> LabelsCollection::Remove(NodeNumber index) {
     LabelsD* node = byIndex(index);
     if (!node) {
         return nullptr;
     }
     // The node's own lists are taken first, so that only the far ends are searched for each edge.
     for (LineNumbers& list : node->lines_) {
-        for (const std::int32_t line : std::exchange(list, LineNumbers())) {
+        for (const EdgeNumber line : std::exchange(list, LineNumbers())) {
             canvas_.Lines.RemoveFull(line);
         }
     }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "canvas/numbers.h"
+
 namespace orvent::canvas {
 
 /// The ends of an edge: its source and its target.
@@ -13,8 +15,8 @@ enum class EdgeEnd { start, end };
 class LineNumbers {
   public:
     int Count() const { return static_cast<int>(numbers_.size()); }
-    void Add(std::int32_t line) { numbers_.push_back(line); }
-    void Remove(std::int32_t line) {
+    void Add(EdgeNumber line) { numbers_.push_back(line); }
+    void Remove(EdgeNumber line) {
         if (!numbers_.empty() && numbers_.back() == line) {
             numbers_.pop_back();  // a walk from the last to the first searches nothing
             return;
@@ -30,7 +32,7 @@ class LineNumbers {
     auto end() const { return numbers_.end(); }
 
   private:
-    std::vector<std::int32_t> numbers_;
+    std::vector<EdgeNumber> numbers_;
 };
 
 }  // namespace orvent::canvas

@@ -124,7 +124,7 @@ void LinesD::attach(EdgeEnd which, LabelsD& node, std::int16_t grabPoint) {
 
 void LinesD::detach(EdgeEnd which) {
     leave(which);
-    at(which).label = 0;
+    at(which).label = {};
     changed();
 }
 

@@ -8,6 +8,7 @@
 #include "canvas/edge_kinds.h"
 #include "canvas/indexed_table.h"
 #include "canvas/line_numbers.h"
+#include "canvas/numbers.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
@@ -19,24 +20,12 @@ class LabelsD;
 /// Width and height of an edge's handle, twips.
 inline constexpr float kHandleSize = 90;
 
-/// The parts of an edge that have a handle, and its number among all of a canvas; 0 for none.
-enum class HandlePart { start = 0, middle = 1, end = 2 };
-enum class HandleNumber : std::int32_t {};
-
-/// The edge to which a handle belongs, and which of its handles it is.
-constexpr std::int32_t edgeOfHandle(HandleNumber handle) {
-    return (static_cast<std::int32_t>(handle) + 2) / 3;
-}
-constexpr HandlePart partOfHandle(HandleNumber handle) {
-    return static_cast<HandlePart>((static_cast<std::int32_t>(handle) + 2) % 3);
-}
-
 /// An edge of a canvas: two straight segments that meet at a middle point, with three handles. Places in twips.
 class LinesD {
   public:
-    LinesD(Graph& graph, std::int32_t index) : graph_(graph), index_(index) {}
+    LinesD(Graph& graph, EdgeNumber index) : graph_(graph), index_(index) {}
 
-    std::int32_t Index() const { return index_; }
+    EdgeNumber Index() const { return index_; }
 
     float X1() const { return start().place.x; }
     float Y1() const { return start().place.y; }
@@ -62,8 +51,8 @@ class LinesD {
     /// Only at `AngleNone` can the middle handle be taken.
     bool middleHandleVisible() const { return middleHandle_; }
 
-    std::int32_t FromLabel() const { return start().label; }  ///< `Index` of the source
-    std::int32_t ToLabel() const { return end().label; }      ///< `Index` of the target, 0 while there is none
+    NodeNumber FromLabel() const { return start().label; }  ///< `Index` of the source
+    NodeNumber ToLabel() const { return end().label; }      ///< `Index` of the target, 0 while there is none
     std::int16_t FromGrabbingPoint() const { return start().grabPoint; }
     std::int16_t ToGrabbingPoint() const { return end().grabPoint; }
 
@@ -83,9 +72,9 @@ class LinesD {
     }
 
     /// Numbers of the three handles.
-    HandleNumber StartBox() const { return HandleNumber{3 * index_ - 2}; }
-    HandleNumber MidBox() const { return HandleNumber{3 * index_ - 1}; }
-    HandleNumber EndBox() const { return HandleNumber{3 * index_}; }
+    HandleNumber StartBox() const { return handleOf(index_, HandlePart::start); }
+    HandleNumber MidBox() const { return handleOf(index_, HandlePart::middle); }
+    HandleNumber EndBox() const { return handleOf(index_, HandlePart::end); }
 
     std::int16_t BorderStyle = BorderSolid;
     std::int16_t BorderWidth = 1;
@@ -102,7 +91,7 @@ class LinesD {
     friend class CanvasRestorer;
 
     struct End {
-        std::int32_t label = 0;
+        NodeNumber label{};
         std::int16_t grabPoint = 0;
         Point place;
     };
@@ -120,7 +109,7 @@ class LinesD {
     void lookChanged();
 
     Graph& graph_;
-    std::int32_t index_;
+    EdgeNumber index_;
     std::array<End, 2> ends_;
     Point middle_;
     EdgeTypeCode edgeType_ = EdgeTypeProvider;
@@ -136,32 +125,32 @@ class LinesD {
 };
 
 /// The edges of one canvas, in order of creation.
-class LinesCollection : public IndexedTable<LinesD> {
+class LinesCollection : public IndexedTable<LinesD, EdgeNumber> {
   public:
     explicit LinesCollection(Canvas& canvas) : canvas_(canvas) {}
 
     /// A new edge that is being drawn from a node: it has no target yet, and the lists of the nodes do not name it
     /// before its ends are attached.
-    LinesD& Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType,
+    LinesD& Add(Point start, Point middle, Point end, NodeNumber FromLabel, EdgeTypeCode EdgeType,
                 std::int16_t FromGrabbingPoint = 0);
 
     /// A finished edge between two nodes. Nothing is made when one of them does not exist.
-    LinesD* addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
+    LinesD* addFullLine(NodeNumber FromLabel, std::int16_t FromGrabbingPoint, NodeNumber ToLabel,
                         std::int16_t ToGrabbingPoint, EdgeTypeCode EdgeType, AngleCode Angle, std::int32_t Color);
 
     /// An edge without ends under the `Index` that it had, as for nodes.
-    LinesD& restore(std::int32_t index, EdgeTypeCode EdgeType);
+    LinesD& restore(EdgeNumber index, EdgeTypeCode EdgeType);
     using IndexedTable::arrange;
 
     /// The oldest edge of that kind from one node to another, or nothing; with `andRemove` it is removed instead, and
     /// the result is nothing.
-    LinesD* FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType, bool andRemove);
+    LinesD* FindConnectingLine(NodeNumber FromLabel, NodeNumber ToLabel, EdgeTypeCode LineType, bool andRemove);
 
     /// Drops the edge and leaves the lists of its nodes alone. Hands it back, nothing when there is none.
-    std::unique_ptr<LinesD> Remove(std::int32_t index);
+    std::unique_ptr<LinesD> Remove(EdgeNumber index);
 
     /// Drops the edge from the lists of its nodes, too. Hands it back; it still tells where its ends were.
-    std::unique_ptr<LinesD> RemoveFull(std::int32_t index);
+    std::unique_ptr<LinesD> RemoveFull(EdgeNumber index);
 
     void Clear();
 

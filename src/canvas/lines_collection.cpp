@@ -12,14 +12,14 @@ LinesD& LinesCollection::show(LinesD& edge) {
 }
 
 LinesD& LinesCollection::make(EdgeTypeCode EdgeType) {
-    const std::int32_t index = ++canvas_.LinesNo;
+    const EdgeNumber index = canvas_.LinesNo = numberAfter(canvas_.LinesNo);
     LinesD& edge = append(index, std::make_unique<LinesD>(static_cast<Graph&>(canvas_), index));
     edge.edgeType_ = EdgeType;
     edge.takeStyle();
     return edge;
 }
 
-LinesD& LinesCollection::restore(std::int32_t index, EdgeTypeCode EdgeType) {
+LinesD& LinesCollection::restore(EdgeNumber index, EdgeTypeCode EdgeType) {
     LinesD& edge = append(index, std::make_unique<LinesD>(static_cast<Graph&>(canvas_), index));
     edge.edgeType_ = EdgeType;
     edge.takeStyle();
@@ -27,7 +27,7 @@ LinesD& LinesCollection::restore(std::int32_t index, EdgeTypeCode EdgeType) {
     return edge;
 }
 
-LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t FromLabel, EdgeTypeCode EdgeType,
+LinesD& LinesCollection::Add(Point start, Point middle, Point end, NodeNumber FromLabel, EdgeTypeCode EdgeType,
                              std::int16_t FromGrabbingPoint) {
     LinesD& edge = make(EdgeType);
     edge.at(EdgeEnd::start) = {FromLabel, FromGrabbingPoint, start};
@@ -36,7 +36,7 @@ LinesD& LinesCollection::Add(Point start, Point middle, Point end, std::int32_t 
     return show(edge);
 }
 
-LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGrabbingPoint, std::int32_t ToLabel,
+LinesD* LinesCollection::addFullLine(NodeNumber FromLabel, std::int16_t FromGrabbingPoint, NodeNumber ToLabel,
                                      std::int16_t ToGrabbingPoint, EdgeTypeCode EdgeType, AngleCode Angle,
                                      std::int32_t Color) {
     LabelsD* from = canvas_.Labels.byIndex(FromLabel);
@@ -53,13 +53,13 @@ LinesD* LinesCollection::addFullLine(std::int32_t FromLabel, std::int16_t FromGr
     return &show(edge);
 }
 
-LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t ToLabel, EdgeTypeCode LineType,
+LinesD* LinesCollection::FindConnectingLine(NodeNumber FromLabel, NodeNumber ToLabel, EdgeTypeCode LineType,
                                             bool andRemove) {
     const LabelsD* from = canvas_.Labels.byIndex(FromLabel);
     if (!from) {
         return nullptr;
     }
-    for (const std::int32_t number : from->StartingLines()) {
+    for (const EdgeNumber number : from->StartingLines()) {
         LinesD* edge = byIndex(number);
         if (edge && edge->ToLabel() == ToLabel && edge->EdgeType() == LineType) {
             if (!andRemove) {
@@ -72,7 +72,7 @@ LinesD* LinesCollection::FindConnectingLine(std::int32_t FromLabel, std::int32_t
     return nullptr;
 }
 
-std::unique_ptr<LinesD> LinesCollection::Remove(std::int32_t index) {
+std::unique_ptr<LinesD> LinesCollection::Remove(EdgeNumber index) {
     std::unique_ptr<LinesD> edge = take(index);
     if (edge) {
         canvas_.forgetEdge(*edge);
@@ -81,7 +81,7 @@ std::unique_ptr<LinesD> LinesCollection::Remove(std::int32_t index) {
     return edge;
 }
 
-std::unique_ptr<LinesD> LinesCollection::RemoveFull(std::int32_t index) {
+std::unique_ptr<LinesD> LinesCollection::RemoveFull(EdgeNumber index) {
     if (LinesD* edge = byIndex(index)) {
         edge->leave(EdgeEnd::start);
         edge->leave(EdgeEnd::end);

@@ -4,6 +4,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "canvas/numbers.h"
+
 namespace orvent::canvas {
 
 /// `NamesColl` of a canvas: every node's name and the node's `Index`. Names compare exactly.
@@ -11,22 +13,22 @@ class Names2IndexColl {
   public:
     Names2IndexColl() { names_.max_load_factor(0.5F); }
 
-    /// `Index`, or -1 when the name is taken.
-    std::int32_t Add(std::int32_t Index, const std::string& sKey) {
-        return names_.emplace(sKey, Index).second ? Index : -1;
+    /// `Index`, or `kNoNode` when the name is taken.
+    NodeNumber Add(NodeNumber Index, const std::string& sKey) {
+        return names_.emplace(sKey, Index).second ? Index : kNoNode;
     }
 
-    /// The index, or -1 when there is no such name.
-    std::int32_t Item(const std::string& sKey) const {
+    /// The index, or `kNoNode` when there is no such name.
+    NodeNumber Item(const std::string& sKey) const {
         const auto found = names_.find(sKey);
-        return found == names_.end() ? -1 : found->second;
+        return found == names_.end() ? kNoNode : found->second;
     }
 
     /// -1 (true) on success, 0 otherwise.
     int Remove(const std::string& sKey) { return names_.erase(sKey) ? -1 : 0; }
 
     /// Removes the name if it is that node's.
-    void Release(std::int32_t Index, const std::string& sKey) {
+    void Release(NodeNumber Index, const std::string& sKey) {
         if (const auto found = names_.find(sKey); found != names_.end() && found->second == Index) {
             names_.erase(found);
         }
@@ -36,7 +38,7 @@ class Names2IndexColl {
     void Clear() { names_.clear(); }
 
   private:
-    std::unordered_map<std::string, std::int32_t> names_;
+    std::unordered_map<std::string, NodeNumber> names_;
 };
 
 }  // namespace orvent::canvas

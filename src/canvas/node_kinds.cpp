@@ -16,24 +16,24 @@ constexpr std::int32_t kRed = 255;
 constexpr std::int32_t kBlue = 0xFF0000;
 constexpr std::int32_t kBlack = 0;
 
-NodeProperties noEntity(const std::string&, const std::string&, std::int32_t) {
+NodeProperties noEntity(const std::string&, const std::string&, NodeNumber) {
     return std::int16_t{0};
 }
 
 template <class Entity>
-NodeProperties emptyEntity(const std::string&, const std::string&, std::int32_t) {
+NodeProperties emptyEntity(const std::string&, const std::string&, NodeNumber) {
     return std::make_shared<Entity>();
 }
 
 /// An entity whose only content is its name, in this one or these two fields.
 template <class Entity, auto... fields>
-NodeProperties namedEntity(const std::string& name, const std::string&, std::int32_t) {
+NodeProperties namedEntity(const std::string& name, const std::string&, NodeNumber) {
     auto entity = std::make_shared<Entity>();
     ((*entity.*fields = name), ...);
     return entity;
 }
 
-NodeProperties constantEntity(const std::string& name, const std::string& caption, std::int32_t index) {
+NodeProperties constantEntity(const std::string& name, const std::string& caption, NodeNumber index) {
     auto constant = std::make_shared<ParameterProperties>();
     constant->Parameter_Name = name;
     constant->Key = name;
@@ -43,7 +43,7 @@ NodeProperties constantEntity(const std::string& name, const std::string& captio
     return constant;
 }
 
-constexpr NodeProperties (*kAttribute)(const std::string&, const std::string&, std::int32_t) =
+constexpr NodeProperties (*kAttribute)(const std::string&, const std::string&, NodeNumber) =
     namedEntity<AttributeProperties, &AttributeProperties::Attribute_Name, &AttributeProperties::Key>;
 constexpr auto kRecordSet = namedEntity<RecordSetProperties, &RecordSetProperties::RecordSet_Name>;
 constexpr auto kFunction =

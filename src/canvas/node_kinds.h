@@ -8,6 +8,7 @@
 
 #include "canvas/box.h"
 #include "canvas/canvas_settings.h"
+#include "canvas/numbers.h"
 #include "canvas/point.h"
 #include "entities/key_grammar.h"
 #include "entities/nodes.h"
@@ -64,7 +65,7 @@ struct NodeKind {
     float CanvasSettings::*height;
     entities::NodeKindCode
         deleted;  ///< as what a whole node stands among the rows to delete, `KindFree` for the others
-    NodeProperties (*newEntity)(const std::string& name, const std::string& caption, std::int32_t index);
+    NodeProperties (*newEntity)(const std::string& name, const std::string& caption, NodeNumber index);
 };
 
 /// The row of a kind. A code that no name stands for is a plain box without an entity.

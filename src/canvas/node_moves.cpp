@@ -15,7 +15,7 @@ constexpr int kRings = 40;
 
 void centreMiddles(Canvas& canvas, const LabelsD& node) {
     for (const LineNumbers* lines : {&node.StartingLines(), &node.EndingLines()}) {
-        for (const std::int32_t number : *lines) {
+        for (const EdgeNumber number : *lines) {
             if (LinesD* edge = canvas.Lines.byIndex(number)) {
                 edge->centreMiddle();
             }
@@ -35,17 +35,17 @@ void reshape(Canvas& canvas, LabelsD& node, const Box& box) {
     centreMiddles(canvas, node);
 }
 
-void moveNodes(Canvas& canvas, const std::vector<std::int32_t>& nodes, float dx, float dy) {
+void moveNodes(Canvas& canvas, const std::vector<NodeNumber>& nodes, float dx, float dy) {
     std::optional<ManyChanges> together;
     if (nodes.size() > 1) {
         together.emplace(canvas);
     }
-    for (const std::int32_t index : nodes) {
+    for (const NodeNumber index : nodes) {
         if (LabelsD* node = canvas.Labels.byIndex(index)) {
             node->setBox({node->Left() + dx, node->Top() + dy, node->Width(), node->Height()});
         }
     }
-    for (const std::int32_t index : nodes) {
+    for (const NodeNumber index : nodes) {
         if (const LabelsD* node = canvas.Labels.byIndex(index)) {
             centreMiddles(canvas, *node);
         }

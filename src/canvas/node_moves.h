@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "canvas/box.h"
+#include "canvas/numbers.h"
 
 namespace orvent::canvas {
 
@@ -14,7 +15,7 @@ class LabelsD;
 void reshape(Canvas& canvas, LabelsD& node, const Box& box);
 
 /// A hand moves nodes by a distance, all at once; numbers that stand for no node are passed over.
-void moveNodes(Canvas& canvas, const std::vector<std::int32_t>& nodes, float dx, float dy);
+void moveNodes(Canvas& canvas, const std::vector<NodeNumber>& nodes, float dx, float dy);
 
 /// A place near `box`, on the grid of the tools, where it covers no visible node.
 Box freePlaceNear(const Canvas& canvas, const LabelsD& node, const Box& box);

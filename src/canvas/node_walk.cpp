@@ -43,7 +43,7 @@ LabelsD* cheapest(Canvas& canvas, Cost costOf) {
 }  // namespace
 
 LabelsD* walk(Canvas& canvas, Direction direction) {
-    const std::vector<std::int32_t> selected = canvas.SelectedLabels.members();
+    const std::vector<NodeNumber> selected = canvas.SelectedLabels.members();
     const LabelsD* start = selected.empty() ? nullptr : canvas.Labels.byIndex(selected.back());
     LabelsD* next =
         start ? cheapest(canvas, [&](const LabelsD& node) { return cost(middle(*start), middle(node), direction); })

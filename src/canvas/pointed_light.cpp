@@ -5,13 +5,13 @@ namespace orvent::canvas {
 void PointedLight::follow() {
     const PointerState state = pointer_.state();
     if (state == PointerState::drawing || state == PointerState::pending || state == PointerState::joining) {
-        node_ = -1;
+        node_ = kNoNode;
         stale_ = true;
         return;
     }
     const bool rests = state == PointerState::idle && form_.OverLabel;
     const LabelsD* node = rests ? form_.Labels.byIndex(form_.CurrentNode) : nullptr;
-    const std::int32_t now = node ? node->Index() : -1;
+    const NodeNumber now = node ? node->Index() : kNoNode;
     if (now == node_ && !stale_) {
         return;
     }

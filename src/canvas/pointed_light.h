@@ -25,7 +25,7 @@ class PointedLight : private CanvasListener {
     CanvasForm& form_;
     const CanvasPointer& pointer_;
     CanvasSubscription subscription_;
-    std::int32_t node_ = -1;  ///< whose path is lit, -1 for none
+    NodeNumber node_ = kNoNode;  ///< whose path is lit
     bool stale_ = false;
 };
 

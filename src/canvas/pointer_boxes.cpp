@@ -37,7 +37,7 @@ void hideMarker(const ViewState& view, MarkerBox& marker) {
 }
 
 NodeDrag::NodeDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, const LabelsD& node, DragStart start,
-                   std::vector<std::int32_t> group)
+                   std::vector<NodeNumber> group)
     : canvas_(canvas), view_(view), tools_(tools), node_(node.Index()), start_(start), group_(std::move(group)) {
     const Point inside = node.inside(start.pressed());
     canvas_.DragStartX = inside.x;
@@ -50,14 +50,14 @@ void NodeDrag::follow(const PointerEvent& event) {
         return;
     }
     if (!before) {
-        for (const std::int32_t index : group_) {
+        for (const NodeNumber index : group_) {
             canvas_.SelectedLabels.Add(index);
         }
     }
     const LabelsD& node = *canvas_.Labels.byIndex(node_);
     const Box box{event.at.x - canvas_.DragStartX, event.at.y - canvas_.DragStartY, node.Width(), node.Height()};
     view_.DragOutlines.clear();
-    for (const std::int32_t index : group_) {
+    for (const NodeNumber index : group_) {
         const LabelsD* other = index == node_ ? nullptr : canvas_.Labels.byIndex(index);
         if (other && other->Visible()) {
             view_.DragOutlines.push_back({other->Left() + box.Left - node.Left(), other->Top() + box.Top - node.Top(),
@@ -167,7 +167,7 @@ void Crop::follow(const PointerEvent& event) {
     rect.Height = std::max(std::abs(event.at.y - CropStartY), kLeastCrop);
     view_.tell();
     // The selection follows the rectangle as it grows and shrinks.
-    for (const std::int32_t index : canvas_.SelectedLabels.members()) {
+    for (const NodeNumber index : canvas_.SelectedLabels.members()) {
         if (const LabelsD* node = canvas_.Labels.byIndex(index); node && !holds(rect, node->box())) {
             canvas_.SelectedLabels.Remove(index);
         }
@@ -189,7 +189,7 @@ void Crop::cancel() {
         return;
     }
     canvas_.SelectedLabels.Clear();
-    for (const std::int32_t index : formerSelection_) {
+    for (const NodeNumber index : formerSelection_) {
         canvas_.SelectedLabels.Add(index);
     }
     hideMarker(view_, view_.CroppingRect);

@@ -14,13 +14,13 @@ class NodeDrag : public Gesture {
   public:
     /// `group` is selected again as the drag begins, and moves as a whole; empty for the node alone.
     NodeDrag(CanvasForm& canvas, ViewState& view, ToolState& tools, const LabelsD& node, DragStart start,
-             std::vector<std::int32_t> group);
+             std::vector<NodeNumber> group);
 
     PointerState state() const override { return start_.begun() ? PointerState::draggingNode : PointerState::idle; }
     void follow(const PointerEvent& event) override;
     bool release(const PointerEvent& event) override;
     void cancel() override;
-    bool needsNode(std::int32_t node) const override { return node == node_; }
+    bool needsNode(NodeNumber node) const override { return node == node_; }
 
   private:
     void hide();
@@ -28,9 +28,9 @@ class NodeDrag : public Gesture {
     CanvasForm& canvas_;
     ViewState& view_;
     ToolState& tools_;
-    std::int32_t node_;
+    NodeNumber node_;
     DragStart start_;
-    std::vector<std::int32_t> group_;
+    std::vector<NodeNumber> group_;
 };
 
 /// A node is resized by its border; the outline follows the pointer, and the node takes it at the end.
@@ -42,12 +42,12 @@ class NodeResize : public Gesture {
     void follow(const PointerEvent& event) override;
     bool release(const PointerEvent& event) override;
     void cancel() override;
-    bool needsNode(std::int32_t node) const override { return node == node_; }
+    bool needsNode(NodeNumber node) const override { return node == node_; }
 
   private:
     CanvasForm& canvas_;
     ViewState& view_;
-    std::int32_t node_;
+    NodeNumber node_;
 };
 
 /// A rectangle is drawn on the picture, and the selection follows it.
@@ -66,7 +66,7 @@ class Crop : public Gesture {
     ViewState& view_;
     float CropStartX, CropStartY;
     DragStart start_;
-    std::vector<std::int32_t> formerSelection_;
+    std::vector<NodeNumber> formerSelection_;
 };
 
 /// Shows where a dragged box would go, and scrolls or grows the picture near its borders.

@@ -28,10 +28,10 @@ class CommentEditing : public Gesture {
 
     PointerState state() const override { return PointerState::editing; }
     void cancel() override {
-        view_.EditedComment = -1;
+        view_.EditedComment = kNoNode;
         view_.tell();
     }
-    bool needsNode(std::int32_t node) const override { return node == view_.EditedComment; }
+    bool needsNode(NodeNumber node) const override { return node == view_.EditedComment; }
     bool endsWithTool() const override { return false; }
 
   private:

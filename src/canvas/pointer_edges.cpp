@@ -57,10 +57,7 @@ void EdgeDrawing::follow(const PointerEvent& event) {
         lightEnds(canvas_, edge.EdgeType(), source);
     }
     edge.setEnd(event.at);
-    const bool over = event.hit.element == Element::node || event.hit.element == Element::handle;
-    LabelsD* target =
-        over ? canvas_.Labels.byIndex(event.hit.element == Element::node ? event.hit.number : event.hit.below)
-             : nullptr;
+    LabelsD* target = canvas_.Labels.byIndex(event.hit.node);
     if (target && target->Index() != source_ && canvas_.light().holdsNode(target->Index())) {
         hover_.showGrabber(*target, target->inside(event.at));
     } else {
@@ -81,7 +78,7 @@ bool EdgeDrawing::release(const PointerEvent&) {
 void EdgeDrawing::letGo() {
     canvas_.RubberBand = false;
     canvas_.ConnectPending = false;
-    canvas_.ConnectFromLabel = -1;
+    canvas_.ConnectFromLabel = kNoNode;
     canvas_.setLight({});
     view_.tell();
 }
@@ -90,7 +87,7 @@ bool EdgeDrawing::hover(const Hit& hit) {
     if (!canvas_.ConnectPending || hit.element == Element::handle || hit.element == Element::outside) {
         return false;
     }
-    LabelsD* target = hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
+    LabelsD* target = hit.element == Element::node ? canvas_.Labels.byIndex(hit.node) : nullptr;
     letGo();
     LinesD& edge = *canvas_.Lines.byIndex(edge_);
     if (!target || target->Index() == source_) {
@@ -100,7 +97,7 @@ bool EdgeDrawing::hover(const Hit& hit) {
     }
     edge.attach(EdgeEnd::start, *canvas_.Labels.byIndex(source_), edge.FromGrabbingPoint());
     edge.attach(EdgeEnd::end, *target, static_cast<std::int16_t>(canvas_.GrabbingPoint));
-    const std::int32_t to = target->Index();
+    const NodeNumber to = target->Index();
     const EdgeTypeCode kind = edge.EdgeType();
     canvas_.rules().edgeCompleted(canvas_, edge);
     const LinesD* drawn = canvas_.Lines.byIndex(edge_);
@@ -158,7 +155,7 @@ bool HandleDrag::release(const PointerEvent& event) {
             tools_.hint("Nothing is moved out of the picture.");
         } else {
             drop(*canvas_.Lines.byIndex(edgeOfHandle(handle_)),
-                 event.hit.element == Element::node ? canvas_.Labels.byIndex(event.hit.number) : nullptr, event.at);
+                 event.hit.element == Element::node ? canvas_.Labels.byIndex(event.hit.node) : nullptr, event.at);
         }
     }
     return true;

@@ -20,8 +20,8 @@ class EdgeDrawing : public Gesture {
     bool release(const PointerEvent& event) override;
     bool hover(const Hit& hit) override;
     void cancel() override;
-    bool needsNode(std::int32_t node) const override { return node == source_; }
-    bool needsEdge(std::int32_t edge) const override { return edge == edge_; }
+    bool needsNode(NodeNumber node) const override { return node == source_; }
+    bool needsEdge(EdgeNumber edge) const override { return edge == edge_; }
 
   private:
     void letGo();
@@ -30,8 +30,8 @@ class EdgeDrawing : public Gesture {
     ViewState& view_;
     ToolState& tools_;
     PointerHover& hover_;
-    std::int32_t source_;
-    std::int32_t edge_;
+    NodeNumber source_;
+    EdgeNumber edge_;
     bool lit_ = false;  ///< its possible ends are
 };
 
@@ -45,12 +45,12 @@ class EdgeJoining : public Gesture {
 
     PointerState state() const override { return PointerState::joining; }
     void cancel() override;
-    bool needsNode(std::int32_t node) const override { return node == source_; }
+    bool needsNode(NodeNumber node) const override { return node == source_; }
 
   private:
     CanvasForm& canvas_;
     ToolState& tools_;
-    std::int32_t source_;
+    NodeNumber source_;
     EdgeTypeCode edgeType_;
 };
 
@@ -64,7 +64,7 @@ class HandleDrag : public Gesture {
     void follow(const PointerEvent& event) override;
     bool release(const PointerEvent& event) override;
     void cancel() override;
-    bool needsEdge(std::int32_t edge) const override { return edge == edgeOfHandle(handle_); }
+    bool needsEdge(EdgeNumber edge) const override { return edge == edgeOfHandle(handle_); }
 
   private:
     void drop(LinesD& edge, LabelsD* node, Point at);

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "canvas/lines.h"
+#include "canvas/numbers.h"
 #include "canvas/point.h"
 
 namespace orvent::canvas {
@@ -13,10 +13,15 @@ enum class Element { picture, node, handle, line, outside };
 
 struct Hit {
     Element element = Element::picture;
-    std::int32_t number = 0;  ///< the node's `Index`, the handle's number (`StartBox`, ...), or the line's edge
-    std::int32_t below = 0;   ///< the node under the handle, 0 for none
+    NodeNumber node{};      ///< the node, or the one under the handle
+    EdgeNumber edge{};      ///< the line's edge, or that of the handle
+    HandleNumber handle{};  ///< `StartBox`, ...
 
-    HandleNumber handle() const { return HandleNumber{number}; }
+    static Hit onNode(NodeNumber node) { return {Element::node, node, {}, {}}; }
+    static Hit onLine(EdgeNumber edge) { return {Element::line, {}, edge, {}}; }
+    static Hit onHandle(HandleNumber handle, NodeNumber below) {
+        return {Element::handle, below, edgeOfHandle(handle), handle};
+    }
 
     bool operator==(const Hit&) const = default;
 };

@@ -29,8 +29,8 @@ class Gesture {
     virtual void cancel() = 0;
 
     /// Whether it cannot go on without the node, or the edge.
-    virtual bool needsNode(std::int32_t) const { return false; }
-    virtual bool needsEdge(std::int32_t) const { return false; }
+    virtual bool needsNode(NodeNumber) const { return false; }
+    virtual bool needsEdge(EdgeNumber) const { return false; }
     /// Whether it is given up when another tool is pressed.
     virtual bool endsWithTool() const { return true; }
 };

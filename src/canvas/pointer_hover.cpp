@@ -20,7 +20,7 @@ void PointerHover::overPicture() {
         leaveNode();
     }
     if (canvas_.OverLine) {
-        canvas_.ActiveEdge = -1;
+        canvas_.ActiveEdge = kNoEdge;
         leaveEdge();
     }
     tools_.pictureReached();
@@ -83,7 +83,7 @@ void PointerHover::showGrabber(LabelsD& node, Point inside) {
 }
 
 void PointerHover::hideGrabber() {
-    grabNode_ = -1;
+    grabNode_ = kNoNode;
     if (view_.GrabberVisible) {
         view_.GrabberVisible = false;
         view_.tell();

@@ -21,10 +21,10 @@ class PointerHover {
     /// Shows the grab point that is meant by a place inside the node, and keeps it in `GrabMark` and `GrabbingPoint`.
     void showGrabber(LabelsD& node, Point inside);
     void hideGrabber();
-    /// The node whose grab point was found last, -1 for none.
-    std::int32_t grabNode() const { return grabNode_; }
+    /// The node whose grab point was found last.
+    NodeNumber grabNode() const { return grabNode_; }
     /// The grab point is not the one meant by the pointer any more.
-    void forgetGrabNode() { grabNode_ = -1; }
+    void forgetGrabNode() { grabNode_ = kNoNode; }
 
   private:
     void leaveNode();
@@ -33,7 +33,7 @@ class PointerHover {
     CanvasForm& canvas_;
     ViewState& view_;
     ToolState& tools_;
-    std::int32_t grabNode_ = -1;
+    NodeNumber grabNode_ = kNoNode;
 };
 
 }  // namespace orvent::canvas

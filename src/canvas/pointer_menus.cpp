@@ -24,13 +24,13 @@ void PointerMenus::pressEdge(LinesD& edge, Point at) {
 }
 
 bool PointerMenus::openSelected() {
-    const std::vector<std::int32_t> nodes = canvas_.SelectedLabels.members();
+    const std::vector<NodeNumber> nodes = canvas_.SelectedLabels.members();
     if (const LabelsD* node = nodes.empty() ? nullptr : canvas_.Labels.byIndex(nodes.back())) {
         canvas_.ActiveLabel = node->Index();
         show(nodeKind(node->NodeType()).menu, {node->Left() + node->Width() / 2, node->Top() + node->Height() / 2});
         return true;
     }
-    const std::vector<std::int32_t> edges = canvas_.SelectedLines.members();
+    const std::vector<EdgeNumber> edges = canvas_.SelectedLines.members();
     if (const LinesD* edge = edges.empty() ? nullptr : canvas_.Lines.byIndex(edges.back())) {
         canvas_.ActiveEdge = edge->Index();
         show("EdgesM", {edge->Xm(), edge->Ym()});

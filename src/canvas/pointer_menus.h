@@ -41,8 +41,8 @@ class PointerMenus {
 
     CanvasForm& canvas_;
     PointerPorts ports_;
-    std::int32_t node_ = -1;  ///< `ActiveLabel` as the last menu was opened
-    std::int32_t edge_ = -1;  ///< `ActiveEdge`, likewise
+    NodeNumber node_ = kNoNode;  ///< `ActiveLabel` as the last menu was opened
+    EdgeNumber edge_ = kNoEdge;  ///< `ActiveEdge`, likewise
 };
 
 }  // namespace orvent::canvas

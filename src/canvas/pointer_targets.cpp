@@ -13,17 +13,15 @@ Hit PointerTargets::meant(const Hit& hit) const {
     }
     const LinesD* edge = edgeAt(hit);
     const bool drawing = canvas_.rules().edgeTypeOf(tools_.DrawMode()).has_value();
-    return edge && drawing && hit.below != 0 && !edge->Selected() ? Hit{Element::node, hit.below} : hit;
+    return edge && drawing && isGiven(hit.node) && !edge->Selected() ? Hit::onNode(hit.node) : hit;
 }
 
 LabelsD* PointerTargets::nodeAt(const Hit& hit) const {
-    return hit.element == Element::node ? canvas_.Labels.byIndex(hit.number) : nullptr;
+    return hit.element == Element::node ? canvas_.Labels.byIndex(hit.node) : nullptr;
 }
 
 LinesD* PointerTargets::edgeAt(const Hit& hit) const {
-    return hit.element == Element::handle ? canvas_.Lines.byIndex(edgeOfHandle(hit.handle()))
-           : hit.element == Element::line ? canvas_.Lines.byIndex(hit.number)
-                                          : nullptr;
+    return canvas_.Lines.byIndex(hit.edge);
 }
 
 }  // namespace orvent::canvas

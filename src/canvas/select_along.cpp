@@ -11,20 +11,20 @@ namespace orvent::canvas {
 
 namespace {
 
-using Numbers = std::unordered_set<std::int32_t>;
+using Numbers = std::unordered_set<NodeNumber>;
 
 bool isFlow(const LinesD& edge) {
     return edge.EdgeType() == EdgeTypeProvider || edge.EdgeType() == EdgeTypeRegulator;
 }
 
 /// All that is reached from the nodes, and they themselves.
-Numbers reachedFrom(const Canvas& canvas, std::vector<std::int32_t> open, Along along) {
+Numbers reachedFrom(const Canvas& canvas, std::vector<NodeNumber> open, Along along) {
     Numbers reached(open.begin(), open.end());
     while (!open.empty()) {
         const LabelsD* node = canvas.Labels.byIndex(open.back());
         open.pop_back();
-        const auto go = [&](const LineNumbers& lines, std::int32_t (LinesD::*end)() const) {
-            for (const std::int32_t number : lines) {
+        const auto go = [&](const LineNumbers& lines, NodeNumber (LinesD::*end)() const) {
+            for (const EdgeNumber number : lines) {
                 const LinesD* edge = canvas.Lines.byIndex(number);
                 const bool leads = edge && edge->Visible() && (along == Along::connected || isFlow(*edge));
                 const LabelsD* other = leads ? canvas.Labels.byIndex((edge->*end)()) : nullptr;
@@ -76,7 +76,7 @@ void selectAlong(Canvas& canvas, Along along) {
 }
 
 bool selectBetween(Canvas& canvas) {
-    const std::vector<std::int32_t> ends = canvas.SelectedLabels.members();
+    const std::vector<NodeNumber> ends = canvas.SelectedLabels.members();
     if (ends.size() != 2) {
         return false;
     }
@@ -85,7 +85,7 @@ bool selectBetween(Canvas& canvas) {
         const Numbers behind = reachedFrom(canvas, {from}, Along::downstream);
         const Numbers before = behind.contains(to) ? reachedFrom(canvas, {to}, Along::upstream) : Numbers();
         std::copy_if(behind.begin(), behind.end(), std::inserter(between, between.end()),
-                     [&](std::int32_t node) { return before.contains(node); });
+                     [&](NodeNumber node) { return before.contains(node); });
     }
     selectWhere(canvas, [&](const LabelsD& node) { return between.contains(node.Index()); });
     return !between.empty();
@@ -93,7 +93,7 @@ bool selectBetween(Canvas& canvas) {
 
 void selectSameType(Canvas& canvas) {
     std::set<std::pair<NodeTypeCode, std::int32_t>> types;
-    for (const std::int32_t index : canvas.SelectedLabels.members()) {
+    for (const NodeNumber index : canvas.SelectedLabels.members()) {
         types.insert(typeWithKind(*canvas.Labels.byIndex(index)));
     }
     selectWhere(canvas, [&](const LabelsD& node) { return types.contains(typeWithKind(node)); });

@@ -7,7 +7,8 @@
 
 namespace orvent::canvas {
 
-bool NumberSet::insert(std::int32_t number) {
+template <class Number>
+bool NumberSet<Number>::insert(Number number) {
     if (!positions_.emplace(number, order_.size()).second) {
         return false;
     }
@@ -15,7 +16,8 @@ bool NumberSet::insert(std::int32_t number) {
     return true;
 }
 
-bool NumberSet::erase(std::int32_t number) {
+template <class Number>
+bool NumberSet<Number>::erase(Number number) {
     const auto found = positions_.find(number);
     if (found == positions_.end()) {
         return false;
@@ -32,15 +34,17 @@ bool NumberSet::erase(std::int32_t number) {
     return true;
 }
 
-void NumberSet::clear() {
+template <class Number>
+void NumberSet<Number>::clear() {
     order_.clear();
     positions_.clear();
 }
 
-std::vector<std::int32_t> NumberSet::members() const {
-    std::vector<std::int32_t> result;
+template <class Number>
+std::vector<Number> NumberSet<Number>::members() const {
+    std::vector<Number> result;
     result.reserve(positions_.size());
-    for (const std::int32_t number : order_) {
+    for (const Number number : order_) {
         if (number != kGone) {
             result.push_back(number);
         }
@@ -48,13 +52,16 @@ std::vector<std::int32_t> NumberSet::members() const {
     return result;
 }
 
-void SelectedLabelsCollection::mark(std::int32_t Index) {
+template class NumberSet<NodeNumber>;
+template class NumberSet<EdgeNumber>;
+
+void SelectedLabelsCollection::mark(NodeNumber Index) {
     if (LabelsD* node = graph_.nodeAt(Index)) {
         node->setColor((node->Color() ^ graph_.settings().SelColor) & 0xFFFFFF);
     }
 }
 
-LabelsD* SelectedLabelsCollection::Add(std::int32_t Index) {
+LabelsD* SelectedLabelsCollection::Add(NodeNumber Index) {
     LabelsD* node = graph_.nodeAt(Index);
     if (!node || !numbers_.insert(Index)) {
         return nullptr;
@@ -63,25 +70,25 @@ LabelsD* SelectedLabelsCollection::Add(std::int32_t Index) {
     return node;
 }
 
-void SelectedLabelsCollection::Remove(std::int32_t Index) {
+void SelectedLabelsCollection::Remove(NodeNumber Index) {
     if (numbers_.erase(Index)) {
         mark(Index);
     }
 }
 
 void SelectedLabelsCollection::Clear() {
-    const std::vector<std::int32_t> marked = numbers_.members();
+    const std::vector<NodeNumber> marked = numbers_.members();
     numbers_.clear();
-    for (const std::int32_t index : marked) {
+    for (const NodeNumber index : marked) {
         mark(index);
     }
 }
 
-LabelsD* SelectedLabelsCollection::Item(std::int32_t Index) const {
+LabelsD* SelectedLabelsCollection::Item(NodeNumber Index) const {
     return numbers_.contains(Index) ? graph_.nodeAt(Index) : nullptr;
 }
 
-LinesD* SelectedLinesCollection::Add(std::int32_t Index) {
+LinesD* SelectedLinesCollection::Add(EdgeNumber Index) {
     LinesD* edge = graph_.edgeAt(Index);
     if (!edge || !numbers_.insert(Index)) {
         return nullptr;
@@ -90,7 +97,7 @@ LinesD* SelectedLinesCollection::Add(std::int32_t Index) {
     return edge;
 }
 
-void SelectedLinesCollection::Remove(std::int32_t Index) {
+void SelectedLinesCollection::Remove(EdgeNumber Index) {
     if (!numbers_.erase(Index)) {
         return;
     }
@@ -100,12 +107,12 @@ void SelectedLinesCollection::Remove(std::int32_t Index) {
 }
 
 void SelectedLinesCollection::Clear() {
-    for (const std::int32_t index : numbers_.members()) {
+    for (const EdgeNumber index : numbers_.members()) {
         Remove(index);
     }
 }
 
-LinesD* SelectedLinesCollection::Item(std::int32_t Index) const {
+LinesD* SelectedLinesCollection::Item(EdgeNumber Index) const {
     return numbers_.contains(Index) ? graph_.edgeAt(Index) : nullptr;
 }
 

@@ -4,28 +4,31 @@
 #include <unordered_map>
 #include <vector>
 
+#include "canvas/numbers.h"
+
 namespace orvent::canvas {
 
 class Graph;
 class LabelsD;
 class LinesD;
 
-/// Numbers in order of addition, each once.
+/// Numbers of nodes or of edges in order of addition, each once.
+template <class Number>
 class NumberSet {
   public:
     int Count() const { return static_cast<int>(positions_.size()); }
-    bool contains(std::int32_t number) const { return positions_.contains(number); }
-    bool insert(std::int32_t number);
-    bool erase(std::int32_t number);
+    bool contains(Number number) const { return positions_.contains(number); }
+    bool insert(Number number);
+    bool erase(Number number);
     void clear();
 
     /// The members in order, as a copy that may be walked while members go.
-    std::vector<std::int32_t> members() const;
+    std::vector<Number> members() const;
 
   private:
-    static constexpr std::int32_t kGone = -1;
-    std::vector<std::int32_t> order_;
-    std::unordered_map<std::int32_t, std::size_t> positions_;
+    static constexpr Number kGone{-1};
+    std::vector<Number> order_;
+    std::unordered_map<Number, std::size_t> positions_;
 };
 
 /// The selected nodes of a canvas. Marking is a plain XOR of the node's present colour with `SelColor`.
@@ -34,22 +37,22 @@ class SelectedLabelsCollection {
     explicit SelectedLabelsCollection(Graph& graph) : graph_(graph) {}
 
     /// Selects the node and gives it; nothing when it was selected already.
-    LabelsD* Add(std::int32_t Index);
-    void Remove(std::int32_t Index);
+    LabelsD* Add(NodeNumber Index);
+    void Remove(NodeNumber Index);
     void Clear();
     /// The node when it is selected, or nothing.
-    LabelsD* Item(std::int32_t Index) const;
+    LabelsD* Item(NodeNumber Index) const;
     int Count() const { return numbers_.Count(); }
-    std::vector<std::int32_t> members() const { return numbers_.members(); }
+    std::vector<NodeNumber> members() const { return numbers_.members(); }
 
     /// Drops a node that is about to go, without recolouring it.
-    void forget(std::int32_t Index) { numbers_.erase(Index); }
+    void forget(NodeNumber Index) { numbers_.erase(Index); }
 
   private:
-    void mark(std::int32_t Index);
+    void mark(NodeNumber Index);
 
     Graph& graph_;
-    NumberSet numbers_;
+    NumberSet<NodeNumber> numbers_;
 };
 
 /// The selected edges of a canvas.
@@ -57,17 +60,17 @@ class SelectedLinesCollection {
   public:
     explicit SelectedLinesCollection(Graph& graph) : graph_(graph) {}
 
-    LinesD* Add(std::int32_t Index);
-    void Remove(std::int32_t Index);
+    LinesD* Add(EdgeNumber Index);
+    void Remove(EdgeNumber Index);
     void Clear();
-    LinesD* Item(std::int32_t Index) const;
+    LinesD* Item(EdgeNumber Index) const;
     int Count() const { return numbers_.Count(); }
-    std::vector<std::int32_t> members() const { return numbers_.members(); }
-    void forget(std::int32_t Index) { numbers_.erase(Index); }
+    std::vector<EdgeNumber> members() const { return numbers_.members(); }
+    void forget(EdgeNumber Index) { numbers_.erase(Index); }
 
   private:
     Graph& graph_;
-    NumberSet numbers_;
+    NumberSet<EdgeNumber> numbers_;
 };
 
 }  // namespace orvent::canvas

@@ -37,7 +37,7 @@ bool SelectionKeys::isArrow(int keyCode) {
 }
 
 LabelsD* SelectionKeys::selectedNode() const {
-    const std::vector<std::int32_t> selected = canvas_.SelectedLabels.members();
+    const std::vector<NodeNumber> selected = canvas_.SelectedLabels.members();
     return selected.empty() ? nullptr : canvas_.Labels.byIndex(selected.back());
 }
 
@@ -53,7 +53,7 @@ void SelectionKeys::arrow(int keyCode, bool ctrl) {
 }
 
 void SelectionKeys::placeNear(Point middle) {
-    const std::int32_t former = canvas_.LabelsNo;
+    const NodeNumber former = canvas_.LabelsNo;
     LabelsD* opened =
         canvas_.rules().placeNode(canvas_, ports_.tools.DrawMode(), {SnapToGrid(middle.x), SnapToGrid(middle.y)});
     LabelsD* placed = canvas_.Labels.byIndex(canvas_.LabelsNo);

@@ -19,9 +19,9 @@ constexpr float kMargin = 300;  // between the picture's corner and what stands 
 constexpr double kReachOfNotes = 800;
 
 /// The numbers of all edges at the nodes, ascending.
-std::vector<std::int32_t> edgesAt(const Canvas& canvas, const std::vector<std::int32_t>& nodes) {
-    std::vector<std::int32_t> numbers;
-    for (const std::int32_t index : nodes) {
+std::vector<EdgeNumber> edgesAt(const Canvas& canvas, const std::vector<NodeNumber>& nodes) {
+    std::vector<EdgeNumber> numbers;
+    for (const NodeNumber index : nodes) {
         if (const LabelsD* node = canvas.Labels.byIndex(index)) {
             numbers.insert(numbers.end(), node->StartingLines().begin(), node->StartingLines().end());
             numbers.insert(numbers.end(), node->EndingLines().begin(), node->EndingLines().end());
@@ -29,17 +29,17 @@ std::vector<std::int32_t> edgesAt(const Canvas& canvas, const std::vector<std::i
     }
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-    std::erase_if(numbers, [&canvas](std::int32_t number) { return !canvas.Lines.byIndex(number); });
+    std::erase_if(numbers, [&canvas](EdgeNumber number) { return !canvas.Lines.byIndex(number); });
     return numbers;
 }
 
 /// The nodes as a plain graph, in the order of their numbers.
-layout::FlowGraph sketch(const Canvas& canvas, const std::vector<std::int32_t>& nodes) {
+layout::FlowGraph sketch(const Canvas& canvas, const std::vector<NodeNumber>& nodes) {
     layout::FlowGraph graph;
     std::vector<layout::Area> areas;
     std::vector<bool> notes;
-    std::unordered_map<std::int32_t, std::int32_t> places;
-    for (const std::int32_t index : nodes) {
+    std::unordered_map<NodeNumber, std::int32_t> places;
+    for (const NodeNumber index : nodes) {
         const LabelsD& node = *canvas.Labels.byIndex(index);
         const Box& box = node.box();
         places.emplace(index, static_cast<std::int32_t>(places.size()));
@@ -48,7 +48,7 @@ layout::FlowGraph sketch(const Canvas& canvas, const std::vector<std::int32_t>& 
         notes.push_back(node.NodeType() == NodeTypeComment || node.NodeType() == NodeTypeLog);
     }
     layout::NoteHosts hosts(std::move(areas), notes);
-    for (const std::int32_t number : edgesAt(canvas, nodes)) {
+    for (const EdgeNumber number : edgesAt(canvas, nodes)) {
         const LinesD& edge = *canvas.Lines.byIndex(number);
         const auto from = places.find(edge.FromLabel()), to = places.find(edge.ToLabel());
         if (from == places.end() || to == places.end()) {
@@ -65,9 +65,9 @@ layout::FlowGraph sketch(const Canvas& canvas, const std::vector<std::int32_t>& 
 }
 
 /// The left upper corner of all that the nodes take, on the grid.
-Point cornerOf(const Canvas& canvas, const std::vector<std::int32_t>& nodes) {
+Point cornerOf(const Canvas& canvas, const std::vector<NodeNumber>& nodes) {
     Point corner{0, 0};
-    for (const std::int32_t index : nodes) {
+    for (const NodeNumber index : nodes) {
         const Box& box = canvas.Labels.byIndex(index)->box();
         const bool first = index == nodes.front();
         corner = first ? Point{box.Left, box.Top} : Point{std::min(corner.x, box.Left), std::min(corner.y, box.Top)};
@@ -77,13 +77,13 @@ Point cornerOf(const Canvas& canvas, const std::vector<std::int32_t>& nodes) {
 
 }  // namespace
 
-FormerPlaces::FormerPlaces(const Canvas& canvas, const std::vector<std::int32_t>& nodes) {
-    for (const std::int32_t index : nodes) {
+FormerPlaces::FormerPlaces(const Canvas& canvas, const std::vector<NodeNumber>& nodes) {
+    for (const NodeNumber index : nodes) {
         if (const LabelsD* node = canvas.Labels.byIndex(index)) {
             nodes_.emplace_back(index, node->box());
         }
     }
-    for (const std::int32_t number : edgesAt(canvas, nodes)) {
+    for (const EdgeNumber number : edgesAt(canvas, nodes)) {
         const LinesD& edge = *canvas.Lines.byIndex(number);
         edges_.push_back({number,
                           edge.FromGrabbingPoint(),
@@ -124,8 +124,8 @@ void PutBack::look() {
     }
 }
 
-std::vector<std::int32_t> nodesToTidy(const Canvas& canvas) {
-    std::vector<std::int32_t> nodes;
+std::vector<NodeNumber> nodesToTidy(const Canvas& canvas) {
+    std::vector<NodeNumber> nodes;
     const bool all = canvas.SelectedLabels.Count() < 2;
     for (const LabelsD& node : canvas.Labels) {
         if (node.Visible() && (all || canvas.SelectedLabels.Item(node.Index()))) {
@@ -135,7 +135,7 @@ std::vector<std::int32_t> nodesToTidy(const Canvas& canvas) {
     return nodes;
 }
 
-void tidyUp(Canvas& canvas, const std::vector<std::int32_t>& nodes, bool all) {
+void tidyUp(Canvas& canvas, const std::vector<NodeNumber>& nodes, bool all) {
     const Point corner = all ? Point{kMargin, kMargin} : cornerOf(canvas, nodes);
     const std::vector<layout::Place> places = layout::layOut(sketch(canvas, nodes));
     {
@@ -148,7 +148,7 @@ void tidyUp(Canvas& canvas, const std::vector<std::int32_t>& nodes, bool all) {
                 node.setBox(box);
             }
         }
-        for (const std::int32_t number : edgesAt(canvas, nodes)) {
+        for (const EdgeNumber number : edgesAt(canvas, nodes)) {
             if (LinesD& edge = *canvas.Lines.byIndex(number); edge.Visible()) {
                 straighten(canvas, edge);
             }

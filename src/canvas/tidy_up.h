@@ -14,20 +14,20 @@ class FormerPlaces {
   public:
     FormerPlaces() = default;
     /// Nodes with all their edges.
-    FormerPlaces(const Canvas& canvas, const std::vector<std::int32_t>& nodes);
+    FormerPlaces(const Canvas& canvas, const std::vector<NodeNumber>& nodes);
 
     /// Brings those that still exist back, all at once.
     void putBack(Canvas& canvas) const;
 
   private:
     struct Edge {
-        std::int32_t index;
+        EdgeNumber index;
         std::int16_t from, to;  ///< grab points
         AngleCode angle;
         Point middle;
         bool middlePlaced;
     };
-    std::vector<std::pair<std::int32_t, Box>> nodes_;
+    std::vector<std::pair<NodeNumber, Box>> nodes_;
     std::vector<Edge> edges_;
 };
 
@@ -57,11 +57,11 @@ class PutBack : private CanvasListener {
 };
 
 /// The nodes that tidying up means: the selected ones, or all that are visible when fewer than two are selected.
-std::vector<std::int32_t> nodesToTidy(const Canvas& canvas);
+std::vector<NodeNumber> nodesToTidy(const Canvas& canvas);
 
 /// Places nodes by the flow from left to right, all at once, and leads their edges by the straight way. Comments and
 /// logs stay with the node that an edge joins them with, or else with the nearest one. With `all` the nodes begin at
 /// the corner of the picture; otherwise they keep the corner that they have together.
-void tidyUp(Canvas& canvas, const std::vector<std::int32_t>& nodes, bool all);
+void tidyUp(Canvas& canvas, const std::vector<NodeNumber>& nodes, bool all);
 
 }  // namespace orvent::canvas

@@ -22,10 +22,10 @@ class ViewState {
     Point Grabber;  ///< marker of the grab point meant by the pointer
     bool GrabberVisible = false;
     MarkerBox CroppingRect;
-    MarkerBox ResizeLabel;            ///< outline of the node that is being resized
-    MarkerBox DragOutline;            ///< where a dragged node or handle would go
-    std::vector<Box> DragOutlines;    ///< where the other nodes of a dragged group would go
-    std::int32_t EditedComment = -1;  ///< the comment whose text is being edited
+    MarkerBox ResizeLabel;               ///< outline of the node that is being resized
+    MarkerBox DragOutline;               ///< where a dragged node or handle would go
+    std::vector<Box> DragOutlines;       ///< where the other nodes of a dragged group would go
+    NodeNumber EditedComment = kNoNode;  ///< the comment whose text is being edited
 
     std::function<void()> changed;  ///< a marker or the place of the window has to be shown again
     void tell() const {

@@ -14,21 +14,21 @@ using canvas::LabelsD;
 
 namespace {
 
-bool joins(const canvas::LinesD& edge, std::int32_t one, std::int32_t other) {
+bool joins(const canvas::LinesD& edge, canvas::NodeNumber one, canvas::NodeNumber other) {
     return (edge.FromLabel() == one && edge.ToLabel() == other) || (edge.FromLabel() == other && edge.ToLabel() == one);
 }
 
 void removeEdges(canvas::Canvas& form, const LabelsD& one, const LabelsD& other) {
-    std::vector<std::int32_t> ties;
+    std::vector<canvas::EdgeNumber> ties;
     for (const canvas::LineNumbers* lines : {&one.StartingLines(), &one.EndingLines()}) {
-        for (const std::int32_t line : *lines) {
+        for (const canvas::EdgeNumber line : *lines) {
             const canvas::LinesD* edge = form.Lines.byIndex(line);
             if (edge && joins(*edge, one.Index(), other.Index())) {
                 ties.push_back(line);
             }
         }
     }
-    for (const std::int32_t line : ties) {
+    for (const canvas::EdgeNumber line : ties) {
         form.Lines.RemoveFull(line);
     }
 }

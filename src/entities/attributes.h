@@ -7,6 +7,7 @@
 #include "entities/key_grammar.h"
 #include "entities/lazy.h"
 #include "entities/links.h"
+#include "entities/numbers.h"
 #include "entities/tags.h"
 #include "entities/type_records.h"
 
@@ -22,7 +23,7 @@ struct AttributeFields {
     NodeKindCode NodeKind = KindFree;  ///< KindInput, KindOutput, KindRecordSetAttribute; KindFree on a free node
     TagCode Tag = TagNone;             ///< how it came to its list, stored as `SubNode_Tag`
     std::string ParentKeyName;         ///< name of the owning activity or record set
-    std::int32_t LabelIndex = 0;       ///< node that shows it while a zoom view is open; never stored
+    NodeNumber LabelIndex{};           ///< node that shows it while a zoom view is open; never stored
     std::string Key;
     std::int16_t Attribute_Type = 0;  ///< data type index
     std::string Attribute_Name;
@@ -48,7 +49,7 @@ struct ParameterFields {
     NodeKindCode NodeKind = KindFree;    ///< KindParameter, KindFunctionOutput, KindFunctionInput, KindConstant
     TagCode Tag = TagNone;               ///< stored only for KindParameter
     std::string ParentKeyName;           ///< name of the owning activity, or key of the owning function
-    std::int32_t LabelIndex = 0;
+    NodeNumber LabelIndex{};
     std::string Key;
     std::string Parameter_Name;
     std::int16_t Parameter_Type = 0;  ///< data type index

@@ -7,6 +7,7 @@
 
 #include "entities/keyed_collection.h"
 #include "entities/link_types.h"
+#include "entities/numbers.h"
 
 namespace orvent::entities {
 
@@ -16,10 +17,10 @@ class LinkCollection;
 /// One end of a provider link: a value of one attribute flows into another.
 class ProviderProperties {
   public:
-    ProviderProperties(std::int32_t lineIndex, std::string key, LinkType type, std::string name)
+    ProviderProperties(EdgeNumber lineIndex, std::string key, LinkType type, std::string name)
         : LineIndex(lineIndex), Provider_Type(type), Provider_Name(std::move(name)), key_(std::move(key)) {}
 
-    std::int32_t LineIndex;  ///< edge that draws the link in the open zoom view; 0 none yet, -1 not drawable
+    EdgeNumber LineIndex;  ///< edge that draws the link in the open zoom view; 0 none yet, `kNoEdge` not drawable
     LinkType Provider_Type;
     std::string Provider_Name;  ///< the record set or activity that owns the far end
 
@@ -38,10 +39,10 @@ class ProviderProperties {
 /// One end of a regulator link: a value governs a parameter, an output or a function input.
 class RegulatorProperties {
   public:
-    RegulatorProperties(std::int32_t lineIndex, std::string key, LinkType type, std::string name)
+    RegulatorProperties(EdgeNumber lineIndex, std::string key, LinkType type, std::string name)
         : LineIndex(lineIndex), Regulator_type(type), Regulator_name(std::move(name)), key_(std::move(key)) {}
 
-    std::int32_t LineIndex;
+    EdgeNumber LineIndex;
     LinkType Regulator_type;
     std::string Regulator_name;
 
@@ -61,7 +62,7 @@ class RegulatorProperties {
 template <class Link>
 class LinkCollection : public KeyedCollection<Link, std::unique_ptr<Link>, OwnKeySlot<std::unique_ptr<Link>>> {
   public:
-    Link& Add(const std::string& name, LinkType type, const std::string& key, std::int32_t lineIndex = 0) {
+    Link& Add(const std::string& name, LinkType type, const std::string& key, EdgeNumber lineIndex = {}) {
         if (Link* known = this->Item(key)) {
             return *known;
         }

@@ -14,7 +14,7 @@ namespace {
 using canvas::LabelsD;
 using canvas::LinesD;
 
-bool isSelected(const canvas::DrawForm& form, std::int32_t label) {
+bool isSelected(const canvas::DrawForm& form, canvas::NodeNumber label) {
     return form.SelectedLabels.Item(label) != nullptr;
 }
 
@@ -48,8 +48,8 @@ std::unordered_set<std::string> ownersIn(const Extract& extract) {
 }
 
 /// Copies of the selected nodes and of the edges among them, as nobody has stored them. Gives the copy of each node.
-std::unordered_map<std::int32_t, std::int32_t> copyInto(canvas::DrawForm& copy, const Extract& extract) {
-    std::unordered_map<std::int32_t, std::int32_t> numbers;
+std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> copyInto(canvas::DrawForm& copy, const Extract& extract) {
+    std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> numbers;
     copy.quietNames = true;
     for (const LabelsD* node : extract.nodes) {
         LabelsD& added = copy.Labels.addLabel(*node);

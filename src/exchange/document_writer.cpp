@@ -75,7 +75,7 @@ class DocumentWriter {
         out_.close('}');
     }
 
-    void writeEnd(Key key, std::int32_t label) {
+    void writeEnd(Key key, canvas::NodeNumber label) {
         beginInline(out_, key);
         const canvas::LabelsD& node = *extract_.nodes[numbers_.at(label)];
         if (node.Caption() == canvas::kErrorName) {
@@ -108,7 +108,7 @@ class DocumentWriter {
     const Extract& extract_;
     const WriteOptions& options_;
     EntityWriter entities_;
-    std::unordered_map<std::int32_t, std::size_t> numbers_;  ///< of the nodes that are written, by `Index`
+    std::unordered_map<canvas::NodeNumber, std::size_t> numbers_;  ///< of the nodes that are written, by `Index`
 };
 
 }  // namespace

@@ -34,7 +34,7 @@ canvas::NodeProperties EntityReader::read(Place at, const Document::Node& node) 
         }
         default:
             in_.object(at, kNodeKeys);
-            return canvas::nodeKind(node.kind).newEntity(node.caption, node.caption, 0);
+            return canvas::nodeKind(node.kind).newEntity(node.caption, node.caption, {});
     }
 }
 

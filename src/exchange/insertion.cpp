@@ -90,10 +90,10 @@ canvas::Point shiftOf(const canvas::DrawForm& form, const canvas::DrawForm& copy
     return shift;
 }
 
-void selectAlone(canvas::DrawForm& form, const std::vector<std::int32_t>& nodes) {
+void selectAlone(canvas::DrawForm& form, const std::vector<canvas::NodeNumber>& nodes) {
     form.SelectedLabels.Clear();
     form.SelectedLines.Clear();
-    for (const std::int32_t node : nodes) {
+    for (const canvas::NodeNumber node : nodes) {
         form.SelectedLabels.Add(node);
     }
 }
@@ -109,7 +109,7 @@ Inserted insertCopy(canvas::DrawForm& form, canvas::DrawForm& copy, const CopyRu
     inserted.uncertain = giveFreeNames(copy, form);
     const canvas::Point shift = shiftOf(form, copy, rules.middle);
     const canvas::ManyChanges together(form);
-    std::unordered_map<std::int32_t, std::int32_t> numbers;
+    std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> numbers;
     for (LabelsD& node : copy.Labels) {
         const canvas::Box box{node.Left() + shift.x, node.Top() + shift.y, node.Width(), node.Height()};
         LabelsD& added = form.Labels.Add(box, node.Caption(), node.NodeType());
@@ -125,7 +125,7 @@ Inserted insertCopy(canvas::DrawForm& form, canvas::DrawForm& copy, const CopyRu
         form.Lines.addFullLine(edge->FromLabel(), edge->FromGrabbingPoint(), numbers.at(to), edge->ToGrabbingPoint(),
                                edge->EdgeType(), edge->Angle(), 0);
     }
-    for (const std::int32_t node : inserted.nodes) {
+    for (const canvas::NodeNumber node : inserted.nodes) {
         if (rules.keepsSources) {
             completeLinks(form, *form.Labels.byIndex(node));
         }

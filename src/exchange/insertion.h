@@ -11,7 +11,7 @@ namespace orvent::exchange {
 
 /// What came into a window, and is selected there now.
 struct Inserted {
-    std::vector<std::int32_t> nodes;            ///< empty when the user has cancelled
+    std::vector<canvas::NodeNumber> nodes;      ///< empty when the user has cancelled
     std::vector<UncertainStatement> uncertain;  ///< to be listed as unfinished
     std::string words;                          ///< what is to be told, in one message; empty when there is nothing
 };
@@ -19,7 +19,7 @@ struct Inserted {
 /// An edge of a window that a copy gets, too, at a node of the copy.
 struct IncomingEdge {
     const canvas::LinesD* edge;
-    std::int32_t to;
+    canvas::NodeNumber to;
 };
 
 struct CopyRules {

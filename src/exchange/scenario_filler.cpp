@@ -121,7 +121,7 @@ std::vector<std::string> fillForm(canvas::DrawForm& form, Document document, con
     const canvas::ManyChanges together(form);
     form.setScenarioName(document.name);
     form.quietNames = true;
-    std::vector<std::int32_t> numbers;
+    std::vector<canvas::NodeNumber> numbers;
     for (Document::Node& node : document.nodes) {
         numbers.push_back(addNode(form, node).Index());
     }

@@ -88,10 +88,10 @@ class Records {
         (archive_.field(all), ...);
     }
 
-    void numbers(std::vector<std::int32_t>& all) {
+    void numbers(std::vector<canvas::EdgeNumber>& all) {
         const std::size_t count = counted(all.size());
         all.resize(count);
-        for (std::int32_t& number : all) {
+        for (canvas::EdgeNumber& number : all) {
             archive_.field(number);
         }
     }
@@ -286,7 +286,7 @@ void writeHead(std::string& out, const canvas::NodeState& node, TextPool& texts)
     nodeFields(records, node);
     for (const auto* lines : {&node.starting, &node.ending}) {
         archive.count(lines->size());
-        for (const std::int32_t line : *lines) {
+        for (const canvas::EdgeNumber line : *lines) {
             archive.field(line);
         }
     }
@@ -325,7 +325,7 @@ canvas::NodeState headOf(std::string_view head, const TextPool& texts) {
     return node;
 }
 
-canvas::NodeProperties entityOf(std::string_view entity, std::int32_t node, const TextPool& texts) {
+canvas::NodeProperties entityOf(std::string_view entity, canvas::NodeNumber node, const TextPool& texts) {
     ByteReader archive(entity, texts);
     Records<ByteReader> records(archive);
     EntityKind kind{};

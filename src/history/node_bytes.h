@@ -33,7 +33,7 @@ void writeEntity(std::string& out, const canvas::NodeProperties& entity, TextPoo
 /// A node without what it stands for. Throws `BadBytes`.
 canvas::NodeState headOf(std::string_view head, const TextPool& texts);
 /// What a node stands for: a new entity, all of whose rows are to be written by the next save. Throws `BadBytes`.
-canvas::NodeProperties entityOf(std::string_view entity, std::int32_t node, const TextPool& texts);
+canvas::NodeProperties entityOf(std::string_view entity, canvas::NodeNumber node, const TextPool& texts);
 canvas::NodeState nodeOf(const NodeBytes& bytes, const TextPool& texts);
 
 /// Whether two heads differ in nothing but readiness, if at all.

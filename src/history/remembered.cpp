@@ -24,8 +24,8 @@ canvas::NodeProperties shareOf(canvas::NodeProperties& entity) {
     return std::visit([](auto& held) { return canvas::NodeProperties(held); }, entity);
 }
 
-template <class Item>
-const Item& grown(SharedList<Item>& items, std::int32_t index) {
+template <class Item, class Number>
+const Item& grown(SharedList<Item>& items, Number index) {
     const auto at = static_cast<std::size_t>(index);
     items.growTo(at + 1);
     return items[at];
@@ -69,15 +69,15 @@ void Difference::goOn(const Difference& further) {
     inOrder(nodes);
 }
 
-const NodeBytes& Remembered::nodeAt(std::int32_t index) {
+const NodeBytes& Remembered::nodeAt(canvas::NodeNumber index) {
     return grown(nodes_, index);
 }
 
-const canvas::EdgeState& Remembered::edgeAt(std::int32_t index) {
+const canvas::EdgeState& Remembered::edgeAt(canvas::EdgeNumber index) {
     return grown(edges_, index);
 }
 
-NodeBytes Remembered::storedAt(std::int32_t index) const {
+NodeBytes Remembered::storedAt(canvas::NodeNumber index) const {
     const auto at = static_cast<std::size_t>(index);
     return at < stored_.size() ? stored_[at] : NodeBytes();
 }
@@ -92,15 +92,15 @@ class Remembered::Look {
   public:
     Look(Remembered& known, const canvas::DrawForm& form) : known_(known), form_(form) {}
 
-    void edge(std::int32_t index) {
+    void edge(canvas::EdgeNumber index) {
         const canvas::EdgeState& known = known_.edgeAt(index);
         const canvas::EdgeState now = canvas::stateOf(form_.Lines.byIndex(index));
         if (now == known) {
             return;
         }
         if (now.from != known.from || now.to != known.to) {
-            for (const std::int32_t end : {known.from, known.to, now.from, now.to}) {
-                if (end != 0) {
+            for (const canvas::NodeNumber end : {known.from, known.to, now.from, now.to}) {
+                if (canvas::isGiven(end)) {
                     meet(end);
                 }
             }
@@ -111,7 +111,7 @@ class Remembered::Look {
     }
 
     /// With `headAlone` it stands for what it stood for.
-    void node(std::int32_t index, bool headAlone = false) {
+    void node(canvas::NodeNumber index, bool headAlone = false) {
         const NodeBytes& known = known_.nodeAt(index);
         const canvas::LabelsD* shown = form_.Labels.byIndex(index);
         if (!shown) {
@@ -141,18 +141,18 @@ class Remembered::Look {
     /// Looks at what was met and not looked at yet.
     void follow() {
         while (!waiting_.empty()) {
-            const std::int32_t index = waiting_.back();
+            const canvas::NodeNumber index = waiting_.back();
             waiting_.pop_back();
             node(index);
         }
     }
 
-    void meet(std::int32_t index) {
+    void meet(canvas::NodeNumber index) {
         if (follows && met_.insert(index).second) {
             waiting_.push_back(index);
         }
     }
-    bool hasMet(std::int32_t index) const { return met_.contains(index); }
+    bool hasMet(canvas::NodeNumber index) const { return met_.contains(index); }
 
     Difference difference() {
         inOrder(difference_.nodes);
@@ -173,7 +173,7 @@ class Remembered::Look {
                                           : std::make_shared<const std::string>(now);
     }
 
-    void change(std::int32_t index, NodeBytes now, const canvas::NodeProperties* entity) {
+    void change(canvas::NodeNumber index, NodeBytes now, const canvas::NodeProperties* entity) {
         const NodeBytes before = std::exchange(known_.nodes_.edit(static_cast<std::size_t>(index)), now);
         const Difference::Node step{index, before, std::move(now)};
         step.isHeadAlone() ? known_.changed_.head(index) : known_.changed_.node(index);
@@ -188,12 +188,12 @@ class Remembered::Look {
 
     void meetLinked(const NodeBytes& before, const canvas::NodeProperties* entity) {
         const auto meetNamed = [this](const std::string& name) {
-            if (const std::int32_t other = form_.NamesColl.Item(name); other != -1) {
+            if (const canvas::NodeNumber other = form_.NamesColl.Item(name); other != canvas::kNoNode) {
                 meet(other);
             }
         };
         if (before) {
-            eachLinkedName(entityOf(*before.entity, 0, known_.texts_), meetNamed);
+            eachLinkedName(entityOf(*before.entity, {}, known_.texts_), meetNamed);
         }
         if (entity) {
             eachLinkedName(*entity, meetNamed);
@@ -203,8 +203,8 @@ class Remembered::Look {
     Remembered& known_;
     const canvas::DrawForm& form_;
     Difference difference_;
-    std::vector<std::int32_t> waiting_;
-    std::unordered_set<std::int32_t> met_;
+    std::vector<canvas::NodeNumber> waiting_;
+    std::unordered_set<canvas::NodeNumber> met_;
     std::string head_, entity_;  // of the node that is looked at
 };
 
@@ -233,17 +233,17 @@ void Remembered::take(const canvas::DrawForm& form) {
 Difference Remembered::update(const canvas::DrawForm& form, const canvas::Touched& touched, bool dialogOpen) {
     Look look(*this, form);
     look.dialogOpen = dialogOpen;
-    for (const std::int32_t index : touched.nodes) {
+    for (const canvas::NodeNumber index : touched.nodes) {
         look.meet(index);
     }
-    std::vector<std::int32_t> edges = touched.edges;
+    std::vector<canvas::EdgeNumber> edges = touched.edges;
     std::ranges::sort(edges);
     edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
-    for (const std::int32_t index : edges) {
+    for (const canvas::EdgeNumber index : edges) {
         look.edge(index);
     }
     look.follow();
-    for (const std::int32_t index : touched.heads) {
+    for (const canvas::NodeNumber index : touched.heads) {
         if (!look.hasMet(index)) {
             look.node(index, true);
         }
@@ -254,15 +254,15 @@ Difference Remembered::update(const canvas::DrawForm& form, const canvas::Touche
 Difference Remembered::updateAll(const canvas::DrawForm& form) {
     Look look(*this, form);
     look.follows = false;
-    const auto all = static_cast<std::int32_t>(std::max<std::size_t>(nodes_.size(), form.LabelsNo + std::size_t{1}));
-    const auto lines = static_cast<std::int32_t>(std::max<std::size_t>(edges_.size(), form.LinesNo + std::size_t{1}));
+    const std::size_t all = std::max(nodes_.size(), static_cast<std::size_t>(form.LabelsNo) + 1);
+    const std::size_t lines = std::max(edges_.size(), static_cast<std::size_t>(form.LinesNo) + 1);
     grown(nodes_, all - 1);
     grown(edges_, lines - 1);
-    for (std::int32_t index = 1; index < all; ++index) {
-        look.node(index);
+    for (std::size_t index = 1; index < all; ++index) {
+        look.node(static_cast<canvas::NodeNumber>(index));
     }
-    for (std::int32_t index = 1; index < lines; ++index) {
-        look.edge(index);
+    for (std::size_t index = 1; index < lines; ++index) {
+        look.edge(static_cast<canvas::EdgeNumber>(index));
     }
     return look.difference();
 }
@@ -303,7 +303,7 @@ std::vector<canvas::DeletedNode> Remembered::rowsToDelete() const {
     std::vector<canvas::DeletedNode> rows;
     stored_.eachOther(nodes_, [&](std::size_t index) {
         const NodeBytes now = index < nodes_.size() ? nodes_[index] : NodeBytes();
-        const NodeBytes stored = storedAt(static_cast<std::int32_t>(index));
+        const NodeBytes stored = storedAt(static_cast<canvas::NodeNumber>(index));
         if (stored && now.entity != stored.entity) {
             const StoredRows known(nodeOf(stored, texts_));
             const canvas::NodeState state = now ? nodeOf(now, texts_) : canvas::NodeState();

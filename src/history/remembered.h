@@ -15,14 +15,14 @@ namespace orvent::history {
 /// What lies between two states of a scenario, in order of `Index`.
 struct Difference {
     struct Node {
-        std::int32_t index;
+        canvas::NodeNumber index;
         NodeBytes before, after;  ///< nothing where the node does not exist
 
         /// Whether it stands for what it stood for: both sides have one copy of that.
         bool isHeadAlone() const { return before && after && before.entity == after.entity; }
     };
     struct Edge {
-        std::int32_t index;
+        canvas::EdgeNumber index;
         canvas::EdgeState before, after;
     };
     std::vector<Node> nodes;
@@ -76,9 +76,9 @@ class Remembered {
   private:
     class Look;
 
-    const NodeBytes& nodeAt(std::int32_t index);
-    const canvas::EdgeState& edgeAt(std::int32_t index);
-    NodeBytes storedAt(std::int32_t index) const;
+    const NodeBytes& nodeAt(canvas::NodeNumber index);
+    const canvas::EdgeState& edgeAt(canvas::EdgeNumber index);
+    NodeBytes storedAt(canvas::NodeNumber index) const;
     bool sameButRows(const NodeBytes& one, const NodeBytes& other);
 
     TextPool texts_;

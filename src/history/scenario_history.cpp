@@ -137,10 +137,10 @@ void ScenarioHistory::goTo(std::size_t position) {
 }
 
 void ScenarioHistory::select(const Selection& selection) {
-    for (const std::int32_t node : selection.nodes) {
+    for (const canvas::NodeNumber node : selection.nodes) {
         form_.SelectedLabels.Add(node);
     }
-    for (const std::int32_t edge : selection.edges) {
+    for (const canvas::EdgeNumber edge : selection.edges) {
         form_.SelectedLines.Add(edge);
     }
     selection_ = this->selection();

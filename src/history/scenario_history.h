@@ -18,7 +18,8 @@ class ScenarioHistory {
 
     /// What is selected.
     struct Selection {
-        std::vector<std::int32_t> nodes, edges;
+        std::vector<canvas::NodeNumber> nodes;
+        std::vector<canvas::EdgeNumber> edges;
         bool operator==(const Selection&) const = default;
     };
     /// One command or gesture that has changed the scenario.

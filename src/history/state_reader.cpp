@@ -53,9 +53,10 @@ void needFit(const canvas::NodeState& node) {
 
 constexpr std::uint64_t kMostNumbers = 1U << 24U;  // no session gives more; a larger one would be a place in memory
 
-std::int32_t readIndex(RecordBody& body) {
+template <class Number>
+Number readIndex(RecordBody& body) {
     const std::uint64_t index = body.number();
-    return index > 0 && index < kMostNumbers ? static_cast<std::int32_t>(index) : throw BadBytes();
+    return index > 0 && index < kMostNumbers ? static_cast<Number>(index) : throw BadBytes();
 }
 
 class StateReader {
@@ -86,14 +87,14 @@ class StateReader {
                 return;
             case Record::nodes:
                 while (!body.atEnd()) {
-                    Parts& parts = nodes_[readIndex(body)];
+                    Parts& parts = nodes_[readIndex<canvas::NodeNumber>(body)];
                     parts.head = body.text();
                     parts.entity = parts.head.empty() ? parts.head : body.text();
                 }
                 return;
             case Record::heads:
                 while (!body.atEnd()) {
-                    Parts& parts = nodes_[readIndex(body)];
+                    Parts& parts = nodes_[readIndex<canvas::NodeNumber>(body)];
                     if (parts.head.empty()) {
                         throw BadBytes();
                     }
@@ -121,7 +122,7 @@ class StateReader {
 
     /// The state with its nodes and edges. An edge has both of its nodes, and stands in their lists.
     KeptState take() {
-        std::map<std::int32_t, canvas::NodeState> nodes;
+        std::map<canvas::NodeNumber, canvas::NodeState> nodes;
         for (const auto& [index, parts] : nodes_) {
             if (!parts.head.empty()) {
                 canvas::NodeState node = headOf(parts.head, texts_);
@@ -172,7 +173,7 @@ class StateReader {
 
     void readEdge(RecordBody& body) {
         canvas::EdgeState edge;
-        const std::int32_t index = readIndex(body);
+        const auto index = readIndex<canvas::EdgeNumber>(body);
         body.code(edge.from);
         body.code(edge.to);
         if (edge.exists()) {
@@ -188,14 +189,15 @@ class StateReader {
         edges_[index] = edge;
     }
 
-    void keepOwn(std::vector<std::int32_t>& lines, std::int32_t node, std::int32_t canvas::EdgeState::*end) const {
-        std::erase_if(lines, [&](std::int32_t line) {
+    void keepOwn(std::vector<canvas::EdgeNumber>& lines, canvas::NodeNumber node,
+                 canvas::NodeNumber canvas::EdgeState::*end) const {
+        std::erase_if(lines, [&](canvas::EdgeNumber line) {
             const auto edge = edges_.find(line);
             return edge == edges_.end() || !edge->second.exists() || edge->second.*end != node;
         });
     }
 
-    static void addMissing(std::vector<std::int32_t>& lines, std::int32_t line) {
+    static void addMissing(std::vector<canvas::EdgeNumber>& lines, canvas::EdgeNumber line) {
         if (std::ranges::find(lines, line) == lines.end()) {
             lines.push_back(line);
         }
@@ -207,8 +209,8 @@ class StateReader {
 
     TextPool texts_;
     KeptState state_;
-    std::map<std::int32_t, Parts> nodes_;
-    std::map<std::int32_t, canvas::EdgeState> edges_;
+    std::map<canvas::NodeNumber, Parts> nodes_;
+    std::map<canvas::EdgeNumber, canvas::EdgeState> edges_;
 };
 
 /// The types that the nodes have, in the run's tables; those that nothing has are left alone.

@@ -54,7 +54,8 @@ void writeRows(std::string& out, const canvas::DrawForm& form) {
     }
 }
 
-std::vector<std::int32_t> eachOnce(std::vector<std::int32_t> numbers) {
+template <class Number>
+std::vector<Number> eachOnce(std::vector<Number> numbers) {
     std::ranges::sort(numbers);
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
@@ -154,14 +155,14 @@ void StateWriter::writeChanges(std::string& out, const canvas::DrawForm& form, c
     writeTexts(out, remembered.texts(), remembered.texts().size(), std::string::npos);
     if (!changed.nodes.empty()) {
         RecordWriter record(out, Record::nodes);
-        for (const std::int32_t index : eachOnce(changed.nodes)) {
+        for (const canvas::NodeNumber index : eachOnce(changed.nodes)) {
             const auto at = static_cast<std::size_t>(index);
             writeNode(record, at, remembered.nodes()[at]);
         }
     }
     if (!changed.heads.empty()) {
         RecordWriter record(out, Record::heads);
-        for (const std::int32_t index : eachOnce(changed.heads)) {
+        for (const canvas::NodeNumber index : eachOnce(changed.heads)) {
             const auto at = static_cast<std::size_t>(index);
             if (const NodeBytes& node = remembered.nodes()[at]) {
                 record.number(at).text(*node.head);
@@ -170,7 +171,7 @@ void StateWriter::writeChanges(std::string& out, const canvas::DrawForm& form, c
     }
     if (!changed.edges.empty()) {
         RecordWriter record(out, Record::edges);
-        for (const std::int32_t index : eachOnce(changed.edges)) {
+        for (const canvas::EdgeNumber index : eachOnce(changed.edges)) {
             const auto at = static_cast<std::size_t>(index);
             writeEdge(record, at, remembered.edges()[at]);
         }

@@ -138,10 +138,10 @@ class FormerEdges {
     }
 
     /// All that lead to a node are drawn anew: those from `starts`, in this order.
-    void drawn(const LabelsD& node, const std::vector<std::int32_t>& starts) {
+    void drawn(const LabelsD& node, const std::vector<canvas::NodeNumber>& starts) {
         const std::span<const std::int32_t> former(byEnd_.begin() + firstAt_[at(node.Index())],
                                                    byEnd_.begin() + firstAt_[at(node.Index()) + 1]);
-        for (const std::int32_t start : starts) {
+        for (const canvas::NodeNumber start : starts) {
             ++unmatched_[at(start)];
         }
         for (const std::int32_t edge : former) {
@@ -171,13 +171,17 @@ class FormerEdges {
 
   private:
     struct Edge {
-        std::int32_t number, from, to;
+        canvas::EdgeNumber number;
+        canvas::NodeNumber from, to;
     };
 
-    static std::size_t at(std::int32_t number) { return static_cast<std::size_t>(number); }
+    template <class Number>
+    static std::size_t at(Number number) {
+        return static_cast<std::size_t>(number);
+    }
     /// Nodes are numbered from 1 on; an end that is held nowhere is 0.
     static std::size_t numbers(const canvas::Canvas& form) { return at(form.LabelsNo) + 1; }
-    std::string nameOf(std::int32_t number) const {
+    std::string nameOf(canvas::NodeNumber number) const {
         const LabelsD* node = form_.Labels.byIndex(number);
         return node ? node->Caption() : std::string();
     }
@@ -193,7 +197,7 @@ class FormerEdges {
 
 void drawAnew(canvas::Canvas& form, FormerEdges& former) {
     NodeSources sources;
-    std::vector<std::int32_t> starts;
+    std::vector<canvas::NodeNumber> starts;
     for (const LabelsD& node : form.Labels) {
         findSources(node, sources);
         starts.clear();

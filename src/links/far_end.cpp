@@ -133,7 +133,7 @@ class Search {
 
     template <class Entity>
     const canvas::LabelsD* shownNode(const Entity& item) const {
-        return item.LabelIndex > 0 ? form_.Labels.byIndex(NearEnd(item).labelIn(form_)) : nullptr;
+        return canvas::isGiven(item.LabelIndex) ? form_.Labels.byIndex(NearEnd(item).labelIn(form_)) : nullptr;
     }
 
     template <class List>
@@ -257,11 +257,11 @@ std::string NearEnd::keyAs(KeyForm form) const {
     return wholeKey(owner_, kind_, key_);
 }
 
-std::int32_t NearEnd::labelIn(const canvas::Canvas& Form) const {
+canvas::NodeNumber NearEnd::labelIn(const canvas::Canvas& Form) const {
     const canvas::LabelsD* node = Form.Labels.byIndex(label_);
     const bool shown = node && (attribute_ ? node->entity<AttributeProperties>() == attribute_
                                            : node->entity<ParameterProperties>() == parameter_);
-    return shown ? label_ : 0;
+    return shown ? label_ : canvas::NodeNumber{};
 }
 
 const AttributeProperties* attributeUnder(const RecordSetProperties& recordSet, const std::string& key) {

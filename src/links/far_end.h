@@ -47,7 +47,7 @@ class NearEnd {
     std::string keyAs(KeyForm form) const;
 
     /// The node of the canvas that shows this very entity, 0 when there is none.
-    std::int32_t labelIn(const canvas::Canvas& Form) const;
+    canvas::NodeNumber labelIn(const canvas::Canvas& Form) const;
 
   private:
     const entities::AttributeProperties* attribute_ = nullptr;
@@ -55,7 +55,7 @@ class NearEnd {
     const std::string& owner_;
     const std::string& key_;
     entities::NodeKindCode kind_;
-    std::int32_t label_;
+    canvas::NodeNumber label_;
 };
 
 /// Where a link leads. Neither attribute nor parameter: the far end is not within reach and is left alone.

@@ -12,7 +12,8 @@ bool comesFromFarEnd(Direction direction) {
 
 /// The edge of that number when it joins the two nodes. A number may be left over from a zoom view of former days,
 /// and then means nothing.
-const canvas::LinesD* edgeBetween(const canvas::Canvas& Form, std::int32_t number, std::int32_t a, std::int32_t b) {
+const canvas::LinesD* edgeBetween(const canvas::Canvas& Form, canvas::EdgeNumber number, canvas::NodeNumber a,
+                                  canvas::NodeNumber b) {
     const canvas::LinesD* edge = Form.Lines.byIndex(number);
     const bool joins =
         edge && ((edge->FromLabel() == a && edge->ToLabel() == b) || (edge->FromLabel() == b && edge->ToLabel() == a));
@@ -20,20 +21,21 @@ const canvas::LinesD* edgeBetween(const canvas::Canvas& Form, std::int32_t numbe
 }
 
 template <class Link>
-void addEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel, canvas::EdgeTypeCode edgeType,
-             Link& link, Link& mirror) {
+void addEdge(canvas::Canvas& Form, canvas::NodeNumber FromLabel, canvas::NodeNumber ToLabel,
+             canvas::EdgeTypeCode edgeType, Link& link, Link& mirror) {
     const canvas::LinesD* edge = Form.Lines.addFullLine(FromLabel, 3, ToLabel, 1, edgeType, canvas::AngleStraight, 0);
-    link.LineIndex = mirror.LineIndex = edge ? edge->Index() : -1;
+    link.LineIndex = mirror.LineIndex = edge ? edge->Index() : canvas::kNoEdge;
 }
 
 template <class Link>
-void draw(canvas::Canvas& Form, Direction direction, std::int32_t near, std::int32_t far, Link& link, Link& mirror) {
+void draw(canvas::Canvas& Form, Direction direction, canvas::NodeNumber near, canvas::NodeNumber far, Link& link,
+          Link& mirror) {
     if (edgeBetween(Form, mirror.LineIndex, near, far)) {
         link.LineIndex = mirror.LineIndex;
         return;
     }
-    const std::int32_t from = comesFromFarEnd(direction) ? far : near;
-    const std::int32_t to = comesFromFarEnd(direction) ? near : far;
+    const canvas::NodeNumber from = comesFromFarEnd(direction) ? far : near;
+    const canvas::NodeNumber to = comesFromFarEnd(direction) ? near : far;
     if constexpr (std::is_same_v<Link, ProviderProperties>) {
         AddProviderEdge(Form, from, to, link, mirror);
     } else {
@@ -82,13 +84,13 @@ void all(Work what, canvas::Canvas& Form, Entity& entity, ActivityProperties* In
 
 }  // namespace
 
-void AddProviderEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel, ProviderProperties& Link,
-                     ProviderProperties& Mirror) {
+void AddProviderEdge(canvas::Canvas& Form, canvas::NodeNumber FromLabel, canvas::NodeNumber ToLabel,
+                     ProviderProperties& Link, ProviderProperties& Mirror) {
     addEdge(Form, FromLabel, ToLabel, canvas::EdgeTypeProvider, Link, Mirror);
 }
 
-void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel, RegulatorProperties& Link,
-                      RegulatorProperties& Mirror) {
+void AddRegulatorEdge(canvas::Canvas& Form, canvas::NodeNumber FromLabel, canvas::NodeNumber ToLabel,
+                      RegulatorProperties& Link, RegulatorProperties& Mirror) {
     addEdge(Form, FromLabel, ToLabel, canvas::EdgeTypeRegulator, Link, Mirror);
 }
 

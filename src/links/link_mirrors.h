@@ -25,11 +25,11 @@ entities::ProviderProperties& writeMirror(canvas::Canvas& Form, entities::Provid
 entities::RegulatorProperties& writeMirror(canvas::Canvas& Form, entities::RegulatorProperties& link,
                                            entities::Lazy<entities::RegulatorLinks>& mirrors, const MirrorEnds& ends);
 
-/// Draws a link between two nodes of the canvas and stores the edge's `Index` on both ends of the link, -1 when one of
-/// the nodes does not exist.
-void AddProviderEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
+/// Draws a link between two nodes of the canvas and stores the edge's `Index` on both ends of the link, `kNoEdge` when
+/// one of the nodes does not exist.
+void AddProviderEdge(canvas::Canvas& Form, canvas::NodeNumber FromLabel, canvas::NodeNumber ToLabel,
                      entities::ProviderProperties& Link, entities::ProviderProperties& Mirror);
-void AddRegulatorEdge(canvas::Canvas& Form, std::int32_t FromLabel, std::int32_t ToLabel,
+void AddRegulatorEdge(canvas::Canvas& Form, canvas::NodeNumber FromLabel, canvas::NodeNumber ToLabel,
                       entities::RegulatorProperties& Link, entities::RegulatorProperties& Mirror);
 
 }  // namespace orvent::links

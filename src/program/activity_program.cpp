@@ -84,7 +84,7 @@ class StatementReader : RuleScene {
 
     std::int16_t columnType(int predicate, std::size_t column) const override {
         if (reference::isHelper(predicate)) {
-            const Helper& helper = result_.helpers[static_cast<std::size_t>(reference::numberIn(predicate))];
+            const Helper& helper = result_.helpers[static_cast<std::size_t>(reference::helperIn(predicate))];
             return column < helper.columns.size() ? helper.columns[column].type : std::int16_t{-1};
         }
         const std::vector<const AttributeProperties*>* known = columnsOf(predicate);
@@ -105,7 +105,7 @@ class StatementReader : RuleScene {
         }
         auto [entry, isNew] = elsewhere_.try_emplace(predicate);
         if (isNew) {
-            const canvas::LabelsD& node = *sources_.form.Labels.byIndex(reference::numberIn(predicate));
+            const canvas::LabelsD& node = *sources_.form.Labels.byIndex(reference::nodeIn(predicate));
             const auto take = [&](const auto& list) {
                 for (const AttributeProperties& attribute : list) {
                     entry->second.push_back(&attribute);
@@ -166,7 +166,7 @@ class StatementReader : RuleScene {
         }
         const std::size_t count = atom.arguments.size();
         if (reference::isHelper(atom.tag)) {
-            int& arity = arities_[static_cast<std::size_t>(reference::numberIn(atom.tag))];
+            int& arity = arities_[static_cast<std::size_t>(reference::helperIn(atom.tag))];
             if (!heads_.contains(atom.name)) {
                 tell(FindingKind::undefined, atom.place, "Nothing defines " + atom.name + ".");
             } else if (arity >= 0 && arity != static_cast<int>(count)) {
@@ -178,7 +178,7 @@ class StatementReader : RuleScene {
             return;
         }
         if (reference::isRecordSet(atom.tag) || reference::isActivity(atom.tag)) {
-            result_.reads.push_back(reference::numberIn(atom.tag));
+            result_.reads.push_back(reference::nodeIn(atom.tag));
         }
         const auto* known = columnsOf(atom.tag);
         if (!known) {
@@ -244,7 +244,7 @@ class StatementReader : RuleScene {
             return;
         }
         std::vector<Column>& columns =
-            result_.helpers[static_cast<std::size_t>(reference::numberIn(rule.head.tag))].columns;
+            result_.helpers[static_cast<std::size_t>(reference::helperIn(rule.head.tag))].columns;
         for (std::size_t at = columns.size(); at < rule.head.arguments.size(); ++at) {
             const Term& term = rule.head.arguments[at];
             columns.push_back({term.kind == TermKind::variable ? term.text : "", check.typeOf(term)});
@@ -265,7 +265,7 @@ class StatementReader : RuleScene {
                 }
                 std::set<int>& known = classes[static_cast<std::size_t>(own)];
                 if (reference::isHelper(literal.atom.tag)) {
-                    const Origins& from = origins_[static_cast<std::size_t>(reference::numberIn(literal.atom.tag))];
+                    const Origins& from = origins_[static_cast<std::size_t>(reference::helperIn(literal.atom.tag))];
                     if (at < from.size()) {
                         known.insert(from[at].begin(), from[at].end());
                     }
@@ -275,7 +275,7 @@ class StatementReader : RuleScene {
             }
         }
         Origins& head = reference::isHelper(rule.head.tag)
-                            ? origins_[static_cast<std::size_t>(reference::numberIn(rule.head.tag))]
+                            ? origins_[static_cast<std::size_t>(reference::helperIn(rule.head.tag))]
                             : ofOutputs_;
         head.resize(std::max(head.size(), rule.head.arguments.size()));
         for (std::size_t at = 0; at < rule.head.arguments.size(); ++at) {
@@ -315,7 +315,7 @@ class StatementReader : RuleScene {
     /// Circles of what this statement derives. Vertex 0 is its output, the others are its helpers.
     void checkRecursion() {
         const auto vertexOf = [](int tag) {
-            return tag == reference::kOutput ? 0 : reference::isHelper(tag) ? reference::numberIn(tag) + 1 : -1;
+            return tag == reference::kOutput ? 0 : reference::isHelper(tag) ? reference::helperIn(tag) + 1 : -1;
         };
         Graph graph(result_.helpers.size() + 1);
         for (const Rule& rule : result_.rules) {

@@ -32,7 +32,8 @@ struct ActivityProgram {
     std::vector<bool> sound;  ///< of each rule: no finding takes its meaning
     std::vector<Helper> helpers;
     std::vector<Finding> findings;
-    std::vector<std::int32_t> reads;  ///< record sets and other activities that it reads by their names, ascending
+    std::vector<canvas::NodeNumber>
+        reads;  ///< record sets and other activities that it reads by their names, ascending
 };
 
 /// What a check needs beside the activity.

@@ -25,7 +25,8 @@ using rules::TermKind;
 
 namespace {
 
-std::size_t placeOf(std::int32_t number) {
+template <class Number>
+std::size_t placeOf(Number number) {
     return static_cast<std::size_t>(number);
 }
 
@@ -158,7 +159,7 @@ class ProgramBuilder {
                     graph[placeOf(feed.from->Index())].push_back(static_cast<int>(node));
                 }
             }
-            for (const std::int32_t read : statements_[node].reads) {
+            for (const canvas::NodeNumber read : statements_[node].reads) {
                 graph[placeOf(read)].push_back(static_cast<int>(node));
             }
         }
@@ -281,9 +282,8 @@ class ProgramBuilder {
         if (reference::isSource(atom.tag)) {
             return own.inputs[placeOf(atom.tag) - 1];
         }
-        const std::int32_t number = reference::numberIn(atom.tag);
-        return reference::isHelper(atom.tag) ? own.helpers[placeOf(number)]
-                                             : readOf(*form_.Labels.byIndex(number), node);
+        return reference::isHelper(atom.tag) ? own.helpers[placeOf(reference::helperIn(atom.tag))]
+                                             : readOf(*form_.Labels.byIndex(reference::nodeIn(atom.tag)), node);
     }
 
     void settle(Atom& atom, const LabelsD& node) {
@@ -327,7 +327,7 @@ class ProgramBuilder {
     void findCircles() {
         const Graph graph = derivations();
         const std::vector<int> component = componentsOf(graph);
-        std::map<int, std::int32_t> firsts;
+        std::map<int, canvas::NodeNumber> firsts;
         std::map<int, bool> several;
         for (std::size_t at = 0; at < graph.size(); ++at) {
             const auto [entry, isNew] = firsts.try_emplace(component[at], program_.predicates[at].node);
@@ -350,11 +350,11 @@ class ProgramBuilder {
         }
     }
 
-    void tellCircle(const Graph& graph, int predicate, std::int32_t node, bool breaks) {
+    void tellCircle(const Graph& graph, int predicate, canvas::NodeNumber node, bool breaks) {
         std::string way;
-        std::int32_t last = 0;
+        canvas::NodeNumber last{};
         for (const int each : circleThrough(graph, predicate)) {
-            const std::int32_t at = program_.predicates[placeOf(each)].node;
+            const canvas::NodeNumber at = program_.predicates[placeOf(each)].node;
             if (std::exchange(last, at) != at) {
                 way += (way.empty() ? "" : ", ") + form_.Labels.byIndex(at)->KeyName();
             }

@@ -24,7 +24,7 @@ enum class PredicateKind : std::uint8_t {
 struct Predicate {
     PredicateKind kind = PredicateKind::given;
     std::string name;  ///< one for each predicate of the program
-    std::int32_t node = 0;
+    canvas::NodeNumber node{};
     std::vector<Column> columns;
     bool broken = false;  ///< a finding takes the meaning of one of its rules, or of what it hangs on
 
@@ -36,7 +36,7 @@ struct Predicate {
 /// variable that stands twice, and an atom behind "not" match no NULL.
 struct ProgramRule {
     rules::Rule rule;
-    std::int32_t node = 0;
+    canvas::NodeNumber node{};
     bool ties = false;  ///< it leads from one node to the next, and is in no statement
 };
 

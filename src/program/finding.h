@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "canvas/numbers.h"
 #include "rules/syntax.h"
 
 namespace orvent::program {
@@ -42,9 +43,9 @@ inline const FindingWords& wordsOf(FindingKind kind) {
 /// One thing that is wrong with a rule, and where.
 struct Finding {
     FindingKind kind;
-    std::int32_t node;   ///< `Index` of the node whose statement it is
-    int rule;            ///< of the statement, from 1; 0 when it is about the whole
-    rules::Place place;  ///< in the statement
+    canvas::NodeNumber node;  ///< whose statement it is
+    int rule;                 ///< of the statement, from 1; 0 when it is about the whole
+    rules::Place place;       ///< in the statement
     std::string words;
 
     bool operator==(const Finding& other) const {

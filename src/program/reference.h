@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include "canvas/numbers.h"
 
 namespace orvent::program {
 
@@ -30,9 +30,19 @@ constexpr bool isRecordSet(int tag) {
 constexpr bool isActivity(int tag) {
     return tag >= kActivities;
 }
-/// The number of the helper, or the `Index` of the node.
-constexpr int numberIn(int tag) {
-    return tag - (tag >= kActivities ? kActivities : tag >= kRecordSets ? kRecordSets : kHelpers);
+/// The number of the helper.
+constexpr int helperIn(int tag) {
+    return tag - kHelpers;
+}
+constexpr int recordSet(canvas::NodeNumber node) {
+    return kRecordSets + static_cast<int>(node);
+}
+constexpr int activity(canvas::NodeNumber node) {
+    return kActivities + static_cast<int>(node);
+}
+/// The record set or the other activity.
+constexpr canvas::NodeNumber nodeIn(int tag) {
+    return canvas::NodeNumber{tag - (isActivity(tag) ? kActivities : kRecordSets)};
 }
 
 }  // namespace reference

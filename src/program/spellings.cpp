@@ -237,14 +237,14 @@ const Word* Spellings::ask(std::string_view name) {
     const auto recordSets = nodesOf(name, [](const canvas::LabelsD& node) { return node.recordSet() != nullptr; });
     if (!recordSets.empty()) {
         return keep({WordKind::name, recordSets[0]->recordSet()->RecordSet_Name,
-                     reference::kRecordSets + recordSets[0]->Index(), recordSets.size() > 1});
+                     reference::recordSet(recordSets[0]->Index()), recordSets.size() > 1});
     }
     if (name.size() > 4 && (name.ends_with("_out") || name.ends_with("_OUT"))) {
         const auto activities = nodesOf(name.substr(0, name.size() - 4), [&](const canvas::LabelsD& node) {
             return node.activity() && node.activity()->Act_Name != activity_.Act_Name;
         });
         if (!activities.empty()) {
-            return keep({WordKind::name, std::string(name), reference::kActivities + activities[0]->Index(),
+            return keep({WordKind::name, std::string(name), reference::activity(activities[0]->Index()),
                          activities.size() > 1});
         }
     }

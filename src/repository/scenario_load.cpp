@@ -83,8 +83,8 @@ void loadNode(DrawForm& form, ScenarioReader& reader, const NodeRow& row) {
 void loadLines(DrawForm& form, StatementCache& repository) {
     Statement& row = repository.run(sql::kLines, form.ScenarioID);
     while (row.fetch()) {
-        const std::int32_t from = form.NamesColl.Item(row.text(1));
-        const std::int32_t to = form.NamesColl.Item(row.text(3));
+        const canvas::NodeNumber from = form.NamesColl.Item(row.text(1));
+        const canvas::NodeNumber to = form.NamesColl.Item(row.text(3));
         form.Lines.addFullLine(from, code(row, 2), to, code(row, 4), codeAs<canvas::EdgeTypeCode>(row, 5),
                                codeAs<canvas::AngleCode>(row, 6), 0);
     }

@@ -22,7 +22,7 @@ class Awake {
 };
 
 /// A dialog has changed what a node stands for.
-void touch(canvas::CanvasForm& form, std::int32_t node) {
+void touch(canvas::CanvasForm& form, canvas::NodeNumber node) {
     if (form.touched) {
         form.touched->node(node);
     }
@@ -36,7 +36,7 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
         return;  // it repeats another node, and is edited there
     }
     const Awake awake(windows_);
-    const std::int32_t index = node.Index();
+    const canvas::NodeNumber index = node.Index();
     if (node.activity()) {
         // The program goes on while it is open; only the window that it belongs to takes no input.
         auto dialog = std::make_unique<editors::SetActProp>(services_, form, node);
@@ -62,7 +62,7 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
 
 void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) {
     const Awake awake(windows_);
-    const std::int32_t index = activity.Index();
+    const canvas::NodeNumber index = activity.Index();
     services_.wizard.LDLCreate(form.scenario(), *activity.activity());
     touch(form.scenario(), index);
 }

@@ -12,7 +12,7 @@ class WindowKeeper {
     virtual ~WindowKeeper() = default;
 
     /// Opens the zoom view of an activity of a scenario. A second zoom asks, and closes the first one before.
-    virtual void ZoomActivity(int Slot, std::int32_t NodeIndex) = 0;
+    virtual void ZoomActivity(int Slot, canvas::NodeNumber NodeIndex) = 0;
 
     /// The close request of a window: asks, and drops it. False when it stays, and always while it takes no input.
     virtual bool close(canvas::CanvasForm& form) = 0;

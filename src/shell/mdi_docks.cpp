@@ -47,7 +47,7 @@ std::vector<ProblemLine> MDIForm1::problems() const {
     return form ? problems_.linesOf(form->scenario(), options_.problems) : std::vector<ProblemLine>();
 }
 
-void MDIForm1::goToNode(std::int32_t node) {
+void MDIForm1::goToNode(canvas::NodeNumber node) {
     canvas::CanvasForm* front = desk_.active();
     canvas::DrawForm* form = front ? &front->scenario() : nullptr;
     const canvas::LabelsD* place = form ? form->Labels.byIndex(node) : nullptr;

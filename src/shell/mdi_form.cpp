@@ -194,7 +194,7 @@ zoom::ZoomForm* MDIForm1::zoomInFront() const {
     return dynamic_cast<zoom::ZoomForm*>(activeEnabled());
 }
 
-void MDIForm1::ZoomActivity(int Slot, std::int32_t NodeIndex) {
+void MDIForm1::ZoomActivity(int Slot, canvas::NodeNumber NodeIndex) {
     canvas::DrawForm* design = scenario(Slot);
     const canvas::LabelsD* node = design ? design->Labels.byIndex(NodeIndex) : nullptr;
     if (!node || !node->activity()) {

@@ -70,7 +70,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     void show(std::unique_ptr<canvas::CanvasForm> form);
     /// A scenario's window closes the views over it first.
     bool close(canvas::CanvasForm& form) override;
-    void ZoomActivity(int Slot, std::int32_t NodeIndex) override;
+    void ZoomActivity(int Slot, canvas::NodeNumber NodeIndex) override;
     void applied(canvas::CanvasForm& form) override;
     void edit(canvas::CanvasForm& form, canvas::EditAction action) override;
     void enabledChanged() override { host_.commandsChanged(); }
@@ -112,7 +112,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     /// What is unfinished or doubtful in the scenario in front, when that was found out last.
     std::vector<ProblemLine> problems() const;
     /// Selects a node of the scenario in front and brings it into view.
-    void goToNode(std::int32_t node);
+    void goToNode(canvas::NodeNumber node);
     const OptionsData& options() const { return options_; }
     repository::Services& services() { return services_; }
     repository::Catalogue& catalogue() { return catalogue_; }

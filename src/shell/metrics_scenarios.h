@@ -33,7 +33,7 @@ class MetricsScenarios : public analysis::OpenScenarios, private ScenarioListene
         const int slot = scenario % kSlots;
         return scenario >= 0 && numberOf(slot) == scenario ? windows_.scenario(slot) : nullptr;
     }
-    void reveal(int scenario, std::int32_t node) override {
+    void reveal(int scenario, canvas::NodeNumber node) override {
         canvas::DrawForm& form = *windows_.scenario(scenario % kSlots);
         desk_.reveal(form, *form.Labels.byIndex(node));
     }

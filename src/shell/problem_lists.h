@@ -15,8 +15,8 @@ namespace orvent::shell {
 /// A problem as a list shows it.
 struct ProblemLine {
     analysis::ProblemKind kind;
-    std::int32_t node;  ///< `Index` of the node to go to
-    std::string place;  ///< the node's caption
+    canvas::NodeNumber node;  ///< `Index` of the node to go to
+    std::string place;        ///< the node's caption
     std::string words;
 
     bool operator==(const ProblemLine&) const = default;

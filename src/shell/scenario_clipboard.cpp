@@ -36,7 +36,7 @@ void ScenarioClipboard::copy(const canvas::DrawForm& form) {
 
 void ScenarioClipboard::copyText(const zoom::ZoomView& view) {
     std::string text;
-    for (const std::int32_t number : view.SelectedLabels.members()) {
+    for (const canvas::NodeNumber number : view.SelectedLabels.members()) {
         if (const canvas::LabelsD* node = view.Labels.byIndex(number)) {
             const canvas::NodeTip tip = canvas::tipOf(*node, {});
             text += tip.name + "\t" + tip.kind + "\t" + tip.counts + "\n";

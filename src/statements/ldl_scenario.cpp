@@ -33,7 +33,7 @@ bool isUnfedTarget(const canvas::DrawForm& form, const canvas::LabelsD& node) {
             return false;
         }
     }
-    for (const std::int32_t number : node.EndingLines()) {
+    for (const canvas::EdgeNumber number : node.EndingLines()) {
         const canvas::LinesD* edge = form.Lines.byIndex(number);
         if (edge && edge->EdgeType() == canvas::EdgeTypeProvider && edge->FromLabel() != node.Index()) {
             return true;

@@ -37,7 +37,7 @@ void ActivityExpansion::expandFunctions() {
     for (const FunctionProperties& function : functions) {
         requireAllTypes(view_, function);
     }
-    const std::int32_t active = view_.ActiveLabel;
+    const canvas::NodeNumber active = view_.ActiveLabel;
     const float Width = view_.settings().Width;
     int row = activity->Act_Outputs.count() + activity->Act_Parameters.count() + 1;
     for (int position = 1; position <= functions.Count(); ++position) {
@@ -93,14 +93,14 @@ void ActivityExpansion::tieFunction(LabelsD& node, std::shared_ptr<FunctionPrope
 }
 
 void ActivityExpansion::tieWaiting() {
-    std::vector<std::int32_t> nodes;
+    std::vector<canvas::NodeNumber> nodes;
     for (const auto& [node, activity] : view_.waiting) {
         if (activity == owner_.Index()) {
             nodes.push_back(node);
         }
     }
     std::sort(nodes.begin(), nodes.end());
-    for (const std::int32_t number : nodes) {
+    for (const canvas::NodeNumber number : nodes) {
         LabelsD* node = view_.Labels.byIndex(number);
         if (node && awaitedActivity(view_, *node) == &owner_) {
             bringUp(view_, *node);
@@ -125,7 +125,7 @@ void ActivityExpansion::collapseFunctions() {
         view_.order.keep(ownerName_, KindFunction, order);
     }
     functions.Clear();
-    for (const std::int32_t edge : partOfEdges(view_, owner_)) {
+    for (const canvas::EdgeNumber edge : partOfEdges(view_, owner_)) {
         LabelsD& node = *targetOf(view_, edge);
         auto* function = node.entity<FunctionProperties>();
         if (!function || function->NodeKind != KindFunction) {

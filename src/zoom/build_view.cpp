@@ -49,9 +49,10 @@ class Builder {
         return node;
     }
 
-    void column(const Column& column, const canvas::LineNumbers& edges, std::int32_t (canvas::LinesD::*end)() const) {
+    void column(const Column& column, const canvas::LineNumbers& edges,
+                canvas::NodeNumber (canvas::LinesD::*end)() const) {
         const LabelsD* previous = nullptr;
-        for (const std::int32_t number : edges) {
+        for (const canvas::EdgeNumber number : edges) {
             const canvas::LinesD* edge = view_.ParForm().Lines.byIndex(number);
             const LabelsD* design = edge && edge->EdgeType() == canvas::EdgeTypeProvider
                                         ? view_.ParForm().Labels.byIndex((edge->*end)())
@@ -100,7 +101,7 @@ void buildZoomView(ZoomView& view, const LabelsD& activity) {
         }
     }
     ExpandActivity(view, view.CentralActivityNo);
-    view.ActiveLabel = -1;
+    view.ActiveLabel = canvas::kNoNode;
     refreshFilters(view);
     view.setDisorder(disorderOf(view));
 }

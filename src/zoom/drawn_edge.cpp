@@ -13,13 +13,13 @@ bool sameKind(const LinesD& edge, const LinesD& other) {
 
 }  // namespace
 
-bool CheckDuplicateLine(canvas::Canvas& view, std::int32_t edge) {
+bool CheckDuplicateLine(canvas::Canvas& view, canvas::EdgeNumber edge) {
     const LinesD& drawn = *view.Lines.byIndex(edge);
     const LabelsD* from = view.Labels.byIndex(drawn.FromLabel());
     if (!from) {
         return true;
     }
-    for (const std::int32_t number : from->StartingLines()) {
+    for (const canvas::EdgeNumber number : from->StartingLines()) {
         const LinesD* other = view.Lines.byIndex(number);
         if (number != edge && other && sameKind(drawn, *other)) {
             view.Lines.RemoveFull(edge);
@@ -30,12 +30,12 @@ bool CheckDuplicateLine(canvas::Canvas& view, std::int32_t edge) {
     return true;
 }
 
-void RejectRelationship(canvas::Canvas& view, std::int32_t edge) {
+void RejectRelationship(canvas::Canvas& view, canvas::EdgeNumber edge) {
     view.Lines.RemoveFull(edge);
     view.messages().tell("This Relationship Is Not Valid!", "", platform::Icon::warning);
 }
 
-void FlipLine(canvas::Canvas& view, std::int32_t& edge) {
+void FlipLine(canvas::Canvas& view, canvas::EdgeNumber& edge) {
     const std::unique_ptr<LinesD> former = view.Lines.RemoveFull(edge);
     const LinesD* reverse =
         view.Lines.addFullLine(former->ToLabel(), former->ToGrabbingPoint(), former->FromLabel(),

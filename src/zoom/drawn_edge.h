@@ -10,11 +10,11 @@ namespace orvent::zoom {
 
 /// Whether no other edge of that kind joins the two nodes in that direction. If one does, the edge goes, with a
 /// message.
-bool CheckDuplicateLine(canvas::Canvas& view, std::int32_t edge);
+bool CheckDuplicateLine(canvas::Canvas& view, canvas::EdgeNumber edge);
 
-void RejectRelationship(canvas::Canvas& view, std::int32_t edge);
+void RejectRelationship(canvas::Canvas& view, canvas::EdgeNumber edge);
 
 /// Replaces the edge by its reverse.
-void FlipLine(canvas::Canvas& view, std::int32_t& edge);
+void FlipLine(canvas::Canvas& view, canvas::EdgeNumber& edge);
 
 }  // namespace orvent::zoom

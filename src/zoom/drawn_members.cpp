@@ -23,7 +23,7 @@ DrawnMembers::DrawnMembers(ZoomView& view, LabelsD& owner) {
     if (!owner.activity() || !view.bearsName(owner)) {
         return;
     }
-    for (const std::int32_t edge : partOfEdges(view, owner)) {
+    for (const canvas::EdgeNumber edge : partOfEdges(view, owner)) {
         LabelsD& node = *targetOf(view, edge);
         const RelationEnd end(node);
         if (const auto* function = node.entity<FunctionProperties>();
@@ -41,7 +41,7 @@ DrawnMembers::DrawnMembers(ZoomView& view, LabelsD& owner) {
 }
 
 void DrawnMembers::restore(ZoomView& view, LabelsD& owner) const {
-    const std::int32_t active = view.ActiveLabel;
+    const canvas::NodeNumber active = view.ActiveLabel;
     for (const Member& member : members_) {
         if (LabelsD* node = Expansion(view, owner).showAlone(member.kind, member.key)) {
             node->setBox(member.box);

@@ -43,7 +43,7 @@ EdgeStrokes::EdgeStrokes(const ZoomView& view) {
 }
 
 void EdgeStrokes::restore(ZoomView& view) const {
-    using Ends = std::tuple<std::int32_t, std::int32_t, canvas::EdgeTypeCode>;
+    using Ends = std::tuple<canvas::NodeNumber, canvas::NodeNumber, canvas::EdgeTypeCode>;
     std::map<Ends, const Stroke*> byEnds;
     for (const Stroke& stroke : strokes_) {
         byEnds.emplace(Ends{view.NamesColl.Item(stroke.from), view.NamesColl.Item(stroke.to), stroke.kind}, &stroke);

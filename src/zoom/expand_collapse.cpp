@@ -11,18 +11,18 @@ namespace {
 
 /// Runs a step on a node with the wait pointer shown; nothing when there is no such node.
 template <class Step>
-void onNode(ZoomView& view, std::int32_t index, Step step) {
+void onNode(ZoomView& view, canvas::NodeNumber index, Step step) {
     const platform::Busy busy(view.progress());
     if (LabelsD* node = view.Labels.byIndex(index)) {
         step(*node, ActivityExpansion(view, *node));
     }
 }
 
-void expand(ZoomView& view, std::int32_t index, NodeKindCode kind) {
+void expand(ZoomView& view, canvas::NodeNumber index, NodeKindCode kind) {
     onNode(view, index, [&](LabelsD&, ActivityExpansion expansion) { expansion.expand(kind); });
 }
 
-void collapse(ZoomView& view, std::int32_t index, NodeKindCode kind) {
+void collapse(ZoomView& view, canvas::NodeNumber index, NodeKindCode kind) {
     onNode(view, index, [&](LabelsD&, ActivityExpansion expansion) { expansion.collapse(kind); });
 }
 
@@ -39,48 +39,48 @@ void expandActivity(LabelsD& node, ActivityExpansion expansion) {
 
 }  // namespace
 
-void ExpandActivity(ZoomView& view, std::int32_t node) {
+void ExpandActivity(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, expandActivity);
 }
-void CollapseActivity(ZoomView& view, std::int32_t node) {
+void CollapseActivity(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseActivity(); });
 }
 
-void ExpandInputs(ZoomView& view, std::int32_t node) {
+void ExpandInputs(ZoomView& view, canvas::NodeNumber node) {
     expand(view, node, KindInput);
 }
-void ExpandOutputs(ZoomView& view, std::int32_t node) {
+void ExpandOutputs(ZoomView& view, canvas::NodeNumber node) {
     expand(view, node, KindOutput);
 }
-void ExpandParameters(ZoomView& view, std::int32_t node) {
+void ExpandParameters(ZoomView& view, canvas::NodeNumber node) {
     expand(view, node, KindParameter);
 }
-void ExpandFunctions(ZoomView& view, std::int32_t node) {
+void ExpandFunctions(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.expandFunctions(); });
 }
-void ExpandFunction(ZoomView& view, std::int32_t node) {
+void ExpandFunction(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.expandFunction(); });
 }
-void ExpandRecordSet(ZoomView& view, std::int32_t node) {
+void ExpandRecordSet(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.expandRecordSet(); });
 }
 
-void CollapseInputs(ZoomView& view, std::int32_t node) {
+void CollapseInputs(ZoomView& view, canvas::NodeNumber node) {
     collapse(view, node, KindInput);
 }
-void CollapseOutputs(ZoomView& view, std::int32_t node) {
+void CollapseOutputs(ZoomView& view, canvas::NodeNumber node) {
     collapse(view, node, KindOutput);
 }
-void CollapseParameters(ZoomView& view, std::int32_t node) {
+void CollapseParameters(ZoomView& view, canvas::NodeNumber node) {
     collapse(view, node, KindParameter);
 }
-void CollapseFunctions(ZoomView& view, std::int32_t node) {
+void CollapseFunctions(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseFunctions(); });
 }
-void CollapseFunction(ZoomView& view, std::int32_t node) {
+void CollapseFunction(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseFunction(); });
 }
-void CollapseRecordSet(ZoomView& view, std::int32_t node) {
+void CollapseRecordSet(ZoomView& view, canvas::NodeNumber node) {
     onNode(view, node, [](LabelsD&, ActivityExpansion expansion) { expansion.collapseRecordSet(); });
 }
 

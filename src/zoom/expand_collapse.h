@@ -13,23 +13,23 @@ namespace orvent::zoom {
 // All take the `Index` of a node. A node of another kind, or one that is in the wanted state already, is left alone.
 // A data type that the catalogue does not have throws a `Fault` before anything has changed.
 
-void ExpandActivity(ZoomView& view, std::int32_t node);
-void ExpandInputs(ZoomView& view, std::int32_t node);
-void ExpandOutputs(ZoomView& view, std::int32_t node);
-void ExpandParameters(ZoomView& view, std::int32_t node);
-void ExpandFunctions(ZoomView& view, std::int32_t node);
-void ExpandFunction(ZoomView& view, std::int32_t node);
-void ExpandRecordSet(ZoomView& view, std::int32_t node);
+void ExpandActivity(ZoomView& view, canvas::NodeNumber node);
+void ExpandInputs(ZoomView& view, canvas::NodeNumber node);
+void ExpandOutputs(ZoomView& view, canvas::NodeNumber node);
+void ExpandParameters(ZoomView& view, canvas::NodeNumber node);
+void ExpandFunctions(ZoomView& view, canvas::NodeNumber node);
+void ExpandFunction(ZoomView& view, canvas::NodeNumber node);
+void ExpandRecordSet(ZoomView& view, canvas::NodeNumber node);
 
 // Members come back into their collection in the reverse of the order of their part-of edges.
-void CollapseActivity(ZoomView& view, std::int32_t node);
-void CollapseInputs(ZoomView& view, std::int32_t node);
-void CollapseOutputs(ZoomView& view, std::int32_t node);
-void CollapseParameters(ZoomView& view, std::int32_t node);
+void CollapseActivity(ZoomView& view, canvas::NodeNumber node);
+void CollapseInputs(ZoomView& view, canvas::NodeNumber node);
+void CollapseOutputs(ZoomView& view, canvas::NodeNumber node);
+void CollapseParameters(ZoomView& view, canvas::NodeNumber node);
 /// A function that was drawn by itself keeps its node, without owner.
-void CollapseFunctions(ZoomView& view, std::int32_t node);
-void CollapseFunction(ZoomView& view, std::int32_t node);
-void CollapseRecordSet(ZoomView& view, std::int32_t node);
+void CollapseFunctions(ZoomView& view, canvas::NodeNumber node);
+void CollapseFunction(ZoomView& view, canvas::NodeNumber node);
+void CollapseRecordSet(ZoomView& view, canvas::NodeNumber node);
 
 /// Expands a node of the design window's kinds to what its place in the view shows: outputs on the left, inputs on the
 /// right, everything in the middle, a record set's attributes. Its `Expanded` is true afterwards.

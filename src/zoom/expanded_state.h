@@ -30,7 +30,7 @@ class ExpandedState {
     };
 
     EdgeStrokes strokes_;
-    std::set<std::int32_t> expanded_;
+    std::set<canvas::NodeNumber> expanded_;
     std::set<std::string> expandedNames_;
     std::string names_;  ///< of the nodes of the places, one behind the other; their numbers may be other ones later
     std::vector<Place> places_;

@@ -156,9 +156,9 @@ void Expansion::show(Lazy<List>& items, const ExpansionRow& row, int firstRow) {
         return;
     }
     requireTypes(view_, items);
-    const std::int32_t active = view_.ActiveLabel;
+    const canvas::NodeNumber active = view_.ActiveLabel;
     for (int position = 1; position <= list->Count(); ++position) {
-        if (NearEnd(*list->Item(position)).labelIn(view_)) {
+        if (canvas::isGiven(NearEnd(*list->Item(position)).labelIn(view_))) {
             continue;  // it was drawn at its owner while the others were collapsed
         }
         showMember(list->share(position), row, rowTop(2 * (firstRow + position - 1) + 1));
@@ -171,7 +171,7 @@ LabelsD* Expansion::showAlone(NodeKindCode kind, const std::string& key) {
     if (ActivityProperties* activity = owner_.activity()) {
         withList(*activity, kind, [&](auto& items, NodeKindCode) {
             auto entity = items->share(key);
-            if (entity && !NearEnd(*entity).labelIn(view_)) {
+            if (entity && !canvas::isGiven(NearEnd(*entity).labelIn(view_))) {
                 shown = &showMember(entity, expansionRow(kind), rowTop(2 * items->positionOf(key) - 1));
             }
         });
@@ -272,7 +272,7 @@ template <class List>
 void Expansion::takeBack(Lazy<List>& items, const ExpansionRow& row) {
     using Entity = EntityOf<List>;
     std::vector<std::shared_ptr<Entity>> taken;
-    for (const std::int32_t edge : partOfEdges(view_, owner_)) {
+    for (const canvas::EdgeNumber edge : partOfEdges(view_, owner_)) {
         LabelsD* node = targetOf(view_, edge);
         auto* held = std::get_if<platform::Shared<Entity>>(&node->Properties);
         if (held && *held && (*held)->NodeKind == row.kind &&

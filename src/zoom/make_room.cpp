@@ -66,9 +66,9 @@ bool belongsTo(const ZoomView& view, const LabelsD& node, const LabelsD& owner) 
 /// The central group first, then the neighbours.
 template <class Form>
 auto groupsOf(Form& view) {
-    using Node = std::remove_pointer_t<decltype(view.Labels.byIndex(0))>;
+    using Node = std::remove_pointer_t<decltype(view.Labels.byIndex({}))>;
     std::vector<GroupOf<Node>> groups(1);
-    std::unordered_map<std::int32_t, std::size_t> owner;
+    std::unordered_map<canvas::NodeNumber, std::size_t> owner;
     std::vector<Node*> open;  // owners whose members are to be found
     for (const NewANDoldIndex& pair : view.New2OldIndex) {
         Node* node = view.Labels.byIndex(pair.NewIndex);
@@ -81,7 +81,7 @@ auto groupsOf(Form& view) {
     while (!open.empty()) {
         Node* holder = open.back();
         open.pop_back();
-        for (const std::int32_t number : holder->StartingLines()) {
+        for (const canvas::EdgeNumber number : holder->StartingLines()) {
             const canvas::LinesD* edge = view.Lines.byIndex(number);
             Node* node =
                 edge && edge->EdgeType() == canvas::EdgeTypePartOf ? view.Labels.byIndex(edge->ToLabel()) : nullptr;
@@ -111,7 +111,7 @@ bool isLeftOf(const Box& a, const Box& b) {
 
 /// Whether a member of a column stands on the wrong side of one that it is joined with in another column.
 bool standsOnWrongSide(const ZoomView& view) {
-    std::unordered_map<std::int32_t, ZoomPlace> places;
+    std::unordered_map<canvas::NodeNumber, ZoomPlace> places;
     for (const auto& group : groupsOf(view)) {
         for (const LabelsD* node : group.nodes) {
             places[node->Index()] = group.place;

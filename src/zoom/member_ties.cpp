@@ -43,7 +43,8 @@ constexpr MemberList kParameters = {
 constexpr std::int16_t kOutputGrabPoint = 4;
 
 template <class List>
-void tieMember(ZoomView& view, LabelsD& owner, LabelsD& node, List& list, const MemberList& row, std::int32_t edge) {
+void tieMember(ZoomView& view, LabelsD& owner, LabelsD& node, List& list, const MemberList& row,
+               canvas::EdgeNumber edge) {
     auto* held = node.entity<EntityOf<List>>();
     if (!held) {
         return;
@@ -67,7 +68,7 @@ void tieMember(ZoomView& view, LabelsD& owner, LabelsD& node, List& list, const 
 
 /// The parameters of a function that are shown one by one show those of the function that stands there now.
 void bindParameters(ZoomView& view, LabelsD& function, FunctionProperties& bound) {
-    for (const std::int32_t number : function.StartingLines()) {
+    for (const canvas::EdgeNumber number : function.StartingLines()) {
         const LinesD* edge = view.Lines.byIndex(number);
         LabelsD* node = edge ? view.Labels.byIndex(edge->ToLabel()) : nullptr;
         const auto* parameter = node ? node->entity<ParameterProperties>() : nullptr;
@@ -85,7 +86,7 @@ void bindParameters(ZoomView& view, LabelsD& function, FunctionProperties& bound
 
 }  // namespace
 
-void makeMember(ZoomView& view, std::int32_t& edge, LabelsD& from, LabelsD& to) {
+void makeMember(ZoomView& view, canvas::EdgeNumber& edge, LabelsD& from, LabelsD& to) {
     auto* activity = from.activity();
     if (const auto* function = to.entity<FunctionProperties>(); activity && function) {
         if (!isFree(view, function->ParentKeyName()) || awaitedActivity(view, to) ||

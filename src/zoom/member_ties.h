@@ -10,7 +10,7 @@ namespace orvent::zoom {
 
 /// Makes the node at one end of a new edge a member of the activity at the other. The edge may be replaced by its
 /// reverse, and is removed with a message when it is refused.
-void makeMember(ZoomView& view, std::int32_t& edge, canvas::LabelsD& from, canvas::LabelsD& to);
+void makeMember(ZoomView& view, canvas::EdgeNumber& edge, canvas::LabelsD& from, canvas::LabelsD& to);
 
 /// Takes a member out of its activity: its node stays, free and without links.
 void freeMember(ZoomView& view, entities::ActivityProperties& owner, canvas::LabelsD& node);

@@ -23,9 +23,9 @@ bool isFree(const canvas::Canvas& canvas, const std::string& owner) {
     return owner.empty() || !canvas.isNameTaken(owner);
 }
 
-std::vector<std::int32_t> partOfEdges(const ZoomView& view, const LabelsD& owner) {
-    std::vector<std::int32_t> edges;
-    for (const std::int32_t number : owner.StartingLines()) {
+std::vector<canvas::EdgeNumber> partOfEdges(const ZoomView& view, const LabelsD& owner) {
+    std::vector<canvas::EdgeNumber> edges;
+    for (const canvas::EdgeNumber number : owner.StartingLines()) {
         const canvas::LinesD* edge = view.Lines.byIndex(number);
         if (edge && edge->EdgeType() == canvas::EdgeTypePartOf) {
             edges.push_back(number);
@@ -35,7 +35,7 @@ std::vector<std::int32_t> partOfEdges(const ZoomView& view, const LabelsD& owner
     return edges;
 }
 
-LabelsD* targetOf(ZoomView& view, std::int32_t edge) {
+LabelsD* targetOf(ZoomView& view, canvas::EdgeNumber edge) {
     return view.Labels.byIndex(view.Lines.byIndex(edge)->ToLabel());
 }
 

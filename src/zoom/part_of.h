@@ -18,9 +18,9 @@ const std::string& ownerNameOf(const ZoomView& view, const canvas::LabelsD& owne
 bool isFree(const canvas::Canvas& canvas, const std::string& owner);
 
 /// The edges by which members are tied to their owner, the last one first.
-std::vector<std::int32_t> partOfEdges(const ZoomView& view, const canvas::LabelsD& owner);
+std::vector<canvas::EdgeNumber> partOfEdges(const ZoomView& view, const canvas::LabelsD& owner);
 
-canvas::LabelsD* targetOf(ZoomView& view, std::int32_t edge);
+canvas::LabelsD* targetOf(ZoomView& view, canvas::EdgeNumber edge);
 
 /// Whether an attribute or a parameter belongs to the owner from which a part-of edge leads to it. One that was drawn
 /// between nodes of other kinds, or to what another owner has, means nothing.

@@ -24,10 +24,10 @@ class Walk {
           nodes_(static_cast<std::size_t>(view.LabelsNo) + 1),
           edges_(static_cast<std::size_t>(view.LinesNo) + 1) {}
 
-    void follow(std::int32_t start, Flow flow) {
+    void follow(canvas::NodeNumber start, Flow flow) {
         std::vector<char> seen(nodes_.size());
-        std::vector<std::int32_t> open;
-        const auto reach = [&](std::int32_t node) {
+        std::vector<canvas::NodeNumber> open;
+        const auto reach = [&](canvas::NodeNumber node) {
             if (!seen[static_cast<std::size_t>(node)]) {
                 seen[static_cast<std::size_t>(node)] = true;
                 nodes_[static_cast<std::size_t>(node)] = true;
@@ -39,7 +39,7 @@ class Walk {
             const LabelsD* node = view_.Labels.byIndex(open.back());
             open.pop_back();
             const bool on = flow == Flow::forwards;
-            for (const std::int32_t number : on ? node->StartingLines() : node->EndingLines()) {
+            for (const canvas::EdgeNumber number : on ? node->StartingLines() : node->EndingLines()) {
                 const LinesD* edge = view_.Lines.byIndex(number);
                 if (edge && carriesValues(*edge)) {
                     edges_[static_cast<std::size_t>(number)] = true;
@@ -55,13 +55,13 @@ class Walk {
     Light result() {
         for (const LinesD& edge : view_.Lines) {
             const auto to = static_cast<std::size_t>(edge.ToLabel());
-            if (edge.EdgeType() == canvas::EdgeTypePartOf && edge.ToLabel() > 0 && nodes_[to] == kLit) {
+            if (edge.EdgeType() == canvas::EdgeTypePartOf && canvas::isGiven(edge.ToLabel()) && nodes_[to] == kLit) {
                 edges_[static_cast<std::size_t>(edge.Index())] = true;
                 char& owner = nodes_[static_cast<std::size_t>(edge.FromLabel())];
                 owner = owner == kLit ? kLit : kOwner;
             }
         }
-        return {numbers(nodes_), numbers(edges_)};
+        return {numbers<canvas::NodeNumber>(nodes_), numbers<canvas::EdgeNumber>(edges_)};
     }
 
   private:
@@ -76,7 +76,7 @@ class Walk {
         if (!function) {
             return;
         }
-        for (const std::int32_t number : function->StartingLines()) {
+        for (const canvas::EdgeNumber number : function->StartingLines()) {
             const LinesD* edge = view_.Lines.byIndex(number);
             const LabelsD* member = edge ? view_.Labels.byIndex(edge->ToLabel()) : nullptr;
             const auto* held = member ? member->entity<ParameterProperties>() : nullptr;
@@ -86,11 +86,12 @@ class Walk {
         }
     }
 
-    static std::vector<std::int32_t> numbers(const std::vector<char>& marks) {
-        std::vector<std::int32_t> result;
+    template <class Number>
+    static std::vector<Number> numbers(const std::vector<char>& marks) {
+        std::vector<Number> result;
         for (std::size_t at = 0; at < marks.size(); ++at) {
             if (marks[at]) {
-                result.push_back(static_cast<std::int32_t>(at));
+                result.push_back(static_cast<Number>(at));
             }
         }
         return result;
@@ -103,7 +104,7 @@ class Walk {
 
 }  // namespace
 
-Light pathThrough(const ZoomView& view, std::int32_t node) {
+Light pathThrough(const ZoomView& view, canvas::NodeNumber node) {
     const LabelsD* start = view.Labels.byIndex(node);
     if (!start || (!start->entity<AttributeProperties>() && !start->entity<ParameterProperties>())) {
         return {};

@@ -69,7 +69,7 @@ struct LinkEnds {
 };
 
 void writeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const RelationRow& row, LinkType type,
-                std::int32_t edge) {
+                canvas::EdgeNumber edge) {
     const RelationEnd source(ends.source), target(ends.target);
     if (kind == canvas::EdgeTypeProvider) {
         ends.source.entity<AttributeProperties>()->ProviderFor->Add(target.linkName(), type,
@@ -103,7 +103,7 @@ void removeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const Relation
     withLists(ends.target, [&](auto& entity) { entity.RegulatedFrom->Remove(sourceKey); });
 }
 
-void relate(ZoomView& view, std::int32_t& edge, canvas::EdgeTypeCode kind, LabelsD& from, LabelsD& to) {
+void relate(ZoomView& view, canvas::EdgeNumber& edge, canvas::EdgeTypeCode kind, LabelsD& from, LabelsD& to) {
     const RelationEnd drawnFrom(from), drawnTo(to);
     const RelationRow* row = rowOf(kind, drawnFrom, drawnTo);
     if (!row || !row->allowed(drawnFrom, drawnTo) || Attachment(view, *row, drawnFrom, drawnTo).refused()) {
@@ -131,7 +131,7 @@ void relate(ZoomView& view, std::int32_t& edge, canvas::EdgeTypeCode kind, Label
 
 }  // namespace
 
-void CreateRelationship(ZoomView& view, std::int32_t& edge) {
+void CreateRelationship(ZoomView& view, canvas::EdgeNumber& edge) {
     if (!CheckDuplicateLine(view, edge)) {
         return;
     }
@@ -159,7 +159,7 @@ void CreateRelationship(ZoomView& view, std::int32_t& edge) {
     }
 }
 
-void RemoveRelationship(ZoomView& view, std::int32_t edge) {
+void RemoveRelationship(ZoomView& view, canvas::EdgeNumber edge) {
     const LinesD& drawn = *view.Lines.byIndex(edge);
     const canvas::EdgeTypeCode kind = drawn.EdgeType();
     LabelsD* from = view.Labels.byIndex(drawn.FromLabel());
@@ -184,7 +184,7 @@ void RemoveRelationship(ZoomView& view, std::int32_t edge) {
     removeLinks(kind, {*from, *to}, *row);
 }
 
-bool CheckDataTypes(ZoomView& view, const LabelsD& from, LabelsD& to, std::int32_t edge) {
+bool CheckDataTypes(ZoomView& view, const LabelsD& from, LabelsD& to, canvas::EdgeNumber edge) {
     const std::int16_t source = RelationEnd(from).dataType();
     const std::int16_t target = RelationEnd(to).dataType();
     if (source == target) {

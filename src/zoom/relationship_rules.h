@@ -13,14 +13,14 @@ namespace orvent::zoom {
 
 /// Writes what the edge stands for, by the kinds of its two ends. The edge may be replaced by its reverse, and is
 /// removed with a message when it is refused.
-void CreateRelationship(ZoomView& view, std::int32_t& edge);
+void CreateRelationship(ZoomView& view, canvas::EdgeNumber& edge);
 
 /// Takes back what the edge stands for. The edge itself stays.
-void RemoveRelationship(ZoomView& view, std::int32_t edge);
+void RemoveRelationship(ZoomView& view, canvas::EdgeNumber edge);
 
 /// Whether two nodes (attributes or parameters) have one data type. A target whose type its source defines takes it
 /// over. False: the edge went, with a message.
-bool CheckDataTypes(ZoomView& view, const canvas::LabelsD& from, canvas::LabelsD& to, std::int32_t edge);
+bool CheckDataTypes(ZoomView& view, const canvas::LabelsD& from, canvas::LabelsD& to, canvas::EdgeNumber edge);
 
 /// Whether an edge of that kind from one node to the other would stand.
 bool mayRelate(const ZoomView& view, canvas::EdgeTypeCode kind, const canvas::LabelsD& from, const canvas::LabelsD& to);

@@ -143,7 +143,7 @@ void removeEdges(ZoomView& view, canvas::EdgeTypeCode kind) {
 }
 
 /// Two nodes that an edge joins.
-using Joined = std::pair<std::int32_t, std::int32_t>;
+using Joined = std::pair<canvas::NodeNumber, canvas::NodeNumber>;
 
 std::vector<Joined> joinedBy(const ZoomView& view, canvas::EdgeTypeCode kind) {
     std::vector<Joined> joined;
@@ -158,7 +158,7 @@ std::vector<Joined> joinedBy(const ZoomView& view, canvas::EdgeTypeCode kind) {
 /// Whether the types that are shown, and the edges to them, are those of the nodes.
 bool instanceOfStands(ZoomView& view) {
     std::vector<Joined> wanted;
-    std::unordered_set<std::int32_t> types;
+    std::unordered_set<canvas::NodeNumber> types;
     bool present = true;
     const auto expect = [&](const LabelsD& node, const NameTable& names, canvas::NodeTypeCode kind, std::int16_t type) {
         const LabelsD* typeNode = view.nodeNamed(names.name(type));
@@ -264,7 +264,7 @@ void toggleFilter(ZoomView& view, bool ViewMarks::*mark) {
 }
 
 void showInstanceOf(ZoomView& view) {
-    const std::int32_t active = view.ActiveLabel;
+    const canvas::NodeNumber active = view.ActiveLabel;
     const canvas::CanvasSettings& sizes = view.settings();
     const std::vector<LabelsD*> nodes = nodesOf(view);
     TypeNodes dataTypes(view, view.catalogue().dataTypes, canvas::NodeTypeDataType, 4 * sizes.WDist + sizes.BigDist);

@@ -151,7 +151,7 @@ bool ZoomRules::mayRedirect(canvas::Canvas&, LinesD& edge, bool, const LabelsD&)
 }
 
 void ZoomRules::edgeCompleted(canvas::Canvas&, LinesD& edge) {
-    std::int32_t number = edge.Index();
+    canvas::EdgeNumber number = edge.Index();
     CreateRelationship(view_, number);
     if (view_.Lines.byIndex(number)) {
         view_.touch();

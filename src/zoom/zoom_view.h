@@ -23,8 +23,8 @@ enum class ZoomPlace : std::int16_t {
 
 /// A node of the zoom view and the design node that it was copied from.
 struct NewANDoldIndex {
-    std::int32_t NewIndex;
-    std::int32_t OldIndex;
+    canvas::NodeNumber NewIndex;
+    canvas::NodeNumber OldIndex;
 };
 
 /// What makes the columns of the view unreadable.
@@ -75,7 +75,7 @@ class ZoomView : public canvas::CanvasForm {
     canvas::DrawForm& ParForm() { return design_; }
 
     std::vector<NewANDoldIndex> New2OldIndex;
-    std::int32_t CentralActivityNo = -1;
+    canvas::NodeNumber CentralActivityNo = canvas::kNoNode;
     std::int32_t ConstantCounter = 0;  ///< for default names
     std::int32_t AttributeCounter = 0;
     std::int32_t FunctionCounter = 0;
@@ -84,7 +84,7 @@ class ZoomView : public canvas::CanvasForm {
     MemberOrder order;        ///< of what was collapsed by hand
     canvas::Renames renames;  ///< since the scenario has all of it
     /// Nodes of functions that wait for their collapsed activity, and the activity's node.
-    std::unordered_map<std::int32_t, std::int32_t> waiting;
+    std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> waiting;
 
     const entities::CatalogueTables& catalogue() const { return services_.catalogue; }
     platform::Progress& progress() const { return services_.progress; }
@@ -141,7 +141,7 @@ class ZoomView : public canvas::CanvasForm {
 
     // CanvasForm
     bool isZoom() const override { return true; }
-    std::int32_t centralNode() const override { return CentralActivityNo; }
+    canvas::NodeNumber centralNode() const override { return CentralActivityNo; }
     canvas::DrawForm& scenario() override { return design_; }
 
   private:

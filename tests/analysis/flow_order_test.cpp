@@ -5,6 +5,7 @@
 
 #include "platform/fault.h"
 #include "testkit/graph_builder.h"
+#include "testkit/numbers.h"
 
 namespace orvent::analysis {
 namespace {
@@ -67,7 +68,7 @@ TEST_F(FlowOrderTest, GraphsAndTheirOrders) {
 
 TEST_F(FlowOrderTest, EdgeWithoutItsNodeIsAFault) {
     draw({"ab"});
-    form.Lines.byIndex(1)->detach(canvas::EdgeEnd::start);
+    form.Lines.byIndex(1_edge)->detach(canvas::EdgeEnd::start);
     EXPECT_THROW(order.ComputeFlowIDs(form), platform::Fault);
 }
 
@@ -95,12 +96,12 @@ TEST_F(FlowOrderTest, LongChainsAndWideCounts) {
 
 TEST(NodesCollTest, ANodeIsThereOnceUntilItIsRemoved) {
     NodesColl nodes;
-    nodes.AddByClosure(1, 5, 0, "1");
-    nodes.AddByClosure(4, 6, 0, "4");
-    EXPECT_THROW(nodes.AddByClosure(4, 1, 0, "4"), platform::Fault);
+    nodes.AddByClosure(1_node, 5, 0, "1");
+    nodes.AddByClosure(4_node, 6, 0, "4");
+    EXPECT_THROW(nodes.AddByClosure(4_node, 1, 0, "4"), platform::Fault);
     nodes.Remove("4");
     EXPECT_EQ(nodes.Item("4"), nullptr);
-    EXPECT_EQ(nodes.Item(1)->Index, 1);
+    EXPECT_EQ(nodes.Item(1)->Index, 1_node);
     EXPECT_EQ(nodes.Item(2), nullptr);
 }
 

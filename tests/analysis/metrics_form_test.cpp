@@ -30,7 +30,7 @@ class MetricsWindow : public testkit::CanvasTest, protected OpenScenarios {
                : slot == 3                                                      ? &first
                                                                                 : &second;
     }
-    void reveal(int slot, std::int32_t node) override {
+    void reveal(int slot, canvas::NodeNumber node) override {
         revealed = std::to_string(slot) + " " + at(slot)->Labels.byIndex(node)->Caption();
     }
 
@@ -179,7 +179,7 @@ TEST_F(MetricsWindow, TheCounterIsStoredAtOnceAndCountsAtTheNextRefresh) {
 
 TEST_F(MetricsWindow, ColumnButtonsSortByValue) {
     for (const int value : {9, 122, -3, 21, 10, -12}) {
-        form.views.InpMetrView.push_back({"", 0, {1, value}});
+        form.views.InpMetrView.push_back({"", {}, {1, value}});
     }
     using Places = std::vector<std::size_t>;
     EXPECT_EQ(form.order(form.views.InpMetrView), (Places{0, 1, 2, 3, 4, 5}));

@@ -134,12 +134,12 @@ TEST(Problems, OfAKindThatIsSwitchedOffNothingIsTold) {
 /// Only what is named is touched.
 struct Kept : Chain {
     Kept() { problems.settle(); }
-    std::string after(const std::vector<std::string>& nodes, std::int32_t edge = 0) {
+    std::string after(const std::vector<std::string>& nodes, canvas::EdgeNumber edge = {}) {
         canvas::Touched touched;
         for (const std::string& name : nodes) {
             touched.node(node(name).Index());
         }
-        if (edge != 0) {
+        if (canvas::isGiven(edge)) {
             touched.edge(edge);
         }
         problems.touch(touched);
@@ -158,7 +158,7 @@ TEST(Problems, AChangeAtAProviderIsSeenByItsReaders) {
     chain.graph.attribute("SOURCE.ID").Attribute_Type = 1;
     EXPECT_EQ(chain.after({"SOURCE"}), "data-type Load.ID; data-type Check.ID; no-edge Check; ");
     chain.graph.edge("SOURCE", "Check");
-    const std::int32_t edge = chain.form.LinesNo;
+    const canvas::EdgeNumber edge = chain.form.LinesNo;
     EXPECT_EQ(chain.after({}, edge), "data-type Load.ID; data-type Check.ID; ");
     chain.form.Lines.RemoveFull(edge);
     EXPECT_EQ(chain.after({}, edge), "data-type Load.ID; data-type Check.ID; no-edge Check; ");

@@ -48,10 +48,11 @@ void scatter(DrawForm& form, unsigned seed) {
         const auto x = static_cast<float>(below(9000)), y = static_cast<float>(below(9000));
         form.Labels.Add({x, y, 1050, 450}, "N" + std::to_string(node), kKinds[below(6)]);
     }
+    const auto nodes = static_cast<int>(form.LabelsNo);
     for (int made = 0; made < 40; ++made) {
-        const std::int32_t from = 1 + below(form.LabelsNo - 1);
-        const std::int32_t to = from + 1 + below(form.LabelsNo - from);
-        LinesD* edge = form.Lines.addFullLine(from, static_cast<std::int16_t>(1 + below(4)), to,
+        const int from = 1 + below(nodes - 1);
+        const int to = from + 1 + below(nodes - from);
+        LinesD* edge = form.Lines.addFullLine(NodeNumber{from}, static_cast<std::int16_t>(1 + below(4)), NodeNumber{to},
                                               static_cast<std::int16_t>(1 + below(4)), EdgeTypeProvider,
                                               static_cast<AngleCode>(below(4)), 0);
         if (edge->Angle() == AngleNone && below(2) == 0) {
@@ -75,7 +76,7 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
         DrawForm& form = stage.form;
         scatter(form, seed);
         const bool all = seed % 3 == 0;
-        for (std::int32_t node = 1; node <= form.LabelsNo && !all; node += 2) {
+        for (NodeNumber node = 1_node; node <= form.LabelsNo && !all; node = numberAfter(numberAfter(node))) {
             form.SelectedLabels.Add(node);
         }
         const auto before = picture(form);
@@ -84,7 +85,7 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
         EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
         Point corner{1e9F, 1e9F}, formerCorner = corner;
         for (const LabelsD& node : form.Labels) {
-            const Box& former = before.first[static_cast<std::size_t>(node.Index() - 1)];
+            const Box& former = before.first[static_cast<std::size_t>(node.Index()) - 1];
             if (!all && !form.SelectedLabels.Item(node.Index())) {
                 EXPECT_EQ(node.box(), former);
                 continue;
@@ -119,13 +120,13 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
 
 TEST(TidyUp, OffersTheWayBackUntilSomethingChanges) {
     const std::pair<const char*, std::function<void(DrawForm&)>> rows[] = {
-        {"moved", [](DrawForm& form) { form.Labels.byIndex(1)->setTop(9000); }},
-        {"named", [](DrawForm& form) { form.Labels.byIndex(1)->setCaption("Other"); }},
-        {"led", [](DrawForm& form) { form.Lines.byIndex(1)->setAngle(AngleVerticalUp); }},
-        {"removed", [](DrawForm& form) { form.Labels.Remove(5); }},
+        {"moved", [](DrawForm& form) { form.Labels.byIndex(1_node)->setTop(9000); }},
+        {"named", [](DrawForm& form) { form.Labels.byIndex(1_node)->setCaption("Other"); }},
+        {"led", [](DrawForm& form) { form.Lines.byIndex(1_edge)->setAngle(AngleVerticalUp); }},
+        {"removed", [](DrawForm& form) { form.Labels.Remove(5_node); }},
         {"many", [](DrawForm& form) { selectAllNodes(form), arrange(form, EditAction::alignLeft); }},
         {"declined", [](DrawForm& form) { form.answerOffer(false); }},
-        {"", [](DrawForm& form) { form.SelectedLabels.Add(1); }},
+        {"", [](DrawForm& form) { form.SelectedLabels.Add(1_node); }},
     };
     for (const auto& [what, change] : rows) {
         PointerStage stage;
@@ -140,11 +141,11 @@ TEST(TidyUp, OffersTheWayBackUntilSomethingChanges) {
 TEST(TidyUp, KeepsNotesWithTheirNodes) {
     PointerStage stage;  // Comment1 stands free below RS, LOG1 below Act
     DrawForm& form = stage.form;
-    form.Labels.byIndex(3)->setTop(1600);
+    form.Labels.byIndex(3_node)->setTop(1600);
     form.Labels.Add({90000, 90000, 1500, 750}, "Comment2", NodeTypeComment);  // far from all
-    form.Lines.addFullLine(5, 4, 4, 1, EdgeTypeProvider, AngleNone, 0);
+    form.Lines.addFullLine(5_node, 4, 4_node, 1, EdgeTypeProvider, AngleNone, 0);
     arrange(form, EditAction::tidyUp);
-    const auto box = [&form](int node) { return form.Labels.byIndex(node)->box(); };
+    const auto box = [&form](int node) { return form.Labels.byIndex(NodeNumber{node})->box(); };
     EXPECT_EQ(std::pair(box(3).Left, box(3).Top), std::pair(box(1).Left, box(1).bottom() + 100));
     EXPECT_EQ(std::pair(box(4).Left, box(4).Top), std::pair(box(5).Left, box(5).bottom() + 100)) << "by its edge";
     EXPECT_GT(box(6).Left + box(6).Top, 1600) << "a part of its own";
@@ -166,10 +167,10 @@ TEST(Arrangement, AlignsAndDistributes) {
     for (const auto& [action, lefts, tops] : rows) {
         SCOPED_TRACE(wordsOf(action));
         PointerStage stage;
-        const std::array<std::pair<std::int32_t, Box>, 3> boxes = {
-            {{5, {5000, 5000, 1000, 400}}, {2, {2000, 2000, 1000, 600}}, {1, {1000, 1000, 1000, 400}}}};
+        const std::array<std::pair<NodeNumber, Box>, 3> boxes = {
+            {{5_node, {5000, 5000, 1000, 400}}, {2_node, {2000, 2000, 1000, 600}}, {1_node, {1000, 1000, 1000, 400}}}};
         for (const auto& [node, box] : boxes) {
-            const bool enough = node == 1 && action < EditAction::distributeAcross;
+            const bool enough = node == 1_node && action < EditAction::distributeAcross;
             EXPECT_EQ(enough || !arrange(stage.form, action).empty(), true) << "too few are selected";
             stage.form.Labels.byIndex(node)->setBox(box);
             stage.form.SelectedLabels.Add(node);
@@ -177,7 +178,7 @@ TEST(Arrangement, AlignsAndDistributes) {
         Told told(stage.form);
         EXPECT_EQ(arrange(stage.form, action), "");
         EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
-        const std::int32_t nodes[] = {1, 2, 5};
+        const NodeNumber nodes[] = {1_node, 2_node, 5_node};
         for (std::size_t at = 0; at < 3; ++at) {
             EXPECT_EQ(stage.form.Labels.byIndex(nodes[at])->Left(), lefts[at]) << nodes[at];
             EXPECT_EQ(stage.form.Labels.byIndex(nodes[at])->Top(), tops[at]) << nodes[at];
@@ -187,43 +188,44 @@ TEST(Arrangement, AlignsAndDistributes) {
 
 TEST(Arrangement, SelectsAlongEdgesAndByType) {
     // RS1 -> A2 -> T5 -> A6 -> T5 (a circle), A7 -> T5; Comment3 describes A7; activities 2 and 6 have one type.
-    const std::tuple<std::vector<std::int32_t>, EditAction, std::vector<std::int32_t>> rows[] = {
-        {{2}, EditAction::selectUpstream, {1, 2}},
-        {{2}, EditAction::selectDownstream, {2, 5, 6}},
-        {{6}, EditAction::selectUpstream, {1, 2, 5, 6, 7}},
-        {{7}, EditAction::selectConnected, {1, 2, 3, 5, 6, 7}},
-        {{4}, EditAction::selectConnected, {4}},
-        {{6, 1}, EditAction::selectBetween, {1, 2, 5, 6}},
-        {{2}, EditAction::selectSameType, {2, 6}},
-        {{7, 1}, EditAction::selectSameType, {1, 5, 7}},
+    const std::tuple<std::vector<NodeNumber>, EditAction, std::vector<NodeNumber>> rows[] = {
+        {{2_node}, EditAction::selectUpstream, {1_node, 2_node}},
+        {{2_node}, EditAction::selectDownstream, {2_node, 5_node, 6_node}},
+        {{6_node}, EditAction::selectUpstream, {1_node, 2_node, 5_node, 6_node, 7_node}},
+        {{7_node}, EditAction::selectConnected, {1_node, 2_node, 3_node, 5_node, 6_node, 7_node}},
+        {{4_node}, EditAction::selectConnected, {4_node}},
+        {{6_node, 1_node}, EditAction::selectBetween, {1_node, 2_node, 5_node, 6_node}},
+        {{2_node}, EditAction::selectSameType, {2_node, 6_node}},
+        {{7_node, 1_node}, EditAction::selectSameType, {1_node, 5_node, 7_node}},
     };
     for (const auto& [selected, action, expected] : rows) {
         PointerStage stage;
         DrawForm& form = stage.form;
         form.Labels.Add({0, 5000, 1000, 400}, "A6", NodeTypeActivity);
         form.Labels.Add({0, 6000, 1000, 400}, "A7", NodeTypeActivity).activity()->Act_Type = 3;
-        for (const auto& [from, to] : {std::pair(2, 5), {5, 6}, {6, 5}, {7, 5}}) {
+        for (const auto& [from, to] :
+             {std::pair(2_node, 5_node), {5_node, 6_node}, {6_node, 5_node}, {7_node, 5_node}}) {
             form.Lines.addFullLine(from, 4, to, 1, EdgeTypeProvider, AngleNone, 0);
         }
-        form.Lines.addFullLine(3, 1, 7, 1, EdgeTypeDescription, AngleNone, 0);
+        form.Lines.addFullLine(3_node, 1, 7_node, 1, EdgeTypeDescription, AngleNone, 0);
         EXPECT_EQ(arrange(form, action),
                   std::string_view(action == EditAction::selectBetween ? "Select at least two nodes."
                                                                        : "Select a node first."));
-        for (const std::int32_t node : selected) {
+        for (const NodeNumber node : selected) {
             form.SelectedLabels.Add(node);
         }
         Told told(form);
         EXPECT_EQ(arrange(form, action), "");
         EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
-        std::vector<std::int32_t> found = form.SelectedLabels.members();
+        std::vector<NodeNumber> found = form.SelectedLabels.members();
         std::ranges::sort(found);
         EXPECT_EQ(found, expected) << static_cast<int>(action);
     }
     PointerStage stage;
-    stage.form.SelectedLabels.Add(3);
-    stage.form.SelectedLabels.Add(5);
+    stage.form.SelectedLabels.Add(3_node);
+    stage.form.SelectedLabels.Add(5_node);
     EXPECT_NE(arrange(stage.form, EditAction::selectBetween), "") << "no way";
-    stage.form.SelectedLabels.Add(1);
+    stage.form.SelectedLabels.Add(1_node);
     EXPECT_EQ(arrange(stage.form, EditAction::selectBetween), "Select two nodes alone.");
 }
 

@@ -2,6 +2,7 @@
 
 #include "canvas/pointer_fixture.h"
 #include "platform/codes.h"
+#include "testkit/numbers.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -21,22 +22,22 @@ TEST(Deleting, DesignNodesAreNoted) {
     testkit::PointerStage stage;
     DesignRules rules;
     Canvas& form = stage.form;
-    form.Labels.byIndex(1)->recordSet()->NodeID = 11;
-    form.Labels.byIndex(2)->activity()->NodeID = 22;
-    form.Labels.byIndex(3)->entity<CommentProperties>()->NodeID = 33;
-    form.Labels.byIndex(4)->Properties = std::int16_t{44};
+    form.Labels.byIndex(1_node)->recordSet()->NodeID = 11;
+    form.Labels.byIndex(2_node)->activity()->NodeID = 22;
+    form.Labels.byIndex(3_node)->entity<CommentProperties>()->NodeID = 33;
+    form.Labels.byIndex(4_node)->Properties = std::int16_t{44};
     form.Labels.Add({0, 0, 1, 1}, "Type", NodeTypeDataType);  // has no row of its own and stays
-    form.SelectedLines.Add(1);
-    form.CurrentEdge = form.ActiveEdge = 1;
+    form.SelectedLines.Add(1_edge);
+    form.CurrentEdge = form.ActiveEdge = 1_edge;
     for (const NodeTypeCode onlyType : {NodeTypeActivity, kEveryNodeType}) {
-        for (std::int32_t index = 1; index <= form.LabelsNo; ++index) {
-            form.SelectedLabels.Add(index);
+        for (const LabelsD& node : form.Labels) {
+            form.SelectedLabels.Add(node.Index());
         }
         DeleteSelectedNodes(form, onlyType, stage.host, rules);
         const bool all = onlyType == kEveryNodeType;
         EXPECT_EQ(stage.seen(), !all ? "[/0] unlink Act" : "[/0] unlink RS unlink Target");
         EXPECT_EQ(noted(form), !all ? "9:22 " : "9:22 10:11 11:33 12:44 10:0 ");
-        EXPECT_EQ(form.CurrentEdge + form.ActiveEdge + form.ActiveLabel, -3);
+        EXPECT_TRUE(form.CurrentEdge == kNoEdge && form.ActiveEdge == kNoEdge && form.ActiveLabel == kNoNode);
     }
     EXPECT_EQ(form.Labels.at(1)->Color(), 0xFFFFFF);
     EXPECT_EQ(form.Labels.Count(), 1);
@@ -54,8 +55,8 @@ TEST(Deleting, MembersLeaveTheirOwner) {
     testkit::ZoomCanvas form({host, settings});
     ActivityProperties& activity = *form.Labels.Add({0, 0, 1, 1}, "A", NodeTypeActivity).activity();
     RecordSetProperties& recordSet = *form.Labels.Add({0, 0, 1, 1}, "R", NodeTypeRecordSet).recordSet();
-    form.SelectedLabels.Add(1);
-    form.SelectedLabels.Add(2);
+    form.SelectedLabels.Add(1_node);
+    form.SelectedLabels.Add(2_node);
     const auto shown = [&](NodeTypeCode kind, const char* name, NodeProperties entity) {
         form.Labels.Add({0, 0, 1, 1}, name, kind, name).Properties = std::move(entity);
         form.SelectedLabels.Add(form.LabelsNo);
@@ -100,7 +101,7 @@ TEST(Deleting, HolesAreNotSeen) {
     Canvas& form = stage.form;
     form.clear();
     std::mt19937 random(7);
-    std::vector<std::int32_t> expected;
+    std::vector<NodeNumber> expected;
     for (int round = 0; round < 400; ++round) {
         if (expected.size() < 3 || random() % 2 == 0) {
             expected.push_back(form.Labels.Add({0, 0, 1000, 400}, "N" + std::to_string(round), NodeTypeLog).Index());
@@ -111,7 +112,7 @@ TEST(Deleting, HolesAreNotSeen) {
             EXPECT_FALSE(form.Labels.byIndex(*at));
             expected.erase(at);
         }
-        std::vector<std::int32_t> walked;
+        std::vector<NodeNumber> walked;
         for (const LabelsD& node : form.Labels) {
             walked.push_back(node.Index());
         }

@@ -1,5 +1,6 @@
 #include "canvas/pointer_fixture.h"
 #include "platform/codes.h"
+#include "testkit/numbers.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -34,8 +35,8 @@ TEST_F(Edges, AFullLineKnowsItsEnds) {
     EXPECT_EQ(*from.StartingLines().begin(), edge.Index());
     EXPECT_EQ(*to.EndingLines().begin(), edge.Index());
     EXPECT_EQ(join().MidBox(), HandleNumber{5});
-    EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99, 1, EdgeTypeProvider, AngleNone, 0));
-    EXPECT_FALSE(form.Lines.addFullLine(99, 3, to.Index(), 1, EdgeTypeProvider, AngleNone, 0));
+    EXPECT_FALSE(form.Lines.addFullLine(from.Index(), 3, 99_node, 1, EdgeTypeProvider, AngleNone, 0));
+    EXPECT_FALSE(form.Lines.addFullLine(99_node, 3, to.Index(), 1, EdgeTypeProvider, AngleNone, 0));
     EXPECT_EQ(form.Lines.Count(), 2);
     EXPECT_EQ(from.StartingLines().Count(), 2);
 }
@@ -106,8 +107,8 @@ TEST_F(Edges, AnEndIsAttachedThroughOneDoor) {
         std::string text;
         for (const LabelsD& node : form.Labels) {
             for (const LineNumbers* list : {&node.StartingLines(), &node.EndingLines()}) {
-                for (const std::int32_t number : *list) {
-                    text += std::to_string(number);
+                for (const EdgeNumber number : *list) {
+                    text += textOf(number);
                 }
                 text += list == &node.StartingLines() ? ">" : " ";
             }
@@ -129,10 +130,10 @@ TEST_F(Edges, AnEndIsAttachedThroughOneDoor) {
     EXPECT_EQ(drawn.arrowImage(), "ArrowR");
     EXPECT_EQ(drawn.FromGrabbingPoint(), 4);
     drawn.detach(EdgeEnd::start);
-    EXPECT_EQ(drawn.FromLabel(), 0);
+    EXPECT_EQ(drawn.FromLabel(), 0_node);
     EXPECT_EQ(lists(), "2>1 >2 ");
     to.EndingLinesClear();
-    EXPECT_EQ(other.ToLabel(), 0);
+    EXPECT_EQ(other.ToLabel(), 0_node);
     EXPECT_EQ(lists(), "2>1 > ");
     EXPECT_EQ(form.Lines.RemoveFull(other.Index())->FromLabel(), from.Index()) << "handed back with its ends";
     EXPECT_EQ(form.Labels.Remove(to.Index())->KeyName(), "A");
@@ -140,16 +141,16 @@ TEST_F(Edges, AnEndIsAttachedThroughOneDoor) {
 }
 
 TEST_F(Edges, FindingAndRemoving) {
-    const std::int32_t regulator = join(EdgeTypeRegulator).Index(), older = join().Index(), newer = join().Index();
+    const EdgeNumber regulator = join(EdgeTypeRegulator).Index(), older = join().Index(), newer = join().Index();
     const auto find = [&](bool remove) {
         const LinesD* edge = form.Lines.FindConnectingLine(from.Index(), to.Index(), EdgeTypeProvider, remove);
-        return edge ? edge->Index() : -1;
+        return edge ? edge->Index() : kNoEdge;
     };
     EXPECT_EQ(find(false), older);
-    EXPECT_EQ(find(true), -1);
+    EXPECT_EQ(find(true), kNoEdge);
     EXPECT_EQ(find(false), newer);
     EXPECT_FALSE(form.Lines.FindConnectingLine(to.Index(), from.Index(), EdgeTypeProvider, false));
-    EXPECT_FALSE(form.Lines.FindConnectingLine(99, to.Index(), EdgeTypeProvider, true));
+    EXPECT_FALSE(form.Lines.FindConnectingLine(99_node, to.Index(), EdgeTypeProvider, true));
     EXPECT_EQ(from.StartingLines().Count(), 2);
 
     form.Lines.Remove(newer);
@@ -159,7 +160,7 @@ TEST_F(Edges, FindingAndRemoving) {
     EXPECT_EQ(from.StartingLines().Count(), 1);
     EXPECT_EQ(to.EndingLines().Count(), 1);
     EXPECT_EQ(form.Lines.Count(), 0);
-    EXPECT_EQ(join().Index(), 4);
+    EXPECT_EQ(join().Index(), 4_edge);
 }
 
 TEST_F(Edges, Selection) {

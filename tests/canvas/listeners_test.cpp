@@ -77,7 +77,7 @@ TEST_F(Told, OneChangeOnce) {
 }
 
 TEST_F(Told, APictureZoomOfAThousandNodesIsOneBatch) {
-    const std::int32_t first = add("first").Index();
+    const NodeNumber first = add("first").Index();
     for (int i = 0; i < 1000; ++i) {
         form.Lines.addFullLine(first, 3, add("n" + std::to_string(i)).Index(), 1, EdgeTypeProvider, AngleNone, 0);
     }

@@ -2,6 +2,7 @@
 #include "canvas/node_walk.h"
 #include "canvas/pointer_fixture.h"
 #include "platform/codes.h"
+#include "testkit/numbers.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -141,7 +142,7 @@ TEST_F(Nodes, ANewNodeOfEachKind) {
         EXPECT_EQ(form.nodeNamed("N" + std::to_string(code)), &node);
     }
     EXPECT_EQ(form.nodeNamed("N3")->entity<entities::ParameterProperties>()->NodeKind, entities::KindConstant);
-    EXPECT_EQ(form.nodeNamed("N3")->entity<entities::ParameterProperties>()->LabelIndex, 3);
+    EXPECT_EQ(form.nodeNamed("N3")->entity<entities::ParameterProperties>()->LabelIndex, 3_node);
     EXPECT_EQ(form.nodeNamed("N8")->activity()->Act_Name, "N8");
     const LabelsD& input = add(NodeTypeAttribute, "AU_ID", "A.IN.AU_ID");
     EXPECT_EQ(form.nodeNamed("A.IN.AU_ID"), &input);
@@ -157,7 +158,7 @@ TEST_F(Nodes, ATakenNameIsToldOnceAndFreesTheOldOne) {
     EXPECT_EQ(other.KeyName(), "Error_myCode");
     EXPECT_EQ(other.Caption(), "Error_myCode");
     EXPECT_FALSE(form.isNameTaken("A"));
-    EXPECT_EQ(form.nodeNamed("RS1")->Index(), 1);
+    EXPECT_EQ(form.nodeNamed("RS1")->Index(), 1_node);
     other.setCaption("A");
     EXPECT_EQ(form.nodeNamed("A"), &other);
     other.setCaption("A");
@@ -167,7 +168,7 @@ TEST_F(Nodes, ATakenNameIsToldOnceAndFreesTheOldOne) {
     EXPECT_EQ(add(NodeTypeRecordSet, "RS1").recordSet()->RecordSet_Name, "Error_myCode");
     form.quietNames = true;
     form.Labels.Remove(add(NodeTypeRecordSet, "RS1").Index());
-    EXPECT_EQ(form.nodeNamed("RS1")->Index(), 1) << "a node that never had the name must not release it";
+    EXPECT_EQ(form.nodeNamed("RS1")->Index(), 1_node) << "a node that never had the name must not release it";
     other.setCaption("rs1");
     EXPECT_EQ(other.KeyName(), "rs1") << "names tell upper from lower case";
 }
@@ -223,7 +224,7 @@ TEST_F(Nodes, ReadinessAndSelectionMixByXor) {
     LabelsD& comment = add(NodeTypeComment, "C");
     comment.setReady(true);
     EXPECT_EQ(comment.Color(), 0xCCFFFF) << "comments have no colour of readiness";
-    EXPECT_FALSE(form.SelectedLabels.Add(99));
+    EXPECT_FALSE(form.SelectedLabels.Add(99_node));
 }
 
 TEST_F(Nodes, SizesHaveALeastAndMovingMarksTheEntity) {
@@ -239,12 +240,12 @@ TEST_F(Nodes, SizesHaveALeastAndMovingMarksTheEntity) {
 }
 
 TEST_F(Nodes, RemovingTakesEdgesNamesAndSelection) {
-    const std::int32_t a = add(NodeTypeActivity, "A").Index(), b = add(NodeTypeActivity, "B").Index();
-    std::vector<std::int32_t> lines;
+    const NodeNumber a = add(NodeTypeActivity, "A").Index(), b = add(NodeTypeActivity, "B").Index();
+    std::vector<EdgeNumber> lines;
     for (const auto& [from, to] : {std::pair{a, b}, {b, a}, {a, a}, {b, b}}) {
         lines.push_back(form.Lines.addFullLine(from, 4, to, 1, EdgeTypeProvider, AngleNone, 0)->Index());
     }
-    const std::int32_t self = lines[2], kept = lines[3];
+    const EdgeNumber self = lines[2], kept = lines[3];
     form.SelectedLabels.Add(a);
     form.SelectedLines.Add(self);
     form.ActiveEdge = form.CurrentEdge = self;
@@ -256,11 +257,13 @@ TEST_F(Nodes, RemovingTakesEdgesNamesAndSelection) {
     EXPECT_EQ(*form.Labels.byIndex(b)->EndingLines().begin(), kept);
     EXPECT_FALSE(form.isNameTaken("A"));
     EXPECT_EQ(form.SelectedLabels.Count() + form.SelectedLines.Count(), 0);
-    for (const std::int32_t field :
-         {form.ActiveEdge, form.CurrentEdge, form.ActiveLabel, form.CurrentNode, form.ConnectFromLabel}) {
-        EXPECT_EQ(field, -1);
+    for (const NodeNumber field : {form.ActiveLabel, form.CurrentNode, form.ConnectFromLabel}) {
+        EXPECT_EQ(field, kNoNode);
     }
-    EXPECT_EQ(add(NodeTypeActivity, "A").Index(), 3) << "numbers are never used again";
+    for (const EdgeNumber field : {form.ActiveEdge, form.CurrentEdge}) {
+        EXPECT_EQ(field, kNoEdge);
+    }
+    EXPECT_EQ(add(NodeTypeActivity, "A").Index(), 3_node) << "numbers are never used again";
     EXPECT_EQ(form.Labels.Item("2")->KeyName(), "B");
     EXPECT_FALSE(form.Labels.Item("1"));
     EXPECT_FALSE(form.Labels.Item("B"));

@@ -4,6 +4,7 @@
 
 #include "canvas/picture_window.h"
 #include "canvas/scaling.h"
+#include "testkit/numbers.h"
 #include "testkit/scripted_ports.h"
 
 using namespace orvent;
@@ -128,7 +129,7 @@ TEST(Scaling, BoxesAndPictureAreMultiplied) {
     Canvas form(ports.services());
     const LabelsD& node = form.Labels.Add({1000, 12000, 1000, 300}, "A", NodeTypeRecordSet);
     form.Labels.Add({16500, 0, 1000, 300}, "B", NodeTypeRecordSet);
-    const LinesD& edge = *form.Lines.addFullLine(1, 3, 2, 1, EdgeTypeProvider, AngleNone, 0);
+    const LinesD& edge = *form.Lines.addFullLine(1_node, 3, 2_node, 1, EdgeTypeProvider, AngleNone, 0);
     const float middle = edge.Xm();
     Zoom(form, true, 1, progress);
     EXPECT_TRUE(progress.statuses.empty());

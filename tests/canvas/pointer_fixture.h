@@ -6,6 +6,7 @@
 
 #include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
+#include "testkit/numbers.h"
 #include "testkit/scripted_ports.h"
 
 namespace orvent::testkit {
@@ -85,7 +86,7 @@ struct PointerStage {
         form.Labels.Add({1000, 3000, 1500, 750}, "Comment1", canvas::NodeTypeComment);  // 3
         form.Labels.Add({3000, 3000, 1000, 400}, "LOG1", canvas::NodeTypeLog);          // 4
         form.Labels.Add({5000, 1000, 1000, 400}, "Target", canvas::NodeTypeRecordSet);  // 5
-        form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0);
+        form.Lines.addFullLine(1_node, 3, 2_node, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0);
     }
 
     /// Plays events, divided by "|": a verb, an element (p picture, o outside, n2 node, l1 line, h3 handle, h3@2 handle
@@ -98,12 +99,14 @@ struct PointerStage {
             canvas::PointerEvent event;
             words >> verb >> element >> event.at.x >> event.at.y >> letters;
             const int number = element.size() > 1 ? std::atoi(element.c_str() + 1) : 0;
-            using enum canvas::Element;
-            event.hit.element =
-                std::map<char, canvas::Element>{{'n', node}, {'h', handle}, {'l', line}, {'o', outside}}[element[0]];
-            event.hit.number = number;
-            const std::size_t below = element.find('@');
-            event.hit.below = below == std::string::npos ? 0 : std::atoi(element.c_str() + below + 1);
+            const std::size_t at = element.find('@');
+            const int below = at == std::string::npos ? 0 : std::atoi(element.c_str() + at + 1);
+            using canvas::Hit;
+            event.hit = element[0] == 'n'   ? Hit::onNode(canvas::NodeNumber{number})
+                        : element[0] == 'h' ? Hit::onHandle(canvas::HandleNumber{number}, canvas::NodeNumber{below})
+                        : element[0] == 'l' ? Hit::onLine(canvas::EdgeNumber{number})
+                        : element[0] == 'o' ? Hit{.element = canvas::Element::outside}
+                                            : Hit{};
             event.ctrl = letters == "C";
             event.slack = 60;
             event.button = letters == "R" ? canvas::RightButton : canvas::LeftButton;
@@ -111,7 +114,8 @@ struct PointerStage {
                 event.button = letters == "L" ? canvas::LeftButton : canvas::NoButton;
                 pointer->move(event);
             } else if (verb == "delete") {
-                element[0] == 'n' ? void(form.Labels.Remove(number)) : void(form.Lines.RemoveFull(number));
+                element[0] == 'n' ? void(form.Labels.Remove(canvas::NodeNumber{number}))
+                                  : void(form.Lines.RemoveFull(canvas::EdgeNumber{number}));
             } else {
                 verb == "press"     ? pointer->press(event)
                 : verb == "release" ? pointer->release(event)
@@ -134,7 +138,7 @@ struct PointerStage {
                 << edge.ToGrabbingPoint() << ' ';
         }
         out << '[';
-        for (const std::int32_t index : form.SelectedLabels.members()) {
+        for (const canvas::NodeNumber index : form.SelectedLabels.members()) {
             out << index;
         }
         out << '/' << form.SelectedLines.Count() << ']' << host.taken();
@@ -144,7 +148,7 @@ struct PointerStage {
     static std::string text(float left, float top, float width, float height) {
         return (std::ostringstream() << left << ' ' << top << ' ' << width << ' ' << height).str();
     }
-    std::string box(std::int32_t index) const {
+    std::string box(canvas::NodeNumber index) const {
         const canvas::LabelsD& node = *form.Labels.byIndex(index);
         return text(node.Left(), node.Top(), node.Width(), node.Height());
     }

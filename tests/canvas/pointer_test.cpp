@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "canvas/pointer_fixture.h"
+#include "testkit/numbers.h"
 
 using namespace orvent;
 using namespace orvent::canvas;
@@ -143,16 +144,16 @@ TEST(Pointer, WhereADragEnds) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.tool + (": " + row.events));
         PointerStage stage(row.tool);
-        LabelsD& node = *stage.form.Labels.byIndex(1);
+        LabelsD& node = *stage.form.Labels.byIndex(1_node);
         node.recordSet()->Changed = false;
         const std::size_t last = row.events.rfind('|');
         stage.play(row.events.substr(0, last));
         EXPECT_EQ(stage.box(stage.host.tool == "Resize" ? stage.view.ResizeLabel : stage.view.DragOutline), row.shown);
-        EXPECT_EQ(stage.box(1), still);
+        EXPECT_EQ(stage.box(1_node), still);
         stage.play(row.events.substr(last + 1));
-        EXPECT_EQ(stage.box(1), row.left);
+        EXPECT_EQ(stage.box(1_node), row.left);
         EXPECT_EQ(node.recordSet()->Changed, row.left != still);
-        EXPECT_EQ(stage.form.Lines.byIndex(1)->X1(), node.GrabPoint(3).x);
+        EXPECT_EQ(stage.form.Lines.byIndex(1_edge)->X1(), node.GrabPoint(3).x);
     }
 }
 
@@ -166,11 +167,13 @@ TEST(Pointer, AGroupIsDraggedAsAWhole) {
     EXPECT_EQ(stage.view.DragOutlines.size(), 2U);
     EXPECT_EQ(stage.view.DragOutlines[0].Left, 1200);
     stage.play("cancel");
-    EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2), "1.3-2.1 [2/0]1000 1000 1000 4003000 1000 1000 600");
+    EXPECT_EQ(stage.seen() + stage.box(1_node) + stage.box(2_node),
+              "1.3-2.1 [2/0]1000 1000 1000 4003000 1000 1000 600");
     stage.play(begin + "move p 3300 1210 L|delete n3|move p 3400 1210 L|release p 3300 1210");
-    EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2), "1.3-2.1 [21/0]1200 1010 1000 4003200 1010 1000 600");
+    EXPECT_EQ(stage.seen() + stage.box(1_node) + stage.box(2_node),
+              "1.3-2.1 [21/0]1200 1010 1000 4003200 1010 1000 600");
     stage.play("tool Move|press n2 3300 1210|move p 3400 1210 L|release p 3400 1210");
-    EXPECT_EQ(stage.box(1) + stage.box(2), "1200 1010 1000 4003300 1010 1000 600");
+    EXPECT_EQ(stage.box(1_node) + stage.box(2_node), "1200 1010 1000 4003300 1010 1000 600");
 }
 
 TEST(Pointer, MiddlePointsStayInTheMiddleUntilTheyArePlaced) {
@@ -189,11 +192,11 @@ TEST(Pointer, MiddlePointsStayInTheMiddleUntilTheyArePlaced) {
         PointerStage stage;
         stage.play(row.events);
         stage.host.taken();
-        const LinesD& edge = *stage.form.Lines.byIndex(1);
+        const LinesD& edge = *stage.form.Lines.byIndex(1_edge);
         const float before = edge.Xm();
-        stage.form.Labels.byIndex(1)->setLeft(2000);  // no hand: everything stays to the letter
+        stage.form.Labels.byIndex(1_node)->setLeft(2000);  // no hand: everything stays to the letter
         EXPECT_EQ(edge.Xm(), before);
-        stage.form.Labels.byIndex(1)->setLeft(1000);
+        stage.form.Labels.byIndex(1_node)->setLeft(1000);
         stage.play("press n1 1100 1200|move p 2100 1200 L|release p 2100 1200");
         EXPECT_EQ(edge.Xm(), row.x);
         EXPECT_EQ(edge.Ym(), row.y);
@@ -203,7 +206,7 @@ TEST(Pointer, MiddlePointsStayInTheMiddleUntilTheyArePlaced) {
 TEST(Pointer, WhileAnEdgeIsDrawnItsEndsAreShown) {
     PointerStage stage("Provider");
     stage.play(kDraw + "move n5 5010 1200 L");
-    EXPECT_EQ(stage.form.light().nodes, (std::vector<std::int32_t>{1, 2, 5}));
+    EXPECT_EQ(stage.form.light().nodes, (std::vector{1_node, 2_node, 5_node}));
     EXPECT_TRUE(stage.view.GrabberVisible);
     EXPECT_EQ(stage.view.Grabber.x, 4950);
     stage.play("move n3 1500 3100 L");
@@ -247,10 +250,10 @@ TEST(Pointer, TheCropRectangleSelects) {
 TEST(Pointer, WhatAMoveShows) {
     PointerStage stage("Provider");
     Canvas& form = stage.form;
-    const LabelsD& node = *form.Labels.byIndex(1);
-    const LinesD& edge = *form.Lines.byIndex(1);
+    const LabelsD& node = *form.Labels.byIndex(1_node);
+    const LinesD& edge = *form.Lines.byIndex(1_edge);
     stage.play("move n1 1500 1390");
-    EXPECT_TRUE(stage.view.GrabberVisible && form.OverLabel && form.CurrentNode == 1);
+    EXPECT_TRUE(stage.view.GrabberVisible && form.OverLabel && form.CurrentNode == 1_node);
     EXPECT_EQ(form.GrabMark.y, 1450);
     stage.play("move p 0 0");
     EXPECT_FALSE(stage.view.GrabberVisible || form.OverLabel);
@@ -272,9 +275,9 @@ TEST(Pointer, WhatAMoveShows) {
     stage.play("move h1 0 0");
     EXPECT_FALSE(edge.HighLighted() || form.OverLine || form.OverLabel);
     stage.play("press h1 0 0|release h1 0 0|move h2 0 0");
-    EXPECT_TRUE(edge.HighLighted() && form.OverLine && form.ActiveEdge == 1);
+    EXPECT_TRUE(edge.HighLighted() && form.OverLine && form.ActiveEdge == 1_edge);
     stage.play("move p 0 0");
-    EXPECT_FALSE(edge.HighLighted() || form.OverLine || form.ActiveEdge == 1);
+    EXPECT_FALSE(edge.HighLighted() || form.OverLine || form.ActiveEdge == 1_edge);
     stage.play("press h2 0 0|move p 2400 1900 L");
     EXPECT_EQ(stage.box(stage.view.DragOutline), "2355 1855 90 90");
     stage.play("release p 2400 1900|press h2 0 0|move p 1 1 L|release n1 1500 1200");  // at last on its own node
@@ -313,7 +316,7 @@ TEST(Pointer, ToolsPlaceNodes) {
 
 TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
     PointerStage stage;
-    LabelsD& activity = *stage.form.Labels.byIndex(2);
+    LabelsD& activity = *stage.form.Labels.byIndex(2_node);
     stage.play("press n2 1 1 R|move n1 1 1|choose ActivityPropertiesM|choose CreateFromLDLM|choose ActivityZoomM");
     EXPECT_EQ(stage.host.taken(), " ActivityM dialog Act wizard Act says Please set the activity's type!!");
     activity.activity()->Act_Type = 0;
@@ -327,7 +330,7 @@ TEST(Pointer, MenuItemsActOnWhatTheyWereOpenedOn) {
          {std::pair{"EdgeAngleStraightM", AngleStraight}, std::pair{"EdgeAngleVerticalDownM", AngleVerticalDown},
           std::pair{"EdgeAngleVerticalUpM", AngleVerticalUp}, std::pair{"EdgeAngleNoneM", AngleNone}}) {
         stage.play(std::string("choose ") + item);
-        EXPECT_EQ(stage.form.Lines.byIndex(1)->Angle(), angle);
+        EXPECT_EQ(stage.form.Lines.byIndex(1_edge)->Angle(), angle);
     }
     EXPECT_EQ(stage.seen(), "1.3-2.1 [2/1] EdgesM");
     stage.play("press n5 1 1|press n4 1 1 C|press n3 1 1 C|choose LogDeleteM|choose CommentDeleteM");
@@ -357,7 +360,7 @@ TEST(Pointer, CrookedEdgesAreStraightened) {
         SCOPED_TRACE(row.events);
         const auto stage = [&] {
             auto made = std::make_unique<PointerStage>(row.tool);
-            made->form.Lines.RemoveFull(1);
+            made->form.Lines.RemoveFull(1_edge);
             made->play(row.events);
             return made;
         };
@@ -370,20 +373,20 @@ TEST(Pointer, CrookedEdgesAreStraightened) {
             offered->form.answerOffer(true);
             EXPECT_EQ(ends(*offered), row.straight);
             EXPECT_FALSE(offered->form.offer());
-            offered->form.Lines.RemoveFull(2);
+            offered->form.Lines.RemoveFull(2_edge);
             offered->play(row.events);
             EXPECT_FALSE(offered->form.offer()) << "offered once";
         }
         const auto chosen = stage();
         chosen->play("press h4 1 1 R|choose EdgeStraightenM");
         EXPECT_EQ(ends(*chosen), row.straight) << "by the edge's menu";
-        EXPECT_EQ(chosen->form.Lines.byIndex(2)->Angle(), AngleStraight);
+        EXPECT_EQ(chosen->form.Lines.byIndex(2_edge)->Angle(), AngleStraight);
         EXPECT_FALSE(chosen->form.offer());
     }
     PointerStage many;
-    many.form.Lines.addFullLine(1, 2, 5, 2, EdgeTypeProvider, AngleNone, 0);
-    many.form.Lines.addFullLine(3, 1, 4, 3, EdgeTypeDescription, AngleNone, 0);
-    many.form.SelectedLabels.Add(3);
+    many.form.Lines.addFullLine(1_node, 2, 5_node, 2, EdgeTypeProvider, AngleNone, 0);
+    many.form.Lines.addFullLine(3_node, 1, 4_node, 3, EdgeTypeDescription, AngleNone, 0);
+    many.form.SelectedLabels.Add(3_node);
     many.form.straightenEdges(nullptr);
     EXPECT_EQ(many.seen(), "1.3-2.1 1.2-5.2 3.3-4.1 [3/0]");
     many.form.SelectedLabels.Clear();
@@ -395,7 +398,7 @@ TEST(Pointer, KeysWalkAndGiveUp) {
     PointerStage stage("Move");
     stage.play("press n1 1100 1200|move n1 2000 2000 L");
     EXPECT_TRUE(stage.pointer->keyDown(RightKey));
-    EXPECT_EQ(stage.seen() + stage.box(1), "1.3-2.1 [2/0] show Act1000 1000 1000 400");
+    EXPECT_EQ(stage.seen() + stage.box(1_node), "1.3-2.1 [2/0] show Act1000 1000 1000 400");
     stage.play("press n1 1100 1200|move n1 2000 2000 L");
     EXPECT_TRUE(stage.pointer->keyDown(EscapeKey));
     EXPECT_EQ(stage.pointer->state(), PointerState::idle);
@@ -433,7 +436,7 @@ TEST(Pointer, EachViewOfACanvasHasItsOwnStateAndOneGraph) {
     EXPECT_EQ(stage.view.window.seen().x, 25);
     EXPECT_EQ(other.window.seen().x, 16500);
     EXPECT_EQ(told + watcher.pictures, 0);
-    second.press({{Element::node, 1}, {1100, 1100}, LeftButton});
+    second.press({Hit::onNode(1_node), {1100, 1100}, LeftButton});
     second.move({{}, {16999, 1100}, LeftButton});
     EXPECT_TRUE(other.DragOutline.Visible && !stage.view.DragOutline.Visible);
     EXPECT_GT(told, 0);
@@ -447,17 +450,17 @@ TEST(Pointer, KeysMovePlaceAndDraw) {
     PointerStage stage;
     stage.view.window.resize(6000, 3000);
     stage.play("press n1 1 1|press n2 1 1 C|code 39 C|code 40 C");
-    EXPECT_EQ(stage.seen() + stage.box(1) + stage.box(2),
+    EXPECT_EQ(stage.seen() + stage.box(1_node) + stage.box(2_node),
               "1.3-2.1 [12/0] show Act show Act1100 1100 1000 4003100 1100 1000 600");
     // Free space near 3000 1500, where node 2 lies.
     stage.play("tool RecordSet|code 13");
-    EXPECT_EQ(stage.seen() + stage.box(6), "1.3-2.1 [6/0] show RecordSet1 dialog RecordSet11875 1875 1050 450");
+    EXPECT_EQ(stage.seen() + stage.box(6_node), "1.3-2.1 [6/0] show RecordSet1 dialog RecordSet11875 1875 1050 450");
     stage.play("code 93");
     EXPECT_EQ(stage.host.taken(), " RecordSetM");
     // From record set 6 to the activity at its right, by the points that face each other.
     stage.play("tool Provider|code 13");
     EXPECT_EQ(stage.pointer->state(), PointerState::joining);
-    EXPECT_EQ(stage.form.light().nodes, (std::vector<std::int32_t>{1, 2, 5, 6}));
+    EXPECT_EQ(stage.form.light().nodes, (std::vector{1_node, 2_node, 5_node, 6_node}));
     stage.play("code 39|code 13");
     EXPECT_EQ(stage.seen(), "1.3-2.1 6.3-2.2 [2/0] show Act");
     EXPECT_EQ(stage.pointer->state(), PointerState::idle);
@@ -470,7 +473,7 @@ TEST(Pointer, KeysMovePlaceAndDraw) {
 
 TEST(Pointer, ACommentIsEditedInItsBox) {
     PointerStage stage;
-    const LabelsD& comment = *stage.form.Labels.byIndex(3);
+    const LabelsD& comment = *stage.form.Labels.byIndex(3_node);
     stage.play("double n3 2400 3100");  // the strip for scrolling
     stage.pointer->editComment("none");
     stage.play("double n3 2300 3100");
@@ -480,7 +483,7 @@ TEST(Pointer, ACommentIsEditedInItsBox) {
     for (const char* end : {"cancel", "press p 1 1", "delete n3"}) {
         EXPECT_EQ(comment.Comment(), "words");
         stage.play(std::string("double n3 2300 3100|") + end);
-        EXPECT_EQ(stage.view.EditedComment, -1);
+        EXPECT_EQ(stage.view.EditedComment, kNoNode);
     }
 }
 
@@ -505,7 +508,7 @@ TEST(Pointer, AWindowClosedInAGestureLeavesTheGraphAlone) {
         PointerStage stage(tool);
         stage.play("press n1 1990 1390|move p 9 9 L");
         stage.pointer.reset();
-        EXPECT_EQ(stage.seen() + stage.box(1), "1.3-2.1 [1/0]1000 1000 1000 400");
+        EXPECT_EQ(stage.seen() + stage.box(1_node), "1.3-2.1 [1/0]1000 1000 1000 400");
         stage.form.clear();
     }
 }

@@ -267,7 +267,7 @@ TEST_F(ItemDialog, TheTypeOfWhatIsHeldIsSettled) {
     ports.messages.expect("DOTS ARE NOT ALLLOWED IN NAMES", "", Icon::warning);
     EXPECT_FALSE(play("A2.OUT.A1.O12", "A1.O13"));
     EXPECT_TRUE(play("A2.F2", "F2"));
-    EXPECT_NE(index("A2.F2"), -1);
+    EXPECT_NE(index("A2.F2"), canvas::kNoNode);
 }
 
 TEST_F(ItemDialog, AnotherTypeMakesAFunctionAnew) {

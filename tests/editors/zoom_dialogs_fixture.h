@@ -39,7 +39,7 @@ class ZoomDialogs : public ZoomTest {
     canvas::LabelsD& drawAt(const std::string& owner, const char* name, canvas::NodeTypeCode kind) {
         canvas::LabelsD& member = form->Labels.Add({100, 200, 300, 400}, name, kind);
         const std::int16_t grab = kind == canvas::NodeTypeAttribute ? 1 : 5;
-        std::int32_t edge =
+        canvas::EdgeNumber edge =
             form->Lines
                 .addFullLine(index(owner), grab, member.Index(), 2, canvas::EdgeTypePartOf, canvas::AngleVerticalUp, 0)
                 ->Index();

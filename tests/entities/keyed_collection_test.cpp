@@ -7,7 +7,9 @@
 
 #include "entities/links.h"
 #include "entities/name_tables.h"
+#include "testkit/numbers.h"
 
+using namespace orvent;
 using namespace orvent::entities;
 using orvent::platform::Fault;
 
@@ -134,9 +136,9 @@ TEST(KeyedCollection, BehavesAsAPlainListOfPairs) {
 
 TEST(Links, AKeyChangesThroughItsCollection) {
     RegulatorLinks links;
-    links.Add("A", LinkInput, ".IN.a", 4);
-    RegulatorProperties& second = links.Add("A", LinkInput, ".IN.b", 5);
-    links.Add("A", LinkInput, ".IN.c", 6);
+    links.Add("A", LinkInput, ".IN.a", 4_edge);
+    RegulatorProperties& second = links.Add("A", LinkInput, ".IN.b", 5_edge);
+    links.Add("A", LinkInput, ".IN.c", 6_edge);
     EXPECT_TRUE(links.rekey(".IN.b", ".IN.z"));
     EXPECT_EQ(links.Item(".IN.z"), &second);
     EXPECT_EQ(links.positionOf(".IN.z"), 2);
@@ -150,11 +152,11 @@ TEST(Links, AKeyChangesThroughItsCollection) {
 
 TEST(Links, ASecondAddUnderOneKeyIsSwallowed) {
     ProviderLinks links;
-    ProviderProperties& first = links.Add("RS1", LinkRecordSet, "RS1.A", 7);
-    ProviderProperties& second = links.Add("other", LinkActivity, "RS1.A", 9);
+    ProviderProperties& first = links.Add("RS1", LinkRecordSet, "RS1.A", 7_edge);
+    ProviderProperties& second = links.Add("other", LinkActivity, "RS1.A", 9_edge);
     EXPECT_EQ(&second, &first);
     EXPECT_EQ(first.Provider_Name, "RS1");
-    EXPECT_EQ(first.LineIndex, 7);
+    EXPECT_EQ(first.LineIndex, 7_edge);
     links.Add("x", LinkRecordSet, "");
     links.Add("y", LinkRecordSet, "");
     EXPECT_EQ(links.Count(), 3);

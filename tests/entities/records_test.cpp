@@ -3,6 +3,7 @@
 #include "entities/functions.h"
 #include "entities/nodes.h"
 #include "testkit/model_text.h"
+#include "testkit/numbers.h"
 #include "testkit/scripted_ports.h"
 
 using namespace orvent;
@@ -18,7 +19,7 @@ Owner& any();  // never called
 static_assert(readOnly<decltype(any<const ActivityProperties>().Act_Inputs.peek()->Item(1))>);
 static_assert(readOnly<decltype(any<const canvas::LabelsD>().activity())>);
 static_assert(readOnly<decltype(any<const canvas::Canvas>().nodeNamed(""))>);
-static_assert(readOnly<decltype(any<const canvas::Canvas>().Labels.byIndex(1))>);
+static_assert(readOnly<decltype(any<const canvas::Canvas>().Labels.byIndex(1_node))>);
 static_assert(readOnly<decltype(any<const canvas::Canvas>().Lines.at(1))>);
 
 template <class Collection>
@@ -73,7 +74,7 @@ ActivityProperties fullActivity() {
     AttributeProperties& input = activity.Act_Inputs->Add("in", 1, entities::TagActivity, "k");
     input.SubNode_ID = 9;
     input.ParentKeyName = "A";
-    input.ProvidedFrom->Add("RS1", LinkRecordSet, "RS1.k", 5);
+    input.ProvidedFrom->Add("RS1", LinkRecordSet, "RS1.k", 5_edge);
     input.RegulatorFor->Add("A", LinkInput, ".PARAM.k");
     activity.Act_Parameters->Add("p", 1, entities::TagTypeParameter, "p").RegulatedFrom->Add("A", LinkInput, ".IN.k");
     FunctionProperties function;
@@ -104,7 +105,7 @@ TEST_F(OnACanvas, AnActivitysCloneIsDeepAndKeepsTheIdentity) {
     EXPECT_FALSE(clone->Act_Outputs.peek()) << "a collection that was never read is made by the clone";
     const AttributeProperties& input = *clone->Act_Inputs->Item("k");
     EXPECT_EQ(input.SubNode_ID, 9);
-    EXPECT_EQ(input.ProvidedFrom.peek()->Item("RS1.k")->LineIndex, 5);
+    EXPECT_EQ(input.ProvidedFrom.peek()->Item("RS1.k")->LineIndex, 5_edge);
     EXPECT_FALSE(input.ProviderFor.peek());
     const FunctionProperties& function = *clone->Act_Functions->Item("A.Fun");
     EXPECT_EQ(function.Function_Name, "A.Fun") << "a cloned function carries its key as its name";

@@ -140,7 +140,7 @@ TEST_F(ClipboardTest, GivesFreeNamesAndNoIdentifiers) {
     const std::vector<std::string> expected[] = {{"A1_3", "A1_2_2"}, {"A1_4", "A1_2_3"}};
     for (const auto& names : expected) {
         std::vector<std::string> got;
-        for (const std::int32_t node : pasted(form, text).nodes) {
+        for (const canvas::NodeNumber node : pasted(form, text).nodes) {
             got.push_back(form.Labels.byIndex(node)->Caption());
         }
         EXPECT_EQ(got, names);
@@ -153,7 +153,7 @@ TEST_F(ClipboardTest, GivesFreeNamesAndNoIdentifiers) {
     EXPECT_EQ(form.nodeNamed("A1_5")->activity()->Act_Inputs->Item(1)->SubNode_ID, 0);
     EXPECT_EQ(form.nodeNamed("A1")->activity()->NodeID, 7);
     // Nor by a document that a window keeps for itself.
-    for (const std::int32_t node : pasted(form, written(form, true)).nodes) {
+    for (const canvas::NodeNumber node : pasted(form, written(form, true)).nodes) {
         const std::int16_t* id = form.Labels.byIndex(node)->rowIdentifier();
         EXPECT_TRUE(!id || *id == 0);
     }

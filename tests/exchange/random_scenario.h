@@ -21,7 +21,8 @@ class RandomScenario {
             addNode(at);
         }
         for (int at = 0, count = form.Labels.Count() == 0 ? 0 : pick(15); at < count; ++at) {
-            form.Lines.addFullLine(pick(form.Labels.Count()) + 1, small(), pick(form.Labels.Count()) + 1, small(),
+            form.Lines.addFullLine(canvas::NodeNumber{pick(form.Labels.Count()) + 1}, small(),
+                                   canvas::NodeNumber{pick(form.Labels.Count()) + 1}, small(),
                                    static_cast<canvas::EdgeTypeCode>(pick(8)), static_cast<canvas::AngleCode>(pick(6)),
                                    0);
         }

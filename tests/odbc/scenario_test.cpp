@@ -10,6 +10,7 @@
 #include "databases.h"
 #include "testkit/graph_builder.h"
 #include "testkit/model_text.h"
+#include "testkit/numbers.h"
 #include "testkit/questions.h"
 #include "testkit/test_frame.h"
 
@@ -222,9 +223,9 @@ TEST_P(EveryRepository, OddNamesTextsAndPlacesComeBack) {
     graph.node("LOG1", canvas::NodeTypeLog).setBox({0.1F, -1234.567F, 16777217.0F, 1e-3F + 500});
     graph.edge(foreign, "Act");
     canvas::LinesCollection& lines = form().Lines;
-    lines.addFullLine(3, 4, 2, 2, canvas::EdgeTypeProvider, canvas::AngleVerticalUp, 0);
-    lines.addFullLine(5, 1, 3, 5, canvas::EdgeTypeDescription, canvas::AngleNone, 0);
-    lines.addFullLine(3, 5, 6, 1, canvas::EdgeTypeDescription, canvas::AngleVerticalDown, 0);
+    lines.addFullLine(3_node, 4, 2_node, 2, canvas::EdgeTypeProvider, canvas::AngleVerticalUp, 0);
+    lines.addFullLine(5_node, 1, 3_node, 5, canvas::EdgeTypeDescription, canvas::AngleNone, 0);
+    lines.addFullLine(3_node, 5, 6_node, 1, canvas::EdgeTypeDescription, canvas::AngleVerticalDown, 0);
     const std::string before = testkit::modelText(form());
     saveAs(foreign);
     closeAndLoad(foreign);

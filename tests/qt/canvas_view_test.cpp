@@ -12,6 +12,7 @@
 #include "qt/canvas/node_painter.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/canvas/tint_legend.h"
+#include "testkit/numbers.h"
 #include "testkit/scripted_ports.h"
 #include "window_test.h"
 
@@ -193,12 +194,12 @@ class CanvasViewTest : public WindowTest {
             QCOMPARE(scene.at(image, 360, 600), nodeColours(0xFF, theme).fill);
             QCOMPARE(scene.at(image, 3000, 1000), theme.background);
             QVERIFY(contrast(scene.at(image, 3000, 525), theme.background) > 3);  // the edge
-            scene.form.setLight({{2}, {}, true});
+            scene.form.setLight({{2_node}, {}, true});
             const QImage dark = scene.picture();
             QVERIFY(contrast(scene.at(dark, 360, 600), theme.background) < 1.8);
             QVERIFY(contrast(scene.at(dark, 3000, 525), theme.background) < 2.2);
             QCOMPARE(scene.at(dark, 4560, 600), scene.at(image, 4560, 600));
-            scene.form.setLight({{2}, {edge.Index()}, true});
+            scene.form.setLight({{2_node}, {edge.Index()}, true});
             QCOMPARE(scene.at(scene.picture(), 3000, 525), scene.at(image, 3000, 525));
             scene.form.setLight({});
             QCOMPARE(scene.picture(), image);
@@ -210,7 +211,7 @@ class CanvasViewTest : public WindowTest {
         const canvas::LabelsD& from = scene.add(canvas::NodeTypeRecordSet, 300, 300);
         const canvas::LinesD& edge = scene.join(from, scene.add(canvas::NodeTypeRecordSet, 4500, 300));
         scene.add(canvas::NodeTypeComment, 2400, 150);
-        scene.form.setLight({{1, 2}, {edge.Index()}, true});
+        scene.form.setLight({{1_node, 2_node}, {edge.Index()}, true});
         const QImage image = scene.picture();
         QVERIFY(contrast(scene.at(image, 2000, 525), scene.theme.canvas().background) > 3);
         QCOMPARE(scene.at(image, 2500, 525), scene.at(image, 2500, 405));
@@ -314,24 +315,24 @@ class CanvasViewTest : public WindowTest {
     void captionsAreElidedToFit() {
         CaptionCache cache(QApplication::font());
         const QSizeF room(60, 14);
-        QVERIFY(!cache.caption(1, "RS1", CaptionForm::line, room, 1).elided);
-        const auto& cut = cache.caption(2, "A caption that is much too long", CaptionForm::line, room, 1);
+        QVERIFY(!cache.caption(1_node, "RS1", CaptionForm::line, room, 1).elided);
+        const auto& cut = cache.caption(2_node, "A caption that is much too long", CaptionForm::line, room, 1);
         QVERIFY(cut.elided && cut.text.size().width() <= room.width());
         // Names that differ at the end only can be told apart, shortened or in two lines.
-        const auto shown = [&](std::int32_t index, const char* name, QSizeF size) {
+        const auto shown = [&](canvas::NodeNumber index, const char* name, QSizeF size) {
             return cache.caption(index, name, CaptionForm::line, size, 1).text.text();
         };
-        QVERIFY(shown(4, "STG_CUSTOMER_0412", room) != shown(5, "STG_CUSTOMER_0413", room));
-        const auto& broken = cache.caption(6, "STG_CUSTOMER_0412", CaptionForm::line, QSizeF(100, 40), 1);
+        QVERIFY(shown(4_node, "STG_CUSTOMER_0412", room) != shown(5_node, "STG_CUSTOMER_0413", room));
+        const auto& broken = cache.caption(6_node, "STG_CUSTOMER_0412", CaptionForm::line, QSizeF(100, 40), 1);
         QCOMPARE(broken.text.text(), QStringLiteral("STG_CUSTOMER_") + QChar::LineSeparator + QStringLiteral("0412"));
         QVERIFY(!broken.elided && broken.text.size().width() <= 100 && broken.text.size().height() <= 40);
-        const auto& text = cache.caption(3,
+        const auto& text = cache.caption(3_node,
                                          "Three words here\nand then a second paragraph that goes on and on, "
                                          "wordwithoutanyblankthatisverylong",
                                          CaptionForm::paragraph, QSizeF(90, 40), 1);
         QVERIFY(text.elided && text.text.size().height() <= 40 && text.text.size().height() > 20);
         QVERIFY(text.text.text().startsWith(QStringLiteral("Three words")));
-        QCOMPARE(cache.caption(1, "RS2", CaptionForm::line, room, 1).text.text(), QStringLiteral("RS2"));
+        QCOMPARE(cache.caption(1_node, "RS2", CaptionForm::line, room, 1).text.text(), QStringLiteral("RS2"));
     }
 
     void aLargeGraphIsIndexedAtOnceAndLaidOutWhereSeen() {
@@ -413,9 +414,9 @@ class CanvasViewTest : public WindowTest {
                                                     }},
                                                     {[&] { mark(10); }},    // at the left side
                                                     {[&] { mark(1940); }},  // and at the right one
-                                                    {[&] { scene.form.SelectedLines.Add(3); }},
+                                                    {[&] { scene.form.SelectedLines.Add(3_edge); }},
                                                     {[&] {
-                                                        scene.form.setLight({{3}, {}, true});
+                                                        scene.form.setLight({{3_node}, {}, true});
                                                     }}}) {
             QImage kept = scene.picture();
             const QRegion region = scene.repainted(change);
@@ -456,7 +457,7 @@ class CanvasViewTest : public WindowTest {
         const Point middle = middleOf(edge);
         const PictureIndex index(scene.form);
         QCOMPARE(index.edgeAt(middle, 0, 60).line, edge.Index());
-        QCOMPARE(index.edgeAt({middle.x + 3000, middle.y + 3000}, 0, 60).line, 0);
+        QCOMPARE(index.edgeAt({middle.x + 3000, middle.y + 3000}, 0, 60).line, canvas::EdgeNumber{});
 
         const Point inside{nodes.back()->Left() + 10, nodes.back()->Top() + 10};
         QCOMPARE(scene.view.nodeAt(inside), nodes.back());

@@ -8,6 +8,7 @@
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "testkit/model_text.h"
+#include "testkit/numbers.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -556,7 +557,7 @@ class DrawingTest : public WindowTest {
         for (const canvas::LabelsD& node : desk.form().Labels) {
             desk.form().SelectedLabels.Add(node.Index());
         }
-        desk.form().SelectedLines.Add(1);
+        desk.form().SelectedLines.Add(1_edge);
         QCOMPARE(page(), plain);
     }
 

@@ -7,6 +7,7 @@
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "testkit/model_text.h"
+#include "testkit/numbers.h"
 #include "window_program.h"
 
 namespace orvent::qt {
@@ -143,11 +144,11 @@ class MetricsWindowTest : public WindowTest {
         // A new edge counts a while after it was drawn.
         const QString range = control<QLabel>(editor, "tintRange")->text();
         for (int edge = 0; edge < 20; ++edge) {
-            sample.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
+            sample.Lines.addFullLine(1_node, 3, 2_node, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
         }
         QTRY_VERIFY(control<QLabel>(editor, "tintRange")->text() != range);
         for (int edge = 0; edge < 20; ++edge) {
-            sample.Lines.RemoveFull(sample.LinesNo - edge);
+            sample.Lines.RemoveFull(sample.Lines.at(sample.Lines.Count())->Index());
         }
         program.choose("ColourByMetricM");
         QVERIFY(!editor.findChild<QComboBox*>(QStringLiteral("tint")));

@@ -5,6 +5,7 @@
 
 #include "repository/stored_content.h"
 #include "stored_scenario_fixture.h"
+#include "testkit/numbers.h"
 #include "testkit/questions.h"
 
 namespace orvent::testkit {
@@ -40,7 +41,7 @@ class ScenarioSaveTest : public ::testing::Test {
         auto& providers = activity.Act_Inputs->Add("A", 0, entities::TagRecordSet, "A").ProvidedFrom;
         providers->Add("RS1", entities::LinkRecordSet, "RS1.A");
         providers->Add("RS9", entities::LinkRecordSet, "RS9.A");
-        form->Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
+        form->Lines.addFullLine(1_node, 3, 2_node, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
     }
 
     std::unique_ptr<canvas::DrawForm> newForm(const std::string& caption) {

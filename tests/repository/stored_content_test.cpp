@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "stored_scenario_fixture.h"
+#include "testkit/numbers.h"
 
 namespace orvent::testkit {
 
@@ -35,7 +36,7 @@ TEST_F(StoredContentTest, EveryChangeOfWhatIsWrittenIsSeen) {
         [&] { function().Function_Inputs->Item("X")->RegulatedFrom->Add("Act1", entities::LinkInput, ".IN.A"); },
         [&] { recordSet(*form, "RS1").RecordSet_SQL = "other"; },
         [&] { recordSet(*form, "RS2").RecordSet_Outputs->Add("C", 1, "C"); },
-        [&] { form->Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0); },
+        [&] { form->Lines.addFullLine(1_node, 3, 2_node, 1, canvas::EdgeTypeProvider, canvas::AngleStraight, 0); },
         [&] { (*form->Lines.begin()).setAngle(canvas::AngleVerticalUp); },
         [&] {
             form->Labels.Add({0, 0, 1, 1}, "new", canvas::NodeTypeRecordSet);

@@ -5,6 +5,7 @@
 #include "exchange/document_reader.h"
 #include "platform/text.h"
 #include "testkit/model_text.h"
+#include "testkit/numbers.h"
 #include "testkit/test_frame.h"
 
 using namespace orvent;
@@ -123,7 +124,7 @@ TEST_F(ScenarioFiles, NodesGoFromScenarioToScenario) {
     test.frame.run(Command::duplicateNodes);
     EXPECT_EQ(sample.Labels.Count(), nodes) << "nothing is selected";
     const std::string all = test.clipboard.content;
-    sample.SelectedLabels.Add(1);
+    sample.SelectedLabels.Add(1_node);
     test.frame.run(Command::copyNodes);
     test.clipboard.content = all;
     test.frame.run(Command::pasteNodes);

@@ -77,8 +77,8 @@ class ScenarioWalk {
     }
     std::string selected() {
         std::string names;
-        for (const std::int32_t node : form->SelectedLabels.members()) {
-            names += std::to_string(node) + " ";
+        for (const canvas::NodeNumber node : form->SelectedLabels.members()) {
+            names += canvas::textOf(node) + " ";
         }
         return names;
     }

@@ -87,7 +87,7 @@ class StarterActivitiesTest : public testkit::CanvasTest {
             draw(words[0], {words.begin() + 1, words.end()});
         }
         for (const std::string& source : starter["source"]) {
-            const std::string name = "SOURCE" + std::to_string(form.LabelsNo);
+            const std::string name = "SOURCE" + canvas::textOf(form.LabelsNo);
             draw(name, split(source, ' '));
             for (const std::string& attribute : split(source, ' ')) {
                 activity.Act_Inputs->Add(attribute, 0, entities::TagNone, attribute).ParentKeyName = "Sel";

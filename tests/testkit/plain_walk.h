@@ -27,7 +27,7 @@ struct PlainWalk {
             return found;
         }
         --budget;
-        for (const std::int32_t number : in ? node.EndingLines() : node.StartingLines()) {
+        for (const canvas::EdgeNumber number : in ? node.EndingLines() : node.StartingLines()) {
             const canvas::LinesD& edge = *form.Lines.byIndex(number);
             const canvas::LabelsD& far = *form.Labels.byIndex(in ? edge.FromLabel() : edge.ToLabel());
             found.insert(far.Caption());

@@ -6,6 +6,7 @@
 #include "canvas/canvas_state.h"
 #include "links/mirror_lists.h"
 #include "testkit/model_text.h"
+#include "testkit/numbers.h"
 
 namespace orvent::testkit {
 
@@ -28,7 +29,7 @@ inline std::string stateText(canvas::Canvas& form) {
             << static_cast<int>(canvas::stateOf(form, node).readiness);
         for (const auto* lines : {&node.StartingLines(), &node.EndingLines()}) {
             out << " |";
-            for (const std::int32_t line : *lines) {
+            for (const canvas::EdgeNumber line : *lines) {
                 out << ' ' << line;
             }
         }

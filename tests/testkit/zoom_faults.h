@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "links/far_end.h"
+#include "testkit/numbers.h"
 #include "zoom/link_graph.h"
 #include "zoom/waiting_functions.h"
 #include "zoom/zoom_form.h"
@@ -98,8 +99,8 @@ class CanvasFaults {
     template <class Entity>
     void seeMember(zoom::ZoomForm& form, const canvas::LabelsD& node, Entity& entity) {
         canvas::LabelsD* owner = form.nodeNamed(entity.ParentKeyName);
-        if (entity.LabelIndex != node.Index() && (owner || entity.LabelIndex != 0)) {
-            fault("another label", node.KeyName(), std::to_string(entity.LabelIndex));
+        if (entity.LabelIndex != node.Index() && (owner || entity.LabelIndex != 0_node)) {
+            fault("another label", node.KeyName(), canvas::textOf(entity.LabelIndex));
         }
         if (!owner || entity.ParentKeyName.empty() || entity.NodeKind == entities::KindConstant) {
             return;
@@ -160,8 +161,8 @@ class CanvasFaults {
                 links::findFarEnd(form_, direction, near, {link.name(), link.type(), link.key()}, nullptr);
             const std::string who = near.keyAs(links::KeyForm::whole), where = link.name() + " " + link.key();
             // A constant is known by its name alone, and a folded end does not know yet that it has a node.
-            const bool folded =
-                far.parameter && far.parameter->NodeKind == entities::KindConstant && !near.labelIn(form_);
+            const bool folded = far.parameter && far.parameter->NodeKind == entities::KindConstant &&
+                                !canvas::isGiven(near.labelIn(form_));
             if (folded) {
                 continue;
             }
@@ -187,7 +188,7 @@ class CanvasFaults {
                 direction == RegulatedFrom ? mirrored(far.parameter->RegulatorFor)
                                            : mirrored(far.parameter->RegulatedFrom);
             }
-            if (form_.isZoom() && far.node && near.labelIn(form_)) {
+            if (form_.isZoom() && far.node && canvas::isGiven(near.labelIn(form_))) {
                 if (form_.Lines.byIndex(link.LineIndex)) {
                     drawn_.insert(link.LineIndex);
                 } else {
@@ -199,7 +200,7 @@ class CanvasFaults {
 
     canvas::Canvas& form_;
     Lines faults_;
-    std::set<std::int32_t> drawn_;
+    std::set<canvas::EdgeNumber> drawn_;
 };
 
 }  // namespace orvent::testkit

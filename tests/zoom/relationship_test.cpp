@@ -95,9 +95,9 @@ class Relationship : public testkit::CanvasTest {
     LabelsD& node(const std::string& name) { return *form.nodeNamed(name); }
 
     /// Draws an edge and says what it means. Gives its number, which is dead when it was refused.
-    std::int32_t draw(const std::string& from, const std::string& to, canvas::EdgeTypeCode kind,
-                      std::int16_t fromGrab = 3) {
-        std::int32_t edge =
+    canvas::EdgeNumber draw(const std::string& from, const std::string& to, canvas::EdgeTypeCode kind,
+                            std::int16_t fromGrab = 3) {
+        canvas::EdgeNumber edge =
             form.Lines
                 .addFullLine(node(from).Index(), fromGrab, node(to).Index(), 1, kind, canvas::AngleVerticalDown, 5)
                 ->Index();
@@ -112,7 +112,7 @@ class Relationship : public testkit::CanvasTest {
             const auto add = [&](const std::string& list, auto& held) {
                 for (const auto& link : held) {
                     lines.push_back(each.KeyName() + " " + list + " " + std::to_string(static_cast<int>(link.type())) +
-                                    " " + link.name() + " " + link.key() + " " + std::to_string(link.LineIndex));
+                                    " " + link.name() + " " + link.key() + " " + canvas::textOf(link.LineIndex));
                 }
             };
             if (auto* attribute = each.entity<AttributeProperties>()) {
@@ -201,7 +201,7 @@ TEST_F(Relationship, EveryPairStandsAsToldOrIsRefused) {
                 if (!row) {
                     expectWarning("This Relationship Is Not Valid!");
                 }
-                const std::int32_t edge = draw(from, to, kind);
+                const canvas::EdgeNumber edge = draw(from, to, kind);
                 if (!row) {
                     EXPECT_EQ(form.Lines.byIndex(edge), nullptr);
                     ASSERT_EQ(testkit::modelText(form), whole);
@@ -217,8 +217,8 @@ TEST_F(Relationship, EveryPairStandsAsToldOrIsRefused) {
                 EXPECT_EQ(drawn->Angle(), canvas::AngleVerticalDown);
                 EXPECT_EQ(drawn->Color(), 5);
                 std::vector<std::string> expected = {
-                    std::string(row->source) + " " + row->sourceLink + " " + std::to_string(edge),
-                    std::string(row->target) + " " + row->targetLink + " " + std::to_string(edge)};
+                    std::string(row->source) + " " + row->sourceLink + " " + canvas::textOf(edge),
+                    std::string(row->target) + " " + row->targetLink + " " + canvas::textOf(edge)};
                 std::sort(expected.begin(), expected.end());
                 EXPECT_EQ(links(), expected);
                 auto* input = node(to).entity<AttributeProperties>();
@@ -261,7 +261,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
              Row{P, {"R.r", "A.IN.i"}, {"R.r", "A.IN.i"}, "THIS LINE ALLREADY EXISTS!!"},
          }) {
         SCOPED_TRACE(row.second[0] + std::string(" to ") + row.second[1]);
-        const std::int32_t first = draw(row.first[0], row.first[1], row.kind);
+        const canvas::EdgeNumber first = draw(row.first[0], row.first[1], row.kind);
         ASSERT_NE(form.Lines.byIndex(first), nullptr);
         const std::vector<std::string> before = links();
         expectWarning(row.message);
@@ -281,7 +281,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
         if (!stands) {
             expectWarning("This Relationship Is Not Valid!");
         }
-        const std::int32_t edge = draw(from, to, R);
+        const canvas::EdgeNumber edge = draw(from, to, R);
         ASSERT_EQ(form.Lines.byIndex(edge) != nullptr, stands);
         if (stands) {
             zoom::RemoveRelationship(form, edge);
@@ -289,7 +289,7 @@ TEST_F(Relationship, SecondSourcesAndSecondEdgesAreRefused) {
         }
     }
     // A record set may know a function's input by either key.
-    const std::int32_t twoKeys = draw("R.r", "F.IN.fi", R);
+    const canvas::EdgeNumber twoKeys = draw("R.r", "F.IN.fi", R);
     node("R.r").entity<AttributeProperties>()->RegulatorFor->Add("F", LinkRecordSetFunction, "F.IN.fi");
     zoom::RemoveRelationship(form, twoKeys);
     form.Lines.RemoveFull(twoKeys);
@@ -335,7 +335,7 @@ TEST_F(Relationship, PartOfEdgesOfOtherPairsMeanNothing) {
                                    std::pair("A", "D"), std::pair("R.r", "A"), std::pair("R", "F")}) {
         SCOPED_TRACE(from + std::string(" to ") + to);
         EXPECT_FALSE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node(from), node(to)));
-        const std::int32_t edge = draw(from, to, canvas::EdgeTypePartOf);
+        const canvas::EdgeNumber edge = draw(from, to, canvas::EdgeTypePartOf);
         for (const char* owner : {"R", "F"}) {
             zoom::CollapseWhole(form, node(owner));
             EXPECT_EQ(node("R").recordSet()->RecordSet_Outputs.count(), 1);
@@ -362,7 +362,7 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
     a.Act_Inputs->Changed = false;
     EXPECT_TRUE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node("A"), attribute));
     EXPECT_FALSE(zoom::mayRelate(form, canvas::EdgeTypePartOf, attribute, node("A")));
-    const std::int32_t edge = draw("A", "X", canvas::EdgeTypePartOf, 1);
+    const canvas::EdgeNumber edge = draw("A", "X", canvas::EdgeTypePartOf, 1);
     EXPECT_EQ(attribute.KeyName(), "A.IN.X");
     EXPECT_TRUE(a.Act_Inputs->Changed);
     auto* input = a.Act_Inputs->Item("X");
@@ -405,7 +405,7 @@ TEST_F(Relationship, PartOfEdgesMakeMembers) {
 }
 
 TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
-    const std::int32_t tie =
+    const canvas::EdgeNumber tie =
         form.Lines.FindConnectingLine(node("A").Index(), node("F").Index(), canvas::EdgeTypePartOf, false)->Index();
     FunctionProperties& owned = *node("F").entity<FunctionProperties>();
     owned.FunctionID = 5;
@@ -445,7 +445,7 @@ TEST_F(Relationship, FreeFunctionsAreAttachedAndDetached) {
     zoom::DetachFunction(form, node("F"), &node("A"));
     form.Lines.RemoveFull(drawn->Index());
     EXPECT_TRUE(zoom::mayRelate(form, canvas::EdgeTypePartOf, node("F"), node("A")));
-    const std::int32_t edge = draw("F", "A", canvas::EdgeTypePartOf);
+    const canvas::EdgeNumber edge = draw("F", "A", canvas::EdgeTypePartOf);
     EXPECT_EQ(form.Lines.byIndex(edge)->FromLabel(), node("A").Index());
     EXPECT_NE(node("A").activity()->Act_Functions->Item("F"), nullptr);
     expectWarning("This Relationship Is Not Valid!");
@@ -505,9 +505,9 @@ TEST_F(Relationship, FunctionsGiveTheirLinksBack) {
             if (!stands) {
                 expectWarning("This Relationship Is Not Valid!");
             }
-            const std::int32_t edge = draw(from, to, R);
+            const canvas::EdgeNumber edge = draw(from, to, R);
             ASSERT_EQ(form.Lines.byIndex(edge) != nullptr, stands);
-            const std::string number = " " + std::to_string(edge);
+            const std::string number = " " + canvas::textOf(edge);
             std::vector<std::string> expected = {filled(row.source) + number, filled(row.target) + number};
             std::sort(expected.begin(), expected.end());
             EXPECT_EQ(links(), stands ? expected : std::vector<std::string>{});

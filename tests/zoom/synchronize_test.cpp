@@ -6,6 +6,7 @@
 #include "links/propagate_rename.h"
 #include "links/synchronize_functions.h"
 #include "links/unsynchronize_functions.h"
+#include "testkit/numbers.h"
 #include "testkit/scripted_ports.h"
 #include "zoom/link_graph.h"
 
@@ -146,9 +147,10 @@ class SynchronizeShown : public Synchronize {
 };
 
 TEST_F(SynchronizeShown, NumbersOfFormerViewsMeanNothing) {
-    const canvas::LinesD* foreign = form.Lines.addFullLine(1, 3, 2, 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
+    const canvas::LinesD* foreign =
+        form.Lines.addFullLine(1_node, 3, 2_node, 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
     for (auto& input : *graph.activity("A2").Act_Inputs) {
-        input.LabelIndex = 1;
+        input.LabelIndex = 1_node;
         for (auto& link : input.ProviderFor) {
             link.LineIndex = foreign->Index();
         }
@@ -159,7 +161,7 @@ TEST_F(SynchronizeShown, NumbersOfFormerViewsMeanNothing) {
     showAll(*graph.activity("A2").Act_Outputs, canvas::NodeTypeAttribute);
     links::SynchronizeActivity(form, graph.activity("A2"), nullptr);
     EXPECT_EQ(form.Lines.Count(), 1) << "an input without a node was drawn to another node";
-    EXPECT_EQ(graph.activity("A2").Act_Inputs->Item("AU_ID")->ProviderFor->Item(1)->LineIndex, -1);
+    EXPECT_EQ(graph.activity("A2").Act_Inputs->Item("AU_ID")->ProviderFor->Item(1)->LineIndex, canvas::kNoEdge);
 }
 
 class Rename : public SynchronizeShown {

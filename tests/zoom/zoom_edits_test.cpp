@@ -167,7 +167,7 @@ TEST_F(ZoomEdits, WhatIsShownBesidesFollowsEdits) {
         EXPECT_TRUE(shown(function, "SUM", canvas::EdgeTypeReserved));
         remove(node(function));
     }
-    EXPECT_EQ(index("SUM"), -1) << "nothing of that type is left";
+    EXPECT_EQ(index("SUM"), canvas::kNoNode) << "nothing of that type is left";
 }
 
 TEST_F(ZoomEdits, AMemberComesToAnotherOwnerAsItWasFreed) {
@@ -274,7 +274,7 @@ TEST_F(ZoomEdits, AFunctionIsEditedWhileItsActivityIsFolded) {
         }
         open();
         zoom::CollapseActivity(*form, index("A2"));
-        if (LabelsD* function = form->nodeNamed(index("F1") > 0 ? "F1" : "G")) {
+        if (LabelsD* function = form->nodeNamed(canvas::isGiven(index("F1")) ? "F1" : "G")) {
             zoom::ExpandFunction(*form, function->Index());
         }
         row.edit();
@@ -419,7 +419,7 @@ TEST_F(ZoomEdits, AFunctionOfNoActivityLeavesNoLinkInTheScenario) {
     open();
     place("F2", canvas::NodeTypeAttribute);
     form->rules().releaseEdge(*form, *form->Lines.FindConnectingLine(index("A2"), index("A2.F2"), T, false));
-    EXPECT_NE(index("F21"), -1) << "its bare name is taken";
+    EXPECT_NE(index("F21"), canvas::kNoNode) << "its bare name is taken";
     open();
     LabelsD& brought = node("A2.F2");
     canvas::LinesD& tie = *form->Lines.FindConnectingLine(index("A2"), brought.Index(), T, false);

@@ -58,7 +58,7 @@ class ZoomTest : public CanvasTest {
     }
 
     canvas::LabelsD& node(const std::string& name) { return *form->nodeNamed(name); }
-    std::int32_t index(const std::string& name) { return form->NamesColl.Item(name); }
+    canvas::NodeNumber index(const std::string& name) { return form->NamesColl.Item(name); }
 
     /// "name left top width height" of each node that the view shows, sorted.
     Texts boxes() const {
@@ -93,7 +93,7 @@ class ZoomTest : public CanvasTest {
 
     /// Every link between two nodes of the view has its edge and its mirror, every edge its link.
     void expectSound() {
-        std::vector<std::int32_t> drawn;
+        std::vector<canvas::EdgeNumber> drawn;
         for (canvas::LabelsD& each : form->Labels) {
             if (auto* attribute = each.entity<entities::AttributeProperties>()) {
                 expectLinks(each, *attribute, drawn);
@@ -103,7 +103,7 @@ class ZoomTest : public CanvasTest {
         }
         std::sort(drawn.begin(), drawn.end());
         drawn.erase(std::unique(drawn.begin(), drawn.end()), drawn.end());
-        std::vector<std::int32_t> present;
+        std::vector<canvas::EdgeNumber> present;
         for (const canvas::LinesD& each : form->Lines) {
             if (each.EdgeType() == canvas::EdgeTypeProvider || each.EdgeType() == canvas::EdgeTypeRegulator) {
                 present.push_back(each.Index());
@@ -113,7 +113,7 @@ class ZoomTest : public CanvasTest {
     }
 
     template <class Entity>
-    void expectLinks(const canvas::LabelsD& shown, Entity& entity, std::vector<std::int32_t>& drawn) {
+    void expectLinks(const canvas::LabelsD& shown, Entity& entity, std::vector<canvas::EdgeNumber>& drawn) {
         if (!form->bearsName(shown)) {
             return;
         }

@@ -119,7 +119,7 @@ TEST_F(ZoomWindow, DeletedMembersLeaveTheirOwner) {
     remove({"A2.F2"});
     EXPECT_EQ(rows(), "2:5 3:0 4:0 7:7 ");
     EXPECT_EQ(node("A2").activity()->Act_Functions->Item("A2.F2"), nullptr);
-    EXPECT_EQ(index("A2.F2.IN.I1"), -1);
+    EXPECT_EQ(index("A2.F2.IN.I1"), canvas::kNoNode);
     // The function's own links went with it, on both ends.
     for (const RegulatorProperties& link : node("A2.IN.A1.O12").entity<AttributeProperties>()->RegulatorFor) {
         EXPECT_NE(link.Regulator_name, "A2.F2");
@@ -146,7 +146,7 @@ TEST_F(ZoomWindow, EdgesStandForRelationships) {
             SCOPED_TRACE(row.target);
             open();
             const canvas::LinesD* edge = nullptr;
-            for (const std::int32_t number : node(row.target).EndingLines()) {
+            for (const canvas::EdgeNumber number : node(row.target).EndingLines()) {
                 const canvas::LinesD* each = form->Lines.byIndex(number);
                 edge = each->EdgeType() == row.kind ? each : edge;
             }
@@ -190,7 +190,7 @@ TEST_F(ZoomWindow, MenusActOnTheKindTheyWereOpenedOn) {
     canvas::CanvasPointer pointer(*form, view, {host, host, host});
     const auto openMenu = [&](const char* shown) {
         canvas::PointerEvent event;
-        event.hit = {canvas::Element::node, index(shown)};
+        event.hit = canvas::Hit::onNode(index(shown));
         event.button = canvas::RightButton;
         pointer.press(event);
         return host.taken();

@@ -15,15 +15,15 @@ class ZoomSight : public testkit::ZoomTest {
   protected:
     Texts names(const zoom::Light& light) const {
         Texts result;
-        for (const std::int32_t index : light.nodes) {
+        for (const canvas::NodeNumber index : light.nodes) {
             result.push_back(form->Labels.byIndex(index)->KeyName());
         }
         return sorted(result);
     }
     std::size_t edgesOf(const zoom::Light& light, canvas::EdgeTypeCode kind) const {
-        return static_cast<std::size_t>(std::count_if(light.edges.begin(), light.edges.end(), [&](std::int32_t index) {
-            return form->Lines.byIndex(index)->EdgeType() == kind;
-        }));
+        return static_cast<std::size_t>(
+            std::count_if(light.edges.begin(), light.edges.end(),
+                          [&](canvas::EdgeNumber index) { return form->Lines.byIndex(index)->EdgeType() == kind; }));
     }
 };
 

@@ -112,7 +112,7 @@ TEST_F(ZoomView, DrawsTheLinksOfTheModel) {
     for (const LabelsD& each : form->Labels) {
         const int owners = static_cast<int>(std::count_if(
             each.EndingLines().begin(), each.EndingLines().end(),
-            [&](std::int32_t line) { return form->Lines.byIndex(line)->EdgeType() == canvas::EdgeTypePartOf; }));
+            [&](canvas::EdgeNumber line) { return form->Lines.byIndex(line)->EdgeType() == canvas::EdgeTypePartOf; }));
         const bool member = each.entity<AttributeProperties>() || each.NodeType() == canvas::NodeTypeParameter ||
                             each.entity<FunctionProperties>();
         EXPECT_EQ(owners, member ? 1 : 0) << each.KeyName();
@@ -134,7 +134,7 @@ TEST_F(ZoomView, ExpandingGrowsThePicture) {
     open();
     struct Row {
         const char* owner;
-        void (*unfold)(zoom::ZoomView&, std::int32_t);
+        void (*unfold)(zoom::ZoomView&, canvas::NodeNumber);
         const char* last;  ///< of what then appears
         bool widens;
     };
@@ -159,7 +159,7 @@ TEST_F(ZoomView, NeighboursComeByProviderEdgesOnly) {
     edge("RS1", "A1", canvas::EdgeTypeDescription);
     edge("A1", "RS3");
     open("A1");
-    EXPECT_EQ(index("RS1"), -1);
+    EXPECT_EQ(index("RS1"), canvas::kNoNode);
     EXPECT_EQ(node("RS3").Top(), node("A2").Top() + 450 + 150 + 4 * (225 + 150) - 37.5F) << "below four outputs";
     EXPECT_FALSE(node("A2").activity()->Act_Outputs->Expanded);
     open("A3");

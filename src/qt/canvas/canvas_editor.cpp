@@ -174,7 +174,7 @@ void CanvasEditor::changeEvent(QEvent* event) {
 
 bool CanvasEditor::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::Leave) {
-        pointer_.move({{canvas::Element::outside, 0}, {}, canvas::NoButton, false});
+        pointer_.move({{.element = canvas::Element::outside}, {}, canvas::NoButton, false});
         light_.follow();
         Q_EMIT pointed(std::nullopt);
     } else if (event->type() == QEvent::ToolTip) {

@@ -65,7 +65,7 @@ void paintOnPage(const canvas::Canvas& canvas, QPainter& painter, const QRectF& 
     nodes.prepare(context);
     EdgePainter edges(context, canvas, plain.toPixels(extent));
     for (const canvas::LinesD& edge : std::as_const(canvas.Lines)) {
-        if (edge.Visible() && edge.ToLabel() != 0) {
+        if (edge.Visible() && canvas::isGiven(edge.ToLabel())) {
             edges.add(edge);
         }
     }

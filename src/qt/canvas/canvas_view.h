@@ -111,7 +111,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     PicturePainter painter_;
     bool settling_ = false;
     std::optional<QPoint> panFrom_;
-    std::int32_t scrolledComment_ = -1;  ///< whose bar is held
+    canvas::NodeNumber scrolledComment_ = canvas::kNoNode;  ///< whose bar is held
 };
 
 }  // namespace orvent::qt

@@ -9,7 +9,7 @@ namespace orvent::qt {
 const canvas::LabelsD* CanvasViewWidget::commentBarAt(QPointF pixel) const {
     const canvas::Hit hit = hitAt(pixel);
     const canvas::LabelsD* node =
-        hit.element == canvas::Element::node ? std::as_const(canvas_).Labels.byIndex(hit.number) : nullptr;
+        hit.element == canvas::Element::node ? std::as_const(canvas_).Labels.byIndex(hit.node) : nullptr;
     if (!node || node->NodeType() != canvas::NodeTypeComment || node->onText(transform().toTwips(pixel)) ||
         detailAt(scale()) != Detail::full) {
         return nullptr;
@@ -28,7 +28,7 @@ bool CanvasViewWidget::scrollComment(const canvas::LabelsD& node, int first) {
 
 bool CanvasViewWidget::takeCommentBar(QPointF pixel) {
     const canvas::LabelsD* node = commentBarAt(pixel);
-    scrolledComment_ = node ? node->Index() : -1;
+    scrolledComment_ = node ? node->Index() : canvas::kNoNode;
     return node && (dragCommentBar(pixel), true);
 }
 
@@ -44,7 +44,7 @@ bool CanvasViewWidget::dragCommentBar(QPointF pixel) {
 }
 
 bool CanvasViewWidget::dropCommentBar() {
-    return std::exchange(scrolledComment_, -1) != -1;
+    return std::exchange(scrolledComment_, canvas::kNoNode) != canvas::kNoNode;
 }
 
 }  // namespace orvent::qt

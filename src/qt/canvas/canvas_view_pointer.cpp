@@ -18,7 +18,7 @@ constexpr double kWheelStep = 1.2;
 
 canvas::Hit CanvasViewWidget::hitAt(QPointF pixel) const {
     if (!QRectF(viewport()->rect()).contains(pixel)) {
-        return {canvas::Element::outside, 0};
+        return {.element = canvas::Element::outside};
     }
     const canvas::Point place = transform().toTwips(pixel);
     const canvas::LabelsD* node = nodeAt(place);
@@ -26,13 +26,13 @@ canvas::Hit CanvasViewWidget::hitAt(QPointF pixel) const {
     const auto twips = [this](double pixels) { return static_cast<float>(pixels * kTwipsPerPixel / scale()); };
     const PictureIndex::EdgeHit edge =
         index_.edgeAt(place, node ? ofHandle : std::max(ofHandle, twips(kHandleReach)), node ? 0 : twips(kLineReach));
-    if (edge.handle != canvas::HandleNumber{}) {
-        return {canvas::Element::handle, static_cast<std::int32_t>(edge.handle), node ? node->Index() : 0};
+    if (canvas::isGiven(edge.handle)) {
+        return canvas::Hit::onHandle(edge.handle, node ? node->Index() : canvas::NodeNumber{});
     }
     if (node) {
-        return {canvas::Element::node, node->Index()};
+        return canvas::Hit::onNode(node->Index());
     }
-    return edge.line != 0 ? canvas::Hit{canvas::Element::line, edge.line} : canvas::Hit{};
+    return canvas::isGiven(edge.line) ? canvas::Hit::onLine(edge.line) : canvas::Hit{};
 }
 
 void CanvasViewWidget::mousePressEvent(QMouseEvent* event) {
@@ -49,10 +49,8 @@ void CanvasViewWidget::mouseMoveEvent(QMouseEvent* event) {
         scroller_.scrollBy(-by);
     } else if (event->buttons() == Qt::NoButton) {
         const canvas::Hit hit = hitAt(event->position());
-        const bool onHandle = hit.element == canvas::Element::handle && hit.below == 0;
-        painter_.setPointedEdge(onHandle ? canvas_.Lines.byIndex(canvas::edgeOfHandle(hit.handle()))
-                                : hit.element == canvas::Element::line ? canvas_.Lines.byIndex(hit.number)
-                                                                       : nullptr);
+        const bool onNode = canvas::isGiven(hit.node);  // also below a handle
+        painter_.setPointedEdge(onNode ? nullptr : canvas_.Lines.byIndex(hit.edge));
     }
 }
 

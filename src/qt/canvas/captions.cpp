@@ -85,7 +85,7 @@ const QFont& CaptionCache::fontFor(CaptionForm form, int pixels) {
     return font;
 }
 
-const CaptionCache::Caption& CaptionCache::caption(std::int32_t index, std::string_view text, CaptionForm form,
+const CaptionCache::Caption& CaptionCache::caption(canvas::NodeNumber index, std::string_view text, CaptionForm form,
                                                    QSizeF room, double scale) {
     Entry& entry = entries_[index];
     const std::size_t hash = std::hash<std::string_view>{}(text);
@@ -144,12 +144,12 @@ void CaptionCache::showLines(Entry& entry) {
     caption.text.prepare(QTransform(), caption.font);
 }
 
-const CaptionCache::Caption* CaptionCache::laidOut(std::int32_t index) const {
+const CaptionCache::Caption* CaptionCache::laidOut(canvas::NodeNumber index) const {
     const auto found = entries_.find(index);
     return found == entries_.end() ? nullptr : &found->second.caption;
 }
 
-bool CaptionCache::scrollTo(std::int32_t index, int first) {
+bool CaptionCache::scrollTo(canvas::NodeNumber index, int first) {
     const auto found = entries_.find(index);
     if (found == entries_.end()) {
         return false;

@@ -36,14 +36,15 @@ class CaptionCache {
     void setFont(const QFont& base);
 
     /// The caption of the node with that number for a room of that size in pixels.
-    const Caption& caption(std::int32_t index, std::string_view text, CaptionForm form, QSizeF room, double scale);
+    const Caption& caption(canvas::NodeNumber index, std::string_view text, CaptionForm form, QSizeF room,
+                           double scale);
 
     /// What was laid out for that node, or nothing.
-    const Caption* laidOut(std::int32_t index) const;
+    const Caption* laidOut(canvas::NodeNumber index) const;
     /// Shows the paragraph of that node from another line on, within its bounds. False when it stays as it is.
-    bool scrollTo(std::int32_t index, int first);
+    bool scrollTo(canvas::NodeNumber index, int first);
 
-    void forget(std::int32_t index) { entries_.erase(index); }
+    void forget(canvas::NodeNumber index) { entries_.erase(index); }
     /// Drops everything once the cache holds more captions than a screen shows.
     void trim();
 
@@ -63,7 +64,7 @@ class CaptionCache {
 
     QFont base_;
     std::map<std::pair<CaptionForm, int>, QFont> fonts_;
-    std::unordered_map<std::int32_t, Entry> entries_;
+    std::unordered_map<canvas::NodeNumber, Entry> entries_;
 };
 
 }  // namespace orvent::qt

@@ -23,8 +23,8 @@ canvas::Box boxAt(double left, double width) {
 }  // namespace
 
 struct Legend::Entry {
-    std::int32_t node = -1;
-    std::int32_t edge = -1;
+    canvas::NodeNumber node = canvas::kNoNode;
+    canvas::EdgeNumber edge = canvas::kNoEdge;
     QString words;
 };
 

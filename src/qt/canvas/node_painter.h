@@ -38,7 +38,7 @@ class NodePainter {
         colours_.clear();
     }
     const NodeColours& coloursOf(std::int32_t modelColour, const CanvasColours& theme);
-    void forgetCaption(std::int32_t index) { captions_.forget(index); }
+    void forgetCaption(canvas::NodeNumber index) { captions_.forget(index); }
     void setFont(const QFont& font) { captions_.setFont(font); }
     /// The captions that were painted lately.
     CaptionCache& cache() { return captions_; }

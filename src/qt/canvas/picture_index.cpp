@@ -34,7 +34,7 @@ void PictureIndex::ensure() const {
         nodes_.put(node, extentOf(node));
     }
     for (const canvas::LinesD& edge : canvas_.Lines) {
-        if (edge.ToLabel() != 0) {
+        if (canvas::isGiven(edge.ToLabel())) {
             edges_.put(edge, extentOf(edge));
         }
     }

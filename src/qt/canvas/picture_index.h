@@ -49,7 +49,7 @@ class PictureIndex {
 
     struct EdgeHit {
         canvas::HandleNumber handle{};  ///< 0 for none
-        std::int32_t line = 0;          ///< the edge whose line passes nearest, 0 for none
+        canvas::EdgeNumber line{};      ///< the edge whose line passes nearest, 0 for none
     };
     /// The handle at a place, or else the line within reach; twips, 0 leaves lines aside.
     EdgeHit edgeAt(canvas::Point place, float handleReach, float lineReach) const;

@@ -48,7 +48,7 @@ void PicturePainter::rescaled() {
 }
 
 bool PicturePainter::takesEdge(const canvas::LinesD& edge) {
-    const bool drawn = edge.ToLabel() == 0;
+    const bool drawn = !canvas::isGiven(edge.ToLabel());
     if (drawn || drawnEdge_ == &edge) {
         drawnEdge_ = drawn ? &edge : nullptr;
         showMarkers();

@@ -18,7 +18,7 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
     : QObject(&frame),
       logic_(std::move(logic)),
       history_(new HistoryDock([this](std::size_t line) { logic_()->goToStep(line); }, &frame)),
-      problems_(new ProblemsDock([this](std::int32_t node) { logic_()->goToNode(node); }, &frame)),
+      problems_(new ProblemsDock([this](canvas::NodeNumber node) { logic_()->goToNode(node); }, &frame)),
       count_(new QToolButton(&frame)) {
     frame.addDockWidget(Qt::RightDockWidgetArea, history_);
     frame.addDockWidget(Qt::BottomDockWidgetArea, problems_);

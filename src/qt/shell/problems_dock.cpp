@@ -66,7 +66,7 @@ QVariant ProblemsModel::headerData(int section, Qt::Orientation orientation, int
     return section == 0 ? tr("Node") : tr("What is missing");
 }
 
-ProblemsDock::ProblemsDock(std::function<void(std::int32_t node)> goTo, QWidget* parent)
+ProblemsDock::ProblemsDock(std::function<void(canvas::NodeNumber node)> goTo, QWidget* parent)
     : QDockWidget(tr("Problems"), parent), model_(new ProblemsModel(this)), list_(new QTreeView), why_(new QLabel) {
     setObjectName(QStringLiteral("ProblemsDock"));
     auto* inside = new QWidget(this);

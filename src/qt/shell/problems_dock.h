@@ -39,7 +39,7 @@ class ProblemsDock : public QDockWidget {
     Q_OBJECT
 
   public:
-    ProblemsDock(std::function<void(std::int32_t node)> goTo, QWidget* parent);
+    ProblemsDock(std::function<void(canvas::NodeNumber node)> goTo, QWidget* parent);
 
     /// Of no scenario: `isOpen` is false.
     void showLines(std::vector<shell::ProblemLine> lines, bool isOpen);
