@@ -20,7 +20,6 @@ struct NodeBytes {
     explicit operator bool() const { return head != nullptr; }
     /// Whether both are one copy.
     bool operator==(const NodeBytes&) const = default;
-    bool alike(const NodeBytes& other) const { return *head == *other.head && *entity == *other.entity; }
 };
 
 /// Runs with the name of each node to which a link of a node leads.
