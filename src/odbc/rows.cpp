@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <optional>
 
 #include "platform/text.h"
 
@@ -40,6 +41,20 @@ SQLSMALLINT boundType(SQLSMALLINT type) {
         default:
             return SQL_C_CHAR;
     }
+}
+
+// The whole number that a value is, nothing when it is none.
+std::optional<long long> wholeNumber(double value) {
+    constexpr double kExact = 9007199254740992.0;  // beyond it a double skips whole numbers
+    return std::abs(value) > kExact || value != std::trunc(value) ? std::nullopt
+                                                                  : std::optional(static_cast<long long>(value));
+}
+std::optional<long long> wholeNumber(std::string_view text) {
+    if (const auto whole = platform::parseInteger(text)) {
+        return *whole;
+    }
+    const auto real = platform::parseNumber(text);
+    return real ? wholeNumber(*real) : std::nullopt;
 }
 
 template <class Number>
@@ -345,17 +360,8 @@ long long Rows::number(int column) {
     if (wanted.type == SQL_C_SLONG) {
         return cell<SQLINTEGER>(wanted);
     }
-    if (wanted.type == SQL_C_CHAR) {
-        if (const auto whole = platform::parseInteger(characters(wanted))) {
-            return *whole;
-        }
-    }
-    constexpr double kExact = 9007199254740992.0;  // beyond it a double skips whole numbers
-    const auto real = wanted.type == SQL_C_CHAR ? platform::parseNumber(characters(wanted)) : cell<double>(wanted);
-    if (!real || std::abs(*real) > kExact || *real != std::trunc(*real)) {
-        throw noNumber(text(column));
-    }
-    return static_cast<long long>(*real);
+    const auto whole = wanted.type == SQL_C_CHAR ? wholeNumber(characters(wanted)) : wholeNumber(cell<double>(wanted));
+    return whole ? *whole : throw noNumber(text(column));
 }
 
 float Rows::realNumber(int column) {
