@@ -138,7 +138,7 @@ std::optional<ActList> SchemaMarks::firstUser(const Uses& uses) {
 }
 
 Tree* SchemaMarks::treeOf(const std::string& nodeKey) const {
-    return nodeKey.starts_with("GRAPH.") ? &graph_ : nodeKey.starts_with("DB.") ? &database_ : nullptr;
+    return graph_.find(nodeKey) ? &graph_ : database_.find(nodeKey) ? &database_ : nullptr;
 }
 
 void SchemaMarks::mark(const std::string& nodeKey, ActList list, const std::string& rowKey) {

@@ -363,7 +363,8 @@ bool counts(const forms::Tree::Node& node, int front) {
 std::vector<forms::Tree::Node*> SetActProp::takenOf(const std::vector<std::string>& nodeKeys) const {
     std::vector<forms::Tree::Node*> nodes;
     for (const std::string& key : nodeKeys) {
-        forms::Tree::Node* node = (key.starts_with("DB") ? DBView : ActView).find(key);
+        forms::Tree::Node* inGraph = ActView.find(key);
+        forms::Tree::Node* node = inGraph ? inGraph : DBView.find(key);
         if (node && TabStrip1 != kLogTab && counts(*node, SelectedList)) {
             nodes.push_back(node);
         }
