@@ -28,6 +28,9 @@ void setKind(forms::ListRow& row, RowKind kind);
 inline RowKind kindOf(const forms::ListRow& row) {
     return static_cast<RowKind>(row.Kind);
 }
+inline bool isFunctionRow(const forms::ListRow& row) {
+    return kindOf(row) == RowKind::function;
+}
 
 /// Sets type, sources and targets of the row from its entity.
 void RefreshAttributeRow(const entities::AttributeProperties& attribute, forms::ListRow& row,

@@ -31,160 +31,22 @@ Lazy<RegulatorLinks>& linksInto(ParameterProperties& parameter) {
 SetActProp_Functions::SetActProp_Functions(canvas::CanvasForm& form, canvas::LabelsD& node,
                                            repository::Catalogue& catalogue, platform::MessageBox& messages,
                                            platform::Progress& progress)
-    : ParForm(form), ActiveNode(node), catalogue_(catalogue), messages_(messages), progress_(progress) {}
-
-void SetActProp_Functions::fillLists() {
-    const SchemaMarks::Bulk bulk(marks_);
-    marks_.clear();
-    const auto fill = [&](ActList number, const auto& addRows) {
-        forms::List& target = list(number);
-        const bool prompts = !filled_ || target.hint();  // the prompt of a list that was emptied does not come back
-        target.rebuild([&] {
-            target.Clear();
-            if (prompts) {
-                target.showHint(number == kParameters ? "Drag parameters, functions and constants here"
-                                                      : "Drag attributes here");
-            }
-            addRows(target);
-        });
-        for (int row = 1; row <= target.Count(); ++row) {
-            refreshRow(number, row);
-            MarkRowInTree(*target.Item(row), number, true);
-        }
-        twins_[static_cast<std::size_t>(number)].reset(target);
-    };
-    const auto attributes = [](const auto& entities, RowKind kind) {
-        return [&entities, kind](forms::List& target) {
-            for (const AttributeProperties& attribute : entities) {
-                target.add(newRow(attribute.Key, attribute.Attribute_Name, attribute.Tag, kind));
-            }
-        };
-    };
-    fill(kInputs, attributes(tempProp->Act_Inputs, RowKind::input));
-    fill(kOutputs, attributes(tempProp->Act_Outputs, RowKind::output));
-    fill(kParameters, [&](forms::List& target) {
-        for (const ParameterProperties& parameter : tempProp->Act_Parameters) {
-            target.add(newRow(parameter.Key, parameter.Parameter_Name, parameter.Tag, kindOfParameter(parameter)));
-        }
-        for (const FunctionProperties& function : tempProp->Act_Functions) {
-            target.add(newRow(function.Function_Key, function.Function_Name,
-                              function.Function_Source == SourceActivityType ? TagTypeFunction : TagFunction,
-                              RowKind::function));
-        }
-    });
-    filled_ = true;
-}
-
-void SetActProp_Functions::MarkRowInTree(const ListRow& row, ActList number, bool used) {
-    const auto show = [&](const std::string& nodeKey) {
-        used ? marks_.mark(nodeKey, number, row.Key) : marks_.unmark(nodeKey, number, row.Key);
-    };
-    if (isFunctionRow(row)) {
-        if (tagOf(row) == TagFunction) {
-            show("GRAPH." + row.Key);
-        }
-    } else if (number == kInputs) {
-        if (const AttributeProperties* input = tempProp->Act_Inputs->Item(row.Key)) {
-            for (const ProviderProperties& link : input->ProvidedFrom) {
-                show(treeKey(link.Provider_Type, link.Provider_Key()));
-            }
-        }
-    } else if (number == kOutputs) {
-        if (const AttributeProperties* output = tempProp->Act_Outputs->Item(row.Key)) {
-            for (const ProviderProperties& link : output->ProviderFor) {
-                if (link.Provider_Type == LinkRecordSet) {
-                    show(treeKey(link.Provider_Type, link.Provider_Key()));
-                }
-            }
-        }
-    } else if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(row.Key)) {
-        for (const RegulatorProperties& link : parameter->RegulatedFrom) {
-            if (link.Regulator_type == LinkConstant || link.Regulator_type == LinkRecordSet) {
-                show(treeKey(link.Regulator_type, link.Regulator_Key()));
-            }
-        }
-    }
-}
+    : ParForm(form),
+      ActiveNode(node),
+      catalogue_(catalogue),
+      messages_(messages),
+      progress_(progress),
+      lists_(tempProp, AttList, ActView, DBView, catalogue.tables) {}
 
 void SetActProp_Functions::moveMany(const std::function<void()>& moves) {
     const forms::List::Gathering inputs(AttList[kInputs]), outputs(AttList[kOutputs]), parameters(AttList[kParameters]);
     const forms::Tree::Gathering graph(ActView), database(DBView);
-    const SchemaMarks::Bulk bulk(marks_);
+    const SchemaMarks::Bulk bulk(lists_.marks());
     moves();
-}
-
-void SetActProp_Functions::refreshRow(ActList number, int row) {
-    list(number).alter(row, [&](ListRow& shown) {
-        const CatalogueTables& tables = catalogue_.tables;
-        if (isFunctionRow(shown)) {
-            if (const FunctionProperties* function = tempProp->Act_Functions->Item(shown.Key)) {
-                refreshFunctionRow(*function, tempProp->Act_Type, shown, tables);
-            }
-        } else if (number == kParameters) {
-            if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(shown.Key)) {
-                RefreshParameterRow(*parameter, shown, tables);
-                setKind(shown, kindOfParameter(*parameter));
-            }
-        } else {
-            const AttributeProperties* attribute =
-                number == kInputs ? tempProp->Act_Inputs->Item(shown.Key) : tempProp->Act_Outputs->Item(shown.Key);
-            if (attribute) {
-                RefreshAttributeRow(*attribute, shown, tables);
-            }
-        }
-    });
-}
-
-void SetActProp_Functions::refreshRows() {
-    for (const ActList number : kActLists) {
-        for (int row = 1; row <= list(number).Count(); ++row) {
-            refreshRow(number, row);
-        }
-    }
-}
-
-void SetActProp_Functions::refreshKey(const std::string& key) {
-    for (const ActList number : kActLists) {
-        if (const int row = list(number).positionOf(key)) {
-            refreshRow(number, row);
-        }
-    }
-}
-
-std::vector<std::string> SetActProp_Functions::neighbours(const std::string& key) {
-    std::vector<std::string> keys{key};
-    const auto collect = [&](const auto& links) {
-        for (const auto& link : links) {
-            if (link.key().starts_with(".")) {
-                keys.push_back(AfterSecondDot(link.key()));
-            }
-        }
-    };
-    for (const AttributeProperties* attribute : {tempProp->Act_Inputs->Item(key), tempProp->Act_Outputs->Item(key)}) {
-        if (attribute) {
-            collect(attribute->ProvidedFrom);
-            collect(attribute->ProviderFor);
-            collect(attribute->RegulatedFrom);
-            collect(attribute->RegulatorFor);
-        }
-    }
-    if (const ParameterProperties* parameter = tempProp->Act_Parameters->Item(key)) {
-        collect(parameter->RegulatedFrom);
-        collect(parameter->RegulatorFor);
-    }
-    return keys;
 }
 
 void SetActProp_Functions::RenameInList(int row, ActList listNumber) {
     renameMember(row, listNumber);
-}
-
-void SetActProp_Functions::setRowText(int row, ActList listNumber, const std::string& text) {
-    TwinNames& twins = twins_[static_cast<std::size_t>(listNumber)];
-    const std::string key = list(listNumber).Item(row)->Key;
-    twins.went(list(listNumber), key, list(listNumber).Item(row)->Text);
-    list(listNumber).setText(row, text);
-    twins.came(list(listNumber), key, text);
 }
 
 void SetActProp_Functions::renameMember(int row, ActList listNumber) {
@@ -196,49 +58,15 @@ void SetActProp_Functions::renameMember(int row, ActList listNumber) {
             edited();
         }
     };
-    if (listNumber == kInputs) {
-        rename(tempProp->Act_Inputs->Item(shown.Key), &AttributeProperties::Attribute_Name);
-        tempProp->Act_Inputs->Changed = true;
-    } else if (listNumber == kOutputs) {
-        rename(tempProp->Act_Outputs->Item(shown.Key), &AttributeProperties::Attribute_Name);
+    if (listNumber != kParameters) {
+        rename(lists_.member<AttributeProperties>(listNumber, shown.Key), &AttributeProperties::Attribute_Name);
+        if (listNumber == kInputs) {
+            tempProp->Act_Inputs->Changed = true;
+        }
     } else if (isFunctionRow(shown)) {
         rename(tempProp->Act_Functions->Item(shown.Key), &FunctionProperties::Function_Name);
     } else {
-        rename(tempProp->Act_Parameters->Item(shown.Key), &ParameterProperties::Parameter_Name);
-    }
-}
-
-void SetActProp_Functions::renameOwner(const std::string& formerName, const std::string& newName) {
-    const SchemaMarks::Bulk bulk(marks_);
-    const auto eachBrought = [&](const auto& act) {
-        for (const ActList number : kActLists) {
-            for (int row = 1; row <= list(number).Count(); ++row) {
-                const std::string key = links::withNewHead(list(number).Item(row)->Key, formerName, newName);
-                if (key != list(number).Item(row)->Key) {
-                    act(number, row, key);
-                }
-            }
-        }
-    };
-    // Marks are withdrawn under the keys by which they were made.
-    std::vector<std::pair<ActList, int>> brought;
-    eachBrought([&](ActList number, int row, const std::string&) {
-        MarkRowInTree(*list(number).Item(row), number, false);
-        brought.emplace_back(number, row);
-    });
-    links::renameActivity(*tempProp, formerName, newName);
-    eachBrought([&](ActList number, int row, const std::string& key) {
-        list(number).alter(row, [&](ListRow& shown) {
-            shown.Key = key;
-            shown.Text = links::withNewHead(shown.Text, formerName, newName);
-        });
-    });
-    for (const auto& [number, row] : brought) {
-        MarkRowInTree(*list(number).Item(row), number, true);
-    }
-    refreshRows();
-    for (const ActList number : kActLists) {
-        twins_[static_cast<std::size_t>(number)].reset(list(number));
+        rename(lists_.member<ParameterProperties>(kParameters, shown.Key), &ParameterProperties::Parameter_Name);
     }
 }
 
@@ -248,8 +76,8 @@ void SetActProp_Functions::followRenames(const canvas::Renames& renames) {
         const canvas::LabelsD* node = rename.kind == KindOutput ? ParForm.nodeNamed(rename.owner) : nullptr;
         if (node && node->activity()) {
             const std::string parent = "GRAPH." + rename.owner + ".";
-            marks_.rename(parent + rename.former, parent + rename.now,
-                          node->activity()->Act_Outputs.peek()->Item(rename.now)->Attribute_Name);
+            lists_.marks().rename(parent + rename.former, parent + rename.now,
+                                  node->activity()->Act_Outputs.peek()->Item(rename.now)->Attribute_Name);
         }
     }
     if (!renames.empty()) {
@@ -266,36 +94,23 @@ void SetActProp_Functions::moveRowTo(int row, int to) {
     const bool function = isFunctionRow(*moved);
     frontList().move(row, to);
     frontList().select(to);
-    const auto move = [&](auto& entities, int place) { entities.move(entities.positionOf(key), place); };
-    if (SelectedList == kInputs) {
-        move(*tempProp->Act_Inputs, to);
-        tempProp->Act_Inputs->Changed = true;
-    } else if (SelectedList == kOutputs) {
-        move(*tempProp->Act_Outputs, to);
+    if (SelectedList != kParameters) {
+        auto& attributes = *lists_.members<AttributeProperties>(SelectedList);
+        attributes.move(attributes.positionOf(key), to);
+        if (SelectedList == kInputs) {
+            tempProp->Act_Inputs->Changed = true;
+        }
     } else if (!function) {
-        // The place counts the parameter itself while it stands above.
-        const int place = parameterPlace(to);
-        move(*tempProp->Act_Parameters, tempProp->Act_Parameters->positionOf(key) < place ? place - 1 : place);
+        moveParameter(key, to);
     }
     edited();
-}
-
-/// Where a parameter stands in its collection whose row stands at `position`: functions share the list.
-int SetActProp_Functions::parameterPlace(int position) const {
-    for (int row = std::min(position - 1, AttList[kParameters].Count()); row >= 1; --row) {
-        const ListRow& above = *AttList[kParameters].Item(row);
-        if (!isFunctionRow(above)) {
-            return tempProp->Act_Parameters->positionOf(above.Key) + 1;
-        }
-    }
-    return 1;
 }
 
 /// Links an input on to the member of its name, unless that has another source.
 template <class Member>
 void SetActProp_Functions::sendInput(int row, Member* member, const char* taken) {
     const ListRow* shown = list(kInputs).Item(row);
-    const AttributeProperties* input = shown ? tempProp->Act_Inputs->Item(shown->Key) : nullptr;
+    const AttributeProperties* input = shown ? lists_.member<AttributeProperties>(kInputs, shown->Key) : nullptr;
     if (!input || !member) {
         return;
     }
@@ -311,19 +126,19 @@ void SetActProp_Functions::sendInput(int row, Member* member, const char* taken)
     links->Add(tempProp->Act_Name, innerLink(tagOf(*shown)), relativeKey(KindInput, input->Key));
     member->Changed = true;
     links::linkMember(ParForm, *member, self());
-    refreshKey(input->Key);
+    lists_.refresh(input->Key);
     edited();
 }
 
 void SetActProp_Functions::SendOutput(int row) {
     const ListRow* shown = list(kInputs).Item(row);
-    sendInput(row, shown ? tempProp->Act_Outputs->Item(shown->Key) : nullptr,
+    sendInput(row, shown ? lists_.member<AttributeProperties>(kOutputs, shown->Key) : nullptr,
               "\nAn Attribute With The Same Name Allready Exists And Is Provided By An Other Source.");
 }
 
 void SetActProp_Functions::SendParameter(int row) {
     const ListRow* shown = list(kInputs).Item(row);
-    sendInput(row, shown ? tempProp->Act_Parameters->Item(shown->Key) : nullptr,
+    sendInput(row, shown ? lists_.member<ParameterProperties>(kParameters, shown->Key) : nullptr,
               "\nA Parameter With The Same Name Allready Exists And Is Regulated By An Other Source.");
 }
 
@@ -336,9 +151,11 @@ std::string SetActProp_Functions::whyNotSent(bool toOutput) const {
         return "Choose a row first";
     }
     if (toOutput) {
-        return tempProp->Act_Outputs->Item(shown->Key) ? "" : "The activity has no output " + shown->Key;
+        return lists_.member<AttributeProperties>(kOutputs, shown->Key) ? ""
+                                                                        : "The activity has no output " + shown->Key;
     }
-    return tempProp->Act_Parameters->Item(shown->Key) ? "" : "The activity has no parameter " + shown->Key;
+    return lists_.member<ParameterProperties>(kParameters, shown->Key) ? ""
+                                                                       : "The activity has no parameter " + shown->Key;
 }
 
 /// Whether a value of the source's type may flow into the target; a target that is defined by its source takes it on.

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "canvas/canvas_form.h"
+#include "editors/activity_lists.h"
 #include "editors/list_rows.h"
 #include "editors/schema_trees.h"
 #include "editors/tree_view_moving.h"
-#include "editors/twin_names.h"
 #include "entities/nodes.h"
 #include "forms/list.h"
 #include "links/member_rename.h"
@@ -17,8 +17,8 @@
 
 namespace orvent::editors {
 
-/// The lists and trees of the activity dialog, and how a row and its entity are made, renamed, moved and removed
-/// together. All of it works on `tempProp`, the dialog's copy of the activity.
+/// How a row of the activity dialog and its entity are made, renamed, moved and removed together. All of it works on
+/// `tempProp`, the dialog's copy of the activity.
 class SetActProp_Functions : public RowOperations {
   public:
     SetActProp_Functions(canvas::CanvasForm& form, canvas::LabelsD& node, repository::Catalogue& catalogue,
@@ -48,13 +48,15 @@ class SetActProp_Functions : public RowOperations {
     void moveRowTo(int row, int to);
 
     /// Fills the three lists from `tempProp` and marks what they use in the trees.
-    void fillLists();
+    void fillLists() { lists_.fill(); }
     /// Members, links and rows follow a new name of the activity.
-    void renameOwner(const std::string& formerName, const std::string& newName);
+    void renameOwner(const std::string& formerName, const std::string& newName) {
+        lists_.renameOwner(formerName, newName);
+    }
     /// The copy and the trees follow what was renamed in the graph.
     void followRenames(const canvas::Renames& renames);
     /// Sets the columns of all rows again.
-    void refreshRows();
+    void refreshRows() { lists_.refresh(); }
 
     // RowOperations
     forms::List& listFor(const forms::Tree::Node& node) override;
@@ -72,7 +74,7 @@ class SetActProp_Functions : public RowOperations {
     /// The entity takes the text of its row.
     void renameMember(int row, ActList listNumber);
     /// Sets the text of a row, which its entity does not know yet.
-    void setRowText(int row, ActList listNumber, const std::string& text);
+    void setRowText(int row, ActList listNumber, const std::string& text) { lists_.setText(listNumber, row, text); }
     /// Fills the trees with what the scenario offers.
     void buildTrees() { buildSchemaTrees(ParForm, ActiveNode, ActView, DBView); }
 
@@ -80,10 +82,6 @@ class SetActProp_Functions : public RowOperations {
 
   private:
     forms::List& list(ActList number) { return AttList[static_cast<std::size_t>(number)]; }
-    static RowKind kindOfParameter(const entities::ParameterProperties& parameter) {
-        return parameter.Tag == entities::TagConstant ? RowKind::constant : RowKind::parameter;
-    }
-    static bool isFunctionRow(const forms::ListRow& row) { return kindOf(row) == RowKind::function; }
 
     void addInput(const forms::Tree::Node& node, const std::string& key, int position);
     void addMirror(const entities::AttributeProperties& input);
@@ -91,6 +89,7 @@ class SetActProp_Functions : public RowOperations {
     void addParameter(const forms::Tree::Node& node, const std::string& key, int position);
     void addFunction(const forms::Tree::Node& node, int position);
     int parameterPlace(int position) const;
+    void moveParameter(const std::string& key, int position);
 
     void removeInput(const std::string& key);
     void removeOutput(const std::string& key);
@@ -98,20 +97,11 @@ class SetActProp_Functions : public RowOperations {
     void removeFunction(const std::string& key);
     template <class List>
     bool removeMember(List& members, const std::string& key, entities::NodeKindCode kind);
-    void unmark(ActList number, const std::string& key);
-    void addListRow(ActList number, forms::ListRow row, int position = 0);
-    void removeListRow(ActList number, const std::string& key);
     void note(std::int16_t id, entities::NodeKindCode kind);
     bool unlink(const std::string& nodeKey, ActList number, int row);
     void removeTypeMembers();
     void addTypeMembers(const entities::ActivityTypeProperties& type, entities::Act_FunctionsCollection& functions);
 
-    /// Marks or unmarks in the trees what the row uses.
-    void MarkRowInTree(const forms::ListRow& row, ActList number, bool used);
-    void refreshRow(ActList number, int row);
-    void refreshKey(const std::string& key);
-    /// The rows whose entities a change of links of this key may have reached.
-    std::vector<std::string> neighbours(const std::string& key);
     template <class Member>
     void sendInput(int row, Member* member, const char* taken);
     bool takesType(std::int16_t source, std::int16_t& target);
@@ -121,9 +111,7 @@ class SetActProp_Functions : public RowOperations {
     repository::Catalogue& catalogue_;
     platform::MessageBox& messages_;
     platform::Progress& progress_;
-    SchemaMarks marks_{ActView, DBView};
-    std::array<TwinNames, 3> twins_;
-    bool filled_ = false;  ///< the lists have been filled once
+    ActivityLists lists_;
 };
 
 }  // namespace orvent::editors

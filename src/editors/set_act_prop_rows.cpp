@@ -64,9 +64,9 @@ void SetActProp_Functions::AddRow(Tree::Node& node, int position) {
     } else {
         addParameter(node, key, position);
     }
-    MarkRowInTree(*frontList().Item(key), SelectedList, true);
-    for (const std::string& reached : neighbours(key)) {
-        refreshKey(reached);
+    lists_.MarkRowInTree(*frontList().Item(key), SelectedList, true);
+    for (const std::string& reached : lists_.neighbours(key)) {
+        lists_.refresh(reached);
     }
     edited();
 }
@@ -81,7 +81,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
     input.ProvidedFrom->Add(SecondSegment(node.value().Key), static_cast<LinkType>(input.Tag), linkedKey(node));
     AttributeProperties& added = tempProp->Act_Inputs->AddFullAttribute(input, "", false, position);
     tempProp->Act_Inputs->Changed = true;
-    addListRow(kInputs, newRow(key, key, input.Tag, RowKind::input), position);
+    lists_.add(kInputs, newRow(key, key, input.Tag, RowKind::input), position);
     if (!tempProp->Act_Outputs->Item(key)) {
         addMirror(added);
     }
@@ -95,7 +95,7 @@ void SetActProp_Functions::addMirror(const AttributeProperties& input) {
         tempProp->Act_Outputs->Add(input.Attribute_Name, input.Attribute_Type, tag, input.Key);
     output.ParentKeyName = tempProp->Act_Name;
     output.ProvidedFrom->Add(tempProp->Act_Name, static_cast<LinkType>(tag), relativeKey(KindInput, input.Key));
-    addListRow(kOutputs, newRow(input.Key, input.Attribute_Name, tag, RowKind::output));
+    lists_.add(kOutputs, newRow(input.Key, input.Attribute_Name, tag, RowKind::output));
     links::SynchronizeAttribute(ParForm, output, self());
 }
 
@@ -108,7 +108,7 @@ void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& 
     output.ParentKeyName = tempProp->Act_Name;
     output.ProviderFor->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     tempProp->Act_Outputs->AddFullAttribute(output, "", false, position);
-    addListRow(kOutputs, newRow(key, key, TagRecordSet, RowKind::output), position);
+    lists_.add(kOutputs, newRow(key, key, TagRecordSet, RowKind::output), position);
 }
 
 void SetActProp_Functions::addParameter(const Tree::Node& node, const std::string& key, int position) {
@@ -125,8 +125,27 @@ void SetActProp_Functions::addParameter(const Tree::Node& node, const std::strin
         parameter.RegulatedFrom->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     }
     tempProp->Act_Parameters->AddFullParameter(parameter, "", false, parameterPlace(position));
-    addListRow(kParameters, newRow(key, key, parameter.Tag, constant ? RowKind::constant : RowKind::parameter),
+    lists_.add(kParameters, newRow(key, key, parameter.Tag, constant ? RowKind::constant : RowKind::parameter),
                position);
+}
+
+/// Where a parameter stands in its collection whose row stands at `position`: functions share the list.
+int SetActProp_Functions::parameterPlace(int position) const {
+    for (int row = std::min(position - 1, AttList[kParameters].Count()); row >= 1; --row) {
+        const ListRow& above = *AttList[kParameters].Item(row);
+        if (!isFunctionRow(above)) {
+            return tempProp->Act_Parameters->positionOf(above.Key) + 1;
+        }
+    }
+    return 1;
+}
+
+/// Brings a parameter to where its row stands now. The place counts the parameter itself while it stands above.
+void SetActProp_Functions::moveParameter(const std::string& key, int position) {
+    const int place = parameterPlace(position);
+    Act_ParametersCollection& parameters = *tempProp->Act_Parameters;
+    const int former = parameters.positionOf(key);
+    parameters.move(former, former < place ? place - 1 : place);
 }
 
 void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
@@ -140,26 +159,12 @@ void SetActProp_Functions::addFunction(const Tree::Node& node, int position) {
             links::UnSynchronizeFunction(ParForm, *function, true, self());
         }
     }
-    addListRow(kParameters, newRow(name, name, TagFunction, RowKind::function), position);
+    lists_.add(kParameters, newRow(name, name, TagFunction, RowKind::function), position);
 }
 
 void SetActProp_Functions::note(std::int16_t id, NodeKindCode kind) {
     if (id != 0) {
         ParForm.DeletedNodes->Add(id, kind);
-    }
-}
-
-void SetActProp_Functions::addListRow(ActList number, ListRow row, int position) {
-    const std::string key = row.Key, text = row.Text;
-    list(number).add(std::move(row), position);
-    twins_[static_cast<std::size_t>(number)].came(list(number), key, text);
-}
-
-void SetActProp_Functions::removeListRow(ActList number, const std::string& key) {
-    if (const int row = list(number).positionOf(key)) {
-        const std::string text = list(number).Item(row)->Text;
-        list(number).remove(row);
-        twins_[static_cast<std::size_t>(number)].went(list(number), key, text);
     }
 }
 
@@ -170,7 +175,7 @@ void SetActProp_Functions::RemoveRow(int row) {
     }
     const std::string key = shown->Key;
     const bool function = isFunctionRow(*shown);
-    const std::vector<std::string> reached = neighbours(key);
+    const std::vector<std::string> reached = lists_.neighbours(key);
     if (function) {
         removeFunction(key);
     } else if (SelectedList == kInputs) {
@@ -181,16 +186,9 @@ void SetActProp_Functions::RemoveRow(int row) {
         removeParameter(key);
     }
     for (const std::string& neighbour : reached) {
-        refreshKey(neighbour);
+        lists_.refresh(neighbour);
     }
     edited();
-}
-
-/// What a row uses is marked no longer in the trees.
-void SetActProp_Functions::unmark(ActList number, const std::string& key) {
-    if (const ListRow* row = list(number).Item(key)) {
-        MarkRowInTree(*row, number, false);
-    }
 }
 
 /// Takes a member out of its list; its row in the repository is to go. False when there is none.
@@ -207,7 +205,7 @@ bool SetActProp_Functions::removeMember(List& members, const std::string& key, N
 }
 
 void SetActProp_Functions::removeInput(const std::string& key) {
-    unmark(kInputs, key);
+    lists_.unmark(kInputs, key);
     if (tempProp->Act_Parameters->Item(key)) {
         removeParameter(key);
     }
@@ -218,40 +216,40 @@ void SetActProp_Functions::removeInput(const std::string& key) {
     if (removeMember(*tempProp->Act_Inputs, key, KindInput)) {
         tempProp->Act_Inputs->Changed = true;
     }
-    removeListRow(kInputs, key);
+    lists_.remove(kInputs, key);
 }
 
 void SetActProp_Functions::removeOutput(const std::string& key) {
-    unmark(kOutputs, key);
+    lists_.unmark(kOutputs, key);
     removeMember(*tempProp->Act_Outputs, key, KindOutput);
-    removeListRow(kOutputs, key);
+    lists_.remove(kOutputs, key);
 }
 
 void SetActProp_Functions::removeParameter(const std::string& key) {
-    unmark(kParameters, key);
+    lists_.unmark(kParameters, key);
     removeMember(*tempProp->Act_Parameters, key, KindParameter);
-    removeListRow(kParameters, key);
+    lists_.remove(kParameters, key);
 }
 
 /// A function that a node of the canvas shows becomes free again when the dialog is applied.
 void SetActProp_Functions::removeFunction(const std::string& key) {
-    unmark(kParameters, key);
+    lists_.unmark(kParameters, key);
     if (FunctionProperties* function = tempProp->Act_Functions->Item(key)) {
         links::UnSynchronizeFunction(ParForm, *function, true, self());
         note(function->FunctionID, KindFunction);
         tempProp->Act_Functions->Remove(key);
     }
-    removeListRow(kParameters, key);
+    lists_.remove(kParameters, key);
 }
 
 void SetActProp_Functions::RemoveRowByTree(Tree::Node& node) {
     const std::string nodeKey = node.value().Key;
-    const std::optional<ActList> number = marks_.userOf(nodeKey);
+    const std::optional<ActList> number = lists_.marks().userOf(nodeKey);
     if (!number) {
         return;
     }
     int row = 0;
-    for (const std::string& user : marks_.rowsOf(nodeKey, *number)) {
+    for (const std::string& user : lists_.marks().rowsOf(nodeKey, *number)) {
         const int at = list(*number).positionOf(user);
         row = row == 0 ? at : std::min(row, at);
     }
@@ -308,9 +306,9 @@ bool SetActProp_Functions::unlink(const std::string& nodeKey, ActList number, in
         tempProp->Act_Inputs->Changed = true;
     }
     if (stays) {
-        marks_.unmark(nodeKey, number, key);
+        lists_.marks().unmark(nodeKey, number, key);
         list(number).alter(row, [&](ListRow& kept) { kept.Tag = static_cast<std::int16_t>(tag); });
-        refreshRow(number, row);
+        lists_.refresh(number, row);
         edited();
     }
     return stays;
@@ -342,7 +340,7 @@ void SetActProp_Functions::SetActivityType(int index) {
     tempProp->Act_SchemaNo = type.ActType_SchemaNo;
     tempProp->Act_Type = chosen;
     tempProp->Changed = true;
-    const SchemaMarks::Bulk bulk(marks_);
+    const SchemaMarks::Bulk bulk(lists_.marks());
     removeTypeMembers();
     addTypeMembers(type, functions);
     refreshRows();
@@ -367,18 +365,18 @@ void SetActProp_Functions::addTypeMembers(const ActivityTypeProperties& type, Ac
     const std::string& owner = tempProp->Act_Name;
     for (const OutputProperties& brought : type.ActType_OutPuts) {
         const std::string key = owner + "." + brought.Output_Name;
-        addListRow(kOutputs, newRow(key, brought.Output_Name, TagTypeOutput, RowKind::output));
+        lists_.add(kOutputs, newRow(key, brought.Output_Name, TagTypeOutput, RowKind::output));
         tempProp->Act_Outputs->Add(key, brought.Output_Type, TagTypeOutput, key).ParentKeyName = owner;
     }
     for (const ParamProperties& brought : type.ActType_Parameters) {
         const std::string key = owner + "." + brought.Parameter_Name;
-        addListRow(kParameters, newRow(key, brought.Parameter_Name, TagTypeParameter, RowKind::parameter));
+        lists_.add(kParameters, newRow(key, brought.Parameter_Name, TagTypeParameter, RowKind::parameter));
         tempProp->Act_Parameters->Add(brought.Parameter_Name, brought.Parameter_Type, TagTypeParameter, key)
             .ParentKeyName = owner;
     }
     for (int at = 1; at <= functions.Count(); ++at) {
         const std::shared_ptr<FunctionProperties> function = functions.share(at);
-        addListRow(kParameters,
+        lists_.add(kParameters,
                    newRow(function->Function_Key, function->Function_Name, TagTypeFunction, RowKind::function));
         tempProp->Act_Functions->append(function, function->Function_Key);
     }
