@@ -7,6 +7,7 @@
 #include "canvas/pointer_boxes.h"
 #include "canvas/pointer_comment.h"
 #include "canvas/pointer_edges.h"
+#include "canvas/pointer_name.h"
 
 namespace orvent::canvas {
 
@@ -65,6 +66,8 @@ void CanvasPointer::edgeGoes(const LinesD& edge) {
 // Presses.
 
 void CanvasPointer::press(const PointerEvent& event) {
+    again_.reset();
+    clickedAgain_ = false;
     dropIfToolChanged();
     if (captures_ && event.button != LeftButton) {
         if (gesture_ && event.button == RightButton) {
@@ -122,7 +125,11 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
         }
         return;
     }
-    const bool ofGroup = canvas_.SelectedLabels.Count() > 1 && canvas_.SelectedLabels.Item(node.Index());
+    const bool isSelected = canvas_.SelectedLabels.Item(node.Index());
+    if (isSelected && canvas_.SelectedLabels.Count() == 1 && isArrow(ports_.tools.DrawMode()) && !event.ctrl) {
+        again_.emplace(event.at, event.slack);
+    }
+    const bool ofGroup = canvas_.SelectedLabels.Count() > 1 && isSelected;
     std::vector<NodeNumber> group = ofGroup ? canvas_.SelectedLabels.members() : std::vector<NodeNumber>{};
     if (!event.ctrl) {
         canvas_.ClearCrop();
@@ -170,6 +177,9 @@ void CanvasPointer::move(const PointerEvent& event) {
         cancel();  // the release went astray
     }
     if (captures_ && gesture_) {
+        if (again_) {
+            again_->reach(event.at);  // a drag that comes back is no click
+        }
         gesture_->follow(event);
     } else if (!captures_ && event.button == NoButton) {
         hover(event);
@@ -198,6 +208,7 @@ void CanvasPointer::release(const PointerEvent& event) {
         return;
     }
     captures_ = false;
+    clickedAgain_ = again_ && !again_->reach(event.at);
     // Taken out first: a message at its end runs a loop of its own, in which the pointer may begin anew.
     if (std::unique_ptr<Gesture> held = std::move(gesture_); held && !held->release(event)) {
         gesture_ = std::move(held);
@@ -221,7 +232,7 @@ void CanvasPointer::doubleClick(const PointerEvent& event) {
     }
     if (node->NodeType() == NodeTypeComment && node->onText(event.at)) {
         begin<CommentEditing>(view_, *node);
-    } else if (node->NodeType() == NodeTypeRecordSet || node->NodeType() == NodeTypeActivity) {
+    } else if (canvas_.isZoom() || node->NodeType() == NodeTypeRecordSet || node->NodeType() == NodeTypeActivity) {
         ports_.windows.openProperties(canvas_, *node);
     }
 }
@@ -235,6 +246,29 @@ void CanvasPointer::editComment(const std::string& text) {
 void CanvasPointer::endEditing() {
     if (state() == PointerState::editing) {
         cancel();
+    }
+}
+
+bool CanvasPointer::beginNaming() {
+    const LabelsD* node = captures_ ? nullptr : keys_.selectedNode();
+    const std::optional<std::string> name =
+        node && canvas_.SelectedLabels.Count() == 1 ? ports_.windows.nameInPlace(canvas_, *node) : std::nullopt;
+    if (name) {
+        cancel();
+        begin<NameEditing>(view_, *node, *name);
+    }
+    return name.has_value();
+}
+
+void CanvasPointer::takeName(const std::string& name) {
+    const NodeNumber index = view_.NamedNode;
+    LabelsD* node = canvas_.Labels.byIndex(index);
+    if (!node || state() != PointerState::editing) {
+        return;
+    }
+    cancel();  // a message has the keys meanwhile
+    if (!ports_.windows.rename(canvas_, *node, name) && canvas_.Labels.byIndex(index) && canvas_.Enabled()) {
+        begin<NameEditing>(view_, *node, name);
     }
 }
 

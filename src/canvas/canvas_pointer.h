@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,7 +22,8 @@ namespace orvent::canvas {
 /// The gestures of a canvas: which change of the graph or of the selection a press, a move and a release mean, by the
 /// tool in use. The window forwards its events, one call each, and paints what the canvas then says: nodes, edges and
 /// the edge being drawn (a member of `Lines` without a target); and above them what stands in its view's state:
-/// `Grabber` (while `GrabberVisible`), `CroppingRect`, `ResizeLabel`, `DragOutline` and the editor of `EditedComment`.
+/// `Grabber` (while `GrabberVisible`), `CroppingRect`, `ResizeLabel`, `DragOutline` and the editors of `EditedComment`
+/// and `NamedNode`.
 ///
 /// While a button is held, events belong to the element where it was pressed, wherever the pointer is. At most one
 /// gesture is under way; a node or an edge that goes in the middle of it ends it and leaves nothing behind.
@@ -57,6 +59,15 @@ class CanvasPointer : private CanvasListener {
     void editComment(const std::string& text);
     /// The editor was left.
     void endEditing();
+
+    /// Edits the name of the only selected node in its box. False where there is none that can be named there.
+    bool beginNaming();
+    /// The editor of `NamedNode` gives its text: the node takes it as its name, and the editor ends. When it is
+    /// refused, an editor begins with it.
+    void takeName(const std::string& name);
+    /// Whether the last press and release were a click on the only selected node, with the arrow: unless a double
+    /// click follows, its name is meant.
+    bool clickedAgain() const { return clickedAgain_; }
 
     /// Gives up the gesture under way: Escape, a change of tool, the window is deactivated or closed, a command of the
     /// frame is about to run. Graph and markers are as before the gesture, and so is the selection that a crop changed;
@@ -109,6 +120,8 @@ class CanvasPointer : private CanvasListener {
     std::unique_ptr<Gesture> gesture_;  ///< under way, or nothing
     std::string tool_;                  ///< with which it began
     bool captures_ = false;             ///< the left button is held, and events belong to where it was pressed
+    std::optional<DragStart> again_;    ///< the press was on the only selected node
+    bool clickedAgain_ = false;
 };
 
 }  // namespace orvent::canvas

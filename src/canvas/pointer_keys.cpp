@@ -14,6 +14,8 @@ bool CanvasPointer::keyDown(int keyCode, bool ctrl) {
             return escape();
         case EnterKey:
             return enter();
+        case RenameKey:
+            return beginNaming();
         case MenuKey:
             cancel();
             return menus_.openSelected();

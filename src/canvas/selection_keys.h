@@ -10,7 +10,8 @@ namespace orvent::canvas {
 /// Codes of the keys of a canvas; those of the letters are 'A' to 'Z'. The arrows move the selection from node to node,
 /// with Ctrl they move the selected nodes. Escape gives up the gesture, or else presses the tool "Arrow". A letter
 /// presses a tool. Enter places a node, or draws an edge from the selected node to the one selected at the next
-/// Enter; with another tool it opens the dialog of the one selected node.
+/// Enter; with another tool it opens the dialog of the one selected node. F2 edits
+/// the name of that in its box.
 enum KeyCode : int {
     EnterKey = 13,
     EscapeKey = 27,
@@ -19,7 +20,8 @@ enum KeyCode : int {
     RightKey = 39,
     DownKey = 40,
     DeleteKey = 46,
-    MenuKey = 93
+    MenuKey = 93,
+    RenameKey = 113
 };
 
 /// What keys do to the selected nodes of a canvas, and how they place a node. It knows nothing of gestures; whoever

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "canvas/canvas.h"
@@ -26,6 +27,8 @@ class ViewState {
     MarkerBox DragOutline;               ///< where a dragged node or handle would go
     std::vector<Box> DragOutlines;       ///< where the other nodes of a dragged group would go
     NodeNumber EditedComment = kNoNode;  ///< the comment whose text is being edited
+    NodeNumber NamedNode = kNoNode;      ///< the node whose name is being edited
+    std::string NodeName;                ///< what its editor begins with
 
     std::function<void()> changed;  ///< a marker or the place of the window has to be shown again
     void tell() const {

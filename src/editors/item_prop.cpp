@@ -77,18 +77,28 @@ ItemProp::ItemProp(zoom::ZoomView& form, LabelsD& node, FunctionTypeSource& func
     shownName_ = txtName;
 }
 
-void ItemProp::readEntity() {
-    if (const auto* attribute = node_.entity<AttributeProperties>()) {
-        txtName = attribute->Attribute_Name;
-    } else if (const auto* parameter = node_.entity<ParameterProperties>()) {
-        txtName = parameter->Parameter_Name;
-    } else if (const auto* function = node_.entity<FunctionProperties>()) {
-        txtName = function->Function_Name;
-        if (!zoom::standsAlone(form_, node_) && txtName.starts_with(function->ParentKeyName() + ".")) {
-            head_ = function->ParentKeyName() + ".";
-            txtName.erase(0, head_.size());
-        }
+std::string ItemProp::nameOf(const zoom::ZoomView& form, const LabelsD& node) {
+    if (const auto* attribute = node.entity<AttributeProperties>()) {
+        return attribute->Attribute_Name;
     }
+    if (const auto* parameter = node.entity<ParameterProperties>()) {
+        return parameter->Parameter_Name;
+    }
+    const auto& function = *node.entity<FunctionProperties>();
+    return function.Function_Name.substr(headOf(form, node).size());
+}
+
+/// Of a function's key.
+std::string ItemProp::headOf(const zoom::ZoomView& form, const LabelsD& node) {
+    const auto* function = node.entity<FunctionProperties>();
+    const std::string head = function ? function->ParentKeyName() + "." : std::string();
+    return function && !zoom::standsAlone(form, node) && function->Function_Name.starts_with(head) ? head
+                                                                                                   : std::string();
+}
+
+void ItemProp::readEntity() {
+    txtName = nameOf(form_, node_);
+    head_ = headOf(form_, node_);
     const bool fresh = txtName.empty();
     indices_ = table().listed(fresh ? -1 : *type());
     for (const std::int16_t index : indices_) {
@@ -131,9 +141,9 @@ bool ItemProp::hasFault(ItemFault fault) const {
     return false;
 }
 
-bool ItemProp::check() const {
+bool ItemProp::check(bool ofType) const {
     for (const ItemCheck& row : words.checks) {
-        if (hasFault(row.fault)) {
+        if ((ofType || row.fault != ItemFault::noType) && hasFault(row.fault)) {
             messages().tell(row.words, {}, platform::Icon::warning);
             return false;
         }
@@ -141,8 +151,22 @@ bool ItemProp::check() const {
     return true;
 }
 
+bool ItemProp::rename(const std::string& name) {
+    txtName = name;
+    if (txtName == shownName_) {
+        return true;
+    }
+    if (!check(false) || !zoom::RenameNode(form_, node_, keyOf(txtName))) {
+        return false;
+    }
+    markChanged();
+    form_.touch();
+    form_.rules().edited(form_);
+    return true;
+}
+
 bool ItemProp::apply() {
-    if (!check()) {
+    if (!check(true)) {
         return false;
     }
     const bool renamed = txtName != shownName_;

@@ -41,6 +41,9 @@ class ItemProp : public forms::Editor {
     /// Whether the node has such a dialog. What only repeats another node of the view is edited at that one.
     static bool edits(const zoom::ZoomView& form, const canvas::LabelsD& node);
 
+    /// The name of such a node as its dialog shows it; empty while it was given none.
+    static std::string nameOf(const zoom::ZoomView& form, const canvas::LabelsD& node);
+
     ItemProp(zoom::ZoomView& form, canvas::LabelsD& node, entities::FunctionTypeSource& functionTypes);
 
     const ItemWords& words;
@@ -52,6 +55,8 @@ class ItemProp : public forms::Editor {
 
     void changeName(const std::string& text) { txtName = text; }
     void selectType(int position) { TypeIndex = position; }
+    /// Gives the node another name and leaves its type. False when the name is refused, which is told.
+    bool rename(const std::string& name);
     /// The button. True when the dialog closes.
     bool OK_Click() { return Apply(); }
 
@@ -65,7 +70,8 @@ class ItemProp : public forms::Editor {
     std::int16_t chosenType() const { return indices_[static_cast<std::size_t>(TypeIndex)]; }
     void readEntity();
     bool hasFault(ItemFault fault) const;
-    bool check() const;
+    bool check(bool ofType) const;
+    static std::string headOf(const zoom::ZoomView& form, const canvas::LabelsD& node);
     bool typeIsChosen() const { return TypeIndex >= 0 && TypeIndex < static_cast<int>(Types.size()); }
     std::string keyOf(const std::string& name) const { return head_ + name; }
     void markChanged();

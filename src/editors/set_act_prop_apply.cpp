@@ -1,10 +1,10 @@
 // How the activity dialog gives its copy to the graph, and what its end puts back.
 
 #include "editors/function_nodes.h"
+#include "editors/rename_in_place.h"
 #include "editors/set_act_prop.h"
 #include "forms/name_check.h"
 #include "links/mirror_exchange.h"
-#include "links/propagate_rename.h"
 #include "links/synchronize_functions.h"
 
 namespace orvent::editors {
@@ -92,24 +92,10 @@ bool SetActProp::ApplyActivity() {
 /// it in its place. Outputs that the type brought bear the name in their keys, and so do the members downstream that
 /// they feed: these follow. Gives what was renamed downstream.
 canvas::Renames SetActProp::renameInGraph(ActivityProperties& record) {
-    canvas::Renames renames;
-    if (txtName == keptCaption_) {
-        return renames;
-    }
-    std::vector<std::string> formerKeys;
-    for (const AttributeProperties& output : record.Act_Outputs) {
-        formerKeys.push_back(output.Key);
-    }
-    links::renameOwner(ParForm, record, keptCaption_, txtName);
-    auto formerKey = formerKeys.begin();
-    for (AttributeProperties& output : record.Act_Outputs) {
-        if (tempProp->Act_Outputs->Item(output.Key)) {
-            const canvas::Renames carried = links::PropagateRename(ParForm, output, *formerKey);
-            renames.insert(renames.end(), carried.begin(), carried.end());
-        }
-        ++formerKey;
-    }
-    return renames;
+    return txtName == keptCaption_ ? canvas::Renames()
+                                   : renameActivityIn(ParForm, record, keptCaption_, txtName, [&](const auto& key) {
+                                         return tempProp->Act_Outputs->Item(key) != nullptr;
+                                     });
 }
 
 /// The nodes of functions that the activity uses show those of its new record; those that it gave up are free again. A

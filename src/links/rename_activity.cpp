@@ -53,6 +53,7 @@ class Renaming {
             FunctionProperties& function = *held;
             function.setParentKeyName(new_);
             function.Function_Key = withNewHead(function.Function_Key, former_, new_);
+            function.Function_Name = withNewHead(function.Function_Name, former_, new_);
             function.Changed = true;
             eachMember(function, [&](ParameterProperties& parameter) {
                 parameter.ParentKeyName = withNewHead(parameter.ParentKeyName, former_, new_);

@@ -60,6 +60,16 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
     }
 }
 
+bool CanvasDialogs::rename(canvas::CanvasForm& form, canvas::LabelsD& node, const std::string& name) {
+    const canvas::NodeNumber index = node.Index();
+    const bool renamed = editors::renameInPlace(services_, form, node, name);
+    if (renamed) {
+        touch(form, index);
+    }
+    windows_.enabledChanged();  // a message had the keys
+    return renamed;
+}
+
 void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) {
     const Awake awake(windows_);
     const canvas::NodeNumber index = activity.Index();

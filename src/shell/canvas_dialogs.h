@@ -1,7 +1,7 @@
 #pragma once
 
 #include "canvas/canvas_host.h"
-#include "editors/set_act_prop.h"
+#include "editors/rename_in_place.h"
 #include "shell/desk.h"
 
 namespace orvent::shell {
@@ -40,6 +40,10 @@ class CanvasDialogs : public canvas::CanvasWindows {
     void openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) override;
     std::string typeOf(const canvas::LabelsD& node) const override;
     void close(canvas::CanvasForm& form) override { windows_.close(form); }
+    std::optional<std::string> nameInPlace(canvas::CanvasForm& form, const canvas::LabelsD& node) override {
+        return editors::nameInPlace(form, node);
+    }
+    bool rename(canvas::CanvasForm& form, canvas::LabelsD& node, const std::string& name) override;
     void edit(canvas::CanvasForm& form, canvas::EditAction action) override { windows_.edit(form, action); }
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {

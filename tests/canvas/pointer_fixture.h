@@ -42,6 +42,13 @@ class LoggingHost : public canvas::ToolState,
     }
     std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm& form) override { log_ += " close " + form.Caption(); }
+    std::optional<std::string> nameInPlace(canvas::CanvasForm&, const canvas::LabelsD& node) override {
+        return node.NodeType() == canvas::NodeTypeComment ? std::nullopt : std::optional(node.Caption());
+    }
+    bool rename(canvas::CanvasForm&, canvas::LabelsD& node, const std::string& name) override {
+        log_ += " rename " + node.Caption() + " " + name;
+        return name != "taken";
+    }
     void edit(canvas::CanvasForm&, canvas::EditAction action) override {
         log_ += " edit " + std::to_string(static_cast<int>(action));
     }

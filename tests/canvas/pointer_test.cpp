@@ -487,6 +487,42 @@ TEST(Pointer, ACommentIsEditedInItsBox) {
     }
 }
 
+TEST(Pointer, ANodeIsNamedInItsBox) {
+    PointerStage stage;
+    const auto named = [&stage] { return stage.view.NamedNode == 1_node ? stage.view.NodeName : std::string("-"); };
+    EXPECT_FALSE(stage.pointer->beginNaming());
+    stage.play("press n1 1500 1200|release n1 1500 1200");
+    EXPECT_FALSE(stage.pointer->clickedAgain());
+    // A second click means the name; a drag, Ctrl and a click on one of several do not.
+    for (const auto& [clicks, again] : std::initializer_list<std::pair<const char*, bool>>{
+             {"press n1 1500 1200|release n1 1500 1200", true},
+             {"press n1 1500 1200|move n1 1900 1900 L|move n1 1500 1200 L|release n1 1500 1200", false},
+             {"press n1 1500 1200 C|release n1 1500 1200 C", false},
+             {"press n1 1500 1200|release n1 1500 1200", false},
+             {"press n2 3500 1200 C|release n2 3500 1200 C|press n1 1500 1200|release n1 1500 1200", false}}) {
+        stage.play(clicks);
+        EXPECT_EQ(stage.pointer->clickedAgain(), again) << clicks;
+    }
+    stage.host.taken();
+    EXPECT_TRUE(stage.pointer->keyDown(RenameKey));
+    EXPECT_EQ(named(), "RS");
+    EXPECT_FALSE(stage.pointer->keyDown('M'));
+    stage.pointer->takeName("taken");
+    EXPECT_EQ(named(), "taken");  // it can be mended
+    stage.pointer->takeName("Orders");
+    EXPECT_EQ(named(), "-");
+    stage.pointer->takeName("Late");
+    EXPECT_EQ(stage.host.taken(), " rename RS taken rename RS Orders");
+    for (const char* end : {"cancel", "press p 1 1|press n1 1500 1200|release n1 1500 1200", "delete n1"}) {
+        EXPECT_TRUE(stage.pointer->beginNaming()) << end;
+        stage.play(end);
+        EXPECT_EQ(named(), "-");
+    }
+    EXPECT_EQ(stage.host.taken(), "");
+    stage.play("press n3 1500 3100|release n3 1500 3100");
+    EXPECT_FALSE(stage.pointer->keyDown(RenameKey));  // a comment
+}
+
 TEST(DrawForm, TheClosingQuestionTellsWhetherAnythingIsLost) {
     PointerStage stage;
     stage.form.setScenarioName("Orders");

@@ -12,7 +12,7 @@
 #include "testkit/model_text.h"
 #include "testkit/state_text.h"
 #include "testkit/test_frame.h"
-#include "zoom/rename_node.h"
+#include "zoom/zoom_form.h"
 
 namespace orvent::testkit {
 
@@ -128,6 +128,18 @@ class ScenarioWalk {
         dialog.end();
     }
 
+    /// False where the node has no name that is edited there.
+    bool renameInPlace(canvas::CanvasForm& canvas, canvas::LabelsD& node) {
+        canvas::CanvasWindows& windows = frame.pointerPorts().windows;
+        const bool named = windows.nameInPlace(canvas, node).has_value();
+        if (named) {
+            const std::string name = pick(5) > 0 ? freshName() : anyNode().Caption();
+            say("  " + node.KeyName() + " becomes " + name);
+            windows.rename(canvas, node, name);
+        }
+        return named;
+    }
+
     void zoomSession() {
         canvas::LabelsD* activity = anyActivity();
         if (!activity) {
@@ -141,8 +153,7 @@ class ScenarioWalk {
         ASSERT_TRUE(view);
         for (int edits = 1 + pick(4); edits > 0; --edits) {
             for (canvas::LabelsD& node : view->Labels) {
-                if (node.entity<entities::AttributeProperties>() && view->bearsName(node) && pick(4) == 0) {
-                    zoom::RenameNode(*view, node, freshName());
+                if (pick(4) == 0 && renameInPlace(*view, node)) {
                     break;
                 }
             }
@@ -245,7 +256,9 @@ class ScenarioWalk {
                 return;
             case 7:
             case 8:
-                if (canvas::LabelsD& node = anyNode(); node.activity() || node.recordSet()) {
+                if (canvas::LabelsD& node = anyNode(); pick(3) == 0) {
+                    renameInPlace(*form, node);
+                } else if (node.activity() || node.recordSet()) {
                     say("  dialog of " + node.Caption());
                     frame.pointerPorts().windows.openProperties(*form, node);
                 }

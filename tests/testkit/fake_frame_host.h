@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
 #include "exchange/open_scenario.h"
 #include "repository/user_login.h"
@@ -27,6 +28,7 @@ class FakeFrameHost : public shell::FrameHost {
             }
         });
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
+        dialogs_.add<editors::ItemProp>([this](auto& dialog) { atItem(dialog); });
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
         dialogs_.add<exchange::MissingTypesForm>([this](auto& question) { atMissingTypes(question); });
         dialogs_.add<shell::RecoveryForm>([this](auto& left) { atRecovery(left); });
@@ -39,6 +41,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(repository::ViewScenarios&)> atScenarios;
     std::function<void(statements::LDLForm&)> atWizard;  ///< without it the wizard is closed at once
     std::function<void(editors::RecordSetProp&)> atRecordSet;
+    std::function<void(editors::ItemProp&)> atItem;
     std::function<void(editors::SetActProp&)> atActivity;
     std::function<void(shell::EdgeChangesForm&)> atEdgeChanges;
     std::function<void(exchange::MissingTypesForm&)> atMissingTypes;

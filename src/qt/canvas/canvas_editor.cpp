@@ -37,10 +37,10 @@ struct Key {
     int code;
 };
 
-constexpr Key kKeys[] = {{Qt::Key_Escape, canvas::EscapeKey}, {Qt::Key_Left, canvas::LeftKey},
-                         {Qt::Key_Up, canvas::UpKey},         {Qt::Key_Right, canvas::RightKey},
-                         {Qt::Key_Down, canvas::DownKey},     {Qt::Key_Delete, canvas::DeleteKey},
-                         {Qt::Key_Return, canvas::EnterKey},  {Qt::Key_Enter, canvas::EnterKey}};
+constexpr Key kKeys[] = {
+    {Qt::Key_Escape, canvas::EscapeKey}, {Qt::Key_Left, canvas::LeftKey},   {Qt::Key_Up, canvas::UpKey},
+    {Qt::Key_Right, canvas::RightKey},   {Qt::Key_Down, canvas::DownKey},   {Qt::Key_Delete, canvas::DeleteKey},
+    {Qt::Key_Return, canvas::EnterKey},  {Qt::Key_Enter, canvas::EnterKey}, {Qt::Key_F2, canvas::RenameKey}};
 
 /// The code of a key that the canvas may take, 0 for others.
 int codeOf(const QKeyEvent& event) {
@@ -75,6 +75,7 @@ CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const c
     setLineWidth(2);
     setForegroundRole(kRim);
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
+    connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeNameField);
     connect(&theme, &Theme::changed, this, &CanvasEditor::showFocus);
     showFocus();
 }
@@ -94,6 +95,7 @@ canvas::PointerEvent CanvasEditor::pointerEvent(const QMouseEvent& event, int bu
 }
 
 void CanvasEditor::mousePressEvent(QMouseEvent* event) {
+    second_.stop();
     CanvasViewWidget::mousePressEvent(event);
     if (event->button() == Qt::LeftButton && !pointer_.resizes() && takeCommentBar(event->position())) {
         return;
@@ -125,16 +127,21 @@ void CanvasEditor::mouseReleaseEvent(QMouseEvent* event) {
     if (const int button = buttonOf(event->button())) {
         pointer_.release(pointerEvent(*event, button));
         light_.follow();
+        if (pointer_.clickedAgain()) {
+            second_.start(QApplication::doubleClickInterval(), this);
+        }
     }
 }
 
 void CanvasEditor::mouseDoubleClickEvent(QMouseEvent* event) {
+    second_.stop();
     if (const int button = buttonOf(event->button())) {
         pointer_.doubleClick(pointerEvent(*event, button));
     }
 }
 
 void CanvasEditor::keyPressEvent(QKeyEvent* event) {
+    second_.stop();
     const int code = codeOf(*event);
     if (code == 0 || !pointer_.keyDown(code, event->modifiers().testFlag(Qt::ControlModifier))) {
         CanvasViewWidget::keyPressEvent(event);
@@ -246,6 +253,7 @@ void CanvasEditor::showMenu(const canvas::ContextMenu& menu, canvas::Point at) {
 void CanvasEditor::stateChanged() {
     CanvasViewWidget::stateChanged();
     showCommentEditor();
+    showNameField();
 }
 
 /// The legend stands below the picture and covers nothing of it.

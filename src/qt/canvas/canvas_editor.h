@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QPointer>
 
 #include "canvas/canvas_pointer.h"
@@ -10,6 +11,7 @@ class QPlainTextEdit;
 
 namespace orvent::qt {
 
+class NameField;
 class TintLegend;
 
 /// A canvas that is edited by hand: the view, whose events go to the canvas' gestures.
@@ -49,6 +51,7 @@ class CanvasEditor : public CanvasViewWidget {
     void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void stateChanged() override;
 
   private:
@@ -58,11 +61,15 @@ class CanvasEditor : public CanvasViewWidget {
     void showFocus();
     void showCommentEditor();
     void placeCommentEditor();
+    void showNameField();
+    void placeNameField();
     void placeLegend();
 
     canvas::CanvasPointer pointer_;
     canvas::PointedLight light_;
     TintLegend* legend_ = nullptr;      ///< while there are tints
+    QPointer<NameField> name_;          ///< the editor of `NamedNode`, while there is one
+    QBasicTimer second_;                ///< runs while a click may become a double click
     QPointer<QPlainTextEdit> comment_;  ///< the editor of `EditedComment`, while there is one
 };
 
