@@ -107,8 +107,12 @@ struct Desk : StartedProgram {
             tool("EdgeBar", row.tool);
             // From the right side of a box to the left side of the next one.
             const Point to{kNodes[row.to].at.x - 400, kNodes[row.to].at.y};
+            const QPoint before = pixel(to);
             drag({kNodes[row.from].at.x + 400, kNodes[row.from].at.y}, to);
+            QCOMPARE(pixel(to), before);  // the line above the picture has come
         }
+        QVERIFY(control<QWidget>(frame, "offer")->isVisible());
+        editor().verticalScrollBar()->setValue(0);
     }
 };
 

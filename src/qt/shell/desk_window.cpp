@@ -88,8 +88,8 @@ void DeskWindow::release() {
         subscription_.end();
         settling_.stop();
         form_ = nullptr;
-        delete std::exchange(editor_, nullptr);
         delete std::exchange(offer_, nullptr);
+        delete std::exchange(editor_, nullptr);
         delete std::exchange(legend_, nullptr);
     }
 }

@@ -1,10 +1,12 @@
 #include "qt/shell/offer_bar.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QToolButton>
 
 #include "qt/text.h"
@@ -13,10 +15,10 @@
 
 namespace orvent::qt {
 
-OfferBar::OfferBar(canvas::CanvasForm& form, QWidget& keys, QWidget* parent)
-    : QWidget(parent), form_(form), words_(new QLabel(this)), take_(new QPushButton(this)) {
+OfferBar::OfferBar(canvas::CanvasForm& form, QAbstractScrollArea& view, QWidget* parent)
+    : QWidget(parent), form_(form), view_(view), words_(new QLabel(this)), take_(new QPushButton(this)) {
     setObjectName(QStringLiteral("offer"));
-    setFocusProxy(&keys);
+    setFocusProxy(&view);
     words_->setTextFormat(Qt::PlainText);
     take_->setObjectName(QStringLiteral("takeOffer"));
     auto* close = new QToolButton(this);
@@ -48,7 +50,20 @@ void OfferBar::refresh() {
     } else if (isAncestorOf(QApplication::focusWidget())) {
         focusProxy()->setFocus();
     }
-    setVisible(offer.has_value());
+    if (offer.has_value() == isHidden()) {
+        showOrHide(offer.has_value());
+    }
+}
+
+/// What the view loses or gains at its top is scrolled away.
+void OfferBar::showOrHide(bool shown) {
+    const bool isSeen = view_.isVisible();
+    const int before = view_.y();
+    setVisible(shown);
+    if (isSeen) {
+        parentWidget()->layout()->activate();
+        view_.verticalScrollBar()->setValue(view_.verticalScrollBar()->value() + view_.y() - before);
+    }
 }
 
 void OfferBar::paintEvent(QPaintEvent*) {

@@ -5,17 +5,19 @@
 
 #include "canvas/canvas_form.h"
 
+class QAbstractScrollArea;
 class QLabel;
 class QPushButton;
 
 namespace orvent::qt {
 
-/// The line above a canvas: what its window offers, a button that takes it, and one that turns it down. The Tab key
-/// goes on from the canvas to them; a click on them leaves the keys with the canvas.
+/// The line above a canvas: what its window offers, a button that takes it, and one that turns it down. The
+/// picture stays where it is on the screen when the line comes or goes. The Tab key goes on from the canvas to the
+/// buttons; a click on them leaves the keys with the canvas.
 class OfferBar : public QWidget {
   public:
-    /// `keys` gets the focus when the offer goes.
-    OfferBar(canvas::CanvasForm& form, QWidget& keys, QWidget* parent);
+    /// `view` shows the form's canvas, and gets the focus when the offer goes.
+    OfferBar(canvas::CanvasForm& form, QAbstractScrollArea& view, QWidget* parent);
 
     /// Shows the form's offer as it is now; hidden when there is none.
     void refresh();
@@ -27,7 +29,10 @@ class OfferBar : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void showOrHide(bool shown);
+
     canvas::CanvasForm& form_;
+    QAbstractScrollArea& view_;
     QLabel* words_;
     QPushButton* take_;
     std::array<QWidget*, 2> buttons_;

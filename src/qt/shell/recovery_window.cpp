@@ -1,5 +1,6 @@
 #include "qt/shell/recovery_window.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -39,6 +40,17 @@ RecoveryWindow::RecoveryWindow(shell::RecoveryForm& logic, QWidget* parent)
     });
     addCancel(QStringLiteral("cmdLater")).setText(tr("&Later"));
     showRows();
+    parent->window()->installEventFilter(this);
+}
+
+/// The frame gets its place and size after this window at a start.
+bool RecoveryWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parentWidget()->window() && event->type() == QEvent::Resize) {
+        QRect place = frameGeometry();
+        place.moveCenter(parentWidget()->window()->geometry().center());
+        move(place.topLeft());
+    }
+    return FormWindow::eventFilter(watched, event);
 }
 
 void RecoveryWindow::showRows() {

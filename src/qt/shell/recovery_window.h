@@ -14,6 +14,9 @@ class RecoveryWindow : public FormWindow {
   public:
     RecoveryWindow(shell::RecoveryForm& logic, QWidget* parent);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void showRows();
     std::vector<std::size_t> selected() const;

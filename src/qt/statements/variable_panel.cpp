@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/statements/keep_place.h"
 #include "qt/statements/option_group.h"
@@ -116,6 +117,8 @@ void VariablePanel::addWords(QGroupBox& frame) {
     meaning_->setObjectName(QStringLiteral("meaning"));
     meaning_->setTextFormat(Qt::PlainText);
     meaning_->setWordWrap(true);
+    meaning_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    meaning_->installEventFilter(this);
     proposal_ = new QLabel(&frame);
     proposal_->setObjectName(QStringLiteral("proposal"));
     proposal_->setTextFormat(Qt::RichText);
@@ -134,6 +137,7 @@ void VariablePanel::showWords() {
         logic_.CurrentVariable ? QString::fromStdString(guide.meaningOf(*logic_.CurrentVariable)) : QString();
     meaning_->setText(meaning);
     meaning_->setVisible(!meaning.isEmpty());
+    keepMeaningRoom();
     const statements::TemplateRole role = guide.proposal();
     for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
         if (option.kind == role.kind) {
@@ -143,6 +147,31 @@ void VariablePanel::showWords() {
         }
     }
     proposal_->setVisible(role.kind != statements::VarUndefined);
+}
+
+/// The longest meaning has room beside the longest name, so that roles stay where they are from variable to variable.
+void VariablePanel::keepMeaningRoom() {
+    const statements::LDLGuide guide(logic_);
+    const QFontMetrics names(lblVariable_->font()), letters(meaning_->font());
+    int longest = 0, most = 0;
+    for (const statements::LDLVariable& variable : logic_.Variables) {
+        longest = std::max(longest, names.horizontalAdvance(QString::fromStdString(variable.VariableName)));
+    }
+    const int width = lblVariable_->width() + meaning_->width() - longest;
+    for (const statements::LDLVariable& variable : logic_.Variables) {
+        const QString meaning = QString::fromStdString(guide.meaningOf(variable));
+        const QRect room(0, 0, width, QWIDGETSIZE_MAX);
+        most = std::max(most, meaning.isEmpty() ? 0 : letters.boundingRect(room, Qt::TextWordWrap, meaning).height());
+    }
+    lblVariable_->setMinimumWidth(longest);
+    meaning_->setMinimumHeight(most);
+}
+
+bool VariablePanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        keepMeaningRoom();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 QGroupBox* VariablePanel::newArity() {

@@ -29,7 +29,11 @@ class VariablePanel : public QWidget {
     /// Puts the focus on the kinds, where a new variable begins.
     void focusKind();
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    void keepMeaningRoom();
     void addWords(QGroupBox& frame);
     void showWords();
     QGroupBox* newKinds();
