@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,11 @@ class CanvasWindows {
 
     /// Scrolls so far that the node is seen.
     virtual void reveal(CanvasForm& form, const LabelsD& node) = 0;
+
+    /// What is edited when a node is named in its box; nothing where its name cannot be edited there.
+    virtual std::optional<std::string> nameInPlace(CanvasForm& form, const LabelsD& node) = 0;
+    /// Gives a node another name. False when that was refused, which was told; then nothing has changed.
+    virtual bool rename(CanvasForm& form, LabelsD& node, const std::string& name) = 0;
 
     /// Does with the selected nodes what the Edit menu would.
     virtual void edit(CanvasForm& form, EditAction action) = 0;

@@ -32,6 +32,7 @@ constexpr std::array kSelect = {
 
 // Behind those of its own in the menu of every node.
 constexpr ContextItem kTidyUp{"NodesTidyUpM", "Tidy Up", edit, EditAction::tidyUp};
+constexpr ContextItem kFitToNames{"NodesFitToNamesM", "Fit To Names", edit, EditAction::fitToNames};
 constexpr ContextItem kAlignMenu{"NodesAlignM", "Align", submenu, {}, false, kAlign};
 constexpr ContextItem kDistributeMenu{"NodesDistributeM", "Distribute", submenu, {}, false, kDistribute};
 constexpr ContextItem kSelectMenu{"NodesSelectM", "Select", submenu, {}, false, kSelect};
@@ -47,6 +48,7 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
     kTidyUp,
+    kFitToNames,
     kAlignMenu,
     kDistributeMenu,
     kSelectMenu,
@@ -65,6 +67,7 @@ constexpr std::array kActivityMenu = {
     ContextItem{"ActivityDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
     kTidyUp,
+    kFitToNames,
     kAlignMenu,
     kDistributeMenu,
     kSelectMenu,
@@ -79,6 +82,7 @@ constexpr std::array kCommentMenu = {
     ContextItem{"CommentDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
     kTidyUp,
+    kFitToNames,
     kAlignMenu,
     kDistributeMenu,
     kSelectMenu,
@@ -93,6 +97,7 @@ constexpr std::array kLogMenu = {
     ContextItem{"LogDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
     kTidyUp,
+    kFitToNames,
     kAlignMenu,
     kDistributeMenu,
     kSelectMenu,

@@ -17,7 +17,7 @@ enum class MenuAction {
     deleteNodes,
     deleteEdges,
     setAngle,
-    edit,            ///< what the Edit menu does
+    edit,            ///< an `EditAction`
     straightenEdge,  ///< the selection, when the edge is part of it, else the edge alone
 };
 

@@ -27,12 +27,13 @@ class WindowKinds {
 
 inline constexpr WindowKinds kEveryWindow(WindowKind::none, WindowKind::design, WindowKind::zoom);
 
-/// What is done with the selected nodes: by way of the clipboard, with their places, or with the selection.
+/// What is done with the selected nodes: by way of the clipboard, with their places and boxes, or with the selection.
 enum class EditAction {
     cut,
     copy,
     paste,
     duplicate,
+    fitToNames,
     tidyUp,
     alignLeft,
     alignCentre,

@@ -109,6 +109,8 @@ constexpr std::array kView = {
     item("ViewFitM", "Fit To Window", viewFit, withWindow, "fit", "Ctrl+0"),
     separator(withWindow),
     item("SelectAllM", "Select All", selectAll, withWindow, "", "Ctrl+A"),
+    item("FitToNamesM", "Fit To Names", fitToNames, withWindow, "", "",
+         "Widens the boxes of the selected nodes, or of all, until their names can be read"),
     separator(designWindow),
     item("ColourByMetricM", "Colour By Metric", colourByMetric, designWindow, "", ""),
     item("ViewHistoryM", "History", viewHistory, designWindow, "", "Ctrl+H"),

@@ -60,6 +60,7 @@ enum class Command {
     createLdl,
     straighten,
     selectAll,
+    fitToNames,
     viewLarger,
     viewSmaller,
     viewActualSize,

@@ -4,6 +4,7 @@
 
 #include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
+#include "canvas/fit_to_names.h"
 #include "canvas/tints.h"
 
 namespace orvent::shell {
@@ -16,10 +17,8 @@ enum class ViewChange { larger, smaller, actualSize, fit };
 enum class PictureTarget { printer, preview };
 
 /// The windows with a canvas on screen, whatever their kind.
-class Desk {
+class Desk : public canvas::NameMeasure {
   public:
-    virtual ~Desk() = default;
-
     /// Makes the window of a form, shows it and makes it the active child.
     virtual void show(canvas::CanvasForm& form) = 0;
     /// Takes the window away. The form is gone after the call.

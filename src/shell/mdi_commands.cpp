@@ -149,6 +149,7 @@ struct MDIForm1::CommandTable {
         {Command::straighten, inWindow, [](MDIForm1& f) { f.activeEnabled()->straightenEdges(nullptr); }, nullptr,
          "Straighten"},
         {Command::selectAll, inWindow, [](MDIForm1& f) { canvas::selectAllNodes(*f.activeEnabled()); }},
+        {Command::fitToNames, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::fitToNames); }},
         {Command::viewLarger, inWindow,
          [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::larger); }},
         {Command::viewSmaller, inWindow,

@@ -1,6 +1,7 @@
 // The frame's part in the Edit menu: what is done with the selected nodes.
 
 #include "canvas/arrangement.h"
+#include "canvas/fit_to_names.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::shell {
@@ -33,6 +34,11 @@ void MDIForm1::edit(canvas::CanvasForm& form, EditAction action) {
         histories_.settle();
         tools_.hint(canvas::arrange(form, action));
         histories_.settle(std::string(canvas::wordsOf(action)));
+    } else if (action == EditAction::fitToNames) {
+        histories_.settle();
+        const int wider = canvas::fitToNames(form, canvas::nodesToFit(form), desk_);
+        tools_.hint(wider > 0 ? "" : "The names stand whole in their boxes already.");
+        histories_.settle("Fit To Names");
     } else if (const auto* view = dynamic_cast<const zoom::ZoomView*>(&form)) {
         clipboard_.copyText(*view);
     } else {

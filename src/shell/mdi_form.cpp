@@ -209,7 +209,7 @@ void MDIForm1::ZoomActivity(int Slot, canvas::NodeNumber NodeIndex) {
         }
     }
     auto form = std::make_unique<zoom::ZoomForm>(
-        zoom::ZoomServices{{ports_.messages, options_.canvas}, catalogue_.tables, ports_.progress}, *design);
+        zoom::ZoomServices{{ports_.messages, options_.canvas}, catalogue_.tables, ports_.progress, desk_}, *design);
     form->setSight(options_.sight);
     zoom::buildZoomView(*form, *node);
     const zoom::ZoomForm& shown = *form;

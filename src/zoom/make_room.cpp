@@ -133,6 +133,26 @@ bool standsOnWrongSide(const ZoomView& view) {
     return false;
 }
 
+/// Constants stand at the parameters that they regulate, which lie closer than constants are high.
+void partConstants(ZoomView& view) {
+    std::vector<LabelsD*> constants;
+    for (LabelsD& node : view.Labels) {
+        if (node.NodeType() == canvas::NodeTypeConstant) {
+            constants.push_back(&node);
+        }
+    }
+    std::ranges::stable_sort(constants, {}, [](const LabelsD* node) { return node->Top(); });
+    for (std::size_t at = 1; at < constants.size(); ++at) {
+        Box box = constants[at]->box();
+        for (std::size_t above = 0; above < at; ++above) {
+            if (cross(constants[above]->box(), box)) {
+                box.Top = constants[above]->box().bottom();
+            }
+        }
+        constants[at]->setBox(box);
+    }
+}
+
 }  // namespace
 
 // From the top down: a box is held against those that begin before it ends.
@@ -165,6 +185,14 @@ Disorder disorderOf(const ZoomView& view) {
 
 void MakeRoom(ZoomView& view) {
     const canvas::ManyChanges many(view);
+    std::vector<canvas::NodeNumber> named;
+    for (const LabelsD& node : view.Labels) {
+        if (!isTypeNode(node)) {
+            named.push_back(node.Index());
+        }
+    }
+    canvas::fitToNames(view, named, view.names());
+    partConstants(view);
     const std::vector<Group> groups = groupsOf(view);
     const float gap = view.settings().HDist;
     const float betweenColumns = 4 * gap;  // an arrow is seen there

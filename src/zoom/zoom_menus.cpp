@@ -17,16 +17,23 @@ constexpr const char* kNotReady = "Mark As Not Ready";
 constexpr const char* kDelete = "Delete";
 constexpr const char* kProperties = "Properties";
 
+// Behind those of its own in the menu of every node.
+constexpr ContextItem kFitToNames{"NodesFitToNamesM", "Fit To Names", edit, canvas::EditAction::fitToNames};
+
 constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetExpandedM", kExpanded, expanded},
     ContextItem{"RecordSetNotReadyM", kNotReady, notReady},
     ContextItem{"RecordSetPropertiesM", kProperties, properties, {}, true, {}},
+    ContextItem{},
+    kFitToNames,
 };
 
 constexpr std::array kActivityMenu = {
     ContextItem{"ActivityExpandedM", kExpanded, expanded},
     ContextItem{"ActivityNotReadyM", kNotReady, notReady},
     ContextItem{"ActivityPropertiesM", kProperties, properties, {}, true, {}},
+    ContextItem{},
+    kFitToNames,
 };
 
 constexpr std::array kFunctionMenu = {
@@ -34,24 +41,32 @@ constexpr std::array kFunctionMenu = {
     ContextItem{"FunctionNotReadyM", kNotReady, notReady},
     ContextItem{"FunctionDeleteM", kDelete, deleteNodes, canvas::NodeTypeFunction},
     ContextItem{"FunctionPropertiesM", kProperties, properties, {}, true, {}},
+    ContextItem{},
+    kFitToNames,
 };
 
 constexpr std::array kConstantMenu = {
     ContextItem{"ConstantNotReadyM", kNotReady, notReady},
     ContextItem{"ConstantDeleteM", kDelete, deleteNodes, canvas::NodeTypeConstant},
     ContextItem{"ConstantPropertiesM", kProperties, properties, {}, true, {}},
+    ContextItem{},
+    kFitToNames,
 };
 
 constexpr std::array kAttributeMenu = {
     ContextItem{"AttributeNotReadyM", kNotReady, notReady},
     ContextItem{"AttributeDeleteM", kDelete, deleteNodes, canvas::NodeTypeAttribute},
     ContextItem{"AttributePropertiesM", kProperties, properties, {}, true, {}},
+    ContextItem{},
+    kFitToNames,
 };
 
 constexpr std::array kParameterMenu = {
     ContextItem{"ParameterNotReadyM", kNotReady, notReady},
     ContextItem{"ParameterDeleteM", kDelete, deleteNodes, canvas::NodeTypeParameter},
     ContextItem{"ParameterPropertiesM", kProperties, properties, {}, true, {}},
+    ContextItem{},
+    kFitToNames,
 };
 
 }  // namespace

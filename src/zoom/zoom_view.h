@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "canvas/draw_form.h"
+#include "canvas/fit_to_names.h"
 #include "canvas/rename.h"
 #include "entities/name_tables.h"
 #include "platform/dialogs.h"
@@ -55,6 +56,7 @@ struct ZoomServices {
     canvas::CanvasServices canvas;
     const entities::CatalogueTables& catalogue;
     platform::Progress& progress;
+    const canvas::NameMeasure& names;
 };
 
 /// The attribute-level view of one activity with its direct neighbours: what stands in it and how far the scenario has
@@ -88,6 +90,7 @@ class ZoomView : public canvas::CanvasForm {
 
     const entities::CatalogueTables& catalogue() const { return services_.catalogue; }
     platform::Progress& progress() const { return services_.progress; }
+    const canvas::NameMeasure& names() const { return services_.names; }
 
     const canvas::LabelsD* central() const { return Labels.byIndex(CentralActivityNo); }
 

@@ -4,11 +4,13 @@
 #include <cmath>
 #include <functional>
 #include <random>
+#include <tuple>
 
 #include "canvas/canvas_state.h"
 #include "canvas/node_walk.h"
 #include "canvas/pointer_fixture.h"
 #include "canvas/straighten.h"
+#include "testkit/letter_measure.h"
 
 namespace orvent::canvas {
 namespace {
@@ -227,6 +229,65 @@ TEST(Arrangement, SelectsAlongEdgesAndByType) {
     EXPECT_NE(arrange(stage.form, EditAction::selectBetween), "") << "no way";
     stage.form.SelectedLabels.Add(1_node);
     EXPECT_EQ(arrange(stage.form, EditAction::selectBetween), "Select two nodes alone.");
+}
+
+TEST(FitToNames, WidensBoxesAndKeepsThemApart) {
+    const testkit::LetterMeasure measure(700);
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        PointerStage stage;
+        DrawForm& form = stage.form;
+        scatter(form, seed);
+        if (seed % 2 == 0) {
+            form.SelectedLabels.Add(3_node);
+            form.SelectedLabels.Add(7_node);
+        }
+        const auto before = picture(form).first;
+        const std::vector<NodeNumber> meant = nodesToFit(form);
+        Told told(form);
+        const int wider = fitToNames(form, meant, measure);
+        EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, wider > 0 ? 1 : 0));
+        const auto after = picture(form).first;
+        const auto apart = [](const Box& a, const Box& b) {
+            return a.right() <= b.Left || b.right() <= a.Left || a.bottom() <= b.Top || b.bottom() <= a.Top;
+        };
+        int grown = 0;
+        for (std::size_t i = 0; i < after.size(); ++i) {
+            const LabelsD& node = *form.Labels.byIndex(static_cast<NodeNumber>(i + 1));
+            const bool fits = std::ranges::find(meant, node.Index()) != meant.end();
+            const float more = after[i].Width - before[i].Width;
+            grown += more > 0 ? 1 : 0;
+            EXPECT_EQ(more, fits ? std::max(0.0F, std::ceil((measure.widthForName(node) - 1050) / 100) * 100) : 0);
+            EXPECT_EQ(std::tie(after[i].Top, after[i].Height), std::tie(before[i].Top, before[i].Height));
+            EXPECT_GE(after[i].Left, before[i].Left);
+            for (std::size_t j = 0; j < i; ++j) {
+                EXPECT_TRUE(!apart(before[i], before[j]) || apart(after[i], after[j])) << i << " " << j;
+            }
+        }
+        EXPECT_EQ(wider, grown);
+        EXPECT_EQ(fitToNames(form, meant, measure), 0);
+        EXPECT_EQ(picture(form).first, after);
+    }
+}
+
+/// What nothing reaches stays, and what is reached goes no farther than it has to.
+TEST(FitToNames, OnlyWhatIsReachedGivesWay) {
+    PointerStage stage;
+    DrawForm form{{stage.host, stage.settings}};
+    const auto add = [&form](float left, float top, const std::string& name) {
+        form.Labels.Add({left, top, 1000, 500}, name, NodeTypeActivity);
+    };
+    add(0, 0, "fifteen letters");  // 1500
+    add(1300, 400, "near");
+    add(2400, 400, "behind");
+    add(1300, 500, "below");
+    add(5000, 0, "far");
+    fitToNames(form, nodesToFit(form), testkit::LetterMeasure(100));
+    std::vector<float> lefts;
+    for (const Box& box : picture(form).first) {
+        lefts.push_back(box.Left);
+    }
+    EXPECT_EQ(lefts, (std::vector<float>{0, 1800, 3100, 1300, 5000}));
 }
 
 }  // namespace

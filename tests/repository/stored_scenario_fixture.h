@@ -11,6 +11,7 @@
 #include "repository_fixture.h"
 #include "testkit/embedded_repository.h"
 #include "testkit/graph_builder.h"
+#include "testkit/letter_measure.h"
 #include "testkit/model_text.h"
 
 namespace orvent::testkit {
@@ -160,6 +161,7 @@ class StoredScenarioTest : public ::testing::Test, public canvas::ScenarioStore 
     TestRepository repository;
     SteadyUser user;
     canvas::CanvasSettings canvasSettings;
+    LetterMeasure narrow{150};
     RecordingWindows windows;
     repository::Services services{repository.hooked,   repository.dataSources, user,
                                   repository.input,    repository.files,       repository.store,

@@ -43,7 +43,7 @@ class ZoomSaveTest : public StoredScenarioTest {
             SCOPED_TRACE("broken off at statement " + std::to_string(at));
             auto form = graph("Zoomed" + std::to_string(at));
             save(*form, true, Answer::cancel);
-            zoom::ZoomForm view({{user, canvasSettings}, catalogue.tables, repository.progress}, *form);
+            zoom::ZoomForm view({{user, canvasSettings}, catalogue.tables, repository.progress, narrow}, *form);
             zoom::buildZoomView(view, *form->nodeNamed("Act1"));
             editIn(view);
             repository.hooked.after(

@@ -306,7 +306,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"SelectBetweenM SelectSameTypeM", {selectBetween, selectSameType}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM ViewHistoryM SelectAllM", {colourByMetric, viewHistory, selectAll}},
-        {"ViewProblemsM", {viewProblems}},
+        {"ViewProblemsM FitToNamesM", {viewProblems, fitToNames}},
         {"ViewPartOfM ViewInstanceOfM ViewRegulatorM", {viewPartOf, viewInstanceOf, viewRegulator}},
         {"ViewProviderM ViewDerivedM ViewAttributesM", {viewProvider, viewDerived, viewAttributes}},
         {"MakeRoomM LightPathsM LegendM QuitM", {makeRoom, lightPaths, legend, quit}},

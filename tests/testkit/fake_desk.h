@@ -29,6 +29,9 @@ class FakeDesk : public shell::Desk {
     }
     std::optional<canvas::Point> pointer;  ///< in the picture of the active window
     std::optional<canvas::Point> pointerIn(const canvas::CanvasForm&) const override { return pointer; }
+    float widthForName(const canvas::LabelsD& node) const override {
+        return 100.F * static_cast<float>(node.Caption().size()) + 1;
+    }
     void paint(canvas::CanvasForm& form, shell::PictureTarget target) override {
         prints.push_back(form.Caption() + (target == shell::PictureTarget::preview ? "?" : ""));
     }

@@ -131,8 +131,9 @@ class Relationship : public testkit::CanvasTest {
 
     entities::CatalogueTables catalogue;
     testkit::QuietProgress progress;
+    testkit::LetterMeasure narrow{0};
     canvas::DrawForm design{ports.services(), nullptr};
-    zoom::ZoomForm form{zoom::ZoomServices{ports.services(), catalogue, progress}, design};
+    zoom::ZoomForm form{zoom::ZoomServices{ports.services(), catalogue, progress, narrow}, design};
 };
 
 struct Allowed {

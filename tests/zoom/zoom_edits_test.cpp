@@ -26,7 +26,8 @@ class ZoomEdits : public testkit::ZoomTest {
   protected:
     zoom::ZoomForm& open(const std::string& activity = "A2") {
         form.reset();
-        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress}, design);
+        form =
+            std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress, narrow}, design);
         zoom::buildZoomView(*form, *design.nodeNamed(activity));
         return *form;
     }

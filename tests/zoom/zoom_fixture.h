@@ -8,6 +8,7 @@
 
 #include "canvas/draw_form.h"
 #include "links/far_end.h"
+#include "testkit/letter_measure.h"
 #include "testkit/model_text.h"
 #include "testkit/scripted_ports.h"
 #include "zoom/build_view.h"
@@ -52,7 +53,8 @@ class ZoomTest : public CanvasTest {
 
     zoom::ZoomForm& open(const std::string& activity = "A2") {
         form.reset();
-        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress}, design);
+        form =
+            std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{ports.services(), catalogue, progress, narrow}, design);
         zoom::buildZoomView(*form, *design.nodeNamed(activity));
         return *form;
     }
@@ -138,6 +140,7 @@ class ZoomTest : public CanvasTest {
 
     entities::CatalogueTables catalogue;
     QuietProgress progress;
+    LetterMeasure narrow{0};
     LoggedStore store;
     canvas::DrawForm design{ports.services(), &store};
     LinkGraph graph{design};

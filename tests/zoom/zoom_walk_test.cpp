@@ -122,7 +122,7 @@ class ZoomWalk : public StoredScenarioTest {
         }
         form_.reset();
         form_ = std::make_unique<zoom::ZoomForm>(
-            zoom::ZoomServices{{user, canvasSettings}, catalogue.tables, repository.progress}, design);
+            zoom::ZoomServices{{user, canvasSettings}, catalogue.tables, repository.progress, narrow}, design);
         const std::string central =
             pick(3) ? "Activity2" : activities[static_cast<std::size_t>(pick(static_cast<int>(activities.size())))];
         zoom::buildZoomView(*form_, *design.nodeNamed(central));

@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QTextLayout>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -10,6 +11,7 @@ namespace orvent::qt {
 namespace {
 
 constexpr double kLinePixels = 11;
+constexpr double kLeastPixels = 8;  // smaller letters are no help
 constexpr std::size_t kMostCaptions = 4096;
 constexpr qsizetype kMostLetters = 20000;  // more nobody reads in a box
 
@@ -39,7 +41,15 @@ QStringList wrapped(const QString& words, const QFont& font, double width) {
     return lines;
 }
 
-/// The text in one line if it fits, else in two, broken behind a mark between its words if there is one.
+/// Whether a name reads well when it is broken in front of that letter: behind a mark between its words, and where a
+/// new word begins within it ("nextOrder", "HTTPServer", "Q4Sales").
+bool breaksBefore(const QString& name, qsizetype at) {
+    const QChar before = name.at(at - 1), behind = name.at(at);
+    return QStringLiteral(" _-.").contains(before) || (behind.isUpper() && !before.isUpper()) ||
+           (behind.isUpper() && at + 1 < name.size() && name.at(at + 1).isLower());
+}
+
+/// The text in one line if it fits, else in two, broken between its words if there is a place.
 QStringList inTwo(const QString& line, const QFontMetricsF& metrics, double width) {
     if (metrics.horizontalAdvance(line) <= width) {
         return {line};
@@ -50,7 +60,7 @@ QStringList inTwo(const QString& line, const QFontMetricsF& metrics, double widt
     }
     qsizetype cut = fitting;
     for (qsizetype at = fitting; at > fitting / 3; --at) {
-        if (QStringLiteral(" _-.").contains(line.at(at - 1))) {
+        if (breaksBefore(line, at)) {
             cut = at;
             break;
         }
@@ -72,7 +82,8 @@ void CaptionCache::trim() {
     }
 }
 
-const QFont& CaptionCache::fontFor(CaptionForm form, int pixels) {
+const QFont& CaptionCache::fontFor(CaptionForm form, double size) {
+    const int pixels = std::max(1, static_cast<int>(std::lround(size)));
     const auto [found, isNew] = fonts_.try_emplace({form, pixels}, base_);
     QFont& font = found->second;
     if (isNew) {
@@ -83,6 +94,10 @@ const QFont& CaptionCache::fontFor(CaptionForm form, int pixels) {
         }
     }
     return font;
+}
+
+double CaptionCache::widthOf(std::string_view text, CaptionForm form) {
+    return QFontMetricsF(fontFor(form, kLinePixels)).horizontalAdvance(flattened(text));
 }
 
 const CaptionCache::Caption& CaptionCache::caption(canvas::NodeNumber index, std::string_view text, CaptionForm form,
@@ -96,10 +111,9 @@ const CaptionCache::Caption& CaptionCache::caption(canvas::NodeNumber index, std
     entry = Entry{{}, hash, room, scale, {}};
     Caption& caption = entry.caption;
     caption.first = first;
-    const double pixels = form == CaptionForm::paragraph ? kParagraphPixels : kLinePixels;
-    caption.font = fontFor(form, std::max(1, static_cast<int>(std::lround(pixels * scale))));
     const QString words = flattened(text);
     if (form == CaptionForm::paragraph) {
+        caption.font = fontFor(form, kParagraphPixels * scale);
         entry.lines = wrapped(words, caption.font, room.width());
         // The breaks are settled; the room is given only so that they are kept.
         QTextOption option;
@@ -107,24 +121,42 @@ const CaptionCache::Caption& CaptionCache::caption(canvas::NodeNumber index, std
         caption.text.setTextOption(option);
         caption.text.setTextWidth(room.width());
     } else {
-        QString line = words;
-        line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-        const QFontMetricsF metrics(caption.font);
-        entry.lines =
-            room.height() + 1 >= 2 * metrics.lineSpacing() ? inTwo(line, metrics, room.width()) : QStringList(line);
-        for (QString& shown : entry.lines) {
-            // Names of one family differ at their ends.
-            const QString whole = std::exchange(shown, metrics.elidedText(shown, Qt::ElideMiddle, room.width()));
-            caption.elided = caption.elided || shown != whole;
-        }
+        fitName(entry, words, form);
         QTextOption option(Qt::AlignHCenter);
         option.setWrapMode(QTextOption::ManualWrap);
         caption.text.setTextOption(option);
+        caption.text.setTextWidth(entry.lines.size() > 1 ? room.width() : -1);
     }
     caption.text.setTextFormat(Qt::PlainText);
     caption.text.setPerformanceHint(QStaticText::AggressiveCaching);
     showLines(entry);
     return caption;
+}
+
+/// The largest letters at which the name stands whole in its room, in one line or two. When it does so at none, two
+/// lines of the smallest are shortened, or one of the largest where there is no room for two.
+void CaptionCache::fitName(Entry& entry, QString name, CaptionForm form) {
+    name.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    Caption& caption = entry.caption;
+    const double width = entry.room.width();
+    for (double pixels = kLinePixels; pixels >= kLeastPixels; --pixels) {
+        caption.font = fontFor(form, pixels * entry.scale);
+        const QFontMetricsF metrics(caption.font);
+        const bool two = entry.room.height() + 1 >= 2 * metrics.lineSpacing();
+        entry.lines = two ? inTwo(name, metrics, width) : QStringList(name);
+        if (std::ranges::all_of(entry.lines,
+                                [&](const QString& line) { return metrics.horizontalAdvance(line) <= width; })) {
+            return;
+        }
+    }
+    if (entry.lines.size() == 1) {
+        caption.font = fontFor(form, kLinePixels * entry.scale);
+    }
+    caption.elided = true;
+    const QFontMetricsF metrics(caption.font);
+    for (QString& line : entry.lines) {
+        line = metrics.elidedText(line, Qt::ElideMiddle, width);  // names of one family differ at their ends
+    }
 }
 
 /// The lines that fit into the room; more to follow is told by an ellipsis.

@@ -9,6 +9,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "canvas/numbers.h"
+
 namespace orvent::qt {
 
 /// Height of the letters of a paragraph, in pixels at scale 1.
@@ -35,6 +37,9 @@ class CaptionCache {
 
     void setFont(const QFont& base);
 
+    /// How wide a text is in one line of a form, in pixels at scale 1.
+    double widthOf(std::string_view text, CaptionForm form);
+
     /// The caption of the node with that number for a room of that size in pixels.
     const Caption& caption(canvas::NodeNumber index, std::string_view text, CaptionForm form, QSizeF room,
                            double scale);
@@ -57,10 +62,11 @@ class CaptionCache {
         QStringList lines;
     };
 
+    void fitName(Entry& entry, QString name, CaptionForm form);
     static void showLines(Entry& entry);
 
     /// The font of a form at that size. Captions share it, since the toolkit looks a font up once for all its copies.
-    const QFont& fontFor(CaptionForm form, int pixels);
+    const QFont& fontFor(CaptionForm form, double size);
 
     QFont base_;
     std::map<std::pair<CaptionForm, int>, QFont> fonts_;

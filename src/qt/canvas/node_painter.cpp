@@ -148,6 +148,17 @@ void paintCentre(const PaintContext& context, const canvas::LabelsD& node) {
                                     2 * around, 2 * around);
 }
 
+// What a figure takes of its box grows more slowly than the box, so a few rounds find the width.
+float NodePainter::widthForName(const canvas::LabelsD& node) {
+    const NodeShape& shape = nodeShape(node.figure());
+    const double letters = captions_.widthOf(node.shownText(), shape.form) + 1;  // boxes are drawn on whole pixels
+    QRectF box(0, 0, letters, node.Height() / kTwipsPerPixel);
+    for (int round = 0; round < 12; ++round) {
+        box.setWidth(letters + box.width() - shape.captionRoom(box, 1).width());
+    }
+    return static_cast<float>(box.width() * kTwipsPerPixel);
+}
+
 void NodePainter::prepare(const PaintContext& context) {
     captions_.trim();
     if (context.transform.scale != scale_ || context.pixelRatio != pixelRatio_ || pictures_.size() > kMostPictures) {

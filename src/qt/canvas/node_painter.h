@@ -30,6 +30,9 @@ class NodePainter {
 
     void paint(const PaintContext& context, const canvas::LabelsD& node, NodeState state);
 
+    /// The width of a node's box, in twips, in which its name stands in one line.
+    float widthForName(const canvas::LabelsD& node);
+
     /// Call it before a round of painting; it drops what no longer fits the scale and what has grown too large.
     void prepare(const PaintContext& context);
     /// Drops the kept pictures, for other colours.

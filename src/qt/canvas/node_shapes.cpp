@@ -85,7 +85,7 @@ QPainterPath drumOutline(const QRectF& box, double) {
 
 QRectF drumRoom(const QRectF& box, double unit) {
     const double ry = lidRadius(box);
-    return box.adjusted(2 * unit, 2 * ry, -2 * unit, -ry * 0.4);
+    return box.adjusted(2 * unit, 2 * ry + unit, -2 * unit, 0);
 }
 
 QPainterPath sheetOutline(const QRectF& box, double unit) {

@@ -42,7 +42,7 @@ QToolButton* newCloseButton(DeskWindow* window, QTabBar* tabs) {
 
 }  // namespace
 
-DeskArea::DeskArea(const Theme& theme, QWidget* parent) : QMdiArea(parent), theme_(theme) {
+DeskArea::DeskArea(const Theme& theme, QWidget* parent) : QMdiArea(parent), theme_(theme), names_(font()) {
     setDocumentMode(true);
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
@@ -211,6 +211,17 @@ void DeskArea::paint(canvas::CanvasForm& form, shell::PictureTarget target) {
                                   paintOnPage(form, painter, page, tints);
                               }};
     printer_.print(picture, target == shell::PictureTarget::preview, this);
+}
+
+float DeskArea::widthForName(const canvas::LabelsD& node) const {
+    return names_.widthForName(node);
+}
+
+void DeskArea::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) {
+        names_.setFont(font());
+    }
+    QMdiArea::changeEvent(event);
 }
 
 void DeskArea::cancelGesture() {

@@ -3,6 +3,7 @@
 #include <QMdiArea>
 #include <vector>
 
+#include "qt/canvas/node_painter.h"
 #include "qt/canvas/picture_printer.h"
 #include "shell/desk.h"
 
@@ -40,6 +41,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
     std::optional<canvas::Point> pointerIn(const canvas::CanvasForm& form) const override;
     void paint(canvas::CanvasForm& form, shell::PictureTarget target) override;
+    float widthForName(const canvas::LabelsD& node) const override;
 
     void dropAll();
 
@@ -62,6 +64,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void dropWindow(DeskWindow* window);
@@ -81,6 +84,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     std::vector<DeskWindow*> windows_;
     DeskWindow* active_ = nullptr;
     PicturePrinter printer_;
+    mutable NodePainter names_;  ///< measures them
 };
 
 }  // namespace orvent::qt
