@@ -370,6 +370,7 @@ TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
     graph.pass("After", "Act.Made", "Act.Made");
     graph.activity("Last", {"Act.Made", "Act.Other"});
     graph.feed("After.OUT.Act.Made", "Last.IN.Act.Made");
+    graph.feed("Act.OUT.Act.Made", "RS.PRICE");
     const auto dialog = open();
     dialog->ActView.watch(&resets);
     dialog->DBView.watch(&resets);
@@ -380,6 +381,8 @@ TEST_F(SetActPropTest, ARenameReachesKeysAndLinksOnBothEnds) {
     EXPECT_EQ(keys(dialog->AttList[kOutputs]), "RS_ID New.Made");
     EXPECT_EQ(dialog->AttList[kOutputs].Item(1)->SubItems[1], "New");
     EXPECT_EQ(image(*dialog, "DB.RS.ID"), "Field-Checked");
+    click(*dialog, "DB.RS.PRICE");
+    EXPECT_EQ(image(*dialog, "DB.RS.PRICE"), "Field-UnChecked") << "no mark is left under the former key";
     messages.expect("Properties Saved", "", Icon::information);
     EXPECT_TRUE(dialog->OK());
     dialog->end();
@@ -534,6 +537,7 @@ TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
     activity().Act_Inputs->Add("C", 0, TagRecordSet, "C").ParentKeyName = "Act";
     activity().Act_Inputs->Add("D", 0, TagRecordSet, "D").ParentKeyName = "Act";
     activity().Act_Inputs->Add("E", 0, TagTypeOutput, "E").ParentKeyName = "Act";
+    activity().Act_Inputs->Changed = false;
     struct Row {
         std::vector<int> selected;
         RowMove move;
@@ -552,6 +556,7 @@ TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
         EXPECT_EQ(dialog->frontList().selected(), row.selectedThen.back());
         EXPECT_EQ(dialog->tempProp->Act_Inputs->Item(row.selectedThen[0])->Key,
                   dialog->frontList().Item(row.selectedThen[0])->Key);
+        EXPECT_TRUE(dialog->tempProp->Act_Inputs->Changed);
     }
     const auto dialog = open();
     dialog->MoveRows({1, 5}, 3);
@@ -563,6 +568,27 @@ TEST_F(SetActPropTest, SelectedRowsMoveAndGoTogether) {
     dialog->Move2Tree_Click();
     EXPECT_EQ(keys(dialog->frontList()), "E D RS_ID");
     EXPECT_EQ(dialog->frontList().selection(), std::vector<int>{1}) << "what could not go stays selected";
+}
+
+TEST_F(SetActPropTest, ParametersMoveAmongFunctions) {
+    for (const char* parameter : {"P1", "P2", "P3"}) {
+        activity().Act_Parameters->Add(parameter, 0, TagRecordSet, parameter).ParentKeyName = "Act";
+    }
+    const auto dialog = open();
+    click(*dialog, "GRAPH.F1");
+    const std::tuple<int, int, const char*, const char*> moves[] = {
+        {4, 2, "P1 F1 P2 P3", "P1 P2 P3"}, {1, 3, "F1 P2 P1 P3", "P2 P1 P3"}, {4, 2, "F1 P3 P2 P1", "P3 P2 P1"},
+        {2, 4, "F1 P2 P1 P3", "P2 P1 P3"}, {3, 1, "P1 F1 P2 P3", "P1 P2 P3"}, {2, 4, "P1 P2 P3 F1", "P1 P2 P3"},
+    };
+    for (const auto& [row, to, rows, parameters] : moves) {
+        dialog->moveRowTo(row, to);
+        EXPECT_EQ(keys(dialog->frontList()), rows);
+        std::string members;
+        for (const ParameterProperties& parameter : dialog->tempProp->Act_Parameters) {
+            members += (members.empty() ? "" : " ") + parameter.Key;
+        }
+        EXPECT_EQ(members, parameters) << rows;
+    }
 }
 
 TEST_F(SetActPropTest, WhatFeedsItsOwnActivityGoesAtBothEnds) {
@@ -620,6 +646,16 @@ TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
     EXPECT_TRUE(dialog->Apply());
     dialog->end();
     EXPECT_EQ(activity().Act_Parameters->Item("Old")->RegulatedFrom.count(), 1);
+
+    ParameterProperties& other = activity().Act_Parameters->Add("Other", 0, entities::TagNone, "Other");
+    other.ParentKeyName = "Act";
+    other.RegulatedFrom->Add("Act", LinkActivityInput, ".IN.RS_ID");
+    links::SynchronizeParameter(*form, other, nullptr);
+    const auto again = open();
+    const auto fed = again->AttList[kInputs].Item(1)->SubItems;
+    again->TabStrip1_Click(kParameters);
+    again->RemoveRow(2);
+    EXPECT_NE(again->AttList[kInputs].Item(1)->SubItems, fed) << "its row tells that it feeds the parameter no longer";
 }
 
 TEST_F(SetActPropTest, TheFolderOfTheLogIsKeptForTheNextOne) {

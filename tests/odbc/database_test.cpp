@@ -165,6 +165,7 @@ TEST_P(EveryDatabase, NumbersAreReadFromEveryKindOfColumn) {
     run(*connection, "CREATE TABLE Comments (a NUMBER(18), b FLOAT, c VARCHAR2(30), d NUMBER(9,2), e NUMBER)");
     run(*connection, "INSERT INTO Comments VALUES (-123456789012,12,' 34 ',5.25,7)");
     run(*connection, "INSERT INTO Comments VALUES ('',1.5,'x',1,7)");
+    run(*connection, "INSERT INTO Comments VALUES (1,100000000000000000,'1e17',1,7)");
     const auto select = connection->prepare("SELECT a,b,c,d,e FROM Comments");
     select->execute();
     ASSERT_TRUE(select->fetch());
@@ -181,6 +182,9 @@ TEST_P(EveryDatabase, NumbersAreReadFromEveryKindOfColumn) {
     EXPECT_THROW(select->number(3), DatabaseError);
     EXPECT_THROW(select->realNumber(3), DatabaseError);
     EXPECT_THROW(select->text(6), DatabaseError);
+    ASSERT_TRUE(select->fetch());
+    EXPECT_THROW(select->number(2), DatabaseError) << "not exact any more";
+    EXPECT_THROW(select->number(3), DatabaseError);
     EXPECT_FALSE(select->fetch());
     EXPECT_THROW(select->text(1), DatabaseError);
 }
