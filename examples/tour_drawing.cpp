@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QListWidget>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolTip>
@@ -88,9 +89,26 @@ void useArrow(Player& player, qt::FrameWindow& window, Hand& hand) {
     hand.click({600, 8000});
 }
 
+/// A name edited in its box, and boxes as wide as their names.
+void giveNames(Player& player, qt::FrameWindow& window, Hand& hand) {
+    canvas::CanvasForm& form = *window.area().active();
+    const std::string former = form.Labels.at(1)->Caption();
+    for (const std::string& name : {std::string("ordersOfTheLastMonth"), former}) {
+        hand.click(kNodes[0].at);
+        hand.key(Qt::Key_F2);
+        hand.type(QString::fromStdString(name));
+        player.picture(window, "naming-in-the-box");
+        hand.key(Qt::Key_Return);
+        player.expect(form.Labels.at(1)->Caption() == name, "the name was not taken");
+        player.picture(window, "named-in-the-box");
+    }
+    hand.click({600, 8000});
+}
+
 /// A tool by its letter, a node and an edge by Enter, the tip of a node.
 void useKeys(Player& player, qt::FrameWindow& window, Hand& hand) {
     canvas::CanvasForm& form = *window.area().active();
+    window.area().activeWindow()->editor().verticalScrollBar()->setValue(0);
     hand.key(Qt::Key_C);
     hand.key(Qt::Key_Return);
     hand.key(Qt::Key_D);
@@ -129,6 +147,7 @@ void showGestures(Player& player, qt::FrameWindow& window, Hand& hand) {
     player.picture(window, "selecting");
     hand.release({6000, 6000});
     useArrow(player, window, hand);
+    giveNames(player, window, hand);
     useKeys(player, window, hand);
     hand.tool("Arrow");
     const canvas::LinesD* edge = window.area().active()->Lines.at(2);
