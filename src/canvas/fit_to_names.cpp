@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <string>
 #include <tuple>
 #include <unordered_map>
 
@@ -73,12 +74,21 @@ void giveWay(std::vector<Fitted>& all) {
     }
 }
 
-/// How much wider each node is to be. Members that stand in a column alike stay alike.
+/// The name of what has a member; empty for other nodes.
+std::string ownerOf(const LabelsD& node) {
+    const auto* attribute = node.entity<entities::AttributeProperties>();
+    const auto* parameter = node.entity<entities::ParameterProperties>();
+    return attribute ? attribute->ParentKeyName : parameter ? parameter->ParentKeyName : std::string();
+}
+
+/// How much wider each node is to be. Members of one owner that stand alike in a column stay alike.
 std::unordered_map<NodeNumber, float> missingWidths(const Canvas& canvas, const std::vector<NodeNumber>& nodes,
                                                     const NameMeasure& measure) {
     std::unordered_map<NodeNumber, float> wider;
-    std::map<std::tuple<NodeTypeCode, float, float>, float> columns;
-    const auto columnOf = [](const LabelsD& node) { return std::tuple(node.NodeType(), node.Left(), node.Width()); };
+    std::map<std::tuple<std::string, NodeTypeCode, float, float>, float> columns;
+    const auto columnOf = [](const LabelsD& node) {
+        return std::tuple(ownerOf(node), node.NodeType(), node.Left(), node.Width());
+    };
     for (const NodeNumber index : nodes) {
         const LabelsD& node = *canvas.Labels.byIndex(index);
         wider[index] = wholeSteps(std::max(0.0F, measure.widthForName(node) - node.Width()));
@@ -87,8 +97,7 @@ std::unordered_map<NodeNumber, float> missingWidths(const Canvas& canvas, const 
     }
     for (auto& [index, width] : wider) {
         const LabelsD& node = *canvas.Labels.byIndex(index);
-        const bool isMember = node.NodeType() == NodeTypeAttribute || node.NodeType() == NodeTypeParameter;
-        width = isMember ? columns[columnOf(node)] : width;
+        width = ownerOf(node).empty() ? width : columns[columnOf(node)];
     }
     std::erase_if(wider, [](const auto& each) { return each.second == 0; });
     return wider;

@@ -19,8 +19,8 @@ class NameMeasure {
 std::vector<NodeNumber> nodesToFit(const Canvas& canvas);
 
 /// Widens the boxes of nodes by whole steps of the tools' grid until their names stand in one line; edges follow. No
-/// box gets smaller, and members that stand alike in a column stay alike. What stands right of a box that would reach
-/// it gives way, whatever it is. Gives how many boxes are wider.
+/// box gets smaller, and members of one owner that stand alike in a column stay alike. What stands right of a box that
+/// would reach it gives way, whatever it is. Gives how many boxes are wider.
 int fitToNames(Canvas& canvas, const std::vector<NodeNumber>& nodes, const NameMeasure& measure);
 
 }  // namespace orvent::canvas
