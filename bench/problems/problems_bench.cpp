@@ -65,7 +65,7 @@ void run() {
             activity->Act_LDL = statementOf(*activity);
         }
     }
-    const shell::StatementChecks statements;
+    const shell::StatementChecks statements(tables);
     analysis::ScenarioProblems problems(form, {tables, statements});
     std::vector<double> whole, moved, retyped, joined, lines;
     for (int at = 0; at < 10; ++at) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include "canvas/owners.h"
 #include "links/check_consistency.h"
@@ -71,6 +72,7 @@ class NodeLooker {
         if (const auto fault = sources_.statements.faultOf(activity)) {
             add(fault->kind, fault->words);
         }
+        lookAtProgram();
         lookAtMembers(activity);
         for (const FunctionProperties& function : activity.Act_Functions) {
             checkType(sources_.tables.functionTypes, function.Function_Type, "function", function.Function_Name);
@@ -88,7 +90,23 @@ class NodeLooker {
             add(ProblemKind::notReady,
                 recordSet.RecordSet_Outputs.count() == 0 ? "It has no columns." : "It is not ready.");
         }
+        lookAtProgram();
         lookAtMembers(recordSet);
+    }
+
+    void lookAtProgram() {
+        StatementCheck::ProgramLook program = sources_.statements.programOf(form_, node_);
+        for (StatementCheck::Fault& fault : program.faults) {
+            add(fault.kind, std::move(fault.words));
+        }
+        for (const std::string& name : program.reads) {
+            const canvas::NodeNumber from = meet(name);
+            const LabelsD* node = form_.Labels.byIndex(from);
+            if (node && node->activity()) {
+                look_.activityFeeders.push_back(from);
+            }
+        }
+        look_.names.insert(look_.names.end(), program.asked.begin(), program.asked.end());
     }
 
     template <class Owner>

@@ -114,8 +114,11 @@ void ScenarioProblems::lookAtFlow() {
     for (const canvas::NodeNumber node : flow.circles()) {
         const canvas::LabelsD* shown = form_.Labels.byIndex(node);
         if (shown && shown->activity()) {
-            rows.push_back(
-                {ProblemKind::circle, node, {}, sources_.statements.circleThrough(form_, *shown->activity())});
+            std::string way = sources_.statements.circleThrough(form_, *shown->activity());
+            rows.push_back({ProblemKind::circle,
+                            node,
+                            {},
+                            way.empty() ? "Its data runs in a circle by the names in its statement." : std::move(way)});
         }
     }
     for (const canvas::NodeNumber node : flow.unreachable()) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "analysis/problem_kinds.h"
 #include "canvas/canvas.h"
@@ -14,11 +15,18 @@ class StatementCheck {
     virtual ~StatementCheck() = default;
 
     struct Fault {
-        ProblemKind kind;  ///< `statement`, `doubtful` or `outdated`
+        ProblemKind kind;
         std::string words;
     };
     /// What is wrong with an activity's statement; nothing when it is whole and fits.
     virtual std::optional<Fault> faultOf(const entities::ActivityProperties& activity) const = 0;
+    /// What the program of a scenario tells of one node.
+    struct ProgramLook {
+        std::vector<Fault> faults;
+        std::vector<std::string> reads;  ///< nodes that its statement reads by their names
+        std::vector<std::string> asked;  ///< names, of nodes or not, by which it would be another look
+    };
+    virtual ProgramLook programOf(const canvas::Canvas& form, const canvas::LabelsD& node) const = 0;
     /// The way of the data from an activity back to itself, in words; empty when there is none.
     virtual std::string circleThrough(const canvas::Canvas& form,
                                       const entities::ActivityProperties& activity) const = 0;

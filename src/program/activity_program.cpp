@@ -69,6 +69,7 @@ class StatementReader : RuleScene {
         checkRecursion();
         std::sort(result_.reads.begin(), result_.reads.end());
         result_.reads.erase(std::unique(result_.reads.begin(), result_.reads.end()), result_.reads.end());
+        result_.asked = spellings_.asked();
         return std::move(result_);
     }
 

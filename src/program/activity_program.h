@@ -32,8 +32,8 @@ struct ActivityProgram {
     std::vector<bool> sound;  ///< of each rule: no finding takes its meaning
     std::vector<Helper> helpers;
     std::vector<Finding> findings;
-    std::vector<canvas::NodeNumber>
-        reads;  ///< record sets and other activities that it reads by their names, ascending
+    std::vector<canvas::NodeNumber> reads;  ///< record sets and activities that it reads by their names, ascending
+    std::vector<std::string> asked;         ///< names of nodes, there or not, that it may mean
 };
 
 /// What a check needs beside the activity.

@@ -228,6 +228,9 @@ const Word* Spellings::ask(std::string_view name) {
         const std::string capital = withCapital(spelling);
         for (const std::string* each : {&given, &capital}) {
             const canvas::LabelsD* node = form_.nodeNamed(*each);
+            if (std::find(asked_.begin(), asked_.end(), *each) == asked_.end()) {
+                asked_.push_back(*each);
+            }
             if (node && isMeant(*node) && (found.empty() || found.front() != node)) {
                 found.push_back(node);
             }
@@ -256,21 +259,31 @@ const Word* Spellings::ask(std::string_view name) {
     return nullptr;
 }
 
+std::vector<std::string> twinsOf(const std::string& name) {
+    const std::size_t first = platform::firstCharacterLength(name);
+    const std::string head = name.substr(0, first);
+    std::vector<std::string> result;
+    for (const std::string& letter : {platform::lowerLetters(head), platform::upperLetters(head)}) {
+        if (letter != head) {
+            result.push_back(letter + name.substr(first));
+        }
+    }
+    return result;
+}
+
 std::vector<Finding> nameFindings(const canvas::Canvas& form, const canvas::LabelsD& node) {
     const std::string& name = node.KeyName();
     if (name.empty()) {
         return {{FindingKind::spelling, node.Index(), 0, {}, "It has no name that a statement could spell."}};
     }
-    const std::size_t first = platform::firstCharacterLength(name);
-    const std::string head = name.substr(0, first);
-    for (const std::string& letter : {platform::lowerLetters(head), platform::upperLetters(head)}) {
-        const canvas::LabelsD* twin = letter == head ? nullptr : form.nodeNamed(letter + name.substr(first));
+    for (const std::string& other : twinsOf(name)) {
+        const canvas::LabelsD* twin = form.nodeNamed(other);
         if (twin && (twin->activity() || twin->recordSet())) {
             return {{FindingKind::spelling,
                      node.Index(),
                      0,
                      {},
-                     name + " and " + twin->KeyName() + " have one spelling in statements."}};
+                     name + " and " + other + " have one spelling in statements."}};
         }
     }
     return {};

@@ -39,6 +39,9 @@ class Spellings {
     int helper(const std::string& name);
     const std::vector<std::string>& helpers() const { return helpers_; }
 
+    /// Names of nodes, there or not, that the statement may have meant.
+    const std::vector<std::string>& asked() const { return asked_; }
+
     /// How the statement calls its outputs, such as "load_out".
     const std::string& outputName() const { return small_; }
 
@@ -76,9 +79,12 @@ class Spellings {
     std::vector<std::string> helpers_;
     std::unordered_map<std::string, int> helperNumbers_;
     std::deque<rules::Word> kept_;
+    std::vector<std::string> asked_;
 };
 
 /// What is wrong with the spelling of a node's own name.
 std::vector<Finding> nameFindings(const canvas::Canvas& form, const canvas::LabelsD& node);
+/// The names that have the same spelling as another one, and are others.
+std::vector<std::string> twinsOf(const std::string& name);
 
 }  // namespace orvent::program

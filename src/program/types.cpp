@@ -38,16 +38,18 @@ Family familyOf(std::string_view typeName) {
     return Family::unknown;
 }
 
-Types::Types(const canvas::Canvas& form, const entities::CatalogueTables& catalogue) : form_(form) {
-    for (std::size_t type = 0; type < catalogue.dataTypes.size(); ++type) {
-        families_.push_back(familyOf(catalogue.dataTypes.name(static_cast<std::int16_t>(type))));
-    }
-    bySource_ = catalogue.dataTypes.indexOf(entities::kDefinedBySource).value_or(-1);
+Types::Types(const canvas::Canvas& form, const entities::CatalogueTables& catalogue)
+    : form_(form),
+      names_(catalogue.dataTypes),
+      bySource_(catalogue.dataTypes.indexOf(entities::kDefinedBySource).value_or(-1)) {}
+
+Family Types::family(std::int16_t type) const {
+    return type < 0 || static_cast<std::size_t>(type) >= names_.size() ? Family::unknown : familyOf(names_.name(type));
 }
 
 std::int16_t Types::typeOf(const entities::AttributeProperties& attribute) const {
     const entities::AttributeProperties* at = &attribute;
-    for (int hops = 0; at->Attribute_Type == bySource_; ++hops) {
+    for (int hops = 0; bySource_ >= 0 && at->Attribute_Type == bySource_; ++hops) {
         const entities::ProviderLinks* links = at->ProvidedFrom.peek();
         const entities::ProviderProperties* link = links ? links->Item(1) : nullptr;
         if (!link || hops > kFarthest) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "canvas/canvas.h"
 #include "entities/name_tables.h"
@@ -20,17 +19,13 @@ class Types {
   public:
     Types(const canvas::Canvas& form, const entities::CatalogueTables& catalogue);
 
-    Family family(std::int16_t type) const {
-        return type < 0 || static_cast<std::size_t>(type) >= families_.size()
-                   ? Family::unknown
-                   : families_[static_cast<std::size_t>(type)];
-    }
+    Family family(std::int16_t type) const;
     /// The type of an attribute; where its source defines it, that of whatever provides it. -1 when nothing tells.
     std::int16_t typeOf(const entities::AttributeProperties& attribute) const;
 
   private:
     const canvas::Canvas& form_;
-    std::vector<Family> families_;
+    const entities::NameTable& names_;
     int bySource_;
 };
 

@@ -14,7 +14,7 @@ std::vector<ProblemLine> problemLines(const canvas::DrawForm& form, const analys
 
 std::vector<ProblemLine> problemLines(const canvas::DrawForm& form, const entities::CatalogueTables& tables,
                                       const analysis::ProblemKinds& kinds) {
-    const StatementChecks statements;
+    const StatementChecks statements(tables);
     analysis::ScenarioProblems problems(form, {tables, statements});
     problems.settle();
     return problemLines(form, problems, kinds);

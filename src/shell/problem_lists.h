@@ -33,7 +33,7 @@ std::vector<ProblemLine> problemLines(const canvas::DrawForm& form, const entiti
 class ProblemLists : private ScenarioListener {
   public:
     ProblemLists(ScenarioListeners& scenarios, const entities::CatalogueTables& tables)
-        : tables_(tables), subscription_(scenarios.add(*this)) {}
+        : tables_(tables), statements_(tables), subscription_(scenarios.add(*this)) {}
 
     /// These have changed.
     void touch(const canvas::DrawForm& form, const canvas::Touched& touched);

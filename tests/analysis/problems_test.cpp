@@ -14,6 +14,18 @@ class NoFaults : public StatementCheck {
     std::optional<Fault> faultOf(const ActivityProperties& activity) const override {
         return activity.Act_LDL == "bad" ? std::optional(Fault{ProblemKind::outdated, "old"}) : std::nullopt;
     }
+    /// A statement "reads X" reads the node X by its name.
+    ProgramLook programOf(const canvas::Canvas& form, const canvas::LabelsD& node) const override {
+        const ActivityProperties* activity = node.activity();
+        if (!activity || !activity->Act_LDL.starts_with("reads ")) {
+            return {};
+        }
+        const std::string name = activity->Act_LDL.substr(6);
+        if (form.nodeNamed(name)) {
+            return {{}, {name}, {name}};
+        }
+        return {{{ProblemKind::undefined, name}}, {}, {name}};
+    }
     std::string circleThrough(const canvas::Canvas&, const ActivityProperties& activity) const override {
         return activity.Act_Name;
     }
@@ -83,6 +95,8 @@ TEST(Problems, EachKindIsToldAtItsPlace) {
         {"gone-type Load; gone-type Check; ", [](Chain& c) { c.tables.activityTypes.reload({"Move"}, true); }},
         {"gone-type Load.F; no-inputs Load.F; ", [](Chain& c) { c.function(7, {}); }},
         {"outdated Load; ", [](Chain& c) { c.load().Act_LDL = "bad"; }},
+        {"undefined Load; ", [](Chain& c) { c.load().Act_LDL = "reads GONE"; }},
+        {"circle Load; ", [](Chain& c) { c.load().Act_LDL = "reads Check"; }},
         {"no-provider Load.NEW; ", [](Chain& c) { c.load().Act_Inputs->Add("NEW", 0, TagNone, "NEW"); }},
         {"unread Load.NEW; ", [](Chain& c) { c.load().Act_Outputs->Add("NEW", 0, TagNone, "NEW"); }},
         {"data-type Load.ID; data-type Check.ID; ",
@@ -162,6 +176,15 @@ TEST(Problems, AChangeAtAProviderIsSeenByItsReaders) {
     EXPECT_EQ(chain.after({}, edge), "data-type Load.ID; data-type Check.ID; ");
     chain.form.Lines.RemoveFull(edge);
     EXPECT_EQ(chain.after({}, edge), "data-type Load.ID; data-type Check.ID; no-edge Check; ");
+}
+
+TEST(Problems, AStatementIsLookedAtAgainWhenANameItMeansComes) {
+    Kept chain;
+    chain.load().Act_LDL = "reads LATE";
+    EXPECT_EQ(chain.after({"Load"}), "undefined Load; ");
+    chain.graph.recordSet("LATE", {"ID"});
+    chain.node("LATE").setReady(true);
+    EXPECT_EQ(chain.after({"LATE"}), "");
 }
 
 TEST(Problems, WhatReadANodeThatGoesIsToldAndComesBackWithIt) {
