@@ -325,7 +325,7 @@ INSERT INTO ActivityTypes VALUES ('Sample Derivation',
 'Demonstration type: adds the attribute Output12, which takes Value12. Value12 is what the function Fun12 computes from the inputs Arg12 and the constant Param12.',
 'SELECT [INPUTS] , Fun12(Input11, Input12, Param12) AS Output12 FROM [SOURCES]',
 1,2,2,
-'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},VALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@Fun12(@Arg12[1][1<i<arityOf(@Arg12)+1]{,@Arg12[$i$]},@Param12,@Value12),VALUE=@Value12. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12).');
+'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},Value)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@Fun12(@Arg12[1][1<i<arityOf(@Arg12)+1]{,@Arg12[$i$]},@Param12,@Value12),Value=@Value12. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output12).');
 INSERT INTO ActivityTypesParams VALUES ('Sample Derivation','PARAM','Param12','VARCHAR2');
 INSERT INTO ActivityTypesParams VALUES ('Sample Derivation','OUTPUT','Output12','VARCHAR2');
 INSERT INTO ActivityTypesFunctions VALUES ('Sample Derivation','Fun12','SAMPLE_FUNCTION_1');
@@ -334,7 +334,7 @@ INSERT INTO ActivityTypes VALUES ('Sample Combination',
 'Demonstration type: combines the rows of all its sources, keeps one input Kept for each output and adds Output22, which takes Value22. Value22 is what the function Fun22 computes from the inputs Arg22. SourceCount is the number of sources.',
 'SELECT Kept_1 , Fun22(Input21, Input22, Input23) AS Output22 FROM [SOURCES]',
 2,2,2,
-'a_out_value(@Kept[1][1<i<arityOf(@Kept)+1]{,@Kept[$i$]},VALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$})[1<k<@SourceCount+1]{,a_in$k$(A_IN$k$_1[1<i<arityOf(a_in$k$)+1]{,A_IN$k$_$i$})},@Fun22(@Arg22[1][1<i<arityOf(@Arg22)+1]{,@Arg22[$i$]},@Value22),VALUE=@Value22. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22).');
+'a_out_value(@Kept[1][1<i<arityOf(@Kept)+1]{,@Kept[$i$]},Value)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$})[1<k<@SourceCount+1]{,a_in$k$(A_IN$k$_1[1<i<arityOf(a_in$k$)+1]{,A_IN$k$_$i$})},@Fun22(@Arg22[1][1<i<arityOf(@Arg22)+1]{,@Arg22[$i$]},@Value22),Value=@Value22. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@Output22).');
 INSERT INTO ActivityTypesParams VALUES ('Sample Combination','PARAM','SourceCount','NUMBER');
 INSERT INTO ActivityTypesParams VALUES ('Sample Combination','PARAM','Kept_1','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesParams VALUES ('Sample Combination','OUTPUT','Output22','VARCHAR2');
@@ -350,7 +350,7 @@ INSERT INTO ActivityTypesParams VALUES ('Sample Transfer','PARAM','Stamp','VARCH
 INSERT INTO ActivityTypesParams VALUES ('Sample Transfer','OUTPUT','Output31','VARCHAR2');
 
 INSERT INTO ActivityTypes VALUES ('Selection',
-'Passes the rows for which FIELD compares with VALUE as OPERATOR says. OPERATOR is a constant such as > or =, VALUE a constant or another input.',
+'Passes the rows for which FIELD compares with VALUE as OPERATOR says. OPERATOR is a constant such as > or =, VALUE a constant or another input. The outputs are the inputs in order.',
 'SELECT [INPUTS] FROM [SOURCES] WHERE FIELD OPERATOR VALUE',
 1,2,2,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@FIELD @OPERATOR @VALUE,A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
@@ -366,14 +366,14 @@ INSERT INTO ActivityTypes VALUES ('Projection',
 INSERT INTO ActivityTypesParams VALUES ('Projection','PARAM','KEPT_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Not Null Check',
-'Passes the rows in which none of the CHECKED inputs is null.',
+'Passes the rows in which none of the CHECKED inputs is null. The outputs are the inputs in order.',
 'SELECT [INPUTS] FROM [SOURCES] WHERE CHECKED_1 IS NOT NULL',
 1,2,2,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),not isNull(@CHECKED[1])[1<i<arityOf(@CHECKED)+1]{,not isNull(@CHECKED[$i$])},A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
 INSERT INTO ActivityTypesParams VALUES ('Not Null Check','PARAM','CHECKED_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Domain Check',
-'Passes the rows in which FIELD lies between LOWVALUE and HIGHVALUE, both included.',
+'Passes the rows in which FIELD lies between LOWVALUE and HIGHVALUE, both included. The outputs are the inputs in order.',
 'SELECT [INPUTS] FROM [SOURCES] WHERE FIELD >= LOWVALUE AND FIELD <= HIGHVALUE',
 1,2,2,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@FIELD>=@LOWVALUE,@FIELD<=@HIGHVALUE,A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
@@ -382,21 +382,21 @@ INSERT INTO ActivityTypesParams VALUES ('Domain Check','PARAM','LOWVALUE','[DEFI
 INSERT INTO ActivityTypesParams VALUES ('Domain Check','PARAM','HIGHVALUE','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Primary Key Check',
-'Passes the rows whose KEYATTR inputs hold values that no other row of the flow holds.',
+'Passes the rows whose KEYATTR inputs hold values that no other row of the flow holds. A NULL equals nothing, so rows with a NULL in a key all pass. The outputs are the inputs in order.',
 'SELECT [INPUTS] FROM [SOURCES] WHERE KEYATTR_1 IN ( SELECT KEYATTR_1 FROM [SOURCES] GROUP BY KEYATTR_1 HAVING COUNT(*) = 1 )',
 1,2,2,
 '[j<arityOf(a_in1)+1]{a_out_twice(@KEYATTR[1][1<i<arityOf(@KEYATTR)+1]{,@KEYATTR[$i$]})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),a_in1(OTHER_A_IN1_1[1<i<arityOf(a_in1)+1]{,OTHER_A_IN1_$i$}),@KEYATTR[1]=OTHER_@KEYATTR[1][1<i<arityOf(@KEYATTR)+1]{,@KEYATTR[$i$]=OTHER_@KEYATTR[$i$]},A_IN1_$j$!=OTHER_A_IN1_$j$. }a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),not a_out_twice(@KEYATTR[1][1<i<arityOf(@KEYATTR)+1]{,@KEYATTR[$i$]}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
 INSERT INTO ActivityTypesParams VALUES ('Primary Key Check','PARAM','KEYATTR_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Foreign Key Check',
-'Passes the rows that have a partner in the record set REFTABLE. REFCOLUMN lists the columns of REFTABLE in order: an input where the column must match, the column itself elsewhere.',
+'Passes the rows that have a partner in the record set REFTABLE. REFCOLUMN lists the columns of REFTABLE in order: an input where the column must match, the column itself elsewhere. A NULL matches nothing. The outputs are the inputs in order.',
 'SELECT [INPUTS] FROM [SOURCES] WHERE REFCOLUMN_1 IN ( SELECT REFCOLUMN_1 FROM REFTABLE )',
 1,2,2,
-'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@REFTABLE(@REFCOLUMN[1][1<i<arityOf(@REFCOLUMN)+1]{,@REFCOLUMN[$i$]}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
+'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@REFTABLE(Ref1_@REFCOLUMN[1][1<i<arityOf(@REFCOLUMN)+1]{,Ref$i$_@REFCOLUMN[$i$]})[k<arityOf(@REFCOLUMN)+1]{[i<arityOf(a_in1)+1]{,Ref$k$_A_IN1_$i$=A_IN1_$i$}},A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
 INSERT INTO ActivityTypesParams VALUES ('Foreign Key Check','PARAM','REFCOLUMN_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Duplicate Removal',
-'Keeps one row for each value of the KEYATTR inputs: the one with the lowest ORDERATTR, which must differ among the rows of one key.',
+'Keeps one row for each value of the KEYATTR inputs: the one with the lowest ORDERATTR, which must differ among the rows of one key. The outputs are the inputs in order.',
 'SELECT [INPUTS] FROM [SOURCES] a WHERE NOT EXISTS ( SELECT * FROM [SOURCES] b WHERE b.KEYATTR_1 = a.KEYATTR_1 AND b.ORDERATTR < a.ORDERATTR )',
 1,2,2,
 'a_out_surplus(@KEYATTR[1][1<i<arityOf(@KEYATTR)+1]{,@KEYATTR[$i$]},@ORDERATTR)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),a_in1(OTHER_A_IN1_1[1<i<arityOf(a_in1)+1]{,OTHER_A_IN1_$i$}),@KEYATTR[1]=OTHER_@KEYATTR[1][1<i<arityOf(@KEYATTR)+1]{,@KEYATTR[$i$]=OTHER_@KEYATTR[$i$]},@ORDERATTR>OTHER_@ORDERATTR. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),not a_out_surplus(@KEYATTR[1][1<i<arityOf(@KEYATTR)+1]{,@KEYATTR[$i$]},@ORDERATTR),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
@@ -404,10 +404,10 @@ INSERT INTO ActivityTypesParams VALUES ('Duplicate Removal','PARAM','KEYATTR_1',
 INSERT INTO ActivityTypesParams VALUES ('Duplicate Removal','PARAM','ORDERATTR','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Surrogate Key Assignment',
-'Adds SKEY, the surrogate key that the record set LOOKUPTABLE holds for the production key. LOOKUPTABLE has three columns in this order: production key, source, surrogate key. PRODKEY is the input that holds the production key, SOURCEID a constant that names the source. SKVALUE is the third column of LOOKUPTABLE. Rows without a key there are left out.',
+'Adds SKEY, the surrogate key that the record set LOOKUPTABLE holds for the production key. LOOKUPTABLE has three columns in this order: production key, source, surrogate key. PRODKEY is the input that holds the production key, SOURCEID a constant that names the source. SKVALUE is the third column of LOOKUPTABLE. Rows without a key there, or whose key there is NULL, are left out.',
 'SELECT [INPUTS] , SKVALUE AS SKEY FROM [SOURCES] , LOOKUPTABLE l WHERE l.PRODKEY = PRODKEY AND l.SOURCEID = SOURCEID',
 1,2,2,
-'a_out_found(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},FOUND)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@LOOKUPTABLE(@PRODKEY,@SOURCEID,@SKVALUE),FOUND=@SKVALUE. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY)<-a_out_found(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY).');
+'a_out_found(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},Found)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@LOOKUPTABLE(@PRODKEY,@SOURCEID,@SKVALUE),not isNull(@SKVALUE),Found=@SKVALUE. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY)<-a_out_found(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@SKEY).');
 INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','PARAM','SKVALUE','NUMBER');
 INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','PARAM','PRODKEY','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','PARAM','SOURCEID','[DEFINED BY SOURCE]');
@@ -415,7 +415,7 @@ INSERT INTO ActivityTypesParams VALUES ('Surrogate Key Assignment','OUTPUT','SKE
 INSERT INTO ActivityTypesFunctions VALUES ('Surrogate Key Assignment','LookupKey','SURROGATE_KEY_LOOKUP');
 
 INSERT INTO ActivityTypes VALUES ('Difference',
-'Passes the rows of the first source whose KEYFIRST inputs match the KEYSECOND inputs of no row of the second source. The outputs are those of the first source.',
+'Passes the rows of the first source whose KEYFIRST inputs match the KEYSECOND inputs of no row of the second source. A NULL matches nothing, so rows with a NULL in a key pass. The outputs are the inputs of the first source in order.',
 'SELECT [INPUTS1] FROM [SOURCES1] WHERE KEYFIRST_1 NOT IN ( SELECT KEYSECOND_1 FROM [SOURCES2] )',
 2,2,2,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),not a_out_known(@KEYFIRST[1][1<i<arityOf(@KEYFIRST)+1]{,@KEYFIRST[$i$]}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}. a_out_known(@KEYSECOND[1][1<i<arityOf(@KEYSECOND)+1]{,@KEYSECOND[$i$]})<-a_in2(A_IN2_1[1<i<arityOf(a_in2)+1]{,A_IN2_$i$}).');
@@ -423,7 +423,7 @@ INSERT INTO ActivityTypesParams VALUES ('Difference','PARAM','KEYSECOND_1','[DEF
 INSERT INTO ActivityTypesParams VALUES ('Difference','PARAM','KEYFIRST_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Aggregation',
-'Gives one row for each group of equal GROUPATTR inputs, with TOTAL, which takes AGGRVALUE. AGGRVALUE is the aggregate AGGRNAME (sum, count, avg, min or max) of MEASURE over the group. The other outputs are the GROUPATTR inputs in order.',
+'Gives one row for each group of equal GROUPATTR inputs, with TOTAL, which takes AGGRVALUE. AGGRVALUE is the aggregate AGGRNAME (sum, count, avg, min or max) of MEASURE over the different rows of the group: equal rows count once. The other outputs are the GROUPATTR inputs in order.',
 'SELECT GROUPATTR_1 , AGGRNAME(MEASURE) AS TOTAL FROM [SOURCES] GROUP BY GROUPATTR_1',
 1,2,2,
 'a_out_group(@GROUPATTR[1][1<i<arityOf(@GROUPATTR)+1]{,@GROUPATTR[$i$]},@AGGRNAME<@MEASURE>)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}). a_out_result(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@AGGRVALUE)<-a_out_group(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@AGGRVALUE). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@TOTAL)<-a_out_result(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@TOTAL).');
@@ -441,7 +441,7 @@ INSERT INTO ActivityTypesParams VALUES ('Join','PARAM','KEYSECOND_1','[DEFINED B
 INSERT INTO ActivityTypesParams VALUES ('Join','PARAM','RESULT_1','[DEFINED BY SOURCE]');
 
 INSERT INTO ActivityTypes VALUES ('Union',
-'Passes the rows of two sources of the same attributes. The outputs are those of the first source.',
+'Passes the rows of two sources of the same attributes in the same order. The outputs are the inputs of each source in order.',
 'SELECT [INPUTS1] FROM [SOURCES1] UNION SELECT [INPUTS2] FROM [SOURCES2]',
 2,2,2,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in2(A_IN2_1[1<i<arityOf(a_in2)+1]{,A_IN2_$i$}),A_OUT_1=A_IN2_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN2_$i$}.');
@@ -450,18 +450,18 @@ INSERT INTO ActivityTypes VALUES ('Attribute Function',
 'Adds NEWFIELD, which takes FUNCVALUE. FUNCVALUE is what the function FUNCNAME gives for its ARGUMENT inputs, as its last argument.',
 'SELECT [INPUTS] , FUNCNAME(ARGUMENT_1) AS NEWFIELD FROM [SOURCES]',
 1,2,2,
-'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},VALUE)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@FUNCNAME(@ARGUMENT[1][1<i<arityOf(@ARGUMENT)+1]{,@ARGUMENT[$i$]},@FUNCVALUE),VALUE=@FUNCVALUE. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD).');
+'a_out_value(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$},Value)<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),@FUNCNAME(@ARGUMENT[1][1<i<arityOf(@ARGUMENT)+1]{,@ARGUMENT[$i$]},@FUNCVALUE),Value=@FUNCVALUE. a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD)<-a_out_value(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$},@NEWFIELD).');
 INSERT INTO ActivityTypesParams VALUES ('Attribute Function','OUTPUT','NEWFIELD','[DEFINED BY SOURCE]');
 INSERT INTO ActivityTypesFunctions VALUES ('Attribute Function','Apply','APPLY');
 
 INSERT INTO ActivityTypes VALUES ('Loader Append',
-'Adds the rows of the flow to what the record set TARGET already holds.',
+'Adds the rows of the flow to what the record set TARGET already holds. The outputs are the inputs in order, and the columns of TARGET in order.',
 'INSERT INTO TARGET SELECT [INPUTS] FROM [SOURCES]',
 1,2,2,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-@TARGET(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$}). a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');
 
 INSERT INTO ActivityTypes VALUES ('Loader Overwrite',
-'Fills the target with the rows of the flow, which take the place of what it held before. The old table is dropped first.',
+'Fills the target with the rows of the flow, which take the place of what it held before. The old table is dropped first. The outputs are the inputs in order.',
 'CREATE TABLE TARGET AS SELECT [INPUTS] FROM [SOURCES]',
 1,2,1,
 'a_out(A_OUT_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$})<-a_in1(A_IN1_1[1<i<arityOf(a_in1)+1]{,A_IN1_$i$}),A_OUT_1=A_IN1_1[1<i<arityOf(a_out)+1]{,A_OUT_$i$=A_IN1_$i$}.');

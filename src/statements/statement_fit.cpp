@@ -135,7 +135,20 @@ class Fit {
         return at == begin || at - begin > 4 ? 0 : std::stoul(text_.substr(begin, at - begin));
     }
 
+    /// A token that the generator leaves as it is, since there is no such source.
+    void lookAtLeftToken(std::size_t at) {
+        if (platform::equalIgnoringCase(std::string_view(text_).substr(at, 4), "a_in")) {
+            std::size_t behind = at + 4;
+            if (const std::size_t k = numberAt(behind);
+                k > sources_.size() && behind < text_.size() && (text_[behind] == '(' || text_[behind] == '_')) {
+                generated_ = true;
+                tellMissing(k);
+            }
+        }
+    }
+
     void lookAt(std::size_t at) {
+        lookAtLeftToken(at);
         if (startsAt(at, name_, "_IN")) {
             std::size_t behind = at + name_.size() + 3;
             if (const std::size_t k = numberAt(behind); k > 0 && behind < text_.size() && text_[behind] == '_') {

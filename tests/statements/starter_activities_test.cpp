@@ -101,7 +101,7 @@ class StarterActivitiesTest : public testkit::CanvasTest {
         window.play = [&starter](LDLForm& wizard) { answer(wizard, starter["var"]); };
         ports.messages.expect("Activity Created", "", platform::Icon::information);
         LDLForm(ports.messages, catalogue.tables, wizardServices, window).LDLCreate(form, activity);
-        EXPECT_EQ(misfitLine(activity), "") << activity.Act_LDL;
+        EXPECT_EQ(misfitLine(activity), starter["told"].empty() ? "" : starter["told"][0]) << activity.Act_LDL;
         const rules::Parsed parsed = rules::parse(activity.Act_LDL);
         EXPECT_FALSE(parsed.fault) << parsed.fault->words << parsed.fault->place.offset;
         return activity.Act_LDL;
@@ -128,7 +128,11 @@ TEST_F(StarterActivitiesTest, EveryTypeDerivesTheExpectedRows) {
     std::set<std::string> types;
     for (StarterActivity& starter : starterActivities()) {
         SCOPED_TRACE(*types.insert(starter["type"][0]).first);
-        std::string program = forClingo(throughTheWizard(starter)) + "\n" + kFirstFacts;
+        const std::string statement = throughTheWizard(starter);
+        if (!starter["told"].empty()) {
+            continue;
+        }
+        std::string program = forClingo(statement) + "\n" + kFirstFacts;
         program += starter["fact"].empty() ? "" : starter["fact"][0];
         platform::writeFile(file, program);
         std::system(("clingo --warn=none --verbose=0 '" + file + "' > '" + file + ".out' 2>&1").c_str());
