@@ -222,6 +222,9 @@ const Word* Spellings::keep(Word word) {
 
 /// A name that stands before "(": a record set, another activity's outputs, or a helper with letters that no name has.
 const Word* Spellings::ask(std::string_view name) {
+    if (name.empty()) {
+        return nullptr;
+    }
     const auto nodesOf = [&](std::string_view spelling, auto isMeant) {
         std::vector<const canvas::LabelsD*> found;
         const std::string given(spelling);
@@ -251,7 +254,7 @@ const Word* Spellings::ask(std::string_view name) {
                          activities.size() > 1});
         }
     }
-    const bool odd = !std::all_of(name.begin(), name.end(), rules::isNameLetter);
+    const bool odd = name.front() <= '9' || !std::all_of(name.begin(), name.end(), rules::isNameLetter);
     if (odd && name.starts_with(small_)) {
         const std::string helperName(name);
         return keep({WordKind::name, helperName, helper(helperName)});

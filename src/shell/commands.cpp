@@ -40,6 +40,7 @@ constexpr std::array kFile = {
     item("PrintZoomM", "Print Zoom", printScenario, zoomWindow, "print", "Ctrl+P"),
     item("PrintPreviewM", "Print Preview", printPreview, withWindow, "", "Ctrl+Shift+P"),
     item("ExportTxtM", "Export To Text", exportText, designWindow, "export-text", "Ctrl+E"),
+    item("ExportProgramM", "Export Program", exportProgram, designWindow, "", ""),
     separator(anyWindow),
     item("OpenFileM", "Open File...", openFile, anyWindow, "open", "Ctrl+Shift+O"),
     item("ExportFileM", "Export To File...", exportFile, designWindow, "", "Ctrl+Shift+E"),

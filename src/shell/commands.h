@@ -20,6 +20,7 @@ enum class Command {
     printScenario,
     printPreview,
     exportText,
+    exportProgram,
     openFile,
     exportFile,
     openRecent,

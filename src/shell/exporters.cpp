@@ -5,6 +5,7 @@
 #include "analysis/metrics_text.h"
 #include "analysis/text_export.h"
 #include "platform/fault.h"
+#include "program/clingo_text.h"
 #include "statements/ldl_scenario.h"
 
 namespace orvent::shell {
@@ -21,6 +22,12 @@ constexpr Exporter kExporters[] = {
      ".txt", Needs::catalogue,
      [](const canvas::DrawForm& form, const ExportServices& services) {
          return analysis::TextExport(services.progress, services.catalogue).ExportText(form);
+     }},
+    {kProgramExporter,
+     "the checked program, whose names join, for clingo: what it is given stands in its head and comes as facts", ".lp",
+     Needs::catalogue,
+     [](const canvas::DrawForm& form, const ExportServices& services) {
+         return program::clingoText(program::checkedProgram(form, services.catalogue), services.catalogue);
      }},
     {kMetricsExporter, "the metrics of every node, as a table with commas", ".csv", Needs::depth,
      [](const canvas::DrawForm& form, const ExportServices& services) {

@@ -33,6 +33,7 @@ struct Exporter {
 
 inline constexpr std::string_view kTextExporter = "export-text";
 inline constexpr std::string_view kLdlExporter = "ldl";
+inline constexpr std::string_view kProgramExporter = "program";
 inline constexpr std::string_view kMetricsExporter = "metrics";
 
 std::span<const Exporter> exporters();

@@ -86,6 +86,7 @@ struct MDIForm1::CommandTable {
         {Command::printPreview, withPrint,
          [](MDIForm1& f) { f.desk_.paint(*f.activeEnabled(), PictureTarget::preview); }},
         {Command::exportText, inDesign, [](MDIForm1& f) { f.exportAs(kTextExporter); }},
+        {Command::exportProgram, inDesign, [](MDIForm1& f) { f.exportAs(kProgramExporter); }},
         {Command::openFile, always,
          [](MDIForm1& f) {
              f.files_.open();

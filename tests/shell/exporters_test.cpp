@@ -28,6 +28,7 @@ TEST_F(Exporters, EachHasANameOfItsOwnAndATextForAnEmptyScenario) {
     const std::map<std::string_view, std::string> empty = {
         {"ldl", "\r\n"},
         {"export-text", "0;0\r\n"},
+        {"program", ""},
         {"metrics",
          "ENTITY NAME,Local_IN,Local_OUT,Local_DEGREE,Trans_IN,Trans_OUT,Trans_DEGREE,Total_IN,Total_OUT,"
          "Total_DEGREE\nSum,0,0,0,0,0,0,0,0,0\nAverage,-----,-----,-----,-----,-----,-----,-----,-----,-----\n"},
