@@ -66,8 +66,7 @@ void CanvasPointer::edgeGoes(const LinesD& edge) {
 // Presses.
 
 void CanvasPointer::press(const PointerEvent& event) {
-    again_.reset();
-    clickedAgain_ = false;
+    second_.forget();
     dropIfToolChanged();
     if (captures_ && event.button != LeftButton) {
         if (gesture_ && event.button == RightButton) {
@@ -126,8 +125,8 @@ void CanvasPointer::pressNode(LabelsD& node, const PointerEvent& event) {
         return;
     }
     const bool isSelected = canvas_.SelectedLabels.Item(node.Index());
-    if (isSelected && canvas_.SelectedLabels.Count() == 1 && isArrow(ports_.tools.DrawMode()) && !event.ctrl) {
-        again_.emplace(event.at, event.slack);
+    if (isArrow(ports_.tools.DrawMode())) {
+        second_.pressed(canvas_, node, event);
     }
     const bool ofGroup = canvas_.SelectedLabels.Count() > 1 && isSelected;
     std::vector<NodeNumber> group = ofGroup ? canvas_.SelectedLabels.members() : std::vector<NodeNumber>{};
@@ -177,9 +176,7 @@ void CanvasPointer::move(const PointerEvent& event) {
         cancel();  // the release went astray
     }
     if (captures_ && gesture_) {
-        if (again_) {
-            again_->reach(event.at);  // a drag that comes back is no click
-        }
+        second_.moved(event);
         gesture_->follow(event);
     } else if (!captures_ && event.button == NoButton) {
         hover(event);
@@ -208,7 +205,7 @@ void CanvasPointer::release(const PointerEvent& event) {
         return;
     }
     captures_ = false;
-    clickedAgain_ = again_ && !again_->reach(event.at);
+    second_.released(event);
     // Taken out first: a message at its end runs a loop of its own, in which the pointer may begin anew.
     if (std::unique_ptr<Gesture> held = std::move(gesture_); held && !held->release(event)) {
         gesture_ = std::move(held);
@@ -250,9 +247,8 @@ void CanvasPointer::endEditing() {
 }
 
 bool CanvasPointer::beginNaming() {
-    const LabelsD* node = captures_ ? nullptr : keys_.selectedNode();
-    const std::optional<std::string> name =
-        node && canvas_.SelectedLabels.Count() == 1 ? ports_.windows.nameInPlace(canvas_, *node) : std::nullopt;
+    const LabelsD* node = captures_ ? nullptr : keys_.onlySelected();
+    const auto name = node ? ports_.windows.nameInPlace(canvas_, *node) : std::nullopt;
     if (name) {
         cancel();
         begin<NameEditing>(view_, *node, *name);

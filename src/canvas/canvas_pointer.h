@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,6 +13,7 @@
 #include "canvas/pointer_hover.h"
 #include "canvas/pointer_menus.h"
 #include "canvas/pointer_targets.h"
+#include "canvas/second_click.h"
 #include "canvas/selection_keys.h"
 #include "canvas/view_state.h"
 
@@ -67,7 +67,7 @@ class CanvasPointer : private CanvasListener {
     void takeName(const std::string& name);
     /// Whether the last press and release were a click on the only selected node, with the arrow: unless a double
     /// click follows, its name is meant.
-    bool clickedAgain() const { return clickedAgain_; }
+    bool clickedAgain() const { return second_.isOne(); }
 
     /// Gives up the gesture under way: Escape, a change of tool, the window is deactivated or closed, a command of the
     /// frame is about to run. Graph and markers are as before the gesture, and so is the selection that a crop changed;
@@ -120,8 +120,7 @@ class CanvasPointer : private CanvasListener {
     std::unique_ptr<Gesture> gesture_;  ///< under way, or nothing
     std::string tool_;                  ///< with which it began
     bool captures_ = false;             ///< the left button is held, and events belong to where it was pressed
-    std::optional<DragStart> again_;    ///< the press was on the only selected node
-    bool clickedAgain_ = false;
+    SecondClick second_;
 };
 
 }  // namespace orvent::canvas

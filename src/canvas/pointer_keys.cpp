@@ -61,7 +61,7 @@ bool CanvasPointer::enter() {
     }
     const auto edgeType = canvas_.rules().edgeTypeOf(tool);
     if (!edgeType) {
-        if (canvas_.SelectedLabels.Count() == 1) {
+        if (keys_.onlySelected()) {
             cancel();
         }
         return keys_.openSelected();

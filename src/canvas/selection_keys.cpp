@@ -71,7 +71,7 @@ void SelectionKeys::placeNear(Point middle) {
 }
 
 bool SelectionKeys::openSelected() {
-    LabelsD* node = canvas_.SelectedLabels.Count() == 1 ? selectedNode() : nullptr;
+    LabelsD* node = onlySelected();
     if (node) {
         canvas_.ActiveLabel = node->Index();
         ports_.windows.openProperties(canvas_, *node);

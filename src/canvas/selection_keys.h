@@ -39,6 +39,8 @@ class SelectionKeys {
     bool openSelected();
     void deleteSelected();
 
+    /// The one selected node. Nothing when there is not exactly one.
+    LabelsD* onlySelected() const { return canvas_.SelectedLabels.Count() == 1 ? selectedNode() : nullptr; }
     /// The node selected last, or nothing.
     LabelsD* selectedNode() const;
 

@@ -18,7 +18,7 @@ namespace orvent::editors {
 class ActivityLists {
   public:
     /// All of it is the dialog's. The activity may become another one; `fill` shows it.
-    ActivityLists(const std::shared_ptr<entities::ActivityProperties>& activity, std::array<forms::List, 3>& lists,
+    ActivityLists(const std::shared_ptr<entities::ActivityProperties>& activity, ByList<forms::List>& lists,
                   forms::Tree& graph, forms::Tree& database, const entities::CatalogueTables& tables)
         : activity_(activity), lists_(lists), marks_(graph, database), tables_(tables) {}
 
@@ -58,18 +58,18 @@ class ActivityLists {
     std::vector<std::string> neighbours(const std::string& key) const;
 
   private:
-    static constexpr std::array<entities::NodeKindCode, 3> kMembers = {entities::KindInput, entities::KindOutput,
-                                                                       entities::KindParameter};
+    static constexpr ByList<entities::NodeKindCode> kMembers = {
+        {entities::KindInput, entities::KindOutput, entities::KindParameter}};
 
-    forms::List& list(ActList number) { return lists_[static_cast<std::size_t>(number)]; }
-    TwinNames& twins(ActList number) { return twins_[static_cast<std::size_t>(number)]; }
+    forms::List& list(ActList number) { return lists_[number]; }
+    TwinNames& twins(ActList number) { return twins_[number]; }
     void addRows(ActList number);
 
     const std::shared_ptr<entities::ActivityProperties>& activity_;
-    std::array<forms::List, 3>& lists_;
+    ByList<forms::List>& lists_;
     SchemaMarks marks_;
     const entities::CatalogueTables& tables_;
-    std::array<TwinNames, 3> twins_;
+    ByList<TwinNames> twins_;
     bool filled_ = false;  ///< the lists have been filled once
 };
 

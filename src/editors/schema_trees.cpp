@@ -148,7 +148,7 @@ void SchemaMarks::mark(const std::string& nodeKey, ActList list, const std::stri
         return;
     }
     Uses& uses = uses_[nodeKey];
-    std::vector<std::string>& rows = uses[static_cast<std::size_t>(list)];
+    std::vector<std::string>& rows = uses[list];
     if (std::find(rows.begin(), rows.end(), rowKey) == rows.end()) {
         rows.push_back(rowKey);
     }
@@ -160,14 +160,14 @@ void SchemaMarks::unmark(const std::string& nodeKey, ActList list, const std::st
     if (entry == uses_.end()) {
         return;
     }
-    std::erase(entry->second[static_cast<std::size_t>(list)], rowKey);
+    std::erase(entry->second[list], rowKey);
     show(nodeKey, entry->second);
 }
 
 const std::vector<std::string>& SchemaMarks::rowsOf(const std::string& nodeKey, ActList list) const {
     static const std::vector<std::string> kNone;
     const auto entry = uses_.find(nodeKey);
-    return entry == uses_.end() ? kNone : entry->second[static_cast<std::size_t>(list)];
+    return entry == uses_.end() ? kNone : entry->second[list];
 }
 
 std::optional<ActList> SchemaMarks::userOf(const std::string& nodeKey) const {

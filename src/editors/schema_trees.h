@@ -15,11 +15,24 @@
 namespace orvent::editors {
 
 /// The lists of an entity dialog; a record set has the first alone.
-enum ActList : int { kInputs, kOutputs, kParameters };
+enum class ActList { inputs, outputs, parameters };
+inline constexpr ActList kInputs = ActList::inputs, kOutputs = ActList::outputs, kParameters = ActList::parameters;
 inline constexpr std::array<ActList, 3> kActLists = {kInputs, kOutputs, kParameters};
 
+/// One of something for each list.
+template <class Item>
+struct ByList : std::array<Item, kActLists.size()> {
+    constexpr Item& operator[](ActList list) { return this->data()[static_cast<std::size_t>(list)]; }
+    constexpr const Item& operator[](ActList list) const { return this->data()[static_cast<std::size_t>(list)]; }
+};
+
+/// The number of the tab that shows a list.
+constexpr int tabOf(ActList list) {
+    return static_cast<int>(list);
+}
+
 /// The colour of a list, which its tree nodes bear; blue in the high byte.
-inline constexpr std::array<std::int32_t, 3> kListColours = {0x800000, 0x000080, 0x008000};
+inline constexpr ByList<std::int32_t> kListColours = {{0x800000, 0x000080, 0x008000}};
 
 /// What a node of the two trees stands for.
 enum class SchemaKind : std::int16_t {
@@ -91,7 +104,7 @@ class SchemaMarks {
     };
 
   private:
-    using Uses = std::array<std::vector<std::string>, 3>;
+    using Uses = ByList<std::vector<std::string>>;
 
     forms::Tree* treeOf(const std::string& nodeKey) const;
     static std::optional<ActList> firstUser(const Uses& uses);

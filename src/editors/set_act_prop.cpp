@@ -289,7 +289,7 @@ void SetActProp::TabStrip1_Click(int tab) {
 }
 
 bool SetActProp::ListButtons() const {
-    return TabStrip1 != kLogTab && AttList[static_cast<std::size_t>(SelectedList)].Count() > 0;
+    return TabStrip1 != kLogTab && AttList[SelectedList].Count() > 0;
 }
 
 void SetActProp::MoveRow_Click(forms::RowMove where) {
@@ -346,7 +346,7 @@ void SetActProp::RestoreNamesM_Click() {
 namespace {
 
 /// From the graph, activities and what they provide are dropped on the inputs, and any node on the parameters.
-bool counts(const forms::Tree::Node& node, int front) {
+bool counts(const forms::Tree::Node& node, ActList front) {
     if (!node.parent() || !node.value().Refusal.empty()) {
         return false;
     }

@@ -52,7 +52,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     std::string txtName, txtDescr, txtRejected, txtSQL;
     int ActTypes = -1;                           ///< the chosen type's index in the catalogue
     Language LangSelector = Language::LDL;       ///< which statement `txtSQL` shows
-    int TabStrip1 = kInputs;                     ///< the three lists, then the log's tab
+    int TabStrip1 = tabOf(kInputs);              ///< the three lists, then the log's tab
     bool ReportView = true;                      ///< the lists show their columns
     bool Enabled = true;                         ///< false while the wizard is open over it
     std::function<void(bool enabled)> onEnable;  ///< set by the window
@@ -121,7 +121,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
         Saved = false;
         sourceNote_.reset();
     }
-    void tabMoved() override { TabStrip1 = SelectedList; }
+    void tabMoved() override { TabStrip1 = tabOf(SelectedList); }
 
   private:
     void LoadActivity();

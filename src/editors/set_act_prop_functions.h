@@ -27,12 +27,12 @@ class SetActProp_Functions : public RowOperations {
     canvas::CanvasForm& ParForm;
     canvas::LabelsD& ActiveNode;
     std::shared_ptr<entities::ActivityProperties> tempProp;
-    std::array<forms::List, 3> AttList;
+    ByList<forms::List> AttList;
     forms::Tree ActView;
     forms::Tree DBView;
     ActList SelectedList = kInputs;
 
-    forms::List& frontList() { return AttList[static_cast<std::size_t>(SelectedList)]; }
+    forms::List& frontList() { return AttList[SelectedList]; }
 
     /// Replaces only what the present type brought. An index beyond the table is told, and so is a type that cannot be
     /// read whole; then nothing is replaced.
@@ -81,7 +81,7 @@ class SetActProp_Functions : public RowOperations {
     repository::Catalogue& catalogue() const { return catalogue_; }
 
   private:
-    forms::List& list(ActList number) { return AttList[static_cast<std::size_t>(number)]; }
+    forms::List& list(ActList number) { return AttList[number]; }
 
     void addInput(const forms::Tree::Node& node, const std::string& key, int position);
     void addMirror(const entities::AttributeProperties& input);

@@ -120,7 +120,7 @@ void SourceDatabases::markNode(const std::string& key, bool used) {
     DBView.alter(*node, [&](forms::TreeNode& value) {
         value.Checked = used;
         value.Image = forms::withState(value.Image, used ? "Checked" : "UnChecked");
-        value.ForeColor = used ? kListColours[0] : 0;
+        value.ForeColor = used ? kListColours[kInputs] : 0;
     });
     if (many_ == 0 && node->parent()->parent()) {
         recomputeParent(DBView, *node->parent());

@@ -251,7 +251,7 @@ class DialogWalk : public ZoomDialogs, public ::testing::WithParamInterface<unsi
                 }
                 return;
             case 4:
-                dialog.TabStrip1_Click(editors::kInputs);
+                dialog.TabStrip1_Click(editors::tabOf(editors::kInputs));
                 if (const int rows = dialog.frontList().Count(); rows > 1) {
                     const int row = 1 + pick(rows);
                     say("  remove " + dialog.frontList().Item(row)->Key);
@@ -266,7 +266,7 @@ class DialogWalk : public ZoomDialogs, public ::testing::WithParamInterface<unsi
 
     /// Ticks something that is not used yet, as an input.
     void take(SetActProp& dialog) {
-        dialog.TabStrip1_Click(editors::kInputs);
+        dialog.TabStrip1_Click(editors::tabOf(editors::kInputs));
         forms::Tree& tree = pick(2) ? dialog.ActView : dialog.DBView;
         std::vector<forms::Tree::Node*> leaves;
         for (const auto& owner : tree.roots().front()->children()) {

@@ -142,7 +142,7 @@ TEST_F(SetActPropTest, AClickOnAParentMovesAllItsChildren) {
 TEST_F(SetActPropTest, NodesThatAreClickedTogetherBecomeAlike) {
     struct Row {
         const char* filter;
-        int front;
+        ActList front;
         std::vector<std::string> nodes;
         const char* once;  ///< the list in front after one click, and after the next
         const char* twice;
@@ -158,7 +158,7 @@ TEST_F(SetActPropTest, NodesThatAreClickedTogetherBecomeAlike) {
                            {"id", kInputs, {"DB.RS"}, "Old", "Old RS_ID"}}) {
         SCOPED_TRACE(std::string(row.filter) + " " + row.nodes.back() + (row.dropped ? " dropped" : " clicked"));
         const auto dialog = open();
-        dialog->TabStrip1_Click(row.front);
+        dialog->TabStrip1_Click(tabOf(row.front));
         dialog->DBView.narrow(row.filter);
         for (const char* after : {row.once, row.twice}) {
             row.dropped ? dialog->Drop(row.nodes, 0) : click(*dialog, row.nodes);
@@ -187,16 +187,16 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
     dialog->TabStrip1_Click(SetActProp::kLogTab);
     click(*dialog, "GRAPH.Before.B");
     EXPECT_EQ(dialog->SelectedList, kInputs);
-    EXPECT_EQ(dialog->TabStrip1, kInputs);
+    EXPECT_EQ(dialog->TabStrip1, tabOf(kInputs));
     dialog->DragOut(*dialog->ActView.find("GRAPH.C1"));
-    EXPECT_EQ(dialog->TabStrip1, kParameters) << "a dragged node brings its list forward on its way";
+    EXPECT_EQ(dialog->TabStrip1, tabOf(kParameters)) << "a dragged node brings its list forward on its way";
     EXPECT_TRUE(dialog->takes({"GRAPH.C1"}));
     dialog->DragOut(*dialog->ActView.find("GRAPH.Before"));
-    EXPECT_EQ(dialog->TabStrip1, kInputs);
+    EXPECT_EQ(dialog->TabStrip1, tabOf(kInputs));
     EXPECT_FALSE(dialog->takes({"GRAPH.C1"})) << "no constant becomes an input";
     dialog->TabStrip1_Click(SetActProp::kLogTab);
     click(*dialog, "DB.RS.PRICE");
-    EXPECT_EQ(dialog->TabStrip1, kInputs) << "the list that takes the node comes before the log";
+    EXPECT_EQ(dialog->TabStrip1, tabOf(kInputs)) << "the list that takes the node comes before the log";
     EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Before_B")->Tag, TagActivityMirror);
 
     messages.expect("Properties Saved", "", Icon::information);
@@ -214,7 +214,7 @@ TEST_F(SetActPropTest, ConstantsAndFunctionsGoToTheParameters) {
 
 TEST_F(SetActPropTest, ADropGoesWhereItCounts) {
     struct Row {
-        int front;
+        ActList front;
         const char* node;
         const char* inputs;  ///< then, null when the drop does not count
         const char* parameters;
@@ -231,26 +231,26 @@ TEST_F(SetActPropTest, ADropGoesWhereItCounts) {
                            {kParameters, "GRAPH.F1", "RS_ID Old", "P1 F1 P2", 3},
                            {kParameters, "GRAPH.Before", "RS_ID Old Before_B", "P1 P2"},
                            {kParameters, "GRAPH.Before.B", "RS_ID Old Before_B", "P1 P2"}}) {
-        SCOPED_TRACE(std::string(row.node) + " over list " + std::to_string(row.front));
+        SCOPED_TRACE(std::string(row.node) + " over list " + std::to_string(tabOf(row.front)));
         const auto dialog = open();
         for (const char* parameter : {"P1", "P2"}) {
             dialog->tempProp->Act_Parameters->Add(parameter, 0, TagTypeParameter, parameter).ParentKeyName = "Act";
         }
         dialog->activityBuilt();  // fills the lists
-        dialog->TabStrip1_Click(row.front);
+        dialog->TabStrip1_Click(tabOf(row.front));
         dialog->frontList().select(1);
         EXPECT_EQ(dialog->takes({row.node}), row.inputs != nullptr);
         dialog->Drop({row.node}, 2);
         EXPECT_EQ(keys(dialog->AttList[kInputs]), row.inputs ? row.inputs : "RS_ID Old");
         EXPECT_EQ(keys(dialog->AttList[kParameters]), row.inputs ? row.parameters : "P1 P2");
-        EXPECT_EQ(dialog->AttList[static_cast<std::size_t>(row.front)].selected(), row.inputs ? row.selected : 1)
+        EXPECT_EQ(dialog->AttList[row.front].selected(), row.inputs ? row.selected : 1)
             << "the row that was under the pointer";
     }
 }
 
 TEST_F(SetActPropTest, NamesAreCutToTheirLastPartAndRestored) {
     const auto dialog = open();
-    dialog->TabStrip1_Click(kOutputs);
+    dialog->TabStrip1_Click(tabOf(kOutputs));
     for (const char* name : {"Made", "Act.Made"}) {
         dialog->Saved = true;
         std::string_view(name) == "Made" ? dialog->CutFullNamesM_Click() : dialog->RestoreNamesM_Click();
@@ -264,7 +264,7 @@ TEST_F(SetActPropTest, NamesAreCutToTheirLastPartAndRestored) {
 TEST_F(SetActPropTest, MembersOfTheTypeAreNotDeleted) {
     activity().Act_Outputs->Add("Wizard", 0, TagWizard, "Wizard").ParentKeyName = "Act";
     const auto dialog = open();
-    dialog->TabStrip1_Click(kOutputs);
+    dialog->TabStrip1_Click(tabOf(kOutputs));
     dialog->frontList().select(2);
     messages.expect("Activity Type's Members Cannot Be Deleted", "", Icon::information);
     dialog->Move2Tree_Click();
@@ -595,7 +595,7 @@ TEST_F(SetActPropTest, WhatFeedsItsOwnActivityGoesAtBothEnds) {
     testkit::GraphBuilder(*form).feed("Act.OUT.RS_ID", "Act.IN.Old");
     for (const auto& [list, key] : {std::pair(kInputs, "Old"), {kOutputs, "RS_ID"}}) {
         const auto dialog = open();
-        dialog->TabStrip1_Click(list);
+        dialog->TabStrip1_Click(tabOf(list));
         dialog->frontList().select(dialog->frontList().positionOf(key));
         dialog->Move2Tree_Click();
         EXPECT_EQ(list == kInputs ? dialog->tempProp->Act_Outputs->Item("RS_ID")->ProviderFor.count()
@@ -653,7 +653,7 @@ TEST_F(SetActPropTest, AnInputIsSentOnlyWhereItsTypeFits) {
     links::SynchronizeParameter(*form, other, nullptr);
     const auto again = open();
     const auto fed = again->AttList[kInputs].Item(1)->SubItems;
-    again->TabStrip1_Click(kParameters);
+    again->TabStrip1_Click(tabOf(kParameters));
     again->RemoveRow(2);
     EXPECT_NE(again->AttList[kInputs].Item(1)->SubItems, fed) << "its row tells that it feeds the parameter no longer";
 }
@@ -781,7 +781,7 @@ TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {
                     dialog->txtName_Change("Name" + std::to_string(round * 100 + step));
                     dialog->txtName_Leave();
             }
-            for (int number = kInputs; number <= kOutputs; ++number) {
+            for (const ActList number : {kInputs, kOutputs}) {
                 std::string members;
                 const AttributeCollection* all = number == kInputs
                                                      ? static_cast<AttributeCollection*>(&*dialog->tempProp->Act_Inputs)
@@ -789,7 +789,7 @@ TEST_F(SetActPropTest, AnyCommandsAndThenNoLeaveTheScenarioEqual) {
                 for (const AttributeProperties& member : *all) {
                     members += (members.empty() ? "" : " ") + member.Key;
                 }
-                ASSERT_EQ(keys(dialog->AttList[static_cast<std::size_t>(number)]), members) << "list and collection";
+                ASSERT_EQ(keys(dialog->AttList[number]), members) << "list and collection";
             }
         }
         if (!dialog->Saved) {

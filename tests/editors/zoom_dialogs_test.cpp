@@ -81,7 +81,7 @@ TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
     const auto change = [&](const char* name, const auto& edit) {
         const auto dialog = openOn<SetActProp>(name);
         dialog->ActTypes = 0;
-        dialog->TabStrip1_Click(editors::kParameters);
+        dialog->TabStrip1_Click(editors::tabOf(editors::kParameters));
         edit(*dialog);
         ports.messages.expect("Properties Saved", "", Icon::information);
         EXPECT_TRUE(dialog->OK());

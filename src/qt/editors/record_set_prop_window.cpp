@@ -118,7 +118,7 @@ QWidget* RecordSetPropWindow::newAttributes() {
     rowButtons_->remove = [this] { act([&] { logic_.Move2Tree_Click(); }); };
     rowButtons_->removeAll = [this] { act([&] { logic_.MoveAll2Tree_Click(); }); };
     auto* model = new ListModel(logic_.AttList, {tr("Attribute Name"), tr("Attribute Type")}, entityPicture, this);
-    model->setColour(editors::kListColours[0]);
+    model->setColour(editors::kListColours[editors::kInputs]);
     if (logic_.ListItemEditM()) {
         model->rename = [this](int row, const std::string& label) {
             const bool taken = logic_.AfterLabelEdit(row, label);

@@ -36,7 +36,7 @@ constexpr int kAbove = 190;
 constexpr const char* kTabs[] = {QT_TR_NOOP("&INPUTS"), QT_TR_NOOP("O&UTPUTS"), QT_TR_NOOP("PARA&METERS"),
                                  QT_TR_NOOP("R&EJECTED")};
 
-QStringList columnsOf(int list) {
+QStringList columnsOf(editors::ActList list) {
     const QString name = list == editors::kInputs    ? SetActPropWindow::tr("Input Name")
                          : list == editors::kOutputs ? SetActPropWindow::tr("Output Name")
                                                      : SetActPropWindow::tr("Parameter Name");
@@ -206,8 +206,8 @@ QWidget* SetActPropWindow::newLists() {
     tabs_->setAccessibleName(tr("Members of the activity"));
     tabs_->setDocumentMode(true);
     tabs_->tabBar()->setDrawBase(false);
-    for (int number = 0; number < 3; ++number) {
-        tabs_->addTab(newList(number, kTabs[number]), tr(kTabs[number]));
+    for (const editors::ActList list : editors::kActLists) {
+        tabs_->addTab(newList(list, kTabs[tabOf(list)]), tr(kTabs[tabOf(list)]));
     }
     tabs_->addTab(newLog(), tr(kTabs[SetActProp::kLogTab]));
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -230,9 +230,8 @@ QWidget* SetActPropWindow::newLists() {
     return side;
 }
 
-RowView* SetActPropWindow::newList(int number, const char* caption) {
-    const auto at = static_cast<std::size_t>(number);
-    auto* model = new ListModel(logic_.AttList[at], columnsOf(number), entityPicture, this);
+RowView* SetActPropWindow::newList(editors::ActList at, const char* caption) {
+    auto* model = new ListModel(logic_.AttList[at], columnsOf(at), entityPicture, this);
     model->setColour(editors::kListColours[at]);
     model->rename = [this](int row, const std::string& label) {
         const bool taken = logic_.AfterLabelEdit(row, label);
@@ -245,7 +244,7 @@ RowView* SetActPropWindow::newList(int number, const char* caption) {
         focusList();
     };
     model->dropRows = [this](const std::vector<int>& rows, int place) { act([&] { logic_.MoveRows(rows, place); }); };
-    lists_[at] = new RowView(*model, QStringLiteral("AttList(%1)").arg(number), this);
+    lists_[at] = new RowView(*model, QStringLiteral("AttList(%1)").arg(tabOf(at)), this);
     lists_[at]->setAccessibleName(tr(caption).remove(QLatin1Char('&')));
     lists_[at]->removeRows = rowButtons_->remove;
     lists_[at]->moveRows = rowButtons_->move;
@@ -255,7 +254,7 @@ RowView* SetActPropWindow::newList(int number, const char* caption) {
 }
 
 void SetActPropWindow::focusList() {
-    lists_[static_cast<std::size_t>(logic_.SelectedList)]->setFocus();
+    lists_[logic_.SelectedList]->setFocus();
 }
 
 QWidget* SetActPropWindow::newLog() {

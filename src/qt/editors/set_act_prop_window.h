@@ -43,7 +43,7 @@ class SetActPropWindow : public FormWindow {
     QWidget* newLists();
     QWidget* newLog();
     TreePanel* newTree(forms::Tree& tree, const QString& caption, const QString& name);
-    RowView* newList(int number, const char* caption);
+    RowView* newList(editors::ActList at, const char* caption);
     void addButtons();
     void addTabKeys();
     void showMenu(RowView& list, const QPoint& at);
@@ -69,7 +69,7 @@ class SetActPropWindow : public FormWindow {
     QSplitter* trees_;
     RowButtons* rowButtons_;
     QTabWidget* tabs_;
-    std::array<RowView*, 3> lists_{};
+    editors::ByList<RowView*> lists_{};
     QLabel* sourceNote_;
     QLineEdit* log_;
     QPushButton* ok_;
