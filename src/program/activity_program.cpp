@@ -107,9 +107,10 @@ class StatementReader : RuleScene {
         auto [entry, isNew] = elsewhere_.try_emplace(predicate);
         if (isNew) {
             const canvas::LabelsD& node = *sources_.form.Labels.byIndex(reference::nodeIn(predicate));
-            const auto take = [&](const auto& list) {
+            std::vector<const AttributeProperties*>& columns = entry->second;
+            const auto take = [&columns](const auto& list) {
                 for (const AttributeProperties& attribute : list) {
-                    entry->second.push_back(&attribute);
+                    columns.push_back(&attribute);
                 }
             };
             if (node.recordSet()) {
