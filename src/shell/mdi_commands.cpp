@@ -366,10 +366,12 @@ void MDIForm1::exportAs(std::string_view exporter) {
 }
 
 void MDIForm1::saveAs(canvas::DrawForm& form) {
+    const ScenarioHistories::Saving saving(histories_, form);
     showScenarios(repository::ViewScenarios::Mode::Save, &form);
 }
 
 void MDIForm1::saveScenario(canvas::DrawForm& form) {
+    const ScenarioHistories::Saving saving(histories_, form);
     if (form.ScenarioID == 0 || loadSave_.SaveScenario(form, false) == repository::SaveResult::scenarioGone) {
         saveAs(form);
     }

@@ -8,6 +8,21 @@ ScenarioHistories::ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts&
 
 ScenarioHistories::~ScenarioHistories() = default;
 
+ScenarioHistories::Saving::Saving(ScenarioHistories& histories, canvas::DrawForm& form)
+    : histories_(histories), form_(form) {
+    if (const history::ScenarioHistory* history = histories_.of(form_)) {
+        histories_.recovery_.keepWhole(form_, *history);
+    }
+}
+
+/// What was saved is noticed when the command has ended; here nothing was.
+ScenarioHistories::Saving::~Saving() {
+    const history::ScenarioHistory* history = histories_.of(form_);
+    if (history && !history->waits() && history->isStored()) {
+        histories_.recovery_.forget(form_);
+    }
+}
+
 void ScenarioHistories::scenarioOpened(canvas::DrawForm& form) {
     histories_[&form] = std::make_unique<history::ScenarioHistory>(form);
 }

@@ -76,6 +76,19 @@ class ScenarioHistories : private ScenarioListener {
         ScenarioHistories& histories_;
     };
 
+    /// While one lives the scenario is being saved, and can be brought back whatever becomes of that.
+    class Saving {
+      public:
+        Saving(ScenarioHistories& histories, canvas::DrawForm& form);
+        ~Saving();
+        Saving(const Saving&) = delete;
+        Saving& operator=(const Saving&) = delete;
+
+      private:
+        ScenarioHistories& histories_;
+        canvas::DrawForm& form_;
+    };
+
   private:
     void note(canvas::DrawForm& form, history::ScenarioHistory& history, const std::string& words);
     void scenarioOpened(canvas::DrawForm& form) override;

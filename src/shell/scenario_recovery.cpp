@@ -96,6 +96,21 @@ void ScenarioRecovery::write(Kept& kept, const history::ScenarioHistory& history
     }
 }
 
+void ScenarioRecovery::keepWhole(canvas::DrawForm& form, const history::ScenarioHistory& history) {
+    Kept& kept = keptOf(form);
+    kept.history = &history;
+    try {
+        if (!kept.next && !kept.takesSteps()) {
+            beginWhole(kept);
+        }
+        while (kept.next) {
+            writePart(kept);
+        }
+    } catch (const platform::Fault& fault) {
+        fail(kept, fault.description());
+    }
+}
+
 void ScenarioRecovery::beginWhole(Kept& kept) {
     kept.next.reset();
     auto writer = std::make_unique<history::StateWriter>(services_.source, services_.tables);

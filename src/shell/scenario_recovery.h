@@ -35,6 +35,9 @@ class ScenarioRecovery {
               const std::string& words);
     /// Writes a part of what is to be written yet; a part takes some milliseconds at most. Whether there is more.
     bool writeOn();
+    /// A save is about to write: until it has ended, what is stored may be a part of the scenario, so all of it is
+    /// kept, whether something is unsaved or not.
+    void keepWhole(canvas::DrawForm& form, const history::ScenarioHistory& history);
     /// The scenario's window goes: nothing of it is unsaved any more.
     void forget(const canvas::DrawForm& form);
     /// What was done before, to a scenario that was brought back.
