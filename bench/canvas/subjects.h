@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "bench/canvas/graph.h"
@@ -61,6 +62,10 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     void openProperties(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openZoom(canvas::CanvasForm&, canvas::LabelsD&) override {}
     void openTemplateWizard(canvas::CanvasForm&, canvas::LabelsD&) override {}
+    std::optional<std::string> nameInPlace(canvas::CanvasForm&, const canvas::LabelsD&) override {
+        return std::nullopt;
+    }
+    bool rename(canvas::CanvasForm&, canvas::LabelsD&, const std::string&) override { return false; }
     std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm&) override {}
     void reveal(canvas::CanvasForm&, const canvas::LabelsD&) override {}

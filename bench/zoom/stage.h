@@ -22,6 +22,11 @@ struct NoProgress : platform::Progress {
     void step(std::size_t, std::size_t) override {}
 };
 
+/// All names are short.
+struct ShortNames : canvas::NameMeasure {
+    float widthForName(const canvas::LabelsD&) const override { return 0; }
+};
+
 /// A scenario of `around` nodes beside a star with that many members and attributes, and a zoom view of its middle once
 /// `open` was called.
 struct Stage {
@@ -34,7 +39,8 @@ struct Stage {
 
     zoom::ZoomForm& open() {
         form.reset();
-        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{{messages, settings}, catalogue, progress}, design);
+        form = std::make_unique<zoom::ZoomForm>(zoom::ZoomServices{{messages, settings}, catalogue, progress, names},
+                                                design);
         zoom::buildZoomView(*form, *design.Labels.byIndex(central));
         return *form;
     }
@@ -43,6 +49,7 @@ struct Stage {
     canvas::CanvasSettings settings;
     entities::CatalogueTables catalogue;
     NoProgress progress;
+    ShortNames names;
     canvas::DrawForm design;
     canvas::NodeNumber central{};
     std::unique_ptr<zoom::ZoomForm> form;
