@@ -133,13 +133,13 @@ const CaptionCache::Caption& CaptionCache::caption(canvas::NodeNumber index, std
     return caption;
 }
 
-/// The largest letters at which the name stands whole in its room, in one line or two. When it does so at none, two
-/// lines of the smallest are shortened, or one of the largest where there is no room for two.
+/// The larger letters of two sizes at which the name stands whole in its room, in one line or two. When it does so at
+/// none, two lines of the smallest are shortened, or one of the largest where there is no room for two.
 void CaptionCache::fitName(Entry& entry, QString name, CaptionForm form) {
     name.replace(QLatin1Char('\n'), QLatin1Char(' '));
     Caption& caption = entry.caption;
     const double width = entry.room.width();
-    for (double pixels = kLinePixels; pixels >= kLeastPixels; --pixels) {
+    for (const double pixels : {kLinePixels, kLeastPixels}) {
         caption.font = fontFor(form, pixels * entry.scale);
         const QFontMetricsF metrics(caption.font);
         const bool two = entry.room.height() + 1 >= 2 * metrics.lineSpacing();
