@@ -82,6 +82,10 @@ TEST_F(ProgramTest, EveryCheckNamesItsRuleAndPlace) {
         {"Sel_IN1_PRICE>9,Sel_IN1_PRICE<10.", {}, ""},
         {"Sel_IN1_NAME>'9',Sel_IN1_NAME<'10'.", FindingKind::neverHolds,
          "The rule can never hold, because of Sel_IN1_NAME < '10'."},
+        // A limit that it must not reach.
+        {"Sel_IN1_ID>=3,Sel_IN1_ID<3.", FindingKind::neverHolds, "The rule can never hold, because of Sel_IN1_ID < 3."},
+        {"Sel_IN1_ID>3,Sel_IN1_ID<=3.", FindingKind::neverHolds,
+         "The rule can never hold, because of Sel_IN1_ID <= 3."},
         {"Sel_IN1_ID=3,Sel_IN1_ID!=3.", FindingKind::neverHolds,
          "The rule can never hold, because of Sel_IN1_ID != 3."},
         {"Sel_IN1_ID>=3,Sel_IN1_ID<=3,Sel_IN1_ID<>4.", {}, ""},
