@@ -50,6 +50,8 @@ class Tour {
         save();
         closeAndLoad();
         listProblems(player_, window(), frame(), theme_);
+        findThings(player_, window(), frame(), theme_);
+        outlineScenario(player_, window(), frame(), theme_);
         countMetrics(player_, window(), frame(), theme_);
         writeFiles();
         goBackAndForward(player_, window(), frame(), theme_);

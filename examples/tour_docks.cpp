@@ -1,5 +1,6 @@
 #include "tour_docks.h"
 
+#include <QLineEdit>
 #include <QTreeView>
 
 namespace orvent::tour {
@@ -22,6 +23,46 @@ void listProblems(Player& player, qt::FrameWindow& window, shell::MDIForm1& fram
                       dialog.close();
                   }});
     frame.run(shell::Command::viewProblems);
+    frame.activeScenario()->ClearCrop();
+}
+
+void findThings(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
+    frame.run(shell::Command::findText);
+    auto& field = dynamic_cast<QLineEdit&>(Player::child(window, "txtFind"));
+    auto& found = dynamic_cast<QTreeView&>(Player::child(window, "lstFound"));
+    field.setText(QStringLiteral("au_id"));
+    player.expect(found.model()->rowCount() > 3, "the sample has no such names");
+    frame.run(shell::Command::findNext);
+    player.expect(frame.activeScenario()->SelectedLabels.Count() == 1, "the first hit led to no node");
+    player.picture(window, "find");
+    const qt::ThemeMode mode = theme.mode();
+    theme.setMode(qt::ThemeMode::dark);
+    player.picture(window, "find-dark");
+    theme.setMode(mode);
+    field.setText(QStringLiteral("is:unfinished kind:activity"));
+    player.picture(window, "find-unfinished");
+    field.clear();
+    frame.lists().toggle(shell::Dock::find);
+    player.expect(frame.activeScenario()->found().empty(), "what was found is still marked");
+}
+
+void outlineScenario(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
+    frame.run(shell::Command::viewOutline);
+    auto& tree = dynamic_cast<QTreeView&>(Player::child(window, "treOutline"));
+    const QAbstractItemModel& rows = *tree.model();
+    const canvas::DrawForm& form = *frame.activeScenario();
+    player.expect(rows.rowCount() > 3, "the outline lacks nodes");
+    const QModelIndex last = rows.index(rows.rowCount() - 1, 0);
+    tree.setCurrentIndex(last);
+    tree.expand(last);
+    tree.expand(rows.index(0, 0, last));
+    player.expect(form.SelectedLabels.Count() == 1, "the outline selects no node");
+    player.picture(window, "outline");
+    const qt::ThemeMode mode = theme.mode();
+    theme.setMode(qt::ThemeMode::dark);
+    player.picture(window, "outline-dark");
+    theme.setMode(mode);
+    frame.run(shell::Command::viewOutline);
     frame.activeScenario()->ClearCrop();
 }
 

@@ -9,5 +9,10 @@ namespace orvent::tour {
 
 /// Lists what is missing in the scenario in front, and goes to a node of it.
 void listProblems(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme);
+/// Searches the scenario in front, and goes to the first hit.
+void findThings(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme);
+
+/// Shows the scenario in front as a tree, and a node by way of it.
+void outlineScenario(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme);
 
 }  // namespace orvent::tour

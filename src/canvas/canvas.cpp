@@ -39,6 +39,13 @@ void Canvas::setLight(Light light) {
     }
 }
 
+void Canvas::setFound(std::vector<NodeNumber> nodes) {
+    if (nodes != found_) {
+        found_ = std::move(nodes);
+        listeners_.tell([](CanvasListener& listener) { listener.lightChanged(); });
+    }
+}
+
 const entities::FunctionProperties* Canvas::functionNamed(const std::string& name) const {
     const LabelsD* node = nodeNamed(name);
     return node ? node->entity<entities::FunctionProperties>() : nullptr;

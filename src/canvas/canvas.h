@@ -71,6 +71,10 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     const Light& light() const { return light_; }
     void setLight(Light light);
 
+    /// The nodes that a search has found, ascending; they are marked, and nothing is dimmed.
+    const std::vector<NodeNumber>& found() const { return found_; }
+    void setFound(std::vector<NodeNumber> nodes);
+
     virtual bool isZoom() const { return false; }
 
     /// The node that is painted as the middle of the picture, or none.
@@ -136,6 +140,7 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
 
     CanvasServices services_;
     Light light_;
+    std::vector<NodeNumber> found_;
     CanvasListeners listeners_;
     int manyChanges_ = 0;
     std::uint64_t changes_ = 0;

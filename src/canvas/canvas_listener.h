@@ -22,7 +22,7 @@ class CanvasListener {
     /// Any number of nodes and edges changed at once; none of them is told on its own.
     virtual void manyChanged() {}
     virtual void pictureChanged() {}  ///< the size of the picture
-    virtual void lightChanged() {}    ///< what is lit and what is dimmed
+    virtual void lightChanged() {}    ///< what is lit, dimmed or marked as found
     virtual void formChanged() {}     ///< the window's caption, or whether it takes input
 };
 

@@ -70,6 +70,8 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void ActTypes_Click(int index);
     void butRefresh_Click();
     void TabStrip1_Click(int tab);
+    /// Brings the list forward in which the row of a member, or of a function, stands, and selects the row.
+    void showRow(entities::NodeKindCode kind, const std::string& key);
     void ShowDetailsM_Click() { ReportView = !ReportView; }
 
     /// Whether the list buttons are enabled: the list in front has a row.

@@ -146,4 +146,9 @@ void SetActProp::closing() {
     }
 }
 
+void SetActProp::showRow(entities::NodeKindCode kind, const std::string& key) {
+    TabStrip1_Click(kind == entities::KindInput ? kInputs : kind == entities::KindOutput ? kOutputs : kParameters);
+    frontList().select(frontList().positionOf(key));
+}
+
 }  // namespace orvent::editors

@@ -52,4 +52,21 @@ std::string lowerLetters(std::string_view text) {
     return mapped(text, kToLower);
 }
 
+TextRange findLetters(std::string_view text, std::string_view lowerWord) {
+    const std::size_t at = lowerWord.empty() ? std::string::npos : lowerLetters(text).find(lowerWord);
+    if (at == std::string::npos) {
+        return {};
+    }
+    // A letter may take other bytes in lower case.
+    TextRange range;
+    std::string_view rest = text;
+    for (std::size_t lower = 0; lower < at + lowerWord.size() && !rest.empty();) {
+        const std::string_view character = rest.substr(0, firstCharacterLength(rest));
+        (lower < at ? range.begin : range.length) += character.size();
+        lower += lowerLetters(character).size();
+        rest.remove_prefix(character.size());
+    }
+    return range;
+}
+
 }  // namespace orvent::platform

@@ -4,6 +4,7 @@
 
 #include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
+#include "entities/members.h"
 
 namespace orvent::shell {
 
@@ -28,9 +29,24 @@ void touch(canvas::CanvasForm& form, canvas::NodeNumber node) {
     }
 }
 
+/// The key of the row in which the dialog of an activity shows a member, or the function that has it.
+std::string rowKeyOf(const entities::ActivityProperties& activity, const analysis::Place& place) {
+    if (place.function > 0) {
+        const entities::Act_FunctionsCollection* functions = activity.Act_Functions.peek();
+        const entities::FunctionProperties* function = functions ? functions->Item(place.function) : nullptr;
+        return function ? function->Function_Key : std::string();
+    }
+    std::string key;
+    withList(activity, place.list, [&](const auto& list, entities::NodeKindCode) {
+        const auto* member = list.peek() ? list.peek()->Item(place.member) : nullptr;
+        key = member ? member->Key : std::string();
+    });
+    return key;
+}
+
 }  // namespace
 
-void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) {
+void CanvasDialogs::openAt(canvas::CanvasForm& form, canvas::LabelsD& node, const analysis::Place& place) {
     auto* zoom = dynamic_cast<zoom::ZoomView*>(&form);
     if (zoom && !zoom->bearsName(node)) {
         return;  // it repeats another node, and is edited there
@@ -48,9 +64,13 @@ void CanvasDialogs::openProperties(canvas::CanvasForm& form, canvas::LabelsD& no
             touch(form, index);
             windows.enabledChanged();
         };
+        if (const std::string key = rowKeyOf(*dialog->tempProp, place); !key.empty()) {
+            dialog->showRow(place.function > 0 ? entities::KindFunction : place.list, key);
+        }
         services_.dialogs.open(std::move(dialog));
     } else if (node.recordSet()) {
         editors::RecordSetProp dialog(services_, form, node);
+        dialog.AttList.select(place.member);
         services_.dialogs.show(dialog);
         touch(form, index);
     } else if (zoom && editors::ItemProp::edits(*zoom, node)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/node_texts.h"
 #include "canvas/canvas_host.h"
 #include "editors/rename_in_place.h"
 #include "shell/desk.h"
@@ -33,7 +34,9 @@ class CanvasDialogs : public canvas::CanvasWindows {
     CanvasDialogs(Desk& desk, WindowKeeper& windows, const editors::EditorServices& services)
         : desk_(desk), windows_(windows), services_(services) {}
 
-    void openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) override;
+    void openProperties(canvas::CanvasForm& form, canvas::LabelsD& node) override { openAt(form, node, {}); }
+    /// The dialog of the node with that member selected in its list.
+    void openAt(canvas::CanvasForm& form, canvas::LabelsD& node, const analysis::Place& place);
     void openZoom(canvas::CanvasForm& form, canvas::LabelsD& activity) override {
         windows_.ZoomActivity(form.scenario().slot(), activity.Index());
     }

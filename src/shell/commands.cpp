@@ -93,6 +93,10 @@ constexpr std::array kEdit = {
     MenuItem{"AlignM", "Align", newScenario, {}, false, kAlign, withWindow},
     MenuItem{"DistributeM", "Distribute", newScenario, {}, false, kDistribute, withWindow},
     MenuItem{"SelectM", "Select", newScenario, {}, false, kSelect, withWindow},
+    separator(withWindow),
+    item("FindM", "Find...", findText, withWindow, "", "Ctrl+F", "Searches names, types, statements and comments"),
+    item("FindNextM", "Find Next", findNext, withWindow, "", "F3"),
+    item("FindPreviousM", "Find Previous", findPrevious, withWindow, "", "Shift+F3"),
 };
 
 constexpr std::array kRelationships = {
@@ -117,6 +121,8 @@ constexpr std::array kView = {
     item("ViewHistoryM", "History", viewHistory, designWindow, "", "Ctrl+H"),
     item("ViewProblemsM", "Problems", viewProblems, withWindow, "", "F8",
          "Lists what is unfinished or doubtful in the scenario"),
+    item("ViewOutlineM", "Outline", viewOutline, withWindow, "", "F7",
+         "The scenario as a tree, in the order of its flow"),
     separator(zoomWindow),
     MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, zoomWindow},
     item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", "",

@@ -6,7 +6,7 @@
 namespace orvent::shell {
 
 /// A list beside the windows that tells of the scenario in front.
-enum class Dock { history, problems };
+enum class Dock { history, problems, find, outline };
 
 /// What the frame's logic asks of its own window.
 class FrameHost {
@@ -29,6 +29,8 @@ class FrameHost {
     /// The lists beside the windows.
     virtual void showDock(Dock dock, bool shown) = 0;
     virtual bool dockShown(Dock dock) const = 0;
+    /// The keyboard goes to one that is shown.
+    virtual void enterDock(Dock dock) = 0;
     /// The problems of the scenario in front are others than before.
     virtual void problemsChanged() = 0;
     /// Asks for the ordinary unload of the frame, with its closing questions.

@@ -45,8 +45,9 @@ struct MDIForm1::CommandRow {
         withPrint,  ///< likewise
         withUndo,   ///< the button of `MenuBar` is on
         withRecent,
-        back,     ///< a step of the scenario in front can be taken back
-        forward,  ///< likewise, forward
+        withScenario,  ///< a window with a canvas is in front
+        back,          ///< a step of the scenario in front can be taken back
+        forward,       ///< likewise, forward
         withoutWindows
     };
 
@@ -132,6 +133,9 @@ struct MDIForm1::CommandTable {
         {Command::selectBetween, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectBetween); }},
         {Command::selectSameType, inWindow,
          [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::selectSameType); }},
+        {Command::findText, withScenario, [](MDIForm1& f) { f.lists_.enter(Dock::find); }},
+        {Command::findNext, withScenario, [](MDIForm1& f) { f.lists_.findNext(false); }},
+        {Command::findPrevious, withScenario, [](MDIForm1& f) { f.lists_.findNext(true); }},
         {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
         {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
@@ -160,10 +164,12 @@ struct MDIForm1::CommandTable {
         {Command::viewFit, inWindow, [](MDIForm1& f) { f.desk_.changeView(*f.activeEnabled(), ViewChange::fit); }},
         {Command::colourByMetric, inDesign, [](MDIForm1& f) { f.toggleTints(); },
          [](const MDIForm1& f) { return f.tints_.contains(f.activeScenario()); }},
-        {Command::viewHistory, always, [](MDIForm1& f) { f.toggleDock(Dock::history); },
+        {Command::viewHistory, always, [](MDIForm1& f) { f.lists_.toggle(Dock::history); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::history); }},
-        {Command::viewProblems, always, [](MDIForm1& f) { f.toggleDock(Dock::problems); },
+        {Command::viewProblems, always, [](MDIForm1& f) { f.lists_.toggle(Dock::problems); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::problems); }},
+        {Command::viewOutline, always, [](MDIForm1& f) { f.lists_.toggleEntered(Dock::outline); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::outline); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
@@ -213,7 +219,7 @@ void MDIForm1::run(Command command) {
     }
     histories_.settle(row.step);
     if (canvas::DrawForm* form = activeScenario()) {
-        settleProblems(*form);  // of a statement, or of the catalogue, no canvas tells
+        lists_.settle(*form, isWhole(*form));  // of a statement, or of the catalogue, no canvas tells
     }
 }
 
@@ -235,6 +241,8 @@ bool MDIForm1::isEnabled(Command command) const {
             return activeEnabled() && tools_.isMenuEnabled("Print");
         case withUndo:
             return tools_.isMenuEnabled("Undo");
+        case withScenario:
+            return desk_.active() != nullptr;
         case withRecent:
             return !recentFiles().empty();
         case back:

@@ -41,7 +41,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       documentTypes_(services_, catalogue_),
       files_(ports, services_, *this, {documentTypes_, host.dialogs()}),
       clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
-      problems_(scenarioListeners_, catalogue_.tables),
+      lists_({host, desk, ports.store, options_, catalogue_.tables, dialogs_}, scenarioListeners_),
       recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       earlier_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       histories_(scenarioListeners_, *this, recovery_, earlier_),
@@ -75,7 +75,7 @@ bool MDIForm1::start() {
     repository::offerStarterCatalogue(services_, catalogue_);
     host_.placeFrame(kLeft, kTop, kWidth, kHeight);
     ports_.progress.status("Ready");
-    showDocks();
+    lists_.begin();
     host_.commandsChanged();
     offerLeftScenarios();
     return true;
@@ -279,6 +279,7 @@ void MDIForm1::freeSlot(int slot) {
 
 /// A form that nobody holds any more goes from the desk.
 void MDIForm1::dropped(canvas::CanvasForm& form) {
+    lists_.forget(form);
     desk_.drop(form);
     tints_.erase(&form);
     form.clear();
@@ -324,7 +325,7 @@ void MDIForm1::noticeChanges(canvas::CanvasForm& form) {
         repository::isUnsaved(scenario);
     }
     histories_.idle();
-    settleProblems(scenario);
+    lists_.settle(form, isWhole(scenario));
     if (const auto place = tints_.find(&form); place != tints_.end()) {
         place->second->countAnew();
         desk_.showTints(form, place->second.get());
@@ -337,9 +338,15 @@ void MDIForm1::applied(canvas::CanvasForm& form) {
     histories_.settleNow(form.scenario(), {}, true);
 }
 
+bool MDIForm1::idle() {
+    const bool more = histories_.idle();
+    return lists_.idle() || more;
+}
+
 void MDIForm1::frontChanged() {
     canvas::CanvasForm* form = desk_.active();
     const canvas::DrawForm* scenario = form ? &form->scenario() : nullptr;
+    lists_.frontChanged();
     ldl_.cameForward(scenario);
     consistency_.cameForward(scenario);
 }

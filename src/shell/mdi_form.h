@@ -25,10 +25,10 @@
 #include "shell/metrics_scenarios.h"
 #include "shell/options_data.h"
 #include "shell/ports.h"
-#include "shell/problem_lists.h"
 #include "shell/scenario_clipboard.h"
 #include "shell/scenario_files.h"
 #include "shell/scenario_histories.h"
+#include "shell/side_lists.h"
 #include "shell/tool_bars.h"
 #include "shell/wizard_window.h"
 #include "statements/ldl_form.h"
@@ -91,7 +91,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     /// Some time has passed since a window changed: marks its scenario when it holds unsaved work, and tints it anew.
     void noticeChanges(canvas::CanvasForm& form);
     /// The program has nothing to do: what was done to the scenarios is a step of theirs.
-    bool idle() { return histories_.idle(); }
+    bool idle();
     /// Another window is in front now.
     void frontChanged();
     /// The current group of the vertical menu, from 1 on.
@@ -105,14 +105,12 @@ class MDIForm1 : public repository::ScenarioWindows,
     /// Tells the listener of scenarios that come and go while its holder keeps the subscription.
     [[nodiscard]] ScenarioSubscription listen(ScenarioListener& listener) { return scenarioListeners_.add(listener); }
     const ScenarioHistories& histories() const { return histories_; }
-    void dockClosed(Dock dock);  ///< by its own button
     /// Brings the scenario in front to a line of its history.
     void goToStep(std::size_t line);
     HistoryLines stepsInFront() const;
-    /// What is unfinished or doubtful in the scenario in front, when that was found out last.
-    std::vector<ProblemLine> problems() const;
-    /// Selects a node of the scenario in front and brings it into view.
-    void goToNode(canvas::NodeNumber node);
+    /// The lists beside the windows.
+    SideLists& lists() { return lists_; }
+    const SideLists& lists() const { return lists_; }
     const OptionsData& options() const { return options_; }
     repository::Services& services() { return services_; }
     repository::Catalogue& catalogue() { return catalogue_; }
@@ -140,9 +138,6 @@ class MDIForm1 : public repository::ScenarioWindows,
     bool bringBack(const std::string& file);
     void showEarlierStates();
     bool openEarlier(const std::string& file, std::string name);
-    void showDocks();
-    void toggleDock(Dock dock);
-    void settleProblems(const canvas::DrawForm& form);
     void zoomApplied(zoom::ZoomView& view);
     void toggleTints();
     void toggleMark(bool zoom::ViewMarks::*mark);
@@ -185,7 +180,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     ScenarioFiles files_;
     ScenarioClipboard clipboard_;
     ScenarioListeners scenarioListeners_;
-    ProblemLists problems_;
+    SideLists lists_;
     ScenarioRecovery recovery_;
     EarlierStates earlier_;
     ScenarioHistories histories_;

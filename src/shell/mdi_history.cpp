@@ -15,6 +15,11 @@ void MDIForm1::zoomApplied(zoom::ZoomView& view) {
     histories_.settleNow(design, "Applied " + view.central()->Caption());
 }
 
+HistoryLines MDIForm1::stepsInFront() const {
+    canvas::CanvasForm* form = desk_.active();
+    return form ? histories_.linesOf(form->scenario()) : HistoryLines{};
+}
+
 void MDIForm1::goToStep(std::size_t line) {
     if (canvas::DrawForm* form = activeScenario()) {
         histories_.settle();
@@ -34,7 +39,7 @@ bool MDIForm1::isWhole(const canvas::DrawForm& form) const {
 }
 
 void MDIForm1::changed(canvas::DrawForm& form, const canvas::Touched& touched) {
-    problems_.touch(form, touched);
+    lists_.touch(form, touched);
 }
 
 void MDIForm1::historyChanged(canvas::DrawForm&) {

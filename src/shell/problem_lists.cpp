@@ -42,4 +42,15 @@ std::vector<ProblemLine> ProblemLists::linesOf(const canvas::DrawForm& form,
     return place == problems_.end() ? std::vector<ProblemLine>() : problemLines(form, *place->second, kinds);
 }
 
+analysis::Unfinished ProblemLists::unfinishedOf(const canvas::DrawForm& form,
+                                                const analysis::ProblemKinds& kinds) const {
+    analysis::Unfinished unfinished;
+    if (const auto place = problems_.find(&form); place != problems_.end()) {
+        for (const analysis::Problem* row : place->second->rows(kinds)) {
+            unfinished.emplace_back(row->node, row->member);
+        }
+    }
+    return unfinished;
+}
+
 }  // namespace orvent::shell

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/scenario_problems.h"
+#include "analysis/text_search.h"
 #include "shell/scenario_listener.h"
 #include "shell/statement_checks.h"
 
@@ -40,6 +41,8 @@ class ProblemLists : private ScenarioListener {
     /// Looks at what has. True when the list is another one than before.
     bool settle(const canvas::DrawForm& form);
     std::vector<ProblemLine> linesOf(const canvas::DrawForm& form, const analysis::ProblemKinds& kinds) const;
+    /// The nodes and members that have a problem of some kinds.
+    analysis::Unfinished unfinishedOf(const canvas::DrawForm& form, const analysis::ProblemKinds& kinds) const;
 
   private:
     void scenarioOpened(canvas::DrawForm& form) override;

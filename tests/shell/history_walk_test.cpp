@@ -21,6 +21,9 @@ class HistoryWalk : public ::testing::TestWithParam<unsigned>, private OwnReposi
   protected:
     HistoryWalk() : ScenarioWalk(own_, GetParam()) {
         states_.push_back({testkit::stateText(*form), selected(), selected(), false});
+        frame.run(Command::findText);
+        frame.run(Command::viewOutline);
+        frame.frontChanged();
     }
 
     void idle() override {
@@ -102,7 +105,47 @@ class HistoryWalk : public ::testing::TestWithParam<unsigned>, private OwnReposi
     void expectProblems() {
         frame.noticeChanges(*form);
         const auto whole = shell::problemLines(*form, frame.catalogue().tables, analysis::everyProblem());
-        EXPECT_EQ(lines(frame.problems()), lines(whole));
+        EXPECT_EQ(lines(frame.lists().problems()), lines(whole));
+        expectHits();
+        expectOutline();
+    }
+    /// All rows of an outline.
+    static void addRows(std::vector<std::string>& lines, const analysis::Outline& outline,
+                        const std::vector<std::unique_ptr<analysis::Outline::Row>>& rows) {
+        for (const auto& row : rows) {
+            const analysis::Outline::Words words = outline.wordsOf(*row);
+            lines.push_back(words.what + ": " + words.name + ": " + words.type);
+            addRows(lines, outline, outline.rowsOf(*row));
+        }
+    }
+    void expectOutline() {
+        std::vector<std::string> known, now;
+        const analysis::Outline& kept = *frame.lists().outline().outline();
+        const analysis::Outline whole(*form, frame.catalogue().tables);
+        addRows(known, kept, kept.roots());
+        addRows(now, whole, whole.roots());
+        EXPECT_EQ(known, now);
+    }
+    /// The hits of a search that goes along are those of a new one.
+    void expectHits() {
+        shell::FindForm& find = frame.lists().find();
+        while (frame.lists().idle()) {
+        }
+        std::vector<std::string> known;
+        for (int row = 1; row <= find.Count(); ++row) {
+            known.push_back(find.row(row).place + find.row(row).what + find.row(row).text);
+        }
+        find.show(false);
+        find.show(true);
+        while (frame.lists().idle()) {
+        }
+        std::vector<std::string> now;
+        for (int row = 1; row <= find.Count(); ++row) {
+            now.push_back(find.row(row).place + find.row(row).what + find.row(row).text);
+        }
+        EXPECT_EQ(known, now) << find.txtFind();
+        const char* texts[] = {"a", "is:free", "type:a", "out", "is:unfinished", "kind:i 1"};
+        find.txtFind_Change(texts[pick(6)]);
     }
     static std::vector<std::string> lines(const std::vector<shell::ProblemLine>& problems) {
         std::vector<std::string> lines;

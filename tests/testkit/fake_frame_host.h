@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <vector>
 
 #include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
@@ -66,6 +67,8 @@ class FakeFrameHost : public shell::FrameHost {
     }
     void showDock(shell::Dock dock, bool shown) override { docks[dock] = shown; }
     bool dockShown(shell::Dock dock) const override { return docks.contains(dock) && docks.at(dock); }
+    std::vector<shell::Dock> entered;
+    void enterDock(shell::Dock dock) override { entered.push_back(dock); }
     void problemsChanged() override { ++problemChanges; }
     void unloadFrame() override {}
     void endProgram() override { ended = true; }

@@ -10,6 +10,7 @@
 #include <QToolTip>
 #include <utility>
 
+#include "qt/canvas/canvas_accessible.h"
 #include "qt/canvas/tint_legend.h"
 #include "qt/menu_filling.h"
 #include "qt/text.h"
@@ -130,6 +131,7 @@ void CanvasEditor::mouseReleaseEvent(QMouseEvent* event) {
         if (pointer_.clickedAgain()) {
             second_.start(QApplication::doubleClickInterval(), this);
         }
+        tellAccessibleFocus(*this);
     }
 }
 
@@ -146,6 +148,7 @@ void CanvasEditor::keyPressEvent(QKeyEvent* event) {
     if (code == 0 || !pointer_.keyDown(code, event->modifiers().testFlag(Qt::ControlModifier))) {
         CanvasViewWidget::keyPressEvent(event);
     }
+    tellAccessibleFocus(*this);
 }
 
 void CanvasEditor::contextMenuEvent(QContextMenuEvent* event) {

@@ -42,6 +42,8 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     void setTints(canvas::Tints* tints) { painter_.setTints(tints); }
     canvas::Tints* tints() const { return painter_.tints(); }
 
+    const canvas::Canvas& shown() const { return canvas_; }
+
     /// The topmost node at a place, or nothing.
     const canvas::LabelsD* nodeAt(canvas::Point place) const { return index_.nodeAt(place); }
     /// What lies topmost at a place of the viewport. Handles can be hit also while they are not painted.

@@ -15,7 +15,9 @@ namespace {
 constexpr double kPictureMargin = 2;  // pixels around a kept picture
 constexpr int kLargestPicture = 512;  // device pixels; larger boxes are drawn each time
 constexpr std::size_t kMostPictures = 256;
-constexpr double kLackRadius = 3.5;  // pixels at scale 1
+constexpr double kFoundRim = 5;       // pixels around a node that was found, at scale 1
+constexpr double kLeastFoundRim = 2;  // pixels
+constexpr double kLackRadius = 3.5;   // pixels at scale 1
 
 void paintSelection(const PaintContext& context, const QRectF& box) {
     const double pen = context.penWidth(2);
@@ -157,6 +159,14 @@ float NodePainter::widthForName(const canvas::LabelsD& node) {
         box.setWidth(letters + box.width() - shape.captionRoom(box, 1).width());
     }
     return static_cast<float>(box.width() * kTwipsPerPixel);
+}
+
+void paintFound(const PaintContext& context, const canvas::LabelsD& node) {
+    const double around = std::max(kLeastFoundRim, context.length(kFoundRim));
+    context.painter.setPen(Qt::NoPen);
+    context.painter.setBrush(context.colours.found);
+    context.painter.drawRoundedRect(context.transform.toPixels(boxOf(node)).adjusted(-around, -around, around, around),
+                                    around, around);
 }
 
 void NodePainter::prepare(const PaintContext& context) {

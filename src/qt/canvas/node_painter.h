@@ -21,6 +21,8 @@ struct NodeState {
 
 /// What lets the central node of a canvas stand out, behind it.
 void paintCentre(const PaintContext& context, const canvas::LabelsD& node);
+/// Marks a node that a search has found.
+void paintFound(const PaintContext& context, const canvas::LabelsD& node);
 
 /// Paints nodes: shape by figure, fill by colour, caption, and an outline around a selected one. Boxes of one figure,
 /// size and colour look alike, so each such picture is drawn once and kept.

@@ -1,6 +1,7 @@
 #include "qt/canvas/picture_painter.h"
 
 #include <QPaintEngine>
+#include <algorithm>
 
 #include "qt/canvas/edge_painter.h"
 
@@ -161,10 +162,14 @@ void PicturePainter::paintPicture(const PaintContext& context, const QRegion& re
     }
     edges.paint();
     const canvas::Light& light = canvas_.light();
+    const std::vector<canvas::NodeNumber>& found = canvas_.found();
     for (const canvas::LabelsD* node : index_.nodesIn(exposed)) {
         if (node->Visible() && isExposed(extentOf(*node))) {
             if (node->Index() == canvas_.centralNode()) {
                 paintCentre(context, *node);
+            }
+            if (context.selection && std::binary_search(found.begin(), found.end(), node->Index())) {
+                paintFound(context, *node);
             }
             nodes_.paint(context, *node,
                          {canvas_.SelectedLabels.Item(node->Index()) != nullptr,

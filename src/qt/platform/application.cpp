@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "platform/settings_store.h"
+#include "qt/canvas/canvas_accessible.h"
 
 namespace orvent::qt {
 
@@ -17,6 +18,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     // The base class has taken over the user's locale; numbers in files and statements stay in the C locale, also
     // those that a database driver writes.
     std::setlocale(LC_NUMERIC, "C");
+    installCanvasAccessible();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

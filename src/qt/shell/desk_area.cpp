@@ -40,6 +40,16 @@ QToolButton* newCloseButton(DeskWindow* window, QTabBar* tabs) {
     return button;
 }
 
+/// A list that one goes along with the keys, while the canvas shows each of its rows.
+bool keepsKeyboard(const QWidget& widget) {
+    for (const QWidget* at = &widget; at; at = at->parentWidget()) {
+        if (at->property(kKeepsKeyboard).toBool()) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 DeskArea::DeskArea(const Theme& theme, QWidget* parent) : QMdiArea(parent), theme_(theme), names_(font()) {
@@ -182,7 +192,11 @@ void DeskArea::changeView(canvas::CanvasForm& form, shell::ViewChange change) {
 
 void DeskArea::reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) {
     DeskWindow* window = windowOf(form);
+    QWidget* keyboard = this->window()->focusWidget();
     bringForward(window);
+    if (keyboard && keepsKeyboard(*keyboard)) {
+        keyboard->setFocus();
+    }
     window->editor().reveal(node);
 }
 

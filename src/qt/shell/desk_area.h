@@ -18,6 +18,9 @@ namespace orvent::qt {
 class DeskWindow;
 class Theme;
 
+/// A property of lists beside the windows in which the keyboard stays when they bring a node into view.
+inline constexpr const char* kKeepsKeyboard = "keepsKeyboard";
+
 /// The child windows of the frame, as tabs or as windows side by side. It remembers which one is active also while
 /// another window of the program is in front.
 class DeskArea : public QMdiArea, public shell::Desk {

@@ -5,7 +5,9 @@
 #include <QToolButton>
 #include <utility>
 
+#include "qt/shell/find_dock.h"
 #include "qt/shell/history_dock.h"
+#include "qt/shell/outline_dock.h"
 #include "qt/shell/problems_dock.h"
 #include "qt/theme/icons.h"
 #include "shell/mdi_form.h"
@@ -14,17 +16,40 @@ namespace orvent::qt {
 
 using shell::Dock;
 
+namespace {
+
+constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline};
+
+}  // namespace
+
 FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> logic)
     : QObject(&frame),
       logic_(std::move(logic)),
       history_(new HistoryDock([this](std::size_t line) { logic_()->goToStep(line); }, &frame)),
-      problems_(new ProblemsDock([this](canvas::NodeNumber node) { logic_()->goToNode(node); }, &frame)),
+      problems_(new ProblemsDock([this](canvas::NodeNumber node) { logic_()->lists().goToNode(node); }, &frame)),
+      find_(new FindDock(
+          [this] {
+              shell::MDIForm1* its = logic_();
+              return its ? &its->lists().find() : nullptr;
+          },
+          &frame)),
+      outline_(new OutlineDock(
+          [this] {
+              shell::MDIForm1* its = logic_();
+              return its ? &its->lists().outline() : nullptr;
+          },
+          &frame)),
       count_(new QToolButton(&frame)) {
     frame.addDockWidget(Qt::RightDockWidgetArea, history_);
     frame.addDockWidget(Qt::BottomDockWidgetArea, problems_);
+    frame.tabifyDockWidget(problems_, find_);
+    frame.addDockWidget(Qt::LeftDockWidgetArea, outline_);
+    logic_()->lists().outline().onOutline = [this] { outline_->renew(); };
+    logic_()->lists().outline().onFollow = [this] { outline_->follow(); };
+    logic_()->lists().find().onRows = [this](bool others) { find_->follow(others); };
     const auto closed = [this](Dock dock) {
         if (shell::MDIForm1* its = logic_()) {
-            its->dockClosed(dock);
+            its->lists().closed(dock);
         }
     };
     // It is hidden only behind its event.
@@ -32,8 +57,13 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
         history_, &HistoryDock::closed, this, [closed] { closed(Dock::history); }, Qt::QueuedConnection);
     connect(
         problems_, &ProblemsDock::closed, this, [closed] { closed(Dock::problems); }, Qt::QueuedConnection);
-    history_->hide();
-    problems_->hide();
+    connect(
+        find_, &FindDock::closed, this, [closed] { closed(Dock::find); }, Qt::QueuedConnection);
+    connect(
+        outline_, &OutlineDock::closed, this, [closed] { closed(Dock::outline); }, Qt::QueuedConnection);
+    for (const Dock dock : kDocks) {
+        widget(dock)->hide();
+    }
     count_->setObjectName(QStringLiteral("problemCount"));
     count_->setAutoRaise(true);
     count_->setIcon(icon(QStringLiteral("warning")));
@@ -44,11 +74,35 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
 }
 
 QDockWidget* FrameDocks::widget(Dock dock) const {
-    return dock == Dock::history ? static_cast<QDockWidget*>(history_) : problems_;
+    switch (dock) {
+        case Dock::history:
+            return history_;
+        case Dock::problems:
+            return problems_;
+        case Dock::find:
+            return find_;
+        case Dock::outline:
+            break;
+    }
+    return outline_;
 }
 
 void FrameDocks::show(Dock dock, bool shown) {
     widget(dock)->setVisible(shown);
+    if (shown) {
+        widget(dock)->raise();
+    }
+}
+
+void FrameDocks::enter(Dock dock) {
+    widget(dock)->raise();
+    if (dock == Dock::find) {
+        find_->enter();
+    } else if (dock == Dock::outline) {
+        outline_->enter();
+    } else {
+        widget(dock)->setFocus();
+    }
 }
 
 bool FrameDocks::isShown(Dock dock) const {
@@ -56,8 +110,9 @@ bool FrameDocks::isShown(Dock dock) const {
 }
 
 void FrameDocks::setEnabled(bool enabled) {
-    history_->setEnabled(enabled);
-    problems_->setEnabled(enabled);
+    for (const Dock dock : kDocks) {
+        widget(dock)->setEnabled(enabled);
+    }
 }
 
 void FrameDocks::refresh() {
@@ -69,7 +124,7 @@ void FrameDocks::refresh() {
 void FrameDocks::refreshProblems() {
     const shell::MDIForm1* logic = logic_();
     const bool isOpen = logic && logic->front() != canvas::WindowKind::none;
-    std::vector<shell::ProblemLine> lines = isOpen ? logic->problems() : std::vector<shell::ProblemLine>();
+    std::vector<shell::ProblemLine> lines = isOpen ? logic->lists().problems() : std::vector<shell::ProblemLine>();
     const int count = static_cast<int>(lines.size());
     count_->setVisible(isOpen && count > 0);
     count_->setText(count_->locale().toString(count));

@@ -15,7 +15,9 @@ class MDIForm1;
 
 namespace orvent::qt {
 
+class FindDock;
 class HistoryDock;
+class OutlineDock;
 class ProblemsDock;
 
 /// The lists beside the windows of a frame, and the count of problems in its status corner.
@@ -28,6 +30,8 @@ class FrameDocks : public QObject {
 
     void show(shell::Dock dock, bool shown);
     bool isShown(shell::Dock dock) const;
+    /// The keyboard goes there.
+    void enter(shell::Dock dock);
     void setEnabled(bool enabled);
     /// Steps, or the scenario in front, may have changed.
     void refresh();
@@ -40,6 +44,8 @@ class FrameDocks : public QObject {
     std::function<shell::MDIForm1*()> logic_;
     HistoryDock* history_;
     ProblemsDock* problems_;
+    FindDock* find_;
+    OutlineDock* outline_;
     QToolButton* count_;
 };
 

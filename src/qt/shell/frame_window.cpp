@@ -262,6 +262,12 @@ bool FrameWindow::dockShown(shell::Dock dock) const {
     return docks_ && docks_->isShown(dock);
 }
 
+void FrameWindow::enterDock(shell::Dock dock) {
+    if (docks_) {
+        docks_->enter(dock);
+    }
+}
+
 void FrameWindow::problemsChanged() {
     if (docks_) {
         docks_->refreshProblems();

@@ -53,6 +53,7 @@ class FrameWindow : public QMainWindow, public shell::FrameHost {
     void commandsChanged() override;
     void showDock(shell::Dock dock, bool shown) override;
     bool dockShown(shell::Dock dock) const override;
+    void enterDock(shell::Dock dock) override;
     void problemsChanged() override;
     void unloadFrame() override { close(); }
     void endProgram() override { endAtOnce_(); }

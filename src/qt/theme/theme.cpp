@@ -46,13 +46,13 @@ constexpr QRgb kDisabledDark = 0xFF6E747D;
 CanvasColours lightCanvas() {
     return {QColor(0xFAFBFC), QColor(0xDDE1E7), QColor(0xFFFFFF), QColor(0x262B33), QColor(0x3A424E),
             QColor(0x5A6472), QColor(0x1D2127), QColor(0xFFFFFF), QColor(0x1F7A8C), QColor(0xF0A03C),
-            QColor(0x9BD3C9), QColor(0x4A5360), QColor(0xFFFFFF)};
+            QColor(0x9BD3C9), QColor(0x4A5360), QColor(0xFFFFFF), QColor(0xFFC62E)};
 }
 
 CanvasColours darkCanvas() {
     return {QColor(0x1D1F22), QColor(0x3E4249), QColor(0x33373D), QColor(0xD5DAE1), QColor(0xB4BCC8),
             QColor(0x98A1AE), QColor(0x15171A), QColor(0xF1F3F6), QColor(0x4FB6CA), QColor(0xD98C2B),
-            QColor(0x3E8F84), QColor(0x5A6472), QColor(0x1D1F22)};
+            QColor(0x3E8F84), QColor(0x5A6472), QColor(0x1D1F22), QColor(0xB98A00)};
 }
 
 }  // namespace

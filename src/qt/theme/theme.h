@@ -27,6 +27,7 @@ struct CanvasColours {
     QColor recordSet;  ///< lid of a record set
     QColor logHeader;
     QColor handleFill;
+    QColor found;  ///< around what a search has found
 };
 
 /// The one place of the program's look: palette, style and canvas colours, in a light and a dark form.
