@@ -75,6 +75,7 @@ void drawEdges(Player& player, qt::FrameWindow& window, Hand& hand) {
 void useArrow(Player& player, qt::FrameWindow& window, Hand& hand) {
     canvas::CanvasForm& form = *window.area().active();
     hand.tool("Arrow");
+    Player::press(*window.area().activeWindow(), "closeOffer");
     const canvas::LinesD* line = form.Lines.at(3);
     hand.click({(line->X1() + line->X2()) / 2, (line->Y1() + line->Y2()) / 2});
     player.expect(form.SelectedLines.Count() == 1, "a click on a line did not select it");

@@ -127,7 +127,7 @@ void run() {
     std::unique_ptr<analysis::Outline> outline;
     print("the outline", median([&] { outline = std::make_unique<analysis::Outline>(form, tables); }), 200);
     canvas::Touched touched;
-    touched.node(17);
+    touched.node(canvas::NodeNumber(17));
     print("the outline after one change", median([&] { outline->follow(touched); }), 50);
 }
 

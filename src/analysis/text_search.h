@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,8 @@ class TextSearch {
   public:
     /// The index outlives the search.
     TextSearch(TextIndex& index, SearchQuery query, Unfinished unfinished = {});
+    TextSearch(const TextSearch&) = delete;  // it holds places in its own words
+    TextSearch& operator=(const TextSearch&) = delete;
 
     /// Goes on for about so many letters, and adds what it finds. False when all has been searched.
     bool searchOn(std::size_t letters, std::vector<TextHit>& hits);
@@ -33,14 +36,27 @@ class TextSearch {
     const SearchQuery& query() const { return query_; }
 
   private:
-    void searchNode(const NodeTexts& texts, std::vector<TextHit>& hits) const;
-    void searchPlace(const NodeTexts& texts, std::size_t at, std::vector<TextHit>& hits) const;
+    /// The texts of a node that have a word, ascending.
+    struct Found {
+        const std::string* word;
+        std::size_t rarest;
+        std::vector<std::uint32_t> texts = {};
+        std::size_t next = 0;
+
+        const char* nextIn(const char* begin, const char* end) const;
+        bool isIn(const NodeTexts& of, std::size_t place);
+    };
+
+    void searchNode(const NodeTexts& texts, std::vector<TextHit>& hits);
+    bool findWords(const NodeTexts& texts);
+    void searchPlace(const NodeTexts& texts, std::size_t at, std::vector<TextHit>& hits);
     bool passes(const NodeTexts& texts, std::size_t at) const;
     bool isUnfinished(const NodeTexts& texts, std::size_t at) const;
 
     TextIndex& index_;
     SearchQuery query_;
     Unfinished unfinished_;
+    std::vector<Found> found_;  ///< by the words, of the node at hand
     canvas::NodeNumber next_{1};
 };
 

@@ -147,7 +147,9 @@ void SetActProp::closing() {
 }
 
 void SetActProp::showRow(entities::NodeKindCode kind, const std::string& key) {
-    TabStrip1_Click(kind == entities::KindInput ? kInputs : kind == entities::KindOutput ? kOutputs : kParameters);
+    TabStrip1_Click(tabOf(kind == entities::KindInput    ? kInputs
+                          : kind == entities::KindOutput ? kOutputs
+                                                         : kParameters));
     frontList().select(frontList().positionOf(key));
 }
 

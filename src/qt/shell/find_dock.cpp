@@ -122,6 +122,7 @@ FindDock::FindDock(std::function<shell::FindForm*()> logic, QWidget* parent)
     status_->setTextFormat(Qt::PlainText);
     auto* row = new QHBoxLayout;
     row->setContentsMargins(Spacing::gap, Spacing::gap, Spacing::gap, Spacing::gap);
+    row->setSpacing(Spacing::gap);
     row->addWidget(field_, 1);
     row->addWidget(status_);
     column->addLayout(row);

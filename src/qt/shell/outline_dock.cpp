@@ -12,8 +12,7 @@ namespace orvent::qt {
 
 namespace {
 
-constexpr int kColumns = 3;
-constexpr int kNameWidth = 170;
+constexpr int kColumns = 2;
 constexpr int kTypeWidth = 90;
 
 QString pictureOf(const analysis::Outline::Row& row, const std::string& what) {
@@ -103,10 +102,11 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
         const QString picture = index.column() == 0 ? pictureOf(row, words.what) : QString();
         return picture.isEmpty() ? QVariant() : QVariant(icon(picture));
     }
-    if (role == Qt::AccessibleTextRole && index.column() == 0) {
-        return text(words.what.empty() ? words.name : words.name + ", " + words.what + ", " + words.type);
+    const bool ofWholeRow = role == Qt::ToolTipRole || (role == Qt::AccessibleTextRole && index.column() == 0);
+    if (ofWholeRow && !words.what.empty()) {
+        return text(words.name + ", " + words.what + (words.type.empty() ? "" : ", " + words.type));
     }
-    return text(index.column() == 0 ? words.name : index.column() == 1 ? words.type : words.what);
+    return text(ofWholeRow || index.column() == 0 ? words.name : words.type);
 }
 
 /// Of a name that was refused the row keeps its own.
@@ -129,7 +129,7 @@ QVariant OutlineModel::headerData(int section, Qt::Orientation orientation, int 
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
-    return section == 0 ? tr("Name") : section == 1 ? tr("Type") : tr("What");
+    return section == 0 ? tr("Name") : tr("Type");
 }
 
 void OutlineModel::aboutToRemove(const Row& parent) {
@@ -178,10 +178,14 @@ OutlineDock::OutlineDock(OutlineModel::Form logic, QWidget* parent)
     tree_->setAllColumnsShowFocus(true);
     tree_->setExpandsOnDoubleClick(false);
     tree_->setEditTriggers(QAbstractItemView::EditKeyPressed);
-    tree_->header()->resizeSection(0, kNameWidth);
+    tree_->header()->setStretchLastSection(false);
+    tree_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     tree_->header()->resizeSection(1, kTypeWidth);
     setWidget(tree_);
-    connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) { expanded_.insert(keyOf(index)); });
+    connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+        expanded_.insert(keyOf(index));
+        spanLinks(index);
+    });
     connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) { expanded_.erase(keyOf(index)); });
     connect(tree_, &QTreeView::activated, this, &OutlineDock::opened);
     connect(tree_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& index) {
@@ -206,11 +210,19 @@ OutlineDock::Key OutlineDock::keyOf(const QModelIndex& index) {
 void OutlineDock::expandAgain(const QModelIndex& index) {
     if (expanded_.contains(keyOf(index))) {
         tree_->setExpanded(index, true);
+        spanLinks(index);
         for (int row = 0; row < model_->rowCount(index); ++row) {
             if (const QModelIndex child = model_->index(row, 0, index); OutlineModel::rowOf(child)->link == 0) {
                 expandAgain(child);
             }
         }
+    }
+}
+
+/// A link has no type, and the name of its far end needs the room.
+void OutlineDock::spanLinks(const QModelIndex& parent) {
+    for (int row = 0; row < model_->rowCount(parent); ++row) {
+        tree_->setFirstColumnSpanned(row, parent, OutlineModel::rowOf(model_->index(row, 0, parent))->link > 0);
     }
 }
 

@@ -84,6 +84,7 @@ class OutlineDock : public QDockWidget {
     void opened(const QModelIndex& index);
     void expandAgain(const QModelIndex& index);
     void expandRoots();
+    void spanLinks(const QModelIndex& parent);
 
     OutlineModel::Form logic_;
     OutlineModel* model_;
