@@ -43,6 +43,22 @@ double median(std::vector<double> times) {
     return times[times.size() / 2];
 }
 
+/// Remembers whether a window has been painted.
+class Painted : public QObject {
+  public:
+    explicit Painted(const QWidget& window) : window_(window) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        is = is || (event->type() == QEvent::Paint && watched == &window_);
+        return false;
+    }
+
+    bool is = false;
+
+  private:
+    const QWidget& window_;
+};
+
 /// The toolkit with the program, logged in.
 struct Started {
     Started(int& argc, char** argv, const QString& home) : application(argc, argv) {
@@ -61,7 +77,11 @@ struct Started {
             }
         });
         answers.start(1);
+        const Painted painted(program->window());
         program->start();
+        while (!painted.is) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
     }
 
     qt::Application application;
@@ -143,7 +163,7 @@ int drag(int argc, char** argv, const QString& home) {
     std::_Exit(0);
 }
 
-/// A start until the frame is there.
+/// A start until the frame has been painted, and nothing is asked any more.
 int start(int argc, char** argv, const QString& home) {
     const Started started(argc, argv, home);
     std::_Exit(0);
