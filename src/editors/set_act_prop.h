@@ -109,6 +109,9 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     /// The catalogue may have other names by now: the rows tell those of their types.
     void followTypes();
 
+    /// `Apply` without a word of success, for a change that is made without the window.
+    bool takeOver();
+
     // ActivityDialog
     void setEnabled(bool enabled) override;
     void activityBuilt() override;

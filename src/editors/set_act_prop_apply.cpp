@@ -29,6 +29,16 @@ class QuietNames {
 }  // namespace
 
 bool SetActProp::apply() {
+    if (!takeOver()) {
+        return false;
+    }
+    services_.repository.progress.status("Properties Saved");
+    tell("Properties Saved", Icon::information);
+    services_.repository.progress.status("Ready");
+    return true;
+}
+
+bool SetActProp::takeOver() {
     txtName_Leave();
     if (forms::hasFault(txtName, forms::NameFault::empty)) {
         tell("PLEASE GIVE THE ACTIVITY's NAME", Icon::warning);
@@ -82,9 +92,6 @@ bool SetActProp::ApplyActivity() {
     if (onApplied) {
         onApplied();
     }
-    services_.repository.progress.status("Properties Saved");
-    tell("Properties Saved", Icon::information);
-    services_.repository.progress.status("Ready");
     return true;
 }
 

@@ -90,6 +90,25 @@ bool CanvasDialogs::rename(canvas::CanvasForm& form, canvas::LabelsD& node, cons
     return renamed;
 }
 
+bool CanvasDialogs::renameAt(canvas::CanvasForm& form, canvas::LabelsD& node, const analysis::Place& place,
+                             const std::string& name) {
+    bool renamed = false;
+    if (node.activity()) {
+        editors::SetActProp dialog(services_, form, node);
+        dialog.showRow(place.list, rowKeyOf(*dialog.tempProp, place));
+        renamed = dialog.AfterLabelEdit(dialog.frontList().selected(), name) && dialog.takeOver();
+    } else if (node.recordSet()) {
+        editors::RecordSetProp dialog(services_, form, node);
+        renamed = dialog.AfterLabelEdit(place.member, name) && dialog.OK();
+    }
+    if (renamed) {
+        touch(form, node.Index());
+        windows_.applied(form);
+    }
+    windows_.enabledChanged();
+    return renamed;
+}
+
 void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD& activity) {
     const Awake awake(windows_);
     const canvas::NodeNumber index = activity.Index();

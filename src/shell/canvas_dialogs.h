@@ -47,6 +47,9 @@ class CanvasDialogs : public canvas::CanvasWindows {
         return editors::nameInPlace(form, node);
     }
     bool rename(canvas::CanvasForm& form, canvas::LabelsD& node, const std::string& name) override;
+    /// Gives the place's member that name, as its row in the dialog of the node does.
+    bool renameAt(canvas::CanvasForm& form, canvas::LabelsD& node, const analysis::Place& place,
+                  const std::string& name);
     void edit(canvas::CanvasForm& form, canvas::EditAction action) override { windows_.edit(form, action); }
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {

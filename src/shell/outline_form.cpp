@@ -19,7 +19,7 @@ bool OutlineForm::mayRename(const Row& row) const {
 }
 
 bool OutlineForm::rename(const Row& row, const std::string& name) {
-    return mayRename(row) && ports_.rename(analysis::Place(row.place), name);
+    return mayRename(row) && (name == outline_->wordsOf(row).name || ports_.rename(analysis::Place(row.place), name));
 }
 
 OutlineForm::Row* OutlineForm::selected() const {

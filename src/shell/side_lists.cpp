@@ -112,12 +112,17 @@ void SideLists::openPlace(const analysis::Place& place) {
 }
 
 bool SideLists::mayRename(const analysis::Place& place) const {
-    const canvas::LabelsD* node = place.isNode() ? editable(place) : nullptr;
-    return node && ports_.dialogs.nameInPlace(*ports_.desk.active(), *node);
+    const canvas::LabelsD* node = editable(place);
+    const bool isRow = place.function == 0 &&
+                       (place.list == entities::KindInput || place.list == entities::KindOutput ||
+                        place.list == entities::KindParameter || place.list == entities::KindRecordSetAttribute);
+    return node && (isRow || (place.isNode() && ports_.dialogs.nameInPlace(*ports_.desk.active(), *node)));
 }
 
 bool SideLists::rename(const analysis::Place& place, const std::string& name) {
-    return ports_.dialogs.rename(*ports_.desk.active(), *editable(place), name);
+    canvas::CanvasForm& form = *ports_.desk.active();
+    return place.isNode() ? ports_.dialogs.rename(form, *editable(place), name)
+                          : ports_.dialogs.renameAt(form, *editable(place), place, name);
 }
 
 /// A zoom has no list of problems; there it is what is not ready.

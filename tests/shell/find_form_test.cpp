@@ -112,6 +112,35 @@ TEST_F(Find, OpensAMemberInTheWindowOfItsNode) {
     EXPECT_EQ(opened, "") << "the node itself is in sight";
 }
 
+/// The member's flows follow, one of the same name in another node stays, and a refused name changes nothing.
+TEST_F(Find, TheOutlineRenamesMembersAsTheirDialogsDo) {
+    testkit::GraphBuilder(*form).feed("SOURCE.ID", "Load.IN.ID");
+    frame.frame.run(Command::viewOutline);
+    OutlineForm& outline = frame.frame.lists().outline();
+    const auto rename = [&](const char* node, std::size_t member, const char* name) {
+        auto& root = *outline.outline()->rootOf(form->nodeNamed(node)->Index());
+        return outline.rename(*outline.outline()->rowsOf(root)[member], name);
+    };
+    const auto record = [&]() -> auto& {
+        return *form->nodeNamed("SOURCE")->recordSet();
+    };
+    const auto load = [&]() -> auto& {
+        return *form->nodeNamed("Load")->activity();
+    };
+    EXPECT_TRUE(rename("SOURCE", 0, "NUMBER"));
+    EXPECT_EQ(record().RecordSet_Outputs->Item("NUMBER")->ProviderFor->Item(1)->key(), "Load.IN.NUMBER");
+    EXPECT_EQ(load().Act_Inputs->Item(1)->ProvidedFrom->Item(1)->key(), "SOURCE.NUMBER");
+    EXPECT_EQ(load().Act_Outputs->Item(1)->Attribute_Name, "ID");
+
+    repository.messages.expect("DOTS ARE NOT ALLLOWED IN NAMES", "", platform::Icon::warning);
+    EXPECT_FALSE(rename("Load", 1, "a.b"));
+    EXPECT_EQ(load().Act_Outputs->Item(1)->Attribute_Name, "ID");
+    EXPECT_TRUE(rename("Load", 1, "Whole"));
+    EXPECT_EQ(load().Act_Outputs->Item(1)->Attribute_Name, "Whole");
+    EXPECT_EQ(load().Act_Inputs->Item(1)->ProvidedFrom->Item(1)->key(), "SOURCE.NUMBER");
+    EXPECT_TRUE(form->Enabled());
+}
+
 TEST_F(Find, FollowsTheWindowInFrontAndWhatIsUnfinished) {
     frame.frame.run(Command::findText);
     find().txtFind_Change("is:unfinished kind:record-set");
