@@ -71,6 +71,7 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     void reveal(canvas::CanvasForm&, const canvas::LabelsD&) override {}
     void edit(canvas::CanvasForm&, canvas::EditAction) override {}
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
+    canvas::EdgeLinks linksBehind(const canvas::Canvas&, const canvas::LinesD&) const override { return {}; }
     void unsynchronise(canvas::Canvas&, canvas::LabelsD&) override {}
 };
 

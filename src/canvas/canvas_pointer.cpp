@@ -35,6 +35,9 @@ CanvasPointer::~CanvasPointer() {
 
 void CanvasPointer::cancel() {
     captures_ = false;
+    if (canvas_.light().lasts) {
+        canvas_.setLight({});
+    }
     // Taken out first: what it takes back is told to this one, too.
     if (const std::unique_ptr<Gesture> former = std::move(gesture_)) {
         former->cancel();

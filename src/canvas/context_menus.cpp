@@ -110,20 +110,25 @@ constexpr std::array kAngles = {
     ContextItem{"EdgeAngleVerticalUpM", "Vertical Up", setAngle, AngleVerticalUp},
 };
 
-constexpr std::array kEdges = {
-    ContextItem{"EdgeDeleteM", "Delete", deleteEdges},
-    ContextItem{"EdgeAngleM", "Angle", submenu, {}, false, kAngles},
-    ContextItem{"EdgeStraightenM", "Straighten", MenuAction::straightenEdge},
+constexpr ContextItem kDeleteEdge{"EdgeDeleteM", "Delete", deleteEdges};
+constexpr ContextItem kEdgeAngle{"EdgeAngleM", "Angle", submenu, {}, false, kAngles};
+constexpr ContextItem kStraightenEdge{"EdgeStraightenM", "Straighten", MenuAction::straightenEdge};
+
+constexpr std::array kEdges = {kDeleteEdge, kEdgeAngle, kStraightenEdge};
+
+constexpr std::array kDesignEdges = {
+    kDeleteEdge,
+    kEdgeAngle,
+    kStraightenEdge,
+    ContextItem{"EdgeShowLinksM", "Show Links", showLinks},
 };
 
 constexpr ContextMenu kEdgesMenu{"EdgesM", kEdges};
 
 constexpr std::array kDesignMenus = {
-    ContextMenu{"RecordSetM", kRecordSetMenu},
-    ContextMenu{"ActivityM", kActivityMenu},
-    ContextMenu{"CommentM", kCommentMenu},
-    ContextMenu{"LogM", kLogMenu},
-    kEdgesMenu,
+    ContextMenu{"RecordSetM", kRecordSetMenu}, ContextMenu{"ActivityM", kActivityMenu},
+    ContextMenu{"CommentM", kCommentMenu},     ContextMenu{"LogM", kLogMenu},
+    ContextMenu{"EdgesM", kDesignEdges},
 };
 
 }  // namespace

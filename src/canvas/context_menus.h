@@ -18,13 +18,14 @@ enum class MenuAction {
     deleteEdges,
     setAngle,
     edit,            ///< an `EditAction`
+    showLinks,       ///< of `ActiveEdge`: lights what they join and tells how many there are
     straightenEdge,  ///< the selection, when the edge is part of it, else the edge alone
 };
 
 using ContextItem = MenuItem<MenuAction>;
 using ContextMenu = Menu<MenuAction>;
 
-/// `EdgesM`, which all canvases have.
+/// `EdgesM` of a canvas on which each link has an edge of its own.
 const ContextMenu& edgesMenu();
 
 /// The menus of a design window: `RecordSetM`, `ActivityM`, `CommentM`, `LogM` and `EdgesM`.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "canvas/canvas.h"
 
@@ -8,10 +9,18 @@ namespace orvent::canvas {
 
 class CanvasRules;
 
-/// What deleting a node asks of the links that entities have with each other.
+/// The links that an edge stands for: how many, and words that tell it.
+struct EdgeLinks {
+    int count = 0;
+    std::string words;
+};
+
+/// What a canvas asks of the links that entities have with each other.
 class EntityLinks {
   public:
     virtual ~EntityLinks() = default;
+
+    virtual EdgeLinks linksBehind(const Canvas& canvas, const LinesD& edge) const = 0;
 
     /// Takes the node's entity out of all links: those of others that name it, and its own.
     virtual void unsynchronise(Canvas& canvas, LabelsD& node) = 0;

@@ -13,6 +13,7 @@ struct Light {
     std::vector<NodeNumber> nodes;  ///< ascending
     std::vector<EdgeNumber> edges;  ///< ascending
     bool dimsEdges = true;          ///< false: all edges are lit
+    bool lasts = false;             ///< until a press, a key or a change of the graph, wherever the pointer goes
 
     bool operator==(const Light&) const = default;
 

@@ -12,7 +12,7 @@ void PointedLight::follow() {
     const bool rests = state == PointerState::idle && form_.OverLabel;
     const LabelsD* node = rests ? form_.Labels.byIndex(form_.CurrentNode) : nullptr;
     const NodeNumber now = node ? node->Index() : kNoNode;
-    if (now == node_ && !stale_) {
+    if ((now == node_ || form_.light().lasts) && !stale_) {
         return;
     }
     node_ = now;

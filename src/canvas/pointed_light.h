@@ -5,7 +5,7 @@
 namespace orvent::canvas {
 
 /// Lights the path of the node on which the pointer rests. It is worked out anew only when the pointer went on or the
-/// graph changed. What a gesture lights is left alone.
+/// graph changed. What a gesture lights is left alone, and so is what lasts.
 class PointedLight : private CanvasListener {
   public:
     PointedLight(CanvasForm& form, const CanvasPointer& pointer)

@@ -30,9 +30,9 @@ bool CanvasPointer::keyDown(int keyCode, bool ctrl) {
 }
 
 bool CanvasPointer::escape() {
-    if (state() != PointerState::idle) {
-        cancel();
-    } else {
+    const bool idle = state() == PointerState::idle;
+    cancel();
+    if (idle) {
         ports_.tools.pressTool("Arrow");
     }
     return true;

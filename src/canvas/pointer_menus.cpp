@@ -1,5 +1,7 @@
 #include "canvas/pointer_menus.h"
 
+#include <algorithm>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -116,12 +118,34 @@ void PointerMenus::run(const ContextItem& item) {
         case MenuAction::edit:
             ports_.windows.edit(canvas_, std::get<EditAction>(item.value));
             break;
+        case MenuAction::showLinks:
+            if (edge) {
+                showLinks(*edge);
+            }
+            break;
         case MenuAction::straightenEdge:
             if (edge) {
                 canvas_.straightenEdges(edge);
             }
             break;
     }
+}
+
+void PointerMenus::showLinks(const LinesD& edge) {
+    const EdgeLinks links = ports_.links.linksBehind(canvas_, edge);
+    Light light;
+    if (links.count > 0) {
+        light.nodes = {std::min(edge.FromLabel(), edge.ToLabel()), std::max(edge.FromLabel(), edge.ToLabel())};
+        for (const LinesD& beside : canvas_.Lines) {
+            if (beside.FromLabel() == edge.FromLabel() && beside.ToLabel() == edge.ToLabel()) {
+                light.edges.push_back(beside.Index());
+            }
+        }
+        std::sort(light.edges.begin(), light.edges.end());
+        light.lasts = true;
+    }
+    canvas_.setLight(std::move(light));
+    ports_.tools.hint(links.words);
 }
 
 }  // namespace orvent::canvas

@@ -38,6 +38,7 @@ class PointerMenus {
     void show(std::string_view name, Point at);
     void restoreTargets();
     void run(const ContextItem& item);
+    void showLinks(const LinesD& edge);
 
     CanvasForm& canvas_;
     PointerPorts ports_;

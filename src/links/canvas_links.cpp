@@ -2,6 +2,7 @@
 
 #include <variant>
 
+#include "links/edge_links.h"
 #include "links/unsynchronize_functions.h"
 
 namespace orvent::links {
@@ -22,6 +23,11 @@ struct Release {
 };
 
 }  // namespace
+
+canvas::EdgeLinks CanvasLinks::linksBehind(const canvas::Canvas& canvas, const canvas::LinesD& edge) const {
+    const std::vector<EdgeNames> links = links::linksBehind(canvas, edge);
+    return {static_cast<int>(links.size()), linkWords(links)};
+}
 
 void CanvasLinks::unsynchronise(canvas::Canvas& canvas, canvas::LabelsD& node) {
     std::visit(

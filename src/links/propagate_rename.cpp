@@ -13,6 +13,7 @@
 namespace orvent::links {
 
 using namespace entities;
+using canvas::Renames;
 
 namespace {
 

@@ -19,6 +19,7 @@ class LoggingHost : public canvas::ToolState,
   public:
     std::string tool;
     std::string hints;  ///< what was told for a moment
+    canvas::EdgeLinks behind;
 
     ~LoggingHost() override { EXPECT_EQ(log_, "") << "asked without being expected"; }
     std::string taken() { return std::exchange(log_, ""); }
@@ -56,6 +57,7 @@ class LoggingHost : public canvas::ToolState,
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu& menu, canvas::Point) override {
         log_ += " " + std::string(menu.name);
     }
+    canvas::EdgeLinks linksBehind(const canvas::Canvas&, const canvas::LinesD&) const override { return behind; }
     void unsynchronise(canvas::Canvas&, canvas::LabelsD& node) override { log_ += " unlink " + node.Caption(); }
     platform::Answer show(const std::string& text, const std::string&, platform::Icon, platform::Buttons) override {
         log_ += " says " + text;

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <memory>
 
+#include "canvas/pointed_light.h"
 #include "canvas/pointer_fixture.h"
 #include "testkit/numbers.h"
 
@@ -469,6 +470,31 @@ TEST(Pointer, KeysMovePlaceAndDraw) {
     EXPECT_TRUE(stage.form.light().isEmpty());
     stage.play("press p 1 1|press l1 1 1|release l1 1 1|code 93");
     EXPECT_EQ(stage.host.taken(), " EdgesM");
+}
+
+TEST(Pointer, LinksBehindAnEdgeStayLitUntilSomethingElseIsDone) {
+    PointerStage stage;
+    stage.form.Lines.addFullLine(1_node, 2, 2_node, 2, EdgeTypeProvider, AngleNone, 0);
+    PointedLight light(stage.form, *stage.pointer);
+    const char* ends[] = {"press p 1 1|release p 1 1", "code 27", "delete n5"};
+    for (const std::string end : ends) {
+        SCOPED_TRACE(end);
+        stage.host.behind = {2, "two"};
+        stage.play("press l1 1 1 R");
+        light.follow();  // as the window does
+        stage.play("choose EdgeShowLinksM|move n5 5001 1001");
+        light.follow();
+        EXPECT_EQ(stage.form.light(), (Light{{1_node, 2_node}, {1_edge, 2_edge}, true, true}));
+        EXPECT_EQ(std::exchange(stage.host.hints, ""), "two|");
+        stage.play(end);
+        light.follow();
+        EXPECT_TRUE(stage.form.light().isEmpty());
+        stage.host.behind = {0, "none"};
+        stage.play("press l1 1 1 R|choose EdgeShowLinksM");
+        EXPECT_TRUE(stage.form.light().isEmpty());
+        EXPECT_EQ(std::exchange(stage.host.hints, ""), "none|");
+    }
+    EXPECT_EQ(stage.host.taken(), " EdgesM EdgesM EdgesM EdgesM EdgesM EdgesM");
 }
 
 TEST(Pointer, ACommentIsEditedInItsBox) {

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "links/check_consistency.h"
+#include "links/edge_links.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/member_ties.h"
 #include "zoom/relationship_rules.h"
@@ -607,6 +607,25 @@ TEST_F(Consistency, ProviderEdgesFollowTheLinks) {
     EXPECT_EQ(design.Lines.Count(), static_cast<int>(expected.size()) + 6);
     EXPECT_EQ(second.StartingLines().Count() + third.StartingLines().Count(), 0);
     EXPECT_EQ(second.EndingLines().Count(), 6);
+}
+
+TEST_F(Consistency, AnEdgeTellsTheLinksThatItStandsFor) {
+    draw("A3", "RS1", canvas::EdgeTypeDescription);
+    graph.add("RS1.AU_ID <- 1 A3 A3.OUT.AU_ID");
+    const std::string none = "No link stands behind this edge.";
+    for (const auto& [from, to, words] : std::vector<std::tuple<std::string, std::string, std::string>>{
+             {"A1", "A2", "2 links: A1.OUT.A1.O12 → A2.IN.A1.O12, A1.OUT.AU_ID → A2.IN.AU_ID"},
+             {"RS1", "A1", "1 link: RS1.AU_ID → A1.IN.AU_ID"},
+             {"RS3", "A2", "3 links: RS3.PUB_ID → A2.PARAM.PUB_ID, RS3.PUB_ID → F1.IN.I2, RS3.PUB_ID → A2.F2.IN.I2"},
+             {"A2", "A3", "1 link: A2.OUT.AU_ID → A3.IN.AU_ID"},
+             {"A2", "RS1", none}}) {
+        SCOPED_TRACE(from + to);
+        draw(from.c_str(), to.c_str(), canvas::EdgeTypeProvider);
+        EXPECT_EQ(links::linkWords(links::linksBehind(design, *design.Lines.at(design.Lines.Count()))), words);
+    }
+    EXPECT_EQ(links::linksBehind(design, *design.Lines.at(1)).size(), 0U) << "a description stands for nothing";
+    EXPECT_EQ(links::linkWords({{"A", "B"}, {"C", "D"}, {"E", "F"}, {"G", "H"}, {"I", "J"}}),
+              "5 links: A → B, C → D, E → F and 2 more");
 }
 
 }  // namespace relationships
