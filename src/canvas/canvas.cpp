@@ -46,6 +46,13 @@ void Canvas::setFound(std::vector<NodeNumber> nodes) {
     }
 }
 
+void Canvas::leadTo(const LabelsD& node) {
+    SelectedLines.Clear();
+    SelectedLabels.Clear();
+    SelectedLabels.Add(node.Index());
+    listeners_.tell([&node](CanvasListener& listener) { listener.nodeMeant(node); });
+}
+
 const entities::FunctionProperties* Canvas::functionNamed(const std::string& name) const {
     const LabelsD* node = nodeNamed(name);
     return node ? node->entity<entities::FunctionProperties>() : nullptr;

@@ -80,6 +80,12 @@ class Canvas : public entities::NameOwner, public entities::FunctionContainer, p
     /// The node that is painted as the middle of the picture, or none.
     virtual NodeNumber centralNode() const { return kNoNode; }
 
+    /// What a node is joined with that the canvas does not show, in words; empty as a rule.
+    virtual std::string beyondOf(const LabelsD&) const { return {}; }
+
+    /// Leads to a node: selects it alone and has it brought into view.
+    void leadTo(const LabelsD& node);
+
     /// Removes all nodes, edges, names and selections, and lets go of the rows to delete.
     void clear();
 

@@ -18,6 +18,7 @@ class CanvasListener {
     virtual void edgeChanged(const LinesD&) {}
     virtual void edgeGoes(const LinesD&) {}
     virtual void edgeRemoved(const LinesD&) {}
+    virtual void nodeMeant(const LabelsD&) {}     ///< to be brought into view
     virtual void memberRenamed(const Rename&) {}  ///< its links may follow only afterwards
     /// Any number of nodes and edges changed at once; none of them is told on its own.
     virtual void manyChanged() {}

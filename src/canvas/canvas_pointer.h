@@ -75,7 +75,11 @@ class CanvasPointer : private CanvasListener {
     void cancel();
 
     /// What is told of a node.
-    NodeTip tipOf(const LabelsD& node) const { return canvas::tipOf(node, ports_.windows.typeOf(node)); }
+    NodeTip tipOf(const LabelsD& node) const {
+        NodeTip tip = canvas::tipOf(node, ports_.windows.typeOf(node));
+        tip.beyond = canvas_.beyondOf(node);
+        return tip;
+    }
 
     /// The window took the focus.
     void focused() { ports_.tools.canvasFocused(canvas_); }

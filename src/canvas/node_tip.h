@@ -14,7 +14,8 @@ struct NodeTip {
     /// How many members its entity has: "inputs: 2, outputs: 3, parameters: 1", or "attributes: 4"; empty for an entity
     /// without members.
     std::string counts;
-    std::string lack;  ///< `lackOf`
+    std::string lack;         ///< `lackOf`
+    std::string beyond = {};  ///< what it is joined with that its canvas does not show
 };
 
 /// What an activity that is shown as ready has not yet: "no type", "no source" or "no type and no source"; empty for

@@ -30,9 +30,10 @@ bool CheckDuplicateLine(canvas::Canvas& view, canvas::EdgeNumber edge) {
     return true;
 }
 
-void RejectRelationship(canvas::Canvas& view, canvas::EdgeNumber edge) {
+void RejectRelationship(canvas::Canvas& view, canvas::EdgeNumber edge, const std::string& why) {
     view.Lines.RemoveFull(edge);
-    view.messages().tell("This Relationship Is Not Valid!", "", platform::Icon::warning);
+    view.messages().showWith(why, "This Relationship Is Not Valid!", "", platform::Icon::warning,
+                             platform::Buttons::ok);
 }
 
 void FlipLine(canvas::Canvas& view, canvas::EdgeNumber& edge) {

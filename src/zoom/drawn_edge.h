@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "canvas/canvas.h"
 
@@ -12,7 +13,8 @@ namespace orvent::zoom {
 /// message.
 bool CheckDuplicateLine(canvas::Canvas& view, canvas::EdgeNumber edge);
 
-void RejectRelationship(canvas::Canvas& view, canvas::EdgeNumber edge);
+/// `why` stands below the message, where the picture does not tell it.
+void RejectRelationship(canvas::Canvas& view, canvas::EdgeNumber edge, const std::string& why = {});
 
 /// Replaces the edge by its reverse.
 void FlipLine(canvas::Canvas& view, canvas::EdgeNumber& edge);

@@ -2,6 +2,7 @@
 
 #include "links/synchronize_functions.h"
 #include "links/unsynchronize_functions.h"
+#include "zoom/beyond_view.h"
 #include "zoom/drawn_edge.h"
 #include "zoom/member_ties.h"
 #include "zoom/part_of.h"
@@ -103,11 +104,17 @@ void removeLinks(canvas::EdgeTypeCode kind, const LinkEnds& ends, const Relation
     withLists(ends.target, [&](auto& entity) { entity.RegulatedFrom->Remove(sourceKey); });
 }
 
+/// What stands in the way of an edge and is not seen.
+std::string refusedBeyond(const ZoomView& view, const LabelsD& target) {
+    const std::string words = wordsOfBeyond(view, target);
+    return words.empty() ? words : target.Caption() + " is " + words + ".";
+}
+
 void relate(ZoomView& view, canvas::EdgeNumber& edge, canvas::EdgeTypeCode kind, LabelsD& from, LabelsD& to) {
     const RelationEnd drawnFrom(from), drawnTo(to);
     const RelationRow* row = rowOf(kind, drawnFrom, drawnTo);
     if (!row || !row->allowed(drawnFrom, drawnTo) || Attachment(view, *row, drawnFrom, drawnTo).refused()) {
-        RejectRelationship(view, edge);
+        RejectRelationship(view, edge, row ? refusedBeyond(view, row->flip ? from : to) : std::string());
         return;
     }
     if (!CheckDataTypes(view, from, to, edge)) {
@@ -129,6 +136,16 @@ void relate(ZoomView& view, canvas::EdgeNumber& edge, canvas::EdgeTypeCode kind,
     }
 }
 
+/// Nothing of what is drawn at a second copy would reach the scenario.
+void rejectAtCopy(ZoomView& view, canvas::EdgeNumber edge, const LabelsD& copy) {
+    const LabelsD* first = firstCopyOf(view, copy);
+    RejectRelationship(view, edge,
+                       first ? copy.Caption() + " is shown twice. Its edges are drawn at the other copy." : "");
+    if (first) {
+        view.leadTo(*first);
+    }
+}
+
 }  // namespace
 
 void CreateRelationship(ZoomView& view, canvas::EdgeNumber& edge) {
@@ -143,7 +160,7 @@ void CreateRelationship(ZoomView& view, canvas::EdgeNumber& edge) {
     }
     const canvas::EdgeTypeCode kind = drawn.EdgeType();
     if (!view.bearsName(*from) || !view.bearsName(*to)) {
-        RejectRelationship(view, edge);  // nothing of it would reach the scenario
+        rejectAtCopy(view, edge, view.bearsName(*from) ? *to : *from);
         return;
     }
     switch (kind) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "zoom/apply_zoom_changes.h"
+#include "zoom/beyond_view.h"
 #include "zoom/make_room.h"
 
 namespace orvent::zoom {
@@ -43,6 +44,10 @@ void ZoomForm::formChanged() {
 
 std::string ZoomForm::titleMark() const {
     return unapplied() ? " (not applied yet)" : "";
+}
+
+std::string ZoomForm::beyondOf(const canvas::LabelsD& node) const {
+    return wordsOfBeyond(*this, node);
 }
 
 std::optional<canvas::Offer> ZoomForm::offer() const {
@@ -93,8 +98,9 @@ void ZoomForm::Save() {
 }
 
 bool ZoomForm::QueryUnload() {
-    switch (messages().show("DO YOU WANT TO APPLY THE CHANGES TO SCENARIO " + ParForm().Caption() + " ?",
-                            "Closing Scenario", Icon::question, Buttons::yesNoCancel)) {
+    switch (messages().showWith(wordsOfLost(*this),
+                                "DO YOU WANT TO APPLY THE CHANGES TO SCENARIO " + ParForm().Caption() + " ?",
+                                "Closing Scenario", Icon::question, Buttons::yesNoCancel)) {
         case Answer::yes:
             ApplyZoomChanges(*this, false);
             break;

@@ -21,6 +21,7 @@ class ZoomForm : public ZoomView, private canvas::CanvasListener {
     void Save() override;
     bool QueryUnload() override;
     std::string titleMark() const override;
+    std::string beyondOf(const canvas::LabelsD& node) const override;
     std::optional<canvas::Offer> offer() const override;
     void answerOffer(bool taken) override;
     std::span<const canvas::LegendEntry> legend() const override;

@@ -138,6 +138,23 @@ class ZoomWindowTest : public WindowTest {
         QCOMPARE(page(), filtered);
     }
 
+    void whatStandsBeyondTheViewIsMarkedAndWhatIsMeantIsShown() {
+        Zoomed zoomed;
+        canvas::LabelsD& input = *zoomed.form->nodeNamed("Activity2.IN.SONUM");
+        const auto shown = [&] {
+            return zoomed.editor().viewport()->grab(zoomed.place(input).toAlignedRect()).toImage();
+        };
+        const QImage plain = shown();
+        input.entity<entities::AttributeProperties>()->ProvidedFrom->Add("GONE", entities::LinkRecordSet, "GONE.X");
+        zoomed.form->tellChanged(input);
+        QVERIFY(shown() != plain);
+        const canvas::LabelsD& far = *zoomed.form->nodeNamed("RS4");
+        zoomed.editor().setScale(4, zoomed.place(*zoomed.form->central()).center());
+        QVERIFY(!zoomed.room().contains(zoomed.place(far).center()));
+        zoomed.form->leadTo(far);
+        QVERIFY(zoomed.room().contains(zoomed.place(far).center()));
+    }
+
     void pointingAtAMemberLightsItsPath() {
         Zoomed zoomed;
         const canvas::LabelsD& input = *zoomed.form->nodeNamed("Activity2.IN.SONUM");

@@ -79,6 +79,13 @@ class ScriptedMessageBox : public platform::MessageBox {
     /// Answers whatever is asked, when it is set: for walks whose questions nobody knows before.
     std::function<platform::Answer(const std::string& text)> anyway;
 
+    std::string smaller;  ///< below the text of the last box, if it has that
+
+    platform::Answer showWith(const std::string& below, const std::string& text, const std::string& title,
+                              platform::Icon icon, platform::Buttons buttons) override {
+        smaller = below;
+        return show(text, title, icon, buttons);
+    }
     platform::Answer show(const std::string& text, const std::string& title, platform::Icon icon,
                           platform::Buttons buttons) override {
         if (anyway) {

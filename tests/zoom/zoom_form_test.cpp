@@ -259,6 +259,32 @@ TEST_F(ZoomWindow, ClosingAsksWhetherToApply) {
     }
 }
 
+TEST_F(ZoomWindow, ClosingTellsWhatBelongsToNothing) {
+    design.setCaption("Sales");
+    open();
+    const auto told = [&] {
+        expectQuestion(Answer::cancel);
+        form->QueryUnload();
+        return ports.messages.smaller;
+    };
+    EXPECT_EQ(told(), "");
+    form->rules().placeNode(*form, "Attribute", {0, 0});
+    EXPECT_EQ(told(), "1 node belongs to nothing and is lost by Yes: Attribute1.");
+    for (const char* tool : {"Constant", "Parameter", "Function", "Constant"}) {
+        form->rules().placeNode(*form, tool, {0, 0});
+    }
+    const auto regulates = [&](const char* constant, const char* owner) {
+        node(constant).entity<ParameterProperties>()->RegulatorFor->Add(owner, LinkConstantFunction, "far");
+    };
+    regulates("Constant1", "Function1");  // goes with what it regulates
+    regulates("Constant2", "A2");
+    EXPECT_EQ(told(), "4 nodes belong to nothing and are lost by Yes: Attribute1, Constant1, Parameter1, Function1.");
+    form->rules().edgeCompleted(*form, *form->Lines.addFullLine(index("A2"), 1, index("Attribute1"), 1,
+                                                                canvas::EdgeTypePartOf, canvas::AngleNone, 0));
+    form->rules().toggleExpanded(*form, node("A2.F2"));  // what is folded belongs to it all the same
+    EXPECT_EQ(told(), "3 nodes belong to nothing and are lost by Yes: Constant1, Parameter1, Function1.");
+}
+
 TEST_F(ZoomWindow, WhatWasAppliedStaysDeletedAfterNo) {
     design.setCaption("Sales");
     open();

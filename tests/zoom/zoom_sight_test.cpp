@@ -44,6 +44,55 @@ TEST_F(ZoomSight, APathRunsBothWaysAndThroughFunctions) {
     EXPECT_FALSE(output.holdsNode(index("RS3")));
 }
 
+TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
+    for (const char* line : {"RS1.AU_ID -> 1 A2 A2.IN.LOST", "A2.IN.LOST <- 1 RS1 RS1.AU_ID",
+                             "RS1.AU_ID ~> 1 A2 A2.PARAM.FAR", "A2.PARAM.FAR <~ 1 RS1 RS1.AU_ID"}) {
+        graph.add(line);
+    }
+    edge("A2", "RS4");  // it stands there twice
+    open();
+    const auto told = [&] {
+        Texts lines;
+        for (const canvas::LabelsD& each : form->Labels) {
+            if (const std::string words = form->beyondOf(each); !words.empty()) {
+                lines.push_back(each.KeyName() + " " + words);
+            }
+        }
+        return sorted(lines);
+    };
+    const Texts before = {"A2.IN.LOST provided by RS1.AU_ID, not in view",
+                          "A2.PARAM.FAR regulated by RS1.AU_ID, not in view"};
+    EXPECT_EQ(told(), before);
+    form->rules().toggleExpanded(*form, node("RS4"));
+    EXPECT_EQ(told(), sorted({before[0], before[1], "A2.IN.SONUM provided by RS4.SONUM, not in view",
+                              "F1.IN.I3 regulated by RS4.SONUM, not in view",
+                              "A2.F2.IN.I3 regulated by RS4.SONUM, not in view"}));
+    form->rules().toggleExpanded(*form, node("RS4"));
+    EXPECT_EQ(told(), before);
+    const auto refuse = [&](canvas::NodeNumber from, canvas::NodeNumber to) {
+        ports.messages.expect("This Relationship Is Not Valid!", "", platform::Icon::warning);
+        form->rules().edgeCompleted(
+            *form, *form->Lines.addFullLine(from, 1, to, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0));
+        return ports.messages.smaller;
+    };
+    EXPECT_EQ(refuse(index("RS3.PUB_ID"), index("A2.IN.LOST")), "LOST is provided by RS1.AU_ID, not in view.");
+    EXPECT_EQ(refuse(index("RS3.PUB_ID"), index("A2.IN.SONUM")), "") << "its provider is seen";
+    struct Meant : canvas::CanvasListener {
+        void nodeMeant(const canvas::LabelsD& node) override { names += node.KeyName() + " "; }
+        std::string names;
+    } meant;
+    const canvas::CanvasSubscription subscription = form->listen(meant);
+    for (const canvas::LabelsD& each : form->Labels) {
+        if (each.Caption() == "SONUM" && !form->bearsName(each)) {
+            EXPECT_EQ(refuse(index("A2.OUT.AU_ID"), each.Index()),
+                      "SONUM is shown twice. Its edges are drawn at the other copy.");
+            break;
+        }
+    }
+    EXPECT_EQ(meant.names, "RS4.SONUM ");
+    EXPECT_EQ(form->SelectedLabels.members(), std::vector{index("RS4.SONUM")});
+}
+
 TEST_F(ZoomSight, AFeedOfItselfEndsTheWalk) {
     graph.add("A2.OUT.AU_ID -> 2 A2 A2.IN.AU_ID");
     graph.add("A2.IN.AU_ID <- 2 A2 A2.OUT.AU_ID");

@@ -208,6 +208,9 @@ QString CanvasEditor::toolTipAt(QPoint place) const {
     if (!tip.lack.empty()) {
         lines << tr("Still has %1").arg(text(tip.lack));
     }
+    if (!tip.beyond.empty()) {
+        lines << text(tip.beyond).toHtmlEscaped();
+    }
     // Escaped: a caption may hold characters that a tool tip would take for markup.
     return QStringLiteral("<b>%1</b><br>%2")
         .arg(text(tip.name).left(kLongestTip).toHtmlEscaped(), lines.join(QStringLiteral("<br>")));

@@ -53,6 +53,7 @@ class CanvasEditor : public CanvasViewWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void stateChanged() override;
+    void nodeMeant(const canvas::LabelsD& node) override { reveal(node); }
 
   private:
     canvas::PointerEvent pointerEvent(const QMouseEvent& event, int button) const;

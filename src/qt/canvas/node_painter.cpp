@@ -115,6 +115,17 @@ void paintLack(const PaintContext& context, const QRectF& box) {
     context.painter.drawEllipse(box.topRight() + QPointF(-edge, edge), radius, radius);
 }
 
+/// Three dots before the name: what leads here comes from somewhere else.
+void paintBeyond(const PaintContext& context, const QRectF& box, const QColor& colour) {
+    context.painter.setPen(Qt::NoPen);
+    context.painter.setBrush(colour);
+    const double step = context.length(3.6);
+    for (int dot = 0; dot < 3; ++dot) {
+        context.painter.drawEllipse(QPointF(box.left() + context.length(4) + dot * step, box.center().y()),
+                                    context.length(1.1), context.length(1.1));
+    }
+}
+
 void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& box, const QColor& fill, bool faint) {
     const double pen = context.penWidth(1);
     const QPen border(context.colours.outline, pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
@@ -247,6 +258,9 @@ void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node
         paintCaption(context, node, box, colours.caption);
         if (context.selection && !canvas::lackOf(node).empty()) {
             paintLack(context, box);
+        }
+        if (context.selection && state.beyond) {
+            paintBeyond(context, box, colours.caption);
         }
         context.painter.setOpacity(1);
     }

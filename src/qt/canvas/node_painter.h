@@ -17,6 +17,7 @@ struct NodeState {
     bool selected = false;
     bool dimmed = false;    ///< others are lit
     std::int32_t mask = 0;  ///< taken out of the node's colour
+    bool beyond = false;    ///< it is joined with something that is not shown
 };
 
 /// What lets the central node of a canvas stand out, behind it.

@@ -173,7 +173,8 @@ void PicturePainter::paintPicture(const PaintContext& context, const QRegion& re
             }
             nodes_.paint(context, *node,
                          {canvas_.SelectedLabels.Item(node->Index()) != nullptr,
-                          !light.isEmpty() && !light.holdsNode(node->Index())});
+                          !light.isEmpty() && !light.holdsNode(node->Index()), 0,
+                          context.detail == Detail::full && !canvas_.beyondOf(*node).empty()});
         }
     }
     for (const canvas::LinesD* edge : withHandles) {
