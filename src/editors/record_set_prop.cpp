@@ -10,7 +10,6 @@
 #include "links/mirror_exchange.h"
 #include "links/synchronize_functions.h"
 #include "links/unsynchronize_functions.h"
-#include "statements/sql_creator.h"
 
 namespace orvent::editors {
 
@@ -19,15 +18,6 @@ using forms::Tree;
 using platform::Icon;
 
 namespace {
-
-/// The whole keys of what the attribute provides.
-std::string targetsOf(const AttributeProperties& attribute) {
-    std::string keys;
-    for (const ProviderProperties& link : attribute.ProviderFor) {
-        keys += (keys.empty() ? "" : ", ") + link.Provider_Key();
-    }
-    return keys;
-}
 
 /// The keys that attributes of the graph get, by those that they have.
 std::unordered_map<std::string, std::string> newKeysOf(const RecordSetProperties& record,
@@ -70,8 +60,17 @@ RecordSetProp::RecordSetProp(const EditorServices& services, canvas::CanvasForm&
     txtSQL = record.RecordSet_SQL;
     SQLOption = !txtSQL.empty();
     fillList();
+    fillColumnTypes();
     mirrorOrder_.emplace(ParForm, record);
     links::UnSynchronizeRecordSet(ParForm, record, false, nullptr);
+}
+
+std::string RecordSetProp::targetsOf(const AttributeProperties& attribute) {
+    std::string keys;
+    for (const ProviderProperties& link : attribute.ProviderFor) {
+        keys += (keys.empty() ? "" : ", ") + link.Provider_Key();
+    }
+    return keys;
 }
 
 RecordSetProp::~RecordSetProp() {
@@ -117,17 +116,6 @@ void RecordSetProp::txtSQL_Change(const std::string& text) {
     }
 }
 
-void RecordSetProp::SQLAuto_Click() {
-    std::vector<statements::AttributeRow> rows;
-    for (int row = 1; row <= AttList.Count(); ++row) {
-        rows.push_back({AttList.Item(row)->Key, AttList.Item(row)->Text});
-    }
-    if (const std::optional<std::string> statement = statements::CreateSelectStatement(rows)) {
-        txtSQL_Change(*statement);
-        SQLOption = true;
-    }
-}
-
 std::string RecordSetProp::rowKeyOf(const Tree::Node& node) const {
     return node.parent() && node.parent()->parent() ? node.value().Key : std::string();
 }
@@ -138,25 +126,32 @@ void RecordSetProp::AddRow(Tree::Node& node, int position) {
         return;
     }
     const std::string name = AfterLastDot(rowKey);
-    if (tempProp->RecordSet_Outputs->Item(name)) {
+    AttributeProperties* known = tempProp->RecordSet_Outputs->Item(name);
+    if (known && tempProp->dbKey(name).empty()) {
+        bindColumn(*known, rowKey);
+    } else if (known) {
         taken_ = true;
         tellTaken();
-        return;
+    } else {
+        addAttribute(name, node.value().Tag, rowKey, position);
+        markNode(rowKey, true);
     }
+}
+
+void RecordSetProp::addAttribute(const std::string& name, std::int16_t type, const std::string& dbKey, int position) {
     AttributeProperties attribute;
     attribute.Attribute_Name = attribute.Key = name;
-    attribute.Attribute_Type = node.value().Tag;
+    attribute.Attribute_Type = type;
     attribute.NodeKind = KindRecordSetAttribute;
     attribute.ParentKeyName = tempProp->RecordSet_Name;
     tempProp->RecordSet_Outputs->AddFullAttribute(attribute, "", false, position);
-    tempProp->addDbKey(name, rowKey);
+    tempProp->addDbKey(name, dbKey);
     markEdited();
     OldKeys[name] = name;
-    forms::ListRow row = newRow(rowKey, name, TagNone, RowKind::output);
-    row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(attribute.Attribute_Type);
-    row.Tip = linksTip(rowKey, {});
+    forms::ListRow row = newRow(dbKey.empty() ? name : dbKey, name, TagNone, RowKind::output);
+    row.SubItems[0] = services_.catalogue.tables.dataTypes.shown(type);
+    row.Tip = linksTip(dbKey, {});
     AttList.add(std::move(row), position);
-    markNode(rowKey, true);
 }
 
 void RecordSetProp::tellTaken() {
@@ -246,7 +241,11 @@ bool RecordSetProp::rename(int row, const std::string& name) {
     if (former != name) {
         const auto first = OldKeys.extract(former);
         OldKeys[name] = first.empty() ? former : first.mapped();
-        AttList.setText(row, name);
+        const bool own = tempProp->dbKey(name).empty();
+        AttList.alter(row, [&](forms::ListRow& shown) {
+            shown.Text = name;
+            shown.Key = own ? name : shown.Key;
+        });
         AttList.move(row, AttList.Count());
         AttList.select(AttList.Count());
         markEdited();
@@ -265,18 +264,27 @@ bool RecordSetProp::AfterLabelEdit(int row, const std::string& text) {
     return rename(row, text);
 }
 
-void RecordSetProp::renameAll(const std::function<std::string(const std::string&)>& name) {
+/// False when all rows have that name already.
+bool RecordSetProp::renameAll(const std::function<std::string(const std::string&)>& name) {
     std::vector<std::string> rowKeys;
-    for (int row = 1; row <= AttList.Count(); ++row) {
-        rowKeys.push_back(AttList.Item(row)->Key);
+    for (const forms::ListRow& row : AttList.rows()) {
+        if (!tempProp->dbKey(row.Text).empty()) {
+            rowKeys.push_back(row.Key);
+        }
     }
+    bool other = false;
     for (const std::string& rowKey : rowKeys) {
-        rename(AttList.positionOf(rowKey), name(rowKey));
+        const int row = AttList.positionOf(rowKey);
+        other = other || AttList.Item(row)->Text != name(rowKey);
+        rename(row, name(rowKey));
     }
+    return other;
 }
 
 void RecordSetProp::CutFullNames_Click() {
-    renameAll([](const std::string& rowKey) { return AfterLastDot(rowKey); });
+    if (!renameAll([](const std::string& rowKey) { return AfterLastDot(rowKey); })) {
+        messages().tell("The columns of databases bear their own names already.", {}, Icon::information);
+    }
 }
 
 void RecordSetProp::RestoreFullNames_Click() {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "editors/source_databases.h"
 #include "links/mirror_order.h"
@@ -32,7 +33,19 @@ class RecordSetProp : public forms::Editor, public SourceDatabases, private RowO
     void SQLOption_Click(bool on) { SQLOption = on; }
     /// The window is closed neither by OK nor by Cancel: asks when that would lose changes. True when it closes.
     bool mayDismiss();
+    /// The SELECT of what comes from a database; what does not is left out and told.
     void SQLAuto_Click();
+
+    // Columns that no database has yet: they stand under their names, with an empty source. One is bound to a table
+    // when a column of its name is taken from there.
+
+    std::string txtColumnName;
+    std::vector<std::string> ColumnTypes;  ///< names of the catalogue
+    int ColumnType = -1;                   ///< the chosen one, from 0
+    /// Adds a column of that name and type behind the others. False when it was refused, which was told.
+    bool AddColumn_Click();
+    /// Asks what to take over from other nodes or from a text.
+    void TakeOver_Click();
 
     bool ListButtons() const { return AttList.Count() > 0; }
     void MoveRow_Click(forms::RowMove where);
@@ -61,11 +74,16 @@ class RecordSetProp : public forms::Editor, public SourceDatabases, private RowO
     bool isUsed(const std::string& key) const override { return AttList.Item(key) != nullptr; }
 
     void markEdited();
+    static std::string targetsOf(const entities::AttributeProperties& attribute);  ///< whole keys
     void fillList();
+    void fillColumnTypes();
+    bool hasColumn(const std::string& name) const;
+    void addAttribute(const std::string& name, std::int16_t type, const std::string& dbKey, int position);
+    void bindColumn(entities::AttributeProperties& attribute, const std::string& dbKey);
     void RemoveRow(int row);
     void moveRowTo(int row, int to);
     bool rename(int row, const std::string& name);
-    void renameAll(const std::function<std::string(const std::string& rowKey)>& name);
+    bool renameAll(const std::function<std::string(const std::string& rowKey)>& name);
     void putBack();
     void renameInGraph(entities::RecordSetProperties& record, const std::string& formerName);
     void applyRecord(const std::string& formerName);
@@ -73,6 +91,7 @@ class RecordSetProp : public forms::Editor, public SourceDatabases, private RowO
     void tell(const char* text) { messages().tell(text, {}, platform::Icon::warning); }
 
     std::optional<links::MirrorOrder> mirrorOrder_;  ///< of the neighbours as the dialog found it
+    std::vector<std::int16_t> columnTypes_;          ///< in the catalogue
     bool edited_ = false;                            ///< something was changed by hand
     int deletedMark_ = 0;
     bool taken_ = false;  // of several nodes that move together, one was refused; it is told once

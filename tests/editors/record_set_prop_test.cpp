@@ -1,6 +1,9 @@
 #include "editors/record_set_prop.h"
 
+#include "editors/column_text.h"
 #include "editors/editor_doubles.h"
+#include "editors/take_over.h"
+#include "platform/text.h"
 #include "repository/source_schema.h"
 #include "testkit/graph_builder.h"
 #include "testkit/model_text.h"
@@ -68,6 +71,9 @@ TEST_F(RecordSetPropTest, ALoadedDatabaseShowsWhatTheListHas) {
         EXPECT_EQ(dialog.AttList.Item(2)->Text, restored ? "BOOKS_TITLE" : "TITLE");
         EXPECT_TRUE(dialog.tempProp->RecordSet_Outputs->Item(restored ? "BOOKS_TITLE" : "TITLE"));
     }
+    messages.expect("The columns of databases bear their own names already.", "", Icon::information);
+    dialog.CutFullNames_Click();
+    messages.verify();
     for (const Answer answer : {Answer::cancel, Answer::ok}) {
         messages.expect("Are You Sure You Want To Unload Database SHOP?", "", Icon::question, Buttons::okCancel,
                         answer);
@@ -157,6 +163,131 @@ TEST_F(RecordSetPropTest, OKCarriesNamesDownstream) {
     const AttributeProperties* input = form->nodeNamed("Act")->activity()->Act_Inputs.peek()->Item("BOOK_ID");
     ASSERT_TRUE(input) << "the reading input follows";
     EXPECT_TRUE(input->ProvidedFrom.peek()->Item("Titles.BOOK_ID"));
+}
+
+TEST_F(RecordSetPropTest, ColumnsNeedNoDatabase) {
+    RecordSetProp dialog = open();
+    const auto add = [&](const char* name, int type) {
+        dialog.txtColumnName = name;
+        dialog.ColumnType = type;
+        return dialog.AddColumn_Click();
+    };
+    messages.expect("PLEASE GIVE A VALID NAME", "", Icon::warning);
+    EXPECT_FALSE(add(" ", 0));
+    messages.expect("DOTS ARE NOT ALLLOWED IN NAMES", "", Icon::warning);
+    EXPECT_FALSE(add("a.b", 0));
+    messages.expect("PLEASE SELECT A DATATYPE", "", Icon::warning);
+    EXPECT_FALSE(add("TITLE", -1));
+    messages.expect("A NODE WITH THE SAME NAME ALLREADY EXISTS!!", "DUPLICATE NAME", Icon::critical);
+    EXPECT_FALSE(add("ID", 0));
+    ASSERT_TRUE(add("NAME", 1));
+    ASSERT_TRUE(add("PRICE", 0));
+    EXPECT_EQ(dialog.AttList.Item(3)->SubItems[0], dialog.ColumnTypes[0]);
+    EXPECT_EQ(dialog.tempProp->dbKey("NAME"), "");
+
+    EXPECT_TRUE(dialog.AfterLabelEdit(2, "TITLE"));
+    EXPECT_EQ(dialog.AttList.positionOf("TITLE"), 3) << "the row is known by its name";
+    for (const bool restored : {true, false}) {
+        restored ? dialog.RestoreFullNames_Click() : dialog.CutFullNames_Click();
+        EXPECT_EQ(dialog.AttList.Item("SHOP.BOOKS.ID")->Text, restored ? "BOOKS_ID" : "ID");
+        EXPECT_TRUE(dialog.AttList.Item("TITLE") && dialog.AttList.Item("PRICE"));
+    }
+    messages.expect("The SELECT leaves out what comes from no database: PRICE, TITLE.", "", Icon::information);
+    dialog.SQLAuto_Click();
+    EXPECT_EQ(dialog.txtSQL, " SELECT BOOKS.ID AS ID FROM BOOKS;");
+    dialog.AttList.select(dialog.AttList.positionOf("SHOP.BOOKS.ID"));
+    dialog.Move2Tree_Click();
+    messages.expect("The SELECT leaves out what comes from no database: PRICE, TITLE.", "", Icon::information);
+    dialog.SQLAuto_Click();
+    EXPECT_EQ(dialog.txtSQL, " SELECT BOOKS.ID AS ID FROM BOOKS;") << "with none left it stays";
+    EXPECT_TRUE(dialog.OK());
+}
+
+TEST_F(RecordSetPropTest, AColumnIsBoundToItsTableLater) {
+    RecordSetProperties& books = *form->nodeNamed("Books")->recordSet();
+    books.RecordSet_Outputs->Add("TITLE", 1, "TITLE").SubNode_ID = 8;
+    testkit::GraphBuilder graph(*form);
+    graph.activity("Reader", {"TITLE"});
+    graph.feed("Books.TITLE", "Reader.IN.TITLE");
+    {
+        RecordSetProp dialog = open();
+        dialog.LoadDatabase(shop, all);
+        click(dialog, "SHOP.BOOKS.TITLE");
+        EXPECT_EQ(dialog.DBView.find("SHOP.BOOKS")->value().Image, "Table-Checked");
+        EXPECT_EQ(dialog.AttList.Count(), 2);
+        EXPECT_EQ(dialog.AttList.Item(2)->Key, "SHOP.BOOKS.TITLE");
+        EXPECT_TRUE(dialog.OK());
+    }
+    const RecordSetProperties& bound = *form->nodeNamed("Books")->recordSet();
+    EXPECT_EQ(bound.dbKey("TITLE"), "SHOP.BOOKS.TITLE");
+    EXPECT_EQ(bound.RecordSet_Outputs.peek()->Item("TITLE")->SubNode_ID, 0) << "it is stored anew";
+    ASSERT_EQ(form->DeletedNodes->Count(), 1);
+    EXPECT_EQ((*form->DeletedNodes->begin()).NodeID, 8);
+    EXPECT_EQ(bound.RecordSet_Outputs.peek()->Item("TITLE")->ProviderFor.count(), 1);
+}
+
+TEST_F(RecordSetPropTest, ColumnsAreTakenOver) {
+    testkit::GraphBuilder graph(*form);
+    graph.activity("Maker", {}, {"ID", "SUM"});
+    graph.recordSet("Other", {"X"});
+    graph.recordSet("Empty");
+    graph.edge("Maker", "Books");
+    RecordSetProp dialog = open();
+    const auto rows = [](const TakeOverForm& shown) {
+        std::string words;
+        for (const TakeOverRow& row : shown.Rows) {
+            words += row.name + ":" + row.type + (row.checked ? "" : "-" + row.why) + " ";
+        }
+        return words;
+    };
+    const std::string first = catalogue.tables.dataTypes.name(0);
+    dialogs.add<TakeOverForm>([&](TakeOverForm& shown) {
+        EXPECT_EQ(shown.Sources, (std::vector<std::string>{"Maker", "Other", "Lines of text"}));
+        EXPECT_EQ(rows(shown), "ID:" + first + "-is there already SUM:" + first + " ");
+        shown.Row_Check(0, true);
+        EXPECT_FALSE(shown.Rows[0].checked);
+        shown.Row_Check(1, false);
+        EXPECT_FALSE(shown.mayTake());
+        shown.Source_Click(2);
+        shown.Pasted_Change("ID " + first + "\nA " + platform::lowerCase(first) +
+                            "\nB blob\nC blob\nA x\nD\n\"e.f\" y");
+        EXPECT_EQ(rows(shown), "ID:" + first + "-is there already A:" + platform::lowerCase(first) +
+                                   " B:blob C:blob A:x-stands there twice D:-no type e.f:y-a name with a dot ");
+        EXPECT_TRUE(shown.OK());
+    });
+    messages.expect("*", "DATA TYPE NOT RPOPERLY SET", Icon::question, Buttons::okCancel, Answer::cancel);
+    dialog.TakeOver_Click();
+    messages.verify();
+    EXPECT_EQ(dialog.AttList.Count(), 4);
+    EXPECT_EQ(dialog.tempProp->RecordSet_Outputs->Item("A")->Attribute_Type, 0);
+    dialogs.add<TakeOverForm>([&](TakeOverForm& shown) { shown.Row_Check(1, true); });
+    dialog.TakeOver_Click();
+    EXPECT_EQ(dialog.AttList.Count(), 4) << "cancelled";
+}
+
+TEST(ColumnText, ReadsWhatPeopleHave) {
+    using Columns = std::vector<ColumnText>;
+    struct Row {
+        const char* text;
+        Columns columns;
+    };
+    for (const Row& row : {
+             Row{"", {}},
+             Row{"A NUMBER\n\n  B\tvarchar2( 20 BYTE ) not null,\r\n-- C\nD",
+                 {{"A", "NUMBER"}, {"B", "varchar2(20 BYTE)"}, {"D", ""}}},
+             Row{"A, DATE\nB: NUMBER(10, 2);\n* nothing", {{"A", "DATE"}, {"B", "NUMBER(10,2)"}}},
+             Row{"A TIMESTAMP(6) WITH TIME ZONE DEFAULT now()\n`my name` DOUBLE PRECISION",
+                 {{"A", "TIMESTAMP(6) WITH TIME ZONE"}, {"my name", "DOUBLE PRECISION"}}},
+             Row{"DROP TABLE x; create  table shop.\"Books\" (\n \"order\" INT PRIMARY KEY, /* a, b */ [Unit Price] "
+                 "DECIMAL(8,2) DEFAULT (1 + (2)) CHECK (x > ','),\nunique (a, b), CONSTRAINT k FOREIGN KEY (a) "
+                 "REFERENCES "
+                 "t (b),\n  note TEXT COMMENT 'a (b'\n) ENGINE=x; CREATE TABLE second (z INT)",
+                 {{"order", "INT"}, {"Unit Price", "DECIMAL(8,2)"}, {"note", "TEXT"}}},
+             Row{"CREATE TABLE t (a NUMBER(3), b CHAR(", {{"a", "NUMBER(3)"}, {"b", "CHAR("}}},
+             Row{"\xC3\xA4 INT\n\"open", {{"\xC3\xA4", "INT"}, {"open", ""}}},
+         }) {
+        EXPECT_EQ(readColumns(row.text), row.columns) << row.text;
+    }
 }
 
 TEST_F(RecordSetPropTest, OKIsRefusedInOrder) {

@@ -1,10 +1,14 @@
 // The dialogs of activities and record sets as a user has them: keys, drags, boxes and what they show.
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QTreeView>
+#include <QTreeWidget>
 
 #include "qt/canvas/canvas_editor.h"
 #include "qt/forms/list_model.h"
@@ -590,6 +594,49 @@ class EntityDialogsTest : public WindowTest {
                 window.close();
             });
         }
+    }
+
+    void aTargetIsDesignedWithoutADatabase() {
+        Desk desk;
+        testkit::GraphBuilder(*desk.form).recordSet("New");
+        desk.edit("New", "RecordSetProp", [&](QDialog& window) {
+            auto* name = control<QLineEdit>(window, "txtColumnName");
+            auto* types = control<QComboBox>(window, "ColumnTypes");
+            name->setFocus();
+            QTest::keyClicks(name, QStringLiteral("KEY"));
+            desk.messages.expect("PLEASE SELECT A DATATYPE", "", Icon::warning);
+            QTest::keyClick(name, Qt::Key_Return);
+            desk.messages.verify();
+            QCOMPARE(window.focusWidget(), types);
+            types->setCurrentIndex(1);
+            Q_EMIT types->activated(1);
+            name->setFocus();
+            QTest::keyClick(name, Qt::Key_Return);
+            QVERIFY2(window.isVisible(), "Enter adds the column and leaves the window open");
+            QCOMPARE(name->text(), QString());
+            QCOMPARE(window.focusWidget(), name);
+            desk.dialogs.at(QStringLiteral("TakeOverForm"), [&](QDialog& over) {
+                auto* lines = control<QPlainTextEdit>(over, "txtLines");
+                auto* found = control<QTreeWidget>(over, "Rows");
+                QVERIFY(!lines->isVisible());
+                QCOMPARE(found->topLevelItemCount(), 3);
+                found->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
+                auto* sources = control<QComboBox>(over, "Sources");
+                sources->setCurrentIndex(1);
+                Q_EMIT sources->activated(1);
+                QVERIFY(lines->isVisible());
+                QVERIFY(!control<QPushButton>(over, "cmdOK")->isEnabled());
+                lines->setPlainText(QStringLiteral("KEY number\nPRICE %1\nTEXT %1").arg(types->itemText(0)));
+                QCOMPARE(found->topLevelItem(0)->text(2), QStringLiteral("is there already"));
+                found->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
+                click(over, "cmdOK");
+            });
+            click(window, "butTakeOver");
+            QCOMPARE(rows(*view(window, "AttList")), QStringLiteral("KEY TEXT"));
+            click(window, "OK");
+        });
+        QCOMPARE(desk.form->nodeNamed("New")->recordSet()->RecordSet_Outputs.count(), 2);
+        QVERIFY(desk.form->nodeNamed("New")->Ready());
     }
 
     void aRecordSetIsMadeFromASourceDatabase() {

@@ -1,7 +1,9 @@
 #include "qt/editors/record_set_prop_window.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressDialog>
@@ -26,7 +28,8 @@ namespace {
 
 constexpr QSize kRecordSetSize(900, 660);
 constexpr int kStatementHeight = 150;
-constexpr int kPatience = 300;  // milliseconds of loading before its progress is shown
+constexpr int kTypeWidth = 150;  // of the choice for a new column
+constexpr int kPatience = 300;   // milliseconds of loading before its progress is shown
 
 }  // namespace
 
@@ -146,12 +149,58 @@ QWidget* RecordSetPropWindow::newAttributes() {
     rows->setSpacing(Spacing::gap / 2);
     rows->addWidget(label);
     rows->addWidget(list_, 1);
+    rows->addLayout(newOwnColumns());
     auto* columns = new QHBoxLayout(side);
     columns->setContentsMargins({});
     columns->setSpacing(Spacing::gap);
     columns->addWidget(rowButtons_);
     columns->addLayout(rows, 1);
     return side;
+}
+
+/// What no database has yet is named here.
+QLayout* RecordSetPropWindow::newOwnColumns() {
+    column_ = newField(QStringLiteral("txtColumnName"), this);
+    column_->setPlaceholderText(tr("Name of a new column"));
+    column_->setAccessibleName(column_->placeholderText());
+    column_->setMinimumWidth(0);
+    column_->installEventFilter(this);
+    connect(column_, &QLineEdit::textEdited, this,
+            [this](const QString& typed) { logic_.txtColumnName = typed.toStdString(); });
+    columnType_ = newChoice(QStringLiteral("ColumnTypes"), this);
+    columnType_->setPlaceholderText(tr("Its type"));
+    columnType_->setAccessibleName(columnType_->placeholderText());
+    columnType_->setMinimumWidth(kTypeWidth);
+    connect(columnType_, &QComboBox::activated, this, [this](int index) { logic_.ColumnType = index; });
+    auto* grid = new QGridLayout;
+    grid->setSpacing(Spacing::gap);
+    grid->setColumnStretch(0, 1);
+    grid->addWidget(column_, 0, 0);
+    grid->addWidget(columnType_, 0, 1);
+    grid->addWidget(newButton("butTakeOver", tr("&Take Over…"), [this] { logic_.TakeOver_Click(); }), 1, 0,
+                    Qt::AlignLeft);
+    grid->addWidget(newButton("butAddColumn", tr("A&dd Column"), [this] { addColumn(); }), 1, 1);
+    return grid;
+}
+
+void RecordSetPropWindow::addColumn() {
+    const bool added = logic_.AddColumn_Click();
+    QWidget& next = !added && logic_.ColumnType < 0 && !logic_.txtColumnName.empty()
+                        ? static_cast<QWidget&>(*columnType_)
+                        : static_cast<QWidget&>(*column_);
+    next.setFocus();
+}
+
+/// Enter behind the name of a column adds it.
+bool RecordSetPropWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == column_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !column_->text().isEmpty()) {
+            act([this] { addColumn(); });
+            return true;
+        }
+    }
+    return FormWindow::eventFilter(watched, event);
 }
 
 QWidget* RecordSetPropWindow::newStatement() {
@@ -232,6 +281,16 @@ void RecordSetPropWindow::showState() {
         name_->setText(text(logic_.txtRecordSetName));
     }
     name_->setToolTip(name_->text());  // a long one is cut
+    if (column_->text() != text(logic_.txtColumnName)) {
+        column_->setText(text(logic_.txtColumnName));
+    }
+    if (columnType_->count() != static_cast<int>(logic_.ColumnTypes.size())) {
+        columnType_->clear();
+        for (const std::string& type : logic_.ColumnTypes) {
+            columnType_->addItem(text(type));
+        }
+    }
+    columnType_->setCurrentIndex(logic_.ColumnType);
     setWindowTitle(tr("%1 — Record Set Properties").arg(name_->text()));
     rowButtons_->showState(logic_.ListButtons() ? QString() : tr("The list has no rows"));
     inUse_->setChecked(logic_.SQLOption);

@@ -5,6 +5,8 @@
 #include "qt/forms/window_sizes.h"
 
 class QCheckBox;
+class QComboBox;
+class QLayout;
 class QLineEdit;
 class QMenu;
 class QPushButton;
@@ -30,9 +32,13 @@ class RecordSetPropWindow : public FormWindow {
   protected:
     bool mayDismiss() override { return logic_.mayDismiss(); }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     QWidget* newDatabases();
     QWidget* newAttributes();
+    QLayout* newOwnColumns();
+    void addColumn();
     QWidget* newStatement();
     QPushButton* newButton(const char* name, const QString& caption, std::function<void()> step);
     void loadDatabase();
@@ -51,6 +57,8 @@ class RecordSetPropWindow : public FormWindow {
     QPushButton* unload_;
     RowButtons* rowButtons_;
     RowView* list_;
+    QLineEdit* column_;  ///< the name of a new column
+    QComboBox* columnType_;
     QCheckBox* inUse_;
     StatementBox* statement_;
 };

@@ -9,6 +9,7 @@
 #include "qt/editors/item_window.h"
 #include "qt/editors/record_set_prop_window.h"
 #include "qt/editors/set_act_prop_window.h"
+#include "qt/editors/take_over_window.h"
 #include "qt/editors/type_editor_window.h"
 #include "qt/platform/working_window.h"
 #include "qt/repository/db_login_window.h"
@@ -114,6 +115,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         TypeEditorWindow(form, sizes.of(form.words.window), over.widget()).exec();
         sizes.store(form.words.window);
     });
+    add<editors::TakeOverForm, TakeOverWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
     add<editors::ItemProp, ItemWindow>(dialogs, frame);
     // There is one window of metrics at a time.
