@@ -32,6 +32,7 @@ constexpr std::array kSelect = {
 
 // Behind those of its own in the menu of every node.
 constexpr ContextItem kTidyUp{"NodesTidyUpM", "Tidy Up", edit, EditAction::tidyUp};
+constexpr ContextItem kConnectByName{"NodesConnectByNameM", "Connect By Name...", edit, EditAction::connectByName};
 constexpr ContextItem kFitToNames{"NodesFitToNamesM", "Fit To Names", edit, EditAction::fitToNames};
 constexpr ContextItem kAlignMenu{"NodesAlignM", "Align", submenu, {}, false, kAlign};
 constexpr ContextItem kDistributeMenu{"NodesDistributeM", "Distribute", submenu, {}, false, kDistribute};
@@ -47,6 +48,7 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetPasteM", "Paste", edit, EditAction::paste},
     ContextItem{"RecordSetDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
+    kConnectByName,
     kTidyUp,
     kFitToNames,
     kAlignMenu,
@@ -66,6 +68,7 @@ constexpr std::array kActivityMenu = {
     ContextItem{"ActivityPasteM", "Paste", edit, EditAction::paste},
     ContextItem{"ActivityDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
+    kConnectByName,
     kTidyUp,
     kFitToNames,
     kAlignMenu,

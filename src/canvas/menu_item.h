@@ -27,7 +27,8 @@ class WindowKinds {
 
 inline constexpr WindowKinds kEveryWindow(WindowKind::none, WindowKind::design, WindowKind::zoom);
 
-/// What is done with the selected nodes: by way of the clipboard, with their places and boxes, or with the selection.
+/// What is done with the selected nodes: by way of the clipboard, with their places and boxes, with the selection, or
+/// with their members.
 enum class EditAction {
     cut,
     copy,
@@ -48,6 +49,7 @@ enum class EditAction {
     selectConnected,
     selectBetween,
     selectSameType,
+    connectByName,
 };
 
 /// What an action is told: nothing, the kind of node to delete, the angle to set, or what to do with the selected

@@ -97,6 +97,9 @@ constexpr std::array kEdit = {
     item("FindM", "Find...", findText, withWindow, "", "Ctrl+F", "Searches names, types, statements and comments"),
     item("FindNextM", "Find Next", findNext, withWindow, "", "F3"),
     item("FindPreviousM", "Find Previous", findPrevious, withWindow, "", "Shift+F3"),
+    separator(withWindow),
+    item("ConnectByNameM", "Connect By Name...", connectByName, withWindow, "", "Ctrl+J",
+         "Proposes pairs of members whose names fit: of two selected nodes, or of all in a zoom"),
 };
 
 constexpr std::array kRelationships = {

@@ -53,6 +53,7 @@ enum class Command {
     findText,
     findNext,
     findPrevious,
+    connectByName,
     toggleNodes,
     toggleEdges,
     options,

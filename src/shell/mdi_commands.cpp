@@ -136,6 +136,7 @@ struct MDIForm1::CommandTable {
         {Command::findText, withScenario, [](MDIForm1& f) { f.lists_.enter(Dock::find); }},
         {Command::findNext, withScenario, [](MDIForm1& f) { f.lists_.findNext(false); }},
         {Command::findPrevious, withScenario, [](MDIForm1& f) { f.lists_.findNext(true); }},
+        {Command::connectByName, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::connectByName); }},
         {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
         {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},

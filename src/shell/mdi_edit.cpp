@@ -2,6 +2,7 @@
 
 #include "canvas/arrangement.h"
 #include "canvas/fit_to_names.h"
+#include "editors/connect_by_name.h"
 #include "shell/mdi_form.h"
 
 namespace orvent::shell {
@@ -29,6 +30,18 @@ void carry(ScenarioClipboard& clipboard, canvas::DrawForm& design, EditAction ac
 
 }  // namespace
 
+void MDIForm1::connectByName(canvas::CanvasForm& form) {
+    editors::ConnectByName dialog(ports_.messages, catalogue_.tables, form);
+    if (!dialog.whyNot.empty()) {
+        tools_.hint(dialog.whyNot);
+        return;
+    }
+    host_.dialogs().show(dialog);
+    tools_.hint(dialog.connected == 0   ? ""
+                : dialog.connected == 1 ? "1 pair connected."
+                                        : std::to_string(dialog.connected) + " pairs connected.");
+}
+
 void MDIForm1::edit(canvas::CanvasForm& form, EditAction action) {
     if (canvas::isArrangement(action)) {
         histories_.settle();
@@ -39,6 +52,10 @@ void MDIForm1::edit(canvas::CanvasForm& form, EditAction action) {
         const int wider = canvas::fitToNames(form, canvas::nodesToFit(form), desk_);
         tools_.hint(wider > 0 ? "" : "The names stand whole in their boxes already.");
         histories_.settle("Fit To Names");
+    } else if (action == EditAction::connectByName) {
+        histories_.settle();
+        connectByName(form);
+        histories_.settle("Connect By Name");
     } else if (const auto* view = dynamic_cast<const zoom::ZoomView*>(&form)) {
         clipboard_.copyText(*view);
     } else {

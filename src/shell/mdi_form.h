@@ -139,6 +139,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     void showEarlierStates();
     bool openEarlier(const std::string& file, std::string name);
     void zoomApplied(zoom::ZoomView& view);
+    void connectByName(canvas::CanvasForm& form);
     void toggleTints();
     void toggleMark(bool zoom::ViewMarks::*mark);
     bool marked(bool zoom::ViewMarks::*mark) const;

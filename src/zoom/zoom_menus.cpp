@@ -18,6 +18,8 @@ constexpr const char* kDelete = "Delete";
 constexpr const char* kProperties = "Properties";
 
 // Behind those of its own in the menu of every node.
+constexpr ContextItem kConnectByName{"NodesConnectByNameM", "Connect By Name...", edit,
+                                     canvas::EditAction::connectByName};
 constexpr ContextItem kFitToNames{"NodesFitToNamesM", "Fit To Names", edit, canvas::EditAction::fitToNames};
 
 constexpr std::array kRecordSetMenu = {
@@ -25,6 +27,7 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetNotReadyM", kNotReady, notReady},
     ContextItem{"RecordSetPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
+    kConnectByName,
     kFitToNames,
 };
 
@@ -33,6 +36,7 @@ constexpr std::array kActivityMenu = {
     ContextItem{"ActivityNotReadyM", kNotReady, notReady},
     ContextItem{"ActivityPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
+    kConnectByName,
     kFitToNames,
 };
 
@@ -58,6 +62,7 @@ constexpr std::array kAttributeMenu = {
     ContextItem{"AttributeDeleteM", kDelete, deleteNodes, canvas::NodeTypeAttribute},
     ContextItem{"AttributePropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
+    kConnectByName,
     kFitToNames,
 };
 

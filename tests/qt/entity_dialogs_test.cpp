@@ -639,6 +639,29 @@ class EntityDialogsTest : public WindowTest {
         QVERIFY(desk.form->nodeNamed("New")->Ready());
     }
 
+    void pairsAreProposedAndOnlyTheCheckedAreJoined() {
+        Desk desk;
+        testkit::GraphBuilder graph(*desk.form);
+        graph.activity("Load", {"id", "NAME"});
+        for (const char* name : {"RS", "Load"}) {
+            desk.form->SelectedLabels.Add(desk.form->NamesColl.Item(name));
+        }
+        desk.dialogs.at(QStringLiteral("ConnectByName"), [&](QDialog& window) {
+            auto* found = control<QTreeWidget>(window, "Rows");
+            QCOMPARE(found->topLevelItemCount(), 2);
+            for (const Qt::CheckState state : {Qt::Unchecked, Qt::Checked}) {
+                found->topLevelItem(1)->setCheckState(0, state);
+            }
+            found->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
+            click(window, "cmdOK");
+        });
+        desk.logic.run(shell::Command::connectByName);
+        desk.dialogs.settle();
+        const entities::Act_InputsCollection& inputs = *desk.form->nodeNamed("Load")->activity()->Act_Inputs.peek();
+        QCOMPARE(inputs.Item(1)->ProvidedFrom.count(), 0);
+        QCOMPARE(inputs.Item(2)->ProvidedFrom.count(), 1);
+    }
+
     void aRecordSetIsMadeFromASourceDatabase() {
         Desk desk;
         testkit::GraphBuilder(*desk.form).recordSet("New");

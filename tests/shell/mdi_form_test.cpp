@@ -304,7 +304,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"AlignTopM AlignMiddleM AlignBottomM", {alignTop, alignMiddle, alignBottom}},
         {"DistributeAcrossM DistributeDownM", {distributeAcross, distributeDown}},
         {"SelectUpstreamM SelectDownstreamM SelectConnectedM", {selectUpstream, selectDownstream, selectConnected}},
-        {"SelectBetweenM SelectSameTypeM", {selectBetween, selectSameType}},
+        {"SelectBetweenM SelectSameTypeM ConnectByNameM", {selectBetween, selectSameType, connectByName}},
         {"FindM FindNextM FindPreviousM", {findText, findNext, findPrevious}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM ViewHistoryM SelectAllM", {colourByMetric, viewHistory, selectAll}},

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "qt/analysis/metrics_window.h"
+#include "qt/editors/connect_window.h"
 #include "qt/editors/in_out_window.h"
 #include "qt/editors/item_window.h"
 #include "qt/editors/record_set_prop_window.h"
@@ -115,6 +116,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         TypeEditorWindow(form, sizes.of(form.words.window), over.widget()).exec();
         sizes.store(form.words.window);
     });
+    add<editors::ConnectByName, ConnectWindow>(dialogs, frame);
     add<editors::TakeOverForm, TakeOverWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
     add<editors::ItemProp, ItemWindow>(dialogs, frame);

@@ -1,0 +1,148 @@
+#include "editors/connect_by_name.h"
+
+#include "testkit/graph_builder.h"
+#include "zoom/apply_zoom_changes.h"
+#include "zoom/zoom_fixture.h"
+
+namespace orvent::editors {
+namespace {
+
+using namespace entities;
+
+TEST(NamePairs, NamesFitMoreOrLess) {
+    using enum links::NameMatch;
+    struct Row {
+        const char *owner, *source, *target;
+        links::NameMatch match;
+    };
+    for (const Row& row : {Row{"EMP", "ID", "ID", equal}, Row{"EMP", "ID", "EMP_ID", withoutOwner},
+                           Row{"EMP", "Emp_ID", "ID", withoutOwner}, Row{"A1", "A1.O12", "O12", withoutOwner},
+                           Row{"EMP", "FIRST_NAME", "firstName", folded}, Row{"EMP", "ID", "emp_id", folded},
+                           Row{"EMP", "LOYEE", "EMPLOYEE", none}, Row{"EMP", "EMP_", "", none},
+                           Row{"", "_ID", "ID", folded}, Row{"EMP", "ID", "DIM_ID", none}}) {
+        EXPECT_EQ(links::matchOf({row.owner, row.source}, {"Other", row.target}), row.match)
+            << row.source << " and " << row.target;
+    }
+}
+
+class ConnectByNameTest : public testkit::ZoomTest {
+  protected:
+    ConnectByNameTest() {
+        catalogue.dataTypes.add(kDefinedBySource);
+        for (canvas::DrawForm* each : {&design, &other}) {
+            testkit::GraphBuilder built(*each);
+            built.recordSet("EMP", {"ID", "FIRST_NAME", "Pay", "PAY", "AGE", "CITY", "FED"}).RecordSet_Name = "EMP";
+            built.activity("Load", {"EMP_ID", "firstname", "pay", "AGE", "CITY", "FED"}, {"EMP_ID"}).Act_Name = "Load";
+            built.recordSet("DIM", {"emp_id"}).RecordSet_Name = "DIM";
+            built.edge("EMP", "Load");
+            built.edge("Load", "DIM");
+            built.feed("EMP.FED", "Load.IN.FED");
+            built.attribute("Load.IN.AGE").Attribute_Type = 1;
+            built.attribute("EMP.CITY").Attribute_Type = 1;
+            built.attribute("Load.IN.CITY").Attribute_Type = 2;
+        }
+    }
+
+    static Texts rows(const ConnectByName& dialog) {
+        Texts lines;
+        for (const ConnectRow& row : dialog.Rows) {
+            lines.push_back((row.checked    ? "+"
+                             : row.possible ? "?"
+                                            : "-") +
+                            row.from + " " + row.to + " " + row.remark);
+        }
+        return lines;
+    }
+    static void check(ConnectByName& dialog, const std::string& from, const std::string& to, bool on) {
+        for (std::size_t at = 0; at < dialog.Rows.size(); ++at) {
+            if (dialog.Rows[at].from == from && dialog.Rows[at].to == to) {
+                dialog.Row_Check(at, on);
+                return;
+            }
+        }
+        ADD_FAILURE() << from << " " << to;
+    }
+    ConnectByName connecting(canvas::CanvasForm& over) { return {ports.messages, catalogue, over}; }
+    ConnectByName connecting(const char* first, const char* second) {
+        design.SelectedLabels.Clear();
+        for (const char* name : {first, second}) {
+            design.SelectedLabels.Add(design.NamesColl.Item(name));
+        }
+        return connecting(design);
+    }
+
+    /// The links of an activity, and how its inputs came.
+    static Texts links(canvas::DrawForm& form) {
+        Texts lines = testkit::LinkGraph::lines(testkit::LinkGraph::holdersOf(*form.nodeNamed("Load")->activity()));
+        for (const char* name : {"EMP", "DIM"}) {
+            for (AttributeProperties& attribute : form.nodeNamed(name)->recordSet()->RecordSet_Outputs) {
+                for (const std::string& line : testkit::LinkGraph::lines({&attribute})) {
+                    lines.push_back(line);
+                }
+            }
+        }
+        for (const AttributeProperties& input : form.nodeNamed("Load")->activity()->Act_Inputs) {
+            lines.push_back(input.Key + " " + std::to_string(static_cast<int>(input.Tag)) + " " +
+                            std::to_string(input.Attribute_Type));
+        }
+        return lines;
+    }
+
+    canvas::DrawForm other{ports.services(), &store};
+};
+
+TEST_F(ConnectByNameTest, TwoNodesAndAViewGiveTheSame) {
+    ConnectByName nodes = connecting("Load", "EMP");  // the edge tells which feeds the other
+    EXPECT_EQ(nodes.Caption, "EMP → Load");
+    const Texts proposed = {"+EMP.ID Load.IN.EMP_ID ",
+                            "+EMP.FIRST_NAME Load.IN.firstname ",
+                            "?EMP.Pay Load.IN.pay several fit",
+                            "?EMP.PAY Load.IN.pay several fit",
+                            "-EMP.AGE Load.IN.AGE its type is VARCHAR2(20)",
+                            "+EMP.CITY Load.IN.CITY "};
+    EXPECT_EQ(rows(nodes), proposed);
+    check(nodes, "EMP.AGE", "Load.IN.AGE", true);
+    check(nodes, "EMP.PAY", "Load.IN.pay", true);
+    check(nodes, "EMP.FIRST_NAME", "Load.IN.firstname", false);
+    EXPECT_TRUE(nodes.OK());
+    EXPECT_EQ(nodes.connected, 3);
+    ConnectByName on = connecting("Load", "DIM");
+    EXPECT_EQ(rows(on), (Texts{"+Load.OUT.EMP_ID DIM.emp_id "}));
+    EXPECT_TRUE(on.OK());
+    EXPECT_EQ(design.Lines.Count(), other.Lines.Count() + 5) << "the edges were there";
+
+    zoom::ZoomForm view({ports.services(), catalogue, progress, narrow}, other);
+    zoom::buildZoomView(view, *other.nodeNamed("Load"));
+    ConnectByName members = connecting(view);
+    Texts all = proposed;
+    all.insert(all.end(), {"+Load.IN.EMP_ID Load.OUT.EMP_ID ", "+Load.OUT.EMP_ID DIM.emp_id "});
+    EXPECT_EQ(sorted(rows(members)), sorted(all));
+    check(members, "EMP.PAY", "Load.IN.pay", true);
+    check(members, "EMP.FIRST_NAME", "Load.IN.firstname", false);
+    check(members, "Load.IN.EMP_ID", "Load.OUT.EMP_ID", false);
+    EXPECT_TRUE(members.OK());
+    EXPECT_EQ(members.connected, 4);
+    zoom::ApplyZoomChanges(view, false);
+    EXPECT_EQ(links(design), links(other));
+    EXPECT_EQ(design.nodeNamed("Load")->activity()->Act_Inputs->Item("CITY")->Attribute_Type, 1);
+}
+
+TEST_F(ConnectByNameTest, NothingIsProposedWhereNothingCanBeJoined) {
+    for (const auto& [first, second] : {std::pair("EMP", "DIM"), {"EMP", "EMP"}}) {
+        EXPECT_EQ(connecting(first, second).whyNot, "Select two nodes: an activity, and what it reads or feeds.");
+    }
+    EXPECT_EQ(connecting("A3", "Load").whyNot, "No two members that may be joined have names that fit.");
+    // Without an edge the order of the selection counts, and the edge is drawn.
+    testkit::GraphBuilder(design).activity("Next", {"EMP_ID"}).Act_Name = "Next";
+    const int edges = design.Lines.Count();
+    ConnectByName dialog = connecting("Load", "Next");
+    EXPECT_EQ(rows(dialog), (Texts{"+Load.OUT.EMP_ID Next.IN.EMP_ID "}));
+    EXPECT_TRUE(dialog.OK());
+    EXPECT_EQ(design.Lines.Count(), edges + 1);
+    EXPECT_EQ(design.Lines.at(design.Lines.Count())->ToLabel(), design.NamesColl.Item("Next"));
+    check(dialog, "Load.OUT.EMP_ID", "Next.IN.EMP_ID", false);
+    EXPECT_FALSE(dialog.mayConnect());
+}
+
+}  // namespace
+}  // namespace orvent::editors
