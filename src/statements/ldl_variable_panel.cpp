@@ -1,6 +1,7 @@
 #include "statements/ldl_variable_panel.h"
 
 #include <algorithm>
+#include <numeric>
 #include <string>
 
 namespace orvent::statements {
@@ -151,6 +152,74 @@ void LDLVariablePanel::selectArrity(int at) {
             showValue(*element);
         }
     }
+}
+
+std::vector<std::string> LDLVariablePanel::bunches() const {
+    std::vector<std::string> names;
+    if (takesInputs()) {
+        for (const LDLSource& source : Sources) {
+            names.push_back(source.Source);
+        }
+    } else if (kind == VarOutputArray) {
+        for (const std::string& name : listLDLvars.items) {
+            if (const LDLVariable* variable = Variables.Item(name); variable && variable->SubVariables) {
+                names.push_back(name);
+            }
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> LDLVariablePanel::bunch(int at) const {
+    std::vector<std::string> items;
+    const std::vector<std::string> names = bunches();
+    if (at < 0 || at >= static_cast<int>(names.size())) {
+        return items;
+    }
+    if (takesInputs()) {
+        for (const entities::AttributeProperties& input : *Sources.Source(at + 1)) {
+            items.push_back(input.Attribute_Name);
+        }
+    } else {
+        const LDLVariable& variable = *Variables.Item(names[static_cast<std::size_t>(at)]);
+        for (int element = 1; element <= variable.SubVariables->Count(); ++element) {
+            items.push_back(elementName(element));
+        }
+    }
+    return items;
+}
+
+void LDLVariablePanel::dropOpenElements() {
+    selectArrity(-1);  // what is shown is stored before
+    const LDLVariableCollection& elements = *CurrentVariable->SubVariables;
+    while (UpDownArity > 0 && !isElementComplete(*elements.Item(UpDownArity))) {
+        UpDownArity_Down();
+    }
+}
+
+void LDLVariablePanel::takeBunch(int at, const std::vector<int>& places) {
+    const int count = static_cast<int>(bunch(at).size());
+    if (count == 0) {
+        return;
+    }
+    dropOpenElements();
+    for (const int place : places) {
+        if (place < 0 || place >= count) {
+            continue;
+        }
+        UpDownArity_Up();
+        LDLVariable& element = *CurrentVariable->SubVariables->Item(UpDownArity);
+        element.Defined = true;
+        element.RegulatorType = takesInputs() ? RegInput : RegOutputVariable;
+        element.RegulatorName = takesInputs() ? std::to_string(at) : bunches()[static_cast<std::size_t>(at)];
+        element.RegulatedFrom = static_cast<std::int16_t>(place);
+    }
+}
+
+void LDLVariablePanel::takeWholeBunch(int at) {
+    std::vector<int> places(bunch(at).size());
+    std::iota(places.begin(), places.end(), 0);
+    takeBunch(at, places);
 }
 
 void LDLVariablePanel::StoreCurrentVariable() {

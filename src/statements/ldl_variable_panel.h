@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "statements/ldl_value_panel.h"
 
@@ -24,6 +25,17 @@ class LDLVariablePanel : public LDLValuePanel {
     void UpDownArity_Up();
     void UpDownArity_Down();
     void selectArrity(int position);
+
+    // Several elements at once. They come behind those that are whole; what is not whole at the end goes.
+
+    /// What the elements of the array at hand can be taken from: the names of the input sources, or those of the arrays
+    /// that can regulate outputs. Empty for a variable that is no array, and before it has its kind.
+    std::vector<std::string> bunches() const;
+    /// What one of them holds, in order.
+    std::vector<std::string> bunch(int at) const;
+    /// An element for each of these places in it, from 0.
+    void takeBunch(int at, const std::vector<int>& places);
+    void takeWholeBunch(int at);
 
     void StoreCurrentVariable();
     void StoreCurrentElement();
@@ -50,6 +62,8 @@ class LDLVariablePanel : public LDLValuePanel {
     void resetPanel();
     void showPanel(LDLVariableType option);
     void showArray();
+    bool takesInputs() const { return kind == VarParameterArray || kind == VarFunctionParameterArray; }
+    void dropOpenElements();
     std::string missingInArray() const;
 };
 

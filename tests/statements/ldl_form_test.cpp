@@ -232,6 +232,51 @@ TEST_F(LDLFormTest, ValuesWaitForAnElement) {
     });
 }
 
+TEST_F(LDLFormTest, AnArrayTakesManyElementsAtOnce) {
+    graph.recordSet("TWO", {"A", "B", "C"});
+    for (const char* name : {"A", "B", "C"}) {
+        activity->Act_Inputs->Add(name, 0, entities::TagNone, name).ParentKeyName = "Act";
+        graph.feed("TWO." + std::string(name), "Act.IN." + std::string(name));
+    }
+    run("@One @Arr[1] @Os[1]", [&](LDLForm& open) {
+        open.cmdParseLDL();
+        EXPECT_TRUE(open.bunches().empty()) << "it is no array";
+        defineCurrent(open, VarParameter, "", {"in 0 0"});
+        open.cmdNext();
+        EXPECT_TRUE(open.bunches().empty()) << "it has no kind yet";
+        open.chooseKind(VarParameterArray);
+        EXPECT_EQ(open.bunches(), (std::vector<std::string>{"SRC", "TWO"}));
+        EXPECT_EQ(open.bunch(1), (std::vector<std::string>{"A", "B", "C"}));
+        open.UpDownArity_Up();
+        open.selectArrity(0);
+        chooseValueOf(open, "const k");
+        open.UpDownArity_Up();
+        open.selectArrity(1);  // without a value it gives way
+        open.takeBunch(1, {2, 0, 9});
+        open.takeWholeBunch(0);
+        open.takeWholeBunch(5);
+        const auto elements = [&](const char* name) {
+            std::string words;
+            for (const LDLVariable& element : *open.Variables.Item(name)->SubVariables) {
+                words += element.RegulatorName + "/" + std::to_string(element.RegulatedFrom) + " ";
+            }
+            return words;
+        };
+        EXPECT_EQ(elements("Arr"), "k/0 1/2 1/0 0/0 0/1 ");
+        EXPECT_EQ(open.UpDownArity, 5);
+        EXPECT_EQ(LDLGuide(open).hint(), "Complete. Go on to the next variable.");
+        open.cmdNext();
+        open.chooseKind(VarOutputArray);
+        EXPECT_EQ(open.bunches(), (std::vector<std::string>{"Arr"})) << "no scalar";
+        open.takeBunch(0, {1, 3});
+        EXPECT_EQ(elements("Os"), "Arr/1 Arr/3 ");
+        EXPECT_EQ(LDLGuide(open).hint(), "Generate the statement.");
+        open.selectArrity(1);
+        EXPECT_EQ(open.listLDLSubVars.Text(), "[4]");
+        open.cmdCancel();
+    });
+}
+
 TEST_F(LDLFormTest, LeavesTheRestOfARound) {
     WizardRound round{2, 5};
     catalogue.activityTypeLdl = {"@X"};

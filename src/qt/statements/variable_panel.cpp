@@ -6,14 +6,18 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "qt/statements/bunch_choice.h"
 #include "qt/statements/keep_place.h"
 #include "qt/statements/option_group.h"
 #include "qt/statements/value_panel.h"
+#include "qt/text.h"
 #include "qt/theme/icons.h"
 #include "qt/theme/theme.h"
 #include "statements/ldl_guide.h"
@@ -192,6 +196,13 @@ QGroupBox* VariablePanel::newArity() {
     rows->setSpacing(Spacing::gap);
     rows->addWidget(UpDownArity_);
     rows->addWidget(listArrity_, 1);
+    take_ = new QPushButton(tr("Take"), frame);
+    take_->setObjectName(QStringLiteral("butTakeBunch"));
+    take_->setToolTip(tr("Makes many elements at once, in order"));
+    take_->setAutoDefault(false);
+    take_->setMenu(new QMenu(take_));
+    connect(take_->menu(), &QMenu::aboutToShow, this, &VariablePanel::fillBunches);
+    rows->addWidget(take_);
 
     connect(UpDownArity_, &QSpinBox::valueChanged, this, [this](int wanted) {
         for (int missing = wanted - logic_.UpDownArity; missing > 0; --missing) {
@@ -209,7 +220,33 @@ QGroupBox* VariablePanel::newArity() {
     return frame;
 }
 
+void VariablePanel::fillBunches() {
+    take_->menu()->clear();
+    const std::vector<std::string> names = logic_.bunches();
+    for (int at = 0; at < static_cast<int>(names.size()); ++at) {
+        addBunch(text(names[static_cast<std::size_t>(at)]), at);
+    }
+}
+
+void VariablePanel::addBunch(const QString& name, int at) {
+    const bool inputs = logic_.kind != statements::VarOutputArray;
+    const QString whole = inputs ? tr("All Inputs Of %1").arg(name) : tr("All Outputs By %1").arg(name);
+    take_->menu()->addAction(whole, this, [this, at] {
+        logic_.takeWholeBunch(at);
+        changed_();
+    });
+    take_->menu()->addAction(tr("Choose From %1...").arg(name), this, [this, name, at] {
+        BunchChoice choice(name, logic_.bunch(at), window());
+        choice.exec();
+        if (const std::vector<int> places = choice.chosen(); !places.empty()) {
+            logic_.takeBunch(at, places);
+            changed_();
+        }
+    });
+}
+
 void VariablePanel::showArity() {
+    take_->setEnabled(!logic_.bunches().empty());
     frameArrity_->setVisible(logic_.Visible.frameArrity);
     const QSignalBlocker quietNumber(UpDownArity_);
     UpDownArity_->setValue(logic_.UpDownArity);

@@ -9,6 +9,7 @@
 class QGroupBox;
 class QLabel;
 class QListWidget;
+class QPushButton;
 class QSpinBox;
 
 namespace orvent::qt {
@@ -39,6 +40,8 @@ class VariablePanel : public QWidget {
     QGroupBox* newKinds();
     QGroupBox* newArity();
     void showArity();
+    void fillBunches();
+    void addBunch(const QString& name, int at);
 
     statements::LDLForm& logic_;
     std::function<void()> changed_;
@@ -52,6 +55,7 @@ class VariablePanel : public QWidget {
     QGroupBox* frameArrity_ = nullptr;
     QSpinBox* UpDownArity_ = nullptr;
     QListWidget* listArrity_ = nullptr;
+    QPushButton* take_ = nullptr;  ///< many elements at once
     ValuePanel* value_ = nullptr;
 };
 
