@@ -292,57 +292,6 @@ bool SetActProp::ListButtons() const {
     return TabStrip1 != kLogTab && AttList[SelectedList].Count() > 0;
 }
 
-void SetActProp::MoveRow_Click(forms::RowMove where) {
-    moveSelected(frontList(), where, [this](int row, int to) { moveRowTo(row, to); });
-}
-
-void SetActProp::MoveRows(const std::vector<int>& rows, int place) {
-    moveRowsTo(frontList(), rows, place, [this](int row, int to) { moveRowTo(row, to); });
-}
-
-void SetActProp::Move2Tree_Click() {
-    bool refused = false;
-    moveMany([&] {
-        removeSelected(
-            frontList(),
-            [&](const forms::ListRow& row) {
-                const bool ofType = tagOf(row) >= TagTypeOutput && tagOf(row) != TagWizard;
-                refused = refused || ofType;
-                return !ofType;
-            },
-            [this](int row) { RemoveRow(row); });
-    });
-    if (refused) {
-        tell("Activity Type's Members Cannot Be Deleted", Icon::information);
-    }
-}
-
-void SetActProp::MoveAll2Tree_Click() {
-    moveMany([this] {
-        for (int row = frontList().Count(); row >= 1; row = std::min(row - 1, frontList().Count())) {
-            if (tagOf(*frontList().Item(row)) < TagTypeOutput) {
-                RemoveRow(row);
-            }
-        }
-    });
-}
-
-template <class Text>
-void SetActProp::renameRows(Text text) {
-    for (int row = 1; row <= frontList().Count(); ++row) {
-        setRowText(row, SelectedList, text(*frontList().Item(row)));
-        renameMember(row, SelectedList);
-    }
-}
-
-void SetActProp::CutFullNamesM_Click() {
-    renameRows([](const forms::ListRow& row) { return AfterLastDot(row.Text); });
-}
-
-void SetActProp::RestoreNamesM_Click() {
-    renameRows([](const forms::ListRow& row) { return row.Key; });
-}
-
 namespace {
 
 /// From the graph, activities and what they provide are dropped on the inputs, and any node on the parameters.

@@ -36,6 +36,7 @@ struct EditorServices {
     platform::SaveDialog& saveDialog;
     NodePreparation& nodes;
     const forms::Dialogs& dialogs;
+    const bool* shortNames = nullptr;  ///< new members bear the bare names of their sources, where those are free
 };
 
 /// `SetActProp`: the dialog that defines an activity. It works on a copy, `tempProp`; the graph changes when it is
@@ -127,6 +128,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
         sourceNote_.reset();
     }
     void tabMoved() override { TabStrip1 = tabOf(SelectedList); }
+    bool givesShortNames() const override { return services_.shortNames && *services_.shortNames; }
 
   private:
     void LoadActivity();
@@ -139,7 +141,7 @@ class SetActProp : public forms::Editor, public SetActProp_Functions, public sta
     void followName();
     void setName(const std::string& text);
     template <class Text>
-    void renameRows(Text text);
+    bool renameRows(Text text);
     std::string& statement();
     /// Whether `ActTypes` shows a type.
     bool showsType() const { return ActTypes >= 0 && !typeNames().shown(static_cast<std::int16_t>(ActTypes)).empty(); }

@@ -38,6 +38,22 @@ SetActProp_Functions::SetActProp_Functions(canvas::CanvasForm& form, canvas::Lab
       progress_(progress),
       lists_(tempProp, AttList, ActView, DBView, catalogue.tables) {}
 
+std::string SetActProp_Functions::newName(const Tree::Node& node, const std::string& key,
+                                          std::initializer_list<ActList> among) {
+    if (!givesShortNames()) {
+        return key;
+    }
+    const std::string bare = AfterLastDot(AfterSecondDot(node.value().Key));
+    for (const ActList number : among) {
+        for (const forms::ListRow& row : list(number).rows()) {
+            if (row.Text == bare || row.Key == bare) {
+                return key;
+            }
+        }
+    }
+    return bare;
+}
+
 void SetActProp_Functions::moveMany(const std::function<void()>& moves) {
     const forms::List::Gathering inputs(AttList[kInputs]), outputs(AttList[kOutputs]), parameters(AttList[kParameters]);
     const forms::Tree::Gathering graph(ActView), database(DBView);

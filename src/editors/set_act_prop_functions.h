@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -70,6 +71,8 @@ class SetActProp_Functions : public RowOperations {
     virtual void edited() = 0;
     /// Another list came forward.
     virtual void tabMoved() = 0;
+    /// A new member bears the bare name of its source, where that is free, and not its key.
+    virtual bool givesShortNames() const = 0;
 
     /// The entity takes the text of its row.
     void renameMember(int row, ActList listNumber);
@@ -83,6 +86,8 @@ class SetActProp_Functions : public RowOperations {
   private:
     forms::List& list(ActList number) { return AttList[number]; }
 
+    /// The name of a new member with that key, which no row of these lists has.
+    std::string newName(const forms::Tree::Node& node, const std::string& key, std::initializer_list<ActList> among);
     void addInput(const forms::Tree::Node& node, const std::string& key, int position);
     void addMirror(const entities::AttributeProperties& input);
     void addOutput(const forms::Tree::Node& node, const std::string& key, int position);

@@ -73,7 +73,8 @@ void SetActProp_Functions::AddRow(Tree::Node& node, int position) {
 
 void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& key, int position) {
     AttributeProperties input;
-    input.Attribute_Name = input.Key = key;
+    input.Attribute_Name = newName(node, key, {kInputs, kOutputs});  // its output has the same
+    input.Key = key;
     input.Attribute_Type = node.value().Tag;
     input.Tag = isDatabaseNode(node) ? TagRecordSet : TagActivity;
     input.NodeKind = KindInput;
@@ -81,7 +82,7 @@ void SetActProp_Functions::addInput(const Tree::Node& node, const std::string& k
     input.ProvidedFrom->Add(SecondSegment(node.value().Key), static_cast<LinkType>(input.Tag), linkedKey(node));
     AttributeProperties& added = tempProp->Act_Inputs->AddFullAttribute(input, "", false, position);
     tempProp->Act_Inputs->Changed = true;
-    lists_.add(kInputs, newRow(key, key, input.Tag, RowKind::input), position);
+    lists_.add(kInputs, newRow(key, input.Attribute_Name, input.Tag, RowKind::input), position);
     if (!tempProp->Act_Outputs->Item(key)) {
         addMirror(added);
     }
@@ -101,20 +102,22 @@ void SetActProp_Functions::addMirror(const AttributeProperties& input) {
 
 void SetActProp_Functions::addOutput(const Tree::Node& node, const std::string& key, int position) {
     AttributeProperties output;
-    output.Attribute_Name = output.Key = key;
+    output.Attribute_Name = newName(node, key, {kOutputs});
+    output.Key = key;
     output.Attribute_Type = node.value().Tag;
     output.Tag = TagRecordSet;
     output.NodeKind = KindOutput;
     output.ParentKeyName = tempProp->Act_Name;
     output.ProviderFor->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     tempProp->Act_Outputs->AddFullAttribute(output, "", false, position);
-    lists_.add(kOutputs, newRow(key, key, TagRecordSet, RowKind::output), position);
+    lists_.add(kOutputs, newRow(key, output.Attribute_Name, TagRecordSet, RowKind::output), position);
 }
 
 void SetActProp_Functions::addParameter(const Tree::Node& node, const std::string& key, int position) {
     const bool constant = isConstantNode(node);
     ParameterProperties parameter;
-    parameter.Parameter_Name = parameter.Key = key;
+    parameter.Parameter_Name = constant ? key : newName(node, key, {kParameters});
+    parameter.Key = key;
     parameter.Parameter_Type = node.value().Tag;
     parameter.Tag = constant ? TagConstant : TagRecordSet;
     parameter.NodeKind = KindParameter;
@@ -125,7 +128,8 @@ void SetActProp_Functions::addParameter(const Tree::Node& node, const std::strin
         parameter.RegulatedFrom->Add(SecondSegment(node.value().Key), LinkRecordSet, linkedKey(node));
     }
     tempProp->Act_Parameters->AddFullParameter(parameter, "", false, parameterPlace(position));
-    lists_.add(kParameters, newRow(key, key, parameter.Tag, constant ? RowKind::constant : RowKind::parameter),
+    lists_.add(kParameters,
+               newRow(key, parameter.Parameter_Name, parameter.Tag, constant ? RowKind::constant : RowKind::parameter),
                position);
 }
 

@@ -90,6 +90,7 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
     options.repository.SQLPath = store.value("General", "SQLPath", options.DefaultScript);
     options.TransDepth = numbers.read("General", "TransDepth", standard.TransDepth);
     options.WholeNumbers = store.value("General", "WholeNumbers", "0") == "-1";
+    options.ShortNames = store.value("General", "ShortNames", "0") == kYes;
     for (const SightKey& row : kSightKeys) {
         options.sight.*row.mark = store.value("Zoom", row.key, kYes) == kYes;
     }
@@ -104,6 +105,7 @@ void DefaultOptions(OptionsData& options) {
     options.canvas = canvas::CanvasSettings{};
     options.repository.SQLPath = options.DefaultScript;
     options.problems = analysis::everyProblem();
+    options.ShortNames = false;
 }
 
 }  // namespace orvent::shell

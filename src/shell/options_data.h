@@ -21,6 +21,7 @@ struct OptionsData {
     analysis::ProblemKinds problems = analysis::everyProblem();  ///< those that are told
     std::int16_t TransDepth = 10;
     bool WholeNumbers = false;  ///< the wizard reads the numbers of tokens whole
+    bool ShortNames = false;    ///< new members of activities bear the bare names of their sources
     std::string LogPath;        ///< folder proposed for an activity's log
     std::string HelpFile;       ///< program folder + "\ORVENTII.chm"
     std::string DefaultScript;  ///< program folder + "\ORVENTII.sql"
@@ -34,8 +35,8 @@ void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store);
 
 void StoreProblems(const analysis::ProblemKinds& problems, platform::SettingsStore& store);
 
-/// Sets the sizes, distances, the selection colour, `SQLPath` and the kinds of problems to their defaults, in the
-/// application values only.
+/// Sets the sizes, distances, the selection colour, `SQLPath`, the kinds of problems and `ShortNames` to their
+/// defaults, in the application values only.
 void DefaultOptions(OptionsData& options);
 
 }  // namespace orvent::shell

@@ -34,6 +34,7 @@ void OptionsForm::open() {
     lblColor = options_.canvas.SelColor;
     txtSQL = options_.repository.SQLPath;
     Problems = options_.problems;
+    ShortNames = options_.ShortNames;
 }
 
 bool OptionsForm::apply() {
@@ -52,6 +53,8 @@ bool OptionsForm::apply() {
     }
     options_.canvas.SelColor = lblColor;
     options_.repository.SQLPath = txtSQL;
+    options_.ShortNames = ShortNames;
+    ports_.store.setValue("General", "ShortNames", ShortNames ? "-1" : "0");
     StoreProblems(options_.problems = Problems, ports_.store);
     return true;
 }

@@ -20,6 +20,7 @@ class OptionsForm : public forms::Editor {
     std::int32_t lblColor = 0;         ///< blue in the high byte
     std::string txtSQL;
     analysis::ProblemKinds Problems;  ///< those that are told
+    bool ShortNames = false;
 
     /// Fills the fields from the application values; at each showing.
     void open();

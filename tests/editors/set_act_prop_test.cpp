@@ -259,6 +259,39 @@ TEST_F(SetActPropTest, NamesAreCutToTheirLastPartAndRestored) {
         EXPECT_EQ(dialog->tempProp->Act_Outputs->Item("Act.Made")->Attribute_Name, name);
         EXPECT_FALSE(dialog->Saved);
     }
+    dialog->TabStrip1_Click(tabOf(kInputs));
+    messages.expect("No name of this list has a dot, behind which it could be cut.", "", Icon::information);
+    dialog->CutFullNamesM_Click();
+}
+
+TEST_F(SetActPropTest, NewMembersBearShortNamesWhereThoseAreFree) {
+    bool on = true;
+    EditorServices with = needs();
+    with.shortNames = &on;
+    testkit::GraphBuilder(*form).activity("Other", {}, {"Old", "X.NAME", "Q"});
+    SetActProp dialog(with, *form, *form->nodeNamed("Act"));
+    const auto names = [&](ActList list) {
+        std::string text;
+        for (const forms::ListRow& row : dialog.AttList[list].rows()) {
+            text += row.Key + ":" + row.Text + " ";
+        }
+        return text;
+    };
+    dialog.TabStrip1_Click(tabOf(kInputs));
+    dialog.Drop({"DB.RS.NAME", "GRAPH.Other.Old", "GRAPH.Other.X.NAME"}, 0);
+    on = false;
+    dialog.Drop({"GRAPH.Other.Q"}, 0);
+    EXPECT_EQ(names(kInputs),
+              "RS_ID:RS_ID Old:Old RS_NAME:NAME Other_Old:Other_Old Other_X.NAME:Other_X.NAME Other_Q:Other_Q ");
+    EXPECT_EQ(names(kOutputs),
+              "RS_ID:RS_ID Act.Made:Act.Made RS_NAME:NAME Other_Old:Other_Old "
+              "Other_X.NAME:Other_X.NAME Other_Q:Other_Q ");
+    EXPECT_EQ(dialog.tempProp->Act_Inputs->Item("RS_NAME")->Attribute_Name, "NAME");
+    EXPECT_EQ(dialog.tempProp->Act_Outputs->Item("RS_NAME")->Attribute_Name, "NAME");
+    on = true;
+    dialog.TabStrip1_Click(tabOf(kParameters));
+    dialog.Drop({"DB.RS.NAME", "GRAPH.C1"}, 0);
+    EXPECT_EQ(names(kParameters), "RS_NAME:NAME C1:C1 ") << "each list has names of its own";
 }
 
 TEST_F(SetActPropTest, MembersOfTheTypeAreNotDeleted) {

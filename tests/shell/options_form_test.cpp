@@ -39,12 +39,13 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     form.lblColor = 255;
     form.txtSQL = "/x.sql";
     form.Problems.reset(static_cast<std::size_t>(analysis::ProblemKind::unread));
+    form.ShortNames = true;
     const auto texts = form.Text;
     form.butAplly();
     EXPECT_EQ(options.canvas.LogW, 1695);
     EXPECT_EQ(options.repository.SQLPath, "/x.sql");
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "1605");
-    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 2 + analysis::kProblemKinds)
+    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 3 + analysis::kProblemKinds)
         << "each field has a key of its own";
 
     options = {};
@@ -53,6 +54,7 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     EXPECT_EQ(form.Text, texts);
     EXPECT_EQ(form.lblColor, 255);
     EXPECT_EQ(form.txtSQL, "/x.sql");
+    EXPECT_TRUE(form.ShortNames);
     EXPECT_EQ(form.Problems.count(), analysis::kProblemKinds - 1);
     EXPECT_FALSE(options.problems.test(static_cast<std::size_t>(analysis::ProblemKind::unread)));
 }
@@ -72,6 +74,7 @@ TEST_F(OptionsWindow, DefaultsCountAtOnceAndAreStoredOnlyByApply) {
     LoadOptions(options, repository.store, folder);
     form.open();
     EXPECT_EQ(form.Text[7], "200");
+    options.ShortNames = true;
     repository.messages.expect("All Options Restored To Default Values", "Restored Options",
                                platform::Icon::information);
     bool shown = false;
@@ -83,6 +86,7 @@ TEST_F(OptionsWindow, DefaultsCountAtOnceAndAreStoredOnlyByApply) {
     form.butDefault();
     EXPECT_TRUE(shown);
     EXPECT_EQ(options.canvas.ActW, 1050);
+    EXPECT_FALSE(options.ShortNames);
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "3000");
 }
 

@@ -1,5 +1,6 @@
 #include "qt/shell/options_window.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QListWidget>
 #include <QPushButton>
@@ -144,6 +145,12 @@ void OptionsWindow::buildRest() {
     });
     addField(*form, tr("Selected Node Applied Color:"), lblColor_);
 
+    shortNames_ = new QCheckBox(tr("Short &Names For New Members"), this);
+    shortNames_->setObjectName(QStringLiteral("chkShortNames"));
+    shortNames_->setToolTip(tr("ID instead of BOOKS_ID, where that is free; the key stays BOOKS_ID"));
+    connect(shortNames_, &QCheckBox::clicked, this, [this](bool on) { logic_.ShortNames = on; });
+    form->addRow(shortNames_);
+
     auto* row = new QHBoxLayout;
     txtSQL_ = newField(QStringLiteral("txtSQL"), this);
     missing_ = txtSQL_->addAction(icon(QStringLiteral("warning")), QLineEdit::TrailingPosition);
@@ -180,6 +187,7 @@ void OptionsWindow::showState() {
     if (txtSQL_->text() != QString::fromStdString(logic_.txtSQL)) {
         txtSQL_->setText(QString::fromStdString(logic_.txtSQL));
     }
+    shortNames_->setChecked(logic_.ShortNames);
     const QSignalBlocker quiet(problems_);
     for (int row = 0; row < problems_->count(); ++row) {
         const bool told = logic_.Problems.test(static_cast<std::size_t>(row));

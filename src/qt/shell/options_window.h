@@ -6,6 +6,7 @@
 #include "qt/forms/form_window.h"
 #include "shell/options_form.h"
 
+class QCheckBox;
 class QFormLayout;
 class QGridLayout;
 class QLineEdit;
@@ -33,6 +34,7 @@ class OptionsWindow : public FormWindow {
     QPushButton* lblColor_ = nullptr;
     QLineEdit* txtSQL_ = nullptr;
     QListWidget* problems_ = nullptr;
+    QCheckBox* shortNames_ = nullptr;
     QAction* missing_ = nullptr;  ///< marks a script that is not there
 };
 
