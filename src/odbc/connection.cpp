@@ -14,4 +14,8 @@ std::unique_ptr<platform::Statement> OdbcConnection::prepare(std::string_view sq
     return std::make_unique<OdbcStatement>(session_, session_.dialect().translate(sql));
 }
 
+std::unique_ptr<platform::Statement> OdbcConnection::prepareAsIs(std::string_view sql) {
+    return std::make_unique<OdbcStatement>(session_, Translation{std::string(sql)});
+}
+
 }  // namespace orvent::odbc

@@ -17,6 +17,7 @@ class OdbcConnection : public platform::Connection {
         : session_(environment, connectionString, user, std::move(where)) {}
 
     std::unique_ptr<platform::Statement> prepare(std::string_view sql) override;
+    std::unique_ptr<platform::Statement> prepareAsIs(std::string_view sql) override;
     platform::TextLimit textLimit(std::size_t width, platform::TextColumn column) const override {
         return session_.dialect().textLimit(width, column);
     }

@@ -66,6 +66,9 @@ class Connection {
     /// `execute`.
     virtual std::unique_ptr<Statement> prepare(std::string_view sql) = 0;
 
+    /// Prepares `sql` as this database itself reads it.
+    virtual std::unique_ptr<Statement> prepareAsIs(std::string_view sql) { return prepare(sql); }
+
     /// What this database takes in a column to which the creation script gives `width` characters.
     virtual TextLimit textLimit(std::size_t width, TextColumn column) const {
         static_cast<void>(width);

@@ -1,0 +1,324 @@
+#include "sql/rule_query.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "platform/text.h"
+#include "program/rule_check.h"
+
+namespace orvent::sql {
+
+using rules::Atom;
+using rules::Literal;
+using rules::LiteralKind;
+using rules::Term;
+using rules::TermKind;
+
+namespace {
+
+std::string listed(const std::vector<std::string>& parts, const char* between) {
+    std::string result;
+    for (const std::string& part : parts) {
+        result += (&part == &parts.front() ? "" : between) + part;
+    }
+    return result;
+}
+
+bool isSum(const Term& term) {
+    return term.kind == TermKind::aggregate;
+}
+
+/// Writes one rule: first what the atoms give, then what follows from equalities and calls, and what is left are
+/// conditions.
+class QueryWriter {
+  public:
+    QueryWriter(const RuleSurroundings& around, const program::ProgramRule& rule)
+        : around_(around), values_(around.values), dialect_(values_.dialect()), rule_(rule) {}
+
+    RuleQuery write(bool alone) {
+        for (const Literal& literal : rule_.rule.body) {
+            if (literal.kind == LiteralKind::atom && literal.atom.tag >= 0) {
+                addAtom(literal.atom);
+            } else if (literal.kind != LiteralKind::negated) {
+                waiting_.push_back(&literal);
+            }
+        }
+        bindAll();
+        for (const Literal* literal : waiting_) {
+            addCondition(*literal);
+        }
+        for (const Literal& literal : rule_.rule.body) {
+            if (literal.kind == LiteralKind::negated) {
+                conditions_.push_back(negated(literal.atom));
+            }
+        }
+        const std::vector<Term>& head = rule_.rule.head.arguments;
+        return std::any_of(head.begin(), head.end(), isSum) ? summed() : plain(alone);
+    }
+
+  private:
+    const Table& target() const { return around_.tables[static_cast<std::size_t>(rule_.rule.head.tag)]; }
+
+    bool isBound(const Term& term) const {
+        return (term.kind != TermKind::variable || bound_.contains(term.text)) &&
+               std::all_of(term.parts.begin(), term.parts.end(), [this](const Term& part) { return isBound(part); });
+    }
+
+    Value valueOf(const Term& term, Family beside = Family::unknown) const {
+        switch (term.kind) {
+            case TermKind::variable:
+                return bound_.contains(term.text) ? bound_.at(term.text) : values_.null(beside);
+            case TermKind::number:
+            case TermKind::constant:
+                return values_.plain(term, beside);
+            case TermKind::arithmetic: {
+                std::vector<Value> parts;
+                for (const Term& part : term.parts) {
+                    parts.push_back(valueOf(part, Family::number));
+                }
+                return values_.arithmetic(term.text, parts);
+            }
+            case TermKind::aggregate:
+            case TermKind::anonymous:
+                break;
+        }
+        return values_.null(beside);
+    }
+
+    /// The conditions under which a row of the table is the atom; a variable that has no value yet takes its column's.
+    std::vector<std::string> matched(const Atom& atom, const std::string& alias, bool binds) {
+        const Table& table = around_.tables[static_cast<std::size_t>(atom.tag)];
+        std::vector<std::string> result;
+        for (std::size_t at = 0; at < atom.arguments.size(); ++at) {
+            const Term& term = atom.arguments[at];
+            const Value column{alias + "." + dialect_.quoted(table.columns[at]), table.families[at]};
+            if (binds && term.kind == TermKind::variable && bound_.emplace(term.text, column).second) {
+                continue;
+            }
+            if (binds && term.kind == TermKind::arithmetic) {
+                later_.emplace_back(column, &term);
+            } else if (term.kind != TermKind::anonymous) {
+                result.push_back(values_.compared(column, "=", valueOf(term, column.family)));
+            }
+        }
+        return result;
+    }
+
+    void addAtom(const Atom& atom) {
+        const Table& table = around_.tables[static_cast<std::size_t>(atom.tag)];
+        const std::string alias = "t" + std::to_string(from_.size() + 1);
+        from_.push_back(dialect_.quoted(table.name) + " " + alias);
+        for (std::string& condition : matched(atom, alias, true)) {
+            conditions_.push_back(std::move(condition));
+        }
+        whole_ = whole_ && table.distinct &&
+                 std::all_of(atom.arguments.begin(), atom.arguments.end(),
+                             [](const Term& term) { return term.kind != TermKind::anonymous; });
+        atoms_.push_back(&atom);
+    }
+
+    static bool isTest(const Atom& atom) { return program::callKind(atom.name) == program::CallKind::test; }
+
+    /// The name by which a call is known: the type of the activity's function of that name, where it has one.
+    std::string functionOf(const std::string& name) const {
+        const canvas::LabelsD* node = around_.form.Labels.byIndex(rule_.node);
+        if (!node || !node->activity() || !node->activity()->Act_Functions.peek()) {
+            return name;
+        }
+        for (const entities::FunctionProperties& function : node->activity()->Act_Functions) {
+            const auto type = static_cast<std::size_t>(function.Function_Type);
+            if (function.Function_Name == name && type < around_.catalogue.functionTypes.size()) {
+                const std::string& known = around_.catalogue.functionTypes.name(function.Function_Type);
+                return program::isCommonFunction(known) && !program::isCommonFunction(name) ? known : name;
+            }
+        }
+        return name;
+    }
+
+    Value called(const Atom& atom) const {
+        std::vector<Value> inputs;
+        for (std::size_t at = 0; at + 1 < atom.arguments.size(); ++at) {
+            inputs.push_back(valueOf(atom.arguments[at]));
+        }
+        return values_.call(functionOf(atom.name), inputs, Family::unknown);
+    }
+
+    /// Gives one variable its value by an equality or a call; false when the literal gives none by now.
+    bool bindBy(const Literal& literal) {
+        const auto isNew = [this](const Term& term) {
+            return term.kind == TermKind::variable && !bound_.contains(term.text);
+        };
+        if (literal.kind == LiteralKind::comparison) {
+            for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
+                const Term& own = literal.values[side];
+                const Term& other = literal.values[1 - side];
+                if (literal.op == "=" && isNew(own) && isBound(other)) {
+                    bound_.emplace(own.text, valueOf(other));
+                    return true;
+                }
+            }
+            return false;
+        }
+        const std::vector<Term>& arguments = literal.atom.arguments;
+        const bool ready =
+            !isTest(literal.atom) && !arguments.empty() && isNew(arguments.back()) &&
+            std::all_of(arguments.begin(), arguments.end() - 1, [this](const Term& term) { return isBound(term); });
+        if (ready) {
+            bound_.emplace(arguments.back().text, called(literal.atom));
+        }
+        return ready;
+    }
+
+    void bindAll() {
+        for (bool again = true; again;) {
+            const std::size_t before = waiting_.size();
+            std::erase_if(waiting_, [this](const Literal* literal) { return bindBy(*literal); });
+            again = waiting_.size() < before;
+        }
+        for (const auto& [column, term] : later_) {
+            conditions_.push_back(values_.compared(column, "=", valueOf(*term, column.family)));
+        }
+    }
+
+    std::string compared(const Term& left, const std::string& op, const Term& right) const {
+        const auto isPlain = [](const Term& term) {
+            return term.kind == TermKind::number || term.kind == TermKind::constant;
+        };
+        const Value first = isPlain(left) ? valueOf(left, valueOf(right).family) : valueOf(left);
+        const Value second = valueOf(right, first.family);
+        return values_.compared(first, op, second);
+    }
+
+    void addCondition(const Literal& literal) {
+        if (literal.kind == LiteralKind::comparison) {
+            conditions_.push_back(compared(literal.values[0], literal.op, literal.values[1]));
+        } else if (isTest(literal.atom)) {
+            conditions_.push_back(tested(literal.atom));
+        } else if (!literal.atom.arguments.empty() && literal.atom.arguments.back().kind != TermKind::anonymous) {
+            const Value value = called(literal.atom);
+            conditions_.push_back(values_.compared(value, "=", valueOf(literal.atom.arguments.back(), value.family)));
+        }
+    }
+
+    std::string tested(const Atom& atom) const {
+        const char* const test = platform::equalIgnoringCase(atom.name, "isnull") ? " IS NULL" : " IS NOT NULL";
+        std::vector<std::string> parts;
+        for (const Term& term : atom.arguments) {
+            parts.push_back(valueOf(term).sql + test);
+        }
+        return parts.empty() ? "1 = 1" : listed(parts, " AND ");
+    }
+
+    std::string negated(const Atom& atom) {
+        if (atom.tag < 0 && isTest(atom)) {
+            return "NOT (" + tested(atom) + ")";
+        }
+        if (atom.tag < 0) {
+            const Value value = called(atom);
+            const std::string holds = atom.arguments.empty() || atom.arguments.back().kind == TermKind::anonymous
+                                          ? "1 = 1"
+                                          : values_.compared(value, "=", valueOf(atom.arguments.back(), value.family));
+            return "CASE WHEN " + holds + " THEN 1 ELSE 0 END = 0";
+        }
+        const std::string alias = "n" + std::to_string(++negated_);
+        const std::vector<std::string> conditions = matched(atom, alias, false);
+        return "NOT EXISTS (SELECT 1 FROM " + dialect_.quoted(around_.tables[static_cast<std::size_t>(atom.tag)].name) +
+               " " + alias + (conditions.empty() ? "" : " WHERE " + listed(conditions, " AND ")) + ")";
+    }
+
+    std::string body() const {
+        const std::string from =
+            from_.empty() ? std::string(dialect_.phrase(Phrase::fromNothing)) : " FROM " + listed(from_, ", ");
+        return from + (conditions_.empty() ? "" : " WHERE " + listed(conditions_, " AND "));
+    }
+
+    /// Whether two different ways to fulfil the body differ in these values.
+    bool tellsWays(const std::set<std::string>& values) const {
+        return whole_ && std::all_of(atoms_.begin(), atoms_.end(), [&](const Atom* atom) {
+                   return std::all_of(atom->arguments.begin(), atom->arguments.end(), [&](const Term& term) {
+                       return term.kind != TermKind::variable || values.contains(bound_.at(term.text).sql);
+                   });
+               });
+    }
+
+    RuleQuery plain(bool alone) const {
+        RuleQuery result;
+        std::vector<std::string> columns;
+        std::set<std::string> untouched;  // values that are the same in the head
+        for (std::size_t at = 0; at < target().columns.size(); ++at) {
+            const bool there = at < rule_.rule.head.arguments.size();
+            const Family family = there ? target().families[at] : Family::number;
+            const Value value = there ? valueOf(rule_.rule.head.arguments[at], family) : Value{"1", Family::number};
+            const Value given = values_.as(value, family);
+            if (given.sql == value.sql) {
+                untouched.insert(value.sql);
+            }
+            result.families.push_back(value.family);
+            columns.push_back(given.sql + " AS " + dialect_.quoted(target().columns[at]));
+        }
+        result.distinct = tellsWays(untouched);
+        const bool fold = alone && !around_.keepDuplicates && !result.distinct;
+        result.distinct = result.distinct || fold;
+        result.sql = std::string(fold ? "SELECT DISTINCT " : "SELECT ") + listed(columns, ", ") + body();
+        return result;
+    }
+
+    /// An aggregate goes over the different rows of the body, each group by itself; no rows give no group.
+    RuleQuery summed() const {
+        RuleQuery result;
+        std::vector<std::string> inner, group, outer;
+        std::set<std::string> known;
+        const auto addInner = [&](const Value& value) {
+            inner.push_back(value.sql + " AS " + dialect_.quoted("x" + std::to_string(inner.size() + 1)));
+            known.insert(value.sql);
+            return Value{"r." + dialect_.quoted("x" + std::to_string(inner.size())), value.family};
+        };
+        for (std::size_t at = 0; at < rule_.rule.head.arguments.size(); ++at) {
+            const Term& term = rule_.rule.head.arguments[at];
+            const Family family = target().families[at];
+            const bool sums = isSum(term);
+            const Value given = addInner(sums ? valueOf(term.parts[0]) : valueOf(term, family));
+            if (!sums) {
+                group.push_back(given.sql);
+            }
+            const Value value = sums ? values_.aggregate(term.text, given) : given;
+            result.families.push_back(value.family);
+            outer.push_back(values_.as(value, family).sql + " AS " + dialect_.quoted(target().columns[at]));
+        }
+        for (const auto& [name, value] : bound_) {
+            if (!known.contains(value.sql)) {
+                addInner(value);
+            }
+        }
+        if (group.empty()) {
+            group.push_back(addInner({"1", Family::number}).sql);
+        }
+        const bool fold = !around_.keepDuplicates && !tellsWays(known);
+        result.sql = "SELECT " + listed(outer, ", ") + " FROM (SELECT " + (fold ? "DISTINCT " : "") +
+                     listed(inner, ", ") + body() + ") r GROUP BY " + listed(group, ", ");
+        result.distinct = true;
+        return result;
+    }
+
+    const RuleSurroundings& around_;
+    const Values& values_;
+    const Dialect& dialect_;
+    const program::ProgramRule& rule_;
+    std::map<std::string, Value> bound_;                ///< what the variables are
+    std::vector<std::pair<Value, const Term*>> later_;  ///< expressions in atoms, when all of their parts are known
+    std::vector<const Literal*> waiting_;
+    std::vector<const Atom*> atoms_;
+    std::vector<std::string> from_, conditions_;
+    bool whole_ = true;  ///< all atoms are of different rows, and no column of one is left out
+    int negated_ = 0;
+};
+
+}  // namespace
+
+RuleQuery ruleQuery(const RuleSurroundings& around, const program::ProgramRule& rule, bool alone) {
+    return QueryWriter(around, rule).write(alone);
+}
+
+}  // namespace orvent::sql
