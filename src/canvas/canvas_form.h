@@ -56,7 +56,7 @@ class CanvasForm : public Canvas {
     virtual void answerOffer(bool taken);
 
     /// A gesture has drawn an edge. The first crooked one is offered to be straightened.
-    void edgeDrawn(const LinesD& edge);
+    virtual void edgeDrawn(const LinesD& edge);
     void forgetEdge(const LinesD& edge) override;
     /// Straightens one edge; the selection when that one belongs to it or when there is none.
     void straightenEdges(LinesD* edge);

@@ -1,5 +1,7 @@
 #include "canvas/draw_form.h"
 
+#include <utility>
+
 #include "platform/name_list.h"
 
 namespace orvent::canvas {
@@ -24,6 +26,42 @@ std::vector<std::string> DrawForm::unstorable() const {
         }
     }
     return names;
+}
+
+std::optional<Offer> DrawForm::edgeOffer() const {
+    const LinesD* edge = edgeOffers ? Lines.byIndex(drawn_) : nullptr;
+    return edge ? edgeOffers->offerFor(*this, *edge) : std::nullopt;
+}
+
+std::optional<Offer> DrawForm::offer() const {
+    const std::optional<Offer> ofEdge = edgeOffer();
+    return ofEdge ? ofEdge : CanvasForm::offer();
+}
+
+void DrawForm::answerOffer(bool taken) {
+    if (!edgeOffer()) {
+        CanvasForm::answerOffer(taken);
+        return;
+    }
+    const LinesD& edge = *Lines.byIndex(std::exchange(drawn_, {}));
+    if (taken) {
+        edgeOffers->take(*this, edge);
+    }
+    tellForm();
+}
+
+void DrawForm::edgeDrawn(const LinesD& edge) {
+    drawn_ = edge.Index();
+    CanvasForm::edgeDrawn(edge);
+    tellForm();
+}
+
+void DrawForm::forgetEdge(const LinesD& edge) {
+    CanvasForm::forgetEdge(edge);
+    if (edge.Index() == drawn_) {
+        drawn_ = {};
+        tellForm();
+    }
 }
 
 bool DrawForm::QueryUnload() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -17,6 +18,15 @@ class ScenarioStore {
 
     /// Stores the scenario under its identifier; one that has none asks for its name first.
     virtual void saveScenario(DrawForm& form) = 0;
+};
+
+/// What is offered when an edge was drawn between two nodes of a design window.
+class EdgeOffers {
+  public:
+    virtual ~EdgeOffers() = default;
+
+    virtual std::optional<Offer> offerFor(const DrawForm& form, const LinesD& edge) const = 0;
+    virtual void take(DrawForm& form, const LinesD& edge) const = 0;
 };
 
 /// A design window: one scenario on screen. It owns all of the scenario.
@@ -39,7 +49,8 @@ class DrawForm : public CanvasForm {
         std::uint32_t times = 0;  ///< how often the window was saved or loaded
     };
     Stored stored;
-    bool deleted = false;  ///< the scenario that the window showed was removed from the repository
+    const EdgeOffers* edgeOffers = nullptr;  ///< set by who opens the window
+    bool deleted = false;                    ///< the scenario that the window showed was removed from the repository
 
     /// The nodes that no save writes: activities without a type.
     std::vector<std::string> unstorable() const;
@@ -65,8 +76,15 @@ class DrawForm : public CanvasForm {
     std::string titleMark() const override;
     void Save() override;
     bool QueryUnload() override;
+    std::optional<Offer> offer() const override;
+    void answerOffer(bool taken) override;
+    void edgeDrawn(const LinesD& edge) override;
+    void forgetEdge(const LinesD& edge) override;
 
   private:
+    std::optional<Offer> edgeOffer() const;
+
+    EdgeNumber drawn_{};  ///< the edge whose offer has not been answered
     ScenarioStore* store_;
     DesignRules rules_;
 };

@@ -134,7 +134,11 @@ void EdgeJoining::join(const LabelsD& target) {
     const GrabPair points = nearestGrabPoints(*canvas_.Labels.byIndex(source_), target);
     if (LinesD* edge =
             canvas_.Lines.addFullLine(source_, points.from, target.Index(), points.to, edgeType_, AngleNone, 0)) {
+        const EdgeNumber number = edge->Index();
         canvas_.rules().edgeCompleted(canvas_, *edge);
+        if (const LinesD* drawn = canvas_.Lines.byIndex(number)) {
+            canvas_.edgeDrawn(*drawn);
+        }
     }
 }
 

@@ -158,6 +158,7 @@ canvas::DrawForm& MDIForm1::OpenSlot(int slot, const std::string& name) {
     auto form = std::make_unique<canvas::DrawForm>(canvas::CanvasServices{ports_.messages, options_.canvas}, store);
     form->setCaption(name);
     form->Tag = std::to_string(slot);
+    form->edgeOffers = &columnOffers_;
     canvas::DrawForm& opened = *form;
     ScenarioForms[static_cast<std::size_t>(slot)] = std::move(form);
     desk_.show(opened);

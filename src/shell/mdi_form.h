@@ -8,6 +8,7 @@
 
 #include "canvas/canvas_pointer.h"
 #include "canvas/draw_form.h"
+#include "editors/column_offers.h"
 #include "editors/type_editor.h"
 #include "editors/zoom_nodes.h"
 #include "links/canvas_links.h"
@@ -177,6 +178,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     editors::ZoomNodes nodes_;
     CanvasDialogs dialogs_;
     links::CanvasLinks links_;
+    editors::ColumnOffers columnOffers_{options_.ShortNames};
     DocumentCatalogue documentTypes_;
     ScenarioFiles files_;
     ScenarioClipboard clipboard_;

@@ -1,5 +1,6 @@
 #include "editors/connect_by_name.h"
 
+#include "editors/column_offers.h"
 #include "testkit/graph_builder.h"
 #include "zoom/apply_zoom_changes.h"
 #include "zoom/zoom_fixture.h"
@@ -125,6 +126,66 @@ TEST_F(ConnectByNameTest, TwoNodesAndAViewGiveTheSame) {
     zoom::ApplyZoomChanges(view, false);
     EXPECT_EQ(links(design), links(other));
     EXPECT_EQ(design.nodeNamed("Load")->activity()->Act_Inputs->Item("CITY")->Attribute_Type, 1);
+}
+
+TEST_F(ConnectByNameTest, ADrawnEdgeOffersTheColumnsOfItsSource) {
+    testkit::GraphBuilder built(other);
+    built.recordSet("SRC", {"ID", "AGE"});
+    built.activity("Filter", {}, {"AGE"}).Act_Name = "Filter";
+    built.recordSet("OUT", {"SRC_ID"});
+    built.recordSet("NONE");
+    bool shortNames = true;
+    const ColumnOffers offers(shortNames);
+    other.edgeOffers = &offers;
+    const auto offered = [&]() -> std::string {  // beside the offer to straighten
+        const std::optional<canvas::Offer> offer = other.offer();
+        return offer && offer->button == "Take Over Columns" ? offer->words : "";
+    };
+    const auto draw = [&](const char* from, const char* to, std::int16_t grab) {
+        const canvas::LinesD& edge = *other.Lines.addFullLine(other.NamesColl.Item(from), 3, other.NamesColl.Item(to),
+                                                              grab, canvas::EdgeTypeProvider, canvas::AngleStraight, 0);
+        other.edgeDrawn(edge);
+        return offered();
+    };
+    const auto members = [](const auto& list) {
+        std::string words;
+        for (const AttributeProperties& item : *list.peek()) {
+            words += item.Key + ":" + item.Attribute_Name + ":" + std::to_string(static_cast<int>(item.Tag));
+            for (const ProviderProperties& link : item.ProvidedFrom) {
+                words += "<" + link.Provider_Key();
+            }
+            for (const ProviderProperties& link : item.ProviderFor) {
+                words += ">" + link.Provider_Key();
+            }
+            words += " ";
+        }
+        return words;
+    };
+    EXPECT_EQ(draw("SRC", "Filter", 5), "") << "it carries control";
+    EXPECT_EQ(draw("NONE", "Filter", 1), "");
+    EXPECT_EQ(draw("SRC", "OUT", 1), "");
+    EXPECT_EQ(draw("SRC", "Filter", 1), "Filter has nothing of SRC yet.");
+    other.answerOffer(false);
+    EXPECT_EQ(draw("SRC", "Filter", 1), "Filter has nothing of SRC yet.");
+    other.answerOffer(true);
+    EXPECT_EQ(offered(), "");
+    const ActivityProperties& filter = *other.nodeNamed("Filter")->activity();
+    EXPECT_EQ(members(filter.Act_Inputs), "SRC_ID:ID:1<SRC.ID>.OUT.SRC_ID SRC_AGE:SRC_AGE:1<SRC.AGE>.OUT.SRC_AGE ");
+    EXPECT_EQ(members(filter.Act_Outputs), "AGE:AGE:0 SRC_ID:ID:3<.IN.SRC_ID SRC_AGE:SRC_AGE:3<.IN.SRC_AGE ");
+    EXPECT_EQ(members(other.nodeNamed("SRC")->recordSet()->RecordSet_Outputs),
+              "ID:ID:0>Filter.IN.SRC_ID AGE:AGE:0>Filter.IN.SRC_AGE ");
+    EXPECT_EQ(draw("SRC", "Filter", 1), "") << "links lead there";
+
+    EXPECT_EQ(draw("Filter", "OUT", 1), "OUT has nothing of Filter yet.");
+    other.Lines.RemoveFull(other.LinesNo);
+    EXPECT_EQ(offered(), "");
+    draw("Filter", "OUT", 1);
+    other.answerOffer(true);
+    EXPECT_EQ(
+        members(other.nodeNamed("OUT")->recordSet()->RecordSet_Outputs),
+        "SRC_ID:SRC_ID:0 AGE:AGE:0<Filter.OUT.AGE ID:ID:0<Filter.OUT.SRC_ID SRC_AGE:SRC_AGE:0<Filter.OUT.SRC_AGE ");
+    EXPECT_EQ(other.nodeNamed("OUT")->recordSet()->RecordSet_Name, "OUT");
+    EXPECT_TRUE(other.nodeNamed("OUT")->Ready());
 }
 
 TEST_F(ConnectByNameTest, NothingIsProposedWhereNothingCanBeJoined) {
