@@ -63,6 +63,12 @@ void outlineScenario(Player& player, qt::FrameWindow& window, shell::MDIForm1& f
     player.picture(window, "outline-dark");
     theme.setMode(mode);
     frame.run(shell::Command::viewOutline);
+    frame.run(shell::Command::viewMinimap);
+    player.picture(window, "minimap");
+    theme.setMode(qt::ThemeMode::dark);
+    player.picture(window, "minimap-dark");
+    theme.setMode(mode);
+    frame.run(shell::Command::viewMinimap);
     frame.activeScenario()->ClearCrop();
 }
 

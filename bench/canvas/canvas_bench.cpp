@@ -56,6 +56,9 @@ class Bench {
         printBudget("repaint of the whole picture", nodes, repaintAll(ours));
         printBudget("view zoom, slowest scale", nodes, zoomStep(ours, graph.star, kZooms));
         printBudget("view zoom at a node with 2,000 edges", nodes, zoomStep(ours, graph.hub, kZooms));
+        const MinimapCosts map = minimap(ours);
+        std::printf("%-42s %6d nodes  %9.3f ms, moved %.3f ms  aim 4 ms  %s\n", "minimap, painted anew", nodes,
+                    map.anew, map.moved, verdict(map.anew <= 4 && map.moved <= 4));
         printBudget("pan", nodes, pan(ours, graph.star));
         printBudget("drag feedback", nodes, dragStep(ours, graph.star));
         printBudget("crop rectangle feedback", nodes, cropStep(ours, graph));

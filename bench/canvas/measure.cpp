@@ -3,12 +3,15 @@
 #include <malloc.h>
 
 #include <QApplication>
+#include <QImage>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
 #include <chrono>
 #include <limits>
 #include <vector>
+
+#include "qt/canvas/minimap.h"
 
 namespace orvent::bench {
 
@@ -90,6 +93,22 @@ double repaintAll(Subject& subject) {
         subject.area().viewport()->update();
         settle();
     });
+}
+
+MinimapCosts minimap(Ours& subject) {
+    qt::Minimap map(subject.view(), subject.theme());
+    map.show();
+    settle();
+    QImage target(map.size(), QImage::Format_RGB32);
+    const auto cost = [&](bool changed) {
+        return median(kRuns, [&] {
+            if (changed) {
+                map.manyChanged();
+            }
+            map.render(&target);
+        });
+    };
+    return {cost(true), cost(false)};
 }
 
 double pan(Subject& subject, canvas::NodeNumber number) {

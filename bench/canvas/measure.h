@@ -19,6 +19,12 @@ double heapBytes();
 // Each gives milliseconds.
 double openToPicture(const std::function<std::unique_ptr<Subject>()>& make);
 double repaintAll(Subject& subject);
+/// The minimap over it: painted anew after a change, and shown after the view has moved.
+struct MinimapCosts {
+    double anew;
+    double moved;
+};
+MinimapCosts minimap(Ours& subject);
 /// One notch of the wheel.
 double pan(Subject& subject, canvas::NodeNumber number);
 double dragStep(Subject& subject, canvas::NodeNumber number);

@@ -89,6 +89,7 @@ class Ours : public Subject {
     void selectAll() override;
 
     qt::CanvasEditor& view() { return view_; }
+    const qt::Theme& theme() const { return theme_; }
     canvas::CanvasForm& form() { return form_; }
     void useTool(const std::string& tool) { host_.tool = tool; }
 

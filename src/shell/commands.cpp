@@ -126,6 +126,8 @@ constexpr std::array kView = {
          "Lists what is unfinished or doubtful in the scenario"),
     item("ViewOutlineM", "Outline", viewOutline, withWindow, "", "F7",
          "The scenario as a tree, in the order of its flow"),
+    item("ViewMinimapM", "Minimap", viewMinimap, withWindow, "", "Ctrl+M",
+         "The whole picture in a corner of each window"),
     separator(zoomWindow),
     MenuItem{"ViewRelationshipsM", "Relationships", newScenario, {}, false, kRelationships, zoomWindow},
     item("ViewAttributesM", "Attributes", viewAttributes, zoomWindow, "", "",

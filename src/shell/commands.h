@@ -74,6 +74,7 @@ enum class Command {
     viewHistory,
     viewProblems,
     viewOutline,
+    viewMinimap,
     viewProvider,
     viewPartOf,
     viewRegulator,

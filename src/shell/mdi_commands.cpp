@@ -171,6 +171,8 @@ struct MDIForm1::CommandTable {
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::problems); }},
         {Command::viewOutline, always, [](MDIForm1& f) { f.lists_.toggleEntered(Dock::outline); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::outline); }},
+        {Command::viewMinimap, always, [](MDIForm1& f) { f.lists_.toggle(Dock::minimap); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::minimap); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },

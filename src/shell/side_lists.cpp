@@ -12,7 +12,7 @@ struct DockRow {
 };
 
 constexpr DockRow kDocks[] = {
-    {Dock::history, "History"}, {Dock::problems, "Problems"}, {Dock::find, "Find"}, {Dock::outline, "Outline"}};
+    {Dock::history, "History"}, {Dock::problems, "Problems"}, {Dock::find, "Find"}, {Dock::outline, "Outline"}, {Dock::minimap, "Minimap"}};
 
 }  // namespace
 

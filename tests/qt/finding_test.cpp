@@ -5,6 +5,7 @@
 
 #include "qt/canvas/canvas_accessible.h"
 #include "qt/canvas/canvas_editor.h"
+#include "qt/canvas/minimap.h"
 #include "qt/shell/desk_window.h"
 #include "testkit/graph_builder.h"
 #include "window_program.h"
@@ -123,6 +124,35 @@ class FindingTest : public WindowTest {
         control<QDockWidget>(program.frame, "OutlineDock")->close();
         QTRY_VERIFY(!program.menuItem("ViewOutlineM")->isChecked());
         QCOMPARE(rows.rowCount(), 0);
+    }
+
+    void theMinimapShowsAndMovesWhatTheViewShows() {
+        Finding program;
+        for (int at = 0; at < 3; ++at) {
+            program.form->Labels.at(at + 1)->setBox(
+                {1000.0F + 30000.0F * static_cast<float>(at), 20000.0F * static_cast<float>(at), 1050, 450});
+        }
+        program.choose("ViewMinimapM");
+        auto* map = control<Minimap>(program.frame, "minimap");
+        auto& view = program.frame.area().activeWindow()->editor();
+        QTRY_VERIFY(map->paintings() > 0);
+        QApplication::processEvents();
+        const int painted = map->paintings();
+        const canvas::LabelsD& node = *program.form->Labels.at(2);
+        const canvas::Point middle{node.Left() + 500, node.Top() + 200};
+        QTest::mouseClick(map, Qt::LeftButton, {}, map->shownAt(middle).toPoint());
+        const QPointF shown = view.transform().toPixels(middle) - QRectF(view.viewport()->rect()).center();
+        const double pixel = 1 / (map->shownAt({15, 0}).x() - map->shownAt({0, 0}).x());
+        QVERIFY2(std::abs(shown.x()) <= pixel && std::abs(shown.y()) <= pixel, "within a pixel of the minimap");
+        QApplication::processEvents();
+        QCOMPARE(map->paintings(), painted);
+        program.form->Labels.at(1)->setBox({1000, 5000, 1050, 450});
+        QTRY_COMPARE(map->paintings(), painted + 1);
+
+        program.open("Two");
+        QVERIFY(program.frame.area().activeWindow()->editor().findChild<Minimap*>()->isVisible());
+        program.choose("ViewMinimapM");
+        QVERIFY(!program.frame.findChild<Minimap*>());
     }
 
     void assistiveToolsAreToldOfNodesAndEdges() {

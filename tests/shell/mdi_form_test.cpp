@@ -308,7 +308,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"FindM FindNextM FindPreviousM", {findText, findNext, findPrevious}},
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM ViewHistoryM SelectAllM", {colourByMetric, viewHistory, selectAll}},
-        {"ViewProblemsM ViewOutlineM FitToNamesM", {viewProblems, viewOutline, fitToNames}},
+        {"ViewProblemsM ViewOutlineM ViewMinimapM FitToNamesM", {viewProblems, viewOutline, viewMinimap, fitToNames}},
         {"ViewPartOfM ViewInstanceOfM ViewRegulatorM", {viewPartOf, viewInstanceOf, viewRegulator}},
         {"ViewProviderM ViewDerivedM ViewAttributesM", {viewProvider, viewDerived, viewAttributes}},
         {"MakeRoomM LightPathsM LegendM QuitM", {makeRoom, lightPaths, legend, quit}},

@@ -25,6 +25,7 @@ CanvasViewWidget::CanvasViewWidget(canvas::Canvas& canvas, const Theme& theme, Q
                 [this] {
                     painter_.rescaled();
                     Q_EMIT scaleChanged();
+                    Q_EMIT partChanged();
                 }),
       painter_(canvas, state_, index_, scroller_, theme, *viewport()) {
     state_.changed = [this] { stateChanged(); };
@@ -160,12 +161,14 @@ void CanvasViewWidget::resizeEvent(QResizeEvent*) {
     painter_.dropLayer();
     scroller_.measureWindow();
     scroller_.updateBars();
+    Q_EMIT partChanged();
 }
 
 void CanvasViewWidget::scrollContentsBy(int dx, int dy) {
     viewport()->scroll(dx, dy);
     painter_.scrolled(dx, dy);
     scroller_.followBars();
+    Q_EMIT partChanged();
 }
 
 }  // namespace orvent::qt

@@ -36,6 +36,8 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     void fit() { scroller_.fit(); }
     void reveal(const canvas::LabelsD& node) { scroller_.reveal(node); }
     void present(const canvas::LabelsD& node) { scroller_.present(node); }
+    /// Scrolls so that the place is in the middle, as far as the picture reaches.
+    void centreOn(canvas::Point place) { scroller_.centreOn(place); }
     Transform transform() const { return scroller_.transform(); }
 
     /// Shades in which the nodes are shown, or nothing.
@@ -43,6 +45,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     canvas::Tints* tints() const { return painter_.tints(); }
 
     const canvas::Canvas& shown() const { return canvas_; }
+    canvas::CanvasSubscription listen(canvas::CanvasListener& listener) { return canvas_.listen(listener); }
 
     /// The topmost node at a place, or nothing.
     const canvas::LabelsD* nodeAt(canvas::Point place) const { return index_.nodeAt(place); }
@@ -62,6 +65,7 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
 
   Q_SIGNALS:
     void scaleChanged();
+    void partChanged();  ///< another part of the picture is shown
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -120,8 +120,13 @@ void PictureScroller::present(const canvas::LabelsD& node) {
         return;
     }
     setScale(1);
-    const QPoint middle = transform().toPixels(boxOf(node)).center().toPoint();
-    scrollBy(middle - QPoint(area_.viewport()->width() / 2, area_.viewport()->height() / 2));
+    const Extent box = boxOf(node);
+    centreOn({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
+}
+
+void PictureScroller::centreOn(canvas::Point place) {
+    scrollBy(transform().toPixels(place).toPoint() -
+             QPoint(area_.viewport()->width() / 2, area_.viewport()->height() / 2));
 }
 
 void PictureScroller::reveal(const canvas::LabelsD& node) {

@@ -36,6 +36,8 @@ class PictureScroller {
     /// Scrolls so far that the node is seen.
     void reveal(const canvas::LabelsD& node);
     void scrollBy(QPoint pixels);
+    /// Brings the place into the middle of the viewport.
+    void centreOn(canvas::Point place);
 
     /// The picture, or what lies beyond it, has another size.
     void updateBars();

@@ -71,6 +71,7 @@ void DeskArea::show(canvas::CanvasForm& form) {
     auto* window = new DeskWindow(form, theme_, logic_->pointerPorts(),
                                   [this](canvas::CanvasForm& asked) { logic_->close(asked); });
     windows_.push_back(window);
+    window->showMinimap(minimaps_);
     addSubWindow(window);
     connect(window, &DeskWindow::cornerShown, this, [this, window] {
         if (window == active_) {
@@ -204,6 +205,13 @@ void DeskArea::present(canvas::CanvasForm& form, const canvas::LabelsD& node) {
     DeskWindow* window = windowOf(form);
     bringForward(window);
     window->editor().present(node);
+}
+
+void DeskArea::showMinimaps(bool shown) {
+    minimaps_ = shown;
+    for (DeskWindow* window : windows_) {
+        window->showMinimap(shown);
+    }
 }
 
 void DeskArea::showTints(canvas::CanvasForm& form, canvas::Tints* tints) {

@@ -40,6 +40,9 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void changeView(canvas::CanvasForm& form, shell::ViewChange change) override;
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
     void present(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
+    /// The minimap of each window that is there, and of those that come.
+    void showMinimaps(bool shown);
+    bool minimapsShown() const { return minimaps_; }
     void showTints(canvas::CanvasForm& form, canvas::Tints* tints) override;
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
     std::optional<canvas::Point> pointerIn(const canvas::CanvasForm& form) const override;
@@ -84,6 +87,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
 
     const Theme& theme_;
     shell::MDIForm1* logic_ = nullptr;
+    bool minimaps_ = false;
     std::vector<DeskWindow*> windows_;
     DeskWindow* active_ = nullptr;
     PicturePrinter printer_;

@@ -12,6 +12,7 @@
 
 #include "qt/canvas/canvas_editor.h"
 #include "qt/canvas/legend.h"
+#include "qt/canvas/minimap.h"
 #include "qt/shell/offer_bar.h"
 #include "qt/text.h"
 #include "qt/theme/icons.h"
@@ -40,6 +41,7 @@ DeskWindow::DeskWindow(canvas::CanvasForm& form, const Theme& theme, const canva
                        AskClose askClose)
     : form_(&form),
       subscription_(form.listen(*this)),
+      theme_(theme),
       askClose_(std::move(askClose)),
       editor_(new CanvasEditor(form, theme, ports, this)),
       offer_(new OfferBar(form, *editor_, this)),
@@ -91,6 +93,14 @@ void DeskWindow::release() {
         delete std::exchange(offer_, nullptr);
         delete std::exchange(editor_, nullptr);
         delete std::exchange(legend_, nullptr);
+    }
+}
+
+void DeskWindow::showMinimap(bool shown) {
+    if (!shown) {
+        delete minimap_;
+    } else if (!minimap_) {
+        minimap_ = new Minimap(*editor_, theme_);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
 #include <optional>
@@ -11,6 +12,7 @@ namespace orvent::qt {
 
 class CanvasEditor;
 class Legend;
+class Minimap;
 class OfferBar;
 class Theme;
 
@@ -29,6 +31,7 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
     canvas::CanvasForm* form() const { return form_; }
     /// Its canvas, between what the form offers and its legend; only while it has a form.
     CanvasEditor& editor() const { return *editor_; }
+    void showMinimap(bool shown);
     /// Forgets the form, which is about to go; the window stays empty.
     void release();
 
@@ -67,7 +70,9 @@ class DeskWindow : public QMdiSubWindow, private canvas::CanvasListener {
 
     canvas::CanvasForm* form_;
     canvas::CanvasSubscription subscription_;
+    const Theme& theme_;
     AskClose askClose_;
+    QPointer<Minimap> minimap_;  ///< goes with the editor
     CanvasEditor* editor_;
     OfferBar* offer_;
     Legend* legend_;

@@ -82,6 +82,7 @@ QDockWidget* FrameDocks::widget(Dock dock) const {
         case Dock::find:
             return find_;
         case Dock::outline:
+        case Dock::minimap:
             break;
     }
     return outline_;

@@ -253,13 +253,15 @@ void FrameWindow::enableFrame(bool enabled) {
 }
 
 void FrameWindow::showDock(shell::Dock dock, bool shown) {
-    if (docks_) {
+    if (dock == shell::Dock::minimap) {
+        area_->showMinimaps(shown);
+    } else if (docks_) {
         docks_->show(dock, shown);
     }
 }
 
 bool FrameWindow::dockShown(shell::Dock dock) const {
-    return docks_ && docks_->isShown(dock);
+    return dock == shell::Dock::minimap ? area_->minimapsShown() : docks_ && docks_->isShown(dock);
 }
 
 void FrameWindow::enterDock(shell::Dock dock) {
