@@ -113,6 +113,8 @@ ExitCode exportScenario(CliSession& session, const shell::Exporter& exporter, co
     const canvas::DrawForm& form = session.open(options.scenario);
     shell::ExportServices services = session.exportServices();
     services.TransDepth = options.depth.value_or(services.TransDepth);
+    services.dialect = sql::dialectNamed(options.dialect);
+    services.keepDuplicates = options.keepDuplicates;
     const bool asJson = options.json && exporter.name == shell::kMetricsExporter;
     write(options, out, asJson ? metricsJson(form, services) : exporter.text(form, services));
     return ExitCode::done;

@@ -20,6 +20,8 @@ struct CliOptions {
     std::string output;                 ///< the file to write, or empty for standard output
     bool json = false;                  ///< a table as JSON
     std::optional<std::int16_t> depth;  ///< of metrics; the stored setting when it is not given
+    std::string dialect;                ///< of SQL, by the name of its database
+    bool keepDuplicates = false;        ///< SQL means bags of rows
 };
 
 /// The names of the designer's scenarios, a line each.

@@ -137,6 +137,18 @@ class CommandLine {
                 ->type_name("STEPS");
             addJson(command);
         }
+        if (exporter.needs == shell::Exporter::Needs::dialect) {
+            std::vector<std::string> names;
+            for (const sql::Dialect& dialect : sql::dialects()) {
+                names.emplace_back(dialect.name);
+            }
+            command.add_option("--dialect", options_.dialect, "The database it is for")
+                ->check(CLI::IsMember(names))
+                ->required()
+                ->type_name("NAME");
+            command.add_flag("--keep-duplicates", options_.keepDuplicates,
+                             "Leaves equal rows as many as there are ways to derive them");
+        }
     }
 
     bool isCommand(const std::string& name) const {

@@ -55,7 +55,11 @@ class CliSession : private repository::ScenarioWindows {
     /// when the file knows no more than a name of one; that is told.
     bool importTypes(const std::string& path);
 
-    shell::ExportServices exportServices() { return {types().tables(), nobody_, options_.TransDepth}; }
+    shell::ExportServices exportServices() {
+        shell::ExportServices services{types().tables(), nobody_, options_.TransDepth};
+        services.consumerSemantics = shell::consumerSemanticsOf(types());
+        return services;
+    }
     /// The kinds of problems that the settings have told.
     const analysis::ProblemKinds& problems() const { return options_.problems; }
     const AnsweredBox& box() const { return box_; }

@@ -21,6 +21,7 @@ enum class Command {
     printPreview,
     exportText,
     exportProgram,
+    exportSql,
     openFile,
     exportFile,
     openRecent,

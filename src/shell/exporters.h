@@ -1,13 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
+#include "exchange/type_catalogue.h"
 #include "platform/dialogs.h"
+#include "sql/dialect.h"
 
 namespace orvent::shell {
 
@@ -15,13 +18,20 @@ namespace orvent::shell {
 struct ExportServices {
     const entities::CatalogueTables& catalogue;
     platform::Progress& progress;
-    std::int16_t TransDepth;  ///< how far metrics walk
+    std::int16_t TransDepth;                ///< how far metrics walk
+    const sql::Dialect* dialect = nullptr;  ///< of queries; plain SQL without one
+    bool keepDuplicates = false;            ///< queries mean bags of rows
+    /// How activities of a type write their target, 1 to overwrite it and 2 to append; 0 when nobody knows.
+    std::function<std::int16_t(std::int16_t type)> consumerSemantics{};
 };
+
+/// The consumer semantics of the types of a catalogue.
+std::function<std::int16_t(std::int16_t)> consumerSemanticsOf(exchange::TypeCatalogue& types);
 
 /// A text that a scenario can be written down as, whatever asks for it: a menu or a command line.
 struct Exporter {
     /// What it needs beside the scenario.
-    enum class Needs { nothing, catalogue, depth };
+    enum class Needs { nothing, catalogue, depth, dialect };
 
     std::string_view name;    ///< the word that asks for it
     std::string_view words;   ///< what is written, in a line of help
@@ -34,7 +44,11 @@ struct Exporter {
 inline constexpr std::string_view kTextExporter = "export-text";
 inline constexpr std::string_view kLdlExporter = "ldl";
 inline constexpr std::string_view kProgramExporter = "program";
+inline constexpr std::string_view kSqlExporter = "sql";
 inline constexpr std::string_view kMetricsExporter = "metrics";
+
+/// Asks which database a text is for. False when nothing was chosen; a name that is none is told.
+bool askDialect(ExportServices& services, platform::InputBox& input, platform::MessageBox& messages);
 
 std::span<const Exporter> exporters();
 /// The one of that name. Throws a `Fault` when there is none.

@@ -88,6 +88,7 @@ struct MDIForm1::CommandTable {
          [](MDIForm1& f) { f.desk_.paint(*f.activeEnabled(), PictureTarget::preview); }},
         {Command::exportText, inDesign, [](MDIForm1& f) { f.exportAs(kTextExporter); }},
         {Command::exportProgram, inDesign, [](MDIForm1& f) { f.exportAs(kProgramExporter); }},
+        {Command::exportSql, inDesign, [](MDIForm1& f) { f.exportAs(kSqlExporter); }},
         {Command::openFile, always,
          [](MDIForm1& f) {
              f.files_.open();
@@ -370,7 +371,12 @@ void MDIForm1::openFile(const std::string& path) {
 void MDIForm1::exportAs(std::string_view exporter) {
     const canvas::DrawForm& form = *activeScenario();
     const Exporter& way = exporterNamed(exporter);
-    const std::string text = way.text(form, {catalogue_.tables, ports_.progress, options_.TransDepth});
+    ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
+    services.consumerSemantics = consumerSemanticsOf(documentTypes_);
+    if (way.needs == Exporter::Needs::dialect && !askDialect(services, ports_.input, ports_.messages)) {
+        return;
+    }
+    const std::string text = way.text(form, services);
     const std::string path = ports_.folder.file("\\", form.Caption(), way.suffix);
     platform::writeFile(path, text);
     ports_.messages.tell(path + " Created");

@@ -29,6 +29,7 @@ TEST_F(Exporters, EachHasANameOfItsOwnAndATextForAnEmptyScenario) {
         {"ldl", "\r\n"},
         {"export-text", "0;0\r\n"},
         {"program", ""},
+        {"sql", "-- The scenario Sales for ANSI SQL.\n"},
         {"metrics",
          "ENTITY NAME,Local_IN,Local_OUT,Local_DEGREE,Trans_IN,Trans_OUT,Trans_DEGREE,Total_IN,Total_OUT,"
          "Total_DEGREE\nSum,0,0,0,0,0,0,0,0,0\nAverage,-----,-----,-----,-----,-----,-----,-----,-----,-----\n"},
@@ -53,6 +54,30 @@ TEST_F(Exporters, TheLdlProgramWithoutQuestionsIsThatOfTheCommand) {
     frame.frame.run(Command::createLdl);
     EXPECT_EQ(testkit::fileText(file), text);
     EXPECT_EQ(text.substr(0, 9), "a(1).\r\n\r\n");
+}
+
+TEST_F(Exporters, SqlIsForTheDatabaseThatIsNamed) {
+    testkit::GraphBuilder graph{form()};
+    graph.recordSet("R", {"ID"}).addDbKey("ID", "DB.R.ID");
+    graph.recordSet("T", {"ID"});
+    entities::ActivityProperties& activity = graph.activity("A", {"ID"}, {"ID"});
+    activity.Act_LDL = "a_out(A_IN1_ID)<-a_in1(A_IN1_ID).";
+    graph.feed("R.ID", "A.IN.ID");
+    graph.feed("A.OUT.ID", "T.ID");
+    const std::string file = (repository.folder.path() / "Sales.sql").string();
+    for (const char* type : {"Loader Overwrite", "Selection"}) {
+        activity.Act_Type = frame.frame.catalogue().ActivityTypeIndex(type);
+        repository.messages.expect(file + " Created");
+        repository.input.expect("For which database: sqlite, postgresql, mariadb, oracle, ansi?", "Export SQL",
+                                "postgresql", " MariaDB");
+        frame.frame.run(Command::exportSql);
+        const std::string text = testkit::fileText(file);
+        EXPECT_EQ(text.find("-- The scenario Sales for MariaDB.\n"), 0U) << text;
+        EXPECT_EQ(text.find("DELETE FROM `T`;") != std::string::npos, type == std::string("Loader Overwrite")) << text;
+    }
+    repository.input.expect("For which database: sqlite, postgresql, mariadb, oracle, ansi?", "Export SQL",
+                            "postgresql", "");
+    frame.frame.run(Command::exportSql);
 }
 
 TEST_F(Exporters, TheMenuWritesIntoTheDataFolderOrNothing) {
