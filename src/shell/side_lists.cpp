@@ -11,8 +11,11 @@ struct DockRow {
     const char* key;  ///< what it is called in the settings
 };
 
-constexpr DockRow kDocks[] = {
-    {Dock::history, "History"}, {Dock::problems, "Problems"}, {Dock::find, "Find"}, {Dock::outline, "Outline"}, {Dock::minimap, "Minimap"}};
+constexpr DockRow kDocks[] = {{Dock::history, "History"},
+                              {Dock::problems, "Problems"},
+                              {Dock::find, "Find"},
+                              {Dock::outline, "Outline"},
+                              {Dock::minimap, "Minimap"}};
 
 }  // namespace
 
