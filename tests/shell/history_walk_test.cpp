@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "repository/stored_content.h"
 #include "shell/scenario_walk.h"
 #include "testkit/zoom_faults.h"
@@ -186,6 +188,11 @@ TEST_P(HistoryWalk, EachStepIsWhatItWas) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, HistoryWalk, ::testing::Range(0U, 12U));
+unsigned walks() {
+    const char* wanted = std::getenv("ORVENT_WALKS");
+    return wanted ? static_cast<unsigned>(std::atoi(wanted)) : 12;
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, HistoryWalk, ::testing::Range(0U, walks()));
 
 }  // namespace

@@ -30,6 +30,12 @@ class ScenarioWalk {
         stage.host.atActivity = [this](editors::SetActProp& dialog) { editActivity(dialog); };
         stage.host.atRecordSet = [this](editors::RecordSetProp& dialog) { editRecordSet(dialog); };
         stage.host.atEdgeChanges = [](auto&) {};
+        stage.host.atConnect = [this](editors::ConnectByName& dialog) { connect(dialog); };
+        stage.host.atTakeOver = [this](editors::TakeOverForm& dialog) {
+            dialog.Source_Click(pick(static_cast<int>(dialog.Sources.size())));
+            dialog.Pasted_Change(freshName() + " varchar2\n" + freshName() + " date,");
+            pick(4) > 0 && dialog.mayTake() ? dialog.OK() : dialog.mayClose();
+        };
         repository.messages.anyway = [this](const std::string& text) {
             say("  told: " + text);
             return text.find("DO YOU WANT TO APPLY") != std::string::npos ? zoomAnswer_ : Answer::ok;
@@ -109,7 +115,22 @@ class ScenarioWalk {
         dialog.end();
     }
 
+    void connect(editors::ConnectByName& dialog) {
+        for (std::size_t row = 0; row < dialog.Rows.size(); ++row) {
+            dialog.Row_Check(row, pick(4) > 0);
+            say("  " + dialog.Rows[row].from + " and " + dialog.Rows[row].to);
+        }
+        pick(4) > 0 && dialog.mayConnect() ? dialog.OK() : dialog.mayClose();
+    }
+
     void editRecordSet(editors::RecordSetProp& dialog) {
+        if (pick(3) == 0) {
+            dialog.txtColumnName = freshName();
+            dialog.ColumnType = pick(static_cast<int>(dialog.ColumnTypes.size()));
+            dialog.AddColumn_Click();
+        } else if (pick(3) == 0) {
+            dialog.TakeOver_Click();
+        }
         if (pick(2) == 0) {
             dialog.txtRecordSetName_Change(freshName());
         }
@@ -126,6 +147,20 @@ class ScenarioWalk {
         }
         pick(4) > 0 ? dialog.OK() : dialog.mayClose();
         dialog.end();
+    }
+
+    /// Of a node that is in the outline, if that is shown.
+    void renameMember(const canvas::LabelsD& node) {
+        shell::OutlineForm& list = frame.lists().outline();
+        analysis::Outline* outline = list.outline();
+        const auto* root = outline ? outline->rootOf(node.Index()) : nullptr;
+        const auto* rows = root ? &outline->rowsOf(*outline->rootOf(node.Index())) : nullptr;
+        if (rows && !rows->empty()) {
+            auto& row = *(*rows)[static_cast<std::size_t>(pick(static_cast<int>(rows->size())))];
+            const std::string name = pick(3) > 0 ? freshName() : outline->wordsOf(*rows->front()).name;
+            say("  " + node.Caption() + ": " + outline->wordsOf(row).name + " becomes " + name);
+            list.rename(row, name);
+        }
     }
 
     /// False where the node has no name that is edited there.
@@ -216,13 +251,19 @@ class ScenarioWalk {
             if (canvas::LinesD* edge = form->Lines.addFullLine(from.Index(), 3, to.Index(), 1, canvas::EdgeTypeProvider,
                                                                static_cast<canvas::AngleCode>(pick(4)), 0)) {
                 form->rules().edgeCompleted(*form, *edge);
+                form->edgeDrawn(*edge);
+                if (const auto offer = form->offer()) {
+                    idle();
+                    say("  " + offer->words);
+                    form->answerOffer(pick(4) > 0);
+                }
             }
         }
     }
 
     void act() {
         using canvas::EditAction;
-        const int action = form->Labels.Count() < 4 ? 12 : pick(16);
+        const int action = form->Labels.Count() < 4 ? 12 : pick(17);
         say("action " + std::to_string(action));
         switch (action) {
             case 0:
@@ -258,6 +299,8 @@ class ScenarioWalk {
             case 8:
                 if (canvas::LabelsD& node = anyNode(); pick(3) == 0) {
                     renameInPlace(*form, node);
+                } else if (pick(3) == 0) {
+                    renameMember(node);
                 } else if (node.activity() || node.recordSet()) {
                     say("  dialog of " + node.Caption());
                     frame.pointerPorts().windows.openProperties(*form, node);
@@ -278,6 +321,11 @@ class ScenarioWalk {
                 return frame.run(pick(2) == 0 ? Command::straighten : Command::tidyUp);
             case 14:
                 return save();
+            case 15:
+                select(1);
+                form->SelectedLabels.Add(anyNode().Index());
+                idle();
+                return frame.run(Command::connectByName);
             default:
                 if (form->Lines.Count() > 0) {
                     canvas::LinesD& edge = *form->Lines.at(1 + pick(form->Lines.Count()));
