@@ -38,9 +38,11 @@ const char* said(bool met) {
     return met ? "met" : "MISSED";
 }
 
-double median(std::vector<double> times) {
+/// A start takes 40 ms more every now and then, with and without dead scenarios alike, so that medians fall on either
+/// side by chance.
+double lowerQuartile(std::vector<double> times) {
     std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
+    return times[times.size() / 4];
 }
 
 /// Remembers whether a window has been painted.
@@ -229,9 +231,9 @@ int compare(int argc, char** argv) {
         without.push_back(milliseconds({"start", alive.path()}));
         with.push_back(milliseconds({"start", died.path()}));
     }
-    const double ratio = median(with) / median(without);
+    const double ratio = lowerQuartile(with) / lowerQuartile(without);
     std::printf("start with %d dead scenarios of %d nodes %.1f ms, without %.1f ms, ratio %.2f  aim 1.2  %s\n", kDead,
-                kDeadNodes, median(with), median(without), ratio, said(ratio <= 1.2));
+                kDeadNodes, lowerQuartile(with), lowerQuartile(without), ratio, said(ratio <= 1.2));
     return 0;
 }
 
