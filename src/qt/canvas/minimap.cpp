@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 namespace orvent::qt {
 
@@ -15,6 +16,7 @@ constexpr int kFromCorner = 10;
 constexpr double kMargin = 6;
 constexpr int kDimmed = 110;      // of 255: how much of the ground lies over what the view does not show
 constexpr double kLeastNode = 2;  // pixels
+constexpr double kLeastEdge = 3;  // a shorter one lies below its nodes
 
 Extent pictureOf(const canvas::Canvas& canvas) {
     Extent all{0, 0, canvas.PicForm.Width(), canvas.PicForm.Height()};
@@ -49,7 +51,7 @@ QRgb colourOf(const canvas::Canvas& canvas, const canvas::LabelsD& node, const C
     if (std::binary_search(found.begin(), found.end(), node.Index())) {
         return colours.found.rgb();
     }
-    if (canvas.SelectedLabels.Item(node.Index())) {
+    if (canvas.SelectedLabels.Count() > 0 && canvas.SelectedLabels.Item(node.Index())) {
         return colours.accent.rgb();
     }
     return node.activity()    ? colours.activity.rgb()
@@ -109,10 +111,10 @@ void Minimap::paintPicture() {
     Pixels pixels(picture_, {}, ratio);
     const QRgb line = between(colours.background, colours.line);
     for (const canvas::LinesD& edge : canvas.Lines) {
-        if (edge.Visible()) {
-            pixels.line({transform_.toPixels(canvas::Point{edge.X1(), edge.Y1()}),
-                         transform_.toPixels(canvas::Point{edge.X2(), edge.Y2()})},
-                        line);
+        const QLineF shown(transform_.toPixels(canvas::Point{edge.X1(), edge.Y1()}),
+                           transform_.toPixels(canvas::Point{edge.X2(), edge.Y2()}));
+        if (edge.Visible() && std::abs(shown.dx()) + std::abs(shown.dy()) > kLeastEdge) {
+            pixels.line(shown, line);
         }
     }
     for (const canvas::LabelsD& node : canvas.Labels) {
