@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <cstdio>
+#include <set>
 #include <vector>
 
 #include "app/program.h"
@@ -45,20 +46,21 @@ double lowerQuartile(std::vector<double> times) {
     return times[times.size() / 4];
 }
 
-/// Remembers whether a window has been painted.
+/// Remembers which windows have been painted.
 class Painted : public QObject {
   public:
-    explicit Painted(const QWidget& window) : window_(window) { qApp->installEventFilter(this); }
+    Painted() { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        is = is || (event->type() == QEvent::Paint && watched == &window_);
+        if (event->type() == QEvent::Paint) {
+            seen_.insert(watched);
+        }
         return false;
     }
-
-    bool is = false;
+    bool has(const QWidget& window) const { return seen_.contains(&window); }
 
   private:
-    const QWidget& window_;
+    std::set<const QObject*> seen_;
 };
 
 /// The toolkit with the program, logged in.
@@ -68,9 +70,10 @@ struct Started {
         QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                          [this] { idle.start(); });
         program = std::make_unique<app::Program>(app::Places::in(home.toStdString()), theme);
+        const Painted painted;
         QTimer answers;
-        QObject::connect(&answers, &QTimer::timeout, [] {
-            if (QWidget* dialog = QApplication::activeModalWidget()) {
+        QObject::connect(&answers, &QTimer::timeout, [&painted] {
+            if (QWidget* dialog = QApplication::activeModalWidget(); dialog && painted.has(*dialog)) {
                 for (const char* name : {"Login", "cmdLater"}) {
                     if (auto* button = dialog->findChild<QPushButton*>(QLatin1String(name))) {
                         button->click();
@@ -79,9 +82,8 @@ struct Started {
             }
         });
         answers.start(1);
-        const Painted painted(program->window());
         program->start();
-        while (!painted.is) {
+        while (!painted.has(program->window())) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
     }
