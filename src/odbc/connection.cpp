@@ -15,7 +15,7 @@ std::unique_ptr<platform::Statement> OdbcConnection::prepare(std::string_view sq
 }
 
 std::unique_ptr<platform::Statement> OdbcConnection::prepareAsIs(std::string_view sql) {
-    return std::make_unique<OdbcStatement>(session_, Translation{std::string(sql)});
+    return std::make_unique<OdbcStatement>(session_, Translation{std::string(sql)}, Rows::Values::asTexts);
 }
 
 }  // namespace orvent::odbc

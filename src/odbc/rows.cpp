@@ -19,7 +19,7 @@ constexpr std::size_t kMostRows = 64;
 constexpr std::size_t kBlockBytes = 128 * 1024;
 constexpr std::size_t kFirstCell = 256;  // bytes
 constexpr std::size_t kWidestCell = 16 * 1024;
-constexpr std::size_t kWholeNumber = 32;
+constexpr std::size_t kNumber = 32;  // its text
 constexpr std::size_t kFirstAsk = 4096;
 
 DatabaseError noNumber(std::string_view text) {
@@ -131,11 +131,12 @@ void Rows::describe(Column& column) const {
     SQLSMALLINT digits = 0;
     SQLSMALLINT nullable = 0;
     check(SQLDescribeCol(statement_, column.number, name, sizeof name, &nameLength, &type, &size, &digits, &nullable));
-    column.type = boundType(type);
+    const SQLSMALLINT described = boundType(type);
+    column.type = values_ == Values::asTexts ? SQLSMALLINT{SQL_C_CHAR} : described;
     if (column.type != SQL_C_CHAR) {
         column.width = column.type == SQL_C_DOUBLE ? sizeof(SQLDOUBLE) : sizeof(SQLINTEGER);
-    } else if (type == SQL_BIGINT) {
-        column.width = kWholeNumber;
+    } else if (type == SQL_BIGINT || described != SQL_C_CHAR) {
+        column.width = kNumber;
     } else {
         // A size is in characters of up to four bytes; 0 stands for no limit. Numbers are some places longer.
         column.width = size == 0 || size > kWidestCell ? kWidestCell + 1 : (size + 16) * 4;

@@ -21,10 +21,18 @@ namespace orvent::odbc {
 /// have written in between.
 class Rows {
   public:
+    /// How values come from the driver.
+    enum class Values {
+        asDescribed,
+        /// As texts, whatever the column is described as: of an expression an embedded database describes what its
+        /// first row holds, and gives the real numbers of the others without their fractions.
+        asTexts,
+    };
+
     /// `where` goes to faults.
     /// `givesSingleValues` tells that the driver gives any value of a block once more.
-    Rows(SQLHANDLE statement, bool givesSingleValues, const std::string& where)
-        : statement_(statement), givesSingleValues_(givesSingleValues), where_(where) {}
+    Rows(SQLHANDLE statement, bool givesSingleValues, const std::string& where, Values values)
+        : statement_(statement), givesSingleValues_(givesSingleValues), where_(where), values_(values) {}
 
     /// Takes up the rows of the execution that just was.
     void open();
@@ -73,6 +81,7 @@ class Rows {
     SQLHANDLE statement_;
     bool givesSingleValues_;
     const std::string& where_;
+    Values values_;
 
     bool described_ = false;
     bool isOpen_ = false;     // there may be more rows than were fetched

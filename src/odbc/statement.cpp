@@ -19,11 +19,11 @@ bool lostToAnother(SQLHANDLE statement) {
 
 }  // namespace
 
-OdbcStatement::OdbcStatement(Session& session, Translation translation)
+OdbcStatement::OdbcStatement(Session& session, Translation translation, Rows::Values values)
     : session_(session),
       translation_(std::move(translation)),
       handle_(session.link()),
-      rows_(handle_.get(), session.givesSingleValues(), session.where()) {
+      rows_(handle_.get(), session.givesSingleValues(), session.where(), values) {
     // Braces in a text are no business of the driver's. One that cannot leave them alone refuses, which does no harm.
     SQLSetStmtAttr(handle_.get(), SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
     if (!translation_.definition) {

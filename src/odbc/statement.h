@@ -14,7 +14,7 @@ namespace orvent::odbc {
 /// A statement that is translated and prepared once.
 class OdbcStatement : public platform::Statement {
   public:
-    OdbcStatement(Session& session, Translation translation);
+    OdbcStatement(Session& session, Translation translation, Rows::Values values = Rows::Values::asDescribed);
 
     void bind(int parameter, std::string_view text) override;
     void bind(int parameter, long long number) override;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "databases.h"
+#include "platform/text.h"
 
 namespace orvent::odbc {
 
@@ -187,6 +188,17 @@ TEST_P(EveryDatabase, NumbersAreReadFromEveryKindOfColumn) {
     EXPECT_THROW(select->number(3), DatabaseError);
     EXPECT_FALSE(select->fetch());
     EXPECT_THROW(select->text(1), DatabaseError);
+}
+
+/// An embedded database describes a column of an expression by what its first row holds.
+TEST_P(EveryDatabase, WhatIsPreparedAsItIsGivesEachValueWhole) {
+    const auto connection = open();
+    const auto select = connection->prepareAsIs("SELECT 1 UNION ALL SELECT -1.5 UNION ALL SELECT 20000000000");
+    select->execute();
+    for (const double expected : {1.0, -1.5, 20000000000.0}) {
+        ASSERT_TRUE(select->fetch());
+        EXPECT_EQ(platform::parseNumber(select->text(1)), expected) << select->text(1);
+    }
 }
 
 TEST_P(EveryDatabase, NamesInKeysAreLongAndExact) {
