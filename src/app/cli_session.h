@@ -58,6 +58,7 @@ class CliSession : private repository::ScenarioWindows {
     shell::ExportServices exportServices() {
         shell::ExportServices services{types().tables(), nobody_, options_.TransDepth};
         services.consumerSemantics = shell::consumerSemanticsOf(types());
+        services.functions = options_.functions;
         return services;
     }
     /// The kinds of problems that the settings have told.

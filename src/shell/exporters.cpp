@@ -19,6 +19,7 @@ using Needs = Exporter::Needs;
 std::string sqlText(const canvas::DrawForm& form, const ExportServices& services) {
     sql::ScriptOptions options;
     options.keepDuplicates = services.keepDuplicates;
+    options.functions = services.functions;
     options.overwrites = [&services](const entities::ActivityProperties& activity) {
         constexpr std::int16_t kOverwrite = 1;
         return activity.Act_Type >= 0 && services.consumerSemantics &&

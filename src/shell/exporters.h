@@ -11,6 +11,7 @@
 #include "exchange/type_catalogue.h"
 #include "platform/dialogs.h"
 #include "sql/dialect.h"
+#include "sql/own_functions.h"
 
 namespace orvent::shell {
 
@@ -21,6 +22,7 @@ struct ExportServices {
     std::int16_t TransDepth;                ///< how far metrics walk
     const sql::Dialect* dialect = nullptr;  ///< of queries; plain SQL without one
     bool keepDuplicates = false;            ///< queries mean bags of rows
+    sql::OwnFunctions functions{};          ///< as the designer says them in queries
     /// How activities of a type write their target, 1 to overwrite it and 2 to append; 0 when nobody knows.
     std::function<std::int16_t(std::int16_t type)> consumerSemantics{};
 };

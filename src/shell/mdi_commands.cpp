@@ -373,6 +373,7 @@ void MDIForm1::exportAs(std::string_view exporter) {
     const Exporter& way = exporterNamed(exporter);
     ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
     services.consumerSemantics = consumerSemanticsOf(documentTypes_);
+    services.functions = options_.functions;
     if (way.needs == Exporter::Needs::dialect && !askDialect(services, ports_.input, ports_.messages)) {
         return;
     }

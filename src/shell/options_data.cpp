@@ -97,6 +97,7 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
     for (const analysis::ProblemWords& row : analysis::problemWords()) {
         options.problems.set(static_cast<std::size_t>(row.kind), store.value("Problems", row.word, kYes) == kYes);
     }
+    options.functions = sql::OwnFunctions::ofText(store.value("General", "SqlFunctions", ""));
     options.LogPath = store.value("General", "LogPath", folder.root().string());
     return numbers.fault();
 }
@@ -106,6 +107,7 @@ void DefaultOptions(OptionsData& options) {
     options.repository.SQLPath = options.DefaultScript;
     options.problems = analysis::everyProblem();
     options.ShortNames = false;
+    options.functions = {};
 }
 
 }  // namespace orvent::shell

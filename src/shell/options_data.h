@@ -8,6 +8,7 @@
 #include "platform/program_folder.h"
 #include "platform/settings_store.h"
 #include "repository/login_values.h"
+#include "sql/own_functions.h"
 #include "zoom/zoom_view.h"
 
 namespace orvent::shell {
@@ -20,11 +21,12 @@ struct OptionsData {
     zoom::ZoomSight sight;
     analysis::ProblemKinds problems = analysis::everyProblem();  ///< those that are told
     std::int16_t TransDepth = 10;
-    bool WholeNumbers = false;  ///< the wizard reads the numbers of tokens whole
-    bool ShortNames = false;    ///< new members of activities bear the bare names of their sources
-    std::string LogPath;        ///< folder proposed for an activity's log
-    std::string HelpFile;       ///< program folder + "\ORVENTII.chm"
-    std::string DefaultScript;  ///< program folder + "\ORVENTII.sql"
+    bool WholeNumbers = false;    ///< the wizard reads the numbers of tokens whole
+    bool ShortNames = false;      ///< new members of activities bear the bare names of their sources
+    sql::OwnFunctions functions;  ///< what calls are in SQL
+    std::string LogPath;          ///< folder proposed for an activity's log
+    std::string HelpFile;         ///< program folder + "\ORVENTII.chm"
+    std::string DefaultScript;    ///< program folder + "\ORVENTII.sql"
 };
 
 /// Reads all keys of the store into `options`. Missing keys give the defaults. A stored number that is none leaves its
@@ -35,8 +37,8 @@ void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store);
 
 void StoreProblems(const analysis::ProblemKinds& problems, platform::SettingsStore& store);
 
-/// Sets the sizes, distances, the selection colour, `SQLPath`, the kinds of problems and `ShortNames` to their
-/// defaults, in the application values only.
+/// Sets the sizes, distances, the selection colour, `SQLPath`, the kinds of problems, `ShortNames` and the functions to
+/// their defaults, in the application values only.
 void DefaultOptions(OptionsData& options);
 
 }  // namespace orvent::shell

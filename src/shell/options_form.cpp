@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 #include <limits>
+#include <utility>
 
 #include "platform/fault.h"
 #include "platform/text.h"
@@ -35,6 +36,7 @@ void OptionsForm::open() {
     txtSQL = options_.repository.SQLPath;
     Problems = options_.problems;
     ShortNames = options_.ShortNames;
+    Functions = options_.functions.rows();
 }
 
 bool OptionsForm::apply() {
@@ -43,6 +45,7 @@ bool OptionsForm::apply() {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         twips[i] = twipsOf(Text[i], fields[i]);
     }
+    sql::OwnFunctions functions(Functions);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         ports_.store.setValue(fields[i].section(), fields[i].key, platform::numberText(twips[i]));
     }
@@ -55,6 +58,8 @@ bool OptionsForm::apply() {
     options_.repository.SQLPath = txtSQL;
     options_.ShortNames = ShortNames;
     ports_.store.setValue("General", "ShortNames", ShortNames ? "-1" : "0");
+    ports_.store.setValue("General", "SqlFunctions", functions.text());
+    options_.functions = std::move(functions);
     StoreProblems(options_.problems = Problems, ports_.store);
     return true;
 }

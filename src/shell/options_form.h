@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "forms/editor.h"
 #include "shell/option_fields.h"
@@ -21,12 +22,13 @@ class OptionsForm : public forms::Editor {
     std::string txtSQL;
     analysis::ProblemKinds Problems;  ///< those that are told
     bool ShortNames = false;
+    std::vector<sql::OwnFunction> Functions;  ///< as they are typed
 
     /// Fills the fields from the application values; at each showing.
     void open();
 
     /// Stores all fields and takes them into the application values. Throws a `Fault` before anything is stored when
-    /// a field is no number.
+    /// a field is no number or a row of functions is not whole.
     void butAplly() { Apply(); }
     /// The same, whether something was changed or not. True when the window closes.
     bool butOK() { return Apply(); }

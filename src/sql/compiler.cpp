@@ -47,7 +47,7 @@ class Compiler {
         : program_(program),
           held_(held),
           options_(options),
-          values_(dialect, catalogue),
+          values_(dialect, catalogue, options.functions),
           around_{values_, result_.tables, form, catalogue, options.keepDuplicates} {}
 
     Compiled compile() {

@@ -42,7 +42,8 @@ struct Compiled {
 struct CompileOptions {
     /// Sets of rows are meant; here as many rows as there are ways to derive them.
     bool keepDuplicates = false;
-    std::string prefix;  ///< of the names of all tables
+    std::string prefix;      ///< of the names of all tables
+    OwnFunctions functions;  ///< as the designer says them
 };
 
 /// Writes the program as queries: rules of one head are united, "not" is NOT EXISTS, an aggregate goes over the

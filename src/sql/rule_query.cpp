@@ -1,8 +1,8 @@
 #include "sql/rule_query.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "platform/text.h"
@@ -21,10 +21,28 @@ namespace {
 std::string listed(const std::vector<std::string>& parts, const char* between) {
     std::string result;
     for (const std::string& part : parts) {
-        result += (&part == &parts.front() ? "" : between) + part;
+        result.append(&part == &parts.front() ? "" : between).append(part);
     }
     return result;
 }
+
+/// What the variables of a rule are, in the order in which they got their values. The rule outlives it.
+class BoundValues {
+  public:
+    const Value* find(std::string_view variable) const {
+        const auto place = places_.find(variable);
+        return place == places_.end() ? nullptr : &values_[place->second];
+    }
+    void add(std::string_view variable, Value value) {
+        places_.emplace(variable, values_.size());
+        values_.push_back(std::move(value));
+    }
+    const std::vector<Value>& all() const { return values_; }
+
+  private:
+    std::unordered_map<std::string_view, std::size_t> places_;
+    std::vector<Value> values_;
+};
 
 bool isSum(const Term& term) {
     return term.kind == TermKind::aggregate;
@@ -62,14 +80,14 @@ class QueryWriter {
     const Table& target() const { return around_.tables[static_cast<std::size_t>(rule_.rule.head.tag)]; }
 
     bool isBound(const Term& term) const {
-        return (term.kind != TermKind::variable || bound_.contains(term.text)) &&
+        return (term.kind != TermKind::variable || bound_.find(term.text)) &&
                std::all_of(term.parts.begin(), term.parts.end(), [this](const Term& part) { return isBound(part); });
     }
 
     Value valueOf(const Term& term, Family beside = Family::unknown) const {
         switch (term.kind) {
             case TermKind::variable:
-                return bound_.contains(term.text) ? bound_.at(term.text) : values_.null(beside);
+                return bound_.find(term.text) ? *bound_.find(term.text) : values_.null(beside);
             case TermKind::number:
             case TermKind::constant:
                 return values_.plain(term, beside);
@@ -93,8 +111,10 @@ class QueryWriter {
         std::vector<std::string> result;
         for (std::size_t at = 0; at < atom.arguments.size(); ++at) {
             const Term& term = atom.arguments[at];
-            const Value column{alias + "." + dialect_.quoted(table.columns[at]), table.families[at]};
-            if (binds && term.kind == TermKind::variable && bound_.emplace(term.text, column).second) {
+            Value column{dialect_.quoted(table.columns[at]), table.families[at]};
+            column.sql.insert(0, alias + ".");
+            if (binds && term.kind == TermKind::variable && !bound_.find(term.text)) {
+                bound_.add(term.text, std::move(column));
                 continue;
             }
             if (binds && term.kind == TermKind::arithmetic) {
@@ -130,8 +150,7 @@ class QueryWriter {
         for (const entities::FunctionProperties& function : node->activity()->Act_Functions) {
             const auto type = static_cast<std::size_t>(function.Function_Type);
             if (function.Function_Name == name && type < around_.catalogue.functionTypes.size()) {
-                const std::string& known = around_.catalogue.functionTypes.name(function.Function_Type);
-                return program::isCommonFunction(known) && !program::isCommonFunction(name) ? known : name;
+                return values_.nameOf(name, around_.catalogue.functionTypes.name(function.Function_Type));
             }
         }
         return name;
@@ -142,20 +161,20 @@ class QueryWriter {
         for (std::size_t at = 0; at + 1 < atom.arguments.size(); ++at) {
             inputs.push_back(valueOf(atom.arguments[at]));
         }
-        return values_.call(functionOf(atom.name), inputs, Family::unknown);
+        return values_.call(functionOf(atom.name), inputs);
     }
 
     /// Gives one variable its value by an equality or a call; false when the literal gives none by now.
     bool bindBy(const Literal& literal) {
         const auto isNew = [this](const Term& term) {
-            return term.kind == TermKind::variable && !bound_.contains(term.text);
+            return term.kind == TermKind::variable && !bound_.find(term.text);
         };
         if (literal.kind == LiteralKind::comparison) {
             for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
                 const Term& own = literal.values[side];
                 const Term& other = literal.values[1 - side];
                 if (literal.op == "=" && isNew(own) && isBound(other)) {
-                    bound_.emplace(own.text, valueOf(other));
+                    bound_.add(own.text, valueOf(other));
                     return true;
                 }
             }
@@ -166,7 +185,7 @@ class QueryWriter {
             !isTest(literal.atom) && !arguments.empty() && isNew(arguments.back()) &&
             std::all_of(arguments.begin(), arguments.end() - 1, [this](const Term& term) { return isBound(term); });
         if (ready) {
-            bound_.emplace(arguments.back().text, called(literal.atom));
+            bound_.add(arguments.back().text, called(literal.atom));
         }
         return ready;
     }
@@ -235,10 +254,10 @@ class QueryWriter {
     }
 
     /// Whether two different ways to fulfil the body differ in these values.
-    bool tellsWays(const std::set<std::string>& values) const {
+    bool tellsWays(const std::unordered_set<std::string>& values) const {
         return whole_ && std::all_of(atoms_.begin(), atoms_.end(), [&](const Atom* atom) {
                    return std::all_of(atom->arguments.begin(), atom->arguments.end(), [&](const Term& term) {
-                       return term.kind != TermKind::variable || values.contains(bound_.at(term.text).sql);
+                       return term.kind != TermKind::variable || values.contains(bound_.find(term.text)->sql);
                    });
                });
     }
@@ -246,7 +265,7 @@ class QueryWriter {
     RuleQuery plain(bool alone) const {
         RuleQuery result;
         std::vector<std::string> columns;
-        std::set<std::string> untouched;  // values that are the same in the head
+        std::unordered_set<std::string> untouched;  // values that are the same in the head
         for (std::size_t at = 0; at < target().columns.size(); ++at) {
             const bool there = at < rule_.rule.head.arguments.size();
             const Family family = there ? target().families[at] : Family::number;
@@ -269,7 +288,7 @@ class QueryWriter {
     RuleQuery summed() const {
         RuleQuery result;
         std::vector<std::string> inner, group, outer;
-        std::set<std::string> known;
+        std::unordered_set<std::string> known;
         const auto addInner = [&](const Value& value) {
             inner.push_back(value.sql + " AS " + dialect_.quoted("x" + std::to_string(inner.size() + 1)));
             known.insert(value.sql);
@@ -287,7 +306,7 @@ class QueryWriter {
             result.families.push_back(value.family);
             outer.push_back(values_.as(value, family).sql + " AS " + dialect_.quoted(target().columns[at]));
         }
-        for (const auto& [name, value] : bound_) {
+        for (const Value& value : bound_.all()) {
             if (!known.contains(value.sql)) {
                 addInner(value);
             }
@@ -306,7 +325,7 @@ class QueryWriter {
     const Values& values_;
     const Dialect& dialect_;
     const program::ProgramRule& rule_;
-    std::map<std::string, Value> bound_;                ///< what the variables are
+    BoundValues bound_;
     std::vector<std::pair<Value, const Term*>> later_;  ///< expressions in atoms, when all of their parts are known
     std::vector<const Literal*> waiting_;
     std::vector<const Atom*> atoms_;

@@ -43,11 +43,12 @@ class ScriptWriter {
         : form_(form),
           dialect_(dialect),
           options_(options),
-          values_(dialect, catalogue),
+          values_(dialect, catalogue, options.functions),
           rows_(form, dialect),
           prefix_((form.ScenarioName().empty() ? "design" : form.ScenarioName()) + "_"),
           program_(program::checkedProgram(form, catalogue)),
-          compiled_(compiled(program_, form, catalogue, dialect, rows_, {options.keepDuplicates, prefix_})) {}
+          compiled_(compiled(program_, form, catalogue, dialect, rows_,
+                             {options.keepDuplicates, prefix_, options.functions})) {}
 
     std::vector<ScriptPart> write() {
         add("The scenario " + form_.ScenarioName() + " for " + std::string(dialect_.title) + ".",

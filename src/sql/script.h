@@ -7,11 +7,13 @@
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
 #include "sql/dialect.h"
+#include "sql/own_functions.h"
 
 namespace orvent::sql {
 
 struct ScriptOptions {
     bool keepDuplicates = false;
+    OwnFunctions functions{};  ///< as the designer says them
     /// Whether the rows of that activity take the place of what their target holds; without it none do.
     std::function<bool(const entities::ActivityProperties&)> overwrites{};
 };

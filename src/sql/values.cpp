@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/text.h"
+#include "program/rule_check.h"
 
 namespace orvent::sql {
 
@@ -143,8 +144,11 @@ Value Values::held(const std::string& column, Family family) const {
 }
 
 Value Values::as(const Value& value, Family family) const {
-    if (!isKnown(family) || !isKnown(value.family) || value.family == family) {
-        return {value.sql, isKnown(value.family) ? value.family : family};
+    if (!isKnown(family) || value.family == family) {
+        return value;
+    }
+    if (!isKnown(value.family)) {
+        return held(value.sql, family);
     }
     const auto say = [&](Phrase phrase) { return Value{dialect_.say(phrase, {value.sql}), family}; };
     if (family == Family::text) {
@@ -172,7 +176,14 @@ std::string Values::called(const std::string& function) const {
     return plain ? function : dialect_.quoted(function);
 }
 
-Value Values::call(const std::string& function, const std::vector<Value>& inputs, Family result) const {
+Value Values::call(const std::string& function, const std::vector<Value>& inputs) const {
+    if (const OwnFunction* own = own_.named(function)) {
+        std::vector<std::string> parts;
+        for (const Value& input : inputs) {
+            parts.push_back(input.sql);
+        }
+        return {"(" + filled(own->expression, parts) + ")", Family::unknown};
+    }
     if (inputs.size() == 2 && platform::equalIgnoringCase(function, "divide")) {
         return arithmetic("/", inputs);
     }
@@ -193,7 +204,12 @@ Value Values::call(const std::string& function, const std::vector<Value>& inputs
     for (const Value& input : inputs) {
         list += (list.empty() ? "" : ", ") + input.sql;
     }
-    return {called(function) + "(" + list + ")", result};
+    return {called(function) + "(" + list + ")", Family::unknown};
+}
+
+const std::string& Values::nameOf(const std::string& function, const std::string& type) const {
+    const bool byType = own_.named(type) || (program::isCommonFunction(type) && !program::isCommonFunction(function));
+    return byType && !own_.named(function) ? type : function;
 }
 
 Value Values::aggregate(const std::string& name, const Value& value) const {

@@ -7,6 +7,7 @@
 #include "program/types.h"
 #include "rules/syntax.h"
 #include "sql/dialect.h"
+#include "sql/own_functions.h"
 
 namespace orvent::sql {
 
@@ -24,8 +25,8 @@ bool isPlainName(std::string_view name);
 /// The values of one dialect.
 class Values {
   public:
-    Values(const Dialect& dialect, const entities::CatalogueTables& catalogue)
-        : dialect_(dialect), catalogue_(catalogue) {}
+    Values(const Dialect& dialect, const entities::CatalogueTables& catalogue, const OwnFunctions& own)
+        : dialect_(dialect), catalogue_(catalogue), own_(own) {}
 
     const Dialect& dialect() const { return dialect_; }
     Family familyOf(std::int16_t type) const;
@@ -36,12 +37,14 @@ class Values {
     Value text(const std::string& text) const;
     /// A column of a source as a value of that family.
     Value held(const std::string& column, Family family) const;
-    /// The value as one of another family, where both are known.
+    /// The value as one of another family, where that is known.
     Value as(const Value& value, Family family) const;
 
     Value arithmetic(const std::string& op, const std::vector<Value>& parts) const;
-    /// A call; one that no table knows goes by its name, and gives a value of `result`.
-    Value call(const std::string& function, const std::vector<Value>& inputs, Family result) const;
+    /// A call, as the designer says it, or the dialect; one that neither knows goes by its name.
+    Value call(const std::string& function, const std::vector<Value>& inputs) const;
+    /// Which of two names of a function tells how it is called: its own, or that of its type.
+    const std::string& nameOf(const std::string& function, const std::string& type) const;
     Value aggregate(const std::string& name, const Value& value) const;
 
     /// A condition; values of different families are compared as texts.
@@ -53,6 +56,7 @@ class Values {
 
     const Dialect& dialect_;
     const entities::CatalogueTables& catalogue_;
+    const OwnFunctions& own_;
 };
 
 }  // namespace orvent::sql

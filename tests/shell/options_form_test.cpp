@@ -40,12 +40,13 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     form.txtSQL = "/x.sql";
     form.Problems.reset(static_cast<std::size_t>(analysis::ProblemKind::unread));
     form.ShortNames = true;
+    form.Functions = {{" RegionOf ", "region(x => {1})"}, {" ", ""}};
     const auto texts = form.Text;
     form.butAplly();
     EXPECT_EQ(options.canvas.LogW, 1695);
     EXPECT_EQ(options.repository.SQLPath, "/x.sql");
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "1605");
-    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 3 + analysis::kProblemKinds)
+    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 4 + analysis::kProblemKinds)
         << "each field has a key of its own";
 
     options = {};
@@ -55,12 +56,21 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     EXPECT_EQ(form.lblColor, 255);
     EXPECT_EQ(form.txtSQL, "/x.sql");
     EXPECT_TRUE(form.ShortNames);
+    ASSERT_EQ(form.Functions.size(), 1U);
+    EXPECT_EQ(form.Functions[0].name, "RegionOf");
+    EXPECT_EQ(form.Functions[0].expression, "region(x => {1})");
     EXPECT_EQ(form.Problems.count(), analysis::kProblemKinds - 1);
     EXPECT_FALSE(options.problems.test(static_cast<std::size_t>(analysis::ProblemKind::unread)));
 }
 
-TEST_F(OptionsWindow, ABadNumberStopsBeforeAnythingIsStored) {
+TEST_F(OptionsWindow, ABadFieldStopsBeforeAnythingIsStored) {
     form.open();
+    for (const std::vector<sql::OwnFunction>& bad :
+         {std::vector<sql::OwnFunction>{{"f", ""}}, {{"", "x"}}, {{"f", "a\nb"}}, {{"f", "1"}, {"F", "2"}}}) {
+        form.Functions = bad;
+        EXPECT_THROW(form.butAplly(), platform::Fault) << bad[0].name;
+    }
+    form.Functions.clear();
     form.Text[0] = "99";
     form.Text[13] = "wide";
     const auto stored = repository.store.values;

@@ -59,7 +59,8 @@ Engine::Engine(const char* dialect) : dialect_(*dialectNamed(dialect)) {
 
 void Engine::fill(std::size_t place, const std::vector<FactRow>& rows, const std::vector<bool>& numbers) {
     const entities::CatalogueTables none;
-    const Values values(dialect_, none);
+    const OwnFunctions nothing;
+    const Values values(dialect_, none, nothing);
     std::string columns;
     for (std::size_t column = 0; column < numbers.size(); ++column) {
         columns += (column == 0 ? "" : ", ") + dialect_.quoted("c" + std::to_string(column)) +

@@ -16,6 +16,8 @@ class Queries : public testkit::GraphTest {
             catalogue.dataTypes.add(type);
         }
         catalogue.functionTypes.add("MULTIPLY");
+        catalogue.functionTypes.add("named");
+        catalogue.functionTypes.add("greater");
         graph.recordSet("S", {"K", "V", "D"});
         activity = &graph.activity("Q", {"K", "V", "D"}, {"A", "B"});
         for (const std::string column : {"K", "V", "D"}) {
@@ -33,6 +35,9 @@ class Queries : public testkit::GraphTest {
         activity->Act_LDL = statement;
         activity->Act_Outputs->Item("B")->Attribute_Type = secondIsNumber ? 1 : 0;
         const program::Program program = program::checkedProgram(form, catalogue);
+        for (const program::Finding& finding : program.findings) {
+            EXPECT_FALSE(program::wordsOf(finding.kind).stops) << finding.words;
+        }
         std::string first;
         for (Engine& engine : engines()) {
             const FactTables held(engine.dialect());
@@ -114,6 +119,16 @@ TEST_F(Queries, EveryDatabaseMeansTheSame) {
     EXPECT_EQ(rowsOf("q_out(X,sum<Y>)<-" + in + ",isNull(X).", true, bags), "(NULL,14)");
     EXPECT_EQ(rowsOf("q_out(X,Y)<-" + in + ",Y=7. q_out(X,Y)<-" + in + ",X='a',Y=7.", true, bags),
               "('a',7)('a',7)(NULL,7)(NULL,7)");
+}
+
+TEST_F(Queries, CallWhatTheDesignerSays) {
+    CompileOptions options;
+    options.functions = OwnFunctions({{"Greater", "CASE WHEN {1} > {2} THEN {1} ELSE {2} END"},
+                                      {"named", "COALESCE({1}, 'Z')"},
+                                      {"ABS", "{1} - 1"}});
+    const std::string in = "<-q_in1(X,Y,D),";
+    EXPECT_EQ(rowsOf("q_out(Z,W)" + in + "named(X,Z),greater(Y,0,W),Z<'a'.", true, options), "('Ab c',0)('Z',7)");
+    EXPECT_EQ(rowsOf("q_out(X,W)" + in + "abs(Y,W),not abs(Y,6),X='a'.", true, options), "('a',-3)");
 }
 
 }  // namespace

@@ -2,9 +2,12 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTableWidget>
+#include <algorithm>
 
 #include "qt/forms/fields.h"
 #include "qt/text.h"
@@ -17,7 +20,7 @@ namespace orvent::qt {
 namespace {
 
 constexpr int kNumberWidth = 92;
-constexpr int kShownKinds = 3;  // of problems, the others are scrolled to
+constexpr int kShownKinds = 9;  // of problems, the others are scrolled to
 constexpr QSize kSwatch(34, 14);
 
 /// A number without needless zeros.
@@ -38,9 +41,17 @@ QIcon swatch(std::int32_t colour) {
 OptionsWindow::OptionsWindow(shell::OptionsForm& logic, QWidget* parent)
     : FormWindow(tr("Options"), logic, parent), logic_(logic) {
     setObjectName(QStringLiteral("OptionsForm"));
-    buildSizes();
-    buildZoom();
-    buildProblems();
+    auto* sides = new QHBoxLayout;
+    auto* left = new QVBoxLayout;
+    left->addWidget(newSizes());
+    left->addWidget(newZoom());
+    left->addStretch();
+    auto* right = new QVBoxLayout;
+    right->addWidget(newProblems());
+    right->addWidget(newFunctions());
+    sides->addLayout(left);
+    sides->addLayout(right, 1);
+    body().addLayout(sides);
     buildRest();
     logic_.show = [this] { showState(); };
     addSideButton(QStringLiteral("butDefault"), withLetter(tr("Default"), QLatin1Char('D')),
@@ -68,7 +79,7 @@ QDoubleSpinBox* OptionsWindow::newNumber(std::size_t index) {
     return number;
 }
 
-void OptionsWindow::buildSizes() {
+QGroupBox* OptionsWindow::newSizes() {
     auto* group = new QGroupBox(tr("New nodes"), this);
     auto* grid = new QGridLayout(group);
     grid->setHorizontalSpacing(Spacing::margin);
@@ -90,10 +101,10 @@ void OptionsWindow::buildSizes() {
     for (std::size_t i = 6; i < fields.size(); i += 2) {
         setTabOrder(numbers_[i + 1], numbers_[i]);
     }
-    body().addWidget(group);
+    return group;
 }
 
-void OptionsWindow::buildZoom() {
+QGroupBox* OptionsWindow::newZoom() {
     auto* group = new QGroupBox(tr("Zoom view"), this);
     auto* grid = new QGridLayout(group);
     int row = 0;
@@ -107,10 +118,10 @@ void OptionsWindow::buildZoom() {
         }
     }
     grid->setColumnStretch(0, 1);  // its numbers stand below those of the new nodes
-    body().addWidget(group);
+    return group;
 }
 
-void OptionsWindow::buildProblems() {
+QGroupBox* OptionsWindow::newProblems() {
     auto* group = new QGroupBox(tr("Problems that are told"), this);
     auto* column = new QVBoxLayout(group);
     problems_ = new QListWidget(group);
@@ -129,7 +140,48 @@ void OptionsWindow::buildProblems() {
         logic_.Problems.set(static_cast<std::size_t>(problems_->row(item)), item->checkState() == Qt::Checked);
     });
     column->addWidget(problems_);
-    body().addWidget(group);
+    return group;
+}
+
+QGroupBox* OptionsWindow::newFunctions() {
+    auto* group = new QGroupBox(tr("Functions in SQL"), this);
+    auto* column = new QVBoxLayout(group);
+    auto* words = new QLabel(tr("What a call is in exported SQL; {1} and {2} are its inputs"), group);
+    words->setWordWrap(true);
+    column->addWidget(words);
+    functions_ = new QTableWidget(0, 2, group);
+    functions_->setObjectName(QStringLiteral("grdFunctions"));
+    functions_->setAccessibleName(group->title());
+    functions_->setHorizontalHeaderLabels({tr("Function"), tr("SQL expression")});
+    functions_->horizontalHeader()->setStretchLastSection(true);
+    functions_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    functions_->verticalHeader()->hide();
+    functions_->setTabKeyNavigation(false);
+    connect(functions_, &QTableWidget::itemChanged, this, [this](const QTableWidgetItem* item) {
+        const auto row = static_cast<std::size_t>(item->row());
+        logic_.Functions.resize(std::max(logic_.Functions.size(), row + 1));
+        sql::OwnFunction& function = logic_.Functions[row];
+        (item->column() == 0 ? function.name : function.expression) = item->text().toStdString();
+        showFunctions();
+    });
+    column->addWidget(functions_);
+    return group;
+}
+
+/// The rows, and an empty one to go on with.
+void OptionsWindow::showFunctions() {
+    const QSignalBlocker quiet(functions_);
+    functions_->setRowCount(static_cast<int>(logic_.Functions.size()) + 1);
+    for (int row = 0; row < functions_->rowCount(); ++row) {
+        const auto at = static_cast<std::size_t>(row);
+        const sql::OwnFunction function = at < logic_.Functions.size() ? logic_.Functions[at] : sql::OwnFunction{};
+        for (const int column : {0, 1}) {
+            if (!functions_->item(row, column)) {
+                functions_->setItem(row, column, new QTableWidgetItem);
+            }
+            functions_->item(row, column)->setText(text(column == 0 ? function.name : function.expression));
+        }
+    }
 }
 
 void OptionsWindow::buildRest() {
@@ -143,13 +195,17 @@ void OptionsWindow::buildRest() {
         logic_.chooseColour();
         showState();
     });
-    addField(*form, tr("Selected Node Applied Color:"), lblColor_);
-
     shortNames_ = new QCheckBox(tr("Short &Names For New Members"), this);
     shortNames_->setObjectName(QStringLiteral("chkShortNames"));
     shortNames_->setToolTip(tr("ID instead of BOOKS_ID, where that is free; the key stays BOOKS_ID"));
     connect(shortNames_, &QCheckBox::clicked, this, [this](bool on) { logic_.ShortNames = on; });
-    form->addRow(shortNames_);
+    auto* line = new QHBoxLayout;
+    line->addWidget(lblColor_);
+    line->addStretch();
+    line->addWidget(shortNames_);
+    QLabel* colour = newCaption(tr("Selected Node Applied Color:"), this);
+    colour->setBuddy(lblColor_);
+    form->addRow(colour, line);
 
     auto* row = new QHBoxLayout;
     txtSQL_ = newField(QStringLiteral("txtSQL"), this);
@@ -193,6 +249,7 @@ void OptionsWindow::showState() {
         const bool told = logic_.Problems.test(static_cast<std::size_t>(row));
         problems_->item(row)->setCheckState(told ? Qt::Checked : Qt::Unchecked);
     }
+    showFunctions();
     missing_->setVisible(!logic_.hasScript());
 }
 

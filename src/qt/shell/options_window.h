@@ -9,8 +9,10 @@
 class QCheckBox;
 class QFormLayout;
 class QGridLayout;
+class QGroupBox;
 class QLineEdit;
 class QListWidget;
+class QTableWidget;
 
 namespace orvent::qt {
 
@@ -22,10 +24,12 @@ class OptionsWindow : public FormWindow {
     explicit OptionsWindow(shell::OptionsForm& logic, QWidget* parent = nullptr);
 
   private:
-    void buildSizes();
-    void buildZoom();
+    QGroupBox* newSizes();
+    QGroupBox* newZoom();
+    QGroupBox* newProblems();
+    QGroupBox* newFunctions();
     void buildRest();
-    void buildProblems();
+    void showFunctions();
     QDoubleSpinBox* newNumber(std::size_t index);
     void showState();
 
@@ -34,6 +38,7 @@ class OptionsWindow : public FormWindow {
     QPushButton* lblColor_ = nullptr;
     QLineEdit* txtSQL_ = nullptr;
     QListWidget* problems_ = nullptr;
+    QTableWidget* functions_ = nullptr;
     QCheckBox* shortNames_ = nullptr;
     QAction* missing_ = nullptr;  ///< marks a script that is not there
 };
