@@ -111,10 +111,10 @@ class ProgramBuilder {
             add(nameFindings(form_, node));
             std::vector<Feed>& feeds = feeds_[placeOf(node.Index())];
             if (const entities::ActivityProperties* activity = node.activity()) {
-                for (const statements::LDLSource& source : statements::sourcesOf(*activity)) {
-                    feeds.push_back({form_.nodeNamed(source.Source), {}});
-                    for (const AttributeProperties& input : source) {
-                        feeds.back().columns.push_back(&input);
+                for (const statements::SourceInputs& source : statements::sourceInputsOf(*activity)) {
+                    feeds.push_back({form_.nodeNamed(*source.name), {}});
+                    for (const int position : source.inputs) {
+                        feeds.back().columns.push_back(activity->Act_Inputs.peek()->Item(position));
                     }
                 }
                 statements_[placeOf(node.Index())] = activityProgram(sources_, node);

@@ -85,7 +85,7 @@ void Spellings::addCut(const std::vector<std::string>& spelt, std::size_t first)
 
 void Spellings::addSources() {
     int k = 0;
-    for (const statements::LDLSource& source : statements::sourcesOf(activity_)) {
+    for (const statements::SourceInputs& source : statements::sourceInputsOf(activity_)) {
         const std::string number = std::to_string(++k);
         const std::string token = "A_IN" + number;
         const Word name{WordKind::name, small_ + "_in" + number, reference::source(k)};
@@ -94,7 +94,8 @@ void Spellings::addSources() {
         sources_.emplace_back();
         const std::size_t first = values_.size();
         std::vector<std::string> spelt;
-        for (const AttributeProperties& input : source) {
+        for (const int position : source.inputs) {
+            const AttributeProperties& input = *activity_.Act_Inputs.peek()->Item(position);
             const std::size_t column = sources_.back().size();
             sources_.back().push_back(&input);
             spelt.push_back(activity_.Act_Name + "_IN" + number + "_" + input.Attribute_Name);

@@ -1,5 +1,7 @@
 #include "statements/ldl_sources.h"
 
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace orvent::statements {
@@ -20,18 +22,36 @@ LDLSource& LDLsourceColl::Add(const std::string& name) {
     return append(std::move(source), name);
 }
 
+std::vector<SourceInputs> sourceInputsOf(const entities::ActivityProperties& activity) {
+    std::vector<SourceInputs> sources;
+    std::unordered_map<std::string_view, std::size_t> places;
+    std::size_t place = 0;  // of the source that was met last
+    int position = 0;
+    for (const entities::AttributeProperties& input : activity.Act_Inputs) {
+        ++position;
+        for (const entities::ProviderProperties& link : input.ProvidedFrom) {
+            if (sources.empty() || *sources[place].name != link.Provider_Name) {
+                place = places.emplace(link.Provider_Name, sources.size()).first->second;
+            }
+            if (place == sources.size()) {
+                sources.push_back({&link.Provider_Name, link.Provider_Type, {}});
+            }
+            std::vector<int>& inputs = sources[place].inputs;
+            if (inputs.empty() || inputs.back() != position) {
+                inputs.push_back(position);
+            }
+        }
+    }
+    return sources;
+}
+
 LDLsourceColl sourcesOf(const entities::ActivityProperties& activity) {
     LDLsourceColl sources;
-    const entities::Act_InputsCollection* inputs = activity.Act_Inputs.peek();
-    for (int position = 1; position <= activity.Act_Inputs.count(); ++position) {
-        const std::shared_ptr<const entities::AttributeProperties> input = inputs->share(position);
-        for (const entities::ProviderProperties& link : input->ProvidedFrom) {
-            LDLSource* source = sources.Source(link.Provider_Name);
-            if (!source) {
-                source = &sources.Add(link.Provider_Name);
-                source->SourceType = link.Provider_Type;
-            }
-            source->Add(input);
+    for (const SourceInputs& one : sourceInputsOf(activity)) {
+        LDLSource& source = sources.Add(*one.name);
+        source.SourceType = one.type;
+        for (const int position : one.inputs) {
+            source.Add(activity.Act_Inputs.peek()->share(position));
         }
     }
     return sources;

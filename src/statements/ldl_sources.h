@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "canvas/canvas.h"
 #include "entities/nodes.h"
@@ -34,7 +35,17 @@ class LDLsourceColl : public entities::KeyedCollection<LDLSource> {
     LDLSource* Source(const std::string& key) { return Item(key); }
 };
 
+/// A source of an activity and the inputs that it provides, in the order of the activity's inputs.
+struct SourceInputs {
+    const std::string* name;
+    entities::LinkType type;  ///< as in `LDLSource`
+    std::vector<int> inputs;  ///< their positions, from 1
+};
+
 /// The sources of the activity in order of first appearance. An input without a provider belongs to none.
+std::vector<SourceInputs> sourceInputsOf(const entities::ActivityProperties& activity);
+
+/// The same as collections.
 LDLsourceColl sourcesOf(const entities::ActivityProperties& activity);
 
 /// The attribute at a 0-based position of the record set that the canvas shows under that name, or nothing.

@@ -83,10 +83,10 @@ class Fit {
   public:
     explicit Fit(const entities::ActivityProperties& activity)
         : text_(activity.Act_LDL), name_(activity.Act_Name), small_(FirstCapitalReplacer(activity.Act_Name)) {
-        for (const LDLSource& source : sourcesOf(activity)) {
-            sources_.push_back({source.Source, {}});
-            for (const entities::AttributeProperties& input : source) {
-                sources_.back().inputs.add(input.Attribute_Name);
+        for (const SourceInputs& source : sourceInputsOf(activity)) {
+            sources_.push_back({*source.name, {}});
+            for (const int position : source.inputs) {
+                sources_.back().inputs.add(activity.Act_Inputs.peek()->Item(position)->Attribute_Name);
             }
         }
         for (const entities::AttributeProperties& output : activity.Act_Outputs) {
