@@ -100,18 +100,6 @@ class ScriptWriter {
         }
     }
 
-    bool isOverwritten(const entities::RecordSetProperties& recordSet) const {
-        for (const entities::AttributeProperties& column : recordSet.RecordSet_Outputs) {
-            for (const entities::ProviderProperties& link : column.ProvidedFrom) {
-                const canvas::LabelsD* from = form_.nodeNamed(link.Provider_Name);
-                if (from && from->activity() && options_.overwrites && options_.overwrites(*from->activity())) {
-                    return true;
-                }
-            }
-        }
-        return false;
-    }
-
     void findTargets() {
         for (const Query& query : compiled_.queries) {
             const Predicate& predicate = program_.predicates[query.predicate];
@@ -119,9 +107,12 @@ class ScriptWriter {
                 continue;
             }
             const entities::RecordSetProperties& recordSet = *form_.Labels.byIndex(predicate.node)->recordSet();
-            Target target{&tableOf(query),          rows_.tableOf(recordSet, true),
-                          recordSet.RecordSet_Name, "",
-                          isOverwritten(recordSet), {}};
+            Target target{&tableOf(query),
+                          rows_.tableOf(recordSet, true),
+                          recordSet.RecordSet_Name,
+                          "",
+                          isOverwritten(form_, recordSet, options_),
+                          {}};
             if (!target.table.why.empty() || predicate.columns.empty()) {
                 add("Not loaded: " + target.name + ", as " +
                         (predicate.columns.empty() ? "it has no columns" : target.table.why) + ".",
@@ -175,6 +166,19 @@ class ScriptWriter {
 };
 
 }  // namespace
+
+bool isOverwritten(const canvas::Canvas& form, const entities::RecordSetProperties& recordSet,
+                   const ScriptOptions& options) {
+    for (const entities::AttributeProperties& column : recordSet.RecordSet_Outputs) {
+        for (const entities::ProviderProperties& link : column.ProvidedFrom) {
+            const canvas::LabelsD* from = form.nodeNamed(link.Provider_Name);
+            if (from && from->activity() && options.overwrites && options.overwrites(*from->activity())) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
 
 std::vector<ScriptPart> scriptParts(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                                     const Dialect& dialect, const ScriptOptions& options) {

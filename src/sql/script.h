@@ -18,6 +18,10 @@ struct ScriptOptions {
     std::function<bool(const entities::ActivityProperties&)> overwrites{};
 };
 
+/// Whether the rows that come into a record set take the place of what it holds.
+bool isOverwritten(const canvas::Canvas& form, const entities::RecordSetProperties& recordSet,
+                   const ScriptOptions& options);
+
 /// A part of a script: a line that tells what it is about, a statement without the sign that ends it, or both.
 struct ScriptPart {
     std::string comment;
