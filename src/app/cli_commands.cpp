@@ -115,6 +115,10 @@ ExitCode exportScenario(CliSession& session, const shell::Exporter& exporter, co
     services.TransDepth = options.depth.value_or(services.TransDepth);
     services.dialect = sql::dialectNamed(options.dialect);
     services.keepDuplicates = options.keepDuplicates;
+    if (exporter.files) {
+        shell::writeExport(exporter, form, services, options.output);
+        return ExitCode::done;
+    }
     const bool asJson = options.json && exporter.name == shell::kMetricsExporter;
     write(options, out, asJson ? metricsJson(form, services) : exporter.text(form, services));
     return ExitCode::done;

@@ -130,7 +130,11 @@ class CommandLine {
                                     return exportScenario(session, exporter, options, out);
                                 });
         addScenario(command, kStoredOrFile);
-        addOutput(command);
+        if (exporter.files) {
+            command.add_option("-o,--output", options_.output, "The folder to write")->required()->type_name("FOLDER");
+        } else {
+            addOutput(command);
+        }
         if (exporter.needs == shell::Exporter::Needs::depth) {
             command.add_option("--depth", options_.depth, "How many steps the walks take at most")
                 ->check(CLI::Range(0, 32767).description(""))

@@ -65,6 +65,9 @@ class DrawForm : public CanvasForm {
     /// The caption as it was before the scenario dialog changed it; put back when that save is given up.
     std::string KeptCaption;
 
+    /// Rows of its program are bags: equal ones stay. It is no part of what a save stores.
+    bool KeepDuplicates = false;
+
     /// The LDL text gathered so far; empty but after a file that could not be written.
     std::string txtLDL;
 

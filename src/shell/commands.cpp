@@ -42,6 +42,7 @@ constexpr std::array kFile = {
     item("ExportTxtM", "Export To Text", exportText, designWindow, "export-text", "Ctrl+E"),
     item("ExportProgramM", "Export Program", exportProgram, designWindow, "", ""),
     item("ExportSqlM", "Export SQL...", exportSql, designWindow, "", ""),
+    item("ExportDbtM", "Export dbt Project...", exportDbt, designWindow, "", ""),
     separator(anyWindow),
     item("OpenFileM", "Open File...", openFile, anyWindow, "open", "Ctrl+Shift+O"),
     item("ExportFileM", "Export To File...", exportFile, designWindow, "", "Ctrl+Shift+E"),

@@ -22,6 +22,7 @@ enum class Command {
     exportText,
     exportProgram,
     exportSql,
+    exportDbt,
     openFile,
     exportFile,
     openRecent,

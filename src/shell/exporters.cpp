@@ -1,6 +1,8 @@
 #include "shell/exporters.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
 #include "analysis/metrics_text.h"
 #include "analysis/text_export.h"
@@ -16,7 +18,7 @@ namespace {
 
 using Needs = Exporter::Needs;
 
-std::string sqlText(const canvas::DrawForm& form, const ExportServices& services) {
+sql::ScriptOptions scriptOptions(const ExportServices& services) {
     sql::ScriptOptions options;
     options.keepDuplicates = services.keepDuplicates;
     options.functions = services.functions;
@@ -25,8 +27,55 @@ std::string sqlText(const canvas::DrawForm& form, const ExportServices& services
         return activity.Act_Type >= 0 && services.consumerSemantics &&
                services.consumerSemantics(activity.Act_Type) == kOverwrite;
     };
-    const sql::Dialect& dialect = services.dialect ? *services.dialect : *sql::dialectNamed("ansi");
-    return sql::scriptText(sql::scriptParts(form, services.catalogue, dialect, options));
+    return options;
+}
+
+const sql::Dialect& dialectOf(const ExportServices& services) {
+    return services.dialect ? *services.dialect : *sql::dialectNamed("ansi");
+}
+
+std::string sqlText(const canvas::DrawForm& form, const ExportServices& services) {
+    return sql::scriptText(sql::scriptParts(form, services.catalogue, dialectOf(services), scriptOptions(services)));
+}
+
+std::vector<sql::ProjectFile> dbtFiles(const canvas::DrawForm& form, const ExportServices& services) {
+    return sql::dbtProject(form, services.catalogue, dialectOf(services), scriptOptions(services));
+}
+
+constexpr const char* kFileList = "orvent-files.txt";
+
+/// What an earlier writing put into the folder; never what lies outside of it.
+std::vector<std::string> writtenBefore(const std::filesystem::path& folder) {
+    std::vector<std::string> result;
+    std::ifstream list(folder / kFileList);
+    for (std::string line; std::getline(list, line);) {
+        const std::filesystem::path path(line);
+        const bool within =
+            path.is_relative() && std::none_of(path.begin(), path.end(), [](const auto& part) { return part == ".."; });
+        if (within && !line.empty()) {
+            result.push_back(line);
+        }
+    }
+    return result;
+}
+
+void writeFolder(const std::filesystem::path& folder, const std::vector<sql::ProjectFile>& files) {
+    const std::vector<std::string> before = writtenBefore(folder);
+    std::string list;
+    for (const sql::ProjectFile& file : files) {
+        const std::filesystem::path path = folder / file.path;
+        std::error_code failed;
+        std::filesystem::create_directories(path.parent_path(), failed);
+        platform::writeFile(path.string(), file.text);
+        list += file.path + "\n";
+    }
+    platform::writeFile((folder / kFileList).string(), list);
+    for (const std::string& path : before) {
+        if (std::ranges::find(files, path, &sql::ProjectFile::path) == files.end()) {
+            std::error_code failed;
+            std::filesystem::remove(folder / path, failed);
+        }
+    }
 }
 
 constexpr Exporter kExporters[] = {
@@ -48,6 +97,9 @@ constexpr Exporter kExporters[] = {
      "the checked program as SQL: a view of each activity in the order of the flow, and the statements that load the "
      "targets",
      ".sql", Needs::dialect, sqlText},
+    {kDbtExporter,
+     "a dbt project: a folder with a model of each activity and each record set that is fed, their sources and tests",
+     "_dbt", Needs::dialect, nullptr, dbtFiles},
     {kMetricsExporter, "the metrics of every node, as a table with commas", ".csv", Needs::depth,
      [](const canvas::DrawForm& form, const ExportServices& services) {
          analysis::MetricsViews views;
@@ -65,19 +117,6 @@ std::function<std::int16_t(std::int16_t)> consumerSemanticsOf(exchange::TypeCata
     };
 }
 
-bool askDialect(ExportServices& services, platform::InputBox& input, platform::MessageBox& messages) {
-    std::string names;
-    for (const sql::Dialect& dialect : sql::dialects()) {
-        names += (names.empty() ? "" : ", ") + std::string(dialect.name);
-    }
-    const std::string name = input.ask("For which database: " + names + "?", "Export SQL", "postgresql");
-    services.dialect = sql::dialectNamed(platform::lowerCase(platform::trimmed(name)));
-    if (!services.dialect && !name.empty()) {
-        messages.tell("\"" + name + "\" is none of " + names + ".", "", platform::Icon::warning);
-    }
-    return services.dialect != nullptr;
-}
-
 std::span<const Exporter> exporters() {
     return kExporters;
 }
@@ -88,6 +127,15 @@ const Exporter& exporterNamed(std::string_view name) {
         throw platform::Fault("Nothing is written as \"" + std::string(name) + "\".");
     }
     return *found;
+}
+
+void writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
+                 const std::string& path) {
+    if (exporter.files) {
+        writeFolder(path, exporter.files(form, services));
+    } else {
+        platform::writeFile(path, exporter.text(form, services));
+    }
 }
 
 }  // namespace orvent::shell

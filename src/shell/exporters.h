@@ -5,13 +5,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
 #include "exchange/type_catalogue.h"
 #include "platform/dialogs.h"
-#include "sql/dialect.h"
-#include "sql/own_functions.h"
+#include "sql/dbt_project.h"
 
 namespace orvent::shell {
 
@@ -37,23 +37,28 @@ struct Exporter {
 
     std::string_view name;    ///< the word that asks for it
     std::string_view words;   ///< what is written, in a line of help
-    std::string_view suffix;  ///< of the file
+    std::string_view suffix;  ///< of the file or the folder
     Needs needs;
     /// The whole text. It asks nothing, and changes nothing. Throws a `Fault` when the scenario does not fit together.
     std::string (*text)(const canvas::DrawForm& form, const ExportServices& services);
+    /// The same of what is no text but a folder; null as a rule.
+    std::vector<sql::ProjectFile> (*files)(const canvas::DrawForm& form, const ExportServices& services) = nullptr;
 };
 
 inline constexpr std::string_view kTextExporter = "export-text";
 inline constexpr std::string_view kLdlExporter = "ldl";
 inline constexpr std::string_view kProgramExporter = "program";
 inline constexpr std::string_view kSqlExporter = "sql";
+inline constexpr std::string_view kDbtExporter = "dbt";
 inline constexpr std::string_view kMetricsExporter = "metrics";
-
-/// Asks which database a text is for. False when nothing was chosen; a name that is none is told.
-bool askDialect(ExportServices& services, platform::InputBox& input, platform::MessageBox& messages);
 
 std::span<const Exporter> exporters();
 /// The one of that name. Throws a `Fault` when there is none.
 const Exporter& exporterNamed(std::string_view name);
+
+/// Writes what the exporter makes to a file or a folder of that path. A folder loses the files that an earlier writing
+/// put there and this one does not; all others stay. Throws a `Fault`.
+void writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
+                 const std::string& path);
 
 }  // namespace orvent::shell

@@ -98,6 +98,7 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
         options.problems.set(static_cast<std::size_t>(row.kind), store.value("Problems", row.word, kYes) == kYes);
     }
     options.functions = sql::OwnFunctions::ofText(store.value("General", "SqlFunctions", ""));
+    options.SqlDialect = store.value("General", "SqlDialect", standard.SqlDialect);
     options.LogPath = store.value("General", "LogPath", folder.root().string());
     return numbers.fault();
 }

@@ -21,12 +21,13 @@ struct OptionsData {
     zoom::ZoomSight sight;
     analysis::ProblemKinds problems = analysis::everyProblem();  ///< those that are told
     std::int16_t TransDepth = 10;
-    bool WholeNumbers = false;    ///< the wizard reads the numbers of tokens whole
-    bool ShortNames = false;      ///< new members of activities bear the bare names of their sources
-    sql::OwnFunctions functions;  ///< what calls are in SQL
-    std::string LogPath;          ///< folder proposed for an activity's log
-    std::string HelpFile;         ///< program folder + "\ORVENTII.chm"
-    std::string DefaultScript;    ///< program folder + "\ORVENTII.sql"
+    bool WholeNumbers = false;              ///< the wizard reads the numbers of tokens whole
+    bool ShortNames = false;                ///< new members of activities bear the bare names of their sources
+    sql::OwnFunctions functions;            ///< what calls are in SQL
+    std::string SqlDialect = "postgresql";  ///< for which SQL was exported last
+    std::string LogPath;                    ///< folder proposed for an activity's log
+    std::string HelpFile;                   ///< program folder + "\ORVENTII.chm"
+    std::string DefaultScript;              ///< program folder + "\ORVENTII.sql"
 };
 
 /// Reads all keys of the store into `options`. Missing keys give the defaults. A stored number that is none leaves its

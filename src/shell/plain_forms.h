@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,14 @@ struct ShortcutsForm {};
 struct EdgeChangesForm {
     const links::EdgeChanges& changes;
     int chosen = -1;  ///< the row whose target to go to, from 0 on
+};
+
+/// Asks how a scenario is written in SQL.
+struct ExportSqlForm {
+    std::string title;
+    std::size_t dialect = 0;      ///< its place in `sql::dialects()`
+    bool keepDuplicates = false;  ///< bags of rows are meant
+    bool chosen = false;          ///< it is to be written
 };
 
 /// Shows which statements are not whole or do not fit, and what is not fed.

@@ -24,7 +24,7 @@ class Exporters : public ::testing::Test {
     testkit::TestFrame frame{repository};
 };
 
-TEST_F(Exporters, EachHasANameOfItsOwnAndATextForAnEmptyScenario) {
+TEST_F(Exporters, EachHasANameOfItsOwnAndWritesAnEmptyScenario) {
     const std::map<std::string_view, std::string> empty = {
         {"ldl", "\r\n"},
         {"export-text", "0;0\r\n"},
@@ -34,7 +34,9 @@ TEST_F(Exporters, EachHasANameOfItsOwnAndATextForAnEmptyScenario) {
          "ENTITY NAME,Local_IN,Local_OUT,Local_DEGREE,Trans_IN,Trans_OUT,Trans_DEGREE,Total_IN,Total_OUT,"
          "Total_DEGREE\nSum,0,0,0,0,0,0,0,0,0\nAverage,-----,-----,-----,-----,-----,-----,-----,-----,-----\n"},
     };
-    ASSERT_EQ(exporters().size(), empty.size());
+    ASSERT_EQ(exporters().size(), empty.size() + 1);
+    EXPECT_EQ(
+        exporterNamed(kDbtExporter).files(form(), {frame.frame.catalogue().tables, repository.progress, 3}).size(), 5U);
     for (const auto& [name, text] : empty) {
         EXPECT_EQ(exporterNamed(name).text(form(), {frame.frame.catalogue().tables, repository.progress, 3}), text)
             << name;
@@ -65,19 +67,55 @@ TEST_F(Exporters, SqlIsForTheDatabaseThatIsNamed) {
     graph.feed("R.ID", "A.IN.ID");
     graph.feed("A.OUT.ID", "T.ID");
     const std::string file = (repository.folder.path() / "Sales.sql").string();
+    std::vector<ExportSqlForm> told;
+    const auto choose = [&](const char* dialect, bool duplicates, bool chosen) {
+        frame.host.atExportSql = [&, dialect, duplicates, chosen](ExportSqlForm& question) {
+            const auto dialects = sql::dialects();
+            told.push_back(question);
+            question.dialect =
+                static_cast<std::size_t>(std::ranges::find(dialects, dialect, &sql::Dialect::name) - dialects.begin());
+            question.keepDuplicates = duplicates;
+            question.chosen = chosen;
+        };
+    };
     for (const char* type : {"Loader Overwrite", "Selection"}) {
         activity.Act_Type = frame.frame.catalogue().ActivityTypeIndex(type);
         repository.messages.expect(file + " Created");
-        repository.input.expect("For which database: sqlite, postgresql, mariadb, oracle, ansi?", "Export SQL",
-                                "postgresql", " MariaDB");
+        choose("mariadb", true, true);
         frame.frame.run(Command::exportSql);
         const std::string text = testkit::fileText(file);
         EXPECT_EQ(text.find("-- The scenario Sales for MariaDB.\n"), 0U) << text;
+        EXPECT_EQ(text.find("DISTINCT"), std::string::npos) << text;
         EXPECT_EQ(text.find("DELETE FROM `T`;") != std::string::npos, type == std::string("Loader Overwrite")) << text;
     }
-    repository.input.expect("For which database: sqlite, postgresql, mariadb, oracle, ansi?", "Export SQL",
-                            "postgresql", "");
+    choose("oracle", false, false);
     frame.frame.run(Command::exportSql);
+
+    // A project keeps what others put beside it, and loses what it has no longer.
+    const std::string folder = (repository.folder.path() / "Sales_dbt").string();
+    choose("ansi", false, true);
+    repository.messages.expect(folder + " Created");
+    frame.frame.run(Command::exportDbt);
+    platform::writeFile(folder + "/models/mine.sql", "SELECT 1");
+    EXPECT_NE(testkit::fileText(folder + "/models/a.sql").find("{{ source('db', 'R') }}"), std::string::npos);
+    platform::writeFile(repository.folder.path() / "outside", "x");
+    platform::writeFile(folder + "/orvent-files.txt", testkit::fileText(folder + "/orvent-files.txt") + "../outside\n");
+    activity.Act_LDL = "";
+    repository.messages.expect(folder + " Created");
+    frame.frame.run(Command::exportDbt);
+    EXPECT_EQ(testkit::fileText(folder + "/models/a.sql"), "(no file)");
+    EXPECT_NE(testkit::fileText(folder + "/dbt_project.yml").find("# Not here: A, as "), std::string::npos);
+    EXPECT_EQ(testkit::fileText(folder + "/models/mine.sql"), "SELECT 1");
+    EXPECT_EQ(testkit::fileText(repository.folder.path() / "outside"), "x");
+
+    ASSERT_EQ(told.size(), 5U);
+    EXPECT_EQ(sql::dialects()[told[0].dialect].name, "postgresql");
+    EXPECT_FALSE(told[0].keepDuplicates);
+    EXPECT_EQ(sql::dialects()[told[2].dialect].name, "mariadb") << "as it was chosen last";
+    EXPECT_TRUE(told[2].keepDuplicates);
+    EXPECT_EQ(sql::dialects()[told[3].dialect].name, "mariadb") << "nothing was chosen";
+    EXPECT_EQ(sql::dialects()[told[4].dialect].name, "ansi");
+    EXPECT_FALSE(told[4].keepDuplicates);
 }
 
 TEST_F(Exporters, TheMenuWritesIntoTheDataFolderOrNothing) {

@@ -296,7 +296,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"SaveScenarioAsM SaveChangesM DeleteScenarioM", {saveScenarioAs, saveScenario, deleteScenario}},
         {"PrintScenarioM PrintZoomM PrintPreviewM", {printScenario, printScenario, printPreview}},
         {"ExportTxtM CloseScenarioM CloseZoomingM LoginM", {exportText, closeScenario, closeScenario, login}},
-        {"ExportProgramM ExportSqlM", {exportProgram, exportSql}},
+        {"ExportProgramM ExportSqlM ExportDbtM", {exportProgram, exportSql, exportDbt}},
         {"OpenFileM ExportFileM OpenRecentM EarlierStatesM", {openFile, exportFile, openRecent, earlierStates}},
         {"StepBackM StepForwardM", {stepBack, stepForward}},
         {"CutM CopyM PasteM DuplicateM", {cutNodes, copyNodes, pasteNodes, duplicateNodes}},

@@ -37,6 +37,7 @@ class FakeFrameHost : public shell::FrameHost {
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
         dialogs_.add<exchange::MissingTypesForm>([this](auto& question) { atMissingTypes(question); });
         dialogs_.add<shell::RecoveryForm>([this](auto& left) { atRecovery(left); });
+        dialogs_.add<shell::ExportSqlForm>([this](auto& question) { atExportSql(question); });
         dialogs_.add<shell::EarlierForm>([this](auto& states) { atEarlier(states); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
         dialogs_.add<shell::EdgeChangesForm>([this](auto& list) { atEdgeChanges(list); });
@@ -54,6 +55,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(exchange::MissingTypesForm&)> atMissingTypes;
     std::function<void(shell::RecoveryForm&)> atRecovery;
     std::function<void(shell::EarlierForm&)> atEarlier;
+    std::function<void(shell::ExportSqlForm&)> atExportSql;
     std::function<void()> atCommands;
     bool placed = false;
     int maximized = 0;

@@ -22,6 +22,7 @@
 #include "qt/shell/desk_window.h"
 #include "qt/shell/earlier_window.h"
 #include "qt/shell/edge_changes_window.h"
+#include "qt/shell/export_sql_window.h"
 #include "qt/shell/missing_types_window.h"
 #include "qt/shell/options_window.h"
 #include "qt/shell/recovery_window.h"
@@ -136,6 +137,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
     add<exchange::MissingTypesForm, MissingTypesWindow>(dialogs, frame);
     add<shell::RecoveryForm, RecoveryWindow>(dialogs, frame);
     add<shell::EarlierForm, EarlierWindow>(dialogs, frame);
+    add<shell::ExportSqlForm, ExportSqlWindow>(dialogs, frame);
     add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
     add<shell::AboutForm, AboutForm>(dialogs, frame);
 }
