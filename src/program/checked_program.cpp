@@ -200,15 +200,17 @@ class ProgramBuilder {
         Literal source;
         source.atom.tag = readOf(*feed.from, node);
         source.atom.name = program_.predicates[placeOf(source.atom.tag)].name;
-        std::map<const AttributeProperties*, std::size_t> places;
+        std::vector<std::pair<const AttributeProperties*, std::size_t>> places;
         for (const AttributeProperties& column : from) {
-            places.emplace(&column, places.size());
+            places.emplace_back(&column, places.size());
         }
+        std::sort(places.begin(), places.end());
         std::vector<Term>& values = source.atom.arguments;
         values.resize(places.size());
         std::vector<Literal> equalities;
         for (std::size_t at = 0; at < feed.columns.size(); ++at) {
-            const Term own = variable(head.name + "_" + columns[at].name);
+            Term own = variable(head.name + "_" + columns[at].name);
+            own.tag = static_cast<int>(at);
             Term given;
             for (const entities::ProviderProperties& link : feed.columns[at]->ProvidedFrom) {
                 const AttributeProperties* end =
@@ -216,8 +218,8 @@ class ProgramBuilder {
                     : feed.from->recordSet()
                         ? links::attributeUnder(*feed.from->recordSet(), link.Provider_Key())
                         : links::attributeUnder(*feed.from->activity(), entities::KindOutput, link.Provider_Key());
-                const auto place = places.find(end);
-                if (place == places.end()) {
+                const auto place = std::lower_bound(places.begin(), places.end(), std::pair(end, std::size_t{0}));
+                if (place == places.end() || place->first != end) {
                     continue;
                 }
                 Term& value = values[place->second];

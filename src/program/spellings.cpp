@@ -70,8 +70,9 @@ int Spellings::addValue(const NamedValue& value) {
 
 void Spellings::addToken(std::string token, const std::string& spelling, Word word) {
     passes_ = passes_ || holdsToken(spelling);
-    words_.add(spelling, word);
-    tokens_.push_back({std::move(token), std::move(word)});
+    if (const Word* known = words_.add(spelling, std::move(word))) {
+        tokens_.push_back({std::move(token), known});
+    }
 }
 
 /// Where numbers of tokens are not read whole, the tenth is the first with a "0" behind it.
@@ -210,7 +211,7 @@ void Spellings::addPassed() {
         std::size_t begin = 0;
         for (const Token& token : tokens_) {
             const std::size_t end = std::min(passed.find('\n', begin), passed.size());
-            words_.add(std::string_view(passed).substr(begin, end - begin), token.word);
+            words_.add(std::string_view(passed).substr(begin, end - begin), *token.word);
             begin = std::min(end + 1, passed.size());
         }
     }

@@ -48,7 +48,7 @@ class Spellings {
   private:
     struct Token {
         std::string token;
-        rules::Word word;
+        const rules::Word* word;
     };
 
     int addValue(const NamedValue& value);

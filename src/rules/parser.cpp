@@ -183,12 +183,17 @@ class Parser {
         return result;
     }
 
+    /// Whether a value begins here that is longer than the name.
+    bool goesOn(std::string_view name) const {
+        const auto found = words_.valueAt(text_, at_);
+        return found && found->length > name.size();
+    }
+
     Literal literal() {
         Literal result;
         skip();
         const std::string_view name = run();
-        const auto found = words_.valueAt(text_, at_);
-        if (name == "not" && !bracketBehind(name.size()) && !(found && found->length > name.size())) {
+        if (name == "not" && !bracketBehind(name.size()) && !goesOn(name)) {
             at_ += name.size();
             skip();
             if (!isAtom()) {
@@ -237,7 +242,6 @@ class Parser {
         result.kind = TermKind::aggregate;
         result.place = here();
         const std::size_t begin = at_;
-        const auto value = words_.valueAt(text_, at_);
         if (const auto found = words_.nameAt(text_, at_); found && look(found->length) == '<') {
             const Word& word = takeWord(*found);
             result.text = word.text;
@@ -245,7 +249,7 @@ class Parser {
         } else if (const std::size_t quoted = quotedLength('`'); quoted > 0 && look(quoted) == '<') {
             result.text = takeQuoted();
         } else if (const std::string_view name = run();
-                   !value && !name.empty() && !isDigit(name[0]) && look(name.size()) == '<') {
+                   !name.empty() && !isDigit(name[0]) && look(name.size()) == '<' && !words_.valueAt(text_, at_)) {
             result.text = name;
             at_ += name.size();
         }

@@ -6,16 +6,16 @@
 
 namespace orvent::rules {
 
-void Words::add(std::string_view spelling, const Word& word) {
+const Word* Words::add(std::string_view spelling, Word word) {
     if (spelling.empty()) {
-        return;
+        return nullptr;
     }
     Table& table = tables_[word.kind == WordKind::name ? 0 : 1];
-    const auto [entry, isNew] = table.words.try_emplace(std::string(spelling), word);
+    const auto [entry, isNew] = table.words.try_emplace(std::string(spelling), std::move(word));
     if (!isNew) {
-        const Word& known = entry->second;
-        entry->second.ambiguous |= known.kind != word.kind || known.text != word.text || known.tag != word.tag;
-        return;
+        Word& known = entry->second;
+        known.ambiguous |= known.kind != word.kind || known.text != word.text || known.tag != word.tag;
+        return &known;
     }
     if (!std::all_of(spelling.begin(), spelling.end(), isNameLetter)) {
         const auto place =
@@ -24,6 +24,7 @@ void Words::add(std::string_view spelling, const Word& word) {
             table.oddLengths.insert(place, spelling.size());
         }
     }
+    return &entry->second;
 }
 
 const Word* Words::Table::find(std::string_view spelling) const {

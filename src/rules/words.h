@@ -34,8 +34,9 @@ class Words {
     /// What these words do not hold is looked for in `beyond`, which outlives them.
     explicit Words(const Words* beyond = nullptr) : beyond_(beyond) {}
 
-    /// An empty spelling is none. A second meaning makes the word ambiguous.
-    void add(std::string_view spelling, const Word& word);
+    /// An empty spelling is none. A second meaning makes the word ambiguous. Gives the word of that spelling, which
+    /// stays where it is; null for none.
+    const Word* add(std::string_view spelling, Word word);
 
     /// Gives the word that a text before "(" is, or nothing; the word outlives these words.
     using Ask = std::function<const Word*(std::string_view)>;

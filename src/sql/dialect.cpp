@@ -237,11 +237,14 @@ std::string Dialect::say(Phrase which, const std::vector<std::string>& parts) co
 }
 
 std::string Dialect::quoted(std::string_view identifier) const {
-    std::string result(1, quote);
-    for (const char c : identifier) {
-        result.append(c == quote ? 2 : 1, c);
+    std::string result;
+    result.reserve(identifier.size() + 2);
+    result += quote;
+    result += identifier;
+    for (std::size_t at = result.find(quote, 1); at != std::string::npos; at = result.find(quote, at + 2)) {
+        result.insert(at, 1, quote);
     }
-    return result + quote;
+    return result += quote;
 }
 
 const Function* Dialect::function(std::string_view name_, std::size_t inputs) const {

@@ -1,8 +1,8 @@
 #include "sql/rule_query.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "platform/text.h"
@@ -29,18 +29,40 @@ std::string listed(const std::vector<std::string>& parts, const char* between) {
 /// What the variables of a rule are, in the order in which they got their values. The rule outlives it.
 class BoundValues {
   public:
-    const Value* find(std::string_view variable) const {
-        const auto place = places_.find(variable);
-        return place == places_.end() ? nullptr : &values_[place->second];
+    /// The place of its value in `all`, or nothing.
+    std::optional<std::size_t> placeOf(const Term& variable) const {
+        if (variable.tag >= 0) {
+            const auto tag = static_cast<std::size_t>(variable.tag);
+            return tag < tagged_.size() ? tagged_[tag] : std::nullopt;
+        }
+        const auto place = named_.find(variable.text);
+        return place == named_.end() ? std::nullopt : std::optional(place->second);
     }
-    void add(std::string_view variable, Value value) {
-        places_.emplace(variable, values_.size());
+    const Value* find(const Term& variable) const {
+        const auto place = placeOf(variable);
+        return place ? &values_[*place] : nullptr;
+    }
+    /// Only of a variable that has no value yet.
+    void add(const Term& variable, Value value) {
+        addSame(variable, values_.size());
         values_.push_back(std::move(value));
+    }
+    /// The variable is the same as one that has a value.
+    void addSame(const Term& variable, std::size_t place) {
+        if (variable.tag < 0) {
+            named_.emplace(variable.text, place);
+            return;
+        }
+        const auto tag = static_cast<std::size_t>(variable.tag);
+        tagged_.resize(std::max(tagged_.size(), tag + 1));
+        tagged_[tag] = place;
     }
     const std::vector<Value>& all() const { return values_; }
 
   private:
-    std::unordered_map<std::string_view, std::size_t> places_;
+    // Most variables are known by their tags, whose names need not be looked at.
+    std::vector<std::optional<std::size_t>> tagged_;
+    std::unordered_map<std::string_view, std::size_t> named_;
     std::vector<Value> values_;
 };
 
@@ -80,14 +102,21 @@ class QueryWriter {
     const Table& target() const { return around_.tables[static_cast<std::size_t>(rule_.rule.head.tag)]; }
 
     bool isBound(const Term& term) const {
-        return (term.kind != TermKind::variable || bound_.find(term.text)) &&
+        return (term.kind != TermKind::variable || bound_.find(term)) &&
                std::all_of(term.parts.begin(), term.parts.end(), [this](const Term& part) { return isBound(part); });
+    }
+
+    std::optional<std::size_t> placeOf(const Term& term) const {
+        return term.kind == TermKind::variable ? bound_.placeOf(term) : std::nullopt;
     }
 
     Value valueOf(const Term& term, Family beside = Family::unknown) const {
         switch (term.kind) {
             case TermKind::variable:
-                return bound_.find(term.text) ? *bound_.find(term.text) : values_.null(beside);
+                if (const Value* bound = bound_.find(term)) {
+                    return *bound;
+                }
+                return values_.null(beside);
             case TermKind::number:
             case TermKind::constant:
                 return values_.plain(term, beside);
@@ -113,8 +142,8 @@ class QueryWriter {
             const Term& term = atom.arguments[at];
             Value column{dialect_.quoted(table.columns[at]), table.families[at]};
             column.sql.insert(0, alias + ".");
-            if (binds && term.kind == TermKind::variable && !bound_.find(term.text)) {
-                bound_.add(term.text, std::move(column));
+            if (binds && term.kind == TermKind::variable && !bound_.find(term)) {
+                bound_.add(term, std::move(column));
                 continue;
             }
             if (binds && term.kind == TermKind::arithmetic) {
@@ -166,15 +195,21 @@ class QueryWriter {
 
     /// Gives one variable its value by an equality or a call; false when the literal gives none by now.
     bool bindBy(const Literal& literal) {
-        const auto isNew = [this](const Term& term) {
-            return term.kind == TermKind::variable && !bound_.find(term.text);
-        };
+        const auto isNew = [this](const Term& term) { return term.kind == TermKind::variable && !bound_.find(term); };
         if (literal.kind == LiteralKind::comparison) {
             for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
                 const Term& own = literal.values[side];
                 const Term& other = literal.values[1 - side];
-                if (literal.op == "=" && isNew(own) && isBound(other)) {
-                    bound_.add(own.text, valueOf(other));
+                if (literal.op != "=" || !isNew(own)) {
+                    continue;
+                }
+                const auto same = other.kind == TermKind::variable ? bound_.placeOf(other) : std::nullopt;
+                if (same) {
+                    bound_.addSame(own, *same);
+                    return true;
+                }
+                if (other.kind != TermKind::variable && isBound(other)) {
+                    bound_.add(own, valueOf(other));
                     return true;
                 }
             }
@@ -185,7 +220,7 @@ class QueryWriter {
             !isTest(literal.atom) && !arguments.empty() && isNew(arguments.back()) &&
             std::all_of(arguments.begin(), arguments.end() - 1, [this](const Term& term) { return isBound(term); });
         if (ready) {
-            bound_.add(arguments.back().text, called(literal.atom));
+            bound_.add(arguments.back(), called(literal.atom));
         }
         return ready;
     }
@@ -253,34 +288,40 @@ class QueryWriter {
         return from + (conditions_.empty() ? "" : " WHERE " + listed(conditions_, " AND "));
     }
 
-    /// Whether two different ways to fulfil the body differ in these values.
-    bool tellsWays(const std::unordered_set<std::string>& values) const {
+    /// Whether two different ways to fulfil the body differ in the values at these places.
+    bool tellsWays(const std::vector<char>& told) const {
         return whole_ && std::all_of(atoms_.begin(), atoms_.end(), [&](const Atom* atom) {
                    return std::all_of(atom->arguments.begin(), atom->arguments.end(), [&](const Term& term) {
-                       return term.kind != TermKind::variable || values.contains(bound_.find(term.text)->sql);
+                       return term.kind != TermKind::variable || told[*bound_.placeOf(term)];
                    });
                });
     }
 
     RuleQuery plain(bool alone) const {
         RuleQuery result;
-        std::vector<std::string> columns;
-        std::unordered_set<std::string> untouched;  // values that are the same in the head
+        std::string columns;
+        std::vector<char> untouched(bound_.all().size());  // values that are the same in the head
         for (std::size_t at = 0; at < target().columns.size(); ++at) {
             const bool there = at < rule_.rule.head.arguments.size();
             const Family family = there ? target().families[at] : Family::number;
-            const Value value = there ? valueOf(rule_.rule.head.arguments[at], family) : Value{"1", Family::number};
-            const Value given = values_.as(value, family);
-            if (given.sql == value.sql) {
-                untouched.insert(value.sql);
-            }
+            const auto place = there ? placeOf(rule_.rule.head.arguments[at]) : std::nullopt;
+            Value value = place   ? bound_.all()[*place]
+                          : there ? valueOf(rule_.rule.head.arguments[at], family)
+                                  : Value{"1", Family::number};
             result.families.push_back(value.family);
-            columns.push_back(given.sql + " AS " + dialect_.quoted(target().columns[at]));
+            if (place && values_.isAs(value, family)) {
+                untouched[*place] = 1;
+            } else {
+                value = values_.as(value, family);
+            }
+            columns.append(columns.empty() ? "" : ", ").append(value.sql).append(" AS ");
+            columns += dialect_.quoted(target().columns[at]);
         }
         result.distinct = tellsWays(untouched);
         const bool fold = alone && !around_.keepDuplicates && !result.distinct;
         result.distinct = result.distinct || fold;
-        result.sql = std::string(fold ? "SELECT DISTINCT " : "SELECT ") + listed(columns, ", ") + body();
+        result.sql = fold ? "SELECT DISTINCT " : "SELECT ";
+        result.sql.append(columns).append(body());
         return result;
     }
 
@@ -288,17 +329,20 @@ class QueryWriter {
     RuleQuery summed() const {
         RuleQuery result;
         std::vector<std::string> inner, group, outer;
-        std::unordered_set<std::string> known;
+        std::vector<char> known(bound_.all().size());
         const auto addInner = [&](const Value& value) {
             inner.push_back(value.sql + " AS " + dialect_.quoted("x" + std::to_string(inner.size() + 1)));
-            known.insert(value.sql);
             return Value{"r." + dialect_.quoted("x" + std::to_string(inner.size())), value.family};
         };
         for (std::size_t at = 0; at < rule_.rule.head.arguments.size(); ++at) {
             const Term& term = rule_.rule.head.arguments[at];
             const Family family = target().families[at];
             const bool sums = isSum(term);
-            const Value given = addInner(sums ? valueOf(term.parts[0]) : valueOf(term, family));
+            const Term& inside = sums ? term.parts[0] : term;
+            const Value given = addInner(sums ? valueOf(inside) : valueOf(inside, family));
+            if (const auto place = placeOf(inside)) {
+                known[*place] = 1;
+            }
             if (!sums) {
                 group.push_back(given.sql);
             }
@@ -306,9 +350,9 @@ class QueryWriter {
             result.families.push_back(value.family);
             outer.push_back(values_.as(value, family).sql + " AS " + dialect_.quoted(target().columns[at]));
         }
-        for (const Value& value : bound_.all()) {
-            if (!known.contains(value.sql)) {
-                addInner(value);
+        for (std::size_t place = 0; place < known.size(); ++place) {
+            if (!std::exchange(known[place], char{1})) {
+                addInner(bound_.all()[place]);
             }
         }
         if (group.empty()) {

@@ -144,7 +144,7 @@ Value Values::held(const std::string& column, Family family) const {
 }
 
 Value Values::as(const Value& value, Family family) const {
-    if (!isKnown(family) || value.family == family) {
+    if (isAs(value, family)) {
         return value;
     }
     if (!isKnown(value.family)) {
