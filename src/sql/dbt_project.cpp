@@ -107,8 +107,9 @@ class ProjectWriter {
             const PredicateKind kind = predicateAt(at).kind;
             const bool isModel = kind == PredicateKind::output || kind == PredicateKind::recordSet;
             if (query.select.empty()) {
-                const std::string name = kind == PredicateKind::output ? nodeOf(at).KeyName() : predicateAt(at).name;
-                missing_ += "# Not here: " + dbtLine(name) + ", as " + dbtLine(query.why) + ".\n";
+                missing_ += isModel || predicateAt(at).isGiven()
+                                ? "# Not here: " + dbtLine(nodeOf(at).KeyName()) + ", as " + dbtLine(query.why) + ".\n"
+                                : "";
             } else if (isModel) {
                 models_[at] = names.of(nodeOf(at).KeyName());
             }

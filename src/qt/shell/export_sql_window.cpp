@@ -10,6 +10,12 @@
 
 namespace orvent::qt {
 
+namespace {
+
+constexpr int kDatabaseWidth = 220;
+
+}  // namespace
+
 ExportSqlWindow::ExportSqlWindow(shell::ExportSqlForm& question, QWidget* parent)
     : FormWindow(text(question.title), parent) {
     setObjectName(QStringLiteral("ExportSqlWindow"));
@@ -20,6 +26,7 @@ ExportSqlWindow::ExportSqlWindow(shell::ExportSqlForm& question, QWidget* parent
         dialect->addItem(text(one.title));
     }
     dialect->setCurrentIndex(static_cast<int>(question.dialect));
+    dialect->setMinimumWidth(kDatabaseWidth);
     addField(*form, tr("&Database:"), dialect);
     auto* keep = new QCheckBox(tr("&Keep Duplicates"), this);
     keep->setObjectName(QStringLiteral("chkKeepDuplicates"));
