@@ -185,15 +185,13 @@ class Parser {
 
     /// Whether a value begins here that is longer than the name.
     bool goesOn(std::string_view name) const {
-        const auto found = words_.valueAt(text_, at_);
-        return found && found->length > name.size();
+        return words_.valueAt(text_, at_).value_or(Words::Found{nullptr, 0}).length > name.size();
     }
 
     Literal literal() {
         Literal result;
         skip();
-        const std::string_view name = run();
-        if (name == "not" && !bracketBehind(name.size()) && !goesOn(name)) {
+        if (const std::string_view name = run(); name == "not" && !bracketBehind(name.size()) && !goesOn(name)) {
             at_ += name.size();
             skip();
             if (!isAtom()) {

@@ -9,6 +9,7 @@
 #include "platform/fault.h"
 #include "platform/text.h"
 #include "program/clingo_text.h"
+#include "shell/plain_forms.h"
 #include "sql/script.h"
 #include "statements/ldl_scenario.h"
 
@@ -115,6 +116,21 @@ std::function<std::int16_t(std::int16_t)> consumerSemanticsOf(exchange::TypeCata
         const auto known = types.activityType(type);
         return known ? known->ActType_ConsumerSemantics : std::int16_t{0};
     };
+}
+
+bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices& services, std::string& dialect,
+               const forms::Dialogs& dialogs) {
+    const std::span<const sql::Dialect> all = sql::dialects();
+    const auto known = std::ranges::find(all, dialect, &sql::Dialect::name);
+    ExportSqlForm question{exporter.name == kDbtExporter ? "Export dbt Project" : "Export SQL",
+                           known == all.end() ? 0 : static_cast<std::size_t>(known - all.begin()), form.KeepDuplicates};
+    dialogs.show(question);
+    if (question.chosen) {
+        services.dialect = &all[question.dialect];
+        services.keepDuplicates = form.KeepDuplicates = question.keepDuplicates;
+        dialect = services.dialect->name;
+    }
+    return question.chosen;
 }
 
 std::span<const Exporter> exporters() {

@@ -10,6 +10,7 @@
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
 #include "exchange/type_catalogue.h"
+#include "forms/dialog_port.h"
 #include "platform/dialogs.h"
 #include "sql/dbt_project.h"
 
@@ -51,6 +52,11 @@ inline constexpr std::string_view kProgramExporter = "program";
 inline constexpr std::string_view kSqlExporter = "sql";
 inline constexpr std::string_view kDbtExporter = "dbt";
 inline constexpr std::string_view kMetricsExporter = "metrics";
+
+/// Asks which database the text is for, and whether equal rows stay, which is remembered for the scenario; `dialect` is
+/// the name that is proposed and then the chosen one. False when nothing was chosen.
+bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices& services, std::string& dialect,
+               const forms::Dialogs& dialogs);
 
 std::span<const Exporter> exporters();
 /// The one of that name. Throws a `Fault` when there is none.

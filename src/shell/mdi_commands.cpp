@@ -368,24 +368,6 @@ void MDIForm1::openFile(const std::string& path) {
     host_.commandsChanged();
 }
 
-/// Asks which database the SQL is for, and whether equal rows stay; false when nothing was chosen.
-bool MDIForm1::askForSql(const Exporter& way, canvas::DrawForm& form, ExportServices& services) {
-    const std::span<const sql::Dialect> dialects = sql::dialects();
-    const auto known = std::ranges::find(dialects, options_.SqlDialect, &sql::Dialect::name);
-    ExportSqlForm question{way.name == kDbtExporter ? "Export dbt Project" : "Export SQL",
-                           known == dialects.end() ? 0 : static_cast<std::size_t>(known - dialects.begin()),
-                           form.KeepDuplicates};
-    host_.dialogs().show(question);
-    if (!question.chosen) {
-        return false;
-    }
-    services.dialect = &dialects[question.dialect];
-    services.keepDuplicates = form.KeepDuplicates = question.keepDuplicates;
-    options_.SqlDialect = services.dialect->name;
-    ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-    return true;
-}
-
 /// Writes the scenario in front into the data folder.
 void MDIForm1::exportAs(std::string_view exporter) {
     canvas::DrawForm& form = *activeScenario();
@@ -393,9 +375,11 @@ void MDIForm1::exportAs(std::string_view exporter) {
     ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
     services.consumerSemantics = consumerSemanticsOf(documentTypes_);
     services.functions = options_.functions;
-    if (way.needs == Exporter::Needs::dialect && !askForSql(way, form, services)) {
+    if (way.needs == Exporter::Needs::dialect &&
+        !askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
         return;
     }
+    ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
     const std::string path = ports_.folder.file("\\", form.Caption(), way.suffix);
     writeExport(way, form, services, path);
     ports_.messages.tell(path + " Created");

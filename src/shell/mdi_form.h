@@ -38,9 +38,6 @@
 
 namespace orvent::shell {
 
-struct Exporter;
-struct ExportServices;
-
 /// The main frame: the values of the run, the table of open scenarios and the commands. It is made at start and lives
 /// until the program ends. A `Fault` that a command leaves is shown by the program's event loop.
 class MDIForm1 : public repository::ScenarioWindows,
@@ -162,7 +159,6 @@ class MDIForm1 : public repository::ScenarioWindows,
     void saveScenario(canvas::DrawForm& form) override;
     void saveAs(canvas::DrawForm& form);
     void exportAs(std::string_view exporter);
-    bool askForSql(const Exporter& way, canvas::DrawForm& form, ExportServices& services);
     void showScenarios(repository::ViewScenarios::Mode mode, canvas::DrawForm* target);
 
     Ports ports_;

@@ -3,14 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "sql/dbt_text.h"
 #include "sql/script.h"
 
 namespace orvent::sql {
-
-struct ProjectFile {
-    std::string path;  ///< in the project's folder, with "/"
-    std::string text;
-};
 
 /// A scenario as a dbt project, whose models are written in the words of one dialect.
 ///

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/text.h"
-#include "sql/dbt_project.h"
 
 namespace orvent::sql {
 

@@ -9,7 +9,10 @@
 
 namespace orvent::sql {
 
-struct ProjectFile;
+struct ProjectFile {
+    std::string path;  ///< in the project's folder, with "/"
+    std::string text;
+};
 
 /// A text that a template gives back as it is.
 std::string dbtEscaped(std::string_view text);
