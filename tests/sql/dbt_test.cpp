@@ -39,9 +39,12 @@ class DbtProjects : public ScriptTest {
 };
 
 TEST_F(DbtProjects, LoadTheTargetsAsTheyMean) {
-    std::vector<std::string> statements = rendered();
-    std::erase_if(statements, [](const std::string& text) { return text.starts_with("TEST "); });
-    run(engines()[1], statements);
+    for (const bool bags : {false, true}) {
+        options.keepDuplicates = bags;
+        std::vector<std::string> statements = rendered();
+        std::erase_if(statements, [](const std::string& text) { return text.starts_with("TEST "); });
+        run(engines()[1], statements);
+    }
 }
 
 TEST_F(DbtProjects, TestWhatTheRulesPromise) {
@@ -56,7 +59,10 @@ TEST_F(DbtProjects, TestWhatTheRulesPromise) {
              "S", "Z");
 
     activity("Total", "total_out(A,B)<-total_group(A,B). total_group(X,sum<Y>)<-total_in1(X,Y).", "Z", "U");
-    activity("Odd", "odd_out(A,B)<-odd_in1(A,B),A!='it''s {{ \"odd\" }}'.", "U", "V");
+    activity("Odd",
+             "odd_out(A,B)<-odd_in1(A,B),A!='it''s {{ \"odd\" }}',not odd_out_h(B). "
+             "odd_out_h(B)<-odd_in1(A,B),odd_in1(C,B).",
+             "U", "V");
     Engine& engine = engines()[1];
     const std::string bad =
         "(SELECT * FROM (VALUES ('a' COLLATE \"C\", 0), ('a', 12), ('a', 12), (NULL, 5), ('x', 1), "

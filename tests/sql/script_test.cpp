@@ -10,12 +10,15 @@ namespace {
 using Scripts = ScriptTest;
 
 TEST_F(Scripts, LoadTheTargetsAsTheyMean) {
-    for (Engine& engine : engines()) {
-        std::vector<std::string> statements;
-        for (const ScriptPart& part : scriptParts(form, catalogue, engine.dialect(), options)) {
-            statements.push_back(part.statement);
+    for (const bool bags : {false, true}) {
+        options.keepDuplicates = bags;
+        for (Engine& engine : engines()) {
+            std::vector<std::string> statements;
+            for (const ScriptPart& part : scriptParts(form, catalogue, engine.dialect(), options)) {
+                statements.push_back(part.statement);
+            }
+            run(engine, statements);
         }
-        run(engine, statements);
     }
 }
 
