@@ -21,7 +21,10 @@ struct CliOptions {
     bool json = false;                  ///< a table as JSON
     std::optional<std::int16_t> depth;  ///< of metrics; the stored setting when it is not given
     std::string dialect;                ///< of SQL, by the name of its database
-    bool keepDuplicates = false;        ///< SQL means bags of rows
+    bool keepDuplicates = false;        ///< rows are bags, not sets
+    std::string facts;                  ///< the folder of the rows that are given, or empty
+    std::string rows;                   ///< the node whose rows are wanted, or empty
+    std::size_t sampleRows = 1000;      ///< of each record set in a data source
 };
 
 /// The names of the designer's scenarios, a line each.

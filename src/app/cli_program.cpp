@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/cli_commands.h"
+#include "app/cli_run.h"
 #include "app/man_page.h"
 #include "platform/fault.h"
 #include "shell/exporters.h"
@@ -110,6 +111,7 @@ class CommandLine {
         for (const shell::Exporter& exporter : shell::exporters()) {
             addExporter(exporter);
         }
+        addRun();
         CLI::App& convert =
             add(app_, "convert", "Writes a file anew, in the layout and the format of this version.", convertDocument);
         addScenario(convert, kFile);
@@ -122,6 +124,31 @@ class CommandLine {
                                "definition stay as they are, are told, and end with code 1.",
                                importTypes);
         addScenario(import, kFile);
+    }
+
+    void addRun() {
+        CLI::App& run = add(app_, "run",
+                            "Runs a scenario on given rows, in a database in memory, and tells how many rows each node "
+                            "has: what came in, and what went out. Rows come from the files of a folder, from the "
+                            "scenario itself, or from data sources that need no login. What is expected of a node and "
+                            "is not so is told with the rows that should not be there; that, or a statement that the "
+                            "database refuses, ends with code 1.",
+                            runScenario);
+        addScenario(run, kStoredOrFile);
+        run.add_option("--facts", options_.facts,
+                       "A folder with the rows of record sets, each a file that is named like it and ends with .csv. "
+                       "The first line names the columns; nothing between two commas is NULL, and \"\" the empty text")
+            ->type_name("FOLDER");
+        run.add_option("--rows", options_.rows, "Writes the rows of this node, with commas, instead of the numbers")
+            ->type_name("NODE");
+        run.add_option("--sample", options_.sampleRows,
+                       "How many rows of a record set are read from its data source; 1000 without it")
+            ->check(CLI::Range(1, 1000000).description(""))
+            ->type_name("ROWS");
+        run.add_flag("--keep-duplicates", options_.keepDuplicates,
+                     "Leaves equal rows as many as there are ways to derive them");
+        addOutput(run);
+        addJson(run);
     }
 
     void addExporter(const shell::Exporter& exporter) {

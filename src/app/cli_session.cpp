@@ -12,6 +12,7 @@
 #include "platform/name_list.h"
 #include "platform/text.h"
 #include "repository/data_source_list.h"
+#include "shell/kept_facts.h"
 
 namespace orvent::app {
 
@@ -121,6 +122,7 @@ canvas::DrawForm& CliSession::load(const std::string& name) {
     if (!list.canOK() || !list.OKButton() || !form_) {
         throw platform::Fault(options_.repository.login.User + " has no scenario " + name + ".");
     }
+    shell::fillFacts(*form_, platform::StateFolder(places_.states), options_.repository.login.ReposConnString);
     return *form_;
 }
 
@@ -179,7 +181,7 @@ std::string CliSession::document() {
 
 std::string CliSession::typesDocument() {
     openRepository();
-    const exchange::Extract none{"Types", {}, {}, {}};
+    const exchange::Extract none{"Types", {}, {}, nullptr, {}};
     return writeDocument(none, catalogue_.tables, allTypes(storedTypes_), {ORVENT_VERSION, false});
 }
 

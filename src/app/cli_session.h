@@ -63,7 +63,9 @@ class CliSession : private repository::ScenarioWindows {
     }
     /// The kinds of problems that the settings have told.
     const analysis::ProblemKinds& problems() const { return options_.problems; }
-    const AnsweredBox& box() const { return box_; }
+    AnsweredBox& box() { return box_; }
+    platform::Database& database() { return database_; }
+    platform::DataSources& dataSources() { return dataSources_; }
 
   private:
     // ScenarioWindows: one window that is none

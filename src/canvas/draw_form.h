@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -8,6 +9,7 @@
 
 #include "canvas/canvas_form.h"
 #include "canvas/canvas_rules.h"
+#include "entities/node_facts.h"
 
 namespace orvent::canvas {
 
@@ -67,6 +69,10 @@ class DrawForm : public CanvasForm {
 
     /// Rows of its program are bags: equal ones stay. It is no part of what a save stores.
     bool KeepDuplicates = false;
+
+    /// What the scenario is tried on and what is expected of it, by node. It is no part of what a save stores, and no
+    /// step changes it; that of a node that has gone waits for its coming back.
+    std::map<NodeNumber, entities::NodeFacts> facts;
 
     /// The LDL text gathered so far; empty but after a file that could not be written.
     std::string txtLDL;

@@ -9,6 +9,7 @@
 #include "canvas/deleted_nodes.h"
 #include "canvas/labels.h"
 #include "canvas/lines.h"
+#include "entities/node_facts.h"
 #include "exchange/type_definitions.h"
 
 namespace orvent::exchange {
@@ -43,6 +44,7 @@ struct Document {
         canvas::NodeTypeCode kind{};
         canvas::Box box;
         canvas::NodeProperties entity;  ///< a number where the kind has no entity that is stored
+        entities::NodeFacts facts;
     };
     /// An edge between two nodes by their places in `nodes`.
     struct Edge {

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "exchange/entity_reader.h"
+#include "exchange/facts_text.h"
 #include "exchange/stored_reader.h"
 #include "exchange/type_reader.h"
 #include "exchange/value_reader.h"
@@ -76,6 +77,7 @@ class DocumentReader {
         node.kind = in_.code<canvas::NodeTypeCode>(in_.required(at, Key::kind));
         node.box = box(in_.required(at, Key::box));
         node.entity = entities_.read(at, node);
+        node.facts = readFacts(in_, at);
         const bool isNew = numbers_.emplace(node.caption, document_.nodes.size()).second;
         // A node whose name was refused bears this one instead, and there may be several.
         if (!isNew && node.caption != canvas::kErrorName) {

@@ -4,6 +4,7 @@
 
 #include "exchange/document.h"
 #include "exchange/entity_writer.h"
+#include "exchange/facts_text.h"
 #include "exchange/member_text.h"
 #include "exchange/stored_writer.h"
 #include "exchange/type_writer.h"
@@ -72,6 +73,9 @@ class DocumentWriter {
         }
         out_.closeInline(']');
         entities_.write(node);
+        if (const auto* facts = extract_.facts; facts && facts->contains(node.Index())) {
+            writeFacts(out_, facts->at(node.Index()));
+        }
         out_.close('}');
     }
 

@@ -1,5 +1,6 @@
 #include "exchange/entity_reader.h"
 
+#include "exchange/facts_text.h"
 #include "exchange/list_keys.h"
 
 namespace orvent::exchange {
@@ -11,9 +12,10 @@ namespace {
 
 constexpr std::uint64_t kNodeKeys = keySet({Key::name, Key::kind, Key::box});
 constexpr std::uint64_t kActivityKeys =
-    kNodeKeys | keySet({Key::entityName, Key::type, Key::schemata, Key::description, Key::log, Key::sql, Key::ldl,
-                        Key::inputs, Key::outputs, Key::parameters, Key::functions});
-constexpr std::uint64_t kRecordSetKeys = kNodeKeys | keySet({Key::entityName, Key::sql, Key::attributes});
+    kNodeKeys | kFactKeys |
+    keySet({Key::entityName, Key::type, Key::schemata, Key::description, Key::log, Key::sql, Key::ldl, Key::inputs,
+            Key::outputs, Key::parameters, Key::functions});
+constexpr std::uint64_t kRecordSetKeys = kNodeKeys | kFactKeys | keySet({Key::entityName, Key::sql, Key::attributes});
 constexpr std::uint64_t kParameterKeys =
     keySet({Key::key, Key::name, Key::kind, Key::type, Key::tag, Key::regulatedFrom, Key::regulatorFor});
 constexpr std::uint64_t kAttributeKeys = kParameterKeys | keySet({Key::providedFrom, Key::providerFor});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct Extract {
     std::string name;
     std::vector<const canvas::LabelsD*> nodes;
     std::vector<const canvas::LinesD*> edges;  ///< only such as join these nodes
+    /// What is kept of the nodes beside the scenario; nothing when it is null.
+    const std::map<canvas::NodeNumber, entities::NodeFacts>* facts = nullptr;
     /// Whether a link of one of the nodes is written; all are when it is empty.
     std::function<bool(links::Direction, const links::NearEnd&, const links::LinkData&)> keeps;
 

@@ -124,6 +124,9 @@ std::vector<std::string> fillForm(canvas::DrawForm& form, Document document, con
     std::vector<canvas::NodeNumber> numbers;
     for (Document::Node& node : document.nodes) {
         numbers.push_back(addNode(form, node).Index());
+        if (!node.facts.isEmpty()) {
+            form.facts[numbers.back()] = std::move(node.facts);
+        }
     }
     form.quietNames = false;
     for (const Document::Edge& edge : document.edges) {

@@ -24,9 +24,10 @@ class OdbcConnection : public platform::Connection {
 
     bool readOnly() const override { return onlyRead_ || session_.readOnly(); }
 
-    /// From now on the database refuses to change. Of SQLite's own.
-    void onlyRead() {
-        session_.run("PRAGMA query_only=ON");
+    std::string databaseName() const override { return session_.databaseName(); }
+
+    void refuseChanges() override {
+        session_.refuseChanges();
         onlyRead_ = true;
     }
 

@@ -32,6 +32,9 @@ std::string embeddedString(const std::filesystem::path& file, bool create);
 /// The same for a user who may not write the file, or not beside it.
 std::string onlyReadString(const std::filesystem::path& file);
 
+/// The same for a database in memory.
+inline constexpr const char* kScratchString = "DRIVER={SQLite3};Database=:memory:;JournalMode=MEMORY";
+
 /// The same for a file that nobody writes to.
 std::string sampleString(const std::filesystem::path& file, bool create);
 

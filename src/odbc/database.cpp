@@ -100,7 +100,7 @@ std::unique_ptr<platform::Connection> OdbcDatabase::openEmbedded(const std::file
         auto connection = std::make_unique<OdbcConnection>(
             *environment_, onlyRead ? onlyReadString(file) : embeddedString(file, false), user, file.string());
         if (onlyRead) {
-            connection->onlyRead();
+            connection->refuseChanges();
         }
         // SQLite looks into a file only at the first statement.
         connection->prepare("SELECT table_name FROM user_tables")->execute();
@@ -116,11 +116,15 @@ std::unique_ptr<platform::Connection> OdbcDatabase::openSample(const std::filesy
     try {
         auto connection =
             std::make_unique<OdbcConnection>(*environment_, sampleString(file, false), user, file.string());
-        connection->onlyRead();
+        connection->refuseChanges();
         return connection;
     } catch (const DatabaseError& fault) {
         throw atFile(fault, file.string());
     }
+}
+
+std::unique_ptr<platform::Connection> OdbcDatabase::openScratch() {
+    return std::make_unique<OdbcConnection>(*environment_, kScratchString, "", "");
 }
 
 void createEmbedded(const std::filesystem::path& file) {

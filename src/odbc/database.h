@@ -24,6 +24,7 @@ class OdbcDatabase : public platform::Database {
     /// user may not write opens for reading.
     std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
                                                const std::string& password) override;
+    std::unique_ptr<platform::Connection> openScratch() override;
 
   private:
     std::unique_ptr<platform::Connection> openEmbedded(const std::filesystem::path& file, const std::string& user);

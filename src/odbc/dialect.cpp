@@ -29,6 +29,10 @@ std::string Dialect::setUp() const {
     return rules_ != nullptr ? std::string(rules_->setUp) : std::string();
 }
 
+std::string Dialect::refuseChanges() const {
+    return rules_ != nullptr ? std::string(rules_->refuseChanges) : std::string();
+}
+
 platform::TextLimit Dialect::textLimit(std::size_t width, platform::TextColumn column) const {
     if (rules_ == nullptr) {
         return {.characters = width, .bytes = kLongestText};

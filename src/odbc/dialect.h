@@ -26,6 +26,9 @@ class Dialect {
     /// A statement to run on every new connection, or empty.
     std::string setUp() const;
 
+    /// A statement by which the session refuses changes from then on, or empty.
+    std::string refuseChanges() const;
+
     /// False for a driver that loses its place when it is asked for a single value of a block of rows.
     bool keepsPlaceInBlock() const;
 

@@ -82,6 +82,7 @@ constexpr DialectRules kRules[] = {
     {.dbmsName = "SQLite",
      .quote = '`',  // a name in double quotes that does not exist would be taken for a text
      .setUp = "PRAGMA foreign_keys=ON",
+     .refuseChanges = "PRAGMA query_only=ON",
      .nextValue = "",
      .currentValue = "",
      // The driver hands out rows of no statement that begins with UPDATE.
@@ -107,6 +108,7 @@ constexpr DialectRules kRules[] = {
     {.dbmsName = "PostgreSQL",
      .quote = '"',
      .setUp = "",
+     .refuseChanges = "SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY",
      .nextValue = "nextval('%')",
      .currentValue = "currval('%')",
      .drawNumber = "",
@@ -128,6 +130,7 @@ constexpr DialectRules kRules[] = {
     {.dbmsName = "MariaDB",
      .quote = '`',
      .setUp = "SET SESSION sql_mode='STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION,PIPES_AS_CONCAT,NO_BACKSLASH_ESCAPES'",
+     .refuseChanges = "SET SESSION TRANSACTION READ ONLY",
      .nextValue = "NEXTVAL(%)",
      .currentValue = "LASTVAL(%)",
      .drawNumber = "",

@@ -29,6 +29,7 @@ struct DialectRules {
     std::string_view dbmsName;
     char quote;
     std::string_view setUp;
+    std::string_view refuseChanges;  ///< makes the session one that only reads
 
     std::string_view nextValue;  ///< empty: numbers of sequences are parameters that the connection provides
     std::string_view currentValue;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "odbc/dialect_rules.h"
+#include "platform/text.h"
 
 namespace orvent::odbc {
 
@@ -18,6 +19,20 @@ Session::Session(const Environment& environment, const std::string& connectionSt
 }
 
 Session::~Session() = default;
+
+std::string Session::databaseName() const {
+    const std::string name = link_.dbmsName();
+    const DialectRules* rules = rulesOf(name);
+    return platform::lowerCase(rules ? rules->dbmsName : std::string_view(name));
+}
+
+void Session::refuseChanges() {
+    // A driver that cannot refuses the attribute, which does no harm.
+    SQLSetConnectAttr(link_.get(), SQL_ATTR_ACCESS_MODE, reinterpret_cast<SQLPOINTER>(SQL_MODE_READ_ONLY), 0);
+    if (!dialect_.refuseChanges().empty()) {
+        run(dialect_.refuseChanges());
+    }
+}
 
 void Session::run(const std::string& sql) {
     const StatementHandle handle(link_.get());

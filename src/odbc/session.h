@@ -25,6 +25,9 @@ class Session {
     bool givesSingleValues() const { return givesSingleValues_; }
     const std::string& where() const { return where_; }
     bool readOnly() const { return link_.readOnly(); }
+    /// As `platform::Connection` tells it.
+    std::string databaseName() const;
+    void refuseChanges();
 
     /// Runs a statement of the database's own.
     void run(const std::string& sql);

@@ -38,8 +38,23 @@ void OdbcStatement::bind(int parameter, std::string_view text) {
     value.text.assign(text);
     // The empty text is null in the Oracle dialect, so it is null everywhere.
     value.length = text.empty() ? SQL_NULL_DATA : static_cast<SQLLEN>(text.size());
-    const bool isLong = text.size() > kLongestOrdinary;
-    tell(number, value, SQL_C_CHAR, isLong ? SQL_LONGVARCHAR : SQL_VARCHAR, isLong ? text.size() : kLongestOrdinary,
+    tellText(number, value);
+}
+
+void OdbcStatement::bindAsIs(int parameter, const std::string* text) {
+    const int number = translation_.parameter(parameter);
+    Parameter& value = this->parameter(number);
+    if (text) {
+        value.text.assign(*text);
+    }
+    value.length = text ? static_cast<SQLLEN>(text->size()) : SQL_NULL_DATA;
+    tellText(number, value);
+}
+
+void OdbcStatement::tellText(int number, Parameter& value) {
+    const std::size_t size = value.text.size();
+    const bool isLong = size > kLongestOrdinary;
+    tell(number, value, SQL_C_CHAR, isLong ? SQL_LONGVARCHAR : SQL_VARCHAR, isLong ? size : kLongestOrdinary,
          value.text.data());
 }
 

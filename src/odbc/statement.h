@@ -19,6 +19,7 @@ class OdbcStatement : public platform::Statement {
     void bind(int parameter, std::string_view text) override;
     void bind(int parameter, long long number) override;
     void bind(int parameter, float number) override;
+    void bindAsIs(int parameter, const std::string* text) override;
 
     void execute() override;
     bool fetch() override;
@@ -43,6 +44,7 @@ class OdbcStatement : public platform::Statement {
 
     long long numberFor(const SequenceUse& use);
     Parameter& parameter(int number);
+    void tellText(int number, Parameter& value);
     void bindNumber(int number, long long value);
     void tell(int number, Parameter& value, SQLSMALLINT driverType, SQLSMALLINT type, SQLULEN size, void* place);
     void executeDefinition();

@@ -44,6 +44,11 @@ class Statement {
     virtual void bind(int parameter, long long number) = 0;
     virtual void bind(int parameter, float number) = 0;  ///< comes back as the same 32-bit float
 
+    /// The text of that place, also an empty one, or NULL for none.
+    virtual void bindAsIs(int parameter, const std::string* text) {
+        bind(parameter, text ? std::string_view(*text) : std::string_view());
+    }
+
     virtual void execute() = 0;
     virtual bool fetch() = 0;  ///< steps to the next row; false behind the last one
 
@@ -76,6 +81,12 @@ class Connection {
         return {};
     }
 
+    /// What kind of database it is, in lower case: "sqlite", "postgresql", "mariadb", "oracle" or another word.
+    virtual std::string databaseName() const { return {}; }
+
+    /// From now on the database refuses every change, as far as it or its driver knows how to.
+    virtual void refuseChanges() {}
+
     /// The database is known to refuse every change. False may also mean that it has not said so.
     virtual bool readOnly() const { return false; }
 };
@@ -88,6 +99,11 @@ class Database {
     /// Opens the data source of that name (as `DataSources` lists it). Throws `DatabaseError` when it cannot be opened.
     virtual std::unique_ptr<Connection> open(const std::string& source, const std::string& user,
                                              const std::string& password) = 0;
+
+    /// An empty SQLite database in memory, which goes with the connection. Throws `DatabaseError`.
+    virtual std::unique_ptr<Connection> openScratch() {
+        throw DatabaseError("There is no database in memory.", "HYC00", 0, false);
+    }
 };
 
 /// One data source, as the driver manager tells it.

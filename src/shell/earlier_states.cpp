@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "shell/kept_facts.h"
 #include "shell/state_in_parts.h"
 
 namespace orvent::shell {
@@ -12,17 +13,6 @@ namespace orvent::shell {
 namespace {
 
 constexpr const char* kFolder = "earlier";
-
-/// The name of a folder: the same in each run for what stands for one scenario.
-std::string hexOf(std::string_view text) {
-    std::uint64_t sum = 0xCBF29CE484222325U;
-    for (const char letter : text) {
-        sum = (sum ^ static_cast<unsigned char>(letter)) * 0x100000001B3U;
-    }
-    char hex[17];
-    std::snprintf(hex, sizeof hex, "%016llx", static_cast<unsigned long long>(sum));
-    return hex;
-}
 
 }  // namespace
 
@@ -41,8 +31,7 @@ EarlierStates::EarlierStates(const Services& services) : services_(services) {}
 EarlierStates::~EarlierStates() = default;
 
 std::string EarlierStates::folderOf(const canvas::DrawForm& form) const {
-    const std::string which = form.ScenarioID != 0 ? "#" + std::to_string(form.ScenarioID) : "'" + form.ScenarioName();
-    return std::string(kFolder) + "/" + hexOf(services_.source) + "-" + hexOf(which);
+    return std::string(kFolder) + "/" + stateKey(services_.source, form);
 }
 
 EarlierStates::Followed& EarlierStates::followed(canvas::DrawForm& form, const history::ScenarioHistory& history) {
@@ -178,7 +167,7 @@ std::vector<EarlierStates::Kept> EarlierStates::in(const std::string& folder) co
 std::vector<EarlierStates::Kept> EarlierStates::newest() const {
     std::vector<Kept> states;
     for (const std::string& folder : services_.folder.folders(kFolder)) {
-        if (!folder.starts_with(hexOf(services_.source))) {
+        if (!folder.starts_with(stateKeyHead(services_.source))) {
             continue;
         }
         const std::string path = std::string(kFolder) + "/" + folder;

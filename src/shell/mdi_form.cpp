@@ -46,7 +46,8 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       lists_({host, desk, ports.store, options_, catalogue_.tables, dialogs_}, scenarioListeners_),
       recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       earlier_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
-      histories_(scenarioListeners_, *this, recovery_, earlier_),
+      facts_(ports.states, ports.progress, options_.repository.login.ReposConnString),
+      histories_(scenarioListeners_, *this, recovery_, earlier_, facts_),
       metricsScenarios_(*this, scenarioListeners_, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;

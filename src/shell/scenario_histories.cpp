@@ -3,8 +3,8 @@
 namespace orvent::shell {
 
 ScenarioHistories::ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery,
-                                     EarlierStates& earlier)
-    : subscription_(scenarios.add(*this)), ports_(ports), recovery_(recovery), earlier_(earlier) {}
+                                     EarlierStates& earlier, KeptFacts& facts)
+    : subscription_(scenarios.add(*this)), ports_(ports), recovery_(recovery), earlier_(earlier), facts_(facts) {}
 
 ScenarioHistories::~ScenarioHistories() = default;
 
@@ -30,6 +30,7 @@ void ScenarioHistories::scenarioOpened(canvas::DrawForm& form) {
 void ScenarioHistories::scenarioClosed(canvas::DrawForm& form) {
     recovery_.forget(form);
     earlier_.forget(form);
+    facts_.forget(form);
     histories_.erase(&form);
 }
 
@@ -66,6 +67,7 @@ void ScenarioHistories::settleNow(canvas::DrawForm& form, const std::string& wor
         const std::string told = step ? step->words : std::string();
         note(form, *place->second, told);
         earlier_.note(form, *place->second, told);
+        facts_.note(form);
     }
 }
 
@@ -95,6 +97,7 @@ void ScenarioHistories::beginAnew(canvas::DrawForm& form) {
     history.beginAnew();
     note(form, history, {});
     earlier_.opened(form, history);
+    facts_.opened(form);
     ports_.historyChanged(form);
 }
 

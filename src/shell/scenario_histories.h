@@ -8,6 +8,7 @@
 
 #include "history/scenario_history.h"
 #include "shell/earlier_states.h"
+#include "shell/kept_facts.h"
 #include "shell/scenario_listener.h"
 #include "shell/scenario_recovery.h"
 
@@ -39,7 +40,7 @@ struct HistoryLines {
 class ScenarioHistories : private ScenarioListener {
   public:
     ScenarioHistories(ScenarioListeners& scenarios, HistoryPorts& ports, ScenarioRecovery& recovery,
-                      EarlierStates& earlier);
+                      EarlierStates& earlier, KeptFacts& facts);
     ~ScenarioHistories() override;
 
     /// Takes what has changed of all scenarios since the last call as one step each. Words that end with a blank stand
@@ -99,6 +100,7 @@ class ScenarioHistories : private ScenarioListener {
     HistoryPorts& ports_;
     ScenarioRecovery& recovery_;
     EarlierStates& earlier_;
+    KeptFacts& facts_;
     int running_ = 0;
 };
 

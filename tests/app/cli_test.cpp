@@ -84,6 +84,47 @@ TEST_F(CliTest, EachCallHasItsResultItsMessageAndItsCode) {
     EXPECT_NE(call("check --help", scratch.path()).out.find("--json"), std::string::npos);
 }
 
+TEST_F(CliTest, ARunTellsRowsAndFailsWithThoseThatAreNotExpected) {
+    const auto write = [this](const char* name, const std::string& text) {
+        platform::writeFile((scratch.path() / name).string(), text);
+    };
+    write("try.orvent", R"({"format": "orvent scenario", "version": 1, "name": "Try", "nodes": [
+        {"name": "S", "kind": "recordSet", "box": [0, 0, 1050, 450], "attributes": [{"key": "V", "type": "NUMBER",
+          "providerFor": [{"node": "A", "type": "recordSet", "key": "A.IN.V"}]}],
+         "facts": {"columns": ["V"], "rows": [["1"], ["2"], [null]]}},
+        {"name": "A", "kind": "activity", "box": [2000, 0, 1050, 450], "ldl": "a_out(X)<-a_in1(X),X>1.",
+         "inputs": [{"key": "V", "type": "NUMBER",
+           "providedFrom": [{"node": "S", "type": "recordSet", "key": "S.V"}]}],
+         "outputs": [{"key": "V", "type": "NUMBER"}],
+         "expected": [{"kind": "none", "column": "V", "operator": ">", "value": "8"}]}],
+        "types": {"data": ["NUMBER"]}})");
+    std::filesystem::create_directory(scratch.path() / "facts");
+    write("facts/S.csv", "v\n9\n\n3\n");
+    write("facts/NONE.csv", "v\n9\n");
+    const std::string run = "run " + (scratch.path() / "try.orvent").string();
+    const std::string facts = run + " --facts " + (scratch.path() / "facts").string();
+    const struct {
+        std::string words;
+        int code;
+        const char* out;
+        const char* errors;  ///< a part of it; empty: there is none at all
+    } calls[] = {
+        {run, 0, "S: 3\nA: 3 -> 1\nmet: A: No row where V > 8\n", ""},
+        {run + " --rows A", 0, "V\n2\n", ""},
+        {facts, 1, "S: 2\nA: 2 -> 2\nnot met: A: No row where V > 8, but there is 1 row\nV\n9\n", "NONE.csv"},
+        {run + " --rows B", 2, "", "There is no record set or activity B."},
+        {run + " --facts /nowhere", 3, "", "/nowhere: "},
+    };
+    for (const auto& row : calls) {
+        SCOPED_TRACE(row.words);
+        const CallResult got = call(row.words, scratch.path());
+        EXPECT_EQ(got.code, row.code);
+        EXPECT_EQ(got.out, row.out);
+        EXPECT_TRUE(*row.errors == '\0' ? got.errors.empty() : got.errors.find(row.errors) != std::string::npos)
+            << got.errors;
+    }
+}
+
 TEST_F(CliTest, WritesWhatTheWindowsWrite) {
     const std::string file = (scratch.path() / "written").string();
     for (const auto& [name, words] :

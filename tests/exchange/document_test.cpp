@@ -213,6 +213,7 @@ TEST_F(DocumentTest, WalksThereAndBack) {
         const std::string text = written(*original, stored);
         const auto copy = opened(text);
         ASSERT_TRUE(last.opened);
+        EXPECT_EQ(copy->facts, original->facts);
         EXPECT_EQ(testkit::modelText(*copy), testkit::modelText(*original));
         EXPECT_EQ(firstDifference(written(*copy, stored), text), "");
         EXPECT_EQ(copy->ScenarioID, original->ScenarioID);

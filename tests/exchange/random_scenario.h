@@ -92,8 +92,40 @@ class RandomScenario {
         } else {
             node.setComment(text());
         }
+        if (node.activity() || node.recordSet()) {
+            giveFacts(node);
+        }
         node.setReady((node.activity() && node.activity()->Act_Type != -1) ||
                       (node.recordSet() && node.recordSet()->RecordSet_Outputs.count() > 0));
+    }
+
+    entities::Field field() { return pick(3) == 0 ? entities::Field() : entities::Field(text()); }
+
+    void giveFacts(const canvas::LabelsD& node) {
+        using Kind = entities::Expectation::Kind;
+        static constexpr const char* operators[] = {"=", "!=", "<", "<=", ">", ">="};
+        entities::NodeFacts facts;
+        if (pick(3) == 0) {
+            facts.facts.emplace();
+            for (int at = pick(4); at > 0; --at) {
+                facts.facts->columns.push_back(text());
+            }
+            for (int at = pick(4); at > 0; --at) {
+                entities::FieldRow& row = facts.facts->rows.emplace_back();
+                for (std::size_t column = 0; column < facts.facts->columns.size(); ++column) {
+                    row.push_back(field());
+                }
+            }
+        }
+        for (int at = pick(3); at > 0; --at) {
+            const auto kind = static_cast<Kind>(pick(4));
+            facts.expectations.push_back(kind == Kind::none
+                                             ? entities::Expectation{kind, 0, text(), operators[pick(6)], field()}
+                                             : entities::Expectation{kind, pick(1000), {}, {}, {}});
+        }
+        if (!facts.isEmpty()) {
+            form_.facts[node.Index()] = facts;
+        }
     }
 
     void fill(entities::ActivityProperties& activity) {

@@ -41,6 +41,8 @@ class HookedDatabase : public platform::Database {
                                                   real_.open(standsFor.empty() ? source : standsFor, user, password));
     }
 
+    std::unique_ptr<platform::Connection> openScratch() override { return real_.openScratch(); }
+
   private:
     class HookedStatement : public platform::Statement {
       public:

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "run/run.h"
+
+namespace orvent::run {
+
+/// How an expectation came out.
+struct Verdict {
+    canvas::NodeNumber node{};
+    entities::Expectation expectation;
+    bool met = false;
+    std::string words{};  ///< what is the case instead
+    Page rows{};          ///< those that should not be there, the first of them
+};
+
+/// The expectation as a sentence, such as "At least 3 rows" or "No row where AU_ORDER > 1". A value that is empty, or
+/// reads as NULL, stands in quotation marks.
+std::string wordsOf(const entities::Expectation& expectation);
+/// The same back, whatever the case of its words. Throws a `platform::Fault` for any other line.
+entities::Expectation expectationFrom(const std::string& line);
+
+/// Holds the rows of a run that has ended against what is expected of its nodes.
+std::vector<Verdict> verdicts(Run& run, const canvas::DrawForm& form);
+
+}  // namespace orvent::run

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "run/run.h"
+#include "run/source_connections.h"
+
+namespace orvent::run {
+
+/// Runs a scenario in the data source that holds all of its record sets: each question is one query, of which only
+/// the rows that are shown come back. `step` counts the rows of one node after the other.
+class SourceRun : public Run {
+  public:
+    explicit SourceRun(SourceConnections& sources) : sources_(sources) {}
+
+    /// Throws a `platform::Fault` where the record sets are not in one data source, or it cannot be opened.
+    void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
+               const RunOptions& options) override;
+    bool step() override;
+    Page page(std::size_t predicate, std::size_t most) override;
+    Selected select(std::size_t predicate, const std::string& condition, std::size_t most) override;
+
+  private:
+    std::string rowsOf(std::size_t predicate, const std::string& columns, const std::string& condition) const;
+    long long count(std::size_t predicate, const std::string& condition);
+    platform::Connection& connection() { return *sources_.open(alias_).connection; }
+
+    SourceConnections& sources_;
+    std::string alias_;
+};
+
+}  // namespace orvent::run
