@@ -68,7 +68,9 @@ class Compiler {
             ++size_[static_cast<std::size_t>(component)];
         }
         why_.resize(reads_.size());
-        for (const std::size_t predicate : flow()) {
+        const std::vector<std::size_t> order = flow();
+        findSummed(order);
+        for (const std::size_t predicate : order) {
             addQuery(predicate);
         }
         return std::move(result_);
@@ -122,14 +124,30 @@ class Compiler {
         return order;
     }
 
+    /// Which predicates an aggregate goes over, at any distance.
+    void findSummed(const std::vector<std::size_t>& order) {
+        const auto sums = [](const ProgramRule* rule) {
+            return std::any_of(rule->rule.head.arguments.begin(), rule->rule.head.arguments.end(),
+                               [](const rules::Term& term) { return term.kind == rules::TermKind::aggregate; });
+        };
+        summed_.resize(reads_.size());
+        for (auto at = order.rbegin(); at != order.rend(); ++at) {
+            if (summed_[*at] || std::any_of(rules_[*at].begin(), rules_[*at].end(), sums)) {
+                for (const int read : reads_[*at]) {
+                    summed_[static_cast<std::size_t>(read)] = 1;
+                }
+            }
+        }
+    }
+
     void addQuery(std::size_t at) {
         const Predicate& predicate = program_.predicates[at];
         Query query{at, "", "", reads_[at]};
         if (predicate.isGiven()) {
-            query.select = given(at, query.why);
+            query.select = given(at, query);
         } else {
             query.why = obstacle(at);
-            query.select = query.why.empty() ? derived(at) : "";
+            query.select = query.why.empty() ? derived(at, query) : "";
         }
         why_[at] = query.why;
         result_.queries.push_back(std::move(query));
@@ -152,11 +170,16 @@ class Compiler {
                                     : "";
     }
 
-    std::string given(std::size_t at, std::string& why) {
+    static std::string difference(const std::string& all, const std::string& left) {
+        return "SELECT (SELECT COUNT(*) FROM (" + all + ") a) - (SELECT COUNT(*) FROM " + left + " b)";
+    }
+    std::string rowsLeft(std::size_t at) const { return values_.dialect().quoted(result_.tables[at].name); }
+
+    std::string given(std::size_t at, Query& query) {
         Table& table = result_.tables[at];
         const Held held = held_.heldBy(program_.predicates[at], at);
-        why = held.why;
-        if (!why.empty()) {
+        query.why = held.why;
+        if (!query.why.empty()) {
             return "";
         }
         std::string columns;
@@ -166,17 +189,29 @@ class Compiler {
             columns += (column == 0 ? "" : ", ") + value + " AS " + values_.dialect().quoted(table.columns[column]);
         }
         table.distinct = !options_.keepDuplicates;
-        return (table.distinct ? "SELECT DISTINCT " : "SELECT ") + columns + " FROM " + held.from;
+        columns += " FROM " + held.from;
+        query.fallen = table.distinct && summed_[at] ? difference("SELECT " + columns, rowsLeft(at)) : "";
+        return (table.distinct ? "SELECT DISTINCT " : "SELECT ") + columns;
     }
 
-    std::string derived(std::size_t at) {
+    std::string derived(std::size_t at, Query& its) {
         Table& table = result_.tables[at];
         learnFamilies(at);
-        std::string select;
+        std::string select, all;
+        const bool several = rules_[at].size() > 1;
         for (const ProgramRule* rule : rules_[at]) {
-            const RuleQuery query = ruleQuery(around_, *rule, rules_[at].size() == 1);
+            const RuleQuery query = ruleQuery(around_, *rule, !several);
             select += (select.empty() ? "" : options_.keepDuplicates ? " UNION ALL " : " UNION ") + query.sql;
+            all += several && summed_[at] ? (all.empty() ? "" : " UNION ALL ") + query.sql : "";
             table.distinct = query.distinct;
+            if (!query.folded.empty()) {
+                its.fallen = difference(query.unfolded, "(" + query.folded + ")");
+            } else if (!query.unfolded.empty() && summed_[at]) {
+                its.fallen = difference(query.unfolded, rowsLeft(at));
+            }
+        }
+        if (!all.empty() && !options_.keepDuplicates) {
+            its.fallen = difference(all, rowsLeft(at));
         }
         table.distinct = !options_.keepDuplicates && (rules_[at].size() > 1 || table.distinct);
         return select;
@@ -204,6 +239,7 @@ class Compiler {
     const RuleSurroundings around_;
     std::vector<std::vector<const ProgramRule*>> rules_;  ///< by predicate, as are those below
     program::Graph reads_;
+    std::vector<char> summed_;
     std::vector<int> circle_;
     std::vector<int> size_;  ///< of the circles
     std::vector<std::string> why_;

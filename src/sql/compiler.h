@@ -32,6 +32,9 @@ struct Query {
     std::string select;      ///< empty when there is none
     std::string why;         ///< and why there is none
     std::vector<int> reads;  ///< the predicates that it names, by their places
+    /// Gives one number: how many rows fall together here with equal ones, before an aggregate here or further on;
+    /// empty where none can.
+    std::string fallen{};
 };
 
 struct Compiled {

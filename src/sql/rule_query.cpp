@@ -320,8 +320,9 @@ class QueryWriter {
         result.distinct = tellsWays(untouched);
         const bool fold = alone && !around_.keepDuplicates && !result.distinct;
         result.distinct = result.distinct || fold;
-        result.sql = fold ? "SELECT DISTINCT " : "SELECT ";
-        result.sql.append(columns).append(body());
+        columns += body();
+        result.sql = (fold ? "SELECT DISTINCT " : "SELECT ") + columns;
+        result.unfolded = fold ? "SELECT " + columns : "";
         return result;
     }
 
@@ -359,8 +360,13 @@ class QueryWriter {
             group.push_back(addInner({"1", Family::number}).sql);
         }
         const bool fold = !around_.keepDuplicates && !tellsWays(known);
-        result.sql = "SELECT " + listed(outer, ", ") + " FROM (SELECT " + (fold ? "DISTINCT " : "") +
-                     listed(inner, ", ") + body() + ") r GROUP BY " + listed(group, ", ");
+        const std::string rows = listed(inner, ", ") + body();
+        if (fold) {
+            result.unfolded = "SELECT " + rows;
+            result.folded = "SELECT DISTINCT " + rows;
+        }
+        result.sql = "SELECT " + listed(outer, ", ") + " FROM (" + (fold ? result.folded : "SELECT " + rows) +
+                     ") r GROUP BY " + listed(group, ", ");
         result.distinct = true;
         return result;
     }

@@ -30,6 +30,8 @@ struct RuleSurroundings {
 struct RuleQuery {
     std::string sql;
     bool distinct = false;         ///< no row stands twice
+    std::string unfolded{};        ///< the rows that fall together where equal, here or before an aggregate; or empty
+    std::string folded{};          ///< the same after they have, before an aggregate; or empty
     std::vector<Family> families;  ///< of the head's values before they went into their columns
 };
 

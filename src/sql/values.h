@@ -38,9 +38,7 @@ class Values {
     /// A column of a source as a value of that family.
     Value held(const std::string& column, Family family) const;
     /// Whether the value stands as it is for one of that family.
-    static bool isAs(const Value& value, Family family) {
-        return family == Family::unknown || value.family == family;
-    }
+    static bool isAs(const Value& value, Family family) { return family == Family::unknown || value.family == family; }
     /// The value as one of another family, where that is known.
     Value as(const Value& value, Family family) const;
 
