@@ -88,7 +88,8 @@ class RunReport {
                      (its.words.empty() ? "" : " (" + its.words + ")") + "\n" +
                      (its.statement.empty() ? "" : "    " + its.statement + "\n");
         }
-        return lines + expectations(false);
+        const std::string fallen = run_.fallenWords();
+        return lines + (fallen.empty() ? "" : fallen + "\n") + expectations(false);
     }
 
     /// What is expected, and came out so or in another way; the rows that should not be there are below.
@@ -123,7 +124,7 @@ class RunReport {
                                 {"met", each.met},
                                 {"found", each.words}});
         }
-        return {{"nodes", nodes}, {"expectations", expected}};
+        return {{"nodes", nodes}, {"equalRows", run_.fallenWords()}, {"expectations", expected}};
     }
 
   private:

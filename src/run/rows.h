@@ -37,6 +37,7 @@ struct Outcome {
     long long count = 0;  ///< of the rows that are there
     std::string words{};
     std::string statement{};
+    long long fallen = 0;  ///< rows that fell together with equal ones, before an aggregate here or further on
 };
 
 /// Which predicates of a program are the rows of a node.

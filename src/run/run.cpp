@@ -29,6 +29,21 @@ void Run::plan(program::Program program, sql::Compiled compiled, const sql::Dial
     }
 }
 
+std::string Run::fallenWords() const {
+    std::map<canvas::NodeNumber, long long> byNode;
+    for (std::size_t at = 0; at < outcomes_.size(); ++at) {
+        if (outcomes_[at].fallen > 0) {
+            byNode[program_.predicates[at].node] += outcomes_[at].fallen;
+        }
+    }
+    std::string words;
+    for (const auto& [node, fallen] : byNode) {
+        words += (words.empty() ? "Equal rows fell together before an aggregate: " : ", ") + std::to_string(fallen) +
+                 " in " + names_.at(node);
+    }
+    return words.empty() ? words : words + ".";
+}
+
 std::string Run::whyNone(std::size_t predicate) const {
     const Outcome& its = outcomes_[predicate];
     return its.state == Outcome::State::none || its.state == Outcome::State::failed ? its.words : std::string();

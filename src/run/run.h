@@ -51,6 +51,9 @@ class Run {
     const sql::Table& table(std::size_t predicate) const { return compiled_.tables[predicate]; }
     /// The name of the predicate's node.
     const std::string& nameOf(std::size_t predicate) const { return names_.at(program_.predicates[predicate].node); }
+    /// Where and how many equal rows fell together before an aggregate, in a line; empty where none did, or nobody
+    /// counted, as at a source.
+    std::string fallenWords() const;
     /// What hinders a predicate, in a sentence; empty when nothing does.
     std::string whyNone(std::size_t predicate) const;
 

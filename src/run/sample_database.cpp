@@ -84,10 +84,13 @@ void SampleDatabase::drop(const std::string& table) {
 }
 
 long long SampleDatabase::count(const std::string& table, const std::string& where) {
-    const auto counted = connection_->prepareAsIs("SELECT COUNT(*) FROM " + dialect_.quoted(table) +
-                                                  (where.empty() ? "" : " WHERE " + where));
-    counted->execute();
-    return counted->fetch() ? counted->number(1) : 0;
+    return number("SELECT COUNT(*) FROM " + dialect_.quoted(table) + (where.empty() ? "" : " WHERE " + where));
+}
+
+long long SampleDatabase::number(const std::string& query) {
+    const auto asked = connection_->prepareAsIs(query);
+    asked->execute();
+    return asked->fetch() ? asked->number(1) : 0;
 }
 
 Page SampleDatabase::page(const sql::Table& table, std::size_t most, const std::string& where) {

@@ -26,6 +26,8 @@ class SampleDatabase {
     long long make(const std::string& table, const std::string& select);
     void drop(const std::string& table);
     long long count(const std::string& table, const std::string& where = {});
+    /// What a query gives whose only row is a whole number.
+    long long number(const std::string& query);
     /// The first rows that a condition holds for, or any; values are texts.
     Page page(const sql::Table& table, std::size_t most, const std::string& where = {});
 

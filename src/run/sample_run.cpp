@@ -84,7 +84,7 @@ bool SampleRun::work(const Query& next) {
         makeTable(next);
     }
     const Made& made = tables_.at(table(next.predicate).name);
-    its = {State::there, made.rows, made.words, {}};
+    its = {State::there, made.rows, made.words, {}, made.fallen};
     ++done_;
     return !present;
 }
@@ -115,6 +115,7 @@ void SampleRun::makeTable(const Query& next) {
     statement_ = next.select;
     Made made;
     made.rows = sample_->make(name, next.select);
+    made.fallen = next.fallen.empty() ? 0 : sample_->number(next.fallen);
     made.number = ++numbers_;
     made.select = next.select;
     made.reads = numbersRead(next);

@@ -38,6 +38,7 @@ class SampleRun : public Run {
         Origin origin{};                   ///< where its rows came from, when no query made it
         long long rows = 0;
         std::string words{};
+        long long fallen = 0;  ///< as of an outcome
     };
     /// Rows on their way from a data source.
     struct Reading {

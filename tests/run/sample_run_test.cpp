@@ -22,6 +22,23 @@ TEST_F(RunTest, ANullIsNoEmptyTextAndTheRestIsToldApartByTheWholeRow) {
     EXPECT_EQ(counts(*sample, "Q"), "6->6");
 }
 
+TEST_F(RunTest, EqualRowsThatFallTogetherBeforeAnAggregateAreCounted) {
+    graph.recordSet("S", {"K", "V", "N"});
+    type("S.V", 1);
+    give("S", {{"a", "7", "x"}, {"a", "7", "x"}, {"a", "7", "y"}, {"", "1", "z"}});
+    step("P", "S.", {"K", "V"}, "p_out(X,Y)<-p_in1(X,Y).");
+    step("Q", "P.OUT.", {"K", "V"}, "q_out(X,sum<Y>)<-q_in1(X,Y).");
+    // What nothing sums up is not counted, and the name of a column that no value is taken of makes no difference.
+    step("R", "S.", {"K", "V"}, "r_out(X,Y)<-r_in1(X,Y).");
+    step("T", "S.", {"K", "V", "N"}, "t_out(max<X>,count<Y>,Z)<-t_in1(X,Y,_),Z='all'.");
+    go(*sample);
+    EXPECT_EQ(sample->fallenWords(), "Equal rows fell together before an aggregate: 1 in S, 1 in P, 1 in T.");
+    EXPECT_EQ(rowsOf(*sample, "Q"), "('a','7')(NULL,'1')");
+    go(*sample, RunOptions{.keepDuplicates = true});
+    EXPECT_EQ(sample->fallenWords(), "");
+    EXPECT_EQ(rowsOf(*sample, "Q"), "('a','21')(NULL,'1')");
+}
+
 TEST_F(RunTest, OnlyWhatHasChangedAndWhatFollowsItIsMadeAnew) {
     graph.recordSet("S", {"V"});
     graph.recordSet("T", {"V"});
