@@ -69,6 +69,10 @@ struct Host : canvas::ToolState, canvas::CanvasWindows, canvas::EntityLinks {
     std::string typeOf(const canvas::LabelsD&) const override { return {}; }
     void close(canvas::CanvasForm&) override {}
     void reveal(canvas::CanvasForm&, const canvas::LabelsD&) override {}
+    std::string whyNotPlaced(const canvas::CanvasForm&, const std::string&, const canvas::Hit&) const override {
+        return {};
+    }
+    void place(canvas::CanvasForm&, const std::string&, const canvas::Hit&, canvas::Point) override {}
     void edit(canvas::CanvasForm&, canvas::EditAction) override {}
     void showMenu(canvas::CanvasForm&, const canvas::ContextMenu&, canvas::Point) override {}
     canvas::EdgeLinks linksBehind(const canvas::Canvas&, const canvas::LinesD&) const override { return {}; }

@@ -6,7 +6,7 @@
 
 #include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
-#include "canvas/point.h"
+#include "canvas/pointer_event.h"
 
 namespace orvent::canvas {
 
@@ -62,6 +62,12 @@ class CanvasWindows {
     virtual std::optional<std::string> nameInPlace(CanvasForm& form, const LabelsD& node) = 0;
     /// Gives a node another name. False when that was refused, which was told; then nothing has changed.
     virtual bool rename(CanvasForm& form, LabelsD& node, const std::string& name) = 0;
+
+    /// Why what was dragged here from the list of types cannot be dropped at that place, empty when it can. `key` is
+    /// what the list calls it.
+    virtual std::string whyNotPlaced(const CanvasForm& form, const std::string& key, const Hit& hit) const = 0;
+    /// Drops it: a node comes, alone selected, and its name is edited.
+    virtual void place(CanvasForm& form, const std::string& key, const Hit& hit, Point at) = 0;
 
     /// Does with the selected nodes what the Edit menu would.
     virtual void edit(CanvasForm& form, EditAction action) = 0;

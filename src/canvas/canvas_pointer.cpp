@@ -259,6 +259,31 @@ bool CanvasPointer::beginNaming() {
     return name.has_value();
 }
 
+void CanvasPointer::beginTyping() {
+    const LabelsD* node = captures_ ? nullptr : keys_.onlySelected();
+    if (node && node->NodeType() == NodeTypeComment) {
+        cancel();
+        begin<CommentEditing>(view_, *node);
+    } else {
+        beginNaming();
+    }
+}
+
+bool CanvasPointer::dragOver(const std::string& key, const Hit& hit) {
+    std::string why = ports_.windows.whyNotPlaced(canvas_, key, hit);
+    if (why != whyNot_) {
+        whyNot_ = std::move(why);
+        ports_.tools.hint(whyNot_);
+    }
+    return whyNot_.empty();
+}
+
+void CanvasPointer::drop(const std::string& key, const Hit& hit, Point at) {
+    cancel();
+    whyNot_.clear();
+    ports_.windows.place(canvas_, key, hit, at);
+}
+
 void CanvasPointer::takeName(const std::string& name) {
     const NodeNumber index = view_.NamedNode;
     LabelsD* node = canvas_.Labels.byIndex(index);

@@ -62,6 +62,11 @@ class CanvasPointer : private CanvasListener {
 
     /// Edits the name of the only selected node in its box. False where there is none that can be named there.
     bool beginNaming();
+    /// Edits what is written in the only selected node, in its box: the text of a comment, or else the name.
+    void beginTyping();
+    /// Something from the list of types is dragged over the picture. False where it cannot be dropped, which is told.
+    bool dragOver(const std::string& key, const Hit& hit);
+    void drop(const std::string& key, const Hit& hit, Point at);
     /// The editor of `NamedNode` gives its text: the node takes it as its name, and the editor ends. When it is
     /// refused, an editor begins with it.
     void takeName(const std::string& name);
@@ -125,6 +130,7 @@ class CanvasPointer : private CanvasListener {
     std::string tool_;                  ///< with which it began
     bool captures_ = false;             ///< the left button is held, and events belong to where it was pressed
     SecondClick second_;
+    std::string whyNot_;  ///< told last of what is dragged
 };
 
 }  // namespace orvent::canvas

@@ -33,6 +33,7 @@ constexpr std::array kSelect = {
 // Behind those of its own in the menu of every node.
 constexpr ContextItem kTidyUp{"NodesTidyUpM", "Tidy Up", edit, EditAction::tidyUp};
 constexpr ContextItem kConnectByName{"NodesConnectByNameM", "Connect By Name...", edit, EditAction::connectByName};
+constexpr ContextItem kTypeAndSize{"NodesTypeAndSizeM", "Type And Size...", edit, EditAction::typeAndSize};
 constexpr ContextItem kFitToNames{"NodesFitToNamesM", "Fit To Names", edit, EditAction::fitToNames};
 constexpr ContextItem kAlignMenu{"NodesAlignM", "Align", submenu, {}, false, kAlign};
 constexpr ContextItem kDistributeMenu{"NodesDistributeM", "Distribute", submenu, {}, false, kDistribute};
@@ -50,6 +51,7 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{},
     kConnectByName,
     kTidyUp,
+    kTypeAndSize,
     kFitToNames,
     kAlignMenu,
     kDistributeMenu,
@@ -70,6 +72,7 @@ constexpr std::array kActivityMenu = {
     ContextItem{},
     kConnectByName,
     kTidyUp,
+    kTypeAndSize,
     kFitToNames,
     kAlignMenu,
     kDistributeMenu,
@@ -85,6 +88,7 @@ constexpr std::array kCommentMenu = {
     ContextItem{"CommentDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
     kTidyUp,
+    kTypeAndSize,
     kFitToNames,
     kAlignMenu,
     kDistributeMenu,
@@ -100,6 +104,7 @@ constexpr std::array kLogMenu = {
     ContextItem{"LogDuplicateM", "Duplicate", edit, EditAction::duplicate},
     ContextItem{},
     kTidyUp,
+    kTypeAndSize,
     kFitToNames,
     kAlignMenu,
     kDistributeMenu,

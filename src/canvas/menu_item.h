@@ -50,6 +50,7 @@ enum class EditAction {
     selectBetween,
     selectSameType,
     connectByName,
+    typeAndSize,
 };
 
 /// What an action is told: nothing, the kind of node to delete, the angle to set, or what to do with the selected

@@ -52,6 +52,18 @@ void moveNodes(Canvas& canvas, const std::vector<NodeNumber>& nodes, float dx, f
     }
 }
 
+void followGrabPoints(Canvas& canvas, const LabelsD& node) {
+    for (const EdgeNumber number : node.StartingLines()) {
+        LinesD& edge = *canvas.Lines.byIndex(number);
+        edge.setStart(node.GrabPoint(edge.FromGrabbingPoint()));
+    }
+    for (const EdgeNumber number : node.EndingLines()) {
+        LinesD& edge = *canvas.Lines.byIndex(number);
+        edge.setEnd(node.GrabPoint(edge.ToGrabbingPoint()));
+    }
+    centreMiddles(canvas, node);
+}
+
 Box freePlaceNear(const Canvas& canvas, const LabelsD& node, const Box& box) {
     const float reach = kRing * (kRings + 1);
     const Box around{box.Left - reach, box.Top - reach, box.Width + 2 * reach, box.Height + 2 * reach};

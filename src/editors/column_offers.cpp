@@ -1,6 +1,6 @@
 #include "editors/column_offers.h"
 
-#include "canvas/owners.h"
+#include "editors/taken_columns.h"
 #include "entities/key_grammar.h"
 #include "links/edge_links.h"
 #include "links/synchronize_functions.h"
@@ -11,55 +11,6 @@ using namespace entities;
 using canvas::LabelsD;
 
 namespace {
-
-constexpr std::int16_t kControlPoint = 5;  // of an activity, where control comes in
-
-const AttributeCollection* givenBy(const LabelsD& node) {
-    if (const ActivityProperties* activity = node.activity()) {
-        return activity->Act_Outputs.peek();
-    }
-    return node.recordSet() ? node.recordSet()->RecordSet_Outputs.peek() : nullptr;
-}
-
-/// The key by which links name a column of the source.
-std::string keyAt(const LabelsD& source, const AttributeProperties& column) {
-    return wholeKey(source.KeyName(), source.activity() ? KindOutput : KindRecordSetAttribute, column.Key);
-}
-
-bool hasName(const AttributeCollection& list, const std::string& name) {
-    for (const AttributeProperties& item : list) {
-        if (item.Attribute_Name == name || item.Key == name) {
-            return true;
-        }
-    }
-    return false;
-}
-
-/// The input of the activity that reads a column, as a drag onto its list makes it, and the output behind it.
-void takeInput(canvas::Canvas& form, LabelsD& target, const LabelsD& source, const AttributeProperties& column,
-               bool shortNames) {
-    ActivityProperties& activity = *target.activity();
-    const std::string key = source.KeyName() + "_" + column.Key;
-    if (activity.Act_Inputs->Item(key)) {
-        return;
-    }
-    const std::string bare = AfterLastDot(column.Key);
-    const bool isFree = !hasName(*activity.Act_Inputs, bare) && !hasName(*activity.Act_Outputs, bare);
-    const LinkType type = source.activity() ? LinkActivity : LinkRecordSet;
-    AttributeProperties& input =
-        activity.Act_Inputs->Add(shortNames && isFree ? bare : key, column.Attribute_Type, tagOf(type), key);
-    input.ParentKeyName = target.KeyName();
-    input.ProvidedFrom->Add(source.KeyName(), type, keyAt(source, column));
-    activity.Act_Inputs->Changed = true;
-    links::SynchronizeAttribute(form, input, nullptr);
-    if (!activity.Act_Outputs->Item(key)) {
-        const TagCode tag = passedOn(input.Tag);
-        AttributeProperties& output = activity.Act_Outputs->Add(input.Attribute_Name, input.Attribute_Type, tag, key);
-        output.ParentKeyName = target.KeyName();
-        output.ProvidedFrom->Add(target.KeyName(), static_cast<LinkType>(tag), relativeKey(KindInput, key));
-        links::SynchronizeAttribute(form, output, nullptr);
-    }
-}
 
 /// The column of the record set that an output fills; one of its name that nothing fills is taken.
 void takeColumn(canvas::Canvas& form, RecordSetProperties& recordSet, const LabelsD& source,
@@ -113,10 +64,7 @@ void ColumnOffers::take(canvas::DrawForm& form, const canvas::LinesD& edge) cons
         to->setReady(true);
     }
     for (const LabelsD* node : {from, to}) {
-        form.tellChanged(*node);
-        if (form.touched) {
-            form.touched->node(node->Index());
-        }
+        tellMembers(form, *node);
     }
 }
 

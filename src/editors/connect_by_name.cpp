@@ -8,6 +8,7 @@
 #include "canvas/canvas_rules.h"
 #include "canvas/owners.h"
 #include "canvas/straighten.h"
+#include "editors/taken_columns.h"
 #include "entities/key_grammar.h"
 #include "entities/type_records.h"
 #include "zoom/relationship_rules.h"
@@ -208,10 +209,7 @@ void ConnectByName::joinNodes(const Member& source, const Member& target) {
     ++connected;
     drawEdge(*source.owner, *target.owner);
     for (const LabelsD* node : {source.owner, target.owner}) {
-        form_.tellChanged(*node);
-        if (form_.touched) {
-            form_.touched->node(node->Index());
-        }
+        tellMembers(form_, *node);
     }
 }
 

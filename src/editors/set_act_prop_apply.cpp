@@ -1,5 +1,6 @@
 // How the activity dialog gives its copy to the graph, and what its end puts back.
 
+#include "canvas/node_moves.h"
 #include "editors/function_nodes.h"
 #include "editors/rename_in_place.h"
 #include "editors/set_act_prop.h"
@@ -83,6 +84,9 @@ bool SetActProp::ApplyActivity() {
     const std::shared_ptr<ActivityProperties> record = tempProp->Clone();
     bindFunctions(*former, *record);
     ActiveNode.Properties = record;
+    if (record->Act_SchemaNo != former->Act_SchemaNo) {
+        canvas::followGrabPoints(ParForm, ActiveNode);
+    }
     exchange.come(*record);
     exchange.finish();
     keptCaption_ = txtName;

@@ -23,6 +23,12 @@ class TypeGone : public platform::Fault {
     explicit TypeGone(const std::string& name) : Fault("The repository has no type " + name + " any more.") {}
 };
 
+/// What is told of an activity type where one is chosen.
+struct ActivityTypeWords {
+    std::string name, description;
+    int schemata = 0;  ///< of an activity, 1 or 2
+};
+
 /// The type catalogue: its name tables, and the ways from and to the repository. Every operation opens a connection
 /// of its own, and nothing runs in a transaction. Save and update operations throw the first error and leave what was
 /// written before it; deletions tell theirs.
@@ -42,6 +48,9 @@ class Catalogue : public entities::FunctionTypeSource {
 
     /// The same for all three over an open connection, with every index kept. Throws what fails.
     void refreshTables(StatementCache& repository);
+
+    /// All that are stored, in the order of the repository. Throws what fails.
+    std::vector<ActivityTypeWords> activityTypeWords();
 
     // Read one whole type by its index. A failed read tells nothing and gives what was read before it; an index out of
     // bounds is a fault.

@@ -10,6 +10,7 @@ namespace orvent::repository::sql {
 inline constexpr std::string_view kDataTypes = "SELECT datatype_name FROM datatypes";
 inline constexpr std::string_view kFunctionTypes = "SELECT FunctionType_name FROM FunctionTypes";
 inline constexpr std::string_view kActivityTypes = "SELECT ActivityType_name,ActivityType_SQL,ActivityType_LDL FROM ActivityTypes";
+inline constexpr std::string_view kActivityTypeWords = "SELECT ActivityType_name,ActivityType_descr,ActivityType_SchemaNo FROM ActivityTypes";
 
 inline constexpr std::string_view kActivityType = "SELECT ActivityType_descr,ActivityType_SQL,ActivityType_LDL,ActivityType_SchemaNo,ActivityType_ProviderSem,ActivityType_ConsumerSem FROM ActivityTypes WHERE ActivityType_name=?";
 inline constexpr std::string_view kActivityTypeParams = "SELECT Param_name,Param_type FROM ActivityTypesParams WHERE ActivityType_name=? AND param_kind=?";

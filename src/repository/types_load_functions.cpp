@@ -109,6 +109,16 @@ void Catalogue::LoadActivityTypes() {
     loadOrEnd([this](StatementCache& repository) { readActivityTypes(repository, keepsIndices()); });
 }
 
+std::vector<ActivityTypeWords> Catalogue::activityTypeWords() {
+    std::vector<ActivityTypeWords> all;
+    StatementCache repository = openRepository(services_);
+    Statement& row = repository.run(sql::kActivityTypeWords);
+    while (row.fetch()) {
+        all.push_back({row.text(1), row.text(2), static_cast<int>(row.number(3))});
+    }
+    return all;
+}
+
 namespace {
 
 ActivityTypeProperties activityTypeAt(const entities::NameTable& names, std::int16_t index) {

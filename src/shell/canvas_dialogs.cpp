@@ -2,9 +2,12 @@
 
 #include <memory>
 
+#include "editors/insert_between.h"
 #include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
+#include "editors/selection_prop.h"
 #include "entities/members.h"
+#include "shell/types_form.h"
 
 namespace orvent::shell {
 
@@ -42,6 +45,13 @@ std::string rowKeyOf(const entities::ActivityProperties& activity, const analysi
         key = member ? member->Key : std::string();
     });
     return key;
+}
+
+/// The provider edge at a place where an activity is dropped.
+template <class Form>
+auto* edgeUnder(Form& form, const editors::Placement& placement, const canvas::Hit& hit) {
+    auto* edge = placement.isActivity() && !canvas::isGiven(hit.node) ? form.Lines.byIndex(hit.edge) : nullptr;
+    return edge && edge->EdgeType() == canvas::EdgeTypeProvider ? edge : nullptr;
 }
 
 }  // namespace
@@ -114,6 +124,65 @@ void CanvasDialogs::openTemplateWizard(canvas::CanvasForm& form, canvas::LabelsD
     const canvas::NodeNumber index = activity.Index();
     services_.wizard.LDLCreate(form.scenario(), *activity.activity());
     touch(form.scenario(), index);
+}
+
+std::string CanvasDialogs::whyNotPlaced(const canvas::CanvasForm& form, const std::string& key,
+                                        const canvas::Hit& hit) const {
+    const auto* design = dynamic_cast<const canvas::DrawForm*>(&form);
+    const auto placement = placementOf(key, services_.catalogue.tables.activityTypes);
+    if (!design || !form.Enabled()) {
+        return "Nodes are placed in the window of a scenario.";
+    }
+    if (!placement) {
+        return "The catalogue has no such type any more.";
+    }
+    if (canvas::isGiven(hit.node)) {
+        return "Another node stands there.";
+    }
+    const canvas::LinesD* edge = edgeUnder(*design, *placement, hit);
+    return edge ? editors::whyNotBetween(*design, *edge) : std::string();
+}
+
+void CanvasDialogs::placeAt(canvas::CanvasForm& form, const std::string& key, const canvas::Hit& hit,
+                            editors::Spot spot) {
+    const std::string why = whyNotPlaced(form, key, hit);
+    if (!why.empty()) {
+        services_.repository.progress.status(why);
+        return;
+    }
+    auto& design = dynamic_cast<canvas::DrawForm&>(form);
+    const editors::Placement placement = *placementOf(key, services_.catalogue.tables.activityTypes);
+    windows_.settle({});
+    spot.edge = edgeUnder(design, placement, hit);
+    const canvas::LabelsD* node = editors::placeNode(services_, design, placement, spot);
+    windows_.settle({});
+    windows_.enabledChanged();
+    if (node) {
+        desk_.reveal(form, *node);
+        desk_.beginTyping(form);
+    }
+}
+
+void CanvasDialogs::showSelection(canvas::CanvasForm& form) {
+    if (form.SelectedLabels.Count() == 0) {
+        services_.repository.progress.status("Select a node first.");
+        return;
+    }
+    editors::SelectionProp dialog(services_, form);
+    services_.dialogs.show(dialog);
+    windows_.enabledChanged();
+}
+
+void CanvasDialogs::placeAlone(canvas::DrawForm& form, const std::string& key) {
+    const auto placement = placementOf(key, services_.catalogue.tables.activityTypes);
+    const std::vector<canvas::EdgeNumber> edges = form.SelectedLines.members();
+    const bool single = edges.size() == 1 && form.SelectedLabels.Count() == 0;
+    canvas::LinesD* edge = placement && single ? edgeUnder(form, *placement, canvas::Hit::onLine(edges[0])) : nullptr;
+    if (edge) {
+        placeAt(form, key, canvas::Hit::onLine(edge->Index()), {{edge->Xm(), edge->Ym()}, nullptr, true});
+    } else {
+        placeAt(form, key, {}, {desk_.middleOf(form), nullptr, true});
+    }
 }
 
 std::string CanvasDialogs::typeOf(const canvas::LabelsD& node) const {

@@ -2,6 +2,7 @@
 
 #include "analysis/node_texts.h"
 #include "canvas/canvas_host.h"
+#include "editors/place_node.h"
 #include "editors/rename_in_place.h"
 #include "shell/desk.h"
 
@@ -20,6 +21,9 @@ class WindowKeeper {
 
     /// A dialog over the window gave it what it holds, and stays open.
     virtual void applied(canvas::CanvasForm& form) = 0;
+
+    /// What has changed until now is a step of its own, called so; without words by what has changed.
+    virtual void settle(const std::string& words) = 0;
 
     /// Does with the selected nodes of a window what the Edit menu would.
     virtual void edit(canvas::CanvasForm& form, canvas::EditAction action) = 0;
@@ -50,6 +54,16 @@ class CanvasDialogs : public canvas::CanvasWindows {
     /// Gives the place's member that name, as its row in the dialog of the node does.
     bool renameAt(canvas::CanvasForm& form, canvas::LabelsD& node, const analysis::Place& place,
                   const std::string& name);
+    std::string whyNotPlaced(const canvas::CanvasForm& form, const std::string& key,
+                             const canvas::Hit& hit) const override;
+    void place(canvas::CanvasForm& form, const std::string& key, const canvas::Hit& hit, canvas::Point at) override {
+        placeAt(form, key, hit, {at});
+    }
+    /// The dialog of all selected nodes.
+    void showSelection(canvas::CanvasForm& form);
+    /// Places what the key stands for near the middle of what the window shows, where nothing is covered; on the only
+    /// selected edge where it can stand there.
+    void placeAlone(canvas::DrawForm& form, const std::string& key);
     void edit(canvas::CanvasForm& form, canvas::EditAction action) override { windows_.edit(form, action); }
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override { desk_.reveal(form, node); }
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override {
@@ -57,6 +71,8 @@ class CanvasDialogs : public canvas::CanvasWindows {
     }
 
   private:
+    void placeAt(canvas::CanvasForm& form, const std::string& key, const canvas::Hit& hit, editors::Spot spot);
+
     Desk& desk_;
     WindowKeeper& windows_;
     editors::EditorServices services_;

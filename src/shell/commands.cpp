@@ -102,6 +102,8 @@ constexpr std::array kEdit = {
     separator(withWindow),
     item("ConnectByNameM", "Connect By Name...", connectByName, withWindow, "", "Ctrl+J",
          "Proposes pairs of members whose names fit: of two selected nodes, or of all in a zoom"),
+    item("TypeAndSizeM", "Type And Size...", typeAndSize, withWindow, "", "",
+         "Gives all selected nodes one type, or one size"),
 };
 
 constexpr std::array kRelationships = {
@@ -128,6 +130,8 @@ constexpr std::array kView = {
          "Lists what is unfinished or doubtful in the scenario"),
     item("ViewOutlineM", "Outline", viewOutline, withWindow, "", "F7",
          "The scenario as a tree, in the order of its flow"),
+    item("ViewTypesM", "Types", viewTypes, withWindow, "", "F9",
+         "Activity types and other nodes, to be dragged into the picture"),
     item("ViewMinimapM", "Minimap", viewMinimap, withWindow, "", "Ctrl+M",
          "The whole picture in a corner of each window"),
     separator(zoomWindow),

@@ -29,6 +29,10 @@ class Desk : public canvas::NameMeasure {
     virtual void changeView(canvas::CanvasForm& form, ViewChange change) = 0;
     /// Brings the window forward and scrolls so far that the node is seen.
     virtual void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) = 0;
+    /// The middle of the part of the picture that the window shows.
+    virtual canvas::Point middleOf(const canvas::CanvasForm& form) const = 0;
+    /// Gives the window the keyboard, and edits what is written in its only selected node.
+    virtual void beginTyping(canvas::CanvasForm& form) = 0;
     /// Brings a new window forward with its whole picture, or, where that would be too small to read, with the node in
     /// the middle.
     virtual void present(canvas::CanvasForm& form, const canvas::LabelsD& node) = 0;

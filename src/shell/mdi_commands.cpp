@@ -8,8 +8,6 @@
 #include "canvas/scaling.h"
 #include "links/check_consistency.h"
 #include "platform/text.h"
-#include "repository/starter_catalogue.h"
-#include "repository/user_login.h"
 #include "shell/exporters.h"
 #include "shell/mdi_form.h"
 #include "shell/options_form.h"
@@ -22,8 +20,6 @@ namespace orvent::shell {
 namespace {
 
 using canvas::EditAction;
-using platform::Answer;
-using platform::Buttons;
 using platform::Icon;
 
 template <class Form>
@@ -139,6 +135,7 @@ struct MDIForm1::CommandTable {
         {Command::findNext, withScenario, [](MDIForm1& f) { f.lists_.findNext(false); }},
         {Command::findPrevious, withScenario, [](MDIForm1& f) { f.lists_.findNext(true); }},
         {Command::connectByName, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::connectByName); }},
+        {Command::typeAndSize, inWindow, [](MDIForm1& f) { f.edit(*f.activeEnabled(), EditAction::typeAndSize); }},
         {Command::toggleNodes, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::NodeForm); }},
         {Command::toggleEdges, always, [](MDIForm1& f) { f.tools_.palettes.toggle(Palette::EdgeForm); }},
         {Command::options, always, [](MDIForm1& f) { f.showOptions(); }},
@@ -173,6 +170,8 @@ struct MDIForm1::CommandTable {
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::problems); }},
         {Command::viewOutline, always, [](MDIForm1& f) { f.lists_.toggleEntered(Dock::outline); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::outline); }},
+        {Command::viewTypes, always, [](MDIForm1& f) { f.lists_.toggleEntered(Dock::types); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::types); }},
         {Command::viewMinimap, always, [](MDIForm1& f) { f.lists_.toggle(Dock::minimap); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::minimap); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
@@ -294,42 +293,9 @@ void MDIForm1::toggleSight(bool zoom::ZoomSight::*mark) {
     host_.commandsChanged();
 }
 
-void MDIForm1::login() {
-    if (showUserLogin()) {
-        currentGroup_ = 1;
-        host_.maximizeFrame();
-        loadSave_.forgetInterruptedSaves();
-        loadCatalogue();
-        repository::offerStarterCatalogue(services_, catalogue_);
-        host_.commandsChanged();
-    } else {
-        host_.unloadFrame();
-    }
-}
-
 void MDIForm1::chooseGroup(int group) {
     currentGroup_ = group;
     host_.commandsChanged();
-}
-
-void MDIForm1::changeUser() {
-    // A view over a scenario disables it, too; dialogs are open over the view then.
-    const bool dialogOpen =
-        std::any_of(ScenarioForms.begin(), ScenarioForms.end(),
-                    [&](const auto& form) { return form && !form->Enabled() && !viewOver(*form); }) ||
-        std::any_of(others_.begin(), others_.end(), [](const auto& view) { return !view->Enabled(); });
-    if (dialogOpen) {
-        ports_.messages.tell("Please Close All Property Forms Before Login Out!", "Property Form(s) Open!");
-        return;
-    }
-    const Answer answer = ports_.messages.show(
-        "All active Scenarios must close in order to login as a different user!\nAre you sure you want to continue?",
-        "Login", Icon::none, Buttons::okCancel);
-    if (answer != Answer::ok || !unload()) {
-        return;
-    }
-    tools_.enablePrintAndSave(false);
-    login();
 }
 
 void MDIForm1::showOptions() {
@@ -349,6 +315,7 @@ void MDIForm1::showMetrics() {
 void MDIForm1::showTypes(editors::TypeKind kind) {
     editors::TypeEditor editor(kind, services_, catalogue_, host_.dialogs(), anyScenario());
     host_.dialogs().show(editor);
+    lists_.types().renew();  // of a description no table tells
 }
 
 void MDIForm1::zoom(bool in) {

@@ -56,6 +56,10 @@ void MDIForm1::edit(canvas::CanvasForm& form, EditAction action) {
         histories_.settle();
         connectByName(form);
         histories_.settle("Connect By Name");
+    } else if (action == EditAction::typeAndSize) {
+        histories_.settle();
+        dialogs_.showSelection(form);
+        histories_.settle("Type And Size");
     } else if (const auto* view = dynamic_cast<const zoom::ZoomView*>(&form)) {
         clipboard_.copyText(*view);
     } else {

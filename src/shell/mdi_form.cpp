@@ -43,7 +43,7 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       documentTypes_(services_, catalogue_),
       files_(ports, services_, *this, {documentTypes_, host.dialogs()}),
       clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
-      lists_({host, desk, ports.store, options_, catalogue_.tables, dialogs_}, scenarioListeners_),
+      lists_({host, desk, ports.store, ports.progress, options_, catalogue_, dialogs_}, scenarioListeners_),
       recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       earlier_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       facts_(ports.states, ports.progress, options_.repository.login.ReposConnString),

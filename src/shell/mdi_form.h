@@ -74,6 +74,7 @@ class MDIForm1 : public repository::ScenarioWindows,
     void ZoomActivity(int Slot, canvas::NodeNumber NodeIndex) override;
     void applied(canvas::CanvasForm& form) override;
     void edit(canvas::CanvasForm& form, canvas::EditAction action) override;
+    void settle(const std::string& words) override { histories_.settle(words); }
     void enabledChanged() override { host_.commandsChanged(); }
     /// The frame's close request: closes the windows beside the scenarios', then every scenario in slot order. False
     /// when one of them was kept.

@@ -11,11 +11,8 @@ struct DockRow {
     const char* key;  ///< what it is called in the settings
 };
 
-constexpr DockRow kDocks[] = {{Dock::history, "History"},
-                              {Dock::problems, "Problems"},
-                              {Dock::find, "Find"},
-                              {Dock::outline, "Outline"},
-                              {Dock::minimap, "Minimap"}};
+constexpr DockRow kDocks[] = {{Dock::history, "History"}, {Dock::problems, "Problems"}, {Dock::find, "Find"},
+                              {Dock::outline, "Outline"}, {Dock::types, "Types"},       {Dock::minimap, "Minimap"}};
 
 }  // namespace
 
@@ -33,6 +30,7 @@ void SideLists::show(Dock dock, bool shown) {
 void SideLists::followDocks() {
     find_.show(ports_.host.dockShown(Dock::find));
     outline_.show(ports_.host.dockShown(Dock::outline));
+    types_.show(ports_.host.dockShown(Dock::types));
 }
 
 void SideLists::toggle(Dock dock) {
@@ -128,6 +126,15 @@ bool SideLists::rename(const analysis::Place& place, const std::string& name) {
                           : ports_.dialogs.renameAt(form, *editable(place), place, name);
 }
 
+void SideLists::placeInFront(const std::string& key) {
+    canvas::CanvasForm* front = ports_.desk.active();
+    if (front && !front->isZoom() && front->Enabled()) {
+        ports_.dialogs.placeAlone(front->scenario(), key);
+    } else {
+        ports_.progress.status("Nodes are placed in the window of a scenario.");
+    }
+}
+
 /// A zoom has no list of problems; there it is what is not ready.
 analysis::Unfinished SideLists::unfinishedOf(canvas::CanvasForm& form) const {
     if (!form.isZoom()) {
@@ -166,12 +173,14 @@ void SideLists::settle(canvas::CanvasForm& form, bool isWhole) {
     if (outline_.watched() == &form) {
         outline_.follow();
     }
+    types_.follow();
 }
 
 void SideLists::frontChanged() {
     canvas::CanvasForm* front = ports_.desk.active();
     find_.watch(front);
     outline_.watch(front ? &front->scenario() : nullptr);
+    types_.follow();
 }
 
 void SideLists::forget(canvas::CanvasForm& form) {

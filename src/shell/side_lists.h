@@ -9,6 +9,7 @@
 #include "shell/options_data.h"
 #include "shell/outline_form.h"
 #include "shell/problem_lists.h"
+#include "shell/types_form.h"
 
 namespace orvent::shell {
 
@@ -17,19 +18,21 @@ struct SideListPorts {
     FrameHost& host;
     Desk& desk;
     platform::SettingsStore& store;
+    platform::Progress& progress;
     const OptionsData& options;
-    const entities::CatalogueTables& tables;
+    repository::Catalogue& catalogue;
     CanvasDialogs& dialogs;
 };
 
 /// The lists beside the windows: which of them are shown, and what they tell of the window in front.
-class SideLists : private FindPorts, private OutlinePorts {
+class SideLists : private FindPorts, private OutlinePorts, private TypesPorts {
   public:
     SideLists(const SideListPorts& ports, ScenarioListeners& scenarios)
         : ports_(ports),
-          problems_(scenarios, ports.tables),
-          find_(*this, ports.tables),
-          outline_(*this, ports.tables) {}
+          problems_(scenarios, ports.catalogue.tables),
+          find_(*this, ports.catalogue.tables),
+          outline_(*this, ports.catalogue.tables),
+          types_(*this, ports.catalogue.tables.activityTypes) {}
 
     /// Shows those that were shown in the last run.
     void begin();
@@ -46,6 +49,7 @@ class SideLists : private FindPorts, private OutlinePorts {
     void goToNode(canvas::NodeNumber node);
     FindForm& find() { return find_; }
     OutlineForm& outline() { return outline_; }
+    TypesForm& types() { return types_; }
     /// Goes to the next hit, or the one before; with none, to where words are typed.
     void findNext(bool back);
 
@@ -73,6 +77,10 @@ class SideLists : private FindPorts, private OutlinePorts {
     bool mayRename(const analysis::Place& place) const override;
     bool rename(const analysis::Place& place, const std::string& name) override;
 
+    // TypesPorts
+    std::vector<repository::ActivityTypeWords> activityTypes() override { return ports_.catalogue.activityTypeWords(); }
+    void placeInFront(const std::string& key) override;
+
     void show(Dock dock, bool shown);
     void followDocks();
     canvas::LabelsD* editable(const analysis::Place& place) const;
@@ -81,6 +89,7 @@ class SideLists : private FindPorts, private OutlinePorts {
     ProblemLists problems_;
     FindForm find_;
     OutlineForm outline_;
+    TypesForm types_;
 };
 
 }  // namespace orvent::shell

@@ -20,6 +20,7 @@ constexpr const char* kProperties = "Properties";
 // Behind those of its own in the menu of every node.
 constexpr ContextItem kConnectByName{"NodesConnectByNameM", "Connect By Name...", edit,
                                      canvas::EditAction::connectByName};
+constexpr ContextItem kTypeAndSize{"NodesTypeAndSizeM", "Type And Size...", edit, canvas::EditAction::typeAndSize};
 constexpr ContextItem kFitToNames{"NodesFitToNamesM", "Fit To Names", edit, canvas::EditAction::fitToNames};
 
 constexpr std::array kRecordSetMenu = {
@@ -28,6 +29,7 @@ constexpr std::array kRecordSetMenu = {
     ContextItem{"RecordSetPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
     kConnectByName,
+    kTypeAndSize,
     kFitToNames,
 };
 
@@ -37,6 +39,7 @@ constexpr std::array kActivityMenu = {
     ContextItem{"ActivityPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
     kConnectByName,
+    kTypeAndSize,
     kFitToNames,
 };
 
@@ -46,6 +49,7 @@ constexpr std::array kFunctionMenu = {
     ContextItem{"FunctionDeleteM", kDelete, deleteNodes, canvas::NodeTypeFunction},
     ContextItem{"FunctionPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
+    kTypeAndSize,
     kFitToNames,
 };
 
@@ -54,6 +58,7 @@ constexpr std::array kConstantMenu = {
     ContextItem{"ConstantDeleteM", kDelete, deleteNodes, canvas::NodeTypeConstant},
     ContextItem{"ConstantPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
+    kTypeAndSize,
     kFitToNames,
 };
 
@@ -63,6 +68,7 @@ constexpr std::array kAttributeMenu = {
     ContextItem{"AttributePropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
     kConnectByName,
+    kTypeAndSize,
     kFitToNames,
 };
 
@@ -71,6 +77,7 @@ constexpr std::array kParameterMenu = {
     ContextItem{"ParameterDeleteM", kDelete, deleteNodes, canvas::NodeTypeParameter},
     ContextItem{"ParameterPropertiesM", kProperties, properties, {}, true, {}},
     ContextItem{},
+    kTypeAndSize,
     kFitToNames,
 };
 

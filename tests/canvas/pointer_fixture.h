@@ -50,6 +50,12 @@ class LoggingHost : public canvas::ToolState,
         log_ += " rename " + node.Caption() + " " + name;
         return name != "taken";
     }
+    std::string whyNotPlaced(const canvas::CanvasForm&, const std::string&, const canvas::Hit&) const override {
+        return {};
+    }
+    void place(canvas::CanvasForm&, const std::string& key, const canvas::Hit&, canvas::Point) override {
+        log_ += " place " + key;
+    }
     void edit(canvas::CanvasForm&, canvas::EditAction action) override {
         log_ += " edit " + std::to_string(static_cast<int>(action));
     }

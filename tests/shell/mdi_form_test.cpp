@@ -309,6 +309,7 @@ TEST(Commands, EveryMenuItemNamesACommandOfItsOwn) {
         {"ViewLargerM ViewSmallerM ViewActualSizeM ViewFitM", {viewLarger, viewSmaller, viewActualSize, viewFit}},
         {"ColourByMetricM ViewHistoryM SelectAllM", {colourByMetric, viewHistory, selectAll}},
         {"ViewProblemsM ViewOutlineM ViewMinimapM FitToNamesM", {viewProblems, viewOutline, viewMinimap, fitToNames}},
+        {"ViewTypesM TypeAndSizeM", {viewTypes, typeAndSize}},
         {"ViewPartOfM ViewInstanceOfM ViewRegulatorM", {viewPartOf, viewInstanceOf, viewRegulator}},
         {"ViewProviderM ViewDerivedM ViewAttributesM", {viewProvider, viewDerived, viewAttributes}},
         {"MakeRoomM LightPathsM LegendM QuitM", {makeRoom, lightPaths, legend, quit}},

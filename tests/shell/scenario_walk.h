@@ -9,6 +9,7 @@
 #include <string>
 
 #include "canvas/node_moves.h"
+#include "shell/readings.h"
 #include "testkit/model_text.h"
 #include "testkit/state_text.h"
 #include "testkit/test_frame.h"
@@ -31,6 +32,12 @@ class ScenarioWalk {
         stage.host.atRecordSet = [this](editors::RecordSetProp& dialog) { editRecordSet(dialog); };
         stage.host.atEdgeChanges = [](auto&) {};
         stage.host.atConnect = [this](editors::ConnectByName& dialog) { connect(dialog); };
+        stage.host.atSelection = [this](editors::SelectionProp& dialog) {
+            dialog.Type = pick(static_cast<int>(dialog.Types.size()));
+            dialog.txtWidth = pick(2) == 0 ? "" : std::to_string(300 + 50 * pick(40));
+            say("  " + dialog.Types[static_cast<std::size_t>(dialog.Type)] + " " + dialog.txtWidth);
+            pick(4) > 0 ? dialog.OK() : dialog.mayClose();
+        };
         stage.host.atTakeOver = [this](editors::TakeOverForm& dialog) {
             dialog.Source_Click(pick(static_cast<int>(dialog.Sources.size())));
             dialog.Pasted_Change(freshName() + " varchar2\n" + freshName() + " date,");
@@ -195,6 +202,10 @@ class ScenarioWalk {
             if (pick(3) == 0) {
                 view->SelectedLabels.Clear();
                 view->SelectedLabels.Add(view->Labels.at(1 + pick(view->Labels.Count()))->Index());
+                if (pick(2) == 0) {
+                    frame.run(Command::typeAndSize);
+                    continue;
+                }
                 canvas::DeleteSelectedNodes(*view, canvas::kEveryNodeType, frame.pointerPorts().links, view->rules());
             }
             idle();
@@ -261,9 +272,35 @@ class ScenarioWalk {
         }
     }
 
+    /// A node of the list of types is dropped on the picture, or on an edge.
+    void placeType() {
+        const entities::NameTable& types = frame.catalogue().tables.activityTypes;
+        const char* plain[] = {"RecordSet", "Comment", "Log"};
+        const std::string key =
+            pick(4) == 0 ? plain[pick(3)]
+                         : "Activity:" + types.name(static_cast<std::int16_t>(pick(static_cast<int>(types.size()))));
+        canvas::Hit hit;
+        std::string from, to;
+        if (const int edges = form->Lines.Count(); edges > 0 && pick(3) > 0) {
+            const canvas::LinesD& edge = *form->Lines.at(1 + pick(edges));
+            hit = canvas::Hit::onLine(edge.Index());
+            from = form->Labels.byIndex(edge.FromLabel())->KeyName();
+            to = form->Labels.byIndex(edge.ToLabel())->KeyName();
+        }
+        const std::vector<std::string> read = readings(*form, to, from);
+        const bool stands = !from.empty() && key.starts_with("Activity:") &&
+                            frame.pointerPorts().windows.whyNotPlaced(*form, key, hit).empty() &&
+                            form->Lines.byIndex(hit.edge)->EdgeType() == canvas::EdgeTypeProvider;
+        say("  " + key + " between " + from + " and " + to);
+        frame.pointerPorts().windows.place(*form, key, hit, {100.F * static_cast<float>(pick(99)), 2000});
+        if (stands) {
+            EXPECT_EQ(readings(*form, to, from, form->Labels.byIndex(form->LabelsNo)->KeyName()), read);
+        }
+    }
+
     void act() {
         using canvas::EditAction;
-        const int action = form->Labels.Count() < 4 ? 12 : pick(17);
+        const int action = form->Labels.Count() < 4 ? 12 : pick(19);
         say("action " + std::to_string(action));
         switch (action) {
             case 0:
@@ -326,6 +363,11 @@ class ScenarioWalk {
                 form->SelectedLabels.Add(anyNode().Index());
                 idle();
                 return frame.run(Command::connectByName);
+            case 16:
+                return placeType();
+            case 17:
+                select(4);
+                return frame.run(Command::typeAndSize);
             default:
                 if (form->Lines.Count() > 0) {
                     canvas::LinesD& edge = *form->Lines.at(1 + pick(form->Lines.Count()));

@@ -22,6 +22,11 @@ class FakeDesk : public shell::Desk {
     canvas::CanvasForm* active() override { return windows.empty() ? nullptr : windows.back(); }
     void changeView(canvas::CanvasForm&, shell::ViewChange change) override { viewChanges.push_back(change); }
     void reveal(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
+    canvas::Point middleOf(const canvas::CanvasForm&) const override { return {5000, 3000}; }
+    std::vector<std::string> typed;  ///< captions of the nodes whose text is edited
+    void beginTyping(canvas::CanvasForm& form) override {
+        typed.push_back(form.Labels.byIndex(form.SelectedLabels.members().front())->Caption());
+    }
     void present(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
     void showTints(canvas::CanvasForm&, canvas::Tints*) override {}
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {

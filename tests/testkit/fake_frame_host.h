@@ -7,6 +7,7 @@
 #include "editors/connect_by_name.h"
 #include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
+#include "editors/selection_prop.h"
 #include "editors/take_over.h"
 #include "exchange/open_scenario.h"
 #include "repository/user_login.h"
@@ -32,6 +33,7 @@ class FakeFrameHost : public shell::FrameHost {
         });
         dialogs_.add<editors::RecordSetProp>([this](auto& dialog) { atRecordSet(dialog); });
         dialogs_.add<editors::ConnectByName>([this](auto& dialog) { atConnect(dialog); });
+        dialogs_.add<editors::SelectionProp>([this](auto& dialog) { atSelection(dialog); });
         dialogs_.add<editors::TakeOverForm>([this](auto& dialog) { atTakeOver(dialog); });
         dialogs_.add<editors::ItemProp>([this](auto& dialog) { atItem(dialog); });
         dialogs_.addWindow<editors::SetActProp>([this](auto dialog) { atActivity(*dialog); });
@@ -48,6 +50,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(statements::LDLForm&)> atWizard;  ///< without it the wizard is closed at once
     std::function<void(editors::RecordSetProp&)> atRecordSet;
     std::function<void(editors::ConnectByName&)> atConnect;
+    std::function<void(editors::SelectionProp&)> atSelection;
     std::function<void(editors::TakeOverForm&)> atTakeOver;
     std::function<void(editors::ItemProp&)> atItem;
     std::function<void(editors::SetActProp&)> atActivity;

@@ -75,6 +75,7 @@ CanvasEditor::CanvasEditor(canvas::CanvasForm& form, const Theme& theme, const c
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(2);
     setForegroundRole(kRim);
+    viewport()->setAcceptDrops(true);
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeCommentEditor);
     connect(this, &CanvasViewWidget::scaleChanged, this, &CanvasEditor::placeNameField);
     connect(&theme, &Theme::changed, this, &CanvasEditor::showFocus);

@@ -11,6 +11,9 @@ class QPlainTextEdit;
 
 namespace orvent::qt {
 
+/// What is dragged from the list of types: the key of its row.
+inline constexpr const char* kTypeMime = "application/x-orvent-type";
+
 class NameField;
 class TintLegend;
 
@@ -31,6 +34,9 @@ class CanvasEditor : public CanvasViewWidget {
     /// Shows the nodes in shades with a legend, or in their own colours again.
     void showTints(canvas::Tints* tints);
 
+    /// Edits what is written in the only selected node.
+    void beginTyping();
+
     /// Where the pointer is in the picture, or nothing while it is elsewhere.
     std::optional<canvas::Point> pointerPlace() const;
 
@@ -46,6 +52,10 @@ class CanvasEditor : public CanvasViewWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;

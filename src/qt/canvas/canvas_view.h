@@ -78,6 +78,9 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
     bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    /// The edge that is marked as what the pointer means, or none.
+    void showPointedEdge(const canvas::LinesD* edge) { painter_.setPointedEdge(edge); }
+
     /// The view's own state has changed.
     virtual void stateChanged();
 

@@ -201,6 +201,16 @@ void DeskArea::reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) {
     window->editor().reveal(node);
 }
 
+canvas::Point DeskArea::middleOf(const canvas::CanvasForm& form) const {
+    return windowOf(form)->editor().state().window.middle();
+}
+
+void DeskArea::beginTyping(canvas::CanvasForm& form) {
+    DeskWindow* window = windowOf(form);
+    bringForward(window);
+    window->editor().beginTyping();
+}
+
 void DeskArea::present(canvas::CanvasForm& form, const canvas::LabelsD& node) {
     DeskWindow* window = windowOf(form);
     bringForward(window);

@@ -39,6 +39,8 @@ class DeskArea : public QMdiArea, public shell::Desk {
     canvas::CanvasForm* active() override;
     void changeView(canvas::CanvasForm& form, shell::ViewChange change) override;
     void reveal(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
+    canvas::Point middleOf(const canvas::CanvasForm& form) const override;
+    void beginTyping(canvas::CanvasForm& form) override;
     void present(canvas::CanvasForm& form, const canvas::LabelsD& node) override;
     /// The minimap of each window that is there, and of those that come.
     void showMinimaps(bool shown);

@@ -9,6 +9,7 @@
 #include "qt/editors/in_out_window.h"
 #include "qt/editors/item_window.h"
 #include "qt/editors/record_set_prop_window.h"
+#include "qt/editors/selection_window.h"
 #include "qt/editors/set_act_prop_window.h"
 #include "qt/editors/take_over_window.h"
 #include "qt/editors/type_editor_window.h"
@@ -118,6 +119,7 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
         sizes.store(form.words.window);
     });
     add<editors::ConnectByName, ConnectWindow>(dialogs, frame);
+    add<editors::SelectionProp, SelectionWindow>(dialogs, frame);
     add<editors::TakeOverForm, TakeOverWindow>(dialogs, frame);
     add<editors::InOutProp, InOutWindow>(dialogs, frame);
     add<editors::ItemProp, ItemWindow>(dialogs, frame);

@@ -9,6 +9,7 @@
 #include "qt/shell/history_dock.h"
 #include "qt/shell/outline_dock.h"
 #include "qt/shell/problems_dock.h"
+#include "qt/shell/types_dock.h"
 #include "qt/theme/icons.h"
 #include "shell/mdi_form.h"
 
@@ -18,7 +19,7 @@ using shell::Dock;
 
 namespace {
 
-constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline};
+constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline, Dock::types};
 
 }  // namespace
 
@@ -39,11 +40,19 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
               return its ? &its->lists().outline() : nullptr;
           },
           &frame)),
+      types_(new TypesDock(
+          [this] {
+              shell::MDIForm1* its = logic_();
+              return its ? &its->lists().types() : nullptr;
+          },
+          &frame)),
       count_(new QToolButton(&frame)) {
     frame.addDockWidget(Qt::RightDockWidgetArea, history_);
     frame.addDockWidget(Qt::BottomDockWidgetArea, problems_);
     frame.tabifyDockWidget(problems_, find_);
     frame.addDockWidget(Qt::LeftDockWidgetArea, outline_);
+    frame.addDockWidget(Qt::LeftDockWidgetArea, types_);
+    logic_()->lists().types().onRows = [this] { types_->renew(); };
     logic_()->lists().outline().onOutline = [this] { outline_->renew(); };
     logic_()->lists().outline().onFollow = [this] { outline_->follow(); };
     logic_()->lists().find().onRows = [this](bool others) { find_->follow(others); };
@@ -61,6 +70,8 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
         find_, &FindDock::closed, this, [closed] { closed(Dock::find); }, Qt::QueuedConnection);
     connect(
         outline_, &OutlineDock::closed, this, [closed] { closed(Dock::outline); }, Qt::QueuedConnection);
+    connect(
+        types_, &TypesDock::closed, this, [closed] { closed(Dock::types); }, Qt::QueuedConnection);
     for (const Dock dock : kDocks) {
         widget(dock)->hide();
     }
@@ -81,6 +92,8 @@ QDockWidget* FrameDocks::widget(Dock dock) const {
             return problems_;
         case Dock::find:
             return find_;
+        case Dock::types:
+            return types_;
         case Dock::outline:
         case Dock::minimap:
             break;
@@ -101,6 +114,8 @@ void FrameDocks::enter(Dock dock) {
         find_->enter();
     } else if (dock == Dock::outline) {
         outline_->enter();
+    } else if (dock == Dock::types) {
+        types_->enter();
     } else {
         widget(dock)->setFocus();
     }
