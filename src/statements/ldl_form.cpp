@@ -300,6 +300,7 @@ void LDLForm::cmdOK() {
     Activity->Changed = Activity->Changed || Activity->Act_LDL != txtTemplate;
     Activity->Act_LDL = txtTemplate;
     Activity->statementDoubt.clear();
+    former_.keep(OriginalTemplate, field());
     if (dialog_) {
         dialog_->setStatement(txtTemplate);
     }

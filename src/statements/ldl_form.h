@@ -11,6 +11,7 @@
 #include "links/mirror_order.h"
 #include "platform/dialogs.h"
 #include "statements/activity_wizard.h"
+#include "statements/former_answers.h"
 #include "statements/ldl_variable_panel.h"
 
 namespace orvent::statements {
@@ -92,6 +93,16 @@ class LDLForm : public ActivityWizard, public LDLVariablePanel {
     /// Where the current variable stands in the template.
     std::vector<LDLMark> templateMarks() const;
 
+    // Proposals, which are shown and taken only when they are asked for.
+
+    /// What the current variable stood for when an activity was made by the same template in this run, in words; empty
+    /// while it has a kind, and when nothing is known.
+    std::string formerWords() const;
+    void takeFormer();
+    /// With what the constant at hand is compared, and the data type of that, in words; empty when it has a type.
+    std::string comparedWords() const;
+    void takeComparedType();
+
     /// Adds the template's variables to `Variables`. A fault is told, and ends the scan with what was found.
     void ScanTemplateVariables(const std::string& text);
     void ShowCurrentVariable();
@@ -105,6 +116,9 @@ class LDLForm : public ActivityWizard, public LDLVariablePanel {
     void reset();
     void enableSteps();
     std::vector<LDLMark> marksIn(const std::string& text) const;
+    AnswerField field() const { return {Variables, Sources, *form_}; }
+    const LDLVariable* compared() const;
+    std::optional<std::int16_t> comparedType() const;
 
     platform::MessageBox& messages_;
     const entities::CatalogueTables& catalogue_;
@@ -117,6 +131,7 @@ class LDLForm : public ActivityWizard, public LDLVariablePanel {
     entities::ActivityTypeProperties type_;
     std::vector<std::string> generatorFaults_;
     std::string openedText_;  ///< the template as the window got it
+    FormerAnswers former_;    ///< of the whole run of the program
     bool generated_ = false;
     bool open_ = false;
 };

@@ -101,7 +101,20 @@ class StarterActivitiesTest : public testkit::CanvasTest {
         activity.Act_Type = catalogue.ActivityTypeIndex(starter["type"][0]);
         window.play = [&starter](LDLForm& wizard) { answer(wizard, starter["var"]); };
         ports.messages.expect("Activity Created", "", platform::Icon::information);
-        LDLForm(ports.messages, catalogue.tables, wizardServices, window).LDLCreate(form, activity);
+        LDLForm wizard(ports.messages, catalogue.tables, wizardServices, window);
+        wizard.LDLCreate(form, activity);
+        window.play = [&](LDLForm& again) {
+            for (int at = 1; at <= again.Variables.Count(); ++at) {
+                EXPECT_NE(again.formerWords(), "");
+                again.takeFormer();
+                EXPECT_EQ(again.formerWords() + again.missingOnPanel(), "");
+                again.cmdNext();
+            }
+            again.Variables.Count() > 0 ? again.cmdGenerateLDL() : again.cmdCancel();
+            EXPECT_TRUE(again.Variables.Count() == 0 || again.txtTemplate == activity.Act_LDL) << again.txtTemplate;
+            again.cmdCancel();
+        };
+        wizard.LDLCreate(form, activity);
         EXPECT_EQ(misfitLine(activity), starter["told"].empty() ? "" : starter["told"][0]) << activity.Act_LDL;
         std::string findings;
         for (const program::Finding& finding : program::checkedProgram(form, catalogue.tables).findings) {

@@ -31,6 +31,7 @@ using statements::LDLForm;
 constexpr int kArityWidth = 100;
 constexpr int kOptionColumns = 3;
 constexpr int kIcon = 16;
+constexpr const char *kRole = "take", *kFormer = "former", *kType = "type";  // what a proposal's link takes
 
 /// A number field in which Enter takes the number over and presses no button.
 class NumberField : public QSpinBox {
@@ -129,8 +130,14 @@ void VariablePanel::addWords(QGroupBox& frame) {
     proposal_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     proposal_->setWordWrap(true);
     keepPlace(*proposal_);  // what lies below stays where it is when the proposal is taken
-    connect(proposal_, &QLabel::linkActivated, this, [this] {
-        logic_.chooseKind(statements::LDLGuide(logic_).proposal().kind);
+    connect(proposal_, &QLabel::linkActivated, this, [this](const QString& what) {
+        if (what == QLatin1String(kFormer)) {
+            logic_.takeFormer();
+        } else if (what == QLatin1String(kType)) {
+            logic_.takeComparedType();
+        } else {
+            logic_.chooseKind(statements::LDLGuide(logic_).proposal().kind);
+        }
         changed_();
     });
 }
@@ -143,14 +150,22 @@ void VariablePanel::showWords() {
     meaning_->setVisible(!meaning.isEmpty());
     keepMeaningRoom();
     const statements::TemplateRole role = guide.proposal();
+    const std::string former = logic_.formerWords(), compared = logic_.comparedWords();
+    const auto propose = [this](const std::string& words, const char* what, const QString& take) {
+        proposal_->setText(QStringLiteral("%1 <a href=\"%2\">%3</a>")
+                               .arg(QString::fromStdString(words).toHtmlEscaped(), QLatin1String(what), take));
+    };
     for (const statements::LDLKindOption& option : statements::kLDLKindOptions) {
         if (option.kind == role.kind) {
-            proposal_->setText(QStringLiteral("%1 <a href=\"take\">%2</a>")
-                                   .arg(QString::fromStdString(role.why).toHtmlEscaped(),
-                                        tr("Take \"%1\"").arg(QLatin1String(option.caption))));
+            propose(role.why, kRole, tr("Take \"%1\"").arg(QLatin1String(option.caption)));
         }
     }
-    proposal_->setVisible(role.kind != statements::VarUndefined);
+    if (!former.empty()) {
+        propose(former, kFormer, tr("Take"));
+    } else if (!compared.empty()) {
+        propose(compared, kType, tr("Take Its Type"));
+    }
+    proposal_->setVisible(role.kind != statements::VarUndefined || !former.empty() || !compared.empty());
 }
 
 /// The longest meaning has room beside the longest name, so that roles stay where they are from variable to variable.
