@@ -31,6 +31,14 @@ class EdgeOffers {
     virtual void take(DrawForm& form, const LinesD& edge) const = 0;
 };
 
+/// An edge that links ask for: data flows from one node to the other, or control.
+struct WantedEdge {
+    NodeNumber from, to;
+    bool control = false;
+
+    bool operator==(const WantedEdge&) const = default;
+};
+
 /// A design window: one scenario on screen. It owns all of the scenario.
 class DrawForm : public CanvasForm {
   public:
@@ -51,6 +59,8 @@ class DrawForm : public CanvasForm {
         std::uint32_t times = 0;  ///< how often the window was saved or loaded
     };
     Stored stored;
+    /// Offers to draw edges, until that is answered. Those that are there by then, or lack a node, are left out.
+    void offerEdges(std::vector<WantedEdge> edges);
     const EdgeOffers* edgeOffers = nullptr;  ///< set by who opens the window
     bool deleted = false;                    ///< the scenario that the window showed was removed from the repository
 
@@ -92,8 +102,11 @@ class DrawForm : public CanvasForm {
 
   private:
     std::optional<Offer> edgeOffer() const;
+    std::vector<WantedEdge> wantedEdges() const;
+    void drawWanted(const std::vector<WantedEdge>& edges);
 
-    EdgeNumber drawn_{};  ///< the edge whose offer has not been answered
+    EdgeNumber drawn_{};              ///< the edge whose offer has not been answered
+    std::vector<WantedEdge> wanted_;  ///< that were offered
     ScenarioStore* store_;
     DesignRules rules_;
 };

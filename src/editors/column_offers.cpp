@@ -4,6 +4,7 @@
 #include "entities/key_grammar.h"
 #include "links/edge_links.h"
 #include "links/synchronize_functions.h"
+#include "platform/name_list.h"
 
 namespace orvent::editors {
 
@@ -12,13 +13,17 @@ using canvas::LabelsD;
 
 namespace {
 
-/// The column of the record set that an output fills; one of its name that nothing fills is taken.
-void takeColumn(canvas::Canvas& form, RecordSetProperties& recordSet, const LabelsD& source,
+/// The column of the record set that an output fills; one of its name that nothing fills is taken. False where that has
+/// another type.
+bool takeColumn(canvas::Canvas& form, RecordSetProperties& recordSet, const LabelsD& source,
                 const AttributeProperties& output) {
     const std::string name = AfterLastDot(output.Attribute_Name);
     AttributeProperties* column = recordSet.RecordSet_Outputs->Item(name);
-    if (column && (column->ProvidedFrom.count() > 0 || column->Attribute_Type != output.Attribute_Type)) {
-        return;
+    if (column && column->Attribute_Type != output.Attribute_Type) {
+        return false;
+    }
+    if (column && column->ProvidedFrom.count() > 0) {
+        return true;
     }
     if (!column) {
         column = &recordSet.RecordSet_Outputs->Add(name, output.Attribute_Type, name);
@@ -26,6 +31,7 @@ void takeColumn(canvas::Canvas& form, RecordSetProperties& recordSet, const Labe
     }
     column->ProvidedFrom->Add(source.KeyName(), LinkRecordSet, keyAt(source, output));
     links::SynchronizeAttribute(form, *column, nullptr);
+    return true;
 }
 
 }  // namespace
@@ -52,12 +58,15 @@ void ColumnOffers::take(canvas::DrawForm& form, const canvas::LinesD& edge) cons
     if (!columns || !to) {
         return;
     }
+    std::vector<std::string> leftOut;
     for (const AttributeProperties& column : *columns) {
         if (to->activity()) {
             takeInput(form, *to, *from, column, shortNames_);
         } else if (RecordSetProperties* recordSet = to->recordSet()) {
             recordSet->RecordSet_Name = to->KeyName();
-            takeColumn(form, *recordSet, *from, column);
+            if (!takeColumn(form, *recordSet, *from, column)) {
+                leftOut.push_back(AfterLastDot(column.Attribute_Name));
+            }
         }
     }
     if (to->recordSet()) {
@@ -65,6 +74,11 @@ void ColumnOffers::take(canvas::DrawForm& form, const canvas::LinesD& edge) cons
     }
     for (const LabelsD* node : {from, to}) {
         tellMembers(form, *node);
+    }
+    if (!leftOut.empty()) {
+        form.messages().tell("Left out, since " + to->Caption() +
+                                 " has columns of these names and other types: " + platform::nameList(leftOut) + ".",
+                             {}, platform::Icon::information);
     }
 }
 

@@ -228,6 +228,39 @@ std::vector<const LabelsD*> edgeStarts(const canvas::Canvas& form, const LabelsD
     return starts;
 }
 
+std::vector<canvas::WantedEdge> wantedEdges(const canvas::Canvas& form, const LabelsD& node) {
+    std::vector<canvas::WantedEdge> edges;
+    NodeSources sources;
+    findSources(node, sources);
+    for (const bool control : {false, true}) {
+        for (const std::string* name : control ? sources.control : sources.data) {
+            if (const LabelsD* source = sourceNamed(form, *name); source && source != &node) {
+                edges.push_back({source->Index(), node.Index(), control});
+            }
+        }
+    }
+    Sources targets;
+    canvas::withOwner(node, [&](const auto& owner) {
+        eachList(owner, [&](const auto& members, NodeKindCode kind) {
+            if constexpr (requires { (*members.begin()).ProviderFor; }) {
+                for (const auto& member : members) {
+                    for (const auto& link : member.ProviderFor) {
+                        if (kind != KindInput) {  // those feed their own activity
+                            targets.add(link.Provider_Name);
+                        }
+                    }
+                }
+            }
+        });
+    });
+    for (const std::string* name : targets) {
+        if (const LabelsD* target = sourceNamed(form, *name); target && target != &node) {
+            edges.push_back({node.Index(), target->Index(), false});
+        }
+    }
+    return edges;
+}
+
 std::optional<EdgeChanges> CheckConsistency(canvas::Canvas& form, platform::Progress& progress) {
     if (form.messages().show("This Action Will Delete All Non Consistent Provider Relationships!\n"
                              "Are you Sure You Want to Continue?",

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "canvas/canvas.h"
+#include "canvas/draw_form.h"
 #include "platform/dialogs.h"
 
 namespace orvent::links {
@@ -29,6 +29,9 @@ std::optional<EdgeChanges> CheckConsistency(canvas::Canvas& form, platform::Prog
 
 /// The nodes from which a check draws an edge to a node; one that provides and regulates stands there twice.
 std::vector<const canvas::LabelsD*> edgeStarts(const canvas::Canvas& form, const canvas::LabelsD& node);
+
+/// The edges that the links of a node's members ask for, to it and from it.
+std::vector<canvas::WantedEdge> wantedEdges(const canvas::Canvas& form, const canvas::LabelsD& node);
 
 /// "A → B"
 std::string edgeWords(const EdgeNames& edge);

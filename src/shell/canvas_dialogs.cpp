@@ -1,12 +1,15 @@
 #include "shell/canvas_dialogs.h"
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "editors/insert_between.h"
 #include "editors/item_prop.h"
 #include "editors/record_set_prop.h"
 #include "editors/selection_prop.h"
 #include "entities/members.h"
+#include "links/check_consistency.h"
 #include "shell/types_form.h"
 
 namespace orvent::shell {
@@ -31,6 +34,35 @@ void touch(canvas::CanvasForm& form, canvas::NodeNumber node) {
         form.touched->node(node);
     }
 }
+
+/// Offers the edges that a dialog's new links ask for, at its end.
+class NewEdges {
+  public:
+    NewEdges(canvas::CanvasForm& form, const canvas::LabelsD& node)
+        : form_(dynamic_cast<canvas::DrawForm*>(&form)), node_(node.Index()) {
+        if (form_) {
+            before_ = links::wantedEdges(*form_, node);
+        }
+    }
+    void offer() const {
+        const canvas::LabelsD* node = form_ ? form_->Labels.byIndex(node_) : nullptr;
+        if (!node) {
+            return;
+        }
+        std::vector<canvas::WantedEdge> edges = links::wantedEdges(*form_, *node);
+        std::erase_if(edges, [this](const canvas::WantedEdge& edge) {
+            return std::find(before_.begin(), before_.end(), edge) != before_.end();
+        });
+        if (!edges.empty()) {
+            form_->offerEdges(std::move(edges));
+        }
+    }
+
+  private:
+    canvas::DrawForm* form_;
+    canvas::NodeNumber node_;
+    std::vector<canvas::WantedEdge> before_;
+};
 
 /// The key of the row in which the dialog of an activity shows a member, or the function that has it.
 std::string rowKeyOf(const entities::ActivityProperties& activity, const analysis::Place& place) {
@@ -63,6 +95,7 @@ void CanvasDialogs::openAt(canvas::CanvasForm& form, canvas::LabelsD& node, cons
     }
     const Awake awake(windows_);
     const canvas::NodeNumber index = node.Index();
+    const NewEdges edges(form, node);
     if (node.activity()) {
         // The program goes on while it is open; only the window that it belongs to takes no input.
         auto dialog = std::make_unique<editors::SetActProp>(services_, form, node);
@@ -70,8 +103,9 @@ void CanvasDialogs::openAt(canvas::CanvasForm& form, canvas::LabelsD& node, cons
             touch(form, index);
             windows.applied(form);
         };
-        dialog->onEnd = [&windows = windows_, &form, index] {
+        dialog->onEnd = [&windows = windows_, &form, index, edges] {
             touch(form, index);
+            edges.offer();
             windows.enabledChanged();
         };
         if (const std::string key = rowKeyOf(*dialog->tempProp, place); !key.empty()) {
@@ -79,10 +113,13 @@ void CanvasDialogs::openAt(canvas::CanvasForm& form, canvas::LabelsD& node, cons
         }
         services_.dialogs.open(std::move(dialog));
     } else if (node.recordSet()) {
-        editors::RecordSetProp dialog(services_, form, node);
-        dialog.AttList.select(place.member);
-        services_.dialogs.show(dialog);
+        {
+            editors::RecordSetProp dialog(services_, form, node);
+            dialog.AttList.select(place.member);
+            services_.dialogs.show(dialog);
+        }
         touch(form, index);
+        edges.offer();
     } else if (zoom && editors::ItemProp::edits(*zoom, node)) {
         repository::WholeFunctionTypes types(services_.catalogue);
         editors::ItemProp dialog(*zoom, node, types);

@@ -186,6 +186,14 @@ TEST_F(ConnectByNameTest, ADrawnEdgeOffersTheColumnsOfItsSource) {
         "SRC_ID:SRC_ID:0 AGE:AGE:0<Filter.OUT.AGE ID:ID:0<Filter.OUT.SRC_ID SRC_AGE:SRC_AGE:0<Filter.OUT.SRC_AGE ");
     EXPECT_EQ(other.nodeNamed("OUT")->recordSet()->RecordSet_Name, "OUT");
     EXPECT_TRUE(other.nodeNamed("OUT")->Ready());
+
+    built.recordSet("TYPED", {"AGE", "SRC_ID"}).RecordSet_Outputs->Item(1)->Attribute_Type = 1;
+    draw("Filter", "TYPED", 1);
+    ports.messages.expect("Left out, since TYPED has columns of these names and other types: AGE.", "",
+                          platform::Icon::information);
+    other.answerOffer(true);
+    EXPECT_EQ(members(other.nodeNamed("TYPED")->recordSet()->RecordSet_Outputs),
+              "AGE:AGE:0 SRC_ID:SRC_ID:0 ID:ID:0<Filter.OUT.SRC_ID SRC_AGE:SRC_AGE:0<Filter.OUT.SRC_AGE ");
 }
 
 TEST_F(ConnectByNameTest, NothingIsProposedWhereNothingCanBeJoined) {

@@ -146,7 +146,7 @@ class FindingTest : public WindowTest {
 
         field->clear();
         int row = 0;
-        while (row < rows.rowCount() && shown(rows.index(row, 1)) != QStringLiteral("1")) {
+        while (row < rows.rowCount() && shown(rows.index(row, 0), 1) != QStringLiteral("1")) {
             ++row;
         }
         QVERIFY2(row < rows.rowCount(), "no type reads one source");
@@ -154,7 +154,7 @@ class FindingTest : public WindowTest {
         const std::unique_ptr<QMimeData> data(rows.mimeData({rows.index(row, 0), rows.index(row, 1)}));
         const canvas::LinesD& edge = *program.form->Lines.at(1);
         program.form->nodeNamed("SOURCE")->setBox({1000, 3000, 1050, 450});
-        program.form->nodeNamed("Load")->setBox({9000, 3000, 1050, 450});
+        program.form->nodeNamed("Load")->setBox({4500, 3000, 1050, 450});
         QApplication::processEvents();
         const auto drop = [&](canvas::Point place) {
             const QPoint at = view.transform().toPixels(place).toPoint();
@@ -169,7 +169,7 @@ class FindingTest : public WindowTest {
             QApplication::sendEvent(view.viewport(), &event);
             return true;
         };
-        QVERIFY2(!drop({9300, 3200}), "a node stands there");
+        QVERIFY2(!drop({4800, 3200}), "a node stands there");
         QVERIFY(drop({edge.Xm(), edge.Ym()}));
         const canvas::LabelsD& node = *program.form->Labels.byIndex(program.form->LabelsNo);
         QCOMPARE(program.logic.catalogue().tables.activityTypes.shown(node.activity()->Act_Type), type.toStdString());

@@ -106,6 +106,12 @@ class ScenarioWalk {
                 dialog.txtDescr_Change(freshName());
             }
             dialog.TabStrip1_Click(pick(3));
+            if (const canvas::LabelsD& other = anyNode();
+                pick(2) == 0 && other.recordSet() && other.recordSet()->RecordSet_Outputs.count() > 0) {
+                const entities::AttributeProperties& column = *other.recordSet()->RecordSet_Outputs.peek()->Item(1);
+                say("  drops " + other.Caption() + "." + column.Key);
+                dialog.Drop({"DB." + other.Caption() + "." + column.Key}, 0);
+            }
             if (const int rows = dialog.frontList().Count(); rows > 0) {
                 dialog.frontList().select(1 + pick(rows));
                 pick(3) == 0 ? dialog.Move2Tree_Click() : dialog.MoveRows({1 + pick(rows)}, pick(rows + 1));
@@ -255,6 +261,14 @@ class ScenarioWalk {
         EXPECT_EQ(&stage.active(), own);
     }
 
+    void takeOffer() {
+        if (const auto offer = form->offer()) {
+            idle();
+            say("  " + offer->words);
+            form->answerOffer(pick(4) > 0);
+        }
+    }
+
     void draw() {
         const canvas::LabelsD& from = anyNode();
         canvas::LabelsD& to = anyNode();
@@ -263,11 +277,7 @@ class ScenarioWalk {
                                                                static_cast<canvas::AngleCode>(pick(4)), 0)) {
                 form->rules().edgeCompleted(*form, *edge);
                 form->edgeDrawn(*edge);
-                if (const auto offer = form->offer()) {
-                    idle();
-                    say("  " + offer->words);
-                    form->answerOffer(pick(4) > 0);
-                }
+                takeOffer();
             }
         }
     }
@@ -341,6 +351,7 @@ class ScenarioWalk {
                 } else if (node.activity() || node.recordSet()) {
                     say("  dialog of " + node.Caption());
                     frame.pointerPorts().windows.openProperties(*form, node);
+                    takeOffer();
                 }
                 return;
             case 9:
