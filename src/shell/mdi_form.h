@@ -99,7 +99,6 @@ class MDIForm1 : public repository::ScenarioWindows,
     /// The current group of the vertical menu, from 1 on.
     int currentGroup() const { return currentGroup_; }
     void chooseGroup(int group);
-
     bool anyScenario() const;
     /// Opens a scenario's file, as by the menu.
     void openFile(const std::string& path);
