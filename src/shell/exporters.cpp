@@ -145,13 +145,14 @@ const Exporter& exporterNamed(std::string_view name) {
     return *found;
 }
 
-void writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
-                 const std::string& path) {
+std::string writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
+                        const std::string& path) {
     if (exporter.files) {
         writeFolder(path, exporter.files(form, services));
     } else {
         platform::writeFile(path, exporter.text(form, services));
     }
+    return path;
 }
 
 }  // namespace orvent::shell

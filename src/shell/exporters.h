@@ -63,8 +63,8 @@ std::span<const Exporter> exporters();
 const Exporter& exporterNamed(std::string_view name);
 
 /// Writes what the exporter makes to a file or a folder of that path. A folder loses the files that an earlier writing
-/// put there and this one does not; all others stay. Throws a `Fault`.
-void writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
-                 const std::string& path);
+/// put there and this one does not; all others stay. Gives the path. Throws a `Fault`.
+std::string writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
+                        const std::string& path);
 
 }  // namespace orvent::shell

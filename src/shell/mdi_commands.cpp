@@ -380,9 +380,9 @@ void MDIForm1::exportAs(std::string_view exporter) {
         return;
     }
     ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-    const std::string path = ports_.folder.file("\\", form.Caption(), way.suffix);
-    writeExport(way, form, services, path);
-    ports_.messages.tell(path + " Created");
+    facts_.keep(form);
+    ports_.messages.tell(writeExport(way, form, services, ports_.folder.file("\\", form.Caption(), way.suffix)) +
+                         " Created");
 }
 
 void MDIForm1::saveAs(canvas::DrawForm& form) {

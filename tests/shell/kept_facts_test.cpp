@@ -47,6 +47,7 @@ TEST_F(KeptFacts, ComeBackWithTheScenario) {
         stage.frame.idle();
         form.nodeNamed("T")->recordSet()->RecordSet_Name = "U";
         form.nodeNamed("T")->setCaption("U");
+        form.KeepDuplicates = true;
         give(stage, "S", "3");
         stage.frame.run(Command::saveScenario);
         stage.frame.idle();
@@ -56,6 +57,7 @@ TEST_F(KeptFacts, ComeBackWithTheScenario) {
     stage.frame.start();
     stage.load("Tried");
     EXPECT_EQ(told(stage), "S=3 U=2 ");
+    EXPECT_TRUE(stage.active().KeepDuplicates);
     std::string other = "Other";
     stage.frame.NewScenario(other);
     EXPECT_EQ(told(stage), "");
