@@ -24,6 +24,7 @@ struct ExportServices {
     const sql::Dialect* dialect = nullptr;  ///< of queries; plain SQL without one
     bool keepDuplicates = false;            ///< queries mean bags of rows
     sql::OwnFunctions functions{};          ///< as the designer says them in queries
+    bool facts = false;                     ///< the program has the rows that are given by hand
     /// How activities of a type write their target, 1 to overwrite it and 2 to append; 0 when nobody knows.
     std::function<std::int16_t(std::int16_t type)> consumerSemantics{};
 };
@@ -57,6 +58,9 @@ inline constexpr std::string_view kMetricsExporter = "metrics";
 /// the name that is proposed and then the chosen one. False when nothing was chosen.
 bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices& services, std::string& dialect,
                const forms::Dialogs& dialogs);
+
+/// Asks whether the rows that the scenario gives by hand are written; not where there are none.
+bool mayWriteFacts(const canvas::DrawForm& form, platform::MessageBox& messages);
 
 std::span<const Exporter> exporters();
 /// The one of that name. Throws a `Fault` when there is none.

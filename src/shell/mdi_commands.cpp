@@ -368,23 +368,6 @@ void MDIForm1::openFile(const std::string& path) {
     host_.commandsChanged();
 }
 
-/// Writes the scenario in front into the data folder.
-void MDIForm1::exportAs(std::string_view exporter) {
-    canvas::DrawForm& form = *activeScenario();
-    const Exporter& way = exporterNamed(exporter);
-    ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
-    services.consumerSemantics = consumerSemanticsOf(documentTypes_);
-    services.functions = options_.functions;
-    if (way.needs == Exporter::Needs::dialect &&
-        !askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
-        return;
-    }
-    ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-    facts_.keep(form);
-    ports_.messages.tell(writeExport(way, form, services, ports_.folder.file("\\", form.Caption(), way.suffix)) +
-                         " Created");
-}
-
 void MDIForm1::saveAs(canvas::DrawForm& form) {
     const ScenarioHistories::Saving saving(histories_, form);
     showScenarios(repository::ViewScenarios::Mode::Save, &form);
