@@ -77,6 +77,8 @@ enum class Command {
     viewProblems,
     viewOutline,
     viewMinimap,
+    viewRows,
+    countRows,
     viewProvider,
     viewPartOf,
     viewRegulator,

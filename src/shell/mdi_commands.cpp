@@ -175,6 +175,10 @@ struct MDIForm1::CommandTable {
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::outline); }},
         {Command::viewMinimap, always, [](MDIForm1& f) { f.lists_.toggle(Dock::minimap); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::minimap); }},
+        {Command::viewRows, always, [](MDIForm1& f) { f.lists_.toggle(Dock::rows); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::rows); }},
+        {Command::countRows, inDesign, [](MDIForm1& f) { f.lists_.rows().toggleCounts(); },
+         [](const MDIForm1& f) { return f.lists_.rows().countsShown(); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
@@ -262,36 +266,6 @@ bool MDIForm1::isEnabled(Command command) const {
 canvas::ItemState MDIForm1::stateOf(Command command) const {
     const CommandRow& row = commandRows()[static_cast<std::size_t>(command)];
     return {isEnabled(command), row.checked ? std::optional(row.checked(*this)) : std::nullopt};
-}
-
-void MDIForm1::toggleMark(bool zoom::ViewMarks::*mark) {
-    toggleFilter(*zoomInFront(), mark);
-    host_.commandsChanged();
-}
-
-void MDIForm1::toggleTints() {
-    canvas::DrawForm& form = *activeScenario();
-    if (tints_.contains(&form)) {
-        desk_.showTints(form, nullptr);
-        tints_.erase(&form);
-    } else {
-        const auto [place, isNew] =
-            tints_.emplace(&form, std::make_unique<analysis::MetricTints>(form, options_.TransDepth));
-        desk_.showTints(form, place->second.get());
-    }
-    host_.commandsChanged();
-}
-
-bool MDIForm1::marked(bool zoom::ViewMarks::*mark) const {
-    const zoom::ZoomForm* form = zoomInFront();
-    return form && form->marks.*mark;
-}
-
-void MDIForm1::toggleSight(bool zoom::ZoomSight::*mark) {
-    options_.sight.*mark = !(options_.sight.*mark);
-    StoreSight(options_.sight, ports_.store);
-    zoomInFront()->setSight(options_.sight);
-    host_.commandsChanged();
 }
 
 void MDIForm1::login() {

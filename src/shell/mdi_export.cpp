@@ -18,7 +18,7 @@ void MDIForm1::exportAs(std::string_view exporter) {
         return;
     }
     ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-    facts_.keep(form);
+    lists_.facts().keep(form);
     ports_.messages.tell(writeExport(way, form, services, ports_.folder.file("\\", form.Caption(), way.suffix)) +
                          " Created");
 }

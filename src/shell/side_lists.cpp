@@ -11,11 +11,8 @@ struct DockRow {
     const char* key;  ///< what it is called in the settings
 };
 
-constexpr DockRow kDocks[] = {{Dock::history, "History"},
-                              {Dock::problems, "Problems"},
-                              {Dock::find, "Find"},
-                              {Dock::outline, "Outline"},
-                              {Dock::minimap, "Minimap"}};
+constexpr DockRow kDocks[] = {{Dock::history, "History"}, {Dock::problems, "Problems"}, {Dock::find, "Find"},
+                              {Dock::outline, "Outline"}, {Dock::minimap, "Minimap"},   {Dock::rows, "Rows"}};
 
 }  // namespace
 
@@ -33,6 +30,7 @@ void SideLists::show(Dock dock, bool shown) {
 void SideLists::followDocks() {
     find_.show(ports_.host.dockShown(Dock::find));
     outline_.show(ports_.host.dockShown(Dock::outline));
+    rows_.show(ports_.host.dockShown(Dock::rows));
 }
 
 void SideLists::toggle(Dock dock) {
@@ -144,6 +142,7 @@ analysis::Unfinished SideLists::unfinishedOf(canvas::CanvasForm& form) const {
 
 void SideLists::touch(const canvas::DrawForm& form, const canvas::Touched& touched) {
     problems_.touch(form, touched);
+    rows_.touch(form);
     if (find_.watched() == &form) {
         find_.touch(touched);
     }
@@ -171,10 +170,12 @@ void SideLists::settle(canvas::CanvasForm& form, bool isWhole) {
 void SideLists::frontChanged() {
     canvas::CanvasForm* front = ports_.desk.active();
     find_.watch(front);
+    rows_.watch(front);
     outline_.watch(front ? &front->scenario() : nullptr);
 }
 
 void SideLists::forget(canvas::CanvasForm& form) {
+    rows_.forget(form);
     if (find_.watched() == &form) {
         find_.watch(nullptr);
     }

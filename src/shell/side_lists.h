@@ -9,11 +9,14 @@
 #include "shell/options_data.h"
 #include "shell/outline_form.h"
 #include "shell/problem_lists.h"
+#include "shell/rows_form.h"
 
 namespace orvent::shell {
 
 /// What the lists beside the windows ask of the frame. All of it outlives them.
 struct SideListPorts {
+    const Ports& ports;
+    const std::string& source;  ///< names the repository of the moment
     FrameHost& host;
     Desk& desk;
     platform::SettingsStore& store;
@@ -27,6 +30,9 @@ class SideLists : private FindPorts, private OutlinePorts {
   public:
     SideLists(const SideListPorts& ports, ScenarioListeners& scenarios)
         : ports_(ports),
+          facts_(ports.ports.states, ports.ports.progress, ports.source),
+          rows_({ports.ports, ports.host.dialogs(), ports.tables, ports.options.functions, facts_, ports.desk,
+                 [this](canvas::NodeNumber node) { showNode(node); }}),
           problems_(scenarios, ports.tables),
           find_(*this, ports.tables),
           outline_(*this, ports.tables) {}
@@ -46,6 +52,9 @@ class SideLists : private FindPorts, private OutlinePorts {
     void goToNode(canvas::NodeNumber node);
     FindForm& find() { return find_; }
     OutlineForm& outline() { return outline_; }
+    RowsForm& rows() { return rows_; }
+    const RowsForm& rows() const { return rows_; }
+    KeptFacts& facts() { return facts_; }
     /// Goes to the next hit, or the one before; with none, to where words are typed.
     void findNext(bool back);
 
@@ -57,7 +66,10 @@ class SideLists : private FindPorts, private OutlinePorts {
     /// The form is about to go.
     void forget(canvas::CanvasForm& form);
     /// The program has nothing to do. True when there is more to be done when it is idle again.
-    bool idle() { return find_.idle(); }
+    bool idle() {
+        const bool more = rows_.idle();
+        return find_.idle() || more;
+    }
 
   private:
     // FindPorts
@@ -78,6 +90,8 @@ class SideLists : private FindPorts, private OutlinePorts {
     canvas::LabelsD* editable(const analysis::Place& place) const;
 
     SideListPorts ports_;
+    KeptFacts facts_;
+    RowsForm rows_;
     ProblemLists problems_;
     FindForm find_;
     OutlineForm outline_;

@@ -18,7 +18,7 @@ class KeptFacts : public ::testing::Test {
     static void give(testkit::TestFrame& stage, const std::string& node, const std::string& value) {
         canvas::DrawForm& form = stage.active();
         form.facts[form.nodeNamed(node)->Index()].facts = {{"V"}, {{value}, {std::nullopt}}};
-        stage.frame.facts().keep(form);
+        stage.frame.lists().facts().keep(form);
     }
     static std::string told(testkit::TestFrame& stage) {
         std::string all;

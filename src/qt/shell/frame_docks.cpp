@@ -9,6 +9,7 @@
 #include "qt/shell/history_dock.h"
 #include "qt/shell/outline_dock.h"
 #include "qt/shell/problems_dock.h"
+#include "qt/shell/rows_dock.h"
 #include "qt/theme/icons.h"
 #include "shell/mdi_form.h"
 
@@ -18,7 +19,7 @@ using shell::Dock;
 
 namespace {
 
-constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline};
+constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline, Dock::rows};
 
 }  // namespace
 
@@ -39,14 +40,23 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
               return its ? &its->lists().outline() : nullptr;
           },
           &frame)),
+      rows_(new RowsDock(
+          [this] {
+              shell::MDIForm1* its = logic_();
+              return its ? &its->lists().rows() : nullptr;
+          },
+          &frame)),
       count_(new QToolButton(&frame)) {
     frame.addDockWidget(Qt::RightDockWidgetArea, history_);
     frame.addDockWidget(Qt::BottomDockWidgetArea, problems_);
     frame.tabifyDockWidget(problems_, find_);
+    frame.tabifyDockWidget(problems_, rows_);
     frame.addDockWidget(Qt::LeftDockWidgetArea, outline_);
     logic_()->lists().outline().onOutline = [this] { outline_->renew(); };
     logic_()->lists().outline().onFollow = [this] { outline_->follow(); };
     logic_()->lists().find().onRows = [this](bool others) { find_->follow(others); };
+    logic_()->lists().rows().onTables = [this] { rows_->renewTables(); };
+    logic_()->lists().rows().onState = [this] { rows_->renewState(); };
     const auto closed = [this](Dock dock) {
         if (shell::MDIForm1* its = logic_()) {
             its->lists().closed(dock);
@@ -61,6 +71,8 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
         find_, &FindDock::closed, this, [closed] { closed(Dock::find); }, Qt::QueuedConnection);
     connect(
         outline_, &OutlineDock::closed, this, [closed] { closed(Dock::outline); }, Qt::QueuedConnection);
+    connect(
+        rows_, &RowsDock::closed, this, [closed] { closed(Dock::rows); }, Qt::QueuedConnection);
     for (const Dock dock : kDocks) {
         widget(dock)->hide();
     }
@@ -81,6 +93,8 @@ QDockWidget* FrameDocks::widget(Dock dock) const {
             return problems_;
         case Dock::find:
             return find_;
+        case Dock::rows:
+            return rows_;
         case Dock::outline:
         case Dock::minimap:
             break;

@@ -19,6 +19,7 @@ class FindDock;
 class HistoryDock;
 class OutlineDock;
 class ProblemsDock;
+class RowsDock;
 
 /// The lists beside the windows of a frame, and the count of problems in its status corner.
 class FrameDocks : public QObject {
@@ -46,6 +47,7 @@ class FrameDocks : public QObject {
     ProblemsDock* problems_;
     FindDock* find_;
     OutlineDock* outline_;
+    RowsDock* rows_;
     QToolButton* count_;
 };
 
