@@ -1,6 +1,7 @@
 #include "tour_docks.h"
 
 #include <QLineEdit>
+#include <QTableView>
 #include <QTreeView>
 
 namespace orvent::tour {
@@ -70,6 +71,33 @@ void outlineScenario(Player& player, qt::FrameWindow& window, shell::MDIForm1& f
     theme.setMode(mode);
     frame.run(shell::Command::viewMinimap);
     frame.activeScenario()->ClearCrop();
+}
+
+void showRows(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme, const char* activity) {
+    frame.run(shell::Command::viewRows);
+    frame.activeScenario()->ClearCrop();
+    Player::press(window, "cmdRefresh");
+    while (frame.lists().rows().isRunning()) {
+        frame.idle();
+    }
+    auto& list = dynamic_cast<QTableView&>(Player::child(window, "lstRows0"));
+    player.expect(list.model()->rowCount() == frame.activeScenario()->Labels.Count(), "not every node has its rows");
+    frame.run(shell::Command::countRows);
+    player.picture(window, "rows-of-all");
+    canvas::DrawForm& form = *frame.activeScenario();
+    form.SelectedLabels.Add(form.nodeNamed(activity)->Index());
+    frame.lists().rows().follow();
+    auto& in = dynamic_cast<QTableView&>(Player::child(window, "lstRows1"));
+    player.expect(list.model()->rowCount() > 0 && list.model()->rowCount() < in.model()->rowCount(),
+                  "the activity selects nothing");
+    player.picture(window, "rows");
+    const qt::ThemeMode mode = theme.mode();
+    theme.setMode(qt::ThemeMode::dark);
+    player.picture(window, "rows-dark");
+    theme.setMode(mode);
+    frame.run(shell::Command::countRows);
+    frame.run(shell::Command::viewRows);
+    form.ClearCrop();
 }
 
 }  // namespace orvent::tour

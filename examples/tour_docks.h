@@ -15,4 +15,8 @@ void findThings(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
 /// Shows the scenario in front as a tree, and a node by way of it.
 void outlineScenario(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme);
 
+/// Shows the rows of the scenario in front at its nodes: how many there are, those of the activity of that name, and
+/// the numbers in the picture.
+void showRows(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme, const char* activity);
+
 }  // namespace orvent::tour

@@ -14,6 +14,7 @@
 
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "tour_docks.h"
 #include "tour_hand.h"
 #include "tour_wizard.h"
 
@@ -70,6 +71,7 @@ class FromNothing {
         expectAllNames("docs/help/start.html");
         lookInTheDark();
         loadAgain(home);
+        showRows(player_, window_, frame_, theme_, "First");
         player_.during("close it", [&] { frame_.run(Command::closeScenario); },
                        {[](QWidget& box) { Player::press(box, "OK"); }});
     }

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "analysis/metrics_functions.h"
+#include "app/cli_facts.h"
 #include "platform/text.h"
 #include "shell/problem_lists.h"
 
@@ -110,11 +111,15 @@ ExitCode checkScenario(CliSession& session, const CliOptions& options, std::ostr
 
 ExitCode exportScenario(CliSession& session, const shell::Exporter& exporter, const CliOptions& options,
                         std::ostream& out) {
-    const canvas::DrawForm& form = session.open(options.scenario);
+    canvas::DrawForm& form = session.open(options.scenario);
+    if (!options.facts.empty()) {
+        readFacts(form, options.facts, session.box());
+    }
     shell::ExportServices services = session.exportServices();
+    services.facts = options.withFacts || !options.facts.empty();
     services.TransDepth = options.depth.value_or(services.TransDepth);
     services.dialect = sql::dialectNamed(options.dialect);
-    services.keepDuplicates = options.keepDuplicates;
+    services.keepDuplicates = options.keepDuplicates || form.KeepDuplicates;
     if (exporter.files) {
         shell::writeExport(exporter, form, services, options.output);
         return ExitCode::done;

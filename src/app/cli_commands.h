@@ -23,6 +23,7 @@ struct CliOptions {
     std::string dialect;                ///< of SQL, by the name of its database
     bool keepDuplicates = false;        ///< rows are bags, not sets
     std::string facts;                  ///< the folder of the rows that are given, or empty
+    bool withFacts = false;             ///< the rows that the scenario gives are written
     std::string rows;                   ///< the node whose rows are wanted, or empty
     std::size_t sampleRows = 1000;      ///< of each record set in a data source
 };

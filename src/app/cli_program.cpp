@@ -162,6 +162,14 @@ class CommandLine {
         } else {
             addOutput(command);
         }
+        if (exporter.name == shell::kProgramExporter) {
+            command.add_flag("--with-facts", options_.withFacts,
+                             "Writes the rows that the scenario gives by hand, too");
+            command
+                .add_option("--facts", options_.facts,
+                            "The same with rows from the files of a folder, as run reads them")
+                ->type_name("FOLDER");
+        }
         if (exporter.needs == shell::Exporter::Needs::depth) {
             command.add_option("--depth", options_.depth, "How many steps the walks take at most")
                 ->check(CLI::Range(0, 32767).description(""))

@@ -1,10 +1,10 @@
 #include "app/cli_run.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "app/cli_facts.h"
 #include "platform/text.h"
 #include "run/expectations.h"
 #include "run/row_text.h"
@@ -14,49 +14,14 @@ namespace orvent::app {
 
 namespace {
 
-namespace fs = std::filesystem;
 using Json = nlohmann::ordered_json;
 using run::Outcome;
 using run::Verdict;
-
-constexpr const char* kCsv = ".csv";
 
 /// Nobody is asked here.
 struct NoLogins : run::Logins {
     std::optional<run::Login> loginFor(const std::string&) override { return std::nullopt; }
 };
-
-/// Gives each record set the rows of the file with its name. A file that no record set has the name of is told.
-void readFacts(canvas::DrawForm& form, const std::string& folder, AnsweredBox& box) {
-    std::error_code failed;
-    std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, failed)) {
-        if (entry.path().extension() == kCsv) {
-            files.push_back(entry.path());
-        }
-    }
-    if (failed) {
-        throw platform::Fault(folder + ": " + failed.message());
-    }
-    std::sort(files.begin(), files.end());
-    for (const fs::path& file : files) {
-        const canvas::LabelsD* node = form.nodeNamed(file.stem().string());
-        const auto* recordSet = node ? node->recordSet() : nullptr;
-        if (!recordSet) {
-            box.tell("There is no record set for " + file.string() + ".", {}, platform::Icon::warning);
-            continue;
-        }
-        std::vector<std::string> columns;
-        for (const entities::AttributeProperties& column : recordSet->RecordSet_Outputs) {
-            columns.push_back(column.Attribute_Name);
-        }
-        try {
-            form.facts[node->Index()].facts = run::factsFrom(platform::readFile(file.string()), columns);
-        } catch (const platform::Fault& fault) {
-            throw platform::Fault(file.string() + ": " + fault.description());
-        }
-    }
-}
 
 /// Writes down what a run has come to.
 class RunReport {
@@ -164,8 +129,9 @@ ExitCode runScenario(CliSession& session, const CliOptions& options, std::ostrea
     NoLogins nobody;
     run::SourceConnections sources(session.database(), session.dataSources(), nobody);
     run::SampleRun run(session.database(), sources);
-    run.begin(form, session.exportServices().catalogue,
-              {options.sampleRows, options.keepDuplicates, false, session.exportServices().functions});
+    run.begin(
+        form, session.exportServices().catalogue,
+        {options.sampleRows, options.keepDuplicates || form.KeepDuplicates, false, session.exportServices().functions});
     while (run.step()) {
     }
     const RunReport report(run, form);

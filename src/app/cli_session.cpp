@@ -181,7 +181,7 @@ std::string CliSession::document() {
 
 std::string CliSession::typesDocument() {
     openRepository();
-    const exchange::Extract none{"Types", {}, {}, nullptr, {}};
+    const exchange::Extract none{"Types", {}, {}, nullptr, false, {}};
     return writeDocument(none, catalogue_.tables, allTypes(storedTypes_), {ORVENT_VERSION, false});
 }
 

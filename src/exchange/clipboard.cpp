@@ -20,7 +20,7 @@ bool isSelected(const canvas::DrawForm& form, canvas::NodeNumber label) {
 
 /// The selected nodes in the order of the window, and the edges among them.
 Extract selectionOf(const canvas::DrawForm& form) {
-    Extract extract{form.ScenarioName(), {}, {}, nullptr, {}};
+    Extract extract{form.ScenarioName(), {}, {}, nullptr, false, {}};
     for (const LabelsD& node : form.Labels) {
         if (isSelected(form, node.Index())) {
             extract.nodes.push_back(&node);

@@ -55,7 +55,8 @@ struct Document {
     };
 
     std::string name;
-    std::string program;  ///< the version of the program that wrote it
+    std::string program;          ///< the version of the program that wrote it
+    bool keepDuplicates = false;  ///< rows of its program are bags
     std::vector<Node> nodes;
     std::vector<Edge> edges;
     std::vector<std::string> dataTypes, functionTypes, activityTypes;  ///< the names behind the indices of entities

@@ -25,10 +25,12 @@ class DocumentReader {
     Document read() {
         checkFormat();
         in_.tree().refuseUnknown();
-        in_.object(0, keySet({Key::format, Key::version, Key::program, Key::name, Key::nodes, Key::edges, Key::types,
-                              Key::stored}));
+        in_.object(0, keySet({Key::format, Key::version, Key::program, Key::name, Key::duplicates, Key::nodes,
+                              Key::edges, Key::types, Key::stored}));
         document_.name = in_.text(in_.required(0, Key::name));
         document_.program = in_.textOf(0, Key::program);
+        const Place duplicates = in_.tree().member(0, Key::duplicates);
+        document_.keepDuplicates = duplicates != JsonTree::kNowhere && in_.boolean(duplicates);
         in_.each(in_.required(0, Key::nodes), [this](Place at) { readNode(at); });
         in_.eachOf(0, Key::edges, [this](Place at) { readEdge(at); });
         if (const Place types = in_.tree().member(0, Key::types); types != JsonTree::kNowhere) {

@@ -30,6 +30,10 @@ class DocumentWriter {
         out_.text(options_.program);
         begin(out_, Key::name);
         out_.text(extract_.name);
+        if (extract_.keepDuplicates) {
+            begin(out_, Key::duplicates);
+            out_.boolean(true);
+        }
         begin(out_, Key::nodes);
         out_.open('[');
         for (const canvas::LabelsD* node : extract_.nodes) {

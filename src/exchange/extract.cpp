@@ -3,7 +3,7 @@
 namespace orvent::exchange {
 
 Extract Extract::all(const canvas::DrawForm& form) {
-    Extract extract{form.ScenarioName(), {}, {}, &form.facts, {}};
+    Extract extract{form.ScenarioName(), {}, {}, &form.facts, form.KeepDuplicates, {}};
     for (const canvas::LabelsD& node : form.Labels) {
         extract.nodes.push_back(&node);
     }

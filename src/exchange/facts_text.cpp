@@ -136,14 +136,18 @@ NodeFacts readFacts(const ValueReader& in, Place node) {
     return facts;
 }
 
-std::string factsDocument(const std::map<std::string, NodeFacts>& nodes) {
+std::string factsDocument(const KeptScenario& kept) {
     JsonText out;
     out.open('{');
     begin(out, Key::format);
     out.text(kFactsFormat);
+    if (kept.keepDuplicates) {
+        begin(out, Key::duplicates);
+        out.boolean(true);
+    }
     begin(out, Key::nodes);
     out.open('[');
-    for (const auto& [name, facts] : nodes) {
+    for (const auto& [name, facts] : kept.nodes) {
         out.nextLine();
         out.open('{');
         begin(out, Key::name);
@@ -156,20 +160,22 @@ std::string factsDocument(const std::map<std::string, NodeFacts>& nodes) {
     return out.take();
 }
 
-std::map<std::string, NodeFacts> readFactsDocument(std::string_view text) {
+KeptScenario readFactsDocument(std::string_view text) {
     const JsonTree tree(text);
     const ValueReader in(tree);
     tree.refuseUnknown();
-    in.object(0, keySet({Key::format, Key::nodes}));
+    in.object(0, keySet({Key::format, Key::duplicates, Key::nodes}));
     if (in.text(in.required(0, Key::format)) != kFactsFormat) {
         throw BadDocument(std::string("It does not say \"format\": \"") + kFactsFormat + "\".");
     }
-    std::map<std::string, NodeFacts> nodes;
+    KeptScenario kept;
+    const Place duplicates = tree.member(0, Key::duplicates);
+    kept.keepDuplicates = duplicates != JsonTree::kNowhere && in.boolean(duplicates);
     in.each(in.required(0, Key::nodes), [&](Place node) {
         in.object(node, kFactKeys | keySet({Key::name}));
-        nodes[in.text(in.required(node, Key::name))] = readFacts(in, node);
+        kept.nodes[in.text(in.required(node, Key::name))] = readFacts(in, node);
     });
-    return nodes;
+    return kept;
 }
 
 }  // namespace orvent::exchange

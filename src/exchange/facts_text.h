@@ -19,9 +19,17 @@ void writeFacts(JsonText& out, const entities::NodeFacts& facts);
 /// Reads the same back. Throws a `BadDocument`.
 entities::NodeFacts readFacts(const ValueReader& in, JsonTree::Place node);
 
-/// All that is kept of a scenario's nodes, by their names, as a text of its own.
-std::string factsDocument(const std::map<std::string, entities::NodeFacts>& nodes);
+/// What is kept of a scenario.
+struct KeptScenario {
+    bool keepDuplicates = false;
+    std::map<std::string, entities::NodeFacts> nodes{};  ///< by their names
+
+    bool isEmpty() const { return !keepDuplicates && nodes.empty(); }
+};
+
+/// All of it as a text of its own.
+std::string factsDocument(const KeptScenario& kept);
 /// Throws a `BadDocument` for any other text.
-std::map<std::string, entities::NodeFacts> readFactsDocument(std::string_view text);
+KeptScenario readFactsDocument(std::string_view text);
 
 }  // namespace orvent::exchange

@@ -9,14 +9,14 @@ namespace orvent::exchange {
 namespace {
 
 constexpr std::array<std::string_view, static_cast<std::size_t>(Key::unknown)> kKeyNames = {
-    "activities", "angle",        "attributes",    "box",         "changed",       "column",       "columns",
-    "comment",    "consumer",     "data",          "deleted",     "description",   "edges",        "entityName",
-    "expected",   "facts",        "format",        "from",        "fromPoint",     "functions",    "id",
-    "ids",        "inputs",       "inputsChanged", "key",         "kind",          "ldl",          "log",
-    "mark",       "name",         "node",          "nodes",       "operator",      "outputs",      "parameters",
-    "program",    "providedFrom", "provider",      "providerFor", "regulatedFrom", "regulatorFor", "rows",
-    "scenario",   "schemata",     "source",        "sql",         "stored",        "tag",          "to",
-    "toPoint",    "type",         "types",         "value",       "version"};
+    "activities", "angle",    "attributes",   "box",           "changed",     "column",        "columns",
+    "comment",    "consumer", "data",         "deleted",       "description", "duplicates",    "edges",
+    "entityName", "expected", "facts",        "format",        "from",        "fromPoint",     "functions",
+    "id",         "ids",      "inputs",       "inputsChanged", "key",         "kind",          "ldl",
+    "log",        "mark",     "name",         "node",          "nodes",       "operator",      "outputs",
+    "parameters", "program",  "providedFrom", "provider",      "providerFor", "regulatedFrom", "regulatorFor",
+    "rows",       "scenario", "schemata",     "source",        "sql",         "stored",        "tag",
+    "to",         "toPoint",  "type",         "types",         "value",       "version"};
 
 static_assert(std::ranges::is_sorted(kKeyNames) && !kKeyNames.back().empty());
 static_assert(static_cast<unsigned>(Key::unknown) < 64, "a set of keys is one number");

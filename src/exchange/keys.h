@@ -20,6 +20,7 @@ enum class Key : std::uint8_t {
     data,
     deleted,
     description,
+    duplicates,
     edges,
     entityName,
     expected,

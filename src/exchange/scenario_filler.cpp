@@ -120,6 +120,7 @@ bool completeLinks(canvas::Canvas& canvas, LabelsD& node) {
 std::vector<std::string> fillForm(canvas::DrawForm& form, Document document, const TypeIndices& types) {
     const canvas::ManyChanges together(form);
     form.setScenarioName(document.name);
+    form.KeepDuplicates = document.keepDuplicates;
     form.quietNames = true;
     std::vector<canvas::NodeNumber> numbers;
     for (Document::Node& node : document.nodes) {

@@ -32,8 +32,9 @@ struct Predicate {
 };
 
 /// A rule of the program. The tag of an atom is the place of its predicate, -1 for a call; that of a constant its data
-/// type, and that of a variable, where it is not -1, the same wherever that stands; "_" in a head is NULL. An equality that gives a variable its value holds for NULL; any other comparison, a
-/// variable that stands twice, and an atom behind "not" match no NULL.
+/// type, and that of a variable, where it is not -1, the same wherever that stands; "_" in a head is NULL. An equality
+/// that gives a variable its value holds for NULL; any other comparison, a variable that stands twice, and an atom
+/// behind "not" match no NULL.
 struct ProgramRule {
     rules::Rule rule;
     canvas::NodeNumber node{};

@@ -8,6 +8,7 @@
 
 #include "platform/text.h"
 #include "program/rule_check.h"
+#include "program/safe_names.h"
 #include "program/types.h"
 
 namespace orvent::program {
@@ -43,36 +44,6 @@ std::string quotedText(const std::string& text) {
     return result + '"';
 }
 
-/// Spells names by letters that the language has, each name another way.
-class SafeNames {
-  public:
-    const std::string& of(const std::string& name, bool isVariable) {
-        const auto [entry, isNew] = known_.try_emplace({name, isVariable});
-        if (isNew) {
-            std::string spelling;
-            for (const char c : name) {
-                const bool plain = rules::isNameLetter(c) && static_cast<unsigned char>(c) < 0x80;
-                spelling += plain ? c : '_';
-            }
-            spelling = isVariable ? platform::upperCase(spelling.substr(0, 1)) + spelling.substr(1)
-                                  : platform::lowerCase(spelling.substr(0, 1)) + spelling.substr(1);
-            if (spelling.empty() ||
-                !(isVariable ? spelling[0] >= 'A' && spelling[0] <= 'Z' : spelling[0] >= 'a' && spelling[0] <= 'z')) {
-                spelling = (isVariable ? "V" : "p") + spelling;
-            }
-            while (spelling == "not" || spelling == "null" || !taken_.insert(spelling).second) {
-                spelling += "_";
-            }
-            entry->second = spelling;
-        }
-        return entry->second;
-    }
-
-  private:
-    std::map<std::pair<std::string, bool>, std::string> known_;
-    std::set<std::string> taken_ = {"S", "T", "N"};  ///< those are the values of aggregates
-};
-
 void variablesOf(const Term& term, std::set<std::string>& result) {
     if (term.kind == TermKind::variable) {
         result.insert(term.text);
@@ -87,7 +58,7 @@ class ClingoWriter {
     ClingoWriter(const Program& program, const entities::CatalogueTables& catalogue)
         : program_(program), catalogue_(catalogue) {}
 
-    std::string write() {
+    std::string write(const std::map<canvas::NodeNumber, entities::NodeFacts>& rows) {
         for (const Predicate& predicate : program_.predicates) {
             names_.of(predicate.name, false);
         }
@@ -103,6 +74,10 @@ class ClingoWriter {
             }
             if (predicate.isGiven()) {
                 head += "% given: " + place + " (" + oneLine(joined(columns, ", ")) + ")\n#defined " + place + ".\n";
+                const auto given = rows.find(predicate.node);
+                if (given != rows.end() && given->second.facts && predicate.kind == PredicateKind::given) {
+                    writeFacts(predicate, *given->second.facts);
+                }
             } else if (predicate.broken) {
                 head += "% not whole: " + place + "\n#defined " + place + ".\n";
             }
@@ -117,6 +92,25 @@ class ClingoWriter {
     }
 
   private:
+    /// A column that the rows do not have is NULL.
+    void writeFacts(const Predicate& predicate, const entities::Facts& facts) {
+        for (const entities::FieldRow& row : facts.rows) {
+            Parts values;
+            for (const Column& column : predicate.columns) {
+                const auto place = std::find(facts.columns.begin(), facts.columns.end(), column.name);
+                const entities::Field field = place == facts.columns.end()
+                                                  ? entities::Field()
+                                                  : row[static_cast<std::size_t>(place - facts.columns.begin())];
+                Term value;
+                value.kind = field ? TermKind::constant : TermKind::aggregate;
+                value.tag = column.type;
+                value.text = field.value_or("");
+                values.push_back(spelt(value));
+            }
+            add(call(names_.of(predicate.name, false), values), {});
+        }
+    }
+
     static std::string oneLine(std::string text) {
         std::replace(text.begin(), text.end(), '\n', ' ');
         std::replace(text.begin(), text.end(), '\r', ' ');
@@ -373,8 +367,9 @@ class ClingoWriter {
 
 }  // namespace
 
-std::string clingoText(const Program& program, const entities::CatalogueTables& catalogue) {
-    return ClingoWriter(program, catalogue).write();
+std::string clingoText(const Program& program, const entities::CatalogueTables& catalogue,
+                       const std::map<canvas::NodeNumber, entities::NodeFacts>& rows) {
+    return ClingoWriter(program, catalogue).write(rows);
 }
 
 }  // namespace orvent::program

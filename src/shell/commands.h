@@ -79,6 +79,8 @@ enum class Command {
     viewOutline,
     viewTypes,
     viewMinimap,
+    viewRows,
+    countRows,
     viewProvider,
     viewPartOf,
     viewRegulator,

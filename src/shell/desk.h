@@ -5,6 +5,7 @@
 #include "canvas/canvas_form.h"
 #include "canvas/context_menus.h"
 #include "canvas/fit_to_names.h"
+#include "canvas/node_notes.h"
 #include "canvas/tints.h"
 
 namespace orvent::shell {
@@ -39,6 +40,9 @@ class Desk : public canvas::NameMeasure {
     /// Shows the nodes in shades, which last as long as they are shown, or in their own colours again for nothing. To
     /// be called again when the shades were counted anew.
     virtual void showTints(canvas::CanvasForm& form, canvas::Tints* tints) = 0;
+    /// Shows notes at the nodes as long as they are shown, or none for nothing. To be called again when they are
+    /// others.
+    virtual void showNotes(canvas::CanvasForm& form, const canvas::NodeNotes* notes) = 0;
     /// Pops a context menu up at a place of the picture.
     virtual void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) = 0;
     /// Where the pointer is in the picture of that window, or nothing while it is elsewhere.

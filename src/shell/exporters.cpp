@@ -92,7 +92,9 @@ constexpr Exporter kExporters[] = {
      "the checked program, whose names join, for clingo: what it is given stands in its head and comes as facts", ".lp",
      Needs::catalogue,
      [](const canvas::DrawForm& form, const ExportServices& services) {
-         return program::clingoText(program::checkedProgram(form, services.catalogue), services.catalogue);
+         const std::map<canvas::NodeNumber, entities::NodeFacts> none;
+         return program::clingoText(program::checkedProgram(form, services.catalogue), services.catalogue,
+                                    services.facts ? form.facts : none);
      }},
     {kSqlExporter,
      "the checked program as SQL: a view of each activity in the order of the flow, and the statements that load the "
@@ -133,6 +135,14 @@ bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices&
     return question.chosen;
 }
 
+bool mayWriteFacts(const canvas::DrawForm& form, platform::MessageBox& messages) {
+    const bool has = std::any_of(form.facts.begin(), form.facts.end(),
+                                 [](const auto& node) { return node.second.facts && !node.second.facts->rows.empty(); });
+    return has && messages.show("Would you like the rows that were given by hand to be written as facts?",
+                                "Export Program", platform::Icon::question,
+                                platform::Buttons::yesNo) == platform::Answer::yes;
+}
+
 std::span<const Exporter> exporters() {
     return kExporters;
 }
@@ -145,13 +155,14 @@ const Exporter& exporterNamed(std::string_view name) {
     return *found;
 }
 
-void writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
-                 const std::string& path) {
+std::string writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
+                        const std::string& path) {
     if (exporter.files) {
         writeFolder(path, exporter.files(form, services));
     } else {
         platform::writeFile(path, exporter.text(form, services));
     }
+    return path;
 }
 
 }  // namespace orvent::shell

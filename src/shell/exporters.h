@@ -24,6 +24,7 @@ struct ExportServices {
     const sql::Dialect* dialect = nullptr;  ///< of queries; plain SQL without one
     bool keepDuplicates = false;            ///< queries mean bags of rows
     sql::OwnFunctions functions{};          ///< as the designer says them in queries
+    bool facts = false;                     ///< the program has the rows that are given by hand
     /// How activities of a type write their target, 1 to overwrite it and 2 to append; 0 when nobody knows.
     std::function<std::int16_t(std::int16_t type)> consumerSemantics{};
 };
@@ -58,13 +59,16 @@ inline constexpr std::string_view kMetricsExporter = "metrics";
 bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices& services, std::string& dialect,
                const forms::Dialogs& dialogs);
 
+/// Asks whether the rows that the scenario gives by hand are written; not where there are none.
+bool mayWriteFacts(const canvas::DrawForm& form, platform::MessageBox& messages);
+
 std::span<const Exporter> exporters();
 /// The one of that name. Throws a `Fault` when there is none.
 const Exporter& exporterNamed(std::string_view name);
 
 /// Writes what the exporter makes to a file or a folder of that path. A folder loses the files that an earlier writing
-/// put there and this one does not; all others stay. Throws a `Fault`.
-void writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
-                 const std::string& path);
+/// put there and this one does not; all others stay. Gives the path. Throws a `Fault`.
+std::string writeExport(const Exporter& exporter, const canvas::DrawForm& form, const ExportServices& services,
+                        const std::string& path);
 
 }  // namespace orvent::shell

@@ -6,7 +6,7 @@
 namespace orvent::shell {
 
 /// A list beside the windows that tells of the scenario in front; the minimap stands in each window.
-enum class Dock { history, problems, find, outline, types, minimap };
+enum class Dock { history, problems, find, outline, types, minimap, rows };
 
 /// What the frame's logic asks of its own window.
 class FrameHost {

@@ -40,13 +40,14 @@ std::map<std::string, entities::NodeFacts> fillFacts(canvas::DrawForm& form, con
     if (folder.size(file) == 0) {
         return {};
     }
-    auto kept = exchange::readFactsDocument(folder.read(file));
+    exchange::KeptScenario kept = exchange::readFactsDocument(folder.read(file));
+    form.KeepDuplicates = form.KeepDuplicates || kept.keepDuplicates;
     for (const canvas::LabelsD& node : form.Labels) {
-        if (auto its = kept.extract(node.Caption()); !its.empty()) {
+        if (auto its = kept.nodes.extract(node.Caption()); !its.empty()) {
             form.facts[node.Index()] = std::move(its.mapped());
         }
     }
-    return kept;
+    return std::move(kept.nodes);
 }
 
 KeptFacts::Followed& KeptFacts::followed(const canvas::DrawForm& form) {
@@ -60,7 +61,7 @@ KeptFacts::Followed& KeptFacts::followed(const canvas::DrawForm& form) {
 void KeptFacts::opened(canvas::DrawForm& form) {
     followed_.erase(&form);
     Followed& scenario = followed(form);
-    if (!form.facts.empty()) {
+    if (!form.facts.empty() || form.KeepDuplicates) {
         keep(form);
         return;
     }
@@ -87,20 +88,20 @@ void KeptFacts::note(const canvas::DrawForm& form) {
 
 void KeptFacts::keep(const canvas::DrawForm& form) {
     const Followed& scenario = followed(form);
-    ByName nodes = scenario.others;
+    exchange::KeptScenario kept{form.KeepDuplicates, scenario.others};
     for (const auto& [number, facts] : form.facts) {
         const canvas::LabelsD* node = form.Labels.byIndex(number);
         if (node && !facts.isEmpty()) {
-            nodes[node->Caption()] = facts;
+            kept.nodes[node->Caption()] = facts;
         }
     }
-    if (nodes.empty()) {
+    if (kept.isEmpty()) {
         folder_.drop(scenario.file);
         return;
     }
     try {
         folder_.begin(scenario.file);
-        folder_.goOn(scenario.file, exchange::factsDocument(nodes));
+        folder_.goOn(scenario.file, exchange::factsDocument(kept));
         folder_.end(scenario.file);
     } catch (const platform::Fault& fault) {
         progress_.status("The rows given by hand are not kept: " + fault.description());

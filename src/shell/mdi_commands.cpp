@@ -174,6 +174,10 @@ struct MDIForm1::CommandTable {
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::types); }},
         {Command::viewMinimap, always, [](MDIForm1& f) { f.lists_.toggle(Dock::minimap); },
          [](const MDIForm1& f) { return f.host_.dockShown(Dock::minimap); }},
+        {Command::viewRows, always, [](MDIForm1& f) { f.lists_.toggle(Dock::rows); },
+         [](const MDIForm1& f) { return f.host_.dockShown(Dock::rows); }},
+        {Command::countRows, inDesign, [](MDIForm1& f) { f.lists_.rows().toggleCounts(); },
+         [](const MDIForm1& f) { return f.lists_.rows().countsShown(); }},
         {Command::viewProvider, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewProviderM); },
          [](const MDIForm1& f) { return f.marked(&zoom::ViewMarks::ViewProviderM); }},
         {Command::viewPartOf, inZoom, [](MDIForm1& f) { f.toggleMark(&zoom::ViewMarks::ViewPartOfM); },
@@ -263,36 +267,6 @@ canvas::ItemState MDIForm1::stateOf(Command command) const {
     return {isEnabled(command), row.checked ? std::optional(row.checked(*this)) : std::nullopt};
 }
 
-void MDIForm1::toggleMark(bool zoom::ViewMarks::*mark) {
-    toggleFilter(*zoomInFront(), mark);
-    host_.commandsChanged();
-}
-
-void MDIForm1::toggleTints() {
-    canvas::DrawForm& form = *activeScenario();
-    if (tints_.contains(&form)) {
-        desk_.showTints(form, nullptr);
-        tints_.erase(&form);
-    } else {
-        const auto [place, isNew] =
-            tints_.emplace(&form, std::make_unique<analysis::MetricTints>(form, options_.TransDepth));
-        desk_.showTints(form, place->second.get());
-    }
-    host_.commandsChanged();
-}
-
-bool MDIForm1::marked(bool zoom::ViewMarks::*mark) const {
-    const zoom::ZoomForm* form = zoomInFront();
-    return form && form->marks.*mark;
-}
-
-void MDIForm1::toggleSight(bool zoom::ZoomSight::*mark) {
-    options_.sight.*mark = !(options_.sight.*mark);
-    StoreSight(options_.sight, ports_.store);
-    zoomInFront()->setSight(options_.sight);
-    host_.commandsChanged();
-}
-
 void MDIForm1::chooseGroup(int group) {
     currentGroup_ = group;
     host_.commandsChanged();
@@ -333,23 +307,6 @@ void MDIForm1::openFile(const std::string& path) {
     files_.open(path);
     histories_.beginFilled();
     host_.commandsChanged();
-}
-
-/// Writes the scenario in front into the data folder.
-void MDIForm1::exportAs(std::string_view exporter) {
-    canvas::DrawForm& form = *activeScenario();
-    const Exporter& way = exporterNamed(exporter);
-    ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
-    services.consumerSemantics = consumerSemanticsOf(documentTypes_);
-    services.functions = options_.functions;
-    if (way.needs == Exporter::Needs::dialect &&
-        !askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
-        return;
-    }
-    ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-    const std::string path = ports_.folder.file("\\", form.Caption(), way.suffix);
-    writeExport(way, form, services, path);
-    ports_.messages.tell(path + " Created");
 }
 
 void MDIForm1::saveAs(canvas::DrawForm& form) {

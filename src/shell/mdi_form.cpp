@@ -43,11 +43,12 @@ MDIForm1::MDIForm1(const Ports& ports, FrameHost& host, Desk& desk)
       documentTypes_(services_, catalogue_),
       files_(ports, services_, *this, {documentTypes_, host.dialogs()}),
       clipboard_({ports.clipboard, ports.messages, ports.progress, links_}, {documentTypes_, host.dialogs()}),
-      lists_({host, desk, ports.store, ports.progress, options_, catalogue_, dialogs_}, scenarioListeners_),
+      lists_({ports_, options_.repository.login.ReposConnString, host, desk, ports.store, ports.progress, options_,
+              catalogue_, dialogs_},
+             scenarioListeners_),
       recovery_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
       earlier_({ports.states, ports.progress, catalogue_.tables, options_.repository.login.ReposConnString}),
-      facts_(ports.states, ports.progress, options_.repository.login.ReposConnString),
-      histories_(scenarioListeners_, *this, recovery_, earlier_, facts_),
+      histories_(scenarioListeners_, *this, recovery_, earlier_, lists_.facts()),
       metricsScenarios_(*this, scenarioListeners_, desk) {
     tools_.changed = [this] { host_.commandsChanged(); };
     tools_.palettes.changed = tools_.changed;

@@ -113,7 +113,6 @@ class MDIForm1 : public repository::ScenarioWindows,
     SideLists& lists() { return lists_; }
     const SideLists& lists() const { return lists_; }
     const OptionsData& options() const { return options_; }
-    KeptFacts& facts() { return facts_; }
     repository::Services& services() { return services_; }
     repository::Catalogue& catalogue() { return catalogue_; }
 
@@ -187,7 +186,6 @@ class MDIForm1 : public repository::ScenarioWindows,
     SideLists lists_;
     ScenarioRecovery recovery_;
     EarlierStates earlier_;
-    KeptFacts facts_;
     ScenarioHistories histories_;
     MetricsScenarios<kSlots> metricsScenarios_;
 

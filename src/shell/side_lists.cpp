@@ -12,7 +12,8 @@ struct DockRow {
 };
 
 constexpr DockRow kDocks[] = {{Dock::history, "History"}, {Dock::problems, "Problems"}, {Dock::find, "Find"},
-                              {Dock::outline, "Outline"}, {Dock::types, "Types"},       {Dock::minimap, "Minimap"}};
+                              {Dock::outline, "Outline"}, {Dock::types, "Types"},       {Dock::minimap, "Minimap"},
+                              {Dock::rows, "Rows"}};
 
 }  // namespace
 
@@ -31,6 +32,7 @@ void SideLists::followDocks() {
     find_.show(ports_.host.dockShown(Dock::find));
     outline_.show(ports_.host.dockShown(Dock::outline));
     types_.show(ports_.host.dockShown(Dock::types));
+    rows_.show(ports_.host.dockShown(Dock::rows));
 }
 
 void SideLists::toggle(Dock dock) {
@@ -151,6 +153,7 @@ analysis::Unfinished SideLists::unfinishedOf(canvas::CanvasForm& form) const {
 
 void SideLists::touch(const canvas::DrawForm& form, const canvas::Touched& touched) {
     problems_.touch(form, touched);
+    rows_.touch(form);
     if (find_.watched() == &form) {
         find_.touch(touched);
     }
@@ -179,11 +182,13 @@ void SideLists::settle(canvas::CanvasForm& form, bool isWhole) {
 void SideLists::frontChanged() {
     canvas::CanvasForm* front = ports_.desk.active();
     find_.watch(front);
+    rows_.watch(front);
     outline_.watch(front ? &front->scenario() : nullptr);
     types_.follow();
 }
 
 void SideLists::forget(canvas::CanvasForm& form) {
+    rows_.forget(form);
     if (find_.watched() == &form) {
         find_.watch(nullptr);
     }

@@ -9,12 +9,15 @@
 #include "shell/options_data.h"
 #include "shell/outline_form.h"
 #include "shell/problem_lists.h"
+#include "shell/rows_form.h"
 #include "shell/types_form.h"
 
 namespace orvent::shell {
 
 /// What the lists beside the windows ask of the frame. All of it outlives them.
 struct SideListPorts {
+    const Ports& ports;
+    const std::string& source;  ///< names the repository of the moment
     FrameHost& host;
     Desk& desk;
     platform::SettingsStore& store;
@@ -29,6 +32,9 @@ class SideLists : private FindPorts, private OutlinePorts, private TypesPorts {
   public:
     SideLists(const SideListPorts& ports, ScenarioListeners& scenarios)
         : ports_(ports),
+          facts_(ports.ports.states, ports.ports.progress, ports.source),
+          rows_({ports.ports, ports.host.dialogs(), ports.catalogue.tables, ports.options.functions, facts_, ports.desk,
+                 [this](canvas::NodeNumber node) { showNode(node); }}),
           problems_(scenarios, ports.catalogue.tables),
           find_(*this, ports.catalogue.tables),
           outline_(*this, ports.catalogue.tables),
@@ -50,6 +56,9 @@ class SideLists : private FindPorts, private OutlinePorts, private TypesPorts {
     FindForm& find() { return find_; }
     OutlineForm& outline() { return outline_; }
     TypesForm& types() { return types_; }
+    RowsForm& rows() { return rows_; }
+    const RowsForm& rows() const { return rows_; }
+    KeptFacts& facts() { return facts_; }
     /// Goes to the next hit, or the one before; with none, to where words are typed.
     void findNext(bool back);
 
@@ -61,7 +70,10 @@ class SideLists : private FindPorts, private OutlinePorts, private TypesPorts {
     /// The form is about to go.
     void forget(canvas::CanvasForm& form);
     /// The program has nothing to do. True when there is more to be done when it is idle again.
-    bool idle() { return find_.idle(); }
+    bool idle() {
+        const bool more = rows_.idle();
+        return find_.idle() || more;
+    }
 
   private:
     // FindPorts
@@ -86,6 +98,8 @@ class SideLists : private FindPorts, private OutlinePorts, private TypesPorts {
     canvas::LabelsD* editable(const analysis::Place& place) const;
 
     SideListPorts ports_;
+    KeptFacts facts_;
+    RowsForm rows_;
     ProblemLists problems_;
     FindForm find_;
     OutlineForm outline_;

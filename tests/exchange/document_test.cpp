@@ -210,10 +210,12 @@ TEST_F(DocumentTest, WalksThereAndBack) {
             original->DeletedNodes->Add(7, entities::DeletedActivity);
             original->DeletedNodes->Add(9, entities::KindInput);
         }
+        original->KeepDuplicates = seed % 3 == 0;
         const std::string text = written(*original, stored);
         const auto copy = opened(text);
         ASSERT_TRUE(last.opened);
         EXPECT_EQ(copy->facts, original->facts);
+        EXPECT_EQ(copy->KeepDuplicates, original->KeepDuplicates);
         EXPECT_EQ(testkit::modelText(*copy), testkit::modelText(*original));
         EXPECT_EQ(firstDifference(written(*copy, stored), text), "");
         EXPECT_EQ(copy->ScenarioID, original->ScenarioID);

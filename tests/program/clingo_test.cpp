@@ -22,7 +22,7 @@ class ClingoTest : public testkit::GraphTest {
         const Program program = checkedProgram(form, catalogue);
         EXPECT_TRUE(program.findings.empty()) << program.findings[0].words;
         const std::string file = (folder.path() / "program").string();
-        const std::string text = clingoText(program, catalogue);
+        const std::string text = clingoText(program, catalogue, form.facts);
         platform::writeFile(file, text + facts);
         std::system(("clingo --warn=none --verbose=0 '" + file + "' > '" + file + ".out' 2>&1").c_str());
         const std::string said = platform::readFile(file + ".out");
@@ -87,6 +87,19 @@ TEST_F(ClingoTest, JoinsTheNodesOfAScenario) {
     graph.feed("B.OUT.K", "T.V");
     EXPECT_EQ(rowsOf("t", "s(1,x). s(2,y). s(3,null). t_before(1,1,1).\n"),
               "(2,null,y)(3,null,null)(null,x,null)(null,y,null)");
+}
+
+TEST_F(ClingoTest, RowsThatAreGivenByHandAreFacts) {
+    graph.recordSet("my S", {"K", "V", "N"});
+    graph.attribute("my S.V").Attribute_Type = 1;
+    entities::ActivityProperties& activity = graph.activity("2nd", {"K", "V", "N"}, {"K", "V", "N"});
+    for (const std::string column : {"K", "V", "N"}) {
+        graph.feed("my S." + column, "2nd.IN." + column);
+    }
+    activity.Act_LDL = "2nd_out(X,Y,Z)<-2nd_in1(X,Y,Z).";
+    form.facts[form.nodeNamed("my S")->Index()].facts = {
+        {"V", "K"}, {{"7", "a\\\"b"}, {std::nullopt, "7"}, {"0.5", std::nullopt}, {"-1", ""}}};
+    EXPECT_EQ(rowsOf("p2nd_out", ""), "(\"\",-1,null)(\"7\",null,null)(\"a\\\\\\\"b\",7,null)(null,\"0.5\",null)");
 }
 
 }  // namespace

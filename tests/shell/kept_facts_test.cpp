@@ -18,7 +18,7 @@ class KeptFacts : public ::testing::Test {
     static void give(testkit::TestFrame& stage, const std::string& node, const std::string& value) {
         canvas::DrawForm& form = stage.active();
         form.facts[form.nodeNamed(node)->Index()].facts = {{"V"}, {{value}, {std::nullopt}}};
-        stage.frame.facts().keep(form);
+        stage.frame.lists().facts().keep(form);
     }
     static std::string told(testkit::TestFrame& stage) {
         std::string all;
@@ -47,6 +47,7 @@ TEST_F(KeptFacts, ComeBackWithTheScenario) {
         stage.frame.idle();
         form.nodeNamed("T")->recordSet()->RecordSet_Name = "U";
         form.nodeNamed("T")->setCaption("U");
+        form.KeepDuplicates = true;
         give(stage, "S", "3");
         stage.frame.run(Command::saveScenario);
         stage.frame.idle();
@@ -56,6 +57,7 @@ TEST_F(KeptFacts, ComeBackWithTheScenario) {
     stage.frame.start();
     stage.load("Tried");
     EXPECT_EQ(told(stage), "S=3 U=2 ");
+    EXPECT_TRUE(stage.active().KeepDuplicates);
     std::string other = "Other";
     stage.frame.NewScenario(other);
     EXPECT_EQ(told(stage), "");

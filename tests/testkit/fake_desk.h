@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,8 @@ class FakeDesk : public shell::Desk {
     }
     void present(canvas::CanvasForm&, const canvas::LabelsD& node) override { revealed.push_back(node.Caption()); }
     void showTints(canvas::CanvasForm&, canvas::Tints*) override {}
+    void showNotes(canvas::CanvasForm& form, const canvas::NodeNotes* shown) override { notes[&form] = shown; }
+    std::map<const canvas::CanvasForm*, const canvas::NodeNotes*> notes;
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point) override {
         menus.push_back(form.Caption() + " " + std::string(menu.name));
     }

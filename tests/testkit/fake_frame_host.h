@@ -13,6 +13,7 @@
 #include "repository/user_login.h"
 #include "repository/view_scenarios.h"
 #include "shell/earlier_form.h"
+#include "shell/facts_form.h"
 #include "shell/frame_host.h"
 #include "shell/plain_forms.h"
 #include "shell/recovery_form.h"
@@ -41,6 +42,7 @@ class FakeFrameHost : public shell::FrameHost {
         dialogs_.add<shell::RecoveryForm>([this](auto& left) { atRecovery(left); });
         dialogs_.add<shell::ExportSqlForm>([this](auto& question) { atExportSql(question); });
         dialogs_.add<shell::EarlierForm>([this](auto& states) { atEarlier(states); });
+        dialogs_.add<shell::FactsForm>([this](auto& facts) { atFacts(facts); });
         dialogs_.add<shell::UnfinishedForm>([](auto&) {});
         dialogs_.add<shell::EdgeChangesForm>([this](auto& list) { atEdgeChanges(list); });
     }
@@ -58,6 +60,7 @@ class FakeFrameHost : public shell::FrameHost {
     std::function<void(exchange::MissingTypesForm&)> atMissingTypes;
     std::function<void(shell::RecoveryForm&)> atRecovery;
     std::function<void(shell::EarlierForm&)> atEarlier;
+    std::function<void(shell::FactsForm&)> atFacts;
     std::function<void(shell::ExportSqlForm&)> atExportSql;
     std::function<void()> atCommands;
     bool placed = false;

@@ -42,6 +42,8 @@ class CanvasViewWidget : public QAbstractScrollArea, public canvas::CanvasListen
 
     /// Shades in which the nodes are shown, or nothing.
     void setTints(canvas::Tints* tints) { painter_.setTints(tints); }
+    /// Notes at the nodes, as long as they are shown, or none for nothing.
+    void setNotes(const canvas::NodeNotes* notes) { painter_.setNotes(notes); }
     canvas::Tints* tints() const { return painter_.tints(); }
 
     const canvas::Canvas& shown() const { return canvas_; }

@@ -1,11 +1,13 @@
 #include "qt/canvas/node_painter.h"
 
+#include <QFontMetricsF>
 #include <cmath>
 
 #include "canvas/node_tip.h"
 #include "qt/canvas/comment_bar.h"
 #include "qt/canvas/node_shapes.h"
 #include "qt/canvas/tint_legend.h"
+#include "qt/text.h"
 #include "qt/theme/blend.h"
 
 namespace orvent::qt {
@@ -17,6 +19,8 @@ constexpr int kLargestPicture = 512;  // device pixels; larger boxes are drawn e
 constexpr std::size_t kMostPictures = 256;
 constexpr double kFoundRim = 5;       // pixels around a node that was found, at scale 1
 constexpr double kLeastFoundRim = 2;  // pixels
+constexpr double kNote = 10;          // pixels of its letters, at scale 1
+constexpr int kLeastNote = 7;         // pixels
 constexpr double kLackRadius = 3.5;   // pixels at scale 1
 
 void paintSelection(const PaintContext& context, const QRectF& box) {
@@ -141,6 +145,28 @@ void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& b
     context.painter.setOpacity(1);
 }
 
+/// Along the lower side of the box, within what is repainted with it.
+void paintNote(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box) {
+    const std::string note = context.notes ? context.notes->note(node) : std::string();
+    if (note.empty()) {
+        return;
+    }
+    const QString words = text(note);
+    QFont font = context.painter.font();
+    font.setPixelSize(std::max(kLeastNote, static_cast<int>(context.length(kNote))));
+    font.setBold(true);
+    const QFontMetricsF letters(font);
+    QRectF room(QPointF(), QSizeF(letters.horizontalAdvance(words) + letters.height() * 0.6, letters.height()));
+    room.moveCenter({box.center().x(), 0});
+    room.moveBottom(box.bottom() + 2);
+    context.painter.setPen(Qt::NoPen);
+    context.painter.setBrush(context.colours.accent);
+    context.painter.drawRoundedRect(room, room.height() / 2, room.height() / 2);
+    context.painter.setFont(font);
+    context.painter.setPen(context.colours.background);
+    context.painter.drawText(room, Qt::AlignCenter, words);
+}
+
 }  // namespace
 
 const NodeColours& NodePainter::coloursOf(std::int32_t modelColour, const CanvasColours& theme) {
@@ -263,6 +289,7 @@ void NodePainter::paint(const PaintContext& context, const canvas::LabelsD& node
             paintBeyond(context, box, colours.caption);
         }
         context.painter.setOpacity(1);
+        paintNote(context, node, box);
     }
     if (state.selected) {
         paintSelection(context, place);

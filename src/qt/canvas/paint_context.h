@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "canvas/node_notes.h"
 #include "canvas/tints.h"
 #include "qt/canvas/pixels.h"
 #include "qt/canvas/transform.h"
@@ -24,9 +25,10 @@ struct PaintContext {
     const CanvasColours& colours;
     double pixelRatio;  ///< device pixels per pixel
     Detail detail;
-    bool selection = true;                 ///< false on paper, where nothing is selected
-    Pixels* image = nullptr;               ///< what the painter paints on, if it can be written into straight
-    const canvas::Tints* tints = nullptr;  ///< shades instead of the nodes' colours, if there are any
+    bool selection = true;                     ///< false on paper, where nothing is selected
+    Pixels* image = nullptr;                   ///< what the painter paints on, if it can be written into straight
+    const canvas::Tints* tints = nullptr;      ///< shades instead of the nodes' colours, if there are any
+    const canvas::NodeNotes* notes = nullptr;  ///< at the nodes, if there are any
 
     /// A length given for scale 1, in pixels.
     double length(double pixels) const { return pixels * transform.scale; }

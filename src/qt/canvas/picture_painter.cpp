@@ -67,6 +67,11 @@ void PicturePainter::setTints(canvas::Tints* tints) {
     repaintAll();
 }
 
+void PicturePainter::setNotes(const canvas::NodeNotes* notes) {
+    notes_ = notes;
+    repaintAll();
+}
+
 void PicturePainter::repaintAll() {
     layerDirty_ = viewport_.rect();
     viewport_.update();
@@ -93,8 +98,8 @@ void PicturePainter::paint(const QRegion& region) {
 }
 
 PaintContext PicturePainter::contextFor(QPainter& painter, const Transform& now) const {
-    return {painter, now,     theme_.canvas(), viewport_.devicePixelRatioF(), detailAt(scroller_.scale()),
-            true,    nullptr, tints_};
+    return {painter, now,    theme_.canvas(), viewport_.devicePixelRatioF(), detailAt(scroller_.scale()), true,
+            nullptr, tints_, notes_};
 }
 
 /// Boxes and lines are written into the device's own pixels where it has some, and otherwise by way of an image.

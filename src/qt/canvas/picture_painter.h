@@ -36,6 +36,7 @@ class PicturePainter {
 
     /// Shades in which the nodes are shown, or nothing.
     void setTints(canvas::Tints* tints);
+    void setNotes(const canvas::NodeNotes* notes);
     canvas::Tints* tints() const { return tints_; }
 
     /// The edge whose handles are shown because the pointer is on it, or nothing.
@@ -65,6 +66,7 @@ class PicturePainter {
     QWidget& viewport_;
     NodePainter nodes_;
     canvas::Tints* tints_ = nullptr;
+    const canvas::NodeNotes* notes_ = nullptr;
     const canvas::LinesD* pointedEdge_ = nullptr;
     const canvas::LinesD* drawnEdge_ = nullptr;  ///< has no target yet; painted with the markers, not in the index
     int dirtyAreas_ = 0;                         ///< asked for since the last painting

@@ -224,6 +224,10 @@ void DeskArea::showMinimaps(bool shown) {
     }
 }
 
+void DeskArea::showNotes(canvas::CanvasForm& form, const canvas::NodeNotes* notes) {
+    windowOf(form)->editor().setNotes(notes);
+}
+
 void DeskArea::showTints(canvas::CanvasForm& form, canvas::Tints* tints) {
     windowOf(form)->editor().showTints(tints);
 }

@@ -46,6 +46,7 @@ class DeskArea : public QMdiArea, public shell::Desk {
     void showMinimaps(bool shown);
     bool minimapsShown() const { return minimaps_; }
     void showTints(canvas::CanvasForm& form, canvas::Tints* tints) override;
+    void showNotes(canvas::CanvasForm& form, const canvas::NodeNotes* notes) override;
     void showMenu(canvas::CanvasForm& form, const canvas::ContextMenu& menu, canvas::Point at) override;
     std::optional<canvas::Point> pointerIn(const canvas::CanvasForm& form) const override;
     void paint(canvas::CanvasForm& form, shell::PictureTarget target) override;

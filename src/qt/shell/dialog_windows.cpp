@@ -24,6 +24,7 @@
 #include "qt/shell/earlier_window.h"
 #include "qt/shell/edge_changes_window.h"
 #include "qt/shell/export_sql_window.h"
+#include "qt/shell/facts_window.h"
 #include "qt/shell/missing_types_window.h"
 #include "qt/shell/options_window.h"
 #include "qt/shell/recovery_window.h"
@@ -140,6 +141,8 @@ void addDialogWindows(forms::Dialogs& dialogs, QWidget& frame, SizeMemory& sizes
     add<shell::RecoveryForm, RecoveryWindow>(dialogs, frame);
     add<shell::EarlierForm, EarlierWindow>(dialogs, frame);
     add<shell::ExportSqlForm, ExportSqlWindow>(dialogs, frame);
+    add<shell::FactsForm, FactsWindow>(dialogs, frame);
+    add<shell::SourceLogin, SourceLoginWindow>(dialogs, frame);
     add<shell::ShortcutsForm, ShortcutsForm>(dialogs, frame);
     add<shell::AboutForm, AboutForm>(dialogs, frame);
 }

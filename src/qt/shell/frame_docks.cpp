@@ -9,6 +9,7 @@
 #include "qt/shell/history_dock.h"
 #include "qt/shell/outline_dock.h"
 #include "qt/shell/problems_dock.h"
+#include "qt/shell/rows_dock.h"
 #include "qt/shell/types_dock.h"
 #include "qt/theme/icons.h"
 #include "shell/mdi_form.h"
@@ -19,7 +20,7 @@ using shell::Dock;
 
 namespace {
 
-constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline, Dock::types};
+constexpr Dock kDocks[] = {Dock::history, Dock::problems, Dock::find, Dock::outline, Dock::types, Dock::rows};
 
 }  // namespace
 
@@ -46,16 +47,25 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
               return its ? &its->lists().types() : nullptr;
           },
           &frame)),
+      rows_(new RowsDock(
+          [this] {
+              shell::MDIForm1* its = logic_();
+              return its ? &its->lists().rows() : nullptr;
+          },
+          &frame)),
       count_(new QToolButton(&frame)) {
     frame.addDockWidget(Qt::RightDockWidgetArea, history_);
     frame.addDockWidget(Qt::BottomDockWidgetArea, problems_);
     frame.tabifyDockWidget(problems_, find_);
+    frame.tabifyDockWidget(problems_, rows_);
     frame.addDockWidget(Qt::LeftDockWidgetArea, outline_);
     frame.addDockWidget(Qt::LeftDockWidgetArea, types_);
     logic_()->lists().types().onRows = [this] { types_->renew(); };
     logic_()->lists().outline().onOutline = [this] { outline_->renew(); };
     logic_()->lists().outline().onFollow = [this] { outline_->follow(); };
     logic_()->lists().find().onRows = [this](bool others) { find_->follow(others); };
+    logic_()->lists().rows().onTables = [this] { rows_->renewTables(); };
+    logic_()->lists().rows().onState = [this] { rows_->renewState(); };
     const auto closed = [this](Dock dock) {
         if (shell::MDIForm1* its = logic_()) {
             its->lists().closed(dock);
@@ -72,6 +82,8 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
         outline_, &OutlineDock::closed, this, [closed] { closed(Dock::outline); }, Qt::QueuedConnection);
     connect(
         types_, &TypesDock::closed, this, [closed] { closed(Dock::types); }, Qt::QueuedConnection);
+    connect(
+        rows_, &RowsDock::closed, this, [closed] { closed(Dock::rows); }, Qt::QueuedConnection);
     for (const Dock dock : kDocks) {
         widget(dock)->hide();
     }
@@ -94,6 +106,8 @@ QDockWidget* FrameDocks::widget(Dock dock) const {
             return find_;
         case Dock::types:
             return types_;
+        case Dock::rows:
+            return rows_;
         case Dock::outline:
         case Dock::minimap:
             break;

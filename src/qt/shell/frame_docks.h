@@ -19,6 +19,7 @@ class FindDock;
 class HistoryDock;
 class OutlineDock;
 class ProblemsDock;
+class RowsDock;
 class TypesDock;
 
 /// The lists beside the windows of a frame, and the count of problems in its status corner.
@@ -47,6 +48,7 @@ class FrameDocks : public QObject {
     ProblemsDock* problems_;
     FindDock* find_;
     OutlineDock* outline_;
+    RowsDock* rows_;
     TypesDock* types_;
     QToolButton* count_;
 };

@@ -1,0 +1,26 @@
+// The frame's part in what a scenario is written down as.
+
+#include "shell/exporters.h"
+#include "shell/mdi_form.h"
+
+namespace orvent::shell {
+
+/// Writes the scenario in front into the data folder.
+void MDIForm1::exportAs(std::string_view exporter) {
+    canvas::DrawForm& form = *activeScenario();
+    const Exporter& way = exporterNamed(exporter);
+    ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
+    services.consumerSemantics = consumerSemanticsOf(documentTypes_);
+    services.functions = options_.functions;
+    services.facts = way.name == kProgramExporter && mayWriteFacts(form, ports_.messages);
+    if (way.needs == Exporter::Needs::dialect &&
+        !askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
+        return;
+    }
+    ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
+    lists_.facts().keep(form);
+    ports_.messages.tell(writeExport(way, form, services, ports_.folder.file("\\", form.Caption(), way.suffix)) +
+                         " Created");
+}
+
+}  // namespace orvent::shell

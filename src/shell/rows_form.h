@@ -1,0 +1,132 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "canvas/canvas_form.h"
+#include "forms/dialog_port.h"
+#include "run/run.h"
+#include "run/source_connections.h"
+#include "shell/desk.h"
+#include "shell/kept_facts.h"
+#include "shell/ports.h"
+#include "shell/row_table.h"
+
+namespace orvent::shell {
+
+struct ScenarioRows;
+
+/// What the rows ask of the frame. All of it outlives them.
+struct RowsPorts {
+    const Ports& ports;
+    const forms::Dialogs& dialogs;
+    const entities::CatalogueTables& tables;
+    const sql::OwnFunctions& functions;
+    KeptFacts& facts;
+    Desk& desk;
+    std::function<void(canvas::NodeNumber)> showNode;
+};
+
+/// The dialog that asks for the login at a data source.
+class SourceLogin {
+  public:
+    explicit SourceLogin(std::string source) : source_(std::move(source)) {}
+
+    const std::string& source() const { return source_; }
+    std::string txtUser, txtPassword;
+    bool isOk = false;
+
+  private:
+    std::string source_;
+};
+
+/// The rows at the nodes of the scenario in front: the node's that is selected and those that come into it, or how many
+/// each node has. A run is long work: it goes on while the program is idle, and can be cancelled.
+class RowsForm : private run::Logins {
+  public:
+    enum class Way { sample, atSource };
+
+    explicit RowsForm(const RowsPorts& ports);
+    ~RowsForm() override;
+
+    // Set by the window.
+    std::function<void()> onTables;  ///< other rows are shown
+    std::function<void()> onState;   ///< how far a run is, or what can be done now
+
+    /// The rows of the selected node and behind them those that come in, or one table with a row for each node.
+    std::vector<RowTable>& tables() { return tables_; }
+    std::string status() const;
+    bool isRunning() const;
+    bool isOld() const;
+    std::size_t done() const;
+    std::size_t total() const;
+
+    Way way() const { return way_; }
+    void optWay_Click(Way way);
+    bool canRefresh() const { return form_ != nullptr && !isRunning(); }
+    /// Runs what has changed. Where nothing has, data sources are read anew.
+    void cmdRefresh_Click();
+    void cmdCancel_Click();
+    void txtFilter_Change(const std::string& word);
+    const std::string& txtFilter() const { return filter_; }
+    /// Puts rows of a table into the clipboard, by their places; all that are shown without any.
+    void copy(std::size_t table, const std::vector<std::size_t>& rows) const;
+    void cmdExport_Click(std::size_t table) const;
+    /// The row of a node goes there.
+    void choose(std::size_t table, std::size_t row) const;
+    /// Whether a node is selected whose rows, or what is expected of them, can be given.
+    bool canGive() const;
+    void cmdFacts_Click();
+
+    /// Shows how many rows went in and out of each node of the scenario in front, or no more. What is not known yet is
+    /// run first.
+    void toggleCounts();
+    bool countsShown() const;
+
+    /// False: it is closed. Nothing runs then.
+    void show(bool shown);
+    void watch(canvas::CanvasForm* form);
+    canvas::CanvasForm* watched() const { return form_; }
+    /// Another node may be selected.
+    void follow();
+    void touch(const canvas::DrawForm& form);
+    /// The form is about to go.
+    void forget(canvas::CanvasForm& form);
+    /// Goes on. False when there is nothing more to do.
+    bool idle();
+
+  private:
+    using State = ScenarioRows;
+    /// What is selected: a node of the scenario, and the column of a member of a view over it.
+    struct Focus {
+        canvas::NodeNumber node = canvas::kNoNode;
+        std::string column{};
+        bool operator==(const Focus&) const = default;
+    };
+
+    std::optional<run::Login> loginFor(const std::string& source) override;
+    State* state() const;
+    run::Run& begun(State& state);
+    Focus focus() const;
+    void fill();
+    void fillOverview(const State& state);
+    RowTable tableOf(State& state, std::size_t predicate, const std::string& title);
+    void narrow(RowTable& table) const;
+    void tell() const;
+
+    RowsPorts ports_;
+    run::SourceConnections connections_;
+    std::map<const canvas::DrawForm*, std::unique_ptr<State>> states_;
+    canvas::CanvasForm* form_ = nullptr;
+    bool shown_ = false;
+    Way way_ = Way::sample;
+    Focus shownFocus_;
+    std::string filter_;
+    std::vector<RowTable> tables_;
+};
+
+}  // namespace orvent::shell

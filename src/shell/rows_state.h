@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "canvas/labels.h"
+#include "canvas/node_notes.h"
+#include "run/expectations.h"
+#include "run/sample_run.h"
+#include "run/source_run.h"
+
+namespace orvent::shell {
+
+/// The runs of one scenario.
+struct ScenarioRows : canvas::NodeNotes {
+    ScenarioRows(platform::Database& database, run::SourceConnections& connections)
+        : sample(database, connections), source(connections) {}
+
+    run::SampleRun sample;
+    run::SourceRun source;
+    run::Run* run = nullptr;  ///< the one that was begun last
+    bool running = false;
+    bool cancelled = false;
+    bool old = false;   ///< the scenario has changed since
+    std::string fault;  ///< for which nothing could begin
+    std::vector<run::Verdict> verdicts;
+    bool counts = false;  ///< they are shown at the nodes
+
+    std::string note(const canvas::LabelsD& node) const override {
+        const auto rows =
+            run ? run->nodes().find(node.Index()) : std::map<canvas::NodeNumber, run::NodeRows>::const_iterator();
+        return !run || rows == run->nodes().end() ? "" : run::countWords(rows->second, run->outcomes(), " \u2192 ");
+    }
+};
+
+}  // namespace orvent::shell

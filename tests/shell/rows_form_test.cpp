@@ -1,0 +1,135 @@
+// The rows at the nodes as the dock shows them, without a window.
+
+#include <gtest/gtest.h>
+
+#include "testkit/test_frame.h"
+
+using namespace orvent;
+using shell::Command;
+
+namespace {
+
+class RowsForm : public ::testing::Test {
+  protected:
+    RowsForm() {
+        repository.messages.anyway = [](const std::string&) { return platform::Answer::ok; };
+        stage.frame.start();
+        std::string name = "Try";
+        stage.frame.NewScenario(name);
+        canvas::DrawForm& form = stage.active();
+        auto& types = stage.frame.catalogue().tables.dataTypes;
+        const auto number = static_cast<std::int16_t>(types.indexOf("NUMBER").value());
+        const auto text = static_cast<std::int16_t>(types.indexOf("VARCHAR2").value());
+        auto& source = *form.Labels.Add({0, 0, 1050, 450}, "S", canvas::NodeTypeRecordSet, "S").recordSet();
+        auto& activity = *form.Labels.Add({2000, 0, 1050, 450}, "A", canvas::NodeTypeActivity, "A").activity();
+        for (const auto& [column, type] : {std::pair{"K", text}, std::pair{"V", number}}) {
+            source.RecordSet_Outputs->Add(column, type, column).ParentKeyName = "S";
+            auto& input = activity.Act_Inputs->Add(column, type, entities::TagNone, column);
+            input.ParentKeyName = "A";
+            input.ProvidedFrom->Add("S", entities::LinkRecordSet, std::string("S.") + column);
+            activity.Act_Outputs->Add(column, type, entities::TagNone, column).ParentKeyName = "A";
+        }
+        activity.Act_LDL = "a_out(X,Y)<-a_in1(X,Y),Y>1.";
+        form.facts[form.nodeNamed("S")->Index()].facts = {{"K", "V"},
+                                                          {{"b", "10"}, {"a", "9"}, {"", "2"}, {std::nullopt, "1"}}};
+        stage.frame.frontChanged();
+        rows.show(true);
+        run();
+    }
+
+    void run() {
+        while (stage.frame.idle()) {
+        }
+        rows.cmdRefresh_Click();
+        while (stage.frame.idle()) {
+        }
+    }
+    void select(const char* node) {
+        stage.active().ClearCrop();
+        stage.active().SelectedLabels.Add(stage.active().nodeNamed(node)->Index());
+        rows.follow();
+    }
+    std::string shown(std::size_t table) {
+        std::string all;
+        for (std::size_t at = 0; at < rows.tables().at(table).count(); ++at) {
+            for (const entities::Field& field : rows.tables()[table].row(at)) {
+                all += field.value_or("NULL") + ",";
+            }
+            all.back() = ' ';
+        }
+        return all;
+    }
+
+    testkit::TestRepository repository;
+    testkit::TestFrame stage{repository};
+    shell::RowsForm& rows = stage.frame.lists().rows();
+};
+
+TEST_F(RowsForm, FollowWhatIsSelectedAndHowItIsLookedAt) {
+    EXPECT_EQ(shown(0), "S,,4, A,4,3, ");
+    select("A");
+    ASSERT_EQ(rows.tables().size(), 2U);
+    EXPECT_EQ(rows.tables()[0].title, "A: 3 rows");
+    EXPECT_EQ(rows.tables()[1].title, "In, from S: 4 rows");
+    rows.tables()[0].sort(1, false);
+    EXPECT_EQ(shown(0), ",2 a,9 b,10 ") << "numbers by their values";
+    rows.tables()[1].sort(0, true);
+    EXPECT_EQ(shown(1), "b,10 a,9 ,2 NULL,1 ") << "NULL is no empty text";
+    rows.txtFilter_Change("B");
+    EXPECT_EQ(shown(0) + shown(1), "b,10 b,10 ");
+    rows.copy(1, {});
+    EXPECT_EQ(stage.clipboard.text("text/plain"), "K\tV\nb\t10\n");
+}
+
+TEST_F(RowsForm, AreOldAfterAChangeUntilTheyAreRefreshed) {
+    stage.frame.run(Command::countRows);
+    const canvas::NodeNotes* notes = stage.desk.notes.at(&stage.active());
+    ASSERT_TRUE(notes);
+    const canvas::LabelsD& node = *stage.active().nodeNamed("A");
+    EXPECT_EQ(notes->note(node), "4 \u2192 3");
+    EXPECT_FALSE(rows.isOld());
+    stage.active().nodeNamed("A")->activity()->Act_LDL = "a_out(X,Y)<-a_in1(X,Y),Y>9.";
+    canvas::Touched touched;
+    stage.frame.lists().touch(stage.active(), touched);
+    EXPECT_TRUE(rows.isOld());
+    EXPECT_EQ(notes->note(node), "4 \u2192 3") << "until then they are what they were";
+    run();
+    EXPECT_FALSE(rows.isOld());
+    EXPECT_EQ(notes->note(node), "4 \u2192 1");
+    stage.frame.run(Command::countRows);
+    EXPECT_FALSE(stage.desk.notes.at(&stage.active()));
+    stage.frame.close(*stage.desk.active());
+    EXPECT_FALSE(rows.canRefresh());
+}
+
+TEST_F(RowsForm, AreGivenByHandAndHeldAgainstWhatIsExpected) {
+    select("S");
+    stage.host.atFacts = [this](shell::FactsForm& dialog) {
+        EXPECT_EQ(dialog.rows().size(), 4U);
+        dialog.cmdRemove_Click({0, 1, 2});
+        dialog.cmdAddRow_Click();
+        dialog.type(1, 0, "\"\"");
+        dialog.type(1, 1, "7");
+        stage.clipboard.put("c\t8\n", "text/plain");
+        dialog.cmdPaste_Click();
+        dialog.txtExpected = "At most 2 rows\n";
+        EXPECT_TRUE(dialog.cmdOK_Click());
+    };
+    rows.cmdFacts_Click();
+    EXPECT_TRUE(rows.isOld());
+    run();
+    EXPECT_EQ(shown(0), "NULL,1 ,7 c,8 ");
+    EXPECT_EQ(rows.status(), "1 of 1 expectations are not met.");
+    stage.host.atFacts = [](shell::FactsForm& dialog) {
+        EXPECT_EQ(dialog.txtExpected, "At most 2 rows\n");
+        dialog.txtExpected = "Some rows\n";
+        EXPECT_FALSE(dialog.cmdOK_Click());
+    };
+    rows.cmdFacts_Click();
+    EXPECT_FALSE(rows.isOld()) << "nothing was kept";
+    rows.optWay_Click(shell::RowsForm::Way::atSource);
+    run();
+    EXPECT_NE(rows.status().find("S is in no data source"), std::string::npos) << rows.status();
+}
+
+}  // namespace
