@@ -48,8 +48,8 @@ class FrameDocks : public QObject {
     ProblemsDock* problems_;
     FindDock* find_;
     OutlineDock* outline_;
-    RowsDock* rows_;
     TypesDock* types_;
+    RowsDock* rows_;
     QToolButton* count_;
 };
 
