@@ -145,7 +145,7 @@ void drawBox(const PaintContext& context, canvas::Figure figure, const QRectF& b
     context.painter.setOpacity(1);
 }
 
-/// Along the lower side of the box, within what is repainted with it.
+/// At the upper right corner of the box, above its name, within what is repainted with it.
 void paintNote(const PaintContext& context, const canvas::LabelsD& node, const QRectF& box) {
     const std::string note = context.notes ? context.notes->note(node) : std::string();
     if (note.empty()) {
@@ -157,8 +157,7 @@ void paintNote(const PaintContext& context, const canvas::LabelsD& node, const Q
     font.setBold(true);
     const QFontMetricsF letters(font);
     QRectF room(QPointF(), QSizeF(letters.horizontalAdvance(words) + letters.height() * 0.6, letters.height()));
-    room.moveCenter({box.center().x(), 0});
-    room.moveBottom(box.bottom() + 2);
+    room.moveTopRight({box.right() + 2, box.top() - 2});
     context.painter.setPen(Qt::NoPen);
     context.painter.setBrush(context.colours.accent);
     context.painter.drawRoundedRect(room, room.height() / 2, room.height() / 2);
