@@ -2,6 +2,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
+#include <QDragMoveEvent>
+#include <QMimeData>
 #include <QPlainTextEdit>
 
 #include "qt/canvas/canvas_accessible.h"
@@ -127,7 +129,7 @@ class FindingTest : public WindowTest {
         QCOMPARE(rows.rowCount(), 0);
     }
 
-    void typesArePlacedByKeyboard() {
+    void typesAreDroppedAndNamed() {
         Finding program;
         program.choose("ViewTypesM");
         auto* field = control<QLineEdit>(program.frame, "txtTypes");
@@ -141,6 +143,44 @@ class FindingTest : public WindowTest {
         auto& view = program.frame.area().activeWindow()->editor();
         QVERIFY2(control<QPlainTextEdit>(view, "commentEditor")->hasFocus(), "its text is written");
         QTest::keyClick(control<QPlainTextEdit>(view, "commentEditor"), Qt::Key_Escape);
+
+        field->clear();
+        int row = 0;
+        while (row < rows.rowCount() && shown(rows.index(row, 0), 1) != QStringLiteral("1")) {
+            ++row;
+        }
+        QVERIFY2(row < rows.rowCount(), "no type reads one source");
+        const QString type = shown(rows.index(row, 0));
+        const std::unique_ptr<QMimeData> data(rows.mimeData({rows.index(row, 0), rows.index(row, 1)}));
+        const canvas::LinesD& edge = *program.form->Lines.at(1);
+        program.form->nodeNamed("SOURCE")->setBox({1000, 3000, 1050, 450});
+        program.form->nodeNamed("Load")->setBox({4500, 3000, 1050, 450});
+        QApplication::processEvents();
+        const auto drop = [&](canvas::Point place) {
+            const QPoint at = view.transform().toPixels(place).toPoint();
+            QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(view.viewport(), &enter);
+            QDragMoveEvent move(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(view.viewport(), &move);
+            if (!move.isAccepted()) {
+                return false;
+            }
+            QDropEvent event(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(view.viewport(), &event);
+            return true;
+        };
+        QVERIFY2(!drop({4800, 3200}), "a node stands there");
+        QVERIFY(drop({edge.Xm(), edge.Ym()}));
+        const canvas::LabelsD& node = *program.form->Labels.byIndex(program.form->LabelsNo);
+        QCOMPARE(program.logic.catalogue().tables.activityTypes.shown(node.activity()->Act_Type), type.toStdString());
+        QCOMPARE(node.activity()->Act_Inputs.count(), 1);
+        QTRY_VERIFY(view.findChild<QLineEdit*>(QStringLiteral("nameEditor")));
+        auto* name = control<QLineEdit>(view, "nameEditor");
+        QTRY_VERIFY(name->hasFocus());
+        name->setText(QStringLiteral("Sieve"));
+        QTest::keyClick(name, Qt::Key_Return);
+        QCOMPARE(program.form->nodeNamed("Load")->activity()->Act_Inputs->Item(1)->ProvidedFrom->Item(1)->name(),
+                 std::string("Sieve"));
     }
 
     void theMinimapShowsAndMovesWhatTheViewShows() {
