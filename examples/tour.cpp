@@ -22,6 +22,7 @@
 #include "tour_metrics.h"
 #include "tour_nothing.h"
 #include "tour_player.h"
+#include "tour_quick.h"
 #include "tour_wizard.h"
 #include "tour_zoom.h"
 
@@ -57,6 +58,7 @@ class Tour {
         goBackAndForward(player_, window(), frame(), theme_);
         carryFiles(player_, window(), frame(), theme_, home_);
         zoomIntoActivity(player_, window(), frame(), theme_);
+        drawQuickly(player_, window(), frame(), theme_);
         drawFromNothing(player_, window(), frame(), theme_, home_);
         drawByHand(player_, window(), frame(), theme_);
         playWizard(player_, window(), frame(), theme_);

@@ -61,9 +61,22 @@ class Feeds {
 
 }  // namespace
 
+/// A member of an activity may bear the name of what the activity reads, as in BOOKS_ID.
 void ConnectByName::Side::add(const Member& member) {
+    const auto [known, isNew] = read.try_emplace(member.owner);
+    if (isNew && member.owner->activity()) {
+        for (const AttributeProperties& input : member.owner->activity()->Act_Inputs) {
+            for (const ProviderProperties& link : input.ProvidedFrom) {
+                known->second.insert(link.Provider_Name);
+            }
+        }
+    }
+    const std::string& name = member.attribute->Attribute_Name;
+    const auto stands = std::find_if(known->second.begin(), known->second.end(),
+                                     [&name](const std::string& source) { return name.starts_with(source + "_"); });
     members.push_back(member);
-    names.push_back({member.owner->KeyName(), member.attribute->Attribute_Name, member.attribute->Attribute_Type});
+    names.push_back(
+        {stands == known->second.end() ? member.owner->KeyName() : *stands, name, member.attribute->Attribute_Type});
 }
 
 ConnectByName::ConnectByName(platform::MessageBox& messages, const CatalogueTables& catalogue, canvas::CanvasForm& form)

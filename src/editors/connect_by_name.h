@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -47,6 +49,7 @@ class ConnectByName : public forms::Editor {
     struct Side {
         std::vector<Member> members;
         std::vector<links::NamedEnd> names;
+        std::map<const canvas::LabelsD*, std::set<std::string>> read;  ///< the names of what an owner reads
         void add(const Member& member);
     };
 

@@ -128,6 +128,14 @@ TEST_F(ConnectByNameTest, TwoNodesAndAViewGiveTheSame) {
     EXPECT_EQ(design.nodeNamed("Load")->activity()->Act_Inputs->Item("CITY")->Attribute_Type, 1);
 }
 
+TEST_F(ConnectByNameTest, WhatAnActivityReadIsNoPartOfTheName) {
+    testkit::GraphBuilder built(design);
+    built.recordSet("OUT", {"FED", "ID"}).RecordSet_Name = "OUT";
+    built.activity("Pass", {"FED"}, {"EMP_FED", "Pass_ID"}).Act_Name = "Pass";
+    built.feed("EMP.FED", "Pass.IN.FED");
+    EXPECT_EQ(rows(connecting("Pass", "OUT")), (Texts{"+Pass.OUT.EMP_FED OUT.FED ", "+Pass.OUT.Pass_ID OUT.ID "}));
+}
+
 TEST_F(ConnectByNameTest, ADrawnEdgeOffersTheColumnsOfItsSource) {
     testkit::GraphBuilder built(other);
     built.recordSet("SRC", {"ID", "AGE"});
