@@ -4,8 +4,10 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QRadioButton>
-#include <QSpinBox>
+#include <QTreeWidget>
+#include <algorithm>
 #include <string>
 
 #include "entities/link_types.h"
@@ -97,14 +99,11 @@ class Wizard {
 
     void define(const VariableStep& step) {
         control<QRadioButton>(step.option).click();
-        for (const int input : step.inputs) {
-            auto& elements = control<QListWidget>("listArrity");
-            if (elements.isVisible()) {
-                control<QSpinBox>("UpDownArity").stepUp();
-                elements.setCurrentRow(elements.count() - 1);
-            }
+        if (step.inputs.size() > 1) {
+            take();
+        } else if (step.inputs.size() == 1) {
             control<QComboBox>("listInputs").setCurrentIndex(0);
-            control<QComboBox>("listInputAttributes").setCurrentIndex(input);
+            control<QComboBox>("listInputAttributes").setCurrentIndex(*step.inputs.begin());
         }
         if (step.constant) {
             Player::type(control<QWidget>("txtConst"), QLatin1String(step.constant));
@@ -121,10 +120,27 @@ class Wizard {
         }
     }
 
+    /// Chooses among the inputs of the source; the window of the choice is the next one.
+    void take() {
+        QMenu& menu = *control<QPushButton>("butTakeBunch").menu();
+        Q_EMIT menu.aboutToShow();
+        player_.expect(menu.actions().size() == 2, "not all inputs, or some, can be taken");
+        menu.actions().back()->trigger();
+        player_.expect(control<QListWidget>("listArrity").count() == 2, "the inputs were not taken");
+    }
+
     Player& player_;
     QWidget& dialog_;
     std::string name_;
 };
+
+/// The inputs but the last one.
+void chooseInputs(Player& player, QWidget& choice) {
+    auto& rows = static_cast<QTreeWidget&>(Player::child(choice, "Rows"));
+    rows.topLevelItem(rows.topLevelItemCount() - 1)->setCheckState(0, Qt::Unchecked);
+    player.picture(choice, "wizard-take");
+    Player::press(choice, "cmdTake");
+}
 
 /// Chooses the wizard in the activity's menu.
 void openWizard(Player& player, qt::FrameWindow& window, canvas::LabelsD& node) {
@@ -149,12 +165,16 @@ void openWizard(Player& player, qt::FrameWindow& window, canvas::LabelsD& node) 
 void create(Player& player, qt::FrameWindow& window, const char* name,
             const std::initializer_list<VariableStep>& steps) {
     canvas::LabelsD& node = *window.area().active()->nodeNamed(name);
-    player.during(name, [&] { openWizard(player, window, node); },
-                  {[&](QWidget& dialog) {
-                       Player::press(dialog, "cmdParseLDL");
-                       Wizard(player, dialog, std::string("wizard-") + name).play(steps);
-                   },
-                   [&](QWidget& box) { Player::press(box, "OK"); }});
+    std::deque<Player::Answer> answers = {[&](QWidget& dialog) {
+        Player::press(dialog, "cmdParseLDL");
+        Wizard(player, dialog, std::string("wizard-") + name).play(steps);
+    }};
+    if (std::any_of(steps.begin(), steps.end(), [](const VariableStep& step) { return step.inputs.size() > 1; })) {
+        answers.emplace_back([&](QWidget& choice) { chooseInputs(player, choice); });
+    }
+    answers.emplace_back([](QWidget& box) { Player::press(box, "OK"); });
+    player.during(
+        name, [&] { openWizard(player, window, node); }, std::move(answers));
     player.expect(!node.activity()->Act_LDL.empty() && node.activity()->Act_LDL.find('@') == std::string::npos,
                   std::string(name) + " has no whole statement");
 }
