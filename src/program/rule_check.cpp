@@ -55,14 +55,6 @@ bool fulfils(const std::string& op, int order) {
                         : order != 0;
 }
 
-std::string turned(const std::string& op) {
-    std::string result = op;
-    for (char& c : result) {
-        c = op == "<>" ? c : c == '<' ? '>' : c == '>' ? '<' : c;
-    }
-    return result;
-}
-
 }  // namespace
 
 CallKind callKind(std::string_view function) {
@@ -323,7 +315,7 @@ bool RuleCheck::holds(const Literal& literal, std::unordered_map<int, Limits>& l
     const bool turn = isPlain(literal.values[0]);
     const Term& left = literal.values[turn ? 1 : 0];
     const Term& right = literal.values[turn ? 0 : 1];
-    const std::string op = turn ? turned(literal.op) : literal.op;
+    const std::string op = turn ? rules::turned(literal.op) : literal.op;
     if (!isPlain(right)) {
         return true;
     }

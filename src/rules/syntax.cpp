@@ -10,4 +10,12 @@ bool isOperator(std::string_view text) {
     return std::find(kOperators.begin(), kOperators.end(), text) != kOperators.end();
 }
 
+std::string turned(const std::string& op) {
+    std::string result = op;
+    for (char& c : result) {
+        c = op == "<>" ? c : c == '<' ? '>' : c == '>' ? '<' : c;
+    }
+    return result;
+}
+
 }  // namespace orvent::rules

@@ -61,6 +61,9 @@ struct Literal {
     bool operator==(const Literal&) const = default;
 };
 
+/// The operator that says the same of two values in the other order.
+std::string turned(const std::string& op);
+
 /// The head holds for all values for which every literal of the body does.
 struct Rule {
     Atom head;

@@ -13,12 +13,13 @@ void MDIForm1::exportAs(std::string_view exporter) {
     services.consumerSemantics = consumerSemanticsOf(documentTypes_);
     services.functions = options_.functions;
     services.facts = way.name == kProgramExporter && mayWriteFacts(form, ports_.messages);
-    if (way.needs == Exporter::Needs::dialect &&
-        !askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
-        return;
+    if (way.needs == Exporter::Needs::dialect) {
+        if (!askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
+            return;
+        }
+        ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
+        lists_.facts().keep(form);
     }
-    ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-    lists_.facts().keep(form);
     ports_.messages.tell(writeExport(way, form, services, ports_.folder.file("\\", form.Caption(), way.suffix)) +
                          " Created");
 }

@@ -87,14 +87,6 @@ const Term* tested(const Literal& literal) {
     return isTest ? &literal.atom.arguments[0] : nullptr;
 }
 
-std::string turned(const std::string& op) {
-    std::string result = op;
-    for (char& c : result) {
-        c = op == "<>" ? c : c == '<' ? '>' : c == '>' ? '<' : c;
-    }
-    return result;
-}
-
 /// The columns of two rows that a rule says to differ, or to be in order.
 std::set<std::size_t> unlike(const Rule& rule, const Atom& one, const Atom& other) {
     std::set<std::size_t> result;
@@ -212,7 +204,7 @@ std::vector<ImpliedTest> ImpliedTests::of(std::size_t predicate) const {
             for (const std::size_t side : {std::size_t{0}, std::size_t{1}}) {
                 const auto column = values.headColumn(*rule, literal.values[side]);
                 if (column && isPlain(literal.values[1 - side])) {
-                    const std::string op = side == 0 ? literal.op : turned(literal.op);
+                    const std::string op = side == 0 ? literal.op : rules::turned(literal.op);
                     result.push_back({ImpliedKind::compares, {*column}, -1, 0, op, literal.values[1 - side]});
                 }
             }
