@@ -29,30 +29,10 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
       logic_(std::move(logic)),
       history_(new HistoryDock([this](std::size_t line) { logic_()->goToStep(line); }, &frame)),
       problems_(new ProblemsDock([this](canvas::NodeNumber node) { logic_()->lists().goToNode(node); }, &frame)),
-      find_(new FindDock(
-          [this] {
-              shell::MDIForm1* its = logic_();
-              return its ? &its->lists().find() : nullptr;
-          },
-          &frame)),
-      outline_(new OutlineDock(
-          [this] {
-              shell::MDIForm1* its = logic_();
-              return its ? &its->lists().outline() : nullptr;
-          },
-          &frame)),
-      types_(new TypesDock(
-          [this] {
-              shell::MDIForm1* its = logic_();
-              return its ? &its->lists().types() : nullptr;
-          },
-          &frame)),
-      rows_(new RowsDock(
-          [this] {
-              shell::MDIForm1* its = logic_();
-              return its ? &its->lists().rows() : nullptr;
-          },
-          &frame)),
+      find_(new FindDock(listOf(&shell::SideLists::find), &frame)),
+      outline_(new OutlineDock(listOf(&shell::SideLists::outline), &frame)),
+      types_(new TypesDock(listOf(&shell::SideLists::types), &frame)),
+      rows_(new RowsDock(listOf(&shell::SideLists::rows), &frame)),
       count_(new QToolButton(&frame)) {
     frame.addDockWidget(Qt::RightDockWidgetArea, history_);
     frame.addDockWidget(Qt::BottomDockWidgetArea, problems_);

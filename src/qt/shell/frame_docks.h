@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "shell/frame_host.h"
+#include "shell/mdi_form.h"
 
 class QDockWidget;
 class QMainWindow;
@@ -42,6 +43,15 @@ class FrameDocks : public QObject {
 
   private:
     QDockWidget* widget(shell::Dock dock) const;
+
+    /// Gives a list's logic, which is there as long as the frame's is.
+    template <class Form>
+    std::function<Form*()> listOf(Form& (shell::SideLists::*list)()) const {
+        return [this, list] {
+            shell::MDIForm1* its = logic_();
+            return its ? &(its->lists().*list)() : nullptr;
+        };
+    }
 
     std::function<shell::MDIForm1*()> logic_;
     HistoryDock* history_;
