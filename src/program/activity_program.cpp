@@ -272,7 +272,10 @@ class StatementReader : RuleScene {
                         known.insert(from[at].begin(), from[at].end());
                     }
                 } else if (reference::isSource(literal.atom.tag)) {
-                    known.insert(literal.atom.tag * kMostColumns + static_cast<int>(at));
+                    const auto* columns = columnsOf(literal.atom.tag);
+                    if (columns && at < columns->size()) {  // what does not fit is told, and comes from no input
+                        known.insert(literal.atom.tag * kMostColumns + static_cast<int>(at));
+                    }
                 }
             }
         }

@@ -66,7 +66,10 @@ TEST_F(ProgramTest, EveryCheckNamesItsRuleAndPlace) {
         {"sel_in1(Sel_IN1_NAME,_,_).", FindingKind::stale,
          "Sel_IN1_NAME stands at place 1 of sel_in1, but has place 2."},
         {"sel_in1(_,_).", FindingKind::stale, "sel_in1 has 2 columns here, and 3 members in the scenario."},
-        {"sel_in2(_,_).", FindingKind::stale, "There is no source sel_in2."},
+        // What comes of a column that is not there comes from no input.
+        {"sel_in1(_,_,_,Sel_IN1_ID).", FindingKind::stale,
+         "sel_in1 has 4 columns here, and 3 members in the scenario."},
+        {"sel_in2(_,Sel_IN1_ID).", FindingKind::stale, "There is no source sel_in2."},
         {"s(_,_).", FindingKind::columns, "S has 2 columns here, and 3 members in the scenario."},
         {"t(_,_).", FindingKind::undefined, "Nothing defines t."},
         {"X>3.", FindingKind::unbound, "Nothing gives X its value in a comparison."},
