@@ -2,24 +2,36 @@
 
 #include <algorithm>
 #include <numeric>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace orvent::analysis {
 
 namespace {
 
-/// Strongly connected parts of the graph of activities and those that provide them, with a path of its own: a chain may
-/// be longer than the call stack.
+/// A graph that the looks tell: which nodes lead to one.
+struct ByActivities {
+    static const std::vector<canvas::NodeNumber>& feeders(const NodeLook& look) { return look.activityFeeders; }
+    static canvas::NodeNumber number(canvas::NodeNumber feeder) { return feeder; }
+};
+struct ByNeeds {
+    static const std::vector<StatementCheck::Need>& feeders(const NodeLook& look) { return look.needs; }
+    static canvas::NodeNumber number(const StatementCheck::Need& need) { return need.activity; }
+};
+
+/// Strongly connected parts of such a graph, with a path of its own: a chain may be longer than the call stack.
+template <class Graph>
 class CircleSearch {
   public:
     explicit CircleSearch(std::span<const NodeLook> looks) : looks_(looks), order_(looks.size()), low_(looks.size()) {}
 
-    std::vector<canvas::NodeNumber> search() {
+    /// The nodes of each part that is a circle.
+    std::vector<std::vector<canvas::NodeNumber>> search() {
         for (std::size_t node = 1; node < looks_.size(); ++node) {
             if (order_[node] == 0 && looks_[node].inFlow) {
                 walkFrom(node);
             }
         }
-        std::sort(circles_.begin(), circles_.end());
         return std::move(circles_);
     }
 
@@ -40,12 +52,12 @@ class CircleSearch {
     void walkFrom(std::size_t start) {
         for (enter(start); !path_.empty();) {
             const std::size_t node = path_.back().node;
-            const std::vector<canvas::NodeNumber>& feeders = looks_[node].activityFeeders;
+            const auto& feeders = Graph::feeders(looks_[node]);
             if (path_.back().next == feeders.size()) {
                 leave(node);
                 continue;
             }
-            const auto feeder = static_cast<std::size_t>(feeders[path_.back().next++]);
+            const auto feeder = static_cast<std::size_t>(Graph::number(feeders[path_.back().next++]));
             if (feeder >= looks_.size() || !looks_[feeder].inFlow) {
                 continue;
             }
@@ -67,11 +79,15 @@ class CircleSearch {
             return;
         }
         const auto first = std::find(open_.rbegin(), open_.rend(), node).base() - 1;
-        const bool feedsItself =
-            std::binary_search(looks_[node].activityFeeders.begin(), looks_[node].activityFeeders.end(),
-                               static_cast<canvas::NodeNumber>(node));
+        const auto& feeders = Graph::feeders(looks_[node]);
+        const bool feedsItself = std::any_of(feeders.begin(), feeders.end(), [&](const auto& feeder) {
+            return static_cast<std::size_t>(Graph::number(feeder)) == node;
+        });
         if (open_.end() - first > 1 || feedsItself) {
-            circles_.push_back(static_cast<canvas::NodeNumber>(*std::min_element(first, open_.end())));
+            std::vector<canvas::NodeNumber>& circle = circles_.emplace_back();
+            for (auto at = first; at != open_.end(); ++at) {
+                circle.push_back(static_cast<canvas::NodeNumber>(*at));
+            }
         }
         for (auto at = first; at != open_.end(); ++at) {
             order_[*at] = kDone;  // no way back to it is a circle
@@ -83,14 +99,55 @@ class CircleSearch {
     std::vector<std::int32_t> order_, low_;  ///< by node; 0 until it was met
     std::vector<Step> path_;
     std::vector<std::size_t> open_;
-    std::vector<canvas::NodeNumber> circles_;
+    std::vector<std::vector<canvas::NodeNumber>> circles_;
     std::int32_t entered_ = 0;
 };
 
 }  // namespace
 
 std::vector<canvas::NodeNumber> FlowProblems::circles() const {
-    return CircleSearch(looks_).search();
+    std::vector<canvas::NodeNumber> least;
+    for (const std::vector<canvas::NodeNumber>& circle : CircleSearch<ByActivities>(looks_).search()) {
+        least.push_back(*std::min_element(circle.begin(), circle.end()));
+    }
+    std::sort(least.begin(), least.end());
+    return least;
+}
+
+/// The way of the rows, which is the way of the needs backwards.
+std::vector<canvas::NodeNumber> FlowProblems::wayBackTo(canvas::NodeNumber node) const {
+    std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> neededBy;
+    std::vector<canvas::NodeNumber> round = {node};
+    for (std::size_t at = 0; at < round.size() && !neededBy.contains(node); ++at) {
+        for (const StatementCheck::Need& need : look(round[at]).needs) {
+            if (isInFlow(need.activity) && neededBy.emplace(need.activity, round[at]).second) {
+                round.push_back(need.activity);
+            }
+        }
+    }
+    std::vector<canvas::NodeNumber> way = {node};
+    do {
+        way.push_back(neededBy.at(way.back()));
+    } while (way.back() != node);
+    return way;
+}
+
+std::vector<FlowProblems::DeniedCircle> FlowProblems::deniedCircles() const {
+    std::vector<DeniedCircle> result;
+    for (const std::vector<canvas::NodeNumber>& circle : CircleSearch<ByNeeds>(looks_).search()) {
+        const std::unordered_set<canvas::NodeNumber> inside(circle.begin(), circle.end());
+        for (const canvas::NodeNumber node : circle) {
+            const std::vector<StatementCheck::Need>& needs = look(node).needs;
+            if (std::any_of(needs.begin(), needs.end(), [&](const StatementCheck::Need& need) {
+                    return need.whole && inside.contains(need.activity);
+                })) {
+                result.push_back({node, wayBackTo(node)});
+            }
+        }
+    }
+    std::sort(result.begin(), result.end(),
+              [](const DeniedCircle& a, const DeniedCircle& b) { return a.node < b.node; });
+    return result;
 }
 
 std::vector<canvas::NodeNumber> FlowProblems::unreachable() const {

@@ -107,6 +107,7 @@ class NodeLooker {
             }
         }
         look_.names.insert(look_.names.end(), program.asked.begin(), program.asked.end());
+        look_.needs = std::move(program.needs);
     }
 
     template <class Owner>

@@ -51,7 +51,7 @@ constexpr std::array<ProblemWords, kProblemKinds> kWords = {{
      "Break the circle by another predicate."},
     {negatedCycle, "negation", "Statements that deny themselves",
      "What is derived depends on its own absence, or on an aggregate over itself.",
-     "Break the circle by another predicate."},
+     "Break the circle by another predicate, or keep the data in a record set between."},
     {noProvider, "no-provider", "Inputs without a provider", "An input that nobody provides has no value.",
      "Give it a provider in the activity's window or in the zoom, or remove it."},
     {otherType, "data-type", "Providers and consumers of other data types",

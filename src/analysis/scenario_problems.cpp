@@ -105,7 +105,8 @@ bool ScenarioProblems::look(canvas::NodeNumber node) {
         waitForReaders(node, known.name);
     }
     return before.face != known.face || before.rows != known.rows || before.feeders != known.feeders ||
-           before.activityFeeders != known.activityFeeders || before.isSource != known.isSource;
+           before.activityFeeders != known.activityFeeders || before.needs != known.needs ||
+           before.isSource != known.isSource;
 }
 
 void ScenarioProblems::lookAtFlow() {
@@ -120,6 +121,13 @@ void ScenarioProblems::lookAtFlow() {
                             {},
                             way.empty() ? "Its data runs in a circle by the names in its statement." : std::move(way)});
         }
+    }
+    for (const FlowProblems::DeniedCircle& circle : flow.deniedCircles()) {
+        std::string way;
+        for (const canvas::NodeNumber node : circle.way) {
+            way += (way.empty() ? "" : ", ") + looks_[static_cast<std::size_t>(node)].name;
+        }
+        rows.push_back({ProblemKind::negatedCycle, circle.node, {}, sources_.statements.deniedCircle(way)});
     }
     for (const canvas::NodeNumber node : flow.unreachable()) {
         rows.push_back({ProblemKind::unreachable, node, {}, "No way leads here from a record set that begins a flow."});

@@ -325,7 +325,8 @@ class ProgramBuilder {
         }
     }
 
-    /// Circles that run through several nodes; those of one statement are told with it.
+    /// Circles that run through several nodes, or through a node that feeds itself; those of one statement are told
+    /// with it.
     void findCircles() {
         const Graph graph = derivations();
         const std::vector<int> component = componentsOf(graph);
@@ -333,7 +334,8 @@ class ProgramBuilder {
         std::map<int, bool> several;
         for (std::size_t at = 0; at < graph.size(); ++at) {
             const auto [entry, isNew] = firsts.try_emplace(component[at], program_.predicates[at].node);
-            several[component[at]] |= !isNew && entry->second != program_.predicates[at].node;
+            several[component[at]] |= program_.predicates[at].kind == PredicateKind::input ||
+                                      (!isNew && entry->second != program_.predicates[at].node);
         }
         std::unordered_set<int> told;
         for (const bool breaking : {true, false}) {
@@ -357,7 +359,8 @@ class ProgramBuilder {
         canvas::NodeNumber last{};
         for (const int each : circleThrough(graph, predicate)) {
             const canvas::NodeNumber at = program_.predicates[placeOf(each)].node;
-            if (std::exchange(last, at) != at) {
+            const bool fed = program_.predicates[placeOf(each)].kind == PredicateKind::input;
+            if (std::exchange(last, at) != at || fed) {
                 way += (way.empty() ? "" : ", ") + form_.Labels.byIndex(at)->KeyName();
             }
         }

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "program/activity_program.h"
+#include "program/needs.h"
 #include "program/spellings.h"
 #include "statements/ldl_scenario.h"
 #include "statements/source_advice.h"
@@ -60,11 +61,18 @@ analysis::StatementCheck::ProgramLook StatementChecks::programOf(const canvas::C
         for (const canvas::NodeNumber read : statement.reads) {
             result.reads.push_back(form.Labels.byIndex(read)->KeyName());
         }
+        for (const program::Need& need : program::needsOf(form, node, statement)) {
+            result.needs.push_back({need.activity, need.whole});
+        }
     }
     for (const program::Finding& finding : findings) {
         result.faults.push_back({kProblemOf[static_cast<std::size_t>(finding.kind)], placed(finding)});
     }
     return result;
+}
+
+std::string StatementChecks::deniedCircle(const std::string& way) const {
+    return program::circleWords(way, true);
 }
 
 std::string StatementChecks::circleThrough(const canvas::Canvas& form,

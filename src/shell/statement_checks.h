@@ -12,6 +12,7 @@ class StatementChecks : public analysis::StatementCheck {
 
     std::optional<Fault> faultOf(const entities::ActivityProperties& activity) const override;
     ProgramLook programOf(const canvas::Canvas& form, const canvas::LabelsD& node) const override;
+    std::string deniedCircle(const std::string& way) const override;
     std::string circleThrough(const canvas::Canvas& form, const entities::ActivityProperties& activity) const override;
 
   private:

@@ -22,10 +22,11 @@ class NoFaults : public StatementCheck {
         }
         const std::string name = activity->Act_LDL.substr(6);
         if (form.nodeNamed(name)) {
-            return {{}, {name}, {name}};
+            return {{}, {name}, {name}, {}};
         }
-        return {{{ProblemKind::undefined, name}}, {}, {name}};
+        return {{{ProblemKind::undefined, name}}, {}, {name}, {}};
     }
+    std::string deniedCircle(const std::string& way) const override { return way; }
     std::string circleThrough(const canvas::Canvas&, const ActivityProperties& activity) const override {
         return activity.Act_Name;
     }

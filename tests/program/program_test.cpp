@@ -206,6 +206,9 @@ TEST_F(ProgramTest, CirclesOfActivitiesAreTold) {
     EXPECT_EQ(findingsOf(check()), circles);
     form.nodeNamed("A")->activity()->Act_LDL = "a_out(X)<-b_out(X).";
     EXPECT_EQ(findingsOf(check()), circles) << "read by its name, without a link";
+    graph.activity("C", {"X"}, {"X"}).Act_LDL = "c_out(C_IN1_X)<-c_in1(C_IN1_X).";
+    graph.feed("C.OUT.X", "C.IN.X");
+    EXPECT_EQ(findingsOf(check()), circles + "11/0/1 The rules run in the circle C, C.\n");
 }
 
 }  // namespace
