@@ -1,6 +1,8 @@
 #include "zoom/beyond_view.h"
 
+#include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "entities/key_grammar.h"
@@ -22,9 +24,45 @@ bool comesFromAMember(LinkType type, const std::string& key) {
     return !key.starts_with('.') && (leadsToAMember(type) || (type == LinkConstantFunction && HasDot(key)));
 }
 
-/// Of the links to what stands behind a member, the keys of those whose far end has no node.
+/// The node in whose collapsed list a far end stands; nothing where the view would not show that either if the node
+/// were expanded.
+const LabelsD* collapsedOwner(const ZoomView& view, const std::string& name, const std::string& key) {
+    const LabelsD* owner = view.nodeNamed(name);
+    if (!owner || owner->Expanded) {
+        return nullptr;
+    }
+    const ActivityProperties* activity = owner->activity();
+    const auto place = activity ? static_cast<ZoomPlace>(activity->ZoomPosition) : ZoomPlace::Central;
+    const bool shown = place == ZoomPlace::Providers   ? SecondSegment(key) == "OUT"
+                       : place == ZoomPlace::Consumers ? SecondSegment(key) == "IN"
+                                                       : true;
+    return shown ? owner : nullptr;
+}
+
+/// The keys of far ends that have no node, by where they are.
+struct Beyond {
+    std::vector<std::string> absent;
+    std::vector<std::pair<const LabelsD*, std::vector<std::string>>> collapsed;  ///< in which node
+
+    void add(const LabelsD* owner, const std::string& key) {
+        if (owner && (collapsed.empty() || collapsed.back().first != owner)) {
+            collapsed.push_back({owner, {}});
+        }
+        (owner ? collapsed.back().second : absent).push_back(key);
+    }
+
+    std::string words() const {
+        std::string text = absent.empty() ? std::string() : platform::nameList(absent) + ", not in view";
+        for (const auto& [owner, keys] : collapsed) {
+            text += (text.empty() ? "" : ", and by ") + platform::nameList(keys) + ", collapsed in " + owner->Caption();
+        }
+        return text;
+    }
+};
+
+/// Of the links to what stands behind a member, those whose far end has no node.
 template <class Links>
-void addBeyond(const ZoomView& view, const LabelsD& node, const Links& links, std::vector<std::string>& keys) {
+void addBeyond(const ZoomView& view, const LabelsD& node, const Links& links, Beyond& beyond) {
     for (const auto& link : links) {
         if (!comesFromAMember(link.type(), link.key())) {
             continue;
@@ -32,7 +70,7 @@ void addBeyond(const ZoomView& view, const LabelsD& node, const Links& links, st
         // The number may be one of an earlier view.
         const LinesD* edge = view.Lines.byIndex(link.LineIndex);
         if (!edge || edge->ToLabel() != node.Index()) {
-            keys.push_back(link.key());
+            beyond.add(collapsedOwner(view, link.name(), link.key()), link.key());
         }
     }
 }
@@ -63,20 +101,21 @@ bool isLost(const ZoomView& view, const LabelsD& node, const std::unordered_set<
 }  // namespace
 
 std::string wordsOfBeyond(const ZoomView& view, const LabelsD& node) {
-    std::vector<std::string> keys;
+    Beyond beyond;
     const char* verb = "provided by ";
     if (!view.bearsName(node)) {
         return {};
     }
     if (const auto* attribute = node.entity<AttributeProperties>()) {
         if (attribute->NodeKind == KindInput || attribute->NodeKind == KindRecordSetAttribute) {
-            addBeyond(view, node, attribute->ProvidedFrom, keys);
+            addBeyond(view, node, attribute->ProvidedFrom, beyond);
         }
     } else if (const auto* parameter = node.entity<ParameterProperties>()) {
         verb = "regulated by ";
-        addBeyond(view, node, parameter->RegulatedFrom, keys);
+        addBeyond(view, node, parameter->RegulatedFrom, beyond);
     }
-    return keys.empty() ? std::string() : verb + platform::nameList(keys) + ", not in view";
+    const std::string words = beyond.words();
+    return words.empty() ? words : verb + words;
 }
 
 const LabelsD* firstCopyOf(const ZoomView& view, const LabelsD& node) {

@@ -7,8 +7,8 @@
 namespace orvent::zoom {
 
 /// What feeds or governs a member from outside its activity or record set and is not shown in the view, as
-/// "provided by RS2.A, not in view"; empty while all of it is shown. Such a member takes no other provider, whatever
-/// the picture lets one think.
+/// "provided by RS2.A, not in view" or "provided by RS2.A, collapsed in RS2"; empty while all of it is shown. Such a
+/// member takes no other provider, whatever the picture lets one think.
 std::string wordsOfBeyond(const ZoomView& view, const canvas::LabelsD& node);
 
 /// The node that bears the name of one that only repeats it; nothing for a node that bears its own.

@@ -45,8 +45,10 @@ TEST_F(ZoomSight, APathRunsBothWaysAndThroughFunctions) {
 }
 
 TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
-    for (const char* line : {"RS1.AU_ID -> 1 A2 A2.IN.LOST", "A2.IN.LOST <- 1 RS1 RS1.AU_ID",
-                             "RS1.AU_ID ~> 1 A2 A2.PARAM.FAR", "A2.PARAM.FAR <~ 1 RS1 RS1.AU_ID"}) {
+    for (const char* line :
+         {"RS1.AU_ID -> 1 A2 A2.IN.LOST", "A2.IN.LOST <- 1 RS1 RS1.AU_ID", "RS1.AU_ID ~> 1 A2 A2.PARAM.FAR",
+          "A2.PARAM.FAR <~ 1 RS1 RS1.AU_ID", "A3.OUT.AU_ID -> 2 A2 A2.IN.BACK", "A2.IN.BACK <- 2 A3 A3.OUT.AU_ID",
+          "A1.OUT.AU_ID -> 2 A2 A2.IN.LOST", "A2.IN.LOST <- 2 A1 A1.OUT.AU_ID"}) {
         graph.add(line);
     }
     edge("A2", "RS4");  // it stands there twice
@@ -60,15 +62,24 @@ TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
         }
         return sorted(lines);
     };
-    const Texts before = {"A2.IN.LOST provided by RS1.AU_ID, not in view",
+    const Texts before = {"A2.IN.BACK provided by A3.OUT.AU_ID, not in view",
+                          "A2.IN.LOST provided by RS1.AU_ID, not in view",
                           "A2.PARAM.FAR regulated by RS1.AU_ID, not in view"};
     EXPECT_EQ(told(), before);
     form->rules().toggleExpanded(*form, node("RS4"));
-    EXPECT_EQ(told(), sorted({before[0], before[1], "A2.IN.SONUM provided by RS4.SONUM, not in view",
-                              "F1.IN.I3 regulated by RS4.SONUM, not in view",
-                              "A2.F2.IN.I3 regulated by RS4.SONUM, not in view"}));
+    EXPECT_EQ(told(), sorted({before[0], before[1], before[2], "A2.IN.SONUM provided by RS4.SONUM, collapsed in RS4",
+                              "F1.IN.I3 regulated by RS4.SONUM, collapsed in RS4",
+                              "A2.F2.IN.I3 regulated by RS4.SONUM, collapsed in RS4"}));
     form->rules().toggleExpanded(*form, node("RS4"));
     EXPECT_EQ(told(), before);
+    form->rules().toggleExpanded(*form, node("A1"));
+    form->rules().toggleExpanded(*form, node("A3"));
+    EXPECT_EQ(told(), sorted({before[0], before[1] + ", and by A1.OUT.AU_ID, collapsed in A1", before[2],
+                              "A2.IN.A1.O12 provided by A1.OUT.A1.O12, collapsed in A1",
+                              "A2.IN.AU_ID provided by A1.OUT.AU_ID, collapsed in A1"}))
+        << "an activity behind shows no outputs";
+    form->rules().toggleExpanded(*form, node("A1"));
+    form->rules().toggleExpanded(*form, node("A3"));
     const auto refuse = [&](canvas::NodeNumber from, canvas::NodeNumber to) {
         ports.messages.expect("This Relationship Is Not Valid!", "", platform::Icon::warning);
         form->rules().edgeCompleted(
