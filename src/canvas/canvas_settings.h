@@ -4,6 +4,9 @@
 
 namespace orvent::canvas {
 
+/// At actual size. Fixed, so that stored sizes do not depend on the screen.
+inline constexpr float kTwipsPerPixel = 15;
+
 /// The settings that canvases read; sizes and distances in twips, the colour with blue in the high byte.
 struct CanvasSettings {
     float ActH = 450, ActW = 1050;

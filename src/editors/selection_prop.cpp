@@ -1,13 +1,13 @@
 #include "editors/selection_prop.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
 #include "canvas/node_moves.h"
 #include "editors/item_prop.h"
 #include "editors/place_node.h"
 #include "platform/name_list.h"
+#include "platform/text.h"
 
 namespace orvent::editors {
 
@@ -17,28 +17,28 @@ using platform::Icon;
 
 namespace {
 
-constexpr int kMostTwips = 32000;
+constexpr int kLeastPixels = 15, kMostPixels = 1000;  // as the Options have them of new nodes
 
-/// The size that all nodes have alike in one direction, in words; nothing when they differ.
+/// The size that all nodes have alike in one direction, to hundredths of a pixel; nothing when they differ.
 template <class Size>
 std::string commonSize(const std::vector<const LabelsD*>& nodes, Size size) {
-    const auto whole = [&](const LabelsD* node) { return std::lround(size(*node)); };
     const bool alike = std::all_of(nodes.begin(), nodes.end(),
-                                   [&](const LabelsD* node) { return whole(node) == whole(nodes.front()); });
-    return alike && !nodes.empty() ? std::to_string(whole(nodes.front())) : std::string();
+                                   [&](const LabelsD* node) { return size(*node) == size(*nodes.front()); });
+    return alike && !nodes.empty()
+               ? platform::numberText(std::round(size(*nodes.front()) / canvas::kTwipsPerPixel * 100) / 100)
+               : std::string();
 }
 
-/// The twips that a text tells, nothing for none. False when it is no such number.
-bool readTwips(const std::string& text, std::optional<float>& twips) {
+/// The twips of the pixels that a text tells, nothing for none. False when it is no such number.
+bool readPixels(const std::string& text, std::optional<float>& twips) {
     if (text.empty()) {
         return true;
     }
-    int number = 0;
-    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (fault != std::errc() || end != text.data() + text.size() || number <= 0 || number > kMostTwips) {
+    const auto pixels = platform::parseNumber(text);
+    if (!pixels || !(*pixels >= kLeastPixels && *pixels <= kMostPixels)) {
         return false;
     }
-    twips = static_cast<float>(number);
+    twips = static_cast<float>(*pixels * canvas::kTwipsPerPixel);
     return true;
 }
 
@@ -61,14 +61,18 @@ SelectionProp::SelectionProp(const EditorServices& services, canvas::CanvasForm&
     }
     txtWidth = commonSize(nodes, [](const LabelsD& node) { return node.Width(); });
     txtHeight = commonSize(nodes, [](const LabelsD& node) { return node.Height(); });
+    openedWidth_ = txtWidth;
+    openedHeight_ = txtHeight;
 }
 
 bool SelectionProp::takeSizes(std::optional<float>& width, std::optional<float>& height) const {
-    if (readTwips(txtWidth, width) && readTwips(txtHeight, height)) {
+    if ((txtWidth == openedWidth_ || readPixels(txtWidth, width)) &&
+        (txtHeight == openedHeight_ || readPixels(txtHeight, height))) {
         return true;
     }
-    messages().tell("A width and a height are whole numbers of twips, up to " + std::to_string(kMostTwips) + ".", {},
-                    Icon::warning);
+    messages().tell(
+        "A width and a height are " + std::to_string(kLeastPixels) + " to " + std::to_string(kMostPixels) + " pixels.",
+        {}, Icon::warning);
     return false;
 }
 

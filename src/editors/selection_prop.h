@@ -19,20 +19,21 @@ class SelectionProp : public forms::Editor {
     std::string Caption;             ///< how many nodes are meant
     std::vector<std::string> Types;  ///< the first one leaves each node its own
     int Type = 0;
-    // Twips; what all have alike as the dialog opens, or nothing. Nothing leaves each node its own.
+    // Pixels; what all have alike as the dialog opens, or nothing. That, and nothing, leaves each node its own.
     std::string txtWidth, txtHeight;
 
   protected:
     bool apply() override;
 
   private:
-    bool takeSizes(std::optional<float>& width, std::optional<float>& height) const;
+    bool takeSizes(std::optional<float>& width, std::optional<float>& height) const;  ///< as twips
     bool giveTypes(std::int16_t type, std::vector<std::string>& refused);
     bool giveDataType(canvas::LabelsD& node, std::int16_t type);
 
     EditorServices services_;
     canvas::CanvasForm& form_;
     std::vector<canvas::NodeNumber> nodes_;
+    std::string openedWidth_, openedHeight_;
     std::vector<std::int16_t> indices_;  ///< of the types behind the first
 };
 

@@ -13,12 +13,9 @@ namespace orvent::shell {
 
 namespace {
 
-// Fixed, so that stored sizes do not depend on the screen.
-constexpr float kTwipsPerPixel = 15;
-
 float twipsOf(const std::string& text, const OptionField& field) {
     const auto pixels = platform::parseNumber(text);
-    const double twips = pixels.value_or(0) * kTwipsPerPixel;
+    const double twips = pixels.value_or(0) * canvas::kTwipsPerPixel;
     if (!pixels || std::abs(twips) > std::numeric_limits<float>::max()) {
         throw platform::Fault("This is no number: \"" + text + "\" (" + field.key + ")");
     }
@@ -30,7 +27,7 @@ float twipsOf(const std::string& text, const OptionField& field) {
 void OptionsForm::open() {
     const auto fields = optionFields();
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        Text[i] = platform::numberText(options_.canvas.*fields[i].value / kTwipsPerPixel);
+        Text[i] = platform::numberText(options_.canvas.*fields[i].value / canvas::kTwipsPerPixel);
     }
     lblColor = options_.canvas.SelColor;
     txtSQL = options_.repository.SQLPath;

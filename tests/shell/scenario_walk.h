@@ -34,7 +34,7 @@ class ScenarioWalk {
         stage.host.atConnect = [this](editors::ConnectByName& dialog) { connect(dialog); };
         stage.host.atSelection = [this](editors::SelectionProp& dialog) {
             dialog.Type = pick(static_cast<int>(dialog.Types.size()));
-            dialog.txtWidth = pick(2) == 0 ? "" : std::to_string(300 + 50 * pick(40));
+            dialog.txtWidth = pick(2) == 0 ? "" : std::to_string(20 + 3 * pick(40));
             say("  " + dialog.Types[static_cast<std::size_t>(dialog.Type)] + " " + dialog.txtWidth);
             pick(4) > 0 ? dialog.OK() : dialog.mayClose();
         };

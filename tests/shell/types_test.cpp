@@ -39,6 +39,14 @@ class Types : public ::testing::Test {
         }
         return all;
     }
+    void lastCoversNobody() {
+        for (const canvas::LabelsD& other : design().Labels) {
+            const canvas::Box a = last().box(), b = other.box();
+            EXPECT_TRUE(&other == &last() || a.Left >= b.right() || b.Left >= a.right() || a.Top >= b.bottom() ||
+                        b.Top >= a.bottom())
+                << last().Caption() << " covers " << other.Caption();
+        }
+    }
     canvas::LabelsD& last() { return *design().Labels.byIndex(design().LabelsNo); }
 
     testkit::TestRepository repository;
@@ -103,12 +111,7 @@ TEST_F(Types, APlacedNodeIsWhatItsDialogMakes) {
     stage.frame.run(Command::viewTypes);
     for (int row = 1; row <= 3; ++row) {
         list().place(row);  // each below what stands in the middle
-        for (const canvas::LabelsD& other : design().Labels) {
-            const canvas::Box a = last().box(), b = other.box();
-            EXPECT_TRUE(&other == &last() || a.Left >= b.right() || b.Left >= a.right() || a.Top >= b.bottom() ||
-                        b.Top >= a.bottom())
-                << last().Caption() << " covers " << other.Caption();
-        }
+        lastCoversNobody();
     }
     EXPECT_EQ(last().NodeType(), canvas::NodeTypeLog);
     EXPECT_EQ(told, "Properties Saved|");
@@ -123,11 +126,13 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
             }
         }
     };
-    std::string width = "2000";
+    std::string width = "133.2";
+    std::string opened;
     stage.host.atSelection = [&](editors::SelectionProp& dialog) {
+        opened = dialog.txtWidth;
         dialog.Type = 2;
         dialog.txtWidth = width;
-        EXPECT_EQ(dialog.OK(), width == "2000");
+        EXPECT_EQ(dialog.OK(), width == "133.2" || width == opened) << width;
     };
     stage.frame.idle();
     const std::string before = testkit::stateText(design());
@@ -136,7 +141,7 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
     stage.frame.run(Command::typeAndSize);
     int others = 0;
     for (const canvas::LabelsD& node : design().Labels) {
-        EXPECT_EQ(node.Width(), 2000) << node.Caption();
+        EXPECT_EQ(node.Width(), 1998) << node.Caption();
         EXPECT_TRUE(!node.activity() || (node.activity()->Act_Type == 1 && node.Ready())) << node.Caption();
         others += node.activity() ? 0 : 1;
     }
@@ -146,11 +151,11 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
     EXPECT_EQ(stage.frame.histories().of(design())->position(), steps + 1);
     stage.frame.run(Command::stepBack);
     EXPECT_EQ(testkit::stateText(design()), before);
-    for (const char* wrong : {"0", "-5", "2e3", "33000", "12 "}) {
+    for (const char* wrong : {"14.9", "-50", "2e3", "1000.5", "wide"}) {
         told.clear();
         width = wrong;
         stage.frame.run(Command::typeAndSize);
-        EXPECT_EQ(told, "A width and a height are whole numbers of twips, up to 32000.|") << wrong;
+        EXPECT_EQ(told, "A width and a height are 15 to 1000 pixels.|") << wrong;
     }
     EXPECT_EQ(testkit::stateText(design()), before) << "nothing is taken of what has a fault";
 
@@ -168,16 +173,27 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
     const std::vector<canvas::NodeNumber> meant = view.SelectedLabels.members();
     ASSERT_GT(meant.size(), 1U);
     told.clear();
-    width = "2000";
+    width = "133.2";
     stage.frame.run(Command::typeAndSize);
     for (std::size_t at = 0; at < meant.size(); ++at) {
         const canvas::LabelsD& node = *view.Labels.byIndex(meant[at]);
         const bool given = at + free >= meant.size();
         EXPECT_TRUE(!given || node.entity<entities::AttributeProperties>()->Attribute_Type == 1) << node.Caption();
-        EXPECT_EQ(node.Width(), 2000);
+        EXPECT_EQ(node.Width(), 1998);
     }
     EXPECT_EQ(std::count(told.begin(), told.end(), '|'), 1) << told;
     EXPECT_EQ(told.find("They keep their type: "), 0U);
+
+    // What is left as it was rounds nothing, and is never too large.
+    for (const auto& [twips, shown] : {std::pair(1234.0F, "82.27"), {30000.0F, "2000"}}) {
+        for (const canvas::NodeNumber node : meant) {
+            view.Labels.byIndex(node)->setWidth(twips);
+        }
+        width = shown;
+        stage.frame.run(Command::typeAndSize);
+        EXPECT_EQ(opened, shown);
+        EXPECT_EQ(view.Labels.byIndex(meant.front())->Width(), twips);
+    }
 }
 
 /// On each edge of the sample, and on some that cannot be.
@@ -211,6 +227,49 @@ TEST_F(Types, AnActivityStandsOnAnEdge) {
         EXPECT_EQ(testkit::stateText(design()), before);
     }
     EXPECT_GT(between, 5);
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(Types, FromTheListAnActivityStandsOnTheOnlySelectedEdge) {
+    stage.frame.run(Command::viewTypes);
+    std::vector<canvas::EdgeNumber> edges;
+    for (const canvas::LinesD& edge : design().Lines) {
+        if (windows().whyNotPlaced(design(), typeKey(), canvas::Hit::onLine(edge.Index())).empty()) {
+            edges.push_back(edge.Index());
+        }
+    }
+    ASSERT_GT(edges.size(), 1U);
+    const std::string from = design().Labels.byIndex(design().Lines.byIndex(edges[0])->FromLabel())->Caption();
+    const struct {
+        std::size_t edges;
+        bool node;
+        int row;
+        bool between;
+    } cases[] = {
+        {1, false, 4, true}, {0, false, 4, false}, {2, false, 4, false}, {1, true, 4, false}, {1, false, 2, false}};
+    for (const auto& each : cases) {
+        stage.frame.idle();
+        design().ClearCrop();
+        design().SelectedLines.Clear();
+        for (std::size_t at = 0; at < each.edges; ++at) {
+            design().SelectedLines.Add(edges[at]);
+        }
+        if (each.node) {
+            design().SelectedLabels.Add(design().Labels.at(1)->Index());
+        }
+        const canvas::LinesD& edge = *design().Lines.byIndex(edges[0]);
+        const canvas::Point middle{edge.Xm(), edge.Ym()};
+        list().place(each.row);
+        ASSERT_EQ(last().EndingLines().Count(), each.between ? 1 : 0);
+        if (each.between) {
+            EXPECT_NE(design().Lines.FindConnectingLine(design().NamesColl.Item(from), last().Index(),
+                                                        canvas::EdgeTypeProvider, false),
+                      nullptr);
+            EXPECT_LT(std::abs(last().Left() + last().Width() / 2 - middle.x), 3 * last().Width());
+            lastCoversNobody();
+        }
+        stage.frame.run(Command::stepBack);
+    }
     EXPECT_EQ(told, "");
 }
 

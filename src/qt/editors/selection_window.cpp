@@ -18,13 +18,13 @@ SelectionWindow::SelectionWindow(editors::SelectionProp& logic, QWidget* parent)
     QLineEdit* height = newField(QStringLiteral("txtHeight"), this);
     QFormLayout* form = newForm();
     addField(*form, tr("&Type"), types);
-    addField(*form, tr("&Width"), width);
-    addField(*form, tr("&Height"), height);
+    addField(*form, tr("&Width (px)"), width);
+    addField(*form, tr("&Height (px)"), height);
     body().addLayout(form);
     body().addStretch();
     for (QLineEdit* field : {width, height}) {
         field->setPlaceholderText(tr("as they are"));
-        field->setToolTip(tr("Twips; 15 are a pixel at actual size"));
+        field->setToolTip(tr("Pixels at actual size, as in the Options"));
     }
     width->setText(text(logic.txtWidth));
     height->setText(text(logic.txtHeight));
