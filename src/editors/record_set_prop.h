@@ -77,7 +77,7 @@ class RecordSetProp : public forms::Editor, public SourceDatabases, private RowO
     static std::string targetsOf(const entities::AttributeProperties& attribute);  ///< whole keys
     void fillList();
     void fillColumnTypes();
-    bool hasColumn(const std::string& name) const;
+    std::optional<std::int16_t> takenName(const std::string& name) const;  ///< as in `TakeOverForm::TakenName`
     void addAttribute(const std::string& name, std::int16_t type, const std::string& dbKey, int position);
     void bindColumn(entities::AttributeProperties& attribute, const std::string& dbKey);
     void RemoveRow(int row);

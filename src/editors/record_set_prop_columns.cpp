@@ -33,7 +33,7 @@ bool RecordSetProp::AddColumn_Click() {
         tell("PLEASE SELECT A DATATYPE");
         return false;
     }
-    if (hasColumn(txtColumnName)) {
+    if (takenName(txtColumnName)) {
         taken_ = true;
         tellTaken();
         return false;
@@ -44,13 +44,16 @@ bool RecordSetProp::AddColumn_Click() {
     return true;
 }
 
-bool RecordSetProp::hasColumn(const std::string& name) const {
-    return tempProp->RecordSet_Outputs->Item(name) || ParForm.isNameTaken(tempProp->RecordSet_Name + "." + name);
+std::optional<std::int16_t> RecordSetProp::takenName(const std::string& name) const {
+    if (const AttributeProperties* column = tempProp->RecordSet_Outputs->Item(name)) {
+        return column->Attribute_Type;
+    }
+    return ParForm.isNameTaken(tempProp->RecordSet_Name + "." + name) ? std::optional<std::int16_t>(-1) : std::nullopt;
 }
 
 void RecordSetProp::TakeOver_Click() {
     TakeOverForm form(messages(), services_.catalogue.tables, ParForm, ActiveNode,
-                      [this](const std::string& name) { return hasColumn(name); });
+                      [this](const std::string& name) { return takenName(name); });
     services_.dialogs.show(form);
     if (!form.taken) {
         return;

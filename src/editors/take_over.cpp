@@ -45,8 +45,8 @@ std::optional<std::int16_t> typeNamed(const NameTable& types, const std::string&
 }  // namespace
 
 TakeOverForm::TakeOverForm(platform::MessageBox& messages, const CatalogueTables& catalogue, const canvas::Canvas& form,
-                           const LabelsD& node, std::function<bool(const std::string& name)> isTaken)
-    : Editor(messages), catalogue_(catalogue), form_(form), isTaken_(std::move(isTaken)) {
+                           const LabelsD& node, TakenName takenName)
+    : Editor(messages), catalogue_(catalogue), form_(form), takenName_(std::move(takenName)) {
     Saved = false;
     addSources(node);
     Sources.emplace_back("Lines of text");
@@ -128,15 +128,28 @@ void TakeOverForm::fillFromLines() {
     }
 }
 
-void TakeOverForm::add(TakeOverRow row) {
-    const auto isSame = [&](const TakeOverRow& other) { return other.name == row.name; };
+std::string TakeOverForm::whyNot(const TakeOverRow& row) const {
+    const auto words = [](const char* why, const std::string& type, bool other) {
+        return why + (other && !type.empty() ? ", as " + type : std::string());
+    };
+    const auto same =
+        std::find_if(Rows.begin(), Rows.end(), [&](const TakeOverRow& other) { return other.name == row.name; });
     if (forms::hasFault(row.name, forms::NameFault::dot)) {
-        row.why = "a name with a dot";
-    } else if (isTaken_(row.name)) {
-        row.why = "is there already";
-    } else if (std::any_of(Rows.begin(), Rows.end(), isSame)) {
-        row.why = "stands there twice";
+        return "a name with a dot";
     }
+    if (const auto type = takenName_(row.name)) {
+        return words("is there already", *type < 0 ? std::string() : catalogue_.dataTypes.shown(*type),
+                     *type >= 0 && type != row.typeIndex);
+    }
+    if (same == Rows.end()) {
+        return row.why;
+    }
+    const bool known = same->typeIndex && row.typeIndex;
+    return words("stands there twice", same->type, known ? same->typeIndex != row.typeIndex : same->type != row.type);
+}
+
+void TakeOverForm::add(TakeOverRow row) {
+    row.why = whyNot(row);
     row.checked = row.mayBeTaken();
     Rows.push_back(std::move(row));
 }

@@ -26,9 +26,11 @@ struct TakeOverRow {
 /// attributes of another record set, or lines of text.
 class TakeOverForm : public forms::Editor {
   public:
-    /// `isTaken` tells whether the record set has a column of that name already.
+    /// The record set has a column, or something else, of that name: its data type, or -1. Nothing for a free name.
+    using TakenName = std::function<std::optional<std::int16_t>(const std::string& name)>;
+
     TakeOverForm(platform::MessageBox& messages, const entities::CatalogueTables& catalogue, const canvas::Canvas& form,
-                 const canvas::LabelsD& node, std::function<bool(const std::string& name)> isTaken);
+                 const canvas::LabelsD& node, TakenName takenName);
 
     std::vector<std::string> Sources;  ///< names of nodes, those first that feed the record set; behind them the lines
     int Source = 0;                    ///< the chosen one, from 0
@@ -51,10 +53,11 @@ class TakeOverForm : public forms::Editor {
     void fillFrom(const canvas::LabelsD& source);
     void fillFromLines();
     void add(TakeOverRow row);
+    std::string whyNot(const TakeOverRow& row) const;
 
     const entities::CatalogueTables& catalogue_;
     const canvas::Canvas& form_;
-    std::function<bool(const std::string&)> isTaken_;
+    TakenName takenName_;
     std::vector<canvas::NodeNumber> nodes_;  ///< of the sources
 };
 

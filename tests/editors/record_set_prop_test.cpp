@@ -250,9 +250,11 @@ TEST_F(RecordSetPropTest, ColumnsAreTakenOver) {
         EXPECT_FALSE(shown.mayTake());
         shown.Source_Click(2);
         shown.Pasted_Change("ID " + first + "\nA " + platform::lowerCase(first) +
-                            "\nB blob\nC blob\nA x\nD\n\"e.f\" y");
+                            "\nB blob\nC blob\nA x\nD\n\"e.f\" y\nID x\nA " + first);
         EXPECT_EQ(rows(shown), "ID:" + first + "-is there already A:" + platform::lowerCase(first) +
-                                   " B:blob C:blob A:x-stands there twice D:-no type e.f:y-a name with a dot ");
+                                   " B:blob C:blob A:x-stands there twice, as " + platform::lowerCase(first) +
+                                   " D:-no type e.f:y-a name with a dot ID:x-is there already, as " + first +
+                                   " A:" + first + "-stands there twice ");
         EXPECT_TRUE(shown.OK());
     });
     messages.expect("*", "DATA TYPE NOT RPOPERLY SET", Icon::question, Buttons::okCancel, Answer::cancel);
