@@ -212,7 +212,8 @@ const LDLVariable* comparedWith(const std::string& text, const LDLVariable& vari
     };
     const auto meant = [&](const std::string& name) -> const LDLVariable* {
         const LDLVariable* other = name == variable.VariableName ? nullptr : variables.Item(name);
-        return other && element > 0 && other->SubVariables ? other->SubVariables->Item(element) : other;
+        other = other && element > 0 && other->SubVariables ? other->SubVariables->Item(element) : other;
+        return other && other->Defined ? other : nullptr;
     };
     const LDLVariable* found = nullptr;
     const auto compare = [&](std::size_t a, std::size_t b) {

@@ -53,8 +53,8 @@ class FormerAnswers {
 std::string valueWords(LDLVariableType kind, const LDLVariable& holder, const AnswerField& field,
                        const entities::NameTable& dataTypes);
 
-/// With what the template compares a variable, or an element of an array (its place; 0 for none): the variable of the
-/// other side, or nothing.
+/// With what the template compares a variable, or an element of an array (its place; 0 for none): the first variable of
+/// another side that is defined, or nothing.
 const LDLVariable* comparedWith(const std::string& text, const LDLVariable& variable, int element,
                                 const LDLVariableCollection& variables);
 

@@ -56,8 +56,7 @@ const LDLVariable* LDLForm::compared() const {
     const bool open =
         CurrentVariable && valuesEnabled() && Visible.txtConst && value == RegConstant && listDataTypes.ListIndex < 0;
     const int element = Visible.frameArrity ? ArrayPosition : 0;
-    const LDLVariable* other = open ? comparedWith(OriginalTemplate, *CurrentVariable, element, Variables) : nullptr;
-    return other && other->Defined ? other : nullptr;
+    return open ? comparedWith(OriginalTemplate, *CurrentVariable, element, Variables) : nullptr;
 }
 
 std::optional<std::int16_t> LDLForm::comparedType() const {

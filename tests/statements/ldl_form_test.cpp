@@ -277,6 +277,64 @@ TEST_F(LDLFormTest, AnArrayTakesManyElementsAtOnce) {
     });
 }
 
+TEST_F(LDLFormTest, AConstantIsOfferedTheTypeOfWhatItIsComparedWith) {
+    activity->Act_Inputs->Item("AGE")->Attribute_Type = 1;
+    catalogue.dataTypes.add(entities::kDefinedBySource);
+    graph.recordSet("ANY", {"X"}).RecordSet_Outputs->Item(1)->Attribute_Type = 2;
+    const struct {
+        const char* text;
+        const char* other;  ///< what @A is; empty: nothing yet
+        const char* words;
+    } cases[] = {
+        {"@A=@B", "in 0 1", "It is compared with SRC.AGE, a VARCHAR2."},
+        {"x(@B),@B <> @A", "rs LOOKUP 0", "It is compared with LOOKUP.KEY, a VARCHAR2."},
+        {"@A @OP @B", "in 0 0", "It is compared with SRC.ID, a NUMBER."},
+        {"@A@OP@B", "in 0 0", ""},
+        {"@OP @A @B", "in 0 0", ""},
+        {"@B >= @A", "const 7", "It is compared with \"7\" (NUMBER), a NUMBER."},
+        {"@A=@B", "rs ANY 0", ""},
+        {"@A=@B", "", ""},
+        {"@A=@OP,@B", "in 0 0", ""},
+        {"@A,@B", "in 0 0", ""},
+        {"@B=@B,@A", "in 0 0", ""},
+        {"@A=@C,@C=@B,@A<@B", "in 0 1", "It is compared with SRC.AGE, a VARCHAR2."},
+    };
+    for (const auto& each : cases) {
+        run(each.text, [&](LDLForm& open) {
+            open.goTo("A");
+            if (*each.other) {
+                defineCurrent(open, VarParameter, "", {each.other});
+            }
+            open.goTo("B");
+            EXPECT_EQ(open.comparedWords(), "") << "it has no kind yet";
+            open.chooseKind(VarParameter);
+            EXPECT_EQ(open.comparedWords(), "") << "it is no constant yet";
+            open.chooseValue(RegConstant);
+            EXPECT_EQ(open.comparedWords(), each.words) << each.text << " " << each.other;
+            open.takeComparedType();
+            EXPECT_EQ(open.comparedWords(), "") << "it has a type now";
+            const std::string taken = open.listDataTypes.ListIndex < 0 ? "" : ", a " + open.listDataTypes.Text() + ".";
+            EXPECT_TRUE(std::string(each.words).ends_with(taken) && taken.empty() == (*each.words == 0)) << each.text;
+            open.cmdCancel();
+        });
+    }
+    // Elements are compared with those of the same place.
+    run("@A[1]=@B[1]", [&](LDLForm& open) {
+        open.goTo("A");
+        defineCurrent(open, VarParameterArray, "", {"in 0 0", "in 0 1"});
+        open.goTo("B");
+        open.chooseKind(VarParameterArray);
+        for (const char* words :
+             {"It is compared with SRC.ID, a NUMBER.", "It is compared with SRC.AGE, a VARCHAR2.", ""}) {
+            open.UpDownArity_Up();
+            open.selectArrity(open.UpDownArity - 1);
+            open.chooseValue(RegConstant);
+            EXPECT_EQ(open.comparedWords(), words);
+        }
+        open.cmdCancel();
+    });
+}
+
 TEST_F(LDLFormTest, LeavesTheRestOfARound) {
     WizardRound round{2, 5};
     catalogue.activityTypeLdl = {"@X"};
