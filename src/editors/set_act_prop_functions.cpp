@@ -43,7 +43,7 @@ std::string SetActProp_Functions::newName(const Tree::Node& node, const std::str
     if (!givesShortNames()) {
         return key;
     }
-    const std::string bare = AfterLastDot(AfterSecondDot(node.value().Key));
+    const std::string bare = AfterLastDot(node.value().Text);
     for (const ActList number : among) {
         for (const forms::ListRow& row : list(number).rows()) {
             if (row.Text == bare || row.Key == bare) {

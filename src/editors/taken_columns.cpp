@@ -40,7 +40,7 @@ std::string takeInput(canvas::Canvas& form, LabelsD& node, const LabelsD& source
     if (activity.Act_Inputs->Item(key)) {
         return key;
     }
-    const std::string bare = AfterLastDot(column.Key);
+    const std::string bare = AfterLastDot(column.Attribute_Name);
     const bool isFree = !hasName(*activity.Act_Inputs, bare) && !hasName(*activity.Act_Outputs, bare);
     const LinkType type = source.activity() ? LinkActivity : LinkRecordSet;
     AttributeProperties& input =

@@ -202,6 +202,13 @@ TEST_F(ConnectByNameTest, ADrawnEdgeOffersTheColumnsOfItsSource) {
     other.answerOffer(true);
     EXPECT_EQ(members(other.nodeNamed("TYPED")->recordSet()->RecordSet_Outputs),
               "AGE:AGE:0 SRC_ID:SRC_ID:0 ID:ID:0<Filter.OUT.SRC_ID SRC_AGE:SRC_AGE:0<Filter.OUT.SRC_AGE ");
+
+    built.activity("Next").Act_Name = "Next";
+    draw("Filter", "Next", 1);
+    other.answerOffer(true);
+    EXPECT_EQ(members(other.nodeNamed("Next")->activity()->Act_Inputs),
+              "Filter_AGE:AGE:2<Filter.OUT.AGE>.OUT.Filter_AGE Filter_SRC_ID:ID:2<Filter.OUT.SRC_ID>.OUT.Filter_SRC_ID "
+              "Filter_SRC_AGE:SRC_AGE:2<Filter.OUT.SRC_AGE>.OUT.Filter_SRC_AGE ");
 }
 
 TEST_F(ConnectByNameTest, NothingIsProposedWhereNothingCanBeJoined) {

@@ -268,7 +268,8 @@ TEST_F(SetActPropTest, NewMembersBearShortNamesWhereThoseAreFree) {
     bool on = true;
     EditorServices with = needs();
     with.shortNames = &on;
-    testkit::GraphBuilder(*form).activity("Other", {}, {"Old", "X.NAME", "Q"});
+    testkit::GraphBuilder(*form).activity("Other", {}, {"Old", "X.NAME", "Q", "EMP_AGE"});
+    form->nodeNamed("Other")->activity()->Act_Outputs->Item("EMP_AGE")->Attribute_Name = "AGE";
     SetActProp dialog(with, *form, *form->nodeNamed("Act"));
     const auto names = [&](ActList list) {
         std::string text;
@@ -278,14 +279,15 @@ TEST_F(SetActPropTest, NewMembersBearShortNamesWhereThoseAreFree) {
         return text;
     };
     dialog.TabStrip1_Click(tabOf(kInputs));
-    dialog.Drop({"DB.RS.NAME", "GRAPH.Other.Old", "GRAPH.Other.X.NAME"}, 0);
+    dialog.Drop({"DB.RS.NAME", "GRAPH.Other.Old", "GRAPH.Other.X.NAME", "GRAPH.Other.EMP_AGE"}, 0);
     on = false;
     dialog.Drop({"GRAPH.Other.Q"}, 0);
     EXPECT_EQ(names(kInputs),
-              "RS_ID:RS_ID Old:Old RS_NAME:NAME Other_Old:Other_Old Other_X.NAME:Other_X.NAME Other_Q:Other_Q ");
+              "RS_ID:RS_ID Old:Old RS_NAME:NAME Other_Old:Other_Old Other_X.NAME:Other_X.NAME "
+              "Other_EMP_AGE:AGE Other_Q:Other_Q ");
     EXPECT_EQ(names(kOutputs),
               "RS_ID:RS_ID Act.Made:Act.Made RS_NAME:NAME Other_Old:Other_Old "
-              "Other_X.NAME:Other_X.NAME Other_Q:Other_Q ");
+              "Other_X.NAME:Other_X.NAME Other_EMP_AGE:AGE Other_Q:Other_Q ");
     EXPECT_EQ(dialog.tempProp->Act_Inputs->Item("RS_NAME")->Attribute_Name, "NAME");
     EXPECT_EQ(dialog.tempProp->Act_Outputs->Item("RS_NAME")->Attribute_Name, "NAME");
     on = true;
