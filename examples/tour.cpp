@@ -15,6 +15,7 @@
 #include "qt/shell/frame_window.h"
 #include "qt/theme/theme.h"
 #include "shell/mdi_form.h"
+#include "tour_bookshop.h"
 #include "tour_docks.h"
 #include "tour_drawing.h"
 #include "tour_files.h"
@@ -60,6 +61,7 @@ class Tour {
         zoomIntoActivity(player_, window(), frame(), theme_);
         drawQuickly(player_, window(), frame(), theme_);
         drawFromNothing(player_, window(), frame(), theme_, home_);
+        loadBookshop(player_, window(), frame(), theme_, folder_);
         drawByHand(player_, window(), frame(), theme_);
         playWizard(player_, window(), frame(), theme_);
         darkPicture();

@@ -2,18 +2,17 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTreeView>
 #include <fstream>
 #include <iterator>
 #include <string>
 
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "tour_dialogs.h"
 #include "tour_docks.h"
 #include "tour_hand.h"
 #include "tour_wizard.h"
@@ -32,19 +31,6 @@ constexpr const char* kFrom = "BOOK_AUTHORS";
 constexpr const char* kTo = "FIRST_AUTHORS";
 constexpr const char* kColumns[] = {"BOOK_ID", "AU_ID", "AU_ORDER", "ROYALTY_SHARE"};
 constexpr Point kAuthors{2000, 3000}, kFirst{6000, 3000}, kTarget{10000, 3000};
-
-QModelIndex find(const QTreeView& tree, const QString& words, const QModelIndex& parent = {}) {
-    for (int row = 0; row < tree.model()->rowCount(parent); ++row) {
-        const QModelIndex at = tree.model()->index(row, 0, parent);
-        if (at.data().toString() == words) {
-            return at;
-        }
-        if (const QModelIndex inner = find(tree, words, at); inner.isValid()) {
-            return inner;
-        }
-    }
-    return {};
-}
 
 class FromNothing {
   public:
@@ -67,8 +53,8 @@ class FromNothing {
         player_.picture(window_, "nothing-drawn");
         saveIt();
         program(home);
-        expectAllNames("README.md");
-        expectAllNames("docs/help/start.html");
+        expectAllNames(player_, "README.md");
+        expectAllNames(player_, "docs/help/start.html");
         lookInTheDark();
         loadAgain(home);
         showRows(player_, window_, frame_, theme_, "First");
@@ -91,22 +77,6 @@ class FromNothing {
             std::move(answers));
     }
 
-    static QTreeView& tree(QWidget& dialog, const char* name) {
-        return static_cast<QTreeView&>(Player::child(dialog, name));
-    }
-
-    /// The space bar on a node of a tree.
-    void check(QWidget& dialog, const char* name, const char* words) {
-        QTreeView& view = tree(dialog, name);
-        const QModelIndex at = find(view, QLatin1String(words));
-        player_.expect(at.isValid(), std::string(words) + " is not in the tree");
-        view.setCurrentIndex(at);
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent key(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
-            QApplication::sendEvent(&view, &key);
-        }
-    }
-
     void placeRecordSet(const char* name, Point at, bool pictures) {
         place("RecordSet", at,
               {[this, name, pictures](QWidget& dialog) {
@@ -115,7 +85,7 @@ class FromNothing {
                        player_.picture(dialog, "record-set-empty");
                    }
                    Player::press(dialog, "butLoadDB");
-                   check(dialog, "DBView", kFrom);
+                   tick(player_, dialog, "DBView", {kFrom});
                    if (pictures) {
                        player_.picture(dialog, "record-set");
                        theme_.setMode(qt::ThemeMode::dark);
@@ -125,8 +95,7 @@ class FromNothing {
                    Player::press(dialog, "OK");
                },
                [this, pictures](QWidget& login) {
-                   auto& names = static_cast<QComboBox&>(Player::child(login, "DSNNames"));
-                   names.setCurrentIndex(names.findText(QLatin1String(kSource)));
+                   chooseSource(login, kSource);
                    if (pictures) {
                        player_.picture(login, "source-login");
                    }
@@ -141,11 +110,8 @@ class FromNothing {
         place("Activity", kFirst,
               {[&](QWidget& dialog) {
                    Player::type(Player::child(dialog, "txtName"), QStringLiteral("First"));
-                   auto& types = static_cast<QComboBox&>(Player::child(dialog, "ActTypes"));
-                   const int selection = types.findText(QStringLiteral("Selection"));
-                   types.setCurrentIndex(selection);
-                   Q_EMIT types.activated(selection);
-                   check(dialog, "DBView", kFrom);
+                   chooseType(dialog, "Selection");
+                   tick(player_, dialog, "DBView", {kFrom});
                    player_.picture(dialog, "activity");
                    Player::press(dialog, "butRefresh");
                    player_.picture(dialog, "activity-generated");
@@ -211,15 +177,6 @@ class FromNothing {
                            Player::press(dialog, "Cancel");
                        }});
         theme_.setMode(qt::ThemeMode::light);
-    }
-
-    /// A page that tells these steps names nothing that no window showed.
-    void expectAllNames(const char* page) {
-        const QStringList names = namesInSteps(QLatin1String(page));
-        player_.expect(names.size() > 20, std::string(page) + " has no steps");
-        const QStringList unseen = player_.words().unseen(names);
-        player_.expect(unseen.isEmpty(), std::string(page) + " names what no window showed: " +
-                                             unseen.join(QLatin1String(", ")).toStdString());
     }
 
     /// All that the text export tells of the scenario.

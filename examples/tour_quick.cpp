@@ -1,13 +1,12 @@
 #include "tour_quick.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QTreeView>
 
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "tour_dialogs.h"
 #include "tour_hand.h"
 
 namespace orvent::tour {
@@ -71,17 +70,7 @@ class Quick {
 
     /// Enter on a row of the list; its name is open, and the box is put where it belongs.
     void place(const char* type, const char* name, Point at) {
-        auto& list = static_cast<QTreeView&>(Player::child(window_, "lstTypes"));
-        const QModelIndexList rows = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole,
-                                                         QLatin1String(type), 1, Qt::MatchFixedString);
-        player_.expect(!rows.empty(), std::string(type) + " is not in the list");
-        Q_EMIT list.activated(rows.value(0));
-        QApplication::processEvents();
-        auto& editor = Player::child(window_, "nameEditor");
-        Player::type(editor, QLatin1String(name));
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(&editor, &enter);
-        QApplication::processEvents();
+        placeFromList(player_, window_, type, name);
         canvas::LabelsD* node = form().nodeNamed(name);
         player_.expect(node != nullptr, std::string(name) + " was not placed");
         if (node) {
