@@ -163,6 +163,8 @@ class StatementReader : RuleScene {
             if (!isTyped(atom.name)) {
                 tell(FindingKind::unknownFunction, atom.place,
                      "The function " + atom.name + " is known to its data source at most.");
+            } else if (const std::string why = whyNotCalled(atom.name, atom.arguments.size()); !why.empty()) {
+                tell(FindingKind::unknownFunction, atom.place, atom.name + " " + why + ".");
             }
             return;
         }

@@ -19,14 +19,28 @@ using rules::TermKind;
 namespace {
 
 constexpr std::array<std::string_view, 5> kAggregates = {"sum", "count", "avg", "min", "max"};
-constexpr std::array<std::string_view, 2> kTests = {"isnull", "isnotnull"};
-constexpr std::array<std::string_view, 19> kCommonFunctions = {
-    "abs", "add",     "ceiling", "concat",    "date_to_text", "divide",  "floor",     "length", "lower", "multiply",
-    "nvl", "replace", "round",   "substring", "subtract",     "to_date", "to_number", "trim",   "upper"};
 
-template <class Table>
-bool isIn(const Table& table, std::string_view name) {
-    return std::find(table.begin(), table.end(), platform::lowerCase(name)) != table.end();
+/// A function that every source has under some name, and how many values it takes.
+struct CommonFunction {
+    std::string_view name;
+    CallKind kind;
+    std::size_t least, most;
+};
+constexpr CommonFunction kCommonFunctions[] = {
+    {"isnull", CallKind::test, 1, 1},        {"isnotnull", CallKind::test, 1, 1}, {"abs", CallKind::value, 1, 1},
+    {"add", CallKind::value, 2, 2},          {"ceiling", CallKind::value, 1, 1},  {"concat", CallKind::value, 2, 2},
+    {"date_to_text", CallKind::value, 2, 2}, {"divide", CallKind::value, 2, 2},   {"floor", CallKind::value, 1, 1},
+    {"length", CallKind::value, 1, 1},       {"lower", CallKind::value, 1, 1},    {"multiply", CallKind::value, 2, 2},
+    {"nvl", CallKind::value, 2, 2},          {"replace", CallKind::value, 3, 3},  {"round", CallKind::value, 1, 2},
+    {"substring", CallKind::value, 3, 3},    {"subtract", CallKind::value, 2, 2}, {"to_date", CallKind::value, 2, 2},
+    {"to_number", CallKind::value, 1, 1},    {"trim", CallKind::value, 1, 1},     {"upper", CallKind::value, 1, 1},
+};
+
+const CommonFunction* commonFunction(std::string_view name) {
+    const std::string plain = platform::lowerCase(name);
+    const auto found = std::find_if(std::begin(kCommonFunctions), std::end(kCommonFunctions),
+                                    [&](const CommonFunction& row) { return row.name == plain; });
+    return found == std::end(kCommonFunctions) ? nullptr : found;
 }
 
 bool isPlain(const Term& term) {
@@ -41,7 +55,8 @@ std::optional<int> compare(const Term& a, const Term& b, Family family) {
         return x && y ? std::optional(*x < *y ? -1 : *x > *y ? 1 : 0) : std::nullopt;
     }
     if (family == Family::date) {
-        return std::nullopt;
+        const std::string one = timestampIn(a.text), other = timestampIn(b.text);
+        return one.empty() || other.empty() ? std::nullopt : std::optional(one.compare(other));
     }
     return a.text.compare(b.text);
 }
@@ -58,15 +73,28 @@ bool fulfils(const std::string& op, int order) {
 }  // namespace
 
 CallKind callKind(std::string_view function) {
-    return isIn(kTests, function) ? CallKind::test : CallKind::value;
+    const CommonFunction* common = commonFunction(function);
+    return common ? common->kind : CallKind::value;
 }
 
 bool isCommonFunction(std::string_view function) {
-    return isIn(kTests, function) || isIn(kCommonFunctions, function);
+    return commonFunction(function) != nullptr;
+}
+
+std::string whyNotCalled(std::string_view function, std::size_t arguments) {
+    const CommonFunction* common = commonFunction(function);
+    const std::size_t result = common && common->kind == CallKind::value ? 1 : 0;
+    if (!common || (arguments >= common->least + result && arguments <= common->most + result)) {
+        return {};
+    }
+    return "takes " + std::to_string(common->least) +
+           (common->most > common->least ? " or " + std::to_string(common->most) : "") +
+           (common->most > 1 ? " values" : " value") + (result > 0 ? " and gives one" : "") + ", and here it has " +
+           std::to_string(arguments) + " in all";
 }
 
 bool isAggregate(std::string_view function) {
-    return isIn(kAggregates, function);
+    return std::find(kAggregates.begin(), kAggregates.end(), platform::lowerCase(function)) != kAggregates.end();
 }
 
 /// The conditions on the values of one class.
@@ -282,9 +310,13 @@ void RuleCheck::checkConstant(Term& term, std::int16_t type) {
     if (term.kind != TermKind::constant) {
         return;
     }
-    if (types_.family(type) == Family::number && !platform::parseNumber(term.text)) {
+    const Family family = types_.family(type);
+    if (family == Family::number && !platform::parseNumber(term.text)) {
         scene_.tell(FindingKind::constantType, term.place,
                     "The constant \"" + term.text + "\" is compared with a number.");
+    } else if (family == Family::date && timestampIn(term.text).empty()) {
+        scene_.tell(FindingKind::constantType, term.place,
+                    "The constant \"" + term.text + "\" is compared with a date, and is none such as 2024-02-29.");
     }
     const std::int16_t own = term.tag >= 0 ? spellings_.values()[static_cast<std::size_t>(term.tag)].type : type;
     term.tag = type >= 0 ? type : own;

@@ -1,6 +1,8 @@
 #include "program/types.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 
 #include "entities/key_grammar.h"
 #include "links/far_end.h"
@@ -26,6 +28,14 @@ constexpr std::array<TypeHead, 21> kTypeHeads = {{
     {"CLOB", Family::text},       {"DATE", Family::date},       {"TIMESTAMP", Family::date},
 }};
 
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+unsigned digit(char c) {
+    return static_cast<unsigned>(c - '0');
+}
+
 }  // namespace
 
 Family familyOf(std::string_view typeName) {
@@ -36,6 +46,32 @@ Family familyOf(std::string_view typeName) {
         }
     }
     return Family::unknown;
+}
+
+std::string timestampIn(std::string_view text) {
+    constexpr std::string_view kShape = "0000-00-00 00:00:00";
+    constexpr std::size_t kDay = 10;
+    std::string result(text);
+    if (result.size() == kDay) {
+        result += kShape.substr(kDay);
+    }
+    if (result.size() > kDay && result[kDay] == 'T') {
+        result[kDay] = ' ';
+    }
+    for (std::size_t at = 0; at < kShape.size(); ++at) {
+        const bool fits = at < result.size() && (kShape[at] == '0' ? isDigit(result[at]) : result[at] == kShape[at]);
+        if (!fits) {
+            return "";
+        }
+    }
+    const auto part = [&result](std::size_t at) { return 10U * digit(result[at]) + digit(result[at + 1]); };
+    const std::chrono::year_month_day day(std::chrono::year(static_cast<int>(100 * part(0) + part(2))),
+                                          std::chrono::month(part(5)), std::chrono::day(part(8)));
+    const std::string_view fraction = std::string_view(result).substr(kShape.size());
+    const bool good = day.ok() && part(11) < 24 && part(14) < 60 && part(17) < 60 &&
+                      (fraction.empty() || (fraction[0] == '.' && fraction.size() > 1 &&
+                                            std::all_of(fraction.begin() + 1, fraction.end(), isDigit)));
+    return good ? result : "";
 }
 
 Types::Types(const canvas::Canvas& form, const entities::CatalogueTables& catalogue)

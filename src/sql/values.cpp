@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 #include "program/rule_check.h"
+#include "program/types.h"
 
 namespace orvent::sql {
 
@@ -38,28 +39,6 @@ std::optional<std::string> numberIn(std::string_view text) {
     const std::string plain = (whole.empty() ? "0" : std::string(whole)) +
                               (part.empty() ? "" : "." + std::string(part)) + std::string(rest.substr(exponent));
     return negative ? "(-" + plain + ")" : plain;
-}
-
-/// The day, and the time behind it, of a text that is written in the usual way; empty for any other one.
-std::string timestampIn(std::string_view text) {
-    constexpr std::string_view kShape = "0000-00-00 00:00:00";
-    constexpr std::size_t kDay = 10;
-    std::string result(text);
-    if (result.size() == kDay) {
-        result += kShape.substr(kDay);
-    }
-    if (result.size() > kDay && result[kDay] == 'T') {
-        result[kDay] = ' ';
-    }
-    for (std::size_t at = 0; at < kShape.size(); ++at) {
-        const bool fits = at < result.size() && (kShape[at] == '0' ? allDigits(std::string_view(result).substr(at, 1))
-                                                                   : result[at] == kShape[at]);
-        if (!fits) {
-            return "";
-        }
-    }
-    const std::string_view fraction = std::string_view(result).substr(kShape.size());
-    return fraction.empty() || (fraction[0] == '.' && allDigits(fraction.substr(1))) ? result : "";
 }
 
 std::string inQuotes(std::string_view text, bool oracle) {
@@ -119,7 +98,7 @@ Value Values::text(const std::string& text) const {
 }
 
 Value Values::date(const std::string& text) const {
-    const std::string plain = timestampIn(text);
+    const std::string plain = program::timestampIn(text);
     const bool asItIs = dialect_.phrase(Phrase::date) == "{1}";
     return plain.empty() || asItIs ? as(this->text(text), Family::date)
                                    : Value{dialect_.say(Phrase::date, {"'" + plain + "'"}), Family::date};

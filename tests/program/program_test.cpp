@@ -76,6 +76,12 @@ TEST_F(ProgramTest, EveryCheckNamesItsRuleAndPlace) {
         {"not s(X,_,_).", FindingKind::unbound, "Nothing gives X its value behind \"not\"."},
         {"multiply(X,2,Y),X=Y.", FindingKind::unbound, "Nothing gives X its value in a call."},
         {"multiply(Sel_IN1_ID,_,3).", FindingKind::unbound, "\"_\" has no value in a call."},
+        {"multiply(Sel_IN1_ID,2).", FindingKind::unknownFunction,
+         "multiply takes 2 values and gives one, and here it has 2 in all."},
+        {"Round(Sel_IN1_ID,2,3,X).", FindingKind::unknownFunction,
+         "Round takes 1 or 2 values and gives one, and here it has 4 in all."},
+        {"round(Sel_IN1_ID,X),round(X,2,Y).", {}, ""},
+        {"not isNull(Sel_IN1_ID,3).", FindingKind::unknownFunction, "isNull takes 1 value, and here it has 2 in all."},
         {"Sel_IN1_ID LIKE 'a'.", FindingKind::unknownOperator, "\"LIKE\" is no operator."},
         {"Sel_IN1_PRICE=pen.", FindingKind::constantType, "The constant \"pen\" is compared with a number."},
         {"s(_,_,pen).", FindingKind::constantType, "The constant \"pen\" is compared with a number."},
@@ -117,6 +123,30 @@ TEST_F(ProgramTest, EveryCheckNamesItsRuleAndPlace) {
     activity.Act_LDL = std::string("sel_out(X,Y,Z)<-s(X,Y,Z).\r\n") + kHead + kPass + "W<3.";
     const Finding second = check().findings.at(0);
     EXPECT_EQ(std::tuple(second.rule, second.place.line, second.place.column), std::tuple(2, 2, 96));
+}
+
+TEST_F(ProgramTest, ConstantsBesideDatesAreDates) {
+    entities::ActivityProperties& activity = flow("Sel", "");
+    graph.attribute("S.PRICE").Attribute_Type = catalogue.dataTypes.indexOf("DATE").value();
+    const char* const none = " is compared with a date, and is none such as 2024-02-29.";
+    const struct {
+        const char* tail;
+        std::string words;
+    } cases[] = {
+        {"Sel_IN1_PRICE='2024-02-29'.", ""},
+        {"Sel_IN1_PRICE>'2024-02-29T18:00:00.25'.", ""},
+        {"Sel_IN1_PRICE='2023-02-29'.", std::string("The constant \"2023-02-29\"") + none},
+        {"Sel_IN1_PRICE<'29.02.2024'.", std::string("The constant \"29.02.2024\"") + none},
+        {"Sel_IN1_PRICE<'2024-02-29 24:00:00'.", std::string("The constant \"2024-02-29 24:00:00\"") + none},
+        {"Sel_IN1_PRICE<'2024-02-29 18:00:00.'.", std::string("The constant \"2024-02-29 18:00:00.\"") + none},
+        {"Sel_IN1_PRICE>'2024-02-29',Sel_IN1_PRICE<'2024-02-29T00:00:00'.",
+         "The rule can never hold, because of Sel_IN1_PRICE < '2024-02-29T00:00:00'."},
+    };
+    for (const auto& [tail, words] : cases) {
+        activity.Act_LDL = std::string(kHead) + kPass + tail;
+        const std::vector<Finding> findings = check().findings;
+        EXPECT_EQ(findings.empty() ? "" : findings[0].words, words) << tail;
+    }
 }
 
 TEST_F(ProgramTest, OutputsFollowTheirOwnLinks) {
