@@ -202,10 +202,13 @@ Value Values::aggregate(const std::string& name, const Value& value) const {
 }
 
 std::string Values::compared(const Value& left, const std::string& op, const Value& right) const {
-    const bool mixed = isKnown(left.family) && isKnown(right.family) && left.family != right.family;
     const std::string sign = op == "!=" ? "<>" : op;
-    return mixed ? as(left, Family::text).sql + " " + sign + " " + as(right, Family::text).sql
-                 : left.sql + " " + sign + " " + right.sql;
+    const auto write = [&](Family family) { return as(left, family).sql + " " + sign + " " + as(right, family).sql; };
+    if (isKnown(left.family) != isKnown(right.family)) {  // nobody knows how the other one would be compared
+        return write(isKnown(left.family) ? left.family : right.family);
+    }
+    return isKnown(left.family) && left.family != right.family ? write(Family::text)
+                                                               : left.sql + " " + sign + " " + right.sql;
 }
 
 }  // namespace orvent::sql

@@ -20,12 +20,11 @@ std::string connectionString(const std::string& dialect) {
     return "DRIVER={SQLite3};Database=:memory:";
 }
 
-/// One that finds texts equal, or orders them, in another way than by their code points.
+}  // namespace
+
 std::string otherCollation(std::string_view dialect) {
     return dialect == "postgresql" ? "\"und-x-icu\"" : dialect == "mariadb" ? "utf8mb4_general_ci" : "NOCASE";
 }
-
-}  // namespace
 
 std::string spelt(bool null, bool number, const std::string& text) {
     if (null) {

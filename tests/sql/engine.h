@@ -18,6 +18,9 @@ using Rows = std::multiset<std::string>;
 /// One field of a row: numbers lose zeros behind the point, NULL differs from the empty text.
 std::string spelt(bool null, bool number, const std::string& text);
 
+/// A collation of a dialect by which texts are equal, or in order, in another way than by their code points.
+std::string otherCollation(std::string_view dialect);
+
 /// Given record sets as tables of the test's own, named by the place of their predicate.
 struct FactTables : HeldRows {
     explicit FactTables(const Dialect& chosen) : dialect(chosen) {}
