@@ -20,7 +20,7 @@ bool isSelected(const canvas::DrawForm& form, canvas::NodeNumber label) {
 
 /// The selected nodes in the order of the window, and the edges among them.
 Extract selectionOf(const canvas::DrawForm& form) {
-    Extract extract{form.ScenarioName(), {}, {}, nullptr, false, {}};
+    Extract extract{form.ScenarioName(), {}, {}, &form.facts, false, {}};
     for (const LabelsD& node : form.Labels) {
         if (isSelected(form, node.Index())) {
             extract.nodes.push_back(&node);
@@ -60,6 +60,9 @@ std::unordered_map<canvas::NodeNumber, canvas::NodeNumber> copyInto(canvas::Draw
             }
         });
         numbers.emplace(node->Index(), added.Index());
+        if (const auto kept = extract.facts->find(node->Index()); kept != extract.facts->end()) {
+            copy.facts[added.Index()] = kept->second;
+        }
     }
     copy.quietNames = false;
     for (const LinesD* edge : extract.edges) {

@@ -116,6 +116,9 @@ Inserted insertCopy(canvas::DrawForm& form, canvas::DrawForm& copy, const CopyRu
         added.Properties = std::exchange(node.Properties, std::int16_t{0});
         numbers.emplace(node.Index(), added.Index());
         inserted.nodes.push_back(added.Index());
+        if (auto kept = copy.facts.extract(node.Index()); !kept.empty()) {
+            form.facts[added.Index()] = std::move(kept.mapped());
+        }
     }
     for (const canvas::LinesD& edge : copy.Lines) {
         form.Lines.addFullLine(numbers.at(edge.FromLabel()), edge.FromGrabbingPoint(), numbers.at(edge.ToLabel()),

@@ -130,6 +130,21 @@ TEST_F(ClipboardTest, DuplicatesReadWhatTheOriginalsRead) {
     EXPECT_EQ(modelText(form), before);
 }
 
+TEST_F(ClipboardTest, CarriesTheRowsThatWereGivenByHand) {
+    buildLinked();
+    entities::NodeFacts& given = form.facts[form.nodeNamed("RS3")->Index()];
+    given.facts = {{"PUB_ID"}, {{"7"}, {std::nullopt}}};
+    given.expectations.push_back({});
+    select(form, {"RS4", "RS3"});
+    auto other = newForm();
+    pasted(*other, copied(form));
+    duplicateSelection(form);
+    for (const auto& [in, name] : {std::pair(other.get(), "RS3"), {&form, "RS3_2"}}) {
+        EXPECT_EQ(in->facts.at(in->nodeNamed(name)->Index()), given) << name;
+        EXPECT_FALSE(in->facts.contains(in->nodeNamed(in == &form ? "RS4_2" : "RS4")->Index()));
+    }
+}
+
 TEST_F(ClipboardTest, GivesFreeNamesAndNoIdentifiers) {
     buildLinked();
     form.Labels.Add({0, 0, 1050, 450}, "A1_2", canvas::NodeTypeComment);
