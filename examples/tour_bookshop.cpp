@@ -171,13 +171,7 @@ class Bookshop {
 
     void place(const char* tool, Point at, std::deque<Player::Answer> answers) {
         player_.during(
-            tool,
-            [&] {
-                hand_.tool(tool);
-                hand_.press(at);
-                hand_.release(at);
-            },
-            std::move(answers));
+            tool, [&] { hand_.put(tool, at); }, std::move(answers));
     }
 
     void place(const Table& table, Point at) {

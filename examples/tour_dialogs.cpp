@@ -47,8 +47,8 @@ void chooseType(QWidget& dialog, const char* type) {
 
 void placeFromList(Player& player, QWidget& window, const char* type, const char* name) {
     auto& list = static_cast<QTreeView&>(Player::child(window, "lstTypes"));
-    const QModelIndexList rows = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole,
-                                                     QLatin1String(type), 1, Qt::MatchFixedString);
+    const QModelIndexList rows =
+        list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, QLatin1String(type), 1, Qt::MatchFixedString);
     player.expect(!rows.empty(), std::string(type) + " is not in the list");
     Q_EMIT list.activated(rows.value(0));
     QApplication::processEvents();
@@ -64,7 +64,7 @@ void expectAllNames(Player& player, const char* page) {
     player.expect(names.size() > 10, std::string(page) + " has no steps");
     const QStringList unseen = player.words().unseen(names);
     player.expect(unseen.isEmpty(), std::string(page) + " names what no window showed: " +
-                                         unseen.join(QLatin1String(", ")).toStdString());
+                                        unseen.join(QLatin1String(", ")).toStdString());
 }
 
 }  // namespace orvent::tour

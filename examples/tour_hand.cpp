@@ -76,6 +76,12 @@ void Hand::click(canvas::Point at) {
     release(at);
 }
 
+void Hand::put(const char* tool, canvas::Point at) {
+    this->tool(tool);
+    press(at);
+    release(at);
+}
+
 void Hand::doubleClick(canvas::Point at) {
     send(QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton);
     release(at);

@@ -19,6 +19,8 @@ class Hand {
     void press(canvas::Point at, Qt::MouseButton button = Qt::LeftButton);
     void release(canvas::Point at, Qt::MouseButton button = Qt::LeftButton);
     void click(canvas::Point at);
+    /// Presses a tool's button and then the canvas.
+    void put(const char* tool, canvas::Point at);
     void doubleClick(canvas::Point at);
     /// Rests long enough for a tool tip.
     void rest(canvas::Point at);

@@ -68,13 +68,7 @@ class FromNothing {
     /// Presses a node's tool on the canvas; the dialog of what was placed opens.
     void place(const char* tool, Point at, std::deque<Player::Answer> answers) {
         player_.during(
-            tool,
-            [&] {
-                hand_.tool(tool);
-                hand_.press(at);
-                hand_.release(at);
-            },
-            std::move(answers));
+            tool, [&] { hand_.put(tool, at); }, std::move(answers));
     }
 
     void placeRecordSet(const char* name, Point at, bool pictures) {

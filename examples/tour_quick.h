@@ -7,8 +7,8 @@
 
 namespace orvent::tour {
 
-/// Draws a small load with what makes drawing quick: the list of types, columns from lines, columns that follow an edge,
-/// and members that are joined by their names.
+/// Draws a small load with what makes drawing quick: the list of types, columns from lines, columns that follow an
+/// edge, and members that are joined by their names.
 void drawQuickly(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme);
 
 }  // namespace orvent::tour
