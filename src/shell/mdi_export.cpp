@@ -14,11 +14,14 @@ void MDIForm1::exportAs(std::string_view exporter) {
     services.functions = options_.functions;
     services.facts = way.name == kProgramExporter && mayWriteFacts(form, ports_.messages);
     if (way.needs == Exporter::Needs::dialect) {
+        const bool kept = form.KeepDuplicates;
         if (!askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {
             return;
         }
         ports_.store.setValue("General", "SqlDialect", options_.SqlDialect);
-        lists_.facts().keep(form);
+        if (form.KeepDuplicates != kept) {
+            lists_.rows().takeDuplicates(form);
+        }
     }
     ports_.messages.tell(writeExport(way, form, services, ports_.folder.file("\\", form.Caption(), way.suffix)) +
                          " Created");

@@ -89,6 +89,8 @@ std::string LoadOptions(OptionsData& options, platform::SettingsStore& store, co
     options.canvas.SelColor = numbers.read("General", "SelColor", standard.canvas.SelColor);
     options.repository.SQLPath = store.value("General", "SQLPath", options.DefaultScript);
     options.TransDepth = numbers.read("General", "TransDepth", standard.TransDepth);
+    const std::int32_t rows = numbers.read("General", "SampleRows", standard.SampleRows);
+    options.SampleRows = rows < 1 ? standard.SampleRows : rows;
     options.WholeNumbers = store.value("General", "WholeNumbers", "0") == "-1";
     options.ShortNames = store.value("General", "ShortNames", "0") == kYes;
     for (const SightKey& row : kSightKeys) {
@@ -109,6 +111,7 @@ void DefaultOptions(OptionsData& options) {
     options.problems = analysis::everyProblem();
     options.ShortNames = false;
     options.functions = {};
+    options.SampleRows = OptionsData().SampleRows;
 }
 
 }  // namespace orvent::shell

@@ -24,6 +24,7 @@ struct OptionsData {
     bool WholeNumbers = false;              ///< the wizard reads the numbers of tokens whole
     bool ShortNames = false;                ///< new members of activities bear the bare names of their sources
     sql::OwnFunctions functions;            ///< what calls are in SQL
+    std::int32_t SampleRows = 1000;         ///< of each record set that nobody feeds, at least 1
     std::string SqlDialect = "postgresql";  ///< for which SQL was exported last
     std::string LogPath;                    ///< folder proposed for an activity's log
     std::string HelpFile;                   ///< program folder + "\ORVENTII.chm"
@@ -38,8 +39,8 @@ void StoreSight(const zoom::ZoomSight& sight, platform::SettingsStore& store);
 
 void StoreProblems(const analysis::ProblemKinds& problems, platform::SettingsStore& store);
 
-/// Sets the sizes, distances, the selection colour, `SQLPath`, the kinds of problems, `ShortNames` and the functions to
-/// their defaults, in the application values only.
+/// Sets the sizes, distances, the selection colour, `SQLPath`, the kinds of problems, `ShortNames`, the functions and
+/// the rows of a sample to their defaults, in the application values only.
 void DefaultOptions(OptionsData& options);
 
 }  // namespace orvent::shell

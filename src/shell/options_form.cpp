@@ -22,6 +22,14 @@ float twipsOf(const std::string& text, const OptionField& field) {
     return static_cast<float>(twips);
 }
 
+std::int32_t rowsOf(const std::string& text) {
+    const auto rows = platform::parseInteger(text);
+    if (!rows || *rows < 1 || *rows > std::numeric_limits<std::int32_t>::max()) {
+        throw platform::Fault("This is no number of rows: \"" + text + "\" (SampleRows)");
+    }
+    return static_cast<std::int32_t>(*rows);
+}
+
 }  // namespace
 
 void OptionsForm::open() {
@@ -33,6 +41,7 @@ void OptionsForm::open() {
     txtSQL = options_.repository.SQLPath;
     Problems = options_.problems;
     ShortNames = options_.ShortNames;
+    SampleRows = std::to_string(options_.SampleRows);
     Functions = options_.functions.rows();
 }
 
@@ -42,6 +51,7 @@ bool OptionsForm::apply() {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         twips[i] = twipsOf(Text[i], fields[i]);
     }
+    const std::int32_t rows = rowsOf(SampleRows);
     sql::OwnFunctions functions(Functions);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         ports_.store.setValue(fields[i].section(), fields[i].key, platform::numberText(twips[i]));
@@ -57,6 +67,8 @@ bool OptionsForm::apply() {
     ports_.store.setValue("General", "ShortNames", ShortNames ? "-1" : "0");
     ports_.store.setValue("General", "SqlFunctions", functions.text());
     options_.functions = std::move(functions);
+    ports_.store.setValue("General", "SampleRows", std::to_string(rows));
+    options_.SampleRows = rows;
     StoreProblems(options_.problems = Problems, ports_.store);
     return true;
 }

@@ -22,13 +22,14 @@ class OptionsForm : public forms::Editor {
     std::string txtSQL;
     analysis::ProblemKinds Problems;  ///< those that are told
     bool ShortNames = false;
+    std::string SampleRows;                   ///< a whole number from 1 on
     std::vector<sql::OwnFunction> Functions;  ///< as they are typed
 
     /// Fills the fields from the application values; at each showing.
     void open();
 
     /// Stores all fields and takes them into the application values. Throws a `Fault` before anything is stored when
-    /// a field is no number or a row of functions is not whole.
+    /// a field is no number of its kind or a row of functions is not whole.
     void butAplly() { Apply(); }
     /// The same, whether something was changed or not. True when the window closes.
     bool butOK() { return Apply(); }

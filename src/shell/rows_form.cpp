@@ -5,6 +5,7 @@
 
 #include "platform/text.h"
 #include "shell/facts_form.h"
+#include "shell/options_data.h"
 #include "shell/rows_state.h"
 
 namespace orvent::shell {
@@ -103,6 +104,19 @@ void RowsForm::optWay_Click(Way way) {
     tell();
 }
 
+void RowsForm::chkKeepDuplicates_Click(bool keep) {
+    if (form_ && keep != keepDuplicates()) {
+        form_->scenario().KeepDuplicates = keep;
+        takeDuplicates(form_->scenario());
+    }
+}
+
+void RowsForm::takeDuplicates(const canvas::DrawForm& form) {
+    ports_.facts.keep(form);
+    touch(form);
+    tell();
+}
+
 void RowsForm::cmdRefresh_Click() {
     if (!canRefresh()) {
         return;
@@ -115,7 +129,8 @@ void RowsForm::cmdRefresh_Click() {
     run::Run& run = way_ == Way::sample ? static_cast<run::Run&>(its->sample) : its->source;
     run::RunOptions options;
     options.keepDuplicates = form.KeepDuplicates;
-    options.functions = ports_.functions;
+    options.sampleRows = static_cast<std::size_t>(ports_.options.SampleRows);
+    options.functions = ports_.options.functions;
     options.anew = its->run == &run && !its->old && !its->cancelled;
     its->fault.clear();
     its->verdicts.clear();

@@ -18,6 +18,7 @@
 
 namespace orvent::shell {
 
+struct OptionsData;
 struct ScenarioRows;
 
 /// What the rows ask of the frame. All of it outlives them.
@@ -25,7 +26,7 @@ struct RowsPorts {
     const Ports& ports;
     const forms::Dialogs& dialogs;
     const entities::CatalogueTables& tables;
-    const sql::OwnFunctions& functions;
+    const OptionsData& options;
     KeptFacts& facts;
     Desk& desk;
     std::function<void(canvas::NodeNumber)> showNode;
@@ -67,6 +68,11 @@ class RowsForm : private run::Logins {
 
     Way way() const { return way_; }
     void optWay_Click(Way way);
+    /// Whether equal rows stay in the scenario in front; the choice is kept with it.
+    bool keepDuplicates() const { return form_ && form_->scenario().KeepDuplicates; }
+    void chkKeepDuplicates_Click(bool keep);
+    /// The choice of a scenario is another one.
+    void takeDuplicates(const canvas::DrawForm& form);
     bool canRefresh() const { return form_ != nullptr && !isRunning(); }
     /// Runs what has changed. Where nothing has, data sources are read anew.
     void cmdRefresh_Click();

@@ -33,7 +33,7 @@ class SideLists : private FindPorts, private OutlinePorts, private TypesPorts {
     SideLists(const SideListPorts& ports, ScenarioListeners& scenarios)
         : ports_(ports),
           facts_(ports.ports.states, ports.ports.progress, ports.source),
-          rows_({ports.ports, ports.host.dialogs(), ports.catalogue.tables, ports.options.functions, facts_, ports.desk,
+          rows_({ports.ports, ports.host.dialogs(), ports.catalogue.tables, ports.options, facts_, ports.desk,
                  [this](canvas::NodeNumber node) { showNode(node); }}),
           problems_(scenarios, ports.catalogue.tables),
           find_(*this, ports.catalogue.tables),

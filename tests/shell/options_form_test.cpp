@@ -40,13 +40,14 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     form.txtSQL = "/x.sql";
     form.Problems.reset(static_cast<std::size_t>(analysis::ProblemKind::unread));
     form.ShortNames = true;
+    form.SampleRows = "25000";
     form.Functions = {{" RegionOf ", "region(x => {1})"}, {" ", ""}};
     const auto texts = form.Text;
     form.butAplly();
     EXPECT_EQ(options.canvas.LogW, 1695);
     EXPECT_EQ(options.repository.SQLPath, "/x.sql");
     EXPECT_EQ(repository.store.values.at({"Draw", "ActW"}), "1605");
-    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 4 + analysis::kProblemKinds)
+    EXPECT_EQ(repository.store.values.size(), stored + texts.size() + 5 + analysis::kProblemKinds)
         << "each field has a key of its own";
 
     options = {};
@@ -56,6 +57,7 @@ TEST_F(OptionsWindow, WhatIsAppliedInPixelsIsStoredInTwipsAndComesBack) {
     EXPECT_EQ(form.lblColor, 255);
     EXPECT_EQ(form.txtSQL, "/x.sql");
     EXPECT_TRUE(form.ShortNames);
+    EXPECT_EQ(options.SampleRows, 25000);
     ASSERT_EQ(form.Functions.size(), 1U);
     EXPECT_EQ(form.Functions[0].name, "RegionOf");
     EXPECT_EQ(form.Functions[0].expression, "region(x => {1})");
@@ -71,6 +73,11 @@ TEST_F(OptionsWindow, ABadFieldStopsBeforeAnythingIsStored) {
         EXPECT_THROW(form.butAplly(), platform::Fault) << bad[0].name;
     }
     form.Functions.clear();
+    for (const char* bad : {"", "0", "-1", "1.5", "4294967297", "many"}) {
+        form.SampleRows = bad;
+        EXPECT_THROW(form.butAplly(), platform::Fault) << bad;
+    }
+    form.SampleRows = "1";
     form.Text[0] = "99";
     form.Text[13] = "wide";
     const auto stored = repository.store.values;

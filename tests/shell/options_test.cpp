@@ -55,21 +55,12 @@ TEST(Options, ANumberOfAnotherKindIsAFaultAndNeverCutOrBent) {
         bool good;
     };
     const Row rows[] = {
-        {"ActH", "", false},
-        {"ActH", "1e300", false},
-        {"ActH", "-1e39", false},
-        {"ActH", "nan", false},
-        {"ActH", "450.25", true},
-        {"TransDepth", "10.7", false},
-        {"TransDepth", "", false},
-        {"TransDepth", "32768", false},
-        {"TransDepth", "-32768", true},
-        {"SelColor", "", false},
-        {"SelColor", "255.5", false},
-        {"SelColor", "2147483648", false},
-        {"SelColor", "2147483647", true},
-        {"SelColor", "-1", true},
-        {"SelColor", "16777216", true},
+        {"ActH", "", false},          {"ActH", "1e300", false},          {"ActH", "-1e39", false},
+        {"ActH", "nan", false},       {"ActH", "450.25", true},          {"TransDepth", "10.7", false},
+        {"TransDepth", "", false},    {"TransDepth", "32768", false},    {"TransDepth", "-32768", true},
+        {"SampleRows", "0.5", false}, {"SampleRows", "2500", true},      {"SelColor", "", false},
+        {"SelColor", "255.5", false}, {"SelColor", "2147483648", false}, {"SelColor", "2147483647", true},
+        {"SelColor", "-1", true},     {"SelColor", "16777216", true},
     };
     for (const Row& row : rows) {
         testkit::MemorySettings store;
@@ -79,10 +70,11 @@ TEST(Options, ANumberOfAnotherKindIsAFaultAndNeverCutOrBent) {
         options.TransDepth = 3;
         const std::string fault = LoadOptions(options, store, kFolder);
         EXPECT_EQ(fault.find(key) == std::string::npos, row.good) << key << " " << row.text;
-        const double read = key == "ActH"       ? static_cast<double>(options.canvas.ActH)
-                            : key == "SelColor" ? static_cast<double>(options.canvas.SelColor)
-                                                : static_cast<double>(options.TransDepth);
-        const double standard = key == "ActH" ? 450 : key == "SelColor" ? 16744448 : 10;
+        const double read = key == "ActH"         ? static_cast<double>(options.canvas.ActH)
+                            : key == "SampleRows" ? static_cast<double>(options.SampleRows)
+                            : key == "SelColor"   ? static_cast<double>(options.canvas.SelColor)
+                                                  : static_cast<double>(options.TransDepth);
+        const double standard = key == "ActH" ? 450 : key == "SampleRows" ? 1000 : key == "SelColor" ? 16744448 : 10;
         EXPECT_EQ(read, row.good ? std::stod(row.text) : standard) << key << " " << row.text;
     }
 }

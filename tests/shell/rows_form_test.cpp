@@ -132,4 +132,34 @@ TEST_F(RowsForm, AreGivenByHandAndHeldAgainstWhatIsExpected) {
     EXPECT_NE(rows.status().find("S is in no data source"), std::string::npos) << rows.status();
 }
 
+TEST_F(RowsForm, CountEqualRowsOnceUnlessTheyAreKept) {
+    canvas::DrawForm& form = stage.active();
+    form.facts.begin()->second.facts->rows = {{"a", "2"}, {"a", "2"}, {"b", "1"}};
+    form.nodeNamed("A")->activity()->Act_LDL = "a_out(X,sum<Y>)<-a_in1(X,Y).";
+    rows.touch(form);
+    run();
+    select("A");
+    EXPECT_EQ(shown(0), "a,2 b,1 ");
+    EXPECT_EQ(rows.status(), "Equal rows fell together before an aggregate: 1 in S.");
+    rows.chkKeepDuplicates_Click(true);
+    EXPECT_TRUE(rows.isOld());
+    EXPECT_EQ(stage.states.list("facts").size(), 1U) << "it is kept";
+    run();
+    EXPECT_EQ(shown(0), "a,4 b,1 ");
+    EXPECT_EQ(rows.status(), "");
+    stage.host.atExportSql = [](shell::ExportSqlForm& question) {
+        EXPECT_TRUE(question.keepDuplicates);
+        question.chosen = true;
+    };
+    stage.frame.run(Command::exportSql);
+    EXPECT_FALSE(rows.isOld()) << "it was the same there";
+    stage.host.atExportSql = [](shell::ExportSqlForm& question) {
+        question.keepDuplicates = false;
+        question.chosen = true;
+    };
+    stage.frame.run(Command::exportSql);
+    EXPECT_TRUE(rows.isOld());
+    EXPECT_FALSE(rows.keepDuplicates());
+}
+
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QSpinBox>
 #include <QTableWidget>
 #include <algorithm>
 
@@ -184,6 +185,19 @@ void OptionsWindow::showFunctions() {
     }
 }
 
+void OptionsWindow::newSampleRows() {
+    constexpr int kMostSampleRows = 1000000;
+    sampleRows_ = new QSpinBox(this);
+    sampleRows_->setObjectName(QStringLiteral("numSampleRows"));
+    sampleRows_->setRange(1, kMostSampleRows);
+    sampleRows_->setGroupSeparatorShown(true);
+    sampleRows_->setAlignment(Qt::AlignRight);
+    sampleRows_->setMinimumWidth(kNumberWidth);
+    sampleRows_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    sampleRows_->setToolTip(tr("So many rows of each record set that nobody feeds are read for the list of rows"));
+    connect(sampleRows_, &QSpinBox::valueChanged, this, [this](int rows) { logic_.SampleRows = std::to_string(rows); });
+}
+
 void OptionsWindow::buildRest() {
     QFormLayout* form = newForm();
     lblColor_ = new QPushButton(this);
@@ -206,6 +220,11 @@ void OptionsWindow::buildRest() {
     QLabel* colour = newCaption(tr("Selected Node Applied Color:"), this);
     colour->setBuddy(lblColor_);
     form->addRow(colour, line);
+
+    newSampleRows();
+    QLabel* rows = newCaption(tr("Rows Of A Sample:"), this);
+    rows->setBuddy(sampleRows_);
+    form->addRow(rows, sampleRows_);
 
     auto* row = new QHBoxLayout;
     txtSQL_ = newField(QStringLiteral("txtSQL"), this);
@@ -244,6 +263,10 @@ void OptionsWindow::showState() {
         txtSQL_->setText(QString::fromStdString(logic_.txtSQL));
     }
     shortNames_->setChecked(logic_.ShortNames);
+    {
+        const QSignalBlocker quiet(sampleRows_);
+        sampleRows_->setValue(QByteArray::fromStdString(logic_.SampleRows).toInt());
+    }
     const QSignalBlocker quiet(problems_);
     for (int row = 0; row < problems_->count(); ++row) {
         const bool told = logic_.Problems.test(static_cast<std::size_t>(row));

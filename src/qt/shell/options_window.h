@@ -12,6 +12,7 @@ class QGridLayout;
 class QGroupBox;
 class QLineEdit;
 class QListWidget;
+class QSpinBox;
 class QTableWidget;
 
 namespace orvent::qt {
@@ -28,6 +29,7 @@ class OptionsWindow : public FormWindow {
     QGroupBox* newZoom();
     QGroupBox* newProblems();
     QGroupBox* newFunctions();
+    void newSampleRows();
     void buildRest();
     void showFunctions();
     QDoubleSpinBox* newNumber(std::size_t index);
@@ -39,6 +41,7 @@ class OptionsWindow : public FormWindow {
     QLineEdit* txtSQL_ = nullptr;
     QListWidget* problems_ = nullptr;
     QTableWidget* functions_ = nullptr;
+    QSpinBox* sampleRows_ = nullptr;
     QCheckBox* shortNames_ = nullptr;
     QAction* missing_ = nullptr;  ///< marks a script that is not there
 };

@@ -1,5 +1,6 @@
 #include "qt/shell/rows_dock.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -131,6 +132,12 @@ QWidget* RowsDock::buildBar() {
             form.optWay_Click(index == 0 ? shell::RowsForm::Way::sample : shell::RowsForm::Way::atSource);
         });
     });
+    keep_ = new QCheckBox(tr("Keep Duplicates"));
+    keep_->setObjectName(QStringLiteral("chkKeepDuplicates"));
+    keep_->setToolTip(tr("Equal rows stay as many as there are ways to derive them; without it they count once"));
+    row->addWidget(keep_);
+    connect(keep_, &QCheckBox::clicked, this,
+            [this](bool keep) { act([keep](shell::RowsForm& form) { form.chkKeepDuplicates_Click(keep); }); });
     refresh_ = addButton(bar, "cmdRefresh", tr("Refresh"),
                          [this] { act([](shell::RowsForm& form) { form.cmdRefresh_Click(); }); });
     cancel_ = addButton(bar, "cmdCancelRun", tr("Cancel"),
@@ -234,6 +241,8 @@ void RowsDock::renewState() {
     const bool any = form && !form->tables().empty() && form->tables()[0].count() > 0;
     refresh_->setEnabled(form && form->canRefresh());
     cancel_->setEnabled(running);
+    keep_->setEnabled(form && form->watched());
+    keep_->setChecked(form && form->keepDuplicates());
     facts_->setEnabled(form && form->canGive());
     copy_->setEnabled(any);
     export_->setEnabled(any);

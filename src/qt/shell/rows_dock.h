@@ -7,6 +7,7 @@
 
 #include "shell/rows_form.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QProgressBar;
@@ -75,6 +76,7 @@ class RowsDock : public QDockWidget {
 
     std::function<shell::RowsForm*()> logic_;
     QComboBox* way_;
+    QCheckBox* keep_;
     QToolButton *refresh_, *cancel_, *facts_, *copy_, *export_;
     SearchField* filter_;
     QProgressBar* progress_;
