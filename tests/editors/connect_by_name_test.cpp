@@ -26,6 +26,16 @@ TEST(NamePairs, NamesFitMoreOrLess) {
     }
 }
 
+TEST(NamePairs, OnlyTheBestAreProposed) {
+    const std::vector<links::NamedEnd> sources = {{"EMP", "id"}, {"EMP", "ID"}, {"EMP", "I_D"}, {"EMP", "EMP_ID"}};
+    std::string pairs;
+    for (const links::NamePair& pair : links::pairsByName(sources, {{"Other", "ID"}, {"Other", "i_d"}},
+                                                          [](std::size_t, std::size_t) { return true; })) {
+        pairs += sources[pair.source].name + ">" + std::to_string(pair.target) + (pair.only ? "! " : " ");
+    }
+    EXPECT_EQ(pairs, "ID>0! id>1 ID>1 I_D>1 EMP_ID>1 ");
+}
+
 class ConnectByNameTest : public testkit::ZoomTest {
   protected:
     ConnectByNameTest() {

@@ -232,6 +232,9 @@ TEST_F(RecordSetPropTest, ColumnsAreTakenOver) {
     graph.recordSet("Other", {"X"});
     graph.recordSet("Empty");
     graph.edge("Maker", "Books");
+    graph.activity("Talker", {}, {"Talker.SAID"});
+    form->Lines.addFullLine(form->NamesColl.Item("Talker"), 1, form->NamesColl.Item("Books"), 1,
+                            canvas::EdgeTypeDescription, canvas::AngleStraight, 0);
     RecordSetProp dialog = open();
     const auto rows = [](const TakeOverForm& shown) {
         std::string words;
@@ -242,13 +245,16 @@ TEST_F(RecordSetPropTest, ColumnsAreTakenOver) {
     };
     const std::string first = catalogue.tables.dataTypes.name(0);
     dialogs.add<TakeOverForm>([&](TakeOverForm& shown) {
-        EXPECT_EQ(shown.Sources, (std::vector<std::string>{"Maker", "Other", "Lines of text"}));
+        EXPECT_EQ(shown.Sources, (std::vector<std::string>{"Maker", "Other", "Talker", "Lines of text"}));
+        shown.Source_Click(2);
+        EXPECT_EQ(rows(shown), "SAID:" + first + " ");
+        shown.Source_Click(0);
         EXPECT_EQ(rows(shown), "ID:" + first + "-is there already SUM:" + first + " ");
         shown.Row_Check(0, true);
         EXPECT_FALSE(shown.Rows[0].checked);
         shown.Row_Check(1, false);
         EXPECT_FALSE(shown.mayTake());
-        shown.Source_Click(2);
+        shown.Source_Click(3);
         shown.Pasted_Change("ID " + first + "\nA " + platform::lowerCase(first) +
                             "\nB blob\nC blob\nA x\nD\n\"e.f\" y\nID x\nA " + first);
         EXPECT_EQ(rows(shown), "ID:" + first + "-is there already A:" + platform::lowerCase(first) +
@@ -287,6 +293,9 @@ TEST(ColumnText, ReadsWhatPeopleHave) {
                  {{"order", "INT"}, {"Unit Price", "DECIMAL(8,2)"}, {"note", "TEXT"}}},
              Row{"CREATE TABLE t (a NUMBER(3), b CHAR(", {{"a", "NUMBER(3)"}, {"b", "CHAR("}}},
              Row{"\xC3\xA4 INT\n\"open", {{"\xC3\xA4", "INT"}, {"open", ""}}},
+             Row{"CREATE TABLE t (\"unique\" INT, A$B#C \"not\" NOT NULL, `d` DATE AS (x), E INT)",
+                 {{"unique", "INT"}, {"A$B#C", "not"}, {"d", "DATE"}, {"E", "INT"}}},
+             Row{"create view v;\nTABLE x (a)", {{"create", "view v"}, {"TABLE", "x(a)"}}},
          }) {
         EXPECT_EQ(readColumns(row.text), row.columns) << row.text;
     }
