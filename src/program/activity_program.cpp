@@ -70,6 +70,7 @@ class StatementReader : RuleScene {
         std::sort(result_.reads.begin(), result_.reads.end());
         result_.reads.erase(std::unique(result_.reads.begin(), result_.reads.end()), result_.reads.end());
         result_.asked = spellings_.asked();
+        result_.plain = !spellings_.passes();
         return std::move(result_);
     }
 

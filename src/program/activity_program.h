@@ -34,6 +34,7 @@ struct ActivityProgram {
     std::vector<Finding> findings;
     std::vector<canvas::NodeNumber> reads;  ///< record sets and activities that it reads by their names, ascending
     std::vector<std::string> asked;         ///< names of nodes, there or not, that it may mean
+    bool plain = true;                      ///< no other node's text but theirs has to do with it
 };
 
 /// What a check needs beside the activity.

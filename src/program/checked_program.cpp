@@ -61,10 +61,13 @@ struct Feed {
 
 class ProgramBuilder {
   public:
-    ProgramBuilder(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue)
-        : form_(form), types_(form, catalogue), sources_{form, catalogue, types_} {}
+    ProgramBuilder(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue, StatementCache* cache)
+        : form_(form), types_(form, catalogue), sources_{form, catalogue, types_}, cache_(cache) {}
 
     Program build() {
+        if (cache_) {
+            cache_->begin(sources_.catalogue);
+        }
         nodes_.resize(placeOf(form_.LabelsNo) + 1);
         statements_.resize(nodes_.size());
         feeds_.resize(nodes_.size());
@@ -117,7 +120,8 @@ class ProgramBuilder {
                         feeds.back().columns.push_back(activity->Act_Inputs.peek()->Item(position));
                     }
                 }
-                statements_[placeOf(node.Index())] = activityProgram(sources_, node);
+                statements_[placeOf(node.Index())] =
+                    cache_ ? cache_->read(sources_, node) : activityProgram(sources_, node);
                 add(std::exchange(statements_[placeOf(node.Index())].findings, {}));
                 own.own = addPredicate(PredicateKind::output, activity->Act_Name + "_out", node,
                                        columnsIn(activity->Act_Outputs));
@@ -370,6 +374,7 @@ class ProgramBuilder {
     const canvas::DrawForm& form_;
     const Types types_;
     const ProgramSources sources_;
+    StatementCache* cache_;
     Program program_;
     std::unordered_set<std::string> names_;
     std::vector<NodePredicates> nodes_;  ///< by `Index`, as are those below
@@ -380,8 +385,9 @@ class ProgramBuilder {
 
 }  // namespace
 
-Program checkedProgram(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue) {
-    return ProgramBuilder(form, catalogue).build();
+Program checkedProgram(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
+                       StatementCache* cache) {
+    return ProgramBuilder(form, catalogue, cache).build();
 }
 
 }  // namespace orvent::program

@@ -8,6 +8,7 @@
 #include "entities/name_tables.h"
 #include "program/activity_program.h"
 #include "program/finding.h"
+#include "program/statement_cache.h"
 #include "rules/syntax.h"
 
 namespace orvent::program {
@@ -51,6 +52,8 @@ struct Program {
     std::vector<Finding> findings;
 };
 
-Program checkedProgram(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue);
+/// `cache` keeps statements from one time to the next; the program is the same without one.
+Program checkedProgram(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
+                       StatementCache* cache = nullptr);
 
 }  // namespace orvent::program

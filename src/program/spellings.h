@@ -42,6 +42,9 @@ class Spellings {
     /// Names of nodes, there or not, that the statement may have meant.
     const std::vector<std::string>& asked() const { return asked_; }
 
+    /// Some spellings are what the generator itself makes of them.
+    bool passes() const { return passes_; }
+
     /// How the statement calls its outputs, such as "load_out".
     const std::string& outputName() const { return small_; }
 
