@@ -27,7 +27,7 @@ struct NoLogins : run::Logins {
 class RunReport {
   public:
     RunReport(run::Run& run, const canvas::DrawForm& form)
-        : run_(run), form_(form), verdicts_(run::verdicts(run, form)) {
+        : run_(run), form_(form), verdicts_(run::verdicts(run, run::expectedOf(form))) {
         for (std::size_t at = 0; at < run.program().predicates.size(); ++at) {
             const canvas::NodeNumber node = run.program().predicates[at].node;
             if (run.nodes().at(node).out == at) {

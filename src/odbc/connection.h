@@ -26,6 +26,8 @@ class OdbcConnection : public platform::Connection {
 
     std::string databaseName() const override { return session_.databaseName(); }
 
+    void cancel() override { session_.cancel(); }
+
     void refuseChanges() override {
         session_.refuseChanges();
         onlyRead_ = true;

@@ -48,6 +48,10 @@ platform::TextLimit Dialect::textLimit(std::size_t width, platform::TextColumn c
             .bytes = static_cast<std::size_t>(rules_->keyBytes)};
 }
 
+bool Dialect::cancelsByAnother() const {
+    return rules_ != nullptr && rules_->cancelsByAnother;
+}
+
 bool Dialect::keepsPlaceInBlock() const {
     return rules_ == nullptr || rules_->keepsPlaceInBlock;
 }

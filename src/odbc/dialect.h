@@ -32,6 +32,9 @@ class Dialect {
     /// False for a driver that loses its place when it is asked for a single value of a block of rows.
     bool keepsPlaceInBlock() const;
 
+    /// True where the way to break into a statement is to cancel another one of its connection.
+    bool cancelsByAnother() const;
+
     /// What a column takes that was created with `width` characters.
     platform::TextLimit textLimit(std::size_t width, platform::TextColumn column) const;
 

@@ -49,6 +49,8 @@ struct DialectRules {
     long keyBytes;     ///< and the most bytes of its texts
     bool keepsWidths;  ///< refuses a text that is wider than its column
 
+    bool cancelsByAnother;  ///< a statement is broken into by way of another one: the driver closes what it is given
+
     bool keepsPlaceInBlock;  ///< the driver goes on behind the block after a single value of it was asked for
 
     TypeNames types;

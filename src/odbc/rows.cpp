@@ -184,7 +184,7 @@ void Rows::widen() {
 }
 
 bool Rows::fetch() {
-    if (present_ + 1 < fetched_) {
+    if (isNextAtHand()) {
         ++present_;
         return true;
     }

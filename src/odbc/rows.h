@@ -41,6 +41,8 @@ class Rows {
     void close();
 
     bool fetch();
+    /// The next row came with the present one.
+    bool isNextAtHand() const { return present_ + 1 < fetched_; }
 
     bool isNull(int column) { return length(at(column)) == SQL_NULL_DATA; }
     std::string text(int column);

@@ -16,6 +16,9 @@ Session::Session(const Environment& environment, const std::string& connectionSt
     if (!dialect_.setUp().empty()) {
         run(dialect_.setUp());
     }
+    if (dialect_.cancelsByAnother()) {
+        breaker_ = std::make_unique<StatementHandle>(link_.get());
+    }
 }
 
 Session::~Session() = default;
@@ -34,9 +37,27 @@ void Session::refuseChanges() {
     }
 }
 
+void Session::cancel() {
+    const std::lock_guard lock(mutex_);
+    if (working_ != SQL_NULL_HANDLE) {
+        SQLCancel(breaker_ ? breaker_->get() : working_);
+    }
+}
+
+Session::Working::Working(Session& session, SQLHANDLE statement) : session_(session) {
+    const std::lock_guard lock(session_.mutex_);
+    before_ = std::exchange(session_.working_, statement);
+}
+
+Session::Working::~Working() {
+    const std::lock_guard lock(session_.mutex_);
+    session_.working_ = before_;
+}
+
 void Session::run(const std::string& sql) {
     const StatementHandle handle(link_.get());
     std::string text = sql;
+    const Working working(*this, handle.get());
     const SQLRETURN outcome =
         SQLExecDirect(handle.get(), reinterpret_cast<SQLCHAR*>(text.data()), static_cast<SQLINTEGER>(text.size()));
     if (!SQL_SUCCEEDED(outcome) && outcome != SQL_NO_DATA) {

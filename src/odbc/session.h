@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "odbc/dialect.h"
@@ -32,6 +33,21 @@ class Session {
     /// Runs a statement of the database's own.
     void run(const std::string& sql);
 
+    /// As `platform::Connection` tells it, from any thread.
+    void cancel();
+    /// As long as it lives, a statement works that may be broken into.
+    class Working {
+      public:
+        Working(Session& session, SQLHANDLE statement);
+        ~Working();
+        Working(const Working&) = delete;
+        Working& operator=(const Working&) = delete;
+
+      private:
+        Session& session_;
+        SQLHANDLE before_;  ///< which waits for this one
+    };
+
     /// A sequence of a database that has none: the statement that draws, and this connection's last number.
     struct Sequence {
         std::unique_ptr<platform::Statement> draw;
@@ -45,6 +61,9 @@ class Session {
     bool givesSingleValues_;
     std::string where_;
     std::map<std::string, Sequence, std::less<>> sequences_;
+    std::unique_ptr<StatementHandle> breaker_;  ///< by which the others are broken into, where that is the way
+    std::mutex mutex_;
+    SQLHANDLE working_ = SQL_NULL_HANDLE;
 };
 
 }  // namespace orvent::odbc

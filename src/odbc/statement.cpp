@@ -136,6 +136,7 @@ void OdbcStatement::execute() {
     for (const SequenceUse& use : translation_.sequences) {
         bindNumber(use.parameter, numberFor(use));
     }
+    const Session::Working working(session_, handle_.get());
     SQLRETURN outcome = SQLExecute(handle_.get());
     for (int attempt = 1; attempt < kAttempts && outcome == SQL_ERROR && lostToAnother(handle_.get()); ++attempt) {
         outcome = SQLExecute(handle_.get());
@@ -169,6 +170,10 @@ long long OdbcStatement::changedRows() {
 }
 
 bool OdbcStatement::fetch() {
+    if (rows_.isNextAtHand()) {
+        return rows_.fetch();
+    }
+    const Session::Working working(session_, handle_.get());
     return rows_.fetch();
 }
 

@@ -87,6 +87,11 @@ class Connection {
     /// From now on the database refuses every change, as far as it or its driver knows how to.
     virtual void refuseChanges() {}
 
+    /// Breaks into the statement that another thread has running on this connection: it fails soon, or gives what it
+    /// has as if that were all. Nothing happens where none runs, or where the driver does not know how. The one word
+    /// that may be called while another thread uses the connection.
+    virtual void cancel() {}
+
     /// The database is known to refuse every change. False may also mean that it has not said so.
     virtual bool readOnly() const { return false; }
 };

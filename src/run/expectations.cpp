@@ -125,14 +125,21 @@ Expectation expectationFrom(const std::string& line) {
                           "VALUE.");
 }
 
-std::vector<Verdict> verdicts(Run& run, const canvas::DrawForm& form) {
-    std::vector<Verdict> all;
+Expected expectedOf(const canvas::DrawForm& form) {
+    Expected expected;
     for (const auto& [number, facts] : form.facts) {
-        if (!form.Labels.byIndex(number)) {
-            continue;
+        if (form.Labels.byIndex(number) && !facts.expectations.empty()) {
+            expected[number] = facts.expectations;
         }
+    }
+    return expected;
+}
+
+std::vector<Verdict> verdicts(Run& run, const Expected& expected) {
+    std::vector<Verdict> all;
+    for (const auto& [number, expectations] : expected) {
         const auto rows = run.nodes().find(number);
-        for (const Expectation& expectation : facts.expectations) {
+        for (const Expectation& expectation : expectations) {
             Verdict& verdict = all.emplace_back(Verdict{number, expectation});
             if (rows == run.nodes().end() || !rows->second.out) {
                 verdict.words = "it has no rows";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,11 @@ std::string wordsOf(const entities::Expectation& expectation);
 /// The same back, whatever the case of its words. Throws a `platform::Fault` for any other line.
 entities::Expectation expectationFrom(const std::string& line);
 
+/// What is expected of the nodes of a scenario.
+using Expected = std::map<canvas::NodeNumber, std::vector<entities::Expectation>>;
+Expected expectedOf(const canvas::DrawForm& form);
+
 /// Holds the rows of a run that has ended against what is expected of its nodes.
-std::vector<Verdict> verdicts(Run& run, const canvas::DrawForm& form);
+std::vector<Verdict> verdicts(Run& run, const Expected& expected);
 
 }  // namespace orvent::run

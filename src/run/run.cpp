@@ -1,6 +1,8 @@
 #include "run/run.h"
 
 #include "platform/text.h"
+#include "run/record_source.h"
+#include "run/source_query.h"
 #include "sql/values.h"
 
 namespace orvent::run {
@@ -8,7 +10,7 @@ namespace orvent::run {
 using program::Family;
 
 void Run::plan(program::Program program, sql::Compiled compiled, const sql::Dialect& dialect,
-               const canvas::Canvas& form) {
+               const canvas::DrawForm& form) {
     program_ = std::move(program);
     compiled_ = std::move(compiled);
     dialect_ = &dialect;
@@ -17,6 +19,7 @@ void Run::plan(program::Program program, sql::Compiled compiled, const sql::Dial
     for (const auto& [node, rows] : nodes_) {
         names_[node] = form.Labels.byIndex(node)->Caption();
     }
+    findTargets(form);
     outcomes_.assign(program_.predicates.size(), {});
     done_ = 0;
     for (const sql::Query& each : compiled_.queries) {
@@ -27,6 +30,46 @@ void Run::plan(program::Program program, sql::Compiled compiled, const sql::Dial
         const std::string read = own.empty() ? missingRead(each) : "";
         outcomes_[each.predicate] = {Outcome::State::none, 0, !own.empty() ? own : read.empty() ? each.why : read, {}};
     }
+}
+
+void Run::findTargets(const canvas::DrawForm& form) {
+    targets_.clear();
+    for (std::size_t at = 0; at < program_.predicates.size(); ++at) {
+        const program::Predicate& predicate = program_.predicates[at];
+        if (predicate.kind != program::PredicateKind::recordSet) {
+            continue;
+        }
+        const auto given = form.facts.find(predicate.node);
+        if (given != form.facts.end() && given->second.facts) {
+            targets_[at].count = static_cast<long long>(given->second.facts->rows.size());
+            continue;
+        }
+        const RecordSource source = recordSource(*form.Labels.byIndex(predicate.node)->recordSet());
+        program::Predicate before = predicate;
+        before.kind = program::PredicateKind::before;
+        SourceQueries queries = source.why.empty() ? sourceQueries(form, before, at) : SourceQueries{{}, source.why};
+        if (queries.why.empty()) {
+            targets_[at] = {{}, source.alias, std::move(queries.byDialect)};
+        }
+    }
+}
+
+std::optional<long long> Run::heldBefore(std::size_t predicate) {
+    const auto known = targets_.find(predicate);
+    if (known == targets_.end()) {
+        return std::nullopt;
+    }
+    Target& target = known->second;
+    if (!target.count && sources_.isKnown(target.alias)) {
+        const OpenSource source = sources_.open(target.alias);
+        const Interruption::Working working(interruption_, *source.connection);
+        const auto counted =
+            source.connection->prepareAsIs("SELECT COUNT(*) FROM (" + target.queries.at(source.dialect->name) + ") q");
+        counted->execute();
+        const bool there = counted->fetch() && !isCancelled();
+        target.count = there ? std::optional(counted->number(1)) : std::nullopt;
+    }
+    return target.count;
 }
 
 std::string Run::fallenWords() const {

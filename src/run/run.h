@@ -1,11 +1,15 @@
 #pragma once
 
 #include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "canvas/draw_form.h"
 #include "entities/name_tables.h"
+#include "run/interruption.h"
 #include "run/rows.h"
+#include "run/source_connections.h"
 #include "sql/compiler.h"
 
 namespace orvent::run {
@@ -19,9 +23,11 @@ struct RunOptions {
 
 /// A scenario that is run to see its rows. Use: `begin`, then `step` until it gives false; between two steps one may
 /// look at what is there, or stop for good: then the next `begin` goes on where it was. What it shows is of the
-/// scenario as it was at `begin`, whatever has become of that.
+/// scenario as it was at `begin`, whatever has become of that; so all but `begin` may be called in another thread,
+/// which then is the only one. `begin` is where somebody is asked for logins.
 class Run {
   public:
+    explicit Run(SourceConnections& sources) : sources_(sources) {}
     virtual ~Run() = default;
 
     virtual void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
@@ -38,6 +44,16 @@ class Run {
         Page first;
     };
     virtual Selected select(std::size_t predicate, const std::string& condition, std::size_t most) = 0;
+    /// How many rows a record set that is fed held before, by hand or at its data source; nothing where nobody knows,
+    /// or nobody has logged in there. Throws a `platform::Fault`.
+    std::optional<long long> heldBefore(std::size_t predicate);
+
+    /// From any thread: breaks into what a step, a page or a selection waits for. Nothing has come of that, and nothing
+    /// else is done until `resume`; a step is as before it.
+    void cancel() { interruption_.cancel(); }
+    void resume() { interruption_.reset(); }
+    bool isCancelled() const { return interruption_.isCancelled(); }
+
     /// The condition that such an expectation says must hold for no row.
     std::string conditionOf(std::size_t predicate, const entities::Expectation& expectation) const;
 
@@ -60,12 +76,13 @@ class Run {
   protected:
     /// Takes over what was compiled; no predicate has rows yet.
     void plan(program::Program program, sql::Compiled compiled, const sql::Dialect& dialect,
-              const canvas::Canvas& form);
+              const canvas::DrawForm& form);
     const sql::Query& query(std::size_t at) const { return compiled_.queries[at]; }
     Outcome& outcome(std::size_t predicate) { return outcomes_[predicate]; }
     /// The node at which the rows end that this query reads, in words; empty when nothing is known to lack.
     std::string missingRead(const sql::Query& query) const;
 
+    SourceConnections& sources_;
     program::Program program_;
     sql::Compiled compiled_;
     std::map<canvas::NodeNumber, NodeRows> nodes_;
@@ -73,6 +90,19 @@ class Run {
     std::vector<Outcome> outcomes_;
     const sql::Dialect* dialect_ = nullptr;
     std::size_t done_ = 0;  ///< of the queries
+    Interruption interruption_;
+    program::StatementCache statements_;
+
+  private:
+    /// Where the rows lie that a record set held before it is fed.
+    struct Target {
+        std::optional<long long> count{};  ///< of those by hand, or as it was counted
+        std::string alias{};
+        std::map<std::string_view, std::string> queries{};  ///< by dialect
+    };
+    void findTargets(const canvas::DrawForm& form);
+
+    std::map<std::size_t, Target> targets_;  ///< by predicate
 };
 
 }  // namespace orvent::run

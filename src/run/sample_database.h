@@ -21,6 +21,7 @@ class SampleDatabase {
     explicit SampleDatabase(platform::Database& database);
 
     const sql::Dialect& dialect() const { return dialect_; }
+    platform::Connection& connection() { return *connection_; }
 
     /// Makes a table of the rows of a query, and gives their number.
     long long make(const std::string& table, const std::string& select);

@@ -22,30 +22,47 @@ void SampleRun::begin(const canvas::DrawForm& form, const entities::CatalogueTab
     if (!sample_) {
         sample_ = std::make_unique<SampleDatabase>(database_);
     }
-    reading_.reset();
-    sources_.closeAll();
     Origins origins(form, sample_->dialect(), options.sampleRows);
-    program::Program program = program::checkedProgram(form, catalogue);
+    program::Program program = program::checkedProgram(form, catalogue, &statements_);
     // No name of a table begins as those do that the engine keeps for itself.
     sql::Compiled compiled = sql::compiled(program, form, catalogue, sample_->dialect(), origins,
                                            {options.keepDuplicates, "rows ", options.functions});
-    plan(std::move(program), std::move(compiled), sample_->dialect(), form);
-    origins_ = std::move(origins.found());
     for (auto& [name, made] : tables_) {
         made.origin.most = options.anew && !made.origin.alias.empty() ? 0 : made.origin.most;
     }
+    for (const auto& [place, origin] : origins.found()) {
+        if (!origin.alias.empty() && !isHeld(origin)) {
+            sources_.ask(origin.alias);
+        }
+    }
+    reading_.reset();
+    sources_.closeAll();
+    resume();
+    plan(std::move(program), std::move(compiled), sample_->dialect(), form);
+    origins_ = std::move(origins.found());
+}
+
+bool SampleRun::readsSources() const {
+    return std::any_of(origins_.begin(), origins_.end(), [](const auto& each) { return !each.second.alias.empty(); });
+}
+
+bool SampleRun::isHeld(const Origin& origin) const {
+    const auto held = tables_.find(origin.table);
+    return held != tables_.end() && held->second.origin == origin;
 }
 
 bool SampleRun::step() {
-    for (bool worked = false; !worked && done_ < total();) {
+    for (bool worked = false; !worked && done_ < total() && !isCancelled();) {
         const Query& next = query(done_);
         try {
             worked = work(next);
         } catch (const platform::Fault& fault) {
             reading_.reset();
-            outcome(next.predicate) = {State::failed, 0, fault.description(), statement_};
-            ++done_;
             worked = true;
+            if (!isCancelled()) {
+                outcome(next.predicate) = {State::failed, 0, fault.description(), statement_};
+                ++done_;
+            }
         }
     }
     if (done_ < total()) {
@@ -72,8 +89,7 @@ bool SampleRun::work(const Query& next) {
     }
     if (const auto given = origins_.find(next.predicate); given != origins_.end()) {
         const Origin& origin = given->second;
-        const auto held = tables_.find(origin.table);
-        if (held == tables_.end() || !(held->second.origin == origin)) {
+        if (!isHeld(origin)) {
             const std::vector<Family>& families = table(next.predicate).families;
             origin.rows ? fillByHand(origin, families) : startReading(origin, families);
             return true;
@@ -113,6 +129,7 @@ void SampleRun::makeTable(const Query& next) {
     const std::string& name = table(next.predicate).name;
     drop(name);
     statement_ = next.select;
+    const Interruption::Working working(interruption_, sample_->connection());
     Made made;
     made.rows = sample_->make(name, next.select);
     made.fallen = next.fallen.empty() ? 0 : sample_->number(next.fallen);
@@ -138,6 +155,7 @@ void SampleRun::startReading(const Origin& origin, const std::vector<Family>& fa
     auto reading = std::make_unique<Reading>();
     reading->query = statement_;
     reading->connection = source.connection;
+    const Interruption::Working working(interruption_, *reading->connection);
     reading->rows = source.connection->prepareAsIs(statement_);
     reading->rows->execute();
     std::vector<FieldRow> first;
@@ -148,6 +166,9 @@ void SampleRun::startReading(const Origin& origin, const std::vector<Family>& fa
             row.push_back(reading->rows->isNull(column) ? Field() : Field(reading->rows->text(column)));
         }
     }
+    if (isCancelled()) {
+        return;  // a driver may give fewer rows, or others, without a fault
+    }
     reading->left = more ? origin.most - first.size() : 0;
     reading->filling = std::make_unique<SampleDatabase::Filling>(*sample_, origin.table, families, first);
     reading_ = std::move(reading);
@@ -155,6 +176,8 @@ void SampleRun::startReading(const Origin& origin, const std::vector<Family>& fa
 
 void SampleRun::readOn(const Origin& origin) {
     statement_ = reading_->query;
+    const std::shared_ptr<platform::Connection> connection = reading_->connection;  // which outlives what is done in it
+    const Interruption::Working working(interruption_, *connection);
     for (std::size_t row = 0; row < kBatch && reading_->left > 0; ++row) {
         if (!reading_->rows->fetch()) {
             reading_->left = 0;
@@ -163,7 +186,9 @@ void SampleRun::readOn(const Origin& origin) {
         reading_->filling->add(*reading_->rows);
         --reading_->left;
     }
-    if (reading_->left == 0) {
+    if (isCancelled()) {
+        reading_.reset();
+    } else if (reading_->left == 0) {
         reading_->rows.reset();
         endFilling(*reading_->filling, origin);
         reading_.reset();
@@ -202,11 +227,12 @@ void SampleRun::dropOthers() {
 }
 
 Page SampleRun::page(std::size_t predicate, std::size_t most) {
-    Page page = sample_->page(table(predicate), most);
-    return page;
+    const Interruption::Working working(interruption_, sample_->connection());
+    return sample_->page(table(predicate), most);
 }
 
 Run::Selected SampleRun::select(std::size_t predicate, const std::string& condition, std::size_t most) {
+    const Interruption::Working working(interruption_, sample_->connection());
     return {sample_->count(table(predicate).name, condition), sample_->page(table(predicate), most, condition)};
 }
 

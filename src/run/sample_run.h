@@ -18,7 +18,7 @@ namespace orvent::run {
 /// nothing that has, is kept.
 class SampleRun : public Run {
   public:
-    SampleRun(platform::Database& database, SourceConnections& sources) : database_(database), sources_(sources) {}
+    SampleRun(platform::Database& database, SourceConnections& sources) : Run(sources), database_(database) {}
 
     void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                const RunOptions& options) override;
@@ -26,6 +26,8 @@ class SampleRun : public Run {
     Page page(std::size_t predicate, std::size_t most) override;
     Selected select(std::size_t predicate, const std::string& condition, std::size_t most) override;
 
+    /// Whether rows come from a data source, not all by hand.
+    bool readsSources() const;
     /// How many tables were made of queries or filled since this was made.
     std::size_t made() const { return numbers_; }
 
@@ -49,6 +51,7 @@ class SampleRun : public Run {
         std::size_t left = 0;
     };
 
+    bool isHeld(const Origin& origin) const;
     bool work(const sql::Query& query);
     bool isPresent(const sql::Query& query);
     std::string whyNot(const sql::Query& query) const;
@@ -62,7 +65,6 @@ class SampleRun : public Run {
     void dropOthers();
 
     platform::Database& database_;
-    SourceConnections& sources_;
     std::unique_ptr<SampleDatabase> sample_;
     std::map<std::size_t, Origin> origins_;  ///< by predicate
     std::map<std::string, Made> tables_;     ///< by name

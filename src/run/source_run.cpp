@@ -40,9 +40,12 @@ std::string commonAlias(const program::Program& program, const canvas::DrawForm&
 
 void SourceRun::begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                       const RunOptions& options) {
+    program::Program program = program::checkedProgram(form, catalogue, &statements_);
+    const std::string alias = commonAlias(program, form);
+    sources_.ask(alias);
     sources_.closeAll();
-    program::Program program = program::checkedProgram(form, catalogue);
-    alias_ = commonAlias(program, form);
+    resume();
+    alias_ = alias;
     const sql::Dialect& dialect = *sources_.open(alias_).dialect;
     const sql::DesignRows held(form, dialect);
     sql::Compiled compiled =
@@ -51,7 +54,7 @@ void SourceRun::begin(const canvas::DrawForm& form, const entities::CatalogueTab
 }
 
 bool SourceRun::step() {
-    while (done_ < total()) {
+    while (done_ < total() && !isCancelled()) {
         const sql::Query& next = query(done_++);
         Outcome& its = outcome(next.predicate);
         if (its.state != State::waiting) {
@@ -62,9 +65,13 @@ bool SourceRun::step() {
         } catch (const platform::Fault& fault) {
             its = {State::failed, 0, fault.description(), rowsOf(next.predicate, "COUNT(*)", {})};
         }
+        if (isCancelled()) {
+            its = {};
+            --done_;
+        }
         return done_ < total();
     }
-    return false;
+    return done_ < total();
 }
 
 std::string SourceRun::rowsOf(std::size_t predicate, const std::string& columns, const std::string& condition) const {
@@ -73,7 +80,9 @@ std::string SourceRun::rowsOf(std::size_t predicate, const std::string& columns,
 }
 
 long long SourceRun::count(std::size_t predicate, const std::string& condition) {
-    const auto counted = connection().prepareAsIs(rowsOf(predicate, "COUNT(*)", condition));
+    const OpenSource source = sources_.open(alias_);
+    const Interruption::Working working(interruption_, *source.connection);
+    const auto counted = source.connection->prepareAsIs(rowsOf(predicate, "COUNT(*)", condition));
     counted->execute();
     return counted->fetch() ? counted->number(1) : 0;
 }
@@ -96,13 +105,18 @@ Run::Selected SourceRun::select(std::size_t predicate, const std::string& condit
         list += (column == 0 ? "" : ", ") +
                 values.as({dialect_->quoted(its.columns[column]), its.families[column]}, Family::text).sql;
     }
-    const auto rows =
-        connection().prepareAsIs(firstRows(*dialect_, rowsOf(predicate, list.empty() ? "1" : list, condition), most));
+    const OpenSource source = sources_.open(alias_);
+    const Interruption::Working working(interruption_, *source.connection);
+    const auto rows = source.connection->prepareAsIs(
+        firstRows(*dialect_, rowsOf(predicate, list.empty() ? "1" : list, condition), most));
     for (rows->execute(); page.rows.size() < most && rows->fetch();) {
         FieldRow& row = page.rows.emplace_back();
         for (int column = 1; column <= static_cast<int>(page.columns.size()); ++column) {
             row.push_back(rows->isNull(column) ? Field() : Field(rows->text(column)));
         }
+    }
+    if (isCancelled()) {
+        throw platform::Fault("Cancelled.");
     }
     selected.count = static_cast<long long>(page.rows.size());
     if (!condition.empty() && page.rows.size() == most) {

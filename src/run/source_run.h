@@ -11,7 +11,7 @@ namespace orvent::run {
 /// the rows that are shown come back. `step` counts the rows of one node after the other.
 class SourceRun : public Run {
   public:
-    explicit SourceRun(SourceConnections& sources) : sources_(sources) {}
+    explicit SourceRun(SourceConnections& sources) : Run(sources) {}
 
     /// Throws a `platform::Fault` where the record sets are not in one data source, or it cannot be opened.
     void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
@@ -23,9 +23,7 @@ class SourceRun : public Run {
   private:
     std::string rowsOf(std::size_t predicate, const std::string& columns, const std::string& condition) const;
     long long count(std::size_t predicate, const std::string& condition);
-    platform::Connection& connection() { return *sources_.open(alias_).connection; }
 
-    SourceConnections& sources_;
     std::string alias_;
 };
 

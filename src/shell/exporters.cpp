@@ -93,8 +93,8 @@ constexpr Exporter kExporters[] = {
      Needs::catalogue,
      [](const canvas::DrawForm& form, const ExportServices& services) {
          const std::map<canvas::NodeNumber, entities::NodeFacts> none;
-         return program::clingoText(program::checkedProgram(form, services.catalogue), services.catalogue,
-                                    services.facts ? form.facts : none);
+         const auto& rows = !services.facts ? none : services.sample.empty() ? form.facts : services.sample;
+         return program::clingoText(program::checkedProgram(form, services.catalogue), services.catalogue, rows);
      }},
     {kSqlExporter,
      "the checked program as SQL: a view of each activity in the order of the flow, and the statements that load the "
@@ -135,12 +135,13 @@ bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices&
     return question.chosen;
 }
 
-bool mayWriteFacts(const canvas::DrawForm& form, platform::MessageBox& messages) {
-    const bool has = std::any_of(form.facts.begin(), form.facts.end(),
-                                 [](const auto& node) { return node.second.facts && !node.second.facts->rows.empty(); });
-    return has && messages.show("Would you like the rows that were given by hand to be written as facts?",
-                                "Export Program", platform::Icon::question,
-                                platform::Buttons::yesNo) == platform::Answer::yes;
+bool mayWriteFacts(const canvas::DrawForm& form, const ExportServices& services, platform::MessageBox& messages) {
+    const auto& all = services.sample.empty() ? form.facts : services.sample;
+    const bool has = std::any_of(
+        all.begin(), all.end(), [](const auto& node) { return node.second.facts && !node.second.facts->rows.empty(); });
+    const std::string which = services.sample.empty() ? "that were given by hand" : "of the sample";
+    return has && messages.show("Would you like the rows " + which + " to be written as facts?", "Export Program",
+                                platform::Icon::question, platform::Buttons::yesNo) == platform::Answer::yes;
 }
 
 std::span<const Exporter> exporters() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,6 +26,8 @@ struct ExportServices {
     bool keepDuplicates = false;            ///< queries mean bags of rows
     sql::OwnFunctions functions{};          ///< as the designer says them in queries
     bool facts = false;                     ///< the program has the rows that are given by hand
+    /// Those that were read for a sample; where there are any the program has these in the place of the others.
+    std::map<canvas::NodeNumber, entities::NodeFacts> sample{};
     /// How activities of a type write their target, 1 to overwrite it and 2 to append; 0 when nobody knows.
     std::function<std::int16_t(std::int16_t type)> consumerSemantics{};
 };
@@ -59,8 +62,9 @@ inline constexpr std::string_view kMetricsExporter = "metrics";
 bool askForSql(const Exporter& exporter, canvas::DrawForm& form, ExportServices& services, std::string& dialect,
                const forms::Dialogs& dialogs);
 
-/// Asks whether the rows that the scenario gives by hand are written; not where there are none.
-bool mayWriteFacts(const canvas::DrawForm& form, platform::MessageBox& messages);
+/// Asks whether the rows of a sample, or else those that the scenario gives by hand, are written; not where there are
+/// none.
+bool mayWriteFacts(const canvas::DrawForm& form, const ExportServices& services, platform::MessageBox& messages);
 
 std::span<const Exporter> exporters();
 /// The one of that name. Throws a `Fault` when there is none.

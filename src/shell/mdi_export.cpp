@@ -12,7 +12,10 @@ void MDIForm1::exportAs(std::string_view exporter) {
     ExportServices services{catalogue_.tables, ports_.progress, options_.TransDepth};
     services.consumerSemantics = consumerSemanticsOf(documentTypes_);
     services.functions = options_.functions;
-    services.facts = way.name == kProgramExporter && mayWriteFacts(form, ports_.messages);
+    if (way.name == kProgramExporter) {
+        services.sample = lists_.rows().sampleOf(form);
+        services.facts = mayWriteFacts(form, services, ports_.messages);
+    }
     if (way.needs == Exporter::Needs::dialect) {
         const bool kept = form.KeepDuplicates;
         if (!askForSql(way, form, services, options_.SqlDialect, host_.dialogs())) {

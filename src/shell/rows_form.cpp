@@ -12,7 +12,8 @@ namespace orvent::shell {
 
 namespace {
 
-constexpr auto kAtOnce = std::chrono::milliseconds(40);  ///< so long the program does not answer
+constexpr std::chrono::milliseconds kOnceMore(20);
+constexpr std::chrono::milliseconds kAnswer(500);  ///< so long a driver is waited for that is to break off
 
 std::vector<std::string> columnsOf(const canvas::LabelsD& node) {
     std::vector<std::string> columns;
@@ -29,7 +30,12 @@ std::vector<std::string> columnsOf(const canvas::LabelsD& node) {
 RowsForm::RowsForm(const RowsPorts& ports)
     : ports_(ports), connections_(ports.ports.database, ports.ports.dataSources, *this) {}
 
-RowsForm::~RowsForm() = default;
+RowsForm::~RowsForm() {
+    // The scenarios may be gone by now, so nothing is taken over.
+    while (working_ && !worker_.wait(kOnceMore)) {
+        working_->run->cancel();
+    }
+}
 
 std::optional<run::Login> RowsForm::loginFor(const std::string& source) {
     SourceLogin dialog(source);
@@ -43,7 +49,7 @@ RowsForm::State* RowsForm::state() const {
 }
 
 bool RowsForm::isRunning() const {
-    return state() && state()->running;
+    return state() && (state()->running || working_ == state());
 }
 
 bool RowsForm::isOld() const {
@@ -51,11 +57,11 @@ bool RowsForm::isOld() const {
 }
 
 std::size_t RowsForm::done() const {
-    return isRunning() ? state()->run->done() : 0;
+    return state() && state()->running ? state()->done : 0;
 }
 
 std::size_t RowsForm::total() const {
-    return isRunning() ? state()->run->total() : 0;
+    return state() && state()->running ? state()->run->total() : 0;
 }
 
 std::string RowsForm::status() const {
@@ -71,12 +77,13 @@ std::string RowsForm::status() const {
     }
     const auto unmet = std::count_if(its->verdicts.begin(), its->verdicts.end(),
                                      [](const run::Verdict& verdict) { return !verdict.met; });
-    std::string state = its->running     ? "Running."
-                        : its->old       ? "Old: the scenario has changed since."
-                        : its->cancelled ? "Cancelled. Refresh goes on."
-                                         : "";
-    if (const std::string fallen = its->running ? "" : its->run->fallenWords(); !fallen.empty()) {
-        state += (state.empty() ? "" : " ") + fallen;
+    std::string state = its->running                        ? "Running."
+                        : its->cancelled && working_ == its ? "Cancelled; the database is still at its last statement."
+                        : its->old                          ? "Old: the scenario has changed since."
+                        : its->cancelled                    ? "Cancelled. Refresh goes on."
+                                                            : "";
+    if (!its->running && !its->fallen.empty()) {
+        state += (state.empty() ? "" : " ") + its->fallen;
     }
     if (its->verdicts.empty() || its->running) {
         return state;
@@ -134,9 +141,12 @@ void RowsForm::cmdRefresh_Click() {
     options.anew = its->run == &run && !its->old && !its->cancelled;
     its->fault.clear();
     its->verdicts.clear();
+    notWanted_.reset();
     try {
         run.begin(form, ports_.tables, options);
         its->run = &run;
+        its->see();
+        its->expected = run::expectedOf(form);
         its->running = true;
         its->old = its->cancelled = false;
     } catch (const platform::Fault& fault) {
@@ -148,32 +158,16 @@ void RowsForm::cmdRefresh_Click() {
 }
 
 void RowsForm::cmdCancel_Click() {
-    if (State* its = state(); its && its->running) {
-        its->running = false;
-        its->cancelled = true;
-        fill();
-        tell();
+    if (!isRunning()) {
+        return;
     }
-}
-
-bool RowsForm::idle() {
-    follow();
-    State* its = state();
-    if (!its || !its->running) {
-        return false;
-    }
-    const auto end = std::chrono::steady_clock::now() + kAtOnce;
-    bool more = true;
-    while (more && std::chrono::steady_clock::now() < end) {
-        more = its->run->step();
-    }
-    if (!more) {
-        its->running = false;
-        its->verdicts = run::verdicts(*its->run, form_->scenario());
-        fill();
-    }
+    State& its = *state();
+    its.running = false;
+    its.cancelled = true;
+    notWanted_ = focus();
+    stop(kAnswer);
+    fill();
     tell();
-    return more;
 }
 
 void RowsForm::txtFilter_Change(const std::string& word) {
@@ -260,6 +254,9 @@ void RowsForm::show(bool shown) {
 void RowsForm::watch(canvas::CanvasForm* form) {
     if (form != form_) {
         form_ = form;
+        if (working_ && working_ != state()) {
+            stop(kAnswer);  // it goes on when its scenario is in front again
+        }
         fill();
         tell();
     }
@@ -279,6 +276,8 @@ void RowsForm::forget(canvas::CanvasForm& form) {
     }
     const auto known = form.isZoom() ? states_.end() : states_.find(&form.scenario());
     if (known != states_.end()) {
+        while (working_ == known->second.get() && !stop(kAnswer)) {
+        }
         if (known->second->counts) {
             ports_.desk.showNotes(form, nullptr);
         }

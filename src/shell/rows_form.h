@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -9,6 +10,8 @@
 
 #include "canvas/canvas_form.h"
 #include "forms/dialog_port.h"
+#include "platform/worker.h"
+#include "run/expectations.h"
 #include "run/run.h"
 #include "run/source_connections.h"
 #include "shell/desk.h"
@@ -46,7 +49,9 @@ class SourceLogin {
 };
 
 /// The rows at the nodes of the scenario in front: the node's that is selected and those that come into it, or how many
-/// each node has. A run is long work: it goes on while the program is idle, and can be cancelled.
+/// each node has. A run is long work: it goes on in a thread of its own, piece by piece, and can be cancelled in the
+/// middle of a statement. One piece works at a time, whichever scenario it is for; what it works on is not looked at
+/// until it has ended.
 class RowsForm : private run::Logins {
   public:
     enum class Way { sample, atSource };
@@ -61,8 +66,10 @@ class RowsForm : private run::Logins {
     /// The rows of the selected node and behind them those that come in, or one table with a row for each node.
     std::vector<RowTable>& tables() { return tables_; }
     std::string status() const;
+    /// Something works for the scenario in front, or is to.
     bool isRunning() const;
     bool isOld() const;
+    /// How far a run is; 0 of 0 when nobody can say.
     std::size_t done() const;
     std::size_t total() const;
 
@@ -73,9 +80,11 @@ class RowsForm : private run::Logins {
     void chkKeepDuplicates_Click(bool keep);
     /// The choice of a scenario is another one.
     void takeDuplicates(const canvas::DrawForm& form);
-    bool canRefresh() const { return form_ != nullptr && !isRunning(); }
+    bool canRefresh() const { return form_ != nullptr && !isRunning() && !working_; }
     /// Runs what has changed. Where nothing has, data sources are read anew.
     void cmdRefresh_Click();
+    /// Breaks into what works. A driver that does not know how is left to its statement, and nothing else runs until
+    /// that has ended.
     void cmdCancel_Click();
     void txtFilter_Change(const std::string& word);
     const std::string& txtFilter() const { return filter_; }
@@ -87,6 +96,10 @@ class RowsForm : private run::Logins {
     /// Whether a node is selected whose rows, or what is expected of them, can be given.
     bool canGive() const;
     void cmdFacts_Click();
+
+    /// The rows of its record sets that the scenario was run on last, where some were read from data sources and it has
+    /// not changed since.
+    std::map<canvas::NodeNumber, entities::NodeFacts> sampleOf(const canvas::DrawForm& form);
 
     /// Shows how many rows went in and out of each node of the scenario in front, or no more. What is not known yet is
     /// run first.
@@ -102,8 +115,11 @@ class RowsForm : private run::Logins {
     void touch(const canvas::DrawForm& form);
     /// The form is about to go.
     void forget(canvas::CanvasForm& form);
-    /// Goes on. False when there is nothing more to do.
+    /// Goes on. False when there is nothing more to do, or somebody is woken when there is.
     bool idle();
+    /// What to call, in any thread, when the program should look in at `idle` again. Without it `idle` waits a while
+    /// for what works.
+    void setWake(std::function<void()> wake) { worker_.setOnEnd(std::move(wake)); }
 
   private:
     using State = ScenarioRows;
@@ -114,13 +130,35 @@ class RowsForm : private run::Logins {
         bool operator==(const Focus&) const = default;
     };
 
+    /// What is worked on.
+    enum class Piece { none, steps, pages };
+    /// Rows that are to be read for a table.
+    struct Wanted {
+        std::size_t table;
+        std::size_t predicate;
+    };
+    /// Or why there are none.
+    struct Brought {
+        Wanted wanted;
+        run::Page page;
+        std::string fault;
+        std::optional<long long> held;  ///< by a target, before
+        std::string heldFault;
+    };
+
     std::optional<run::Login> loginFor(const std::string& source) override;
     State* state() const;
-    run::Run& begun(State& state);
     Focus focus() const;
     void fill();
     void fillOverview(const State& state);
-    RowTable tableOf(State& state, std::size_t predicate, const std::string& title);
+    RowTable tableOf(const State& state, std::size_t predicate, const std::string& title);
+    void showTables();
+    bool goOn();
+    void startSteps(State& state);
+    void startPages(State& state);
+    void take();
+    void takePages();
+    bool stop(std::chrono::milliseconds most);
     void narrow(RowTable& table) const;
     void tell() const;
 
@@ -133,6 +171,17 @@ class RowsForm : private run::Logins {
     Focus shownFocus_;
     std::string filter_;
     std::vector<RowTable> tables_;
+    std::size_t shows_ = 0;           ///< how often the window was told of them
+    std::vector<Wanted> wanted_;      ///< of the tables
+    std::optional<Focus> notWanted_;  ///< what was selected when reading its rows was cancelled
+
+    Piece piece_ = Piece::none;
+    State* working_ = nullptr;  ///< whose piece it is
+    bool outdated_ = false;     ///< nobody waits for these pages any more
+    bool more_ = false;         ///< the piece's own, as are those below
+    std::vector<run::Verdict> verdicts_;
+    std::vector<Brought> brought_;
+    platform::Worker worker_;  ///< the last, since it works on the others
 };
 
 }  // namespace orvent::shell

@@ -10,6 +10,12 @@ namespace orvent::shell {
 
 using run::Outcome;
 
+namespace {
+
+constexpr const char* kReading = "Reading the rows.";
+
+}  // namespace
+
 /// In a view the node of the scenario that is shown there, and the column of a member.
 RowsForm::Focus RowsForm::focus() const {
     if (!form_ || form_->SelectedLabels.Count() != 1) {
@@ -47,27 +53,51 @@ void RowsForm::narrow(RowTable& table) const {
     }
 }
 
-RowTable RowsForm::tableOf(State& its, std::size_t predicate, const std::string& title) {
+/// The table without its rows, which are to be read.
+RowTable RowsForm::tableOf(const State& its, std::size_t predicate, const std::string& title) {
     RowTable table;
-    const Outcome& outcome = its.run->outcomes()[predicate];
-    const bool asked = its.run == &its.source && outcome.state == Outcome::State::waiting;
+    const Outcome& outcome = its.outcomes[predicate];
+    const bool atSource = its.run == &its.source;
+    const bool asked = atSource && outcome.state == Outcome::State::waiting;
     table.title = title;
     table.words = outcome.words + (outcome.statement.empty() ? "" : "\n" + outcome.statement);
     if (outcome.state == Outcome::State::there || asked) {
-        try {
-            table.page = its.run->page(predicate, run::kShownRows);
-            const auto shown = static_cast<long long>(table.page.rows.size());
-            const long long count = std::max(shown, outcome.count);
-            table.title += ": " + std::to_string(count) + (count == 1 ? " row" : " rows") +
-                           (shown < count ? ", the first " + std::to_string(shown) : "");
-        } catch (const platform::Fault& fault) {
-            table.words = fault.description();
+        if (atSource && notWanted_ == shownFocus_) {
+            table.words = "Cancelled. Refresh shows the rows.";
+        } else {
+            table.words += std::string(table.words.empty() ? "" : "\n") + kReading;
+            wanted_.push_back({tables_.size(), predicate});
         }
     } else if (table.words.empty()) {
         table.words = its.running ? "Not there yet." : "Refresh shows the rows.";
     }
-    narrow(table);
     return table;
+}
+
+/// The tables get the rows that were read for them.
+void RowsForm::takePages() {
+    const State& its = *working_;
+    for (Brought& each : brought_) {
+        RowTable& table = tables_[each.wanted.table];
+        const Outcome& outcome = its.outcomes[each.wanted.predicate];
+        if (!each.fault.empty()) {
+            table.words = each.fault;
+            continue;
+        }
+        table.words = outcome.words;
+        table.page = std::move(each.page);
+        const auto shown = static_cast<long long>(table.page.rows.size());
+        const long long count = std::max(shown, outcome.count);
+        table.title += ": " + std::to_string(count) + (count == 1 ? " row" : " rows") +
+                       (shown < count ? ", the first " + std::to_string(shown) : "");
+        if (each.held) {
+            table.title += ", in; it holds " + std::to_string(*each.held);
+        } else if (!each.heldFault.empty()) {
+            table.words += (table.words.empty() ? "" : "\n") + ("What it holds is not known: " + each.heldFault);
+        }
+        narrow(table);
+        table.filter(filter_);
+    }
 }
 
 void RowsForm::fillOverview(const State& its) {
@@ -76,7 +106,7 @@ void RowsForm::fillOverview(const State& its) {
     table.page.columns = {"Node", "In", "Out", "Remark"};
     table.page.numbers = {false, true, true, false};
     const canvas::DrawForm& form = form_->scenario();
-    const std::vector<Outcome>& outcomes = its.run->outcomes();
+    const std::vector<Outcome>& outcomes = its.outcomes;
     const auto number = [&outcomes](std::size_t at) {
         return outcomes[at].state == Outcome::State::there ? entities::Field(std::to_string(outcomes[at].count))
                                                            : entities::Field();
@@ -104,9 +134,35 @@ void RowsForm::fillOverview(const State& its) {
     tables_.push_back(std::move(table));
 }
 
+std::map<canvas::NodeNumber, entities::NodeFacts> RowsForm::sampleOf(const canvas::DrawForm& form) {
+    const auto known = states_.find(&form);
+    std::map<canvas::NodeNumber, entities::NodeFacts> sample;
+    if (known == states_.end()) {
+        return sample;
+    }
+    State& its = *known->second;
+    if (its.run != &its.sample || its.old || its.running || working_ == &its || !its.sample.readsSources()) {
+        return sample;
+    }
+    its.sample.resume();
+    const auto& predicates = its.sample.program().predicates;
+    for (std::size_t at = 0; at < predicates.size(); ++at) {
+        if (predicates[at].kind == program::PredicateKind::given && its.outcomes[at].state == Outcome::State::there) {
+            run::Page page = its.sample.page(at, static_cast<std::size_t>(its.outcomes[at].count));
+            entities::Facts& facts = sample[predicates[at].node].facts.emplace();
+            for (const program::Column& column : predicates[at].columns) {
+                facts.columns.push_back(column.name);
+            }
+            facts.rows = std::move(page.rows);
+        }
+    }
+    return sample;
+}
+
 void RowsForm::fill() {
     shownFocus_ = focus();
     tables_.clear();
+    wanted_.clear();
     State* its = shown_ ? state() : nullptr;
     if (its && its->run) {
         const auto rows = its->run->nodes().find(shownFocus_.node);
@@ -126,6 +182,19 @@ void RowsForm::fill() {
     for (RowTable& table : tables_) {
         table.filter(filter_);
     }
+    outdated_ = piece_ == Piece::pages;
+    if (outdated_) {
+        working_->run->cancel();
+    }
+    const std::size_t shows = shows_;
+    goOn();
+    if (shows_ == shows) {
+        showTables();
+    }
+}
+
+void RowsForm::showTables() {
+    ++shows_;
     if (onTables) {
         onTables();
     }

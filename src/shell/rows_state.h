@@ -20,17 +20,28 @@ struct ScenarioRows : canvas::NodeNotes {
     run::SampleRun sample;
     run::SourceRun source;
     run::Run* run = nullptr;  ///< the one that was begun last
-    bool running = false;
+    bool running = false;     ///< there are steps to be made
     bool cancelled = false;
     bool old = false;   ///< the scenario has changed since
     std::string fault;  ///< for which nothing could begin
+    run::Expected expected;
     std::vector<run::Verdict> verdicts;
     bool counts = false;  ///< they are shown at the nodes
+
+    /// What was known of the run when its thread was at rest for the last time; while that works this is what is shown.
+    std::vector<run::Outcome> outcomes;
+    std::size_t done = 0;
+    std::string fallen;
+    void see() {
+        outcomes = run->outcomes();
+        done = run->done();
+        fallen = run->fallenWords();
+    }
 
     std::string note(const canvas::LabelsD& node) const override {
         const auto rows =
             run ? run->nodes().find(node.Index()) : std::map<canvas::NodeNumber, run::NodeRows>::const_iterator();
-        return !run || rows == run->nodes().end() ? "" : run::countWords(rows->second, run->outcomes(), " \u2192 ");
+        return !run || rows == run->nodes().end() ? "" : run::countWords(rows->second, outcomes, " \u2192 ");
     }
 };
 

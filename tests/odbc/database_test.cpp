@@ -2,8 +2,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <set>
+#include <thread>
 #include <vector>
 
 #include "databases.h"
@@ -364,6 +366,39 @@ TEST_P(EveryDatabase, TheCatalogueTellsTablesAndColumns) {
     EXPECT_EQ(column(*connection, names, {"ORVENT", "SCENARIONODES"}), "node_id|node_name|left|top|");
     EXPECT_EQ(column(*connection, types, {"ORVENT", "SCENARIONODES"}), "NUMBER|VARCHAR2|FLOAT|FLOAT|");
     EXPECT_EQ(column(*connection, types, {"ORVENT", "ZONES"}), "CLOB|TIMESTAMP|");
+}
+
+TEST_P(EveryDatabase, AStatementThatNeverEndsIsBrokenIntoFromAnotherThread) {
+    const auto connection = open();
+    const std::vector<std::string> endless =
+        GetParam() == Kind::postgres  ? std::vector<std::string>{"SELECT pg_sleep(600)"}
+        : GetParam() == Kind::mariaDb ? std::vector<std::string>{"SELECT SLEEP(600)"}
+                                      : std::vector<std::string>{
+                                            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) "
+                                            "SELECT COUNT(*) FROM n",
+                                            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) "
+                                            "SELECT i FROM n WHERE i < 9 OR i < 0"};
+    connection->cancel();
+    for (const std::string& sql : endless) {
+        SCOPED_TRACE(sql);
+        const auto statement = connection->prepareAsIs(sql);
+        const auto from = std::chrono::steady_clock::now();
+        std::jthread other([&connection](const std::stop_token& ended) {
+            while (!ended.stop_requested()) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(50));
+                connection->cancel();
+            }
+        });
+        try {
+            for (statement->execute(); statement->fetch();) {
+            }
+        } catch (const DatabaseError& fault) {
+            EXPECT_FALSE(fault.description().empty());
+        }
+        other = {};
+        EXPECT_LT(std::chrono::steady_clock::now() - from, std::chrono::seconds(5));
+        EXPECT_EQ(column(*connection, "SELECT 'still' FROM dual"), "still|");
+    }
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <set>
 #include <string>
+#include <thread>
 
 #include "odbc/database.h"
 #include "odbc/sources.h"
@@ -91,6 +93,21 @@ class RunTest : public testkit::GraphTest {
         run.begin(form, catalogue, options);
         while (run.step()) {
         }
+    }
+
+    /// The same, and another thread breaks in until that has ended. The time it took, in seconds.
+    double goAndBreakOff(run::Run& run) {
+        run.begin(form, catalogue, {});
+        const auto from = std::chrono::steady_clock::now();
+        std::jthread other([&run](const std::stop_token& ended) {
+            while (!ended.stop_requested()) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(100));
+                run.cancel();
+            }
+        });
+        while (!run.isCancelled() && run.step()) {
+        }
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
     }
 
     /// The rows of a node in an order of their own, or why there are none.

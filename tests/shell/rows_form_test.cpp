@@ -162,4 +162,52 @@ TEST_F(RowsForm, CountEqualRowsOnceUnlessTheyAreKept) {
     EXPECT_FALSE(rows.keepDuplicates());
 }
 
+TEST_F(RowsForm, BreakIntoAStatementThatNeverEnds) {
+    canvas::DrawForm& form = stage.active();
+    auto& rowsOfS = form.facts.begin()->second.facts->rows;
+    for (int row = 0; row < 20000; ++row) {
+        rowsOfS.push_back({"x", std::to_string(row)});
+    }
+    const std::string before = form.nodeNamed("A")->activity()->Act_LDL;
+    const auto begin = [&] {
+        form.nodeNamed("A")->activity()->Act_LDL = "a_out(X,Y)<-a_in1(X,Y),a_in1(_,Z),add(Y,Z,W),W<0.";
+        rows.touch(form);
+        rows.cmdRefresh_Click();
+        for (int at = 0; at < 20; ++at) {
+            const auto from = std::chrono::steady_clock::now();
+            EXPECT_TRUE(stage.frame.idle());
+            EXPECT_LT(std::chrono::steady_clock::now() - from, std::chrono::milliseconds(500)) << "the program answers";
+        }
+        EXPECT_EQ(rows.status(), "Running.");
+        EXPECT_FALSE(rows.canRefresh());
+    };
+    begin();
+    select("S");
+    EXPECT_EQ(rows.tables()[0].words, "Not there yet.");
+    const auto from = std::chrono::steady_clock::now();
+    rows.cmdCancel_Click();
+    EXPECT_LT(std::chrono::steady_clock::now() - from, std::chrono::seconds(1));
+    EXPECT_EQ(rows.status(), "Cancelled. Refresh goes on.");
+    EXPECT_EQ(rows.tables()[0].title, "S: 20004 rows, the first 1000") << "the rest is usable";
+    select("A");
+    EXPECT_EQ(rows.tables()[0].words, "Refresh shows the rows.");
+    form.nodeNamed("A")->activity()->Act_LDL = before;
+    rows.touch(form);
+    run();
+    EXPECT_EQ(rows.tables()[0].title, "A: 20001 rows, the first 1000");
+
+    // Another scenario in front, and closing, break in as well.
+    begin();
+    std::string other = "Other";
+    stage.frame.NewScenario(other);
+    stage.frame.frontChanged();
+    EXPECT_TRUE(rows.canRefresh());
+    stage.frame.close(*stage.desk.active());
+    stage.frame.frontChanged();
+    ASSERT_EQ(stage.active().ScenarioName(), "Try");
+    EXPECT_TRUE(stage.frame.idle()) << "it goes on";
+    stage.frame.close(*stage.desk.active());
+    EXPECT_FALSE(stage.frame.idle());
+}
+
 }  // namespace

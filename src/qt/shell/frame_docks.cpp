@@ -1,5 +1,6 @@
 #include "qt/shell/frame_docks.h"
 
+#include <QAbstractEventDispatcher>
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QToolButton>
@@ -45,6 +46,8 @@ FrameDocks::FrameDocks(QMainWindow& frame, std::function<shell::MDIForm1*()> log
     logic_()->lists().outline().onFollow = [this] { outline_->follow(); };
     logic_()->lists().find().onRows = [this](bool others) { find_->follow(others); };
     logic_()->lists().rows().onTables = [this] { rows_->renewTables(); };
+    // The loop comes back to where it is about to wait, and there the program looks what there is to do.
+    logic_()->lists().rows().setWake([dispatcher = QAbstractEventDispatcher::instance()] { dispatcher->wakeUp(); });
     logic_()->lists().rows().onState = [this] { rows_->renewState(); };
     const auto closed = [this](Dock dock) {
         if (shell::MDIForm1* its = logic_()) {

@@ -1,0 +1,173 @@
+// The list of rows and the window of rows that are given by hand, while a run goes on in its own thread.
+
+#include <QPlainTextEdit>
+
+#include "qt/shell/rows_dock.h"
+#include "testkit/graph_builder.h"
+#include "testkit/model_text.h"
+#include "window_program.h"
+
+namespace orvent::qt {
+
+namespace {
+
+constexpr const char* kSelects = "a_out(X,Y)<-a_in1(X,Y),Y>1.";
+constexpr const char* kNeverEnds = "a_out(X,Y)<-a_in1(X,Y),a_in1(_,Z),add(Y,Z,W),W<0.";
+
+/// S -> A over rows that are given by hand.
+struct Rows : StartedProgram {
+    explicit Rows(int count = 3) {
+        form = open("One");
+        testkit::GraphBuilder graph(*form);
+        graph.recordSet("S", {"K", "V"});
+        graph.activity("A", {"K", "V"}, {"K", "V"}).Act_LDL = kSelects;
+        graph.feed("S.K", "A.IN.K");
+        graph.feed("S.V", "A.IN.V");
+        graph.edge("S", "A");
+        const auto number = logic.catalogue().tables.dataTypes.indexOf("NUMBER").value();
+        for (const char* member : {"S.V", "A.IN.V", "A.OUT.V"}) {
+            graph.attribute(member).Attribute_Type = static_cast<std::int16_t>(number);
+        }
+        entities::Facts& facts = form->facts[form->nodeNamed("S")->Index()].facts.emplace();
+        facts.columns = {"K", "V"};
+        for (int row = 0; row < count; ++row) {
+            facts.rows.push_back({"k" + std::to_string(row), std::to_string(row)});
+        }
+        logic.run(shell::Command::viewRows);
+        drawn = testkit::modelText(*form);
+    }
+
+    void press(const char* name) { QTest::mouseClick(control<QToolButton>(frame, name), Qt::LeftButton); }
+    void select(const char* node) {
+        form->ClearCrop();
+        form->SelectedLabels.Add(form->nodeNamed(node)->Index());
+    }
+    int rowCount(int list) {
+        return control<QTableView>(frame, ("lstRows" + std::to_string(list)).c_str())->model()->rowCount();
+    }
+    QString status() { return control<QLabel>(frame, "lblRows")->text(); }
+    bool isEnabled(const char* name) { return control<QToolButton>(frame, name)->isEnabled(); }
+
+    /// Whatever was done with rows, the drawing is as it was, and what can be pressed fits what goes on.
+    void holds() {
+        QCOMPARE(testkit::modelText(*form), drawn);
+        QCOMPARE(isEnabled("cmdCancelRun"), logic.lists().rows().isRunning());
+        QCOMPARE(isEnabled("cmdRefresh"), logic.lists().rows().canRefresh());
+    }
+    void refresh(const char* statement) {
+        form->nodeNamed("A")->activity()->Act_LDL = statement;
+        drawn = testkit::modelText(*form);
+        logic.lists().rows().touch(*form);
+        press("cmdRefresh");
+    }
+
+    canvas::DrawForm* form;
+    std::string drawn;
+};
+
+}  // namespace
+
+class RowsWindowTest : public WindowTest {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void theSameStepTwiceShowsTheSame() {
+        Rows rows;
+        for (int time = 0; time < 2; ++time) {
+            rows.press("cmdRefresh");
+            QTRY_VERIFY(!rows.isEnabled("cmdCancelRun"));
+            rows.select("A");
+            QTRY_COMPARE(rows.rowCount(1), 3);
+            QCOMPARE(rows.rowCount(0), 1);
+            rows.holds();
+        }
+        rows.select("S");
+        for (int time = 0; time < 2; ++time) {
+            rows.dialogs.at(QStringLiteral("FactsWindow"), [time](QDialog& window) {
+                QCOMPARE(control<QTableView>(window, "lstFacts")->model()->rowCount(), 3 + time);
+                if (time == 0) {
+                    click(window, "cmdAddRow");
+                    control<QPlainTextEdit>(window, "txtExpected")->setPlainText(QStringLiteral("At least 4 rows"));
+                }
+                click(window, "cmdOK");
+            });
+            rows.press("cmdFacts");
+            rows.dialogs.settle();
+            rows.holds();
+        }
+        QCOMPARE(rows.form->facts.begin()->second.facts->rows.size(), std::size_t{4});
+        rows.press("cmdRefresh");
+        QTRY_COMPARE(rows.status(), QStringLiteral("All that is expected is so."));
+    }
+
+    void overAZoomTheRowsAreThoseOfItsActivity() {
+        Rows rows;
+        rows.press("cmdRefresh");
+        QTRY_VERIFY(!rows.isEnabled("cmdCancelRun"));
+        rows.select("A");
+        rows.choose("ActivityZoomM");
+        QApplication::processEvents();
+        canvas::CanvasForm& zoom = *rows.frame.area().active();
+        QVERIFY(zoom.isZoom());
+        zoom.ClearCrop();
+        zoom.SelectedLabels.Add(zoom.nodeNamed("A.OUT.V")->Index());
+        QTRY_COMPARE(control<QTableView>(rows.frame, "lstRows0")->model()->columnCount(), 1);
+        rows.dialogs.at(QStringLiteral("FactsWindow"), [](QDialog& window) {
+            control<QPlainTextEdit>(window, "txtExpected")->setPlainText(QStringLiteral("Exactly 1 row"));
+            click(window, "cmdOK");
+        });
+        rows.press("cmdFacts");
+        rows.dialogs.settle();
+        QCOMPARE(rows.form->facts.at(rows.form->nodeNamed("A")->Index()).expectations.size(), std::size_t{1});
+        QCOMPARE(rows.frame.area().active(), &zoom);
+        rows.holds();
+    }
+
+    void aStatementThatNeverEndsLeavesTheProgramAlive() {
+        Rows rows(20000);
+        rows.refresh(kNeverEnds);
+        int ticks = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, this, [&ticks] { ++ticks; });
+        timer.start(10);
+        QTest::qWait(1000);
+        QVERIFY2(ticks > 30, qPrintable(QString::number(ticks)));
+        QCOMPARE(rows.status(), QStringLiteral("Running."));
+        rows.select("S");
+        QTest::qWait(100);
+        rows.holds();
+        QElapsedTimer clock;
+        clock.start();
+        rows.press("cmdCancelRun");
+        QVERIFY(clock.elapsed() < 1000);
+        QCOMPARE(rows.status(), QStringLiteral("Cancelled. Refresh goes on."));
+        QTRY_COMPARE(rows.rowCount(0), 1000);
+        rows.holds();
+        rows.refresh(kSelects);
+        QTRY_VERIFY(!rows.isEnabled("cmdCancelRun"));
+        rows.select("A");
+        QTRY_COMPARE(rows.rowCount(0), 1000);
+        rows.holds();
+    }
+
+    void closingBreaksInto() {
+        Rows rows(20000);
+        rows.refresh(kNeverEnds);
+        QTest::qWait(300);
+        rows.answerClose("One", platform::Answer::ok);
+        QElapsedTimer clock;
+        clock.start();
+        rows.choose("CloseScenarioM");
+        QVERIFY(clock.elapsed() < 1000);
+        QVERIFY(!rows.isEnabled("cmdRefresh"));
+
+        Rows another(20000);
+        another.refresh(kNeverEnds);
+        QTest::qWait(300);  // and the program ends
+    }
+};
+
+}  // namespace orvent::qt
+
+QTEST_MAIN(orvent::qt::RowsWindowTest)
+#include "rows_window_test.moc"
