@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstdint>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,8 +33,8 @@ class RuleScene {
 CallKind callKind(std::string_view function);
 /// Whether the name is one of the functions that every source has under some name, ignoring case.
 bool isCommonFunction(std::string_view function);
-/// Why a call with so many arguments, its value among them, is none of a common function; empty where it is one, and for
-/// any other function.
+/// Why a call with so many arguments, its value among them, is none of a common function; empty where it is one, and
+/// for any other function.
 std::string whyNotCalled(std::string_view function, std::size_t arguments);
 bool isAggregate(std::string_view function);
 

@@ -15,8 +15,8 @@ enum class Family : std::uint8_t { unknown, text, number, date };
 /// The family of a data type by its name.
 Family familyOf(std::string_view typeName);
 
-/// The day, and the time behind it, of a text such as "2024-02-29", "2024-02-29 18:00:00" or with a "T" between, and with
-/// parts of a second; "" for any other text, and for a day or a time that there is not.
+/// The day, and the time behind it, of a text such as "2024-02-29", "2024-02-29 18:00:00" or with a "T" between, and
+/// with parts of a second; "" for any other text, and for a day or a time that there is not.
 std::string timestampIn(std::string_view text);
 
 /// The data types of a catalogue, and the types that columns have by their sources.
