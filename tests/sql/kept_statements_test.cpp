@@ -109,7 +109,7 @@ class KeptStatements : public testkit::CanvasTest {
 
 TEST_F(KeptStatements, GiveTheProgramOfACheckFromScratchAfterAnyChange) {
     std::size_t read = 0, kept = 0, others = 0;
-    for (unsigned seed = 1; seed <= 40 && !HasFailure(); ++seed) {
+    for (unsigned seed = 1; seed <= 16 && !HasFailure(); ++seed) {
         SCOPED_TRACE("walk " + std::to_string(seed));
         random_.seed(seed);
         canvas::DrawForm form(ports.services());
@@ -135,7 +135,7 @@ TEST_F(KeptStatements, GiveTheProgramOfACheckFromScratchAfterAnyChange) {
         kept += cache.kept();
     }
     EXPECT_GT(kept, read / 2) << "most are kept";
-    EXPECT_GT(others, 300U) << "the changes change something";
+    EXPECT_GT(others, 120U) << "the changes change something";
 }
 
 }  // namespace
