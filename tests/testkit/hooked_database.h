@@ -97,6 +97,12 @@ class HookedDatabase : public platform::Database {
             const auto& stated = column == platform::TextColumn::key ? owner_.keyLimit : owner_.plainLimit;
             return stated ? *stated : real_->textLimit(width, column);
         }
+        std::unique_ptr<platform::Statement> prepareAsIs(std::string_view sql) override {
+            return std::make_unique<HookedStatement>(owner_, sql, real_->prepareAsIs(sql));
+        }
+        std::string databaseName() const override { return real_->databaseName(); }
+        void refuseChanges() override { real_->refuseChanges(); }
+        void cancel() override { real_->cancel(); }
         bool readOnly() const override { return real_->readOnly(); }
 
       private:
