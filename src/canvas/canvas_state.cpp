@@ -1,5 +1,6 @@
 #include "canvas/canvas_state.h"
 
+#include <unordered_set>
 #include <utility>
 
 namespace orvent::canvas {
@@ -62,6 +63,7 @@ class CanvasRestorer {
                 canvas_.Lines.RemoveFull(edge.index);
             }
         }
+        releaseEdges(change);
         for (const NodeNumber node : change.goingNodes) {
             canvas_.Labels.Remove(node);
         }
@@ -78,6 +80,27 @@ class CanvasRestorer {
     }
 
   private:
+    /// An edge that leads to another node from now on does not go with the one that goes: at its far end it stays in
+    /// its place, and nothing may be told of that end.
+    void releaseEdges(const CanvasChange& change) {
+        std::unordered_set<EdgeNumber> staying;
+        for (const CanvasChange::Edge& edge : change.edges) {
+            if (edge.state.exists()) {
+                staying.insert(edge.index);
+            }
+        }
+        for (const NodeNumber node : change.goingNodes) {
+            LabelsD* going = canvas_.Labels.byIndex(node);
+            for (const EdgeEnd end : {EdgeEnd::start, EdgeEnd::end}) {
+                for (const EdgeNumber number : going ? numbersOf(going->linesAt(end)) : std::vector<EdgeNumber>()) {
+                    if (staying.contains(number)) {
+                        going->linesAt(end).Remove(number);
+                    }
+                }
+            }
+        }
+    }
+
     void makeNodes(CanvasChange& change) {
         for (const NodeState& node : change.nodes) {  // names may go round among them
             if (LabelsD* known = canvas_.Labels.byIndex(node.index)) {

@@ -198,6 +198,9 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
 
 /// On each edge of the sample, and on some that cannot be.
 TEST_F(Types, AnActivityStandsOnAnEdge) {
+    // Nothing of its target changes but where the edge comes from.
+    design().Lines.addFullLine(design().NamesColl.Item("RS3"), 3, design().NamesColl.Item("Activity3"), 1,
+                               canvas::EdgeTypeProvider, canvas::AngleNone, 0);
     int between = 0;
     for (int at = 1; at <= design().Lines.Count(); ++at) {
         stage.frame.idle();
