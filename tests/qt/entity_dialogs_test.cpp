@@ -627,7 +627,8 @@ class EntityDialogsTest : public WindowTest {
                 QVERIFY(lines->isVisible());
                 QVERIFY(!control<QPushButton>(over, "cmdOK")->isEnabled());
                 lines->setPlainText(QStringLiteral("KEY number\nPRICE %1\nTEXT %1").arg(types->itemText(0)));
-                QCOMPARE(found->topLevelItem(0)->text(2), QStringLiteral("is there already"));
+                QCOMPARE(found->topLevelItem(0)->text(2),
+                         QStringLiteral("is there already, as %1").arg(types->itemText(1)));
                 found->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
                 click(over, "cmdOK");
             });
