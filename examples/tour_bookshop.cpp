@@ -154,8 +154,7 @@ class Bookshop {
         showRows(player_, window_, frame_, theme_, "Kept");
         expectAllNames(player_, "docs/help/bookshop.html");
         exportTo(folder / "bookshop.orvent");
-        player_.during("close it", [&] { frame_.run(Command::closeScenario); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
+        closeScenario(player_, frame_);
     }
 
   private:

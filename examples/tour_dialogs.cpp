@@ -59,6 +59,11 @@ void placeFromList(Player& player, QWidget& window, const char* type, const char
     QApplication::processEvents();
 }
 
+void closeScenario(Player& player, shell::MDIForm1& frame) {
+    player.during("close the scenario", [&frame] { frame.run(shell::Command::closeScenario); },
+                  {[](QWidget& box) { Player::press(box, "OK"); }});
+}
+
 void expectAllNames(Player& player, const char* page) {
     const QStringList names = namesInSteps(QLatin1String(page));
     player.expect(names.size() > 10, std::string(page) + " has no steps");

@@ -4,6 +4,7 @@
 #include <QTreeView>
 #include <initializer_list>
 
+#include "shell/mdi_form.h"
 #include "tour_player.h"
 
 namespace orvent::tour {
@@ -22,6 +23,9 @@ void chooseType(QWidget& dialog, const char* type);
 
 /// Enter on a row of the open list of types; what is placed gets a name.
 void placeFromList(Player& player, QWidget& window, const char* type, const char* name);
+
+/// Closes the scenario in front, with what it has unsaved.
+void closeScenario(Player& player, shell::MDIForm1& frame);
 
 /// A page that tells steps names nothing that no window showed since the player's words were cleared.
 void expectAllNames(Player& player, const char* page);

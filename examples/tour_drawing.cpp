@@ -13,6 +13,7 @@
 
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
+#include "tour_dialogs.h"
 #include "tour_hand.h"
 
 namespace orvent::tour {
@@ -254,8 +255,7 @@ void drawByHand(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     theme.setMode(qt::ThemeMode::light);
     showDialogs(player, frame, "");
     showTypes(player, frame, "");
-    player.during("close the drawing", [&frame] { frame.run(Command::closeScenario); },
-                  {[](QWidget& box) { Player::press(box, "OK"); }});
+    closeScenario(player, frame);
     player.expect(window.area().active() == nullptr || window.area().active() != &form, "the drawing did not close");
 }
 

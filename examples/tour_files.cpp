@@ -9,6 +9,7 @@
 
 #include "platform/text.h"
 #include "qt/shell/desk_area.h"
+#include "tour_dialogs.h"
 #include "tour_hand.h"
 #include "tour_wizard.h"
 
@@ -104,10 +105,7 @@ class Files {
             "settle a copy's statement", [this] { frame_.run(Command::createLdl); }, std::move(answers));
     }
 
-    void close() {
-        player_.during("close it", [this] { frame_.run(Command::closeScenario); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
-    }
+    void close() { closeScenario(player_, frame_); }
 
   private:
     canvas::DrawForm& front() { return window_.area().active()->scenario(); }

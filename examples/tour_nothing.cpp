@@ -58,8 +58,7 @@ class FromNothing {
         lookInTheDark();
         loadAgain(home);
         showRows(player_, window_, frame_, theme_, "First");
-        player_.during("close it", [&] { frame_.run(Command::closeScenario); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
+        closeScenario(player_, frame_);
     }
 
   private:
@@ -194,8 +193,7 @@ class FromNothing {
     void loadAgain(const fs::path& home) {
         const std::string before = exported(home);
         player_.expect(before.find(kFrom) != std::string::npos, "the export does not tell of the record sets");
-        player_.during("close it", [&] { frame_.run(Command::closeScenario); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
+        closeScenario(player_, frame_);
         player_.during("load it", [&] { frame_.run(Command::loadScenario); }, {[](QWidget& dialog) {
                            auto& list = static_cast<QListWidget&>(Player::child(dialog, "ScenarioView"));
                            list.setCurrentItem(list.findItems(QLatin1String(kName), Qt::MatchExactly).value(0));

@@ -50,8 +50,7 @@ class Quick {
                            player_.picture(dialog, "type-and-size");
                            Player::press(dialog, "cmdCancel");
                        }});
-        player_.during("close it", [&] { frame_.run(Command::closeScenario); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
+        closeScenario(player_, frame_);
     }
 
   private:

@@ -12,6 +12,7 @@
 
 #include "entities/link_types.h"
 #include "qt/shell/desk_area.h"
+#include "tour_dialogs.h"
 #include "tour_hand.h"
 
 namespace orvent::tour {
@@ -211,8 +212,7 @@ void playWizard(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     theme.setMode(qt::ThemeMode::dark);
     create(player, window, "Totals", kAggregation);
     theme.setMode(qt::ThemeMode::light);
-    player.during("close what the wizard made", [&frame] { frame.run(shell::Command::closeScenario); },
-                  {[](QWidget& box) { Player::press(box, "OK"); }});
+    closeScenario(player, frame);
 }
 
 }  // namespace orvent::tour

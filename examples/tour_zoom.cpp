@@ -7,6 +7,7 @@
 #include "qt/shell/desk_area.h"
 #include "qt/shell/desk_window.h"
 #include "testkit/model_text.h"
+#include "tour_dialogs.h"
 #include "tour_hand.h"
 #include "zoom/zoom_form.h"
 
@@ -117,8 +118,7 @@ class ZoomStep {
     void loadAgain() {
         const std::string stored = testkit::modelText(*window_.area().active());
         player_.expect(stored.find("'Attribute1'") != std::string::npos, "the scenario did not get the new input");
-        player_.during("close the scenario", [&] { frame_.run(Command::closeScenario); },
-                       {[](QWidget& box) { Player::press(box, "OK"); }});
+        closeScenario(player_, frame_);
         player_.during("load what the zoom saved", [&] { frame_.run(Command::loadScenario); }, {[](QWidget& dialog) {
                            static_cast<QListWidget&>(Player::child(dialog, "ScenarioView")).setCurrentRow(0);
                            Player::press(dialog, "OKButton");
