@@ -1,3 +1,4 @@
+#include "statements/former_answers.h"
 #include "statements/ldl_guide.h"
 #include "testkit/model_text.h"
 #include "wizard_fixture.h"
@@ -331,6 +332,69 @@ TEST_F(LDLFormTest, AConstantIsOfferedTheTypeOfWhatItIsComparedWith) {
             open.chooseValue(RegConstant);
             EXPECT_EQ(open.comparedWords(), words);
         }
+        open.cmdCancel();
+    });
+}
+
+TEST_F(LDLFormTest, FormerAnswersFitAsFarAsTheirNamesAreThere) {
+    const char* const text = "@P @Q @R @G @O @U @K @A[1] @B[1]";
+    FormerAnswers answers;
+    const auto define = [](LDLForm& open, const char* name, LDLVariableType kind, const char* regulator) {
+        LDLVariable& variable = *open.Variables.Item(name);
+        variable.Defined = true;
+        variable.VariableType = kind;
+        variable.RegulatorType = kind == VarParameter ? RegInput : RegUndefined;
+        variable.RegulatorName = regulator;
+        variable.RegulatedFrom = kind == VarParameter ? 1 : -1;
+    };
+    const auto takeBoth = [](LDLForm& open, const char* name, std::initializer_list<std::int16_t> places) {
+        LDLVariable& array = *open.Variables.Item(name);
+        array.Defined = true;
+        array.VariableType = VarParameterArray;
+        for (const std::int16_t place : places) {
+            LDLVariable& element = array.SubVariables->Add(std::to_string(array.SubVariables->Count() + 1));
+            element.Defined = true;
+            element.RegulatorType = RegInput;
+            element.RegulatorName = "0";
+            element.RegulatedFrom = place;
+        }
+    };
+    run(text, [&](LDLForm& open) {
+        define(open, "P", VarParameter, "0");
+        define(open, "R", VarRecordSet, "LOOKUP");
+        define(open, "G", VarRecordSet, "GONE");
+        define(open, "O", VarOutput, "P");
+        define(open, "U", VarOutput, "Q");
+        define(open, "K", VarOutput, "R");
+        takeBoth(open, "A", {1, 0});
+        takeBoth(open, "B", {0, 7});
+        answers.keep(text, {open.Variables, open.Sources, form});
+        open.cmdCancel();
+    });
+    activity->Act_Inputs->move(2, 1);  // AGE comes before ID now
+    run(text, [&](LDLForm& open) {
+        define(open, "P", VarParameter, "0");
+        define(open, "R", VarRecordSet, "LOOKUP");
+        define(open, "Q", VarParameter, "0");
+        open.Variables.Item("Q")->Defined = false;  // its kind was taken back
+        std::string all;
+        for (const LDLVariable& variable : open.Variables) {
+            const auto former = answers.of(text, variable, {open.Variables, open.Sources, form});
+            all += variable.VariableName + "=" + (former ? former->RegulatorName : "none");
+            all += former ? " " + std::to_string(former->RegulatedFrom) : "";
+            for (int at = 1; former && former->SubVariables && at <= former->SubVariables->Count(); ++at) {
+                all += "/" + std::to_string(former->SubVariables->Item(at)->RegulatedFrom);
+            }
+            all += "; ";
+        }
+        EXPECT_EQ(all, "P=0 0; Q=none; R=LOOKUP -1; G= -1; O=P -1; U= -1; K= -1; A= 0/0/1; B= 0; ");
+        open.cmdCancel();
+    });
+    // Of two that it is compared with, the first counts.
+    run("@P=@Q,@R=@Q", [&](LDLForm& open) {
+        define(open, "P", VarParameter, "0");
+        define(open, "R", VarParameter, "0");
+        EXPECT_EQ(comparedWith("@P=@Q,@R=@Q", *open.Variables.Item("Q"), 0, open.Variables), open.Variables.Item("P"));
         open.cmdCancel();
     });
 }
