@@ -149,6 +149,8 @@ class RowsWindowTest : public WindowTest {
 
     void aStatementThatNeverEndsLeavesTheProgramAlive() {
         Rows rows(20000);
+        rows.refresh(kSelects);  // so that S is there before
+        QVERIFY(rows.waitForEnd());
         rows.refresh(kNeverEnds);
         int ticks = 0;
         QTimer timer;
