@@ -11,7 +11,6 @@
 #include "editors/taken_columns.h"
 #include "entities/key_grammar.h"
 #include "entities/type_records.h"
-#include "zoom/relationship_rules.h"
 
 namespace orvent::editors {
 
@@ -120,7 +119,7 @@ void ConnectByName::proposeForView(zoom::ZoomView& view) {
     for (LabelsD& node : view.Labels) {
         auto* attribute = node.entity<AttributeProperties>();
         LabelsD* owner = attribute ? view.nodeNamed(attribute->ParentKeyName) : nullptr;
-        if (!owner || !view.bearsName(node) || !node.Visible()) {
+        if (!owner || !view.bearsName(node)) {
             continue;
         }
         sources_.add({owner, &node, attribute});
@@ -193,9 +192,6 @@ bool ConnectByName::apply() {
 }
 
 void ConnectByName::joinInView(zoom::ZoomView& view, const Member& source, const Member& target) {
-    if (!zoom::mayRelate(view, canvas::EdgeTypeProvider, *source.node, *target.node)) {
-        return;
-    }
     const canvas::GrabPair points = canvas::nearestGrabPoints(*source.node, *target.node);
     if (canvas::LinesD* edge = view.Lines.addFullLine(source.node->Index(), points.from, target.node->Index(),
                                                       points.to, canvas::EdgeTypeProvider, canvas::AngleNone, 0)) {

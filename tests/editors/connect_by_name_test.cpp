@@ -43,7 +43,14 @@ class ConnectByNameTest : public testkit::ZoomTest {
         for (canvas::DrawForm* each : {&design, &other}) {
             testkit::GraphBuilder built(*each);
             built.recordSet("EMP", {"ID", "FIRST_NAME", "Pay", "PAY", "AGE", "CITY", "FED"}).RecordSet_Name = "EMP";
-            built.activity("Load", {"EMP_ID", "firstname", "pay", "AGE", "CITY", "FED"}, {"EMP_ID"}).Act_Name = "Load";
+            built.activity("Load", {"EMP_ID", "firstname", "pay", "AGE", "CITY", "FED"}, {"EMP_ID", "FED"});
+            ActivityProperties& load = *each->nodeNamed("Load")->activity();
+            load.Act_Name = "Load";
+            ParameterProperties& parameter = load.Act_Parameters->Add("P", 0, TagNone, "P");
+            parameter.ParentKeyName = "Load";
+            parameter.RegulatorFor->Add("Load", LinkParameterOutput, ".OUT.FED");
+            load.Act_Outputs->Item("FED")->RegulatedFrom->Add("Load", LinkParameterOutput, ".PARAM.P");
+            load.Act_Inputs->Changed = false;
             built.recordSet("DIM", {"emp_id"}).RecordSet_Name = "DIM";
             built.edge("EMP", "Load");
             built.edge("Load", "DIM");
@@ -114,6 +121,7 @@ TEST_F(ConnectByNameTest, TwoNodesAndAViewGiveTheSame) {
     EXPECT_EQ(rows(nodes), proposed);
     check(nodes, "EMP.AGE", "Load.IN.AGE", true);
     check(nodes, "EMP.PAY", "Load.IN.pay", true);
+    check(nodes, "EMP.Pay", "Load.IN.pay", true);  // of two for one input the first counts
     check(nodes, "EMP.FIRST_NAME", "Load.IN.firstname", false);
     EXPECT_TRUE(nodes.OK());
     EXPECT_EQ(nodes.connected, 3);
@@ -129,21 +137,23 @@ TEST_F(ConnectByNameTest, TwoNodesAndAViewGiveTheSame) {
     all.insert(all.end(), {"+Load.IN.EMP_ID Load.OUT.EMP_ID ", "+Load.OUT.EMP_ID DIM.emp_id "});
     EXPECT_EQ(sorted(rows(members)), sorted(all));
     check(members, "EMP.PAY", "Load.IN.pay", true);
+    check(members, "EMP.Pay", "Load.IN.pay", true);
     check(members, "EMP.FIRST_NAME", "Load.IN.firstname", false);
     check(members, "Load.IN.EMP_ID", "Load.OUT.EMP_ID", false);
     EXPECT_TRUE(members.OK());
     EXPECT_EQ(members.connected, 4);
     zoom::ApplyZoomChanges(view, false);
     EXPECT_EQ(links(design), links(other));
+    EXPECT_TRUE(design.nodeNamed("Load")->activity()->Act_Inputs->Changed);
     EXPECT_EQ(design.nodeNamed("Load")->activity()->Act_Inputs->Item("CITY")->Attribute_Type, 1);
 }
 
 TEST_F(ConnectByNameTest, WhatAnActivityReadIsNoPartOfTheName) {
     testkit::GraphBuilder built(design);
     built.recordSet("OUT", {"FED", "ID"}).RecordSet_Name = "OUT";
-    built.activity("Pass", {"FED"}, {"EMP_FED", "Pass_ID"}).Act_Name = "Pass";
-    built.feed("EMP.FED", "Pass.IN.FED");
-    EXPECT_EQ(rows(connecting("Pass", "OUT")), (Texts{"+Pass.OUT.EMP_FED OUT.FED ", "+Pass.OUT.Pass_ID OUT.ID "}));
+    built.activity("EMPTY", {"FED"}, {"EMP_FED", "EMPTY_ID"}).Act_Name = "EMPTY";
+    built.feed("EMP.FED", "EMPTY.IN.FED");
+    EXPECT_EQ(rows(connecting("EMPTY", "OUT")), (Texts{"+EMPTY.OUT.EMP_FED OUT.FED ", "+EMPTY.OUT.EMPTY_ID OUT.ID "}));
 }
 
 TEST_F(ConnectByNameTest, ADrawnEdgeOffersTheColumnsOfItsSource) {
@@ -232,8 +242,13 @@ TEST_F(ConnectByNameTest, NothingIsProposedWhereNothingCanBeJoined) {
     ConnectByName dialog = connecting("Load", "Next");
     EXPECT_EQ(rows(dialog), (Texts{"+Load.OUT.EMP_ID Next.IN.EMP_ID "}));
     EXPECT_TRUE(dialog.OK());
-    EXPECT_EQ(design.Lines.Count(), edges + 1);
-    EXPECT_EQ(design.Lines.at(design.Lines.Count())->ToLabel(), design.NamesColl.Item("Next"));
+    ASSERT_EQ(design.Lines.Count(), edges + 1);
+    const canvas::LinesD& drawn = *design.Lines.at(edges + 1);
+    EXPECT_EQ(drawn.ToLabel(), design.NamesColl.Item("Next"));
+    EXPECT_EQ(drawn.FromGrabbingPoint(), 4) << "where data goes out of an activity";
+    testkit::GraphBuilder(design).edge("Next", "Load");
+    EXPECT_EQ(connecting("Next", "Load").Caption, "Next → Load") << "each feeds the other";
+    EXPECT_EQ(connecting("Load", "Next").Caption, "Load → Next");
     check(dialog, "Load.OUT.EMP_ID", "Next.IN.EMP_ID", false);
     EXPECT_FALSE(dialog.mayConnect());
 }

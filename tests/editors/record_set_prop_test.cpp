@@ -283,14 +283,15 @@ TEST(ColumnText, ReadsWhatPeopleHave) {
              Row{"", {}},
              Row{"A NUMBER\n\n  B\tvarchar2( 20 BYTE ) not null,\r\n-- C\nD",
                  {{"A", "NUMBER"}, {"B", "varchar2(20 BYTE)"}, {"D", ""}}},
+             Row{"A NUMBER--key\nB -- CHAR", {{"A", "NUMBER"}, {"B", ""}}},
              Row{"A, DATE\nB: NUMBER(10, 2);\n* nothing", {{"A", "DATE"}, {"B", "NUMBER(10,2)"}}},
              Row{"A TIMESTAMP(6) WITH TIME ZONE DEFAULT now()\n`my name` DOUBLE PRECISION",
                  {{"A", "TIMESTAMP(6) WITH TIME ZONE"}, {"my name", "DOUBLE PRECISION"}}},
              Row{"DROP TABLE x; create  table shop.\"Books\" (\n \"order\" INT PRIMARY KEY, /* a, b */ [Unit Price] "
                  "DECIMAL(8,2) DEFAULT (1 + (2)) CHECK (x > ','),\nunique (a, b), CONSTRAINT k FOREIGN KEY (a) "
                  "REFERENCES "
-                 "t (b),\n  note TEXT COMMENT 'a (b'\n) ENGINE=x; CREATE TABLE second (z INT)",
-                 {{"order", "INT"}, {"Unit Price", "DECIMAL(8,2)"}, {"note", "TEXT"}}},
+                 "t (b),\n  note TEXT COMMENT '(', last DATE\n) ENGINE=x; CREATE TABLE second (z INT)",
+                 {{"order", "INT"}, {"Unit Price", "DECIMAL(8,2)"}, {"note", "TEXT"}, {"last", "DATE"}}},
              Row{"CREATE TABLE t (a NUMBER(3), b CHAR(", {{"a", "NUMBER(3)"}, {"b", "CHAR("}}},
              Row{"\xC3\xA4 INT\n\"open", {{"\xC3\xA4", "INT"}, {"open", ""}}},
              Row{"CREATE TABLE t (\"unique\" INT, A$B#C \"not\" NOT NULL, `d` DATE AS (x), E INT)",

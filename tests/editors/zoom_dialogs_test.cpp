@@ -72,6 +72,14 @@ TEST_F(ZoomDialogs, ClosingExpandsTheNodeAsItWas) {
     EXPECT_NE(graph.activity("A3").Act_Functions->Item("G3"), nullptr);
 }
 
+TEST_F(ZoomDialogs, ARecordSetThatIsShownTwiceGivesItsColumnsOnce) {
+    edge("A2", "RS4");
+    open();
+    const editors::TakeOverForm taking(ports.messages, types.tables, *form, node("RS2"),
+                                       [](const std::string&) { return std::nullopt; });
+    EXPECT_EQ(taking.Sources, (Texts{"A2", "RS4", "A1", "RS3", "A3", "Lines of text"}));
+}
+
 TEST_F(ZoomDialogs, AFunctionHasOneActivity) {
     graph.add("F1.IN.I4 <~ 14 C1 C1");
     graph.addNamesake(design, *graph.activity("A2").Act_Functions->Item("F1"), "A1", "AU_ID");

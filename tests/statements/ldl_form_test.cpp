@@ -250,10 +250,11 @@ TEST_F(LDLFormTest, AnArrayTakesManyElementsAtOnce) {
         EXPECT_EQ(open.bunch(1), (std::vector<std::string>{"A", "B", "C"}));
         open.UpDownArity_Up();
         open.selectArrity(0);
-        chooseValueOf(open, "const k");
-        open.UpDownArity_Up();
-        open.selectArrity(1);  // without a value it gives way
+        chooseValueOf(open, "const k");  // what is shown is stored before
         open.takeBunch(1, {2, 0, 9});
+        EXPECT_EQ(open.ArrayPosition, 0);
+        open.UpDownArity_Up();
+        open.selectArrity(3);  // without a value it gives way
         open.takeWholeBunch(0);
         open.takeWholeBunch(5);
         const auto elements = [&](const char* name) {

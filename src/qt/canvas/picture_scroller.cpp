@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kMargin = 40;          // pixels around the picture
 constexpr double kFarthestPixel = 1e8;  // scroll bars count in whole pixels
+constexpr int kAround = 24;             // pixels around a node that is revealed
 constexpr double kReadableScale = 0.75;
 
 }  // namespace
@@ -131,7 +132,11 @@ void PictureScroller::centreOn(canvas::Point place) {
 
 void PictureScroller::reveal(const canvas::LabelsD& node) {
     const QRect box = transform().toPixels(extentOf(node)).toAlignedRect();
+    // A little of what is around it is seen, too, where there is room.
     const auto shift = [](QScrollBar* bar, int from, int to, int room) {
+        const int around = std::clamp((room - (to - from)) / 2, 0, kAround);
+        from -= around;
+        to += around;
         bar->setValue(bar->value() + std::min(std::max(0, to - room), from) + std::min(0, from));
     };
     shift(area_.horizontalScrollBar(), box.left(), box.right(), area_.viewport()->width());
