@@ -1,5 +1,6 @@
 #include "tour_docks.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTreeView>
@@ -8,6 +9,7 @@ namespace orvent::tour {
 
 void listProblems(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame, qt::Theme& theme) {
     frame.run(shell::Command::viewProblems);
+    QApplication::processEvents();  // the canvas has the room that the list leaves it
     auto& list = dynamic_cast<QTreeView&>(Player::child(window, "lstProblems"));
     player.expect(list.model()->rowCount() > 0, "the sample has no problems");
     const QModelIndex last = list.model()->index(list.model()->rowCount() - 1, 0);
