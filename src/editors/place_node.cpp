@@ -4,6 +4,7 @@
 #include "canvas/node_kinds.h"
 #include "canvas/node_moves.h"
 #include "editors/insert_between.h"
+#include "platform/fault.h"
 
 namespace orvent::editors {
 
@@ -21,9 +22,14 @@ LabelsD* madeBy(canvas::DrawForm& form, canvas::NodeTypeCode kind, canvas::Point
 }  // namespace
 
 bool giveType(const EditorServices& services, canvas::CanvasForm& form, LabelsD& activity, std::int16_t type) {
-    SetActProp dialog(services, form, activity);
-    dialog.ActTypes_Click(type);
-    return dialog.tempProp->Act_Type == type && dialog.takeOver();
+    try {
+        SetActProp dialog(services, form, activity);
+        dialog.ActTypes_Click(type);
+        return dialog.tempProp->Act_Type == type && dialog.takeOver();
+    } catch (const platform::Fault& fault) {  // the dialog does not open when the catalogue cannot be read
+        services.repository.messages.tell(fault.description(), {}, platform::Icon::critical);
+        return false;
+    }
 }
 
 LabelsD* placeNode(const EditorServices& services, canvas::DrawForm& form, const Placement& placement,
@@ -45,7 +51,6 @@ LabelsD* placeNode(const EditorServices& services, canvas::DrawForm& form, const
     form.ClearCrop();
     form.SelectedLines.Clear();
     form.SelectedLabels.Add(node->Index());
-    form.ActiveLabel = node->Index();
     form.growPicture();
     return node;
 }

@@ -96,7 +96,7 @@ bool SelectionProp::giveDataType(LabelsD& node, std::int16_t type) {
     return suits;
 }
 
-/// False when the type cannot be read, which was told; then no node has it.
+/// False when the type cannot be read, which was told; the nodes before that one have it.
 bool SelectionProp::giveTypes(std::int16_t type, std::vector<std::string>& refused) {
     for (const canvas::NodeNumber number : nodes_) {
         LabelsD& node = *form_.Labels.byIndex(number);

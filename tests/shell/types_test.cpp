@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "canvas/node_moves.h"
 #include "shell/readings.h"
 #include "statements/ldl_sources.h"
 #include "testkit/model_text.h"
@@ -21,6 +22,7 @@ class Types : public ::testing::Test {
             told += text + "|";
             return platform::Answer::ok;
         };
+        repository.store.setValue("General", "ShortNames", "-1");
         EXPECT_TRUE(stage.frame.start());
         stage.frame.run(Command::loadTestGraph);
         stage.frame.frontChanged();
@@ -56,6 +58,9 @@ class Types : public ::testing::Test {
 
 TEST_F(Types, TheListFollowsItsWordsAndTheCatalogue) {
     EXPECT_EQ(list().Count(), 0) << "nothing is asked while it is closed";
+    EXPECT_EQ(list().status(), "");
+    int renewed = 0;
+    list().onRows = [&renewed] { ++renewed; };
     stage.frame.run(Command::viewTypes);
     const int all = list().Count();
     EXPECT_EQ(all, 3 + static_cast<int>(stage.frame.catalogue().tables.activityTypes.rows()));
@@ -71,15 +76,35 @@ TEST_F(Types, TheListFollowsItsWordsAndTheCatalogue) {
     list().txtSearch_Change("no such thing");
     EXPECT_EQ(list().status(), "Nothing has these words.");
     list().txtSearch_Change("");
+    EXPECT_EQ(renewed, 4);
+    list().txtSearch_Change("");
+    EXPECT_EQ(renewed, 4);
 
     entities::ActivityTypeProperties type = stage.frame.catalogue().GetActivityType(0);
     type.ActType_Name = "aaa";
-    type.ActType_SchemaNo = 2;
+    type.ActType_SchemaNo = 1;
     stage.frame.catalogue().SaveActivityType(type);
     stage.frame.catalogue().LoadActivityTypes();
     stage.frame.run(Command::selectAll);
     EXPECT_EQ(list().Count(), all + 1);
-    EXPECT_EQ(list().row(4).name + list().row(4).schemata, "aaa2");
+    EXPECT_EQ(list().row(4).name + list().row(4).schemata, "aaa1");
+
+    const auto fails = [&] {
+        repository.hooked.after(1, [] { throw platform::Fault("No answer."); });
+        list().renew();
+    };
+    fails();
+    EXPECT_EQ(list().status() + " " + list().row(4).name + " " + std::to_string(list().Count() - all),
+              "No answer. aaa 1");
+    list().renew();
+    EXPECT_EQ(list().status(), "");
+    stage.frame.run(Command::viewTypes);
+    renewed = 0;
+    fails();
+    EXPECT_FALSE(repository.hooked.happened()) << "nothing is asked while it is closed";
+    EXPECT_EQ(renewed, 0);
+    stage.frame.run(Command::viewTypes);
+    EXPECT_EQ(list().status(), "No answer.") << "what was not asked then is asked now";
 }
 
 TEST_F(Types, APlacedNodeIsWhatItsDialogMakes) {
@@ -88,52 +113,123 @@ TEST_F(Types, APlacedNodeIsWhatItsDialogMakes) {
         dialog.OK();
         dialog.end();
     };
-    canvas::LabelsD* byHand = design().rules().placeNode(design(), "Activity", {4000, 9000});
+    const canvas::Box taken = design().Labels.at(1)->box();
+    const canvas::Point at{taken.Left + 900, taken.Top + 400};
+    canvas::LabelsD* byHand = design().rules().placeNode(design(), "Activity", at);
     windows().openProperties(design(), *byHand);
     const std::string made = testkit::modelText(design());
     const std::string name = byHand->Caption();
     design().Labels.Remove(byHand->Index());
     design().LabelsNo = canvas::NodeNumber{static_cast<std::int32_t>(design().LabelsNo) - 1};
     --design().ActivityCounter;
+    design().SelectedLabels.Add(design().Labels.at(1)->Index());
+    design().SelectedLines.Add(design().Lines.at(1)->Index());
     stage.frame.idle();
     const std::string before = testkit::stateText(design());
     const std::size_t steps = stage.frame.histories().of(design())->position();
 
-    windows().place(design(), typeKey(), {}, {4040, 8970});
-    EXPECT_EQ(testkit::modelText(design()), made);
+    windows().place(design(), typeKey(), {}, {at.x + 40, at.y - 30});
+    EXPECT_EQ(testkit::modelText(design()), made) << "whatever it covers there";
     EXPECT_TRUE(last().Ready());
     EXPECT_EQ(design().SelectedLabels.members(), std::vector{last().Index()});
+    EXPECT_EQ(design().SelectedLines.Count(), 0);
+    EXPECT_EQ(design().ActiveLabel, last().Index());
+    EXPECT_EQ(stage.desk.revealed, std::vector{name});
     EXPECT_EQ(stage.desk.typed, std::vector{name});
     EXPECT_EQ(stage.frame.histories().of(design())->position(), steps + 1);
     stage.frame.run(Command::stepBack);
     EXPECT_EQ(testkit::stateText(design()), before);
 
     stage.frame.run(Command::viewTypes);
-    for (int row = 1; row <= 3; ++row) {
+    for (const int row : {list().Count(), 1, 2, 3}) {
         list().place(row);  // each below what stands in the middle
         lastCoversNobody();
     }
     EXPECT_EQ(last().NodeType(), canvas::NodeTypeLog);
     EXPECT_EQ(told, "Properties Saved|");
+    windows().place(design(), typeKey(), {}, {90000, 400});
+    EXPECT_GE(design().PicForm.Width(), last().box().right());
+}
+
+TEST_F(Types, WhyNothingIsPlacedIsTold) {
+    canvas::LabelsD& rs = *design().nodeNamed("RS1");
+    canvas::LabelsD& activity = *design().nodeNamed("Activity1");
+    const auto edge = [&](const canvas::LabelsD& from, const canvas::LabelsD& to, std::int16_t at,
+                          canvas::EdgeTypeCode kind = canvas::EdgeTypeProvider) {
+        return canvas::Hit::onLine(
+            design().Lines.addFullLine(from.Index(), 3, to.Index(), at, kind, canvas::AngleStraight, 0)->Index());
+    };
+    const canvas::Hit between = edge(rs, *design().nodeNamed("RS2"), 1);
+    const struct {
+        std::string key;
+        canvas::Hit hit;
+        const char* why;
+        bool asleep = false;
+    } cases[] = {
+        {"Activity:gone", {}, "The catalogue has no such type any more."},
+        {typeKey(), canvas::Hit::onNode(rs.Index()), "Another node stands there."},
+        {typeKey(), edge(activity, activity, 1), "Activity1 feeds itself here."},
+        {typeKey(), edge(rs, activity, 5), "This edge carries control, and no data."},
+        {typeKey(), between, "No links lead from one record set to another."},
+        {list().Count() ? list().row(1).key : "RecordSet", between, ""},
+        {typeKey(), edge(rs, activity, 1, canvas::EdgeTypeDescription), ""},
+        {typeKey(), {}, "Nodes are placed in the window of a scenario.", true},
+    };
+    for (const auto& each : cases) {
+        stage.frame.idle();
+        design().setEnabled(!each.asleep);
+        const int nodes = design().Labels.Count();
+        windows().place(design(), each.key, each.hit, {500, 700});
+        EXPECT_EQ(windows().whyNotPlaced(design(), each.key, each.hit), each.why);
+        if (*each.why) {
+            EXPECT_EQ(repository.progress.statuses.back(), each.why);
+        }
+        EXPECT_EQ(design().Labels.Count() - nodes, *each.why ? 0 : 1) << each.why;
+    }
+    design().setEnabled(true);
+    stage.frame.run(Command::viewTypes);
+    windows().openZoom(design(), activity);
+    const int nodes = design().Labels.Count();
+    list().place(1);
+    EXPECT_EQ(repository.progress.statuses.back(), "Nodes are placed in the window of a scenario.");
+    EXPECT_EQ(design().Labels.Count(), nodes) << "nor behind a zoom view";
+}
+
+TEST_F(Types, ATypeThatCannotBeReadIsNotGiven) {
+    stage.frame.idle();
+    const std::string before = testkit::modelText(design());
+    stage.host.atSelection = [](editors::SelectionProp& dialog) {
+        dialog.Type = 2;
+        dialog.txtWidth = "99";
+        EXPECT_FALSE(dialog.OK());
+    };
+    for (const auto& [placed, executions] : {std::pair(true, 1), {true, 4}, {false, 1}, {false, 4}}) {
+        told.clear();
+        repository.hooked.after(executions, [] { throw platform::Fault("No answer."); });
+        if (placed) {
+            windows().place(design(), typeKey(), {}, {500, 700});
+        } else {
+            stage.frame.run(Command::selectAll);
+            stage.frame.run(Command::typeAndSize);
+        }
+        EXPECT_EQ(told, executions == 1 ? "Error Accessing DataBase\nNo answer.|" : "No answer.|");
+        EXPECT_EQ(testkit::modelText(design()), before) << placed;
+    }
+    design().ClearCrop();
+    stage.host.atSelection = [](editors::SelectionProp&) { ADD_FAILURE() << "no node is meant"; };
+    stage.frame.run(Command::typeAndSize);
 }
 
 TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
-    const auto select = [&](canvas::CanvasForm& form, bool (*meant)(const canvas::LabelsD&)) {
-        form.ClearCrop();
-        for (const canvas::LabelsD& node : form.Labels) {
-            if (meant(node)) {
-                form.SelectedLabels.Add(node.Index());
-            }
-        }
-    };
     std::string width = "133.2";
     std::string opened;
-    stage.host.atSelection = [&](editors::SelectionProp& dialog) {
-        opened = dialog.txtWidth;
+    const auto typed = [&](editors::SelectionProp& dialog) {
+        opened = dialog.Caption + " " + dialog.txtWidth + " " + dialog.txtHeight + " " + dialog.Types[1];
         dialog.Type = 2;
         dialog.txtWidth = width;
-        EXPECT_EQ(dialog.OK(), width == "133.2" || width == opened) << width;
+        EXPECT_TRUE(dialog.OK()) << width;
     };
+    stage.host.atSelection = typed;
     stage.frame.idle();
     const std::string before = testkit::stateText(design());
     const std::size_t steps = stage.frame.histories().of(design())->position();
@@ -151,13 +247,46 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
     EXPECT_EQ(stage.frame.histories().of(design())->position(), steps + 1);
     stage.frame.run(Command::stepBack);
     EXPECT_EQ(testkit::stateText(design()), before);
-    for (const char* wrong : {"14.9", "-50", "2e3", "1000.5", "wide"}) {
+    design().Labels.at(1)->setWidth(3000);
+    design().Lines.at(1)->placeMiddle({3000, 3000});
+    stage.frame.idle();
+    struct Size {
+        const char *width, *height;
+        float across = 0, down = 0;  // nothing when it is refused
+    };
+    for (const Size& size : {Size{"15", "1000", 225, 15000},
+                             {"", "20", 0, 300},
+                             {"30", "", 450, 450},
+                             {"14.9", ""},
+                             {"1000.5", ""},
+                             {"2e3", ""},
+                             {"", "-50"},
+                             {"", "wide"}}) {
         told.clear();
-        width = wrong;
+        stage.host.atSelection = [&](editors::SelectionProp& dialog) {
+            EXPECT_EQ(dialog.txtWidth + " " + dialog.txtHeight, " 30") << "only the heights are alike";
+            dialog.txtWidth = size.width;
+            dialog.txtHeight = size.height;
+            EXPECT_EQ(dialog.OK(), size.down > 0);
+        };
+        stage.frame.run(Command::selectAll);
         stage.frame.run(Command::typeAndSize);
-        EXPECT_EQ(told, "A width and a height are 15 to 1000 pixels.|") << wrong;
+        EXPECT_EQ(told, size.down > 0 ? "" : "A width and a height are 15 to 1000 pixels.|") << size.width;
+        for (const canvas::LabelsD& node : design().Labels) {
+            EXPECT_TRUE(size.down == 0 || node.Height() == size.down) << size.height;
+            const bool kept = size.across == 0 && node.Index() != design().Labels.at(1)->Index();
+            EXPECT_TRUE(kept ? node.Width() == 1050 : size.across == 0 || node.Width() == size.across) << size.width;
+        }
+        if (size.down > 0) {
+            const std::string taken = testkit::stateText(design());
+            for (canvas::LabelsD& node : design().Labels) {
+                canvas::reshape(design(), node, node.box());
+            }
+            EXPECT_EQ(testkit::stateText(design()), taken) << "the edges have followed";
+            EXPECT_GE(design().PicForm.Height(), design().nodeNamed("RS4")->box().bottom());
+            stage.frame.run(Command::stepBack);
+        }
     }
-    EXPECT_EQ(testkit::stateText(design()), before) << "nothing is taken of what has a fault";
 
     canvas::LabelsD* activity = nullptr;
     for (canvas::LabelsD& node : design().Labels) {
@@ -165,11 +294,16 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
     }
     windows().openZoom(design(), *activity);
     canvas::CanvasForm& view = *stage.desk.active();
-    const std::size_t free = 2;  // the types of the others are settled
-    for (std::size_t at = 0; at < free; ++at) {
+    const std::size_t free = 2;  // the types of the others are settled, and one would be called like its own
+    for (std::size_t at = 0; at <= free; ++at) {
         view.rules().placeNode(view, "Attribute", {500, 500});
+        if (at == 0) {
+            view.Labels.byIndex(view.LabelsNo)->entity<entities::AttributeProperties>()->Attribute_Name =
+                stage.frame.catalogue().tables.dataTypes.name(1);
+        }
     }
-    select(view, [](const canvas::LabelsD& node) { return node.NodeType() == canvas::NodeTypeAttribute; });
+    stage.frame.run(Command::selectAll);
+    stage.host.atSelection = typed;
     const std::vector<canvas::NodeNumber> meant = view.SelectedLabels.members();
     ASSERT_GT(meant.size(), 1U);
     told.clear();
@@ -181,18 +315,21 @@ TEST_F(Types, SeveralGetATypeAndASizeInOneStep) {
         EXPECT_TRUE(!given || node.entity<entities::AttributeProperties>()->Attribute_Type == 1) << node.Caption();
         EXPECT_EQ(node.Width(), 1998);
     }
+    const canvas::LabelsD& namesake = *view.Labels.byIndex(meant[meant.size() - free - 1]);
+    EXPECT_NE(namesake.entity<entities::AttributeProperties>()->Attribute_Type, 1) << "what its dialog refuses";
     EXPECT_EQ(std::count(told.begin(), told.end(), '|'), 1) << told;
     EXPECT_EQ(told.find("They keep their type: "), 0U);
 
     // What is left as it was rounds nothing, and is never too large.
     for (const auto& [twips, shown] : {std::pair(1234.0F, "82.27"), {30000.0F, "2000"}}) {
-        for (const canvas::NodeNumber node : meant) {
-            view.Labels.byIndex(node)->setWidth(twips);
-        }
+        canvas::LabelsD& node = *view.Labels.byIndex(meant.back());
+        node.setBox({0, 0, twips, 30000});
+        view.ClearCrop();
+        view.SelectedLabels.Add(node.Index());
         width = shown;
         stage.frame.run(Command::typeAndSize);
-        EXPECT_EQ(opened, shown);
-        EXPECT_EQ(view.Labels.byIndex(meant.front())->Width(), twips);
+        EXPECT_EQ(opened, "1 node " + width + " 2000 " + stage.frame.catalogue().tables.dataTypes.name(0));
+        EXPECT_EQ(node.Width(), twips);
     }
 }
 
@@ -204,6 +341,7 @@ TEST_F(Types, AnActivityStandsOnAnEdge) {
     int between = 0;
     for (int at = 1; at <= design().Lines.Count(); ++at) {
         stage.frame.idle();
+        design().Labels.at(2)->setLeft(100.F * static_cast<float>(at));  // a step before that of the placing
         const canvas::LinesD& edge = *design().Lines.at(at);
         const std::string from = design().Labels.byIndex(edge.FromLabel())->Caption();
         const std::string to = design().Labels.byIndex(edge.ToLabel())->Caption();
@@ -218,6 +356,9 @@ TEST_F(Types, AnActivityStandsOnAnEdge) {
         }
         ++between;
         const std::string name = last().Caption();
+        if (from == "RS1") {
+            EXPECT_EQ(last().activity()->Act_Inputs->Item("RS1_AU_ID")->Attribute_Name, "AU_ID") << "a short name";
+        }
         EXPECT_EQ(testkit::readings(design(), to, from, name), read) << from << " " << to;
         EXPECT_EQ(testkit::readings(design(), to, from), std::vector<std::string>{});
         EXPECT_EQ(testkit::CanvasFaults::ofScenario(design()), testkit::CanvasFaults::Lines{});
