@@ -2,6 +2,7 @@
 
 #include "editors/item_prop.h"
 
+#include "editors/rename_in_place.h"
 #include "zoom/apply_zoom_changes.h"
 #include "zoom/expand_collapse.h"
 #include "zoom/rename_node.h"
@@ -293,8 +294,14 @@ TEST_F(ItemDialog, AnotherTypeMakesAFunctionAnew) {
 TEST_F(ItemDialog, WhatRepeatsAnotherNodeIsEditedThere) {
     edge("A2", "RS4");
     open();
+    for (const char* tool : {"Attribute", "Parameter", "Function", "Constant"}) {
+        form->rules().placeNode(*form, tool, {100, 100});
+    }
     int repeated = 0;
     for (const canvas::LabelsD& each : form->Labels) {
+        const auto name = editors::nameInPlace(*form, each);
+        EXPECT_EQ(name.has_value(), form->bearsName(each)) << each.Caption();
+        EXPECT_NE(name, "") << each.Caption();
         const bool item = !each.activity() && !each.recordSet();
         EXPECT_EQ(ItemProp::edits(*form, each), item && form->bearsName(each)) << each.Caption();
         repeated += item && !form->bearsName(each);
@@ -302,6 +309,8 @@ TEST_F(ItemDialog, WhatRepeatsAnotherNodeIsEditedThere) {
         EXPECT_EQ(form->rules().stateOf(*form, properties, &each).enabled, form->bearsName(each));
     }
     EXPECT_GT(repeated, 0);
+    form->setEnabled(false);
+    EXPECT_FALSE(editors::nameInPlace(*form, node("A2")));
 }
 
 }  // namespace

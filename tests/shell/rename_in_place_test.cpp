@@ -120,7 +120,29 @@ TEST_F(RenameInPlace, TellsWhatIsWrongWithAName) {
     EXPECT_FALSE(stage.frame.pointerPorts().windows.rename(form, *form.nodeNamed("RS1"), "Activity2"));
     EXPECT_EQ(told, "THIS NAME IS USED FOR ANOTHER NODE OF THE GRAPH.\nPLEASE GIVE ANOTHER NAME!|");
     EXPECT_EQ(testkit::modelText(form), before);
+    stage.frame.pointerPorts().windows.openZoom(form, *form.nodeNamed("Activity2"));
+    canvas::CanvasForm& view = *stage.desk.active();
+    told.clear();
+    EXPECT_FALSE(stage.frame.pointerPorts().windows.rename(view, *view.nodeNamed("Activity2"), "RS1"));
+    EXPECT_NE(told, "") << "whether the view shows RS1 or not";
+    EXPECT_TRUE(stage.frame.pointerPorts().windows.rename(view, *view.nodeNamed("RS2"), "RS9"));
+    EXPECT_TRUE(dynamic_cast<zoom::ZoomView&>(view).unapplied());
+    stage.frame.close(view);
     stage.frame.close(form);
+}
+
+TEST_F(RenameInPlace, IsSavedWithWhatFollows) {
+    stage.frame.run(Command::loadTestGraph);
+    stage.saveAs("DEMO");
+    canvas::DrawForm& form = stage.active();
+    for (canvas::LabelsD& node : form.Labels) {
+        EXPECT_TRUE(stage.frame.pointerPorts().windows.rename(form, node, "My" + node.Caption()));
+    }
+    const std::string renamed = testkit::modelText(form);
+    stage.frame.run(Command::saveScenario);
+    stage.frame.close(form);
+    stage.load("DEMO");
+    EXPECT_EQ(testkit::modelText(stage.active()), renamed);
 }
 
 }  // namespace
