@@ -47,7 +47,7 @@ void scatter(DrawForm& form, unsigned seed) {
     constexpr NodeTypeCode kKinds[] = {NodeTypeRecordSet, NodeTypeActivity, NodeTypeRecordSet,
                                        NodeTypeActivity,  NodeTypeComment,  NodeTypeLog};
     for (int node = 0; node < 30; ++node) {
-        const auto x = static_cast<float>(below(9000)), y = static_cast<float>(below(9000));
+        const auto x = static_cast<float>(below(9000) - 200), y = static_cast<float>(below(9000) - 200);
         form.Labels.Add({x, y, 1050, 450}, "N" + std::to_string(node), kKinds[below(6)]);
     }
     const auto nodes = static_cast<int>(form.LabelsNo);
@@ -55,7 +55,8 @@ void scatter(DrawForm& form, unsigned seed) {
         const int from = 1 + below(nodes - 1);
         const int to = from + 1 + below(nodes - from);
         LinesD* edge = form.Lines.addFullLine(NodeNumber{from}, static_cast<std::int16_t>(1 + below(4)), NodeNumber{to},
-                                              static_cast<std::int16_t>(1 + below(4)), EdgeTypeProvider,
+                                              static_cast<std::int16_t>(1 + below(4)),
+                                              below(4) == 0 ? EdgeTypeRegulator : EdgeTypeProvider,
                                               static_cast<AngleCode>(below(4)), 0);
         if (edge->Angle() == AngleNone && below(2) == 0) {
             edge->placeMiddle({static_cast<float>(below(9000)), 5});
@@ -81,6 +82,16 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
         for (NodeNumber node = 1_node; node <= form.LabelsNo && !all; node = numberAfter(numberAfter(node))) {
             form.SelectedLabels.Add(node);
         }
+        for (int at = 1; at <= 40; ++at) {  // what is no flow leads nowhere
+            const LinesD& edge = *form.Lines.at(at);
+            form.Lines.addFullLine(edge.ToLabel(), 1, edge.FromLabel(), 1, EdgeTypePartOf, AngleNone, 0);
+        }
+        form.Labels.byIndex(1_node)->setVisible(false);
+        LinesD& hidden = *form.Lines.addFullLine(2_node, 1, 3_node, 1, EdgeTypeProvider, AngleVerticalUp, 0);
+        hidden.setVisible(false);
+        if (all && seed % 2 == 0) {
+            form.SelectedLabels.Add(2_node);  // one alone means all
+        }
         const auto before = picture(form);
         Told told(form);
         ASSERT_EQ(arrange(form, EditAction::tidyUp), "");
@@ -88,7 +99,7 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
         Point corner{1e9F, 1e9F}, formerCorner = corner;
         for (const LabelsD& node : form.Labels) {
             const Box& former = before.first[static_cast<std::size_t>(node.Index()) - 1];
-            if (!all && !form.SelectedLabels.Item(node.Index())) {
+            if (!node.Visible() || (!all && !form.SelectedLabels.Item(node.Index()))) {
                 EXPECT_EQ(node.box(), former);
                 continue;
             }
@@ -96,15 +107,17 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
             formerCorner = {std::min(formerCorner.x, former.Left), std::min(formerCorner.y, former.Top)};
             EXPECT_EQ(std::fmod(node.Left(), 100) + std::fmod(node.Top(), 100), 0);
             for (const LabelsD& other : form.Labels) {
-                const bool meant = all || form.SelectedLabels.Item(other.Index());
+                const bool meant = other.Visible() && (all || form.SelectedLabels.Item(other.Index()));
                 EXPECT_FALSE(meant && &other != &node && touch(node.box(), other.box()));
             }
         }
-        EXPECT_EQ(corner.x, all ? 300 : SnapToGrid(formerCorner.x));
-        EXPECT_EQ(corner.y, all ? 300 : SnapToGrid(formerCorner.y));
+        EXPECT_EQ(corner.x, all ? 300 : std::max(SnapToGrid(formerCorner.x), 0.0F));
+        EXPECT_EQ(corner.y, all ? 300 : std::max(SnapToGrid(formerCorner.y), 0.0F));
+        EXPECT_EQ(hidden.Angle(), AngleVerticalUp);
         for (const LinesD& edge : form.Lines) {
             const LabelsD &from = *form.Labels.byIndex(edge.FromLabel()), &to = *form.Labels.byIndex(edge.ToLabel());
-            if (all && !isNote(from) && !isNote(to)) {
+            if (all && edge.EdgeType() != EdgeTypePartOf && edge.Visible() && from.Visible() && !isNote(from) &&
+                !isNote(to)) {
                 EXPECT_GT(to.Left(), from.box().right());
                 EXPECT_FALSE(isCrooked(form, edge));
             }
@@ -137,6 +150,8 @@ TEST(TidyUp, OffersTheWayBackUntilSomethingChanges) {
         change(stage.form);
         EXPECT_EQ(stage.form.offer().has_value(), *what == 0) << what;
         EXPECT_EQ(told.form, *what == 0 ? 0 : 1) << what;
+        stage.form.Labels.byIndex(2_node)->setTop(8000);
+        EXPECT_EQ(told.form, 1) << what;
     }
 }
 
@@ -185,7 +200,19 @@ TEST(Arrangement, AlignsAndDistributes) {
             EXPECT_EQ(stage.form.Labels.byIndex(nodes[at])->Left(), lefts[at]) << nodes[at];
             EXPECT_EQ(stage.form.Labels.byIndex(nodes[at])->Top(), tops[at]) << nodes[at];
         }
+        const std::uint64_t changes = stage.form.changes();
+        arrange(stage.form, action);
+        EXPECT_EQ(stage.form.changes(), changes) << "it stands so already";
     }
+    PointerStage stage;  // by their middles, whatever begins first
+    const std::pair<NodeNumber, Box> boxes[] = {
+        {1_node, {0, 0, 5000, 400}}, {2_node, {1000, 0, 300, 400}}, {5_node, {6000, 0, 1000, 400}}};
+    for (const auto& [node, box] : boxes) {
+        stage.form.Labels.byIndex(node)->setBox(box);
+        stage.form.SelectedLabels.Add(node);
+    }
+    arrange(stage.form, EditAction::distributeAcross);
+    EXPECT_EQ(stage.form.Labels.byIndex(1_node)->Left(), 1150);
 }
 
 TEST(Arrangement, SelectsAlongEdgesAndByType) {
@@ -207,9 +234,15 @@ TEST(Arrangement, SelectsAlongEdgesAndByType) {
         form.Labels.Add({0, 6000, 1000, 400}, "A7", NodeTypeActivity).activity()->Act_Type = 3;
         for (const auto& [from, to] :
              {std::pair(2_node, 5_node), {5_node, 6_node}, {6_node, 5_node}, {7_node, 5_node}}) {
-            form.Lines.addFullLine(from, 4, to, 1, EdgeTypeProvider, AngleNone, 0);
+            form.Lines.addFullLine(from, 4, to, 1, from == 7_node ? EdgeTypeRegulator : EdgeTypeProvider, AngleNone, 0);
         }
         form.Lines.addFullLine(3_node, 1, 7_node, 1, EdgeTypeDescription, AngleNone, 0);
+        // What is hidden leads nowhere: an edge from 4, and an activity between 9 and 2.
+        form.Lines.addFullLine(4_node, 1, 2_node, 1, EdgeTypeProvider, AngleNone, 0)->setVisible(false);
+        form.Labels.Add({0, 7000, 1000, 400}, "A8", NodeTypeActivity).setVisible(false);
+        form.Labels.Add({0, 8000, 1000, 400}, "RS9", NodeTypeComment);
+        form.Lines.addFullLine(9_node, 1, 8_node, 1, EdgeTypeProvider, AngleNone, 0);
+        form.Lines.addFullLine(8_node, 1, 2_node, 1, EdgeTypeProvider, AngleNone, 0);
         EXPECT_EQ(arrange(form, action),
                   std::string_view(action == EditAction::selectBetween ? "Select at least two nodes."
                                                                        : "Select a node first."));
@@ -229,6 +262,23 @@ TEST(Arrangement, SelectsAlongEdgesAndByType) {
     EXPECT_NE(arrange(stage.form, EditAction::selectBetween), "") << "no way";
     stage.form.SelectedLabels.Add(1_node);
     EXPECT_EQ(arrange(stage.form, EditAction::selectBetween), "Select two nodes alone.");
+    for (const NodeTypeCode kind : {NodeTypeFunction, NodeTypeAttribute, NodeTypeParameter}) {
+        stage.form.ClearCrop();
+        for (const int type : {1, 2, 1}) {
+            LabelsD& node = stage.form.Labels.Add({0, 0, 500, 500}, std::to_string(stage.form.Labels.Count()), kind);
+            const auto code = static_cast<std::int16_t>(type);
+            if (auto* function = node.entity<entities::FunctionProperties>()) {
+                function->Function_Type = code;
+            } else if (auto* attribute = node.entity<entities::AttributeProperties>()) {
+                attribute->Attribute_Type = code;
+            } else {
+                node.entity<entities::ParameterProperties>()->Parameter_Type = code;
+            }
+        }
+        stage.form.SelectedLabels.Add(stage.form.LabelsNo);
+        EXPECT_EQ(arrange(stage.form, EditAction::selectSameType), "");
+        EXPECT_EQ(stage.form.SelectedLabels.Count(), 2);
+    }
 }
 
 TEST(FitToNames, WidensBoxesAndKeepsThemApart) {
@@ -240,10 +290,13 @@ TEST(FitToNames, WidensBoxesAndKeepsThemApart) {
         scatter(form, seed);
         if (seed % 2 == 0) {
             form.SelectedLabels.Add(3_node);
+        }
+        if (seed % 4 == 0) {
             form.SelectedLabels.Add(7_node);
         }
         const auto before = picture(form).first;
         const std::vector<NodeNumber> meant = nodesToFit(form);
+        EXPECT_TRUE(seed % 4 != 2 || meant.size() < 2);
         Told told(form);
         const int wider = fitToNames(form, meant, measure);
         EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, wider > 0 ? 1 : 0));
@@ -282,12 +335,50 @@ TEST(FitToNames, OnlyWhatIsReachedGivesWay) {
     add(2400, 400, "behind");
     add(1300, 500, "below");
     add(5000, 0, "far");
+    add(0, 2000, "short");
+    add(1100, 2000, "beside");
+    add(0, 3000, "FIFTEEN LETTERS");
+    add(1000, 3000, "touches");
+    add(0, 4000, "FIFTEEN letters");
+    add(1350, 4000, "off the grid");
+    add(form.PicForm.Width() - 1000, 9000, "at the rim of it");
+    const float rim = form.PicForm.Width() - 1000;
     fitToNames(form, nodesToFit(form), testkit::LetterMeasure(100));
+    EXPECT_GE(form.PicForm.Width(), rim + 1600);
     std::vector<float> lefts;
     for (const Box& box : picture(form).first) {
         lefts.push_back(box.Left);
     }
-    EXPECT_EQ(lefts, (std::vector<float>{0, 1800, 3100, 1300, 5000}));
+    EXPECT_EQ(lefts, (std::vector<float>{0, 1800, 3100, 1300, 5000, 0, 1100, 0, 1800, 0, 1850, rim}));
+}
+
+TEST(FitToNames, MembersOfOneOwnerStayAlike) {
+    PointerStage stage;
+    DrawForm form{{stage.host, stage.settings}};
+    const struct {
+        const char* owner;
+        NodeTypeCode kind;
+        float left;
+        const char* name;
+        float width;
+    } rows[] = {
+        {"A", NodeTypeAttribute, 0, "fifteen letters", 1500}, {"A", NodeTypeAttribute, 0, "short", 1500},
+        {"A", NodeTypeAttribute, 9000, "other column", 1200}, {"B", NodeTypeAttribute, 0, "other", 1000},
+        {"B", NodeTypeParameter, 0, "twelve chars", 1200},    {"B", NodeTypeParameter, 0, "too", 1200},
+    };
+    float top = 0;
+    for (const auto& row : rows) {
+        LabelsD& node = form.Labels.Add({row.left, top += 1000, 1000, 500}, row.name, row.kind);
+        if (auto* attribute = node.entity<entities::AttributeProperties>()) {
+            attribute->ParentKeyName = row.owner;
+        } else {
+            node.entity<entities::ParameterProperties>()->ParentKeyName = row.owner;
+        }
+    }
+    fitToNames(form, nodesToFit(form), testkit::LetterMeasure(100));
+    for (const auto& row : rows) {
+        EXPECT_EQ(form.nodeNamed(row.name)->Width(), row.width) << row.name;
+    }
 }
 
 }  // namespace

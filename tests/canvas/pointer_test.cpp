@@ -474,7 +474,9 @@ TEST(Pointer, KeysMovePlaceAndDraw) {
 
 TEST(Pointer, LinksBehindAnEdgeStayLitUntilSomethingElseIsDone) {
     PointerStage stage;
-    stage.form.Lines.addFullLine(1_node, 2, 2_node, 2, EdgeTypeProvider, AngleNone, 0);
+    for (const auto& [from, to] : {std::pair(1_node, 2_node), {1_node, 5_node}, {5_node, 2_node}}) {
+        stage.form.Lines.addFullLine(from, 2, to, 2, EdgeTypeProvider, AngleNone, 0);
+    }
     PointedLight light(stage.form, *stage.pointer);
     const char* ends[] = {"press p 1 1|release p 1 1", "code 27", "delete n5"};
     for (const std::string end : ends) {

@@ -618,7 +618,8 @@ TEST_F(Consistency, AnEdgeTellsTheLinksThatItStandsFor) {
              {"RS1", "A1", "1 link: RS1.AU_ID → A1.IN.AU_ID"},
              {"RS3", "A2", "3 links: RS3.PUB_ID → A2.PARAM.PUB_ID, RS3.PUB_ID → F1.IN.I2, RS3.PUB_ID → A2.F2.IN.I2"},
              {"A2", "A3", "1 link: A2.OUT.AU_ID → A3.IN.AU_ID"},
-             {"A2", "RS1", none}}) {
+             {"A2", "RS1", none},
+             {"A2", "A2", none}}) {
         SCOPED_TRACE(from + to);
         draw(from.c_str(), to.c_str(), canvas::EdgeTypeProvider);
         EXPECT_EQ(links::linkWords(links::linksBehind(design, *design.Lines.at(design.Lines.Count()))), words);
