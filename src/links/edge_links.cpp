@@ -14,11 +14,12 @@ using canvas::LinesD;
 
 namespace {
 
+/// An activity's links between its own members have relative keys, and no edge of it stands for them.
 template <class Links, class Member>
 void addLinks(const Links& links, const std::string& source, const Member& member, NodeKindCode kind,
               std::vector<EdgeNames>& result) {
     for (const auto& link : links) {
-        if (link.name() == source) {
+        if (link.name() == source && !link.key().starts_with('.')) {
             result.push_back({link.key(), wholeKey(member.ParentKeyName, kind, member.Key)});
         }
     }
@@ -37,9 +38,7 @@ std::vector<EdgeNames> linksBehind(const canvas::Canvas& form, const LinesD& edg
         eachListDeep(owner, [&](const auto& members, NodeKindCode kind) {
             for (const auto& member : members) {
                 if constexpr (requires { member.ProvidedFrom; }) {
-                    if (kind != KindOutput) {  // those have their values from their own activity
-                        addLinks(member.ProvidedFrom, from->KeyName(), member, kind, result);
-                    }
+                    addLinks(member.ProvidedFrom, from->KeyName(), member, kind, result);
                 }
                 addLinks(member.RegulatedFrom, from->KeyName(), member, kind, result);
             }
