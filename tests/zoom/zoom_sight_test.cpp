@@ -1,9 +1,12 @@
 // What helps to read the view: room between its boxes, and the path of a value.
 
+#include <map>
+
 #include "zoom/expand_collapse.h"
 #include "zoom/make_room.h"
 #include "zoom/member_ties.h"
 #include "zoom/path_light.h"
+#include "zoom/view_filters.h"
 #include "zoom/zoom_fixture.h"
 
 using namespace orvent;
@@ -24,6 +27,24 @@ class ZoomSight : public testkit::ZoomTest {
         return static_cast<std::size_t>(
             std::count_if(light.edges.begin(), light.edges.end(),
                           [&](canvas::EdgeNumber index) { return form->Lines.byIndex(index)->EdgeType() == kind; }));
+    }
+    /// The room of a node and what belongs to it.
+    canvas::Box extent(const std::string& owner) {
+        canvas::Box all = node(owner).box();
+        for (const canvas::LabelsD& each : form->Labels) {
+            if (each.KeyName().starts_with(owner + ".")) {
+                const canvas::Box& box = each.box();
+                const float left = std::min(all.Left, box.Left), top = std::min(all.Top, box.Top);
+                all = {left, top, std::max(all.right(), box.right()) - left,
+                       std::max(all.bottom(), box.bottom()) - top};
+            }
+        }
+        return all;
+    }
+    bool apart(const char* one, const char* other) {
+        const float gap = form->settings().HDist;
+        const canvas::Box a = extent(one), b = extent(other);
+        return a.bottom() + gap <= b.Top || b.bottom() + gap <= a.Top;
     }
 };
 
@@ -48,8 +69,14 @@ TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
     for (const char* line :
          {"RS1.AU_ID -> 1 A2 A2.IN.LOST", "A2.IN.LOST <- 1 RS1 RS1.AU_ID", "RS1.AU_ID ~> 1 A2 A2.PARAM.FAR",
           "A2.PARAM.FAR <~ 1 RS1 RS1.AU_ID", "A3.OUT.AU_ID -> 2 A2 A2.IN.BACK", "A2.IN.BACK <- 2 A3 A3.OUT.AU_ID",
-          "A1.OUT.AU_ID -> 2 A2 A2.IN.LOST", "A2.IN.LOST <- 2 A1 A1.OUT.AU_ID"}) {
+          "A1.OUT.AU_ID -> 2 A2 A2.IN.LOST", "A2.IN.LOST <- 2 A1 A1.OUT.AU_ID", "A1.OUT.A1.O12 -> 2 A2 A2.IN.LOST",
+          "A2.IN.LOST <- 2 A1 A1.OUT.A1.O12", "RS1.AU_ID -> 1 RS4 RS4.SONUM", "RS4.SONUM <- 1 RS1 RS1.AU_ID",
+          "A2.IN.GONE <- 1 RS4 RS4.GONE"}) {
         graph.add(line);
+    }
+    for (entities::ProviderProperties& link :
+         design.nodeNamed("A2")->activity()->Act_Inputs->Item("LOST")->ProvidedFrom) {
+        link.LineIndex = canvas::EdgeNumber{1};  // of an earlier view
     }
     edge("A2", "RS4");  // it stands there twice
     open();
@@ -62,21 +89,25 @@ TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
         }
         return sorted(lines);
     };
-    const Texts before = {"A2.IN.BACK provided by A3.OUT.AU_ID, not in view",
+    const std::string gone = "A2.IN.GONE provided by RS4.GONE, not in view";
+    const std::string copied = "RS4.SONUM provided by RS1.AU_ID, not in view";
+    const Texts before = {"A2.IN.BACK provided by A3.OUT.AU_ID, not in view", gone,
                           "A2.IN.LOST provided by RS1.AU_ID, not in view",
-                          "A2.PARAM.FAR regulated by RS1.AU_ID, not in view"};
+                          "A2.PARAM.FAR regulated by RS1.AU_ID, not in view", copied};
     EXPECT_EQ(told(), before);
     form->rules().toggleExpanded(*form, node("RS4"));
-    EXPECT_EQ(told(), sorted({before[0], before[1], before[2], "A2.IN.SONUM provided by RS4.SONUM, collapsed in RS4",
+    EXPECT_EQ(told(), sorted({before[0], before[2], before[3], "A2.IN.GONE provided by RS4.GONE, collapsed in RS4",
+                              "A2.IN.SONUM provided by RS4.SONUM, collapsed in RS4",
                               "F1.IN.I3 regulated by RS4.SONUM, collapsed in RS4",
                               "A2.F2.IN.I3 regulated by RS4.SONUM, collapsed in RS4"}));
     form->rules().toggleExpanded(*form, node("RS4"));
     EXPECT_EQ(told(), before);
     form->rules().toggleExpanded(*form, node("A1"));
     form->rules().toggleExpanded(*form, node("A3"));
-    EXPECT_EQ(told(), sorted({before[0], before[1] + ", and by A1.OUT.AU_ID, collapsed in A1", before[2],
-                              "A2.IN.A1.O12 provided by A1.OUT.A1.O12, collapsed in A1",
-                              "A2.IN.AU_ID provided by A1.OUT.AU_ID, collapsed in A1"}))
+    EXPECT_EQ(told(),
+              sorted({before[0], gone, copied, before[2] + ", and by A1.OUT.AU_ID, A1.OUT.A1.O12, collapsed in A1",
+                      before[3], "A2.IN.A1.O12 provided by A1.OUT.A1.O12, collapsed in A1",
+                      "A2.IN.AU_ID provided by A1.OUT.AU_ID, collapsed in A1"}))
         << "an activity behind shows no outputs";
     form->rules().toggleExpanded(*form, node("A1"));
     form->rules().toggleExpanded(*form, node("A3"));
@@ -94,13 +125,12 @@ TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
     } meant;
     const canvas::CanvasSubscription subscription = form->listen(meant);
     for (const canvas::LabelsD& each : form->Labels) {
-        if (each.Caption() == "SONUM" && !form->bearsName(each)) {
+        if (!form->bearsName(each)) {
             EXPECT_EQ(refuse(index("A2.OUT.AU_ID"), each.Index()),
-                      "SONUM is shown twice. Its edges are drawn at the other copy.");
-            break;
+                      each.Caption() + " is shown twice. Its edges are drawn at the other copy.");
         }
     }
-    EXPECT_EQ(meant.names, "RS4.SONUM ");
+    EXPECT_EQ(meant.names, "RS4 RS4.SONUM ");
     EXPECT_EQ(form->SelectedLabels.members(), std::vector{index("RS4.SONUM")});
 }
 
@@ -128,12 +158,46 @@ TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
     zoom::ExpandFunction(*form, index("F9"));
     zoom::AttachFunction(*form, node("F9"), node("A1"), true);
     const float fromOwner = node("F9.OUT.O").Left() - node("A1").Left();
+    std::vector<canvas::NodeNumber> constants;
+    for (const float top : {node("C1").Top(), node("C1").Top() - 50, node("C1").Top() + 9000}) {
+        canvas::LabelsD& constant =
+            form->Labels.Add(node("C1").box(), "K" + std::to_string(constants.size()), canvas::NodeTypeConstant);
+        constant.setTop(top);
+        constants.push_back(constant.Index());
+    }
+    constants.push_back(index("C1"));
+    const canvas::Box type{0, 0, 300, 300};
+    form->Labels.Add(type, "A type with a long name", canvas::NodeTypeDataType);
+    narrow.letter = 500;
+    std::map<canvas::NodeNumber, float> tops;
+    for (const canvas::LabelsD& each : form->Labels) {
+        tops[each.Index()] = each.Top();
+    }
     const Texts drawn = edges(true);
     const float inner = node("A2.IN.SONUM").Left() - node("A2").Left();
     const float own = node("RS2.ED_ID").Top() - node("RS2").Top();
     zoom::MakeRoom(*form);
     EXPECT_FALSE(zoom::boxesOverlap(*form));
     EXPECT_EQ(edges(true), drawn);
+    EXPECT_EQ(node("A type with a long name").box(), type) << "it stands outside of the columns";
+    for (const canvas::LabelsD& each : form->Labels) {
+        EXPECT_TRUE(zoom::isTypeNode(each) || each.Width() >= narrow.widthForName(each)) << each.Caption();
+        EXPECT_GE(each.Top(), tops[each.Index()]) << each.Caption();
+    }
+    for (const canvas::NodeNumber one : constants) {
+        for (const canvas::NodeNumber other : constants) {
+            const canvas::Box &a = form->Labels.byIndex(one)->box(), &b = form->Labels.byIndex(other)->box();
+            EXPECT_TRUE(one >= other || a.bottom() <= b.Top || b.bottom() <= a.Top);
+        }
+    }
+    EXPECT_EQ(form->Labels.byIndex(constants[2])->Top(), tops[constants[2]]);
+    const char* const providers[] = {"RS4", "A1", "RS3", "RS2", "A3"};
+    for (const char* one : providers) {
+        EXPECT_LE(extent(one).right() + 4 * form->settings().HDist, extent("A2").Left) << one;
+        for (const char* other : providers) {
+            EXPECT_TRUE(one == other || apart(one, other)) << one << " " << other;
+        }
+    }
     EXPECT_EQ(form->offer(), std::nullopt);
     // Members went with their owners.
     EXPECT_EQ(node("F9.OUT.O").Left() - node("A1").Left(), fromOwner);
@@ -142,7 +206,19 @@ TEST_F(ZoomSight, RoomIsMadeForEveryNeighbour) {
     const Texts placed = boxes();
     zoom::MakeRoom(*form);
     EXPECT_EQ(boxes(), placed);
-    EXPECT_GE(form->PicForm.Width(), node("A3").box().right());
+    node("A2").setBox({node("A2").Left(), node("A2").Top(), form->PicForm.Width() - node("A2").Left(), 5000});
+    node("F1").setBox(node("A2").box());
+    zoom::MakeRoom(*form);
+    for (const canvas::LabelsD& each : form->Labels) {
+        EXPECT_GE(form->PicForm.Width(), each.box().right()) << each.KeyName();
+    }
+    EXPECT_FALSE(zoom::boxesOverlap(*form)) << "its own may";
+    const float left = node("A2.PARAM.PUB_ID").Left();
+    node("A2.PARAM.PUB_ID").setLeft(-9000);
+    EXPECT_EQ(zoom::disorderOf(*form), zoom::Disorder::wrongSide) << "of the value that governs it";
+    node("A2.PARAM.PUB_ID").setLeft(left);
+    node("RS2").setBox({node("A2").box().right() - 600, node("A2").Top() + 4400, 500, 500});
+    EXPECT_TRUE(zoom::boxesOverlap(*form));
 }
 
 TEST_F(ZoomSight, AnEdgeWithoutMeaningTakesNobodyAlong) {
@@ -152,9 +228,17 @@ TEST_F(ZoomSight, AnEdgeWithoutMeaningTakesNobodyAlong) {
     for (const bool joined : {false, true}) {
         open();
         if (joined) {
-            form->Lines.addFullLine(index("RS4"), 1, index("A2"), 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
+            for (const char* other : {"A2", "F1"}) {
+                form->Lines.addFullLine(index("RS4"), 1, index(other), 1, canvas::EdgeTypePartOf, canvas::AngleNone, 0);
+            }
         }
+        narrow.letter = 500;
+        node("RS2").setTop(node("A3").Top());
         zoom::MakeRoom(*form);
+        EXPECT_TRUE(apart("RS2", "A3"));
+        for (const char* consumer : {"RS2", "A3"}) {
+            EXPECT_GE(extent(consumer).Left, extent("A2").right() + 4 * form->settings().HDist) << consumer;
+        }
         placed[joined ? 1 : 0] = boxes();
     }
     EXPECT_EQ(placed[0], placed[1]);
