@@ -14,6 +14,10 @@ class StatementChecksTest : public testkit::GraphTest {
   protected:
     std::string told(const char* node) {
         std::string result;
+        if (const auto* activity = form.nodeNamed(node)->activity()) {
+            const auto fault = checks.faultOf(*activity);
+            result = fault ? std::string(analysis::wordsOf(fault->kind).word) : "";
+        }
         const analysis::StatementCheck::ProgramLook look = checks.programOf(form, *form.nodeNamed(node));
         for (const analysis::StatementCheck::Fault& fault : look.faults) {
             result += std::string(analysis::wordsOf(fault.kind).word) + " " + fault.words + "; ";
@@ -37,9 +41,9 @@ TEST_F(StatementChecksTest, TellWhatTheProgramFindsButOnce) {
          "undefined Rule 1, line 2, column 6: Nothing defines gone.; "
          "operator Rule 1, line 2, column 14: \"LIKE\" is no operator.; reads T; "},
         {"sel_out(X", "syntax Line 1, column 10: \")\" is missing here.; "},
-        {"!! \"X\" Has Not Been Declared!!", ""},
-        {"", ""},
-        {"sel_out(Sel_OUT_ID,Sel_OUT_ID)<-t(Sel_OUT_ID).", ""},
+        {"!! \"X\" Has Not Been Declared!!", "statement"},
+        {"", "statement"},
+        {"sel_out(Sel_OUT_ID,Sel_OUT_ID)<-t(Sel_OUT_ID).", "outdated"},
         {"sel_out(X,X)<-t(X).",
          "outdated Rule 1, line 1, column 1: sel_out has 2 columns here, and 1 member in the scenario.; reads T; "},
     };
@@ -47,6 +51,8 @@ TEST_F(StatementChecksTest, TellWhatTheProgramFindsButOnce) {
         activity.Act_LDL = statement;
         EXPECT_EQ(told("Sel"), words) << statement;
     }
+    activity.statementDoubt = "It is a copy.";
+    EXPECT_EQ(told("Sel"), "doubtful");
     graph.recordSet("t");
     EXPECT_EQ(told("T"), "spelling T and t have one spelling in statements.; ");
 }

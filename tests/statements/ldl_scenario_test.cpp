@@ -212,6 +212,7 @@ TEST_F(LDLScenarioTest, ReportsTheStatementsThatAreNotWhole) {
     graph.feed("Last.OUT.O", "FED.Y");
     graph.edge("Last", "FED");
     graph.edge("Last", "UNFED");
+    graph.edge("ALONE", "ALONE");
     graph.edge("READ", "Last");
     form.Lines.addFullLine(form.NamesColl.Item("Last"), 4, form.NamesColl.Item("ALONE"), 1, canvas::EdgeTypeDescription,
                            canvas::AngleNone, 0);
@@ -258,7 +259,38 @@ TEST_F(LDLScenarioTest, AStatementThatDoesNotFitSaysWhere) {
         std::function<void(Activity&, testkit::GraphBuilder&)> change;
         std::string words;
     };
+    const auto text = [](const char* statement) { return [statement](Activity& a, auto&) { a.Act_LDL = statement; }; };
+    // Among ten inputs a longer number may be that of a shorter name and a digit.
+    const auto among = [](int inputs) {
+        return [inputs](Activity& a, testkit::GraphBuilder& drawn) {
+            for (int at = 3; at <= inputs; ++at) {
+                const std::string name = "N" + std::to_string(at);
+                a.Act_Inputs->Add(name, 0, entities::TagNone, name).ParentKeyName = "Act";
+                drawn.feed("SRC.AGE", "Act.IN." + name);
+            }
+            a.Act_LDL = "f(Act_IN1_AGE5).";
+        };
+    };
     const Row rows[] = {
+        {among(9), "Source 1 (SRC) gives no input AGE5."},
+        {among(10), ""},
+        {text("act_out(Act_OUT_ID,Act_OUT_SUM_1)<-act_in1(Act_IN1_ID,Act_IN1_AGE),act_in2()."),
+         "act_in2 has 0 arguments, source 2 (LOOK) gives 1 input."},
+        {text("f(A_IN7_X)."), "There is no source 7: the activity has 2 sources."},
+        {text("f(Act_IN12345_X)."), ""},
+        {text("f(myAct_OUT_GONE,Foo_OUT_X)."), ""},
+        {text("act_out(Act_OUT_ID,Act_OUT_SUM_1)<-act_in1(Act_IN1_ID,Act_IN1_AGE),g(Act_IN2_KEY)."), ""},
+        {text("act_out(Act_OUT_SUM_1,Foo_OUT_ID)<-act_in1(Act_IN1_ID,Act_IN1_AGE),act_in2(Act_IN2_KEY)."), ""},
+        {[](Activity& a, auto&) {
+             a.Act_Outputs->Item(1)->Attribute_Name = "X";
+             a.Act_LDL = "f(Act_OUT_X).";
+         },
+         ""},
+        {[](Activity& a, auto&) {
+             a.Act_Outputs->Add("MORE", 0, entities::TagNone, "MORE");
+             a.Act_LDL = "act_out(Act_OUT_SUM_1,Act_OUT_ID,Act_OUT_MORE)<-f(_).";
+         },
+         "act_out has the outputs in another order than the activity."},
         {[](Activity&, auto&) {}, ""},
         {[](Activity& a, auto&) { a.Act_Inputs->Item(2)->Attribute_Name = "YEARS"; },
          "Source 1 (SRC) gives no input AGE."},
