@@ -25,7 +25,7 @@ class Records {
         fields(activity.Act_LDL, activity.Act_SchemaNo, activity.NodeID, activity.Act_SQL, activity.Act_Log,
                activity.Act_Description, activity.Act_Type, activity.Act_Name, activity.statementDoubt);
         members(activity);
-        items(activity.Act_Functions, [this](auto& function) { record(function); });
+        items(activity.Act_Functions, [&](auto& function) { record(function); });
         toBeWritten(activity);
     }
 
@@ -115,7 +115,7 @@ class Records {
 
     template <class Owner>
     void members(Owner& owner) {
-        eachList(owner, [this](auto& list, NodeKindCode) { items(list, [this](auto& member) { record(member); }); });
+        eachList(owner, [&](auto& list, NodeKindCode) { items(list, [&](auto& member) { record(member); }); });
     }
 
     static const std::string& keyOf(const FunctionProperties& function) { return function.Function_Key; }
