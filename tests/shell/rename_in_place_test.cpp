@@ -131,18 +131,4 @@ TEST_F(RenameInPlace, TellsWhatIsWrongWithAName) {
     stage.frame.close(form);
 }
 
-TEST_F(RenameInPlace, IsSavedWithWhatFollows) {
-    stage.frame.run(Command::loadTestGraph);
-    stage.saveAs("DEMO");
-    canvas::DrawForm& form = stage.active();
-    for (canvas::LabelsD& node : form.Labels) {
-        EXPECT_TRUE(stage.frame.pointerPorts().windows.rename(form, node, "My" + node.Caption()));
-    }
-    const std::string renamed = testkit::modelText(form);
-    stage.frame.run(Command::saveScenario);
-    stage.frame.close(form);
-    stage.load("DEMO");
-    EXPECT_EQ(testkit::modelText(stage.active()), renamed);
-}
-
 }  // namespace
