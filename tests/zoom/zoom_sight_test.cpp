@@ -111,14 +111,18 @@ TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
         << "an activity behind shows no outputs";
     form->rules().toggleExpanded(*form, node("A1"));
     form->rules().toggleExpanded(*form, node("A3"));
-    const auto refuse = [&](canvas::NodeNumber from, canvas::NodeNumber to) {
+    const auto refuse = [&](canvas::NodeNumber from, canvas::NodeNumber to, auto kind) {
         ports.messages.expect("This Relationship Is Not Valid!", "", platform::Icon::warning);
-        form->rules().edgeCompleted(
-            *form, *form->Lines.addFullLine(from, 1, to, 1, canvas::EdgeTypeProvider, canvas::AngleNone, 0));
+        form->rules().edgeCompleted(*form, *form->Lines.addFullLine(from, 1, to, 1, kind, canvas::AngleNone, 0));
         return ports.messages.smaller;
     };
-    EXPECT_EQ(refuse(index("RS3.PUB_ID"), index("A2.IN.LOST")), "LOST is provided by RS1.AU_ID, not in view.");
-    EXPECT_EQ(refuse(index("RS3.PUB_ID"), index("A2.IN.SONUM")), "") << "its provider is seen";
+    EXPECT_EQ(refuse(index("RS3.PUB_ID"), index("A2.IN.LOST"), canvas::EdgeTypeProvider),
+              "LOST is provided by RS1.AU_ID, not in view.");
+    EXPECT_EQ(refuse(index("RS3.PUB_ID"), index("A2.IN.SONUM"), canvas::EdgeTypeProvider), "")
+        << "its provider is seen";
+    EXPECT_EQ(refuse(index("A2.PARAM.FAR"), index("RS3.PUB_ID"), canvas::EdgeTypeRegulator),
+              "FAR is regulated by RS1.AU_ID, not in view.")
+        << "drawn backwards";
     struct Meant : canvas::CanvasListener {
         void nodeMeant(const canvas::LabelsD& node) override { names += node.KeyName() + " "; }
         std::string names;
@@ -126,7 +130,7 @@ TEST_F(ZoomSight, WhatStandsBeyondTheViewIsTold) {
     const canvas::CanvasSubscription subscription = form->listen(meant);
     for (const canvas::LabelsD& each : form->Labels) {
         if (!form->bearsName(each)) {
-            EXPECT_EQ(refuse(index("A2.OUT.AU_ID"), each.Index()),
+            EXPECT_EQ(refuse(index("A2.OUT.AU_ID"), each.Index(), canvas::EdgeTypeProvider),
                       each.Caption() + " is shown twice. Its edges are drawn at the other copy.");
         }
     }
