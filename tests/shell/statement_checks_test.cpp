@@ -1,5 +1,6 @@
 #include "shell/statement_checks.h"
 
+#include <algorithm>
 #include <random>
 #include <set>
 
@@ -53,7 +54,23 @@ TEST_F(StatementChecksTest, TellWhatTheProgramFindsButOnce) {
     }
     activity.statementDoubt = "It is a copy.";
     EXPECT_EQ(told("Sel"), "doubtful");
-    graph.recordSet("t");
+    activity.statementDoubt.clear();
+    activity.Act_LDL = "sel_out(X)<-gone(X).";
+    analysis::ScenarioProblems problems(form, {tables, checks});
+    const auto count = [&](analysis::ProblemKind kind) {
+        problems.settle();
+        return std::ranges::count_if(problems.rows(), [kind](const auto* row) { return row->kind == kind; });
+    };
+    EXPECT_EQ(count(analysis::ProblemKind::undefined), 1);
+    for (const char* name : {"t", "Gone"}) {
+        graph.recordSet(name, {"ID"});
+        canvas::Touched touched;
+        touched.node(form.NamesColl.Item(name));
+        problems.touch(touched);
+        problems.settle();
+    }
+    EXPECT_EQ(count(analysis::ProblemKind::undefined), 0) << "it is there now";
+    EXPECT_EQ(count(analysis::ProblemKind::spelling), 2) << "at the one that was there before, too";
     EXPECT_EQ(told("T"), "spelling T and t have one spelling in statements.; ");
 }
 

@@ -276,6 +276,8 @@ TEST_F(LDLScenarioTest, AStatementThatDoesNotFitSaysWhere) {
         {among(10), ""},
         {text("act_out(Act_OUT_ID,Act_OUT_SUM_1)<-act_in1(Act_IN1_ID,Act_IN1_AGE),act_in2()."),
          "act_in2 has 0 arguments, source 2 (LOOK) gives 1 input."},
+        {text("act_out(Act_OUT_ID,Act_OUT_SUM_1)<-act_in1(Act_IN1_ID,[Act_IN1_AGE,5]),act_in2(Act_IN2_KEY)."), ""},
+        {text("act_out(Act_OUT_ID,Act_OUT_SUM_1)<-f(Act_IN1_ID)."), ""},
         {text("f(A_IN7_X)."), "There is no source 7: the activity has 2 sources."},
         {text("f(Act_IN12345_X)."), ""},
         {text("f(myAct_OUT_GONE,Foo_OUT_X)."), ""},
