@@ -60,7 +60,7 @@ class KeptMirrors {
     template <class Entity>
     void hold(Entity& entity) {
         eachLinked(entity, [this](auto& member) {
-            eachMirrorList(form_, member, nullptr, [this](const auto&, auto& mirrors, const MirrorEnds& ends) {
+            eachMirrorList(form_, member, nullptr, [&](const auto&, auto& mirrors, const MirrorEnds& ends) {
                 auto* link = mirrors.peek() ? mirrors.peek()->Item(ends.near.keyAs(ends.far.mirror)) : nullptr;
                 if (link) {
                     keep(*mirrors, *link, ends);

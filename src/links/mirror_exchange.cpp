@@ -32,7 +32,7 @@ bool staysInside(LinkType type, const NearEnd& near, const FarEnd& far) {
 template <class Owner>
 void MirrorExchange::gather(Owner& owner) {
     eachLinked(owner, [this](auto& member) {
-        eachMirrorList(form_, member, nullptr, [this](const auto& link, auto& mirrors, const MirrorEnds& ends) {
+        eachMirrorList(form_, member, nullptr, [&](const auto& link, auto& mirrors, const MirrorEnds& ends) {
             const std::string key = ends.near.keyAs(ends.far.mirror);
             const auto* mirror = mirrors.peek() ? mirrors.peek()->Item(key) : nullptr;
             if (!mirror) {

@@ -69,7 +69,7 @@ class Renaming {
 
     template <class Entity>
     void relink(Entity& entity) {
-        eachLinkList(entity, [this](Direction, auto& present) { links(present); });
+        eachLinkList(entity, [&](Direction, auto& present) { links(present); });
     }
 
     /// A link that names the activity, or a function of it, keeps its place.

@@ -87,7 +87,7 @@ class StoredFields {
                 if constexpr (requires { owner.dbKey(member.Key); }) {
                     visit_.text("DB_Key", owner.dbKey(member.Key));
                 }
-                eachStoredLinks(member, kind, [this](const auto& stored, sql::LinkKind) { links(stored); });
+                eachStoredLinks(member, kind, [&](const auto& stored, sql::LinkKind) { links(stored); });
             });
         });
     }
