@@ -33,6 +33,11 @@ function(orvent_together target)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
 endfunction()
 
+# Code of tests and of the tour runs for moments and is compiled often, so it is not optimised; what it plays is.
+function(orvent_quick target)
+  target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+endfunction()
+
 function(orvent_room name)
   file(GLOB sources CONFIGURE_DEPENDS ${ORVENT_ROOT}/src/${name}/*.cpp)
   add_library(orvent_${name} STATIC ${sources})

@@ -26,7 +26,7 @@ using canvas::Point;
 using shell::Command;
 
 constexpr const char* kName = "First Load";
-constexpr const char* kSource = "ORVENT Bookshop";
+constexpr const char* kShop = "ORVENT Bookshop";
 constexpr const char* kFrom = "BOOK_AUTHORS";
 constexpr const char* kTo = "FIRST_AUTHORS";
 constexpr const char* kColumns[] = {"BOOK_ID", "AU_ID", "AU_ORDER", "ROYALTY_SHARE"};
@@ -88,7 +88,7 @@ class FromNothing {
                    Player::press(dialog, "OK");
                },
                [this, pictures](QWidget& login) {
-                   chooseSource(login, kSource);
+                   chooseSource(login, kShop);
                    if (pictures) {
                        player_.picture(login, "source-login");
                    }

@@ -20,7 +20,7 @@ namespace orvent::tour {
 namespace {
 
 constexpr const char* kAttributes[] = {"ID", "REGION", "AMOUNT"};
-constexpr const char* kSource = "ORDERS";
+constexpr const char* kOrders = "ORDERS";
 
 /// One variable of a template and what the tour makes of it.
 struct VariableStep {
@@ -56,11 +56,11 @@ entities::ActivityProperties& addActivity(canvas::DrawForm& form, const std::str
     canvas::LabelsD& node = form.Labels.Add({6000, top, 1050, 450}, name, canvas::NodeTypeActivity, name);
     entities::ActivityProperties& activity = *node.activity();
     activity.Act_Type = type;
-    entities::RecordSetProperties& source = *form.nodeNamed(kSource)->recordSet();
+    entities::RecordSetProperties& source = *form.nodeNamed(kOrders)->recordSet();
     for (const std::string attribute : kAttributes) {
         entities::AttributeProperties& input = activity.Act_Inputs->Add(attribute, 0, entities::TagNone, attribute);
         input.ParentKeyName = name;
-        input.ProvidedFrom->Add(kSource, entities::LinkRecordSet, kSource + ("." + attribute));
+        input.ProvidedFrom->Add(kOrders, entities::LinkRecordSet, kOrders + ("." + attribute));
         source.RecordSet_Outputs->Item(attribute)->ProviderFor->Add(name, entities::LinkRecordSet,
                                                                     name + ".IN." + attribute);
     }
@@ -201,9 +201,9 @@ void playWizard(Player& player, qt::FrameWindow& window, shell::MDIForm1& frame,
     std::string name = "Made by the wizard";
     frame.NewScenario(name);
     canvas::DrawForm& form = window.area().active()->scenario();
-    canvas::LabelsD& source = form.Labels.Add({1500, 2400, 1050, 450}, kSource, canvas::NodeTypeRecordSet, kSource);
+    canvas::LabelsD& source = form.Labels.Add({1500, 2400, 1050, 450}, kOrders, canvas::NodeTypeRecordSet, kOrders);
     for (const std::string attribute : kAttributes) {
-        source.recordSet()->RecordSet_Outputs->Add(attribute, 0, attribute).ParentKeyName = kSource;
+        source.recordSet()->RecordSet_Outputs->Add(attribute, 0, attribute).ParentKeyName = kOrders;
     }
     addActivity(form, "Large", 1500, frame.catalogue().ActivityTypeIndex("Selection"));
     addActivity(form, "Totals", 3300, frame.catalogue().ActivityTypeIndex("Aggregation"));

@@ -144,6 +144,7 @@ class NodeLooker {
                 const canvas::NodeNumber from = meet(link.Provider_Name);
                 if (from != canvas::kNoNode && kind == KindInput && link.Provider_Type == LinkActivity) {
                     look_.activityFeeders.push_back(from);
+                    look_.linked.push_back(from);
                 }
             }
             const links::FarEndView far =

@@ -15,6 +15,7 @@ struct NodeLook {
     std::vector<Problem> rows;                        ///< of this node alone
     std::vector<canvas::NodeNumber> feeders;          ///< the nodes from which a link or an edge leads here
     std::vector<canvas::NodeNumber> activityFeeders;  ///< the activities that provide its inputs
+    std::vector<canvas::NodeNumber> linked;           ///< those whose links do, in the links' order
     std::vector<StatementCheck::Need> needs;          ///< of its statement
     std::vector<std::string> names;                   ///< of all nodes that its links name, there or not; ascending
     std::string name;                                 ///< its own

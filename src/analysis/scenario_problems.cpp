@@ -105,8 +105,8 @@ bool ScenarioProblems::look(canvas::NodeNumber node) {
         waitForReaders(node, known.name);
     }
     return before.face != known.face || before.rows != known.rows || before.feeders != known.feeders ||
-           before.activityFeeders != known.activityFeeders || before.needs != known.needs ||
-           before.isSource != known.isSource;
+           before.activityFeeders != known.activityFeeders || before.linked != known.linked ||
+           before.needs != known.needs || before.isSource != known.isSource;
 }
 
 void ScenarioProblems::lookAtFlow() {

@@ -23,13 +23,19 @@ struct RunOptions {
 
 /// A scenario that is run to see its rows. Use: `begin`, then `step` until it gives false; between two steps one may
 /// look at what is there, or stop for good: then the next `begin` goes on where it was. What it shows is of the
-/// scenario as it was at `begin`, whatever has become of that; so all but `begin` may be called in another thread,
-/// which then is the only one. `begin` is where somebody is asked for logins.
+/// scenario as it was at `begin`, whatever has become of that; so all but `begin` and `ask` may be called in another
+/// thread, which then is the only one. `begin` is where somebody is asked for logins, and where what the run needs is
+/// opened; who does not want to wait for that calls `ask` and `open` before.
 class Run {
   public:
     explicit Run(SourceConnections& sources) : sources_(sources) {}
     virtual ~Run() = default;
 
+    /// Asks for the login at what is to be opened for the scenario and gives its name; empty when there is nothing.
+    /// Throws a `platform::Fault`.
+    virtual std::string ask(const canvas::DrawForm&, const entities::CatalogueTables&) { return {}; }
+    /// Opens that. Throws a `platform::Fault`. Nothing breaks into it.
+    virtual void open() {}
     virtual void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                        const RunOptions& options) = 0;
     /// Runs the next statement, or reads the next rows. False when nothing is left to do. What a database refuses is

@@ -38,12 +38,31 @@ std::string commonAlias(const program::Program& program, const canvas::DrawForm&
 
 }  // namespace
 
+void SourceRun::askFor(const std::string& alias) {
+    sources_.ask(alias);
+    sources_.closeAll();
+    asked_ = alias;
+    open_ = false;
+}
+
+std::string SourceRun::ask(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue) {
+    askFor(commonAlias(program::checkedProgram(form, catalogue, &statements_), form));
+    return asked_;
+}
+
+void SourceRun::open() {
+    sources_.open(asked_);
+    open_ = true;
+}
+
 void SourceRun::begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                       const RunOptions& options) {
     program::Program program = program::checkedProgram(form, catalogue, &statements_);
     const std::string alias = commonAlias(program, form);
-    sources_.ask(alias);
-    sources_.closeAll();
+    if (!open_ || alias != asked_) {
+        askFor(alias);
+    }
+    open_ = false;
     resume();
     alias_ = alias;
     const sql::Dialect& dialect = *sources_.open(alias_).dialect;

@@ -13,6 +13,8 @@ class SourceRun : public Run {
   public:
     explicit SourceRun(SourceConnections& sources) : Run(sources) {}
 
+    std::string ask(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue) override;
+    void open() override;
     /// Throws a `platform::Fault` where the record sets are not in one data source, or it cannot be opened.
     void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                const RunOptions& options) override;
@@ -24,7 +26,11 @@ class SourceRun : public Run {
     std::string rowsOf(std::size_t predicate, const std::string& columns, const std::string& condition) const;
     long long count(std::size_t predicate, const std::string& condition);
 
+    void askFor(const std::string& alias);
+
     std::string alias_;
+    std::string asked_;  ///< the source that is to be opened
+    bool open_ = false;  ///< that was done for the next `begin`
 };
 
 }  // namespace orvent::run

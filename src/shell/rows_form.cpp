@@ -33,7 +33,9 @@ RowsForm::RowsForm(const RowsPorts& ports)
 RowsForm::~RowsForm() {
     // The scenarios may be gone by now, so nothing is taken over.
     while (working_ && !worker_.wait(kOnceMore)) {
-        working_->run->cancel();
+        if (piece_ != Piece::opening) {
+            working_->run->cancel();
+        }
     }
 }
 
@@ -68,6 +70,9 @@ std::string RowsForm::status() const {
     const State* its = state();
     if (!form_) {
         return "No scenario is in front.";
+    }
+    if (its && working_ == its && piece_ == Piece::opening) {
+        return its->cancelled ? "Cancelled; " + its->opens + " has not answered yet." : "Opening " + its->opens + ".";
     }
     if (its && !its->fault.empty()) {
         return its->fault;
@@ -131,30 +136,35 @@ void RowsForm::cmdRefresh_Click() {
     canvas::DrawForm& form = form_->scenario();
     std::unique_ptr<State>& its = states_[&form];
     if (!its) {
-        its = std::make_unique<State>(ports_.ports.database, connections_);
+        its = std::make_unique<State>(form, ports_.ports.database, connections_);
     }
-    run::Run& run = way_ == Way::sample ? static_cast<run::Run&>(its->sample) : its->source;
-    run::RunOptions options;
-    options.keepDuplicates = form.KeepDuplicates;
-    options.sampleRows = static_cast<std::size_t>(ports_.options.SampleRows);
-    options.functions = ports_.options.functions;
-    options.anew = its->run == &run && !its->old && !its->cancelled;
+    its->next = way_ == Way::sample ? static_cast<run::Run*>(&its->sample) : &its->source;
+    its->options.keepDuplicates = form.KeepDuplicates;
+    its->options.sampleRows = static_cast<std::size_t>(ports_.options.SampleRows);
+    its->options.functions = ports_.options.functions;
+    its->options.anew = its->run == its->next && !its->old && !its->cancelled;
+    its->cancelled = false;
     its->fault.clear();
     its->verdicts.clear();
     notWanted_.reset();
     try {
-        run.begin(form, ports_.tables, options);
-        its->run = &run;
-        its->see();
-        its->expected = run::expectedOf(form);
-        its->running = true;
-        its->old = its->cancelled = false;
+        its->opens = its->next->ask(form, ports_.tables);
+        its->opens.empty() ? begin(*its) : startOpening(*its);
     } catch (const platform::Fault& fault) {
         its->run = nullptr;
         its->fault = fault.description();
     }
     fill();
     tell();
+}
+
+void RowsForm::begin(State& its) {
+    its.next->begin(its.form, ports_.tables, its.options);
+    its.run = its.next;
+    its.see();
+    its.expected = run::expectedOf(its.form);
+    its.running = true;
+    its.old = false;
 }
 
 void RowsForm::cmdCancel_Click() {
@@ -276,10 +286,13 @@ void RowsForm::forget(canvas::CanvasForm& form) {
     }
     const auto known = form.isZoom() ? states_.end() : states_.find(&form.scenario());
     if (known != states_.end()) {
-        while (working_ == known->second.get() && !stop(kAnswer)) {
+        while (working_ == known->second.get() && !stop(kAnswer) && piece_ != Piece::opening) {
         }
         if (known->second->counts) {
             ports_.desk.showNotes(form, nullptr);
+        }
+        if (working_ == known->second.get()) {
+            leaving_ = std::move(known->second);
         }
         states_.erase(known);
     }

@@ -131,7 +131,7 @@ class RowsForm : private run::Logins {
     };
 
     /// What is worked on.
-    enum class Piece { none, steps, pages };
+    enum class Piece { none, opening, steps, pages };
     /// Rows that are to be read for a table.
     struct Wanted {
         std::size_t table;
@@ -154,6 +154,9 @@ class RowsForm : private run::Logins {
     RowTable tableOf(const State& state, std::size_t predicate, const std::string& title);
     void showTables();
     bool goOn();
+    void begin(State& state);
+    void startOpening(State& state);
+    void takeOpened(State& state);
     void startSteps(State& state);
     void startPages(State& state);
     void take();
@@ -176,9 +179,10 @@ class RowsForm : private run::Logins {
     std::optional<Focus> notWanted_;  ///< what was selected when reading its rows was cancelled
 
     Piece piece_ = Piece::none;
-    State* working_ = nullptr;  ///< whose piece it is
-    bool outdated_ = false;     ///< nobody waits for these pages any more
-    bool more_ = false;         ///< the piece's own, as are those below
+    State* working_ = nullptr;        ///< whose piece it is
+    std::unique_ptr<State> leaving_;  ///< of a scenario that has gone while its source was opened
+    bool outdated_ = false;           ///< nobody waits for these pages any more
+    bool more_ = false;               ///< the piece's own, as are those below
     std::vector<run::Verdict> verdicts_;
     std::vector<Brought> brought_;
     platform::Worker worker_;  ///< the last, since it works on the others

@@ -35,6 +35,33 @@ bool RowsForm::goOn() {
     return true;
 }
 
+/// Nobody waits for a source that does not answer.
+void RowsForm::startOpening(State& its) {
+    working_ = &its;
+    piece_ = Piece::opening;
+    worker_.start([run = its.next] { run->open(); });
+    if (worker_.wait(kAtOnce)) {
+        take();
+    }
+}
+
+void RowsForm::takeOpened(State& its) {
+    const bool wanted = &its != leaving_.get() && !its.cancelled;
+    try {
+        worker_.rethrow();
+        if (wanted) {
+            begin(its);
+        }
+    } catch (const platform::Fault& fault) {
+        if (wanted) {
+            its.run = nullptr;
+            its.fault = fault.description();
+        }
+    }
+    leaving_.reset();
+    fill();
+}
+
 void RowsForm::startSteps(State& its) {
     worker_.start([this, run = its.run, expected = its.expected] {
         const auto end = std::chrono::steady_clock::now() + kPiece;
@@ -77,6 +104,11 @@ void RowsForm::take() {
     State& its = *working_;
     const Piece piece = std::exchange(piece_, Piece::none);
     const bool dropped = std::exchange(outdated_, false);
+    if (piece == Piece::opening) {
+        working_ = nullptr;
+        takeOpened(its);
+        return;
+    }
     its.see();
     if (piece == Piece::pages && !dropped && &its == state()) {
         takePages();
@@ -101,6 +133,12 @@ void RowsForm::take() {
 
 /// Breaks off what works; false when that does not end in this time.
 bool RowsForm::stop(std::chrono::milliseconds most) {
+    if (working_ && piece_ == Piece::opening) {  // nothing breaks into that
+        if (!worker_.isBusy()) {
+            take();
+        }
+        return !working_;
+    }
     const auto end = std::chrono::steady_clock::now() + most;
     while (working_ && std::chrono::steady_clock::now() < end) {
         outdated_ = true;

@@ -14,13 +14,18 @@ namespace orvent::shell {
 
 /// The runs of one scenario.
 struct ScenarioRows : canvas::NodeNotes {
-    ScenarioRows(platform::Database& database, run::SourceConnections& connections)
-        : sample(database, connections), source(connections) {}
+    ScenarioRows(const canvas::DrawForm& scenario, platform::Database& database, run::SourceConnections& connections)
+        : form(scenario), sample(database, connections), source(connections) {}
+
+    const canvas::DrawForm& form;
 
     run::SampleRun sample;
     run::SourceRun source;
-    run::Run* run = nullptr;  ///< the one that was begun last
-    bool running = false;     ///< there are steps to be made
+    run::Run* run = nullptr;   ///< the one that was begun last
+    run::Run* next = nullptr;  ///< the one that is to begin
+    run::RunOptions options;   ///< for that
+    std::string opens;         ///< the source that is opened for that
+    bool running = false;      ///< there are steps to be made
     bool cancelled = false;
     bool old = false;   ///< the scenario has changed since
     std::string fault;  ///< for which nothing could begin

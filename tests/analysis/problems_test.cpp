@@ -33,8 +33,15 @@ class NoFaults : public StatementCheck {
         return {{{ProblemKind::undefined, name}}, {}, {name}, {}};
     }
     std::string deniedCircle(const std::string& way) const override { return way; }
+    /// By the links of its inputs.
     std::string circleThrough(const canvas::Canvas&, const ActivityProperties& activity) const override {
-        return activity.Act_Description.empty() ? activity.Act_Name : "";
+        std::string way = activity.Act_Name;
+        for (const AttributeProperties& input : activity.Act_Inputs) {
+            for (const ProviderProperties& link : input.ProvidedFrom) {
+                way += " < " + link.Provider_Name;
+            }
+        }
+        return activity.Act_Description.empty() ? way : "";
     }
 };
 
@@ -203,7 +210,7 @@ TEST(Problems, TellInWordsWhatIsWrong) {
          }},
         {"circle Load: Its data runs in a circle by the names in its statement.; ",
          [](Chain& c) { c.load().Act_LDL = "reads Check", c.load().Act_Description = "by no link"; }},
-        {"circle Late: Late; ",  // the one that comes first on the canvas
+        {"circle Late: Late < SOURCE < Later; ",  // the one that comes first on the canvas
          [](Chain& c) {
              c.graph.activity("Late", {"A"}, {"B"});
              c.graph.activity("Later", {"A"}, {"B"});

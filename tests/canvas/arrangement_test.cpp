@@ -93,6 +93,7 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
             form.SelectedLabels.Add(2_node);  // one alone means all
         }
         const auto before = picture(form);
+        form.PicForm.setSize(1000, 1000);
         Told told(form);
         ASSERT_EQ(arrange(form, EditAction::tidyUp), "");
         EXPECT_EQ(std::pair(told.single, told.many), std::pair(0, 1));
@@ -103,6 +104,7 @@ TEST(TidyUp, OrdersNodesAndTakesThemBack) {
                 EXPECT_EQ(node.box(), former);
                 continue;
             }
+            EXPECT_TRUE(node.box().right() <= form.PicForm.Width() && node.box().bottom() <= form.PicForm.Height());
             corner = {std::min(corner.x, node.Left()), std::min(corner.y, node.Top())};
             formerCorner = {std::min(formerCorner.x, former.Left), std::min(formerCorner.y, former.Top)};
             EXPECT_EQ(std::fmod(node.Left(), 100) + std::fmod(node.Top(), 100), 0);

@@ -151,6 +151,8 @@ TEST_F(Find, FollowsTheWindowInFrontAndWhatIsUnfinished) {
     frame.frame.noticeChanges(*form);
     rows();
     EXPECT_EQ(find().status(), "Nothing was found.");
+    find().txtFind_Change("is:unfinished kind:output");
+    EXPECT_EQ(rows(), "2 hits: Load.ID (Output, name) ID[]; Load.Sum (Output, name) Sum[]; ") << "nobody reads them";
     find().txtFind_Change("load");
     std::string name = "Other";
     frame.frame.NewScenario(name);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <semaphore>
+
 #include "testkit/test_frame.h"
 
 using namespace orvent;
@@ -197,6 +199,79 @@ TEST_F(RowsForm, OfASampleGoIntoTheProgramWhenAsked) {
     form.facts[form.nodeNamed("S")->Index()].facts = {{"K", "V"}, {{"seven", "7"}}};
     EXPECT_TRUE(written());
     EXPECT_EQ(asked, "Would you like the rows that were given by hand to be written as facts?");
+}
+
+/// It is opened in the thread of the rows, and answers when the test lets it.
+TEST_F(RowsForm, DoNotWaitForASourceThatDoesNotAnswer) {
+    canvas::DrawForm& form = stage.active();
+    form.facts.clear();
+    entities::RecordSetProperties& source = *form.nodeNamed("S")->recordSet();
+    for (const char* column : {"K", "V"}) {
+        source.addDbKey(column, std::string("ORVENT EMBEDDED.T.") + column);
+    }
+    source.RecordSet_SQL = "SELECT 'seven' AS K, 7 AS V";
+    std::binary_semaphore answers{0};
+    bool dead = false;
+    int opened = 0;
+    const auto open = [&] {
+        repository.hooked.atOpen = [&] {
+            answers.acquire();
+            ++opened;
+            if (dead) {
+                throw platform::DatabaseError("nobody is there", "08001", 1, false);
+            }
+        };
+        rows.touch(form);
+        const auto from = std::chrono::steady_clock::now();
+        rows.cmdRefresh_Click();
+        EXPECT_TRUE(stage.frame.idle());
+        EXPECT_LT(std::chrono::steady_clock::now() - from, std::chrono::seconds(5));
+        EXPECT_EQ(rows.status(), "Opening ORVENT EMBEDDED.");
+        EXPECT_TRUE(rows.isRunning());
+        EXPECT_FALSE(rows.canRefresh());
+    };
+    const auto answer = [&] {
+        answers.release();
+        while (stage.frame.idle()) {
+        }
+        repository.hooked.atOpen = nullptr;
+    };
+    rows.optWay_Click(shell::RowsForm::Way::atSource);
+    open();
+    EXPECT_EQ(shown(0), "S,,4, A,4,3, ") << "what was there before";
+    answer();
+    EXPECT_EQ(shown(0), "S,,1, A,1,1, ");
+    EXPECT_EQ(rows.status(), "");
+
+    open();
+    rows.cmdCancel_Click();
+    rows.cmdCancel_Click();
+    EXPECT_EQ(rows.status(), "Cancelled; ORVENT EMBEDDED has not answered yet.");
+    EXPECT_FALSE(rows.canRefresh());
+    answer();
+    EXPECT_EQ(rows.status(), "Old: the scenario has changed since.");
+    EXPECT_EQ(shown(0), "S,,1, A,1,1, ");
+
+    open();  // what the scenario became meanwhile is what is run
+    form.nodeNamed("A")->activity()->Act_LDL = "a_out(X,Y)<-a_in1(X,Y),Y>8.";
+    answer();
+    EXPECT_EQ(shown(0), "S,,1, A,1,0, ");
+
+    dead = true;
+    open();
+    answer();
+    EXPECT_EQ(rows.status(), "nobody is there");
+    EXPECT_TRUE(rows.canRefresh());
+    dead = false;
+
+    // The scenario goes, and so does what would have been run.
+    open();
+    stage.frame.close(*stage.desk.active());
+    EXPECT_EQ(rows.watched(), nullptr);
+    const int before = opened;
+    answer();
+    EXPECT_EQ(opened, before + 1);
+    EXPECT_TRUE(!rows.isRunning() && rows.status() == "No scenario is in front.");
 }
 
 TEST_F(RowsForm, BreakIntoAStatementThatNeverEnds) {

@@ -32,11 +32,15 @@ class HookedDatabase : public platform::Database {
     bool happened() const { return !hook_; }
 
     std::vector<std::string> written;
-    bool countsNoRow = false;  ///< an UPDATE is said to reach no row
-    std::string standsFor;     ///< the source that is opened whatever the name, or empty
+    bool countsNoRow = false;      ///< an UPDATE is said to reach no row
+    std::function<void()> atOpen;  ///< before a source is opened
+    std::string standsFor;         ///< the source that is opened whatever the name, or empty
 
     std::unique_ptr<platform::Connection> open(const std::string& source, const std::string& user,
                                                const std::string& password) override {
+        if (atOpen) {
+            atOpen();
+        }
         return std::make_unique<HookedConnection>(*this,
                                                   real_.open(standsFor.empty() ? source : standsFor, user, password));
     }
