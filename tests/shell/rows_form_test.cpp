@@ -46,6 +46,17 @@ class RowsForm : public ::testing::Test {
         while (stage.frame.idle()) {
         }
     }
+    /// The scenario, whose rows come from a data source now.
+    canvas::DrawForm& bound() {
+        canvas::DrawForm& form = stage.active();
+        form.facts.clear();
+        entities::RecordSetProperties& source = *form.nodeNamed("S")->recordSet();
+        for (const char* column : {"K", "V"}) {
+            source.addDbKey(column, std::string("ORVENT EMBEDDED.T.") + column);
+        }
+        source.RecordSet_SQL = "SELECT 'seven' AS K, 7 AS V";
+        return form;
+    }
     void select(const char* node) {
         stage.active().ClearCrop();
         stage.active().SelectedLabels.Add(stage.active().nodeNamed(node)->Index());
@@ -165,13 +176,7 @@ TEST_F(RowsForm, CountEqualRowsOnceUnlessTheyAreKept) {
 }
 
 TEST_F(RowsForm, OfASampleGoIntoTheProgramWhenAsked) {
-    canvas::DrawForm& form = stage.active();
-    form.facts.clear();
-    entities::RecordSetProperties& source = *form.nodeNamed("S")->recordSet();
-    for (const char* column : {"K", "V"}) {
-        source.addDbKey(column, std::string("ORVENT EMBEDDED.T.") + column);
-    }
-    source.RecordSet_SQL = "SELECT 'seven' AS K, 7 AS V";
+    canvas::DrawForm& form = bound();
     rows.touch(form);
     run();
     EXPECT_EQ(shown(0), "S,,1, A,1,1, ");
@@ -203,13 +208,7 @@ TEST_F(RowsForm, OfASampleGoIntoTheProgramWhenAsked) {
 
 /// It is opened in the thread of the rows, and answers when the test lets it.
 TEST_F(RowsForm, DoNotWaitForASourceThatDoesNotAnswer) {
-    canvas::DrawForm& form = stage.active();
-    form.facts.clear();
-    entities::RecordSetProperties& source = *form.nodeNamed("S")->recordSet();
-    for (const char* column : {"K", "V"}) {
-        source.addDbKey(column, std::string("ORVENT EMBEDDED.T.") + column);
-    }
-    source.RecordSet_SQL = "SELECT 'seven' AS K, 7 AS V";
+    canvas::DrawForm& form = bound();
     std::binary_semaphore answers{0};
     bool dead = false;
     int opened = 0;
