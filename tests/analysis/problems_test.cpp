@@ -231,6 +231,24 @@ TEST(Problems, TellInWordsWhatIsWrong) {
     }
 }
 
+TEST(Problems, TheWayOfACircleFollowsItsLinksThoughAStatementKeepsItClosed) {
+    Chain c;
+    c.load().Act_LDL = "reads Check";
+    c.feed("Check.OUT.ID", "Load.IN.ID");
+    const canvas::EdgeNumber edge = c.form.LinesNo;
+    c.problems.settle();
+    EXPECT_EQ(c.told(true), "circle Load: Load < SOURCE < Check; ");
+    c.graph.attribute("Load.IN.ID").ProvidedFrom->Remove("Check.OUT.ID");
+    c.graph.attribute("Check.OUT.ID").ProviderFor->Remove("Load.IN.ID");
+    c.form.Lines.RemoveFull(edge);
+    for (const char* name : {"Load", "Check"}) {
+        c.form.touched->node(c.node(name).Index());
+    }
+    c.problems.touch(*c.form.touched);
+    c.problems.settle();
+    EXPECT_EQ(c.told(true), "circle Load: Load < SOURCE; ");
+}
+
 /// Only what was touched is looked at again, and yet they are those of a fresh look.
 TEST(Problems, KeptRowsAreThoseOfAFreshLookWhateverChanges) {
     std::set<ProblemKind> met;

@@ -344,8 +344,9 @@ class CanvasViewTest : public WindowTest {
             QVERIFY(shown.text.size().width() <= width + 1 && shown.text.size().height() <= 40);
             QCOMPARE(shown.elided, shown.text.text().contains(QChar(0x2026)));
         }
-        const QString one = cache.caption(5_node, "STG_CUSTOMER_0412", CaptionForm::line, room, 1).text.text();
-        QVERIFY(one.startsWith(QStringLiteral("STG")) && one.endsWith(QStringLiteral("12")));
+        const auto& one = cache.caption(5_node, "STG_CUSTOMER_0412", CaptionForm::line, room, 1);
+        QVERIFY(one.text.text().startsWith(QStringLiteral("STG")) && one.text.text().endsWith(QStringLiteral("12")));
+        QCOMPARE(one.font.pixelSize(), 11);
         const auto& text = cache.caption(3_node,
                                          "Three words here\nand then a second paragraph that goes on and on, "
                                          "wordwithoutanyblankthatisverylong",

@@ -137,7 +137,7 @@ void PictureScroller::reveal(const canvas::LabelsD& node) {
         const int around = std::clamp((room - (to - from)) / 2, 0, kAround);
         from -= around;
         to += around;
-        bar->setValue(bar->value() + std::min(std::max(0, to - room), from) + std::min(0, from));
+        bar->setValue(bar->value() + (from < 0 ? from : std::min(std::max(0, to - room), from)));
     };
     shift(area_.horizontalScrollBar(), box.left(), box.right(), area_.viewport()->width());
     shift(area_.verticalScrollBar(), box.top(), box.bottom(), area_.viewport()->height());
