@@ -34,7 +34,8 @@ class Run {
     /// Asks for the login at what is to be opened for the scenario and gives its name; empty when there is nothing.
     /// Throws a `platform::Fault`.
     virtual std::string ask(const canvas::DrawForm&, const entities::CatalogueTables&) { return {}; }
-    /// Opens that. Throws a `platform::Fault`. Nothing breaks into it.
+    /// Opens that. Throws a `platform::Fault`. Nothing breaks into it. The next `begin` asks nobody, and throws where
+    /// the scenario needs another source by then.
     virtual void open() {}
     virtual void begin(const canvas::DrawForm& form, const entities::CatalogueTables& catalogue,
                        const RunOptions& options) = 0;

@@ -1,5 +1,7 @@
 #include "run/source_run.h"
 
+#include <utility>
+
 #include "run/record_source.h"
 #include "run/source_query.h"
 #include "sql/design_rows.h"
@@ -59,10 +61,11 @@ void SourceRun::begin(const canvas::DrawForm& form, const entities::CatalogueTab
                       const RunOptions& options) {
     program::Program program = program::checkedProgram(form, catalogue, &statements_);
     const std::string alias = commonAlias(program, form);
-    if (!open_ || alias != asked_) {
+    if (!std::exchange(open_, false)) {
         askFor(alias);
+    } else if (alias != asked_) {
+        throw platform::Fault("The record sets are in " + alias + " now. Refresh opens it.");
     }
-    open_ = false;
     resume();
     alias_ = alias;
     const sql::Dialect& dialect = *sources_.open(alias_).dialect;

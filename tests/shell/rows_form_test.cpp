@@ -47,12 +47,13 @@ class RowsForm : public ::testing::Test {
         }
     }
     /// The scenario, whose rows come from a data source now.
-    canvas::DrawForm& bound() {
+    canvas::DrawForm& bound(const std::string& alias = "ORVENT EMBEDDED") {
         canvas::DrawForm& form = stage.active();
         form.facts.clear();
         entities::RecordSetProperties& source = *form.nodeNamed("S")->recordSet();
+        source.DB2Key->Clear();
         for (const char* column : {"K", "V"}) {
-            source.addDbKey(column, std::string("ORVENT EMBEDDED.T.") + column);
+            source.addDbKey(column, alias + ".T." + column);
         }
         source.RecordSet_SQL = "SELECT 'seven' AS K, 7 AS V";
         return form;
@@ -255,6 +256,12 @@ TEST_F(RowsForm, DoNotWaitForASourceThatDoesNotAnswer) {
     form.nodeNamed("A")->activity()->Act_LDL = "a_out(X,Y)<-a_in1(X,Y),Y>8.";
     answer();
     EXPECT_EQ(shown(0), "S,,1, A,1,0, ");
+
+    open();
+    bound("OTHER");
+    answer();
+    EXPECT_EQ(rows.status(), "The record sets are in OTHER now. Refresh opens it.");
+    bound();
 
     dead = true;
     open();
