@@ -217,7 +217,7 @@ int main(int argc, char* argv[]) {
         std::fprintf(stderr, "usage: %s FOLDER [WIDTHxHEIGHT]\n", argv[0]);
         return 2;
     }
-    const tour::fs::path folder = argv[1];
+    const tour::fs::path folder = tour::fs::absolute(argv[1]);  // the program has another folder for relative names
     tour::fs::remove_all(folder);
     tour::fs::create_directories(folder);
     qInstallMessageHandler(quietHandler);
